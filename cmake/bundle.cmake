@@ -1,0 +1,19 @@
+# The application bundle: programs in Contents/MacOS, everything else in Contents/Resources.
+set(TV_BUNDLE ${CMAKE_BINARY_DIR}/Tickervantage.app)
+set(TV_BUNDLE_PROGRAMS ${TV_BUNDLE}/Contents/MacOS)
+set(TV_BUNDLE_RESOURCES ${TV_BUNDLE}/Contents/Resources)
+file(MAKE_DIRECTORY ${TV_BUNDLE_PROGRAMS} ${TV_BUNDLE_RESOURCES})
+
+function(tv_program name)
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TV_BUNDLE_PROGRAMS})
+endfunction()
+
+# The bundle carries the distribution's own chronyc and chronyd, so that it always has a pair that fits together.
+foreach(program chronyc chronyd)
+  find_program(TV_${program} ${program} PATHS /usr/bin /usr/sbin NO_DEFAULT_PATH)
+  if(TV_${program})
+    configure_file(${TV_${program}} ${TV_BUNDLE_PROGRAMS}/${program} COPYONLY)
+  else()
+    message(STATUS "${program} not found: the bundle will not carry it")
+  endif()
+endforeach()

@@ -1,0 +1,142 @@
+#include "app/app_delegate.h"
+
+#include "app/about_window.h"
+#include "app/desktop_links.h"
+#include "mainwindow/tickervantage_window.h"
+#include "platform/linux/desktop_applications.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QMessageBox>
+
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+QString tr(const char* text) { return QCoreApplication::translate("application", text); }
+
+} // namespace
+
+AppDelegate::AppDelegate(ApplicationParts parts, DaemonChoice daemon)
+    : m_parts(std::move(parts)), m_daemon(std::move(daemon)) {}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching() {
+    m_parts.actions->prepare();
+    remove_old_installations(m_parts.old_installation, m_parts.actions, m_parts.removal_queue);
+    m_general = PreferencesGeneral::load(m_parts.cycle.settings);
+    m_advanced = PreferencesAdvanced::load(m_parts.cycle.settings);
+    make_main_window();
+    update_optional_items();
+    m_parts.cycle.timer.start();
+    showTickervantage();
+}
+
+void AppDelegate::applicationWillTerminate() {
+    m_parts.cycle.timer.stop();
+    m_general.save(m_parts.cycle.settings);
+    m_advanced.save(m_parts.cycle.settings);
+    m_parts.close_log();
+}
+
+void AppDelegate::make_main_window() {
+    m_main_window = std::make_unique<TickervantageWindow>(
+        m_parts.cycle, cycle_options(),
+        MainWindowRequests{.stop_program = [this](const QString& sentence) { stop_program(sentence); },
+                           .launch_gpsd_application = [this] { launchMeridianox(); }});
+    m_menus = build_application_menus(m_main_window.get(), menu_handlers(),
+                                      [this] { return m_parts.actions->action_in_progress(); });
+    m_main_window->set_standing_notice(m_daemon.standing_notice);
+    m_main_window->windowDidLoad();
+}
+
+TickervantageWindow& AppDelegate::main_window() {
+    if (!m_main_window)
+        make_main_window();
+    return *m_main_window;
+}
+
+StatusCycleOptions AppDelegate::cycle_options() {
+    return {.programs =
+                [this] {
+                    return ChronyPrograms{m_parts.paths.bundle, m_general.chronyc, m_general.chronyd};
+                },
+            .adjusts_clock_by_preference = [this] { return m_general.adj_system; },
+            .gpsd_application_found =
+                [folders = m_parts.paths.applications] {
+                    return find_application(folders, StatusCycle::GPSD_CONF_ID).has_value();
+                },
+            .chronyc_arguments = m_daemon.chronyc_arguments,
+            .pidfile = m_daemon.pidfile};
+}
+
+void AppDelegate::update_optional_items() {
+    m_menus.m_frequency_item->setVisible(m_advanced.frequency);
+    m_menus.m_spectrum_item->setVisible(m_advanced.spectrum);
+}
+
+void AppDelegate::showTickervantage() {
+    TickervantageWindow& window = main_window();
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+void AppDelegate::launchMeridianox() {
+    const auto application = find_application(m_parts.paths.applications, StatusCycle::GPSD_CONF_ID);
+    std::string sentence;
+    if (application && launch(application->argv, sentence) == 0)
+        return;
+    m_parts.logger.log(LogLevel::warning, sentence);
+    //: alert: the sibling application could not be started
+    say(tr("Meridianox could not be started."));
+}
+
+MenuHandlers AppDelegate::menu_handlers() {
+    const QString log_folder = QString::fromStdString(m_parts.paths.state);
+    return {{"showTickervantage", [this] { showTickervantage(); }},
+            {"refresh", [this] { m_main_window->cycle().refresh(); }},
+            {"chooseFont", [this] { m_main_window->chooseFont(); }},
+            {"defaultFont", [this] { m_main_window->defaultFont(); }},
+            {"closeWindow", [] { QApplication::activeWindow()->close(); }},
+            {"quit", [] { QApplication::closeAllWindows(); }},
+            {"showLogFile",
+             [this, log_folder] {
+                 if (!show_file(log_folder + QStringLiteral("/tickervantage.log")))
+                     //: alert: %1 is a folder
+                     say(tr("The log cannot be shown here. It lies in %1.").arg(log_folder));
+             }},
+            {"showLogFolder",
+             [this, log_folder] {
+                 if (!reveal_folder(log_folder))
+                     //: alert: %1 is a folder
+                     say(tr("The folder %1 cannot be shown here.").arg(log_folder));
+             }},
+            {"siteTickervantage", [] { (void)open_page(QLatin1String(product_page)); }}, // silent by design
+            {"siteChrony", [] { (void)open_page(QLatin1String(chrony_page)); }},
+            {"showAbout", [this] { show_about(m_main_window.get()); }}};
+}
+
+void AppDelegate::say(const QString& sentence) {
+    auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tickervantage"), sentence, QMessageBox::NoButton,
+                                m_main_window.get());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    //: button of an alert
+    box->addButton(tr("Dismiss"), QMessageBox::AcceptRole);
+    box->open();
+}
+
+void AppDelegate::stop_program(const QString& sentence) {
+    m_parts.logger.log(LogLevel::error, sentence.toStdString());
+    auto* box = new QMessageBox(QMessageBox::Critical, QStringLiteral("Tickervantage"), sentence, QMessageBox::NoButton,
+                                m_main_window.get());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    //: button of the alert that ends the program
+    box->addButton(tr("Quit"), QMessageBox::AcceptRole);
+    QObject::connect(box, &QMessageBox::finished, qApp, [] { QCoreApplication::exit(1); });
+    box->open();
+}
+
+} // namespace tickervantage

@@ -1,0 +1,187 @@
+// The desktop program: puts the parts together.
+#include "app/app_delegate.h"
+#include "app/options.h"
+#include "app/quit_on_signal.h"
+#include "app/screenshot_tour.h"
+#include "platform/linux/demonstration.h"
+#include "platform/linux/file_logger.h"
+#include "platform/linux/no_privileged_channel.h"
+#include "platform/linux/posix_execute.h"
+#include "platform/linux/private_temporary.h"
+#include "platform/linux/serial_queue.h"
+#include "platform/linux/xdg_paths.h"
+#include "platform/qt/qt_main_thread.h"
+#include "platform/qt/qt_master_timer.h"
+#include "platform/qt/qt_settings_store.h"
+
+#include "mainwindow/tickervantage_window.h"
+
+#include <QApplication>
+#include <QDir>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <thread>
+
+namespace tickervantage {
+namespace {
+
+QString tr(const char* text) { return QCoreApplication::translate("demonstration", text); }
+
+// Nothing of a demonstration may reach the user's own settings, data or log.
+Paths throw_away(Paths paths, const std::string& folder) {
+    paths.settings = folder + "/settings/Tickervantage.ini";
+    paths.data_home = folder + "/data";
+    paths.state = folder + "/state";
+    return paths;
+}
+
+DaemonChoice demonstration_choice(const Demonstration& demonstration) {
+    return {.chronyc_arguments = {"-h", demonstration.socket()},
+            .pidfile = demonstration.client_pidfile(),
+            //: banner of demonstration mode
+            .standing_notice = tr("Demonstration: you see a chronyd that this program started for itself, on this "
+                                  "machine alone. It follows a second one and leaves your clock as it is.")};
+}
+
+class Program {
+public:
+    Program(const Paths& paths, const DaemonChoice& daemon)
+        : m_logger(m_log_queue, paths.state), m_store(paths.settings, m_settings_queue, m_logger), m_settings(m_store),
+          m_actions(std::make_shared<PrivilegedActions>(m_channel)), m_broadcast(m_main_thread),
+          m_delegate(parts(paths), daemon) {}
+
+    ~Program() {
+        m_execute.cancel(); // a chronyc that hangs must not hold up the end
+    }
+
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    int run(const ProgramOptions& options, const DaemonChoice& daemon, const Paths& paths);
+
+private:
+    ApplicationParts parts(const Paths& paths);
+    void show_problems();
+    void start_tour(const QString& folder, const DaemonChoice& daemon, const Paths& paths);
+    [[nodiscard]] bool write_status(const QString& folder, const DaemonChoice& daemon, const Paths& paths);
+
+    PosixExecute m_execute;
+    SerialQueue m_log_queue{"net.brisklane.log"};
+    FileLogger m_logger;
+    SerialQueue m_settings_queue{"net.brisklane.settings"};
+    QtSettingsStore m_store;
+    DefaultSettings m_settings;
+    NoPrivilegedChannel m_channel;
+    std::shared_ptr<PrivilegedActions> m_actions;
+    QtMainThread m_main_thread;
+    QtMasterTimer m_timer;
+    Broadcast m_broadcast;
+    std::unique_ptr<ScreenshotTour> m_tour;
+    // The queues whose work uses the parts above end before those go.
+    SerialQueue m_status_queue{"net.brisklane.status"};
+    SerialQueue m_removal_queue{"net.brisklane.removetuxfamily"};
+    AppDelegate m_delegate;
+};
+
+ApplicationParts Program::parts(const Paths& paths) {
+    return {.cycle = {m_execute, *m_actions, m_status_queue, m_main_thread, m_timer, m_broadcast, m_settings},
+            .actions = m_actions,
+            .removal_queue = m_removal_queue,
+            .old_installation = {.form = native_service_form,
+                                 .file_exists =
+                                     [](const std::string& path) {
+                                         std::error_code ignored; // what cannot be looked at cannot be removed either
+                                         return std::filesystem::exists(path, ignored);
+                                     },
+                                 .pause =
+                                     [](int seconds) { std::this_thread::sleep_for(std::chrono::seconds(seconds)); }},
+            .logger = m_logger,
+            .close_log = [this] { m_logger.close(); },
+            .paths = paths};
+}
+
+void Program::show_problems() {
+    const auto show = [this](const std::string& sentence) {
+        if (!sentence.empty())
+            m_delegate.main_window().set_standing_notice(QString::fromStdString(sentence));
+    };
+    show(m_store.load_problem());
+    m_store.set_problem_handler(m_main_thread, show);
+}
+
+bool Program::write_status(const QString& folder, const DaemonChoice& daemon, const Paths& paths) {
+    ExecuteRequest request{.program = paths.bundle_program("tickerctl"), .arguments = {}};
+    if (!daemon.chronyc_arguments.empty())
+        request.arguments = {"--host", daemon.chronyc_arguments.back()};
+    request.arguments.emplace_back("status");
+    const ExecuteResult result = m_execute.run(request);
+    std::cout << result.output << result.sentence << std::flush;
+    std::ofstream file((folder + QStringLiteral("/status.txt")).toStdString());
+    file << result.output << std::flush;
+    return result.outcome == ExecuteOutcome::exited && file.good();
+}
+
+void Program::start_tour(const QString& folder, const DaemonChoice& daemon, const Paths& paths) {
+    m_tour = std::make_unique<ScreenshotTour>(m_delegate, folder, [this, folder, daemon, paths](bool complete) {
+        m_status_queue.async([this, folder, daemon, paths, complete] {
+            const bool written = write_status(folder, daemon, paths);
+            m_main_thread.main_async([complete, written] { QCoreApplication::exit(complete && written ? 0 : 1); });
+        });
+    });
+    m_tour->start();
+}
+
+int Program::run(const ProgramOptions& options, const DaemonChoice& daemon, const Paths& paths) {
+    const QuitOnSignal quit_on_signal;
+    m_delegate.applicationDidFinishLaunching();
+    show_problems();
+    if (!options.screenshots.empty())
+        start_tour(QString::fromStdString(options.screenshots), daemon, paths);
+    const int status = QApplication::exec();
+    m_delegate.applicationWillTerminate();
+    constexpr std::chrono::seconds patience{5};
+    std::string sentence;
+    if (m_store.finish(patience, sentence) != 0)
+        std::fprintf(stderr, "tickervantage: %s\n", sentence.c_str());
+    return status;
+}
+
+int fail(const std::string& sentence) {
+    std::fprintf(stderr, "tickervantage: %s\n", sentence.c_str());
+    return 1;
+}
+
+int run(const ProgramOptions& options, int argc, char** argv) {
+    block_quit_signals();
+    const PrivateTemporary temporary;
+    Paths paths = process_paths();
+    Demonstration demonstration;
+    std::string sentence;
+    if (options.demo) {
+        if (demonstration.start(paths.bundle_program("chronyd"), paths.temporary + "demonstration", sentence) != 0)
+            return fail(sentence);
+        paths = throw_away(paths, demonstration.folder());
+    }
+    if (!options.screenshots.empty() && !QDir().mkpath(QString::fromStdString(options.screenshots)))
+        return fail("The folder " + options.screenshots + " cannot be made.");
+
+    QApplication::setApplicationName(QStringLiteral("Tickervantage"));
+    QApplication::setApplicationVersion(QStringLiteral(TICKERVANTAGE_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("net.brisklane.tickervantage"));
+    const QApplication application(argc, argv);
+    const DaemonChoice daemon = options.demo ? demonstration_choice(demonstration) : DaemonChoice{};
+    Program program(paths, daemon);
+    return program.run(options, daemon, paths);
+}
+
+} // namespace
+} // namespace tickervantage
+
+int main(int argc, char** argv) {
+    int exit_status = 0;
+    const auto options = tickervantage::read_options(argc, argv, exit_status);
+    return options ? tickervantage::run(*options, argc, argv) : exit_status;
+}

@@ -1,0 +1,109 @@
+#include "app/screenshot_tour.h"
+
+#include "app/about_window.h"
+#include "app/app_delegate.h"
+#include "mainwindow/tickervantage_window.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QPixmap>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QTimer>
+
+#include <cstdio>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr int patience_in_readings = 20; // one a second: a demonstration daemon is synchronised long before
+
+QPalette dark_palette() {
+    QPalette palette(QColor(0x2b, 0x2d, 0x30), QColor(0x2b, 0x2d, 0x30));
+    palette.setColor(QPalette::Base, QColor(0x1e, 0x1f, 0x22));
+    palette.setColor(QPalette::AlternateBase, QColor(0x2b, 0x2d, 0x30));
+    palette.setColor(QPalette::ToolTipBase, QColor(0x3c, 0x3f, 0x41));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText,
+                            QPalette::BrightText})
+        palette.setColor(role, QColor(0xe6, 0xe6, 0xe6));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(0x8c, 0x8c, 0x8c));
+    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x65, 0xca));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    return palette;
+}
+
+} // namespace
+
+ScreenshotTour::ScreenshotTour(AppDelegate& application, QString folder, std::function<void(bool)> finished)
+    : m_application(application), m_folder(std::move(folder)), m_finished(std::move(finished)) {}
+
+void ScreenshotTour::start() {
+    plan();
+    auto& cycle = m_application.main_window().cycle();
+    cycle.on_applied([this] { QTimer::singleShot(0, this, [this] { reading_applied(); }); });
+    cycle.intervalChanged(1);
+}
+
+void ScreenshotTour::plan() {
+    auto& window = m_application.main_window();
+    const auto command = [&window](const char* title) { window.cycle().chronycCommand(title); };
+    m_stops = {
+        {QStringLiteral("main-window"), [command] { command("tracking"); }},
+        {QStringLiteral("main-window-sources"), [command] { command("sources -v"); }},
+        {QStringLiteral("main-window-root-report"), [command] { command("ntpdata"); }},
+        {QStringLiteral("main-window-dark"), [this, command] { show_dark(true), command("tracking"); }},
+        {QStringLiteral("main-window-large"), [this, &window, command] {
+             show_dark(false);
+             window.resize(1400, 900);
+             command("sourcestats");
+         }},
+        {QStringLiteral("main-window-small"), [&window, command] {
+             window.resize(window.minimumSizeHint());
+             command("sourcestats -v");
+         }},
+    };
+}
+
+void ScreenshotTour::show_dark(bool dark) {
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(dark ? dark_palette() : QApplication::style()->standardPalette());
+}
+
+void ScreenshotTour::reading_applied() {
+    if (m_touring) {
+        take_picture();
+        return;
+    }
+    const bool synchronised = m_application.main_window().cycle().status() == chronydStatus::synchronised;
+    if (!synchronised && ++m_readings < patience_in_readings)
+        return;
+    if (!synchronised)
+        std::fputs("The daemon is not synchronised; the pictures show it as it is.\n", stderr);
+    m_touring = true;
+    next_stop();
+}
+
+void ScreenshotTour::next_stop() {
+    if (m_stops.empty()) {
+        m_application.main_window().cycle().on_applied({});
+        m_finished(m_complete);
+        return;
+    }
+    m_stops.front().prepare();
+}
+
+void ScreenshotTour::take_picture() {
+    if (m_stops.empty())
+        return;
+    const QString file = m_folder + QLatin1Char('/') + m_stops.front().file + QStringLiteral(".png");
+    m_stops.pop_front();
+    if (!m_application.main_window().grab().save(file)) {
+        std::fprintf(stderr, "The picture %s could not be written.\n", qUtf8Printable(file));
+        m_complete = false;
+    }
+    next_stop();
+}
+
+} // namespace tickervantage

@@ -1,0 +1,48 @@
+// Walks through the program's windows and writes a picture of each: for documentation, and for machines without a
+// screen. The pictures show the program as it is; nothing is drawn for them.
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <deque>
+#include <functional>
+
+class QWidget;
+
+namespace tickervantage {
+
+class AppDelegate;
+
+class ScreenshotTour : public QObject {
+    Q_OBJECT
+
+public:
+    // The folder must exist. `finished` gets whether every picture was written.
+    ScreenshotTour(AppDelegate& application, QString folder, std::function<void(bool complete)> finished);
+
+    // Starts when the daemon is synchronised, or goes on without it after a while and says so.
+    void start();
+
+private:
+    struct Stop {
+        QString file;
+        std::function<void()> prepare; // ends with a reading, after which the picture is taken
+    };
+
+    void plan();
+    void reading_applied();
+    void next_stop();
+    void take_picture();
+    void show_dark(bool dark);
+
+    AppDelegate& m_application;
+    QString m_folder;
+    std::function<void(bool)> m_finished;
+    std::deque<Stop> m_stops;
+    bool m_touring = false;
+    bool m_complete = true;
+    int m_readings = 0;
+};
+
+} // namespace tickervantage

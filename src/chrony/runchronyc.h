@@ -1,0 +1,58 @@
+// Runs chronyc and chronyd for their texts. Sources: chronyc(1) options -n and -N, chronyd(8) option -v.
+#pragma once
+
+#include "platform/execute.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tickervantage {
+
+class PrivilegedActions;
+
+// Where the chrony programs lie.
+struct ChronyPrograms {
+    std::string bundle;  // the application bundle; its own pair is used where a configured program is missing
+    std::string chronyc; // the configured paths
+    std::string chronyd;
+};
+
+// The bundle's programs, by their place in it.
+inline constexpr std::string_view bundle_chronyc = "/Contents/MacOS/chronyc";
+inline constexpr std::string_view bundle_chronyd = "/Contents/MacOS/chronyd";
+
+// The configured program when a file exists at its path, else the bundle's.
+[[nodiscard]] std::string choose_program(const std::string& configured, const ChronyPrograms& programs,
+                                         std::string_view bundle_suffix);
+
+// What "-n" "-v" printed. `program` is bundle_chronyc or bundle_chronyd; any other name gives the text
+// "Unknown program: " and the name, and nothing is run. Blocks.
+[[nodiscard]] ExecuteResult version_query(Execute& execute, const ChronyPrograms& programs, std::string_view program);
+
+// Not changed after construction: another choice of names is another runner. Every run blocks until chronyc ends; the
+// functions may be called from any thread but the main one.
+class Runchronyc {
+public:
+    Runchronyc(Execute& execute, PrivilegedActions& privileged, ChronyPrograms programs, bool resolv, bool original,
+               std::vector<std::string> extra);
+
+    // As the ordinary user. The command is one argument, blanks and all.
+    [[nodiscard]] ExecuteResult run(const std::string& command) const;
+
+    // As administrator through the helper: what chronyc printed on both its streams; empty text when the helper is not
+    // ready. Uses the configured program, whether it exists or not.
+    [[nodiscard]] std::string run_privileged(bool resolve, bool original, const std::string& command,
+                                             const std::string& extra) const;
+
+private:
+    Execute& m_execute;
+    PrivilegedActions& m_privileged;
+    ChronyPrograms m_programs;
+    bool m_resolv;   // addresses are shown as names
+    bool m_original; // sources are shown by the names written in the configuration
+    std::vector<std::string> m_extra;
+    std::vector<std::string> m_options;
+};
+
+} // namespace tickervantage

@@ -1,0 +1,34 @@
+#include "instruments/warning_register.h"
+
+namespace tickervantage {
+
+namespace {
+
+constexpr std::string_view key = "IgnoreWarnings";
+
+} // namespace
+
+void WarningRegister::load() {
+    for (auto& identifier : m_settings.loadStringArray(key))
+        m_register.insert(std::move(identifier));
+}
+
+bool WarningRegister::contains(std::string_view identifier) const {
+    return m_register.contains(identifier);
+}
+
+void WarningRegister::register_warning(const std::string& identifier) {
+    if (m_register.insert(identifier).second)
+        save();
+}
+
+void WarningRegister::resetWarnings() {
+    m_register.clear();
+    save();
+}
+
+void WarningRegister::save() {
+    m_settings.saveStringArray(key, {m_register.begin(), m_register.end()});
+}
+
+} // namespace tickervantage

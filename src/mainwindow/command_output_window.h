@@ -1,0 +1,29 @@
+// The fixed-pitch text view that shows what chronyc printed.
+#pragma once
+
+#include "platform/default_settings.h"
+
+#include <QPlainTextEdit>
+
+#include <string>
+
+namespace tickervantage {
+
+class CommandOutput : public QPlainTextEdit {
+    Q_OBJECT
+
+public:
+    explicit CommandOutput(QWidget* parent = nullptr);
+
+    // Replaces the whole text, any bytes. The same text again changes nothing, so that selection and scroll position
+    // stay; with another text the scroll position stays where that is possible.
+    void show_text(const std::string& text);
+
+    // No family: the system's fixed-pitch font.
+    void set_font(const Font& font);
+
+private:
+    std::string m_shown;
+};
+
+} // namespace tickervantage

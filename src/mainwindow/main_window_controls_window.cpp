@@ -1,0 +1,238 @@
+#include "mainwindow/main_window_controls_window.h"
+
+#include "instruments/instrument_window.h"
+#include "mainwindow/command_output_window.h"
+#include "mainwindow/commands.h"
+#include "mainwindow/status_image_window.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+namespace tickervantage {
+namespace {
+
+QString tr(const char* text) { return QCoreApplication::translate("mainwindow", text); }
+
+QString from_view(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+template <typename Widget> Widget* named(Widget* widget, const char* object_name, const QString& accessible_name) {
+    widget->setObjectName(QLatin1String(object_name));
+    widget->setAccessibleName(accessible_name);
+    return widget;
+}
+
+QLabel* text_label(QWidget* parent, const char* object_name, const QString& accessible_name) {
+    auto* label = named(new QLabel(parent), object_name, accessible_name);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+void build_readings(QWidget* central, MainWindowControls& controls) {
+    //: main window: name of the text that shows date and time
+    controls.localTime = text_label(central, "localTime", tr("Local time"));
+    controls.localTime->setAlignment(Qt::AlignHCenter);
+    //: main window: name of the menu that chooses the meter's quantity
+    controls.meterSelect = named(new QComboBox(central), "meterSelect", tr("Quantity on the meter"));
+    //: main window: the meter's quantities, in chrony's words
+    controls.meterSelect->addItems({tr("System time"), tr("Last offset"), tr("RMS offset"), tr("Root delay"),
+                                    tr("Root dispersion"), tr("Frequency")});
+    controls.meterSelect->setToolTip(controls.meterSelect->accessibleName());
+    //: main window: name of the text that shows the meter's value
+    controls.meterValue = text_label(central, "meterValue", tr("Meter value"));
+    controls.meterValue->setAlignment(Qt::AlignHCenter);
+}
+
+void build_status(QWidget* central, MainWindowControls& controls) {
+    static constexpr std::array<const char*, 3> image_names{"status_chronyd_synchronised", "status_chronyd_notlocked",
+                                                            "status_chronyd_unavailable"};
+    for (std::size_t i = 0; i < image_names.size(); ++i) {
+        controls.status_images[i] = new StatusImage(static_cast<chronydStatus>(i), central);
+        controls.status_images[i]->setObjectName(QLatin1String(image_names[i]));
+        controls.status_images[i]->hide();
+    }
+    //: main window: name of the text beside the status image
+    controls.status_words = text_label(central, "status_words", tr("State of chronyd"));
+    QFont large = controls.status_words->font();
+    large.setPointSizeF(large.pointSizeF() * 1.4);
+    large.setBold(true);
+    controls.status_words->setFont(large);
+    //: main window: name of the notice that the clock is left alone
+    controls.adjustingClock = text_label(central, "adjustingClock", tr("Clock adjustment"));
+    //: main window: notice that chronyd was told not to adjust the system clock
+    controls.adjustingClock->setText(tr("chronyd does not adjust the system clock."));
+    controls.adjustingClock->setWordWrap(true);
+    //: main window: button that opens the preferences
+    controls.m_preferences = named(new QPushButton(tr("Preferences…"), central), "m_preferences", tr("Preferences"));
+    //: main window: names of the version texts
+    controls.chronycversion = text_label(central, "chronycversion", tr("Version of chronyc"));
+    controls.chronydversion = text_label(central, "chronydversion", tr("Version of chronyd"));
+}
+
+void build_command_controls(QWidget* central, MainWindowControls& controls) {
+    //: main window: name of the menu that chooses the report
+    controls.commandMenu = named(new QComboBox(central), "commandMenu", tr("chronyc command"));
+    for (const auto& entry : status_commands) {
+        controls.commandMenu->addItem(from_view(entry.command));
+        controls.commandMenu->setItemData(controls.commandMenu->count() - 1, from_view(entry.explanation),
+                                          Qt::ToolTipRole);
+    }
+    controls.commandMenu->setMaxVisibleItems(static_cast<int>(status_commands.size()));
+    //: main window: tooltip of the command menu
+    controls.commandMenu->setToolTip(tr("The chronyc report shown below"));
+    //: main window: label of the server field, shown for the ntpdata report
+    controls.m_server_label = new QLabel(tr("&Server:"), central);
+    controls.m_server_label->setObjectName(QStringLiteral("m_server_label"));
+    //: main window: name of the server field
+    controls.m_server = named(new QComboBox(central), "m_server", tr("NTP server for ntpdata"));
+    controls.m_server->setEditable(true);
+    controls.m_server->setInsertPolicy(QComboBox::NoInsert);
+    controls.m_server->setMinimumContentsLength(18);
+    //: main window: tooltip of the server field
+    controls.m_server->setToolTip(tr("Server whose measurements are shown; empty for all of them"));
+    controls.m_server_label->setBuddy(controls.m_server);
+}
+
+void build_options(QWidget* central, MainWindowControls& controls) {
+    //: main window: checkbox, addresses are shown as numbers
+    controls.showIPaddress = named(new QCheckBox(tr("&IP addresses"), central), "showIPaddress", tr("IP addresses"));
+    //: main window: tooltip
+    controls.showIPaddress->setToolTip(tr("Show numeric addresses, without asking for names"));
+    //: main window: checkbox, sources by the names of the configuration
+    controls.showOriginalName =
+        named(new QCheckBox(tr("&Original names"), central), "showOriginalName", tr("Original names"));
+    //: main window: tooltip
+    controls.showOriginalName->setToolTip(tr("Show the sources by the names written in the configuration"));
+    //: main window: name of the field with the seconds between two readings
+    controls.m_interval = named(new QSpinBox(central), "m_interval", tr("Update interval"));
+    controls.m_interval->setRange(1, 60);
+    controls.m_interval->setValue(4);
+    controls.m_interval->setKeyboardTracking(false); // "30" must not start with an interval of 3
+    //: main window: unit behind the interval, seconds
+    controls.m_interval->setSuffix(tr(" s"));
+    //: main window: tooltip of the interval
+    controls.m_interval->setToolTip(tr("Seconds between two readings, 1 to 60"));
+}
+
+QWidget* build_interval_holder(QWidget* central, QSpinBox* interval) {
+    auto* holder = new QWidget(central);
+    holder->setObjectName(QStringLiteral("ph_interval"));
+    //: main window: label of the interval
+    auto* label = new QLabel(tr("&Every"), holder);
+    label->setBuddy(interval);
+    auto* row = new QHBoxLayout(holder);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(label);
+    row->addWidget(interval);
+    return holder;
+}
+
+QLayout* meter_row(const MainWindowControls& controls) {
+    auto* row = new QHBoxLayout;
+    row->addWidget(controls.meterSelect);
+    row->addWidget(controls.meterValue, 1);
+    return row;
+}
+
+QLayout* instrument_column(InstrumentWidget* instrument) {
+    auto* column = new QVBoxLayout;
+    column->addWidget(instrument, 1);
+    return column;
+}
+
+QLayout* status_column(const MainWindowControls& controls) {
+    auto* state = new QHBoxLayout;
+    for (auto* image : controls.status_images)
+        state->addWidget(image);
+    state->addWidget(controls.status_words, 1);
+    auto* column = new QVBoxLayout;
+    column->addLayout(state);
+    column->addSpacing(6);
+    column->addWidget(controls.adjustingClock);
+    column->addWidget(controls.m_preferences, 0, Qt::AlignLeft);
+    column->addStretch(1);
+    column->addWidget(controls.chronycversion);
+    column->addWidget(controls.chronydversion);
+    return column;
+}
+
+QLayout* dashboard(const MainWindowControls& controls) {
+    auto* clock = instrument_column(controls.analogClock);
+    clock->addItem(new QSpacerItem(0, 2));
+    static_cast<QVBoxLayout*>(clock)->addWidget(controls.localTime);
+    auto* meter = instrument_column(controls.clockPerformance);
+    static_cast<QVBoxLayout*>(meter)->addLayout(meter_row(controls));
+    auto* row = new QHBoxLayout;
+    row->setSpacing(18);
+    row->addLayout(clock, 2);
+    row->addLayout(meter, 2);
+    row->addLayout(status_column(controls), 3);
+    return row;
+}
+
+QLayout* command_row(QWidget* central, const MainWindowControls& controls) {
+    //: main window: label of the command menu
+    auto* label = new QLabel(tr("&Report:"), central);
+    label->setBuddy(controls.commandMenu);
+    auto* row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(controls.commandMenu);
+    row->addWidget(controls.m_server_label);
+    row->addWidget(controls.m_server);
+    row->addStretch(1);
+    row->addWidget(controls.showIPaddress);
+    row->addWidget(controls.showOriginalName);
+    row->addSpacing(6);
+    row->addWidget(build_interval_holder(central, controls.m_interval));
+    return row;
+}
+
+QLabel* build_banner(QWidget* central) {
+    //: main window: name of the banner with what holds for the whole run, such as demonstration mode
+    auto* banner = text_label(central, "standingNotice", tr("Notice"));
+    banner->setWordWrap(true);
+    banner->setMargin(6);
+    banner->setAutoFillBackground(true);
+    banner->setBackgroundRole(QPalette::ToolTipBase);
+    banner->setForegroundRole(QPalette::ToolTipText);
+    banner->hide();
+    return banner;
+}
+
+} // namespace
+
+MainWindowControls build_main_window_controls(QWidget* central, InstrumentWidget* analog_clock,
+                                              InstrumentWidget* clock_performance) {
+    MainWindowControls controls;
+    controls.standing_notice = build_banner(central);
+    //: main window: names of the two instruments
+    controls.analogClock = named(analog_clock, "analogClock", tr("Clock"));
+    controls.clockPerformance = named(clock_performance, "clockPerformance", tr("Performance meter"));
+    build_readings(central, controls);
+    build_status(central, controls);
+    build_command_controls(central, controls);
+    build_options(central, controls);
+    //: main window: name of the text view with chronyc's output
+    controls.m_textscroll = named(new CommandOutput(central), "m_textscroll", tr("Output of chronyc"));
+    //: main window: name of the line that says what stands in the way
+    controls.m_status = text_label(central, "m_status", tr("Status"));
+    controls.m_status->setWordWrap(true);
+
+    auto* column = new QVBoxLayout(central);
+    column->addWidget(controls.standing_notice);
+    column->addLayout(dashboard(controls));
+    column->addLayout(command_row(central, controls));
+    column->addWidget(controls.m_textscroll, 1);
+    column->addWidget(controls.m_status);
+    return controls;
+}
+
+} // namespace tickervantage

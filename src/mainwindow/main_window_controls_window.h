@@ -1,0 +1,49 @@
+// The main window's controls and where they stand. Built once; the window connects them.
+#pragma once
+
+#include "platform/canvas.h"
+
+#include <array>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QPushButton;
+class QSpinBox;
+class QWidget;
+
+namespace tickervantage {
+
+class CommandOutput;
+class InstrumentWidget;
+class StatusImage;
+
+struct MainWindowControls {
+    QLabel* standing_notice = nullptr; // a banner for what holds for the whole run; hidden while empty
+    InstrumentWidget* analogClock = nullptr;
+    QLabel* localTime = nullptr;
+    InstrumentWidget* clockPerformance = nullptr;
+    QComboBox* meterSelect = nullptr;
+    QLabel* meterValue = nullptr;
+    std::array<StatusImage*, 3> status_images{}; // by chronydStatus
+    QLabel* status_words = nullptr;
+    QLabel* adjustingClock = nullptr;
+    QPushButton* m_preferences = nullptr;
+    QLabel* chronycversion = nullptr;
+    QLabel* chronydversion = nullptr;
+    QComboBox* commandMenu = nullptr;
+    QLabel* m_server_label = nullptr;
+    QComboBox* m_server = nullptr;
+    QCheckBox* showIPaddress = nullptr;
+    QCheckBox* showOriginalName = nullptr;
+    QSpinBox* m_interval = nullptr;
+    CommandOutput* m_textscroll = nullptr;
+    QLabel* m_status = nullptr;
+};
+
+// Makes the controls as children of `central` and lays them out in it. The instruments are made by the caller, who
+// knows what they draw.
+[[nodiscard]] MainWindowControls build_main_window_controls(QWidget* central, InstrumentWidget* analog_clock,
+                                                            InstrumentWidget* clock_performance);
+
+} // namespace tickervantage

@@ -1,0 +1,64 @@
+#include "mainwindow/refresh.h"
+
+#include "chrony/text_lines.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace tickervantage {
+namespace {
+
+void run_privileged_report(const RefreshRequest& request, RefreshReading& reading) {
+    const bool authdata = request.command == "authdata";
+    const bool ntpdata = request.command == "ntpdata";
+    reading.output = request.runner->run_privileged(request.resolve, request.original,
+                                                    authdata ? request.command + " -a" : request.command,
+                                                    ntpdata ? request.server : std::string());
+}
+
+void run_command(const RefreshRequest& request, RefreshReading& reading) {
+    if (is_privileged_report(request.command)) {
+        run_privileged_report(request, reading);
+    } else if (request.command == "tracking") {
+        reading.output = reading.tracking.output;
+    } else if (request.command != "version" && reading.tracking.outcome == ExecuteOutcome::exited) {
+        // A chronyc that could not be run, or hung, a moment ago would only do so again.
+        ExecuteResult result = request.runner->run(request.command);
+        reading.output = std::move(result.output);
+        reading.problem = std::move(result.sentence);
+    }
+}
+
+} // namespace
+
+bool is_privileged_report(const std::string& command) {
+    static constexpr std::array<std::string_view, 4> reports{"authdata", "ntpdata", "selectdata", "clients"};
+    return std::ranges::find(reports, command) != reports.end();
+}
+
+std::optional<std::vector<std::string>> server_names(const std::string& sourcestats) {
+    const auto lines = non_empty_lines(sourcestats);
+    // The heading is two or three lines long, by chronyc's version, and always ends with a ruler.
+    const auto ruler = std::ranges::find_if(lines, [](std::string_view line) { return line.starts_with("==="); });
+    if (ruler == lines.end() || ruler + 1 == lines.end())
+        return std::nullopt;
+    std::vector<std::string> names;
+    for (auto line = ruler + 1; line != lines.end(); ++line)
+        names.push_back(first_words(*line, 1));
+    std::ranges::sort(names);
+    return names;
+}
+
+RefreshReading read_status(const RefreshRequest& request, RefreshTools& tools) {
+    RefreshReading reading;
+    reading.gpsd_application_found = tools.gpsd_application_found();
+    reading.tracking = request.runner->run("tracking");
+    reading.discipline = tools.running_check.check();
+    run_command(request, reading);
+    if (request.list_servers && reading.tracking.outcome == ExecuteOutcome::exited)
+        reading.servers = server_names(request.runner->run("sourcestats").output);
+    return reading;
+}
+
+} // namespace tickervantage

@@ -1,0 +1,48 @@
+// One reading of the daemon, as a value in and a value out: made on the main thread, run off it, applied on it again.
+#pragma once
+
+#include "chrony/runchronyc.h"
+#include "privileged/running_check.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tickervantage {
+
+// What a reading needs that does not change from one to the next. Used on the queue only.
+struct RefreshTools {
+    RunningCheck running_check;
+    std::function<bool()> gpsd_application_found;
+};
+
+struct RefreshRequest {
+    std::shared_ptr<const Runchronyc> runner;
+    std::string command;
+    std::string server;        // for "ntpdata"
+    bool resolve = true;       // for the privileged reports
+    bool original = false;     // likewise
+    bool list_servers = false; // read the names of the sources as well
+};
+
+struct RefreshReading {
+    bool gpsd_application_found = false;
+    ClockDiscipline discipline = ClockDiscipline::not_running;
+    ExecuteResult tracking;
+    std::string output;                              // of the command; empty for "version", whose text is known
+    std::string problem;                             // why the output is missing or cut, for people
+    std::optional<std::vector<std::string>> servers; // sorted; none: keep the list as it is
+};
+
+// The reports that chronyd gives to root only.
+[[nodiscard]] bool is_privileged_report(const std::string& command);
+
+// Blocks for as long as chronyc takes: not for the main thread.
+[[nodiscard]] RefreshReading read_status(const RefreshRequest& request, RefreshTools& tools);
+
+// The names in a "sourcestats" report, sorted; none when it lists no source.
+[[nodiscard]] std::optional<std::vector<std::string>> server_names(const std::string& sourcestats);
+
+} // namespace tickervantage

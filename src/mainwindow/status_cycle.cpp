@@ -1,0 +1,231 @@
+#include "mainwindow/status_cycle.h"
+
+#include "chrony/text_lines.h"
+#include "mainwindow/current_frequency.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr std::size_t longest_detail = 200; // bytes of chronyc's complaint that fit into the status line
+
+} // namespace
+
+StatusCycle::StatusCycle(StatusDisplay& display, const StatusCycleParts& parts, StatusCycleOptions options)
+    : m_display(display), m_parts(parts), m_options(std::move(options)), m_meter([this] { m_display.redraw_meter(); }),
+      m_tools(std::make_shared<RefreshTools>(
+          RefreshTools{RunningCheck(parts.execute, m_options.pidfile), m_options.gpsd_application_found})),
+      m_updatetimer(parts.timer.make_repeater("updatetimer", Pace::free)),
+      m_clockTicker(parts.timer.make_repeater("clockTicker", Pace::wall_second)),
+      m_self(std::make_shared<StatusCycle*>(this)) {}
+
+StatusCycle::~StatusCycle() = default;
+
+void StatusCycle::load() {
+    m_settings = MainWindowSettings::load(m_parts.settings);
+    rebuild_runner();
+    const bool ntpdata = m_settings.chronyCommand == "ntpdata";
+    m_list_servers = ntpdata;
+    restart_timer();
+    m_display.show_server_field(ntpdata);
+    m_display.show_status(m_chronydStatus);
+    m_clockTicker->start(1.0, [this] { m_display.redraw_clock(); });
+}
+
+void StatusCycle::close() {
+    m_parts.privileged.quit();
+    if (!m_installing)
+        m_updatetimer->stop();
+    m_settings.save(m_parts.settings);
+}
+
+void StatusCycle::chronycCommand(const std::string& command) {
+    m_settings.chronyCommand = command;
+    const bool ntpdata = command == "ntpdata";
+    m_list_servers = ntpdata;
+    m_display.show_server_field(ntpdata);
+    refresh();
+}
+
+void StatusCycle::selectMeter(int index) {
+    if (index < 0 || index >= meter_view_count) {
+        m_display.stop_program("The meter has no view number " + std::to_string(index) + ".");
+        return;
+    }
+    m_settings.m_meterview = static_cast<meterView>(index);
+    refresh();
+}
+
+void StatusCycle::showIPaddresses(bool numeric) {
+    m_settings.showIPaddress = numeric;
+    rebuild_runner();
+    refresh();
+}
+
+void StatusCycle::showOriginalName(bool original) {
+    m_settings.showOriginalName = original;
+    rebuild_runner();
+    refresh();
+}
+
+void StatusCycle::selectNTPdataServer(const std::string& server) {
+    m_settings.m_server = server;
+    refresh();
+}
+
+void StatusCycle::intervalChanged(int seconds) {
+    m_settings.m_interval = seconds;
+    restart_timer();
+}
+
+void StatusCycle::restart_timer() {
+    if (m_installing)
+        return;
+    m_updatetimer->stop();
+    refresh();
+    m_updatetimer->start(m_settings.m_interval, [this] { tick(); });
+}
+
+void StatusCycle::tick() {
+    if (m_visible || m_parts.broadcast.has_listeners(current_frequency_key))
+        if (!m_reading) // a slow chronyc is not stale: the next tick reads again
+            start_reading();
+}
+
+void StatusCycle::set_visible(bool visible) {
+    if (visible == m_visible)
+        return;
+    m_visible = visible;
+    if (!visible) {
+        m_clockTicker->stop();
+        return;
+    }
+    m_display.redraw_clock();
+    m_clockTicker->start(1.0, [this] { m_display.redraw_clock(); });
+    if (m_updatetimer->is_running())
+        refresh();
+}
+
+void StatusCycle::begin_installation() {
+    if (!std::exchange(m_installing, true))
+        m_updatetimer->stop();
+}
+
+void StatusCycle::end_installation() {
+    m_installing = false;
+    restart_timer();
+}
+
+void StatusCycle::refresh() {
+    if (m_reading)
+        m_again = true;
+    else
+        start_reading();
+}
+
+void StatusCycle::rebuild_runner() {
+    const ChronyPrograms programs = m_options.programs();
+    m_chronyc = std::make_shared<Runchronyc>(m_parts.execute, m_parts.privileged, programs, !m_settings.showIPaddress,
+                                             m_settings.showOriginalName, m_options.chronyc_arguments);
+    // Everything the piece of work needs travels with it: this object may be gone when it runs.
+    m_parts.queue.async([programs, &execute = m_parts.execute, &main_thread = m_parts.main_thread,
+                         self = std::weak_ptr(m_self)] {
+        auto chronyc = read_version(version_query(execute, programs, bundle_chronyc));
+        auto chronyd = read_version(version_query(execute, programs, bundle_chronyd));
+        main_thread.main_async([self, chronyc = std::move(chronyc), chronyd = std::move(chronyd)] {
+            if (const auto alive = self.lock())
+                (*alive)->apply_versions(chronyc, chronyd);
+        });
+    });
+}
+
+void StatusCycle::start_reading() {
+    m_reading = true;
+    m_again = false;
+    RefreshRequest request{.runner = m_chronyc,
+                           .command = m_settings.chronyCommand,
+                           .server = m_settings.m_server,
+                           .resolve = !m_settings.showIPaddress,
+                           .original = m_settings.showOriginalName,
+                           .list_servers = std::exchange(m_list_servers, false)};
+    m_parts.queue.async([request = std::move(request), tools = m_tools, &main_thread = m_parts.main_thread,
+                         self = std::weak_ptr(m_self)] {
+        main_thread.main_async([reading = read_status(request, *tools), self] {
+            if (const auto alive = self.lock())
+                (*alive)->apply(reading);
+        });
+    });
+}
+
+void StatusCycle::apply(const RefreshReading& reading) {
+    m_reading = false;
+    if (m_again) {
+        m_list_servers = m_list_servers || reading.servers.has_value();
+        start_reading();
+        return;
+    }
+    m_display.enable_gpsd_item(reading.gpsd_application_found);
+    apply_tracking(reading);
+    show_output(reading);
+    if (reading.servers)
+        apply_servers(*reading.servers);
+    m_display.show_notice(notice(reading));
+    if (m_applied)
+        m_applied();
+}
+
+void StatusCycle::apply_tracking(const RefreshReading& reading) {
+    const bool adjusted = reading.discipline == ClockDiscipline::not_running ? m_options.adjusts_clock_by_preference()
+                                                                            : reading.discipline == ClockDiscipline::adjusting;
+    m_display.show_clock_not_adjusted(!adjusted);
+    const TrackingReport report = parse_tracking(reading.tracking.output);
+    m_parts.broadcast.post(current_frequency_key, current_frequency{report.frequency}, Delivery::later);
+    m_display.show_meter_value({});
+    m_chronydStatus = status_from_leap(report.leapstatus);
+    m_display.show_meter_value(set_meter(m_meter, choose_meter(m_chronydStatus, m_settings.m_meterview, report)));
+    m_display.show_status(m_chronydStatus);
+}
+
+void StatusCycle::show_output(const RefreshReading& reading) {
+    m_display.show_output(m_settings.chronyCommand == "version"
+                                    ? version_text(m_version_chronyd.text, m_version_chronyc.text)
+                                    : reading.output);
+}
+
+StatusNotice StatusCycle::notice(const RefreshReading& reading) const {
+    using Kind = StatusNotice::Kind;
+    if (!reading.tracking.sentence.empty())
+        return {Kind::chronyc_failed, reading.tracking.sentence};
+    if (m_chronydStatus == chronydStatus::unavailable)
+        return {Kind::daemon_silent, std::string(trimmed(reading.tracking.output.substr(0, longest_detail)))};
+    if (is_privileged_report(m_settings.chronyCommand) && !m_parts.privileged.helper_ready())
+        return {Kind::needs_helper, m_settings.chronyCommand};
+    if (!reading.problem.empty())
+        return {Kind::report_incomplete, reading.problem};
+    return {};
+}
+
+void StatusCycle::apply_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) {
+    if (chronyc.meaningless || chronyd.meaningless) {
+        m_display.stop_for_version(chronyc.meaningless ? "chronyc" : "chronyd",
+                                         chronyc.meaningless ? chronyc.label : chronyd.label);
+        return;
+    }
+    m_version_chronyc = chronyc;
+    m_version_chronyd = chronyd;
+    m_display.show_versions(chronyc, chronyd);
+    const bool offered = knows_original_names(chronyc.label);
+    m_display.show_original_name_choice(offered);
+    if (!offered && m_settings.showOriginalName)
+        showOriginalName(false);
+}
+
+void StatusCycle::apply_servers(const std::vector<std::string>& names) {
+    if (std::ranges::find(names, m_settings.m_server) == names.end())
+        m_settings.m_server.clear();
+    m_display.show_servers(names, m_settings.m_server);
+}
+
+} // namespace tickervantage

@@ -1,0 +1,260 @@
+#include "mainwindow/tickervantage_window.h"
+
+#include "instruments/instrument_window.h"
+#include "mainwindow/command_output_window.h"
+#include "mainwindow/local_time_text_window.h"
+#include "mainwindow/status_image_window.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDateTime>
+#include <QFontDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QToolBar>
+
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr const char* frame_key = "frame_Tickervantage";
+
+ClockTime local_clock_time() {
+    const QTime now = QTime::currentTime();
+    return {now.hour(), now.minute(), now.second()};
+}
+
+QString from_std(const std::string& text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+
+} // namespace
+
+TickervantageWindow::TickervantageWindow(const StatusCycleParts& parts, StatusCycleOptions options,
+                                         MainWindowRequests requests)
+    : m_settings_store(parts.settings), m_requests(std::move(requests)), m_clock_view(local_clock_time),
+      m_cycle(std::make_unique<StatusCycle>(*this, parts, std::move(options))) {
+    setWindowTitle(QStringLiteral("Tickervantage"));
+    setObjectName(QStringLiteral("TickervantageWindow"));
+    auto* central = new QWidget(this);
+    auto* clock = new InstrumentWidget([this](Canvas& canvas, Rect bounds) { m_clock_view.draw_face(canvas, bounds); },
+                                       [this](Canvas& canvas, Rect bounds) { m_clock_view.draw_hands(canvas, bounds); },
+                                       central);
+    auto* meter = new InstrumentWidget(
+        [this](Canvas& canvas, Rect bounds) { m_cycle->meter().draw_face(canvas, bounds); },
+        [this](Canvas& canvas, Rect bounds) { m_cycle->meter().draw_hands(canvas, bounds); }, central);
+    m_controls = build_main_window_controls(central, clock, meter);
+    setCentralWidget(central);
+    build_toolbar();
+    connect_controls();
+}
+
+TickervantageWindow::~TickervantageWindow() = default;
+
+void TickervantageWindow::build_toolbar() {
+    //: main window: toolbar item that launches the application which configures a GPS receiver
+    m_gpsd_toolbar = new QAction(tr("GPS Configuration"), this);
+    m_gpsd_toolbar->setObjectName(QStringLiteral("m_gpsd_toolbar"));
+    m_gpsd_toolbar->setIcon(QIcon::fromTheme(QLatin1String(StatusCycle::GPSD_CONF_ID)));
+    //: main window: tooltip of that item
+    m_gpsd_toolbar->setToolTip(tr("Open Meridianox to configure a GPS receiver"));
+    m_gpsd_toolbar->setEnabled(false);
+    connect(m_gpsd_toolbar, &QAction::triggered, this, [this] { m_requests.launch_gpsd_application(); });
+}
+
+void TickervantageWindow::connect_controls() {
+    connect(m_controls.commandMenu, &QComboBox::textActivated, this,
+            [this](const QString& title) { m_cycle->chronycCommand(title.toStdString()); });
+    connect(m_controls.meterSelect, &QComboBox::activated, this, [this](int index) { m_cycle->selectMeter(index); });
+    connect(m_controls.showIPaddress, &QCheckBox::clicked, this, [this](bool on) { m_cycle->showIPaddresses(on); });
+    connect(m_controls.showOriginalName, &QCheckBox::clicked, this, [this](bool on) { m_cycle->showOriginalName(on); });
+    connect(m_controls.m_server, &QComboBox::textActivated, this,
+            [this](const QString& server) { m_cycle->selectNTPdataServer(server.trimmed().toStdString()); });
+    connect(m_controls.m_server->lineEdit(), &QLineEdit::editingFinished, this, [this] {
+        const std::string server = m_controls.m_server->currentText().trimmed().toStdString();
+        if (server != m_cycle->settings().m_server)
+            m_cycle->selectNTPdataServer(server);
+    });
+    connect(m_controls.m_interval, &QSpinBox::valueChanged, this, [this](int seconds) {
+        if (seconds != m_cycle->settings().m_interval)
+            m_cycle->intervalChanged(seconds);
+    });
+}
+
+void TickervantageWindow::windowDidLoad() {
+    restore_frame();
+    m_cycle->load();
+    show_settings();
+    redraw_clock();
+}
+
+void TickervantageWindow::show_settings() {
+    const MainWindowSettings& settings = m_cycle->settings();
+    const int command = m_controls.commandMenu->findText(from_std(settings.chronyCommand));
+    if (command < 0)
+        m_cycle->chronycCommand(m_controls.commandMenu->itemText(0).toStdString());
+    m_controls.commandMenu->setCurrentIndex(std::max(command, 0));
+    m_controls.meterSelect->setCurrentIndex(static_cast<int>(settings.m_meterview));
+    m_controls.showIPaddress->setChecked(settings.showIPaddress);
+    m_controls.showOriginalName->setChecked(settings.showOriginalName);
+    m_controls.m_interval->setValue(settings.m_interval);
+    m_controls.m_server->setEditText(from_std(settings.m_server));
+    m_controls.m_textscroll->set_font(settings.output_font);
+}
+
+void TickervantageWindow::redraw_clock() {
+    m_controls.analogClock->redraw_hands();
+    m_controls.localTime->setText(local_time_text(QDateTime::currentDateTime(), locale()));
+}
+
+void TickervantageWindow::redraw_meter() { m_controls.clockPerformance->redraw_all(); }
+
+void TickervantageWindow::show_meter_value(const std::string& text) {
+    const QString shown = from_std(text);
+    if (shown == m_controls.meterValue->text())
+        return;
+    m_controls.meterValue->setText(shown);
+    m_controls.clockPerformance->set_value_text(shown);
+}
+
+void TickervantageWindow::show_status(chronydStatus status) {
+    for (auto* image : m_controls.status_images)
+        image->hide();
+    m_controls.status_images.at(static_cast<std::size_t>(status))->show();
+    m_controls.status_words->setText(status_words(status));
+}
+
+void TickervantageWindow::show_clock_not_adjusted(bool shown) {
+    m_controls.adjustingClock->setVisible(shown);
+    m_controls.m_preferences->setVisible(shown);
+}
+
+void TickervantageWindow::show_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) {
+    const auto show = [this](QLabel* label, const char* program, const ProgramVersion& version) {
+        //: main window: in place of a version; %1 is a program that could not be asked for it
+        const QString missing = tr("%1: not available").arg(QLatin1String(program));
+        label->setText(version.failure.empty() ? from_std(version.label) : missing);
+        label->setToolTip(from_std(version.failure));
+    };
+    show(m_controls.chronycversion, "chronyc", chronyc);
+    show(m_controls.chronydversion, "chronyd", chronyd);
+}
+
+void TickervantageWindow::show_original_name_choice(bool offered) {
+    if (!offered)
+        m_controls.showOriginalName->setChecked(false);
+    m_controls.showOriginalName->setEnabled(offered);
+    m_controls.showOriginalName->setVisible(offered);
+}
+
+void TickervantageWindow::show_server_field(bool shown) {
+    m_controls.m_server_label->setVisible(shown);
+    m_controls.m_server->setVisible(shown);
+}
+
+void TickervantageWindow::show_servers(const std::vector<std::string>& names, const std::string& current) {
+    m_controls.m_server->clear();
+    for (const auto& name : names)
+        m_controls.m_server->addItem(from_std(name));
+    m_controls.m_server->setCurrentIndex(-1);
+    m_controls.m_server->setEditText(from_std(current));
+}
+
+void TickervantageWindow::show_output(const std::string& text) { m_controls.m_textscroll->show_text(text); }
+
+void TickervantageWindow::show_notice(const StatusNotice& notice) {
+    const auto words = [this, &notice]() -> QString {
+        const QString detail = from_std(notice.detail);
+        switch (notice.kind) {
+        case StatusNotice::Kind::none:
+            break;
+        case StatusNotice::Kind::chronyc_failed:
+            //: main window, status line: %1 says what happened to chronyc
+            return tr("chronyc gave no answer: %1").arg(detail);
+        case StatusNotice::Kind::daemon_silent:
+            //: main window, status line: %1 is what chronyc printed instead of a report
+            return detail.isEmpty() ? tr("chronyd gave no answer.") : tr("chronyd gave no answer: %1").arg(detail);
+        case StatusNotice::Kind::needs_helper:
+            //: main window, status line: %1 is a chronyc command
+            return tr("The report “%1” needs administrator rights, and the root helper that would ask for them is not "
+                      "installed.")
+                .arg(detail);
+        case StatusNotice::Kind::report_incomplete:
+            //: main window, status line: %1 says why the shown report failed or was cut
+            return tr("The report is not complete: %1").arg(detail);
+        }
+        return {};
+    };
+    m_controls.m_status->setText(words());
+}
+
+void TickervantageWindow::enable_gpsd_item(bool enabled) { m_gpsd_toolbar->setEnabled(enabled); }
+
+void TickervantageWindow::stop_program(const std::string& programming_error) {
+    m_requests.stop_program(from_std(programming_error));
+}
+
+void TickervantageWindow::stop_for_version(const std::string& program, const std::string& answer) {
+    //: fatal message: %1 is chronyc or chronyd, %2 what it printed when asked for its version
+    m_requests.stop_program(tr("Asked for its version, %1 printed “%2”, which is not how chrony answers. "
+                               "Please check the path of %1 in the preferences.")
+                                .arg(from_std(program), from_std(answer)));
+}
+
+void TickervantageWindow::set_standing_notice(const QString& text) {
+    m_controls.standing_notice->setText(text);
+    m_controls.standing_notice->setVisible(!text.isEmpty());
+}
+
+void TickervantageWindow::set_output_font(const Font& font) {
+    m_cycle->set_output_font(font);
+    m_controls.m_textscroll->set_font(font);
+}
+
+void TickervantageWindow::chooseFont() {
+    bool chosen = false;
+    //: title of the dialog that chooses the font of chronyc's output
+    const QFont font = QFontDialog::getFont(&chosen, m_controls.m_textscroll->font(), this, tr("Output Font"),
+                                            QFontDialog::MonospacedFonts);
+    if (chosen)
+        set_output_font({font.family().toStdString(), font.pointSizeF()});
+}
+
+void TickervantageWindow::defaultFont() { set_output_font({}); }
+
+void TickervantageWindow::restore_frame() {
+    const QByteArray frame = QByteArray::fromBase64(QByteArray::fromStdString(m_settings_store.loadString(frame_key, {})));
+    if (frame.isEmpty() || !restoreGeometry(frame))
+        resize(sizeHint().expandedTo({780, 600}));
+}
+
+void TickervantageWindow::save_frame() { m_settings_store.saveString(frame_key, saveGeometry().toBase64().toStdString()); }
+
+void TickervantageWindow::closeEvent(QCloseEvent* event) {
+    m_cycle->close();
+    save_frame();
+    QMainWindow::closeEvent(event);
+}
+
+void TickervantageWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    update_visibility();
+}
+
+void TickervantageWindow::hideEvent(QHideEvent* event) {
+    QMainWindow::hideEvent(event);
+    update_visibility();
+}
+
+void TickervantageWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange)
+        update_visibility();
+}
+
+void TickervantageWindow::update_visibility() { m_cycle->set_visible(isVisible() && !isMinimized()); }
+
+} // namespace tickervantage

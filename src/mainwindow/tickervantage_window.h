@@ -1,0 +1,80 @@
+// The main window: the dashboard over one status cycle.
+#pragma once
+
+#include "instruments/analog_clock_view.h"
+#include "mainwindow/main_window_controls_window.h"
+#include "mainwindow/status_cycle.h"
+#include "mainwindow/status_display.h"
+
+#include <QMainWindow>
+
+#include <functional>
+#include <memory>
+
+class QAction;
+
+namespace tickervantage {
+
+// What the window asks the application to do. All of them must be set.
+struct MainWindowRequests {
+    std::function<void(const QString& sentence)> stop_program; // say it to the user and end the program
+    std::function<void()> launch_gpsd_application;
+};
+
+class TickervantageWindow : public QMainWindow, public StatusDisplay {
+    Q_OBJECT
+
+public:
+    TickervantageWindow(const StatusCycleParts& parts, StatusCycleOptions options, MainWindowRequests requests);
+    ~TickervantageWindow() override;
+
+    // Reads the settings, fills the controls and starts the cycle. Once, before the window is shown.
+    void windowDidLoad();
+
+    [[nodiscard]] StatusCycle& cycle() { return *m_cycle; }
+
+    // The banner above everything: for what holds for the whole run.
+    void set_standing_notice(const QString& text);
+
+    void chooseFont();
+    void defaultFont();
+
+    void redraw_clock() override;
+    void redraw_meter() override;
+    void show_meter_value(const std::string& text) override;
+    void show_status(chronydStatus status) override;
+    void show_clock_not_adjusted(bool shown) override;
+    void show_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) override;
+    void show_original_name_choice(bool offered) override;
+    void show_server_field(bool shown) override;
+    void show_servers(const std::vector<std::string>& names, const std::string& current) override;
+    void show_output(const std::string& text) override;
+    void show_notice(const StatusNotice& notice) override;
+    void enable_gpsd_item(bool enabled) override;
+    void stop_program(const std::string& programming_error) override;
+    void stop_for_version(const std::string& program, const std::string& answer) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void build_toolbar();
+    void connect_controls();
+    void show_settings();
+    void update_visibility();
+    void restore_frame();
+    void save_frame();
+    void set_output_font(const Font& font);
+
+    DefaultSettings& m_settings_store;
+    MainWindowRequests m_requests;
+    AnalogClockView m_clock_view;
+    std::unique_ptr<StatusCycle> m_cycle;
+    MainWindowControls m_controls;
+    QAction* m_gpsd_toolbar = nullptr;
+};
+
+} // namespace tickervantage

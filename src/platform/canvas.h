@@ -1,0 +1,78 @@
+// What instruments and graphs draw on: a screen, a picture file, or a test that reads what was drawn.
+//
+// Lengths are points (one pixel on a screen of ordinary density), x to the right, y UP from the lower left corner.
+// Angles in radians, counter-clockwise from the positive x axis. Colours are named by role; the canvas knows what they
+// are in the light or dark palette at hand. Drawing is immediate and leaves nothing behind in the canvas.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tickervantage {
+
+struct Point {
+    double x = 0;
+    double y = 0;
+    friend bool operator==(const Point&, const Point&) = default;
+};
+
+struct Rect {
+    double x = 0; // lower left corner
+    double y = 0;
+    double width = 0;
+    double height = 0;
+
+    [[nodiscard]] Point center() const { return {x + width / 2, y + height / 2}; }
+    friend bool operator==(const Rect&, const Rect&) = default;
+};
+
+enum class ColorRole : unsigned char { text, text_background, blue, red, grey };
+enum class FillRule : unsigned char { nonzero, even_odd };
+enum class Shadow : unsigned char { none, soft }; // soft: a blur around the stroke, without an offset
+enum class TextAlign : unsigned char { left, right, center };
+
+// A list of lines and closed shapes, in the order they were added.
+struct Path {
+    struct Element {
+        enum class Kind : unsigned char { line, ellipse, rounded_rect };
+        Kind kind = Kind::line;
+        Point from;   // line
+        Point to;     // line
+        Rect rect;    // ellipse: the box it fills; rounded_rect: the box
+        Point radius; // rounded_rect: horizontal and vertical corner radius
+        friend bool operator==(const Element&, const Element&) = default;
+    };
+    std::vector<Element> elements;
+
+    void add_line(Point from, Point to);
+    void add_ellipse(Rect box);
+    void add_rounded_rect(Rect box, double radius_x, double radius_y);
+};
+
+// The middle of a text's capitals and figures lies this many times its size below its box's upper edge, whatever the
+// font's own ascent, so that labels sit in the same place with every font.
+inline constexpr double TEXT_MIDDLE = 0.7;
+
+struct TextStyle {
+    double size = 10.0; // points
+    ColorRole color = ColorRole::text;
+    TextAlign align = TextAlign::center;
+};
+
+class Canvas {
+public:
+    virtual ~Canvas() = default;
+
+    virtual void fill(const Path& path, ColorRole color, FillRule rule) = 0;
+    virtual void stroke(const Path& path, ColorRole color, double width, Shadow shadow) = 0;
+
+    // One line of UTF-8 text, aligned in the box from left to right, hanging from the box's upper edge (TEXT_MIDDLE).
+    // Text that is wider than the box is drawn over its edges, not cut.
+    virtual void text(std::string_view text, Rect box, const TextStyle& style) = 0;
+};
+
+// The point at `radius` from `center` in direction `angle`.
+[[nodiscard]] Point polar(Point center, double radius, double angle);
+
+} // namespace tickervantage

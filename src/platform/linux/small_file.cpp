@@ -1,0 +1,219 @@
+#include "platform/linux/small_file.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <system_error>
+
+namespace tickervantage {
+
+namespace {
+
+constexpr mode_t private_file = 0600;
+constexpr mode_t permission_bits = 07777;
+
+std::string words(int error) {
+    return std::generic_category().message(error);
+}
+
+int fail(std::string& sentence, std::string_view what, const std::string& path, int error) {
+    sentence = fmt::format("{} {}: {}.", what, path, words(error));
+    return -1;
+}
+
+std::string folder_of(const std::string& path) {
+    const auto folder = std::filesystem::path(path).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
+
+std::string beside(const std::string& path, std::string_view ending) {
+    const std::filesystem::path whole(path);
+    return (whole.parent_path() / fmt::format(".{}{}", whole.filename().string(), ending)).string();
+}
+
+// -1 with errno, also when the file grew beyond the limit meanwhile.
+int read_all(int fd, std::size_t limit, std::string& bytes) {
+    std::array<char, 16384> buffer{};
+    while (true) {
+        const ssize_t got = ::read(fd, buffer.data(), buffer.size());
+        if (got == 0)
+            return 0;
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return -1;
+        bytes.append(buffer.data(), static_cast<std::size_t>(got));
+        if (bytes.size() > limit) {
+            errno = EFBIG;
+            return -1;
+        }
+    }
+}
+
+int write_all(int fd, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(fd, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return -1;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return 0;
+}
+
+// What root makes in a user's folder belongs to the user, who could not change it later otherwise.
+void give_to_owner_of(const std::string& folder, int fd) {
+    struct stat owner {};
+    if (::geteuid() == 0 && ::stat(folder.c_str(), &owner) == 0 && ::fchown(fd, owner.st_uid, owner.st_gid) != 0)
+        return; // stays with root: better than no file
+}
+
+int take_over_owner_and_mode(int fd, const std::string& path) {
+    struct stat old {};
+    if (::stat(path.c_str(), &old) != 0) {
+        if (errno != ENOENT)
+            return -1;
+        give_to_owner_of(folder_of(path), fd);
+        return 0;
+    }
+    struct stat now {};
+    if (::fstat(fd, &now) != 0)
+        return -1;
+    const bool other_owner = old.st_uid != now.st_uid || old.st_gid != now.st_gid;
+    if (other_owner && ::fchown(fd, old.st_uid, old.st_gid) != 0)
+        return -1;
+    return ::fchmod(fd, old.st_mode & permission_bits);
+}
+
+bool reads_back(int fd, std::string_view bytes) {
+    std::string found;
+    return ::lseek(fd, 0, SEEK_SET) == 0 && read_all(fd, bytes.size(), found) == 0 && found == bytes;
+}
+
+int flush_folder(const std::string& folder) {
+    const FileDescriptor fd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!fd.valid())
+        return -1;
+    return ::fsync(fd.get()) == 0 || errno == EINVAL ? 0 : -1; // EINVAL: a file system that has no such thing
+}
+
+int write_beside(const std::string& path, const std::string& draft, std::string_view bytes) {
+    ::unlink(draft.c_str()); // left over from a process that was killed
+    const FileDescriptor fd(::open(draft.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, private_file));
+    if (!fd.valid() || take_over_owner_and_mode(fd.get(), path) != 0 || write_all(fd.get(), bytes) != 0 ||
+        ::fsync(fd.get()) != 0)
+        return -1;
+    if (reads_back(fd.get(), bytes))
+        return 0;
+    errno = EIO;
+    return -1;
+}
+
+int rename_without_replacing(const std::string& from, const std::string& to) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
+        return 0;
+    struct stat there {};
+    if (errno != EINVAL || ::lstat(to.c_str(), &there) == 0) // EINVAL: the file system cannot promise it
+        return -1;
+    return ::rename(from.c_str(), to.c_str());
+}
+
+std::string time_stamp() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    ::localtime_r(&now, &local);
+    return fmt::format("{:%Y%m%d-%H%M%S}", local);
+}
+
+} // namespace
+
+SmallFile read_small_file(const std::string& path, std::size_t limit) {
+    using Outcome = SmallFile::Outcome;
+    const FileDescriptor fd(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)); // a pipe must not hold us up
+    if (!fd.valid())
+        return {
+            .outcome = errno == ENOENT ? Outcome::missing : Outcome::unreadable, .bytes = {}, .reason = words(errno)};
+    struct stat status {};
+    if (::fstat(fd.get(), &status) != 0)
+        return {.outcome = Outcome::unreadable, .bytes = {}, .reason = words(errno)};
+    if (S_ISDIR(status.st_mode))
+        return {.outcome = Outcome::unfit, .bytes = {}, .reason = "it is a folder"};
+    if (!S_ISREG(status.st_mode))
+        return {.outcome = Outcome::unreadable, .bytes = {}, .reason = "it is not an ordinary file"};
+    SmallFile file{.outcome = Outcome::read, .bytes = {}, .reason = {}};
+    if (read_all(fd.get(), limit, file.bytes) == 0)
+        return file;
+    if (errno == EFBIG)
+        return {.outcome = Outcome::unfit, .bytes = {}, .reason = fmt::format("it is larger than {} bytes", limit)};
+    return {.outcome = Outcome::unreadable, .bytes = {}, .reason = words(errno)};
+}
+
+int replace_small_file(const std::string& path, std::string_view bytes, std::string& sentence) {
+    const std::string draft = beside(path, ".new");
+    if (write_beside(path, draft, bytes) != 0 || ::rename(draft.c_str(), path.c_str()) != 0) {
+        const int error = errno;
+        ::unlink(draft.c_str());
+        return fail(sentence, "Cannot write", path, error);
+    }
+    return flush_folder(folder_of(path)) == 0 ? 0 : fail(sentence, "Cannot flush the folder of", path, errno);
+}
+
+int set_file_aside(const std::string& path, std::string& kept_as, std::string& sentence) {
+    const std::string name = path + ".damaged-" + time_stamp();
+    for (int number = 1; number <= 100; ++number) {
+        const std::string candidate = number == 1 ? name : fmt::format("{}-{}", name, number);
+        if (rename_without_replacing(path, candidate) == 0) {
+            kept_as = candidate;
+            return 0;
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    return fail(sentence, "Cannot rename", path, errno);
+}
+
+int make_private_folder(const std::string& path, std::string& sentence) {
+    struct stat there {};
+    if (::stat(path.c_str(), &there) == 0)
+        return S_ISDIR(there.st_mode) ? 0 : fail(sentence, "Cannot make the folder", path, ENOTDIR);
+    const std::string parent = folder_of(path);
+    if (parent != path && make_private_folder(parent, sentence) != 0)
+        return -1;
+    if (::mkdir(path.c_str(), 0700) != 0 && errno != EEXIST)
+        return fail(sentence, "Cannot make the folder", path, errno);
+    const FileDescriptor fd(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    if (fd.valid())
+        give_to_owner_of(parent, fd.get());
+    return 0;
+}
+
+int FileLock::lock(const std::string& path, std::chrono::milliseconds time_limit, std::string& sentence) {
+    const std::string name = beside(path, ".lock");
+    FileDescriptor file(::open(name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, private_file));
+    if (!file.valid())
+        return fail(sentence, "Cannot lock", path, errno);
+    give_to_owner_of(folder_of(path), file.get());
+    const auto end = std::chrono::steady_clock::now() + time_limit;
+    while (::flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
+        if (errno == ENOLCK || errno == EOPNOTSUPP)
+            break;
+        if ((errno != EWOULDBLOCK && errno != EINTR) || std::chrono::steady_clock::now() >= end)
+            return fail(sentence, "Cannot lock", path, errno);
+        ::poll(nullptr, 0, 5); // the kernel has no lock with a deadline
+    }
+    m_file = std::move(file);
+    return 0;
+}
+
+} // namespace tickervantage

@@ -1,0 +1,91 @@
+#include "platform/qt/picture_file.h"
+
+#include "platform/qt/qt_canvas.h"
+
+#include <fmt/format.h>
+
+#include <QBuffer>
+#include <QImage>
+#include <QPainter>
+#include <QSaveFile>
+#include <QSvgGenerator>
+
+namespace tickervantage {
+
+namespace {
+
+constexpr int CSS_PIXELS_PER_INCH = 96;
+
+using Draw = std::function<void(Canvas&, Rect)>;
+
+[[nodiscard]] bool paint(QPaintDevice& device, const PictureFormat& format, const Draw& draw) {
+    QPainter painter;
+    if (!painter.begin(&device))
+        return false;
+    painter.fillRect(0, 0, format.width, format.height, format.colors.text_background);
+    painter.scale(format.scale, format.scale);
+    const Rect bounds{0, 0, format.width / format.scale, format.height / format.scale};
+    QtCanvas canvas(painter, bounds.height, format.colors);
+    draw(canvas, bounds);
+    return painter.end();
+}
+
+[[nodiscard]] bool render_png(QBuffer& buffer, const PictureFormat& format, const Draw& draw) {
+    QImage image(format.width, format.height, QImage::Format_RGB32);
+    return !image.isNull() && paint(image, format, draw) && image.save(&buffer, "PNG");
+}
+
+[[nodiscard]] bool render_svg(QBuffer& buffer, const PictureFormat& format, const Draw& draw) {
+    QSvgGenerator generator;
+    generator.setOutputDevice(&buffer);
+    generator.setResolution(CSS_PIXELS_PER_INCH);
+    generator.setSize({format.width, format.height});
+    generator.setViewBox(QRect(0, 0, format.width, format.height));
+    generator.setTitle(QStringLiteral("Tickervantage"));
+    return paint(generator, format, draw);
+}
+
+// A full disk shows itself at the flush: QSaveFile::commit() alone has been seen to put a file that was cut short in
+// the place of a good one.
+[[nodiscard]] int replace_file(const QString& path, const QByteArray& bytes, std::string& sentence) {
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() && file.commit())
+        return 0;
+    const QString reason = file.errorString();
+    file.cancelWriting();
+    sentence = fmt::format("The picture {} could not be written: {}.", path.toStdString(), reason.toStdString());
+    return -1;
+}
+
+[[nodiscard]] bool is_sensible(const PictureFormat& format) {
+    const auto fits = [](int side) {
+        return side >= 1 && side <= LARGEST_PICTURE_SIDE;
+    };
+    return fits(format.width) && fits(format.height) && format.scale > 0;
+}
+
+} // namespace
+
+int write_picture(const std::string& path, const PictureFormat& format, const Draw& draw, std::string& sentence) {
+    const QString file = QString::fromStdString(path);
+    const bool png = file.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
+    if (!png && !file.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive)) {
+        sentence = fmt::format("The picture {} must end in .png or .svg.", path);
+        return -1;
+    }
+    if (!is_sensible(format)) {
+        sentence = fmt::format("A picture must be from 1 to {} pixels wide and high.", LARGEST_PICTURE_SIDE);
+        return -1;
+    }
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly) ||
+        !(png ? render_png(buffer, format, draw) : render_svg(buffer, format, draw))) {
+        sentence = fmt::format("The picture {} could not be drawn.", path);
+        return -1;
+    }
+    buffer.close();
+    return replace_file(file, bytes, sentence);
+}
+
+} // namespace tickervantage

@@ -1,0 +1,28 @@
+// Drawings as picture files: PNG or SVG, by the file's suffix.
+//
+// Works without a display, but needs a QGuiApplication for its fonts. Main thread; waits for the disk.
+#pragma once
+
+#include "platform/canvas.h"
+#include "platform/qt/canvas_colors.h"
+
+#include <functional>
+#include <string>
+
+namespace tickervantage {
+
+struct PictureFormat {
+    int width = 0; // pixels of a PNG, user units of an SVG
+    int height = 0;
+    double scale = 1; // pixels a point; the drawing gets width / scale by height / scale points
+    CanvasColors colors = CanvasColors::light();
+};
+
+inline constexpr int LARGEST_PICTURE_SIDE = 16384;
+
+// Draws over the text background's colour and writes beside the file before taking its place, so that a file that was
+// there stays whole if anything fails. 0; or -1 with one sentence for people.
+[[nodiscard]] int write_picture(const std::string& path, const PictureFormat& format,
+                                const std::function<void(Canvas&, Rect)>& draw, std::string& sentence);
+
+} // namespace tickervantage

@@ -1,0 +1,184 @@
+#include "platform/qt/qt_settings_store.h"
+
+#include <QString>
+
+#include "platform/qt/settings_file.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <utility>
+
+namespace tickervantage {
+
+namespace {
+
+std::string as_utf8(const std::string& text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toStdString();
+}
+
+} // namespace
+
+struct QtSettingsStore::Shared {
+    Shared(const std::string& path, Logger& log) : file(path), logger(log) { values = file.load(load_problem); }
+
+    const SettingsFile file;
+    Logger& logger;
+    std::string load_problem;
+    ProblemHandler handler; // main thread only
+
+    std::mutex mutex; // guards what follows
+    std::condition_variable rest;
+    SettingValues values;
+    SettingChanges pending;
+    bool scheduled = false;
+    std::string save_problem;
+    MainThread* main_thread = nullptr;
+
+    static void save_all(const std::shared_ptr<Shared>& shared);
+    static void report(const std::shared_ptr<Shared>& shared, const std::string& sentence);
+
+    bool save_once(std::string& sentence);
+    [[nodiscard]] bool rest_or_more(bool saved);
+};
+
+// The locks are held while copying only, never while the disk works.
+bool QtSettingsStore::Shared::save_once(std::string& sentence) {
+    SettingChanges changes;
+    SettingValues known;
+    {
+        const std::lock_guard lock(mutex);
+        changes = pending;
+        known = values;
+    }
+    if (file.save(changes, known, sentence) != 0)
+        return false;
+    const std::lock_guard lock(mutex);
+    std::erase_if(pending, [&](const auto& one) {
+        const auto saved = changes.find(one.first);
+        return saved != changes.end() && saved->second == one.second;
+    });
+    return true;
+}
+
+// Whether there is more to save now; otherwise the next change schedules again.
+bool QtSettingsStore::Shared::rest_or_more(bool saved) {
+    const std::lock_guard lock(mutex);
+    if (saved && !pending.empty())
+        return true;
+    scheduled = false;
+    rest.notify_all();
+    return false;
+}
+
+void QtSettingsStore::Shared::save_all(const std::shared_ptr<Shared>& shared) {
+    bool saved = true;
+    do {
+        std::string sentence;
+        saved = shared->save_once(sentence);
+        report(shared, sentence);
+    } while (shared->rest_or_more(saved));
+}
+
+void QtSettingsStore::Shared::report(const std::shared_ptr<Shared>& shared, const std::string& sentence) {
+    MainThread* main_thread = nullptr;
+    {
+        const std::lock_guard lock(shared->mutex);
+        if (std::exchange(shared->save_problem, sentence) == sentence)
+            return;
+        main_thread = shared->main_thread;
+    }
+    if (sentence.empty()) {
+        shared->logger.log(LogLevel::info, "Settings are saved again.");
+        return;
+    }
+    shared->logger.log(LogLevel::error, sentence);
+    if (main_thread != nullptr)
+        main_thread->main_async([weak = std::weak_ptr(shared), sentence] {
+            const auto alive = weak.lock();
+            if (alive && alive->handler)
+                alive->handler(sentence);
+        });
+}
+
+QtSettingsStore::QtSettingsStore(const std::string& path, DispatchQueueSerial& queue, Logger& logger)
+    : m_shared(std::make_shared<Shared>(path, logger)), m_queue(queue) {
+    if (!m_shared->load_problem.empty())
+        logger.log(LogLevel::error, m_shared->load_problem);
+}
+
+QtSettingsStore::~QtSettingsStore() {
+    m_shared->handler = nullptr;
+    const std::lock_guard lock(m_shared->mutex);
+    m_shared->main_thread = nullptr;
+}
+
+std::optional<std::vector<std::string>> QtSettingsStore::read(std::string_view key) const {
+    const std::lock_guard lock(m_shared->mutex);
+    const auto found = m_shared->values.find(key);
+    return found == m_shared->values.end() ? std::nullopt : std::optional(found->second);
+}
+
+void QtSettingsStore::write(std::string_view key, const std::vector<std::string>& value) {
+    std::vector<std::string> texts;
+    for (const auto& text : value)
+        texts.push_back(as_utf8(text));
+    change(key, std::move(texts));
+}
+
+void QtSettingsStore::remove(std::string_view key) {
+    change(key, std::nullopt);
+}
+
+// A value that stays as it is makes no work, and so leaves alone what another process may have put there.
+void QtSettingsStore::change(std::string_view key, std::optional<std::vector<std::string>> value) {
+    if (key.empty() || read(key) == value)
+        return;
+    {
+        const std::lock_guard lock(m_shared->mutex);
+        if (value)
+            m_shared->values.insert_or_assign(std::string(key), *value);
+        else
+            m_shared->values.erase(m_shared->values.find(key));
+        m_shared->pending.insert_or_assign(std::string(key), std::move(value));
+    }
+    schedule();
+}
+
+void QtSettingsStore::schedule() {
+    {
+        const std::lock_guard lock(m_shared->mutex);
+        if (m_shared->pending.empty() || std::exchange(m_shared->scheduled, true))
+            return;
+    }
+    m_queue.async([shared = m_shared] { Shared::save_all(shared); });
+}
+
+std::string QtSettingsStore::load_problem() const {
+    return m_shared->load_problem;
+}
+
+std::string QtSettingsStore::save_problem() const {
+    const std::lock_guard lock(m_shared->mutex);
+    return m_shared->save_problem;
+}
+
+void QtSettingsStore::set_problem_handler(MainThread& main_thread, ProblemHandler handler) {
+    m_shared->handler = std::move(handler);
+    const std::lock_guard lock(m_shared->mutex);
+    m_shared->main_thread = m_shared->handler ? &main_thread : nullptr;
+}
+
+int QtSettingsStore::finish(std::chrono::milliseconds time_limit, std::string& sentence) {
+    schedule(); // also what failed before
+    std::unique_lock lock(m_shared->mutex);
+    if (!m_shared->rest.wait_for(lock, time_limit, [&] { return !m_shared->scheduled; })) {
+        sentence = "The settings could not be saved in time.";
+        return -1;
+    }
+    if (m_shared->pending.empty())
+        return 0;
+    sentence = m_shared->save_problem;
+    return -1;
+}
+
+} // namespace tickervantage

@@ -1,0 +1,53 @@
+// The settings store of the program and of tickerctl: an INI file, read once when the store is made.
+//
+// Reading and writing through the store only touches memory. Changes go to the disk behind it, on the queue given,
+// several at a time. A save that fails keeps its changes; the next one, or `finish`, tries again. Main thread only,
+// except for the work that it hands to the queue. The logger must outlive the queue, the queue the store.
+#pragma once
+
+#include "platform/dispatch.h"
+#include "platform/logger.h"
+#include "platform/settings_store.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace tickervantage {
+
+class QtSettingsStore : public SettingsStore {
+public:
+    using ProblemHandler = std::function<void(const std::string& sentence)>;
+
+    QtSettingsStore(const std::string& path, DispatchQueueSerial& queue, Logger& logger);
+    ~QtSettingsStore() override;
+    QtSettingsStore(const QtSettingsStore&) = delete;
+    QtSettingsStore& operator=(const QtSettingsStore&) = delete;
+
+    [[nodiscard]] std::optional<std::vector<std::string>> read(std::string_view key) const override;
+    void write(std::string_view key,
+               const std::vector<std::string>& value) override; // bytes that are no UTF-8 are replaced
+    void remove(std::string_view key) override;
+
+    // What was wrong with the file when it was read, and with the last save; empty: nothing.
+    [[nodiscard]] std::string load_problem() const;
+    [[nodiscard]] std::string save_problem() const;
+
+    // Calls the handler on the main thread with each new problem of a save. An empty handler ends that.
+    void set_problem_handler(MainThread& main_thread, ProblemHandler handler);
+
+    // For the end of the program: blocks until every change is on the disk. 0, or -1 and one sentence.
+    [[nodiscard]] int finish(std::chrono::milliseconds time_limit, std::string& sentence);
+
+private:
+    struct Shared;
+
+    void change(std::string_view key, std::optional<std::vector<std::string>> value);
+    void schedule();
+
+    std::shared_ptr<Shared> m_shared; // with the work on the queue, which may come round after the store has gone
+    DispatchQueueSerial& m_queue;
+};
+
+} // namespace tickervantage

@@ -1,0 +1,45 @@
+// The settings file: one INI file that several processes may change.
+//
+// A change reads the file as it is now and lays only the changed keys over it, so that what another process wrote and
+// keys that nobody knows survive. A file that cannot be read is never written. Waits for the disk; one thread at a
+// time.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tickervantage {
+
+using SettingTexts = std::vector<std::string>;
+using SettingValues = std::map<std::string, SettingTexts, std::less<>>;
+using SettingChanges = std::map<std::string, std::optional<SettingTexts>, std::less<>>; // no value: removed
+
+class SettingsFile {
+public:
+    explicit SettingsFile(const std::string& path); // a link is followed, and stays a link
+
+    // The values, none when there is no file or it cannot be used. The sentence is empty when all is well. A damaged
+    // file is kept aside under another name.
+    [[nodiscard]] SettingValues load(std::string& sentence) const;
+
+    // 0: saved; the sentence, when there is one, says what else happened. -1: not saved, and why; the file is as it
+    // was. `known` is what the program works with: should the file turn out damaged, it takes the place of it.
+    [[nodiscard]] int save(const SettingChanges& changes, const SettingValues& known, std::string& sentence) const;
+
+    [[nodiscard]] const std::string& path() const { return m_path; }
+
+private:
+    struct Content;
+
+    [[nodiscard]] Content read() const;
+    [[nodiscard]] bool keep_aside(const Content& damaged, std::string& sentence) const;
+
+    std::string m_path;
+    std::string m_folder;
+};
+
+} // namespace tickervantage

@@ -1,0 +1,37 @@
+#include "programs/tickerctl/daemon_access.h"
+
+#include "config/preferences.h"
+#include "config/settings_catalogue.h"
+
+namespace tickervantage {
+
+int DaemonAccess::start_demonstration(const Paths& paths, std::string& sentence) {
+    if (m_demonstration.start(paths.bundle_program("chronyd"), paths.temporary + "demonstration", sentence) != 0)
+        return -1;
+    host = m_demonstration.socket();
+    return 0;
+}
+
+int DaemonAccess::wait_for_demonstration(const Paths& paths, std::string& sentence) {
+    constexpr std::chrono::seconds limit{15};
+    return m_demonstration.wait_until_synchronised(m_execute, paths.bundle_program("chronyc"), limit, sentence);
+}
+
+ChronyPrograms configured_programs(const DefaultSettings& settings, const Paths& paths) {
+    const auto general = PreferencesGeneral::load(settings);
+    return {paths.bundle, general.chronyc, general.chronyd};
+}
+
+Runchronyc DaemonAccess::runner(const DefaultSettings& settings, const Paths& paths) {
+    std::vector<std::string> extra;
+    if (!host.empty())
+        extra = {"-h", host};
+    return {m_execute,
+            m_actions,
+            configured_programs(settings, paths),
+            !load(settings, settings::ip_address),
+            load(settings, settings::original_name),
+            extra};
+}
+
+} // namespace tickervantage

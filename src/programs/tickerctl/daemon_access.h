@@ -1,0 +1,39 @@
+// How tickerctl reaches a daemon: the machine's own, one at an address, or a demonstration pair of its own.
+#pragma once
+
+#include "chrony/runchronyc.h"
+#include "platform/linux/demonstration.h"
+#include "platform/linux/no_privileged_channel.h"
+#include "platform/linux/posix_execute.h"
+#include "platform/paths.h"
+#include "privileged/privileged_actions.h"
+
+#include <string>
+#include <vector>
+
+namespace tickervantage {
+
+class DefaultSettings;
+
+class DaemonAccess {
+public:
+    std::string host; // of chronyc's option -h; empty: chronyc's own choice
+
+    // Starts a demonstration pair and makes it the daemon. Early in main, before there are threads.
+    [[nodiscard]] int start_demonstration(const Paths& paths, std::string& sentence);
+    // Waits until the pair is synchronised.
+    [[nodiscard]] int wait_for_demonstration(const Paths& paths, std::string& sentence);
+
+    [[nodiscard]] Runchronyc runner(const DefaultSettings& settings, const Paths& paths);
+    [[nodiscard]] Execute& execute() { return m_execute; }
+
+private:
+    PosixExecute m_execute;
+    NoPrivilegedChannel m_channel;
+    PrivilegedActions m_actions{m_channel};
+    Demonstration m_demonstration;
+};
+
+[[nodiscard]] ChronyPrograms configured_programs(const DefaultSettings& settings, const Paths& paths);
+
+} // namespace tickervantage

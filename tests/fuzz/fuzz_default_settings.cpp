@@ -1,0 +1,40 @@
+// Any bytes as the text of a setting: nothing crashes, and what is accepted has a normal form that stays as it is.
+#include "config/settings_catalogue.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+
+using namespace tickervantage;
+
+namespace {
+
+void require(bool holds) {
+    if (!holds)
+        std::abort();
+}
+
+void check_one(const SettingKey& setting, std::string_view text) {
+    std::vector<std::string> value;
+    std::string reason;
+    if (check_setting(setting, text, value, reason) != 0) {
+        require(!reason.empty() && value.empty());
+        return;
+    }
+    if (value.size() != 1)
+        return; // a list
+    std::vector<std::string> again;
+    require(check_setting(setting, value.front(), again, reason) == 0 && again == value);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string text(data, data + size);
+    for (const auto& setting : all_settings())
+        check_one(setting, text);
+    if (const auto number = double_from_text(text))
+        require(double_from_text(text_from_double(*number).value_or("")) == number);
+    (void)is_plain_utf8(text);
+    return 0;
+}

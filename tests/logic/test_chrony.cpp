@@ -1,0 +1,124 @@
+#include "chrony/runchronyc.h"
+#include "chrony/text_lines.h"
+#include "chrony/tracking_report.h"
+#include "privileged/privileged_actions.h"
+#include "support/fake_privileged_channel.h"
+#include "support/scripted_execute.h"
+#include "support/tracking_text.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace tickervantage {
+namespace {
+
+using testing::tracking_text;
+
+TEST(TrackingReport, ReadsEveryFieldWithItsSign) {
+    const auto report = parse_tracking(tracking_text());
+    EXPECT_EQ(report.frequency, -12.345);
+    EXPECT_EQ(report.systemtime, -0.000000806);
+    EXPECT_EQ(report.lastoffset, -0.000000032);
+    EXPECT_EQ(report.rmsoffset, 0.000001125);
+    EXPECT_EQ(report.rootdelay, 0.000005637);
+    EXPECT_EQ(report.rootdispersion, 0.000001995);
+    EXPECT_EQ(report.leapstatus, "Normal");
+}
+
+TEST(TrackingReport, SignFollowsTheWords) {
+    struct Case {
+        const char* text;
+        double frequency;
+        double systemtime;
+    };
+    for (const auto& [text, frequency, systemtime] : {
+             Case{"Frequency : 1.5 ppm fast\nSystem time : 0.25 seconds fast of NTP time", 1.5, 0.25},
+             Case{"Frequency : 1.5 ppm slow\nSystem time : 0.25 seconds slow of NTP time", -1.5, -0.25},
+             Case{"Frequency : 1.5 ppm\nSystem time : 0.25 seconds", -1.5, 0.25},
+             Case{"Frequency : -1.5 ppm slow\nSystem time : +0.25 seconds", 1.5, 0.25},
+             Case{"Frequency : 0.000 ppm slow\nSystem time : 0.0 seconds slow", 0, 0},
+         }) {
+        const auto report = parse_tracking(text);
+        EXPECT_EQ(report.frequency, frequency) << text;
+        EXPECT_EQ(report.systemtime, systemtime) << text;
+        EXPECT_FALSE(std::signbit(report.frequency) && frequency == 0) << text;
+    }
+}
+
+TEST(TrackingReport, WhatIsMissingOrNoNumberIsZero) {
+    for (const char* text : {"", "506 Cannot talk to daemon\n", "Last offset", "Last offset :", "Last offset : none",
+                             "Last offset : nan", "Last offset : inf seconds", ": 5", "Last offset : 1e999"}) {
+        const auto report = parse_tracking(text);
+        EXPECT_EQ(report.lastoffset, 0) << text;
+        EXPECT_EQ(report.leapstatus, "") << text;
+    }
+}
+
+TEST(TrackingReport, KeyEndsAtTheFirstColonAndTheLastLineCounts) {
+    const auto report = parse_tracking("Leap status : a: b\r\n\n\n  Last offset:1e-3x\nLast offset\t:  2.5e-3 s\n");
+    EXPECT_EQ(report.leapstatus, "a: b");
+    EXPECT_EQ(report.lastoffset, 2.5e-3);
+}
+
+TEST(TextLines, WordsAndLinesSkipWhatIsEmpty) {
+    EXPECT_EQ(trimmed(" \t a b \r\n"), "a b");
+    EXPECT_EQ(trimmed("\n"), "");
+    EXPECT_EQ(non_empty_lines("\n\na\n\nb").size(), 2U);
+    EXPECT_EQ(first_words("  chronyc (chrony)\tversion 4.3 (+X)\n", 4), "chronyc (chrony) version 4.3");
+    EXPECT_EQ(first_words("one", 4), "one");
+}
+
+struct RunnerTest : ::testing::Test {
+    testing::ScriptedExecute execute;
+    testing::FakePrivilegedChannel channel;
+    PrivilegedActions actions{channel};
+    ChronyPrograms programs{"/no/such/Bundle.app", "/bin/true", "/no/such/chronyd"};
+
+    Runchronyc runner(bool resolv, bool original, std::vector<std::string> extra = {}) {
+        return {execute, actions, programs, resolv, original, std::move(extra)};
+    }
+};
+
+TEST_F(RunnerTest, OptionsComeBeforeTheCommandWhichIsOneArgument) {
+    (void)runner(true, false).run("sources -v");
+    (void)runner(false, true).run("tracking");
+    (void)runner(false, false, {"-h", "/a socket"}).run("manual list");
+    EXPECT_EQ(execute.calls, (std::vector<std::string>{"true|sources -v", "true|-n|-N|tracking",
+                                                       "true|-n|-h|/a socket|manual list"}));
+}
+
+TEST_F(RunnerTest, MissingProgramFallsBackToTheBundle) {
+    EXPECT_EQ(choose_program("/bin/true", programs, bundle_chronyc), "/bin/true");
+    for (const char* path : {"", "/no/such/chronyc", "/bin/true/below a file"})
+        EXPECT_EQ(choose_program(path, programs, bundle_chronyc), "/no/such/Bundle.app/Contents/MacOS/chronyc");
+    execute.answer("chronyd", "chronyd (chrony) version 4.3 (+CMDMON)\n");
+    EXPECT_EQ(version_query(execute, programs, bundle_chronyd).output, "chronyd (chrony) version 4.3 (+CMDMON)\n");
+    EXPECT_EQ(execute.calls, std::vector<std::string>{"chronyd|-n|-v"});
+}
+
+TEST_F(RunnerTest, UnknownProgramIsNotRunForItsVersion) {
+    EXPECT_EQ(version_query(execute, programs, "/bin/sh").output, "Unknown program: /bin/sh");
+    EXPECT_TRUE(execute.calls.empty());
+}
+
+TEST_F(RunnerTest, PrivilegedRunIsOneShellLineAndEmptyWithoutTheHelper) {
+    programs.chronyc = "/usr/local/bin/chronyc";
+    channel.reply = "report";
+    const auto one = runner(true, false);
+    EXPECT_EQ(one.run_privileged(false, false, "ntpdata", "192.0.2.1"), "");
+    EXPECT_TRUE(channel.commands.empty());
+    channel.is_ready = true;
+    EXPECT_EQ(one.run_privileged(false, false, "ntpdata", "192.0.2.1"), "report");
+    (void)one.run_privileged(true, true, "clients", "");
+    (void)one.run_privileged(false, true, "authdata -a", "");
+    EXPECT_EQ(channel.commands, (std::vector<std::string>{
+                                    "/bin/sh -c '/usr/local/bin/chronyc -n  ntpdata 192.0.2.1' 2>&1",
+                                    "/bin/sh -c '/usr/local/bin/chronyc -N clients' 2>&1",
+                                    "/bin/sh -c '/usr/local/bin/chronyc -n  -N authdata -a' 2>&1",
+                                }));
+    EXPECT_TRUE(execute.calls.empty());
+}
+
+} // namespace
+} // namespace tickervantage

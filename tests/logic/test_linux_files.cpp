@@ -1,0 +1,317 @@
+// Where the program's files lie, its private temporary folder, its log, and desktop files.
+#include "platform/linux/desktop_applications.h"
+#include "platform/linux/file_logger.h"
+#include "platform/linux/private_temporary.h"
+#include "platform/linux/xdg_paths.h"
+#include "support/manual_dispatch.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+
+namespace tickervantage {
+namespace {
+
+namespace fs = std::filesystem;
+using Variables = std::map<std::string, std::string>;
+
+EnvironmentLookup lookup_in(const Variables& variables) {
+    return [variables](const std::string& name) -> std::optional<std::string> {
+        const auto found = variables.find(name);
+        return found == variables.end() ? std::nullopt : std::optional(found->second);
+    };
+}
+
+class Folder {
+public:
+    Folder() : m_path((fs::temp_directory_path() / "tv-test-XXXXXX").string()) {
+        if (mkdtemp(m_path.data()) == nullptr)
+            throw std::runtime_error("no folder for the test");
+    }
+    ~Folder() { fs::remove_all(m_path); }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    [[nodiscard]] const std::string& path() const { return m_path; }
+    [[nodiscard]] std::string file(const std::string& name) const { return m_path + "/" + name; }
+
+private:
+    std::string m_path;
+};
+
+std::string text_of(const std::string& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+mode_t mode_of(const std::string& path) {
+    struct stat info {};
+    return lstat(path.c_str(), &info) == 0 ? info.st_mode & 07777U : 0;
+}
+
+// Puts TMPDIR back, which a private temporary folder changes for the whole process.
+class KeepTmpdir {
+public:
+    KeepTmpdir() : m_value(process_environment("TMPDIR")) {}
+    ~KeepTmpdir() { m_value ? setenv("TMPDIR", m_value->c_str(), 1) : unsetenv("TMPDIR"); }
+    KeepTmpdir(const KeepTmpdir&) = delete;
+    KeepTmpdir& operator=(const KeepTmpdir&) = delete;
+
+private:
+    std::optional<std::string> m_value;
+};
+
+TEST(XdgPaths, FollowTheBaseDirectoryRules) {
+    struct Case {
+        const char* what;
+        Variables variables;
+        std::string settings, data_home, state, applications, temporary;
+    };
+    const std::string system = ":/usr/local/share/applications:/usr/share/applications";
+    const Case cases[] = {
+        {"defaults",
+         {{"HOME", "/home/a"}},
+         "/home/a/.config/Tickervantage/Tickervantage.ini",
+         "/home/a/.local/share",
+         "/home/a/.local/state/Tickervantage",
+         "/home/a/.local/share/applications" + system,
+         "/tmp/"},
+        {"absolute values count, slashes at their end do not",
+         {{"HOME", "/home/a"},
+          {"XDG_CONFIG_HOME", "/c/"},
+          {"XDG_DATA_HOME", "/d"},
+          {"XDG_STATE_HOME", "/s"},
+          {"XDG_DATA_DIRS", "/x/:relative:/d::/x"},
+          {"TMPDIR", "/t"}},
+         "/c/Tickervantage/Tickervantage.ini",
+         "/d",
+         "/s/Tickervantage",
+         "/d/applications:/x/applications",
+         "/t/"},
+        {"relative and empty values are passed over",
+         {{"HOME", "/home/a"}, {"XDG_CONFIG_HOME", "c"}, {"XDG_DATA_HOME", ""}, {"XDG_DATA_DIRS", ""}, {"TMPDIR", ""}},
+         "/home/a/.config/Tickervantage/Tickervantage.ini",
+         "/home/a/.local/share",
+         "/home/a/.local/state/Tickervantage",
+         "/home/a/.local/share/applications" + system,
+         "/tmp/"},
+        {"without HOME the user database decides",
+         {{"TMPDIR", "/t/"}},
+         "/home/b/.config/Tickervantage/Tickervantage.ini",
+         "/home/b/.local/share",
+         "/home/b/.local/state/Tickervantage",
+         "/home/b/.local/share/applications" + system,
+         "/t/"},
+    };
+    for (const auto& c : cases) {
+        const auto paths = work_out_paths({lookup_in(c.variables), "/x", "/home/b"});
+        EXPECT_EQ(paths.settings, c.settings) << c.what;
+        EXPECT_EQ(paths.data_home, c.data_home) << c.what;
+        EXPECT_EQ(paths.state, c.state) << c.what;
+        EXPECT_EQ(paths.applications, c.applications) << c.what;
+        EXPECT_EQ(paths.temporary, c.temporary) << c.what;
+    }
+}
+
+TEST(XdgPaths, FindTheBundleAroundTheProgram) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"/opt/Tickervantage.app/Contents/MacOS/tickerctl", "/opt/Tickervantage.app"},
+        {"/opt/Other.app/Contents/MacOS/tickerctl", "/usr/lib/tickervantage/Tickervantage.app"},
+        {"/home/a/build/test", "/usr/lib/tickervantage/Tickervantage.app"},
+        {"", "/usr/lib/tickervantage/Tickervantage.app"},
+    };
+    for (const auto& [program, bundle] : cases)
+        EXPECT_EQ(work_out_paths({lookup_in({}), program, "/h"}).bundle, bundle) << program;
+}
+
+TEST(PrivateTemporary, IsPrivateExportedAndRemovedWithoutFollowingLinks) {
+    const KeepTmpdir keep;
+    const Folder runtime;
+    const Folder outside;
+    std::ofstream(outside.file("precious")) << "x";
+    std::string path;
+    {
+        const PrivateTemporary temporary(lookup_in({{"XDG_RUNTIME_DIR", runtime.path()}}), runtime.path());
+        path = temporary.path();
+        EXPECT_EQ(temporary.problem(), "");
+        EXPECT_TRUE(path.starts_with(runtime.path()) && path.ends_with("/")) << path;
+        EXPECT_EQ(process_environment("TMPDIR"), path);
+        EXPECT_EQ(mode_of(path.substr(0, path.size() - 1)), 0700U);
+        fs::create_directory_symlink(outside.path(), path + "link");
+        fs::create_directories(path + "deep/er");
+        std::ofstream(path + "deep/er/file") << "x";
+    }
+    EXPECT_FALSE(fs::exists(path));
+    EXPECT_EQ(text_of(outside.file("precious")), "x");
+}
+
+TEST(PrivateTemporary, RemovesWhatDeadRunsLeftAndNothingElse) {
+    const KeepTmpdir keep;
+    const Folder base;
+    fs::create_directory(base.file("tickervantage-dead"));
+    std::ofstream(base.file("tickervantage-dead/lock")) << "";
+    fs::create_directory(base.file("tickervantage-being-made"));
+    fs::create_directory(base.file("foreign"));
+    const PrivateTemporary alive(lookup_in({}), base.path());
+    const PrivateTemporary another(lookup_in({}), base.path());
+    EXPECT_FALSE(fs::exists(base.file("tickervantage-dead")));
+    EXPECT_TRUE(fs::exists(base.file("tickervantage-being-made")));
+    EXPECT_TRUE(fs::exists(base.file("foreign")));
+    EXPECT_TRUE(fs::exists(alive.path()));
+    EXPECT_NE(alive.path(), another.path());
+}
+
+TEST(PrivateTemporary, FallsBackToTmpWithAReason) {
+    const KeepTmpdir keep;
+    const PrivateTemporary temporary(lookup_in({{"XDG_RUNTIME_DIR", "/nonexistent"}}), "/nonexistent");
+    EXPECT_EQ(temporary.path(), "/tmp/");
+    EXPECT_EQ(process_environment("TMPDIR"), "/tmp/");
+    EXPECT_NE(temporary.problem(), "");
+}
+
+const std::chrono::system_clock::time_point november =
+    std::chrono::sys_days(std::chrono::year(2026) / 11 / 21) + std::chrono::seconds(5 * 3600 + 20 * 60 + 32);
+
+TEST(LogLine, CarriesTimeLevelAndAHarmlessSentence) {
+    struct Case {
+        LogLevel level;
+        std::string sentence, line;
+    };
+    const std::string time = "2026-11-21T05:20:32Z ";
+    const Case cases[] = {
+        {LogLevel::info, "Started.", time + "info Started."},
+        {LogLevel::warning, "", time + "warning "},
+        {LogLevel::error, "a\nb\t\x1b[2J\x7f", time + "error a\\x0ab\\x09\\x1b[2J\\x7f"},
+        {LogLevel::info, "µs \u20ac \U0001F552", time + "info µs \u20ac \U0001F552"},
+        {LogLevel::info, "c1 \xc2\x9b", time + "info c1 \\xc2\\x9b"},
+        {LogLevel::info, "cut \xe2\x82", time + "info cut \\xe2\\x82"},
+        {LogLevel::info, std::string("nul\0", 4), time + "info nul\\x00"},
+        {LogLevel::info, std::string(4095, 'a') + "µ", time + "info " + std::string(4095, 'a') + "..."},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(log_line(november, c.level, c.sentence), c.line);
+}
+
+TEST(FileLogger, WritesOnTheQueueAndTheRestAtClose) {
+    const Folder folder;
+    testing::ManualQueue queue;
+    FileLogger logger(queue, folder.file("state"), [] { return november; });
+    const auto file = folder.file("state/tickervantage.log");
+    logger.log(LogLevel::info, "one");
+    logger.log(LogLevel::info, "two");
+    EXPECT_FALSE(fs::exists(file));
+    EXPECT_EQ(queue.waiting(), 1U);
+    queue.turn();
+    logger.log(LogLevel::info, "three");
+    logger.close();
+    logger.log(LogLevel::info, "four");
+    queue.turn();
+    EXPECT_EQ(text_of(file), "2026-11-21T05:20:32Z info one\n2026-11-21T05:20:32Z info two\n"
+                             "2026-11-21T05:20:32Z info three\n");
+    EXPECT_EQ(mode_of(file), 0600U);
+    EXPECT_EQ(mode_of(folder.file("state")), 0700U);
+}
+
+TEST(FileLogger, KeepsOneOldFileAndBoundsItsBacklog) {
+    const Folder folder;
+    testing::ManualQueue queue;
+    FileLogger logger(queue, folder.path(), [] { return november; });
+    const auto file = folder.file("tickervantage.log");
+    std::ofstream(file) << std::string((1U << 20U) - 10, 'x');
+    std::ofstream(file + ".1") << "older";
+    for (int i = 0; i < 1003; ++i)
+        logger.log(LogLevel::info, "line");
+    queue.turn();
+    EXPECT_EQ(fs::file_size(file + ".1"), (1U << 20U) - 10);
+    const auto text = text_of(file);
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1001);
+    EXPECT_TRUE(text.ends_with(" warning 3 lines were dropped here.\n"));
+}
+
+TEST(FileLogger, ComplainsOnceWhenTheFileCannotBeWritten) {
+    testing::ManualQueue queue;
+    ::testing::internal::CaptureStderr();
+    FileLogger logger(queue, "/proc/nowhere");
+    for (int i = 0; i < 3; ++i) {
+        logger.log(LogLevel::info, "lost");
+        queue.turn();
+    }
+    const auto complaint = ::testing::internal::GetCapturedStderr();
+    EXPECT_NE(complaint.find("/proc/nowhere/tickervantage.log cannot be written"), std::string::npos);
+    EXPECT_EQ(std::count(complaint.begin(), complaint.end(), '\n'), 1);
+}
+
+std::string desktop_file(const std::string& more) {
+    return "# comment\n[Desktop Entry]\nType=Application\nName=Meridianox\nIcon=globe\n" + more;
+}
+
+TEST(DesktopFile, GivesTheCommandLine) {
+    struct Case {
+        std::string exec;
+        std::vector<std::string> argv; // empty: no application
+    };
+    const Case cases[] = {
+        {"app", {"app"}},
+        {"  app   --x  y ", {"app", "--x", "y"}},
+        {"app %f %F %u %U", {"app"}},
+        {"app --file=%f 100%%", {"app", "--file=", "100%"}},
+        {"app %i %c %k", {"app", "--icon", "globe", "Meridianox", "/p"}},
+        {R"("/opt/my app/x" "a \\$b \\"c\\" \\\\" "")", {"/opt/my app/x", R"(a $b "c" \)", ""}},
+        {R"(app "open)", {}},
+        {"app %", {}},
+        {"app %y", {}},
+        {"%f", {}},
+        {"A=b app", {}},
+        {"", {}},
+    };
+    for (const auto& c : cases) {
+        const auto found = parse_desktop_file(desktop_file("Exec=" + c.exec + "\n"), "/p");
+        ASSERT_EQ(found.has_value(), !c.argv.empty()) << c.exec;
+        if (found) {
+            EXPECT_EQ(found->argv, c.argv) << c.exec;
+        }
+    }
+}
+
+TEST(DesktopFile, DecidesWhetherTheApplicationExists) {
+    const std::pair<std::string, bool> cases[] = {
+        {"Exec=a\n", true},
+        {"NoDisplay=true\nExec=a\n", true},
+        {"Hidden=true\nExec=a\n", false},
+        {"Hidden = true\r\nExec=a\r\n", false},
+        {"TryExec=/nonexistent\nExec=a\n", false},
+        {"TryExec=sh\nExec=a\n", true},
+        {"[Desktop Action x]\nExec=a\nHidden=true\n", false},
+        {"Exec=a\n[Desktop Action x]\nHidden=true\nExec=b\n", true},
+        {"", false},
+    };
+    for (const auto& [more, exists] : cases)
+        EXPECT_EQ(parse_desktop_file(desktop_file(more), "/p").has_value(), exists) << more;
+    EXPECT_FALSE(parse_desktop_file("[Desktop Entry]\nType=Link\nName=x\nExec=a\n", "/p"));
+}
+
+TEST(FindApplication, TakesTheFirstFolderThatHasTheFile) {
+    const Folder own;
+    const Folder system;
+    const auto folders = own.path() + ":/nonexistent:" + system.path();
+    const std::string name = "net.brisklane.Meridianox.desktop";
+    EXPECT_FALSE(find_application(folders, "net.brisklane.Meridianox"));
+    std::ofstream(system.file(name)) << desktop_file("Exec=system\n");
+    ASSERT_TRUE(find_application(folders, "net.brisklane.Meridianox"));
+    std::ofstream(own.file(name)) << desktop_file("Exec=own\n");
+    EXPECT_EQ(find_application(folders, "net.brisklane.Meridianox")->argv.front(), "own");
+    EXPECT_EQ(find_application(folders, "net.brisklane.Meridianox")->desktop_file, own.file(name));
+    std::ofstream(own.file(name)) << desktop_file("Exec=own\nHidden=true\n");
+    EXPECT_FALSE(find_application(folders, "net.brisklane.Meridianox"));
+    std::ofstream(own.file(name)) << desktop_file("Exec=own\n#" + std::string(256U << 10U, 'x') + "\n");
+    EXPECT_FALSE(find_application(folders, "net.brisklane.Meridianox"));
+    EXPECT_FALSE(find_application(folders, "../" + own.file("x")));
+}
+
+} // namespace
+} // namespace tickervantage

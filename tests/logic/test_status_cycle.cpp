@@ -1,0 +1,406 @@
+#include "config/settings_keys.h"
+#include "mainwindow/commands.h"
+#include "mainwindow/current_frequency.h"
+#include "mainwindow/status_cycle.h"
+#include "support/fake_privileged_channel.h"
+#include "support/manual_dispatch.h"
+#include "support/manual_timer.h"
+#include "support/memory_stores.h"
+#include "support/scripted_execute.h"
+#include "support/tracking_text.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace tickervantage {
+namespace {
+
+using testing::tracking_text;
+
+class FakeDisplay : public StatusDisplay {
+public:
+    int clock_redraws = 0;
+    std::string meter_value;
+    std::vector<chronydStatus> states;
+    bool not_adjusted = false;
+    std::string version_labels;
+    bool original_offered = true;
+    bool server_field = true;
+    std::vector<std::string> servers;
+    std::string server;
+    std::string output;
+    StatusNotice notice;
+    bool gpsd = false;
+    std::string stopped;
+
+    void redraw_clock() override { ++clock_redraws; }
+    void redraw_meter() override {}
+    void show_meter_value(const std::string& text) override { meter_value = text; }
+    void show_status(chronydStatus status) override { states.push_back(status); }
+    void show_clock_not_adjusted(bool shown) override { not_adjusted = shown; }
+    void show_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) override {
+        version_labels = chronyc.label + chronyc.failure + "; " + chronyd.label + chronyd.failure;
+    }
+    void show_original_name_choice(bool offered) override { original_offered = offered; }
+    void show_server_field(bool shown) override { server_field = shown; }
+    void show_servers(const std::vector<std::string>& names, const std::string& current) override {
+        servers = names;
+        server = current;
+    }
+    void show_output(const std::string& text) override { output = text; }
+    void show_notice(const StatusNotice& shown) override { notice = shown; }
+    void enable_gpsd_item(bool enabled) override { gpsd = enabled; }
+    void stop_program(const std::string& error) override { stopped = error; }
+    void stop_for_version(const std::string& program, const std::string& answer) override {
+        stopped = program + ": " + answer;
+    }
+};
+
+struct StatusCycleTest : ::testing::Test {
+    FakeDisplay display;
+    testing::ScriptedExecute execute;
+    testing::FakePrivilegedChannel channel;
+    PrivilegedActions actions{channel};
+    testing::ManualQueue queue;
+    testing::ManualMainThread main_thread;
+    testing::ManualMasterTimer timer;
+    Broadcast broadcast{main_thread};
+    testing::MemorySettingsStore store;
+    DefaultSettings settings{store};
+    bool preference_adjusts = true;
+    bool gpsd_found = false;
+    std::unique_ptr<StatusCycle> cycle;
+
+    void SetUp() override {
+        execute.answer("chronyc tracking", tracking_text());
+        execute.answer("chronyc -v", "chronyc (chrony) version 4.3 (+READLINE)\n");
+        execute.answer("chronyd -v", "chronyd (chrony) version 4.3 (+CMDMON)\n");
+        execute.answer("pgrep", "1 chronyd -F 1\n");
+    }
+
+    void load() {
+        cycle = std::make_unique<StatusCycle>(
+            display, StatusCycleParts{execute, actions, queue, main_thread, timer, broadcast, settings},
+            StatusCycleOptions{.programs = [] { return ChronyPrograms{"/bundle", "", ""}; },
+                               .adjusts_clock_by_preference = [this] { return preference_adjusts; },
+                               .gpsd_application_found = [this] { return gpsd_found; },
+                               .chronyc_arguments = {},
+                               .pidfile = {}});
+        cycle->load();
+        settle();
+    }
+
+    void settle() {
+        while (queue.turn() || main_thread.turn()) {
+        }
+    }
+
+    [[nodiscard]] long calls(const std::string& call) const { return std::ranges::count(execute.calls, call); }
+};
+
+TEST_F(StatusCycleTest, FirstReadingFillsTheWindow) {
+    gpsd_found = true;
+    load();
+    EXPECT_EQ(display.states, (std::vector{chronydStatus::unavailable, chronydStatus::synchronised}));
+    EXPECT_EQ(display.meter_value, "-32.000 ns");
+    EXPECT_EQ(display.output, tracking_text());
+    EXPECT_EQ(display.version_labels, "chronyc (chrony) version 4.3; chronyd (chrony) version 4.3");
+    EXPECT_FALSE(display.not_adjusted);
+    EXPECT_FALSE(display.server_field);
+    EXPECT_TRUE(display.gpsd);
+    EXPECT_EQ(display.notice, StatusNotice{});
+    EXPECT_EQ(timer.find("updatetimer")->interval(), 10);
+}
+
+TEST_F(StatusCycleTest, LeapStatusDecidesTheState) {
+    struct Case {
+        const char* leap;
+        chronydStatus expected;
+        const char* meter;
+    };
+    load();
+    for (const auto& [leap, expected, meter] : {
+             Case{"Normal", chronydStatus::synchronised, "-32.000 ns"},
+             Case{"Not synchronised", chronydStatus::notlocked, "-32.000 ns"},
+             Case{"Insert second", chronydStatus::notlocked, "-32.000 ns"},
+             Case{"Delete second", chronydStatus::unavailable, "0.000 ns"},
+             Case{"normal", chronydStatus::unavailable, "0.000 ns"},
+             Case{"", chronydStatus::unavailable, "0.000 ns"},
+         }) {
+        execute.answer("chronyc tracking", tracking_text(leap));
+        timer.advance(10);
+        settle();
+        EXPECT_EQ(display.states.back(), expected) << leap;
+        EXPECT_EQ(display.meter_value, meter) << leap;
+    }
+}
+
+TEST_F(StatusCycleTest, MeterShowsTheChosenQuantity) {
+    struct Case {
+        meterView view;
+        const char* text;
+        double handed_over;
+    };
+    load();
+    for (const auto& [view, text, handed_over] : {
+             Case{meterView::systemtime, "-0.806 µs", -806},
+             Case{meterView::lastoffset, "-32.000 ns", -32},
+             Case{meterView::rmsoffset, "1.125 µs", 1125},
+             Case{meterView::rootdelay, "5.637 µs", 5637},
+             Case{meterView::rootdispersion, "1.995 µs", 1995},
+             Case{meterView::frequency, "-12.345 µs/s", -12345},
+         }) {
+        cycle->selectMeter(static_cast<int>(view));
+        settle();
+        EXPECT_EQ(display.meter_value, text);
+        EXPECT_NEAR(cycle->meter().value(), handed_over, 1e-6);
+    }
+    cycle->selectMeter(6);
+    EXPECT_FALSE(display.stopped.empty());
+}
+
+TEST_F(StatusCycleTest, FrequencyIsBroadcastAfterEveryReading) {
+    std::vector<double> heard;
+    broadcast.AddListener(current_frequency_key, "test", [&](std::string_view, const std::any& object) {
+        heard.push_back(std::any_cast<current_frequency>(object).freq);
+    });
+    load();
+    timer.advance(10);
+    settle();
+    EXPECT_EQ(heard, (std::vector{-12.345, -12.345}));
+}
+
+TEST_F(StatusCycleTest, TrackingIsRunOnceAReadingAndOtherCommandsOnceMore) {
+    load();
+    EXPECT_EQ(calls("chronyc|tracking"), 1);
+    execute.answer("chronyc sources -v", "a table\n");
+    cycle->chronycCommand("sources -v");
+    settle();
+    EXPECT_EQ(display.output, "a table\n");
+    EXPECT_EQ(calls("chronyc|tracking"), 2);
+    EXPECT_EQ(calls("chronyc|sources -v"), 1);
+}
+
+TEST_F(StatusCycleTest, VersionTextNeedsNoRun) {
+    load();
+    cycle->chronycCommand("version");
+    settle();
+    EXPECT_TRUE(display.output.starts_with("chronyd (chrony) version 4.3 (+CMDMON)\n\nchronyc (chrony) version 4.3"));
+    EXPECT_TRUE(display.output.ends_with("\nnettle-3.9\nlibtasn1-4.19.0"));
+    EXPECT_EQ(calls("chronyc|version"), 0);
+}
+
+TEST_F(StatusCycleTest, PrivilegedReportsComeThroughTheHelperOrStayEmpty) {
+    load();
+    for (const char* command : {"authdata", "ntpdata", "selectdata", "clients"}) {
+        cycle->chronycCommand(command);
+        settle();
+        EXPECT_EQ(display.output, "") << command;
+        EXPECT_EQ(display.notice, (StatusNotice{StatusNotice::Kind::needs_helper, command}));
+        EXPECT_EQ(calls(std::string("chronyc|") + command), 0);
+    }
+    channel.is_ready = true;
+    channel.reply = "as root";
+    cycle->chronycCommand("authdata");
+    settle();
+    EXPECT_EQ(display.output, "as root");
+    EXPECT_EQ(channel.commands, std::vector<std::string>{"/bin/sh -c ' authdata -a' 2>&1"});
+    EXPECT_EQ(display.notice, StatusNotice{});
+}
+
+TEST_F(StatusCycleTest, NtpdataListsTheServersOfEitherHeading) {
+    execute.answer("chronyc sourcestats", "Name/IP Address  NP\n=====\nb.example  5 3\na.example  1 2\n");
+    store.values = {{"chronyc_command", {"ntpdata"}}, {"ntpdata_server", {"b.example"}}};
+    load();
+    EXPECT_TRUE(display.server_field);
+    EXPECT_EQ(display.servers, (std::vector<std::string>{"a.example", "b.example"}));
+    EXPECT_EQ(display.server, "b.example");
+
+    execute.answer("chronyc sourcestats", "210 Number of sources = 1\nName/IP Address  NP\n=====\nc.example  5\n");
+    cycle->chronycCommand("ntpdata");
+    settle();
+    EXPECT_EQ(display.servers, std::vector<std::string>{"c.example"});
+    EXPECT_EQ(display.server, "");
+
+    execute.answer("chronyc sourcestats", "Name/IP Address  NP\n=====\n");
+    cycle->chronycCommand("ntpdata");
+    settle();
+    EXPECT_EQ(display.servers, std::vector<std::string>{"c.example"});
+}
+
+TEST_F(StatusCycleTest, CheckboxesRebuildTheRunner) {
+    load();
+    cycle->showIPaddresses(true);
+    settle();
+    cycle->showOriginalName(true);
+    settle();
+    EXPECT_EQ(calls("chronyc|-n|tracking"), 1);
+    EXPECT_EQ(calls("chronyc|-n|-N|tracking"), 1);
+    EXPECT_EQ(calls("chronyc|-n|-v"), 3);
+}
+
+TEST_F(StatusCycleTest, Version35HasNoOriginalNames) {
+    execute.answer("chronyc -v", "chronyc (chrony) version 3.5 (+X)\n");
+    store.values = {{"original_name", {"true"}}};
+    load();
+    EXPECT_FALSE(display.original_offered);
+    EXPECT_FALSE(cycle->settings().showOriginalName);
+    EXPECT_EQ(execute.calls.back(), "chronyc|tracking");
+}
+
+TEST_F(StatusCycleTest, VersionOfFewerThanFourWordsStopsTheProgramButAMissingProgramDoesNot) {
+    execute.answer("chronyc -v", "not chrony\n");
+    load();
+    EXPECT_EQ(display.stopped, "chronyc: not chrony");
+
+    display.stopped.clear();
+    execute.answers.clear();
+    load();
+    EXPECT_EQ(display.stopped, "");
+    EXPECT_EQ(display.states.back(), chronydStatus::unavailable);
+    EXPECT_EQ(display.notice.kind, StatusNotice::Kind::chronyc_failed);
+    EXPECT_NE(display.version_labels.find("No such file"), std::string::npos);
+}
+
+TEST_F(StatusCycleTest, SilentDaemonIsUnavailableAndTriedAgain) {
+    execute.answer("chronyc tracking", "506 Cannot talk to daemon\n", 1);
+    load();
+    EXPECT_EQ(display.states.back(), chronydStatus::unavailable);
+    EXPECT_EQ(display.notice, (StatusNotice{StatusNotice::Kind::daemon_silent, "506 Cannot talk to daemon"}));
+    execute.answer("chronyc tracking", tracking_text());
+    timer.advance(10);
+    settle();
+    EXPECT_EQ(display.states.back(), chronydStatus::synchronised);
+}
+
+TEST_F(StatusCycleTest, HangingChronycIsNotRunForTheReportAsWell) {
+    load();
+    execute.answers["chronyc tracking"] = {ExecuteOutcome::timed_out, -1, "", "too slow"};
+    cycle->chronycCommand("sources");
+    settle();
+    EXPECT_EQ(calls("chronyc|sources"), 0);
+    EXPECT_EQ(display.notice, (StatusNotice{StatusNotice::Kind::chronyc_failed, "too slow"}));
+}
+
+TEST_F(StatusCycleTest, ClockNoticeFollowsTheDaemonAndThenThePreference) {
+    execute.answer("pgrep", "7 chronyd -x\n");
+    load();
+    EXPECT_TRUE(display.not_adjusted);
+    execute.answer("pgrep", "");
+    cycle->refresh();
+    settle();
+    EXPECT_FALSE(display.not_adjusted);
+    preference_adjusts = false;
+    cycle->refresh();
+    settle();
+    EXPECT_TRUE(display.not_adjusted);
+}
+
+TEST_F(StatusCycleTest, NoSecondReadingStartsBeforeTheFirstHasEnded) {
+    load();
+    timer.advance(10);
+    EXPECT_EQ(queue.waiting(), 1U);
+    timer.advance(50);
+    EXPECT_EQ(queue.waiting(), 1U);
+    settle();
+    EXPECT_EQ(calls("chronyc|tracking"), 2);
+    EXPECT_GE(display.clock_redraws, 60);
+}
+
+TEST_F(StatusCycleTest, StaleReadingIsDroppedAndAnotherFollows) {
+    load();
+    execute.answer("chronyc sources", "sources\n");
+    execute.answer("chronyc activity", "activity\n");
+    cycle->chronycCommand("sources");
+    queue.turn();
+    cycle->chronycCommand("activity");
+    display.output = "unchanged";
+    main_thread.turn();
+    EXPECT_EQ(display.output, "unchanged");
+    settle();
+    EXPECT_EQ(display.output, "activity\n");
+}
+
+TEST_F(StatusCycleTest, IntervalChangeReadsAtOnceAndPacesTheRest) {
+    load();
+    cycle->intervalChanged(2);
+    settle();
+    EXPECT_EQ(calls("chronyc|tracking"), 2);
+    for (int i = 0; i < 3; ++i) {
+        timer.advance(2);
+        settle();
+    }
+    EXPECT_EQ(calls("chronyc|tracking"), 5);
+}
+
+TEST_F(StatusCycleTest, HiddenWindowRestsUnlessItsFrequencyIsWanted) {
+    load();
+    const int redraws = display.clock_redraws;
+    cycle->set_visible(false);
+    timer.advance(30);
+    settle();
+    EXPECT_EQ(display.clock_redraws, redraws);
+    EXPECT_EQ(calls("chronyc|tracking"), 1);
+
+    broadcast.AddListener(current_frequency_key, "listener", [](std::string_view, const std::any&) {});
+    timer.advance(10);
+    settle();
+    EXPECT_EQ(calls("chronyc|tracking"), 2);
+    cycle->set_visible(true);
+    settle();
+    EXPECT_EQ(calls("chronyc|tracking"), 3);
+    EXPECT_GT(display.clock_redraws, redraws);
+}
+
+TEST_F(StatusCycleTest, InstallationStopsTheCycleAndClosingDoesNotInterfere) {
+    load();
+    cycle->begin_installation();
+    timer.advance(30);
+    cycle->intervalChanged(3);
+    settle();
+    EXPECT_EQ(calls("chronyc|tracking"), 1);
+    cycle->end_installation();
+    settle();
+    EXPECT_EQ(calls("chronyc|tracking"), 2);
+    EXPECT_EQ(timer.find("updatetimer")->interval(), 3);
+}
+
+TEST_F(StatusCycleTest, ClosingSavesSettingsAndLeavesTheHelper) {
+    load();
+    cycle->chronycCommand("activity");
+    cycle->selectMeter(5);
+    cycle->showIPaddresses(true);
+    cycle->intervalChanged(7);
+    cycle->close();
+    EXPECT_TRUE(channel.disconnected);
+    EXPECT_FALSE(timer.find("updatetimer")->is_running());
+    EXPECT_TRUE(timer.find("clockTicker")->is_running());
+    const auto again = MainWindowSettings::load(settings);
+    EXPECT_EQ(again.chronyCommand, "activity");
+    EXPECT_EQ(again.m_meterview, meterView::frequency);
+    EXPECT_TRUE(again.showIPaddress);
+    EXPECT_EQ(again.m_interval, 7);
+}
+
+TEST_F(StatusCycleTest, UnknownMeterViewEndsTheReadingOfSettings) {
+    store.values = {{"chronyc_command", {"sources"}}, {"meter_view", {"7"}}, {"chronyc_interval", {"3"}},
+                    {"ip_address", {"true"}}};
+    load();
+    EXPECT_EQ(cycle->settings().chronyCommand, "sources");
+    EXPECT_EQ(cycle->settings().m_meterview, meterView::lastoffset);
+    EXPECT_EQ(cycle->settings().m_interval, 10);
+    EXPECT_FALSE(cycle->settings().showIPaddress);
+}
+
+TEST_F(StatusCycleTest, ReadingThatReturnsAfterTheWindowHasGoneIsDropped) {
+    load();
+    cycle->refresh();
+    queue.turn();
+    cycle.reset();
+    main_thread.turn();
+    EXPECT_EQ(display.states.size(), 2U);
+}
+
+} // namespace
+} // namespace tickervantage

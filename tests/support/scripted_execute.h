@@ -1,0 +1,39 @@
+// Programs that answer as the test scripted them, and remember how they were called.
+#pragma once
+
+#include "platform/execute.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace tickervantage::testing {
+
+class ScriptedExecute : public Execute {
+public:
+    // Answers by program name and last argument ("chronyc tracking"), or by the name alone.
+    std::map<std::string, ExecuteResult> answers;
+    std::vector<std::string> calls; // program name and all arguments, joined by "|"
+
+    void answer(const std::string& call, const std::string& output, int exit_status = 0) {
+        answers[call] = {
+            .outcome = ExecuteOutcome::exited, .exit_status = exit_status, .output = output, .sentence = {}};
+    }
+
+    [[nodiscard]] ExecuteResult run(const ExecuteRequest& request) override {
+        const std::string name = request.program.substr(request.program.rfind('/') + 1);
+        std::string call = name;
+        for (const auto& argument : request.arguments)
+            call += "|" + argument;
+        calls.push_back(call);
+        const std::string last = request.arguments.empty() ? "" : request.arguments.back();
+        for (const auto& key : {name + " " + last, name})
+            if (const auto found = answers.find(key); found != answers.end())
+                return found->second;
+        ExecuteResult missing;
+        missing.sentence = request.program + " cannot be started: No such file or directory.";
+        return missing;
+    }
+};
+
+} // namespace tickervantage::testing

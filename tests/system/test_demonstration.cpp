@@ -1,0 +1,214 @@
+// The pair of real daemons on loopback, and what becomes of it however the program ends; programs started detached.
+#include "platform/linux/demonstration.h"
+#include "platform/linux/desktop_applications.h"
+#include "platform/linux/posix_execute.h"
+
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace tickervantage {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string first_program(std::initializer_list<const char*> paths) {
+    for (const char* path : paths)
+        if (access(path, X_OK) == 0)
+            return path;
+    return {};
+}
+
+std::string chronyd() {
+    return first_program({TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyd", "/usr/sbin/chronyd"});
+}
+std::string chronyc() {
+    return first_program({TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyc", "/usr/bin/chronyc"});
+}
+
+pid_t pid_in(const std::string& path) {
+    pid_t pid = -1;
+    std::ifstream(path) >> pid;
+    return pid;
+}
+
+pid_t parent_of(pid_t pid) {
+    std::ifstream status("/proc/" + std::to_string(pid) + "/status");
+    for (std::string word; status >> word;)
+        if (pid_t parent = -1; word == "PPid:" && status >> parent)
+            return parent;
+    return -1;
+}
+
+// A process to be watched to its end.
+class Watched {
+public:
+    explicit Watched(pid_t pid) : m_descriptor(static_cast<int>(syscall(SYS_pidfd_open, pid, 0))) {}
+    [[nodiscard]] bool ends_within(std::chrono::milliseconds limit) const {
+        pollfd wanted{m_descriptor.get(), POLLIN, 0};
+        return m_descriptor.valid() && poll(&wanted, 1, static_cast<int>(limit.count())) == 1;
+    }
+
+private:
+    FileDescriptor m_descriptor;
+};
+
+class DemonstrationTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (chronyd().empty() || chronyc().empty())
+            GTEST_SKIP() << "chrony is not installed: neither the bundle nor /usr has chronyd and chronyc";
+        ASSERT_NE(mkdtemp(m_base.data()), nullptr);
+    }
+    void TearDown() override { fs::remove_all(m_base); }
+
+    std::string m_base = "/tmp/tv-test-XXXXXX";
+    std::string m_sentence;
+};
+
+TEST_F(DemonstrationTest, ThePairSynchronisesAndStopEndsItAll) {
+    Demonstration demonstration;
+    ASSERT_EQ(demonstration.start(chronyd(), m_base + "/demo", m_sentence), 0) << m_sentence;
+    const auto client = pid_in(demonstration.client_pidfile());
+    const auto server = pid_in(demonstration.folder() + "/server/chronyd.pid");
+    for (const auto pid : {client, server}) {
+        std::ifstream file("/proc/" + std::to_string(pid) + "/cmdline");
+        const std::string command(std::istreambuf_iterator<char>(file), {});
+        EXPECT_NE(command.find(std::string("\0-x\0", 4)), std::string::npos) << "the system clock is not protected";
+    }
+    PosixExecute execute;
+    EXPECT_EQ(demonstration.wait_until_synchronised(execute, chronyc(), std::chrono::seconds(10), m_sentence), 0)
+        << m_sentence;
+    const auto report = execute.run({chronyc(), {"-h", demonstration.socket(), "-n", "tracking"}}).output;
+    EXPECT_NE(report.find("Leap status     : Normal"), std::string::npos) << report;
+    EXPECT_TRUE(fs::exists(demonstration.tracking_log()));
+    EXPECT_TRUE(fs::exists(demonstration.client_config()));
+
+    const Watched client_end(client);
+    const Watched server_end(server);
+    demonstration.stop();
+    EXPECT_TRUE(client_end.ends_within(std::chrono::milliseconds(0)));
+    EXPECT_TRUE(server_end.ends_within(std::chrono::milliseconds(0)));
+    EXPECT_FALSE(fs::exists(m_base + "/demo"));
+    EXPECT_EQ(demonstration.socket(), "");
+}
+
+TEST_F(DemonstrationTest, AKilledProgramLeavesNothingBehind) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    const pid_t program = fork();
+    if (program == 0) {
+        Demonstration demonstration;
+        std::array<pid_t, 2> daemons{-1, -1};
+        if (demonstration.start(chronyd(), m_base + "/demo", m_sentence) == 0)
+            daemons = {pid_in(demonstration.client_pidfile()), pid_in(demonstration.folder() + "/server/chronyd.pid")};
+        (void)!write(ends[1], daemons.data(), sizeof daemons);
+        while (true)
+            pause();
+    }
+    std::array<pid_t, 2> daemons{-1, -1};
+    ASSERT_EQ(read(ends[0], daemons.data(), sizeof daemons), static_cast<ssize_t>(sizeof daemons));
+    ASSERT_GT(daemons[0], 0);
+    ASSERT_GT(daemons[1], 0);
+    const Watched client(daemons[0]);
+    const Watched server(daemons[1]);
+    const Watched supervisor(parent_of(daemons[0]));
+    EXPECT_TRUE(fs::exists(m_base + "/demo"));
+
+    kill(program, SIGKILL);
+    waitpid(program, nullptr, 0);
+    EXPECT_TRUE(client.ends_within(std::chrono::seconds(5)));
+    EXPECT_TRUE(server.ends_within(std::chrono::seconds(5)));
+    EXPECT_TRUE(supervisor.ends_within(std::chrono::seconds(5)));
+    EXPECT_FALSE(fs::exists(m_base + "/demo"));
+
+    // The supervisor kept none of the program's pipes open: this one is at its end now.
+    close(ends[1]);
+    char byte = 0;
+    EXPECT_EQ(read(ends[0], &byte, 1), 0);
+    close(ends[0]);
+}
+
+TEST_F(DemonstrationTest, AKilledSupervisorTakesTheDaemonsWithIt) {
+    Demonstration demonstration;
+    ASSERT_EQ(demonstration.start(chronyd(), m_base + "/demo", m_sentence), 0) << m_sentence;
+    const auto pid = pid_in(demonstration.client_pidfile());
+    const Watched client(pid);
+    const Watched server(pid_in(demonstration.folder() + "/server/chronyd.pid"));
+    kill(parent_of(pid), SIGKILL);
+    EXPECT_TRUE(client.ends_within(std::chrono::seconds(5)));
+    EXPECT_TRUE(server.ends_within(std::chrono::seconds(5)));
+    demonstration.stop();
+    EXPECT_FALSE(fs::exists(m_base + "/demo"));
+}
+
+TEST_F(DemonstrationTest, ALongPathIsReplacedByAShortOne) {
+    Demonstration demonstration;
+    const auto folder = m_base + "/" + std::string(90, 'x');
+    ASSERT_EQ(demonstration.start(chronyd(), folder, m_sentence), 0) << m_sentence;
+    EXPECT_NE(demonstration.folder(), folder);
+    const auto used = demonstration.folder();
+    demonstration.stop();
+    EXPECT_FALSE(fs::exists(used));
+}
+
+TEST_F(DemonstrationTest, WhatFailsIsSaidInOneSentence) {
+    std::ofstream(m_base + "/broken") << "#!/bin/sh\necho '2026-11-21T05:20:32Z No port for me' >&2\nexit 1\n";
+    chmod((m_base + "/broken").c_str(), 0700);
+    fs::create_directory(m_base + "/taken");
+    const std::array<std::array<std::string, 3>, 3> cases{{
+        {"/nonexistent/chronyd", m_base + "/demo", "/nonexistent/chronyd cannot be run: No such file or directory."},
+        {m_base + "/broken", m_base + "/demo", "ended (No port for me)."},
+        {chronyd(), m_base + "/taken", "cannot be made: File exists."},
+    }};
+    for (const auto& [program, folder, expected] : cases) {
+        Demonstration demonstration;
+        EXPECT_EQ(demonstration.start(program, folder, m_sentence), -1);
+        EXPECT_TRUE(m_sentence.ends_with(expected)) << m_sentence;
+        EXPECT_EQ(std::count(m_sentence.begin(), m_sentence.end(), '\n'), 0);
+        EXPECT_FALSE(demonstration.is_running());
+        EXPECT_FALSE(fs::exists(m_base + "/demo"));
+    }
+    EXPECT_TRUE(fs::exists(m_base + "/taken"));
+}
+
+TEST(Launch, StartsAProgramThatIsNobodysChild) {
+    std::string fifo = "/tmp/tv-test-XXXXXX";
+    ASSERT_NE(mkdtemp(fifo.data()), nullptr);
+    const auto folder = fifo;
+    fifo += "/said";
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    setenv("TMPDIR", "/tmp/private/", 1);
+    std::string sentence;
+    ASSERT_EQ(launch({"sh", "-c", "echo \"$0 ${TMPDIR:-none} $(ps -o sid= -p $$) $$\" > " + fifo, "a b"}, sentence), 0)
+        << sentence;
+    unsetenv("TMPDIR");
+    std::ifstream said(fifo); // opens when the program does
+    std::string a;
+    std::string b;
+    std::string temporary;
+    pid_t session = -1;
+    said >> a >> b >> temporary >> session;
+    EXPECT_EQ(a + " " + b, "a b");
+    EXPECT_EQ(temporary, "none");
+    EXPECT_NE(session, getsid(0));
+    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child is left to be waited for";
+    fs::remove_all(folder);
+
+    EXPECT_EQ(launch({"/nonexistent/program"}, sentence), -1);
+    EXPECT_EQ(sentence, "/nonexistent/program cannot be found.");
+}
+
+} // namespace
+} // namespace tickervantage

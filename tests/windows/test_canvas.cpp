@@ -1,0 +1,244 @@
+#include "instruments/instrument_window.h"
+#include "platform/qt/picture_file.h"
+#include "platform/qt/qt_canvas.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QPalette>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+
+#include <csignal>
+#include <sys/resource.h>
+
+namespace tickervantage {
+namespace {
+
+const CanvasColors COLORS = CanvasColors::light();
+
+Path line(Point from, Point to) {
+    Path path;
+    path.add_line(from, to);
+    return path;
+}
+
+Path disc(Rect box) {
+    Path path;
+    path.add_ellipse(box);
+    return path;
+}
+
+template <typename Draw>
+QImage painted(int side, double pixel_ratio, Draw draw) {
+    const int pixels = static_cast<int>(side * pixel_ratio);
+    QImage image(pixels, pixels, QImage::Format_RGB32);
+    image.setDevicePixelRatio(pixel_ratio);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    QtCanvas canvas(painter, side, COLORS);
+    draw(canvas);
+    return image;
+}
+
+// The box of all pixels that are not white.
+QRect inked(const QImage& image) {
+    QRect box;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (image.pixelColor(x, y) != Qt::white)
+                box |= QRect(x, y, 1, 1);
+    return box;
+}
+
+TEST(QtCanvas, YGrowsUpwardsInTheRolesColour) {
+    for (const double ratio : {1.0, 2.0}) {
+        const QImage image = painted(40, ratio, [](Canvas& canvas) {
+            canvas.fill(disc({4, 28, 8, 8}), ColorRole::red, FillRule::nonzero);
+        });
+        const int scale = static_cast<int>(ratio);
+        EXPECT_EQ(image.pixelColor(8 * scale, 8 * scale), COLORS.red);
+        EXPECT_EQ(inked(image), QRect(4 * scale, 4 * scale, 8 * scale, 8 * scale));
+    }
+}
+
+TEST(QtCanvas, EvenOddLeavesTheHoleOpen) {
+    Path ring;
+    ring.add_rounded_rect({0, 0, 40, 40}, 20, 20);
+    ring.add_ellipse({5, 5, 30, 30});
+    const QImage image =
+        painted(40, 1, [&](Canvas& canvas) { canvas.fill(ring, ColorRole::blue, FillRule::even_odd); });
+    EXPECT_EQ(image.pixelColor(20, 20), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(2, 20), COLORS.blue);
+}
+
+TEST(QtCanvas, UprightAndLevelLinesFillWholePixels) {
+    for (const double ratio : {1.0, 2.0}) {
+        const QImage image = painted(40, ratio, [](Canvas& canvas) {
+            canvas.stroke(line({10, 5}, {10, 35}), ColorRole::text, 1, Shadow::none);
+        });
+        EXPECT_EQ(inked(image).width(), static_cast<int>(ratio));
+        EXPECT_EQ(image.pixelColor(inked(image).center()), COLORS.text);
+    }
+}
+
+TEST(QtCanvas, SoftShadowSurroundsTheStrokeEvenly) {
+    const QImage image = painted(40, 1, [](Canvas& canvas) {
+        canvas.stroke(line({10, 20.5}, {30, 20.5}), ColorRole::red, 1, Shadow::soft);
+    });
+    EXPECT_EQ(image.pixelColor(20, 19), COLORS.red);
+    EXPECT_NE(image.pixelColor(20, 18), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(20, 18), image.pixelColor(20, 20));
+}
+
+TEST(QtCanvas, TextHangsFromTheBoxAndKeepsToItsSide) {
+    struct Case {
+        TextAlign align;
+        double center;
+    };
+    const Rect box{10, 40, 80, 30};
+    for (const auto& one : {Case{TextAlign::left, 16}, Case{TextAlign::center, 50}, Case{TextAlign::right, 84}}) {
+        const QImage image =
+            painted(100, 1, [&](Canvas& canvas) { canvas.text("00", box, {.size = 10, .align = one.align}); });
+        EXPECT_NEAR(inked(image).center().x(), one.center, 2.0);
+        EXPECT_NEAR(inked(image).center().y(), 30 + 10 * TEXT_MIDDLE, 1.5);
+    }
+}
+
+TEST(CanvasColors, HuesCanBeReadOnEveryBackground) {
+    for (const int grey : {0, 30, 60, 90, 118, 128, 160, 200, 239, 255}) {
+        QPalette palette;
+        palette.setColor(QPalette::Base, QColor(grey, grey, grey));
+        const auto colors = CanvasColors::from_palette(palette);
+        EXPECT_GE(contrast_ratio(colors.blue, colors.text_background), 4.5) << grey;
+        EXPECT_GE(contrast_ratio(colors.red, colors.text_background), 4.5) << grey;
+        EXPECT_GE(contrast_ratio(colors.grey, colors.text_background), 4.5) << grey;
+    }
+}
+
+class PictureFile : public ::testing::Test {
+protected:
+    QTemporaryDir folder;
+    std::string sentence;
+
+    [[nodiscard]] std::string path(const char* name) const {
+        return folder.filePath(QString::fromUtf8(name)).toStdString();
+    }
+    int write(const std::string& file, PictureFormat format = {.width = 60, .height = 40}) {
+        return write_picture(
+            file, format,
+            [](Canvas& canvas, Rect bounds) {
+                canvas.fill(disc(bounds), ColorRole::blue, FillRule::nonzero);
+                canvas.text("5 \xC2\xB5s < 1 ms", bounds, {});
+            },
+            sentence);
+    }
+    static QByteArray content(const std::string& file) {
+        QFile reader(QString::fromStdString(file));
+        return reader.open(QIODevice::ReadOnly) ? reader.readAll() : QByteArray();
+    }
+};
+
+TEST_F(PictureFile, PngHasTheSizeAndTheDrawing) {
+    ASSERT_EQ(write(path("a.PNG"), {.width = 60, .height = 40, .scale = 2, .colors = CanvasColors::dark()}), 0);
+    const QImage image(QString::fromStdString(path("a.PNG")));
+    EXPECT_EQ(image.size(), QSize(60, 40));
+    EXPECT_EQ(image.pixelColor(30, 36), CanvasColors::dark().blue);
+    EXPECT_EQ(image.pixelColor(0, 0), CanvasColors::dark().text_background);
+}
+
+TEST_F(PictureFile, SvgIsWellFormedAndKeepsItsText) {
+    ASSERT_EQ(write(path("a.svg")), 0);
+    QXmlStreamReader xml(content(path("a.svg")));
+    QString text;
+    while (!xml.atEnd())
+        if (xml.readNext() == QXmlStreamReader::Characters)
+            text += xml.text();
+    EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+    EXPECT_TRUE(text.contains(QStringLiteral("5 \u00b5s < 1 ms"))) << text.toStdString();
+}
+
+TEST_F(PictureFile, RefusalsSayWhy) {
+    struct Case {
+        std::string file;
+        PictureFormat format;
+        const char* reason;
+    };
+    const Case cases[] = {{path("a.gif"), {.width = 10, .height = 10}, "must end in .png or .svg"},
+                          {path("png"), {.width = 10, .height = 10}, "must end in .png or .svg"},
+                          {path("a.png"), {.width = 0, .height = 10}, "from 1 to 16384 pixels"},
+                          {path("a.svg"), {.width = 10, .height = 16385}, "from 1 to 16384 pixels"},
+                          {path("missing/a.png"), {.width = 10, .height = 10}, "could not be written"},
+                          {"/proc/a.svg", {.width = 10, .height = 10}, "could not be written"}};
+    for (const auto& one : cases) {
+        sentence.clear();
+        EXPECT_EQ(write(one.file, one.format), -1) << one.file;
+        EXPECT_NE(sentence.find(one.reason), std::string::npos) << sentence;
+    }
+}
+
+TEST_F(PictureFile, FailedWriteLeavesTheOldFile) {
+    ASSERT_EQ(write(path("a.svg")), 0);
+    const QByteArray before = content(path("a.svg"));
+
+    rlimit limit{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const auto old_handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit nothing{.rlim_cur = 0, .rlim_max = limit.rlim_max}; // every write fails, as on a full disk
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &nothing), 0);
+    const int result = write(path("a.svg"), {.width = 90, .height = 90});
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    std::signal(SIGXFSZ, old_handler);
+
+    EXPECT_EQ(result, -1);
+    EXPECT_FALSE(sentence.empty());
+    EXPECT_EQ(content(path("a.svg")), before);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "a half-written file was left behind";
+}
+
+TEST(InstrumentWidget, KeepsTheFaceUntilSomethingChanges) {
+    int faces = 0;
+    int hands = 0;
+    InstrumentWidget widget([&](Canvas&, Rect) { ++faces; }, [&](Canvas&, Rect) { ++hands; });
+    const auto expect_after_paint = [&](int expected_faces, int expected_hands) {
+        static_cast<void>(widget.grab()); // only the painting is wanted
+        EXPECT_EQ(faces, expected_faces);
+        EXPECT_EQ(hands, expected_hands);
+    };
+    widget.resize(200, 200);
+    expect_after_paint(1, 1);
+    widget.redraw_hands();
+    expect_after_paint(1, 2);
+    widget.redraw_all();
+    expect_after_paint(2, 3);
+    widget.resize(300, 250);
+    expect_after_paint(3, 4);
+    widget.setPalette(QPalette(Qt::black));
+    expect_after_paint(4, 5);
+}
+
+TEST(InstrumentWidget, ShowsScreenReadersAPictureWithItsValue) {
+    InstrumentWidget widget([](Canvas&, Rect) {}, [](Canvas&, Rect) {});
+    widget.setAccessibleName(QStringLiteral("Meter"));
+    widget.set_value_text(QStringLiteral("12 ms fast"));
+    const auto* accessible = QAccessible::queryAccessibleInterface(&widget);
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_EQ(accessible->role(), QAccessible::Graphic);
+    EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Meter"));
+    EXPECT_EQ(accessible->text(QAccessible::Description), QStringLiteral("12 ms fast"));
+}
+
+TEST(InstrumentWidget, MagnifiesLargeDials) {
+    Rect seen;
+    InstrumentWidget widget([&](Canvas&, Rect bounds) { seen = bounds; }, [](Canvas&, Rect) {});
+    widget.resize(480, 480);
+    static_cast<void>(widget.grab()); // only the painting is wanted
+    EXPECT_EQ(seen, (Rect{0, 0, 240, 240}));
+}
+
+} // namespace
+} // namespace tickervantage
