@@ -6,7 +6,9 @@
 namespace tickervantage {
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("about", text); }
+QString tr(const char* text) {
+    return QCoreApplication::translate("about", text);
+}
 
 } // namespace
 

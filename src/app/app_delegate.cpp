@@ -14,7 +14,9 @@
 namespace tickervantage {
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("application", text); }
+QString tr(const char* text) {
+    return QCoreApplication::translate("application", text);
+}
 
 } // namespace
 
@@ -45,9 +47,12 @@ void AppDelegate::make_main_window() {
     m_main_window = std::make_unique<TickervantageWindow>(
         m_parts.cycle, cycle_options(),
         MainWindowRequests{.stop_program = [this](const QString& sentence) { stop_program(sentence); },
-                           .launch_gpsd_application = [this] { launchMeridianox(); }});
+                           .launch_gpsd_application = [this] { launchMeridianox(); },
+                           .show_preferences = {}});
     m_menus = build_application_menus(m_main_window.get(), menu_handlers(),
                                       [this] { return m_parts.actions->action_in_progress(); });
+    m_main_window->add_toolbar_actions(
+        {m_menus.actions.at("refresh"), m_menus.actions.at("liveTracking"), m_menus.actions.at("showConfigEditor")});
     m_main_window->set_standing_notice(m_daemon.standing_notice);
     m_main_window->windowDidLoad();
 }
@@ -96,12 +101,30 @@ void AppDelegate::launchMeridianox() {
 
 MenuHandlers AppDelegate::menu_handlers() {
     const QString log_folder = QString::fromStdString(m_parts.paths.state);
-    return {{"showTickervantage", [this] { showTickervantage(); }},
-            {"refresh", [this] { m_main_window->cycle().refresh(); }},
-            {"chooseFont", [this] { m_main_window->chooseFont(); }},
-            {"defaultFont", [this] { m_main_window->defaultFont(); }},
-            {"closeWindow", [] { QApplication::activeWindow()->close(); }},
-            {"quit", [] { QApplication::closeAllWindows(); }},
+    return {{"showTickervantage",
+             [this] {
+                 showTickervantage();
+             }},
+            {"refresh",
+             [this] {
+                 m_main_window->cycle().refresh();
+             }},
+            {"chooseFont",
+             [this] {
+                 m_main_window->chooseFont();
+             }},
+            {"defaultFont",
+             [this] {
+                 m_main_window->defaultFont();
+             }},
+            {"closeWindow",
+             [] {
+                 QApplication::activeWindow()->close();
+             }},
+            {"quit",
+             [] {
+                 QApplication::closeAllWindows();
+             }},
             {"showLogFile",
              [this, log_folder] {
                  if (!show_file(log_folder + QStringLiteral("/tickervantage.log")))
@@ -114,9 +137,17 @@ MenuHandlers AppDelegate::menu_handlers() {
                      //: alert: %1 is a folder
                      say(tr("The folder %1 cannot be shown here.").arg(log_folder));
              }},
-            {"siteTickervantage", [] { (void)open_page(QLatin1String(product_page)); }}, // silent by design
-            {"siteChrony", [] { (void)open_page(QLatin1String(chrony_page)); }},
-            {"showAbout", [this] { show_about(m_main_window.get()); }}};
+            {"siteTickervantage",
+             [] {
+                 (void)open_page(QLatin1String(product_page));
+             }}, // silent by design
+            {"siteChrony",
+             [] {
+                 (void)open_page(QLatin1String(chrony_page));
+             }},
+            {"showAbout", [this] {
+                 show_about(m_main_window.get());
+             }}};
 }
 
 void AppDelegate::say(const QString& sentence) {

@@ -12,7 +12,9 @@
 namespace tickervantage {
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("menus", text); }
+QString tr(const char* text) {
+    return QCoreApplication::translate("menus", text);
+}
 
 struct Item {
     const char* name; // null: a separator
@@ -24,15 +26,16 @@ const Item separator{nullptr, nullptr, {}};
 
 // QT_TRANSLATE_NOOP marks the texts for translators; tr above looks them up.
 std::vector<Item> file_items() {
-    return {{"openTrackingLog", QT_TRANSLATE_NOOP("menus", "&Open Tracking Log…"), QKeySequence::Open},
-            {"liveTracking", QT_TRANSLATE_NOOP("menus", "&Live Tracking Graph"), QKeySequence(Qt::CTRL | Qt::Key_L)},
-            {"showConfigEditor", QT_TRANSLATE_NOOP("menus", "&Edit Configuration…"), QKeySequence(Qt::CTRL | Qt::Key_E)},
-            separator,
-            {"showPreferences", QT_TRANSLATE_NOOP("menus", "&Preferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma)},
-            {"checkForUpdates", QT_TRANSLATE_NOOP("menus", "Check for &Updates…"), {}},
-            separator,
-            {"closeWindow", QT_TRANSLATE_NOOP("menus", "&Close Window"), QKeySequence::Close},
-            {"quit", QT_TRANSLATE_NOOP("menus", "&Quit"), QKeySequence::Quit}};
+    return {
+        {"openTrackingLog", QT_TRANSLATE_NOOP("menus", "&Open Tracking Log…"), QKeySequence::Open},
+        {"liveTracking", QT_TRANSLATE_NOOP("menus", "&Live Tracking Graph"), QKeySequence(Qt::CTRL | Qt::Key_L)},
+        {"showConfigEditor", QT_TRANSLATE_NOOP("menus", "&Edit Configuration…"), QKeySequence(Qt::CTRL | Qt::Key_E)},
+        separator,
+        {"showPreferences", QT_TRANSLATE_NOOP("menus", "&Preferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma)},
+        {"checkForUpdates", QT_TRANSLATE_NOOP("menus", "Check for &Updates…"), {}},
+        separator,
+        {"closeWindow", QT_TRANSLATE_NOOP("menus", "&Close Window"), QKeySequence::Close},
+        {"quit", QT_TRANSLATE_NOOP("menus", "&Quit"), QKeySequence::Quit}};
 }
 
 std::vector<Item> view_items() {
@@ -60,11 +63,12 @@ std::vector<Item> action_items() {
 }
 
 std::vector<Item> window_items() {
-    return {{"showTickervantage", QT_TRANSLATE_NOOP("menus", "&Main Window"), QKeySequence(Qt::CTRL | Qt::Key_1)},
-            {"showServers", QT_TRANSLATE_NOOP("menus", "&Servers"), QKeySequence(Qt::CTRL | Qt::Key_2)},
-            {"showFreqTemp", QT_TRANSLATE_NOOP("menus", "&Frequency and Temperature"), QKeySequence(Qt::CTRL | Qt::Key_3)},
-            {"showFreqInspector", QT_TRANSLATE_NOOP("menus", "Sensor &Inspector"), QKeySequence(Qt::CTRL | Qt::Key_4)},
-            {"showSpectrum", QT_TRANSLATE_NOOP("menus", "S&pectrum"), QKeySequence(Qt::CTRL | Qt::Key_5)}};
+    return {
+        {"showTickervantage", QT_TRANSLATE_NOOP("menus", "&Main Window"), QKeySequence(Qt::CTRL | Qt::Key_1)},
+        {"showServers", QT_TRANSLATE_NOOP("menus", "&Servers"), QKeySequence(Qt::CTRL | Qt::Key_2)},
+        {"showFreqTemp", QT_TRANSLATE_NOOP("menus", "&Frequency and Temperature"), QKeySequence(Qt::CTRL | Qt::Key_3)},
+        {"showFreqInspector", QT_TRANSLATE_NOOP("menus", "Sensor &Inspector"), QKeySequence(Qt::CTRL | Qt::Key_4)},
+        {"showSpectrum", QT_TRANSLATE_NOOP("menus", "S&pectrum"), QKeySequence(Qt::CTRL | Qt::Key_5)}};
 }
 
 std::vector<Item> help_items() {

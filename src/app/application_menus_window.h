@@ -15,9 +15,9 @@ namespace tickervantage {
 using MenuHandlers = std::map<std::string, std::function<void()>>;
 
 struct ApplicationMenus {
-    QMenu* m_action = nullptr;            // the administrative jobs
-    QAction* m_frequency_item = nullptr;  // opens the frequency-temperature window
-    QAction* m_spectrum_item = nullptr;   // opens the spectrum window
+    QMenu* m_action = nullptr;           // the administrative jobs
+    QAction* m_frequency_item = nullptr; // opens the frequency-temperature window
+    QAction* m_spectrum_item = nullptr;  // opens the spectrum window
     std::map<std::string, QAction*> actions;
 };
 

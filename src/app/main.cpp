@@ -28,7 +28,9 @@
 namespace tickervantage {
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("demonstration", text); }
+QString tr(const char* text) {
+    return QCoreApplication::translate("demonstration", text);
+}
 
 // Nothing of a demonstration may reach the user's own settings, data or log.
 Paths throw_away(Paths paths, const std::string& folder) {
@@ -97,7 +99,9 @@ ApplicationParts Program::parts(const Paths& paths) {
                                          return std::filesystem::exists(path, ignored);
                                      },
                                  .pause =
-                                     [](int seconds) { std::this_thread::sleep_for(std::chrono::seconds(seconds)); }},
+                                     [](int seconds) {
+                                         std::this_thread::sleep_for(std::chrono::seconds(seconds));
+                                     }},
             .logger = m_logger,
             .close_log = [this] { m_logger.close(); },
             .paths = paths};

@@ -5,6 +5,7 @@
 #include "mainwindow/tickervantage_window.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QMenu>
 #include <QPixmap>
 #include <QStyle>
@@ -24,8 +25,8 @@ QPalette dark_palette() {
     palette.setColor(QPalette::Base, QColor(0x1e, 0x1f, 0x22));
     palette.setColor(QPalette::AlternateBase, QColor(0x2b, 0x2d, 0x30));
     palette.setColor(QPalette::ToolTipBase, QColor(0x3c, 0x3f, 0x41));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText,
-                            QPalette::BrightText})
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText, QPalette::BrightText})
         palette.setColor(role, QColor(0xe6, 0xe6, 0xe6));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, QColor(0x8c, 0x8c, 0x8c));
@@ -48,18 +49,37 @@ void ScreenshotTour::start() {
 
 void ScreenshotTour::plan() {
     auto& window = m_application.main_window();
-    const auto command = [&window](const char* title) { window.cycle().chronycCommand(title); };
+    // As a person would: through the menu.
+    const auto command = [menu = window.findChild<QComboBox*>(QStringLiteral("commandMenu"))](const char* title) {
+        menu->setCurrentText(QLatin1String(title));
+        Q_EMIT menu->textActivated(menu->currentText());
+    };
     m_stops = {
-        {QStringLiteral("main-window"), [command] { command("tracking"); }},
-        {QStringLiteral("main-window-sources"), [command] { command("sources -v"); }},
-        {QStringLiteral("main-window-root-report"), [command] { command("ntpdata"); }},
-        {QStringLiteral("main-window-dark"), [this, command] { show_dark(true), command("tracking"); }},
-        {QStringLiteral("main-window-large"), [this, &window, command] {
+        {QStringLiteral("main-window"),
+         [this, command] {
+             show_dark(false);
+             command("tracking");
+         }},
+        {QStringLiteral("main-window-sources"),
+         [command] {
+             command("sources -v");
+         }},
+        {QStringLiteral("main-window-root-report"),
+         [command] {
+             command("ntpdata");
+         }},
+        {QStringLiteral("main-window-dark"),
+         [this, command] {
+             show_dark(true), command("tracking");
+         }},
+        {QStringLiteral("main-window-large"),
+         [this, &window, command] {
              show_dark(false);
              window.resize(1400, 900);
              command("sourcestats");
          }},
-        {QStringLiteral("main-window-small"), [&window, command] {
+        {QStringLiteral("main-window-small"),
+         [&window, command] {
              window.resize(window.minimumSizeHint());
              command("sourcestats -v");
          }},

@@ -27,9 +27,13 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(start, text.find_last_not_of(white_space) - start + 1);
 }
 
-std::vector<std::string_view> non_empty_lines(std::string_view text) { return split(text, "\n"); }
+std::vector<std::string_view> non_empty_lines(std::string_view text) {
+    return split(text, "\n");
+}
 
-std::vector<std::string_view> words(std::string_view text) { return split(text, white_space); }
+std::vector<std::string_view> words(std::string_view text) {
+    return split(text, white_space);
+}
 
 std::string first_words(std::string_view text, std::size_t count) {
     const auto all = words(text);

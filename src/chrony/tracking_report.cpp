@@ -41,7 +41,9 @@ private:
 };
 
 // Zero stays zero, without the sign that plain negation would give it.
-double negated(double number) { return 0.0 - number; }
+double negated(double number) {
+    return 0.0 - number;
+}
 
 } // namespace
 

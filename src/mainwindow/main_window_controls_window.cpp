@@ -8,8 +8,10 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
@@ -17,13 +19,16 @@
 namespace tickervantage {
 namespace {
 
-QString tr(const char* text) { return QCoreApplication::translate("mainwindow", text); }
+QString tr(const char* text) {
+    return QCoreApplication::translate("mainwindow", text);
+}
 
 QString from_view(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-template <typename Widget> Widget* named(Widget* widget, const char* object_name, const QString& accessible_name) {
+template <typename Widget>
+Widget* named(Widget* widget, const char* object_name, const QString& accessible_name) {
     widget->setObjectName(QLatin1String(object_name));
     widget->setAccessibleName(accessible_name);
     return widget;
@@ -70,6 +75,7 @@ void build_status(QWidget* central, MainWindowControls& controls) {
     //: main window: notice that chronyd was told not to adjust the system clock
     controls.adjustingClock->setText(tr("chronyd does not adjust the system clock."));
     controls.adjustingClock->setWordWrap(true);
+    controls.adjustingClock->setMinimumHeight(2 * controls.adjustingClock->fontMetrics().lineSpacing());
     //: main window: button that opens the preferences
     controls.m_preferences = named(new QPushButton(tr("Preferences…"), central), "m_preferences", tr("Preferences"));
     //: main window: names of the version texts
@@ -94,6 +100,7 @@ void build_command_controls(QWidget* central, MainWindowControls& controls) {
     //: main window: name of the server field
     controls.m_server = named(new QComboBox(central), "m_server", tr("NTP server for ntpdata"));
     controls.m_server->setEditable(true);
+    controls.m_server->lineEdit()->setAccessibleName(controls.m_server->accessibleName());
     controls.m_server->setInsertPolicy(QComboBox::NoInsert);
     controls.m_server->setMinimumContentsLength(18);
     //: main window: tooltip of the server field
@@ -137,19 +144,15 @@ QWidget* build_interval_holder(QWidget* central, QSpinBox* interval) {
 
 QLayout* meter_row(const MainWindowControls& controls) {
     auto* row = new QHBoxLayout;
+    row->setSpacing(10);
     row->addWidget(controls.meterSelect);
-    row->addWidget(controls.meterValue, 1);
+    row->addWidget(controls.meterValue, 1, Qt::AlignVCenter);
     return row;
-}
-
-QLayout* instrument_column(InstrumentWidget* instrument) {
-    auto* column = new QVBoxLayout;
-    column->addWidget(instrument, 1);
-    return column;
 }
 
 QLayout* status_column(const MainWindowControls& controls) {
     auto* state = new QHBoxLayout;
+    state->setSpacing(10);
     for (auto* image : controls.status_images)
         state->addWidget(image);
     state->addWidget(controls.status_words, 1);
@@ -165,17 +168,21 @@ QLayout* status_column(const MainWindowControls& controls) {
 }
 
 QLayout* dashboard(const MainWindowControls& controls) {
-    auto* clock = instrument_column(controls.analogClock);
-    clock->addItem(new QSpacerItem(0, 2));
-    static_cast<QVBoxLayout*>(clock)->addWidget(controls.localTime);
-    auto* meter = instrument_column(controls.clockPerformance);
-    static_cast<QVBoxLayout*>(meter)->addLayout(meter_row(controls));
-    auto* row = new QHBoxLayout;
-    row->setSpacing(18);
-    row->addLayout(clock, 2);
-    row->addLayout(meter, 2);
-    row->addLayout(status_column(controls), 3);
-    return row;
+    // Beyond this the room is better used by the report below.
+    const int largest_dial = controls.localTime->fontMetrics().height() * 18;
+    auto* grid = new QGridLayout;
+    int column = 0;
+    for (auto* instrument : {controls.analogClock, controls.clockPerformance}) {
+        instrument->setMaximumSize(largest_dial, largest_dial);
+        grid->addWidget(instrument, 0, column);
+        grid->setColumnStretch(column++, 2);
+    }
+    grid->addWidget(controls.localTime, 1, 0);
+    grid->addLayout(meter_row(controls), 1, 1);
+    grid->addLayout(status_column(controls), 0, 2, 2, 1);
+    grid->setColumnStretch(2, 3);
+    grid->setHorizontalSpacing(18);
+    return grid;
 }
 
 QLayout* command_row(QWidget* central, const MainWindowControls& controls) {
@@ -228,7 +235,9 @@ MainWindowControls build_main_window_controls(QWidget* central, InstrumentWidget
 
     auto* column = new QVBoxLayout(central);
     column->addWidget(controls.standing_notice);
+    column->addSpacing(4);
     column->addLayout(dashboard(controls));
+    column->addSpacing(4);
     column->addLayout(command_row(central, controls));
     column->addWidget(controls.m_textscroll, 1);
     column->addWidget(controls.m_status);

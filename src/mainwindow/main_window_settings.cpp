@@ -5,7 +5,9 @@
 namespace tickervantage {
 
 MainWindowSettings MainWindowSettings::load(const DefaultSettings& settings) {
-    const auto read = [&settings](const auto& key) { return tickervantage::load(settings, key); };
+    const auto read = [&settings](const auto& key) {
+        return tickervantage::load(settings, key);
+    };
     MainWindowSettings loaded;
     loaded.chronyCommand = read(settings::chronyc_command);
     const auto view = read(settings::meter_view);
@@ -21,7 +23,9 @@ MainWindowSettings MainWindowSettings::load(const DefaultSettings& settings) {
 }
 
 void MainWindowSettings::save(DefaultSettings& settings) const {
-    const auto write = [&settings](const auto& key, const auto& value) { tickervantage::save(settings, key, value); };
+    const auto write = [&settings](const auto& key, const auto& value) {
+        tickervantage::save(settings, key, value);
+    };
     write(settings::chronyc_command, chronyCommand);
     write(settings::meter_view, static_cast<int>(m_meterview));
     write(settings::ip_address, showIPaddress);

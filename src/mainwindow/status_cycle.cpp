@@ -130,15 +130,15 @@ void StatusCycle::rebuild_runner() {
     m_chronyc = std::make_shared<Runchronyc>(m_parts.execute, m_parts.privileged, programs, !m_settings.showIPaddress,
                                              m_settings.showOriginalName, m_options.chronyc_arguments);
     // Everything the piece of work needs travels with it: this object may be gone when it runs.
-    m_parts.queue.async([programs, &execute = m_parts.execute, &main_thread = m_parts.main_thread,
-                         self = std::weak_ptr(m_self)] {
-        auto chronyc = read_version(version_query(execute, programs, bundle_chronyc));
-        auto chronyd = read_version(version_query(execute, programs, bundle_chronyd));
-        main_thread.main_async([self, chronyc = std::move(chronyc), chronyd = std::move(chronyd)] {
-            if (const auto alive = self.lock())
-                (*alive)->apply_versions(chronyc, chronyd);
+    m_parts.queue.async(
+        [programs, &execute = m_parts.execute, &main_thread = m_parts.main_thread, self = std::weak_ptr(m_self)] {
+            auto chronyc = read_version(version_query(execute, programs, bundle_chronyc));
+            auto chronyd = read_version(version_query(execute, programs, bundle_chronyd));
+            main_thread.main_async([self, chronyc = std::move(chronyc), chronyd = std::move(chronyd)] {
+                if (const auto alive = self.lock())
+                    (*alive)->apply_versions(chronyc, chronyd);
+            });
         });
-    });
 }
 
 void StatusCycle::start_reading() {
@@ -177,8 +177,9 @@ void StatusCycle::apply(const RefreshReading& reading) {
 }
 
 void StatusCycle::apply_tracking(const RefreshReading& reading) {
-    const bool adjusted = reading.discipline == ClockDiscipline::not_running ? m_options.adjusts_clock_by_preference()
-                                                                            : reading.discipline == ClockDiscipline::adjusting;
+    const bool adjusted = reading.discipline == ClockDiscipline::not_running
+                              ? m_options.adjusts_clock_by_preference()
+                              : reading.discipline == ClockDiscipline::adjusting;
     m_display.show_clock_not_adjusted(!adjusted);
     const TrackingReport report = parse_tracking(reading.tracking.output);
     m_parts.broadcast.post(current_frequency_key, current_frequency{report.frequency}, Delivery::later);
@@ -190,8 +191,8 @@ void StatusCycle::apply_tracking(const RefreshReading& reading) {
 
 void StatusCycle::show_output(const RefreshReading& reading) {
     m_display.show_output(m_settings.chronyCommand == "version"
-                                    ? version_text(m_version_chronyd.text, m_version_chronyc.text)
-                                    : reading.output);
+                              ? version_text(m_version_chronyd.text, m_version_chronyc.text)
+                              : reading.output);
 }
 
 StatusNotice StatusCycle::notice(const RefreshReading& reading) const {
@@ -210,7 +211,7 @@ StatusNotice StatusCycle::notice(const RefreshReading& reading) const {
 void StatusCycle::apply_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) {
     if (chronyc.meaningless || chronyd.meaningless) {
         m_display.stop_for_version(chronyc.meaningless ? "chronyc" : "chronyd",
-                                         chronyc.meaningless ? chronyc.label : chronyd.label);
+                                   chronyc.meaningless ? chronyc.label : chronyd.label);
         return;
     }
     m_version_chronyc = chronyc;

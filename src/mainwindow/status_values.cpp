@@ -14,8 +14,8 @@ std::string_view name_of(chronydStatus status) {
 }
 
 std::string_view name_of(meterView view) {
-    static constexpr std::array<std::string_view, meter_view_count> names{
-        "systemtime", "lastoffset", "rmsoffset", "rootdelay", "rootdispersion", "frequency"};
+    static constexpr std::array<std::string_view, meter_view_count> names{"systemtime", "lastoffset",     "rmsoffset",
+                                                                          "rootdelay",  "rootdispersion", "frequency"};
     return names.at(static_cast<std::size_t>(view));
 }
 

@@ -29,7 +29,9 @@ ClockTime local_clock_time() {
     return {now.hour(), now.minute(), now.second()};
 }
 
-QString from_std(const std::string& text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+QString from_std(const std::string& text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 } // namespace
 
@@ -40,9 +42,9 @@ TickervantageWindow::TickervantageWindow(const StatusCycleParts& parts, StatusCy
     setWindowTitle(QStringLiteral("Tickervantage"));
     setObjectName(QStringLiteral("TickervantageWindow"));
     auto* central = new QWidget(this);
-    auto* clock = new InstrumentWidget([this](Canvas& canvas, Rect bounds) { m_clock_view.draw_face(canvas, bounds); },
-                                       [this](Canvas& canvas, Rect bounds) { m_clock_view.draw_hands(canvas, bounds); },
-                                       central);
+    auto* clock =
+        new InstrumentWidget([this](Canvas& canvas, Rect bounds) { m_clock_view.draw_face(canvas, bounds); },
+                             [this](Canvas& canvas, Rect bounds) { m_clock_view.draw_hands(canvas, bounds); }, central);
     auto* meter = new InstrumentWidget(
         [this](Canvas& canvas, Rect bounds) { m_cycle->meter().draw_face(canvas, bounds); },
         [this](Canvas& canvas, Rect bounds) { m_cycle->meter().draw_hands(canvas, bounds); }, central);
@@ -62,10 +64,31 @@ void TickervantageWindow::build_toolbar() {
     //: main window: tooltip of that item
     m_gpsd_toolbar->setToolTip(tr("Open Meridianox to configure a GPS receiver"));
     m_gpsd_toolbar->setEnabled(false);
+    //: main window: name of the toolbar
+    m_toolbar = addToolBar(tr("Main Toolbar"));
+    m_toolbar->setObjectName(QStringLiteral("toolbar"));
+    m_toolbar->setMovable(false);
+    m_toolbar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_toolbar->addAction(m_gpsd_toolbar);
     connect(m_gpsd_toolbar, &QAction::triggered, this, [this] { m_requests.launch_gpsd_application(); });
 }
 
+void TickervantageWindow::add_toolbar_actions(const QList<QAction*>& actions) {
+    m_toolbar->insertActions(m_gpsd_toolbar, actions);
+}
+
+void TickervantageWindow::connect_preferences() {
+    if (m_requests.show_preferences) {
+        connect(m_controls.m_preferences, &QPushButton::clicked, this, [this] { m_requests.show_preferences(); });
+        return;
+    }
+    m_controls.m_preferences->setEnabled(false);
+    //: tooltip of a control that cannot be used
+    m_controls.m_preferences->setToolTip(tr("Not part of this version"));
+}
+
 void TickervantageWindow::connect_controls() {
+    connect_preferences();
     connect(m_controls.commandMenu, &QComboBox::textActivated, this,
             [this](const QString& title) { m_cycle->chronycCommand(title.toStdString()); });
     connect(m_controls.meterSelect, &QComboBox::activated, this, [this](int index) { m_cycle->selectMeter(index); });
@@ -110,7 +133,9 @@ void TickervantageWindow::redraw_clock() {
     m_controls.localTime->setText(local_time_text(QDateTime::currentDateTime(), locale()));
 }
 
-void TickervantageWindow::redraw_meter() { m_controls.clockPerformance->redraw_all(); }
+void TickervantageWindow::redraw_meter() {
+    m_controls.clockPerformance->redraw_all();
+}
 
 void TickervantageWindow::show_meter_value(const std::string& text) {
     const QString shown = from_std(text);
@@ -163,14 +188,17 @@ void TickervantageWindow::show_servers(const std::vector<std::string>& names, co
     m_controls.m_server->setEditText(from_std(current));
 }
 
-void TickervantageWindow::show_output(const std::string& text) { m_controls.m_textscroll->show_text(text); }
+void TickervantageWindow::show_output(const std::string& text) {
+    m_controls.m_textscroll->show_text(text);
+}
 
 void TickervantageWindow::show_notice(const StatusNotice& notice) {
     const auto words = [this, &notice]() -> QString {
         const QString detail = from_std(notice.detail);
         switch (notice.kind) {
         case StatusNotice::Kind::none:
-            break;
+            //: main window, status line: %1 is a time
+            return tr("Last reading: %1").arg(locale().toString(QTime::currentTime(), QLocale::LongFormat));
         case StatusNotice::Kind::chronyc_failed:
             //: main window, status line: %1 says what happened to chronyc
             return tr("chronyc gave no answer: %1").arg(detail);
@@ -188,10 +216,15 @@ void TickervantageWindow::show_notice(const StatusNotice& notice) {
         }
         return {};
     };
-    m_controls.m_status->setText(words());
+    const QString sentence = words();
+    m_controls.m_status->setText(sentence);
+    // An empty report explains itself where the eye looks for it.
+    m_controls.m_textscroll->setPlaceholderText(notice.kind == StatusNotice::Kind::none ? QString() : sentence);
 }
 
-void TickervantageWindow::enable_gpsd_item(bool enabled) { m_gpsd_toolbar->setEnabled(enabled); }
+void TickervantageWindow::enable_gpsd_item(bool enabled) {
+    m_gpsd_toolbar->setEnabled(enabled);
+}
 
 void TickervantageWindow::stop_program(const std::string& programming_error) {
     m_requests.stop_program(from_std(programming_error));
@@ -223,15 +256,20 @@ void TickervantageWindow::chooseFont() {
         set_output_font({font.family().toStdString(), font.pointSizeF()});
 }
 
-void TickervantageWindow::defaultFont() { set_output_font({}); }
+void TickervantageWindow::defaultFont() {
+    set_output_font({});
+}
 
 void TickervantageWindow::restore_frame() {
-    const QByteArray frame = QByteArray::fromBase64(QByteArray::fromStdString(m_settings_store.loadString(frame_key, {})));
+    const QByteArray frame =
+        QByteArray::fromBase64(QByteArray::fromStdString(m_settings_store.loadString(frame_key, {})));
     if (frame.isEmpty() || !restoreGeometry(frame))
         resize(sizeHint().expandedTo({780, 600}));
 }
 
-void TickervantageWindow::save_frame() { m_settings_store.saveString(frame_key, saveGeometry().toBase64().toStdString()); }
+void TickervantageWindow::save_frame() {
+    m_settings_store.saveString(frame_key, saveGeometry().toBase64().toStdString());
+}
 
 void TickervantageWindow::closeEvent(QCloseEvent* event) {
     m_cycle->close();
@@ -255,6 +293,8 @@ void TickervantageWindow::changeEvent(QEvent* event) {
         update_visibility();
 }
 
-void TickervantageWindow::update_visibility() { m_cycle->set_visible(isVisible() && !isMinimized()); }
+void TickervantageWindow::update_visibility() {
+    m_cycle->set_visible(isVisible() && !isMinimized());
+}
 
 } // namespace tickervantage

@@ -12,13 +12,15 @@
 #include <memory>
 
 class QAction;
+class QToolBar;
 
 namespace tickervantage {
 
-// What the window asks the application to do. All of them must be set.
+// What the window asks the application to do.
 struct MainWindowRequests {
     std::function<void(const QString& sentence)> stop_program; // say it to the user and end the program
     std::function<void()> launch_gpsd_application;
+    std::function<void()> show_preferences; // may be missing: then the button is disabled
 };
 
 class TickervantageWindow : public QMainWindow, public StatusDisplay {
@@ -35,6 +37,9 @@ public:
 
     // The banner above everything: for what holds for the whole run.
     void set_standing_notice(const QString& text);
+
+    // The toolbar's other items, before the one that is the window's own.
+    void add_toolbar_actions(const QList<QAction*>& actions);
 
     void chooseFont();
     void defaultFont();
@@ -63,6 +68,7 @@ protected:
 private:
     void build_toolbar();
     void connect_controls();
+    void connect_preferences();
     void show_settings();
     void update_visibility();
     void restore_frame();
@@ -74,6 +80,7 @@ private:
     AnalogClockView m_clock_view;
     std::unique_ptr<StatusCycle> m_cycle;
     MainWindowControls m_controls;
+    QToolBar* m_toolbar = nullptr;
     QAction* m_gpsd_toolbar = nullptr;
 };
 

@@ -8,9 +8,9 @@
 namespace tickervantage {
 
 struct ProgramVersion {
-    std::string text;        // the full output
-    std::string label;       // its first four words; empty when the program could not be asked
-    std::string failure;     // why it could not be asked
+    std::string text;         // the full output
+    std::string label;        // its first four words; empty when the program could not be asked
+    std::string failure;      // why it could not be asked
     bool meaningless = false; // the program is there, ended by itself, and said fewer than four words
 };
 

@@ -20,7 +20,9 @@ void Broadcast::RemoveListener(const std::string& key, const std::string& listen
         m_listeners->erase(found);
 }
 
-bool Broadcast::has_listeners(const std::string& key) const { return m_listeners->contains(key); }
+bool Broadcast::has_listeners(const std::string& key) const {
+    return m_listeners->contains(key);
+}
 
 void Broadcast::deliver(const Listeners& all, const std::string& key, const std::any& object) {
     const auto found = all.find(key);

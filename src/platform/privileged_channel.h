@@ -19,7 +19,8 @@ public:
     // thread.
     virtual std::string execute(const std::string& command) = 0;
 
-    // Tells the helper that this program is done with it and gives the authorisation back. Main thread, returns at once.
+    // Tells the helper that this program is done with it and gives the authorisation back. Main thread, returns at
+    // once.
     virtual void disconnect() = 0;
 };
 

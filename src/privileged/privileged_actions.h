@@ -29,7 +29,7 @@ public:
 
 private:
     PrivilegedChannel& m_channel;
-    mutable std::mutex m_mutex;   // guards m_installer_busy: jobs end on their queues, menus ask on the main thread
+    mutable std::mutex m_mutex; // guards m_installer_busy: jobs end on their queues, menus ask on the main thread
     bool m_installer_busy = false;
 };
 

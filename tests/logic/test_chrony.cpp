@@ -84,8 +84,8 @@ TEST_F(RunnerTest, OptionsComeBeforeTheCommandWhichIsOneArgument) {
     (void)runner(true, false).run("sources -v");
     (void)runner(false, true).run("tracking");
     (void)runner(false, false, {"-h", "/a socket"}).run("manual list");
-    EXPECT_EQ(execute.calls, (std::vector<std::string>{"true|sources -v", "true|-n|-N|tracking",
-                                                       "true|-n|-h|/a socket|manual list"}));
+    EXPECT_EQ(execute.calls,
+              (std::vector<std::string>{"true|sources -v", "true|-n|-N|tracking", "true|-n|-h|/a socket|manual list"}));
 }
 
 TEST_F(RunnerTest, MissingProgramFallsBackToTheBundle) {

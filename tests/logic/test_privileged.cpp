@@ -15,7 +15,8 @@ namespace tickervantage {
 namespace {
 
 TEST(RunningCheck, OptionThatForbidsAdjustmentIsFoundAmongTheOthers) {
-    for (const char* line : {"chronyd -x", "/usr/sbin/chronyd -n -U -x -u root -f a.conf", "chronyd -Ux", "chronyd -nxd"})
+    for (const char* line :
+         {"chronyd -x", "/usr/sbin/chronyd -n -U -x -u root -f a.conf", "chronyd -Ux", "chronyd -nxd"})
         EXPECT_TRUE(forbids_adjustment(line)) << line;
     for (const char* line : {"/usr/sbin/chronyd -F 1", "chronyd", "chronyd -u x", "chronyd -f x -n", "chronyd -fx",
                              "chronyd -u -x", "/opt/x -n", "chronyd 'server x'", "chronyd -- x"})
@@ -80,7 +81,10 @@ struct OldInstallationTest : ::testing::Test {
     OldInstallationRemoval how(ServiceForm form) {
         return {.form = form,
                 .file_exists = [this](const std::string& path) { return files.contains(path); },
-                .pause = [this](int seconds) { channel.commands.push_back("pause " + std::to_string(seconds)); }};
+                .pause =
+                    [this](int seconds) {
+                        channel.commands.push_back("pause " + std::to_string(seconds));
+                    }};
     }
 };
 
@@ -95,12 +99,11 @@ TEST_F(OldInstallationTest, ServiceIsStoppedThenItsDefinitionRemoved) {
     files = {"/etc/systemd/system/org.tuxfamily.chronyc.service"};
     remove_old_installations(how(ServiceForm::systemd), actions, queue);
     queue.turn();
-    EXPECT_EQ(channel.commands,
-              (std::vector<std::string>{
-                  "/bin/launchctl bootout system /Library/LaunchDaemons/org.tuxfamily.chronyd.plist", "pause 2",
-                  "rm -f /Library/LaunchDaemons/org.tuxfamily.chronyd.plist", "pause 1",
-                  "/bin/systemctl disable --now org.tuxfamily.chronyc.service", "pause 2",
-                  "rm -f /etc/systemd/system/org.tuxfamily.chronyc.service", "pause 1"}));
+    EXPECT_EQ(channel.commands, (std::vector<std::string>{
+                                    "/bin/launchctl bootout system /Library/LaunchDaemons/org.tuxfamily.chronyd.plist",
+                                    "pause 2", "rm -f /Library/LaunchDaemons/org.tuxfamily.chronyd.plist", "pause 1",
+                                    "/bin/systemctl disable --now org.tuxfamily.chronyc.service", "pause 2",
+                                    "rm -f /etc/systemd/system/org.tuxfamily.chronyc.service", "pause 1"}));
 }
 
 TEST_F(OldInstallationTest, ClientIsRemovedFirstAndNothingRunsOnceTheActionsAreGone) {

@@ -1,13 +1,6 @@
-#include "config/settings_keys.h"
-#include "mainwindow/commands.h"
 #include "mainwindow/current_frequency.h"
 #include "mainwindow/status_cycle.h"
-#include "support/fake_privileged_channel.h"
-#include "support/manual_dispatch.h"
-#include "support/manual_timer.h"
-#include "support/memory_stores.h"
-#include "support/scripted_execute.h"
-#include "support/tracking_text.h"
+#include "support/fake_main_window_parts.h"
 
 #include <gtest/gtest.h>
 
@@ -57,43 +50,25 @@ public:
     }
 };
 
-struct StatusCycleTest : ::testing::Test {
+struct StatusCycleTest : ::testing::Test, testing::FakeMainWindowParts {
     FakeDisplay display;
-    testing::ScriptedExecute execute;
-    testing::FakePrivilegedChannel channel;
-    PrivilegedActions actions{channel};
-    testing::ManualQueue queue;
-    testing::ManualMainThread main_thread;
-    testing::ManualMasterTimer timer;
-    Broadcast broadcast{main_thread};
-    testing::MemorySettingsStore store;
-    DefaultSettings settings{store};
     bool preference_adjusts = true;
     bool gpsd_found = false;
     std::unique_ptr<StatusCycle> cycle;
 
-    void SetUp() override {
-        execute.answer("chronyc tracking", tracking_text());
-        execute.answer("chronyc -v", "chronyc (chrony) version 4.3 (+READLINE)\n");
-        execute.answer("chronyd -v", "chronyd (chrony) version 4.3 (+CMDMON)\n");
-        execute.answer("pgrep", "1 chronyd -F 1\n");
-    }
-
     void load() {
         cycle = std::make_unique<StatusCycle>(
-            display, StatusCycleParts{execute, actions, queue, main_thread, timer, broadcast, settings},
-            StatusCycleOptions{.programs = [] { return ChronyPrograms{"/bundle", "", ""}; },
+            display, parts(),
+            StatusCycleOptions{.programs =
+                                   [] {
+                                       return ChronyPrograms{"/bundle", "", ""};
+                                   },
                                .adjusts_clock_by_preference = [this] { return preference_adjusts; },
                                .gpsd_application_found = [this] { return gpsd_found; },
                                .chronyc_arguments = {},
                                .pidfile = {}});
         cycle->load();
         settle();
-    }
-
-    void settle() {
-        while (queue.turn() || main_thread.turn()) {
-        }
     }
 
     [[nodiscard]] long calls(const std::string& call) const { return std::ranges::count(execute.calls, call); }
@@ -384,8 +359,8 @@ TEST_F(StatusCycleTest, ClosingSavesSettingsAndLeavesTheHelper) {
 }
 
 TEST_F(StatusCycleTest, UnknownMeterViewEndsTheReadingOfSettings) {
-    store.values = {{"chronyc_command", {"sources"}}, {"meter_view", {"7"}}, {"chronyc_interval", {"3"}},
-                    {"ip_address", {"true"}}};
+    store.values = {
+        {"chronyc_command", {"sources"}}, {"meter_view", {"7"}}, {"chronyc_interval", {"3"}}, {"ip_address", {"true"}}};
     load();
     EXPECT_EQ(cycle->settings().chronyCommand, "sources");
     EXPECT_EQ(cycle->settings().m_meterview, meterView::lastoffset);

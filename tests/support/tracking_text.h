@@ -5,8 +5,7 @@
 
 namespace tickervantage::testing {
 
-inline std::string tracking_text(const std::string& leap = "Normal",
-                                 const std::string& frequency = "12.345 ppm slow") {
+inline std::string tracking_text(const std::string& leap = "Normal", const std::string& frequency = "12.345 ppm slow") {
     return "Reference ID    : 7F000001 (127.0.0.1)\n"
            "Stratum         : 6\n"
            "Ref time (UTC)  : Sat Nov 21 05:20:32 2026\n"

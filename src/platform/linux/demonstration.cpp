@@ -12,9 +12,9 @@
 
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <initializer_list>
+#include <system_error>
 
 #include <fmt/format.h>
 
@@ -41,8 +41,8 @@ int current_user(User& user, std::string& sentence) {
 }
 
 std::string reason() {
-    return std::strerror(errno);
-} // NOLINT(concurrency-mt-unsafe): glibc's is
+    return std::generic_category().message(errno);
+}
 
 // chronyc puts a socket of its own beside that of the daemon, under a longer name.
 bool leaves_room_for_sockets(const std::string& folder) {
@@ -54,7 +54,7 @@ int make_outer_folder(std::string& folder, std::string& sentence) {
     if (leaves_room_for_sockets(folder) && mkdir(folder.c_str(), 0700) == 0)
         return 0;
     if (!leaves_room_for_sockets(folder)) {
-        folder = "/tmp/tickervantage-demo-XXXXXX";
+        folder = "/tmp/tv-demo-XXXXXX"; // not a name that PrivateTemporary sweeps: nothing here holds its lock
         if (mkdtemp(folder.data()) != nullptr)
             return 0;
     }

@@ -19,9 +19,9 @@
 #include <csignal>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <system_error>
 #include <vector>
 
 #include <fmt/format.h>
@@ -84,16 +84,17 @@ std::vector<std::string> daemon_arguments(const DemonstrationTask& task, const D
     const int log = open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0600);
     (void)dup2(log, STDOUT_FILENO);
     (void)dup2(log, STDERR_FILENO);
-    (void)std::signal(SIGPIPE, SIG_DFL);
+    (void)std::signal(SIGPIPE, SIG_DFL); // NOLINT(concurrency-mt-unsafe): one thread here
     sigset_t none;
     sigemptyset(&none);
     (void)sigprocmask(SIG_SETMASK, &none, nullptr);
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (auto& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
     (void)execv(arguments[0], arguments.data());
-    const std::string error = std::strerror(errno); // NOLINT(concurrency-mt-unsafe): one thread
+    const std::string error = std::generic_category().message(errno);
     (void)!::write(STDERR_FILENO, error.data(), error.size());
     _exit(127);
 }
@@ -269,9 +270,10 @@ void keep_only_pipes(DemonstrationTask& task) {
 void supervise_demonstration(const DemonstrationTask& task) {
     (void)setsid(); // the terminal's signals go to the program alone
     (void)prctl(PR_SET_NAME, "tv-demo");
+    // The program's handlers are not for this process.
     for (const int signal : {SIGCHLD, SIGTERM, SIGINT, SIGHUP})
-        (void)std::signal(signal, SIG_DFL); // the program's handlers are not for this process
-    (void)std::signal(SIGPIPE, SIG_IGN);
+        (void)std::signal(signal, SIG_DFL); // NOLINT(concurrency-mt-unsafe): one thread here
+    (void)std::signal(SIGPIPE, SIG_IGN);    // NOLINT(concurrency-mt-unsafe): one thread here
     DemonstrationTask own = task;
     keep_only_pipes(own);
     {

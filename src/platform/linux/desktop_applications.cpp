@@ -14,8 +14,8 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <map>
+#include <system_error>
 #include <utility>
 
 namespace tickervantage {
@@ -146,7 +146,7 @@ std::string find_program(const std::string& name) {
     std::string_view rest = list;
     while (!rest.empty()) {
         const auto end = std::min(rest.find(':'), rest.size());
-        const auto candidate = std::string(rest.substr(0, end)) + "/" + name;
+        auto candidate = std::string(rest.substr(0, end)) + "/" + name;
         if (end > 0 && is_program(candidate))
             return candidate;
         rest.remove_prefix(std::min(end + 1, rest.size()));
@@ -156,6 +156,7 @@ std::string find_program(const std::string& name) {
 
 std::vector<char*> pointers(std::vector<std::string>& texts) {
     std::vector<char*> result;
+    result.reserve(texts.size() + 1);
     for (auto& text : texts)
         result.push_back(text.data());
     result.push_back(nullptr);
@@ -178,7 +179,7 @@ std::vector<std::string> environment_without_temporary() {
         _exit(0);
     if (second == 0) {
         for (int signal = 1; signal < NSIG; ++signal)
-            (void)std::signal(signal, SIG_DFL);
+            (void)std::signal(signal, SIG_DFL); // NOLINT(concurrency-mt-unsafe): one thread here
         sigset_t none;
         sigemptyset(&none);
         (void)sigprocmask(SIG_SETMASK, &none, nullptr);
@@ -247,8 +248,7 @@ int launch(const std::vector<std::string>& argv, std::string& sentence) {
         if (::read(read_end.get(), &error, sizeof error) != sizeof error)
             return 0; // the pipe was closed by the start of the program
     }
-    sentence =
-        program + " cannot be started: " + std::strerror(error) + "."; // NOLINT(concurrency-mt-unsafe): glibc's is
+    sentence = program + " cannot be started: " + std::generic_category().message(error) + ".";
     return -1;
 }
 

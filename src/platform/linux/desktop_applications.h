@@ -1,6 +1,6 @@
 // Other applications of the desktop, found by the id of their desktop file, and started.
 //
-// Source: Desktop Entry Specification 1.5.
+// Source: the desktop entry rules, version 1.5 (freedesktop.org).
 #pragma once
 
 #include <optional>

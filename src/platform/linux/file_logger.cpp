@@ -8,9 +8,9 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <mutex>
+#include <system_error>
 #include <utility>
 
 #include <fmt/format.h>
@@ -142,7 +142,7 @@ struct FileLogger::State {
         const auto text = take(time);
         if (!text.empty() && append(text) != 0 && !std::exchange(complained, true))
             fmt::print(stderr, "The log {}/tickervantage.log cannot be written: {}.\n", folder,
-                       std::strerror(errno)); // NOLINT(concurrency-mt-unsafe): glibc's is
+                       std::generic_category().message(errno));
     }
 
     int append(const std::string& text) {

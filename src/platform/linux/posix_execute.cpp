@@ -61,8 +61,7 @@ public:
         posix_spawnattr_setsigmask(&m_attributes, &none);
         posix_spawnattr_setsigdefault(&m_attributes, &defaults);
         posix_spawnattr_setpgroup(&m_attributes, 0);
-        posix_spawnattr_setflags(&m_attributes,
-                                 POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+        posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
     }
     ~SpawnSettings() {
         posix_spawn_file_actions_destroy(&m_actions);
@@ -193,7 +192,8 @@ void collect(const ExecuteRequest& request, int cancelled, FileDescriptor output
 
 ExecuteResult not_started(const std::string& program, int error) {
     ExecuteResult result;
-    result.sentence = fmt::format("{} cannot be started: {}.", program, std::strerror(error)); // NOLINT(concurrency-mt-unsafe): glibc's is
+    result.sentence = fmt::format("{} cannot be started: {}.", program,
+                                  std::strerror(error)); // NOLINT(concurrency-mt-unsafe): glibc's is
     return result;
 }
 

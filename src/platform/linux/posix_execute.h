@@ -15,7 +15,8 @@ public:
 
     [[nodiscard]] ExecuteResult run(const ExecuteRequest& request) override;
 
-    // Ends every run, those under way and those to come, with `cancelled`. From any thread; for the program's end.
+    // Ends every run, those under way and those to come, with `cancelled`. From any thread or signal handler; for the
+    // program's end.
     void cancel();
 
 private:

@@ -7,9 +7,9 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <ctime>
 #include <filesystem>
+#include <system_error>
 #include <vector>
 
 namespace tickervantage {
@@ -96,8 +96,8 @@ int PrivateTemporary::make_in(const std::string& base) {
             m_path = folder + "/";
             return 0;
         }
-        m_problem = "No private temporary folder can be made in " + base + ": " + std::strerror(errno) +
-                    "; /tmp is used."; // NOLINT(concurrency-mt-unsafe): glibc's is
+        m_problem = "No private temporary folder can be made in " + base + ": " +
+                    std::generic_category().message(errno) + "; /tmp is used.";
         if (made)
             remove_tree(folder);
     }

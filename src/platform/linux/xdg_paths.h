@@ -2,7 +2,7 @@
 //
 // Every folder is absolute and without a slash at its end, except `temporary`; relative values of the environment are
 // passed over as those rules demand. Nothing is created and nothing can fail: what is missing has a substitute.
-// Source: XDG Base Directory Specification 0.8.
+// Source: the XDG base directory rules, version 0.8 (freedesktop.org).
 #pragma once
 
 #include "platform/linux/environment.h"

@@ -12,6 +12,8 @@ std::string stop_line(ServiceForm form, const std::string& label) {
                                         : "/bin/systemctl disable --now " + label + ".service";
 }
 
-std::string remove_line(ServiceForm form, const std::string& label) { return "rm -f " + definition_path(form, label); }
+std::string remove_line(ServiceForm form, const std::string& label) {
+    return "rm -f " + definition_path(form, label);
+}
 
 } // namespace tickervantage

@@ -1,0 +1,43 @@
+// Everything that the main window works with, in the test's hands.
+#pragma once
+
+#include "mainwindow/status_cycle.h"
+#include "support/fake_privileged_channel.h"
+#include "support/manual_dispatch.h"
+#include "support/manual_timer.h"
+#include "support/memory_stores.h"
+#include "support/scripted_execute.h"
+#include "support/tracking_text.h"
+
+namespace tickervantage::testing {
+
+struct FakeMainWindowParts {
+    ScriptedExecute execute;
+    FakePrivilegedChannel channel;
+    std::shared_ptr<PrivilegedActions> actions = std::make_shared<PrivilegedActions>(channel);
+    ManualQueue queue;
+    ManualMainThread main_thread;
+    ManualMasterTimer timer;
+    Broadcast broadcast{main_thread};
+    MemorySettingsStore store;
+    DefaultSettings settings{store};
+
+    FakeMainWindowParts() {
+        execute.answer("chronyc tracking", tracking_text());
+        execute.answer("chronyc -v", "chronyc (chrony) version 4.3 (+READLINE)\n");
+        execute.answer("chronyd -v", "chronyd (chrony) version 4.3 (+CMDMON)\n");
+        execute.answer("pgrep", "1 chronyd -F 1\n");
+    }
+
+    [[nodiscard]] StatusCycleParts parts() {
+        return {execute, *actions, queue, main_thread, timer, broadcast, settings};
+    }
+
+    // Lets everything that is under way come to its end.
+    void settle() {
+        while (queue.turn() || main_thread.turn()) {
+        }
+    }
+};
+
+} // namespace tickervantage::testing

@@ -1,0 +1,147 @@
+#include "app/app_delegate.h"
+#include "mainwindow/tickervantage_window.h"
+#include "support/fake_main_window_parts.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QMenu>
+#include <QMessageBox>
+
+#include <algorithm>
+#include <set>
+
+namespace tickervantage {
+namespace {
+
+struct ApplicationTest : ::testing::Test {
+    testing::FakeMainWindowParts fakes;
+    testing::ManualQueue removal_queue;
+    testing::MemoryLogger logger;
+    std::set<std::string> files;
+    bool log_closed = false;
+    std::unique_ptr<AppDelegate> application;
+
+    void launch() {
+        fakes.timer.stop();
+        application = std::make_unique<AppDelegate>(
+            ApplicationParts{
+                .cycle = fakes.parts(),
+                .actions = fakes.actions,
+                .removal_queue = removal_queue,
+                .old_installation = {.form = ServiceForm::systemd,
+                                     .file_exists = [this](const auto& path) { return files.contains(path); },
+                                     .pause =
+                                         [](int) {
+                                         }},
+                .logger = logger,
+                .close_log = [this] { log_closed = true; },
+                .paths = {}},
+            DaemonChoice{});
+        application->applicationDidFinishLaunching();
+        fakes.settle();
+    }
+
+    QAction* item(const char* name) { return application->menus().actions.at(name); }
+};
+
+TEST_F(ApplicationTest, LaunchPreparesTheHelperStartsTheTimersAndShowsTheWindow) {
+    launch();
+    EXPECT_TRUE(fakes.channel.prepared);
+    EXPECT_TRUE(fakes.timer.is_running());
+    EXPECT_TRUE(application->main_window().isVisible());
+    EXPECT_EQ(removal_queue.waiting(), 0U);
+}
+
+TEST_F(ApplicationTest, OldInstallationIsRemovedInTheBackground) {
+    files = {"/etc/systemd/system/org.tuxfamily.chronyd.service"};
+    launch();
+    EXPECT_TRUE(fakes.channel.commands.empty());
+    removal_queue.turn();
+    EXPECT_EQ(fakes.channel.commands.size(), 2U);
+}
+
+TEST_F(ApplicationTest, OptionalItemsFollowThePreferences) {
+    launch();
+    EXPECT_FALSE(item("showFreqTemp")->isVisible());
+    EXPECT_FALSE(item("showSpectrum")->isVisible());
+    fakes.store.values = {{"enable_frequency_win", {"true"}}};
+    launch();
+    EXPECT_TRUE(item("showFreqTemp")->isVisible());
+    EXPECT_FALSE(item("showSpectrum")->isVisible());
+}
+
+TEST_F(ApplicationTest, ItemsWithoutAWindowAreDisabledAndSayWhy) {
+    launch();
+    for (const char* name : {"showTickervantage", "refresh", "showLogFile", "showLogFolder", "siteTickervantage",
+                             "siteChrony", "showAbout", "quit", "closeWindow", "chooseFont", "defaultFont"})
+        EXPECT_TRUE(item(name)->isEnabled()) << name;
+    for (const char* name :
+         {"showFreqInspector", "showServers", "showFreqTemp", "showSpectrum", "showLogs", "openTrackingLog",
+          "liveTracking", "checkForUpdates", "showPreferences", "helpChronyConf", "helpChronyc", "helpChronyd",
+          "helpChronywake", "helpFAQ", "stepTime", "showDonate", "installChrony", "rotateLogs", "synchServer"}) {
+        EXPECT_FALSE(item(name)->isEnabled()) << name;
+        EXPECT_FALSE(item(name)->toolTip().isEmpty()) << name;
+    }
+}
+
+TEST_F(ApplicationTest, ShortcutsAreUnique) {
+    launch();
+    std::set<QString> seen;
+    for (const auto& [name, action] : application->menus().actions) {
+        const QString keys = action->shortcut().toString();
+        EXPECT_TRUE(keys.isEmpty() || seen.insert(keys).second) << name;
+    }
+    EXPECT_GE(seen.size(), 8U);
+}
+
+TEST(ApplicationMenus, ActionMenuIsDisabledExactlyWhileAJobRuns) {
+    QMainWindow window;
+    bool busy = true;
+    MenuHandlers handlers;
+    for (const char* name : exclusive_actions)
+        handlers[name] = [] {
+        };
+    handlers["rotateLogs"] = [] {
+    };
+    const auto menus = build_application_menus(&window, handlers, [&busy] { return busy; });
+    Q_EMIT menus.m_action->aboutToShow();
+    for (const char* name : exclusive_actions)
+        EXPECT_FALSE(menus.actions.at(name)->isEnabled()) << name;
+    EXPECT_TRUE(menus.actions.at("rotateLogs")->isEnabled());
+    busy = false;
+    Q_EMIT menus.m_action->aboutToShow();
+    for (const char* name : exclusive_actions)
+        EXPECT_TRUE(menus.actions.at(name)->isEnabled()) << name;
+}
+
+TEST_F(ApplicationTest, ShutdownStopsTheTimersSavesThePreferencesAndClosesTheLog) {
+    launch();
+    application->main_window().close();
+    application->applicationWillTerminate();
+    EXPECT_FALSE(fakes.timer.is_running());
+    EXPECT_EQ(fakes.store.values["file_chronyc"], std::vector<std::string>{"/usr/local/bin/chronyc"});
+    EXPECT_EQ(fakes.store.values["enable_spectrum_win"], std::vector<std::string>{"false"});
+    EXPECT_TRUE(log_closed);
+}
+
+TEST_F(ApplicationTest, FatalFaultIsLoggedAndShown) {
+    fakes.execute.answer("chronyc -v", "not chrony\n");
+    launch();
+    ASSERT_EQ(logger.sentences.size(), 1U);
+    const auto* box = application->main_window().findChild<QMessageBox*>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_TRUE(box->isVisible());
+    EXPECT_EQ(box->text().toStdString(), logger.sentences.front());
+}
+
+TEST_F(ApplicationTest, AboutBoxNamesTheProgram) {
+    launch();
+    item("showAbout")->trigger();
+    const auto* box = application->main_window().findChild<QMessageBox*>(QStringLiteral("about"));
+    ASSERT_NE(box, nullptr);
+    EXPECT_TRUE(box->text().startsWith(QStringLiteral("Tickervantage ")));
+}
+
+} // namespace
+} // namespace tickervantage

@@ -1,0 +1,230 @@
+#include "mainwindow/command_output_window.h"
+#include "mainwindow/local_time_text_window.h"
+#include "mainwindow/tickervantage_window.h"
+#include "support/fake_main_window_parts.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateTime>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QTimeZone>
+
+#include <algorithm>
+
+namespace tickervantage {
+namespace {
+
+struct MainWindowTest : ::testing::Test {
+    testing::FakeMainWindowParts fakes;
+    QString stopped;
+    std::unique_ptr<TickervantageWindow> window;
+
+    void open() {
+        window = std::make_unique<TickervantageWindow>(
+            fakes.parts(),
+            StatusCycleOptions{.programs =
+                                   [] {
+                                       return ChronyPrograms{"/bundle", "", ""};
+                                   },
+                               .adjusts_clock_by_preference = [] { return true; },
+                               .gpsd_application_found = [] { return true; },
+                               .chronyc_arguments = {},
+                               .pidfile = {}},
+            MainWindowRequests{.stop_program = [this](const QString& sentence) { stopped = sentence; },
+                               .launch_gpsd_application = [] {},
+                               .show_preferences = {}});
+        window->windowDidLoad();
+        window->show();
+        fakes.settle();
+    }
+
+    template <typename Widget>
+    Widget* find(const char* name) {
+        auto* widget = window->findChild<Widget*>(QLatin1String(name));
+        EXPECT_NE(widget, nullptr) << name;
+        return widget;
+    }
+
+    void choose(const char* menu, const char* item) {
+        auto* box = find<QComboBox>(menu);
+        const int index = box->findText(QLatin1String(item));
+        ASSERT_GE(index, 0) << item;
+        box->setCurrentIndex(index);
+        Q_EMIT box->activated(index);
+        Q_EMIT box->textActivated(box->itemText(index));
+        fakes.settle();
+    }
+
+    [[nodiscard]] int visible_images() {
+        return static_cast<int>(std::ranges::count_if(
+            std::array{"status_chronyd_synchronised", "status_chronyd_notlocked", "status_chronyd_unavailable"},
+            [this](const char* name) { return find<QWidget>(name)->isVisible(); }));
+    }
+};
+
+TEST_F(MainWindowTest, ShowsExactlyOneStatusImageInEveryState) {
+    open();
+    for (const auto& [leap, image, words] :
+         {std::tuple{"Normal", "status_chronyd_synchronised", "Synchronised"},
+          std::tuple{"Insert second", "status_chronyd_notlocked", "Not synchronised"},
+          std::tuple{"Delete second", "status_chronyd_unavailable", "Not available"}}) {
+        fakes.execute.answer("chronyc tracking", testing::tracking_text(leap));
+        window->cycle().refresh();
+        fakes.settle();
+        EXPECT_TRUE(find<QWidget>(image)->isVisible()) << leap;
+        EXPECT_EQ(visible_images(), 1) << leap;
+        EXPECT_EQ(find<QLabel>("status_words")->text(), QLatin1String(words));
+    }
+}
+
+TEST_F(MainWindowTest, ControlsSteerTheCycle) {
+    open();
+    fakes.execute.answer("chronyc sources -v", "a table\n");
+    choose("commandMenu", "sources -v");
+    EXPECT_EQ(find<CommandOutput>("m_textscroll")->toPlainText(), QStringLiteral("a table\n"));
+    choose("meterSelect", "Frequency");
+    EXPECT_EQ(find<QLabel>("meterValue")->text(), QStringLiteral("-12.345 µs/s"));
+    find<QCheckBox>("showIPaddress")->click();
+    fakes.settle();
+    EXPECT_TRUE(std::ranges::count(fakes.execute.calls, "chronyc|-n|sources -v") == 1);
+    find<QSpinBox>("m_interval")->setValue(60);
+    EXPECT_EQ(fakes.timer.find("updatetimer")->interval(), 60);
+    EXPECT_TRUE(window->findChild<QAction*>(QStringLiteral("m_gpsd_toolbar"))->isEnabled());
+}
+
+TEST_F(MainWindowTest, ServerFieldBelongsToNtpdata) {
+    fakes.execute.answer("chronyc sourcestats", "Name NP\n===\nb 1\na 2\n");
+    open();
+    EXPECT_FALSE(find<QWidget>("m_server")->isVisible());
+    choose("commandMenu", "ntpdata");
+    auto* server = find<QComboBox>("m_server");
+    EXPECT_TRUE(server->isVisible());
+    EXPECT_EQ(server->count(), 2);
+    EXPECT_EQ(server->itemText(0), QStringLiteral("a"));
+    EXPECT_NE(find<QLabel>("m_status")->text().indexOf(QStringLiteral("administrator")), -1);
+    fakes.channel.is_ready = true;
+    server->setEditText(QStringLiteral(" a "));
+    Q_EMIT server->lineEdit()->editingFinished();
+    fakes.settle();
+    EXPECT_EQ(fakes.channel.commands.back(), "/bin/sh -c ' ntpdata a' 2>&1");
+}
+
+TEST_F(MainWindowTest, StoredSettingsFillTheControls) {
+    fakes.store.values = {{"chronyc_command", {"activity"}},
+                          {"meter_view", {"4"}},
+                          {"ip_address", {"true"}},
+                          {"chronyc_interval", {"33"}},
+                          {"original_name", {"true"}}};
+    open();
+    EXPECT_EQ(find<QComboBox>("commandMenu")->currentText(), QStringLiteral("activity"));
+    EXPECT_EQ(find<QComboBox>("meterSelect")->currentIndex(), 4);
+    EXPECT_TRUE(find<QCheckBox>("showIPaddress")->isChecked());
+    EXPECT_TRUE(find<QCheckBox>("showOriginalName")->isChecked());
+    EXPECT_EQ(find<QSpinBox>("m_interval")->value(), 33);
+    EXPECT_EQ(fakes.timer.find("updatetimer")->interval(), 33);
+}
+
+TEST_F(MainWindowTest, StoredCommandThatTheMenuLacksBecomesTracking) {
+    fakes.store.values = {{"chronyc_command", {"shutdown"}}};
+    open();
+    EXPECT_EQ(find<QComboBox>("commandMenu")->currentText(), QStringLiteral("tracking"));
+    EXPECT_EQ(window->cycle().settings().chronyCommand, "tracking");
+}
+
+TEST_F(MainWindowTest, ProgramThatIsNotChronyStopsWithAClearSentence) {
+    fakes.execute.answer("chronyd -v", "hello\n");
+    open();
+    EXPECT_TRUE(stopped.contains(QStringLiteral("chronyd printed “hello”"))) << stopped.toStdString();
+}
+
+TEST_F(MainWindowTest, ClosingSavesTheSettingsAndTheFrame) {
+    open();
+    window->resize(901, 702);
+    choose("commandMenu", "activity");
+    window->close();
+    EXPECT_EQ(fakes.store.values["chronyc_command"], std::vector<std::string>{"activity"});
+    open();
+    EXPECT_EQ(window->size(), QSize(901, 702));
+}
+
+TEST_F(MainWindowTest, MinimisedWindowNeitherTicksNorReads) {
+    open();
+    const auto calls = fakes.execute.calls.size();
+    window->hide();
+    fakes.timer.advance(60);
+    fakes.settle();
+    EXPECT_EQ(fakes.execute.calls.size(), calls);
+    window->show();
+    fakes.settle();
+    EXPECT_GT(fakes.execute.calls.size(), calls);
+}
+
+TEST_F(MainWindowTest, EveryControlHasANameForPeopleAndCanBeReached) {
+    open();
+    for (const auto* widget : window->centralWidget()->findChildren<QWidget*>()) {
+        const bool inner_part =
+            widget->objectName().startsWith(QStringLiteral("qt_")) || widget->window() != window.get();
+        if (widget->focusPolicy() == Qt::NoFocus || inner_part)
+            continue;
+        EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
+        EXPECT_TRUE(widget->focusPolicy() & Qt::TabFocus || qobject_cast<const QLabel*>(widget))
+            << widget->objectName().toStdString();
+    }
+}
+
+TEST(CommandOutput, SameTextKeepsSelectionAndScrollPosition) {
+    CommandOutput output;
+    output.resize(300, 120);
+    output.show();
+    std::string text;
+    for (int i = 0; i < 200; ++i)
+        text += "line " + std::to_string(i) + "\n";
+    output.show_text(text);
+    auto cursor = output.textCursor();
+    cursor.setPosition(50);
+    cursor.setPosition(90, QTextCursor::KeepAnchor);
+    output.setTextCursor(cursor);
+    output.verticalScrollBar()->setValue(77);
+    output.show_text(text);
+    EXPECT_EQ(output.verticalScrollBar()->value(), 77);
+    EXPECT_EQ(output.textCursor().selectedText().size(), 40);
+
+    output.show_text(text + "one more\n");
+    EXPECT_EQ(output.verticalScrollBar()->value(), 77);
+    output.show_text("short");
+    EXPECT_EQ(output.toPlainText(), QStringLiteral("short"));
+}
+
+TEST(CommandOutput, ShowsWhateverBytesComeAndTakesAFont) {
+    CommandOutput output;
+    output.show_text(std::string("a\xff\xfe\0b", 5));
+    EXPECT_TRUE(output.toPlainText().startsWith(QStringLiteral("a\uFFFD\uFFFD")));
+    output.set_font({"DejaVu Sans Mono", 17});
+    EXPECT_EQ(output.font().pointSizeF(), 17);
+    output.set_font({});
+    EXPECT_NE(output.font().pointSizeF(), 17);
+}
+
+TEST(LocalTimeText, FollowsTheLocaleWithAShortMonthAndNoWeekday) {
+    const QDateTime time(QDate(2026, 11, 21), QTime(15, 4, 5), QTimeZone::utc());
+    EXPECT_EQ(local_time_text(time, QLocale(QLocale::English, QLocale::UnitedStates)),
+              QStringLiteral("Nov 21, 2026  3:04:05 PM UTC"));
+    EXPECT_EQ(local_time_text(time, QLocale(QLocale::German)), QStringLiteral("21. Nov. 2026  15:04:05 UTC"));
+    for (const auto language : {QLocale::French, QLocale::Japanese, QLocale::Arabic, QLocale::Spanish, QLocale::Thai}) {
+        const QLocale locale(language);
+        const QString text = local_time_text(time, locale);
+        EXPECT_FALSE(text.contains(locale.dayName(6))) << text.toStdString();
+        EXPECT_TRUE(text.contains(locale.toString(21))) << text.toStdString();
+    }
+}
+
+} // namespace
+} // namespace tickervantage
