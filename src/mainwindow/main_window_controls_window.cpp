@@ -44,7 +44,7 @@ QLabel* text_label(QWidget* parent, const char* object_name, const QString& acce
 void build_readings(QWidget* central, MainWindowControls& controls) {
     //: main window: name of the text that shows date and time
     controls.localTime = text_label(central, "localTime", tr("Local time"));
-    controls.localTime->setAlignment(Qt::AlignHCenter);
+    controls.localTime->setAlignment(Qt::AlignCenter);
     //: main window: name of the menu that chooses the meter's quantity
     controls.meterSelect = named(new QComboBox(central), "meterSelect", tr("Quantity on the meter"));
     //: main window: the meter's quantities, in chrony's words
