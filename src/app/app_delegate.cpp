@@ -26,6 +26,7 @@ AppDelegate::AppDelegate(ApplicationParts parts, DaemonChoice daemon)
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
+    m_parts.logger.log(LogLevel::info, "Tickervantage " TICKERVANTAGE_VERSION " starts.");
     m_parts.actions->prepare();
     remove_old_installations(m_parts.old_installation, m_parts.actions, m_parts.removal_queue);
     m_general = PreferencesGeneral::load(m_parts.cycle.settings);
@@ -40,6 +41,7 @@ void AppDelegate::applicationWillTerminate() {
     m_parts.cycle.timer.stop();
     m_general.save(m_parts.cycle.settings);
     m_advanced.save(m_parts.cycle.settings);
+    m_parts.logger.log(LogLevel::info, "Tickervantage ends.");
     m_parts.close_log();
 }
 
@@ -54,6 +56,7 @@ void AppDelegate::make_main_window() {
     m_main_window->add_toolbar_actions(
         {m_menus.actions.at("refresh"), m_menus.actions.at("liveTracking"), m_menus.actions.at("showConfigEditor")});
     m_main_window->set_standing_notice(m_daemon.standing_notice);
+    m_main_window->cycle().on_applied([this](const StatusNotice& notice) { log_change_of_state(notice); });
     m_main_window->windowDidLoad();
 }
 
@@ -118,8 +121,9 @@ MenuHandlers AppDelegate::menu_handlers() {
                  m_main_window->defaultFont();
              }},
             {"closeWindow",
-             [] {
-                 QApplication::activeWindow()->close();
+             [this] {
+                 QWidget* active = QApplication::activeWindow(); // none while another program has the keyboard
+                 (active != nullptr ? active : m_main_window.get())->close();
              }},
             {"quit",
              [] {
@@ -159,7 +163,19 @@ void AppDelegate::say(const QString& sentence) {
     box->open();
 }
 
+void AppDelegate::log_change_of_state(const StatusNotice& notice) {
+    const chronydStatus status = m_main_window->cycle().status();
+    if (std::exchange(m_logged_status, status) == status)
+        return;
+    std::string sentence = "The daemon is " + std::string(name_of(status));
+    if (!notice.detail.empty() && status == chronydStatus::unavailable)
+        sentence += ": " + notice.detail;
+    m_parts.logger.log(status == chronydStatus::synchronised ? LogLevel::info : LogLevel::warning, sentence);
+}
+
 void AppDelegate::stop_program(const QString& sentence) {
+    if (std::exchange(m_stopping, true))
+        return; // one fault is enough to end the program
     m_parts.logger.log(LogLevel::error, sentence.toStdString());
     auto* box = new QMessageBox(QMessageBox::Critical, QStringLiteral("Tickervantage"), sentence, QMessageBox::NoButton,
                                 m_main_window.get());

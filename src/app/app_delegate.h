@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -63,12 +64,15 @@ private:
     void showTickervantage();
     void launchMeridianox();
     void say(const QString& sentence); // a failure, with one "Dismiss" button
+    void log_change_of_state(const StatusNotice& notice);
 
     ApplicationParts m_parts;
     DaemonChoice m_daemon;
     PreferencesGeneral m_general;
     PreferencesAdvanced m_advanced;
     ApplicationMenus m_menus;
+    std::optional<chronydStatus> m_logged_status;
+    bool m_stopping = false;
     std::unique_ptr<TickervantageWindow> m_main_window;
 };
 

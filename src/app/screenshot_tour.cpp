@@ -43,7 +43,7 @@ ScreenshotTour::ScreenshotTour(AppDelegate& application, QString folder, std::fu
 void ScreenshotTour::start() {
     plan();
     auto& cycle = m_application.main_window().cycle();
-    cycle.on_applied([this] { QTimer::singleShot(0, this, [this] { reading_applied(); }); });
+    cycle.on_applied([this](const StatusNotice&) { QTimer::singleShot(0, this, [this] { reading_applied(); }); });
     cycle.intervalChanged(1);
 }
 
@@ -107,8 +107,8 @@ void ScreenshotTour::reading_applied() {
 
 void ScreenshotTour::next_stop() {
     if (m_stops.empty()) {
-        m_application.main_window().cycle().on_applied({});
-        m_finished(m_complete);
+        if (!std::exchange(m_ended, true))
+            m_finished(m_complete);
         return;
     }
     m_stops.front().prepare();

@@ -41,6 +41,7 @@ private:
     std::function<void(bool)> m_finished;
     std::deque<Stop> m_stops;
     bool m_touring = false;
+    bool m_ended = false;
     bool m_complete = true;
     int m_readings = 0;
 };

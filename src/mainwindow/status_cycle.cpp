@@ -171,9 +171,10 @@ void StatusCycle::apply(const RefreshReading& reading) {
     show_output(reading);
     if (reading.servers)
         apply_servers(*reading.servers);
-    m_display.show_notice(notice(reading));
-    if (m_applied)
-        m_applied();
+    const StatusNotice shown = notice(reading);
+    m_display.show_notice(shown);
+    for (const auto& handler : m_applied)
+        handler(shown);
 }
 
 void StatusCycle::apply_tracking(const RefreshReading& reading) {

@@ -84,8 +84,8 @@ public:
     [[nodiscard]] bool reading() const { return m_reading; }
     [[nodiscard]] ClockPerformance& meter() { return m_meter; }
 
-    // Called after each reading was applied.
-    void on_applied(std::function<void()> handler) { m_applied = std::move(handler); }
+    // Called after each reading was applied, for as long as the cycle lives. Several may be added.
+    void on_applied(std::function<void(const StatusNotice&)> handler) { m_applied.push_back(std::move(handler)); }
 
 private:
     void start_reading();
@@ -115,7 +115,7 @@ private:
     bool m_list_servers = false; // the next reading brings the servers' names
     bool m_reading = false;      // one is under way
     bool m_again = false;        // and is stale: another follows
-    std::function<void()> m_applied;
+    std::vector<std::function<void(const StatusNotice&)>> m_applied;
     std::shared_ptr<StatusCycle*> m_self; // work on its way back finds out through it that the cycle has gone
 };
 

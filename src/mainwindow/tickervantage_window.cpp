@@ -60,7 +60,6 @@ void TickervantageWindow::build_toolbar() {
     //: main window: toolbar item that launches the application which configures a GPS receiver
     m_gpsd_toolbar = new QAction(tr("GPS Configuration"), this);
     m_gpsd_toolbar->setObjectName(QStringLiteral("m_gpsd_toolbar"));
-    m_gpsd_toolbar->setIcon(QIcon::fromTheme(QLatin1String(StatusCycle::GPSD_CONF_ID)));
     //: main window: tooltip of that item
     m_gpsd_toolbar->setToolTip(tr("Open Meridianox to configure a GPS receiver"));
     m_gpsd_toolbar->setEnabled(false);
@@ -68,7 +67,7 @@ void TickervantageWindow::build_toolbar() {
     m_toolbar = addToolBar(tr("Main Toolbar"));
     m_toolbar->setObjectName(QStringLiteral("toolbar"));
     m_toolbar->setMovable(false);
-    m_toolbar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_toolbar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_toolbar->addAction(m_gpsd_toolbar);
     connect(m_gpsd_toolbar, &QAction::triggered, this, [this] { m_requests.launch_gpsd_application(); });
 }
@@ -223,6 +222,8 @@ void TickervantageWindow::show_notice(const StatusNotice& notice) {
 }
 
 void TickervantageWindow::enable_gpsd_item(bool enabled) {
+    if (enabled && m_gpsd_toolbar->icon().isNull()) // looking for an icon costs start-up time: only where it is shown
+        m_gpsd_toolbar->setIcon(QIcon::fromTheme(QLatin1String(StatusCycle::GPSD_CONF_ID)));
     m_gpsd_toolbar->setEnabled(enabled);
 }
 

@@ -128,11 +128,26 @@ TEST_F(ApplicationTest, ShutdownStopsTheTimersSavesThePreferencesAndClosesTheLog
 TEST_F(ApplicationTest, FatalFaultIsLoggedAndShown) {
     fakes.execute.answer("chronyc -v", "not chrony\n");
     launch();
-    ASSERT_EQ(logger.sentences.size(), 1U);
+    ASSERT_FALSE(logger.sentences.empty());
     const auto* box = application->main_window().findChild<QMessageBox*>();
     ASSERT_NE(box, nullptr);
     EXPECT_TRUE(box->isVisible());
-    EXPECT_EQ(box->text().toStdString(), logger.sentences.front());
+    EXPECT_EQ(std::ranges::count(logger.sentences, box->text().toStdString()), 1);
+}
+
+TEST_F(ApplicationTest, ChangesOfStateAreLoggedOnce) {
+    launch();
+    const auto refresh = [this] {
+        application->main_window().cycle().refresh();
+        fakes.settle();
+    };
+    refresh();
+    fakes.execute.answer("chronyc tracking", "506 Cannot talk to daemon\n", 1);
+    refresh();
+    refresh();
+    logger.sentences.erase(logger.sentences.begin()); // that the program starts
+    EXPECT_EQ(logger.sentences, (std::vector<std::string>{"The daemon is synchronised",
+                                                          "The daemon is unavailable: 506 Cannot talk to daemon"}));
 }
 
 TEST_F(ApplicationTest, AboutBoxNamesTheProgram) {
