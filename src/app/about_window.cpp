@@ -6,9 +6,9 @@
 namespace tickervantage {
 namespace {
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("about", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(about)
+};
 
 } // namespace
 
@@ -17,14 +17,15 @@ void show_about(QWidget* parent) {
     box->setObjectName(QStringLiteral("about"));
     box->setAttribute(Qt::WA_DeleteOnClose);
     //: About box: title
-    box->setWindowTitle(tr("About Tickervantage"));
+    box->setWindowTitle(Texts::tr("About Tickervantage"));
     box->setTextFormat(Qt::PlainText);
     box->setText(QStringLiteral("Tickervantage " TICKERVANTAGE_VERSION));
     //: About box: what the program is, and its licence
-    box->setInformativeText(tr("Installs, configures, controls and monitors chrony, the NTP software, on this "
-                               "workstation.\n\nCopyright © 2026 the Tickervantage developers. Free software under "
-                               "the MIT licence, without warranty.\n\nchrony is a separate program under the GNU "
-                               "General Public License, version 2."));
+    box->setInformativeText(
+        Texts::tr("Installs, configures, controls and monitors chrony, the NTP software, on this "
+                  "workstation.\n\nCopyright © 2026 the Tickervantage developers. Free software under "
+                  "the MIT licence, without warranty.\n\nchrony is a separate program under the GNU "
+                  "General Public License, version 2."));
     box->setStandardButtons(QMessageBox::Close);
     box->open();
 }

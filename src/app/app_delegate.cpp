@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCoreApplication>
 #include <QMessageBox>
 
 #include <utility>
@@ -14,9 +15,9 @@
 namespace tickervantage {
 namespace {
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("application", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(application)
+};
 
 } // namespace
 
@@ -99,7 +100,7 @@ void AppDelegate::launchMeridianox() {
         return;
     m_parts.logger.log(LogLevel::warning, sentence);
     //: alert: the sibling application could not be started
-    say(tr("Meridianox could not be started."));
+    say(Texts::tr("Meridianox could not be started."));
 }
 
 MenuHandlers AppDelegate::menu_handlers() {
@@ -133,13 +134,13 @@ MenuHandlers AppDelegate::menu_handlers() {
              [this, log_folder] {
                  if (!show_file(log_folder + QStringLiteral("/tickervantage.log")))
                      //: alert: %1 is a folder
-                     say(tr("The log cannot be shown here. It lies in %1.").arg(log_folder));
+                     say(Texts::tr("The log cannot be shown here. It lies in %1.").arg(log_folder));
              }},
             {"showLogFolder",
              [this, log_folder] {
                  if (!reveal_folder(log_folder))
                      //: alert: %1 is a folder
-                     say(tr("The folder %1 cannot be shown here.").arg(log_folder));
+                     say(Texts::tr("The folder %1 cannot be shown here.").arg(log_folder));
              }},
             {"siteTickervantage",
              [] {
@@ -159,7 +160,7 @@ void AppDelegate::say(const QString& sentence) {
                                 m_main_window.get());
     box->setAttribute(Qt::WA_DeleteOnClose);
     //: button of an alert
-    box->addButton(tr("Dismiss"), QMessageBox::AcceptRole);
+    box->addButton(Texts::tr("Dismiss"), QMessageBox::AcceptRole);
     box->open();
 }
 
@@ -181,7 +182,7 @@ void AppDelegate::stop_program(const QString& sentence) {
                                 m_main_window.get());
     box->setAttribute(Qt::WA_DeleteOnClose);
     //: button of the alert that ends the program
-    box->addButton(tr("Quit"), QMessageBox::AcceptRole);
+    box->addButton(Texts::tr("Quit"), QMessageBox::AcceptRole);
     QObject::connect(box, &QMessageBox::finished, qApp, [] { QCoreApplication::exit(1); });
     box->open();
 }

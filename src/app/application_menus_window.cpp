@@ -12,9 +12,9 @@
 namespace tickervantage {
 namespace {
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("menus", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(menus)
+};
 
 struct Item {
     const char* name; // null: a separator
@@ -104,7 +104,7 @@ public:
 
 private:
     void add_item(QMenu* menu, const Item& item) {
-        QAction* action = menu->addAction(tr(item.text));
+        QAction* action = menu->addAction(Texts::tr(item.text));
         action->setObjectName(QLatin1String(item.name));
         action->setShortcut(item.shortcut);
         m_menus.actions[item.name] = action;
@@ -115,7 +115,7 @@ private:
         }
         action->setEnabled(false);
         //: tooltip of a menu item that cannot be used
-        action->setToolTip(tr("Not part of this version"));
+        action->setToolTip(Texts::tr("Not part of this version"));
     }
 
     QMainWindow* m_window;
@@ -130,11 +130,11 @@ ApplicationMenus build_application_menus(QMainWindow* window, const MenuHandlers
     ApplicationMenus menus;
     MenuBuilder builder(window, handlers, menus);
     //: titles of the menus
-    builder.add(tr("&File"), file_items());
-    builder.add(tr("&View"), view_items());
-    menus.m_action = builder.add(tr("&Chrony"), action_items());
-    builder.add(tr("&Window"), window_items());
-    builder.add(tr("&Help"), help_items());
+    builder.add(Texts::tr("&File"), file_items());
+    builder.add(Texts::tr("&View"), view_items());
+    menus.m_action = builder.add(Texts::tr("&Chrony"), action_items());
+    builder.add(Texts::tr("&Window"), window_items());
+    builder.add(Texts::tr("&Help"), help_items());
     menus.m_frequency_item = menus.actions.at("showFreqTemp");
     menus.m_spectrum_item = menus.actions.at("showSpectrum");
 

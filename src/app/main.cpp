@@ -3,6 +3,7 @@
 #include "app/options.h"
 #include "app/quit_on_signal.h"
 #include "app/screenshot_tour.h"
+#include "config/settings_catalogue.h"
 #include "platform/linux/demonstration.h"
 #include "platform/linux/file_logger.h"
 #include "platform/linux/no_privileged_channel.h"
@@ -17,6 +18,7 @@
 #include "mainwindow/tickervantage_window.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QDir>
 
 #include <cstdio>
@@ -28,9 +30,9 @@
 namespace tickervantage {
 namespace {
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("demonstration", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(demonstration)
+};
 
 // Nothing of a demonstration may reach the user's own settings, data or log.
 Paths throw_away(Paths paths, const std::string& folder) {
@@ -44,8 +46,9 @@ DaemonChoice demonstration_choice(const Demonstration& demonstration) {
     return {.chronyc_arguments = {"-h", demonstration.socket()},
             .pidfile = demonstration.client_pidfile(),
             //: banner of demonstration mode
-            .standing_notice = tr("Demonstration: you see a chronyd that this program started for itself, on this "
-                                  "machine alone. It follows a second one and leaves your clock as it is.")};
+            .standing_notice =
+                Texts::tr("Demonstration: you see a chronyd that this program started for itself, on this "
+                          "machine alone. It follows a second one and leaves your clock as it is.")};
 }
 
 class Program {
@@ -140,6 +143,8 @@ void Program::start_tour(const QString& folder, const DaemonChoice& daemon, cons
 
 int Program::run(const ProgramOptions& options, const DaemonChoice& daemon, const Paths& paths) {
     const QuitOnSignal quit_on_signal;
+    if (options.demo) // its daemons synchronise within a second: ten would look like a fault
+        save(m_settings, settings::chronyc_interval, 2);
     m_delegate.applicationDidFinishLaunching();
     show_problems();
     if (!options.screenshots.empty())

@@ -19,9 +19,9 @@
 namespace tickervantage {
 namespace {
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("mainwindow", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(mainwindow)
+};
 
 QString from_view(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -43,16 +43,16 @@ QLabel* text_label(QWidget* parent, const char* object_name, const QString& acce
 
 void build_readings(QWidget* central, MainWindowControls& controls) {
     //: main window: name of the text that shows date and time
-    controls.localTime = text_label(central, "localTime", tr("Local time"));
+    controls.localTime = text_label(central, "localTime", Texts::tr("Local time"));
     controls.localTime->setAlignment(Qt::AlignCenter);
     //: main window: name of the menu that chooses the meter's quantity
-    controls.meterSelect = named(new QComboBox(central), "meterSelect", tr("Quantity on the meter"));
+    controls.meterSelect = named(new QComboBox(central), "meterSelect", Texts::tr("Quantity on the meter"));
     //: main window: the meter's quantities, in chrony's words
-    controls.meterSelect->addItems({tr("System time"), tr("Last offset"), tr("RMS offset"), tr("Root delay"),
-                                    tr("Root dispersion"), tr("Frequency")});
+    controls.meterSelect->addItems({Texts::tr("System time"), Texts::tr("Last offset"), Texts::tr("RMS offset"),
+                                    Texts::tr("Root delay"), Texts::tr("Root dispersion"), Texts::tr("Frequency")});
     controls.meterSelect->setToolTip(controls.meterSelect->accessibleName());
     //: main window: name of the text that shows the meter's value
-    controls.meterValue = text_label(central, "meterValue", tr("Meter value"));
+    controls.meterValue = text_label(central, "meterValue", Texts::tr("Meter value"));
     controls.meterValue->setAlignment(Qt::AlignHCenter);
 }
 
@@ -65,27 +65,28 @@ void build_status(QWidget* central, MainWindowControls& controls) {
         controls.status_images[i]->hide();
     }
     //: main window: name of the text beside the status image
-    controls.status_words = text_label(central, "status_words", tr("State of chronyd"));
+    controls.status_words = text_label(central, "status_words", Texts::tr("State of chronyd"));
     QFont large = controls.status_words->font();
     large.setPointSizeF(large.pointSizeF() * 1.4);
     large.setBold(true);
     controls.status_words->setFont(large);
     //: main window: name of the notice that the clock is left alone
-    controls.adjustingClock = text_label(central, "adjustingClock", tr("Clock adjustment"));
+    controls.adjustingClock = text_label(central, "adjustingClock", Texts::tr("Clock adjustment"));
     //: main window: notice that chronyd was told not to adjust the system clock
-    controls.adjustingClock->setText(tr("chronyd does not adjust the system clock."));
+    controls.adjustingClock->setText(Texts::tr("chronyd does not adjust the system clock."));
     controls.adjustingClock->setWordWrap(true);
     controls.adjustingClock->setMinimumHeight(2 * controls.adjustingClock->fontMetrics().lineSpacing());
     //: main window: button that opens the preferences
-    controls.m_preferences = named(new QPushButton(tr("Preferences…"), central), "m_preferences", tr("Preferences"));
+    controls.m_preferences =
+        named(new QPushButton(Texts::tr("Preferences…"), central), "m_preferences", Texts::tr("Preferences"));
     //: main window: names of the version texts
-    controls.chronycversion = text_label(central, "chronycversion", tr("Version of chronyc"));
-    controls.chronydversion = text_label(central, "chronydversion", tr("Version of chronyd"));
+    controls.chronycversion = text_label(central, "chronycversion", Texts::tr("Version of chronyc"));
+    controls.chronydversion = text_label(central, "chronydversion", Texts::tr("Version of chronyd"));
 }
 
 void build_command_controls(QWidget* central, MainWindowControls& controls) {
     //: main window: name of the menu that chooses the report
-    controls.commandMenu = named(new QComboBox(central), "commandMenu", tr("chronyc command"));
+    controls.commandMenu = named(new QComboBox(central), "commandMenu", Texts::tr("chronyc command"));
     for (const auto& entry : status_commands) {
         controls.commandMenu->addItem(from_view(entry.command));
         controls.commandMenu->setItemData(controls.commandMenu->count() - 1, from_view(entry.explanation),
@@ -93,47 +94,48 @@ void build_command_controls(QWidget* central, MainWindowControls& controls) {
     }
     controls.commandMenu->setMaxVisibleItems(static_cast<int>(status_commands.size()));
     //: main window: tooltip of the command menu
-    controls.commandMenu->setToolTip(tr("The chronyc report shown below"));
+    controls.commandMenu->setToolTip(Texts::tr("The chronyc report shown below"));
     //: main window: label of the server field, shown for the ntpdata report
-    controls.m_server_label = new QLabel(tr("&Server:"), central);
+    controls.m_server_label = new QLabel(Texts::tr("&Server:"), central);
     controls.m_server_label->setObjectName(QStringLiteral("m_server_label"));
     //: main window: name of the server field
-    controls.m_server = named(new QComboBox(central), "m_server", tr("NTP server for ntpdata"));
+    controls.m_server = named(new QComboBox(central), "m_server", Texts::tr("NTP server for ntpdata"));
     controls.m_server->setEditable(true);
     controls.m_server->lineEdit()->setAccessibleName(controls.m_server->accessibleName());
     controls.m_server->setInsertPolicy(QComboBox::NoInsert);
     controls.m_server->setMinimumContentsLength(18);
     //: main window: tooltip of the server field
-    controls.m_server->setToolTip(tr("Server whose measurements are shown; empty for all of them"));
+    controls.m_server->setToolTip(Texts::tr("Server whose measurements are shown; empty for all of them"));
     controls.m_server_label->setBuddy(controls.m_server);
 }
 
 void build_options(QWidget* central, MainWindowControls& controls) {
     //: main window: checkbox, addresses are shown as numbers
-    controls.showIPaddress = named(new QCheckBox(tr("&IP addresses"), central), "showIPaddress", tr("IP addresses"));
+    controls.showIPaddress =
+        named(new QCheckBox(Texts::tr("&IP addresses"), central), "showIPaddress", Texts::tr("IP addresses"));
     //: main window: tooltip
-    controls.showIPaddress->setToolTip(tr("Show numeric addresses, without asking for names"));
+    controls.showIPaddress->setToolTip(Texts::tr("Show numeric addresses, without asking for names"));
     //: main window: checkbox, sources by the names of the configuration
     controls.showOriginalName =
-        named(new QCheckBox(tr("&Original names"), central), "showOriginalName", tr("Original names"));
+        named(new QCheckBox(Texts::tr("&Original names"), central), "showOriginalName", Texts::tr("Original names"));
     //: main window: tooltip
-    controls.showOriginalName->setToolTip(tr("Show the sources by the names written in the configuration"));
+    controls.showOriginalName->setToolTip(Texts::tr("Show the sources by the names written in the configuration"));
     //: main window: name of the field with the seconds between two readings
-    controls.m_interval = named(new QSpinBox(central), "m_interval", tr("Update interval"));
+    controls.m_interval = named(new QSpinBox(central), "m_interval", Texts::tr("Update interval"));
     controls.m_interval->setRange(1, 60);
     controls.m_interval->setValue(4);
     controls.m_interval->setKeyboardTracking(false); // "30" must not start with an interval of 3
     //: main window: unit behind the interval, seconds
-    controls.m_interval->setSuffix(tr(" s"));
+    controls.m_interval->setSuffix(Texts::tr(" s"));
     //: main window: tooltip of the interval
-    controls.m_interval->setToolTip(tr("Seconds between two readings, 1 to 60"));
+    controls.m_interval->setToolTip(Texts::tr("Seconds between two readings, 1 to 60"));
 }
 
 QWidget* build_interval_holder(QWidget* central, QSpinBox* interval) {
     auto* holder = new QWidget(central);
     holder->setObjectName(QStringLiteral("ph_interval"));
     //: main window: label of the interval
-    auto* label = new QLabel(tr("&Every"), holder);
+    auto* label = new QLabel(Texts::tr("&Every"), holder);
     label->setBuddy(interval);
     auto* row = new QHBoxLayout(holder);
     row->setContentsMargins(0, 0, 0, 0);
@@ -187,7 +189,7 @@ QLayout* dashboard(const MainWindowControls& controls) {
 
 QLayout* command_row(QWidget* central, const MainWindowControls& controls) {
     //: main window: label of the command menu
-    auto* label = new QLabel(tr("&Report:"), central);
+    auto* label = new QLabel(Texts::tr("&Report:"), central);
     label->setBuddy(controls.commandMenu);
     auto* row = new QHBoxLayout;
     row->addWidget(label);
@@ -204,7 +206,7 @@ QLayout* command_row(QWidget* central, const MainWindowControls& controls) {
 
 QLabel* build_banner(QWidget* central) {
     //: main window: name of the banner with what holds for the whole run, such as demonstration mode
-    auto* banner = text_label(central, "standingNotice", tr("Notice"));
+    auto* banner = text_label(central, "standingNotice", Texts::tr("Notice"));
     banner->setWordWrap(true);
     banner->setMargin(6);
     banner->setAutoFillBackground(true);
@@ -221,16 +223,16 @@ MainWindowControls build_main_window_controls(QWidget* central, InstrumentWidget
     MainWindowControls controls;
     controls.standing_notice = build_banner(central);
     //: main window: names of the two instruments
-    controls.analogClock = named(analog_clock, "analogClock", tr("Clock"));
-    controls.clockPerformance = named(clock_performance, "clockPerformance", tr("Performance meter"));
+    controls.analogClock = named(analog_clock, "analogClock", Texts::tr("Clock"));
+    controls.clockPerformance = named(clock_performance, "clockPerformance", Texts::tr("Performance meter"));
     build_readings(central, controls);
     build_status(central, controls);
     build_command_controls(central, controls);
     build_options(central, controls);
     //: main window: name of the text view with chronyc's output
-    controls.m_textscroll = named(new CommandOutput(central), "m_textscroll", tr("Output of chronyc"));
+    controls.m_textscroll = named(new CommandOutput(central), "m_textscroll", Texts::tr("Output of chronyc"));
     //: main window: name of the line that says what stands in the way
-    controls.m_status = text_label(central, "m_status", tr("Status"));
+    controls.m_status = text_label(central, "m_status", Texts::tr("Status"));
     controls.m_status->setWordWrap(true);
 
     auto* column = new QVBoxLayout(central);

@@ -41,11 +41,14 @@ std::optional<std::vector<std::string>> server_names(const std::string& sourcest
     const auto lines = non_empty_lines(sourcestats);
     // The heading is two or three lines long, by chronyc's version, and always ends with a ruler.
     const auto ruler = std::ranges::find_if(lines, [](std::string_view line) { return line.starts_with("==="); });
-    if (ruler == lines.end() || ruler + 1 == lines.end())
+    if (ruler == lines.end())
         return std::nullopt;
     std::vector<std::string> names;
     for (auto line = ruler + 1; line != lines.end(); ++line)
-        names.push_back(first_words(*line, 1));
+        if (auto name = first_words(*line, 1); !name.empty())
+            names.push_back(std::move(name));
+    if (names.empty())
+        return std::nullopt;
     std::ranges::sort(names);
     return names;
 }
