@@ -81,7 +81,7 @@ StatusCycleOptions AppDelegate::cycle_options() {
             .pidfile = m_daemon.pidfile};
 }
 
-void AppDelegate::update_optional_items() {
+void AppDelegate::update_optional_items() const {
     m_menus.m_frequency_item->setVisible(m_advanced.frequency);
     m_menus.m_spectrum_item->setVisible(m_advanced.spectrum);
 }

@@ -52,7 +52,7 @@ public:
     [[nodiscard]] const ApplicationMenus& menus() const { return m_menus; }
 
     // Shows or hides the items of the two optional windows, as the preferences have it.
-    void update_optional_items();
+    void update_optional_items() const;
 
     // Says the sentence to the user and ends the program with exit status 1.
     void stop_program(const QString& sentence);

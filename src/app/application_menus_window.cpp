@@ -137,6 +137,9 @@ ApplicationMenus build_application_menus(QMainWindow* window, const MenuHandlers
     builder.add(Texts::tr("&Help"), help_items());
     menus.m_frequency_item = menus.actions.at("showFreqTemp");
     menus.m_spectrum_item = menus.actions.at("showSpectrum");
+    menus.m_action->setObjectName(QStringLiteral("m_action"));
+    menus.m_frequency_item->setObjectName(QStringLiteral("m_frequency_item"));
+    menus.m_spectrum_item->setObjectName(QStringLiteral("m_spectrum_item"));
 
     std::vector<QAction*> exclusive; // items without a handler stay disabled whatever goes on
     for (const char* name : exclusive_actions)

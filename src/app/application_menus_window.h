@@ -1,6 +1,7 @@
 // The menu bar: every action of the program, by name. An action whose handler is not there is shown disabled.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <map>
 #include <string>
@@ -11,7 +12,8 @@ class QMenu;
 
 namespace tickervantage {
 
-// By the name of the action, which is also the object name of its menu item.
+// By the name of the action, which is also the object name of its menu item, but for the items and the menu that have a
+// field of their own below: their object name is the field's.
 using MenuHandlers = std::map<std::string, std::function<void()>>;
 
 struct ApplicationMenus {
@@ -22,8 +24,8 @@ struct ApplicationMenus {
 };
 
 // The five items of the action menu that are disabled while an administrative job is under way.
-inline constexpr const char* exclusive_actions[] = {"installChrony", "uninstallChrony", "startChrony", "stopChrony",
-                                                    "runChronywake"};
+inline constexpr std::array<const char*, 5> exclusive_actions{"installChrony", "uninstallChrony", "startChrony",
+                                                              "stopChrony", "runChronywake"};
 
 // `job_in_progress` is asked whenever the action menu opens.
 [[nodiscard]] ApplicationMenus build_application_menus(QMainWindow* window, const MenuHandlers& handlers,

@@ -69,6 +69,7 @@ void TickervantageWindow::build_toolbar() {
     m_toolbar->setMovable(false);
     m_toolbar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_toolbar->addAction(m_gpsd_toolbar);
+    m_toolbar->widgetForAction(m_gpsd_toolbar)->setObjectName(m_gpsd_toolbar->objectName());
     connect(m_gpsd_toolbar, &QAction::triggered, this, [this] { m_requests.launch_gpsd_application(); });
 }
 
