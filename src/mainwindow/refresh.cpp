@@ -1,6 +1,6 @@
 #include "mainwindow/refresh.h"
 
-#include "chrony/text_lines.h"
+#include "platform/text_lines.h"
 
 #include <algorithm>
 #include <array>

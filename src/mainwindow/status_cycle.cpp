@@ -1,6 +1,6 @@
 #include "mainwindow/status_cycle.h"
 
-#include "chrony/text_lines.h"
+#include "platform/text_lines.h"
 #include "mainwindow/current_frequency.h"
 
 #include <algorithm>

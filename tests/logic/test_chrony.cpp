@@ -1,5 +1,5 @@
 #include "chrony/runchronyc.h"
-#include "chrony/text_lines.h"
+#include "platform/text_lines.h"
 #include "chrony/tracking_report.h"
 #include "privileged/privileged_actions.h"
 #include "support/fake_privileged_channel.h"

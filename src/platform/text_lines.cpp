@@ -1,4 +1,4 @@
-#include "chrony/text_lines.h"
+#include "platform/text_lines.h"
 
 #include <algorithm>
 
