@@ -1,18 +1,10 @@
 // Any bytes as the text of a setting: nothing crashes, and what is accepted has a normal form that stays as it is.
 #include "config/settings_catalogue.h"
-
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
+#include "fuzz/require.h"
 
 using namespace tickervantage;
 
 namespace {
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 void check_one(const SettingKey& setting, std::string_view text) {
     std::vector<std::string> value;

@@ -1,6 +1,7 @@
 #include "platform/linux/file_logger.h"
 
 #include "platform/linux/file_descriptor.h"
+#include "platform/setting_text.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -45,10 +46,7 @@ std::size_t printable_length(std::string_view text) {
     if (first < 0xc2 || first > 0xf4 || (first == 0xc2 && at(1) < 0xa0)) // C2 80 to C2 9F: control characters too
         return 0;
     const std::size_t length = first < 0xe0 ? 2 : first < 0xf0 ? 3 : 4;
-    for (std::size_t i = 1; i < length; ++i)
-        if ((at(i) & 0xc0U) != 0x80)
-            return 0;
-    return length;
+    return is_plain_utf8(text.substr(0, length)) ? length : 0;
 }
 
 void append_harmless(std::string& line, std::string_view text) {

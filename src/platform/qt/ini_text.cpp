@@ -48,6 +48,8 @@ IniValues values_of(const QSettings& settings) {
 }
 
 std::optional<QByteArray> format_in(const QString& parent, const IniValues& values) {
+    if (values.isEmpty()) // QSettings would make no file
+        return QByteArray();
     const QTemporaryDir folder(parent + QStringLiteral("/.tickervantage-XXXXXX"));
     if (!folder.isValid())
         return std::nullopt;

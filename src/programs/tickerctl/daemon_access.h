@@ -25,7 +25,7 @@ public:
     [[nodiscard]] int wait_for_demonstration(const Paths& paths, std::string& sentence);
 
     [[nodiscard]] Runchronyc runner(const DefaultSettings& settings, const Paths& paths);
-    [[nodiscard]] Execute& execute() { return m_execute; }
+    [[nodiscard]] PosixExecute& execute() { return m_execute; }
 
 private:
     PosixExecute m_execute;

@@ -1,5 +1,7 @@
 #include "programs/tickerctl/settings_command.h"
 
+#include "programs/tickerctl/terminal.h"
+
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
@@ -12,16 +14,6 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr int done = 0;
-constexpr int answer_is_no = 1;
-constexpr int failed = 2;
-
-// Fit for one line of a terminal.
-std::string one_line(std::string text) {
-    for (char& one : text)
-        if (static_cast<unsigned char>(one) < 0x20 || one == 0x7F)
-            one = '?';
-    return text;
-}
 
 std::string quoted(std::string_view typed) {
     constexpr std::size_t longest = 60;

@@ -1,6 +1,7 @@
 #include "programs/tickerctl/status_command.h"
 
 #include "instruments/clock_performance.h"
+#include "programs/tickerctl/terminal.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
@@ -46,7 +47,7 @@ void print_text(chronydStatus status, const TrackingReport& report, const std::s
                            "Root dispersion : {:.9f} s\n",
                            report.frequency, report.systemtime, report.lastoffset, report.rmsoffset, report.rootdelay,
                            report.rootdispersion);
-    out << fmt::format("Leap status     : {}\n", report.leapstatus.empty() ? "-" : report.leapstatus)
+    out << fmt::format("Leap status     : {}\n", report.leapstatus.empty() ? "-" : one_line(report.leapstatus))
         << "Meter           : " << meter_line << '\n';
 }
 

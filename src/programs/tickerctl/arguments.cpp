@@ -1,0 +1,120 @@
+#include "programs/tickerctl/arguments.h"
+
+#include "programs/tickerctl/terminal.h"
+
+#include <CLI/CLI.hpp>
+
+#include <limits>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+struct CommandLine {
+    CLI::App app{"tickerctl: look at the clock and at chrony from the command line"};
+    std::vector<std::pair<CLI::App*, Job>> jobs;
+    CLI::App* report = nullptr;
+
+    CLI::App* add(CLI::App* above, Job job, const char* name, const char* description) {
+        jobs.emplace_back(above->add_subcommand(name, description), job);
+        return jobs.back().first;
+    }
+
+    [[nodiscard]] Job chosen() const {
+        for (const auto& [command, job] : jobs)
+            if (command->parsed())
+                return job;
+        return Job::status; // not reached: a command is required
+    }
+};
+
+// A limit that "nan" does not pass either.
+CLI::Validator number_within(double least, double most, const std::string& complaint) {
+    const auto check = [=](const std::string& text) {
+        double number = 0;
+        const bool fits = CLI::detail::lexical_cast(text, number) && number >= least && number <= most;
+        return fits ? std::string() : complaint;
+    };
+    return {check, ""};
+}
+
+void add_status(CommandLine& line, Arguments& arguments) {
+    auto* status =
+        line.add(&line.app, Job::status, "status", "Is the clock synchronised, and how well? (exit status 1: no)");
+    auto* from = status->add_option("--from", arguments.from, "a saved \"tracking\" report; - for standard input");
+    status->add_option("--meter", arguments.meter, "quantity on the meter, such as lastoffset or frequency");
+    status->add_flag("--json", arguments.json, "one JSON document; with --watch one a line");
+    status->add_option("--watch", arguments.watch_seconds, "again every so many seconds, until interrupted")
+        ->check(number_within(0.1, 86400, "give seconds, from 0.1 to 86400"))
+        ->excludes(from);
+}
+
+void add_report(CommandLine& line) {
+    line.report = line.add(&line.app, Job::report, "report", "A chronyc report, as it comes: report sources -v");
+    line.report->prefix_command();
+}
+
+void add_settings(CommandLine& line, Arguments& arguments) {
+    auto* settings = line.app.add_subcommand("settings", "The settings, shared with the desktop program");
+    settings->require_subcommand(1);
+    auto* list = line.add(settings, Job::settings_list, "list", "Every setting with its value and default");
+    auto* get = line.add(settings, Job::settings_get, "get", "One setting's value");
+    auto* set = line.add(settings, Job::settings_set, "set", "Change one setting");
+    line.add(settings, Job::settings_reset, "reset", "Back to the defaults");
+    for (auto* command : {list, get})
+        command->add_flag("--json", arguments.json, "as JSON");
+    for (auto* command : {get, set})
+        command->add_option("KEY", arguments.key, "the setting's key")->required();
+    set->add_option("VALUE", arguments.value, "its new value")->required();
+}
+
+void add_plot(CommandLine& line, Arguments& arguments) {
+    auto* plot = line.app.add_subcommand("plot", "The instruments as pictures");
+    plot->require_subcommand(1);
+    auto* meter = line.add(plot, Job::plot_meter, "meter", "The performance meter");
+    meter->add_option("VALUE", arguments.meter_value, "nanoseconds")
+        ->required()
+        ->check(
+            number_within(std::numeric_limits<double>::lowest(), std::numeric_limits<double>::max(), "give a number"));
+    meter->add_flag("--per-second", arguments.per_second, "the value is a rate, in nanoseconds per second");
+    auto* clock = line.add(plot, Job::plot_clock, "clock", "The clock");
+    clock->add_option("TIME", arguments.clock_time, "such as 15:30:00; default: now");
+    for (auto* command : {meter, clock}) {
+        command->add_option("-o,--output", arguments.output, "the picture, .png or .svg")->required();
+        command->add_option("--size", arguments.size, "width and height in pixels")->capture_default_str();
+        command->add_flag("--dark", arguments.dark, "on a dark background");
+    }
+}
+
+void add_all(CommandLine& line, Arguments& arguments) {
+    line.app.set_version_flag("--version", "tickerctl " TICKERVANTAGE_VERSION);
+    line.app.require_subcommand(1);
+    line.app.add_option("--host", arguments.host, "the daemon to ask, an address or the path of a socket");
+    line.app.add_flag("--demo", arguments.demo, "ask a demonstration daemon, started for this one command");
+    add_status(line, arguments);
+    add_report(line);
+    add_settings(line, arguments);
+    add_plot(line, arguments);
+}
+
+} // namespace
+
+std::optional<Arguments> read_arguments(int argc, char** argv, int& exit_status) {
+    Arguments arguments;
+    CommandLine line;
+    add_all(line, arguments);
+    try {
+        line.app.parse(argc, argv);
+    } catch (const CLI::Success& help) {
+        exit_status = line.app.exit(help);
+        return std::nullopt;
+    } catch (const CLI::ParseError& error) {
+        exit_status = fail(std::string(error.what()) + "; see tickerctl --help.");
+        return std::nullopt;
+    }
+    arguments.job = line.chosen();
+    arguments.report = line.report->remaining();
+    return arguments;
+}
+
+} // namespace tickervantage

@@ -1,0 +1,44 @@
+// The command line of tickerctl.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tickervantage {
+
+enum class Job : unsigned char {
+    status,
+    report,
+    settings_list,
+    settings_get,
+    settings_set,
+    settings_reset,
+    plot_meter,
+    plot_clock
+};
+
+struct Arguments {
+    Job job = Job::status;
+    std::string host; // empty: chronyc's own choice
+    bool demo = false;
+    bool json = false;
+    std::optional<std::string> from; // a path, or "-" for standard input
+    std::optional<std::string> meter;
+    double watch_seconds = 0; // 0: once
+    std::vector<std::string> report;
+    std::string key;
+    std::string value;
+    double meter_value = 0; // ns, or ns/s
+    bool per_second = false;
+    std::optional<std::string> clock_time;
+    std::string output;
+    std::string size = "200x200";
+    bool dark = false;
+};
+
+// None: nothing is left to do (help was asked for, or the usage was wrong and one line said so), and `exit_status` says
+// how to end.
+[[nodiscard]] std::optional<Arguments> read_arguments(int argc, char** argv, int& exit_status);
+
+} // namespace tickervantage

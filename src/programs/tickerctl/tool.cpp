@@ -1,0 +1,152 @@
+#include "programs/tickerctl/tool.h"
+
+#include "config/settings_catalogue.h"
+#include "mainwindow/versions.h"
+#include "platform/linux/small_file.h"
+#include "programs/tickerctl/status_command.h"
+#include "programs/tickerctl/terminal.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <iostream>
+#include <system_error>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr std::size_t largest_report = 1U << 20U; // bytes
+
+// A program that was ended because of a signal is no news to whoever sent the signal.
+void complain_of(const ExecuteResult& result) {
+    if (!result.sentence.empty() && result.outcome != ExecuteOutcome::cancelled)
+        complain(result.sentence);
+}
+
+int read_file(const std::string& path, std::string& text) {
+    const SmallFile file = read_small_file(path, largest_report);
+    if (file.outcome == SmallFile::Outcome::missing)
+        return fail("There is no file \"" + path + "\".");
+    if (file.outcome != SmallFile::Outcome::read)
+        return fail(path + " cannot be read: " + file.reason + ".");
+    text = file.bytes;
+    return 0;
+}
+
+} // namespace
+
+void TerminalLogger::log(LogLevel, std::string_view sentence) {
+    const std::lock_guard lock(m_mutex);
+    m_sentences.emplace_back(sentence);
+}
+
+void TerminalLogger::tell(std::string_view but_for) {
+    const std::lock_guard lock(m_mutex);
+    for (const auto& sentence : std::exchange(m_sentences, {}))
+        if (sentence != but_for)
+            complain(sentence);
+}
+
+Tool::Tool(const Arguments& arguments, Paths paths, DaemonAccess& daemon, const EndSignals& signals)
+    : m_arguments(arguments), m_paths(std::move(paths)), m_daemon(daemon), m_signals(signals),
+      m_store(m_paths.settings, m_queue, m_logger), m_settings(m_store) {
+    m_logger.tell(); // what was wrong with the settings file
+}
+
+std::optional<meterView> Tool::view() const {
+    if (m_arguments.meter)
+        return meter_view_named(*m_arguments.meter);
+    const auto stored = load(m_settings, settings::meter_view);
+    return stored >= 0 && stored < meter_view_count ? static_cast<meterView>(stored) : meterView::lastoffset;
+}
+
+int Tool::read_input(std::string& text) const {
+    std::array<char, 65536> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): filled by read
+    while (true) {
+        const ssize_t count = ::read(STDIN_FILENO, buffer.data(), buffer.size());
+        if (count < 0 && errno == EINTR) {
+            if (m_signals.asked())
+                return interrupted;
+            continue;
+        }
+        if (count < 0)
+            return fail("Standard input cannot be read: " + std::generic_category().message(errno) + ".");
+        if (count == 0)
+            return 0;
+        text.append(buffer.data(), static_cast<std::size_t>(count));
+        if (text.size() > largest_report)
+            return fail("Standard input is longer than any report.");
+    }
+}
+
+int Tool::read_tracking(std::string& text) {
+    if (m_arguments.from)
+        return *m_arguments.from == "-" ? read_input(text) : read_file(*m_arguments.from, text);
+    const ExecuteResult result = m_daemon.runner(m_settings, m_paths).run("tracking");
+    complain_of(result);
+    text = result.output;
+    return 0;
+}
+
+int Tool::status() {
+    const auto shown = view();
+    if (!shown)
+        return fail("There is no meter view \"" + *m_arguments.meter +
+                    "\"; there are systemtime, lastoffset, rmsoffset, rootdelay, rootdispersion and frequency.");
+    const bool watching = m_arguments.watch_seconds > 0;
+    const StatusForm form = !m_arguments.json ? StatusForm::text : watching ? StatusForm::json_line : StatusForm::json;
+    int answer = interrupted;
+    while (true) {
+        std::string text;
+        if (const int result = read_tracking(text); result != 0)
+            return result;
+        if (m_signals.asked()) // what was read was cut short
+            return answer;
+        answer = print_status(text, *shown, form, std::cout);
+        if (!watching || !std::cout || m_signals.asked_within(m_arguments.watch_seconds))
+            return answer;
+        if (form == StatusForm::text)
+            std::cout << '\n';
+    }
+}
+
+int Tool::version_report() {
+    const auto programs = configured_programs(m_settings, m_paths);
+    const auto ask = [&](std::string_view program) {
+        return version_query(m_daemon.execute(), programs, program);
+    };
+    const ExecuteResult chronyd = ask(bundle_chronyd);
+    const ExecuteResult chronyc = ask(bundle_chronyc);
+    std::cout << version_text(chronyd.output, chronyc.output) << '\n';
+    complain_of(chronyd.sentence.empty() ? chronyc : chronyd);
+    return chronyd.sentence.empty() && chronyc.sentence.empty() ? 0 : failed;
+}
+
+int Tool::report() {
+    std::string command;
+    for (const auto& word : m_arguments.report)
+        command += (command.empty() ? "" : " ") + word;
+    if (command.empty())
+        return fail("Which report? For example: tickerctl report sources -v");
+    if (command == "version")
+        return version_report();
+    const ExecuteResult result = m_daemon.runner(m_settings, m_paths).run(command);
+    std::cout << result.output;
+    complain_of(result);
+    if (result.outcome != ExecuteOutcome::exited)
+        return failed;
+    return result.exit_status == 0 ? 0 : answer_is_no;
+}
+
+SettingsCommand Tool::settings_command() {
+    const auto finish = [this](std::string& sentence) {
+        const int result = m_store.finish(std::chrono::seconds(5), sentence);
+        m_logger.tell(result == 0 ? std::string_view() : sentence);
+        return result;
+    };
+    return {m_store, finish, std::cout, std::cerr};
+}
+
+} // namespace tickervantage

@@ -1,0 +1,61 @@
+// What `tickerctl status` and `tickerctl report` do, and the settings they share with the desktop program.
+//
+// Results are exit statuses; what failed was said in one line on standard error. Main thread; waits for chronyc.
+#pragma once
+
+#include "mainwindow/status_values.h"
+#include "platform/linux/serial_queue.h"
+#include "platform/logger.h"
+#include "platform/paths.h"
+#include "platform/qt/qt_settings_store.h"
+#include "programs/tickerctl/arguments.h"
+#include "programs/tickerctl/daemon_access.h"
+#include "programs/tickerctl/end_signals.h"
+#include "programs/tickerctl/settings_command.h"
+
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tickervantage {
+
+// Keeps what the settings store says, so that a failure that is told anyway is not told twice. Any thread.
+class TerminalLogger : public Logger {
+public:
+    void log(LogLevel level, std::string_view sentence) override;
+    // Tells what was kept, but for one sentence.
+    void tell(std::string_view but_for = {});
+
+private:
+    std::mutex m_mutex; // guards what follows
+    std::vector<std::string> m_sentences;
+};
+
+class Tool {
+public:
+    // All three outlive the tool.
+    Tool(const Arguments& arguments, Paths paths, DaemonAccess& daemon, const EndSignals& signals);
+
+    [[nodiscard]] int status();
+    [[nodiscard]] int report();
+    [[nodiscard]] SettingsCommand settings_command();
+
+private:
+    [[nodiscard]] std::optional<meterView> view() const;
+    [[nodiscard]] int read_tracking(std::string& text);
+    [[nodiscard]] int read_input(std::string& text) const;
+    [[nodiscard]] int version_report();
+
+    const Arguments& m_arguments;
+    Paths m_paths;
+    DaemonAccess& m_daemon;
+    const EndSignals& m_signals;
+    TerminalLogger m_logger;
+    SerialQueue m_queue{"net.brisklane.settings"};
+    QtSettingsStore m_store;
+    DefaultSettings m_settings;
+};
+
+} // namespace tickervantage

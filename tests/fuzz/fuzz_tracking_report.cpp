@@ -1,0 +1,29 @@
+// Any bytes as a "tracking" report: every number on the dashboard stays finite or inside the meter, every text
+// readable.
+#include "chrony/tracking_report.h"
+#include "fuzz/require.h"
+#include "instruments/clock_performance.h"
+#include "mainwindow/status_values.h"
+
+#include <cmath>
+
+using namespace tickervantage;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string text(data, data + size);
+    const TrackingReport report = parse_tracking(text);
+    for (const double number : {report.frequency, report.systemtime, report.lastoffset, report.rmsoffset,
+                                report.rootdelay, report.rootdispersion})
+        require(std::isfinite(number));
+    require(text.find(report.leapstatus) != std::string::npos);
+    const auto status = status_from_leap(report.leapstatus);
+    for (int view = 0; view < meter_view_count; ++view) {
+        ClockPerformance meter;
+        const auto shown = set_meter(meter, choose_meter(status, static_cast<meterView>(view), report));
+        require(shown.ends_with(" " + meter.scale_units()));
+        require(meter.deflection() >= ClockPerformance::MIN_DEFLECTION);
+        require(meter.deflection() <= ClockPerformance::MAX_DEFLECTION);
+        require(meter.scale_value() >= 1);
+    }
+    return 0;
+}

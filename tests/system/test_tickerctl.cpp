@@ -1,0 +1,342 @@
+// The tickerctl program as a user, a script or a cron job meets it.
+#include "support/child_program.h"
+#include "support/tracking_text.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <sstream>
+
+namespace tickervantage {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+using nlohmann::json;
+using testing::contents;
+using testing::eventually;
+using testing::tracking_text;
+using testing::write_file;
+using Words = std::vector<std::string>;
+
+constexpr auto patience = 30s;
+
+struct Answer {
+    int status = -1; // -1: it did not end
+    std::string out;
+    std::string err;
+};
+
+bool is_one_line(const std::string& text) {
+    return text.starts_with("tickerctl: ") && std::ranges::count(text, '\n') == 1 && text.ends_with('\n');
+}
+
+class TickerctlTest : public ::testing::Test {
+protected:
+    TickerctlTest() {
+        // A user's locale with a decimal comma must not reach our output, whether it is installed or not.
+        m_home.environment["LC_ALL"] = "de_DE.UTF-8";
+        m_home.environment["LANGUAGE"] = "de";
+    }
+
+    testing::ChildProgram start(Words words, const std::string& input = "/dev/null") {
+        words.insert(words.begin(), m_program);
+        return {words, m_home.environment, m_home.path(), input};
+    }
+
+    Answer run(const Words& words, const std::string& input = "/dev/null") {
+        auto child = start(words, input);
+        const int status = child.ends_within(patience).value_or(-1);
+        Answer answer{status, child.out(), child.err()};
+        // Whatever was asked: a failure is told in one line, and nothing but failures is told.
+        if (status == 2)
+            EXPECT_TRUE(is_one_line(answer.err)) << answer.err;
+        else
+            EXPECT_TRUE(answer.err.empty() || is_one_line(answer.err)) << answer.err;
+        return answer;
+    }
+
+    std::string file(const std::string& name, const std::string& text, mode_t mode = 0600) {
+        write_file(m_home.path(name), text, mode);
+        return m_home.path(name);
+    }
+
+    // A chronyc of our own, which becomes the configured one.
+    void configure_chronyc(const std::string& script, mode_t mode = 0700) {
+        const auto path = file("chronyc", "#!/bin/sh\n" + script, mode);
+        ASSERT_EQ(run({"settings", "set", "file_chronyc", path}).status, 0);
+    }
+
+    testing::PrivateHome m_home;
+    std::string m_program = TICKERVANTAGE_TICKERCTL;
+};
+
+TEST_F(TickerctlTest, StatusOfASavedReportIsItsExitStatus) {
+    struct Case {
+        std::string text;
+        int status;
+        std::string state;
+    };
+    const Case cases[] = {
+        {tracking_text(), 0, "synchronised"},
+        {tracking_text("Not synchronised"), 1, "notlocked"},
+        {tracking_text("Insert second"), 1, "notlocked"},
+        {tracking_text("Delete second"), 1, "unavailable"},
+        {"506 Cannot talk to daemon\n", 1, "unavailable"},
+        {"", 1, "unavailable"},
+        {"Leap status : \xff\xfe\x1b[2J\nSystem time : 1e999 slow\n", 1, "unavailable"},
+        {std::string("\0\0:\0\n", 5) + std::string(100'000, ':'), 1, "unavailable"},
+    };
+    for (const auto& [text, status, state] : cases) {
+        const auto path = file("report", text);
+        for (const auto& answer : {run({"status", "--from", path}), run({"status", "--from", "-"}, path)}) {
+            EXPECT_EQ(answer.status, status) << state;
+            EXPECT_EQ(answer.err, "");
+            EXPECT_TRUE(answer.out.starts_with("State           : " + state + "\n")) << answer.out;
+            EXPECT_EQ(answer.out.find('\x1b'), std::string::npos) << "a report steers the terminal";
+        }
+        const auto document = json::parse(run({"status", "--json", "--from", path}).out, nullptr, false);
+        ASSERT_TRUE(document.is_object()) << state;
+        EXPECT_EQ(document.at("state"), state);
+    }
+}
+
+TEST_F(TickerctlTest, JsonHoldsTheFieldsOfTheReport) {
+    const auto path = file("report", tracking_text());
+    const auto answer = run({"status", "--from", path, "--meter", "frequency", "--json"});
+    const auto expected = json::parse(R"({"state": "synchronised", "frequency": -12.345, "systemtime": -0.000000806,
+        "lastoffset": -0.000000032, "rmsoffset": 0.000001125, "rootdelay": 0.000005637,
+        "rootdispersion": 0.000001995, "leapstatus": "Normal",
+        "meter": {"view": "frequency", "value": -12345.0, "per_second": true, "scale": 1000, "scale_value": 100,
+                  "scale_units": "µs/s", "scale_exp": 6, "deflection": -12.345, "text": "-12.345 µs/s"}})");
+    EXPECT_EQ(json::parse(answer.out, nullptr, false), expected) << answer.out;
+}
+
+TEST_F(TickerctlTest, EachMeterViewShowsItsQuantity) {
+    const std::pair<std::string, double> cases[] = {{"systemtime", -806},       {"lastoffset", -32},
+                                                    {"rmsoffset", 1125},        {"rootdelay", 5637},
+                                                    {"rootdispersion", 1995.0}, {"frequency", -12345}};
+    const auto path = file("report", tracking_text());
+    for (const auto& [view, nanoseconds] : cases) {
+        const auto answer = run({"status", "--from", path, "--meter", view, "--json"});
+        const auto meter = json::parse(answer.out, nullptr, false)["meter"];
+        EXPECT_EQ(meter["view"], view);
+        EXPECT_NEAR(meter["value"].get<double>(), nanoseconds, 1e-9) << view;
+        EXPECT_EQ(meter["per_second"], view == "frequency");
+    }
+    ASSERT_EQ(run({"settings", "set", "meter_view", "5"}).status, 0);
+    EXPECT_EQ(json::parse(run({"status", "--from", path, "--json"}).out)["meter"]["view"], "frequency");
+}
+
+TEST_F(TickerctlTest, WrongUsageIsOneLineAndStatusTwo) {
+    const auto good = file("report", tracking_text());
+    const auto large = file("large", std::string((1U << 20U) + 1, 'x'));
+    const Words cases[] = {
+        {},
+        {"bogus"},
+        {"status", "bogus"},
+        {"status", "--meter", "bogus"},
+        {"status", "--meter", ""},
+        {"status", "--meter", "fre\nquency\x1b[2J"},
+        {"status", "--from", ""},
+        {"status", "--from", "/nonexistent"},
+        {"status", "--from", "/no\nsuch\nfile"},
+        {"status", "--from", "/tmp"},
+        {"status", "--from", large},
+        {"status", "--from", "/dev/zero"},
+        {"status", "--from", good, "--watch", "1"},
+        {"status", "--watch", "0"},
+        {"status", "--watch", "-1"},
+        {"status", "--watch", "nan"},
+        {"status", "--watch", "1,5"},
+        {"report"},
+        {"settings"},
+        {"settings", "get"},
+        {"settings", "get", "no_such_key"},
+        {"settings", "set", "meter_view"},
+        {"settings", "set", "no\nsuch", "1"},
+        {"settings", "set", "chronyc_interval", "61"},
+        {"settings", "set", "chronyc_interval", "1\n2"},
+        {"plot", "meter", "-o", m_home.path("a.png")},
+        {"plot", "meter", "nan", "-o", m_home.path("a.png")},
+        {"plot", "meter", "inf", "-o", m_home.path("a.png")},
+        {"plot", "meter", "1"},
+        {"plot", "meter", "1", "-o", m_home.path("a.jpg")},
+        {"plot", "meter", "1", "-o", m_home.path("no/folder/a.png")},
+        {"plot", "meter", "1", "-o", good + "/a.png"},
+        {"plot", "meter", "1", "-o", "/proc/a.svg"},
+        {"plot", "meter", "1", "-o", m_home.path("a.png"), "--size", "0x5"},
+        {"plot", "meter", "1", "-o", m_home.path("a.png"), "--size", "640"},
+        {"plot", "meter", "1", "-o", m_home.path("a.png"), "--size", "16385x1"},
+        {"plot", "meter", "1", "-o", m_home.path("a.png"), "--size", "6x4x2"},
+        {"plot", "clock", "", "-o", m_home.path("a.png")},
+        {"plot", "clock", "24:00", "-o", m_home.path("a.png")},
+        {"plot", "clock", "12:3", "-o", m_home.path("a.png")},
+    };
+    for (const auto& words : cases) {
+        const auto answer = run(words);
+        EXPECT_EQ(answer.status, 2) << ::testing::PrintToString(words) << answer.out;
+        EXPECT_EQ(answer.out, "") << ::testing::PrintToString(words);
+    }
+    EXPECT_EQ(run({"status", "--from", "-"}, "/dev/zero").status, 2) << "standard input has a limit too";
+    EXPECT_FALSE(fs::exists(m_home.path("a.png")));
+}
+
+TEST_F(TickerctlTest, AnAnswerThatCannotBeWrittenIsAFailure) {
+    const auto path = file("report", tracking_text());
+    auto child =
+        testing::ChildProgram({"/bin/sh", "-c", "exec \"$0\" status --from \"$1\" >/dev/full", m_program, path},
+                              m_home.environment, m_home.path());
+    EXPECT_EQ(child.ends_within(patience), 2);
+    EXPECT_TRUE(is_one_line(child.err())) << child.err();
+}
+
+TEST_F(TickerctlTest, ReportHandsItsWordsToChronycAsOneCommand) {
+    configure_chronyc("printf '[%s]' \"$@\" \"$LC_ALL\" \"$LANGUAGE\"; exit 3\n");
+    const auto answer = run({"report", "sources", "-v"});
+    EXPECT_EQ(answer.out, "[sources -v][C][]");
+    EXPECT_EQ(answer.status, 1) << "chronyc's own failure is the answer no";
+    EXPECT_EQ(run({"--host", "192.0.2.1", "report", "tracking"}).out, "[-h][192.0.2.1][tracking][C][]");
+    ASSERT_EQ(run({"settings", "set", "ip_address", "true"}).status, 0);
+    ASSERT_EQ(run({"settings", "set", "original_name", "true"}).status, 0);
+    EXPECT_EQ(run({"report", "sourcestats"}).out, "[-n][-N][sourcestats][C][]");
+}
+
+TEST_F(TickerctlTest, TheBundlesChronycStandsInForAMissingOneOnly) {
+    const std::string bundled = TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyc";
+    if (access(bundled.c_str(), X_OK) != 0)
+        GTEST_SKIP() << "chrony was not installed when this was built: the bundle has no chronyc";
+    ASSERT_EQ(run({"settings", "set", "file_chronyc", "/nonexistent/chronyc"}).status, 0);
+    const auto version = run({"report", "version"});
+    EXPECT_EQ(version.status, 0);
+    EXPECT_NE(version.out.find("chronyc (chrony) version"), std::string::npos) << version.out;
+
+    configure_chronyc("echo never\n", 0600);
+    const auto answer = run({"report", "tracking"});
+    EXPECT_EQ(answer.status, 2);
+    EXPECT_EQ(answer.out, "");
+}
+
+TEST_F(TickerctlTest, WithoutAnyChronycTheStatusIsUnavailableAndAReportFails) {
+    const auto programs = m_home.path("Tickervantage.app/Contents/MacOS");
+    fs::create_directories(programs);
+    fs::copy_file(m_program, programs + "/tickerctl");
+    m_program = programs + "/tickerctl";
+    ASSERT_EQ(run({"settings", "set", "file_chronyc", "/nonexistent/chronyc"}).status, 0);
+    const auto report = run({"report", "tracking"});
+    EXPECT_EQ(report.status, 2);
+    EXPECT_NE(report.err.find(programs + "/chronyc cannot be started"), std::string::npos) << report.err;
+    const auto status = run({"status", "--json"});
+    EXPECT_EQ(status.status, 1);
+    EXPECT_EQ(json::parse(status.out, nullptr, false)["state"], "unavailable");
+    EXPECT_TRUE(is_one_line(status.err)) << status.err;
+    EXPECT_EQ(run({"--demo", "status"}).status, 2) << "a demonstration needs a chronyd";
+}
+
+TEST_F(TickerctlTest, AWatchGivesJsonLinesUntilItIsInterrupted) {
+    file("tracking", tracking_text());
+    configure_chronyc("cat " + m_home.path("tracking") + "\n");
+    struct Case {
+        int signal;
+        std::string leap;
+        int status;
+    };
+    for (const auto& [signal, leap, status] :
+         {Case{SIGINT, "Normal", 0}, Case{SIGTERM, "Not synchronised", 1}, Case{SIGHUP, "Normal", 0}}) {
+        file("tracking", tracking_text(leap));
+        auto watch = start({"status", "--watch", "0.1", "--json"});
+        EXPECT_TRUE(eventually(patience, [&] { return std::ranges::count(watch.out(), '\n') >= 3; }));
+        watch.signal(signal);
+        EXPECT_EQ(watch.ends_within(patience), status) << signal;
+        EXPECT_EQ(watch.err(), "");
+        std::istringstream lines(watch.out());
+        for (std::string line; std::getline(lines, line);)
+            EXPECT_EQ(json::parse(line, nullptr, false)["leapstatus"], leap) << line;
+    }
+    EXPECT_TRUE(m_home.found_in("run").empty());
+}
+
+TEST_F(TickerctlTest, InterruptedItTakesAHangingChronycAndItsFolderAlong) {
+    configure_chronyc("echo $$ >" + m_home.path("pid") + "\nexec sleep 1000\n");
+    for (const Words& words : {Words{"report", "waitsync"}, Words{"status"}, Words{"status", "--watch", "1"}}) {
+        fs::remove(m_home.path("pid"));
+        auto child = start(words);
+        ASSERT_TRUE(eventually(patience, [&] { return contents(m_home.path("pid")).ends_with('\n'); }));
+        const pid_t chronyc = std::stoi(contents(m_home.path("pid")));
+        child.signal(SIGINT);
+        EXPECT_EQ(child.ends_within(patience), 128 + SIGINT) << "the shell has to see the interruption";
+        EXPECT_EQ(child.out() + child.err(), "");
+        EXPECT_EQ(kill(chronyc, 0), -1) << "chronyc still runs";
+        EXPECT_TRUE(m_home.found_in("run").empty());
+    }
+}
+
+TEST_F(TickerctlTest, ADemonstrationIsSynchronisedAndLeavesNothing) {
+    if (access(TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyd", X_OK) != 0)
+        GTEST_SKIP() << "chrony was not installed when this was built: the bundle has no chronyd";
+    const auto answer = run({"--demo", "status", "--json"});
+    EXPECT_EQ(answer.status, 0) << answer.err;
+    EXPECT_EQ(json::parse(answer.out, nullptr, false)["state"], "synchronised") << answer.out;
+    EXPECT_TRUE(m_home.found_in("run").empty());
+
+    auto interrupted = start({"--demo", "status", "--watch", "1"});
+    EXPECT_TRUE(eventually(patience, [&] { return !interrupted.out().empty(); }));
+    interrupted.signal(SIGINT);
+    EXPECT_EQ(interrupted.ends_within(patience), 0);
+    EXPECT_TRUE(m_home.found_in("run").empty());
+}
+
+TEST_F(TickerctlTest, SettingsSurviveARoundTrip) {
+    const auto before = json::parse(run({"settings", "list", "--json"}).out, nullptr, false);
+    ASSERT_TRUE(before.is_object());
+    const std::pair<std::string, std::string> changes[] = {{"chronyc_interval", "7"},
+                                                           {"make_limit", "-1"},
+                                                           {"make_thresh", "0.125"},
+                                                           {"original_name", "true"},
+                                                           {"chronyc_command", "sources -v; ä, \"b\" = \\c"}};
+    for (const auto& [key, value] : changes) {
+        EXPECT_EQ(run({"settings", "set", key, value}).status, 0) << key;
+        EXPECT_EQ(run({"settings", "get", key}).out, value + "\n");
+    }
+    EXPECT_EQ(json::parse(run({"settings", "get", "make_thresh", "--json"}).out), json({{"make_thresh", 0.125}}));
+    const auto list = run({"settings", "list"});
+    EXPECT_NE(list.out.find("chronyc_interval = 7  (default: 10)"), std::string::npos) << list.out;
+    EXPECT_TRUE(fs::exists(m_home.settings_file()));
+
+    EXPECT_EQ(run({"settings", "reset"}).status, 0);
+    EXPECT_EQ(json::parse(run({"settings", "list", "--json"}).out, nullptr, false), before);
+    EXPECT_EQ(run({"settings", "get", "CHRONYC_Font"}).status, 1) << "a font has no default";
+}
+
+TEST_F(TickerctlTest, SettingsThatCannotBeSavedAreAFailure) {
+    m_home.environment["XDG_CONFIG_HOME"] = "/proc";
+    EXPECT_EQ(run({"settings", "set", "chronyc_interval", "7"}).status, 2);
+}
+
+TEST_F(TickerctlTest, PlotsAreRealPicturesOfTheSizeAskedFor) {
+    m_home.environment.erase("XDG_RUNTIME_DIR"); // as in a cron job
+    const std::pair<Words, bool> cases[] = {{{"plot", "meter", "-2.5e4", "--per-second"}, true},
+                                            {{"plot", "clock", "15:30"}, true},
+                                            {{"plot", "clock"}, true},
+                                            {{"plot", "meter", "1e300", "--dark"}, true},
+                                            {{"plot", "meter", "33"}, false},
+                                            {{"plot", "clock", "3:04:05", "--dark"}, false}};
+    for (const auto& [words, png] : cases) {
+        const auto path = m_home.path(png ? "a.png" : "a.svg");
+        auto all = words;
+        all.insert(all.end(), {"-o", path, "--size", "320x240"});
+        const auto answer = run(all);
+        EXPECT_EQ(answer.status, 0) << answer.err;
+        EXPECT_EQ(answer.err, "");
+        const auto picture = contents(path);
+        if (png)
+            EXPECT_EQ(testing::png_size(picture), std::pair(320U, 240U));
+        else
+            EXPECT_NE(picture.find("viewBox=\"0 0 320 240\""), std::string::npos) << picture.substr(0, 500);
+        EXPECT_GT(picture.size(), 2000U);
+    }
+}
+
+} // namespace
+} // namespace tickervantage
