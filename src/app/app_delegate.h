@@ -56,6 +56,7 @@ public:
 
     // Says the sentence to the user and ends the program with exit status 1.
     void stop_program(const QString& sentence);
+    [[nodiscard]] bool is_stopping() const { return m_stopping; }
 
 private:
     [[nodiscard]] MenuHandlers menu_handlers();

@@ -73,6 +73,8 @@ private:
     void start_tour(const QString& folder, const DaemonChoice& daemon, const Paths& paths);
     [[nodiscard]] bool write_status(const QString& folder, const DaemonChoice& daemon, const Paths& paths);
 
+    // What the queues' work comes back to lives longest.
+    QtMainThread m_main_thread;
     PosixExecute m_execute;
     SerialQueue m_log_queue{"net.brisklane.log"};
     FileLogger m_logger;
@@ -81,7 +83,6 @@ private:
     DefaultSettings m_settings;
     NoPrivilegedChannel m_channel;
     std::shared_ptr<PrivilegedActions> m_actions;
-    QtMainThread m_main_thread;
     QtMasterTimer m_timer;
     Broadcast m_broadcast;
     std::unique_ptr<ScreenshotTour> m_tour;
@@ -155,7 +156,7 @@ int Program::run(const ProgramOptions& options, const DaemonChoice& daemon, cons
     std::string sentence;
     if (m_store.finish(patience, sentence) != 0)
         std::fprintf(stderr, "tickervantage: %s\n", sentence.c_str());
-    return status;
+    return m_delegate.is_stopping() ? 1 : status;
 }
 
 int fail(const std::string& sentence) {

@@ -25,9 +25,11 @@ public:
 
     void draw(Canvas& canvas, Rect bounds);
 
-    // The two halves of draw: what stays the same from second to second, and what moves over it.
+    // What draw is made of, from back to front: what never moves, what barely moves, and the second hand with the hub.
+    // A clock shown on a screen keeps the first two as a picture.
     void draw_face(Canvas& canvas, Rect bounds);
-    void draw_hands(Canvas& canvas, Rect bounds) const;
+    void draw_slow_hands(Canvas& canvas, Rect bounds) const;
+    void draw_second_hand(Canvas& canvas, Rect bounds) const;
 
     // Where the hands point, in divisions clockwise from straight up. An hour hand after noon goes beyond 60.
     [[nodiscard]] static double hour_value(ClockTime time);

@@ -2,6 +2,8 @@
 
 #include <QFontDatabase>
 #include <QScrollBar>
+#include <QTextBlock>
+#include <QTextCursor>
 
 namespace tickervantage {
 
@@ -20,9 +22,30 @@ void CommandOutput::show_text(const std::string& text) {
     m_shown = text;
     const int down = verticalScrollBar()->value();
     const int across = horizontalScrollBar()->value();
-    setPlainText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    const QString shown = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    if (!replace_changed_lines(shown.split(QLatin1Char('\n'))))
+        setPlainText(shown);
     verticalScrollBar()->setValue(down);
     horizontalScrollBar()->setValue(across);
+}
+
+// A report read again mostly differs in a few numbers: laying out only those lines is much cheaper than all.
+bool CommandOutput::replace_changed_lines(const QStringList& lines) {
+    constexpr int worthwhile = 200;
+    if (lines.size() != document()->blockCount() || lines.size() > worthwhile)
+        return false;
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    for (auto block = document()->firstBlock(); block.isValid(); block = block.next()) {
+        const QString& line = lines.at(block.blockNumber());
+        if (block.text() == line)
+            continue;
+        cursor.setPosition(block.position());
+        cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+        cursor.insertText(line);
+    }
+    cursor.endEditBlock();
+    return true;
 }
 
 void CommandOutput::set_font(const Font& font) {

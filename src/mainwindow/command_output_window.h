@@ -23,6 +23,8 @@ public:
     void set_font(const Font& font);
 
 private:
+    [[nodiscard]] bool replace_changed_lines(const QStringList& lines);
+
     std::string m_shown;
 };
 

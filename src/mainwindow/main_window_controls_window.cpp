@@ -179,7 +179,7 @@ QLayout* dashboard(const MainWindowControls& controls) {
         grid->addWidget(instrument, 0, column);
         grid->setColumnStretch(column++, 2);
     }
-    grid->addWidget(controls.localTime, 1, 0);
+    grid->addWidget(controls.localTime, 1, 0, Qt::AlignCenter);
     grid->addLayout(meter_row(controls), 1, 1);
     grid->addLayout(status_column(controls), 0, 2, 2, 1);
     grid->setColumnStretch(2, 3);

@@ -37,6 +37,30 @@ bool is_privileged_report(const std::string& command) {
     return std::ranges::find(reports, command) != reports.end();
 }
 
+bool limit_lines(std::string& text) {
+    const auto continues_character = [](char byte) {
+        return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+    };
+    std::string result;
+    result.reserve(text.size());
+    std::size_t lines = 0;
+    std::size_t column = 0;
+    for (const char byte : text) {
+        const bool too_long = column == longest_line && byte != '\n' && !continues_character(byte);
+        if (too_long)
+            result += '\n';
+        if (too_long || byte == '\n') {
+            column = 0;
+            if (++lines == most_lines)
+                break;
+        }
+        result += byte;
+        column += byte == '\n' || continues_character(byte) ? 0U : 1U;
+    }
+    text = std::move(result);
+    return lines == most_lines;
+}
+
 std::optional<std::vector<std::string>> server_names(const std::string& sourcestats) {
     const auto lines = non_empty_lines(sourcestats);
     // The heading is two or three lines long, by chronyc's version, and always ends with a ruler.
@@ -57,8 +81,11 @@ RefreshReading read_status(const RefreshRequest& request, RefreshTools& tools) {
     RefreshReading reading;
     reading.gpsd_application_found = tools.gpsd_application_found();
     reading.tracking = request.runner->run("tracking");
+    reading.report = parse_tracking(reading.tracking.output);
     reading.discipline = tools.running_check.check();
     run_command(request, reading);
+    if (limit_lines(reading.output) && reading.problem.empty())
+        reading.problem = "only the first " + std::to_string(most_lines) + " lines are shown.";
     if (request.list_servers && reading.tracking.outcome == ExecuteOutcome::exited)
         reading.servers = server_names(request.runner->run("sourcestats").output);
     return reading;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "chrony/runchronyc.h"
+#include "chrony/tracking_report.h"
 #include "privileged/running_check.h"
 
 #include <functional>
@@ -31,6 +32,7 @@ struct RefreshReading {
     bool gpsd_application_found = false;
     ClockDiscipline discipline = ClockDiscipline::not_running;
     ExecuteResult tracking;
+    TrackingReport report;                           // what it says
     std::string output;                              // of the command; empty for "version", whose text is known
     std::string problem;                             // why the output is missing or cut, for people
     std::optional<std::vector<std::string>> servers; // sorted; none: keep the list as it is
@@ -41,6 +43,12 @@ struct RefreshReading {
 
 // Blocks for as long as chronyc takes: not for the main thread.
 [[nodiscard]] RefreshReading read_status(const RefreshRequest& request, RefreshTools& tools);
+
+// The text with lines of at most longest_line characters and at most most_lines of them, and whether anything was left
+// out. A text view lays out any such text in a few milliseconds; a megabyte of line ends would take it seconds.
+inline constexpr std::size_t longest_line = 200;
+inline constexpr std::size_t most_lines = 6000;
+[[nodiscard]] bool limit_lines(std::string& text);
 
 // The names in a "sourcestats" report, sorted; none when it lists no source.
 [[nodiscard]] std::optional<std::vector<std::string>> server_names(const std::string& sourcestats);

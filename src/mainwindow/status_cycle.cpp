@@ -1,7 +1,7 @@
 #include "mainwindow/status_cycle.h"
 
-#include "platform/text_lines.h"
 #include "mainwindow/current_frequency.h"
+#include "platform/text_lines.h"
 
 #include <algorithm>
 #include <utility>
@@ -182,9 +182,8 @@ void StatusCycle::apply_tracking(const RefreshReading& reading) {
                               ? m_options.adjusts_clock_by_preference()
                               : reading.discipline == ClockDiscipline::adjusting;
     m_display.show_clock_not_adjusted(!adjusted);
-    const TrackingReport report = parse_tracking(reading.tracking.output);
+    const TrackingReport& report = reading.report;
     m_parts.broadcast.post(current_frequency_key, current_frequency{report.frequency}, Delivery::later);
-    m_display.show_meter_value({});
     m_chronydStatus = status_from_leap(report.leapstatus);
     m_display.show_meter_value(set_meter(m_meter, choose_meter(m_chronydStatus, m_settings.m_meterview, report)));
     m_display.show_status(m_chronydStatus);

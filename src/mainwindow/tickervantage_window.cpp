@@ -42,9 +42,13 @@ TickervantageWindow::TickervantageWindow(const StatusCycleParts& parts, StatusCy
     setWindowTitle(QStringLiteral("Tickervantage"));
     setObjectName(QStringLiteral("TickervantageWindow"));
     auto* central = new QWidget(this);
-    auto* clock =
-        new InstrumentWidget([this](Canvas& canvas, Rect bounds) { m_clock_view.draw_face(canvas, bounds); },
-                             [this](Canvas& canvas, Rect bounds) { m_clock_view.draw_hands(canvas, bounds); }, central);
+    auto* clock = new InstrumentWidget(
+        [this](Canvas& canvas, Rect bounds) {
+            m_clock_view.draw_face(canvas, bounds);
+            m_clock_view.draw_slow_hands(canvas, bounds);
+        },
+        [this](Canvas& canvas, Rect bounds) { m_clock_view.draw_second_hand(canvas, bounds); }, central);
+    clock->keep_hand_pictures(60, [] { return static_cast<std::size_t>(local_clock_time().second); });
     auto* meter = new InstrumentWidget(
         [this](Canvas& canvas, Rect bounds) { m_cycle->meter().draw_face(canvas, bounds); },
         [this](Canvas& canvas, Rect bounds) { m_cycle->meter().draw_hands(canvas, bounds); }, central);
@@ -112,6 +116,13 @@ void TickervantageWindow::windowDidLoad() {
     m_cycle->load();
     show_settings();
     redraw_clock();
+    fix_clock_text_size();
+}
+
+// A label whose size may change lays the whole window out again at every tick.
+void TickervantageWindow::fix_clock_text_size() {
+    auto* label = m_controls.localTime;
+    label->setFixedSize(label->sizeHint() + QSize(label->fontMetrics().averageCharWidth() * 6, 0));
 }
 
 void TickervantageWindow::show_settings() {
@@ -129,12 +140,23 @@ void TickervantageWindow::show_settings() {
 }
 
 void TickervantageWindow::redraw_clock() {
-    m_controls.analogClock->redraw_hands();
+    // The slow hands are part of the kept picture: every ten seconds they are off by a pixel, or the clock was set.
+    constexpr int seconds_per_picture = 10;
+    const ClockTime now = local_clock_time();
+    const int picture = (now.hour * 3600 + now.minute * 60 + now.second) / seconds_per_picture;
+    if (std::exchange(m_clock_picture, picture) != picture)
+        m_controls.analogClock->redraw_all();
+    else
+        m_controls.analogClock->redraw_hands();
     m_controls.localTime->setText(local_time_text(QDateTime::currentDateTime(), locale()));
 }
 
 void TickervantageWindow::redraw_meter() {
-    m_controls.clockPerformance->redraw_all();
+    const std::string scale = m_cycle->meter().full_scale_text();
+    if (std::exchange(m_meter_scale, scale) != scale)
+        m_controls.clockPerformance->redraw_all(); // the labels changed with the scale
+    else
+        m_controls.clockPerformance->redraw_hands();
 }
 
 void TickervantageWindow::show_meter_value(const std::string& text) {
@@ -146,6 +168,8 @@ void TickervantageWindow::show_meter_value(const std::string& text) {
 }
 
 void TickervantageWindow::show_status(chronydStatus status) {
+    if (std::exchange(m_shown_status, status) == status)
+        return; // hiding and showing lays the window out again
     for (auto* image : m_controls.status_images)
         image->hide();
     m_controls.status_images.at(static_cast<std::size_t>(status))->show();

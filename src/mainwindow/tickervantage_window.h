@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QAction;
 class QToolBar;
@@ -70,6 +71,7 @@ private:
     void connect_controls();
     void connect_preferences();
     void show_settings();
+    void fix_clock_text_size();
     void update_visibility();
     void restore_frame();
     void save_frame();
@@ -81,6 +83,9 @@ private:
     std::unique_ptr<StatusCycle> m_cycle;
     MainWindowControls m_controls;
     QToolBar* m_toolbar = nullptr;
+    std::optional<chronydStatus> m_shown_status;
+    std::string m_meter_scale; // that the meter's kept face is labelled for
+    int m_clock_picture = -1;  // which of the day's pictures of the clock's slow hands is kept
     QAction* m_gpsd_toolbar = nullptr;
 };
 

@@ -5,6 +5,10 @@
 // are in the light or dark palette at hand. Drawing is immediate and leaves nothing behind in the canvas.
 #pragma once
 
+#include "platform/color.h"
+
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,6 +36,30 @@ enum class FillRule : unsigned char { nonzero, even_odd };
 enum class Shadow : unsigned char { none, soft }; // soft: a blur around the stroke, without an offset
 enum class TextAlign : unsigned char { left, right, center };
 
+// A role's colour, or a colour of the user's own; either made fainter by `opacity` (1: as it is).
+struct Ink {
+    ColorRole role = ColorRole::text;
+    std::optional<Color> own; // instead of the role's
+    double opacity = 1;
+
+    Ink() = default;
+    Ink(ColorRole from_role, double with_opacity = 1) : role(from_role), opacity(with_opacity) {}
+    Ink(const Color& color, double with_opacity = 1) : own(color), opacity(with_opacity) {}
+
+    [[nodiscard]] Ink faded(double by) const {
+        Ink result = *this;
+        result.opacity *= by;
+        return result;
+    }
+    friend bool operator==(const Ink&, const Ink&) = default;
+};
+
+struct LineStyle {
+    Ink ink;
+    double width = 1;
+    std::vector<double> dash = {}; // points drawn, points left out, and so on from each line's start; empty: solid
+};
+
 // A list of lines and closed shapes, in the order they were added.
 struct Path {
     struct Element {
@@ -56,8 +84,9 @@ inline constexpr double TEXT_MIDDLE = 0.7;
 
 struct TextStyle {
     double size = 10.0; // points
-    ColorRole color = ColorRole::text;
+    Ink color = {};
     TextAlign align = TextAlign::center;
+    friend bool operator==(const TextStyle&, const TextStyle&) = default;
 };
 
 class Canvas {
@@ -66,6 +95,22 @@ public:
 
     virtual void fill(const Path& path, ColorRole color, FillRule rule) = 0;
     virtual void stroke(const Path& path, ColorRole color, double width, Shadow shadow) = 0;
+    virtual void stroke(const Path& path, const LineStyle& style) = 0;
+
+    // One line through all the points, solid. Quick where it is one pixel wide; for thousands of points at most, which
+    // the caller has cut off near what is in sight: painters lose lines that go far beyond it.
+    virtual void polyline(std::span<const Point> points, const Ink& ink, double width) = 0;
+
+    // Filled boxes with edges on whole pixels, quick in any number.
+    virtual void fill_rects(std::span<const Rect> boxes, const Ink& ink) = 0;
+
+    // Polylines and boxes between the two may be put on the canvas together, at the end: quick for thousands of them.
+    // `area` is all that they cover. Nothing else may be drawn in between.
+    virtual void begin_layer(Rect /*area*/) {}
+    virtual void end_layer() {}
+
+    // The width of one column of pixels in points: finer detail than this cannot be seen.
+    [[nodiscard]] virtual double pixel() const = 0;
 
     // One line of UTF-8 text, aligned in the box from left to right, hanging from the box's upper edge (TEXT_MIDDLE).
     // Text that is wider than the box is drawn over its edges, not cut.

@@ -249,6 +249,23 @@ TEST_F(StatusCycleTest, SilentDaemonIsUnavailableAndTriedAgain) {
     EXPECT_EQ(display.states.back(), chronydStatus::synchronised);
 }
 
+TEST(LimitLines, FoldsLongLinesAndEndsLongTexts) {
+    std::string text = "short\n" + std::string(450, 'a') + "\n";
+    EXPECT_FALSE(limit_lines(text));
+    EXPECT_EQ(text,
+              "short\n" + std::string(200, 'a') + "\n" + std::string(200, 'a') + "\n" + std::string(50, 'a') + "\n");
+    std::string umlauts;
+    for (int i = 0; i < 201; ++i)
+        umlauts += "ü";
+    EXPECT_FALSE(limit_lines(umlauts));
+    EXPECT_EQ(umlauts.find('\n'), 400U);
+    std::string ends(1U << 20U, '\n');
+    EXPECT_TRUE(limit_lines(ends));
+    EXPECT_LE(ends.size(), most_lines);
+    std::string nothing;
+    EXPECT_FALSE(limit_lines(nothing));
+}
+
 TEST_F(StatusCycleTest, HangingChronycIsNotRunForTheReportAsWell) {
     load();
     execute.answers["chronyc tracking"] = {ExecuteOutcome::timed_out, -1, "", "too slow"};

@@ -22,6 +22,19 @@ public:
         double width;
         Shadow shadow;
     };
+    struct StyledStroke {
+        Path path;
+        LineStyle style;
+    };
+    struct Polyline {
+        std::vector<Point> points;
+        Ink ink;
+        double width;
+    };
+    struct Boxes {
+        std::vector<Rect> boxes;
+        Ink ink;
+    };
     struct Text {
         std::string text;
         Rect box;
@@ -30,12 +43,24 @@ public:
 
     std::vector<Fill> fills;
     std::vector<Stroke> strokes;
+    std::vector<StyledStroke> styled_strokes;
+    std::vector<Polyline> polylines;
+    std::vector<Boxes> boxes;
     std::vector<Text> texts;
+    double pixel_side = 1;
 
     void fill(const Path& path, ColorRole color, FillRule rule) override { fills.push_back({path, color, rule}); }
     void stroke(const Path& path, ColorRole color, double width, Shadow shadow) override {
         strokes.push_back({path, color, width, shadow});
     }
+    void stroke(const Path& path, const LineStyle& style) override { styled_strokes.push_back({path, style}); }
+    void polyline(std::span<const Point> points, const Ink& ink, double width) override {
+        polylines.push_back({{points.begin(), points.end()}, ink, width});
+    }
+    void fill_rects(std::span<const Rect> all, const Ink& ink) override {
+        boxes.push_back({{all.begin(), all.end()}, ink});
+    }
+    [[nodiscard]] double pixel() const override { return pixel_side; }
     void text(std::string_view text, Rect box, const TextStyle& style) override {
         texts.push_back({std::string(text), box, style});
     }

@@ -1,4 +1,5 @@
 #include "instruments/instrument_window.h"
+#include "platform/bounds_canvas.h"
 #include "platform/qt/picture_file.h"
 #include "platform/qt/qt_canvas.h"
 
@@ -200,10 +201,18 @@ TEST_F(PictureFile, FailedWriteLeavesTheOldFile) {
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "a half-written file was left behind";
 }
 
+// The widget also asks for the hands to learn where they are.
+bool is_painted(Canvas& canvas) {
+    return dynamic_cast<BoundsCanvas*>(&canvas) == nullptr;
+}
+
 TEST(InstrumentWidget, KeepsTheFaceUntilSomethingChanges) {
     int faces = 0;
     int hands = 0;
-    InstrumentWidget widget([&](Canvas&, Rect) { ++faces; }, [&](Canvas&, Rect) { ++hands; });
+    const auto draw_hands = [&](Canvas& canvas, Rect) {
+        hands += is_painted(canvas) ? 1 : 0;
+    };
+    InstrumentWidget widget([&](Canvas&, Rect) { ++faces; }, draw_hands);
     const auto expect_after_paint = [&](int expected_faces, int expected_hands) {
         static_cast<void>(widget.grab()); // only the painting is wanted
         EXPECT_EQ(faces, expected_faces);
@@ -219,6 +228,45 @@ TEST(InstrumentWidget, KeepsTheFaceUntilSomethingChanges) {
     expect_after_paint(3, 4);
     widget.setPalette(QPalette(Qt::black));
     expect_after_paint(4, 5);
+}
+
+// Of any colour channel of any pixel; 255 where the sizes differ.
+int largest_difference(const QImage& one, const QImage& other) {
+    int largest = one.size() == other.size() ? 0 : 255;
+    for (int y = 0; largest < 255 && y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x) {
+            const QColor a = one.pixelColor(x, y);
+            const QColor b = other.pixelColor(x, y);
+            largest = std::max(
+                {largest, std::abs(a.red() - b.red()), std::abs(a.green() - b.green()), std::abs(a.blue() - b.blue())});
+        }
+    return largest;
+}
+
+TEST(InstrumentWidget, KeptHandPicturesLookLikePaintedHands) {
+    std::size_t position = 0;
+    int hands = 0;
+    const auto draw_hands = [&](Canvas& canvas, Rect bounds) {
+        hands += is_painted(canvas) ? 1 : 0;
+        Path line;
+        line.add_line(bounds.center(), {position == 0 ? 10.0 : 190.0, 150});
+        canvas.stroke(line, ColorRole::red, 2, Shadow::soft);
+    };
+    InstrumentWidget plain([](Canvas&, Rect) {}, draw_hands);
+    InstrumentWidget kept([](Canvas&, Rect) {}, draw_hands);
+    kept.keep_hand_pictures(2, [&position] { return position; });
+    for (auto* widget : {&plain, &kept}) {
+        widget->resize(200, 200);
+        widget->show(); // a hidden widget is told its size before every grab, which counts as a change
+    }
+    for (const std::size_t now : {0U, 1U, 0U, 1U}) {
+        position = now;
+        kept.redraw_hands();
+        EXPECT_LE(largest_difference(kept.grab().toImage(), plain.grab().toImage()), 4);
+    }
+    hands = 0;
+    static_cast<void>(kept.grab()); // both positions are known by now
+    EXPECT_EQ(hands, 0);
 }
 
 TEST(InstrumentWidget, ShowsScreenReadersAPictureWithItsValue) {

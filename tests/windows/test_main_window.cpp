@@ -199,6 +199,13 @@ TEST(CommandOutput, SameTextKeepsSelectionAndScrollPosition) {
 
     output.show_text(text + "one more\n");
     EXPECT_EQ(output.verticalScrollBar()->value(), 77);
+    text.replace(text.find("line 3\n"), 7, "LINE 3\n");
+    output.show_text(text);
+    EXPECT_EQ(output.toPlainText().toStdString(), text);
+    output.show_text("short");
+    EXPECT_EQ(output.toPlainText(), QStringLiteral("short"));
+    output.show_text("other");
+    EXPECT_EQ(output.toPlainText(), QStringLiteral("other"));
     output.show_text("short");
     EXPECT_EQ(output.toPlainText(), QStringLiteral("short"));
 }

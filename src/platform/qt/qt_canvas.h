@@ -5,7 +5,12 @@
 #pragma once
 
 #include "platform/canvas.h"
+#include "platform/coverage_layer.h"
 #include "platform/qt/canvas_colors.h"
+
+#include <QPoint>
+
+#include <optional>
 
 class QPainter;
 
@@ -18,12 +23,27 @@ public:
 
     void fill(const Path& path, ColorRole color, FillRule rule) override;
     void stroke(const Path& path, ColorRole color, double width, Shadow shadow) override;
+    void stroke(const Path& path, const LineStyle& style) override;
+    void polyline(std::span<const Point> points, const Ink& ink, double width) override;
+    void fill_rects(std::span<const Rect> boxes, const Ink& ink) override;
+    void begin_layer(Rect area) override;
+    void end_layer() override;
+    [[nodiscard]] double pixel() const override;
     void text(std::string_view text, Rect box, const TextStyle& style) override;
 
 private:
+    [[nodiscard]] QColor color_of(const Ink& ink) const;
+    [[nodiscard]] Point on_layer(Point point) const;
+    void use_on_layer(const Ink& ink);
+    void paint_layer();
+
     QPainter& m_painter;
     double m_height;
     CanvasColors m_colors;
+
+    std::optional<CoverageLayer> m_layer; // while one is open
+    QPoint m_layer_corner;                // in pixels of the device
+    std::optional<Ink> m_layer_ink;       // of what has been added but not painted
 };
 
 } // namespace tickervantage

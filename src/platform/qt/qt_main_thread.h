@@ -3,16 +3,25 @@
 
 #include "platform/dispatch.h"
 
-#include <QObject>
+#include <memory>
 
 namespace tickervantage {
 
+// Lives on the main thread. A piece of work is also destroyed there, with all that it holds, never on the thread that
+// handed it over; what still waits when this object goes is destroyed with it.
 class QtMainThread : public MainThread {
 public:
+    QtMainThread();
+    ~QtMainThread() override;
+    QtMainThread(const QtMainThread&) = delete;
+    QtMainThread& operator=(const QtMainThread&) = delete;
+
     void main_async(Work work) override;
 
 private:
-    QObject m_receiver; // lives on the thread that made it; work still waiting dies with it
+    class Inbox;
+
+    std::unique_ptr<Inbox> m_inbox;
 };
 
 } // namespace tickervantage

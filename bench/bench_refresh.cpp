@@ -1,0 +1,221 @@
+// One refresh of the status against the bare cost of what it cannot do without: running chronyc once.
+//
+//   bare     posix_spawn of "chronyc -n -h SOCKET tracking", its output read, its end awaited, on the main thread
+//   refresh  the status cycle over the same command, from the request to the values on a display without a window
+//   window   the same in the real main window, offscreen
+//
+// Counters, of the main thread and in seconds of processor time: `main` from the request until everything was handed to
+// the display, `paint` for repainting the window afterwards.
+#include "bench/bare_spawn.h"
+#include "bench/cycle_parts.h"
+#include "bench/daemon.h"
+#include "bench/timing.h"
+
+#include "mainwindow/tickervantage_window.h"
+#include "platform/linux/private_temporary.h"
+#include "platform/qt/qt_main_thread.h"
+#include "platform/qt/qt_master_timer.h"
+#include "support/manual_timer.h"
+
+#include <benchmark/benchmark.h>
+#include <QApplication>
+
+#include <condition_variable>
+#include <deque>
+#include <memory>
+#include <mutex>
+
+namespace tickervantage::bench {
+namespace {
+
+// A main thread without a toolkit: whoever waits runs what arrives.
+class WaitingMainThread : public MainThread {
+public:
+    void main_async(Work work) override {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_waiting.push_back(std::move(work));
+        }
+        m_news.notify_one();
+    }
+    void run_until(const bool& done) {
+        while (!done || !empty())
+            take()();
+    }
+
+private:
+    [[nodiscard]] bool empty() {
+        const std::lock_guard lock(m_mutex);
+        return m_waiting.empty();
+    }
+    Work take() {
+        std::unique_lock lock(m_mutex);
+        m_news.wait(lock, [this] { return !m_waiting.empty(); });
+        Work work = std::move(m_waiting.front());
+        m_waiting.pop_front();
+        return work;
+    }
+
+    std::mutex m_mutex; // guards m_waiting
+    std::condition_variable m_news;
+    std::deque<Work> m_waiting;
+};
+
+// Keeps what it is told, as a window's labels would.
+class TextDisplay : public StatusDisplay {
+public:
+    void redraw_clock() override {}
+    void redraw_meter() override {}
+    void show_meter_value(const std::string& text) override { m_meter_value = text; }
+    void show_status(chronydStatus status) override { m_status = status; }
+    void show_clock_not_adjusted(bool shown) override { m_not_adjusted = shown; }
+    void show_versions(const ProgramVersion& chronyc, const ProgramVersion&) override { m_version = chronyc.label; }
+    void show_original_name_choice(bool) override {}
+    void show_server_field(bool) override {}
+    void show_servers(const std::vector<std::string>&, const std::string&) override {}
+    void show_output(const std::string& text) override { m_output = text; }
+    void show_notice(const StatusNotice& notice) override { m_notice = notice; }
+    void enable_gpsd_item(bool) override {}
+    void stop_program(const std::string&) override {}
+    void stop_for_version(const std::string&, const std::string&) override {}
+
+private:
+    std::string m_meter_value;
+    std::string m_version;
+    std::string m_output;
+    StatusNotice m_notice;
+    chronydStatus m_status = chronydStatus::unavailable;
+    bool m_not_adjusted = false;
+};
+
+void run_bare(benchmark::State& state, const Daemon& daemon) {
+    std::vector<std::string> words{daemon.chronyc(), "-n"};
+    for (const auto& word : daemon.chronyc_arguments())
+        words.push_back(word);
+    words.emplace_back("tracking");
+    for (auto iteration : state) {
+        const auto start = Clock::now();
+        benchmark::DoNotOptimize(bare_spawn(words));
+        state.SetIterationTime(seconds_since(start));
+    }
+}
+
+struct Spent {
+    double main = 0;
+    double paint = 0;
+    void report(benchmark::State& state) const {
+        state.counters["main"] = benchmark::Counter(main, benchmark::Counter::kAvgIterations);
+        state.counters["paint"] = benchmark::Counter(paint, benchmark::Counter::kAvgIterations);
+    }
+};
+
+// A status cycle between two measurements: loaded, its first reading applied, its timers at rest.
+class Plain {
+public:
+    explicit Plain(const Daemon& daemon)
+        : m_parts(m_main_thread, m_timer, daemon.chronyc(), daemon.chronyd()),
+          m_cycle(m_display, m_parts.parts(), m_parts.options(daemon.chronyc_arguments(), daemon.pidfile())) {
+        m_cycle.on_applied([this](const auto&...) { m_applied = true; });
+        m_cycle.load();
+        m_main_thread.run_until(m_applied);
+    }
+    [[nodiscard]] bool synchronised() const { return m_cycle.status() == chronydStatus::synchronised; }
+    void refresh() {
+        m_applied = false;
+        m_cycle.refresh();
+        m_main_thread.run_until(m_applied);
+    }
+    void paint() {}
+
+private:
+    WaitingMainThread m_main_thread;
+    testing::ManualMasterTimer m_timer;
+    TextDisplay m_display;
+    CycleParts m_parts;
+    StatusCycle m_cycle;
+    bool m_applied = false;
+};
+
+class Window {
+public:
+    explicit Window(const Daemon& daemon)
+        : m_parts(m_main_thread, m_timer, daemon.chronyc(), daemon.chronyd()),
+          m_window(m_parts.parts(), m_parts.options(daemon.chronyc_arguments(), daemon.pidfile()),
+                   {}) { // nothing here asks the application for anything
+        m_window.cycle().on_applied([this](const auto&...) { m_applied = true; });
+        m_window.windowDidLoad();
+        m_window.show();
+        wait();
+        refresh(); // showing the window asked for a second reading
+    }
+    [[nodiscard]] bool synchronised() { return m_window.cycle().status() == chronydStatus::synchronised; }
+    void refresh() {
+        m_applied = false;
+        m_window.cycle().refresh();
+        wait();
+    }
+    static void paint() {
+        constexpr int layout_and_paint = 4; // one posts the other
+        for (int turn = 0; turn < layout_and_paint; ++turn)
+            QCoreApplication::processEvents();
+    }
+
+private:
+    void wait() {
+        while (!m_applied || m_window.cycle().reading())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+
+    QtMainThread m_main_thread;
+    QtMasterTimer m_timer; // not started: no tick comes between
+    CycleParts m_parts;
+    TickervantageWindow m_window;
+    bool m_applied = false;
+};
+
+template <typename Subject>
+void run_refresh(benchmark::State& state, Subject& subject) {
+    Spent spent;
+    for (auto iteration : state) {
+        const auto start = Clock::now();
+        const double processor_start = thread_seconds();
+        subject.refresh();
+        const double applied = thread_seconds();
+        state.SetIterationTime(seconds_since(start));
+        subject.paint();
+        spent.main += applied - processor_start;
+        spent.paint += thread_seconds() - applied;
+    }
+    if (!subject.synchronised())
+        state.SkipWithError("the refresh did not find a synchronised daemon");
+    spent.report(state);
+}
+
+int run(int argc, char** argv) {
+    const PrivateTemporary temporary;
+    const Daemon daemon(temporary.path());
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    daemon.wait_until_synchronised();
+    Plain plain(daemon);
+    Window window(daemon);
+    benchmark::RegisterBenchmark("bare", [&](benchmark::State& state) { run_bare(state, daemon); })->UseManualTime();
+    benchmark::RegisterBenchmark("refresh", [&](benchmark::State& state) {
+        run_refresh(state, plain);
+    })->UseManualTime();
+    benchmark::RegisterBenchmark("window", [&](benchmark::State& state) {
+        run_refresh(state, window);
+    })->UseManualTime();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 2;
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
+
+} // namespace
+} // namespace tickervantage::bench
+
+int main(int argc, char** argv) {
+    return tickervantage::bench::run(argc, argv);
+}

@@ -1,0 +1,67 @@
+// What a status cycle needs in a benchmark, the real things but for the settings, which stay in memory.
+#pragma once
+
+#include "config/preferences.h"
+#include "config/settings_keys.h"
+#include "mainwindow/status_cycle.h"
+#include "platform/broadcast.h"
+#include "platform/linux/desktop_applications.h"
+#include "platform/linux/no_privileged_channel.h"
+#include "platform/linux/posix_execute.h"
+#include "platform/linux/serial_queue.h"
+#include "platform/linux/xdg_paths.h"
+#include "support/memory_stores.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tickervantage::bench {
+
+class CycleParts {
+public:
+    // chronyc is chosen as a user would, by the settings.
+    CycleParts(MainThread& main_thread, MasterTimer& timer, const std::string& chronyc, const std::string& chronyd)
+        : m_main_thread(main_thread), m_timer(timer), m_broadcast(main_thread) {
+        m_settings.saveString(settings::file_chronyc.key, chronyc);
+        m_settings.saveString(settings::file_chronyd.key, chronyd);
+        m_settings.saveBool(settings::ip_address.key, true); // -n
+    }
+    ~CycleParts() { m_execute.cancel(); }
+    CycleParts(const CycleParts&) = delete;
+    CycleParts& operator=(const CycleParts&) = delete;
+
+    [[nodiscard]] StatusCycleParts parts() {
+        return {m_execute, m_actions, m_queue, m_main_thread, m_timer, m_broadcast, m_settings};
+    }
+
+    [[nodiscard]] StatusCycleOptions options(std::vector<std::string> chronyc_arguments, std::string pidfile) const {
+        const auto general = PreferencesGeneral::load(m_settings);
+        return {.programs =
+                    [general] {
+                        return ChronyPrograms{"", general.chronyc, general.chronyd};
+                    },
+                .adjusts_clock_by_preference = [] { return true; },
+                .gpsd_application_found =
+                    [folders = process_paths().applications] {
+                        return find_application(folders, StatusCycle::GPSD_CONF_ID).has_value();
+                    },
+                .chronyc_arguments = std::move(chronyc_arguments),
+                .pidfile = std::move(pidfile)};
+    }
+
+    [[nodiscard]] DefaultSettings& settings() { return m_settings; }
+
+private:
+    testing::MemorySettingsStore m_store;
+    DefaultSettings m_settings{m_store};
+    MainThread& m_main_thread;
+    MasterTimer& m_timer;
+    PosixExecute m_execute;
+    NoPrivilegedChannel m_channel;
+    PrivilegedActions m_actions{m_channel};
+    Broadcast m_broadcast;
+    SerialQueue m_queue{"net.brisklane.status"}; // last: its work uses all of the above
+};
+
+} // namespace tickervantage::bench

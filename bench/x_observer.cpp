@@ -1,0 +1,158 @@
+// An outside look at the windows of a program on an X display, without a hand in the program.
+//
+//   x_observer first-paint PROGRAM [ARGUMENT...]
+//       Starts the program, waits until one of its windows is on the screen and shows more than one colour, prints the
+//       milliseconds from just before the fork until then, and ends the program. For a display without other programs.
+//   x_observer iconify TITLE
+//       Asks the window manager to minimise the window of that title and waits until it has gone from the screen.
+#include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <X11/extensions/Xdamage.h>
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+#include <map>
+#include <string_view>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr std::chrono::seconds patience{20};
+
+[[noreturn]] void give_up(const char* what) {
+    std::fprintf(stderr, "x_observer: %s\n", what);
+    std::exit(1);
+}
+
+int ignore_error(Display*, XErrorEvent*) { // a window may go while it is looked at
+    return 0;
+}
+
+Display* open_display() {
+    Display* display = XOpenDisplay(nullptr);
+    if (display == nullptr)
+        give_up("no display");
+    XSetErrorHandler(ignore_error);
+    return display;
+}
+
+// Handles events until the handler says that it has seen enough.
+void watch(Display* display, const std::function<bool(XEvent&)>& seen_enough) {
+    const auto deadline = Clock::now() + patience;
+    while (Clock::now() < deadline) {
+        pollfd news{ConnectionNumber(display), POLLIN, 0};
+        if (XPending(display) == 0 && poll(&news, 1, 100) <= 0)
+            continue;
+        XEvent event;
+        XNextEvent(display, &event);
+        if (seen_enough(event))
+            return;
+    }
+    give_up("waited in vain");
+}
+
+// A window whose background alone has been painted has one colour.
+bool shows_something(Display* display, Window window) {
+    XWindowAttributes attributes;
+    if (XGetWindowAttributes(display, window, &attributes) == 0 || attributes.map_state != IsViewable)
+        return false;
+    XImage* image = XGetImage(display, window, 0, 0, static_cast<unsigned>(attributes.width),
+                              static_cast<unsigned>(attributes.height), AllPlanes, ZPixmap);
+    if (image == nullptr)
+        return false;
+    bool several = false;
+    const unsigned long first = XGetPixel(image, 0, 0);
+    for (int y = 0; y < image->height && !several; ++y)
+        for (int x = 0; x < image->width && !several; ++x)
+            several = XGetPixel(image, x, y) != first;
+    XDestroyImage(image);
+    return several;
+}
+
+int first_paint(char** program) {
+    Display* display = open_display();
+    int damage_event = 0;
+    int damage_error = 0;
+    if (XDamageQueryExtension(display, &damage_event, &damage_error) == 0)
+        give_up("the display does not report what is painted");
+    XSelectInput(display, DefaultRootWindow(display), SubstructureNotifyMask);
+    XSync(display, False);
+    std::map<Damage, Window> watched;
+
+    const auto start = Clock::now();
+    pid_t pid = -1;
+    if (posix_spawn(&pid, program[0], nullptr, nullptr, program, environ) != 0)
+        give_up("the program cannot be started");
+    watch(display, [&](XEvent& event) {
+        if (event.type == MapNotify && event.xmap.event == DefaultRootWindow(display)) {
+            watched[XDamageCreate(display, event.xmap.window, XDamageReportNonEmpty)] = event.xmap.window;
+            return shows_something(display, event.xmap.window);
+        }
+        if (event.type != damage_event + XDamageNotify)
+            return false;
+        const Damage damage = reinterpret_cast<XDamageNotifyEvent&>(event).damage; // how the extension hands it over
+        XDamageSubtract(display, damage, None, None);
+        return shows_something(display, watched[damage]);
+    });
+    std::printf("%.3f\n", std::chrono::duration<double, std::milli>(Clock::now() - start).count());
+    kill(pid, SIGTERM);
+    waitpid(pid, nullptr, 0);
+    return 0;
+}
+
+bool is_viewable(Display* display, Window window) {
+    XWindowAttributes attributes;
+    return XGetWindowAttributes(display, window, &attributes) != 0 && attributes.map_state == IsViewable;
+}
+
+// Toolkits keep hidden windows of the same title.
+Window find_window(Display* display, Window under, std::string_view title) {
+    char* name = nullptr;
+    const bool found = XFetchName(display, under, &name) != 0 && name == title;
+    XFree(name);
+    if (found && is_viewable(display, under))
+        return under;
+    Window root = None;
+    Window parent = None;
+    Window* children = nullptr;
+    unsigned count = 0;
+    if (XQueryTree(display, under, &root, &parent, &children, &count) == 0)
+        return None;
+    Window result = None;
+    for (unsigned i = 0; i < count && result == None; ++i)
+        result = find_window(display, children[i], title);
+    XFree(children);
+    return result;
+}
+
+int iconify(std::string_view title) {
+    Display* display = open_display();
+    const Window window = find_window(display, DefaultRootWindow(display), title);
+    if (window == None)
+        give_up("no window of that title");
+    XSelectInput(display, window, StructureNotifyMask);
+    XIconifyWindow(display, window, DefaultScreen(display));
+    XFlush(display);
+    watch(display, [](XEvent& event) { return event.type == UnmapNotify; });
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const std::string_view verb = argc > 2 ? argv[1] : "";
+    if (verb == "first-paint")
+        return first_paint(argv + 2);
+    if (verb == "iconify")
+        return iconify(argv[2]);
+    std::fprintf(stderr, "usage: x_observer first-paint PROGRAM [ARGUMENT...] | iconify TITLE\n");
+    return 2;
+}

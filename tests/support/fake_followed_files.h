@@ -1,0 +1,86 @@
+// Files for a follower, in memory: they can be rotated, cut, taken away and made unreadable at any moment.
+#pragma once
+
+#include "platform/followed_file.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace tickervantage::testing {
+
+class FakeFollowedFiles : public FollowedFiles {
+public:
+    struct Content {
+        std::uint64_t inode = 0;
+        std::string text;
+        bool readable = true;
+        bool fails_when_read = false;
+        std::string damage; // reported with the length
+    };
+
+    // Under a new inode.
+    void create(const std::string& name, std::string text = {}) {
+        m_files[name] = std::make_shared<Content>(Content{++m_inode, std::move(text), true, false, {}});
+    }
+    void remove(const std::string& name) { m_files.erase(name); }
+    void rename(const std::string& from, const std::string& to) {
+        m_files[to] = m_files.at(from);
+        m_files.erase(from);
+    }
+    [[nodiscard]] Content& at(const std::string& name) { return *m_files.at(name); }
+
+    [[nodiscard]] int asked() const { return m_asked; } // for a status
+
+    Found status(const std::string& name, FileStatus& status, std::string&) override {
+        ++m_asked;
+        const auto found = m_files.find(name);
+        if (found == m_files.end())
+            return Found::nothing;
+        status = {1, found->second->inode, found->second->text.size()};
+        return Found::file;
+    }
+
+    int open(const std::string& name, std::unique_ptr<FollowedFile>& file, FileStatus& status,
+             std::string& reason) override {
+        const auto found = m_files.find(name);
+        if (found == m_files.end() || !found->second->readable) {
+            reason = found == m_files.end() ? "No such file" : "Permission denied";
+            return -1;
+        }
+        status = {1, found->second->inode, found->second->text.size()};
+        file = std::make_unique<File>(found->second);
+        return 0;
+    }
+
+private:
+    class File : public FollowedFile {
+    public:
+        explicit File(std::shared_ptr<Content> content) : m_content(std::move(content)) {}
+        int length(const GoOn&, std::uint64_t& bytes, std::string& reason) override {
+            bytes = m_content->text.size();
+            reason = m_content->damage;
+            return 0;
+        }
+        int read(std::uint64_t offset, std::span<char> buffer, std::size_t& count, std::string& reason) override {
+            if (m_content->fails_when_read) {
+                reason = "Input/output error";
+                return -1;
+            }
+            const auto& text = m_content->text;
+            const auto start = std::min<std::size_t>(static_cast<std::size_t>(offset), text.size());
+            count = text.copy(buffer.data(), buffer.size(), start);
+            return 0;
+        }
+
+    private:
+        std::shared_ptr<Content> m_content;
+    };
+
+    std::map<std::string, std::shared_ptr<Content>> m_files;
+    std::uint64_t m_inode = 0;
+    int m_asked = 0;
+};
+
+} // namespace tickervantage::testing
