@@ -1,13 +1,17 @@
 #include "app/app_delegate.h"
 
 #include "app/about_window.h"
+#include "app/analysis_windows.h"
 #include "app/desktop_links.h"
+#include "config/configuration.h"
 #include "mainwindow/tickervantage_window.h"
 #include "platform/linux/desktop_applications.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileDialog>
 #include <QMessageBox>
 
 #include <utility>
@@ -19,10 +23,14 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(application)
 };
 
+constexpr const char* usual_log_folder = "/var/log/chrony/";
+// Any name in which "tracking", one character and "lo" follow each other, such as tracking.log.1.gz.
+constexpr const char* tracking_log_pattern = "*tracking?lo*";
+
 } // namespace
 
 AppDelegate::AppDelegate(ApplicationParts parts, DaemonChoice daemon)
-    : m_parts(std::move(parts)), m_daemon(std::move(daemon)) {}
+    : m_parts(std::move(parts)), m_daemon(std::move(daemon)), m_self(std::make_shared<AppDelegate*>(this)) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -103,11 +111,84 @@ void AppDelegate::launchMeridianox() {
     say(Texts::tr("Meridianox could not be started."));
 }
 
+AnalysisWindows& AppDelegate::analysis() {
+    if (!m_analysis)
+        m_analysis = std::make_unique<AnalysisWindows>(AnalysisParts{.settings = m_parts.cycle.settings,
+                                                                     .main_thread = m_parts.cycle.main_thread,
+                                                                     .timer = m_parts.cycle.timer,
+                                                                     .files = m_parts.files,
+                                                                     .spectrum_queue = m_parts.spectrum_queue,
+                                                                     .lend_queue = m_parts.lend_queue,
+                                                                     .spectrum_enabled = [this] {
+                                                                         return m_advanced.spectrum;
+                                                                     }});
+    return *m_analysis;
+}
+
+void AppDelegate::openTrackingLog() {
+    //: title of the dialog that opens a tracking log
+    auto* dialog =
+        new QFileDialog(m_main_window.get(), Texts::tr("Open Tracking Log"), QLatin1String(usual_log_folder));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilter(QLatin1String(tracking_log_pattern));
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
+                     [this](const QString& path) { (void)analysis().open_log(path, false); });
+    dialog->open();
+}
+
+// Reading chrony.conf waits for the disk, so it is done on a queue.
+void AppDelegate::with_log_folder(const std::function<void(const std::string& folder)>& use) {
+    m_parts.cycle.queue.async(
+        [path = m_general.config, use, &main_thread = m_parts.cycle.main_thread, self = std::weak_ptr(m_self)] {
+            Configuration configuration;
+            configuration.load(path);
+            main_thread.main_async([folder = configuration.value("logdir").value_or(""), use, self] {
+                if (const auto alive = self.lock())
+                    use(folder);
+            });
+        });
+}
+
+void AppDelegate::showLogs() {
+    with_log_folder([](const std::string& folder) {
+        if (!folder.empty())
+            (void)reveal_folder(QString::fromStdString(folder)); // silent by design
+    });
+}
+
+void AppDelegate::liveTracking() {
+    if (!m_daemon.tracking_log.empty()) {
+        (void)analysis().open_log(QString::fromStdString(m_daemon.tracking_log), true);
+        return;
+    }
+    with_log_folder([this](const std::string& folder) {
+        const QString path = folder.empty() ? QLatin1String(usual_log_folder) : QString::fromStdString(folder);
+        (void)analysis().open_log(QDir::cleanPath(path) + QStringLiteral("/tracking.log"), true);
+    });
+}
+
 MenuHandlers AppDelegate::menu_handlers() {
     const QString log_folder = QString::fromStdString(m_parts.paths.state);
     return {{"showTickervantage",
              [this] {
                  showTickervantage();
+             }},
+            {"openTrackingLog",
+             [this] {
+                 openTrackingLog();
+             }},
+            {"liveTracking",
+             [this] {
+                 liveTracking();
+             }},
+            {"showSpectrum",
+             [this] {
+                 analysis().showSpectrum();
+             }},
+            {"showLogs",
+             [this] {
+                 showLogs();
              }},
             {"refresh",
              [this] {

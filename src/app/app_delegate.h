@@ -18,6 +18,8 @@
 
 namespace tickervantage {
 
+class AnalysisWindows;
+class FollowedFiles;
 class TickervantageWindow;
 
 // What the application is made of; all of it outlives the delegate.
@@ -26,6 +28,9 @@ struct ApplicationParts {
     std::shared_ptr<PrivilegedActions> actions;
     DispatchQueueSerial& removal_queue; // "net.brisklane.removetuxfamily"
     OldInstallationRemoval old_installation;
+    FollowedFiles& files;                                             // logs
+    DispatchQueueSerial& spectrum_queue;                              // transforms
+    std::function<std::shared_ptr<DispatchQueueSerial>()> lend_queue; // one for each log that is followed
     Logger& logger;
     std::function<void()> close_log;
     Paths paths;
@@ -36,6 +41,7 @@ struct DaemonChoice {
     std::vector<std::string> chronyc_arguments;
     std::string pidfile;
     QString standing_notice;
+    std::string tracking_log; // empty: in the folder that chrony.conf names
 };
 
 class AppDelegate {
@@ -63,6 +69,11 @@ private:
     [[nodiscard]] StatusCycleOptions cycle_options();
     void make_main_window();
     void showTickervantage();
+    void openTrackingLog();
+    void liveTracking();
+    void showLogs();
+    void with_log_folder(const std::function<void(const std::string& folder)>& use);
+    [[nodiscard]] AnalysisWindows& analysis();
     void launchMeridianox();
     void say(const QString& sentence); // a failure, with one "Dismiss" button
     void log_change_of_state(const StatusNotice& notice);
@@ -74,7 +85,9 @@ private:
     ApplicationMenus m_menus;
     std::optional<chronydStatus> m_logged_status;
     bool m_stopping = false;
+    std::shared_ptr<AppDelegate*> m_self; // work on its way back finds out through it that the delegate has gone
     std::unique_ptr<TickervantageWindow> m_main_window;
+    std::unique_ptr<AnalysisWindows> m_analysis;
 };
 
 } // namespace tickervantage

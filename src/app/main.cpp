@@ -1,13 +1,16 @@
 // The desktop program: puts the parts together.
 #include "app/app_delegate.h"
 #include "app/options.h"
+#include "app/queue_pool.h"
 #include "app/quit_on_signal.h"
 #include "app/screenshot_tour.h"
+#include "chrony/logreader.h"
 #include "config/settings_catalogue.h"
 #include "platform/linux/demonstration.h"
 #include "platform/linux/file_logger.h"
 #include "platform/linux/no_privileged_channel.h"
 #include "platform/linux/posix_execute.h"
+#include "platform/linux/posix_followed_file.h"
 #include "platform/linux/private_temporary.h"
 #include "platform/linux/serial_queue.h"
 #include "platform/linux/xdg_paths.h"
@@ -48,7 +51,8 @@ DaemonChoice demonstration_choice(const Demonstration& demonstration) {
             //: banner of demonstration mode
             .standing_notice =
                 Texts::tr("Demonstration: you see a chronyd that this program started for itself, on this "
-                          "machine alone. It follows a second one and leaves your clock as it is.")};
+                          "machine alone. It follows a second one and leaves your clock as it is."),
+            .tracking_log = demonstration.tracking_log()};
 }
 
 class Program {
@@ -89,6 +93,9 @@ private:
     // The queues whose work uses the parts above end before those go.
     SerialQueue m_status_queue{"net.brisklane.status"};
     SerialQueue m_removal_queue{"net.brisklane.removetuxfamily"};
+    SerialQueue m_spectrum_queue{"net.brisklane.spectrum"};
+    PosixFollowedFiles m_files;
+    QueuePool m_log_queues{std::string(LogReader::QUEUE_LABEL)};
     AppDelegate m_delegate;
 };
 
@@ -106,6 +113,9 @@ ApplicationParts Program::parts(const Paths& paths) {
                                      [](int seconds) {
                                          std::this_thread::sleep_for(std::chrono::seconds(seconds));
                                      }},
+            .files = m_files,
+            .spectrum_queue = m_spectrum_queue,
+            .lend_queue = [this] { return m_log_queues.lend(); },
             .logger = m_logger,
             .close_log = [this] { m_logger.close(); },
             .paths = paths};

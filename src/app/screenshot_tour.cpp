@@ -8,10 +8,13 @@
 #include <QComboBox>
 #include <QMenu>
 #include <QPixmap>
+#include <QPushButton>
+#include <QSlider>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -42,6 +45,7 @@ ScreenshotTour::ScreenshotTour(AppDelegate& application, QString folder, std::fu
 
 void ScreenshotTour::start() {
     plan();
+    plan_analysis();
     auto& cycle = m_application.main_window().cycle();
     cycle.on_applied([this](const StatusNotice&) { QTimer::singleShot(0, this, [this] { reading_applied(); }); });
     cycle.intervalChanged(1);
@@ -86,6 +90,48 @@ void ScreenshotTour::plan() {
     };
 }
 
+// The log of a demonstration is short: the widest zoom shows it.
+void ScreenshotTour::plan_analysis() {
+    const auto trigger = [this](const char* action) {
+        m_application.menus().actions.at(action)->trigger();
+    };
+    const auto refresh = [this] {
+        m_application.main_window().cycle().refresh();
+    };
+    const QString tracking = QStringLiteral("TrackingWindow");
+    trigger("liveTracking");
+    const auto zoom_in = [this, tracking, refresh] {
+        auto* window = window_of({{}, {}, tracking});
+        auto* zoom = window != nullptr ? window->findChild<QSlider*>(QStringLiteral("hZoom")) : nullptr;
+        if (zoom != nullptr)
+            zoom->setValue(zoom->maximum());
+        refresh();
+    };
+    const auto open_legend = [this, tracking, refresh] {
+        if (auto* window = window_of({{}, {}, tracking}))
+            window->findChild<QPushButton*>(QStringLiteral("showLegend"))->click();
+        refresh();
+    };
+    m_stops.push_back({QStringLiteral("tracking"), zoom_in, tracking});
+    m_stops.push_back({QStringLiteral("tracking-legend"), open_legend, tracking});
+    m_stops.push_back({QStringLiteral("tracking-dark"), [this, refresh] { show_dark(true), refresh(); }, tracking});
+    m_stops.push_back({QStringLiteral("spectrum"),
+                       [this, trigger, refresh] {
+                           show_dark(false);
+                           trigger("showSpectrum");
+                           refresh();
+                       },
+                       QStringLiteral("SpectrumWindow")});
+}
+
+QWidget* ScreenshotTour::window_of(const Stop& stop) const {
+    if (stop.window.isEmpty())
+        return &m_application.main_window();
+    const auto windows = QApplication::topLevelWidgets();
+    const auto found = std::ranges::find(windows, stop.window, &QWidget::objectName);
+    return found == windows.end() ? nullptr : *found;
+}
+
 void ScreenshotTour::show_dark(bool dark) {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(dark ? dark_palette() : QApplication::style()->standardPalette());
@@ -118,8 +164,9 @@ void ScreenshotTour::take_picture() {
     if (m_stops.empty())
         return;
     const QString file = m_folder + QLatin1Char('/') + m_stops.front().file + QStringLiteral(".png");
+    QWidget* window = window_of(m_stops.front());
     m_stops.pop_front();
-    if (!m_application.main_window().grab().save(file)) {
+    if (window == nullptr || !window->grab().save(file)) {
         std::fprintf(stderr, "The picture %s could not be written.\n", qUtf8Printable(file));
         m_complete = false;
     }

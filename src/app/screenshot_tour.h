@@ -27,7 +27,8 @@ public:
 private:
     struct Stop {
         QString file;
-        std::function<void()> prepare; // ends with a reading, after which the picture is taken
+        std::function<void()> prepare; // a reading follows, after which the picture is taken
+        QString window = {};           // object name of the window; empty: the main window
     };
 
     void plan();
@@ -35,6 +36,8 @@ private:
     void next_stop();
     void take_picture();
     void show_dark(bool dark);
+    void plan_analysis();
+    [[nodiscard]] QWidget* window_of(const Stop& stop) const;
 
     AppDelegate& m_application;
     QString m_folder;

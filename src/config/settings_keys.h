@@ -130,7 +130,7 @@ inline constexpr BooleanKey sync_restart_chronyd{"sync_restart_chronyd", true, "
 inline constexpr IntegerKey tracking_dateTimeRange{
     "tracking_dateTimeRange", 0, 0, 8, "time range: 0 the whole log, 2 to 8 the last 1, 2, 3, 4, 6, 12 or 24 hours",
     Limit::when_loaded,       1};
-inline constexpr IntegerKey tracking_use_logscale{"tracking_use_logscale", 0, 0, 1, "logarithmic scale: 1 on, 0 off"};
+inline constexpr IntegerKey tracking_use_logscale{"tracking_use_logscale", 1, 0, 1, "logarithmic scale: 1 on, 0 off"};
 inline constexpr DoubleKey tracking_vZoom{"tracking_vZoom", 0, -5, 5, "vertical zoom, a power of two"};
 inline constexpr DoubleKey tracking_hZoom{"tracking_hZoom", 0, -5, 5, "horizontal zoom, a power of two"};
 inline constexpr DoubleKey tracking_vScale{"tracking_vScale", 3, -6, 3, "vertical scale, a power of ten"};

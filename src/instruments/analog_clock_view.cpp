@@ -29,8 +29,9 @@ AnalogClockView::AnalogClockView(std::function<ClockTime()> local_time) : m_loca
 
 void AnalogClockView::draw(Canvas& canvas, Rect bounds) {
     draw_face(canvas, bounds);
-    draw_slow_hands(canvas, bounds);
-    draw_second_hand(canvas, bounds);
+    const ClockTime time = m_local_time(); // one for all hands
+    slow_hands(canvas, bounds, time);
+    second_hand(canvas, bounds, time);
 }
 
 void AnalogClockView::draw_face(Canvas& canvas, Rect bounds) {
@@ -47,15 +48,21 @@ void AnalogClockView::draw_face(Canvas& canvas, Rect bounds) {
 }
 
 void AnalogClockView::draw_slow_hands(Canvas& canvas, Rect bounds) const {
+    slow_hands(canvas, bounds, m_local_time());
+}
+
+void AnalogClockView::draw_second_hand(Canvas& canvas, Rect bounds) const {
+    second_hand(canvas, bounds, m_local_time());
+}
+
+void AnalogClockView::slow_hands(Canvas& canvas, Rect bounds, ClockTime time) {
     const Dial dial(bounds, clockIntervals);
-    const ClockTime time = m_local_time();
     dial.draw_needle(canvas, {STRAIGHT_UP - hour_value(time), 0.6, 3.0, ColorRole::text});
     dial.draw_needle(canvas, {STRAIGHT_UP - minute_value(time), 0.85, 2.0, ColorRole::text});
 }
 
-void AnalogClockView::draw_second_hand(Canvas& canvas, Rect bounds) const {
+void AnalogClockView::second_hand(Canvas& canvas, Rect bounds, ClockTime time) {
     const Dial dial(bounds, clockIntervals);
-    const ClockTime time = m_local_time();
     dial.draw_needle(canvas, {STRAIGHT_UP - time.second, 0.98, 1.0, ColorRole::red});
     dial.draw_hub(canvas);
 }

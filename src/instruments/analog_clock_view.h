@@ -36,6 +36,9 @@ public:
     [[nodiscard]] static double minute_value(ClockTime time);
 
 private:
+    static void slow_hands(Canvas& canvas, Rect bounds, ClockTime time);
+    static void second_hand(Canvas& canvas, Rect bounds, ClockTime time);
+
     std::function<ClockTime()> m_local_time;
     std::optional<Path> m_ticks;
     Rect m_ticks_bounds;

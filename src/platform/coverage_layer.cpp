@@ -155,6 +155,14 @@ void CoverageLayer::paint(const Color& color) {
                 continue;
             }
         }
+        if (eight == ~std::uint64_t{0}) {
+            const std::uint32_t source = by_coverage[255];
+            for (std::size_t one = 0; one < sizeof eight; ++one)
+                m_pixels[i + one] = source + scaled(m_pixels[i + one], 255 - (source >> 24));
+            std::memset(m_coverage.data() + i, 0, sizeof eight);
+            i += sizeof eight;
+            continue;
+        }
         const std::size_t stop = std::min(end, i + sizeof eight);
         for (; i < stop; ++i) {
             const std::uint32_t source = by_coverage[m_coverage[i]];

@@ -314,6 +314,39 @@ TEST_F(TickerctlTest, SettingsThatCannotBeSavedAreAFailure) {
     EXPECT_EQ(run({"settings", "set", "chronyc_interval", "7"}).status, 2);
 }
 
+TEST_F(TickerctlTest, SpectrumOfATrackingLog) {
+    const std::string heading = "   Date (UTC) Time     IP Address   St\n";
+    const std::string first = "2026-11-21 02:15:03 192.0.2.1 2 -10.5 0.1 1e-6 N 1 1e-6 2e-6 1e-3 1e-3\n";
+    const std::string last = "2026-11-21 04:15:03 192.0.2.1 2 -10.5 0.1 1e-6 N 1 1e-6 - 1e-3 1e-3\n";
+    const auto log = file("tracking.log", heading + first + last);
+    const auto answer = run({"spectrum", log, "--json", "--duration", "400"});
+    ASSERT_EQ(answer.status, 0) << answer.err;
+    const auto document = json::parse(answer.out);
+    EXPECT_EQ(document["samplefreq"], 0.125);
+    EXPECT_EQ(document["count"], 100);
+    EXPECT_EQ(document["length"], 128);
+    EXPECT_EQ(document["magnitudes"].size(), 128U);
+    EXPECT_EQ(document["magnitudes"][0], 1);
+    EXPECT_EQ(document["phases"].size(), 128U);
+    EXPECT_TRUE(run({"spectrum", log}).out.find("Bins            : 256") != std::string::npos);
+    const auto picture = m_home.path("a.png");
+    EXPECT_EQ(run({"plot", "spectrum", log, "-o", picture, "--size", "640x360"}).status, 0);
+    EXPECT_EQ(testing::png_size(contents(picture)), std::pair(640U, 360U));
+
+    const std::pair<Words, int> cases[] = {
+        {{"spectrum", log, "--series", "rem_cor"}, 1}, // the last record has none
+        {{"spectrum", file("empty.log", heading)}, 1}, {{"spectrum", m_home.path("none.log")}, 2},
+        {{"spectrum", log, "--series", "skew"}, 2},    {{"spectrum", log, "--interval", "0"}, 2},
+        {{"spectrum", log, "--duration", "1"}, 2},     {{"spectrum", log, "--interval", "1e-8"}, 2},
+    };
+    for (const auto& [words, status] : cases) {
+        const auto refused = run(words);
+        EXPECT_EQ(refused.status, status) << refused.err;
+        EXPECT_TRUE(is_one_line(refused.err)) << refused.err;
+        EXPECT_EQ(refused.out, "");
+    }
+}
+
 TEST_F(TickerctlTest, PlotsAreRealPicturesOfTheSizeAskedFor) {
     m_home.environment.erase("XDG_RUNTIME_DIR"); // as in a cron job
     const std::pair<Words, bool> cases[] = {{{"plot", "meter", "-2.5e4", "--per-second"}, true},

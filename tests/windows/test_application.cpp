@@ -1,14 +1,18 @@
 #include "app/app_delegate.h"
 #include "mainwindow/tickervantage_window.h"
+#include "support/fake_followed_files.h"
 #include "support/fake_main_window_parts.h"
 
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 #include <QMessageBox>
+#include <QTemporaryDir>
 
 #include <algorithm>
+#include <fstream>
 #include <set>
 
 namespace tickervantage {
@@ -17,6 +21,9 @@ namespace {
 struct ApplicationTest : ::testing::Test {
     testing::FakeMainWindowParts fakes;
     testing::ManualQueue removal_queue;
+    testing::ManualQueue spectrum_queue;
+    testing::ManualQueue log_queue;
+    testing::FakeFollowedFiles log_files;
     testing::MemoryLogger logger;
     std::set<std::string> files;
     bool log_closed = false;
@@ -34,6 +41,9 @@ struct ApplicationTest : ::testing::Test {
                                      .pause =
                                          [](int) {
                                          }},
+                .files = log_files,
+                .spectrum_queue = spectrum_queue,
+                .lend_queue = [this] { return std::shared_ptr<DispatchQueueSerial>(&log_queue, [](auto*) {}); },
                 .logger = logger,
                 .close_log = [this] { log_closed = true; },
                 .paths = {}},
@@ -74,15 +84,29 @@ TEST_F(ApplicationTest, OptionalItemsFollowThePreferences) {
 TEST_F(ApplicationTest, ItemsWithoutAWindowAreDisabledAndSayWhy) {
     launch();
     for (const char* name : {"showTickervantage", "refresh", "showLogFile", "showLogFolder", "siteTickervantage",
-                             "siteChrony", "showAbout", "quit", "closeWindow", "chooseFont", "defaultFont"})
+                             "siteChrony", "showAbout", "showLogs", "openTrackingLog", "liveTracking", "quit",
+                             "closeWindow", "chooseFont", "defaultFont"})
         EXPECT_TRUE(item(name)->isEnabled()) << name;
-    for (const char* name :
-         {"showFreqInspector", "showServers", "showFreqTemp", "showSpectrum", "showLogs", "openTrackingLog",
-          "liveTracking", "checkForUpdates", "showPreferences", "helpChronyConf", "helpChronyc", "helpChronyd",
-          "helpChronywake", "helpFAQ", "stepTime", "showDonate", "installChrony", "rotateLogs", "synchServer"}) {
+    for (const char* name : {"showFreqInspector", "showServers", "showFreqTemp", "checkForUpdates", "showPreferences",
+                             "helpChronyConf", "helpChronyc", "helpChronyd", "helpChronywake", "helpFAQ", "stepTime",
+                             "showDonate", "installChrony", "rotateLogs", "synchServer"}) {
         EXPECT_FALSE(item(name)->isEnabled()) << name;
         EXPECT_FALSE(item(name)->toolTip().isEmpty()) << name;
     }
+}
+
+TEST_F(ApplicationTest, LiveTrackingFollowsTheLogOfTheConfiguredFolder) {
+    const QTemporaryDir folder;
+    const std::string configuration = folder.filePath(QStringLiteral("chrony.conf")).toStdString();
+    std::ofstream(configuration) << "logdir /somewhere/else/\n";
+    fakes.store.values = {{"file_config", {configuration}}};
+    launch();
+    item("liveTracking")->trigger();
+    fakes.settle();
+    const auto windows = QApplication::topLevelWidgets();
+    const auto found = std::ranges::find(windows, QStringLiteral("TrackingWindow"), &QWidget::objectName);
+    ASSERT_NE(found, windows.end());
+    EXPECT_EQ((*found)->windowTitle(), QStringLiteral("/somewhere/else/tracking.log"));
 }
 
 TEST_F(ApplicationTest, ShortcutsAreUnique) {

@@ -110,6 +110,25 @@ TEST(QtCanvas, TextHangsFromTheBoxAndKeepsToItsSide) {
     }
 }
 
+TEST(QtCanvas, LayerLandsWhereItsLinesBelong) {
+    for (const double ratio : {1.0, 1.5, 2.0}) {
+        const QImage image = painted(40, ratio, [](Canvas& canvas) {
+            canvas.begin_layer({5, 0, 30, 40});
+            const Point points[] = {{10, 30}, {20, 30}};
+            canvas.polyline(points, Ink(ColorRole::red), 2);
+            const Rect box{30, 10, 2, 6};
+            canvas.fill_rects(std::span(&box, 1), ColorRole::red);
+            canvas.end_layer();
+        });
+        const auto pixels = [ratio](double points) {
+            return static_cast<int>(points * ratio);
+        };
+        EXPECT_EQ(image.pixelColor(pixels(15), pixels(10)), COLORS.red) << ratio;
+        EXPECT_EQ(image.pixelColor(pixels(31), pixels(27)), COLORS.red) << ratio;
+        EXPECT_EQ(inked(image), QRect(pixels(10), pixels(9), pixels(32) - pixels(10), pixels(30) - pixels(9))) << ratio;
+    }
+}
+
 TEST(CanvasColors, HuesCanBeReadOnEveryBackground) {
     for (const int grey : {0, 30, 60, 90, 118, 128, 160, 200, 239, 255}) {
         QPalette palette;

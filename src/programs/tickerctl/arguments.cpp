@@ -68,8 +68,42 @@ void add_settings(CommandLine& line, Arguments& arguments) {
     set->add_option("VALUE", arguments.value, "its new value")->required();
 }
 
+void add_spectrum_options(CLI::App* command, Arguments& arguments) {
+    command->add_option("LOG", arguments.log, "the tracking log")->required();
+    command->add_option("--series", arguments.series, "offset, rem_cor or rms_offset")->capture_default_str();
+    command->add_option("--interval", arguments.interval, "seconds between two samples; default: as in the settings")
+        ->check(number_within(1e-9, 1e9, "give seconds, more than 0"));
+    command->add_option("--duration", arguments.duration, "seconds analysed; default: as in the settings")
+        ->check(number_within(0, 1e12, "give seconds"));
+}
+
+void add_spectrum(CommandLine& line, Arguments& arguments) {
+    auto* spectrum = line.add(&line.app, Job::spectrum, "spectrum", "The spectrum of a tracking log");
+    add_spectrum_options(spectrum, arguments);
+    spectrum->add_flag("--json", arguments.json, "one JSON document");
+}
+
+void add_log(CommandLine& line, Arguments& arguments) {
+    auto* log = line.add(&line.app, Job::log, "log", "The records of a tracking log (exit status 1: it has none)");
+    auto* follow = line.add(&line.app, Job::follow, "follow", "The lines of a log, and those that are added to it");
+    for (auto* command : {log, follow})
+        command->add_option("FILE", arguments.log, "a log, such as /var/log/chrony/tracking.log")->required();
+    auto* json = log->add_flag("--json", arguments.json, "one line of JSON a record; with --summary one document");
+    log->add_flag("--csv", arguments.csv, "comma-separated values")->excludes(json);
+    log->add_flag("--summary", arguments.summary, "what the values of every series are like");
+    follow->add_flag("--json", arguments.json, "one line of JSON a line");
+    follow->add_option("--for", arguments.for_seconds, "so many seconds; default: until interrupted")
+        ->check(number_within(0.1, 2000000, "give seconds, from 0.1 to 2000000"));
+}
+
+void add_picture_options(CLI::App* command, Arguments& arguments, std::string& size) {
+    command->add_option("-o,--output", arguments.output, "the picture, .png or .svg")->required();
+    command->add_option("--size", size, "width and height in pixels")->capture_default_str();
+    command->add_flag("--dark", arguments.dark, "on a dark background");
+}
+
 void add_plot(CommandLine& line, Arguments& arguments) {
-    auto* plot = line.app.add_subcommand("plot", "The instruments as pictures");
+    auto* plot = line.app.add_subcommand("plot", "The instruments and charts as pictures");
     plot->require_subcommand(1);
     auto* meter = line.add(plot, Job::plot_meter, "meter", "The performance meter");
     meter->add_option("VALUE", arguments.meter_value, "nanoseconds")
@@ -79,11 +113,11 @@ void add_plot(CommandLine& line, Arguments& arguments) {
     meter->add_flag("--per-second", arguments.per_second, "the value is a rate, in nanoseconds per second");
     auto* clock = line.add(plot, Job::plot_clock, "clock", "The clock");
     clock->add_option("TIME", arguments.clock_time, "such as 15:30:00; default: now");
-    for (auto* command : {meter, clock}) {
-        command->add_option("-o,--output", arguments.output, "the picture, .png or .svg")->required();
-        command->add_option("--size", arguments.size, "width and height in pixels")->capture_default_str();
-        command->add_flag("--dark", arguments.dark, "on a dark background");
-    }
+    for (auto* command : {meter, clock})
+        add_picture_options(command, arguments, arguments.size);
+    auto* spectrum = line.add(plot, Job::plot_spectrum, "spectrum", "The spectrum of a tracking log");
+    add_spectrum_options(spectrum, arguments);
+    add_picture_options(spectrum, arguments, arguments.chart_size);
 }
 
 void add_all(CommandLine& line, Arguments& arguments) {
@@ -94,6 +128,8 @@ void add_all(CommandLine& line, Arguments& arguments) {
     add_status(line, arguments);
     add_report(line);
     add_settings(line, arguments);
+    add_log(line, arguments);
+    add_spectrum(line, arguments);
     add_plot(line, arguments);
 }
 

@@ -14,8 +14,12 @@ enum class Job : unsigned char {
     settings_get,
     settings_set,
     settings_reset,
+    log,
+    follow,
+    spectrum,
     plot_meter,
-    plot_clock
+    plot_clock,
+    plot_spectrum
 };
 
 struct Arguments {
@@ -27,13 +31,21 @@ struct Arguments {
     std::optional<std::string> meter;
     double watch_seconds = 0; // 0: once
     std::vector<std::string> report;
+    std::string log; // the path of a tracking log
+    bool csv = false;
+    bool summary = false;
+    double for_seconds = 0; // 0: until interrupted
+    std::string series = "offset";
+    std::optional<double> interval; // s
+    std::optional<double> duration; // s
     std::string key;
     std::string value;
     double meter_value = 0; // ns, or ns/s
     bool per_second = false;
     std::optional<std::string> clock_time;
     std::string output;
-    std::string size = "200x200";
+    std::string size = "200x200";       // of an instrument
+    std::string chart_size = "800x450"; // of a chart
     bool dark = false;
 };
 

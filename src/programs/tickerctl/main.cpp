@@ -3,6 +3,7 @@
 #include "platform/linux/xdg_paths.h"
 #include "programs/tickerctl/arguments.h"
 #include "programs/tickerctl/plot_command.h"
+#include "programs/tickerctl/plot_spectrum.h"
 #include "programs/tickerctl/terminal.h"
 #include "programs/tickerctl/tool.h"
 
@@ -13,6 +14,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
+#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -30,23 +32,40 @@ ClockTime now() {
     return {time.hour(), time.minute(), time.second()};
 }
 
-int plot(const Arguments& arguments, int argc, char** argv) {
-    PlotOptions options;
-    options.output = arguments.output;
-    options.dark = arguments.dark;
-    if (parse_size(arguments.size, options) != 0)
-        return fail("A size is written as 640x480, with sides of 1 to " + std::to_string(largest_plot_side) +
-                    ", not \"" + arguments.size + "\".");
+int plot_instrument(const Arguments& arguments, const PlotOptions& options) {
     const auto time = arguments.clock_time ? parse_clock_time(*arguments.clock_time) : now();
     if (!time)
         return fail("A time is written as 15:30:00, not \"" + *arguments.clock_time + "\".");
-    qputenv("QT_QPA_PLATFORM", "offscreen"); // a picture needs fonts, but no display
-    const QGuiApplication application(argc, argv);
     std::string sentence;
     const int result = arguments.job == Job::plot_clock
                            ? plot_clock(*time, options, sentence)
                            : plot_meter(arguments.meter_value, arguments.per_second, options, sentence);
     return result == 0 ? 0 : fail(sentence);
+}
+
+int plot_log(const Arguments& arguments, const PlotOptions& options) {
+    DaemonAccess daemon;
+    const EndSignals signals(daemon.execute());
+    const Tool tool(arguments, process_paths(), daemon, signals);
+    ComputedSpectrum spectrum;
+    if (const int result = tool.read_spectrum(spectrum); result != 0)
+        return result;
+    std::string sentence;
+    return plot_spectrum(std::move(spectrum), options, sentence) == 0 ? 0 : fail(sentence);
+}
+
+int plot(const Arguments& arguments, int argc, char** argv) {
+    const bool is_chart = arguments.job == Job::plot_spectrum;
+    const std::string& size = is_chart ? arguments.chart_size : arguments.size;
+    PlotOptions options;
+    options.output = arguments.output;
+    options.dark = arguments.dark;
+    if (parse_size(size, options) != 0)
+        return fail("A size is written as 640x480, with sides of 1 to " + std::to_string(largest_plot_side) +
+                    ", not \"" + size + "\".");
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // a picture needs fonts, but no display
+    const QGuiApplication application(argc, argv);
+    return is_chart ? plot_log(arguments, options) : plot_instrument(arguments, options);
 }
 
 int do_job(const Arguments& arguments, Tool& tool) {
@@ -62,6 +81,12 @@ int do_job(const Arguments& arguments, Tool& tool) {
         return tool.settings_command().set(arguments.key, arguments.value);
     case Job::settings_reset:
         return tool.settings_command().reset();
+    case Job::log:
+        return tool.log();
+    case Job::follow:
+        return tool.follow();
+    case Job::spectrum:
+        return tool.spectrum();
     default:
         return tool.status();
     }
@@ -98,11 +123,17 @@ int main(int argc, char** argv) {
     if (!arguments)
         return status;
     qInstallMessageHandler(qt_message);
-    if (arguments->job == Job::plot_meter || arguments->job == Job::plot_clock)
-        return plot(*arguments, argc, argv);
+    if (arguments->job == Job::plot_meter || arguments->job == Job::plot_clock ||
+        arguments->job == Job::plot_spectrum) {
+        status = plot(*arguments, argc, argv);
+        if (status == interrupted)
+            end_as_asked();
+        return status;
+    }
     status = run(*arguments, argc, argv);
-    // A watch that has answered is meant to be ended by a signal, though not by a reader that went away.
-    if (arguments->watch_seconds == 0 || status == interrupted || end_signal() == SIGPIPE)
+    // What has no end of its own is meant to be ended by a signal, though not by a reader that went away.
+    const bool is_endless = arguments->watch_seconds > 0 || arguments->job == Job::follow;
+    if (!is_endless || status == interrupted || end_signal() == SIGPIPE)
         end_as_asked();
     return print_all(status);
 }

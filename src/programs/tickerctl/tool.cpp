@@ -1,8 +1,12 @@
 #include "programs/tickerctl/tool.h"
 
+#include "chrony/log_pieces.h"
 #include "config/settings_catalogue.h"
 #include "mainwindow/versions.h"
+#include "platform/linux/posix_followed_file.h"
 #include "platform/linux/small_file.h"
+#include "programs/tickerctl/follow_command.h"
+#include "programs/tickerctl/log_command.h"
 #include "programs/tickerctl/status_command.h"
 #include "programs/tickerctl/terminal.h"
 
@@ -138,6 +142,60 @@ int Tool::report() {
     if (result.outcome != ExecuteOutcome::exited)
         return failed;
     return result.exit_status == 0 ? 0 : answer_is_no;
+}
+
+SpectrumChoice Tool::spectrum_choice() const {
+    return {.log = m_arguments.log,
+            .series = m_arguments.series,
+            .interval = m_arguments.interval.value_or(load(m_settings, settings::SPECTRUM_interval)),
+            .duration = m_arguments.duration.value_or(load(m_settings, settings::SPECTRUM_duration))};
+}
+
+int Tool::read_spectrum(ComputedSpectrum& spectrum) const {
+    PosixFollowedFiles files;
+    std::string sentence;
+    const int result = spectrum_of_log(files, spectrum_choice(), spectrum, sentence);
+    if (m_signals.asked())
+        return interrupted;
+    if (result != 0)
+        complain(sentence);
+    return result;
+}
+
+int Tool::spectrum() {
+    ComputedSpectrum spectrum;
+    if (const int result = read_spectrum(spectrum); result != 0)
+        return result;
+    print_spectrum(spectrum, spectrum_choice(), m_arguments.json ? OutputForm::json : OutputForm::text, std::cout);
+    return 0;
+}
+
+int Tool::log() const {
+    PosixFollowedFiles files;
+    TrackingRecords records;
+    std::string sentence;
+    const int read = read_log(
+        files, m_arguments.log, [&](std::string_view line) { (void)records.add_line(line); }, sentence);
+    if (read != 0 && records.empty())
+        return fail(sentence);
+    const LogForm form = m_arguments.json ? LogForm::json : m_arguments.csv ? LogForm::csv : LogForm::text;
+    const int answer =
+        m_arguments.summary ? print_log_summary(records, form, std::cout) : print_log(records, form, std::cout);
+    return read == 0 ? answer : fail(sentence); // damaged behind the records that were printed
+}
+
+int Tool::follow() const {
+    PosixFollowedFiles files;
+    const FollowForm form = m_arguments.json ? FollowForm::json : FollowForm::text;
+    return follow_log(m_arguments.log, files, form, std::cout, [&] {
+        constexpr double day = 86400; // poll() knows no "for ever" in seconds
+        const double limit = m_arguments.for_seconds;
+        if (limit > 0)
+            (void)m_signals.asked_within(limit);
+        else
+            while (!m_signals.asked_within(day)) {
+            }
+    });
 }
 
 SettingsCommand Tool::settings_command() {

@@ -12,6 +12,7 @@
 #include "programs/tickerctl/daemon_access.h"
 #include "programs/tickerctl/end_signals.h"
 #include "programs/tickerctl/settings_command.h"
+#include "programs/tickerctl/spectrum_command.h"
 
 #include <mutex>
 #include <optional>
@@ -40,13 +41,20 @@ public:
 
     [[nodiscard]] int status();
     [[nodiscard]] int report();
+    [[nodiscard]] int log() const;
+    [[nodiscard]] int follow() const;
     [[nodiscard]] SettingsCommand settings_command();
+    [[nodiscard]] int spectrum();
+
+    // The spectrum that was asked for; what is wrong is told.
+    [[nodiscard]] int read_spectrum(ComputedSpectrum& spectrum) const;
 
 private:
     [[nodiscard]] std::optional<meterView> view() const;
     [[nodiscard]] int read_tracking(std::string& text);
     [[nodiscard]] int read_input(std::string& text) const;
     [[nodiscard]] int version_report();
+    [[nodiscard]] SpectrumChoice spectrum_choice() const;
 
     const Arguments& m_arguments;
     Paths m_paths;

@@ -1,0 +1,73 @@
+#include "app/analysis_windows.h"
+
+#include "platform/linux/small_file.h"
+#include "platform/qt/picture_file.h"
+
+#include <utility>
+
+namespace tickervantage {
+
+AnalysisWindows::AnalysisWindows(AnalysisParts parts) : m_parts(std::move(parts)) {}
+
+AnalysisWindows::~AnalysisWindows() {
+    for (auto* window : std::exchange(m_tracking, {}))
+        delete window;
+}
+
+TrackingWindowParts AnalysisWindows::tracking_parts() {
+    return {.settings = m_parts.settings,
+            .main_thread = m_parts.main_thread,
+            .timer = m_parts.timer,
+            .files = m_parts.files,
+            .lend_queue = m_parts.lend_queue,
+            .spectrum_enabled = m_parts.spectrum_enabled,
+            .show_spectrum = [this] { showSpectrum(); },
+            .data_changed = [] {}, // the spectrum asks for the records when it computes
+            .write_picture = write_picture,
+            .write_text = replace_small_file};
+}
+
+TrackingWindow* AnalysisWindows::open_log(const QString& path, bool live) {
+    auto* window = new TrackingWindow(tracking_parts());
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    m_tracking.push_back(window);
+    QObject::connect(window, &TrackingWindow::windowDidBecomeMain, window, [this, window] {
+        m_tracking.remove(window);
+        m_tracking.push_back(window);
+    });
+    QObject::connect(window, &TrackingWindow::windowWillClose, window, [this, window] { m_tracking.remove(window); });
+    window->windowDidLoad();
+    window->set_log(path, live);
+    window->show();
+    return window;
+}
+
+const TrackingRecords* AnalysisWindows::current_records() const {
+    return m_tracking.empty() ? nullptr : &m_tracking.back()->records();
+}
+
+void AnalysisWindows::make_spectrum() {
+    m_spectrum = std::make_unique<SpectrumWindow>(SpectrumWindowParts{.settings = m_parts.settings,
+                                                                      .queue = m_parts.spectrum_queue,
+                                                                      .main_thread = m_parts.main_thread,
+                                                                      .write_picture = write_picture,
+                                                                      .write_text = replace_small_file});
+    m_spectrum->set_source([this] { return current_records(); });
+    m_spectrum->windowDidLoad();
+}
+
+void AnalysisWindows::showSpectrum() {
+    if (!m_spectrum)
+        make_spectrum();
+    m_spectrum->show();
+    m_spectrum->raise();
+    m_spectrum->activateWindow();
+    m_spectrum->TrackingSelector();
+}
+
+void AnalysisWindows::update_spectrum_buttons() {
+    for (auto* window : m_tracking)
+        window->update_spectrum_button();
+}
+
+} // namespace tickervantage

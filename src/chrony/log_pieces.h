@@ -1,0 +1,64 @@
+// A stretch of a log in pieces of whole lines, so that a log of any size passes through little memory.
+//
+// What is not UTF-8 is dropped, a piece at a time, and so is a line longer than any log has. Lines end at line feeds;
+// the last one of the stretch may lack its own. One thread; reading waits for the disk.
+#pragma once
+
+#include "platform/followed_file.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace tickervantage {
+
+class LogPieces {
+public:
+    static constexpr std::size_t PIECE_SIZE = std::size_t{1} << 20U;
+    static constexpr std::size_t LONGEST_LINE = std::size_t{16} << 20U;
+
+    // The stretch [from, end) of the file, which outlives this.
+    LogPieces(FollowedFile& file, std::uint64_t from, std::uint64_t end);
+
+    // The last line of the whole stretch that is not empty; empty when there is none, or when it is too long. May be
+    // asked before the pieces.
+    [[nodiscard]] int last_line(std::string& line, std::string& reason);
+
+    enum class Next : signed char { failed = -1, end, piece };
+    [[nodiscard]] Next next(std::string& text, std::string& reason);
+
+    // Up to here the file has been handed out or dropped.
+    [[nodiscard]] std::uint64_t position() const { return m_position; }
+    [[nodiscard]] std::uint64_t dropped() const { return m_dropped; } // bytes
+
+private:
+    [[nodiscard]] int fill(std::string& reason);
+    [[nodiscard]] bool cut(std::string& text);
+    void drop(std::size_t bytes);
+
+    FollowedFile& m_file;
+    std::uint64_t m_from;
+    std::uint64_t m_read; // up to here
+    std::uint64_t m_end;
+    std::uint64_t m_position;
+    std::uint64_t m_dropped = 0;
+    bool m_is_in_long_line = false;
+    std::string m_text; // read, not handed out yet
+};
+
+// Takes the next line that is not empty from the text; empty when there is none.
+[[nodiscard]] std::string_view take_line(std::string_view& text);
+
+// The last line of the text that is not empty.
+[[nodiscard]] std::string_view last_line_of(std::string_view text);
+
+// The zero character passes: a log may hold it, and what it stands in is no number.
+[[nodiscard]] bool is_utf8(std::string_view text);
+
+// Reads a whole log, line by line. -1: `sentence` says why, with `name`.
+using LogLine = std::function<void(std::string_view line)>;
+[[nodiscard]] int read_log(FollowedFiles& files, const std::string& name, const LogLine& line, std::string& sentence);
+
+} // namespace tickervantage

@@ -1,0 +1,183 @@
+#include "graphs/tracking_controls_window.h"
+
+#include "config/settings_keys.h"
+#include "graphs/graph_scroll_area_window.h"
+#include "graphs/legend_window.h"
+#include "graphs/tracking_settings.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSlider>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace tickervantage {
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(tracking)
+};
+
+template <typename Widget>
+Widget* named(Widget* widget, const char* object_name, const QString& name) {
+    widget->setObjectName(QLatin1String(object_name));
+    widget->setAccessibleName(name);
+    widget->setToolTip(name);
+    return widget;
+}
+
+QSlider* slider(QWidget* parent, const char* object_name, const QString& name, const DoubleKey& key) {
+    auto* made = named(new QSlider(Qt::Horizontal, parent), object_name, name);
+    made->setRange(static_cast<int>(std::lround(key.minimum * slider_steps)),
+                   static_cast<int>(std::lround(key.maximum * slider_steps)));
+    made->setPageStep(static_cast<int>(slider_steps));
+    made->setSingleStep(static_cast<int>(slider_steps / 10));
+    return made;
+}
+
+void build_range(QWidget* central, TrackingControls& controls) {
+    //: tracking window: menu that chooses how much of the log is shown
+    controls.dataTimeRange = named(new QComboBox(central), "dataTimeRange", Texts::tr("Time range"));
+    //: tracking window: time range
+    controls.dataTimeRange->addItem(Texts::tr("Whole log"));
+    controls.dataTimeRange->insertSeparator(1);
+    for (int index = 2; index < range_count; ++index)
+        //: tracking window: time range
+        controls.dataTimeRange->addItem(Texts::tr("%n hour(s)", nullptr, range_hours(index)));
+}
+
+void build_buttons(QWidget* central, TrackingControls& controls) {
+    //: tracking window: button that opens the legend
+    controls.showLegend = named(new QPushButton(Texts::tr("&Legend"), central), "showLegend",
+                                //: tracking window: tooltip of the legend's button
+                                Texts::tr("Series, colours and scale"));
+    //: tracking window: button that opens the spectrum of the shown data
+    controls.showSpectrum = named(new QPushButton(Texts::tr("&Spectrum"), central), "showSpectrum",
+                                  //: tracking window: tooltip of the spectrum's button
+                                  Texts::tr("Spectrum of this log"));
+    //: tracking window: name of the pair of buttons that stop and resume a live graph
+    controls.pauseplay = named(new QWidget(central), "pauseplay", Texts::tr("Pause or resume"));
+    const auto button = [&controls](const QString& text, const QString& tip) {
+        auto* made = new QToolButton(controls.pauseplay);
+        made->setText(text);
+        made->setToolTip(tip);
+        made->setAccessibleName(tip);
+        made->setCheckable(true);
+        return made;
+    };
+    //: tracking window: button and its tooltip
+    controls.pause = button(Texts::tr("Pause"), Texts::tr("Stop the graph at this moment"));
+    //: tracking window: button and its tooltip
+    controls.play = button(Texts::tr("Play"), Texts::tr("Let the graph run"));
+    auto* group = new QButtonGroup(controls.pauseplay);
+    auto* row = new QHBoxLayout(controls.pauseplay);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    for (auto* one : {controls.pause, controls.play}) {
+        group->addButton(one);
+        row->addWidget(one);
+    }
+    controls.play->setChecked(true);
+}
+
+QLabel* date_label(QWidget* central, const char* object_name, const QString& name) {
+    auto* label = named(new QLabel(central), object_name, name);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+void build_texts(QWidget* central, TrackingControls& controls) {
+    //: tracking window: name of the text with the log's path
+    controls.titleView = named(new QLabel(central), "titleView", Texts::tr("Log"));
+    controls.titleView->setTextFormat(Qt::PlainText);
+    controls.titleView->setAlignment(Qt::AlignCenter);
+    //: tracking window: times of the first and the last record
+    controls.startDate = date_label(central, "startDate", Texts::tr("First record"));
+    controls.endDate = date_label(central, "endDate", Texts::tr("Last record"));
+    //: tracking window: values of the record under the pointer
+    controls.readout = date_label(central, "readout", Texts::tr("Under the pointer"));
+    controls.readout->setTextFormat(Qt::PlainText);
+    controls.readout->setAlignment(Qt::AlignCenter);
+    controls.readout->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    //: tracking window: sign that a log is being read
+    controls.loadingLog = named(new QProgressBar(central), "loadingLog", Texts::tr("Reading the log"));
+    controls.loadingLog->setRange(0, 0);
+    controls.loadingLog->setTextVisible(false);
+    controls.loadingLog->setMaximumWidth(90);
+    controls.loadingLog->hide();
+}
+
+QLayout* top_row(const TrackingControls& controls) {
+    auto* row = new QHBoxLayout;
+    row->addWidget(controls.dataTimeRange);
+    row->addWidget(controls.pauseplay);
+    row->addWidget(controls.loadingLog);
+    row->addStretch(1);
+    row->addWidget(controls.showSpectrum);
+    row->addWidget(controls.showLegend);
+    return row;
+}
+
+QLayout* date_row(const TrackingControls& controls) {
+    auto* row = new QHBoxLayout;
+    row->addWidget(controls.startDate);
+    row->addWidget(controls.readout, 1);
+    row->addWidget(controls.endDate);
+    return row;
+}
+
+QLayout* slider_row(QWidget* central, const TrackingControls& controls) {
+    auto* row = new QHBoxLayout;
+    const auto add = [row, central](const QString& text, QSlider* one) {
+        auto* label = new QLabel(text, central);
+        label->setBuddy(one);
+        row->addWidget(label);
+        row->addWidget(one, 1);
+    };
+    //: tracking window: labels of the three sliders
+    add(Texts::tr("&Time"), controls.hZoom);
+    //: tracking window: label of a slider
+    add(Texts::tr("&Height"), controls.vZoom);
+    //: tracking window: label of a slider
+    add(Texts::tr("&Unit"), controls.vScale);
+    return row;
+}
+
+} // namespace
+
+TrackingControls build_tracking_controls(QWidget* central, PerformanceGraph& graph) {
+    TrackingControls controls;
+    build_texts(central, controls);
+    build_range(central, controls);
+    build_buttons(central, controls);
+    //: tracking window: name of the graph
+    controls.trackingView = new GraphScrollArea(graph, central);
+    controls.trackingView->setObjectName(QStringLiteral("trackingView"));
+    //: tracking window: name of the graph
+    controls.trackingView->setAccessibleName(Texts::tr("Tracking graph"));
+    //: tracking window: tooltips of the three sliders
+    controls.hZoom = slider(central, "hZoom", Texts::tr("Horizontal zoom"), settings::tracking_hZoom);
+    //: tracking window: tooltip of a slider
+    controls.vZoom = slider(central, "vZoom", Texts::tr("Vertical zoom"), settings::tracking_vZoom);
+    //: tracking window: tooltip of a slider
+    controls.vScale =
+        slider(central, "vScale", Texts::tr("Vertical scale: seconds to nanoseconds"), settings::tracking_vScale);
+    controls.legend = new LegendView(central);
+
+    auto* column = new QVBoxLayout(central);
+    column->addLayout(top_row(controls));
+    column->addWidget(controls.titleView);
+    column->addWidget(controls.trackingView, 1);
+    column->addLayout(date_row(controls));
+    column->addLayout(slider_row(central, controls));
+    return controls;
+}
+
+} // namespace tickervantage

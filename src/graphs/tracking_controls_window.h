@@ -1,0 +1,42 @@
+// A tracking window's controls and where they stand. Built once; the window connects them.
+#pragma once
+
+class QComboBox;
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class QSlider;
+class QToolButton;
+class QWidget;
+
+namespace tickervantage {
+
+class GraphScrollArea;
+class LegendView;
+class PerformanceGraph;
+
+struct TrackingControls {
+    QLabel* titleView = nullptr;
+    GraphScrollArea* trackingView = nullptr;
+    QComboBox* dataTimeRange = nullptr;
+    QPushButton* showLegend = nullptr;
+    QPushButton* showSpectrum = nullptr;
+    QWidget* pauseplay = nullptr; // holds the two buttons below
+    QToolButton* pause = nullptr;
+    QToolButton* play = nullptr;
+    QProgressBar* loadingLog = nullptr;
+    QLabel* startDate = nullptr;
+    QLabel* endDate = nullptr;
+    QLabel* readout = nullptr;
+    QSlider* hZoom = nullptr;
+    QSlider* vZoom = nullptr;
+    QSlider* vScale = nullptr;
+    LegendView* legend = nullptr;
+};
+
+// Sliders count in hundredths.
+inline constexpr double slider_steps = 100;
+
+[[nodiscard]] TrackingControls build_tracking_controls(QWidget* central, PerformanceGraph& graph);
+
+} // namespace tickervantage

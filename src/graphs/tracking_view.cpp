@@ -1,0 +1,103 @@
+#include "graphs/tracking_view.h"
+
+#include "graphs/series_painter.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tickervantage {
+
+namespace {
+
+constexpr double SERIES_ALPHA = 0.9;
+
+Series series_at(std::size_t index) {
+    return static_cast<Series>(index);
+}
+
+} // namespace
+
+TrackingView::TrackingView(GraphParts parts) : PerformanceGraph(std::move(parts)) {
+    shown.fill(true);
+}
+
+std::optional<LogEnds> TrackingView::add_line(std::string_view line) {
+    std::optional<LogTime> oldest;
+    if (filtertimestamps && m_livetracking)
+        oldest = to_integer(std::ceil(now() - display_data_range));
+    if (m_chronytracking.add_line(line, oldest) == TrackingRecords::Added::record)
+        m_stretches.record_added(m_chronytracking);
+    if (m_chronytracking.empty())
+        return std::nullopt;
+    return LogEnds{m_chronytracking.time(0), m_chronytracking.time(m_chronytracking.size() - 1)};
+}
+
+void TrackingView::clear() {
+    m_chronytracking.clear();
+    m_stretches.clear();
+}
+
+TimeAxis TrackingView::time_axis(Point origin) const {
+    return {.origin = origin, .origin_time = right_end(), .xscale = xscale};
+}
+
+void TrackingView::drawData(Canvas& canvas, Point origin, Rect visible) {
+    const TimeAxis axis = time_axis(origin);
+    const ValueScale scale = value_scale();
+    const SeriesLayout layout = layout_series(m_chronytracking, m_stretches, axis, visible, canvas.pixel());
+    SeriesPainter painter(canvas, m_chronytracking, axis, scale, layout, visible);
+    canvas.begin_layer(visible);
+    for (std::size_t i = 0; i < series_count; ++i) {
+        Color color = colors[i];
+        color.alpha = SERIES_ALPHA;
+        if (shown[i])
+            painter.draw(series_at(i), color);
+    }
+    canvas.end_layer();
+}
+
+double TrackingView::dataTimespan() const {
+    return m_chronytracking.empty() ? 0 : right_end() - static_cast<double>(m_chronytracking.time(0));
+}
+
+OffsetRange TrackingView::dataRange() const {
+    std::optional<ValueRange> all;
+    for (std::size_t i = 0; i < series_count; ++i) {
+        const auto one = shown[i] ? m_chronytracking.range(series_at(i), 0, m_chronytracking.size()) : std::nullopt;
+        if (one)
+            all = all ? ValueRange{std::min(all->low, one->low), std::max(all->high, one->high)} : *one;
+    }
+    if (!all)
+        return PerformanceGraph::dataRange();
+    const ValueScale scale = value_scale();
+    return {scale.offset(all->low), scale.offset(all->high)};
+}
+
+std::optional<Readout> TrackingView::readout(double x, Rect bounds) const {
+    const TimeAxis axis = time_axis(time_origin(bounds));
+    const auto oldest = oldest_in_walk(m_chronytracking, axis);
+    if (!oldest)
+        return std::nullopt;
+    std::optional<Readout> nearest;
+    const auto consider = [&](std::size_t record) {
+        const LogTime time = m_chronytracking.time(record);
+        if (!nearest || std::abs(axis.x(time) - x) <= std::abs(nearest->x - x))
+            nearest = Readout{.record = record, .time = time, .x = axis.x(time)};
+    };
+    for (const RecordSpan& stretch : m_stretches.from(*oldest, m_chronytracking.size())) {
+        const std::size_t right = first_at(m_chronytracking, axis, stretch, x);
+        if (right > stretch.first)
+            consider(right - 1);
+        if (right < stretch.end)
+            consider(right);
+    }
+    for (std::size_t i = 0; nearest && i < series_count; ++i)
+        nearest->values[i] = m_chronytracking.value(series_at(i), nearest->record);
+    return nearest;
+}
+
+std::vector<RecordSpan> TrackingView::in_sight(Rect bounds, Rect visible) const {
+    return records_in_sight(m_chronytracking, m_stretches, time_axis(time_origin(bounds)), visible);
+}
+
+} // namespace tickervantage

@@ -1,0 +1,352 @@
+#include "graphs/tracking_window.h"
+
+#include "graphs/graph_scroll_area_window.h"
+#include "graphs/legend_window.h"
+#include "graphs/tracking_rows.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDateTime>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLocale>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSlider>
+#include <QStatusBar>
+#include <QToolButton>
+
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+double now_in_seconds() {
+    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+}
+
+double slider_value(const QSlider* slider) {
+    return slider->value() / slider_steps;
+}
+
+void set_slider(QSlider* slider, double value) {
+    slider->setValue(static_cast<int>(std::lround(value * slider_steps)));
+}
+
+QString date_text(LogTime time, const QLocale& locale) {
+    return locale.toString(QDateTime::fromSecsSinceEpoch(time), QLocale::ShortFormat);
+}
+
+// Three significant decimals in the unit that fits: readable, and never 0.000 for a nanosecond.
+QString value_text(Series series, double value, const QLocale& locale) {
+    if (series == Series::frequency)
+        return locale.toString(value * 1e6, 'f', 3) + QStringLiteral(" ppm");
+    const double size = std::abs(value);
+    const auto [factor, unit] = size < 1e-6   ? std::pair(1e9, " ns")
+                                : size < 1e-3 ? std::pair(1e6, " µs")
+                                : size < 1    ? std::pair(1e3, " ms")
+                                              : std::pair(1.0, " s");
+    return locale.toString(value * factor, 'f', 3) + QString::fromUtf8(unit);
+}
+
+} // namespace
+
+TrackingWindow::TrackingWindow(TrackingWindowParts parts)
+    : m_parts(std::move(parts)), m_view({.master_timer = m_parts.timer, .now = now_in_seconds, .redraw = [this] {
+                                             m_controls.trackingView->resize_frame();
+                                         }}) {
+    setObjectName(QStringLiteral("TrackingWindow"));
+    auto* central = new QWidget(this);
+    m_controls = build_tracking_controls(central, m_view);
+    setCentralWidget(central);
+    build_actions();
+    connect_controls();
+    connect_graph();
+    resize(1000, 560);
+}
+
+TrackingWindow::~TrackingWindow() = default;
+
+void TrackingWindow::build_actions() {
+    const auto add = [this](const QString& text, const QKeySequence& keys, void (TrackingWindow::*slot)()) {
+        auto* action = new QAction(text, this);
+        action->setShortcut(keys);
+        connect(action, &QAction::triggered, this, slot);
+        addAction(action);
+        m_controls.trackingView->addAction(action);
+    };
+    m_controls.trackingView->setContextMenuPolicy(Qt::ActionsContextMenu);
+    //: tracking window: context menu
+    add(tr("&Copy Picture"), QKeySequence::Copy, &TrackingWindow::copy_picture);
+    //: tracking window: context menu
+    add(tr("&Export…"), QKeySequence::Save, &TrackingWindow::ask_for_file);
+}
+
+void TrackingWindow::connect_controls() {
+    for (auto* slider : {m_controls.hZoom, m_controls.vZoom, m_controls.vScale})
+        connect(slider, &QSlider::valueChanged, this, [this] { apply_sliders(); });
+    connect(m_controls.dataTimeRange, &QComboBox::activated, this, [this] { apply_legend(); });
+    connect(m_controls.showLegend, &QPushButton::clicked, this, [this] { showLegend(); });
+    connect(m_controls.showSpectrum, &QPushButton::clicked, this, [this] { m_parts.show_spectrum(); });
+    connect(m_controls.pause, &QToolButton::clicked, this, [this] { m_view.pause(true); });
+    connect(m_controls.play, &QToolButton::clicked, this, [this] {
+        m_view.pause(false);
+        m_controls.trackingView->resize_frame();
+    });
+    connect(m_controls.legend, &LegendView::changed, this, [this] { apply_legend(); });
+    connect(m_controls.legend, &LegendView::closed, this, [this] { closeLegend(); });
+    connect(m_controls.legend, &LegendView::cancelled, this, [this] { cancelLegend(); });
+    connect(m_controls.legend, &LegendView::defaulted, this, [this] {
+        m_controls.legend->set_settings(default_popover);
+        apply_legend();
+    });
+}
+
+void TrackingWindow::connect_graph() {
+    auto* area = m_controls.trackingView;
+    connect(area, &GraphScrollArea::zoom_requested, this, [this](double steps, double x) { zoom(steps, x); });
+    connect(area, &GraphScrollArea::vertical_zoom_requested, this,
+            [this](double steps) { set_slider(m_controls.vZoom, slider_value(m_controls.vZoom) + steps / 4); });
+    connect(area, &GraphScrollArea::zoom_reset_requested, this, [this] {
+        set_slider(m_controls.hZoom, 0);
+        set_slider(m_controls.vZoom, 0);
+    });
+    connect(area, &GraphScrollArea::pointed_at, this, [this](double x) { show_readout(x); });
+    connect(area, &GraphScrollArea::pointer_left, this, [this] { m_controls.readout->setText(m_problem); });
+}
+
+void TrackingWindow::windowDidLoad() {
+    load_settings();
+    m_view.awakeFromNib();
+    apply_sliders();
+    apply_legend();
+    update_spectrum_button();
+}
+
+void TrackingWindow::load_settings() {
+    const TrackingSettings settings = TrackingSettings::load(m_parts.settings);
+    set_slider(m_controls.vZoom, settings.vZoom);
+    set_slider(m_controls.hZoom, settings.hZoom);
+    set_slider(m_controls.vScale, settings.vScale);
+    m_controls.dataTimeRange->setCurrentIndex(settings.dataTimeRange);
+    m_controls.legend->set_settings(settings.legend);
+}
+
+TrackingSettings TrackingWindow::current_settings() const {
+    TrackingSettings settings;
+    settings.legend = m_controls.legend->settings();
+    settings.dataTimeRange = m_controls.dataTimeRange->currentIndex();
+    settings.vZoom = slider_value(m_controls.vZoom);
+    settings.hZoom = slider_value(m_controls.hZoom);
+    settings.vScale = slider_value(m_controls.vScale);
+    return settings;
+}
+
+void TrackingWindow::apply_sliders() {
+    m_view.set_vertical_zoom(slider_value(m_controls.vZoom));
+    m_view.set_vertical_scale(slider_value(m_controls.vScale));
+    m_view.set_horizontal_zoom(slider_value(m_controls.hZoom));
+    m_controls.trackingView->resize_frame();
+}
+
+void TrackingWindow::zoom(double steps, double viewport_x) {
+    // The slider's own reaction would zoom about the right edge.
+    m_controls.trackingView->zoom_about(viewport_x, [this, steps] {
+        const QSignalBlocker quiet(m_controls.hZoom);
+        set_slider(m_controls.hZoom, slider_value(m_controls.hZoom) + steps / 4);
+        m_view.set_horizontal_zoom(slider_value(m_controls.hZoom));
+    });
+}
+
+void TrackingWindow::apply_legend() {
+    const popover_settings legend = m_controls.legend->settings();
+    m_view.shown = legend.shown;
+    m_view.colors = legend.colors;
+    m_view.use_logscale = legend.use_logscale;
+    apply_time_range();
+    m_controls.trackingView->resize_frame();
+}
+
+void TrackingWindow::apply_time_range() {
+    constexpr int seconds_per_hour = 3600;
+    const int hours = range_hours(m_controls.dataTimeRange->currentIndex());
+    if (hours == 0) {
+        if (std::exchange(m_view.filtertimestamps, false))
+            load_log();
+        return;
+    }
+    const bool was_filtered = std::exchange(m_view.filtertimestamps, true);
+    const bool same_range =
+        std::exchange(m_view.display_data_range, hours * seconds_per_hour) == hours * seconds_per_hour;
+    if (!was_filtered || !same_range)
+        load_log();
+}
+
+void TrackingWindow::set_log(const QString& path, bool live) {
+    m_logname = path;
+    if (path.isEmpty())
+        return;
+    setWindowTitle(path);
+    m_controls.titleView->setText(path);
+    m_controls.pauseplay->setVisible(live);
+    m_view.pause(!live);
+    m_view.m_livetracking = live;
+    apply_legend();
+    if (!m_trackinglog)
+        load_log();
+}
+
+void TrackingWindow::load_log() {
+    if (m_logname.isEmpty())
+        return;
+    if (!m_trackinglog) {
+        m_queue = m_parts.lend_queue();
+        m_trackinglog = std::make_unique<LogReader>(
+            m_logname.toStdString(), m_parts.files, *m_queue, m_parts.main_thread,
+            LogReader::Handlers{.line = [this](std::string_view line, bool last) { take_line(line, last); },
+                                .problem =
+                                    [this](const std::string& sentence) {
+                                        show_problem(sentence);
+                                    }});
+    }
+    m_view.clear();
+    m_ends.reset();
+    m_trackinglog->follow();
+}
+
+void TrackingWindow::take_line(std::string_view line, bool last) {
+    if (const auto ends = m_view.add_line(line))
+        m_ends = ends;
+    if (last)
+        end_of_block();
+    else if (!std::exchange(m_animated, true))
+        m_controls.loadingLog->show();
+}
+
+void TrackingWindow::end_of_block() {
+    if (std::exchange(m_animated, false))
+        m_controls.loadingLog->hide();
+    m_controls.trackingView->resize_frame();
+    if (m_ends) {
+        m_controls.startDate->setText(date_text(m_ends->first, locale()));
+        m_controls.endDate->setText(date_text(m_ends->last, locale()));
+    }
+    update_spectrum_button();
+    m_parts.data_changed();
+}
+
+void TrackingWindow::update_spectrum_button() {
+    m_controls.showSpectrum->setVisible(m_parts.spectrum_enabled());
+}
+
+void TrackingWindow::show_problem(const std::string& sentence) {
+    m_problem = QString::fromStdString(sentence);
+    m_controls.readout->setText(m_problem);
+}
+
+void TrackingWindow::show_readout(double frame_x) {
+    const Rect frame = m_controls.trackingView->frame();
+    const auto found = m_view.readout(frame_x, {0, 0, frame.width, frame.height});
+    if (!found) {
+        m_controls.readout->setText(m_problem);
+        return;
+    }
+    QString text = date_text(found->time, locale());
+    for (std::size_t i = 0; i < series_count; ++i) {
+        if (!m_view.shown[i] || std::isnan(found->values[i]))
+            continue;
+        const auto series = static_cast<Series>(i);
+        text += QStringLiteral("   ") + series_title(series) + QLatin1Char(' ') +
+                value_text(series, found->values[i], locale());
+    }
+    m_controls.readout->setText(text);
+}
+
+void TrackingWindow::showLegend() {
+    if (m_controls.legend->isVisible()) {
+        closeLegend();
+        return;
+    }
+    save_popover = m_controls.legend->settings();
+    m_controls.legend->show_below(m_controls.showLegend);
+}
+
+void TrackingWindow::closeLegend() {
+    apply_legend();
+    m_controls.legend->hide();
+}
+
+void TrackingWindow::cancelLegend() {
+    m_controls.legend->set_settings(save_popover);
+    closeLegend();
+}
+
+void TrackingWindow::copy_picture() {
+    QApplication::clipboard()->setPixmap(m_controls.trackingView->viewport()->grab());
+}
+
+void TrackingWindow::ask_for_file() {
+    //: tracking window: title of the export dialog
+    auto* dialog = new QFileDialog(this, tr("Export"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    //: tracking window: kinds of exported files
+    dialog->setNameFilters({tr("Picture (*.png)"), tr("Drawing (*.svg)"), tr("Table (*.csv)")});
+    dialog->setDefaultSuffix(QStringLiteral("png"));
+    connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
+        dialog->setDefaultSuffix(filter.section(QStringLiteral("*."), 1).chopped(1));
+    });
+    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& path) { export_to(path); });
+    dialog->open();
+}
+
+void TrackingWindow::export_to(const QString& path) {
+    const std::string file = path.toStdString();
+    std::string sentence;
+    int result = 0;
+    if (path.endsWith(QStringLiteral(".csv"), Qt::CaseInsensitive)) {
+        result = export_rows(file, sentence);
+    } else {
+        const QSize size = m_controls.trackingView->viewport()->size();
+        const PictureFormat format{.width = size.width(),
+                                   .height = size.height(),
+                                   .scale = 1,
+                                   .colors = CanvasColors::from_palette(palette())};
+        result = m_parts.write_picture(
+            file, format, [this](Canvas& canvas, Rect) { m_controls.trackingView->draw(canvas); }, sentence);
+    }
+    //: tracking window: after an export; %1 is a file
+    statusBar()->showMessage(result == 0 ? tr("Exported to %1.").arg(path) : QString::fromStdString(sentence));
+}
+
+int TrackingWindow::export_rows(const std::string& path, std::string& sentence) {
+    const Rect frame = m_controls.trackingView->frame();
+    const auto spans = m_view.in_sight({0, 0, frame.width, frame.height}, m_controls.trackingView->visible());
+    std::string rows;
+    const auto append = [&rows](std::string_view piece) {
+        rows += piece;
+        return true;
+    };
+    (void)write_rows(m_view.records(), spans, m_view.shown, RowFormat::csv, append); // appending never says no
+    return m_parts.write_text(path, rows, sentence);
+}
+
+void TrackingWindow::closeEvent(QCloseEvent* event) {
+    current_settings().save(m_parts.settings);
+    m_trackinglog.reset();
+    m_queue.reset();
+    QMainWindow::closeEvent(event);
+    Q_EMIT windowWillClose();
+}
+
+void TrackingWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        Q_EMIT windowDidBecomeMain();
+}
+
+} // namespace tickervantage

@@ -1,0 +1,99 @@
+// One tracking log as a graph, with its controls. A finished log stands still at the moment it was opened; a live one
+// runs on while chronyd writes it.
+#pragma once
+
+#include "chrony/logreader.h"
+#include "graphs/tracking_controls_window.h"
+#include "graphs/tracking_settings.h"
+#include "graphs/tracking_view.h"
+#include "platform/default_settings.h"
+#include "platform/qt/picture_file.h"
+
+#include <QMainWindow>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tickervantage {
+
+// What the window works with; all of it outlives the window.
+struct TrackingWindowParts {
+    DefaultSettings& settings;
+    MainThread& main_thread;
+    MasterTimer& timer;
+    FollowedFiles& files;
+    std::function<std::shared_ptr<DispatchQueueSerial>()> lend_queue; // for one reader, given back at its end
+    std::function<bool()> spectrum_enabled;                           // as the preferences have it
+    std::function<void()> show_spectrum;
+    std::function<void()> data_changed; // a block of lines has arrived
+    std::function<int(const std::string& path, const PictureFormat& format,
+                      const std::function<void(Canvas&, Rect)>& draw, std::string& sentence)>
+        write_picture;
+    std::function<int(const std::string& path, std::string_view bytes, std::string& sentence)> write_text;
+};
+
+class TrackingWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit TrackingWindow(TrackingWindowParts parts);
+    ~TrackingWindow() override;
+
+    void windowDidLoad(); // once, before the window is shown
+    void set_log(const QString& path, bool live);
+
+    [[nodiscard]] const TrackingRecords& records() const { return m_view.records(); }
+    [[nodiscard]] TrackingView& view() { return m_view; }
+
+    // The spectrum's button follows the preferences.
+    void update_spectrum_button();
+
+    // By the suffix: .png and .svg what is in sight, .csv its records.
+    void export_to(const QString& path);
+    void copy_picture();
+
+Q_SIGNALS:
+    void windowDidBecomeMain();
+    void windowWillClose(); // after the settings were saved
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void build_actions();
+    void connect_controls();
+    void connect_graph();
+    void load_settings();
+    [[nodiscard]] TrackingSettings current_settings() const;
+    void apply_sliders();
+    void apply_legend();
+    void apply_time_range();
+    void load_log();
+    void take_line(std::string_view line, bool last);
+    void end_of_block();
+    void show_problem(const std::string& sentence);
+    void zoom(double steps, double viewport_x);
+    void show_readout(double frame_x);
+    void showLegend();
+    void closeLegend();
+    void cancelLegend();
+    void ask_for_file();
+    [[nodiscard]] int export_rows(const std::string& path, std::string& sentence);
+
+    TrackingWindowParts m_parts;
+    TrackingView m_view;
+    TrackingControls m_controls;
+    QString m_logname;
+    QString m_problem;
+    bool m_animated = false; // the busy indicator runs
+    std::optional<LogEnds> m_ends;
+    popover_settings save_popover;
+    popover_settings default_popover = TrackingSettings::defaults().legend;
+    std::shared_ptr<DispatchQueueSerial> m_queue;
+    std::unique_ptr<LogReader> m_trackinglog; // after the queue it runs on
+};
+
+} // namespace tickervantage

@@ -1,0 +1,116 @@
+#include "platform/linux/gz_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr unsigned step = 1U << 16U; // bytes between two looks at whether to go on
+constexpr std::size_t kept_at_end = 1U << 20U;
+
+} // namespace
+
+GzFile::GzFile(FileDescriptor fd) : m_fd(std::move(fd)) {}
+
+GzFile::~GzFile() {
+    if (m_stream != nullptr)
+        (void)gzclose_r(m_stream); // nothing was written
+}
+
+int GzFile::start_over() {
+    if (m_stream != nullptr)
+        (void)gzclose_r(m_stream);
+    m_at = 0;
+    // The copy shares its place in the file, which closing the stream does not bring back.
+    const int copy = ::fcntl(m_fd.get(), F_DUPFD_CLOEXEC, 0);
+    m_stream = copy < 0 || ::lseek(copy, 0, SEEK_SET) < 0 ? nullptr : gzdopen(copy, "rb");
+    if (m_stream != nullptr)
+        (void)gzbuffer(m_stream, step);
+    else if (copy >= 0)
+        ::close(copy);
+    return m_stream == nullptr ? -1 : 0;
+}
+
+void GzFile::keep(std::span<const char> read) {
+    m_end.append(read.data(), read.size());
+    if (m_end.size() > 2 * kept_at_end)
+        m_end.erase(0, m_end.size() - kept_at_end);
+}
+
+int GzFile::measure(const GoOn& go_on) {
+    m_end.clear();
+    m_damage.clear();
+    if (start_over() != 0)
+        return -1;
+    std::array<char, step> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): filled by gzread
+    while (go_on()) {
+        const int got = gzread(m_stream, buffer.data(), step);
+        if (got <= 0) {
+            int error = Z_OK;
+            const char* words = gzerror(m_stream, &error);
+            if (got < 0 || error != Z_OK)
+                m_damage = error == Z_BUF_ERROR ? "its end is missing" : words;
+            m_length = m_at;
+            return 0;
+        }
+        m_at += static_cast<std::uint64_t>(got);
+        keep({buffer.data(), static_cast<std::size_t>(got)});
+    }
+    return -1;
+}
+
+int GzFile::length(const GoOn& go_on, std::uint64_t& bytes, std::string& reason) {
+    struct stat found {};
+    if (::fstat(m_fd.get(), &found) != 0) {
+        reason = std::generic_category().message(errno);
+        return -1;
+    }
+    if (const auto size = static_cast<std::uint64_t>(found.st_size); size != m_compressed) {
+        m_compressed = 0;
+        if (measure(go_on) != 0)
+            return -1;
+        m_compressed = size;
+    }
+    bytes = m_length;
+    reason = m_damage;
+    return 0;
+}
+
+int GzFile::read(std::uint64_t offset, std::span<char> buffer, std::size_t& count, std::string& reason) {
+    count = 0;
+    if (offset >= m_length)
+        return 0;
+    const std::uint64_t kept_from = m_length - m_end.size();
+    if (offset >= kept_from) {
+        count = std::min(buffer.size(), static_cast<std::size_t>(m_length - offset));
+        m_end.copy(buffer.data(), count, static_cast<std::size_t>(offset - kept_from));
+        return 0;
+    }
+    if ((m_stream == nullptr || offset < m_at || m_at >= m_length) && start_over() != 0) {
+        reason = "it cannot be read again";
+        return -1;
+    }
+    if (m_at != offset && gzseek(m_stream, static_cast<z_off_t>(offset), SEEK_SET) < 0) {
+        reason = "it is damaged";
+        return -1;
+    }
+    m_at = offset;
+    const auto wanted = static_cast<unsigned>(std::min<std::uint64_t>(buffer.size(), m_length - offset));
+    const int got = gzread(m_stream, buffer.data(), wanted);
+    if (got < 0) {
+        reason = "it is damaged";
+        return -1;
+    }
+    count = static_cast<std::size_t>(got);
+    m_at += count;
+    return 0;
+}
+
+} // namespace tickervantage

@@ -1,0 +1,15 @@
+// Followed files of the file system. What begins like a gzip file is read as the text that it holds.
+#pragma once
+
+#include "platform/followed_file.h"
+
+namespace tickervantage {
+
+class PosixFollowedFiles : public FollowedFiles {
+public:
+    [[nodiscard]] Found status(const std::string& name, FileStatus& status, std::string& reason) override;
+    [[nodiscard]] int open(const std::string& name, std::unique_ptr<FollowedFile>& file, FileStatus& status,
+                           std::string& reason) override;
+};
+
+} // namespace tickervantage

@@ -1,0 +1,106 @@
+// The window with the spectrum of one series of the open tracking log.
+//
+// Computes when a control asks for it: the selector, Return in a field, the button. The records are read on the main
+// thread, a slice at a time, the transform runs on the queue, and its answer is applied on the main thread unless a
+// newer one was asked for meanwhile. What cannot be computed leaves the chart as it is and is said below it. Main
+// thread only.
+//
+// The parts outlive the window, and the main thread outlives the queue: an answer may be under way when the window
+// dies.
+#pragma once
+
+#include "graphs/tracking_records.h"
+#include "platform/default_settings.h"
+#include "platform/dispatch.h"
+#include "platform/qt/picture_file.h"
+#include "spectrum/spectrum.h"
+#include "spectrum/spectrum_controls_window.h"
+#include "spectrum/spectrum_view.h"
+
+#include <QMainWindow>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+class QAction;
+
+namespace tickervantage {
+
+// The records of the open tracking window; null when none is open. Asked anew each time the event loop comes round.
+using TrackingSource = std::function<const TrackingRecords*()>;
+
+struct SpectrumWindowParts {
+    DefaultSettings& settings;
+    DispatchQueueSerial& queue;
+    MainThread& main_thread;
+    // As platform/qt/picture_file.h has it; handed in, because whoever links it loads the SVG library.
+    std::function<int(const std::string& path, const PictureFormat& format,
+                      const std::function<void(Canvas&, Rect)>& draw, std::string& sentence)>
+        write_picture;
+    // Replaces a file; called on the queue. 0, or -1 and one sentence.
+    std::function<int(const std::string& path, std::string_view bytes, std::string& sentence)> write_text;
+};
+
+class SpectrumWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit SpectrumWindow(SpectrumWindowParts parts);
+    ~SpectrumWindow() override;
+    SpectrumWindow(const SpectrumWindow&) = delete;
+    SpectrumWindow& operator=(const SpectrumWindow&) = delete;
+
+    void windowDidLoad(); // once, before the window is shown
+
+    // Where the records come from from now on. Nothing is computed anew.
+    void set_source(TrackingSource source);
+
+    // The action of the selector: computes when a tracking window is open, and does nothing otherwise.
+    void TrackingSelector();
+    void computeSpectrum(const TrackingRecords& records);
+
+    // By the suffix: .png and .svg the chart, .csv its numbers.
+    void export_to(const QString& path);
+    void copy_picture() const;
+
+Q_SIGNALS:
+    void windowWillClose(); // after the settings were saved
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    struct Answer;
+    struct Gathering;
+    struct Shared;
+
+    void build_actions();
+    void connect_controls();
+    void gather(const TrackingRecords& records);
+    void gather_on();
+    void transform(std::uint64_t number, std::shared_ptr<const SpectrumInput> input);
+    void apply(const Answer& answer);
+    void show_answer_text(const Answer& answer);
+    void save_settings();
+    void update_empty_text();
+    void show_status(const QString& text); // stays until the next; a reading stands before it for a while
+    void show_reading(const std::optional<SpectrumReading>& reading);
+    void ask_for_file();
+    void export_picture(const std::string& path);
+    void export_csv(const std::string& path);
+
+    SpectrumWindowParts m_parts;
+    TrackingSource m_source;
+    SpectrumControls m_controls;
+    QAction* m_copy = nullptr;
+    QAction* m_export = nullptr;
+    QString m_status;
+    std::shared_ptr<Shared> m_shared;
+    std::unique_ptr<Gathering> m_gathering; // null: none under way
+};
+
+} // namespace tickervantage

@@ -1,0 +1,333 @@
+#include "graphs/graph_geometry.h"
+#include "graphs/performance_graph.h"
+#include "support/manual_timer.h"
+#include "support/recording_canvas.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <map>
+
+namespace tickervantage {
+namespace {
+
+using testing::ManualMasterTimer;
+using testing::RecordingCanvas;
+
+constexpr double NOON = 1'795'262'400; // 2026-11-21 12:00:00 UTC
+constexpr Rect FRAME{0, 0, 1000, 400};
+constexpr Point ORIGIN{940, 200};
+
+std::string utc_hours_minutes(std::int64_t moment) {
+    const auto two = [](std::int64_t number) {
+        return (number < 10 ? "0" : "") + std::to_string(number);
+    };
+    return two(moment / 3600 % 24) + ":" + two(moment / 60 % 60);
+}
+
+class PerformanceGraphTest : public ::testing::Test {
+protected:
+    ManualMasterTimer timer;
+    double now = NOON;
+    int redraws = 0;
+    PerformanceGraph graph{GraphParts{.master_timer = timer,
+                                      .now = [this] { return now; },
+                                      .redraw = [this] { ++redraws; },
+                                      .format_time = utc_hours_minutes}};
+
+    RecordingCanvas drawn(Rect bounds = FRAME) { return drawn(bounds, bounds); }
+    RecordingCanvas drawn(Rect bounds, Rect visible) {
+        if (graph.paused)
+            graph.awakeFromNib();
+        RecordingCanvas canvas;
+        graph.drawRect(canvas, bounds, visible);
+        return canvas;
+    }
+};
+
+// The lines of the grid (dashed) or of the axes.
+std::vector<Path::Element> lines(const RecordingCanvas& canvas, bool grid) {
+    for (const auto& stroke : canvas.styled_strokes)
+        if (stroke.style.dash.empty() != grid)
+            return stroke.path.elements;
+    return {};
+}
+
+// Half lengths of the ticks on the time axis, by their distance from the origin in points.
+std::map<long, double> time_ticks(const RecordingCanvas& canvas, double origin_x = ORIGIN.x) {
+    std::map<long, double> result;
+    for (const auto& line : lines(canvas, false))
+        if (line.from.x == line.to.x && std::abs(line.to.y - line.from.y) < 20)
+            result[std::lround(origin_x - line.from.x)] = (line.to.y - line.from.y) / 2;
+    return result;
+}
+
+const RecordingCanvas::Text* find_text(const RecordingCanvas& canvas, std::string_view text) {
+    const auto found = std::ranges::find(canvas.texts, text, &RecordingCanvas::Text::text);
+    return found == canvas.texts.end() ? nullptr : &*found;
+}
+
+TEST_F(PerformanceGraphTest, StartsWithTheDocumentedValues) {
+    EXPECT_TRUE(graph.paused);
+    EXPECT_TRUE(graph.filtertimestamps);
+    EXPECT_TRUE(graph.use_logscale);
+    EXPECT_FALSE(graph.m_livetracking);
+    EXPECT_EQ(graph.display_data_range, 3600);
+    EXPECT_EQ(graph.xaxis_offset, 60);
+    EXPECT_EQ(graph.yscale, 1e6);
+    EXPECT_EQ(graph.yscale_default, 1e9);
+    EXPECT_EQ(graph.xscale, 1.0 / 15);
+    EXPECT_EQ(graph.title, "Chrony Tracking");
+    EXPECT_EQ(graph.axesColor, Ink(ColorRole::text));
+    EXPECT_EQ(graph.labelColor, Ink(ColorRole::blue));
+    ASSERT_NE(timer.find("PerformanceGraph"), nullptr);
+}
+
+TEST_F(PerformanceGraphTest, TicksStandEveryFiveMinutesAndShowTheHour) {
+    const auto ticks = time_ticks(drawn());
+    const std::map<long, double> expected{{0, 7},   {20, 4},  {40, 4},  {60, 5}, {80, 4},
+                                          {100, 4}, {120, 6}, {180, 5}, {240, 7}};
+    for (const auto& [distance, half] : expected)
+        EXPECT_EQ(ticks.contains(distance) ? ticks.at(distance) : 0, half) << distance;
+    EXPECT_EQ(ticks.size(), 47U); // from the origin to the last one right of the left edge
+    EXPECT_FALSE(ticks.contains(10));
+}
+
+TEST_F(PerformanceGraphTest, LabelsStandEveryQuarterOfAnHourAndKeepOffTheOrigin) {
+    now = NOON + 120; // 12:00 is 8 points left of the origin: its label would cross it
+    const auto canvas = drawn();
+    EXPECT_EQ(find_text(canvas, "12:00"), nullptr);
+    const auto* quarter = find_text(canvas, "11:45");
+    ASSERT_NE(quarter, nullptr);
+    EXPECT_EQ(quarter->box.x, std::floor(ORIGIN.x - 68 + 2 - 15));
+    EXPECT_EQ(quarter->box.center().y, ORIGIN.y - 17);
+    EXPECT_EQ(quarter->style, (TextStyle{10, Ink(ColorRole::text, 0.75), TextAlign::left}));
+    EXPECT_EQ(find_text(canvas, "11:40"), nullptr);
+    EXPECT_TRUE(std::ranges::any_of(lines(canvas, true), [](const auto& line) {
+        return line.from == Point{ORIGIN.x - 8, 0} && line.to == Point{ORIGIN.x - 8, FRAME.height};
+    })) << "the grid line stands even where the label has no room";
+}
+
+TEST(TimeAxis, StepsAndLabelsFollowTheScale) {
+    struct Case {
+        double xscale;
+        int step;
+        int labelled; // seconds: the smallest interval that is labelled
+    };
+    for (const auto& one : {Case{1, 60, 60}, Case{1.0 / 12, 60, 900}, Case{1.0 / 15, 300, 900}, Case{32.0 / 15, 60, 60},
+                            Case{1.0 / 60, 300, 3600}, Case{1.0 / 61, 600, 3600}, Case{1.0 / 240, 1200, 14400},
+                            Case{1e-4, 50100, 0}, Case{1.0 / 60 * 5 / 7, 600, 3600}}) {
+        EXPECT_EQ(minor_time_step(one.xscale), one.step) << one.xscale;
+        for (const int interval : {60, 300, 900, 1800, 3600, 7200, 14400, 28800})
+            EXPECT_EQ(has_time_label(interval, one.xscale), one.labelled != 0 && interval >= one.labelled)
+                << one.xscale << " " << interval;
+    }
+    for (const double none : {0.0, -1.0, std::nan(""), 1e-300})
+        EXPECT_EQ(minor_time_step(none), 0);
+}
+
+TEST_F(PerformanceGraphTest, LogarithmicAxisLabelsDecadesOnBothSides) {
+    const auto canvas = drawn();
+    struct Case {
+        const char* text;
+        double y;
+        double alpha;
+    };
+    for (const auto& one : {Case{"0", 200, 0.75}, Case{"10 µs", 250, 0.75}, Case{"-10 µs", 150, 1},
+                            Case{"1 ms", 350, 0.75}, Case{"-1 ms", 50, 1}}) {
+        const auto* label = find_text(canvas, one.text);
+        ASSERT_NE(label, nullptr) << one.text;
+        EXPECT_NEAR(label->box.center().y, one.y, 1e-9);
+        EXPECT_EQ(label->box.x, ORIGIN.x + 10);
+        EXPECT_EQ(label->style.color.opacity, one.alpha);
+    }
+    EXPECT_EQ(find_text(canvas, "10 ms"), nullptr) << "400 points hold less than four decades a side";
+    std::map<long, double> lengths;
+    for (const auto& line : lines(canvas, false))
+        if (line.from.y == line.to.y && line.from.x == ORIGIN.x && line.to.x > line.from.x)
+            lengths[std::lround(line.from.y - ORIGIN.y)] = line.to.x - line.from.x;
+    const std::map<long, double> first_decade{{0, 8}, {15, 5}, {30, 5}, {39, 5}, {45, 5}, {50, 8}};
+    for (const auto& [offset, length] : first_decade) {
+        EXPECT_EQ(lengths[offset], length) << offset;
+        EXPECT_EQ(lengths[-offset], length) << -offset;
+    }
+    EXPECT_FALSE(lengths.contains(24)) << "3 has no tick";
+    EXPECT_EQ(canvas.styled_strokes.size(), 2U);
+    EXPECT_EQ(canvas.styled_strokes[0].style.ink, Ink(ColorRole::grey));
+    EXPECT_EQ(canvas.styled_strokes[0].style.dash, (std::vector<double>{3, 2}));
+    EXPECT_EQ(canvas.styled_strokes[1].style.width, 1.0);
+}
+
+TEST_F(PerformanceGraphTest, LogarithmicAxisEndsAfterTenDecades) {
+    graph.decade_scale = 10;
+    const auto canvas = drawn({0, 0, 1000, 4000});
+    EXPECT_NE(find_text(canvas, "10000 s"), nullptr);
+    EXPECT_EQ(find_text(canvas, "100000 s"), nullptr);
+}
+
+TEST_F(PerformanceGraphTest, LinearAxisLabelsEveryFiftyPoints) {
+    graph.use_logscale = false;
+    graph.linear_scale = 4;
+    const auto canvas = drawn();
+    struct Case {
+        const char* text;
+        double y;
+    };
+    for (const auto& one : {Case{"0 ns", 200}, Case{"13 µs", 250}, Case{"25 µs", 300}, Case{"-13000 ns", 150}}) {
+        const auto* label = find_text(canvas, one.text);
+        ASSERT_NE(label, nullptr) << one.text;
+        EXPECT_EQ(label->box.center().y, one.y);
+    }
+    const auto axis = lines(canvas, false);
+    const auto ticks = std::ranges::count_if(
+        axis, [](const auto& line) { return line.from.y == line.to.y && line.to.x > line.from.x; });
+    EXPECT_EQ(ticks, 40); // from 0 to 390
+}
+
+TEST_F(PerformanceGraphTest, ValueAxisMovesIntoSightWithTheUser) {
+    const Rect visible{100, 0, 500, 400};
+    const auto canvas = drawn(FRAME, visible);
+    const double axis_x = 600 - 60 - visible.x; // on the canvas
+    const auto axes = lines(canvas, false);
+    EXPECT_TRUE(std::ranges::any_of(axes, [&](const auto& line) {
+        return line.from == Point{axis_x, 0} && line.to == Point{axis_x, 400};
+    }));
+    ASSERT_NE(find_text(canvas, "10 µs"), nullptr);
+    EXPECT_EQ(find_text(canvas, "10 µs")->box.x, axis_x + 10);
+    EXPECT_EQ(find_text(canvas, "Chrony Tracking")->box.center(), (Point{250, 390}));
+}
+
+TEST_F(PerformanceGraphTest, PartInSightShowsWhatTheWholeFrameShows) {
+    const Rect visible{300, 120, 200, 160};
+    const auto whole = drawn();
+    const auto part = drawn(FRAME, visible);
+    const auto inside = [&](const Path::Element& line) {
+        return line.from.x >= 300 && line.from.x <= 500 && line.from.x == line.to.x &&
+               std::abs(line.to.y - ORIGIN.y) < 9;
+    };
+    for (const auto& tick : lines(whole, false))
+        if (inside(tick)) {
+            EXPECT_TRUE(std::ranges::any_of(lines(part, false), [&](const auto& line) {
+                return std::abs(line.from.x + visible.x - tick.from.x) < 1e-9 && line.to.y + visible.y == tick.to.y;
+            })) << tick.from.x;
+        }
+    for (const auto& line : lines(part, true))
+        if (line.from.x == line.to.x) {
+            EXPECT_EQ(std::fmod(line.from.y + visible.y, 5), 0) << "dashes would crawl";
+        }
+}
+
+TEST_F(PerformanceGraphTest, FrameOfYearsDrawsOnlyWhatIsInSight) {
+    const Rect years{0, 0, 1e9, 1e12};
+    for (const bool logarithmic : {true, false}) {
+        graph.use_logscale = logarithmic;
+        const auto canvas = drawn(years, {4e8, 5e11 - 200, 1600, 900});
+        EXPECT_LT(canvas.texts.size(), 80U);
+        EXPECT_GT(canvas.texts.size(), 20U);
+        for (const auto& stroke : canvas.styled_strokes)
+            for (const auto& line : stroke.path.elements) {
+                EXPECT_LT(std::abs(line.from.x) + std::abs(line.to.x), 4000);
+                EXPECT_LT(std::abs(line.from.y) + std::abs(line.to.y), 4000);
+            }
+    }
+}
+
+TEST(FormatValue, TableOfUnits) {
+    struct Case {
+        std::int64_t n;
+        double yscale;
+        const char* text;
+    };
+    const Case cases[] = {{1, 1e6, "0"},
+                          {0, 1e6, "0 ns"},
+                          {2, 1e6, "2 µs"},
+                          {999, 1e9, "999 ns"},
+                          {1000, 1e9, "1 µs"},
+                          {999'999, 1e9, "999 µs"},
+                          {1'000'000, 1e9, "1 ms"},
+                          {999'999'999, 1e9, "999 ms"},
+                          {1'000'000'000, 1e9, "1 s"},
+                          {10'000'000'000, 1e6, "10000 s"},
+                          {-5'000'000, 1e6, "-5000000000 ns"},
+                          {-1, 1e9, "-1 ns"},
+                          {3, 2e9, "1 ns"},
+                          {std::numeric_limits<std::int64_t>::max(), 1e-9, "9223372036 s"}};
+    for (const auto& one : cases)
+        EXPECT_EQ(formatValue(one.n, one.yscale), one.text) << one.n;
+}
+
+TEST(ResizedFrame, GrowsAndKeepsRightAndUpperEdges) {
+    struct Case {
+        double data_width;
+        OffsetRange range;
+        Rect expected;
+    };
+    const Rect old{10, 20, 800, 300};
+    const double infinite = std::numeric_limits<double>::infinity();
+    for (const auto& one :
+         {Case{2000, {-50, 400}, {-1190, -490, 2000, 810}}, Case{100, {-10, 10}, {210, 20, 600, 300}},
+          Case{600, {-500, 3}, {210, -690, 600, 1010}}, Case{std::nan(""), {-infinite, infinite}, {210, 20, 600, 300}}})
+        EXPECT_EQ(resized_frame(old, {0, 0, 600, 300}, one.data_width, one.range), one.expected) << one.data_width;
+}
+
+TEST_F(PerformanceGraphTest, RedrawsEveryFifteenSecondsUnlessPaused) {
+    graph.awakeFromNib();
+    EXPECT_FALSE(graph.paused);
+    timer.advance(31);
+    EXPECT_EQ(redraws, 2);
+    graph.pause(true);
+    graph.pause(true);
+    timer.advance(60);
+    EXPECT_EQ(redraws, 2);
+    graph.pause(false);
+    timer.advance(15);
+    EXPECT_EQ(redraws, 3);
+}
+
+TEST_F(PerformanceGraphTest, PauseFreezesTheTimeAxis) {
+    graph.awakeFromNib();
+    graph.pause(true);
+    now += 600;
+    graph.pause(true); // changes nothing: still frozen at the first moment
+    EXPECT_EQ(graph.right_end(), NOON);
+    RecordingCanvas frozen;
+    graph.drawRect(frozen, FRAME, FRAME);
+    EXPECT_EQ(time_ticks(frozen).at(0), 7);
+    graph.pause(false);
+    EXPECT_EQ(graph.right_end(), NOON + 600);
+}
+
+TEST_F(PerformanceGraphTest, SlidersSetTheScales) {
+    graph.set_vertical_zoom(2);
+    EXPECT_EQ(graph.decade_scale, 200);
+    EXPECT_EQ(graph.linear_scale, 4);
+    graph.set_vertical_scale(3);
+    EXPECT_EQ(graph.yscale, 1e9);
+    graph.set_horizontal_zoom(-1);
+    EXPECT_DOUBLE_EQ(graph.xscale, 1.0 / 30);
+}
+
+TEST(ValueScale, IsMonotoneFiniteAndMirrored) {
+    for (const bool logarithmic : {true, false}) {
+        const ValueScale scale{.use_logscale = logarithmic};
+        double before = -std::numeric_limits<double>::infinity();
+        for (double value = -1e300; value <= 1e300; value = value < -1e-12  ? value / 10
+                                                            : value < 1e-12 ? value + 4e-13
+                                                                            : value * 10) {
+            const double offset = scale.offset(value);
+            ASSERT_TRUE(std::isfinite(offset)) << value;
+            ASSERT_GE(offset, before) << value;
+            ASSERT_EQ(scale.offset(-value), -offset);
+            before = offset;
+        }
+    }
+    EXPECT_EQ(ValueScale{}.offset(9.9e-7), 0) << "less than one plotted unit rests on the zero line";
+    EXPECT_NEAR(ValueScale{}.offset(-1e-3), -150, 1e-9);
+    EXPECT_EQ((ValueScale{.use_logscale = false, .linear_scale = 2}.offset(5e-6)), 10);
+    EXPECT_TRUE(std::isnan(ValueScale{}.offset(std::nan(""))));
+}
+
+} // namespace
+} // namespace tickervantage

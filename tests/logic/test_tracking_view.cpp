@@ -1,0 +1,368 @@
+#include "graphs/series_layout.h"
+#include "graphs/tracking_rows.h"
+#include "graphs/tracking_view.h"
+#include "support/manual_timer.h"
+#include "support/recording_canvas.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <random>
+
+namespace tickervantage {
+namespace {
+
+using testing::ManualMasterTimer;
+using testing::RecordingCanvas;
+
+constexpr LogTime NOON = 1'795'262'400; // 2026-11-21 12:00:00 UTC
+
+std::string log_line(LogTime time, const std::string& offset, const std::string& rem_cor = "2.000e-06") {
+    const std::chrono::sys_seconds moment{std::chrono::seconds{time}};
+    const auto day = std::chrono::floor<std::chrono::days>(moment);
+    const std::chrono::year_month_day date{day};
+    const std::chrono::hh_mm_ss clock{moment - day};
+    std::array<char, 48> stamp{};
+    std::snprintf(stamp.data(), stamp.size(), "%04d-%02u-%02u %02d:%02d:%02d", static_cast<int>(date.year()),
+                  static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
+                  static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
+                  static_cast<int>(clock.seconds().count()));
+    return std::string(stamp.data()) + " 192.0.2.1 2 -5.123 0.010 " + offset + " N 1 3.000e-06 " + rem_cor +
+           " 1.000e-03 4.000e-04 5.000e-04";
+}
+
+std::string number(double value) {
+    std::array<char, 24> text{};
+    std::snprintf(text.data(), text.size(), "%.3e", value);
+    return text.data();
+}
+
+class TrackingViewTest : public ::testing::Test {
+protected:
+    ManualMasterTimer timer;
+    double now = static_cast<double>(NOON);
+    TrackingView view{GraphParts{.master_timer = timer,
+                                 .now = [this] { return now; },
+                                 .redraw = {},
+                                 .format_time =
+                                     [](std::int64_t) {
+                                         return std::string("00:00");
+                                     }}};
+
+    void SetUp() override {
+        view.awakeFromNib();
+        view.filtertimestamps = false;
+        view.use_logscale = false;
+        show_only(Series::offset);
+    }
+    void show_only(Series series) {
+        view.shown.fill(false);
+        view.shown[static_cast<std::size_t>(series)] = true;
+    }
+    RecordingCanvas drawn(Rect bounds, Rect visible) {
+        RecordingCanvas canvas;
+        view.drawRect(canvas, bounds, visible);
+        canvas.boxes.erase(canvas.boxes.begin()); // the background
+        return canvas;
+    }
+};
+
+// What is inked in each column of pixels, as upright pieces.
+class Coverage {
+public:
+    explicit Coverage(Rect visible) : m_width(visible.width), m_columns(static_cast<std::size_t>(visible.width)) {}
+
+    void add(Point from, Point to) {
+        if (from.x > to.x)
+            std::swap(from, to);
+        const double left = std::max(0.0, from.x);
+        const double right = std::min(m_width - 1e-9, to.x);
+        const auto y_at = [&](double x) {
+            return std::lerp(from.y, to.y, std::clamp((x - from.x) / (to.x - from.x), 0.0, 1.0));
+        };
+        for (double column = std::floor(left); column <= right; ++column) {
+            const bool upright = to.x == from.x;
+            const double one = upright ? from.y : y_at(std::max(column, left));
+            const double other = upright ? to.y : y_at(std::min(column + 1, right));
+            m_columns[static_cast<std::size_t>(column)].push_back(std::minmax(one, other));
+        }
+    }
+    void add_box(Rect box) {
+        const double column = std::floor(box.x + 0.5);
+        if (column >= 0 && column < m_width)
+            m_columns[static_cast<std::size_t>(column)].emplace_back(box.y, box.y + box.height);
+    }
+
+    // How far the other's ink lies outside of this one's at worst, in points; within the heights in sight. Ink so many
+    // columns beside counts too.
+    [[nodiscard]] double missing(const Coverage& other, double height, std::size_t beside) const {
+        double worst = 0;
+        for (std::size_t i = 0; i < m_columns.size(); ++i) {
+            Pieces pieces;
+            for (std::size_t j = i - std::min(i, beside); j <= std::min(i + beside, m_columns.size() - 1); ++j)
+                pieces.insert(pieces.end(), m_columns[j].begin(), m_columns[j].end());
+            for (auto [low, high] : other.m_columns[i]) {
+                low = std::clamp(low, 0.0, height);
+                high = std::clamp(high, 0.0, height);
+                for (double y = low; y <= high; y += 0.5)
+                    worst = std::max(worst, distance(pieces, y));
+                worst = std::max(worst, distance(pieces, high));
+            }
+        }
+        return worst;
+    }
+
+private:
+    using Pieces = std::vector<std::pair<double, double>>;
+
+    static double distance(const Pieces& pieces, double y) {
+        double nearest = 1e9;
+        for (const auto& [low, high] : pieces)
+            nearest = std::min(nearest, std::max({low - y, y - high, 0.0}));
+        return nearest;
+    }
+
+    double m_width;
+    std::vector<Pieces> m_columns;
+};
+
+// The rule without any thinning: from the newest record to each older one.
+Coverage plain(const TrackingView& view, Series series, Rect bounds, Rect visible) {
+    Coverage result(visible);
+    const TimeAxis axis{view.time_origin(bounds), view.right_end(), view.xscale};
+    const auto& records = view.records();
+    const auto point = [&](std::size_t i) {
+        return Point{axis.x(records.time(i)) - visible.x,
+                     axis.origin.y + view.value_scale().offset(records.value(series, i)) - visible.y};
+    };
+    if (records.size() < 2 || point(records.size() - 1).x + visible.x < 0)
+        return result;
+    for (std::size_t i = records.size() - 1; i-- > 0;) {
+        const Point from = point(i + 1);
+        const Point to = point(i);
+        if (!std::isnan(from.y) && !std::isnan(to.y))
+            result.add(from, to);
+        if (to.x + visible.x < 0)
+            break;
+    }
+    return result;
+}
+
+Coverage thinned(const RecordingCanvas& canvas, Rect visible) {
+    Coverage result(visible);
+    for (const auto& line : canvas.polylines)
+        for (std::size_t i = 1; i < line.points.size(); ++i)
+            result.add(line.points[i - 1], line.points[i]);
+    for (const auto& boxes : canvas.boxes)
+        for (const auto& box : boxes.boxes)
+            result.add_box(box);
+    return result;
+}
+
+TEST_F(TrackingViewTest, DrawsALineToEachOlderRecord) {
+    for (const int minute : {-30, -20, -10})
+        view.add_line(log_line(NOON + minute * 60, number(minute * 1e-6)));
+    const auto canvas = drawn({0, 0, 400, 200}, {0, 0, 400, 200});
+    ASSERT_EQ(canvas.polylines.size(), 1U);
+    EXPECT_EQ(canvas.polylines[0].points, (std::vector<Point>{{220, 70}, {260, 80}, {300, 90}}));
+    EXPECT_EQ(canvas.polylines[0].ink, Ink((Color{0, 0, 0, 0.9})));
+    EXPECT_EQ(canvas.polylines[0].width, 1);
+}
+
+TEST_F(TrackingViewTest, DrawsNothingOfOneRecordOrOfAnOldLog) {
+    const Rect bounds{0, 0, 400, 200};
+    view.add_line(log_line(NOON - 600, "1e-5"));
+    EXPECT_TRUE(drawn(bounds, bounds).polylines.empty());
+    view.clear();
+    for (const int second : {-9000, -8000, -5200}) // the newest is 6 points left of the frame
+        view.add_line(log_line(NOON + second, "1e-5"));
+    EXPECT_TRUE(drawn(bounds, bounds).polylines.empty());
+    EXPECT_TRUE(drawn(bounds, bounds).boxes.empty());
+}
+
+TEST_F(TrackingViewTest, StopsAfterTheFirstPointLeftOfTheFrame) {
+    for (const int second : {-20000, -3000, -5200, -3000, -600}) // the clock was stepped back in between
+        view.add_line(log_line(NOON + second, number(-second * 1e-9)));
+    const auto canvas = drawn({0, 0, 400, 200}, {0, 0, 400, 200});
+    const auto& points = canvas.polylines.at(0).points;
+    ASSERT_EQ(canvas.polylines.size(), 1U);
+    EXPECT_EQ(points.size(), 3U);
+    EXPECT_LT(points.front().x, 0);
+    EXPECT_EQ(points.back().x, 300);
+}
+
+TEST_F(TrackingViewTest, AbsentValuesBreakTheLineAndLoneValuesAreDots) {
+    for (const auto& [minute, offset] :
+         {std::pair{-50, "1e-6"}, {-45, "2e-6"}, {-40, "-"}, {-35, "3e-6"}, {-30, "-"}, {-25, "4e-6"}, {-20, "5e-6"}})
+        view.add_line(log_line(NOON + minute * 60, offset));
+    ASSERT_EQ(view.records().size(), 7U);
+    const auto canvas = drawn({0, 0, 400, 200}, {0, 0, 400, 200});
+    ASSERT_EQ(canvas.polylines.size(), 2U);
+    EXPECT_EQ(canvas.polylines[0].points, (std::vector<Point>{{140, 101}, {160, 102}}));
+    EXPECT_EQ(canvas.polylines[1].points, (std::vector<Point>{{240, 104}, {260, 105}}));
+    ASSERT_EQ(canvas.boxes.size(), 1U);
+    EXPECT_EQ(canvas.boxes[0].boxes, (std::vector<Rect>{{199.5, 102.5, 1, 1}}));
+}
+
+struct RandomLog {
+    const char* name;
+    int records;
+    int interval;     // seconds, on average
+    double absent;    // share of records
+    double step_back; // share of records before which the clock is stepped back
+    double xscale;
+    std::size_t beside = 0; // columns: where each holds hundreds of records
+};
+
+class ThinnedDrawing : public TrackingViewTest, public ::testing::WithParamInterface<RandomLog> {};
+
+TEST_P(ThinnedDrawing, CoversWhatThePlainRuleDraws) {
+    const RandomLog& log = GetParam();
+    std::mt19937 random(4711);
+    std::uniform_real_distribution<double> share(0, 1);
+    LogTime time = NOON - LogTime{log.records} * log.interval;
+    for (int i = 0; i < log.records; ++i) {
+        time += static_cast<LogTime>(share(random) * 2 * log.interval);
+        if (share(random) < log.step_back)
+            time -= static_cast<LogTime>(share(random) * 200 * log.interval);
+        const double spike = share(random) < 0.01 ? 300e-6 : 20e-6;
+        view.add_line(
+            log_line(std::min(time, NOON), share(random) < log.absent ? "-" : number((share(random) - 0.5) * spike)));
+    }
+    view.xscale = log.xscale;
+    const Rect frame = view.resizeFrame({0, 0, 300, 240}, {0, 0, 300, 240});
+    const Rect bounds{0, 0, frame.width, frame.height};
+    for (const double share_of_way : {0.4, 1.0})
+        for (const bool logarithmic : {true, false})
+            for (const Series series : {Series::offset, Series::rms_offset}) {
+                view.use_logscale = logarithmic;
+                show_only(series);
+                const Rect visible{std::floor((frame.width - 300) * share_of_way), std::floor((frame.height - 240) / 2),
+                                   300, 240};
+                const auto expected = plain(view, series, bounds, visible);
+                const auto actual = thinned(drawn(bounds, visible), visible);
+                EXPECT_LE(actual.missing(expected, 240, log.beside), 1.0) << "ink is missing at " << share_of_way;
+                if (log.absent == 0) {
+                    EXPECT_LE(expected.missing(actual, 240, log.beside), 1.0) << "ink too much at " << share_of_way;
+                }
+            }
+}
+
+INSTANTIATE_TEST_SUITE_P(Logs, ThinnedDrawing,
+                         ::testing::Values(RandomLog{"sparse", 400, 64, 0, 0, 1.0 / 15},
+                                           RandomLog{"dense", 20000, 16, 0, 0, 1.0 / 1500},
+                                           RandomLog{"packed", 30000, 16, 0, 0, 1.0 / 4800, 1},
+                                           RandomLog{"between", 4000, 16, 0, 0, 1.0 / 32},
+                                           RandomLog{"gaps", 8000, 16, 0.02, 0, 1.0 / 200},
+                                           RandomLog{"steps", 8000, 16, 0, 0.002, 1.0 / 200},
+                                           RandomLog{"gaps_and_steps", 8000, 16, 0.2, 0.02, 1.0 / 60},
+                                           RandomLog{"wide", 3000, 16, 0, 0.01, 32.0 / 15}),
+                         [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_F(TrackingViewTest, DrawsFewThingsOfManyRecords) {
+    view.shown.fill(true);
+    for (int i = 0; i < 30000; ++i)
+        view.add_line(log_line(NOON - 30000 + i, number((i % 7) * 1e-6)));
+    view.xscale = 0.01;
+    const auto canvas = drawn({0, 0, 360, 200}, {0, 0, 360, 200});
+    std::size_t things = 0;
+    for (const auto& line : canvas.polylines)
+        things += line.points.size();
+    for (const auto& boxes : canvas.boxes)
+        things += boxes.boxes.size();
+    EXPECT_LT(things, 9U * 4 * 360);
+    EXPECT_GE(things, 8U * 299) << "the root dispersion is too high to be seen, all else is";
+}
+
+TEST_F(TrackingViewTest, ClockThatKeepsJumpingStaysBounded) {
+    for (int i = 0; i < 50'000; ++i)
+        view.add_line(log_line(NOON - 4000 + (i % 2 == 0 ? 0 : 3000), number(i % 2 == 0 ? 5e-6 : 9e-6)));
+    const auto canvas = drawn({0, 0, 400, 200}, {0, 0, 400, 200});
+    EXPECT_TRUE(canvas.polylines.empty());
+    ASSERT_EQ(canvas.boxes.size(), 1U);
+    EXPECT_EQ(canvas.boxes[0].boxes.size(), 2U);
+}
+
+TEST_F(TrackingViewTest, LiveLogLeavesOutWhatIsOlderThanTheRange) {
+    struct Case {
+        bool filter;
+        bool live;
+        int age;
+        bool kept;
+    };
+    for (const auto& one : {Case{true, true, 7200, false}, Case{true, true, 3601, false}, Case{true, true, 3600, true},
+                            Case{true, false, 7200, true}, Case{false, true, 7200, true}}) {
+        view.clear();
+        view.filtertimestamps = one.filter;
+        view.m_livetracking = one.live;
+        const LogTime time = NOON - one.age;
+        EXPECT_EQ(view.add_line(log_line(time, "1e-6")), one.kept ? std::optional(LogEnds{time, time}) : std::nullopt);
+    }
+    EXPECT_EQ(view.add_line("=========="), (LogEnds{NOON - 7200, NOON - 7200})) << "no data line changes nothing";
+    EXPECT_EQ(view.add_line(log_line(NOON - 60, "1e-6")), (LogEnds{NOON - 7200, NOON - 60}));
+}
+
+TEST_F(TrackingViewTest, FrameHoldsTheFirstRecordAndAllShownValues) {
+    view.add_line(log_line(NOON - 15000, "-400e-6", "900e-6"));
+    view.add_line(log_line(NOON - 15, "100e-6"));
+    const Rect visible{0, 0, 300, 200};
+    EXPECT_EQ(view.resizeFrame(visible, visible), (Rect{-760, -610, 1060, 810}));
+    view.pause(true);
+    now += 1500;
+    EXPECT_EQ(view.resizeFrame(visible, visible).width, 1060) << "paused";
+    view.pause(false);
+    EXPECT_EQ(view.resizeFrame(visible, visible).width, 1160);
+    view.shown.fill(false);
+    EXPECT_EQ(view.resizeFrame(visible, visible).height, 200);
+    EXPECT_TRUE(drawn(visible, visible).polylines.empty()) << "every series hidden";
+    view.clear();
+    EXPECT_EQ(view.resizeFrame(visible, visible), visible);
+}
+
+TEST_F(TrackingViewTest, ReadsOffTheNearestRecord) {
+    const Rect bounds{0, 0, 400, 200};
+    EXPECT_FALSE(view.readout(100, bounds));
+    for (const int second : {-3000, -1500, -600})
+        view.add_line(log_line(NOON + second, number(-second * 1e-9)));
+    struct Case {
+        double x;
+        LogTime age;
+    };
+    for (const auto& one :
+         {Case{-50, 3000}, Case{189, 3000}, Case{191, 1500}, Case{269, 1500}, Case{271, 600}, Case{400, 600}}) {
+        const auto readout = view.readout(one.x, bounds);
+        ASSERT_TRUE(readout) << one.x;
+        EXPECT_EQ(readout->time, NOON - one.age) << one.x;
+        EXPECT_DOUBLE_EQ(readout->values[0], static_cast<double>(one.age) * 1e-9);
+        EXPECT_DOUBLE_EQ(readout->x, 340 - static_cast<double>(one.age) / 15);
+    }
+}
+
+TEST_F(TrackingViewTest, RowsOfWhatIsInSight) {
+    view.shown[static_cast<std::size_t>(Series::frequency)] = true;
+    for (const auto& [second, offset] : {std::pair{-3000, "1e-6"}, {-1500, "-"}, {-600, "-2.5e-7"}})
+        view.add_line(log_line(NOON + second, offset));
+    const auto rows = [&](Rect visible, RowFormat format) {
+        std::string text;
+        EXPECT_EQ(write_rows(view.records(), view.in_sight({0, 0, 400, 200}, visible), view.shown, format,
+                             [&](std::string_view piece) {
+                                 text += piece;
+                                 return true;
+                             }),
+                  0);
+        return text;
+    };
+    EXPECT_EQ(rows({200, 0, 200, 200}, RowFormat::csv), "timestamp,offset,frequency\n"
+                                                        "2026-11-21T11:35:00Z,,-5.123e-06\n"
+                                                        "2026-11-21T11:50:00Z,-2.5e-07,-5.123e-06\n");
+    EXPECT_EQ(rows({100, 0, 100, 200}, RowFormat::text), "timestamp                    offset       frequency\n"
+                                                         "2026-11-21 11:10:00    1.000000e-06   -5.123000e-06\n");
+    EXPECT_EQ(write_rows(view.records(), {}, view.shown, RowFormat::csv, [](std::string_view) { return false; }), -1);
+}
+
+} // namespace
+} // namespace tickervantage

@@ -1,0 +1,248 @@
+#include "config/settings_catalogue.h"
+#include "platform/qt/picture_file.h"
+#include "spectrum/spectrum_chart_window.h"
+#include "spectrum/spectrum_window.h"
+#include "support/manual_dispatch.h"
+#include "support/memory_stores.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QImage>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+#include <fstream>
+
+namespace tickervantage {
+namespace {
+
+struct SpectrumWindowTest : ::testing::Test {
+    testing::MemorySettingsStore store;
+    DefaultSettings settings{store};
+    testing::ManualMainThread main_thread;
+    testing::ManualQueue queue;
+    TrackingRecords records;
+    bool log_is_open = true;
+    QTemporaryDir folder;
+    std::unique_ptr<SpectrumWindow> window;
+
+    void SetUp() override {
+        for (const char* line : {"2026-11-21 02:15:03 192.0.2.1 2 -10.5 0.1 1e-6 N 1 1e-6 2e-6 1e-3 1e-3",
+                                 "2026-11-21 02:15:07 192.0.2.1 2 -10.5 0.1 2e-6 N 1 1e-6 - 1e-3 1e-3",
+                                 "2026-11-21 02:45:07 192.0.2.1 2 -10.5 0.1 -1e-6 N 1 1e-6 2e-6 1e-3 1e-3"})
+            ASSERT_EQ(records.add_line(line), TrackingRecords::Added::record);
+        open();
+    }
+
+    void open() {
+        window = std::make_unique<SpectrumWindow>(SpectrumWindowParts{
+            .settings = settings,
+            .queue = queue,
+            .main_thread = main_thread,
+            .write_picture = write_picture,
+            .write_text = [](const std::string& path, std::string_view bytes, std::string& sentence) {
+                std::ofstream file(path);
+                file << bytes << std::flush;
+                sentence = file ? "" : "The table cannot be written.";
+                return file ? 0 : -1;
+            }});
+        window->set_source([this] { return log_is_open ? &records : nullptr; });
+        window->windowDidLoad();
+        window->show();
+    }
+
+    template <typename Widget>
+    Widget* find(const char* name) {
+        auto* widget = window->findChild<Widget*>(QLatin1String(name));
+        EXPECT_NE(widget, nullptr) << name;
+        return widget;
+    }
+
+    SpectrumChart* chart() { return find<SpectrumChart>("m_spectrum"); }
+    QString status() { return find<QLabel>("status")->text(); }
+
+    void choose(int index) {
+        auto* selector = find<QComboBox>("m_selector");
+        selector->setCurrentIndex(index);
+        Q_EMIT selector->activated(index);
+    }
+
+    void settle() {
+        while (queue.turn() || main_thread.turn()) {
+        }
+    }
+
+    void compute() {
+        find<QPushButton>("compute")->click();
+        settle();
+    }
+
+    // The number of bins shown; 0: no spectrum.
+    std::size_t bins() { return chart()->view().spectrum() ? chart()->view().spectrum()->length : 0; }
+};
+
+TEST_F(SpectrumWindowTest, LoadsItsSettingsAndSavesThemWhenItCloses) {
+    EXPECT_EQ(find<QLineEdit>("m_sampleinterval")->text(), QStringLiteral("4"));
+    EXPECT_EQ(find<QLineEdit>("m_sampleduration")->text(), QStringLiteral("1024"));
+    find<QLineEdit>("m_sampleinterval")->setText(QStringLiteral("0.25"));
+    find<QLineEdit>("m_sampleduration")->setText(QStringLiteral("nonsense"));
+    EXPECT_EQ(store.writes, 0);
+    window->close();
+    EXPECT_EQ(load(settings, settings::SPECTRUM_interval), 0.25);
+    EXPECT_EQ(load(settings, settings::SPECTRUM_duration), 1024);
+    open();
+    EXPECT_EQ(find<QLineEdit>("m_sampleinterval")->text(), QStringLiteral("0.25"));
+}
+
+TEST_F(SpectrumWindowTest, EveryControlComputes) {
+    EXPECT_EQ(bins(), 0U);
+    compute();
+    EXPECT_EQ(bins(), 256U);
+    find<QLineEdit>("m_sampleduration")->setText(QStringLiteral("512"));
+    EXPECT_EQ(queue.waiting(), 0U); // not with every key
+    Q_EMIT find<QLineEdit>("m_sampleduration")->returnPressed();
+    settle();
+    EXPECT_EQ(bins(), 128U);
+    find<QLineEdit>("m_sampleinterval")->setText(QStringLiteral("8"));
+    Q_EMIT find<QLineEdit>("m_sampleinterval")->returnPressed();
+    settle();
+    EXPECT_EQ(bins(), 64U);
+    const auto before = chart()->view().spectrum();
+    choose(2);
+    settle();
+    EXPECT_NE(chart()->view().spectrum(), before);
+    EXPECT_TRUE(status().startsWith(QStringLiteral("RMS offset"))) << status().toStdString();
+}
+
+TEST_F(SpectrumWindowTest, WithoutALogItSaysWhatToDoAndKeepsWhatItShows) {
+    log_is_open = false;
+    compute();
+    EXPECT_EQ(queue.waiting(), 0U);
+    EXPECT_EQ(chart()->accessibleDescription(), QStringLiteral("Open a tracking log to see its spectrum"));
+    log_is_open = true;
+    compute();
+    const auto shown = chart()->view().spectrum();
+    log_is_open = false;
+    compute();
+    EXPECT_EQ(chart()->view().spectrum(), shown);
+    EXPECT_TRUE(status().contains(QStringLiteral("No tracking log is open"))) << status().toStdString();
+}
+
+TEST_F(SpectrumWindowTest, WhatCannotBeComputedIsSaidAndLeavesTheChart) {
+    compute();
+    const auto shown = chart()->view().spectrum();
+    const auto expect_words = [&](const char* words) {
+        EXPECT_EQ(chart()->view().spectrum(), shown);
+        EXPECT_TRUE(status().contains(QLatin1String(words))) << status().toStdString();
+    };
+    for (const auto& [interval, words] : {std::pair{"0", "more than 0"},
+                                          {"-4", "more than 0"},
+                                          {"x", "not a number"},
+                                          {"5000", "half an interval"},
+                                          {"1e-9", "at most"}}) {
+        find<QLineEdit>("m_sampleinterval")->setText(QLatin1String(interval));
+        compute();
+        expect_words(words);
+    }
+    find<QLineEdit>("m_sampleinterval")->setText(QStringLiteral("40"));
+    find<QLineEdit>("m_sampleduration")->setText(QStringLiteral("4000"));
+    choose(1);
+    settle();
+    expect_words("Remaining correction");
+}
+
+TEST_F(SpectrumWindowTest, OnlyTheNewestAnswerIsShown) {
+    find<QPushButton>("compute")->click();
+    queue.turn(); // the answer for 256 bins is on its way
+    find<QLineEdit>("m_sampleduration")->setText(QStringLiteral("64"));
+    find<QPushButton>("compute")->click();
+    main_thread.turn();
+    EXPECT_EQ(bins(), 0U);
+    settle();
+    EXPECT_EQ(bins(), 16U);
+}
+
+TEST_F(SpectrumWindowTest, ALongLogIsReadInSlices) {
+    for (int i = 0; i < 120'000; ++i)
+        records.add_line(
+            QString::asprintf("2026-11-%02d %02d:%02d:%02d 192.0.2.1 2 -10.5 0.1 1e-6 N 1 1e-6 2e-6 1e-3 1e-3",
+                              22 + i / 86400, i / 3600 % 24, i / 60 % 60, i % 60)
+                .toStdString());
+    find<QLineEdit>("m_sampleinterval")->setText(QStringLiteral("1"));
+    find<QLineEdit>("m_sampleduration")->setText(QStringLiteral("120000"));
+    find<QPushButton>("compute")->click();
+    EXPECT_EQ(queue.waiting(), 0U);
+    settle();
+    EXPECT_EQ(bins(), 131072U);
+    const auto shown = chart()->view().spectrum();
+    find<QPushButton>("compute")->click();
+    records.clear();
+    settle();
+    EXPECT_EQ(chart()->view().spectrum(), shown);
+    EXPECT_TRUE(status().contains(QStringLiteral("changed"))) << status().toStdString();
+}
+
+TEST_F(SpectrumWindowTest, AnAnswerMayOutliveTheWindow) {
+    find<QPushButton>("compute")->click();
+    queue.turn();
+    window.reset();
+    settle();
+}
+
+TEST_F(SpectrumWindowTest, TheBarPointedAtIsRead) {
+    find<QLineEdit>("m_sampleduration")->setText(QStringLiteral("16"));
+    compute();
+    const QString standing = status();
+    const auto bounds = QPointF(chart()->width() - 1.0, 50);
+    QMouseEvent move(QEvent::MouseMove, bounds, chart()->mapToGlobal(bounds), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(chart(), &move);
+    EXPECT_TRUE(status().startsWith(QStringLiteral("Bin 3, at 0.09375 Hz"))) << status().toStdString();
+    for (const int key : {Qt::Key_Home, Qt::Key_Right}) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(chart(), &press);
+    }
+    EXPECT_TRUE(status().startsWith(QStringLiteral("Bin 1,"))) << status().toStdString();
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(chart(), &leave);
+    EXPECT_EQ(status(), standing);
+}
+
+TEST_F(SpectrumWindowTest, ExportsPicturesAndTheTable) {
+    EXPECT_FALSE(find<QPushButton>("export")->isEnabled());
+    compute();
+    EXPECT_TRUE(find<QPushButton>("export")->isEnabled());
+    window->export_to(folder.filePath(QStringLiteral("a.png")));
+    EXPECT_EQ(QImage(folder.filePath(QStringLiteral("a.png"))).size(), chart()->size());
+    window->export_to(folder.filePath(QStringLiteral("a.csv")));
+    settle();
+    std::ifstream table(folder.filePath(QStringLiteral("a.csv")).toStdString());
+    EXPECT_EQ(std::count(std::istreambuf_iterator<char>(table), {}, '\n'), 257);
+    EXPECT_TRUE(status().startsWith(QStringLiteral("Saved"))) << status().toStdString();
+    window->export_to(folder.filePath(QStringLiteral("no/such.csv")));
+    settle();
+    EXPECT_EQ(status(), QStringLiteral("The table cannot be written."));
+    window->export_to(folder.filePath(QStringLiteral("a.bmp")));
+    EXPECT_TRUE(status().contains(QStringLiteral(".png or .svg"))) << status().toStdString();
+    window->findChild<QAction*>(QStringLiteral("copy_picture"))->trigger();
+    EXPECT_FALSE(QApplication::clipboard()->image().isNull());
+}
+
+TEST_F(SpectrumWindowTest, EveryControlHasANameAndATooltip) {
+    for (const char* name : {"m_selector", "m_sampleinterval", "m_sampleduration", "compute", "export"}) {
+        EXPECT_FALSE(find<QWidget>(name)->accessibleName().isEmpty()) << name;
+        EXPECT_FALSE(find<QWidget>(name)->toolTip().isEmpty()) << name;
+    }
+    EXPECT_FALSE(chart()->accessibleName().isEmpty());
+    EXPECT_EQ(find<QComboBox>("m_selector")->count(), 3);
+}
+
+} // namespace
+} // namespace tickervantage

@@ -1,0 +1,229 @@
+#include "graphs/color_well_window.h"
+#include "graphs/graph_scroll_area_window.h"
+#include "graphs/legend_window.h"
+#include "graphs/tracking_window.h"
+#include "platform/linux/serial_queue.h"
+#include "platform/qt/qt_main_thread.h"
+#include "support/fake_followed_files.h"
+#include "support/manual_timer.h"
+#include "support/memory_stores.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QLabel>
+#include <QPushButton>
+#include <QSlider>
+#include <QToolButton>
+
+#include <fmt/format.h>
+
+namespace tickervantage {
+namespace {
+
+constexpr int records_in_log = 240; // a minute apart, the last one at 2026-11-21 03:59:00
+
+std::string log_text() {
+    std::string text = "====\n   Date (UTC) Time     IP Address   St   Freq ppm\n====\n";
+    for (int i = 0; i < records_in_log; ++i)
+        text += fmt::format(
+            "2026-11-21 {:02}:{:02}:00 192.0.2.1  2  -5.123  0.010  {:.3e} N  1  1.0e-06  2.0e-06  1.0e-03  "
+            "1.5e-03  2.0e-03\n",
+            i / 60, i % 60, (i % 7 - 3) * 1e-5);
+    return text;
+}
+
+struct TrackingWindowTest : ::testing::Test {
+    testing::MemorySettingsStore store;
+    DefaultSettings settings{store};
+    QtMainThread main_thread;
+    testing::ManualMasterTimer timer;
+    testing::FakeFollowedFiles files;
+    SerialQueue queue{"net.brisklane.test"};
+    bool spectrum = false;
+    int blocks = 0;
+    std::string written;
+    std::unique_ptr<TrackingWindow> window;
+
+    void SetUp() override { files.create("tracking.log", log_text()); }
+    void TearDown() override {
+        if (window)
+            window->close();
+    }
+
+    void open(const char* path = "tracking.log", bool live = false) {
+        window = std::make_unique<TrackingWindow>(TrackingWindowParts{
+            .settings = settings,
+            .main_thread = main_thread,
+            .timer = timer,
+            .files = files,
+            .lend_queue = [this] { return std::shared_ptr<DispatchQueueSerial>(&queue, [](auto*) {}); },
+            .spectrum_enabled = [this] { return spectrum; },
+            .show_spectrum = [] {},
+            .data_changed = [this] { ++blocks; },
+            .write_picture =
+                [this](const std::string& path_written, const PictureFormat& format, const auto&, std::string&) {
+                    written = fmt::format("{} {}x{}", path_written, format.width, format.height);
+                    return 0;
+                },
+            .write_text =
+                [this](const std::string&, std::string_view bytes, std::string&) {
+                    written = bytes;
+                    return 0;
+                }});
+        window->windowDidLoad();
+        window->set_log(QString::fromUtf8(path), live);
+        window->show();
+    }
+
+    // Lets the reader and the main thread work until it is so.
+    template <typename Condition>
+    [[nodiscard]] bool eventually(Condition condition) {
+        const QDeadlineTimer deadline(10'000);
+        while (!condition() && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
+        return condition();
+    }
+    void open_and_load() {
+        open();
+        ASSERT_TRUE(eventually([this] { return blocks == 1; }));
+    }
+
+    template <typename Widget>
+    Widget* find(const char* name) {
+        auto* found = window->findChild<Widget*>(QLatin1String(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+};
+
+TEST_F(TrackingWindowTest, FinishedLogIsReadAndStandsStill) {
+    open_and_load();
+    EXPECT_EQ(window->records().size(), static_cast<std::size_t>(records_in_log));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("tracking.log"));
+    EXPECT_FALSE(find<QWidget>("pauseplay")->isVisible());
+    EXPECT_TRUE(window->view().paused);
+    EXPECT_FALSE(find<QLabel>("startDate")->text().isEmpty());
+    EXPECT_NE(find<QLabel>("startDate")->text(), find<QLabel>("endDate")->text());
+    EXPECT_FALSE(find<QWidget>("loadingLog")->isVisible());
+    EXPECT_FALSE(find<QWidget>("showSpectrum")->isVisible());
+    spectrum = true;
+    window->update_spectrum_button();
+    EXPECT_TRUE(find<QWidget>("showSpectrum")->isVisible());
+}
+
+TEST_F(TrackingWindowTest, LiveLogRunsUntilItIsPaused) {
+    open("tracking.log", true);
+    EXPECT_TRUE(find<QWidget>("pauseplay")->isVisible());
+    EXPECT_TRUE(window->view().m_livetracking);
+    EXPECT_FALSE(window->view().paused);
+    window->findChild<QWidget*>(QStringLiteral("pauseplay"))->findChildren<QToolButton*>().front()->click();
+    EXPECT_TRUE(window->view().paused);
+}
+
+TEST_F(TrackingWindowTest, TimeRangeIsAppliedOnceAndLoadsTheLogAnew) {
+    open_and_load();
+    EXPECT_FALSE(window->view().filtertimestamps);
+    auto* range = find<QComboBox>("dataTimeRange");
+    EXPECT_EQ(range->count(), range_count);
+    const auto choose = [range](int index) {
+        range->setCurrentIndex(index);
+        Q_EMIT range->activated(index);
+    };
+    choose(6);
+    EXPECT_EQ(window->view().display_data_range, 6 * 3600);
+    EXPECT_TRUE(window->view().filtertimestamps);
+    EXPECT_TRUE(window->records().empty()) << "the log is being read again";
+    ASSERT_TRUE(eventually([this] { return blocks == 2; }));
+    choose(6);
+    EXPECT_EQ(window->records().size(), static_cast<std::size_t>(records_in_log));
+    choose(0);
+    EXPECT_FALSE(window->view().filtertimestamps);
+    EXPECT_TRUE(eventually([this] { return blocks == 3; }));
+}
+
+TEST_F(TrackingWindowTest, LegendCanBeKeptTakenBackAndPutToDefault) {
+    open_and_load();
+    auto* legend = find<LegendView>("legend");
+    const popover_settings before = legend->settings();
+    find<QPushButton>("showLegend")->click();
+    EXPECT_TRUE(legend->isVisible());
+    find<QCheckBox>("frequencyShow")->click();
+    find<QCheckBox>("use_logscale")->click();
+    find<ColorWell>("offsetColor")->set_color({1, 0, 0, 1});
+    EXPECT_NE(window->view().shown, before.shown);
+    find<QPushButton>("cancelLegend")->click();
+    EXPECT_FALSE(legend->isVisible());
+    EXPECT_EQ(legend->settings(), before);
+    EXPECT_EQ(window->view().shown, before.shown);
+    EXPECT_EQ(window->view().colors, before.colors);
+
+    find<QPushButton>("showLegend")->click();
+    find<QCheckBox>("offsetShow")->click();
+    find<QPushButton>("closeLegend")->click();
+    EXPECT_FALSE(window->view().shown[0]);
+    find<QPushButton>("showLegend")->click();
+    find<QPushButton>("defaultLegend")->click();
+    EXPECT_EQ(legend->settings(), TrackingSettings::defaults().legend);
+}
+
+TEST_F(TrackingWindowTest, SettingsAreSavedOnClosingButForOneColour) {
+    open_and_load();
+    find<QSlider>("hZoom")->setValue(250);
+    find<QCheckBox>("sdOffsetShow")->click();
+    find<ColorWell>("sdOffsetColor")->set_color({0, 0, 1, 1});
+    find<ColorWell>("frequencyColor")->set_color({0, 1, 0, 1});
+    window->close();
+    blocks = 0;
+    open_and_load();
+    EXPECT_EQ(find<QSlider>("hZoom")->value(), 250);
+    EXPECT_DOUBLE_EQ(window->view().xscale, std::exp2(2.5) / 15);
+    EXPECT_TRUE(find<QCheckBox>("sdOffsetShow")->isChecked());
+    EXPECT_EQ(find<ColorWell>("frequencyColor")->color(), (Color{0, 1, 0, 1}));
+    EXPECT_EQ(find<ColorWell>("sdOffsetColor")->color(), TrackingSettings::defaults().legend.colors[3]);
+}
+
+TEST_F(TrackingWindowTest, ZoomKeepsTheTimeUnderThePointer) {
+    open_and_load();
+    window->view().pauseTime = static_cast<double>(window->records().time(records_in_log - 1));
+    auto* area = find<GraphScrollArea>("trackingView");
+    area->resize_frame();
+    const double pointer = area->visible().width - 260;
+    const auto time_under_pointer = [&] {
+        const double from_origin = area->frame().width - 60 - (area->visible().x + pointer);
+        return window->view().right_end() - from_origin / window->view().xscale;
+    };
+    const double before = time_under_pointer();
+    for (int i = 0; i < 8; ++i)
+        Q_EMIT area->zoom_requested(1, pointer);
+    EXPECT_NEAR(time_under_pointer(), before, 1);
+    EXPECT_GT(window->view().xscale, 1.0 / 15 * 3.9);
+    Q_EMIT area->zoom_reset_requested();
+    EXPECT_DOUBLE_EQ(window->view().xscale, 1.0 / 15);
+}
+
+TEST_F(TrackingWindowTest, ReadoutAndExportTellWhatIsInSight) {
+    open_and_load();
+    window->view().pauseTime = static_cast<double>(window->records().time(records_in_log - 1));
+    auto* area = find<GraphScrollArea>("trackingView");
+    area->resize_frame();
+    Q_EMIT area->pointed_at(area->frame().width - 60);
+    EXPECT_TRUE(find<QLabel>("readout")->text().contains(QStringLiteral("-5.123 ppm")))
+        << find<QLabel>("readout")->text().toStdString();
+    window->export_to(QStringLiteral("/a/picture.svg"));
+    EXPECT_EQ(written, fmt::format("/a/picture.svg {}x{}", area->visible().width, area->visible().height));
+    window->export_to(QStringLiteral("/a/table.csv"));
+    EXPECT_NE(written.find("2026-11-21T03:59:00Z"), std::string::npos);
+    EXPECT_NE(written.find("-5.123e-06"), std::string::npos) << written.substr(0, 200);
+}
+
+TEST_F(TrackingWindowTest, MissingLogIsToldAndReadWhenItComes) {
+    open("other.log", true);
+    EXPECT_TRUE(eventually([this] { return !find<QLabel>("readout")->text().isEmpty(); }));
+}
+
+} // namespace
+} // namespace tickervantage
