@@ -125,6 +125,10 @@ AnalysisWindows& AppDelegate::analysis() {
     return *m_analysis;
 }
 
+void AppDelegate::open_log(const QString& path) {
+    (void)analysis().open_log(path, false); // the window belongs to itself
+}
+
 void AppDelegate::openTrackingLog() {
     //: title of the dialog that opens a tracking log
     auto* dialog =
@@ -132,8 +136,7 @@ void AppDelegate::openTrackingLog() {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setNameFilter(QLatin1String(tracking_log_pattern));
-    QObject::connect(dialog, &QFileDialog::fileSelected, dialog,
-                     [this](const QString& path) { (void)analysis().open_log(path, false); });
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog, [this](const QString& path) { open_log(path); });
     dialog->open();
 }
 

@@ -57,6 +57,9 @@ public:
     [[nodiscard]] TickervantageWindow& main_window(); // made on first use
     [[nodiscard]] const ApplicationMenus& menus() const { return m_menus; }
 
+    // Opens a finished tracking log in a window of its own.
+    void open_log(const QString& path);
+
     // Shows or hides the items of the two optional windows, as the preferences have it.
     void update_optional_items() const;
 

@@ -158,6 +158,8 @@ int Program::run(const ProgramOptions& options, const DaemonChoice& daemon, cons
         save(m_settings, settings::chronyc_interval, 2);
     m_delegate.applicationDidFinishLaunching();
     show_problems();
+    for (const auto& log : options.logs)
+        m_delegate.open_log(QDir().absoluteFilePath(QString::fromStdString(log)));
     if (!options.screenshots.empty())
         start_tour(QString::fromStdString(options.screenshots), daemon, paths);
     const int status = QApplication::exec();

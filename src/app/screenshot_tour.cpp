@@ -99,11 +99,13 @@ void ScreenshotTour::plan_analysis() {
         m_application.main_window().cycle().refresh();
     };
     const QString tracking = QStringLiteral("TrackingWindow");
-    trigger("liveTracking");
-    const auto zoom_in = [this, tracking, refresh] {
+    const bool log_is_open = window_of({{}, {}, tracking}) != nullptr;
+    if (!log_is_open)
+        trigger("liveTracking");
+    const auto zoom_in = [this, tracking, refresh, log_is_open] {
         auto* window = window_of({{}, {}, tracking});
         auto* zoom = window != nullptr ? window->findChild<QSlider*>(QStringLiteral("hZoom")) : nullptr;
-        if (zoom != nullptr)
+        if (zoom != nullptr && !log_is_open)
             zoom->setValue(zoom->maximum());
         refresh();
     };
@@ -114,7 +116,8 @@ void ScreenshotTour::plan_analysis() {
     };
     m_stops.push_back({QStringLiteral("tracking"), zoom_in, tracking});
     m_stops.push_back({QStringLiteral("tracking-legend"), open_legend, tracking});
-    m_stops.push_back({QStringLiteral("tracking-dark"), [this, refresh] { show_dark(true), refresh(); }, tracking});
+    m_stops.push_back(
+        {QStringLiteral("tracking-dark"), [this, open_legend] { show_dark(true), open_legend(); }, tracking});
     m_stops.push_back({QStringLiteral("spectrum"),
                        [this, trigger, refresh] {
                            show_dark(false);

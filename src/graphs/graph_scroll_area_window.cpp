@@ -107,7 +107,9 @@ void GraphScrollArea::scroll_by(double dx, double dy) {
 }
 
 void GraphScrollArea::scroll_to_newest() {
-    scroll_by(m_right_gap, 0);
+    // In sight already when the present is: then the present is what people look for.
+    const double gap = m_newest_gap > viewport()->width() * 0.8 ? m_newest_gap : 0;
+    scroll_by(m_right_gap - gap, 0);
 }
 
 void GraphScrollArea::scroll_to_oldest() {

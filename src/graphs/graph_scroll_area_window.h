@@ -31,6 +31,8 @@ public:
     // Changes a horizontal scale with `change`, keeping the time under the pointer where it is.
     void zoom_about(double viewport_x, const std::function<void()>& change);
 
+    // Of an old log the newest record lies far left of the present: how many points, for scroll_to_newest.
+    void set_newest_gap(double points) { m_newest_gap = points; }
     void scroll_to_newest();
     void scroll_to_oldest();
 
@@ -68,6 +70,7 @@ private:
 
     PerformanceGraph& m_graph;
     Rect m_frame;
+    double m_newest_gap = 0;
     double m_right_gap = 0;    // points from the right edge in sight to the frame's right edge
     double m_above_center = 0; // points from the middle in sight to the frame's middle, where the zero line runs
     bool m_setting_bars = false;

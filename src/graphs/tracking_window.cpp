@@ -151,6 +151,8 @@ void TrackingWindow::apply_sliders() {
     m_view.set_vertical_scale(slider_value(m_controls.vScale));
     m_view.set_horizontal_zoom(slider_value(m_controls.hZoom));
     m_controls.trackingView->resize_frame();
+    if (m_ends && !m_view.m_livetracking)
+        show_newest();
 }
 
 void TrackingWindow::zoom(double steps, double viewport_x) {
@@ -215,6 +217,7 @@ void TrackingWindow::load_log() {
     }
     m_view.clear();
     m_ends.reset();
+    m_newest_shown = false;
     m_trackinglog->follow();
 }
 
@@ -231,12 +234,22 @@ void TrackingWindow::end_of_block() {
     if (std::exchange(m_animated, false))
         m_controls.loadingLog->hide();
     m_controls.trackingView->resize_frame();
+    if (m_ends && !m_view.m_livetracking)
+        show_newest();
     if (m_ends) {
         m_controls.startDate->setText(date_text(m_ends->first, locale()));
         m_controls.endDate->setText(date_text(m_ends->last, locale()));
     }
     update_spectrum_button();
     m_parts.data_changed();
+}
+
+// Once a log: afterwards people have scrolled where they want to be.
+void TrackingWindow::show_newest() {
+    const double gap = (m_view.right_end() - static_cast<double>(m_ends->last)) * m_view.xscale;
+    m_controls.trackingView->set_newest_gap(gap);
+    if (!std::exchange(m_newest_shown, true))
+        m_controls.trackingView->scroll_to_newest();
 }
 
 void TrackingWindow::update_spectrum_button() {

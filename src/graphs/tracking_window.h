@@ -74,6 +74,7 @@ private:
     void load_log();
     void take_line(std::string_view line, bool last);
     void end_of_block();
+    void show_newest();
     void show_problem(const std::string& sentence);
     void zoom(double steps, double viewport_x);
     void show_readout(double frame_x);
@@ -88,7 +89,8 @@ private:
     TrackingControls m_controls;
     QString m_logname;
     QString m_problem;
-    bool m_animated = false; // the busy indicator runs
+    bool m_newest_shown = false; // of this log, once
+    bool m_animated = false;     // the busy indicator runs
     std::optional<LogEnds> m_ends;
     popover_settings save_popover;
     popover_settings default_popover = TrackingSettings::defaults().legend;

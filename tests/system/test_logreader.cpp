@@ -127,7 +127,7 @@ TEST_F(FollowTest, AFolderIsNoLogUntilAFileTakesItsPlace) {
 
 TEST_F(FollowTest, ACompressedLogOpensLikeAnyOther) {
     std::string text;
-    for (int i = 0; i < 500000; ++i) // more than what is kept of the end
+    for (long i = 0; i < 500000; ++i) // more than what is kept of the end
         text += std::to_string(i * 7919) + "\n";
     const auto name = m_log + ".1.gz";
     gzFile file = gzopen(name.c_str(), "wb1");
