@@ -347,6 +347,45 @@ TEST_F(TickerctlTest, SpectrumOfATrackingLog) {
     }
 }
 
+TEST_F(TickerctlTest, RecordsOfATrackingLogAreToldSummedUpAndDrawn) {
+    const auto log =
+        file("tracking.log", "====\n2026-11-21 02:15:03 192.0.2.1 2 -5.123 0.1 1e-6 N 1 1e-6 2e-6 1e-3 1e-3\n"
+                             "2026-11-21 02:16:03 192.0.2.1 2 -5.123 0.1 3e-6 N 1 1e-6 - 1e-3 1e-3\n");
+    const auto records = run({"log", log, "--json"});
+    ASSERT_EQ(records.status, 0) << records.err;
+    const auto first = json::parse(records.out.substr(0, records.out.find('\n')));
+    EXPECT_EQ(first["timestamp"], "2026-11-21T02:15:03Z");
+    EXPECT_EQ(first["frequency"], -0.000005123);
+    EXPECT_EQ(first["rms_offset"], 1e-6);
+    EXPECT_NE(records.out.find("\"rem_cor\":null"), std::string::npos);
+    const auto summary = json::parse(run({"log", log, "--summary", "--json"}).out);
+    EXPECT_EQ(summary["count"], 2);
+    EXPECT_EQ(summary["offset"]["max"], 3e-6);
+    EXPECT_EQ(summary["offset"]["mean"], 2e-6);
+
+    const auto followed = run({"follow", log, "--json", "--for", "0.2"});
+    EXPECT_EQ(followed.status, 0) << followed.err;
+    EXPECT_EQ(std::ranges::count(followed.out, '\n'), 3);
+    EXPECT_NE(followed.out.find("\"last\":true"), std::string::npos);
+
+    const auto picture = m_home.path("graph.png");
+    EXPECT_EQ(run({"plot", "tracking", log, "-o", picture, "--hours", "1", "--end", "2026-11-21 02:20:00"}).status, 0);
+    EXPECT_EQ(testing::png_size(contents(picture)), std::pair(800U, 450U));
+    const std::pair<Words, int> cases[] = {
+        {{"log", file("empty.log", "====\n")}, 1},
+        {{"log", m_home.path("none.log")}, 2},
+        {{"plot", "tracking", log, "-o", picture, "--series", "offset,skew"}, 2},
+        {{"plot", "tracking", log, "-o", picture, "--end", "now"}, 2},
+        {{"plot", "tracking", m_home.path("empty.log"), "-o", picture}, 1},
+        {{"plot", "tracking", log, "-o", picture, "--linear", "--log"}, 2},
+    };
+    for (const auto& [words, status] : cases) {
+        const auto refused = run(words);
+        EXPECT_EQ(refused.status, status) << refused.err;
+        EXPECT_TRUE((status == 1 && refused.err.empty()) || is_one_line(refused.err)) << refused.err;
+    }
+}
+
 TEST_F(TickerctlTest, PlotsAreRealPicturesOfTheSizeAskedFor) {
     m_home.environment.erase("XDG_RUNTIME_DIR"); // as in a cron job
     const std::pair<Words, bool> cases[] = {{{"plot", "meter", "-2.5e4", "--per-second"}, true},

@@ -102,6 +102,23 @@ void add_picture_options(CLI::App* command, Arguments& arguments, std::string& s
     command->add_flag("--dark", arguments.dark, "on a dark background");
 }
 
+void add_plot_tracking(CommandLine& line, CLI::App* plot, Arguments& arguments) {
+    auto* tracking = line.add(plot, Job::plot_tracking, "tracking", "The graph of a tracking log");
+    tracking->add_option("FILE", arguments.log, "a log, such as /var/log/chrony/tracking.log")->required();
+    tracking->add_option("--series", arguments.shown_series, "such as offset,rms_offset; default: as in the settings");
+    auto* linear = tracking->add_flag("--linear", arguments.linear, "linear scale");
+    tracking->add_flag("--log", arguments.logarithmic, "logarithmic scale")->excludes(linear);
+    const auto zoom = number_within(-10, 10, "give a zoom from -10 to 10");
+    auto* hzoom = tracking->add_option("--hzoom", arguments.hzoom, "doubles the width with every 1")->check(zoom);
+    tracking->add_option("--vzoom", arguments.vzoom, "doubles the height with every 1")->check(zoom);
+    tracking->add_option("--vscale", arguments.vscale, "0: microseconds, 3: nanoseconds")->check(zoom);
+    tracking->add_option("--hours", arguments.hours, "so much history over the whole width")
+        ->check(number_within(0.01, 1000000, "give hours, from 0.01 to 1000000"))
+        ->excludes(hzoom);
+    tracking->add_option("--end", arguments.end, "2026-11-21T02:15:03Z; default: the last record");
+    add_picture_options(tracking, arguments, arguments.chart_size);
+}
+
 void add_plot(CommandLine& line, Arguments& arguments) {
     auto* plot = line.app.add_subcommand("plot", "The instruments and charts as pictures");
     plot->require_subcommand(1);
@@ -118,6 +135,7 @@ void add_plot(CommandLine& line, Arguments& arguments) {
     auto* spectrum = line.add(plot, Job::plot_spectrum, "spectrum", "The spectrum of a tracking log");
     add_spectrum_options(spectrum, arguments);
     add_picture_options(spectrum, arguments, arguments.chart_size);
+    add_plot_tracking(line, plot, arguments);
 }
 
 void add_all(CommandLine& line, Arguments& arguments) {

@@ -19,7 +19,8 @@ enum class Job : unsigned char {
     spectrum,
     plot_meter,
     plot_clock,
-    plot_spectrum
+    plot_spectrum,
+    plot_tracking
 };
 
 struct Arguments {
@@ -36,8 +37,16 @@ struct Arguments {
     bool summary = false;
     double for_seconds = 0; // 0: until interrupted
     std::string series = "offset";
-    std::optional<double> interval; // s
-    std::optional<double> duration; // s
+    std::optional<double> interval;          // s
+    std::optional<double> duration;          // s
+    std::optional<std::string> shown_series; // of the tracking graph, separated by commas
+    bool linear = false;
+    bool logarithmic = false;
+    std::optional<double> hzoom;
+    std::optional<double> vzoom;
+    std::optional<double> vscale;
+    std::optional<double> hours;
+    std::optional<std::string> end;
     std::string key;
     std::string value;
     double meter_value = 0; // ns, or ns/s

@@ -1,4 +1,5 @@
 // tickerctl: the program's logic without a window.
+#include "platform/linux/posix_followed_file.h"
 #include "platform/linux/private_temporary.h"
 #include "platform/linux/xdg_paths.h"
 #include "programs/tickerctl/arguments.h"
@@ -43,10 +44,24 @@ int plot_instrument(const Arguments& arguments, const PlotOptions& options) {
     return result == 0 ? 0 : fail(sentence);
 }
 
+int plot_graph(const Tool& tool, const PlotOptions& options) {
+    TrackingPlot graph;
+    if (const int result = tool.tracking_plot(graph); result != 0)
+        return result;
+    PosixFollowedFiles files;
+    std::string sentence;
+    const int result = plot_tracking(files, graph, options, sentence);
+    if (result != 0)
+        complain(sentence);
+    return result;
+}
+
 int plot_log(const Arguments& arguments, const PlotOptions& options) {
     DaemonAccess daemon;
     const EndSignals signals(daemon.execute());
     const Tool tool(arguments, process_paths(), daemon, signals);
+    if (arguments.job == Job::plot_tracking)
+        return plot_graph(tool, options);
     ComputedSpectrum spectrum;
     if (const int result = tool.read_spectrum(spectrum); result != 0)
         return result;
@@ -55,7 +70,7 @@ int plot_log(const Arguments& arguments, const PlotOptions& options) {
 }
 
 int plot(const Arguments& arguments, int argc, char** argv) {
-    const bool is_chart = arguments.job == Job::plot_spectrum;
+    const bool is_chart = arguments.job == Job::plot_spectrum || arguments.job == Job::plot_tracking;
     const std::string& size = is_chart ? arguments.chart_size : arguments.size;
     PlotOptions options;
     options.output = arguments.output;
@@ -124,7 +139,7 @@ int main(int argc, char** argv) {
         return status;
     qInstallMessageHandler(qt_message);
     if (arguments->job == Job::plot_meter || arguments->job == Job::plot_clock ||
-        arguments->job == Job::plot_spectrum) {
+        arguments->job == Job::plot_spectrum || arguments->job == Job::plot_tracking) {
         status = plot(*arguments, argc, argv);
         if (status == interrupted)
             end_as_asked();

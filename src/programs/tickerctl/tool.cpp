@@ -151,6 +151,25 @@ SpectrumChoice Tool::spectrum_choice() const {
             .duration = m_arguments.duration.value_or(load(m_settings, settings::SPECTRUM_duration))};
 }
 
+int Tool::tracking_plot(TrackingPlot& plot) const {
+    plot.log = m_arguments.log;
+    plot.settings = TrackingSettings::load(m_settings);
+    plot.hours = m_arguments.hours;
+    auto& legend = plot.settings.legend;
+    legend.use_logscale = m_arguments.logarithmic || (legend.use_logscale && !m_arguments.linear);
+    plot.settings.hZoom = m_arguments.hzoom.value_or(plot.settings.hZoom);
+    plot.settings.vZoom = m_arguments.vzoom.value_or(plot.settings.vZoom);
+    plot.settings.vScale = m_arguments.vscale.value_or(plot.settings.vScale);
+    if (m_arguments.shown_series && choose_series(*m_arguments.shown_series, legend) != 0)
+        return fail("There is no such series in \"" + *m_arguments.shown_series +
+                    "\"; there are offset, mean_offset, " +
+                    "rms_offset, offset_sd, rem_cor, mean_rem_cor, rms_rem_cor, rootdispersion and frequency.");
+    if (!m_arguments.end)
+        return 0;
+    plot.end = parse_log_time(*m_arguments.end);
+    return plot.end ? 0 : fail("A time is written as 2026-11-21T02:15:03Z, not \"" + *m_arguments.end + "\".");
+}
+
 int Tool::read_spectrum(ComputedSpectrum& spectrum) const {
     PosixFollowedFiles files;
     std::string sentence;

@@ -11,6 +11,7 @@
 #include "programs/tickerctl/arguments.h"
 #include "programs/tickerctl/daemon_access.h"
 #include "programs/tickerctl/end_signals.h"
+#include "programs/tickerctl/plot_tracking.h"
 #include "programs/tickerctl/settings_command.h"
 #include "programs/tickerctl/spectrum_command.h"
 
@@ -45,6 +46,9 @@ public:
     [[nodiscard]] int follow() const;
     [[nodiscard]] SettingsCommand settings_command();
     [[nodiscard]] int spectrum();
+
+    // The tracking graph that was asked for, over the stored settings; what is wrong is told.
+    [[nodiscard]] int tracking_plot(TrackingPlot& plot) const;
 
     // The spectrum that was asked for; what is wrong is told.
     [[nodiscard]] int read_spectrum(ComputedSpectrum& spectrum) const;
