@@ -140,9 +140,8 @@ void TickervantageWindow::show_settings() {
 }
 
 void TickervantageWindow::redraw_clock() {
-    // Hour and minute hand are part of the kept picture and move in half-minute steps, as station clocks do: painting
-    // them costs more than all else that the clock does in that time.
-    constexpr int seconds_per_picture = 30;
+    // The slow hands are part of the kept picture: every ten seconds they are off by a pixel, or the clock was set.
+    constexpr int seconds_per_picture = 10;
     const ClockTime now = local_clock_time();
     const int picture = (now.hour * 3600 + now.minute * 60 + now.second) / seconds_per_picture;
     if (std::exchange(m_clock_picture, picture) != picture)
