@@ -22,7 +22,6 @@ TrackingWindowParts AnalysisWindows::tracking_parts() {
             .lend_queue = m_parts.lend_queue,
             .spectrum_enabled = m_parts.spectrum_enabled,
             .show_spectrum = [this] { showSpectrum(); },
-            .data_changed = [] {}, // the spectrum asks for the records when it computes
             .write_picture = write_picture,
             .write_text = replace_small_file};
 }

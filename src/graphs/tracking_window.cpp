@@ -241,7 +241,7 @@ void TrackingWindow::end_of_block() {
         m_controls.endDate->setText(date_text(m_ends->last, locale()));
     }
     update_spectrum_button();
-    m_parts.data_changed();
+    Q_EMIT block_arrived();
 }
 
 // Once a log: afterwards people have scrolled where they want to be.

@@ -27,7 +27,6 @@ struct TrackingWindowParts {
     std::function<std::shared_ptr<DispatchQueueSerial>()> lend_queue; // for one reader, given back at its end
     std::function<bool()> spectrum_enabled;                           // as the preferences have it
     std::function<void()> show_spectrum;
-    std::function<void()> data_changed; // a block of lines has arrived
     std::function<int(const std::string& path, const PictureFormat& format,
                       const std::function<void(Canvas&, Rect)>& draw, std::string& sentence)>
         write_picture;
@@ -56,6 +55,7 @@ public:
 
 Q_SIGNALS:
     void windowDidBecomeMain();
+    void block_arrived();   // of lines, and was drawn
     void windowWillClose(); // after the settings were saved
 
 protected:
