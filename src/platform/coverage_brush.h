@@ -1,0 +1,37 @@
+// One colour, laid over pixels as densely as they are covered: 0 not at all, 255 wholly.
+//
+// Pixels are 0xAARRGGBB, their colours multiplied by alpha. A plain value; any thread.
+#pragma once
+
+#include "platform/color.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace tickervantage {
+
+// Somebody's pixels, row after row; at least as many as what is painted on them has.
+struct PixelRows {
+    std::uint32_t* first = nullptr;
+    std::ptrdiff_t stride = 0; // pixels from one row to the next
+};
+
+class CoverageBrush {
+public:
+    explicit CoverageBrush(const Color& color);
+
+    // A box, all of it inside: sides on whole pixels, its first and last row covered as far as it reaches into them.
+    void fill(const PixelRows& pixels, int left, int right, float top, float bottom) const;
+
+    // Eight pixels, the first one's coverage in the lowest bits. Those that are not covered are not touched.
+    void lay(std::uint64_t coverage, std::uint32_t* pixels) const;
+
+private:
+    void fill_column(std::uint32_t* pixel, std::ptrdiff_t stride, float top, float bottom) const;
+    void lay_one(std::uint32_t& pixel, float coverage) const;
+
+    std::array<std::uint32_t, 256> m_by_coverage{};
+};
+
+} // namespace tickervantage

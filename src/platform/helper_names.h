@@ -1,0 +1,41 @@
+// What the root helper and its callers have agreed on: names on the bus, keys of a message, action ids, limits.
+//
+// A message is a dictionary (a{sv}). The request carries "request", one line of text, and, once the administrator has
+// agreed, "auth", the 32 bytes that Authorise gave to this connection. The reply carries "reply", a text: what the
+// command printed, or one sentence that says why nothing was run.
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <cstddef>
+
+namespace tickervantage::helper {
+
+inline constexpr const char* bus_name = "net.brisklane.chronyhelper";
+inline constexpr const char* object_path = "/net/brisklane/chronyhelper";
+inline constexpr const char* interface_name = "net.brisklane.chronyhelper";
+
+inline constexpr const char* request_method = "Request";     // a{sv} in, a{sv} out
+inline constexpr const char* authorise_method = "Authorise"; // nothing in, ay out: the token
+inline constexpr const char* version_property = "Version";   // s
+inline constexpr const char* refused_error = "net.brisklane.chronyhelper.Error.Refused";
+
+inline constexpr const char* request_key = "request";
+inline constexpr const char* auth_key = "auth";
+inline constexpr const char* reply_key = "reply";
+
+inline constexpr const char* administer_action = "net.brisklane.tickervantage";
+inline constexpr const char* unsafe_config_action = "net.brisklane.tickervantage.unsafe-config";
+
+// The reply to a request whose authorisation is no longer worth anything.
+inline constexpr const char* lapsed_reply = "The authorisation does not hold for this connection, or holds no longer.";
+
+inline constexpr std::size_t token_size = 32;
+using Token = std::array<unsigned char, token_size>;
+
+inline constexpr std::size_t request_limit = 4096;
+inline constexpr std::size_t reply_limit = std::size_t{8} << 20U;
+inline constexpr std::chrono::minutes dialog_limit{5};        // for a person to type a password
+inline constexpr std::chrono::minutes request_limit_time{12}; // the longest job, with a dialog in it
+
+} // namespace tickervantage::helper

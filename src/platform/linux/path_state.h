@@ -1,0 +1,12 @@
+// Looking at a path. May wait for the disk or the network: on a queue.
+#pragma once
+
+#include "platform/path_state.h"
+
+#include <string>
+
+namespace tickervantage {
+
+[[nodiscard]] PathState path_state(const std::string& path);
+
+} // namespace tickervantage

@@ -1,0 +1,55 @@
+// Many lines and boxes laid onto a painter's pixels at once, by counting instead of painting.
+//
+// Where the painter's pixels can be written themselves, they are: a picture in memory, or a widget none of which is
+// hidden. Else what was drawn becomes a picture that the painter lays down. Coordinates are the canvas's: points, y up.
+// The painter must live from begin() to end(). One thread.
+#pragma once
+
+#include "platform/canvas.h"
+#include "platform/coverage_layer.h"
+
+#include <QColor>
+#include <QImage>
+#include <QRect>
+
+#include <span>
+
+class QPainter;
+
+namespace tickervantage {
+
+class PixelLayer {
+public:
+    // `height`: where y is 0, counted down from the painter's origin. False when the painter has no pixels to count, or
+    // none of them lies in the area.
+    [[nodiscard]] bool begin(QPainter& painter, Rect area, double height);
+    void end();
+    [[nodiscard]] bool is_open() const { return m_painter != nullptr; }
+
+    void use(const QColor& color); // for all that is added next
+    void add_line(Point from, Point to, double width);
+    void add_box(Rect box);
+
+    // An upright or level line as whole pixels, dashed from its start on.
+    void add_straight_line(Point from, Point to, double width, std::span<const double> dash);
+
+private:
+    void choose_target();
+    void add_pixels(int left, int top, int width, int height);
+    [[nodiscard]] double x(double at) const { return at * m_scale_x + m_left; }
+    [[nodiscard]] double y(double at) const { return m_bottom - at * m_scale_y; }
+
+    CoverageLayer m_coverage;
+    QImage m_picture; // where the painter's own pixels cannot be written
+    QPainter* m_painter = nullptr;
+    QRect m_pixels; // of the device
+    PixelRows m_target;
+    bool m_is_own_picture = false;
+    QColor m_color;
+    double m_scale_x = 1; // from points to pixels
+    double m_scale_y = 1;
+    double m_left = 0;
+    double m_bottom = 0;
+};
+
+} // namespace tickervantage
