@@ -1,0 +1,181 @@
+// What the plot of frequency against temperature costs, beside the least that any program has to do for it:
+//   update  10 sensors of 2000 points: append, refit all, trim, ranges, draw 800x450 pixels; beside the bare normal
+//           equations of the same fits in Eigen
+//   map     a file of 1,000,000 points, read and written; beside the JSON library into and out of the same columns
+//   large   10 sensors of 1,000,000 points: what an update costs the main thread
+// Prints one line of figures a case: name, our milliseconds, the other's.
+#include "freqtemp/freqtemp_view.h"
+#include "freqtemp/scatter_json.h"
+#include "platform/qt/qt_canvas.h"
+
+#include <Eigen/Dense>
+#include <nlohmann/json.hpp>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <random>
+#include <string>
+
+namespace tickervantage {
+namespace {
+
+constexpr std::size_t SENSORS = 10;
+
+double milliseconds(int rounds, const std::function<void()>& work) {
+    double best = 1e9;
+    for (int i = 0; i < rounds; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        work();
+        best =
+            std::min(best, std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
+    }
+    return best;
+}
+
+// Temperatures wander, frequencies follow them with noise.
+ScatterMap map_of(std::size_t sensors, std::size_t points) {
+    std::mt19937 random(3);
+    std::normal_distribution<double> step(0, 0.3);
+    std::normal_distribution<double> noise(0, 0.02);
+    ScatterMap map;
+    for (std::size_t s = 0; s < sensors; ++s) {
+        auto& entry = map["sensor" + std::to_string(s)];
+        entry.color = {0.1 * static_cast<double>(s), 0.5, 0.9, 0.75};
+        double temperature = 47;
+        for (std::size_t i = 0; i < points; ++i) {
+            temperature = std::clamp(temperature + step(random), 40.0, 55.0);
+            const double away = temperature - 45;
+            entry.points.append(
+                {temperature, -12 + 0.1 * static_cast<double>(s) + 0.02 * away + 0.003 * away * away + noise(random)});
+        }
+    }
+    return map;
+}
+
+double draw(FreqTempView& view, QImage& image) {
+    QPainter painter(&image);
+    QtCanvas canvas(painter, image.height(), CanvasColors::light());
+    view.draw(canvas, {0, 0, static_cast<double>(image.width()), static_cast<double>(image.height())});
+    return view.min_freq();
+}
+
+void append_and_trim(ScatterMap& map) {
+    for (auto& [name, entry] : map) {
+        entry.points.append(entry.points[0]);
+        entry.points.drop_front(1);
+    }
+}
+
+void update(ScatterMap& map, FreqTempView& view, QImage& image, int order) {
+    for (auto& [name, entry] : map) {
+        entry.points.append(entry.points[0]);
+        (void)entry.quadRegression->fit(entry.points.spans(), order);
+        entry.points.drop_front(1);
+    }
+    view.set_scatter(map);
+    (void)draw(view, image);
+}
+
+double bare_fit(const std::vector<double>& x, const std::vector<double>& y, int order) {
+    const auto rows = static_cast<Eigen::Index>(x.size());
+    Eigen::MatrixXd design(rows, order + 1);
+    Eigen::VectorXd values(rows);
+    for (Eigen::Index i = 0; i < rows; ++i) {
+        design(i, 0) = 1;
+        design(i, 1) = x[static_cast<std::size_t>(i)];
+        for (Eigen::Index k = 2; k <= order; ++k)
+            design(i, k) = design(i, k - 1) * design(i, k - 1);
+        values(i) = y[static_cast<std::size_t>(i)];
+    }
+    const Eigen::MatrixXd normal = design.transpose() * design;
+    const Eigen::MatrixXd inverse = normal.inverse();
+    const Eigen::VectorXd b = (inverse * design.transpose()) * values;
+    return b(0);
+}
+
+void bench_update() {
+    QImage image(800, 450, QImage::Format_ARGB32_Premultiplied);
+    for (const int order : {1, 2, 4}) {
+        ScatterMap map = map_of(SENSORS, 2000);
+        std::vector<std::vector<double>> x;
+        std::vector<std::vector<double>> y;
+        for (const auto& [name, entry] : map) {
+            auto& temperatures = x.emplace_back();
+            auto& frequencies = y.emplace_back();
+            for (std::size_t i = 0; i < entry.points.size(); ++i) {
+                temperatures.push_back(entry.points[i].temperature);
+                frequencies.push_back(entry.points[i].frequency);
+            }
+        }
+        FreqTempView view;
+        double sink = 0;
+        const double ours = milliseconds(100, [&] { update(map, view, image, order); });
+        const double drawing = milliseconds(100, [&] { sink += draw(view, image); });
+        const double bare = milliseconds(100, [&] {
+            for (std::size_t s = 0; s < SENSORS; ++s)
+                sink += bare_fit(x[s], y[s], order);
+        });
+        std::printf("update_order_%d %.4f %.4f\n", order, ours, bare);
+        std::printf("update_without_drawing_order_%d %.4f %.4f\n", order, ours - drawing, bare);
+        if (sink == 0.125)
+            std::puts("");
+    }
+}
+
+void bench_map() {
+    const ScatterMap map = map_of(1, 1'000'000);
+    std::string text;
+    const auto write = [&](std::string& to) {
+        to.clear();
+        (void)write_scatter_json(map, [&to](std::string_view piece) {
+            to += piece;
+            return 0;
+        });
+    };
+    write(text);
+    const double saving = milliseconds(3, [&] { write(text); });
+    ScatterMap loaded;
+    std::string sentence;
+    const double loading = milliseconds(3, [&] { (void)read_scatter_json(text, loaded, sentence); });
+    nlohmann::json tree;
+    const double parsing = milliseconds(2, [&] { tree = nlohmann::json::parse(text); });
+    std::size_t length = 0;
+    const double dumping = milliseconds(2, [&] { length += tree.dump(2).size(); });
+    std::printf("map_load %.1f %.1f\nmap_save %.1f %.1f\n", loading, parsing, saving, length > 0 ? dumping : 0);
+}
+
+void bench_large() {
+    QImage image(1600, 900, QImage::Format_ARGB32_Premultiplied);
+    ScatterMap map = map_of(SENSORS, 1'000'000);
+    const double fitting = milliseconds(1, [&] {
+        for (auto& [name, entry] : map) {
+            (void)entry.quadRegression->fit(entry.points.spans(), 2);
+            entry.digest = make_digest(entry.points);
+        }
+    });
+    FreqTempView view;
+    const double main_thread = milliseconds(5, [&] {
+        append_and_trim(map);
+        view.set_scatter(map);
+        (void)draw(view, image);
+    });
+    const double saving = milliseconds(5, [&] { (void)snapshot(map); });
+    std::printf("large_main_thread %.3f 50\nlarge_snapshot_for_saving %.3f 50\nlarge_on_the_queue %.1f 0\n",
+                main_thread, saving, fitting);
+}
+
+} // namespace
+} // namespace tickervantage
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    tickervantage::bench_update();
+    tickervantage::bench_map();
+    tickervantage::bench_large();
+}

@@ -1,0 +1,346 @@
+#include "freqtemp/freqtemp_view.h"
+#include "freqtemp/scatter_csv.h"
+#include "freqtemp/scatter_json.h"
+#include "support/freqtemp_parts.h"
+#include "support/recording_canvas.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <cmath>
+
+namespace tickervantage::testing {
+namespace {
+
+constexpr const char* MAP = "/data/Tickervantage/scattermap.json";
+
+std::string written(const ScatterMap& map) {
+    std::string text;
+    EXPECT_EQ(write_scatter_json(map,
+                                 [&text](std::string_view piece) {
+                                     text += piece;
+                                     return 0;
+                                 }),
+              0);
+    return text;
+}
+
+scatterEntry entry_of(std::size_t count, bool with_fit = false) {
+    scatterEntry entry;
+    for (std::size_t i = 0; i < count; ++i)
+        entry.points.append({20.2 + static_cast<double>(i % 100) * 0.115, std::sin(static_cast<double>(i))});
+    if (with_fit)
+        (void)entry.quadRegression->fit(entry.points.spans(), 2);
+    return entry;
+}
+
+TEST(PointList, StaysTheSameInACopyWhileBothGrow) {
+    PointList list;
+    for (int i = 0; i < 9000; ++i)
+        list.append({static_cast<double>(i), static_cast<double>(-i)});
+    PointList copy = list;
+    list.append({1, 111});
+    copy.append({2, 222});
+    list.drop_front(5000);
+    EXPECT_EQ(list.size(), 4001U);
+    EXPECT_EQ(list[0], (freqPoint{5000, -5000}));
+    EXPECT_EQ(list.back(), (freqPoint{1, 111}));
+    EXPECT_EQ(copy.back(), (freqPoint{2, 222}));
+    EXPECT_EQ(copy.size(), 9001U);
+    EXPECT_EQ(list.extent()->min_temperature, 1);
+    EXPECT_EQ(list.extent()->max_frequency, 111);
+    list.drop_front(3999);
+    list.drop_front(1);
+    EXPECT_EQ(list.extent()->max_temperature, 1);
+    std::size_t count = 0;
+    for (const auto& part : copy.spans())
+        count += part.x.size();
+    EXPECT_EQ(count, 9001U);
+}
+
+TEST(ScatterJson, KeepsWhatItDoesNotKnow) {
+    const std::string text =
+        R"({"gone/temp1": {"points": [{"temperature": 45, "frequency": -12.25, "at": [1, {"b": 2}]},
+        {"frequency": 1e-3, "temperature": 0.1}], "selected": false, "note": "x", "color": {"r":0, "g":0.5, "b":1, "a":0.75,
+        "name": null}, "quadRegression": {"r": 0.5, "y_stddev": 0.25, "x_min": 1, "x_max": 2, "coefficients": [1, 2.5],
+        "valid": true, "extra": {"deep": []}}}, "übrig": {"selected": true, "color": {"r":0,"g":0,"b":0,"a":0},
+        "quadRegression": {"r":0,"y_stddev":0,"x_min":0,"x_max":0,"coefficients":[],"valid":false}, "points": []}})";
+    ScatterMap map;
+    std::string sentence;
+    ASSERT_EQ(read_scatter_json(text, map, sentence), 0) << sentence;
+    EXPECT_EQ(map.at("gone/temp1").points[1], (freqPoint{0.1, 1e-3}));
+    EXPECT_EQ(map.at("gone/temp1").quadRegression->coefficients, (std::vector{1, 2.5}));
+    const std::string again = written(map);
+    EXPECT_EQ(nlohmann::json::parse(again), nlohmann::json::parse(text));
+    EXPECT_NE(again.find("\n        \"temperature\": 45,\n"), std::string::npos) << again;
+}
+
+TEST(ScatterJson, RefusesWhatDoesNotDecode) {
+    const std::string whole = written({{"s", entry_of(2, true)}});
+    ScatterMap map{{"old", entry_of(1)}};
+    std::string sentence;
+    for (std::size_t end = 0; end + 2 < whole.size(); ++end) {
+        ASSERT_EQ(read_scatter_json(whole.substr(0, end), map, sentence), -1) << end;
+        ASSERT_TRUE(map.contains("old"));
+    }
+    const std::string deep(100'000, '[');
+    for (const auto& [from, to] :
+         std::map<std::string, std::string>{{"\"selected\": true", "\"selected\": 1"},
+                                            {"\"selected\"", "\"chosen\""},
+                                            {"\"temperature\": 20.2", "\"temperature\": \"20\""},
+                                            {"\"g\": 0", "\"g\": 1e999"},
+                                            {"{\n  \"s\"", "{\"s\":" + deep + "\n  \"s\""},
+                                            {"\"points\"", "\"x\":" + deep + "\n\"points\""},
+                                            {"{\n  \"s\"", "[{\n  \"s\""}}) {
+        std::string text = whole;
+        ASSERT_NE(text.find(from), std::string::npos) << from;
+        text.replace(text.find(from), from.size(), to);
+        EXPECT_EQ(read_scatter_json(text, map, sentence), -1) << from;
+    }
+}
+
+TEST(ScatterCsv, ComesBackAsItWasWritten) {
+    ScatterMap map{{"a, \"b\"", entry_of(3)}, {"c", entry_of(2)}};
+    std::string text;
+    ASSERT_EQ(write_scatter_csv(map,
+                                [&text](std::string_view piece) {
+                                    text += piece;
+                                    return 0;
+                                }),
+              0);
+    ScatterMap back;
+    CsvDamage damage;
+    ASSERT_EQ(read_scatter_csv(text + "45.5, -12\nrubbish\n1,nan\n", "stem", back, damage), 0);
+    ASSERT_EQ(back.size(), 3U);
+    EXPECT_EQ(back.at("a, \"b\"").points.back(), map.at("a, \"b\"").points.back());
+    EXPECT_EQ(back.at("stem").points[0], (freqPoint{45.5, -12}));
+    EXPECT_EQ(damage.lines, 2U);
+    EXPECT_EQ(damage.first, 8U);
+    EXPECT_EQ(read_scatter_csv("temperature,frequency\n", "stem", back, damage), -1);
+}
+
+class FreqTempSessionTest : public ::testing::Test {
+protected:
+    FreqTempFakes m_fakes;
+    std::shared_ptr<const Sensors> m_told;
+
+    FreqTempSessionTest() {
+        m_fakes.sensors.readings = {{"cpu", "Package", 45}, {"disk", "", 31}, {"off", "Off", 0}};
+        m_fakes.broadcast.AddListener(sensor_inspector_key, "test", [this](std::string_view, const std::any& object) {
+            m_told = std::any_cast<std::shared_ptr<const Sensors>>(object);
+        });
+    }
+    std::unique_ptr<FreqTempSession> started(std::int64_t most = 2000) {
+        FreqTempSettings settings;
+        settings.max_samples = most;
+        auto session = std::make_unique<FreqTempSession>(m_fakes.parts(), settings, FreqTempEvents{});
+        session->start();
+        m_fakes.settle();
+        return session;
+    }
+    [[nodiscard]] nlohmann::json stored() { return nlohmann::json::parse(m_fakes.files.texts.at(MAP)); }
+};
+
+TEST_F(FreqTempSessionTest, PairsEveryFrequencyWithTheLatestTemperatures) {
+    const auto session = started();
+    EXPECT_EQ(session->menu().sensors(), (std::vector<tempSensor>{{"cpu", "Package"}, {"disk", "disk"}}));
+    EXPECT_EQ(session->scatter().at("cpu").color, (colorType{0, 1, 1, 0.75}));
+    EXPECT_EQ(session->scatter().at("disk").color, (colorType{1, 0, 0, 0.75}));
+    m_fakes.sample(-12); // before the first temperature
+    EXPECT_TRUE(m_told->sensors.empty());
+    m_fakes.tick();
+    m_fakes.sample(-12.5);
+    m_fakes.sensors.readings = {{"cpu", "Package", 46}, {"new", "New", 50}, {"off", "Off", 40}}; // the disk has gone
+    m_fakes.tick();
+    m_fakes.sample(-12.75);
+    m_fakes.sample(NAN);
+    ASSERT_EQ(session->scatter().size(), 2U);
+    EXPECT_EQ(session->scatter().at("cpu").points.back(), (freqPoint{46, -12.75}));
+    EXPECT_EQ(session->scatter().at("disk").points.back(), (freqPoint{31, -12.75}));
+    ASSERT_EQ(m_told->sensors.size(), 2U);
+    EXPECT_EQ(m_told->sensors[0].name, "Package");
+    EXPECT_EQ(m_told->sensors[0].regression->x_max, 46);
+    EXPECT_FALSE(m_told->sensors[0].regression->valid); // two temperatures are too few for degree 2
+    session->selectOrder(0);
+    m_fakes.settle();
+    EXPECT_TRUE(m_told->sensors[0].regression->valid);
+}
+
+TEST_F(FreqTempSessionTest, DropsTheOldestPointsAfterTheFit) {
+    const auto session = started(5);
+    session->selectOrder(0);
+    for (int i = 0; i < 7; ++i) {
+        m_fakes.sensors.readings[0].temperature = 40 + i;
+        m_fakes.tick();
+        m_fakes.sample(i);
+    }
+    EXPECT_EQ(session->samples(), 5U);
+    EXPECT_EQ(session->scatter().at("cpu").points[0].temperature, 42);
+    EXPECT_EQ(session->scatter().at("cpu").quadRegression->x_min, 41); // the point that went was fitted still
+    session->set_max_samples(2);
+    m_fakes.settle();
+    EXPECT_EQ(session->scatter().at("disk").points.size(), 2U);
+    EXPECT_EQ(session->samples(), 2U);
+}
+
+TEST_F(FreqTempSessionTest, SavesEveryHundredthSampleAndAtTheEnd) {
+    m_fakes.files.texts["/data/Tickervantage/scattermap.txt"] = "old";
+    auto session = started();
+    m_fakes.tick();
+    for (int i = 0; i < 99; ++i)
+        m_fakes.sample(i);
+    EXPECT_EQ(m_fakes.files.writes, 0);
+    m_fakes.sample(0);
+    EXPECT_EQ(stored()["cpu"]["points"].size(), 100U);
+    EXPECT_FALSE(m_fakes.files.texts.contains("/data/Tickervantage/scattermap.txt"));
+    session->clear();
+    m_fakes.settle();
+    EXPECT_EQ(stored()["cpu"]["points"].size(), 0U);
+    EXPECT_TRUE(m_told->sensors.empty());
+    m_fakes.sample(1);
+    session->close();
+    session.reset(); // though the queue was never turned again
+    EXPECT_EQ(stored()["cpu"]["points"].size(), 1U);
+    m_fakes.settle();
+    EXPECT_EQ(m_fakes.files.writes, 3);
+    EXPECT_TRUE(m_fakes.sensors.is_closed);
+    m_fakes.sample(2); // nobody listens
+}
+
+TEST_F(FreqTempSessionTest, FitsEventsThatComeTooFastTogether) {
+    const auto session = started();
+    m_fakes.tick();
+    session->selectOrder(0);
+    m_fakes.settle();
+    for (int i = 0; i < 100; ++i) {
+        m_fakes.sensors.readings[0].temperature = 40 + i % 7;
+        session->frequency_event(i);
+    }
+    EXPECT_EQ(m_fakes.queue.waiting(), 1U);
+    m_fakes.settle();
+    EXPECT_EQ(m_fakes.files.writes, 2); // the other when there were no samples, which is a hundredth one too
+    EXPECT_EQ(stored()["cpu"]["points"].size(), 100U);
+    EXPECT_EQ(m_told->sensors.size(), 2U);
+}
+
+TEST_F(FreqTempSessionTest, GoesOnWithAStoredMap) {
+    ScatterMap map{{"cpu", entry_of(4)}, {"gone", entry_of(3)}};
+    map.at("cpu").selected = false;
+    map.at("cpu").color = {1, 1, 1, 1};
+    m_fakes.files.texts[MAP] = written(map);
+    const auto session = started();
+    EXPECT_EQ(session->scatter().at("cpu").color, (colorType{0, 1, 1, 0.75}));
+    EXPECT_FALSE(session->scatter().at("cpu").selected);
+    EXPECT_FALSE(session->scatter().contains("disk")); // new, and the file does not know it
+    m_fakes.tick();
+    m_fakes.sample(1);
+    EXPECT_EQ(session->scatter().at("cpu").points.size(), 5U);
+    session->close();
+    m_fakes.settle();
+    EXPECT_EQ(stored()["gone"]["points"].size(), 3U);
+}
+
+TEST_F(FreqTempSessionTest, KeepsADamagedMapAsideAndBearsAFullDisk) {
+    m_fakes.files.texts[MAP] = "{\"cpu\":";
+    m_fakes.files.is_full = true;
+    const auto session = started();
+    EXPECT_EQ(m_fakes.files.texts.at(std::string(MAP) + ".damaged"), "{\"cpu\":");
+    EXPECT_EQ(session->scatter().size(), 2U);
+    session->close();
+    m_fakes.settle();
+    ASSERT_EQ(m_fakes.logger.sentences.size(), 2U);
+    EXPECT_NE(m_fakes.logger.sentences[1].find("The disk is full."), std::string::npos);
+}
+
+TEST_F(FreqTempSessionTest, ChecksSensorsOrNoSensor) {
+    const auto session = started();
+    session->selectSensor(SensorMenu::NO_SENSOR);
+    EXPECT_FALSE(session->scatter().at("cpu").selected);
+    EXPECT_FALSE(session->scatter().at("disk").selected);
+    session->selectSensor(SensorMenu::FIRST_SENSOR + 1);
+    EXPECT_TRUE(session->scatter().at("disk").selected);
+    EXPECT_FALSE(session->menu().is_checked(SensorMenu::NO_SENSOR));
+    session->selectSensor(SensorMenu::FIRST_SENSOR + 1);
+    EXPECT_FALSE(session->menu().is_checked(SensorMenu::NO_SENSOR));
+    session->selectSensor(99);
+}
+
+constexpr Rect VISIBLE{0, 0, 470, 338}; // the drawing area is 392 by 300, from (54, 34)
+
+TEST(FreqTempView, DrawsEverySelectedEntryInsideItsArea) {
+    FreqTempView view;
+    scatterEntry hidden = entry_of(5);
+    hidden.selected = false;
+    hidden.points.append({99, 99});
+    view.set_scatter({{"a", entry_of(100, true)}, {"b", hidden}});
+    EXPECT_EQ(view.min_temp(), 20);
+    EXPECT_EQ(view.max_temp(), 32);
+    EXPECT_EQ(view.min_freq(), -1);
+    EXPECT_EQ(view.max_freq(), 1);
+    RecordingCanvas canvas;
+    view.draw(canvas, VISIBLE);
+    ASSERT_EQ(canvas.boxes.size(), 1U);
+    EXPECT_EQ(canvas.boxes[0].boxes.size(), 100U);
+    EXPECT_NEAR(canvas.boxes[0].boxes[0].center().x, 54 + 0.2 / 12 * 392, 0.01);
+    EXPECT_EQ(canvas.polygons.size(), 2U);  // band and disc
+    EXPECT_EQ(canvas.polylines.size(), 2U); // fit and means
+    EXPECT_EQ(canvas.polylines[0].points.size(), 101U);
+    EXPECT_EQ(canvas.polylines[1].points.size(), 13U); // 20 to 32 degrees
+    ASSERT_EQ(canvas.texts.size(), 19U);               // every second temperature, all frequencies, two units
+    EXPECT_EQ(canvas.texts[5].text, "32.0");
+    const auto reading = view.reading_at(canvas.boxes[0].boxes[7].center(), VISIBLE);
+    ASSERT_TRUE(reading && reading->near);
+    EXPECT_EQ(reading->near->sensor, "a");
+    EXPECT_EQ(reading->fits.size(), 1U);
+    EXPECT_FALSE(view.reading_at({10, 10}, VISIBLE));
+}
+
+TEST(FreqTempView, StaysFiniteAtOneTemperatureAndWithoutPoints) {
+    scatterEntry entry;
+    for (int i = 0; i < 5; ++i)
+        entry.points.append({45, i * 0.5});
+    for (const bool is_empty : {false, true}) {
+        FreqTempView view;
+        view.set_scatter(is_empty ? ScatterMap{} : ScatterMap{{"a", entry}});
+        RecordingCanvas canvas;
+        view.draw(canvas, VISIBLE);
+        EXPECT_TRUE(canvas.polylines.empty());
+        EXPECT_EQ(canvas.boxes.size(), is_empty ? 0U : 1U);
+        EXPECT_EQ(view.is_empty(), is_empty);
+        for (const auto& boxes : canvas.boxes)
+            EXPECT_NEAR(boxes.boxes[0].center().x, 54 + 196, 2.5);
+        view.draw(canvas, {0, 0, 3, 3}); // no room at all
+    }
+}
+
+TEST(FreqTempView, CoversTheSameOfManyPointsAsOfTheSameOneByOne) {
+    // 400 places, each 60 times: enough for a digest, which has to cover what the places alone cover.
+    scatterEntry few;
+    scatterEntry many;
+    for (int i = 0; i < 24'000; ++i) {
+        const freqPoint point{20 + (i % 400) * 0.029, std::sin(i % 400)};
+        many.points.append(point);
+        if (i < 400)
+            few.points.append(point);
+    }
+    many.digest = make_digest(many.points);
+    ASSERT_TRUE(many.digest);
+    EXPECT_LE(many.digest->dots.size(), 400U);
+    std::vector<std::vector<bool>> covered;
+    for (const auto& entry : {few, many}) {
+        FreqTempView view;
+        view.set_scatter({{"a", entry}});
+        RecordingCanvas canvas;
+        view.draw(canvas, VISIBLE);
+        auto& pixels = covered.emplace_back(470 * 338);
+        for (const auto& boxes : canvas.boxes)
+            for (const auto& box : boxes.boxes)
+                for (double y = std::round(box.y); y < std::round(box.y + box.height); ++y)
+                    for (double x = std::round(box.x); x < std::round(box.x + box.width); ++x)
+                        pixels[static_cast<std::size_t>(y * 470 + x)] = true;
+    }
+    EXPECT_EQ(covered[0], covered[1]);
+}
+
+} // namespace
+} // namespace tickervantage::testing

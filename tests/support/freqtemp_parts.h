@@ -1,0 +1,90 @@
+// Everything a session of frequency against temperature needs, with cranks for the test to turn.
+#pragma once
+
+#include "freqtemp/freqtemp_session.h"
+#include "mainwindow/current_frequency.h"
+#include "platform/broadcast.h"
+#include "platform/sensors.h"
+#include "platform/user_files.h"
+#include "support/manual_dispatch.h"
+#include "support/manual_timer.h"
+#include "support/memory_stores.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace tickervantage::testing {
+
+class FakeSensors : public TemperatureSensors {
+public:
+    std::vector<SensorReading> readings;
+    bool is_closed = false;
+    [[nodiscard]] std::vector<SensorReading> read() override { return readings; }
+    void close() override { is_closed = true; }
+};
+
+class MemoryFiles : public UserFiles {
+public:
+    std::map<std::string, std::string> texts;
+    int writes = 0;
+    bool is_full = false;
+
+    [[nodiscard]] Found read(const std::string& path, std::size_t, std::string& text, std::string&) override {
+        const auto found = texts.find(path);
+        if (found == texts.end())
+            return Found::missing;
+        text = found->second;
+        return Found::text;
+    }
+    [[nodiscard]] int replace(const std::string& path, const std::function<int(const TextSink&)>& write,
+                              std::string& sentence) override {
+        std::string text;
+        ++writes;
+        sentence = "The disk is full.";
+        if (is_full || write([&text](std::string_view piece) {
+                           text += piece;
+                           return 0;
+                       }) != 0)
+            return -1;
+        texts[path] = text;
+        return 0;
+    }
+    [[nodiscard]] int set_aside(const std::string& path, std::string& kept_as, std::string&) override {
+        kept_as = path + ".damaged";
+        texts[kept_as] = texts[path];
+        texts.erase(path);
+        return 0;
+    }
+    void remove(const std::string& path) override { texts.erase(path); }
+};
+
+struct FreqTempFakes {
+    FakeSensors sensors;
+    MemoryFiles files;
+    ManualQueue queue;
+    ManualMainThread main_thread;
+    ManualMasterTimer timer;
+    Broadcast broadcast{main_thread};
+    MemoryLogger logger;
+
+    [[nodiscard]] FreqTempParts parts() {
+        return {sensors,     files, queue,     queue,  queue,
+                main_thread, timer, broadcast, logger, scatter_map_path("/data/Tickervantage")};
+    }
+    // Until nothing waits any more.
+    void settle() {
+        while (queue.turn() || main_thread.turn()) {
+        }
+    }
+    void sample(double frequency) {
+        broadcast.post(current_frequency_key, current_frequency{frequency}, Delivery::now);
+        settle();
+    }
+    void tick() {
+        timer.advance(1);
+        settle();
+    }
+};
+
+} // namespace tickervantage::testing

@@ -1,0 +1,252 @@
+#include "config/settings_catalogue.h"
+#include "freqtemp/freqtemp_plot_window.h"
+#include "freqtemp/freqtemp_window.h"
+#include "freqtemp/sensor_inspector_window.h"
+#include "freqtemp/sensor_table_window.h"
+#include "support/freqtemp_parts.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTableView>
+
+namespace tickervantage {
+namespace {
+
+constexpr const char* MAP = "/data/Tickervantage/scattermap.json";
+constexpr const char* EQUATION = "/bundle/freqtemp.rtf";
+
+struct FreqTempWindowTest : ::testing::Test {
+    testing::MemorySettingsStore store;
+    DefaultSettings settings{store};
+    testing::FreqTempFakes fakes;
+    std::string exported;
+    std::unique_ptr<FreqTempWindow> window;
+    std::unique_ptr<SensorInspector> inspector;
+
+    void SetUp() override { fakes.sensors.readings = {{"cpu", "Package & cores", 45}, {"disk", "", 30}}; }
+
+    void open() {
+        window = std::make_unique<FreqTempWindow>(FreqTempWindowParts{
+            .session = fakes.parts(),
+            .settings = settings,
+            .exports = {.queue = fakes.queue,
+                        .main_thread = fakes.main_thread,
+                        .write_picture = {},
+                        .write_text = [this](const std::string&, std::string_view bytes, std::string&) {
+                            exported = bytes;
+                            return 0;
+                        }}});
+        window->windowDidLoad();
+        window->show();
+    }
+    void open_and_settle() {
+        open();
+        fakes.settle();
+        fakes.tick(); // the first temperatures
+    }
+
+    void open_inspector() {
+        inspector = std::make_unique<SensorInspector>(
+            SensorInspectorParts{fakes.broadcast, fakes.files, fakes.queue, fakes.main_thread, EQUATION, [this] {
+                                     if (window)
+                                         window->tell_inspector();
+                                 }});
+        inspector->windowDidLoad();
+        inspector->show();
+        fakes.settle();
+    }
+
+    template <typename Widget>
+    Widget* find(const char* name) {
+        auto* found = window->findChild<Widget*>(QLatin1String(name));
+        EXPECT_NE(found, nullptr) << name;
+        return found;
+    }
+    FreqTempPlot* plot() { return find<FreqTempPlot>("m_scatterplot"); }
+    QAction* item(int index) { return find<QPushButton>("m_select_sensor")->menu()->actions().at(index); }
+    QString samples() { return find<QLabel>("m_samples")->text(); }
+    QString cell(const char* identifier) {
+        return inspector->findChild<SensorTable*>()->text_of(0, QLatin1String(identifier));
+    }
+};
+
+TEST_F(FreqTempWindowTest, SaysWhyThereIsNothingToSee) {
+    const auto says = [this](const char* words) {
+        EXPECT_TRUE(plot()->empty_text().contains(QLatin1String(words))) << plot()->empty_text().toStdString();
+    };
+    open();
+    says("Looking");
+    fakes.settle();
+    says("Collecting");
+    item(1)->trigger();
+    says("No sensor is selected");
+    window->close();
+    fakes.settle();
+    ASSERT_TRUE(fakes.files.texts.contains(MAP));
+    fakes.sensors.readings.clear();
+    fakes.files.texts.clear();
+    open_and_settle();
+    says("lm-sensors");
+    fakes.sensors.readings = {{"new", "", 20}};
+    fakes.files.texts[MAP] = "{}";
+    open_and_settle();
+    says(MAP);
+}
+
+TEST_F(FreqTempWindowTest, ControlsReachTheSessionAndAreSavedOnClosing) {
+    open_and_settle();
+    fakes.sample(-10);
+    EXPECT_EQ(samples(), QStringLiteral("1"));
+    EXPECT_EQ(find<QComboBox>("m_order")->count(), settings::regression_order.maximum + 1);
+    find<QComboBox>("m_order")->setCurrentIndex(3);
+    Q_EMIT find<QComboBox>("m_order")->activated(3);
+    find<QCheckBox>("m_show_mean_frequency")->click();
+    EXPECT_FALSE(plot()->view().m_show_mean_frequency);
+    EXPECT_TRUE(plot()->view().m_show_last_record);
+    fakes.sample(-11);
+    find<QSpinBox>("m_maxsamples")->setValue(1);
+    EXPECT_EQ(load(settings, settings::max_samples), 1) << "at once";
+    fakes.settle();
+    EXPECT_EQ(samples(), QStringLiteral("1"));
+    window->close();
+    EXPECT_EQ(load(settings, settings::regression_order), 3);
+    EXPECT_FALSE(load(settings, settings::show_mean_frequency));
+    EXPECT_EQ(window->session(), nullptr);
+    window->windowDidLoad();
+    fakes.settle();
+    EXPECT_EQ(samples(), QStringLiteral("1")) << "from the stored map";
+    EXPECT_EQ(find<QComboBox>("m_order")->currentIndex(), 3);
+}
+
+TEST_F(FreqTempWindowTest, MenuShowsWhatIsDrawn) {
+    open_and_settle();
+    fakes.sample(-10);
+    EXPECT_EQ(item(3)->text(), QStringLiteral("Package && cores"));
+    EXPECT_EQ(item(4)->text(), QStringLiteral("disk"));
+    EXPECT_TRUE(item(3)->isChecked() && item(4)->isChecked());
+    EXPECT_TRUE(find<QLabel>("legend")->text().contains(QStringLiteral("Package&nbsp;&amp;&nbsp;cores")));
+    item(1)->trigger();
+    EXPECT_TRUE(item(1)->isChecked());
+    EXPECT_FALSE(item(3)->isChecked() || item(4)->isChecked());
+    EXPECT_TRUE(plot()->view().is_empty());
+    item(4)->trigger();
+    EXPECT_FALSE(item(1)->isChecked());
+    EXPECT_EQ(plot()->view().min_temp(), 30);
+    EXPECT_FALSE(find<QLabel>("legend")->text().contains(QStringLiteral("cores")));
+    window->exports().export_to(QStringLiteral("a.csv"));
+    fakes.settle();
+    EXPECT_EQ(exported, "temperature,frequency,sensor\n30,-10,disk\n") << "what is shown";
+}
+
+TEST_F(FreqTempWindowTest, ClearAsksFirst) {
+    open_and_settle();
+    fakes.sample(-10);
+    const auto answer = [this](const char* button) {
+        find<QPushButton>("clear")->click();
+        auto* box = window->findChild<QMessageBox*>();
+        ASSERT_NE(box, nullptr);
+        for (auto* one : box->buttons())
+            if (one->text().remove(QLatin1Char('&')) == QLatin1String(button))
+                one->click();
+        QCoreApplication::sendPostedEvents(box, QEvent::DeferredDelete);
+        fakes.settle();
+    };
+    answer("Cancel");
+    EXPECT_EQ(samples(), QStringLiteral("1"));
+    answer("Delete Points");
+    EXPECT_EQ(samples(), QStringLiteral("0"));
+    EXPECT_FALSE(find<QPushButton>("clear")->isEnabled());
+}
+
+TEST_F(FreqTempWindowTest, KeysMoveAReadingOverThePlot) {
+    open_and_settle();
+    for (const double frequency : {-10.5, -11.5})
+        fakes.sample(frequency);
+    const auto reading_after = [this](int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QKeyEvent press(QEvent::KeyPress, key, modifiers);
+        QApplication::sendEvent(plot(), &press);
+        return find<QLabel>("reading")->text();
+    };
+    EXPECT_TRUE(reading_after(Qt::Key_Home).startsWith(QStringLiteral("30.0 °C, -11.000 ppm")))
+        << find<QLabel>("reading")->text().toStdString();
+    EXPECT_TRUE(reading_after(Qt::Key_Right, Qt::ShiftModifier).startsWith(QStringLiteral("31.5 °C")));
+    const auto end_text = reading_after(Qt::Key_End);
+    EXPECT_TRUE(end_text.startsWith(QStringLiteral("45.0 °C"))) << end_text.toStdString();
+    EXPECT_EQ(reading_after(Qt::Key_Escape), QString());
+}
+
+TEST_F(FreqTempWindowTest, WorkUnderWayMayOutliveTheWindow) {
+    open_and_settle();
+    fakes.broadcast.post(current_frequency_key, current_frequency{-10}, Delivery::now);
+    window->close();
+    fakes.settle();
+    EXPECT_EQ(samples(), QStringLiteral("0")) << "of a closed session nothing more is shown";
+    window->windowDidLoad();
+    fakes.queue.turn();
+    window.reset();
+    fakes.settle();
+    EXPECT_NE(fakes.files.texts[MAP].find("-10"), std::string::npos);
+}
+
+TEST_F(FreqTempWindowTest, InspectorShowsWhatTheWindowTells) {
+    open_inspector();
+    auto* table = inspector->findChild<QTableView*>(QStringLiteral("m_sensors_table"));
+    EXPECT_FALSE(table->isVisible());
+    EXPECT_EQ(cell("temp"), QString());
+    save(settings, settings::regression_order, 0);
+    open_and_settle();
+    for (int i = 0; i < 4; ++i) {
+        fakes.sensors.readings[0].temperature = 40 + i;
+        fakes.tick();
+        fakes.sample(-10 - 0.5 * i);
+    }
+    EXPECT_TRUE(table->isVisible());
+    for (const auto& [identifier, text] : {std::pair{"sensor", "Package & cores"},
+                                           {"temp", "43.0"},
+                                           {"freq", "-11.500"},
+                                           {"r", "1"},
+                                           {"a", "10"},
+                                           {"b", "-0.5"},
+                                           {"c", "0"},
+                                           {"d", ""}})
+        EXPECT_EQ(cell(identifier), QLatin1String(text)) << identifier;
+    inspector->copy_rows();
+    EXPECT_TRUE(QApplication::clipboard()->text().contains(QStringLiteral("Package & cores\t43.0\t-11.500\t1\t10")));
+    inspector->close();
+    fakes.sample(-12);
+    EXPECT_EQ(cell("freq"), QStringLiteral("-11.500"));
+    inspector->windowDidLoad();
+    fakes.settle();
+    EXPECT_EQ(cell("freq"), QStringLiteral("-12.000")) << "without waiting for the next frequency";
+}
+
+TEST_F(FreqTempWindowTest, EquationIsShownOrItsFailureToldOnStandardOutput) {
+    const auto equation = [this] {
+        return inspector->findChild<QLabel*>(QStringLiteral("m_equation"))->text();
+    };
+    ::testing::internal::CaptureStdout();
+    open_inspector();
+    EXPECT_EQ(equation(), QString());
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(), "") << "a missing text is no fault";
+    ::testing::internal::CaptureStdout();
+    fakes.files.texts[EQUATION] = "plain text";
+    open_inspector();
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(), "Got an error it is not in the Rich Text Format\n");
+    fakes.files.texts[EQUATION] = "{\\rtf1 f < {\\i T\\super 2}}";
+    open_inspector();
+    EXPECT_TRUE(equation().contains(QStringLiteral("f &lt; <i>T</i><sup><i>2</i></sup>"))) << equation().toStdString();
+}
+
+} // namespace
+} // namespace tickervantage
