@@ -1,0 +1,60 @@
+// A chrony.conf as a document: from bytes to text and back, and saving it without losing anybody's work.
+//
+// The text has "\n" at the end of its lines. A file in which most lines end with "\r\n" gets them back when it is
+// saved. Files are read and replaced through functions handed in; those wait for the disk, so not on the main thread.
+// Results are 0, or -1 with one sentence.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tickervantage {
+
+struct FoundFile {
+    enum class Outcome : unsigned char { read, missing, unreadable };
+    Outcome outcome = Outcome::missing;
+    std::string bytes;    // with `read`
+    std::string sentence; // otherwise
+};
+
+struct DocumentFiles {
+    std::function<FoundFile(const std::string& path, std::size_t limit)> read;
+    std::function<int(const std::string& path, std::string_view bytes, std::string& sentence)> replace;
+};
+
+inline constexpr std::size_t largest_document = 64U << 20U; // bytes
+
+enum class LineEnds : unsigned char { unix_style, dos_style };
+
+struct DocumentText {
+    std::string text;
+    LineEnds line_ends = LineEnds::unix_style;
+    std::size_t stamp = 0; // tells these bytes of the file from others
+};
+
+[[nodiscard]] int decode_document(std::string bytes, DocumentText& document, std::string& sentence);
+[[nodiscard]] int load_document(const DocumentFiles& files, const std::string& path, DocumentText& document,
+                                std::string& sentence);
+
+struct SaveRequest {
+    std::string path;
+    std::string text;
+    LineEnds line_ends = LineEnds::unix_style;
+    std::optional<std::size_t> known; // the stamp of the file as last read or saved; none: overwrite whatever is there
+};
+
+struct SaveAnswer {
+    enum class Outcome : unsigned char { saved, changed_meanwhile, failed };
+    Outcome outcome = Outcome::failed;
+    std::size_t stamp = 0; // with `saved`
+    std::string sentence;  // with `failed`
+};
+
+// A file that is a link is replaced where it lies; the link stays. With `changed_meanwhile` nothing was written: the
+// file holds other bytes than those known, or has gone.
+[[nodiscard]] SaveAnswer save_document(const DocumentFiles& files, const SaveRequest& request);
+
+} // namespace tickervantage

@@ -1,0 +1,31 @@
+// The questions and answers of the configuration editor, each a sheet of its window. They return at once and delete
+// themselves; what was chosen comes to the function given. Main thread.
+#pragma once
+
+#include "config/configuration_check.h"
+
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+namespace tickervantage {
+
+void show_syntax_ok(QWidget* window, const std::vector<ConfigurationWarning>& warnings);
+void show_syntax_error(QWidget* window, const ConfigError& error);
+void show_doubt(QWidget* window, const ConfigError& error); // no error was found, yet chronyd refuses
+void show_failure(QWidget* window, const QString& what, const QString& sentence);
+
+void ask_to_install(QWidget* window, const QString& path, std::function<void()> install);
+
+enum class UnsavedChoice : unsigned char { save, discard, keep_editing };
+void ask_about_unsaved(QWidget* window, const QString& title, std::function<void(UnsavedChoice)> chosen);
+
+enum class ConflictChoice : unsigned char { overwrite, save_as, reload, keep_editing };
+void ask_about_conflict(QWidget* window, const QString& path, std::function<void(ConflictChoice)> chosen);
+
+// "Line 3: keyfile: /etc/k does not exist."
+[[nodiscard]] QString words_of(const ConfigurationWarning& warning);
+
+} // namespace tickervantage

@@ -1,0 +1,69 @@
+#include "config/preferences_window.h"
+
+#include "config/preferences_advanced_window.h"
+#include "config/preferences_general_window.h"
+#include "config/preferences_update_window.h"
+
+#include <QCloseEvent>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+// On a small screen the pane scrolls rather than being cut off.
+template <typename Pane>
+Pane* add_pane(QTabWidget* tabs, Pane* pane) {
+    auto* area = new QScrollArea(tabs);
+    area->setWidget(pane);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setMinimumWidth(pane->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
+    tabs->addTab(area, Pane::toolbarItemIcon(), Pane::toolbarItemTitle());
+    return pane;
+}
+
+} // namespace
+
+Preferences::Preferences(PreferencesParts parts) : m_parts(std::move(parts)) {
+    setObjectName(QStringLiteral("Preferences"));
+    //: preferences window: title
+    setWindowTitle(tr("Preferences"));
+    m_window = new QTabWidget(this);
+    m_window->setObjectName(QStringLiteral("m_window"));
+    //: preferences window: name of its panes
+    m_window->setAccessibleName(tr("Panes"));
+    prefsGeneral = add_pane(m_window, new PreferencesGeneralPane(m_parts));
+    prefsAdvanced = add_pane(m_window, new PreferencesAdvancedPane(m_parts));
+    prefsUpdate = add_pane(m_window, new PreferencesUpdatePane(m_parts.version));
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(m_window);
+    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, [this] { close(); });
+    constexpr int frame = 24; // of tabs and window around the pane
+    resize(minimumSizeHint().width(), prefsGeneral->sizeHint().height() + 3 * frame);
+}
+
+void Preferences::show_pane(Pane pane) {
+    if (!isVisible()) {
+        prefsGeneral->show_record();
+        prefsAdvanced->show_record();
+    }
+    m_window->setCurrentIndex(static_cast<int>(pane));
+    show();
+    raise();
+    activateWindow();
+}
+
+void Preferences::closeEvent(QCloseEvent* event) {
+    prefsGeneral->save_settings();
+    m_parts.advanced.save(m_parts.settings);
+    QWidget::closeEvent(event);
+}
+
+} // namespace tickervantage

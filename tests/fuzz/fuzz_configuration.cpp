@@ -1,0 +1,67 @@
+// Any bytes as a chrony.conf: read as directives, as a document and for warnings.
+#include "config/config_document.h"
+#include "config/configuration.h"
+#include "config/configuration_warnings.h"
+#include "config/directives.h"
+#include "fuzz/require.h"
+
+#include <algorithm>
+
+using namespace tickervantage;
+
+namespace {
+
+void read_as_directives(const std::string& text) {
+    Configuration configuration;
+    configuration.read(text);
+    for (const auto& [name, value] : configuration.all()) {
+        require(!name.empty() && name.front() != '#' && !value.empty());
+        require(text.find(name) != std::string::npos && text.find(value) != std::string::npos);
+    }
+}
+
+void read_for_warnings(const std::string& text) {
+    const WarningProbes probes{.look =
+                                   [](const std::string& path, const std::string&) {
+                                       require(path.starts_with('/'));
+                                       return PathFacts{.kind = static_cast<PathFacts::Kind>(path.size() % 6)};
+                                   },
+                               .user_exists =
+                                   [](const std::string& user) {
+                                       return user.size() % 2 == 0;
+                                   }};
+    const auto lines = static_cast<std::size_t>(std::ranges::count(text, '\n')) + 1;
+    for (const auto& warning : configuration_warnings(text, probes))
+        require(warning.line >= 1 && warning.line <= lines && !warning.sentence.empty());
+}
+
+void read_as_document(const std::string& text) {
+    DocumentText document;
+    std::string sentence;
+    if (decode_document(text, document, sentence) != 0) {
+        require(!sentence.empty());
+        return;
+    }
+    require(document.text.find("\r\n") == std::string::npos || text.find("\r\r\n") != std::string::npos);
+    std::string saved;
+    const DocumentFiles files{.read = {}, .replace = [&](const std::string&, std::string_view bytes, std::string&) {
+                                  saved = bytes;
+                                  return 0;
+                              }};
+    const SaveAnswer answer = save_document(files, {"/no/such", document.text, document.line_ends, {}});
+    require(answer.outcome == SaveAnswer::Outcome::saved);
+    if (text.find('\r') == std::string::npos)
+        require(saved == text);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string text(data, data + size);
+    const LineParts parts = parts_of_line(text);
+    require(parts.start + parts.length <= text.size());
+    read_as_directives(text);
+    read_for_warnings(text);
+    read_as_document(text);
+    return 0;
+}

@@ -1,0 +1,273 @@
+#include "config/config_document.h"
+#include "config/configuration_check.h"
+#include "config/directives.h"
+#include "programs/tickerctl/check_command.h"
+#include "programs/tickerctl/config_command.h"
+#include "support/scripted_execute.h"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include <map>
+#include <set>
+#include <sstream>
+
+namespace tickervantage {
+namespace {
+
+TEST(CheckAnswer, TheScannerFindsMessageLineAndFile) {
+    struct Row {
+        const char* answer;
+        const char* message;
+        long long line;
+        const char* file;
+    };
+    for (const auto& row : {Row{"", "", 0, ""},
+                            {"pool x\n", "", 0, ""},
+                            {"T Fatal error : Invalid directive at line 3 in file /tmp/c.conf\n",
+                             "Fatal error : Invalid directive at line 3", 3, "/tmp/c.conf"},
+                            {"Fatal error : Invalid directive at line 3 in file /tmp/c.conf\n", "", 0, ""},
+                            {"T Fatal error : Could not open /c.conf : No such file\n", "", 0, ""},
+                            {"T in file x Fatal error : y\n", "", 0, ""},
+                            {"T Fatal error : Could not parse m2 directive at line 7 in file c\nserver\n",
+                             "Fatal error : Could not parse m2 directive at line 7", 2, "c"},
+                            {"T Fatal error : no number in file", "Fatal error : no number", 0, ""},
+                            {"\nFatal error :  in filefoo", "Fatal error : ", 0, "foo"},
+                            {"T Fatal error : 99999999999999999999 in file c", "Fatal error : 99999999999999999999",
+                             std::numeric_limits<long long>::max(), "c"}}) {
+        const ConfigError error = parse_check_answer(row.answer);
+        EXPECT_EQ(error.m_msg, row.message) << row.answer;
+        EXPECT_EQ(error.m_line, row.line) << row.answer;
+        EXPECT_EQ(error.m_file, row.file) << row.answer;
+        EXPECT_EQ(error.m_isok, error.m_msg.empty()) << row.answer;
+    }
+}
+
+struct CheckTest : ::testing::Test {
+    testing::ScriptedExecute execute;
+    std::vector<std::string> chronyds{"/one/chronyd"};
+    std::string written;
+    int write_result = 0;
+    SyntaxCheckParts parts{.execute = execute,
+                           .chronyds = [this] { return chronyds; },
+                           .replace_file =
+                               [this](const std::string& path, std::string_view bytes, std::string& sentence) {
+                                   written = path + "|" + std::string(bytes);
+                                   sentence = write_result == 0 ? "" : "The disk is full.";
+                                   return write_result;
+                               },
+                           .temporary = "/no/such/folder/"};
+
+    void outcome(ExecuteOutcome what, const std::string& sentence) {
+        execute.answers["chronyd"] = {what, -1, "", sentence};
+    }
+};
+
+TEST_F(CheckTest, AsksChronydAboutAFileInTheTemporaryFolder) {
+    execute.answer("chronyd", "pool x\n");
+    EXPECT_TRUE(checkSyntax(parts, "pool x\n").passed());
+    EXPECT_EQ(written, "/no/such/folder/check_chrony.conf|pool x\n");
+    EXPECT_EQ(execute.calls, std::vector<std::string>{"chronyd|-p|-f|/no/such/folder/check_chrony.conf"});
+    execute.answer("chronyd", "T Fatal error : Invalid directive at line 1 in file /no/such/folder/check_chrony.conf\n",
+                   1);
+    const ConfigError error = checkSyntax(parts, "x\n");
+    EXPECT_FALSE(error.m_isok);
+    EXPECT_EQ(error.m_file, ""); // the text's own lines are counted
+    EXPECT_EQ(error.m_doubt, "");
+}
+
+TEST_F(CheckTest, WhatTheScannerDoesNotSeeIsADoubt) {
+    execute.answer("chronyd", "T Fatal error : Could not open /nope : No such file or directory\n", 1);
+    ConfigError error = checkSyntax(parts, "include /nope\n");
+    EXPECT_TRUE(error.m_isok);
+    EXPECT_FALSE(error.passed());
+    EXPECT_EQ(error.m_doubt, "chronyd refuses this configuration: Could not open /nope : No such file or directory.");
+    outcome(ExecuteOutcome::timed_out, "It took too long.");
+    error = checkSyntax(parts, "x");
+    EXPECT_TRUE(error.m_isok);
+    EXPECT_NE(error.m_doubt.find("did not end in time"), std::string::npos) << error.m_doubt;
+    outcome(ExecuteOutcome::not_started, "It is no program.");
+    EXPECT_EQ(checkSyntax(parts, "x").m_doubt, "It is no program.");
+}
+
+TEST_F(CheckTest, AChronydThatMayNotReadTheFileIsNotTheLastWord) {
+    chronyds = {"/one/chronyd", "/two/chronyd-of-the-bundle"};
+    execute.answer("chronyd", "T Fatal error : Could not open /no/such/folder/check_chrony.conf : Permission denied\n",
+                   1);
+    execute.answer("chronyd-of-the-bundle", "x\n");
+    EXPECT_TRUE(checkSyntax(parts, "x").passed());
+    EXPECT_EQ(execute.calls.size(), 2U);
+}
+
+TEST_F(CheckTest, WithoutChronydTheTextPassesAndIsWarnedOf) {
+    chronyds.clear();
+    const WarningProbes probes{.look = [](auto&, auto&) { return PathFacts(); },
+                               .user_exists =
+                                   [](auto&) {
+                                       return true;
+                                   }};
+    const ConfigurationCheck check = check_configuration({parts, probes}, "nonsense\n");
+    EXPECT_TRUE(check.error.passed());
+    ASSERT_EQ(check.warnings.size(), 1U);
+    EXPECT_TRUE(execute.calls.empty());
+}
+
+TEST_F(CheckTest, AFileThatCannotBeWrittenIsAFailedCheckWithoutAMessage) {
+    write_result = -1;
+    const ConfigError error = checkSyntax(parts, "x");
+    EXPECT_FALSE(error.m_isok);
+    EXPECT_EQ(error.m_msg, "");
+    EXPECT_EQ(error.m_line, 0);
+    EXPECT_EQ(error.m_doubt, "The disk is full.");
+}
+
+TEST(Warnings, NameWhatTheDaemonWillMiss) {
+    using Kind = PathFacts::Kind;
+    const std::map<std::string, PathFacts> paths{
+        {"/there", {Kind::file}},      {"/secret", {Kind::file, false, false}},
+        {"/folder", {Kind::folder}},   {"/locked", {Kind::folder, true, false}},
+        {"/dev/pps0", {Kind::device}}, {"/hidden", {Kind::unknown}}};
+    const WarningProbes probes{.look =
+                                   [&](const std::string& path, const std::string& user) {
+                                       const auto found = paths.find(path);
+                                       PathFacts facts =
+                                           found == paths.end() ? PathFacts{Kind::missing} : found->second;
+                                       facts.readable = facts.readable || user == "root";
+                                       facts.writable = facts.writable || user == "root";
+                                       return facts;
+                                   },
+                               .user_exists =
+                                   [](const std::string& user) {
+                                       return user == "_chrony";
+                                   }};
+    for (const auto& [line, words] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"include /nope", "/nope does not exist"},
+             {"include /nope/*.conf", ""},
+             {"INCLUDE /folder", "is no file"},
+             {"include /there", ""},
+             {"include /hidden", ""},
+             {"confdir /folder /nope", "/nope does not exist"},
+             {"sourcedir /there", "is no folder"},
+             {"keyfile /nope", "does not exist"},
+             {"keyfile /secret", "the user _chrony, as whom chronyd runs, cannot read /secret"},
+             {"ntsserverkey /secret", "cannot read"},
+             {"ntsservercert /there", ""},
+             {"ntstrustedcerts 1 /nope", "/nope does not exist"},
+             {"refclock PPS /dev/pps0:clear lock GPS", ""},
+             {"refclock PHC /dev/ptp9 poll 0", "/dev/ptp9 does not exist"},
+             {"refclock PPS /there", "is no device"},
+             {"refclock SOCK /nope/x.sock", "/nope does not exist"},
+             {"refclock SHM 0", ""},
+             {"refclock GPS 0", "no driver GPS"},
+             {"logdir /folder/new", ""},
+             {"logdir /nope/new", "/nope does not exist"},
+             {"dumpdir /locked", "cannot write in the folder /locked"},
+             {"driftfile /locked/drift", "cannot write in the folder /locked"},
+             {"driftfile /folder/drift", ""},
+             {"bindcmdaddress /nope/a/b.sock", "/nope does not exist"},
+             {"bindcmdaddress 127.0.0.1", ""},
+             {"leapsectz right/UTC", "/usr/share/zoneinfo/right/UTC does not exist"},
+             {"user nobody9", "no user nobody9"},
+             {"commandkey 1", "no longer supported"},
+             {"# include /nope", ""},
+             {"  ! include /nope", ""},
+             {"frobnicate /nope", ""}}) {
+        const auto warnings = configuration_warnings("\n" + std::string(line) + "\n", probes);
+        ASSERT_EQ(warnings.size(), *words == '\0' ? 0U : 1U) << line;
+        if (!warnings.empty()) {
+            EXPECT_EQ(warnings[0].line, 2U) << line;
+            EXPECT_NE(warnings[0].sentence.find(words), std::string::npos) << warnings[0].sentence;
+        }
+    }
+    std::string many;
+    for (int i = 0; i < 1000; ++i)
+        many += "include /nope\n";
+    EXPECT_EQ(configuration_warnings(many, probes).size(), most_warnings);
+}
+
+struct DocumentTest : ::testing::Test {
+    std::map<std::string, std::string> disk;
+    DocumentFiles files{.read =
+                            [this](const std::string& path, std::size_t) {
+                                const auto found = disk.find(path);
+                                return found == disk.end() ? FoundFile{FoundFile::Outcome::missing, "", "It is gone."}
+                                                           : FoundFile{FoundFile::Outcome::read, found->second, ""};
+                            },
+                        .replace =
+                            [this](const std::string& path, std::string_view bytes, std::string&) {
+                                disk[path] = bytes;
+                                return 0;
+                            }};
+};
+
+TEST_F(DocumentTest, ComesBackAsItWas) {
+    for (const std::string bytes :
+         {"a\nb\n", "a\r\nb\r\n", "", "no end", "\n\n", "a\r\nb", "\xc3\xa4\xe2\x80\xa8 \xc2\xa0x\n"}) {
+        disk["f"] = bytes;
+        DocumentText document;
+        std::string sentence;
+        ASSERT_EQ(load_document(files, "f", document, sentence), 0) << sentence;
+        EXPECT_EQ(document.text.find('\r'), std::string::npos);
+        const SaveAnswer answer = save_document(files, {"f", document.text, document.line_ends, document.stamp});
+        EXPECT_EQ(answer.outcome, SaveAnswer::Outcome::saved);
+        EXPECT_EQ(disk["f"], bytes);
+        EXPECT_EQ(answer.stamp, document.stamp);
+    }
+}
+
+TEST_F(DocumentTest, WhatIsNoTextDoesNotOpen) {
+    DocumentText document;
+    std::string sentence;
+    EXPECT_EQ(decode_document("a\n\xff\n", document, sentence), -1);
+    EXPECT_EQ(decode_document(std::string("a\nb\0c", 5), document, sentence), -1);
+    EXPECT_EQ(sentence, "Line 2 holds a zero byte, which no configuration may.");
+    EXPECT_EQ(load_document(files, "nope", document, sentence), -1);
+    EXPECT_EQ(sentence, "It is gone.");
+    const SaveAnswer answer = save_document(files, {"f", std::string("\0", 1), LineEnds::unix_style, {}});
+    EXPECT_EQ(answer.outcome, SaveAnswer::Outcome::failed);
+    EXPECT_TRUE(disk.empty());
+}
+
+TEST_F(DocumentTest, AnotherProgramsWorkIsNotOverwrittenUnasked) {
+    disk["f"] = "mine\n";
+    DocumentText document;
+    std::string sentence;
+    ASSERT_EQ(load_document(files, "f", document, sentence), 0);
+    disk["f"] = "theirs\n";
+    SaveRequest request{"f", "edited\n", document.line_ends, document.stamp};
+    EXPECT_EQ(save_document(files, request).outcome, SaveAnswer::Outcome::changed_meanwhile);
+    EXPECT_EQ(disk["f"], "theirs\n");
+    disk.clear();
+    EXPECT_EQ(save_document(files, request).outcome, SaveAnswer::Outcome::changed_meanwhile);
+    request.known.reset();
+    EXPECT_EQ(save_document(files, request).outcome, SaveAnswer::Outcome::saved);
+    EXPECT_EQ(disk["f"], "edited\n");
+}
+
+TEST(ConfigCommands, PrintWhatScriptsRead) {
+    Configuration configuration;
+    configuration.read("logdir /var/log\nserver a  iburst\n");
+    std::ostringstream out;
+    EXPECT_EQ(print_configuration(configuration, "logdir", OutputForm::text, out), 0);
+    EXPECT_EQ(print_configuration(configuration, "nope", OutputForm::json, out), 1);
+    EXPECT_EQ(out.str(), "/var/log\nnull\n");
+    out.str("");
+    EXPECT_EQ(print_configuration(configuration, {}, OutputForm::json, out), 0);
+    EXPECT_EQ(nlohmann::json::parse(out.str()), nlohmann::json({{"logdir", "/var/log"}, {"server", "a  iburst"}}));
+
+    ConfigurationCheck check;
+    check.error.m_doubt = "chronyd refuses it.";
+    check.warnings = {{3, "keyfile: \x1b is bad."}};
+    std::ostringstream err;
+    EXPECT_EQ(print_check(check, OutputForm::text, out, err), 1);
+    EXPECT_EQ(err.str(), "tickerctl: chronyd refuses it.\ntickerctl: line 3: keyfile: ? is bad.\n");
+    out.str("");
+    EXPECT_EQ(print_check(check, OutputForm::json, out, err), 1);
+    const auto document = nlohmann::json::parse(out.str());
+    EXPECT_EQ(document["isok"], true);
+    EXPECT_EQ(document["warnings"][1]["line"], 3);
+    EXPECT_EQ(print_check({}, OutputForm::text, out, err), 0);
+}
+
+} // namespace
+} // namespace tickervantage

@@ -1,0 +1,212 @@
+#include "config/server_list.h"
+#include "platform/linux/autostart.h"
+#include "platform/linux/shared_text_file.h"
+#include "programs/tickerctl/servers_command.h"
+#include "support/child_program.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include <sstream>
+
+namespace tickervantage {
+namespace {
+
+TEST(ServerList, LinesAreReadAndWritten) {
+    struct Case {
+        const char* line;
+        server_data server;
+        const char* saved; // null: as it came
+    };
+    const Case cases[]{
+        {"Lab:clock.example:10:6:true", {"Lab", "clock.example", 10, 6, true}, nullptr},
+        {"Fast:192.0.2.1:-2:-4:false", {"Fast", "192.0.2.1", -2, -4, false}, nullptr},
+        {"Lab", {"Lab"}, "Lab:0.0.0.0:16:0:false"},
+        {"Lab:clock.example:8", {"Lab", "clock.example", 8}, "Lab:clock.example:8:0:false"},
+        {"::::", {"", "", 16, 0, false, {}, "::::"}, nullptr},
+        {"Lab:c:1:0:true:key 5", {"Lab", "c", 1, 0, true, ":key 5"}, nullptr},
+        {"Lab:c:x:6:TRUE", {"Lab", "c", 16, 6, false, {}, "Lab:c:x:6:TRUE"}, nullptr},
+        {"V6:2001:db8::1:8", {"V6", "2001", 16, 0, false, ":8", "V6:2001:db8::1:8"}, nullptr},
+        {"Lab:c:99999999999999999999:0:true",
+         {"Lab", "c", 16, 0, true, {}, "Lab:c:99999999999999999999:0:true"},
+         nullptr},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(parse_server(c.line), c.server) << c.line;
+        const std::string saved = std::string(c.saved ? c.saved : c.line) + "\n";
+        EXPECT_EQ(format_servers({parse_server(c.line)}), saved);
+        EXPECT_EQ(format_servers(parse_servers("\n" + std::string(c.line) + "\r\n\n")), saved);
+    }
+}
+
+TEST(ServerList, TheFirstBrokenRuleIsNamed) {
+    using enum ServerProblem;
+    struct Case {
+        server_data server;
+        ServerProblem problem;
+    };
+    const Case cases[]{
+        {{"t", "a", 16, 16}, none},
+        {{"t", "a", 10, -9}, none},
+        {{"t", "a", -9, -9}, none},
+        {{"t", "", 17, 17}, address_missing},
+        {{"t", "2001:db8::1", 10, 6}, address_has_colon},
+        {{"t", "a", 17, 0}, maxpoll_too_large},
+        {{"t", "a", 17, 18}, maxpoll_too_large},
+        {{"t", "a", 16, 17}, minpoll_too_large},
+        {{"t", "a", 4, 6}, maxpoll_below_minpoll},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(check_server(c.server), c.problem) << format_servers({c.server});
+    EXPECT_EQ(field_of(maxpoll_below_minpoll), ServerField::minpoll);
+    for (const auto& [title, problem] : {std::pair{"ä title", none}, {" ", title_missing}, {"a:b", title_has_colon}})
+        EXPECT_EQ(check_title(title), problem) << title;
+    for (const auto problem : {address_missing, address_has_colon, maxpoll_no_number, minpoll_no_number,
+                               maxpoll_too_large, minpoll_too_large, title_missing, title_has_colon})
+        EXPECT_NE(std::string_view(sentence_of(problem)), "");
+}
+
+TEST(ServerList, ChronyLinesLeaveOutWhatChronyDoesItself) {
+    for (const auto& [server, line] :
+         {std::pair{server_data{"t", "a.example", 10, 6, true}, "server a.example iburst\n"},
+          {server_data{"t", "a.example", 16, 0}, "server a.example minpoll 0 maxpoll 16\n"},
+          {server_data{"t", "a.example", 8, -9}, "server a.example maxpoll 8\n"},
+          {server_data{"t", "two words"}, "# t: This is no address.\n"},
+          {server_data{"t", ""}, "# t: This is no address.\n"},
+          {server_data{"t", "a", 4, 6}, "# t: The smallest poll is larger than the largest.\n"}})
+        EXPECT_EQ(chrony_lines({server}), line);
+}
+
+TEST(ServerList, ImportsServersAndPoolsOnce) {
+    const auto imported = import_servers("# server commented.example\n"
+                                         "  Server a.example MINPOLL 3 maxpoll 20 iburst key 5\r\n"
+                                         "pool b.example maxsources 4\n"
+                                         "server c.example minpoll 12\n"
+                                         "server 2001:db8::1 iburst\n"
+                                         "server a.example\nserver known.example\nserver\npeer d.example\n",
+                                         {{"Known", "known.example"}});
+    const std::vector<server_data> expected{{"a.example", "a.example", 16, 3, true},
+                                            {"b.example", "b.example", 10, 6, false},
+                                            {"c.example", "c.example", 12, 12, false}};
+    EXPECT_EQ(imported.servers, expected);
+    EXPECT_EQ(imported.known, 2U);
+    EXPECT_EQ(imported.colons, 1U);
+}
+
+TEST(ServerList, TheToolTellsWhetherEveryServerIsValid) {
+    const std::vector<server_data> list{{"Lab", "a.example", 10, 6, true}, {"Bad", "b.example", 4, 6}};
+    std::ostringstream json;
+    EXPECT_EQ(print_servers(list, ServersForm::json, json), 1);
+    const auto document = nlohmann::json::parse(json.str());
+    EXPECT_EQ(document.at(0), (nlohmann::json{{"title", "Lab"},
+                                              {"address", "a.example"},
+                                              {"maxpoll", 10},
+                                              {"minpoll", 6},
+                                              {"iburst", true},
+                                              {"valid", true}}));
+    EXPECT_EQ(document.at(1).at("valid"), false);
+    std::ostringstream config;
+    EXPECT_EQ(print_servers({list.front()}, ServersForm::config, config), 0);
+    EXPECT_EQ(config.str(), "server a.example iburst\n");
+}
+
+struct SharedTextTest : ::testing::Test {
+    testing::PrivateHome home;
+    std::string path = home.path("data/Tickervantage/servers.txt");
+    SharedTextFile ours{path};
+    SharedTextFile theirs{path};
+    std::string kept_as;
+    std::string sentence;
+
+    int save(SharedTextFile& file, const char* text, const std::optional<std::string>& made_from) {
+        return file.replace(text, made_from, kept_as, sentence);
+    }
+};
+
+TEST_F(SharedTextTest, WhatSomebodyElseSavedIsKept) {
+    EXPECT_EQ(ours.read().outcome, SharedTextReading::Outcome::missing);
+    ASSERT_EQ(save(ours, "a\n", std::nullopt), 0) << sentence;
+    ASSERT_EQ(save(ours, "b\n", std::nullopt), 0); // made from what we wrote ourselves
+    EXPECT_EQ(kept_as, "");
+    ASSERT_EQ(save(theirs, "c\n", "b\n"), 0);
+    EXPECT_EQ(kept_as, "");
+    ASSERT_EQ(save(ours, "d\n", std::nullopt), 0);
+    EXPECT_EQ(testing::contents(kept_as), "c\n");
+    const std::string first = kept_as;
+    ASSERT_EQ(save(theirs, "e\n", "b\n"), 0);
+    EXPECT_EQ(testing::contents(kept_as), "d\n");
+    EXPECT_NE(kept_as, first);
+    ASSERT_EQ(save(ours, "e\n", std::nullopt), 0); // both the same
+    EXPECT_EQ(kept_as, "");
+    EXPECT_EQ(ours.read().text, "e\n");
+}
+
+TEST_F(SharedTextTest, WhatIsNoTextIsKeptAsItIs) {
+    ASSERT_EQ(save(ours, "a\n", std::nullopt), 0);
+    for (const std::string& damaged : {std::string("\xff\xfe"), std::string("a\0b", 3)}) {
+        testing::write_file(path, damaged);
+        EXPECT_EQ(theirs.read().outcome, SharedTextReading::Outcome::unfit);
+        ASSERT_EQ(save(theirs, "b\n", std::nullopt), 0) << sentence;
+        EXPECT_EQ(testing::contents(kept_as), damaged);
+    }
+    std::filesystem::remove(path);
+    std::filesystem::create_directory(path);
+    ASSERT_EQ(save(ours, "c\n", std::nullopt), 0) << sentence;
+    EXPECT_TRUE(std::filesystem::is_directory(kept_as));
+    EXPECT_EQ(testing::contents(path), "c\n");
+}
+
+TEST_F(SharedTextTest, AFailureIsOneSentenceAndLeavesTheFile) {
+    testing::write_file(home.path("data/Tickervantage"), "in the way");
+    EXPECT_EQ(save(ours, "a\n", std::nullopt), -1);
+    EXPECT_TRUE(sentence.starts_with("Cannot make the folder") && sentence.ends_with('.')) << sentence;
+    SharedTextFile on_full_disk("/dev/full/servers.txt");
+    EXPECT_EQ(save(on_full_disk, "a\n", std::nullopt), -1);
+}
+
+struct AutostartTest : ::testing::Test {
+    testing::PrivateHome home;
+    std::string path = home.path("config/autostart/net.brisklane.tickervantage.desktop");
+    Autostart agent{home.path("config/autostart"), "/bin/sh"};
+    std::string sentence;
+};
+
+TEST_F(AutostartTest, IsWrittenAndRemoved) {
+    EXPECT_FALSE(agent.agentIsValid());
+    ASSERT_EQ(agent.writePlist(sentence), 0) << sentence;
+    EXPECT_TRUE(agent.agentIsValid());
+    EXPECT_EQ(agent.unlinkAgent(sentence), 0);
+    EXPECT_FALSE(std::filesystem::exists(path));
+    EXPECT_EQ(agent.unlinkAgent(sentence), 0);
+    const Autostart absent(home.path("config/autostart"), home.path("no/such program"));
+    ASSERT_EQ(absent.writePlist(sentence), 0);
+    EXPECT_FALSE(absent.agentIsValid());
+}
+
+TEST_F(AutostartTest, EditsOfTheUserSurvive) {
+    ASSERT_EQ(agent.writePlist(sentence), 0);
+    const std::string edited =
+        testing::contents(path) + "X-GNOME-Autostart-Delay=10\n[Desktop Action a]\nHidden=true\n";
+    testing::write_file(path, edited);
+    EXPECT_EQ(agent.unlinkAgent(sentence), 0);
+    EXPECT_FALSE(agent.agentIsValid());
+    EXPECT_NE(testing::contents(path).find("Delay=10"), std::string::npos);
+    ASSERT_EQ(agent.writePlist(sentence), 0);
+    EXPECT_EQ(testing::contents(path), edited);
+    testing::write_file(path, "nonsense");
+    ASSERT_EQ(agent.writePlist(sentence), 0);
+    EXPECT_TRUE(agent.agentIsValid());
+    EXPECT_EQ(home.found_in("config/autostart").size(), 2U); // the nonsense is kept
+}
+
+TEST_F(AutostartTest, AnyPathCanBeStarted) {
+    const std::string program = home.path("a \"$`\\%b'.sh");
+    testing::write_file(program, "#!/bin/sh\n", 0700);
+    const Autostart odd(home.path("config/autostart"), program);
+    ASSERT_EQ(odd.writePlist(sentence), 0);
+    EXPECT_TRUE(odd.agentIsValid()) << testing::contents(path);
+}
+
+} // namespace
+} // namespace tickervantage

@@ -1,0 +1,147 @@
+// The real chronyd's answers to broken configurations, and saving under fire.
+#include "config/config_document.h"
+#include "config/configuration_check.h"
+#include "config/directives.h"
+#include "platform/linux/posix_execute.h"
+#include "platform/linux/posix_path_facts.h"
+#include "platform/linux/small_file.h"
+#include "support/child_program.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+
+namespace tickervantage {
+namespace {
+
+struct RealChronyd : ::testing::Test {
+    testing::PrivateHome home;
+    PosixExecute execute;
+    SyntaxCheckParts parts{.execute = execute,
+                           .chronyds = [] { return find_chronyds("", TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyd"); },
+                           .replace_file = replace_small_file,
+                           .temporary = home.path() + "/"};
+};
+
+TEST_F(RealChronyd, ErrorsAreFoundInTheLineWhereTheyAre) {
+    struct Row {
+        std::string text;
+        std::string message; // without what stands before its colon; empty: no error
+        long long line;
+    };
+    const std::string included = home.path("included.conf");
+    testing::write_file(included, "rtcsync\nbogus\n", 0644);
+    const Row rows[] = {
+        {"pool pool.ntp.org iburst\n", "", 0},
+        {"\n# c\nserverr foo\n", "Invalid directive at line 3", 3},
+        {"driftfile\n", "Missing arguments for driftfile directive at line 1", 1},
+        {"\nrtcsync now\n", "Too many arguments for rtcsync directive at line 2", 2},
+        {"server a minpoll x\n", "Could not parse server directive at line 1", 1},
+        {"server a frobnicate\n", "Could not parse server directive at line 1", 1},
+        {"pool x # comment\n", "Could not parse pool directive at line 1", 1},
+        {"allow 1.2.3.400\n", "Could not parse allow directive at line 1", 1},
+        {"bindaddress here\n", "Could not parse bindaddress directive at line 1", 1},
+        {"log trackin\n", "Invalid log parameter at line 1", 1},
+        {"\n\n\nmakestep a 3", "Could not parse makestep directive at line 4", 4},
+        {"local stratum 99\n", "Could not parse local directive at line 1", 1},
+        {"pool " + std::string(3000, 'a') + "\n", "String too long at line 1", 1},
+        {"p\xc3\xb6ol x\n", "Invalid directive at line 1", 1},
+        {"include " + included + "\n", "Invalid directive at line 2", 2},
+        {"refclock FOO 1\n", "", 0},
+        {"include /nope/nope\n", "", 0},
+    };
+    std::printf("| %-28s | %-56s | %-4s | %s\n", "text", "message", "line", "remark");
+    for (const auto& row : rows) {
+        const ConfigError error = checkSyntax(parts, row.text);
+        EXPECT_EQ(error.m_msg, row.message.empty() ? "" : "Fatal error : " + row.message) << row.text;
+        EXPECT_EQ(error.m_line, row.line) << row.text;
+        EXPECT_EQ(error.m_file.empty(), row.text.find(included) == std::string::npos) << row.text;
+        EXPECT_EQ(error.m_doubt.empty(), row.text.find("/nope") == std::string::npos) << error.m_doubt;
+        std::string text = row.text.substr(0, 28);
+        std::ranges::replace(text, '\n', '/');
+        std::printf("| %-28s | %-56s | %-4lld | %s%s\n", text.c_str(), error.m_msg.c_str(), error.m_line,
+                    error.m_file.c_str(), error.m_doubt.c_str());
+    }
+    EXPECT_FALSE(std::filesystem::exists(home.path("check_chrony.conf")));
+}
+
+TEST_F(RealChronyd, TheTableOfDirectivesHasTheNamesThatChronydKnows) {
+    for (const auto& directive : all_directives()) {
+        const ConfigError error = checkSyntax(parts, std::string(directive.name) + "\n");
+        EXPECT_EQ(error.m_msg.find("Invalid directive"), std::string::npos) << directive.name;
+    }
+    EXPECT_EQ(find_directive("serverr"), nullptr);
+    EXPECT_EQ(find_directive("SERVER"), find_directive("server"));
+}
+
+TEST_F(RealChronyd, TheDefaultConfigurationPasses) {
+    const std::string text = testing::contents(TICKERVANTAGE_RESOURCES "/chrony.conf");
+    ASSERT_FALSE(text.empty());
+    EXPECT_TRUE(checkSyntax(parts, text).passed());
+    std::string everything = text; // also with every example line taken out of its comment
+    for (auto at = everything.find("\n#"); at != std::string::npos; at = everything.find("\n#", at + 1))
+        if (std::islower(static_cast<unsigned char>(everything[at + 2])) != 0)
+            everything.erase(at + 1, 1);
+    const ConfigError error = checkSyntax(parts, everything);
+    EXPECT_TRUE(error.passed()) << error.m_msg;
+}
+
+TEST_F(RealChronyd, AHangingChronydIsADoubt) {
+    const std::string hanging = home.path("chronyd");
+    testing::write_file(hanging, "#!/bin/sh\nexec sleep 60\n", 0755);
+    parts.patience = std::chrono::milliseconds(200);
+    parts.chronyds = [&] {
+        return std::vector<std::string>{hanging};
+    };
+    const ConfigError error = checkSyntax(parts, "x\n");
+    EXPECT_TRUE(error.m_isok);
+    EXPECT_EQ(error.m_doubt, "chronyd did not end in time, so the syntax is not known to be right.");
+}
+
+TEST(PathFactsOfThisMachine, SeeWhatAUserMayDo) {
+    const testing::PrivateHome home; // mode 0700, and ours
+    const std::string file = home.path("secret");
+    testing::write_file(file, "", 0644);
+    EXPECT_EQ(look_at_path(file, "root").kind, PathFacts::Kind::file);
+    EXPECT_TRUE(look_at_path(file, "root").writable);
+    EXPECT_FALSE(look_at_path(file, "daemon").readable); // the folder above keeps others out
+    EXPECT_EQ(look_at_path(file + "/x", "root").kind, PathFacts::Kind::missing);
+    EXPECT_EQ(look_at_path("/dev/null", "daemon").kind, PathFacts::Kind::device);
+    EXPECT_FALSE(user_exists("no such user"));
+}
+
+// A program killed in the middle of saving leaves one of the two texts, whole.
+TEST(SavingADocument, SurvivesBeingKilledAHundredTimes) {
+    const testing::PrivateHome home;
+    const std::string path = home.path("chrony.conf");
+    const std::string one(200'000, 'a');
+    const std::string other(300'000, 'b');
+    testing::write_file(path, one, 0640);
+    const DocumentFiles files{.read = {}, .replace = replace_small_file};
+    int killed_while_writing = 0;
+    for (int round = 0; round < 100; ++round) {
+        const pid_t child = fork();
+        ASSERT_GE(child, 0);
+        if (child == 0)
+            for (;;)
+                for (const auto* text : {&other, &one})
+                    (void)save_document(files, {path, *text, LineEnds::unix_style, {}});
+        const timespec nap{0, (1 + round % 20) * 700'000L};
+        nanosleep(&nap, nullptr); // so that the kill meets every stage
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        const std::string found = testing::contents(path);
+        ASSERT_TRUE(found == one || found == other) << "round " << round << ": " << found.size();
+        killed_while_writing += std::filesystem::exists(home.path(".chrony.conf.new")) ? 1 : 0;
+    }
+    struct stat status {};
+    ASSERT_EQ(stat(path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0640U);
+    std::printf("%d of 100 kills met a draft that was being written\n", killed_while_writing);
+    EXPECT_GT(killed_while_writing, 0);
+}
+
+} // namespace
+} // namespace tickervantage

@@ -1,0 +1,371 @@
+#include "app/config_windows.h"
+#include "config/config_find_bar_window.h"
+#include "config/config_text_window.h"
+#include "support/manual_dispatch.h"
+#include "support/memory_stores.h"
+#include "support/scripted_execute.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QCompleter>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPointer>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTextBlock>
+#include <QUrl>
+
+#include <algorithm>
+#include <fstream>
+
+namespace tickervantage {
+namespace {
+
+constexpr const char* error_in_line_2 = "T Fatal error : Invalid directive at line 2 in file ";
+
+struct ConfigEditorTest : ::testing::Test {
+    testing::ScriptedExecute execute;
+    testing::ManualQueue queue;
+    testing::ManualMainThread main_thread;
+    testing::MemorySettingsStore store;
+    DefaultSettings settings{store};
+    QTemporaryDir folder;
+    std::string installed_text;
+    QStringList said;
+    std::unique_ptr<ConfigWindows> windows;
+
+    void SetUp() override {
+        write("installed.conf", "pool a\nserver b\nlast");
+        execute.answer("chronyd", "pool a\n");
+        Paths paths;
+        paths.temporary = file("");
+        paths.bundle = file("");
+        windows = std::make_unique<ConfigWindows>(
+            ConfigWindowsParts{.execute = execute,
+                               .queue = queue,
+                               .main_thread = main_thread,
+                               .settings = settings,
+                               .paths = paths,
+                               .config_path = [this] { return file("installed.conf"); },
+                               .install =
+                                   [this](std::string text, std::function<void(InstallOutcome)> done) {
+                                       installed_text = std::move(text);
+                                       done({false, "The helper is not there."});
+                                   },
+                               .say =
+                                   [this](const QString& sentence) {
+                                       said.append(sentence);
+                                   }});
+    }
+
+    std::string file(const char* name) {
+        return folder.filePath(QLatin1String(name)).toStdString() + (*name ? "" : "/");
+    }
+    QString path(const char* name) { return QString::fromStdString(file(name)); }
+    void write(const char* name, const std::string& text) { std::ofstream(file(name)) << text; }
+    std::string read(const char* name) {
+        std::ifstream in(file(name));
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+
+    void settle() {
+        while (queue.turn() || main_thread.turn() || text_is_loading())
+            QApplication::processEvents();
+    }
+    bool text_is_loading() { return !editors().empty() && text()->is_loading(); }
+
+    static std::vector<ConfigEditor*> editors() {
+        std::vector<ConfigEditor*> all;
+        for (auto* widget : QApplication::topLevelWidgets())
+            if (auto* editor = qobject_cast<ConfigEditor*>(widget); editor && editor->isVisible())
+                all.push_back(editor);
+        return all;
+    }
+    ConfigEditor* editor() { return editors().front(); }
+    ConfigText* text() { return find<ConfigText>("m_config"); }
+    template <typename Widget>
+    Widget* find(const char* name) {
+        auto* widget = editor()->findChild<Widget*>(QLatin1String(name));
+        EXPECT_NE(widget, nullptr) << name;
+        return widget;
+    }
+    bool can(const char* name) { return find<QPushButton>(name)->isEnabled(); }
+    QString state() { return find<QLabel>("state")->text(); }
+
+    void installed() {
+        windows->show_installed();
+        settle();
+    }
+    void check() {
+        editor()->check();
+        settle();
+    }
+    // Reads the sheet and presses one of its buttons.
+    QString answer(const char* name, const char* button) {
+        const QPointer<QMessageBox> box = find<QMessageBox>(name);
+        QString words = box->text() + QLatin1Char('|') + box->informativeText();
+        for (auto* one : box->buttons())
+            if (box && one->text().remove(QLatin1Char('&')) == QLatin1String(button))
+                one->click();
+        settle();
+        delete box; // else it would be found in place of the next one
+        return words;
+    }
+};
+
+TEST_F(ConfigEditorTest, TheInstalledConfigurationIsACopyThatNeedsNoCheckUntilItIsEdited) {
+    installed();
+    EXPECT_EQ(editor()->windowTitle(), QStringLiteral("Installed Chrony Configuration[*]"));
+    EXPECT_EQ(editor()->path(), path("show_chrony.conf"));
+    EXPECT_EQ(text()->whole_text(), QStringLiteral("pool a\nserver b\nlast"));
+    EXPECT_EQ(state(), QStringLiteral("Syntax OK"));
+    EXPECT_FALSE(can("m_checksyntax"));
+    EXPECT_FALSE(can("m_install"));
+    EXPECT_FALSE(editor()->isWindowModified());
+    text()->insertPlainText(QStringLiteral("x"));
+    EXPECT_EQ(state(), QStringLiteral("Not checked"));
+    EXPECT_TRUE(can("m_checksyntax"));
+    EXPECT_TRUE(editor()->isWindowModified());
+    text()->undo();
+    EXPECT_FALSE(editor()->isWindowModified());
+}
+
+TEST_F(ConfigEditorTest, APassedCheckAllowsToInstallUntilTheNextEdit) {
+    installed();
+    text()->insertPlainText(QStringLiteral("keyfile /no/such\n"));
+    check();
+    const QString words = answer("syntax_ok", "Dismiss");
+    EXPECT_TRUE(words.startsWith(QStringLiteral("Chrony configuration file syntax OK|Config file syntax is OK and is "
+                                                "suitable for installation\n")))
+        << words.toStdString();
+    EXPECT_TRUE(words.contains(QStringLiteral("Line 1: keyfile: /no/such does not exist.")));
+    EXPECT_EQ(find<QListWidget>("warnings")->count(), 1);
+    EXPECT_EQ(state(), QStringLiteral("Syntax OK"));
+    EXPECT_TRUE(can("m_install"));
+    QApplication::setPalette(QPalette(Qt::black));
+    QApplication::processEvents();
+    EXPECT_TRUE(can("m_install")); // new colours are no edit
+    QApplication::setPalette(QApplication::style()->standardPalette());
+    text()->insertPlainText(QStringLiteral("x"));
+    EXPECT_FALSE(can("m_install"));
+    EXPECT_EQ(state(), QStringLiteral("Not checked"));
+}
+
+TEST_F(ConfigEditorTest, AnErrorIsShownInItsLine) {
+    installed();
+    text()->insertPlainText(QStringLiteral("x"));
+    execute.answer("chronyd", error_in_line_2 + file("check_chrony.conf"), 1);
+    check();
+    EXPECT_EQ(answer("syntax_error", "Dismiss"),
+              QStringLiteral("Chrony configuration file syntax error|Fatal error : Invalid directive at line 2"));
+    EXPECT_EQ(state(), QStringLiteral("Syntax error"));
+    EXPECT_FALSE(can("m_install"));
+    EXPECT_EQ(text()->textCursor().selectedText(), QStringLiteral("server b") + QChar(QChar::ParagraphSeparator));
+    for (const auto& [line, selected] : {std::pair{3LL, "last"}, {4LL, ""}, {1LL << 40, ""}}) {
+        text()->select_line(line);
+        EXPECT_EQ(text()->textCursor().selectedText(), QLatin1String(selected)) << line;
+    }
+    execute.answer("chronyd", error_in_line_2 + std::string("/etc/other.conf"), 1);
+    text()->moveCursor(QTextCursor::Start);
+    check();
+    EXPECT_TRUE(answer("syntax_error", "Dismiss").contains(QStringLiteral("/etc/other.conf")));
+    EXPECT_FALSE(text()->textCursor().hasSelection());
+}
+
+TEST_F(ConfigEditorTest, WhatChronydRefusesWithoutAnErrorMayNotBeInstalled) {
+    installed();
+    text()->insertPlainText(QStringLiteral("x"));
+    execute.answer("chronyd", "T Fatal error : Could not open /nope : No such file\n", 1);
+    check();
+    EXPECT_TRUE(answer("syntax_doubt", "Dismiss").contains(QStringLiteral("Could not open /nope")));
+    EXPECT_FALSE(can("m_install"));
+}
+
+TEST_F(ConfigEditorTest, AnAnswerAboutAnOlderTextIsDropped) {
+    installed();
+    text()->insertPlainText(QStringLiteral("x"));
+    editor()->check();
+    queue.turn();
+    text()->insertPlainText(QStringLiteral("y"));
+    settle();
+    EXPECT_FALSE(can("m_install"));
+    EXPECT_EQ(state(), QStringLiteral("Not checked"));
+    EXPECT_EQ(editor()->findChild<QMessageBox*>(), nullptr);
+    editor()->check(); // and one that outlives its window
+    queue.turn();
+    windows.reset();
+    main_thread.turn();
+}
+
+TEST_F(ConfigEditorTest, InstallAsksSavesAndHandsOver) {
+    installed();
+    text()->insertPlainText(QStringLiteral("new\n"));
+    check();
+    answer("syntax_ok", "Dismiss");
+    editor()->install();
+    EXPECT_EQ(answer("install_sheet", "Cancel"),
+              QStringLiteral("Installing new Chrony configuration|Configuration file ") + path("installed.conf") +
+                  QStringLiteral(" will be overwritten and chronyd will be restarted\n\nThis cannot be undone\nOK to "
+                                 "proceed or Cancel to abort the installation\n"));
+    EXPECT_EQ(installed_text, "");
+    editor()->install();
+    answer("install_sheet", "OK");
+    EXPECT_EQ(installed_text, "new\npool a\nserver b\nlast");
+    EXPECT_EQ(read("show_chrony.conf"), installed_text);
+    EXPECT_TRUE(editor()->is_installed_config());
+    EXPECT_TRUE(answer("failure", "Dismiss").contains(QStringLiteral("The helper is not there.")));
+    EXPECT_TRUE(can("m_install"));
+}
+
+TEST_F(ConfigEditorTest, SavingNoticesOtherProgramsAndKeepsTheEditWhenItFails) {
+    write("a.conf", "one\r\ntwo\r\n");
+    windows->open_path(path("a.conf"));
+    settle();
+    text()->insertPlainText(QStringLiteral("x"));
+    editor()->save();
+    settle();
+    EXPECT_EQ(read("a.conf"), "xone\r\ntwo\r\n");
+    EXPECT_FALSE(editor()->isWindowModified());
+    EXPECT_EQ(windows->recent(), QStringList{path("a.conf")});
+    text()->insertPlainText(QStringLiteral("y"));
+    write("a.conf", "theirs\n");
+    editor()->save();
+    settle();
+    answer("conflict_sheet", "Cancel");
+    EXPECT_EQ(read("a.conf"), "theirs\n");
+    EXPECT_TRUE(editor()->isWindowModified());
+    editor()->save();
+    settle();
+    answer("conflict_sheet", "Reload");
+    EXPECT_EQ(text()->whole_text(), QStringLiteral("theirs\n"));
+    text()->insertPlainText(QStringLiteral("z"));
+    editor()->save_to(path("no/such/folder.conf"));
+    settle();
+    EXPECT_TRUE(answer("failure", "Dismiss").contains(QStringLiteral("No such file")));
+    EXPECT_TRUE(editor()->isWindowModified());
+    EXPECT_EQ(editor()->path(), path("a.conf"));
+}
+
+TEST_F(ConfigEditorTest, ClosingAsksAboutUnsavedChanges) {
+    write("a.conf", "one\n");
+    windows->open_path(path("a.conf"));
+    settle();
+    text()->insertPlainText(QStringLiteral("x"));
+    EXPECT_FALSE(editor()->close());
+    answer("unsaved_sheet", "Cancel");
+    ASSERT_EQ(editors().size(), 1U);
+    editor()->close();
+    auto* box = find<QMessageBox>("unsaved_sheet");
+    for (auto* button : box->buttons())
+        if (button->text() == QStringLiteral("&Save"))
+            button->click();
+    settle();
+    EXPECT_TRUE(editors().empty());
+    EXPECT_EQ(read("a.conf"), "xone\n");
+}
+
+TEST_F(ConfigEditorTest, WhatIsNoConfigurationDoesNotOpen) {
+    write("bad.conf", "a\xff\n");
+    write("zero.conf", std::string("a\0", 2));
+    for (const char* name : {"bad.conf", "zero.conf", "missing.conf", "."}) {
+        windows->open_path(path(name));
+        settle();
+        EXPECT_TRUE(editors().empty()) << name;
+    }
+    EXPECT_EQ(said.size(), 4);
+    write("good.conf", "");
+    windows->open_path(path("good.conf"));
+    windows->new_document();
+    settle();
+    EXPECT_EQ(editors().size(), 2U);
+    windows->open_path(path("good.conf")); // already open
+    settle();
+    EXPECT_EQ(editors().size(), 2U);
+}
+
+TEST_F(ConfigEditorTest, ADroppedFileOpensAndLinesCanBeInserted) {
+    installed();
+    write("a.conf", "one\n");
+    struct Text : ConfigText {
+        using ConfigText::insertFromMimeData;
+    };
+    QMimeData dropped;
+    dropped.setUrls({QUrl::fromLocalFile(path("a.conf"))});
+    (text()->*&Text::insertFromMimeData)(&dropped);
+    settle();
+    EXPECT_EQ(editors().size(), 2U);
+    EXPECT_TRUE(windows->insert(QStringLiteral("server c")));
+    const auto all = editors();
+    EXPECT_TRUE(std::ranges::any_of(all, [](auto* one) {
+        return one->template findChild<ConfigText*>()->whole_text().startsWith(QStringLiteral("server c\n"));
+    }));
+}
+
+TEST_F(ConfigEditorTest, DirectivesAreCompletedOnlyWhereTheyStand) {
+    installed();
+    const auto type = [this](const QString& keys) {
+        for (const QChar key : keys) {
+            QKeyEvent press(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QString(key));
+            QApplication::sendEvent(text(), &press);
+        }
+        return text()->findChild<QCompleter*>()->popup()->isVisible();
+    };
+    text()->moveCursor(QTextCursor::End);
+    text()->insertPlainText(QStringLiteral("\n"));
+    EXPECT_TRUE(type(QStringLiteral("dr")));
+    auto* completer = text()->findChild<QCompleter*>();
+    EXPECT_EQ(completer->currentCompletion(), QStringLiteral("driftfile"));
+    EXPECT_FALSE(completer->popup()->model()->index(0, 1).data().toString().isEmpty());
+    Q_EMIT completer->activated(QStringLiteral("driftfile"));
+    completer->popup()->hide();
+    EXPECT_EQ(text()->textCursor().block().text(), QStringLiteral("driftfile"));
+    EXPECT_FALSE(type(QStringLiteral(" ma")));
+}
+
+TEST_F(ConfigEditorTest, FindsAndReplacesInOneStepToUndo) {
+    installed();
+    auto* bar = find<FindBar>("find_bar");
+    find<QLineEdit>("find")->setText(QStringLiteral("A"));
+    find<QLineEdit>("replacement")->setText(QStringLiteral("aa"));
+    bar->find_next();
+    bar->find_next();
+    EXPECT_EQ(text()->textCursor().selectionStart(), 17);
+    bar->find_next(); // round the end
+    EXPECT_EQ(text()->textCursor().selectionStart(), 5);
+    bar->replace_all();
+    while (text()->isReadOnly())
+        QApplication::processEvents();
+    EXPECT_EQ(text()->whole_text(), QStringLiteral("pool aa\nserver b\nlaast"));
+    text()->undo();
+    EXPECT_EQ(text()->whole_text(), QStringLiteral("pool a\nserver b\nlast"));
+    find<QLineEdit>("find")->setText(QStringLiteral("nowhere"));
+    bar->find_previous();
+    EXPECT_EQ(find<QLabel>("find_answer")->text(), QStringLiteral("Not found"));
+}
+
+TEST_F(ConfigEditorTest, ALongTextComesInSlices) {
+    std::string lines;
+    for (int i = 0; i < 20'000; ++i)
+        lines += "server host" + std::to_string(i) + " iburst\n";
+    write("long.conf", lines);
+    windows->open_path(path("long.conf"));
+    queue.turn();
+    main_thread.turn();
+    EXPECT_TRUE(text()->is_loading()); // shown before all of it is there
+    EXPECT_TRUE(text()->isReadOnly());
+    settle();
+    EXPECT_EQ(text()->whole_text().toStdString(), lines);
+    EXPECT_FALSE(text()->document()->isUndoAvailable());
+    EXPECT_FALSE(editor()->isWindowModified());
+}
+
+} // namespace
+} // namespace tickervantage

@@ -1,0 +1,272 @@
+#include "config/preferences_advanced_window.h"
+#include "config/preferences_general_window.h"
+#include "config/preferences_window.h"
+#include "config/settings_catalogue.h"
+#include "support/manual_dispatch.h"
+#include "support/memory_stores.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabWidget>
+
+namespace tickervantage {
+namespace {
+
+struct PreferencesTest : ::testing::Test {
+    testing::MemorySettingsStore store;
+    DefaultSettings settings{store};
+    testing::ManualMainThread main_thread;
+    testing::ManualQueue queue;
+    WarningRegister warnings{settings};
+    PreferencesGeneral general = PreferencesGeneral::load(settings);
+    PreferencesAdvanced advanced = PreferencesAdvanced::load(settings);
+    std::map<std::string, PathState> machine{{"/usr/bin/chronyc", PathState::program}};
+    bool agent_written = false;
+    bool agent_works = true;
+    int advanced_changes = 0;
+    std::function<void(std::string)> wake_done;
+    std::function<void(std::string)> test_done;
+    bool has_helper = true;
+    std::unique_ptr<Preferences> window;
+
+    void open() {
+        PreferencesParts parts{.settings = settings,
+                               .queue = queue,
+                               .main_thread = main_thread,
+                               .warnings = warnings,
+                               .general = general,
+                               .advanced = advanced,
+                               .path_state =
+                                   [this](const std::string& path) {
+                                       return machine.contains(path) ? machine.at(path) : PathState::nothing;
+                                   },
+                               .launch_at_login = {.writePlist =
+                                                       [this](std::string&) {
+                                                           agent_written = true;
+                                                           return 0;
+                                                       },
+                                                   .unlinkAgent =
+                                                       [this](std::string&) {
+                                                           agent_written = false;
+                                                           return 0;
+                                                       },
+                                                   .agentIsValid =
+                                                       [this] {
+                                                           return agent_written && agent_works;
+                                                       }},
+                               .general_changed = {},
+                               .advanced_changed = [this] { ++advanced_changes; },
+                               .install_or_remove_wake = {},
+                               .run_chronywake = {},
+                               .version = "1.2.3"};
+        if (has_helper) {
+            parts.install_or_remove_wake = [this](auto done) {
+                wake_done = done;
+            };
+            parts.run_chronywake = [this](auto done) {
+                test_done = done;
+            };
+        }
+        window = std::make_unique<Preferences>(parts);
+        window->show_pane(Preferences::Pane::general);
+        settle();
+    }
+
+    void settle() {
+        while (queue.turn() || main_thread.turn()) {
+        }
+    }
+
+    template <typename Widget>
+    Widget* find(const char* name) {
+        auto* widget = window->findChild<Widget*>(QLatin1String(name));
+        EXPECT_NE(widget, nullptr) << name;
+        return widget;
+    }
+
+    void press(const char* button) {
+        find<QAbstractButton>(button)->click();
+        settle();
+    }
+    void type(const char* field, const char* text) {
+        find<QLineEdit>(field)->setText(QLatin1String(text));
+        Q_EMIT find<QLineEdit>(field)->textEdited(QLatin1String(text));
+        settle();
+    }
+    bool ticked(const char* box) { return find<QCheckBox>(box)->isChecked(); }
+    std::string text(const char* field) { return find<QLineEdit>(field)->text().toStdString(); }
+    std::string words(const char* label) { return find<QLabel>(label)->text().toStdString(); }
+
+    // Answers the alert that is open; false when there is none.
+    bool answer(const char* button, bool never_again = false) {
+        auto* box = window->findChild<QMessageBox*>();
+        if (!box)
+            return false;
+        if (box->checkBox())
+            box->checkBox()->setChecked(never_again);
+        for (auto* candidate : box->buttons())
+            if (candidate->text() == QLatin1String(button))
+                candidate->click();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return true;
+    }
+};
+
+TEST_F(PreferencesTest, EveryControlShowsItsSettingAndIsSaved) {
+    store.values["file_chronyc"] = {"/opt/chronyc"};
+    store.values["make_thresh"] = {"0.25"};
+    store.values["restart_gpsd"] = {"true"};
+    general = PreferencesGeneral::load(settings);
+    advanced = PreferencesAdvanced::load(settings);
+    open();
+    EXPECT_EQ(text("m_config"), "/etc/chrony.d/chrony.conf");
+    EXPECT_EQ(text("m_chronyc"), "/opt/chronyc");
+    EXPECT_EQ(text("m_make_thresh"), "0.25");
+    EXPECT_EQ(text("m_make_limit") + text("m_burst_good") + text("m_burst_max") + text("m_burst_netmask"), "344");
+    EXPECT_TRUE(ticked("m_adj_system") && ticked("m_install_wake") && ticked("m_restart_gpsd"));
+    EXPECT_FALSE(ticked("m_launch_login") || ticked("m_frequency") || ticked("m_spectrum"));
+    store.writes = 0;
+    const std::pair<const char*, const char*> typed[]{
+        {"m_config", "/a.conf"}, {"m_chronyc", "/b"},      {"m_chronyd", "/c"},
+        {"m_chronywake", "/d"},  {"m_make_thresh", "0.5"}, {"m_make_limit", "-1"},
+        {"m_burst_good", "5"},   {"m_burst_max", "6"},     {"m_burst_netmask", " m/a "}};
+    for (const auto& [field, value] : typed)
+        type(field, value);
+    EXPECT_EQ(general.chronyd, "/c"); // whoever reads the record sees it at once
+    EXPECT_EQ(store.writes, 0);
+    window->close();
+    const auto saved = PreferencesGeneral::load(settings);
+    EXPECT_EQ(saved.config + saved.chronyc + saved.chronyd + saved.chronywake, "/a.conf/b/c/d");
+    EXPECT_EQ(saved.make_thresh, 0.5);
+    EXPECT_EQ((std::array{saved.make_limit, saved.burst_good, saved.burst_max}),
+              (std::array<std::int64_t, 3>{-1, 5, 6}));
+    EXPECT_EQ(saved.burst_netmask, "m/a");
+}
+
+TEST_F(PreferencesTest, RestoreDefaultsLeavesTheLaunchAtLogin) {
+    general.config = "/x";
+    general.make_thresh = 9;
+    general.launch_login = true;
+    general.adj_system = general.install_wake = false;
+    open();
+    press("restoreDefaults");
+    EXPECT_TRUE(general.launch_login && ticked("m_launch_login"));
+    EXPECT_TRUE(ticked("m_adj_system") && ticked("m_install_wake"));
+    EXPECT_EQ(text("m_config") + text("m_chronyc") + text("m_chronyd") + text("m_chronywake"),
+              "/etc/chrony.d/chrony.conf/usr/local/bin/chronyc/usr/local/sbin/chronyd/usr/local/bin/chronywake");
+    EXPECT_EQ(text("m_make_thresh") + text("m_make_limit") + text("m_burst_good") + text("m_burst_max"), "0.1344");
+    EXPECT_EQ(PreferencesGeneral::load(settings).config, "/etc/chrony.d/chrony.conf");
+}
+
+TEST_F(PreferencesTest, TheClockIsLeftAloneOnlyAfterAWarning) {
+    open();
+    press("m_adj_system");
+    EXPECT_TRUE(general.adj_system); // not decided yet
+    ASSERT_TRUE(answer("Cancel"));
+    EXPECT_TRUE(ticked("m_adj_system") && general.adj_system);
+    press("m_adj_system");
+    ASSERT_TRUE(answer("Continue", true));
+    EXPECT_FALSE(ticked("m_adj_system") || general.adj_system);
+    EXPECT_FALSE(load(settings, settings::adj_system));
+    press("m_adj_system");
+    press("m_adj_system");
+    EXPECT_FALSE(answer("Cancel")); // never again
+    EXPECT_FALSE(general.adj_system);
+    press("resetWarnings");
+    press("m_adj_system");
+    press("m_adj_system");
+    EXPECT_TRUE(answer("Cancel"));
+}
+
+TEST_F(PreferencesTest, LaunchAtLoginStaysOnlyWhenItWorks) {
+    open();
+    press("m_launch_login");
+    EXPECT_TRUE(agent_written && ticked("m_launch_login") && load(settings, settings::launch_login));
+    press("m_launch_login");
+    EXPECT_FALSE(agent_written || ticked("m_launch_login") || load(settings, settings::launch_login));
+    agent_works = false;
+    press("m_launch_login");
+    EXPECT_FALSE(agent_written || ticked("m_launch_login") || load(settings, settings::launch_login));
+    EXPECT_NE(words("status"), "");
+}
+
+TEST_F(PreferencesTest, PathsAreLookedAtAndDetected) {
+    machine = {{"/there", PathState::program}, {"/text", PathState::file}, {"/folder", PathState::folder}};
+    open();
+    for (const auto& [path, good] :
+         {std::pair{"/there", true}, {"/text", false}, {"/folder", false}, {"/no", false}, {"there", false}}) {
+        type("m_chronyd", path);
+        EXPECT_EQ(words("m_chronyd_words").empty(), good) << path;
+    }
+    type("m_config", "/text");
+    EXPECT_EQ(words("m_config_words"), "");
+    press("detect");
+    EXPECT_EQ(text("m_config"), "/text"); // nothing was found
+    machine = {{"/etc/chrony/chrony.conf", PathState::file}, {"/usr/bin/chronyc", PathState::program}};
+    press("detect");
+    EXPECT_EQ(general.config + general.chronyc + general.chronyd, "/etc/chrony/chrony.conf/usr/bin/chronycthere");
+    EXPECT_EQ(load(settings, settings::file_chronyc), "/usr/bin/chronyc");
+}
+
+TEST_F(PreferencesTest, ArgumentsOutOfRangeAreSaidAndNotTaken) {
+    open();
+    for (const char* text : {"0", "x", "1001", "4.5", ""}) {
+        type("m_burst_good", text);
+        EXPECT_TRUE(words("wake_words").starts_with("Good measurements: ")) << text;
+        EXPECT_EQ(general.burst_good, 4) << text;
+        EXPECT_FALSE(find<QPushButton>("saveArguments")->isEnabled());
+    }
+    type("m_burst_good", "7");
+    EXPECT_EQ(words("wake_words"), "");
+    EXPECT_EQ(general.burst_good, 7);
+    press("saveArguments");
+    EXPECT_FALSE(find<QPushButton>("saveArguments")->isEnabled());
+    wake_done("The helper refused.");
+    EXPECT_EQ(words("status"), "The helper refused.");
+    press("m_install_wake");
+    EXPECT_FALSE(find<QLineEdit>("m_burst_good")->isEnabled() || load(settings, settings::install_wake));
+}
+
+TEST_F(PreferencesTest, ChronywakeIsTested) {
+    open();
+    for (const auto& [reply, good] : {std::pair{"200 OK\n", true}, {"506 Cannot talk to daemon", false}, {"", false}}) {
+        press("m_test_wake");
+        EXPECT_TRUE(find<QProgressBar>("m_testing_wake")->isVisible());
+        EXPECT_FALSE(find<QPushButton>("m_test_wake")->isEnabled());
+        test_done(reply);
+        EXPECT_FALSE(find<QProgressBar>("m_testing_wake")->isVisible());
+        const auto* box = window->findChild<QMessageBox*>();
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->icon() == QMessageBox::Information, good) << reply;
+        EXPECT_TRUE(answer("Dismiss"));
+        EXPECT_TRUE(find<QPushButton>("m_test_wake")->isEnabled());
+    }
+    press("m_test_wake");
+    window.reset();
+    test_done("200 OK"); // nobody is there any more
+    has_helper = false;
+    open();
+    EXPECT_FALSE(find<QPushButton>("m_test_wake")->isEnabled());
+}
+
+TEST_F(PreferencesTest, TheOptionalWindowsAreOfferedAtOnce) {
+    open();
+    window->show_pane(Preferences::Pane::advanced);
+    EXPECT_EQ(find<QTabWidget>("m_window")->currentIndex(), 1);
+    press("m_frequency");
+    press("m_spectrum");
+    EXPECT_TRUE(advanced.frequency && advanced.spectrum);
+    EXPECT_EQ(advanced_changes, 2);
+    EXPECT_TRUE(load(settings, settings::enable_spectrum_win));
+    EXPECT_NE(words("version").find("1.2.3"), std::string::npos);
+}
+
+} // namespace
+} // namespace tickervantage

@@ -1,0 +1,295 @@
+#include "config/servers_list_window.h"
+#include "config/servers_window.h"
+#include "support/manual_dispatch.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace tickervantage {
+namespace {
+
+// A list in memory that others can change and that can refuse to be written.
+class FakeSharedText : public SharedText {
+public:
+    SharedTextReading on_disk;
+    std::string failure;
+    int written = 0;
+
+    SharedTextReading read() override { return on_disk; }
+    int replace(std::string_view text, const std::optional<std::string>& made_from, std::string& kept_as,
+                std::string& sentence) override {
+        sentence = failure;
+        if (!failure.empty())
+            return -1;
+        const bool ours = m_written && on_disk.text == *m_written;
+        if (on_disk.outcome != SharedTextReading::Outcome::missing && !ours && on_disk.text != made_from)
+            kept_as = "servers.txt.other";
+        set(std::string(text));
+        m_written = on_disk.text;
+        ++written;
+        return 0;
+    }
+    void set(const std::string& text) { on_disk = {SharedTextReading::Outcome::read, text, {}}; }
+
+private:
+    std::optional<std::string> m_written;
+};
+
+struct ServersWindowTest : ::testing::Test {
+    testing::ManualMainThread main_thread;
+    testing::ManualQueue queue;
+    std::shared_ptr<FakeSharedText> list = std::make_shared<FakeSharedText>();
+    std::vector<std::string> log;
+    std::string configuration;
+    bool editor_is_open = false;
+    QString inserted;
+    QString page;
+    std::unique_ptr<ServersWindow> window;
+
+    void open(const char* text) {
+        if (text)
+            list->set(text);
+        window = std::make_unique<ServersWindow>(
+            ServersWindowParts{.list = list,
+                               .queue = queue,
+                               .main_thread = main_thread,
+                               .configuration_path = [] { return std::string("/etc/chrony/chrony.conf"); },
+                               .read_text =
+                                   [this](const std::string&, std::string& read, std::string& sentence) {
+                                       read = configuration;
+                                       sentence = "Cannot read it.";
+                                       return configuration.empty() ? -1 : 0;
+                                   },
+                               .editor_is_open = [this] { return editor_is_open; },
+                               .insert_into_editor =
+                                   [this](const QString& lines) {
+                                       inserted = lines;
+                                       return editor_is_open;
+                                   },
+                               .open_page =
+                                   [this](const QString& address) {
+                                       page = address;
+                                       return true;
+                                   },
+                               .log =
+                                   [this](std::string_view sentence) {
+                                       log.emplace_back(sentence);
+                                   }});
+        window->windowDidLoad();
+        settle();
+        window->show();
+        settle();
+    }
+
+    void settle() {
+        while (queue.turn() || main_thread.turn()) {
+        }
+    }
+
+    template <typename Widget>
+    Widget* find(const char* name) {
+        auto* widget = window->findChild<Widget*>(QLatin1String(name));
+        EXPECT_NE(widget, nullptr) << name;
+        return widget;
+    }
+
+    void type(const char* field, const char* text) {
+        find<QLineEdit>(field)->setText(QLatin1String(text));
+        Q_EMIT find<QLineEdit>(field)->textEdited(QLatin1String(text));
+        settle();
+    }
+    void press(const char* button) {
+        find<QAbstractButton>(button)->click();
+        settle();
+    }
+    void click_row(int row) {
+        auto* view = find<ServerListView>("serverListView");
+        view->selectionModel()->setCurrentIndex(view->model()->index(row, 0), QItemSelectionModel::ClearAndSelect);
+    }
+    int row() { return find<ServerListView>("serverListView")->currentIndex().row(); }
+    std::string text(const char* field) { return find<QLineEdit>(field)->text().toStdString(); }
+    std::string words(const char* label) { return find<QLabel>(label)->text().toStdString(); }
+    std::string saved() { return list->on_disk.text; }
+};
+
+constexpr const char* two = "One:one.example:10:6:true\nTwo:two.example:8:4:false\n";
+
+TEST_F(ServersWindowTest, ShowsAndSavesWhatIsTyped) {
+    open(two);
+    EXPECT_EQ(row(), 0);
+    EXPECT_EQ(text("m_name"), "one.example");
+    EXPECT_EQ(text("m_maxpoll") + " " + text("m_minpoll"), "10 6");
+    EXPECT_TRUE(find<QCheckBox>("m_iburst")->isChecked());
+    EXPECT_EQ(words("minpoll_words"), "64 s at least");
+    EXPECT_EQ(list->written, 0);
+    log.clear();
+    click_row(1);
+    EXPECT_EQ(text("m_name"), "two.example");
+    type("m_name", "new.example");
+    type("m_maxpoll", "12");
+    press("m_iburst");
+    EXPECT_EQ(saved(), "One:one.example:10:6:true\nTwo:new.example:12:4:true\n");
+    EXPECT_EQ(log,
+              (std::vector<std::string>{"shouldchange: current selection: 0", "proposedselection: current selection: 0",
+                                        "ischanging: current selection: 0", "didchange: current selection: 1"}));
+}
+
+TEST_F(ServersWindowTest, AnInvalidRowKeepsTheSelection) {
+    struct Case {
+        const char* field;
+        const char* text;
+        const char* words;
+        bool stored; // or only kept in the field
+    };
+    const Case cases[]{{"m_name", "", "name_words", true},         {"m_name", "2001:db8::1", "name_words", false},
+                       {"m_maxpoll", "17", "maxpoll_words", true}, {"m_maxpoll", "ten", "maxpoll_words", false},
+                       {"m_minpoll", "17", "minpoll_words", true}, {"m_minpoll", "", "minpoll_words", false},
+                       {"m_maxpoll", "5", "minpoll_words", true}};
+    for (const auto& c : cases) {
+        open(two);
+        const std::string good = words(c.words);
+        type(c.field, c.text);
+        click_row(1);
+        EXPECT_EQ(row(), 0) << c.text;
+        press("add_server");
+        EXPECT_EQ(window->servers().size(), 2U) << c.text;
+        EXPECT_TRUE(words(c.words).ends_with('.')) << c.text;
+        EXPECT_NE(words(c.words), good);
+        EXPECT_EQ(saved() != two, c.stored) << c.text;
+        const bool has_to_change =
+            std::string(c.words).starts_with(std::string(c.field).substr(2)); // and not the other
+        EXPECT_EQ(find<QLineEdit>(c.field)->selectedText(), has_to_change ? QLatin1String(c.text) : QLatin1String());
+        press("remove_server");
+        EXPECT_EQ(saved(), "Two:two.example:8:4:false\n");
+    }
+}
+
+TEST_F(ServersWindowTest, RowsComeGoAndComeBack) {
+    open(nullptr);
+    EXPECT_FALSE(find<QWidget>("m_name")->isEnabled());
+    press("add_server");
+    EXPECT_EQ(saved(), "New Server:0.0.0.0:16:0:false\n");
+    type("m_name", "a.example");
+    press("add_server");
+    EXPECT_EQ(row(), 1);
+    EXPECT_EQ(text("m_maxpoll") + " " + text("m_minpoll"), "16 0");
+    type("m_name", "b.example");
+    press("add_server");
+    click_row(1);
+    press("remove_server");
+    EXPECT_EQ(row(), 1); // the next one
+    EXPECT_EQ(text("m_name"), "0.0.0.0");
+    press("remove_server");
+    EXPECT_EQ(text("m_name"), "a.example"); // the last one
+    press("remove_server");
+    EXPECT_EQ(saved(), "");
+    EXPECT_EQ(text("m_name"), "");
+    for (int i = 0; i < 3; ++i)
+        press("undo_removal");
+    EXPECT_EQ(saved(), "New Server:a.example:16:0:false\nNew Server:b.example:16:0:false\n"
+                       "New Server:0.0.0.0:16:0:false\n");
+    EXPECT_FALSE(find<QToolButton>("undo_removal")->isVisible());
+}
+
+TEST_F(ServersWindowTest, TitlesAndOrderAreEditedInTheList) {
+    open("One:one.example:10:6:true\nTwo:two.example:8:4:false\nThree:three.example:8:4:false\n");
+    auto* view = find<ServerListView>("serverListView");
+    auto* model = view->model();
+    EXPECT_FALSE(model->setData(model->index(0, 0), QStringLiteral("a:b")));
+    EXPECT_TRUE(find<QLabel>("notice")->isVisible());
+    EXPECT_TRUE(model->setData(model->index(0, 0), QStringLiteral("Uno")));
+    ASSERT_TRUE(model->moveRow({}, 0, {}, 3));
+    settle();
+    EXPECT_EQ(saved(), "Two:two.example:8:4:false\nThree:three.example:8:4:false\nUno:one.example:10:6:true\n");
+    type("m_name", "uno.example"); // the fields went along
+    ASSERT_TRUE(model->moveRow({}, 2, {}, 0));
+    settle();
+    EXPECT_EQ(saved(), "Uno:uno.example:10:6:true\nTwo:two.example:8:4:false\nThree:three.example:8:4:false\n");
+}
+
+TEST_F(ServersWindowTest, AFailureIsSaidAndTheEditStays) {
+    open(two);
+    list->failure = "Cannot write servers.txt: No space left on device.";
+    type("m_name", "new.example");
+    EXPECT_TRUE(words("notice").starts_with(list->failure)) << words("notice");
+    EXPECT_EQ(text("m_name"), "new.example");
+    window->close();
+    window->show(); // the list on the disk is older than the one here
+    settle();
+    EXPECT_EQ(text("m_name"), "new.example");
+    list->failure.clear();
+    press("retry");
+    EXPECT_EQ(saved(), "One:new.example:10:6:true\nTwo:two.example:8:4:false\n");
+    EXPECT_FALSE(find<QLabel>("notice")->isVisible());
+}
+
+TEST_F(ServersWindowTest, TheListOfSomebodyElseIsKeptOrShown) {
+    open(two);
+    type("m_name", "ours.example");
+    list->set("Theirs:theirs.example:10:6:true\n");
+    type("m_name", "ours2.example");
+    EXPECT_NE(words("notice").find("servers.txt.other"), std::string::npos) << words("notice");
+    list->set("Theirs:theirs.example:10:6:true\n");
+    window->hide();
+    window->show();
+    settle();
+    EXPECT_EQ(text("m_name"), "theirs.example"); // there was nothing of ours to save
+    // A change that comes between the look and its answer.
+    list->set("Theirs:again.example:10:6:true\n");
+    window->hide();
+    window->show();
+    queue.turn();
+    type("m_name", "ours3.example");
+    EXPECT_EQ(text("m_name"), "ours3.example");
+    EXPECT_NE(words("notice").find("servers.txt.other"), std::string::npos) << words("notice");
+}
+
+TEST_F(ServersWindowTest, AFileThatIsNoListIsNotLostSilently) {
+    list->on_disk = {SharedTextReading::Outcome::unfit, {}, "it is a folder"};
+    open(nullptr);
+    EXPECT_NE(words("notice").find("it is a folder"), std::string::npos);
+    EXPECT_TRUE(window->servers().empty());
+}
+
+TEST_F(ServersWindowTest, GoesToAndFromChrony) {
+    open(two);
+    press("copy_lines");
+    const QString lines = QStringLiteral("server one.example iburst\nserver two.example minpoll 4 maxpoll 8\n");
+    EXPECT_EQ(QApplication::clipboard()->text(), lines);
+    EXPECT_FALSE(find<QPushButton>("insert_lines")->isEnabled());
+    editor_is_open = true;
+    window->hide();
+    window->show();
+    settle();
+    press("insert_lines");
+    EXPECT_EQ(inserted, lines);
+    press("import_servers");
+    EXPECT_EQ(words("notice"), "Cannot read it.");
+    configuration = "pool three.example iburst\nserver one.example\nserver 2001:db8::1\n";
+    press("import_servers");
+    EXPECT_EQ(window->servers().size(), 3U);
+    EXPECT_EQ(text("m_name"), "three.example");
+    EXPECT_NE(words("notice").find("IPv6"), std::string::npos);
+    press("serverHelp");
+    EXPECT_TRUE(page.endsWith(QStringLiteral("chrony.conf.html#server")));
+}
+
+TEST_F(ServersWindowTest, AnswersMayOutliveTheWindow) {
+    open(two);
+    find<QLineEdit>("m_name")->setText(QStringLiteral("last.example"));
+    Q_EMIT find<QLineEdit>("m_name")->textEdited({});
+    find<QPushButton>("import_servers")->click();
+    window.reset();
+    settle();
+    EXPECT_EQ(saved(), "One:last.example:10:6:true\nTwo:two.example:8:4:false\n");
+}
+
+} // namespace
+} // namespace tickervantage
