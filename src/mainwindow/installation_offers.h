@@ -1,0 +1,85 @@
+// What the main window offers about chrony's installation, once after it was loaded.
+//
+// First, where something of the installation is missing: to use the distribution's chrony where there is one, else to
+// install our own. Then, where the installed chronyd is another version than the one that the program carries: to
+// install that. Main thread; the machine is looked at on the queue.
+#pragma once
+
+#include "chrony/runchronyc.h"
+#include "instruments/suppressible_alert.h"
+#include "mainwindow/versions.h"
+#include "platform/dispatch.h"
+#include "platform/services/service_definitions.h"
+#include "privileged/distribution_chrony.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace tickervantage {
+
+struct InstalledPaths {
+    std::string config;
+    std::string chronyc;
+    std::string chronyd;
+};
+
+// What was seen of the installation.
+struct InstallationFacts {
+    bool complete = false; // all of its files are there
+    bool has_daemon = false;
+    bool has_programs = false;
+    std::optional<DistributionChrony> distribution;
+    ProgramVersion installed; // of chronyd; empty label: not asked
+    ProgramVersion embedded;
+};
+
+// Blocks while two chronyd tell their version.
+[[nodiscard]] InstallationFacts look_at_installation(const InstalledPaths& paths, const std::string& bundle,
+                                                     ServiceForm form, const FileExists& file_exists, Execute& execute);
+
+// Finds a text in the user's language, by the text and a comment for translators.
+using Translate = std::function<std::string(const char* text, const char* comment)>;
+
+[[nodiscard]] Alert first_run_alert(const Translate& translate);
+[[nodiscard]] Alert version_alert(const Translate& translate, const std::string& chronyd, const std::string& installed,
+                                  const std::string& embedded);
+[[nodiscard]] Alert system_chrony_alert(const Translate& translate, const DistributionChrony& chrony);
+
+struct InstallationOffersParts {
+    WarningRegister& warnings;
+    Execute& execute;
+    DispatchQueueSerial& queue;
+    MainThread& main_thread;
+    std::string bundle;
+    ServiceForm form = native_service_form;
+    FileExists file_exists;                // on the queue
+    std::function<InstalledPaths()> paths; // as the preferences have them
+    ShowAlert show;
+    Translate translate;
+    std::function<void()> install;
+    std::function<void(const DistributionChrony&)> use_distribution;
+    std::function<void(const std::string& program, const std::string& answer)> stop_for_version;
+};
+
+class InstallationOffers {
+public:
+    explicit InstallationOffers(InstallationOffersParts parts);
+    ~InstallationOffers();
+    InstallationOffers(const InstallationOffers&) = delete;
+    InstallationOffers& operator=(const InstallationOffers&) = delete;
+
+    // Once for each load of the window. Offers come one after the other.
+    void start();
+
+private:
+    void offer(const InstallationFacts& facts);
+    void offer_installation(const InstallationFacts& facts);
+    void offer_version(const InstallationFacts& facts);
+
+    InstallationOffersParts m_parts;
+    std::shared_ptr<InstallationOffers*> m_self; // answers find out through it that the offers have gone
+};
+
+} // namespace tickervantage

@@ -1,0 +1,96 @@
+#include "privileged/chrony_jobs.h"
+
+#include "platform/text_lines.h"
+
+#include <fmt/format.h>
+
+#include <ranges>
+
+namespace tickervantage {
+namespace {
+
+// The words behind the last of these in a line; an empty text where there are none.
+std::string behind(std::string_view line, std::string_view words) {
+    const auto at = line.rfind(words);
+    return at == std::string_view::npos ? std::string() : std::string(trimmed(line.substr(at + words.size())));
+}
+
+std::string sentence(std::string_view words, std::string_view detail) {
+    const std::string_view end = detail.ends_with('.') ? "" : ".";
+    return detail.empty() ? fmt::format("{}.", words) : fmt::format("{}: {}{}", words, detail, end);
+}
+
+} // namespace
+
+std::string complaint_in(const std::string& report) {
+    const auto lines = non_empty_lines(report);
+    for (const std::string_view words : {"Fatal error : ", "does not stay up: ", "]: "})
+        for (const auto line : lines | std::views::reverse)
+            if (words != "]: " || line.find("chronyd[") != std::string_view::npos)
+                if (auto found = behind(line, words); !found.empty())
+                    return found;
+    return {};
+}
+
+std::string ChronyJobs::daemon_complaint() {
+    if (auto said = complaint_in(m_start_reply); !said.empty())
+        return said;
+    const auto label = m_unit.empty() ? std::string(daemon_label) : m_unit.substr(0, m_unit.rfind('.'));
+    return complaint_in(m_steps.execute(status_line(m_setting.form, label)));
+}
+
+int ChronyJobs::place_configuration(const std::string& text, std::string& reply) {
+    const std::string temporary = m_setting.temporary + "to_be_installed_chrony.conf";
+    if (m_steps.write(temporary, text) != 0)
+        return -1;
+    stop_daemon();
+    reply = install_item(temporary, m_setting.config, SupportTool::file_mode, false);
+    prepare_configuration(text);
+    start_daemon();
+    return 0;
+}
+
+bool ChronyJobs::holds(const std::string& text) const {
+    return !m_probes.carried_out || m_probes.read_file(m_setting.config) == text;
+}
+
+// A service that is not there cannot come up, and no configuration is to blame for that.
+bool ChronyJobs::comes_up() {
+    const bool is_installed = !m_unit.empty() || m_probes.file_exists(definition_path(m_setting.form, daemon_label));
+    return !m_probes.carried_out || !is_installed || m_probes.daemon_survives(m_unit);
+}
+
+JobResult ChronyJobs::install_configuration(const std::string& text) {
+    if (const ConfigError error = m_probes.check_syntax(text); !error.m_isok)
+        return {.done = false, .sentence = sentence("chronyd refuses this configuration", error.m_msg)};
+    const bool had_former = m_probes.file_exists(m_setting.config);
+    std::string reply;
+    if (place_configuration(text, reply) != 0)
+        return cannot_write();
+    if (!holds(text))
+        return {.done = false, .sentence = sentence("The configuration was not installed", trimmed(reply))};
+    if (!comes_up())
+        return recover(had_former);
+    return restart_gpsd();
+}
+
+JobResult ChronyJobs::recover(bool had_former) {
+    const std::string ended =
+        sentence("chronyd ended soon after it was started with this configuration", daemon_complaint());
+    if (!had_former)
+        return {.done = false,
+                .sentence =
+                    ended + " There was no configuration before it that could be put back: chronyd does not run."};
+    stop_daemon();
+    (void)m_steps.execute(m_tool.restore_former(m_setting.config));
+    start_daemon();
+    (void)restart_gpsd();
+    if (!comes_up())
+        return {.done = false,
+                .sentence = ended + ' ' +
+                            sentence("The former configuration is back, but chronyd does not run with it either",
+                                     daemon_complaint())};
+    return {.done = false, .sentence = ended + " The former configuration is back, and chronyd runs with it again."};
+}
+
+} // namespace tickervantage

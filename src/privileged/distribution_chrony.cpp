@@ -1,0 +1,45 @@
+#include "privileged/distribution_chrony.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace tickervantage {
+namespace {
+
+// Debian and its relatives, then Fedora, SUSE and Arch.
+constexpr std::initializer_list<const char*> configurations{"/etc/chrony/chrony.conf", "/etc/chrony.conf"};
+constexpr std::initializer_list<const char*> clients{"/usr/bin/chronyc"};
+constexpr std::initializer_list<const char*> daemons{"/usr/sbin/chronyd", "/usr/bin/chronyd"};
+constexpr std::initializer_list<const char*> units{"chrony.service", "chronyd.service"};
+
+std::string first_of(std::initializer_list<const char*> paths, const FileExists& file_exists) {
+    const auto* const found = std::ranges::find_if(paths, [&](const char* path) { return file_exists(path); });
+    return found == paths.end() ? std::string() : *found;
+}
+
+std::string installed_unit(const FileExists& file_exists) {
+    for (const char* unit : units)
+        for (const std::string folder : {"/lib/systemd/system/", "/usr/lib/systemd/system/"})
+            if (file_exists(folder + unit))
+                return unit;
+    return {};
+}
+
+} // namespace
+
+std::optional<DistributionChrony> find_distribution_chrony(const FileExists& file_exists) {
+    DistributionChrony found{.config = first_of(configurations, file_exists),
+                             .chronyc = first_of(clients, file_exists),
+                             .chronyd = first_of(daemons, file_exists),
+                             .unit = installed_unit(file_exists)};
+    if (found.config.empty() || found.chronyc.empty() || found.chronyd.empty() || found.unit.empty())
+        return std::nullopt;
+    return found;
+}
+
+std::string distribution_unit(const std::string& chronyd, const FileExists& file_exists) {
+    const bool is_theirs = std::ranges::find(daemons, chronyd) != daemons.end();
+    return is_theirs ? installed_unit(file_exists) : std::string();
+}
+
+} // namespace tickervantage

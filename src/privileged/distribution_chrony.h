@@ -1,0 +1,26 @@
+// The chrony that the distribution installed, which can stand for one of our own.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace tickervantage {
+
+struct DistributionChrony {
+    std::string config;
+    std::string chronyc;
+    std::string chronyd;
+    std::string unit; // such as "chrony.service"
+    friend bool operator==(const DistributionChrony&, const DistributionChrony&) = default;
+};
+
+using FileExists = std::function<bool(const std::string& path)>;
+
+// None unless all four parts are there.
+[[nodiscard]] std::optional<DistributionChrony> find_distribution_chrony(const FileExists& file_exists);
+
+// The unit that starts and stops the daemon when the configured chronyd is the distribution's; empty: it is our own.
+[[nodiscard]] std::string distribution_unit(const std::string& chronyd, const FileExists& file_exists);
+
+} // namespace tickervantage

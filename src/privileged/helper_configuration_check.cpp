@@ -1,0 +1,224 @@
+#include "privileged/helper_content.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <set>
+
+namespace tickervantage {
+namespace {
+
+// chronyd reads into 2048 bytes and takes what is left of a longer line for a line of its own, so that a comment could
+// hide a directive.
+constexpr std::size_t longest_line = 2046;
+constexpr std::string_view white_space = " \t\r\v\f";
+constexpr std::string_view comment_starts = "!;#%";
+
+// Directives that touch no file and run no program.
+constexpr std::array<std::string_view, 67> harmless{"acquisitionport",
+                                                    "allow",
+                                                    "authselectmode",
+                                                    "bindacqaddress",
+                                                    "bindacqdevice",
+                                                    "bindaddress",
+                                                    "bindcmddevice",
+                                                    "binddevice",
+                                                    "broadcast",
+                                                    "clientloglimit",
+                                                    "clockprecision",
+                                                    "cmdallow",
+                                                    "cmddeny",
+                                                    "cmdport",
+                                                    "cmdratelimit",
+                                                    "combinelimit",
+                                                    "corrtimeratio",
+                                                    "deny",
+                                                    "dscp",
+                                                    "dumponexit",
+                                                    "fallbackdrift",
+                                                    "hwtimestamp",
+                                                    "initstepslew",
+                                                    "leapsecmode",
+                                                    "leapsectz",
+                                                    "linux_freq_scale",
+                                                    "linux_hz",
+                                                    "local",
+                                                    "lock_all",
+                                                    "log",
+                                                    "logbanner",
+                                                    "logchange",
+                                                    "makestep",
+                                                    "manual",
+                                                    "maxchange",
+                                                    "maxclockerror",
+                                                    "maxdistance",
+                                                    "maxdrift",
+                                                    "maxjitter",
+                                                    "maxntsconnections",
+                                                    "maxsamples",
+                                                    "maxslewrate",
+                                                    "maxupdateskew",
+                                                    "minsamples",
+                                                    "minsources",
+                                                    "nocerttimecheck",
+                                                    "noclientlog",
+                                                    "nosystemcert",
+                                                    "ntpport",
+                                                    "ntsport",
+                                                    "ntsprocesses",
+                                                    "ntsratelimit",
+                                                    "ntsrefresh",
+                                                    "ntsrotate",
+                                                    "peer",
+                                                    "pool",
+                                                    "port",
+                                                    "ptpport",
+                                                    "ratelimit",
+                                                    "reselectdist",
+                                                    "rtcautotrim",
+                                                    "rtconutc",
+                                                    "rtcsync",
+                                                    "sched_priority",
+                                                    "server",
+                                                    "smoothtime",
+                                                    "stratumweight"};
+
+// Directives whose words are paths that root or the daemon reads or writes; each must lie in chrony's own folders.
+constexpr std::array<std::string_view, 14> of_paths{
+    "confdir",        "driftfile",  "dumpdir",       "hwclockfile",  "include", "keyfile", "logdir",
+    "ntpsigndsocket", "ntsdumpdir", "ntsservercert", "ntsserverkey", "pidfile", "rtcfile", "sourcedir"};
+
+constexpr std::array<std::string_view, 3> daemon_users{"_chrony", "chrony", "ntp"};
+constexpr std::array<std::string_view, 7> chrony_folders{"/etc/chrony/",      "/etc/chrony.d/",   "/run/chrony/",
+                                                         "/run/chrony-dhcp/", "/var/run/chrony/", "/var/lib/chrony/",
+                                                         "/var/log/chrony/"};
+
+template <std::size_t count>
+bool holds(const std::array<std::string_view, count>& list, std::string_view word) {
+    return std::ranges::find(list, word) != list.end();
+}
+
+using Words = std::vector<std::string>;
+
+Words words_of(std::string_view line) {
+    Words words;
+    while (true) {
+        const auto from = line.find_first_not_of(white_space);
+        if (from == std::string_view::npos)
+            return words;
+        line.remove_prefix(from);
+        const auto end = std::min(line.find_first_of(white_space), line.size());
+        words.emplace_back(line.substr(0, end));
+        line.remove_prefix(end);
+    }
+}
+
+bool lies_in_chrony_folder(const std::string& path, const HelperRules& rules) {
+    if (!is_plain_path(path))
+        return false;
+    const auto inside = [folder_path = without_spare_slashes(path) + '/'](std::string_view folder) {
+        return folder_path.starts_with(folder);
+    };
+    return std::ranges::any_of(chrony_folders, inside) ||
+           std::ranges::any_of(rules.log_folders, [&](const auto& folder) { return inside(folder + '/'); });
+}
+
+// A socket is made by root at its path; the other kinds open a device, or shared memory, which has no path.
+bool is_safe_clock(const Words& words, const HelperRules& rules) {
+    if (words.size() < 3)
+        return false;
+    const auto path = words[2].substr(0, words[2].find(':'));
+    if (words[1] == "SOCK")
+        return is_plain_path(path) && (path.starts_with("/run/chrony.") || path.starts_with("/var/run/chrony.") ||
+                                       lies_in_chrony_folder(path, rules));
+    return words[1] == "SHM" || (path.starts_with("/dev/") && is_plain_path(path));
+}
+
+bool is_safe(const Words& words, const HelperRules& rules) {
+    const auto& name = words[0];
+    if (holds(harmless, name))
+        return true;
+    if (name == "user")
+        return words.size() == 2 && holds(daemon_users, words[1]);
+    if (name == "bindcmdaddress" && words.size() == 2 && words[1].front() != '/')
+        return true;
+    if (name == "rtcdevice")
+        return words.size() == 2 && words[1].starts_with("/dev/rtc") && is_plain_path(words[1]);
+    if (name == "refclock")
+        return is_safe_clock(words, rules);
+    const bool names_paths = holds(of_paths, name) || name == "bindcmdaddress";
+    return names_paths && words.size() > 1 && std::all_of(words.begin() + 1, words.end(), [&](const auto& path) {
+               return lies_in_chrony_folder(path, rules);
+           });
+}
+
+std::string joined(const Words& words) {
+    std::string text;
+    for (const auto& word : words)
+        text += (text.empty() ? "" : " ") + word;
+    return text;
+}
+
+// A directive's words, its name in lower case; none for a blank line or a comment.
+Words directive(std::string_view line) {
+    auto words = words_of(line);
+    if (words.empty() || comment_starts.find(words[0].front()) != std::string_view::npos)
+        return {};
+    std::ranges::transform(words[0], words[0].begin(),
+                           [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return words;
+}
+
+template <class Visit>
+void each_line(std::string_view text, Visit visit) {
+    for (int number = 1; !text.empty(); ++number) {
+        const auto end = std::min(text.find('\n'), text.size());
+        visit(number, text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+}
+
+std::set<std::string> directives_of(std::string_view text) {
+    std::set<std::string> found;
+    each_line(text, [&found](int, std::string_view line) { found.insert(joined(directive(line))); });
+    return found;
+}
+
+} // namespace
+
+int find_unsafe_lines(std::string_view text, std::string_view installed, const HelperRules& rules,
+                      std::vector<ConfigurationLine>& lines, std::string& sentence) {
+    if (text.find('\0') != std::string_view::npos) {
+        sentence = "The configuration is not a text.";
+        return -1;
+    }
+    const auto known = directives_of(installed);
+    std::vector<ConfigurationLine> found;
+    int too_long = 0;
+    each_line(text, [&](int number, std::string_view line) {
+        if (line.size() > longest_line)
+            too_long = number;
+        const auto words = directive(line);
+        const auto whole = joined(words);
+        if (!words.empty() && !is_safe(words, rules) && !known.contains(whole))
+            found.push_back({number, whole});
+    });
+    if (too_long != 0) {
+        sentence = "Line " + std::to_string(too_long) + " of the configuration is longer than chronyd reads.";
+        return -1;
+    }
+    lines = std::move(found);
+    return 0;
+}
+
+std::string configured_daemon_user(std::string_view text) {
+    std::string user;
+    each_line(text, [&user](int, std::string_view line) {
+        const auto words = directive(line);
+        if (words.size() == 2 && words[0] == "user")
+            user = words[1];
+    });
+    return user;
+}
+
+} // namespace tickervantage

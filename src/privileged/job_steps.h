@@ -1,0 +1,59 @@
+// What an administrative job is made of: requests to the root helper, pauses, and files written to be installed.
+//
+// A job plays its steps through this interface, so that the same series can be carried out, printed, or listened to by
+// a test. One job at a time; off the main thread where the steps are carried out.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace tickervantage {
+
+class JobSteps {
+public:
+    virtual ~JobSteps() = default;
+
+    // Has the helper run a command line as root; what it printed.
+    virtual std::string execute(const std::string& command) = 0;
+    virtual void sleep(int seconds) = 0;
+    // Writes a file as the user, in place of any older one. 0/-1.
+    [[nodiscard]] virtual int write(const std::string& path, const std::string& text) = 0;
+};
+
+// Keeps the series and carries out nothing. Every command answers with the empty text.
+class RecordedSteps : public JobSteps {
+public:
+    struct Execute {
+        std::string command;
+        friend bool operator==(const Execute&, const Execute&) = default;
+    };
+    struct Sleep {
+        int seconds = 0;
+        friend bool operator==(const Sleep&, const Sleep&) = default;
+    };
+    struct Write {
+        std::string path;
+        std::string text;
+        friend bool operator==(const Write&, const Write&) = default;
+    };
+    using Step = std::variant<Execute, Sleep, Write>;
+
+    std::string execute(const std::string& command) override {
+        m_steps.emplace_back(Execute{command});
+        return {};
+    }
+    void sleep(int seconds) override { m_steps.emplace_back(Sleep{seconds}); }
+    [[nodiscard]] int write(const std::string& path, const std::string& text) override {
+        m_steps.emplace_back(Write{path, text});
+        return 0;
+    }
+
+    [[nodiscard]] const std::vector<Step>& steps() const { return m_steps; }
+
+private:
+    std::vector<Step> m_steps;
+};
+
+} // namespace tickervantage

@@ -1,0 +1,22 @@
+// The dictionaries of the helper's messages, read and written.
+#pragma once
+
+#include <systemd/sd-bus.h>
+
+#include <optional>
+#include <string>
+
+namespace tickervantage {
+
+struct RequestMessage {
+    std::string request;
+    std::optional<std::string> auth; // bytes as they came
+};
+
+// Reads a{sv}; keys that mean nothing here are passed over. False when it is not such a message, or has no request.
+[[nodiscard]] bool read_request(sd_bus_message* message, RequestMessage& request);
+
+// Answers a request. Text that the bus cannot carry is made fit.
+int send_reply(sd_bus_message* message, const std::string& text);
+
+} // namespace tickervantage

@@ -1,0 +1,66 @@
+// The helper on the bus: takes messages, decides, has the work done, and ends when nothing came for a while.
+//
+// Interface net.brisklane.chronyhelper: Request(a{sv}) -> a{sv}, Authorise() -> ay, property Version. One thread.
+#pragma once
+
+#include "platform/linux/bus_owners.h"
+#include "privileged/helper_rules.h"
+#include "privileged/helper_tokens.h"
+#include "programs/chronyhelper/callers.h"
+#include "programs/chronyhelper/job_lines.h"
+#include "programs/chronyhelper/polkit.h"
+
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace tickervantage {
+
+class HelperService {
+public:
+    // `folder` is the helper's own, for what outlives a run and for files on their way.
+    HelperService(sd_bus* bus, sd_event* event, HelperRules rules, std::string folder);
+
+    // Takes the name and works until there is nothing to do any more. 0, or -1 and one sentence.
+    [[nodiscard]] int run(std::string& sentence);
+
+    // Makes `run` finish what is under way and return.
+    void end() { m_ends = true; }
+
+private:
+    static int on_request(sd_bus_message* message, void* self, sd_bus_error* error);
+    static int on_authorise(sd_bus_message* message, void* self, sd_bus_error* error);
+    static int on_version(sd_bus* bus, const char* path, const char* interface, const char* property,
+                          sd_bus_message* reply, void* self, sd_bus_error* error);
+    static int on_idle(sd_event_source* source, std::uint64_t time, void* self);
+    static const sd_bus_vtable vtable[];
+
+    int request(sd_bus_message* message);
+    int refuse(sd_bus_message* message, const HelperCaller& caller, std::string_view verb, const std::string& sentence);
+    int quit(sd_bus_message* message, const HelperCaller& caller);
+    int execute(sd_bus_message* message, const HelperCaller& caller, HelperRequest request);
+    int authorise(sd_bus_message* message);
+    void answer_authorise(sd_bus_message* message, const std::string& sender, PolkitAnswer answer);
+    void connection_gone(const std::string& name);
+    void restore_tokens();
+    void keep_tokens() const;
+    [[nodiscard]] bool has_work() const { return !m_jobs.empty() || !m_asking.empty(); }
+    void note_activity();
+    int drain(std::string& sentence);
+
+    sd_bus* m_bus;
+    sd_event* m_event;
+    HelperRules m_rules;
+    std::string m_folder;
+    HelperTokens m_tokens;
+    Polkit m_polkit;
+    Callers m_callers;
+    JobLines m_jobs;
+    std::set<std::uint32_t> m_asking; // users who are looking at a password dialog
+    bool m_ends = false;
+    EventSource m_idle;
+    BusSlot m_slot;
+};
+
+} // namespace tickervantage

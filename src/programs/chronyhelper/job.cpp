@@ -1,0 +1,190 @@
+#include "programs/chronyhelper/job.h"
+
+#include "platform/helper_names.h"
+#include "programs/chronyhelper/commands.h"
+#include "programs/chronyhelper/source_file.h"
+#include "programs/chronyhelper/trusted_files.h"
+
+#include <unistd.h>
+
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr std::size_t text_limit = std::size_t{1} << 20U;
+constexpr std::size_t program_limit = std::size_t{64} << 20U;
+constexpr std::size_t shown_lines = 8; // in a dialog
+constexpr std::size_t shown_letters = 120;
+
+bool is_run(const Item& item) {
+    return item.kind == ItemKind::program || item.kind == ItemKind::script;
+}
+
+std::string bundled(const Item& item, const HelperRules& rules) {
+    return item.kind == ItemKind::program ? rules.bundle_program(item.name)
+                                          : rules.bundle + "/Contents/Resources/" + item.name;
+}
+
+// What may stand in a configuration without being asked for again: what is installed, and what was before it.
+std::string known_configuration(const std::string& path) {
+    std::string known;
+    for (const auto& file : {path, path + ".former"}) {
+        std::string bytes;
+        std::string ignored; // one that others can change counts as none
+        if (read_roots_file(file, text_limit, bytes, ignored) == 0)
+            known += bytes + '\n';
+    }
+    return known;
+}
+
+std::string dialog_text(const std::vector<ConfigurationLine>& lines) {
+    std::string text = "This configuration lets chronyd, which starts as root, do more than usual:";
+    for (std::size_t at = 0; at < lines.size() && at < shown_lines; ++at)
+        text += "\nline " + std::to_string(lines[at].number) + ": " + lines[at].text.substr(0, shown_letters);
+    if (lines.size() > shown_lines)
+        text += "\nand " + std::to_string(lines.size() - shown_lines) + " more lines";
+    return text;
+}
+
+} // namespace
+
+Job::Job(const JobParts& parts, JobOrder order) : m_parts(parts), m_order(std::move(order)) {}
+
+Job::~Job() {
+    if (!m_staged.empty())
+        ::unlink(m_staged.c_str());
+}
+
+void Job::start() {
+    if (m_order.request.verb == HelperVerb::install_item)
+        read_source();
+    else
+        do_it();
+}
+
+void Job::run_child(ChildTask task, Next next) {
+    m_child = std::make_unique<ChildProcess>(m_parts.event, std::move(task), [this, next](ChildEnd end) {
+        const auto finished = std::move(m_child); // kept until its callback has returned
+        (this->*next)(std::move(end));
+    });
+}
+
+void Job::end(Decision decision, std::string text) {
+    const auto done = std::move(m_order.done);
+    done(decision, std::move(text));
+}
+
+void Job::read_source() {
+    const auto limit = is_run(m_order.request.item) ? program_limit : text_limit;
+    run_child(read_source_task(m_order.request.source, user_identity(m_order.caller.user), limit),
+              &Job::source_was_read);
+}
+
+void Job::source_was_read(ChildEnd result) {
+    if (result.status == 0)
+        check_content(result.output);
+    else if (result.status == source_refused_status)
+        end(Decision::refused, result.output);
+    else
+        end(Decision::refused, "The file to be installed could not be read in time.");
+}
+
+void Job::check_content(const std::string& bytes) {
+    const auto& request = m_order.request;
+    if (is_run(request.item))
+        return check_program(bytes);
+    if (request.item.kind == ItemKind::configuration)
+        return check_configuration(bytes);
+    std::string sentence;
+    if (check_service_definition(request.destination, bytes, m_parts.rules, sentence) != 0)
+        return end(Decision::refused, sentence);
+    stage(bytes);
+    do_it();
+}
+
+// What will run as root must be what root holds already.
+void Job::check_program(const std::string& bytes) {
+    const auto path = bundled(m_order.request.item, m_parts.rules);
+    std::string own;
+    std::string sentence;
+    const int found = read_roots_file(path, program_limit, own, sentence);
+    if (found != 0)
+        return end(Decision::refused, found > 0 ? path + " is missing." : sentence);
+    if (own != bytes)
+        return end(Decision::refused, "The program is another one than the helper was installed with: install the "
+                                      "helper again.");
+    m_order.request.argv[2] = path;
+    do_it();
+}
+
+void Job::check_configuration(const std::string& bytes) {
+    std::string sentence;
+    const auto known = known_configuration(m_order.request.destination);
+    if (find_unsafe_lines(bytes, known, m_parts.rules, m_unsafe_lines, sentence) != 0)
+        return end(Decision::refused, sentence);
+    stage(bytes);
+    auto task = syntax_check_task(m_staged, m_parts.rules);
+    if (task.argv.empty())
+        return ask_about_unsafe_lines(); // no chronyd is installed that could be stopped by it
+    run_child(std::move(task), &Job::syntax_was_checked);
+}
+
+void Job::ask_about_unsafe_lines() {
+    if (m_unsafe_lines.empty())
+        return do_it();
+    const auto first = "line " + std::to_string(m_unsafe_lines[0].number) + " (" +
+                       m_unsafe_lines[0].text.substr(0, shown_letters) + ")";
+    m_parts.polkit.ask({.sender = m_order.caller.name,
+                        .action = helper::unsafe_config_action,
+                        .message = dialog_text(m_unsafe_lines),
+                        .may_ask = m_order.may_ask},
+                       [this, alive = std::weak_ptr(m_alive), first](PolkitAnswer answer) {
+                           if (alive.expired())
+                               return;
+                           if (answer == PolkitAnswer::yes)
+                               do_it();
+                           else
+                               end(Decision::refused, "The configuration was not installed: " + first +
+                                                          " needs an authorisation of its own.");
+                       });
+}
+
+void Job::stage(const std::string& bytes) {
+    static unsigned count = 0;
+    m_staged = m_parts.folder + "/item-" + std::to_string(++count);
+    // Readable for the daemon's user, who checks a configuration. What cannot be written now fails when it is
+    // installed.
+    (void)write_new_file(m_staged, bytes, 0644);
+    m_order.request.argv[2] = m_staged;
+}
+
+void Job::syntax_was_checked(ChildEnd result) {
+    if (result.status == 0)
+        return ask_about_unsafe_lines();
+    const auto fault = result.output.rfind("Fatal error");
+    auto text = fault == std::string::npos ? result.output : result.output.substr(fault);
+    if (const auto file = text.find(" in file "); file != std::string::npos)
+        text.resize(file); // the name of the file on its way says nothing
+    while (!text.empty() && text.back() == '\n')
+        text.pop_back();
+    end(Decision::refused, "chronyd does not accept this configuration: " + text + ".");
+}
+
+void Job::do_it() {
+    auto task = task_for(m_order.request, m_parts.rules);
+    if (!is_roots_own(task.argv[0]) || !is_roots_own(m_order.request.argv[0]))
+        return end(Decision::refused, m_order.request.argv[0] + " is missing, or others than root can change it.");
+    run_child(std::move(task), &Job::was_done);
+}
+
+void Job::was_done(ChildEnd result) {
+    auto text = std::move(result.output);
+    if (!result.sentence.empty())
+        text += (text.empty() || text.back() == '\n' ? "" : "\n") + result.sentence;
+    else if (result.status != 0 && text.empty())
+        text = "The command ended with status " + std::to_string(result.status) + ".";
+    end(result.status == 0 ? Decision::done : Decision::failed, std::move(text));
+}
+
+} // namespace tickervantage

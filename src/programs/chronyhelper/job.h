@@ -1,0 +1,67 @@
+// One admitted request on its way: from the caller's file to the child that does the work, step by step, never waiting.
+#pragma once
+
+#include "privileged/helper_content.h"
+#include "privileged/helper_request.h"
+#include "privileged/helper_tokens.h"
+#include "programs/chronyhelper/child_process.h"
+#include "programs/chronyhelper/journal.h"
+#include "programs/chronyhelper/polkit.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tickervantage {
+
+struct JobParts {
+    sd_event* event;
+    Polkit& polkit;
+    const HelperRules& rules;
+    std::string folder; // of the helper's own, for files on their way
+};
+
+struct JobOrder {
+    HelperRequest request;
+    HelperCaller caller;
+    bool may_ask = false; // a password dialog may be shown
+    std::function<void(Decision, std::string text)> done;
+};
+
+class Job {
+public:
+    // `order.done` is called once, from the event loop; it may destroy the job.
+    Job(const JobParts& parts, JobOrder order);
+    ~Job();
+    Job(const Job&) = delete;
+    Job& operator=(const Job&) = delete;
+
+    void start();
+    [[nodiscard]] const std::string& sender() const { return m_order.caller.name; }
+
+private:
+    using Next = void (Job::*)(ChildEnd);
+
+    void run_child(ChildTask task, Next next);
+    void read_source();
+    void source_was_read(ChildEnd end);
+    void check_content(const std::string& bytes);
+    void check_program(const std::string& bytes);
+    void check_configuration(const std::string& bytes);
+    void syntax_was_checked(ChildEnd end);
+    void ask_about_unsafe_lines();
+    void stage(const std::string& bytes);
+    void do_it();
+    void was_done(ChildEnd end);
+    void end(Decision decision, std::string text);
+
+    const JobParts& m_parts;
+    JobOrder m_order;
+    std::vector<ConfigurationLine> m_unsafe_lines;
+    std::string m_staged; // the caller's bytes, in the helper's folder
+    std::unique_ptr<ChildProcess> m_child;
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); // for answers that come after the job has gone
+};
+
+} // namespace tickervantage

@@ -1,0 +1,21 @@
+// What the helper tells the system's journal: one structured line a decision. The text of a request and the token are
+// never part of it.
+#pragma once
+
+#include "privileged/helper_tokens.h"
+
+#include <string>
+#include <string_view>
+
+namespace tickervantage {
+
+enum class Decision : unsigned char { done, refused, failed };
+
+// The fields RESULT, CALLER_UID, VERB and SENDER, with a sentence for people.
+void journal_decision(Decision decision, const HelperCaller& caller, std::string_view verb,
+                      const std::string& sentence);
+
+// Something about the helper itself.
+void journal_note(const std::string& sentence);
+
+} // namespace tickervantage

@@ -1,0 +1,17 @@
+// Puts the helper of this bundle in its place on a machine that has no package of it, and takes it away again.
+//
+// Run as root through pkexec. The bundle's programs are copied to a folder of root's, since nothing that an ordinary
+// user can change may run as root; the path of the bundle's own support tool is noted in the rules, so that requests
+// may name it. Every step may be repeated. 0, or -1 and one sentence.
+#pragma once
+
+#include <string>
+
+namespace tickervantage {
+
+inline constexpr const char* rules_file = "/etc/tickervantage/helper.conf";
+
+[[nodiscard]] int install_helper(const std::string& bundle, std::string& sentence);
+[[nodiscard]] int uninstall_helper(std::string& sentence);
+
+} // namespace tickervantage

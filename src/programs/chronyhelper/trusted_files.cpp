@@ -1,0 +1,108 @@
+#include "programs/chronyhelper/trusted_files.h"
+
+#include "platform/linux/file_descriptor.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <system_error>
+
+namespace tickervantage {
+namespace {
+
+bool only_root_writes(const std::string& path) {
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0 || status.st_uid != 0)
+        return false;
+    const bool others = (status.st_mode & S_IWOTH) != 0;
+    const bool group = (status.st_mode & S_IWGRP) != 0 && status.st_gid != 0;
+    return !others && !group;
+}
+
+bool write_all(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(file, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+int read_all(int file, std::size_t limit, std::string& bytes) {
+    std::array<char, 16384> buffer{};
+    while (true) {
+        const ssize_t got = ::read(file, buffer.data(), buffer.size());
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got <= 0)
+            return static_cast<int>(got);
+        bytes.append(buffer.data(), static_cast<std::size_t>(got));
+        if (bytes.size() > limit) {
+            errno = EFBIG;
+            return -1;
+        }
+    }
+}
+
+} // namespace
+
+std::string parent_folder(const std::string& path) {
+    const auto slash = path.rfind('/');
+    return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
+}
+
+bool file_exists(const std::string& path) {
+    return ::access(path.c_str(), F_OK) == 0;
+}
+
+bool is_roots_own(const std::string& path) {
+    std::array<char, PATH_MAX> resolved{};
+    if (::realpath(path.c_str(), resolved.data()) == nullptr)
+        return false;
+    std::string part = resolved.data();
+    for (; part != "/"; part = parent_folder(part))
+        if (!only_root_writes(part))
+            return false;
+    return only_root_writes(part);
+}
+
+int read_file(const std::string& path, std::size_t limit, std::string& bytes, std::string& sentence) {
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file.valid() && errno == ENOENT)
+        return 1;
+    std::string found;
+    if (!file.valid() || read_all(file.get(), limit, found) != 0) {
+        sentence = path + " cannot be read: " + std::generic_category().message(errno) + ".";
+        return -1;
+    }
+    bytes = std::move(found);
+    return 0;
+}
+
+int read_roots_file(const std::string& path, std::size_t limit, std::string& bytes, std::string& sentence) {
+    std::string found;
+    if (const int result = read_file(path, limit, found, sentence); result != 0)
+        return result;
+    if (!is_roots_own(path)) {
+        sentence = path + " can be changed by others than root, so it is not heeded.";
+        return -1;
+    }
+    bytes = std::move(found);
+    return 0;
+}
+
+int write_new_file(const std::string& path, std::string_view bytes, unsigned mode) {
+    ::unlink(path.c_str());
+    const FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    return file.valid() && write_all(file.get(), bytes) && ::fchmod(file.get(), mode) == 0 ? 0 : -1;
+}
+
+} // namespace tickervantage

@@ -1,0 +1,28 @@
+// Files that nobody but root can have changed, and how root writes such files.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tickervantage {
+
+// Whether this path, links resolved, and every folder above it belong to root and can be written by nobody else.
+[[nodiscard]] bool is_roots_own(const std::string& path);
+
+[[nodiscard]] bool file_exists(const std::string& path);
+
+// The path without its last name; "/" at the top.
+[[nodiscard]] std::string parent_folder(const std::string& path);
+
+// Reads a file. 0 with its bytes; 1 when it does not exist; -1 and one sentence, also when it is larger than the limit.
+[[nodiscard]] int read_file(const std::string& path, std::size_t limit, std::string& bytes, std::string& sentence);
+
+// The same for one that must be root's own.
+[[nodiscard]] int read_roots_file(const std::string& path, std::size_t limit, std::string& bytes,
+                                  std::string& sentence);
+
+// Makes a file anew, with this mode whatever the mask, in a folder that only root can write to. -1: errno says why.
+[[nodiscard]] int write_new_file(const std::string& path, std::string_view bytes, unsigned mode);
+
+} // namespace tickervantage

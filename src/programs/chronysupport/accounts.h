@@ -1,0 +1,29 @@
+// Users and groups of this machine, by name.
+#pragma once
+
+#include "platform/execute.h"
+
+#include <sys/types.h>
+
+#include <optional>
+#include <string>
+
+namespace tickervantage {
+
+struct Account {
+    uid_t uid = 0;
+    gid_t gid = 0;
+};
+
+// The user of that name with the primary group; none when there is none.
+[[nodiscard]] std::optional<Account> find_account(const std::string& name);
+
+// Reads "user:group". Where there is no group "wheel", which holds the administrators on other systems, the user's
+// primary group takes its place. -1 and one sentence.
+[[nodiscard]] int find_owner(const std::string& text, Account& owner, std::string& sentence);
+
+// Adds a system user without shell and home, with a group of the same name; one that is there already stays as it is.
+// Blocks while useradd(8) runs. 0 or -1, and one sentence either way.
+[[nodiscard]] int add_system_user(Execute& execute, const std::string& name, std::string& sentence);
+
+} // namespace tickervantage

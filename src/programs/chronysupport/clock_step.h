@@ -1,0 +1,26 @@
+// Stepping the system clock by an offset. Positive: the clock goes forward.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tickervantage {
+
+// seconds + nanoseconds / 1e9; the second part is never negative.
+struct ClockOffset {
+    std::int64_t seconds = 0;
+    std::int32_t nanoseconds = 0;
+};
+
+class SteppedClock {
+public:
+    virtual ~SteppedClock() = default;
+
+    // 0, or the number of the error.
+    [[nodiscard]] virtual int step(const ClockOffset& offset) = 0;
+};
+
+// Steps the clock by the number of seconds in the text. 0 or -1, and one sentence either way.
+[[nodiscard]] int step_clock(SteppedClock& clock, const std::string& text, std::string& sentence);
+
+} // namespace tickervantage

@@ -1,0 +1,181 @@
+#include "programs/chronysupport/daemon_units.h"
+
+#include "platform/services/chrony_services.h"
+#include "platform/text_lines.h"
+#include "programs/chronysupport/one_line.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <algorithm>
+#include <map>
+#include <vector>
+
+namespace tickervantage {
+namespace {
+
+constexpr std::chrono::milliseconds between_looks{250};
+constexpr int looks = 20; // five seconds
+constexpr std::chrono::seconds job_limit{60};
+
+const std::string daemon_unit = std::string(daemon_label) + ".service";
+const std::string wake_unit = std::string(wake_label) + ".service";
+const std::vector<std::string> daemon_units{daemon_unit, "chrony.service", "chronyd.service"};
+
+struct UnitStatus {
+    std::map<std::string, std::string, std::less<>> values;
+
+    [[nodiscard]] std::string operator[](std::string_view key) const {
+        const auto found = values.find(key);
+        return found == values.end() ? std::string() : found->second;
+    }
+    [[nodiscard]] bool is_there() const { return (*this)["LoadState"] == "loaded"; }
+    [[nodiscard]] bool is_down() const {
+        const auto state = (*this)["ActiveState"];
+        return state == "inactive" || state == "failed" || state.empty();
+    }
+    [[nodiscard]] bool is_up() const { return (*this)["ActiveState"] == "active"; }
+    // Another one of these means another process.
+    [[nodiscard]] std::string run() const { return (*this)["InvocationID"] + " " + (*this)["MainPID"]; }
+};
+
+bool succeeded(const ExecuteResult& result) {
+    return result.outcome == ExecuteOutcome::exited && result.exit_status == 0;
+}
+
+ExecuteResult systemctl(const DaemonUnits& units, std::vector<std::string> arguments) {
+    return units.execute.run({.program = "/bin/systemctl", .arguments = std::move(arguments), .time_limit = job_limit});
+}
+
+int fail(std::string& sentence, std::string text) {
+    sentence = std::move(text);
+    return -1;
+}
+
+int look_at(const DaemonUnits& units, const std::string& unit, UnitStatus& status, std::string& sentence) {
+    const auto result = systemctl(
+        units,
+        {"show", "--property=Id,LoadState,ActiveState,SubState,Result,InvocationID,MainPID,NeedDaemonReload", unit});
+    if (!succeeded(result))
+        return fail(sentence, fmt::format("Cannot ask for {}: {}", unit, last_words(result)));
+    status.values.clear();
+    for (const auto line : non_empty_lines(result.output))
+        if (const auto equals = line.find('='); equals != std::string_view::npos)
+            status.values.insert_or_assign(std::string(line.substr(0, equals)), trimmed(line.substr(equals + 1)));
+    return 0;
+}
+
+// What a daemon, or the service manager about it, said last; a complaint rather than a farewell.
+std::string last_journal_words(const DaemonUnits& units, const std::string& invocation) {
+    const auto journal = [&](std::vector<std::string> arguments) {
+        return units.execute.run({.program = "/bin/journalctl", .arguments = std::move(arguments)});
+    };
+    (void)journal({"--sync"}); // the last words may still be on their way; without this they are only likelier missed
+    for (const auto* priority : {"err", "debug"}) {
+        const auto result = journal({"--quiet", "--no-pager", "--output=cat", "--lines=1", "--priority", priority,
+                                     "_SYSTEMD_INVOCATION_ID=" + invocation, "+", "INVOCATION_ID=" + invocation});
+        if (succeeded(result) && !trimmed(result.output).empty())
+            return last_words(result);
+    }
+    return "it said nothing.";
+}
+
+int died(const DaemonUnits& units, const UnitStatus& status, std::string& sentence) {
+    return fail(sentence, fmt::format("{} does not stay up: {}", status["Id"],
+                                      last_journal_words(units, status["InvocationID"])));
+}
+
+int start_unit(const DaemonUnits& units, const UnitStatus& status, std::string& sentence) {
+    const auto unit = status["Id"];
+    if (status["NeedDaemonReload"] == "yes")
+        (void)systemctl(units, {"daemon-reload"});  // what it does not know of yet, the start complains about
+    (void)systemctl(units, {"reset-failed", unit}); // only lifts a limit of earlier failures, where there is one
+    const auto result = systemctl(units, {"start", unit});
+    return succeeded(result) ? 0 : fail(sentence, fmt::format("Cannot start {}: {}", unit, last_words(result)));
+}
+
+int watch(const DaemonUnits& units, const std::string& unit, std::string& sentence) {
+    UnitStatus first;
+    if (look_at(units, unit, first, sentence) != 0)
+        return -1;
+    UnitStatus now = first;
+    for (int look = 0; now.is_up() && now.run() == first.run(); ++look) {
+        if (look == looks) {
+            sentence = fmt::format("{} is {} ({}).", unit, now["ActiveState"], now["SubState"]);
+            return 0;
+        }
+        units.pause(between_looks);
+        if (look_at(units, unit, now, sentence) != 0)
+            return -1;
+    }
+    return died(units, first, sentence);
+}
+
+int start_and_watch(const DaemonUnits& units, const UnitStatus& status, std::string& sentence) {
+    if (start_unit(units, status, sentence) == 0)
+        return watch(units, status["Id"], sentence);
+    // A unit that says when it is ready fails to start where others die later: the daemon's own words tell more.
+    UnitStatus now;
+    std::string ignored;
+    if (look_at(units, status["Id"], now, ignored) == 0 && now["Result"] == "exit-code")
+        return died(units, now, sentence);
+    return -1;
+}
+
+int stop_units(const DaemonUnits& units, const std::vector<std::string>& candidates, std::string& sentence) {
+    std::vector<std::string> running;
+    for (const auto& unit : candidates) {
+        UnitStatus status;
+        if (look_at(units, unit, status, sentence) != 0)
+            return -1;
+        if (status.is_there() && !status.is_down() && std::ranges::find(running, status["Id"]) == running.end())
+            running.push_back(status["Id"]); // one unit may have two names
+    }
+    if (running.empty()) {
+        sentence = fmt::format("{} was not running.", candidates.front());
+        return 0;
+    }
+    std::vector<std::string> arguments{"stop"};
+    arguments.insert(arguments.end(), running.begin(), running.end());
+    const auto result = systemctl(units, std::move(arguments));
+    const auto names = fmt::format("{}", fmt::join(running, " and "));
+    if (!succeeded(result))
+        return fail(sentence, fmt::format("Cannot stop {}: {}", names, last_words(result)));
+    sentence = fmt::format("Stopped {}.", names);
+    return 0;
+}
+
+} // namespace
+
+int start_chrony(const DaemonUnits& units, std::string& sentence) {
+    for (const auto& unit : daemon_units) {
+        UnitStatus status;
+        if (look_at(units, unit, status, sentence) != 0)
+            return -1;
+        if (status.is_there())
+            return start_and_watch(units, status, sentence);
+    }
+    return fail(sentence, "No service for chronyd is installed.");
+}
+
+int stop_chrony(const DaemonUnits& units, std::string& sentence) {
+    return stop_units(units, daemon_units, sentence);
+}
+
+int start_wake(const DaemonUnits& units, std::string& sentence) {
+    UnitStatus status;
+    if (look_at(units, wake_unit, status, sentence) != 0)
+        return -1;
+    if (!status.is_there())
+        return fail(sentence, "The service of chronywake is not installed.");
+    if (start_unit(units, status, sentence) != 0)
+        return -1;
+    sentence = fmt::format("Started {}.", wake_unit);
+    return 0;
+}
+
+int stop_wake(const DaemonUnits& units, std::string& sentence) {
+    return stop_units(units, {wake_unit}, sentence);
+}
+
+} // namespace tickervantage

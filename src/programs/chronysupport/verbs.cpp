@@ -1,0 +1,96 @@
+#include "programs/chronysupport/verbs.h"
+
+#include "programs/chronysupport/accounts.h"
+#include "programs/chronysupport/folders.h"
+#include "programs/chronysupport/install_file.h"
+#include "programs/chronysupport/log_rotation.h"
+#include "programs/chronysupport/one_line.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace tickervantage {
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+// The work of a verb: 0 or -1. What it leaves in `line` is its answer; nothing with 0 means "200 OK".
+struct Verb {
+    std::string_view name;
+    std::size_t count; // of arguments
+    int (*run)(const Arguments& arguments, const SupportParts& parts, std::string& line);
+};
+
+int create_inside(const Arguments& arguments, const SupportParts& parts, std::string& line) {
+    if (arguments[0].empty())
+        return make_folder(arguments[1], parts.rules, line);
+    line = "The first argument of createdirectory stays empty when there are two.";
+    return -1;
+}
+
+constexpr std::array verbs{
+    Verb{"installitem", 4,
+         [](const Arguments& a, const SupportParts& parts, std::string& line) {
+             return install_file({a[0], a[1], a[2], a[3]}, parts.rules, line);
+         }},
+    Verb{"restoreformer", 1,
+         [](const Arguments& a, const SupportParts& parts, std::string& line) {
+             return restore_former(a[0], parts.rules, line);
+         }},
+    Verb{"removeitem", 1,
+         [](const Arguments& a, const SupportParts& parts, std::string& line) {
+             return remove_item(a[0], parts.rules, line);
+         }},
+    Verb{"createdirectory", 2, create_inside},
+    Verb{"createdirectory", 1,
+         [](const Arguments& a, const SupportParts& parts, std::string& line) {
+             return make_daemon_folder(a[0], parts.configurations(), parts.rules, line);
+         }},
+    Verb{"adduser", 1,
+         [](const Arguments& a, const SupportParts& parts, std::string& line) {
+             return add_system_user(parts.units.execute, a[0], line);
+         }},
+    Verb{"steptime", 1,
+         [](const Arguments& a, const SupportParts& parts, std::string& line) {
+             return step_clock(parts.clock, a[0], line);
+         }},
+    Verb{"rotatelogs", 2,
+         [](const Arguments& a, const SupportParts& parts, std::string& line) {
+             return rotate_logs(parts.units.execute, a[0], a[1], parts.rules, line);
+         }},
+    Verb{"startchrony", 0,
+         [](const Arguments&, const SupportParts& parts, std::string& line) {
+             return start_chrony(parts.units, line);
+         }},
+    Verb{"stopchrony", 0,
+         [](const Arguments&, const SupportParts& parts, std::string& line) {
+             return stop_chrony(parts.units, line);
+         }},
+    Verb{"startwake", 0,
+         [](const Arguments&, const SupportParts& parts, std::string& line) {
+             return start_wake(parts.units, line);
+         }},
+    Verb{"stopwake", 0,
+         [](const Arguments&, const SupportParts& parts, std::string& line) {
+             return stop_wake(parts.units, line);
+         }},
+};
+
+} // namespace
+
+VerbResult run_verb(const std::vector<std::string>& words, const SupportParts& parts, std::string& line) {
+    const auto* const verb = std::ranges::find_if(verbs, [&](const Verb& one) {
+        return !words.empty() && one.name == words.front() && one.count == words.size() - 1;
+    });
+    if (verb == verbs.end()) {
+        line = "There is no such verb with so many arguments.";
+        return VerbResult::usage;
+    }
+    std::string answer;
+    const int result = verb->run({words.begin() + 1, words.end()}, parts, answer);
+    line = answer.empty() ? "200 OK" : one_line(answer);
+    return result == 0 ? VerbResult::done : VerbResult::failed;
+}
+
+} // namespace tickervantage

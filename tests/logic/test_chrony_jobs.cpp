@@ -1,0 +1,298 @@
+#include "privileged/chrony_jobs.h"
+#include "privileged/job_catalogue.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace tickervantage {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// One line a step, short enough for a table: TOOL is the support tool in quotes, B/ the bundle, T/ the temporary
+// folder. The texts of written files are looked at elsewhere.
+std::string shortened(std::string text) {
+    for (const auto& [from, to] : {std::pair{"\"/B.app/Contents/MacOS/chronysupport\"", "TOOL"},
+                                   {" \"root:wheel\"", ""},
+                                   {"/B.app/Contents/", "B/"},
+                                   {"/Library/LaunchDaemons/", "L/"},
+                                   {"/etc/systemd/system/", "S/"}})
+        for (auto at = text.find(from); at != std::string::npos; at = text.find(from))
+            text.replace(at, std::string_view(from).size(), to);
+    return text;
+}
+
+std::string shown(const RecordedSteps::Step& step) {
+    if (const auto* command = std::get_if<RecordedSteps::Execute>(&step))
+        return shortened(command->command);
+    if (const auto* sleep = std::get_if<RecordedSteps::Sleep>(&step))
+        return "sleep " + std::to_string(sleep->seconds);
+    return "write " + std::get<RecordedSteps::Write>(step).path;
+}
+
+class AnsweringSteps : public RecordedSteps {
+public:
+    std::function<std::string(const std::string& command)> answer;
+    int fail_writes = 0;
+
+    std::string execute(const std::string& command) override {
+        (void)RecordedSteps::execute(command);
+        return answer ? answer(command) : std::string();
+    }
+    int write(const std::string& path, const std::string& text) override {
+        return fail_writes != 0 ? -1 : RecordedSteps::write(path, text);
+    }
+};
+
+struct ChronyJobsTest : ::testing::Test {
+    std::map<std::string, std::string> files{{"/B.app/Contents/Resources/chrony.conf", "logdir /var/log/chrony\n"}};
+    JobSetting setting{.config = "/etc/chrony.d/chrony.conf",
+                       .chronyc = "/usr/local/bin/chronyc",
+                       .chronyd = "/usr/local/sbin/chronyd",
+                       .chronywake = "/usr/local/bin/chronywake",
+                       .wake_options = {"--make-limit", "3"},
+                       .bundle = "/B.app",
+                       .temporary = "T/",
+                       .form = ServiceForm::launchd};
+    AnsweringSteps steps;
+    bool carried_out = false;
+    std::vector<bool> survivals; // what the daemon does, start by start; then it stays up
+
+    JobResult run(const AdminRequest& request) {
+        ChronyJobs jobs(setting,
+                        {.file_exists = [this](const std::string& path) { return files.contains(path); },
+                         .read_file =
+                             [this](const std::string& path) {
+                                 const auto found = files.find(path);
+                                 return found == files.end() ? std::nullopt : std::optional(found->second);
+                             },
+                         .check_syntax =
+                             [](const std::string& text) {
+                                 return parse_check_answer(
+                                     text.starts_with("bad") ? "1 Fatal error : Invalid at line 1 in file x" : "");
+                             },
+                         .find_chronywake = [] { return "/opt/chronywake"; },
+                         .daemon_survives =
+                             [this](const std::string&) {
+                                 const bool up = survivals.empty() || survivals.front();
+                                 if (!survivals.empty())
+                                     survivals.erase(survivals.begin());
+                                 return up;
+                             },
+                         .carried_out = carried_out},
+                        steps);
+        return play(request, jobs);
+    }
+    Lines series(const AdminRequest& request) {
+        (void)run(request);
+        return series();
+    }
+    Lines series() const {
+        Lines lines;
+        for (const auto& step : steps.steps())
+            lines.push_back(shown(step));
+        return lines;
+    }
+    // The texts that a form's definitions have.
+    std::string written(const std::string& path) const {
+        for (const auto& step : steps.steps())
+            if (const auto* write = std::get_if<RecordedSteps::Write>(&step); write != nullptr && write->path == path)
+                return write->text;
+        return "not written";
+    }
+};
+
+TEST_F(ChronyJobsTest, InstallationOnAnEmptyMachineInPropertyLists) {
+    EXPECT_EQ(series({AdminJob::install}),
+              (Lines{
+                  "TOOL stopchrony",
+                  R"(TOOL createdirectory "" "/etc/chrony.d")",
+                  R"(TOOL installitem "B/Resources/chrony.conf" "/etc/chrony.d/chrony.conf" "0644")",
+                  "TOOL createdirectory /var/log/chrony",
+                  "write T/chronyd.plist",
+                  R"(TOOL createdirectory "" "/Library/LaunchDaemons")",
+                  R"(TOOL installitem "T/chronyd.plist" "L/org.chrony-project.chronyd.plist" "0644")",
+                  R"(TOOL createdirectory "" "/usr/local/sbin")",
+                  R"(TOOL installitem "B/MacOS/chronyd" "/usr/local/sbin/chronyd" "0755")",
+                  R"(TOOL createdirectory "" "/usr/local/bin")",
+                  R"(TOOL installitem "B/MacOS/chronyc" "/usr/local/bin/chronyc" "0755")",
+                  "write T/chronylogrotate.plist",
+                  R"(TOOL installitem "T/chronylogrotate.plist" "L/org.chrony-project.chronyc.plist" "0644")",
+                  R"(TOOL installitem "B/Resources/chronylogrotate.sh" "/usr/local/bin/chronylogrotate.sh" "0755")",
+                  R"(TOOL createdirectory "" "/usr/local/bin")",
+                  R"(TOOL installitem "B/MacOS/chronywake" "/usr/local/bin/chronywake" "0755")",
+                  "write T/chronywake.plist",
+                  R"(TOOL installitem "T/chronywake.plist" "L/net.brisklane.chronywake.plist" "0644")",
+              }));
+    const std::string plist = written("T/chronylogrotate.plist");
+    EXPECT_NE(plist.find("<key>Label</key>\n\t<string>org.chrony-project.logrotate</string>"), std::string::npos);
+    EXPECT_NE(plist.find("<key>Minute</key>\n\t\t<integer>5</integer>\n\t\t<key>Hour</key>\n\t\t<integer>4<"),
+              std::string::npos);
+}
+
+TEST_F(ChronyJobsTest, InstallationOverAnExistingConfigurationInUnits) {
+    files[setting.config] = "user root\nlogdir /logs\n";
+    setting.form = ServiceForm::systemd;
+    setting.adj_system = false;
+    setting.install_wake = false;
+    EXPECT_EQ(series({AdminJob::install}),
+              (Lines{
+                  "TOOL stopchrony",
+                  "write T/chronyd.service",
+                  R"(TOOL createdirectory "" "/etc/systemd/system")",
+                  R"(TOOL installitem "T/chronyd.service" "S/org.chrony-project.chronyd.service" "0644")",
+                  "/bin/systemctl enable org.chrony-project.chronyd.service",
+                  R"(TOOL createdirectory "" "/usr/local/sbin")",
+                  R"(TOOL installitem "B/MacOS/chronyd" "/usr/local/sbin/chronyd" "0755")",
+                  R"(TOOL createdirectory "" "/usr/local/bin")",
+                  R"(TOOL installitem "B/MacOS/chronyc" "/usr/local/bin/chronyc" "0755")",
+                  "write T/chronylogrotate.service",
+                  R"(TOOL installitem "T/chronylogrotate.service" "S/org.chrony-project.logrotate.service" "0644")",
+                  "write T/chronylogrotate.timer",
+                  R"(TOOL installitem "T/chronylogrotate.timer" "S/org.chrony-project.logrotate.timer" "0644")",
+                  "/bin/systemctl enable --now org.chrony-project.logrotate.timer",
+                  R"(TOOL installitem "B/Resources/chronylogrotate.sh" "/usr/local/bin/chronylogrotate.sh" "0755")",
+                  "/bin/systemctl disable --now net.brisklane.chronywake.service",
+                  R"(TOOL removeitem "S/net.brisklane.chronywake.service")",
+                  R"(TOOL removeitem "/usr/local/bin/chronywake")",
+                  "/bin/systemctl daemon-reload",
+              }));
+    EXPECT_NE(written("T/chronyd.service").find("chronyd -n -f /etc/chrony.d/chrony.conf -x\n"), std::string::npos);
+    EXPECT_NE(written("T/chronylogrotate.timer").find("OnCalendar=*-*-* 04:05:00\n"), std::string::npos);
+}
+
+TEST_F(ChronyJobsTest, ConfigurationWithoutLogsOrWithErrorsInstallsLess) {
+    files["/B.app/Contents/Resources/chrony.conf"] = "bad\nlogdir /logs\n";
+    const Lines lines = series({AdminJob::install});
+    EXPECT_EQ(lines[1], "write T/chronyd.plist");
+    EXPECT_EQ(written("T/chronylogrotate.plist"), "not written");
+}
+
+TEST_F(ChronyJobsTest, EachOtherJobIsItsOwnSeries) {
+    files[setting.config] = "logdir /logs\n";
+    files["/Library/LaunchDaemons/net.brisklane.gpsdstart.plist"] = "";
+    files["/Library/LaunchDaemons/org.tuxfamily.chronyd.plist"] = "";
+    setting.restart_gpsd = true;
+    const Lines gps{"/bin/launchctl bootout system L/net.brisklane.gpsdstart.plist", "sleep 2",
+                    "/bin/launchctl bootstrap system L/net.brisklane.gpsdstart.plist"};
+    const std::string once = R"(/bin/sh -c '/usr/local/sbin/chronyd -t 120 -q "server a b iburst"' 2>&1)";
+    const AdminRequest sync{.job = AdminJob::synchronise, .server = "a b", .timeout_seconds = 120};
+    AdminRequest no_restart = sync;
+    no_restart.restart = false;
+    for (const auto& [request, expected] : std::vector<std::pair<AdminRequest, Lines>>{
+             {{AdminJob::start}, {"TOOL startchrony", gps[0], gps[1], gps[2]}},
+             {{AdminJob::stop}, {"TOOL stopchrony"}},
+             {{AdminJob::uninstall},
+              {"TOOL stopchrony", R"(TOOL removeitem "L/org.chrony-project.chronyd.plist")",
+               R"(TOOL removeitem "L/org.chrony-project.chronyc.plist")",
+               R"(TOOL removeitem "L/net.brisklane.chronywake.plist")", R"(TOOL removeitem "/usr/local/sbin/chronyd")",
+               R"(TOOL removeitem "/usr/local/bin/chronyc")", R"(TOOL removeitem "/usr/local/bin/chronywake")",
+               R"(TOOL removeitem "/usr/local/bin/chronylogrotate.sh")"}},
+             {{AdminJob::wake_tool},
+              {"TOOL stopwake", R"(TOOL createdirectory "" "/usr/local/bin")",
+               R"(TOOL installitem "B/MacOS/chronywake" "/usr/local/bin/chronywake" "0755")",
+               "write T/chronywake.plist",
+               R"(TOOL installitem "T/chronywake.plist" "L/net.brisklane.chronywake.plist" "0644")", "TOOL startwake"}},
+             {{AdminJob::run_wake}, {"/opt/chronywake"}},
+             {{AdminJob::rotate_logs}, {R"(TOOL rotatelogs "/usr/local/bin/chronylogrotate.sh" "/logs")"}},
+             {{AdminJob::log_permission}, {"chmod 0755 /logs/tracking.log"}},
+             {{AdminJob::restart_gpsd}, gps},
+             {{AdminJob::remove_old},
+              {"/bin/launchctl bootout system L/org.tuxfamily.chronyd.plist", "sleep 2",
+               "rm -f L/org.tuxfamily.chronyd.plist", "sleep 1"}},
+             {{.job = AdminJob::step, .offset_seconds = 0.0001}, {"TOOL steptime 0.0001"}},
+             {{.job = AdminJob::step, .offset_seconds = -1.5}, {"TOOL steptime -1.5"}},
+             {{.job = AdminJob::step, .offset_seconds = 0}, {}},
+             {sync, {"TOOL stopchrony", once, "TOOL startchrony"}},
+             {no_restart, {"TOOL stopchrony", once}},
+             {{AdminJob::running_check}, {"/usr/bin/pgrep -l -f chronyd"}},
+         }) {
+        steps = {};
+        EXPECT_EQ(series(request), expected) << entry_of(request.job).name;
+    }
+}
+
+TEST_F(ChronyJobsTest, NewConfigurationIsPreparedAndTheFormerOneComesBackWhenTheDaemonDies) {
+    const AdminRequest request{.job = AdminJob::install_config,
+                               .configuration =
+                                   "user ntp\nlogdir /logs\ndumpdir /dump\nbindcmdaddress /run/chrony/chronyd.sock\n"};
+    const Lines placed{
+        "write T/to_be_installed_chrony.conf",
+        "TOOL stopchrony",
+        R"(TOOL installitem "T/to_be_installed_chrony.conf" "/etc/chrony.d/chrony.conf" "0644")",
+        "TOOL adduser ntp",
+        "TOOL createdirectory /logs",
+        "TOOL createdirectory /dump",
+        R"(TOOL removeitem "/run/chrony/chronyd.sock")",
+        "TOOL startchrony",
+    };
+    EXPECT_EQ(series(request), placed);
+
+    // Carried out, by a helper that does install what it is asked to.
+    carried_out = true;
+    files[setting.config] = "local stratum 10\n";
+    files["/Library/LaunchDaemons/org.chrony-project.chronyd.plist"] = "";
+    survivals = {false};
+    steps = {};
+    steps.answer = [&](const std::string& command) {
+        if (command.find("installitem") != std::string::npos)
+            files[setting.config] = request.configuration;
+        return command.starts_with("/bin/launchctl")
+                   ? "x chronyd[9]: start\nx chronyd[9]: Fatal error : Could not open /dev/pps9\nx systemd[1]: Failed\n"
+                   : "";
+    };
+    const JobResult result = run(request);
+    EXPECT_FALSE(result.done);
+    EXPECT_EQ(result.sentence,
+              "chronyd ended soon after it was started with this configuration: Could not open /dev/pps9. "
+              "The former configuration is back, and chronyd runs with it again.");
+    Lines expected = placed;
+    expected.insert(expected.end(), {"/bin/launchctl print system/org.chrony-project.chronyd", "TOOL stopchrony",
+                                     R"(TOOL restoreformer "/etc/chrony.d/chrony.conf")", "TOOL startchrony"});
+    EXPECT_EQ(series(), expected);
+}
+
+TEST_F(ChronyJobsTest, RefusedItemIsToldFromAnInstalledOne) {
+    carried_out = true;
+    steps.answer = [](const std::string& command) {
+        return command.find("installitem") != std::string::npos ? "Line 1 needs another right." : "";
+    };
+    EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = "user root\n"}).sentence,
+              "The configuration was not installed: Line 1 needs another right.");
+    EXPECT_EQ(run({AdminJob::install}).sentence, "/usr/local/sbin/chronyd was not installed.");
+}
+
+TEST(Complaint, IsTheDaemonsOwnWords) {
+    EXPECT_EQ(complaint_in("a.service does not stay up: Fatal error : No /dev/pps9\n"), "No /dev/pps9");
+    EXPECT_EQ(complaint_in("a.service does not stay up: Wrong owner of /run/chrony\n"), "Wrong owner of /run/chrony");
+    EXPECT_EQ(complaint_in("x chronyd[7]: first\nx chronyd[7]: last\nx systemd[1]: Failed\n"), "last");
+    EXPECT_EQ(complaint_in("a.service is active (running).\n"), "");
+}
+
+TEST_F(ChronyJobsTest, NothingIsTouchedWhenTheConfigurationIsBadOrTheFileCannotBeWritten) {
+    EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = "bad"}).sentence,
+              "chronyd refuses this configuration: Fatal error : Invalid at line 1.");
+    steps.fail_writes = 1;
+    EXPECT_FALSE(run({.job = AdminJob::install_config, .configuration = "good"}).done);
+    EXPECT_TRUE(steps.steps().empty());
+}
+
+TEST_F(ChronyJobsTest, DistributionsChronyIsStartedByItsUnitAndNeverReplaced) {
+    setting.form = ServiceForm::systemd;
+    setting.chronyd = "/usr/sbin/chronyd";
+    for (const char* path : {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd"})
+        files[path] = "";
+    EXPECT_FALSE(find_distribution_chrony([&](const auto& path) { return files.contains(path); }));
+    files["/lib/systemd/system/chrony.service"] = "";
+    EXPECT_EQ(
+        find_distribution_chrony([&](const auto& path) { return files.contains(path); }),
+        (DistributionChrony{"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "chrony.service"}));
+    EXPECT_EQ(series({AdminJob::start}), Lines{"/bin/systemctl start chrony.service"});
+    EXPECT_FALSE(run({AdminJob::install}).done);
+    EXPECT_FALSE(run({AdminJob::uninstall}).done);
+    EXPECT_EQ(steps.steps().size(), 1U);
+}
+
+} // namespace
+} // namespace tickervantage

@@ -1,0 +1,120 @@
+// chronywake's command line, what it asks chronyc, and how it keeps at it.
+#include "programs/chronywake/arguments.h"
+#include "programs/chronywake/wake_correction.h"
+#include "programs/chronywake/wake_keeper.h"
+#include "support/scripted_execute.h"
+
+#include <gtest/gtest.h>
+
+namespace tickervantage::testing {
+namespace {
+
+using namespace std::chrono_literals;
+using News = SleepSignals::News;
+
+TEST(ChronywakeTest, ArgumentsOfTheServiceReadBack) {
+    WakeArguments wanted{.make_thresh = 0.25,
+                         .make_limit = -1,
+                         .burst_good = 2,
+                         .burst_max = 9,
+                         .burst_netmask = "255.255.0.0/1.2.0.0",
+                         .chronyc = "/usr/bin/chronyc",
+                         .socket = "/run/x y.sock"};
+    WakeArguments read;
+    std::string sentence;
+    ASSERT_EQ(parse_wake_arguments(wake_service_arguments(wanted), read, sentence), 0) << sentence;
+    EXPECT_TRUE(read.stays);
+    EXPECT_EQ(wake_service_arguments(read), wake_service_arguments(wanted));
+    ASSERT_EQ(parse_wake_arguments({"--socket", "/s"}, read, sentence), 0) << sentence;
+    EXPECT_FALSE(read.stays);
+    for (const std::vector<std::string>& words : {std::vector<std::string>{"--make-thresh"},
+                                                  {"--make-thresh", "-1"},
+                                                  {"--make-thresh", "nan"},
+                                                  {"--make-limit", "-2"},
+                                                  {"--burst-good", "0"},
+                                                  {"--burst-good", "4x"},
+                                                  {"--burst-netmask", "1.2.3.4 quit"},
+                                                  {"--chronyc", "chronyc"},
+                                                  {"4"},
+                                                  {"--make-limits", "4"}})
+        EXPECT_EQ(parse_wake_arguments(words, read, sentence), -1) << words.front();
+    EXPECT_EQ(read.socket, "/s");
+}
+
+TEST(ChronywakeTest, AsksForAStepThenForABurstAndTellsTheFirstComplaint) {
+    struct Case {
+        const char* output;
+        int status;
+        const char* answer;
+    };
+    ScriptedExecute execute;
+    const WakeCorrection correction(execute, "/x/chronyc",
+                                    {.burst_netmask = "1.2.3.0/24", .chronyc = {}, .socket = {}});
+    for (const Case& one :
+         {Case{"200 OK\n200 OK\n", 0, "200 OK"}, Case{"200 OK\n503 No such source\n", 1, "503 No such source"},
+          Case{"506 Cannot talk to daemon\n506 Cannot talk to daemon\n", 1, "506 Cannot talk to daemon"},
+          Case{"", 1, "chronyc ended with status 1 and said nothing."}}) {
+        execute.answer("chronyc", one.output, one.status);
+        std::string answer;
+        EXPECT_EQ(correction.correct(answer), one.status == 0 ? 0 : -1);
+        EXPECT_EQ(answer, one.answer);
+    }
+    EXPECT_EQ(execute.calls.front(), "chronyc|-n|-m|makestep 0.1 3|burst 4/4 1.2.3.0/24");
+}
+
+// Plays a script: each turn takes the next answer.
+class ScriptedSignals : public SleepSignals {
+public:
+    std::vector<int> connections;
+    std::vector<News> news;
+    std::vector<std::optional<std::chrono::milliseconds>> limits;
+
+    [[nodiscard]] int connect(std::string& sentence) override {
+        sentence = "no bus";
+        return take(connections);
+    }
+    [[nodiscard]] News wait(std::optional<std::chrono::milliseconds> limit) override {
+        limits.push_back(limit);
+        return take(news);
+    }
+
+private:
+    template <class Value>
+    static Value take(std::vector<Value>& values) {
+        const Value first = values.at(0);
+        values.erase(values.begin());
+        return first;
+    }
+};
+
+TEST(ChronywakeTest, KeepsAtItThroughABusThatGoesAndADaemonThatIsDown) {
+    ScriptedSignals signals;
+    signals.connections = {-1, -1, 0, -1, 0};
+    signals.news = {News::woke,    News::nothing, News::nothing, News::nothing, News::nothing,
+                    News::nothing, News::lost,    News::woke,    News::nothing, News::woke};
+    std::vector<int> answers{-1, -1, -1, -1, -1, -1, -1, 0, 0};
+    std::vector<std::chrono::milliseconds> pauses;
+    std::string lines;
+    WakeKeeper keeper({.signals = signals,
+                       .correct =
+                           [&](std::string& answer) {
+                               const int result = answers.at(0);
+                               answers.erase(answers.begin());
+                               answer = result == 0 ? "OK" : "down";
+                               return result;
+                           },
+                       .pause = [&](auto time) { pauses.push_back(time); },
+                       .report =
+                           [&](const std::string& line) {
+                               lines += line.substr(line.rfind(' ') + 1) + ' ';
+                           }});
+    for (int turn = 0; turn < 15; ++turn)
+        keeper.turn();
+    EXPECT_EQ(pauses, (std::vector<std::chrono::milliseconds>{1s, 2s, 1s}));
+    const std::vector<std::optional<std::chrono::milliseconds>> limits{{}, 1s, 2s, 4s, 8s, 16s, {}, {}, 1s, {}};
+    EXPECT_EQ(signals.limits, limits); // asked again while nobody answered, but not for ever
+    EXPECT_EQ(lines, "bus up. down down down down down down it. bus up. down OK OK ");
+}
+
+} // namespace
+} // namespace tickervantage::testing

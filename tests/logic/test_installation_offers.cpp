@@ -1,0 +1,129 @@
+#include "instruments/warning_register.h"
+#include "mainwindow/installation_offers.h"
+#include "support/manual_dispatch.h"
+#include "support/memory_stores.h"
+#include "support/scripted_execute.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace tickervantage {
+namespace {
+
+struct InstallationOffersTest : ::testing::Test {
+    testing::ScriptedExecute execute;
+    testing::ManualQueue queue;
+    testing::ManualMainThread main_thread;
+    testing::MemorySettingsStore store;
+    DefaultSettings settings{store};
+    WarningRegister warnings{settings};
+    std::set<std::string> files{"/c/chronyd", "/etc/systemd/system/org.chrony-project.chronyd.service", "/c/chronyc",
+                                "/c/chrony.conf"};
+    std::vector<std::string> events; // alerts shown and what followed
+    std::vector<std::size_t> answers;
+    bool suppress = false;
+    Alert last;
+
+    void SetUp() override { answer_versions("1", "1"); }
+    // Both programs have the same name: the installed one is asked first.
+    void answer_versions(const std::string& installed, const std::string& embedded) {
+        execute.answers.clear();
+        execute.answer("chronyd", "chronyd (chrony) version " + installed + " (+X)\n");
+        if (embedded != installed)
+            second = "chronyd (chrony) version " + embedded + " (+X)\n";
+    }
+    std::string second;
+
+    struct TwoAnswers : Execute {
+        InstallationOffersTest& test;
+        explicit TwoAnswers(InstallationOffersTest& owner) : test(owner) {}
+        ExecuteResult run(const ExecuteRequest& request) override {
+            auto result = test.execute.run(request);
+            if (request.program == "/B.app//Contents/MacOS/chronyd" && !test.second.empty())
+                result.output = test.second;
+            return result;
+        }
+    } programs{*this};
+
+    std::vector<std::string> run(std::vector<std::size_t> buttons = {}) {
+        answers = std::move(buttons);
+        events.clear();
+        InstallationOffers offers(
+            {.warnings = warnings,
+             .execute = programs,
+             .queue = queue,
+             .main_thread = main_thread,
+             .bundle = "/B.app",
+             .file_exists = [this](const std::string& path) { return files.contains(path); },
+             .paths =
+                 [] {
+                     return InstalledPaths{"/c/chrony.conf", "/c/chronyc", "/c/chronyd"};
+                 },
+             .show =
+                 [this](const Alert& alert, const std::function<void(AlertAnswer)>& answered) {
+                     events.push_back(alert.identifier);
+                     last = alert;
+                     const std::size_t button = answers.empty() ? 1 : answers.front();
+                     if (!answers.empty())
+                         answers.erase(answers.begin());
+                     answered({.button = button, .suppress = suppress});
+                 },
+             .translate = [](const char* text, const char*) { return std::string(text); },
+             .install = [this] { events.emplace_back("install"); },
+             .use_distribution = [this](const DistributionChrony& chrony) { events.push_back(chrony.unit); },
+             .stop_for_version =
+                 [this](const std::string&, const std::string&) {
+                     events.emplace_back("stop");
+                 }});
+        offers.start();
+        queue.turn();
+        main_thread.turn();
+        return events;
+    }
+};
+
+using Events = std::vector<std::string>;
+
+TEST_F(InstallationOffersTest, CompleteInstallationOfTheSameVersionGetsNoOffer) {
+    EXPECT_EQ(run(), Events{});
+}
+
+TEST_F(InstallationOffersTest, AnyMissingFileLeadsToTheFirstRunOffer) {
+    const auto all = files;
+    for (const auto& missing : all) {
+        files = all;
+        files.erase(missing);
+        EXPECT_EQ(run({0}), (Events{"FirstRunAlert", "install"})) << missing;
+    }
+    EXPECT_EQ(last.informative, "The chronyd ntp daemon is not configured/installed."
+                                "\nDo you wish to install the privileged components?");
+    suppress = true;
+    EXPECT_EQ(run({1}), Events{"FirstRunAlert"});
+    EXPECT_EQ(run(), Events{});
+}
+
+TEST_F(InstallationOffersTest, OtherVersionIsOfferedAlsoAfterADeclinedFirstRun) {
+    answer_versions("4.2", "4.3");
+    EXPECT_EQ(run({0}), (Events{"VersionCompareAlert", "install"}));
+    EXPECT_EQ(last.informative, "Installed: /c/chronyd chronyd (chrony) version 4.2\n\n"
+                                " Embedded: /Contents/MacOS/chronyd chronyd (chrony) version 4.3\n\n"
+                                "Do you wish to re-install chronyd");
+    files.erase("/c/chrony.conf");
+    EXPECT_EQ(run({1, 0}), (Events{"FirstRunAlert", "VersionCompareAlert", "install"}));
+    second = "no version\n";
+    EXPECT_EQ(run({1}), (Events{"FirstRunAlert", "stop"}));
+    warnings.register_warning("VersionCompareAlert");
+    EXPECT_EQ(run({1}), Events{"FirstRunAlert"});
+}
+
+TEST_F(InstallationOffersTest, DistributionsChronyIsOfferedOnce) {
+    files = {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"};
+    EXPECT_EQ(run({1, 1}), (Events{"SystemChronyAlert", "FirstRunAlert"}));
+    EXPECT_EQ(run({1}), Events{"FirstRunAlert"});
+    warnings.resetWarnings();
+    EXPECT_EQ(run({0}), (Events{"SystemChronyAlert", "chrony.service"}));
+}
+
+} // namespace
+} // namespace tickervantage

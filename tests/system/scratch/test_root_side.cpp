@@ -1,0 +1,238 @@
+// The root helper as an ordinary user meets it, on a real bus with a real polkit. Run by root_side in a scratch
+// machine.
+#include "platform/linux/bus_privileged_channel.h"
+#include "platform/linux/posix_execute.h"
+#include "support/hostile_requests.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <thread>
+
+namespace tickervantage {
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+const std::string home = "/home/clockadmin";
+const std::string bundle = home + "/Tickervantage.app/Contents/MacOS/";
+const std::string tool = bundle + "chronysupport";
+const std::string clients = "EXECUTE /bin/sh -c '/usr/bin/chronyc clients' 2>&1";
+const std::string slow = "EXECUTE /bin/sh -c '/opt/scratch/chronyd -t 3 -q \"server a.example iburst\"' 2>&1";
+const std::string conf = "/etc/chrony.d/chrony.conf";
+
+std::string install_line(const std::string& source, const std::string& destination, const std::string& mode = "0644") {
+    return "EXECUTE \"" + tool + "\" installitem \"" + source + "\" \"" + destination + "\" \"root:wheel\" \"" + mode +
+           "\"";
+}
+
+std::string contents(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string write(const std::string& name, const std::string& text) {
+    const auto path = home + "/" + name;
+    fs::remove(path);
+    std::ofstream(path) << text;
+    return path;
+}
+
+bool is_sentence(const std::string& text) {
+    return text.ends_with('.') && text.find('\n') == std::string::npos;
+}
+
+class RootSide : public ::testing::Test {
+protected:
+    void authorise() {
+        std::string sentence;
+        token = channel.authorise(sentence);
+        ASSERT_TRUE(token.has_value()) << sentence;
+    }
+    std::string send(const std::string& request) { return channel.send(request, token).value_or("(no reply)"); }
+
+    PosixExecute execute;
+    BusPrivilegedChannel channel{execute, bundle + "chronyhelper", "0.1.0"};
+    BusPrivilegedChannel other{execute, bundle + "chronyhelper", "0.1.0"};
+    std::optional<HelperToken> token;
+};
+
+class BystanderRootSide : public RootSide {};
+
+TEST_F(RootSide, ReportsOfTheDaemonComeBack) {
+    authorise();
+    EXPECT_TRUE(send(clients).starts_with("Hostname")) << send(clients);
+    EXPECT_NE(send("EXECUTE /usr/bin/pgrep -l -f chronyd").find("/usr/sbin/chronyd -x"), std::string::npos);
+    std::string sentence;
+    EXPECT_EQ(channel.install(sentence), 0) << sentence;
+}
+
+TEST_F(RootSide, AuthorisationHoldsOnItsOwnConnectionOnly) {
+    authorise();
+    auto wrong = *token;
+    wrong.back() ^= 1U;
+    EXPECT_TRUE(is_sentence(channel.send(clients, std::nullopt).value_or("")));
+    EXPECT_TRUE(is_sentence(channel.send(clients, wrong).value_or("")));
+    EXPECT_TRUE(is_sentence(other.send(clients, token).value_or(""))) << "a stolen token";
+    EXPECT_TRUE(send(clients).starts_with("Hostname")) << "the owner's token outlives the attempts";
+    channel.disconnect();
+    EXPECT_TRUE(is_sentence(send(clients))) << "the next connection is another one";
+    authorise();
+    EXPECT_EQ(send("QUIT"), "quit");
+    EXPECT_TRUE(is_sentence(send(clients)));
+}
+
+TEST_F(RootSide, AuthorisationOutlivesAHelperThatEnds) {
+    authorise();
+    ASSERT_TRUE(send(clients).starts_with("Hostname"));
+    std::this_thread::sleep_for(std::chrono::milliseconds(2500)); // the helper of this test ends after one second
+    EXPECT_NE(execute.run({.program = "/usr/bin/pgrep", .arguments = {"-x", "chronyhelper"}}).exit_status, 0);
+    EXPECT_TRUE(send(clients).starts_with("Hostname"));
+}
+
+TEST_F(RootSide, HostileRequestsAreRefused) {
+    authorise();
+    for (const auto& line : testing::hostile_requests(tool)) {
+        const bool is_text = line.find('\xff') == std::string::npos && line.find('\0') == std::string::npos;
+        const auto reply = is_text ? send(line) : "The bus carries text only.";
+        EXPECT_TRUE(is_sentence(reply)) << line << ": " << reply;
+    }
+}
+
+TEST_F(RootSide, OnlyTheCallersOwnPlainFilesAreInstalled) {
+    authorise();
+    const auto good = write("good.conf", "server a.example\n");
+    fs::create_directory(home + "/folder");
+    (void)::mkfifo((home + "/pipe").c_str(), 0600);
+    fs::remove(home + "/second");
+    fs::remove(home + "/link");
+    fs::create_symlink("/etc/shadow", home + "/link");
+    for (const auto& path : {home + "/link", home + "/pipe", home + "/folder", home + "/missing",
+                             std::string("/etc/shadow"), std::string("/home/bystander/own.conf"),
+                             std::string("/dev/zero"), write("large.conf", std::string((1U << 20U) + 1, '#'))})
+        EXPECT_TRUE(is_sentence(send(install_line(path, conf)))) << path;
+    EXPECT_FALSE(fs::exists(conf));
+    EXPECT_EQ(send(install_line(good, conf)).find("200 OK"), 0U) << send(install_line(good, conf));
+    EXPECT_EQ(contents(conf), "server a.example\n");
+    fs::create_hard_link(good, home + "/second");
+    EXPECT_TRUE(is_sentence(send(install_line(good, conf))));
+}
+
+TEST_F(RootSide, FilesSwappedMeanwhileLeakNothing) {
+    authorise();
+    std::atomic<bool> done = false;
+    const auto source = home + "/swapped.conf";
+    std::thread swapper([&] {
+        while (!done) {
+            write("next", "server a.example\n");
+            fs::rename(home + "/next", source);
+            fs::create_symlink("/etc/shadow", home + "/next");
+            fs::rename(home + "/next", source);
+        }
+    });
+    for (int round = 0; round < 200; ++round) {
+        (void)send(install_line(source, conf)); // refused or done, as it happens
+        ASSERT_TRUE(contents(conf).starts_with("server ")) << contents(conf);
+    }
+    done = true;
+    swapper.join();
+}
+
+TEST_F(RootSide, ContentIsChecked) {
+    authorise();
+    const auto before = contents(conf);
+    for (const auto& [text, part] : {std::pair{"server a\nuser root\n", "line 2 (user root)"},
+                                     std::pair{"driftfile /etc/cron.d/x\n", "line 1 (driftfile /etc/cron.d/x)"},
+                                     std::pair{"servr a\n", "chronyd does not accept this configuration"}}) {
+        const auto reply = send(install_line(write("c.conf", text), conf));
+        EXPECT_TRUE(is_sentence(reply) && reply.find(part) != std::string::npos) << reply;
+    }
+    const auto unit = "/etc/systemd/system/org.chrony-project.chronyd.service";
+    EXPECT_TRUE(is_sentence(send(install_line(write("x", "[Service]\nExecStart=/home/clockadmin/x\n"), unit))));
+    EXPECT_TRUE(is_sentence(send(install_line(write("x", "#!/bin/sh\n"), "/usr/local/bin/chronyc", "0755"))));
+    EXPECT_TRUE(!fs::exists(unit) && !fs::exists("/usr/local/bin/chronyc") && contents(conf) == before);
+    EXPECT_EQ(send(install_line(bundle + "chronyc", "/usr/local/bin/chronyc", "0755")).find("200 OK"), 0U);
+    EXPECT_EQ(contents("/usr/local/bin/chronyc"), contents("/usr/bin/chronyc"));
+    EXPECT_EQ(send("EXECUTE \"" + tool + "\" removeitem \"/usr/local/bin/chronyc\"").find("200 OK"), 0U);
+}
+
+TEST_F(RootSide, LongJobsHoldNobodyUp) {
+    authorise();
+    std::string sentence;
+    const auto second = other.authorise(sentence);
+    ASSERT_TRUE(second.has_value()) << sentence;
+    std::string output;
+    const auto start = Clock::now();
+    std::thread synchronise([&] { output = send(slow); });
+    while (Clock::now() - start < std::chrono::milliseconds(300))
+        ASSERT_TRUE(other.send(clients, second).value_or("").starts_with("Hostname"));
+    const auto reports_end = Clock::now();
+    synchronise.join();
+    EXPECT_EQ(output, "scratch chronyd: -t 3 -q server a.example iburst\n");
+    EXPECT_LT(reports_end - start, Clock::now() - start - std::chrono::seconds(1));
+}
+
+TEST_F(RootSide, EveryCallIsAnsweredAcrossEndsOfTheHelper) {
+    const char* wanted = std::getenv("ROOT_SIDE_CALLS");
+    const int calls = wanted != nullptr ? std::atoi(wanted) : 2000;
+    std::atomic<int> left = calls;
+    std::atomic<int> lost = 0;
+    std::vector<std::thread> callers;
+    for (int number = 0; number < 4; ++number)
+        callers.emplace_back([&] {
+            BusPrivilegedChannel own(execute, bundle + "chronyhelper", "0.1.0");
+            while (left.fetch_sub(1) > 0)
+                if (own.send("EXECUTE x", std::nullopt).value_or("") != "This needs an administrator's authorisation.")
+                    ++lost;
+        });
+    int ends = 0;
+    for (; left > 0; ++ends) {
+        authorise();
+        EXPECT_EQ(send("QUIT"), "quit"); // the last authorisation given back ends the helper
+    }
+    for (auto& caller : callers)
+        caller.join();
+    EXPECT_EQ(lost, 0);
+    std::printf("%d calls across %d ends of the helper, %d lost\n", calls, ends, lost.load());
+}
+
+TEST_F(RootSide, DISABLED_Figures) {
+    const auto time = [](const auto& act) {
+        const auto start = Clock::now();
+        act();
+        return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+    };
+    const auto show = [&](const char* what, int count, const auto& act) {
+        std::vector<double> times;
+        for (int round = 0; round < count; ++round)
+            times.push_back(time(act));
+        std::ranges::sort(times);
+        std::printf("%s: p50 %.2f ms, p99 %.2f ms\n", what, times[times.size() / 2], times[times.size() * 99 / 100]);
+    };
+    std::printf("first call, with activation: %.0f ms\n", time([&] { (void)channel.send("EXECUTE x", token); }));
+    std::printf("authorisation: %.1f ms\n", time([&] { authorise(); }));
+    show("authorised request without a child", 5000, [&] { (void)send("EXECUTE x"); });
+    show("chronyc report", 500, [&] { (void)send(clients); });
+}
+
+TEST_F(BystanderRootSide, GetsNothing) {
+    std::string sentence;
+    EXPECT_FALSE(channel.authorise(sentence).has_value());
+    EXPECT_EQ(sentence, "The authorisation was not given.");
+    EXPECT_TRUE(is_sentence(send(clients)));
+    EXPECT_TRUE(is_sentence(send("EXECUTE \"" + tool + "\" stopchrony")));
+    EXPECT_EQ(send("QUIT"), "quit");
+}
+
+} // namespace
+} // namespace tickervantage
