@@ -81,7 +81,7 @@ public:
         view.xscale = xscale;
         const Rect frame = view.resizeFrame({0, 0, WIDTH, HEIGHT}, {0, 0, WIDTH, HEIGHT});
         QPainter painter(&image);
-        QtCanvas canvas(painter, HEIGHT, CanvasColors::light());
+        QtCanvas canvas(painter, HEIGHT, CanvasColors::light(), &m_memory);
         view.drawRect(canvas, {0, 0, frame.width, frame.height},
                       {frame.width - WIDTH, std::floor((frame.height - HEIGHT) / 2), WIDTH, HEIGHT});
     }
@@ -94,10 +94,12 @@ public:
     QImage image{WIDTH, HEIGHT, QImage::Format_RGB32};
 
 private:
+    CanvasMemory m_memory;
     LogMaker m_maker;
 };
 
-// The same points, already turned into offsets, with the same colours.
+// The same points, already turned into offsets, with the same colours, over a grid as dense as ours: a line and a label
+// at each decade and, for a day, at each half hour.
 class Peer {
 public:
     explicit Peer(const TrackingView& view) {
@@ -116,9 +118,22 @@ public:
             graph->setData(times, values, true);
         }
         m_plot.yAxis->setRange(-HEIGHT / 2.0, HEIGHT / 2.0);
+        const auto decades = QSharedPointer<QCPAxisTickerFixed>::create();
+        decades->setTickStep(view.decade_scale);
+        decades->setScaleStrategy(QCPAxisTickerFixed::ssNone);
+        m_plot.yAxis->setTicker(decades);
+        QPen grid(Qt::gray);
+        grid.setDashPattern({3, 2});
+        for (QCPAxis* axis : {m_plot.xAxis, m_plot.yAxis})
+            axis->grid()->setPen(grid);
     }
 
-    void paint(double from, double to) {
+    // With about so many labels along the time axis.
+    void paint(double from, double to, int labels) {
+        const auto times = QSharedPointer<QCPAxisTickerDateTime>::create();
+        times->setDateTimeFormat(QStringLiteral("HH:mm"));
+        times->setTickCount(labels);
+        m_plot.xAxis->setTicker(times);
         m_plot.xAxis->setRange(from, to);
         QCPPainter painter(&image);
         m_plot.toPainter(&painter, WIDTH, HEIGHT);
@@ -175,7 +190,7 @@ void measure(int rounds, const char* only) {
          }},
         {"everything_peer",
          [&] {
-             peer->paint(end - PLOT_WIDTH / everything, end);
+             peer->paint(end - PLOT_WIDTH / everything, end, 1); // ours has none
          }},
         {"day",
          [&] {
@@ -183,7 +198,7 @@ void measure(int rounds, const char* only) {
          }},
         {"day_peer",
          [&] {
-             peer->paint(end - DAY, end);
+             peer->paint(end - DAY, end, 48);
          }},
         {"scroll_step",
          [&] {
@@ -206,7 +221,7 @@ void measure(int rounds, const char* only) {
     const char* folder = std::getenv("TICKERVANTAGE_BENCH_PICTURES");
     if (folder && peer) {
         const QString base = QString::fromUtf8(folder);
-        peer->paint(end - DAY, end);
+        peer->paint(end - DAY, end, 48);
         static_cast<void>(peer->image.save(base + QStringLiteral("/day_peer.png")));
         for (const auto& [name, xscale] : {std::pair{"/everything.png", everything},
                                            {"/day.png", PLOT_WIDTH / DAY},

@@ -8,6 +8,15 @@ function(tv_program name)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TV_BUNDLE_PROGRAMS})
 endfunction()
 
+# A file of resources/ that the program reads at run time.
+function(tv_resource name)
+  configure_file(${PROJECT_SOURCE_DIR}/resources/${name} ${TV_BUNDLE_RESOURCES}/${name} COPYONLY)
+endfunction()
+
+tv_resource(chrony.conf)
+tv_resource(freqtemp.rtf)
+tv_resource(chronylogrotate.sh)
+
 # The bundle carries the distribution's own chronyc and chronyd, so that it always has a pair that fits together.
 foreach(program chronyc chronyd)
   find_program(TV_${program} ${program} PATHS /usr/bin /usr/sbin NO_DEFAULT_PATH)

@@ -6,12 +6,28 @@
 #include <utility>
 
 namespace tickervantage {
+namespace {
+
+void bring_to_front(QWidget& window) {
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+} // namespace
 
 AnalysisWindows::AnalysisWindows(AnalysisParts parts) : m_parts(std::move(parts)) {}
 
 AnalysisWindows::~AnalysisWindows() {
     for (auto* window : std::exchange(m_tracking, {}))
         delete window;
+}
+
+PlotExportParts AnalysisWindows::export_parts() {
+    return {.queue = m_parts.export_queue,
+            .main_thread = m_parts.main_thread,
+            .write_picture = write_picture,
+            .write_text = replace_small_file};
 }
 
 TrackingWindowParts AnalysisWindows::tracking_parts() {
@@ -22,8 +38,7 @@ TrackingWindowParts AnalysisWindows::tracking_parts() {
             .lend_queue = m_parts.lend_queue,
             .spectrum_enabled = m_parts.spectrum_enabled,
             .show_spectrum = [this] { showSpectrum(); },
-            .write_picture = write_picture,
-            .write_text = replace_small_file};
+            .exports = export_parts()};
 }
 
 TrackingWindow* AnalysisWindows::open_log(const QString& path, bool live) {
@@ -49,8 +64,7 @@ void AnalysisWindows::make_spectrum() {
     m_spectrum = std::make_unique<SpectrumWindow>(SpectrumWindowParts{.settings = m_parts.settings,
                                                                       .queue = m_parts.spectrum_queue,
                                                                       .main_thread = m_parts.main_thread,
-                                                                      .write_picture = write_picture,
-                                                                      .write_text = replace_small_file});
+                                                                      .exports = export_parts()});
     m_spectrum->set_source([this] { return current_records(); });
     m_spectrum->windowDidLoad();
 }
@@ -58,10 +72,31 @@ void AnalysisWindows::make_spectrum() {
 void AnalysisWindows::showSpectrum() {
     if (!m_spectrum)
         make_spectrum();
-    m_spectrum->show();
-    m_spectrum->raise();
-    m_spectrum->activateWindow();
+    bring_to_front(*m_spectrum);
     m_spectrum->TrackingSelector();
+}
+
+void AnalysisWindows::showFreqTemp() {
+    if (!m_freqtemp)
+        m_freqtemp = std::make_unique<FreqTempWindow>(
+            FreqTempWindowParts{.session = m_parts.freqtemp, .settings = m_parts.settings, .exports = export_parts()});
+    m_freqtemp->windowDidLoad();
+    bring_to_front(*m_freqtemp);
+}
+
+void AnalysisWindows::showFreqInspector() {
+    if (!m_inspector)
+        m_inspector = std::make_unique<SensorInspector>(SensorInspectorParts{.broadcast = m_parts.freqtemp.broadcast,
+                                                                             .files = m_parts.freqtemp.files,
+                                                                             .queue = m_parts.freqtemp.file_queue,
+                                                                             .main_thread = m_parts.main_thread,
+                                                                             .equation = m_parts.equation,
+                                                                             .ask_sensors = [this] {
+                                                                                 if (m_freqtemp)
+                                                                                     m_freqtemp->tell_inspector();
+                                                                             }});
+    m_inspector->windowDidLoad();
+    bring_to_front(*m_inspector);
 }
 
 void AnalysisWindows::update_spectrum_buttons() {

@@ -1,6 +1,9 @@
-// The windows that study a log: any number of tracking windows, and one spectrum window over the newest of them.
+// The windows that study the clock: any number of tracking windows, one spectrum window over the newest of them, and
+// one each for frequency against temperature and for its sensors.
 #pragma once
 
+#include "freqtemp/freqtemp_window.h"
+#include "freqtemp/sensor_inspector_window.h"
 #include "graphs/tracking_window.h"
 #include "spectrum/spectrum_window.h"
 
@@ -19,8 +22,11 @@ struct AnalysisParts {
     MasterTimer& timer;
     FollowedFiles& files;
     DispatchQueueSerial& spectrum_queue;
+    DispatchQueueSerial& export_queue;
     std::function<std::shared_ptr<DispatchQueueSerial>()> lend_queue;
     std::function<bool()> spectrum_enabled;
+    FreqTempParts freqtemp;
+    std::string equation; // path of the inspector's text
 };
 
 class AnalysisWindows {
@@ -36,10 +42,15 @@ public:
     // The one spectrum window, made on first use.
     void showSpectrum();
 
+    // The one window each of frequency against temperature and of its sensors, made on first use.
+    void showFreqTemp();
+    void showFreqInspector();
+
     // The preferences changed.
     void update_spectrum_buttons();
 
 private:
+    PlotExportParts export_parts();
     TrackingWindowParts tracking_parts();
     [[nodiscard]] const TrackingRecords* current_records() const;
     void make_spectrum();
@@ -47,6 +58,8 @@ private:
     AnalysisParts m_parts;
     std::list<TrackingWindow*> m_tracking; // open; the last one used stands last
     std::unique_ptr<SpectrumWindow> m_spectrum;
+    std::unique_ptr<FreqTempWindow> m_freqtemp;
+    std::unique_ptr<SensorInspector> m_inspector;
 };
 
 } // namespace tickervantage

@@ -2,7 +2,10 @@
 
 #include "app/about_window.h"
 #include "app/analysis_windows.h"
+#include "app/clock_setting.h"
+#include "app/config_windows.h"
 #include "app/desktop_links.h"
+#include "app/settings_windows.h"
 #include "config/configuration.h"
 #include "mainwindow/tickervantage_window.h"
 #include "platform/linux/desktop_applications.h"
@@ -12,6 +15,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QMenu>
 #include <QMessageBox>
 
 #include <utility>
@@ -30,7 +34,8 @@ constexpr const char* tracking_log_pattern = "*tracking?lo*";
 } // namespace
 
 AppDelegate::AppDelegate(ApplicationParts parts, DaemonChoice daemon)
-    : m_parts(std::move(parts)), m_daemon(std::move(daemon)), m_self(std::make_shared<AppDelegate*>(this)) {}
+    : m_parts(std::move(parts)), m_daemon(std::move(daemon)), m_warnings(m_parts.cycle.settings),
+      m_self(std::make_shared<AppDelegate*>(this)) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -40,6 +45,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     remove_old_installations(m_parts.old_installation, m_parts.actions, m_parts.removal_queue);
     m_general = PreferencesGeneral::load(m_parts.cycle.settings);
     m_advanced = PreferencesAdvanced::load(m_parts.cycle.settings);
+    m_warnings.load();
     make_main_window();
     update_optional_items();
     m_parts.cycle.timer.start();
@@ -50,6 +56,8 @@ void AppDelegate::applicationWillTerminate() {
     m_parts.cycle.timer.stop();
     m_general.save(m_parts.cycle.settings);
     m_advanced.save(m_parts.cycle.settings);
+    if (m_settings_windows && !m_settings_windows->finish())
+        m_parts.logger.log(LogLevel::error, "The server list could not be saved in time.");
     m_parts.logger.log(LogLevel::info, "Tickervantage ends.");
     m_parts.close_log();
 }
@@ -59,14 +67,82 @@ void AppDelegate::make_main_window() {
         m_parts.cycle, cycle_options(),
         MainWindowRequests{.stop_program = [this](const QString& sentence) { stop_program(sentence); },
                            .launch_gpsd_application = [this] { launchMeridianox(); },
-                           .show_preferences = {}});
+                           .show_preferences =
+                               [this] {
+                                   settings_windows().showPreferences(Preferences::Pane::general);
+                               }});
+    make_administration();
     m_menus = build_application_menus(m_main_window.get(), menu_handlers(),
                                       [this] { return m_parts.actions->action_in_progress(); });
+    auto* recent = new QMenu(m_main_window.get());
+    fill_with_recent_files(recent, {[this] { return configurations().recent(); },
+                                    [this](const QString& path) {
+                                        configurations().open_path(path);
+                                    }});
+    m_menus.actions.at("recentConfigurations")->setMenu(recent);
     m_main_window->add_toolbar_actions(
         {m_menus.actions.at("refresh"), m_menus.actions.at("liveTracking"), m_menus.actions.at("showConfigEditor")});
     m_main_window->set_standing_notice(m_daemon.standing_notice);
     m_main_window->cycle().on_applied([this](const StatusNotice& notice) { log_change_of_state(notice); });
     m_main_window->windowDidLoad();
+    if (m_administration)
+        m_administration->offer_installation();
+    else
+        explain_missing_administration(m_menus);
+}
+
+void AppDelegate::make_administration() {
+    if (!m_parts.administration)
+        return;
+    m_administration = std::make_unique<Administration>(
+        AdministrationParts{.machine = *m_parts.administration,
+                            .actions = m_parts.actions,
+                            .main_thread = m_parts.cycle.main_thread,
+                            .execute = m_parts.cycle.execute,
+                            .settings = m_parts.cycle.settings,
+                            .warnings = m_warnings,
+                            .general = m_general,
+                            .advanced = m_advanced,
+                            .paths = m_parts.paths,
+                            .cycle = [this]() -> StatusCycle& { return m_main_window->cycle(); },
+                            .window = [this] { return m_main_window.get(); },
+                            .show_progress = [this](const QString& text) { m_main_window->set_progress(text); },
+                            .say = [this](const QString& sentence) { say(sentence); },
+                            .stop_for_version =
+                                [this](const std::string& program, const std::string& answer) {
+                                    m_main_window->stop_for_version(program, answer);
+                                }});
+}
+
+void AppDelegate::show_problem(PrivilegedProblem problem, const std::string& detail) {
+    if (m_administration)
+        m_administration->show_problem(problem, detail);
+}
+
+InstallConfiguration AppDelegate::install_configuration() {
+    if (!m_administration)
+        return {};
+    return [this](std::string text, std::function<void(InstallOutcome)> done) {
+        m_administration->install_configuration(std::move(text), [done = std::move(done)](const JobResult& result) {
+            done({result.done, result.sentence});
+        });
+    };
+}
+
+std::function<void(std::function<void(std::string)>)> AppDelegate::install_or_remove_wake() {
+    if (!m_administration)
+        return {};
+    return [this](std::function<void(std::string)> done) {
+        m_administration->install_or_remove_wake(std::move(done));
+    };
+}
+
+std::function<void(std::function<void(std::string)>)> AppDelegate::run_chronywake() {
+    if (!m_administration)
+        return {};
+    return [this](std::function<void(std::string)> done) {
+        m_administration->run_chronywake(std::move(done));
+    };
 }
 
 TickervantageWindow& AppDelegate::main_window() {
@@ -86,7 +162,12 @@ StatusCycleOptions AppDelegate::cycle_options() {
                     return find_application(folders, StatusCycle::GPSD_CONF_ID).has_value();
                 },
             .chronyc_arguments = m_daemon.chronyc_arguments,
-            .pidfile = m_daemon.pidfile};
+            .pidfile = m_daemon.pidfile,
+            .ask_for_rights =
+                [this] {
+                    if (m_administration)
+                        m_administration->ask_for_rights();
+                }};
 }
 
 void AppDelegate::update_optional_items() const {
@@ -113,16 +194,59 @@ void AppDelegate::launchMeridianox() {
 
 AnalysisWindows& AppDelegate::analysis() {
     if (!m_analysis)
-        m_analysis = std::make_unique<AnalysisWindows>(AnalysisParts{.settings = m_parts.cycle.settings,
-                                                                     .main_thread = m_parts.cycle.main_thread,
-                                                                     .timer = m_parts.cycle.timer,
-                                                                     .files = m_parts.files,
-                                                                     .spectrum_queue = m_parts.spectrum_queue,
-                                                                     .lend_queue = m_parts.lend_queue,
-                                                                     .spectrum_enabled = [this] {
-                                                                         return m_advanced.spectrum;
-                                                                     }});
+        m_analysis =
+            std::make_unique<AnalysisWindows>(AnalysisParts{.settings = m_parts.cycle.settings,
+                                                            .main_thread = m_parts.cycle.main_thread,
+                                                            .timer = m_parts.cycle.timer,
+                                                            .files = m_parts.files,
+                                                            .spectrum_queue = m_parts.spectrum_queue,
+                                                            .export_queue = m_parts.export_queue,
+                                                            .lend_queue = m_parts.lend_queue,
+                                                            .spectrum_enabled = [this] { return m_advanced.spectrum; },
+                                                            .freqtemp = m_parts.freqtemp,
+                                                            .equation = m_parts.paths.bundle_resource("freqtemp.rtf")});
     return *m_analysis;
+}
+
+SettingsWindows& AppDelegate::settings_windows() {
+    if (!m_settings_windows)
+        m_settings_windows = std::make_unique<SettingsWindows>(SettingsWindowsParts{
+            .settings = m_parts.cycle.settings,
+            .main_thread = m_parts.cycle.main_thread,
+            .queue = m_parts.list_queue,
+            .logger = m_parts.logger,
+            .paths = m_parts.paths,
+            .warnings = m_warnings,
+            .general = m_general,
+            .advanced = m_advanced,
+            .general_changed = {},
+            .advanced_changed =
+                [this] {
+                    update_optional_items();
+                    analysis().update_spectrum_buttons();
+                },
+            .editor_is_open = [this] { return m_configurations && m_configurations->is_open(); },
+            .insert_into_editor = [this](const QString& lines) { return configurations().insert(lines); },
+            .install_or_remove_wake = install_or_remove_wake(),
+            .run_chronywake = run_chronywake()});
+    return *m_settings_windows;
+}
+
+ConfigWindows& AppDelegate::configurations() {
+    if (!m_configurations)
+        m_configurations =
+            std::make_unique<ConfigWindows>(ConfigWindowsParts{.execute = m_parts.cycle.execute,
+                                                               .queue = m_parts.config_queue,
+                                                               .main_thread = m_parts.cycle.main_thread,
+                                                               .settings = m_parts.cycle.settings,
+                                                               .paths = m_parts.paths,
+                                                               .config_path = [this] { return m_general.config; },
+                                                               .install = install_configuration(),
+                                                               .say =
+                                                                   [this](const QString& sentence) {
+                                                                       say(sentence);
+                                                                   }});
+    return *m_configurations;
 }
 
 void AppDelegate::open_log(const QString& path) {
@@ -173,70 +297,119 @@ void AppDelegate::liveTracking() {
 
 MenuHandlers AppDelegate::menu_handlers() {
     const QString log_folder = QString::fromStdString(m_parts.paths.state);
-    return {{"showTickervantage",
-             [this] {
-                 showTickervantage();
-             }},
-            {"openTrackingLog",
-             [this] {
-                 openTrackingLog();
-             }},
-            {"liveTracking",
-             [this] {
-                 liveTracking();
-             }},
-            {"showSpectrum",
-             [this] {
-                 analysis().showSpectrum();
-             }},
-            {"showLogs",
-             [this] {
-                 showLogs();
-             }},
-            {"refresh",
-             [this] {
-                 m_main_window->cycle().refresh();
-             }},
-            {"chooseFont",
-             [this] {
-                 m_main_window->chooseFont();
-             }},
-            {"defaultFont",
-             [this] {
-                 m_main_window->defaultFont();
-             }},
-            {"closeWindow",
-             [this] {
-                 QWidget* active = QApplication::activeWindow(); // none while another program has the keyboard
-                 (active != nullptr ? active : m_main_window.get())->close();
-             }},
-            {"quit",
-             [] {
-                 QApplication::closeAllWindows();
-             }},
-            {"showLogFile",
-             [this, log_folder] {
-                 if (!show_file(log_folder + QStringLiteral("/tickervantage.log")))
-                     //: alert: %1 is a folder
-                     say(Texts::tr("The log cannot be shown here. It lies in %1.").arg(log_folder));
-             }},
-            {"showLogFolder",
-             [this, log_folder] {
-                 if (!reveal_folder(log_folder))
-                     //: alert: %1 is a folder
-                     say(Texts::tr("The folder %1 cannot be shown here.").arg(log_folder));
-             }},
-            {"siteTickervantage",
-             [] {
-                 (void)open_page(QLatin1String(product_page));
-             }}, // silent by design
-            {"siteChrony",
-             [] {
-                 (void)open_page(QLatin1String(chrony_page));
-             }},
-            {"showAbout", [this] {
-                 show_about(m_main_window.get());
-             }}};
+    MenuHandlers handlers{{"showTickervantage",
+                           [this] {
+                               showTickervantage();
+                           }},
+                          {"openTrackingLog",
+                           [this] {
+                               openTrackingLog();
+                           }},
+                          {"liveTracking",
+                           [this] {
+                               liveTracking();
+                           }},
+                          {"showFreqTemp",
+                           [this] {
+                               analysis().showFreqTemp();
+                           }},
+                          {"showFreqInspector",
+                           [this] {
+                               analysis().showFreqInspector();
+                           }},
+                          {"showSpectrum",
+                           [this] {
+                               analysis().showSpectrum();
+                           }},
+                          {"showConfigEditor",
+                           [this] {
+                               configurations().show_installed();
+                           }},
+                          {"newConfiguration",
+                           [this] {
+                               configurations().new_document();
+                           }},
+                          {"openConfiguration",
+                           [this] {
+                               configurations().open_document();
+                           }},
+                          {"recentConfigurations",
+                           [] {
+                           }}, // has a menu of its own
+                          {"showLogs",
+                           [this] {
+                               showLogs();
+                           }},
+                          {"showServers",
+                           [this] {
+                               settings_windows().showServers();
+                           }},
+                          {"showPreferences",
+                           [this] {
+                               settings_windows().showPreferences(Preferences::Pane::general);
+                           }},
+                          {"checkForUpdates",
+                           [this] {
+                               settings_windows().showPreferences(Preferences::Pane::update);
+                           }},
+                          {"refresh",
+                           [this] {
+                               m_main_window->cycle().refresh();
+                           }},
+                          {"chooseFont",
+                           [this] {
+                               m_main_window->chooseFont();
+                           }},
+                          {"defaultFont",
+                           [this] {
+                               m_main_window->defaultFont();
+                           }},
+                          {"closeWindow",
+                           [this] {
+                               QWidget* active =
+                                   QApplication::activeWindow(); // none while another program has the keyboard
+                               (active != nullptr ? active : m_main_window.get())->close();
+                           }},
+                          {"quit",
+                           [] {
+                               QApplication::closeAllWindows();
+                           }},
+                          {"showLogFile",
+                           [this, log_folder] {
+                               if (!show_file(log_folder + QStringLiteral("/tickervantage.log")))
+                                   //: alert: %1 is a folder
+                                   say(Texts::tr("The log cannot be shown here. It lies in %1.").arg(log_folder));
+                           }},
+                          {"showLogFolder",
+                           [this, log_folder] {
+                               if (!reveal_folder(log_folder))
+                                   //: alert: %1 is a folder
+                                   say(Texts::tr("The folder %1 cannot be shown here.").arg(log_folder));
+                           }},
+                          {"siteTickervantage",
+                           [] {
+                               (void)open_page(QLatin1String(product_page));
+                           }}, // silent by design
+                          {"siteChrony",
+                           [] {
+                               (void)open_page(QLatin1String(chrony_page));
+                           }},
+                          {"showAbout", [this] {
+                               show_about(m_main_window.get());
+                           }}};
+    if (m_administration) {
+        m_administration->menu().add_handlers(handlers);
+        add_clock_setting_handlers({.jobs = m_administration->jobs(),
+                                    .settings = m_parts.cycle.settings,
+                                    .window = [this] { return m_main_window.get(); },
+                                    .changed = [this] { m_main_window->cycle().refresh(); },
+                                    .say =
+                                        [this](const QString& sentence) {
+                                            say(sentence);
+                                        }},
+                                   handlers);
+    }
+    return handlers;
 }
 
 void AppDelegate::say(const QString& sentence) {

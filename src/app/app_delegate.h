@@ -1,8 +1,11 @@
 // The application: launch order, menu actions, shutdown order. Main thread only.
 #pragma once
 
-#include "app/application_menus_window.h"
+#include "app/administration.h"
+#include "config/config_editor_window.h"
 #include "config/preferences.h"
+#include "freqtemp/freqtemp_session.h"
+#include "instruments/warning_register.h"
 #include "mainwindow/status_cycle.h"
 #include "platform/logger.h"
 #include "platform/paths.h"
@@ -19,7 +22,9 @@
 namespace tickervantage {
 
 class AnalysisWindows;
+class ConfigWindows;
 class FollowedFiles;
+class SettingsWindows;
 class TickervantageWindow;
 
 // What the application is made of; all of it outlives the delegate.
@@ -30,10 +35,15 @@ struct ApplicationParts {
     OldInstallationRemoval old_installation;
     FollowedFiles& files;                                             // logs
     DispatchQueueSerial& spectrum_queue;                              // transforms
+    DispatchQueueSerial& config_queue;                                // "net.brisklane.config": checks, documents
+    DispatchQueueSerial& export_queue;                                // files that people ask for
+    FreqTempParts freqtemp;                                           // frequency against temperature
+    DispatchQueueSerial& list_queue;                                  // the server list, the preferences' paths
     std::function<std::shared_ptr<DispatchQueueSerial>()> lend_queue; // one for each log that is followed
     Logger& logger;
     std::function<void()> close_log;
     Paths paths;
+    std::optional<AdministrationMachine> administration = {}; // none: jobs that need rights are not offered
 };
 
 // What differs in demonstration mode; empty for the machine's own daemon.
@@ -57,6 +67,9 @@ public:
     [[nodiscard]] TickervantageWindow& main_window(); // made on first use
     [[nodiscard]] const ApplicationMenus& menus() const { return m_menus; }
 
+    // Told by the shared actions.
+    void show_problem(PrivilegedProblem problem, const std::string& detail);
+
     // Opens a finished tracking log in a window of its own.
     void open_log(const QString& path);
 
@@ -77,6 +90,12 @@ private:
     void showLogs();
     void with_log_folder(const std::function<void(const std::string& folder)>& use);
     [[nodiscard]] AnalysisWindows& analysis();
+    [[nodiscard]] ConfigWindows& configurations();
+    [[nodiscard]] SettingsWindows& settings_windows();
+    void make_administration();
+    [[nodiscard]] InstallConfiguration install_configuration(); // empty where nothing can be installed
+    [[nodiscard]] std::function<void(std::function<void(std::string sentence)> done)> install_or_remove_wake();
+    [[nodiscard]] std::function<void(std::function<void(std::string reply)> done)> run_chronywake();
     void launchMeridianox();
     void say(const QString& sentence); // a failure, with one "Dismiss" button
     void log_change_of_state(const StatusNotice& notice);
@@ -85,12 +104,16 @@ private:
     DaemonChoice m_daemon;
     PreferencesGeneral m_general;
     PreferencesAdvanced m_advanced;
+    WarningRegister m_warnings;
     ApplicationMenus m_menus;
     std::optional<chronydStatus> m_logged_status;
     bool m_stopping = false;
     std::shared_ptr<AppDelegate*> m_self; // work on its way back finds out through it that the delegate has gone
+    std::unique_ptr<Administration> m_administration; // outlives the windows that use it
     std::unique_ptr<TickervantageWindow> m_main_window;
     std::unique_ptr<AnalysisWindows> m_analysis;
+    std::unique_ptr<ConfigWindows> m_configurations;
+    std::unique_ptr<SettingsWindows> m_settings_windows;
 };
 
 } // namespace tickervantage

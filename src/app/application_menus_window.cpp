@@ -29,7 +29,11 @@ std::vector<Item> file_items() {
     return {
         {"openTrackingLog", QT_TRANSLATE_NOOP("menus", "&Open Tracking Log…"), QKeySequence::Open},
         {"liveTracking", QT_TRANSLATE_NOOP("menus", "&Live Tracking Graph"), QKeySequence(Qt::CTRL | Qt::Key_L)},
+        separator,
         {"showConfigEditor", QT_TRANSLATE_NOOP("menus", "&Edit Configuration…"), QKeySequence(Qt::CTRL | Qt::Key_E)},
+        {"newConfiguration", QT_TRANSLATE_NOOP("menus", "&New Configuration"), QKeySequence::New},
+        {"openConfiguration", QT_TRANSLATE_NOOP("menus", "Open Con&figuration…"), {}},
+        {"recentConfigurations", QT_TRANSLATE_NOOP("menus", "&Recent Configurations"), {}},
         separator,
         {"showPreferences", QT_TRANSLATE_NOOP("menus", "&Preferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma)},
         {"checkForUpdates", QT_TRANSLATE_NOOP("menus", "Check for &Updates…"), {}},

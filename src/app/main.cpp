@@ -1,22 +1,29 @@
 // The desktop program: puts the parts together.
 #include "app/app_delegate.h"
+#include "app/labelled_queues.h"
 #include "app/options.h"
 #include "app/queue_pool.h"
 #include "app/quit_on_signal.h"
 #include "app/screenshot_tour.h"
 #include "chrony/logreader.h"
 #include "config/settings_catalogue.h"
+#include "platform/linux/bus_privileged_channel.h"
 #include "platform/linux/demonstration.h"
 #include "platform/linux/file_logger.h"
+#include "platform/linux/machine_sensors.h"
 #include "platform/linux/no_privileged_channel.h"
 #include "platform/linux/posix_execute.h"
 #include "platform/linux/posix_followed_file.h"
+#include "platform/linux/posix_user_files.h"
 #include "platform/linux/private_temporary.h"
 #include "platform/linux/serial_queue.h"
+#include "platform/linux/shared_text_file.h"
+#include "platform/linux/small_file.h"
 #include "platform/linux/xdg_paths.h"
 #include "platform/qt/qt_main_thread.h"
 #include "platform/qt/qt_master_timer.h"
 #include "platform/qt/qt_settings_store.h"
+#include "privileged/job_environment.h"
 
 #include "mainwindow/tickervantage_window.h"
 
@@ -25,6 +32,7 @@
 #include <QDir>
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -59,8 +67,8 @@ class Program {
 public:
     Program(const Paths& paths, const DaemonChoice& daemon)
         : m_logger(m_log_queue, paths.state), m_store(paths.settings, m_settings_queue, m_logger), m_settings(m_store),
-          m_actions(std::make_shared<PrivilegedActions>(m_channel)), m_broadcast(m_main_thread),
-          m_delegate(parts(paths), daemon) {}
+          m_channel(make_channel(paths, daemon)), m_actions(make_actions()), m_broadcast(m_main_thread),
+          m_delegate(parts(paths, daemon), daemon) {}
 
     ~Program() {
         m_execute.cancel(); // a chronyc that hangs must not hold up the end
@@ -72,7 +80,10 @@ public:
     int run(const ProgramOptions& options, const DaemonChoice& daemon, const Paths& paths);
 
 private:
-    ApplicationParts parts(const Paths& paths);
+    ApplicationParts parts(const Paths& paths, const DaemonChoice& daemon);
+    std::unique_ptr<PrivilegedChannel> make_channel(const Paths& paths, const DaemonChoice& daemon);
+    std::shared_ptr<PrivilegedActions> make_actions();
+    AdministrationMachine machine(const Paths& paths);
     void show_problems();
     void start_tour(const QString& folder, const DaemonChoice& daemon, const Paths& paths);
     [[nodiscard]] bool write_status(const QString& folder, const DaemonChoice& daemon, const Paths& paths);
@@ -85,21 +96,71 @@ private:
     SerialQueue m_settings_queue{"net.brisklane.settings"};
     QtSettingsStore m_store;
     DefaultSettings m_settings;
-    NoPrivilegedChannel m_channel;
+    std::unique_ptr<PrivilegedChannel> m_channel;
     std::shared_ptr<PrivilegedActions> m_actions;
     QtMasterTimer m_timer;
     Broadcast m_broadcast;
     std::unique_ptr<ScreenshotTour> m_tour;
     // The queues whose work uses the parts above end before those go.
     SerialQueue m_status_queue{"net.brisklane.status"};
+    LabelledQueues m_job_queues;
     SerialQueue m_removal_queue{"net.brisklane.removetuxfamily"};
     SerialQueue m_spectrum_queue{"net.brisklane.spectrum"};
+    SerialQueue m_config_queue{"net.brisklane.config"};
+    SerialQueue m_export_queue{"net.brisklane.export"};
+    MachineSensors m_sensors;
+    PosixUserFiles m_user_files;
+    SerialQueue m_sensor_queue{"net.brisklane.sensors"};
+    SerialQueue m_freqtemp_queue{"net.brisklane.freqtemp"};
+    SerialQueue m_map_queue{"net.brisklane.scattermap"};
+    SerialQueue m_list_queue{"net.brisklane.lists"};
     PosixFollowedFiles m_files;
     QueuePool m_log_queues{std::string(LogReader::QUEUE_LABEL)};
     AppDelegate m_delegate;
 };
 
-ApplicationParts Program::parts(const Paths& paths) {
+bool is_demonstration(const DaemonChoice& daemon) {
+    return !daemon.standing_notice.isEmpty();
+}
+
+std::optional<std::string> read_text(const std::string& path) {
+    constexpr std::size_t largest = 1U << 20U;
+    SmallFile file = read_small_file(path, largest);
+    return file.outcome == SmallFile::Outcome::read ? std::optional(std::move(file.bytes)) : std::nullopt;
+}
+
+void pause(int seconds) {
+    std::this_thread::sleep_for(std::chrono::seconds(seconds));
+}
+
+// A demonstration leaves the system as it is.
+std::unique_ptr<PrivilegedChannel> Program::make_channel(const Paths& paths, const DaemonChoice& daemon) {
+    if (is_demonstration(daemon))
+        return std::make_unique<NoPrivilegedChannel>();
+    return std::make_unique<BusPrivilegedChannel>(m_execute, paths.bundle_program("chronyhelper"),
+                                                  TICKERVANTAGE_VERSION);
+}
+
+std::shared_ptr<PrivilegedActions> Program::make_actions() {
+    const auto tell = [this](PrivilegedProblem problem, const std::string& detail) {
+        m_main_thread.main_async([this, problem, detail] { m_delegate.show_problem(problem, detail); });
+    };
+    return std::make_shared<PrivilegedActions>(*m_channel, PrivilegedReports{.logger = &m_logger, .problem = tell});
+}
+
+AdministrationMachine Program::machine(const Paths& paths) {
+    const char* search_path = std::getenv("PATH"); // NOLINT(concurrency-mt-unsafe): nobody changes it
+    return {.queue = [this](std::string_view label) -> DispatchQueueSerial& { return m_job_queues.queue(label); },
+            .probes = make_job_probes({.execute = m_execute,
+                                       .paths = paths,
+                                       .search_path = search_path == nullptr ? "" : search_path,
+                                       .read_file = read_text,
+                                       .replace_file = replace_small_file,
+                                       .pause = pause}),
+            .steps = {.pause = pause, .replace_file = replace_small_file, .heard = {}}};
+}
+
+ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) {
     return {.cycle = {m_execute, *m_actions, m_status_queue, m_main_thread, m_timer, m_broadcast, m_settings},
             .actions = m_actions,
             .removal_queue = m_removal_queue,
@@ -109,16 +170,27 @@ ApplicationParts Program::parts(const Paths& paths) {
                                          std::error_code ignored; // what cannot be looked at cannot be removed either
                                          return std::filesystem::exists(path, ignored);
                                      },
-                                 .pause =
-                                     [](int seconds) {
-                                         std::this_thread::sleep_for(std::chrono::seconds(seconds));
-                                     }},
+                                 .pause = pause},
             .files = m_files,
             .spectrum_queue = m_spectrum_queue,
+            .config_queue = m_config_queue,
+            .export_queue = m_export_queue,
+            .freqtemp = {.sensors = m_sensors,
+                         .files = m_user_files,
+                         .sensor_queue = m_sensor_queue,
+                         .fit_queue = m_freqtemp_queue,
+                         .file_queue = m_map_queue,
+                         .main_thread = m_main_thread,
+                         .master_timer = m_timer,
+                         .broadcast = m_broadcast,
+                         .logger = m_logger,
+                         .map = scatter_map_path(paths.data_home.empty() ? "" : paths.data_home + "/Tickervantage")},
+            .list_queue = m_list_queue,
             .lend_queue = [this] { return m_log_queues.lend(); },
             .logger = m_logger,
             .close_log = [this] { m_logger.close(); },
-            .paths = paths};
+            .paths = paths,
+            .administration = is_demonstration(daemon) ? std::nullopt : std::optional(machine(paths))};
 }
 
 void Program::show_problems() {
@@ -128,6 +200,19 @@ void Program::show_problems() {
     };
     show(m_store.load_problem());
     m_store.set_problem_handler(m_main_thread, show);
+}
+
+// A list such as users have, so that its window has something to show.
+void write_sample_servers(const Paths& paths) {
+    SharedTextFile file(paths.data_home + "/Tickervantage/servers.txt");
+    std::string kept_as;
+    std::string sentence;
+    if (file.replace("Debian pool:2.debian.pool.ntp.org:10:6:true\n"
+                     "Lab clock, first floor:clock1.lab.example:8:3:true\n"
+                     "A neighbour's server with a rather long title:time.neighbour.example:12:6:false\n"
+                     "Gateway:192.0.2.1:10:4:true\n",
+                     std::nullopt, kept_as, sentence) != 0)
+        std::fprintf(stderr, "%s\n", sentence.c_str());
 }
 
 bool Program::write_status(const QString& folder, const DaemonChoice& daemon, const Paths& paths) {
@@ -143,6 +228,8 @@ bool Program::write_status(const QString& folder, const DaemonChoice& daemon, co
 }
 
 void Program::start_tour(const QString& folder, const DaemonChoice& daemon, const Paths& paths) {
+    if (is_demonstration(daemon)) // a demonstration's data are its own
+        write_sample_servers(paths);
     m_tour = std::make_unique<ScreenshotTour>(m_delegate, folder, [this, folder, daemon, paths](bool complete) {
         m_status_queue.async([this, folder, daemon, paths, complete] {
             const bool written = write_status(folder, daemon, paths);

@@ -6,12 +6,15 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPixmap>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSlider>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QTabWidget>
 #include <QTimer>
 
 #include <algorithm>
@@ -46,6 +49,8 @@ ScreenshotTour::ScreenshotTour(AppDelegate& application, QString folder, std::fu
 void ScreenshotTour::start() {
     plan();
     plan_analysis();
+    plan_settings();
+    plan_editor();
     auto& cycle = m_application.main_window().cycle();
     cycle.on_applied([this](const StatusNotice&) { QTimer::singleShot(0, this, [this] { reading_applied(); }); });
     cycle.intervalChanged(1);
@@ -125,6 +130,70 @@ void ScreenshotTour::plan_analysis() {
                            refresh();
                        },
                        QStringLiteral("SpectrumWindow")});
+    const auto show = [trigger, refresh](const char* action) {
+        return [trigger, refresh, action] {
+            trigger(action);
+            refresh();
+        };
+    };
+    m_stops.push_back(
+        {QStringLiteral("frequency-temperature"), show("showFreqTemp"), QStringLiteral("FreqTempWindow")});
+    m_stops.push_back(
+        {QStringLiteral("sensor-inspector"), show("showFreqInspector"), QStringLiteral("SensorInspector")});
+}
+
+void ScreenshotTour::plan_settings() {
+    const QString servers = QStringLiteral("ServersWindow");
+    const QString preferences = QStringLiteral("Preferences");
+    const auto show = [this](bool dark, const char* action) {
+        show_dark(dark);
+        m_application.menus().actions.at(action)->trigger();
+        m_application.main_window().cycle().refresh();
+    };
+    const auto show_pane = [this, preferences, show](bool dark, int pane) {
+        show(dark, "showPreferences");
+        if (auto* window = window_of({{}, {}, preferences}))
+            window->findChild<QTabWidget*>(QStringLiteral("m_window"))->setCurrentIndex(pane);
+    };
+    const auto type_nonsense = [this, servers, show] {
+        show(true, "showServers");
+        auto* window = window_of({{}, {}, servers});
+        auto* field = window != nullptr ? window->findChild<QLineEdit*>(QStringLiteral("m_name")) : nullptr;
+        if (field == nullptr)
+            return;
+        field->setText(QStringLiteral("2001:db8::7"));
+        Q_EMIT field->textEdited(field->text());
+    };
+    m_stops.push_back({QStringLiteral("servers"), [show] { show(false, "showServers"); }, servers});
+    m_stops.push_back({QStringLiteral("servers-dark-refused"), type_nonsense, servers});
+    m_stops.push_back({QStringLiteral("preferences-general"), [show_pane] { show_pane(false, 0); }, preferences});
+    m_stops.push_back({QStringLiteral("preferences-general-dark"), [show_pane] { show_pane(true, 0); }, preferences});
+    m_stops.push_back({QStringLiteral("preferences-advanced"), [show_pane] { show_pane(false, 1); }, preferences});
+    m_stops.push_back({QStringLiteral("preferences-updates"), [show_pane] { show_pane(false, 2); }, preferences});
+}
+
+void ScreenshotTour::plan_editor() {
+    const QString editor = QStringLiteral("ConfigEditor");
+    const auto refresh = [this] {
+        m_application.main_window().cycle().refresh();
+    };
+    const auto show_new = [this, refresh] {
+        show_dark(false);
+        m_application.menus().actions.at("newConfiguration")->trigger();
+        refresh();
+    };
+    const auto show_error = [this, editor, refresh] {
+        auto* window = window_of({{}, {}, editor});
+        auto* text = window != nullptr ? window->findChild<QPlainTextEdit*>(QStringLiteral("m_config")) : nullptr;
+        if (text == nullptr)
+            return;
+        text->insertPlainText(QStringLiteral("keyfile /no/such/keys\nserverr ntp.example.net\n"));
+        window->findChild<QPushButton*>(QStringLiteral("m_checksyntax"))->click();
+        refresh();
+    };
+    m_stops.push_back({QStringLiteral("editor"), show_new, editor});
+    m_stops.push_back({QStringLiteral("editor-error"), show_error, editor});
+    m_stops.push_back({QStringLiteral("editor-error-dark"), [this, refresh] { show_dark(true), refresh(); }, editor});
 }
 
 QWidget* ScreenshotTour::window_of(const Stop& stop) const {

@@ -37,6 +37,8 @@ private:
     void take_picture();
     void show_dark(bool dark);
     void plan_analysis();
+    void plan_editor();
+    void plan_settings();
     [[nodiscard]] QWidget* window_of(const Stop& stop) const;
 
     AppDelegate& m_application;

@@ -40,6 +40,21 @@ void PreferencesGeneral::save(DefaultSettings& settings) const {
     write(settings::install_wake, install_wake);
 }
 
+void PreferencesGeneral::restore_defaults() {
+    *this = {.config = std::string(settings::file_config.fallback),
+             .chronyc = std::string(settings::file_chronyc.fallback),
+             .chronyd = std::string(settings::file_chronyd.fallback),
+             .chronywake = std::string(settings::file_chronywake.fallback),
+             .make_thresh = settings::make_thresh.fallback,
+             .make_limit = settings::make_limit.fallback,
+             .burst_good = settings::burst_good.fallback,
+             .burst_max = settings::burst_max.fallback,
+             .burst_netmask = std::string(settings::burst_netmask.fallback),
+             .launch_login = launch_login,
+             .adj_system = settings::adj_system.fallback,
+             .install_wake = settings::install_wake.fallback};
+}
+
 PreferencesAdvanced PreferencesAdvanced::load(const DefaultSettings& settings) {
     return {.restart_gpsd = tickervantage::load(settings, settings::restart_gpsd),
             .frequency = tickervantage::load(settings, settings::enable_frequency_win),

@@ -24,6 +24,7 @@ struct PreferencesGeneral {
 
     static PreferencesGeneral load(const DefaultSettings& settings);
     void save(DefaultSettings& settings) const;
+    void restore_defaults(); // of all but launch_login
 };
 
 struct PreferencesAdvanced {

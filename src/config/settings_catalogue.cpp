@@ -67,6 +67,7 @@ constexpr std::array all_keys{
     SettingKey(regression_order),
     SettingKey(SPECTRUM_interval),
     SettingKey(SPECTRUM_duration),
+    SettingKey(recent_configurations),
     SettingKey(IgnoreWarnings),
 };
 

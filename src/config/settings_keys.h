@@ -179,6 +179,10 @@ inline constexpr DoubleKey SPECTRUM_interval{"SPECTRUM_interval", 4, 1e-3, 1e9, 
                                              Limit::when_set};
 inline constexpr DoubleKey SPECTRUM_duration{"SPECTRUM_duration", 1024, 1e-3, 1e9, "seconds analysed", Limit::when_set};
 
+// Configuration editor
+inline constexpr TextListKey recent_configurations{"recent_configurations",
+                                                   "configurations opened or saved last, the newest first"};
+
 // Alerts
 inline constexpr TextListKey IgnoreWarnings{"IgnoreWarnings", "alerts that are not to be shown again"};
 

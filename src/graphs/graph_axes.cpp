@@ -42,8 +42,10 @@ public:
             add_logarithmic_ticks();
         else
             add_linear_ticks();
+        m_canvas.begin_layer(m_input.visible);
         m_canvas.stroke(m_grid, LineStyle{ColorRole::grey, 1, {GRID_DASH, GRID_GAP}});
         m_canvas.stroke(m_axes, LineStyle{m_input.color, 1});
+        m_canvas.end_layer();
     }
 
 private:

@@ -2,7 +2,6 @@
 
 #include "graphs/performance_graph.h"
 #include "platform/qt/canvas_colors.h"
-#include "platform/qt/qt_canvas.h"
 
 #include <QKeyEvent>
 #include <QNativeGestureEvent>
@@ -122,7 +121,7 @@ void GraphScrollArea::draw(Canvas& canvas) {
 
 void GraphScrollArea::paintEvent(QPaintEvent*) {
     QPainter painter(viewport());
-    QtCanvas canvas(painter, viewport()->height(), CanvasColors::from_palette(palette()));
+    QtCanvas canvas(painter, viewport()->height(), CanvasColors::from_palette(palette()), &m_canvas_memory);
     draw(canvas);
     paint_pointer_line(painter);
 }

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "platform/canvas.h"
+#include "platform/qt/qt_canvas.h"
 
 #include <QAbstractScrollArea>
 
@@ -69,6 +70,7 @@ private:
     void paint_pointer_line(class QPainter& painter) const;
 
     PerformanceGraph& m_graph;
+    CanvasMemory m_canvas_memory;
     Rect m_frame;
     double m_newest_gap = 0;
     double m_right_gap = 0;    // points from the right edge in sight to the frame's right edge

@@ -23,11 +23,12 @@ struct Reader {
         ++at;
         return true;
     }
-    // Returns how many digits there were.
+    // Returns how many digits there were; of too many the number holds only the first.
     int take_digits(std::int64_t& number) {
+        constexpr std::int64_t has_most_digits = 100'000'000'000'000;
         const char* const start = at;
         for (; !at_end() && is_digit(*at); ++at)
-            if (at - start < most_digits)
+            if (number < has_most_digits)
                 number = number * 10 + (*at - '0');
         return static_cast<int>(at - start);
     }

@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::size_t RECORDS_PER_COLUMN = 2; // on average; a line through more becomes a smear
 constexpr std::size_t LONGEST_CLUSTER = 8;
+constexpr double DENSE_FROM = 0.75; // records in a column, on average
+constexpr double DENSE_TO = 16;
 constexpr std::size_t QUICK_BLOCK = 64;
 static_assert(TrackingRecords::RECORDS_PER_PIECE % QUICK_BLOCK == 0);
 
@@ -35,7 +37,12 @@ public:
         add_columns(sight, result.cells);
         if (sight.end < stretch.end)
             result.cells.push_back({static_cast<std::int64_t>(m_columns) + 2, {sight.end, sight.end + 1}});
-        result.crowded = sight.end - sight.first > RECORDS_PER_COLUMN * m_columns ? 1 : LONGEST_CLUSTER;
+        const std::size_t count = sight.end - sight.first;
+        result.crowded = count > RECORDS_PER_COLUMN * m_columns ? 1 : LONGEST_CLUSTER;
+        const double per_column = static_cast<double>(count) / static_cast<double>(m_columns);
+        result.dense = per_column > DENSE_FROM && per_column < DENSE_TO;
+        if (result.dense)
+            add_entries(result.cells);
         return result;
     }
 
@@ -53,6 +60,18 @@ private:
                 rounded(i, end_of_column(i, sight.end, m_visible.x + (column + 1) * m_pixel), sight.end);
             cells.push_back({static_cast<std::int64_t>(column), {i, next}});
             i = next;
+        }
+    }
+
+    void add_entries(std::vector<Cell>& cells) const {
+        for (std::size_t i = 1; i < cells.size(); ++i) {
+            const double from = x(cells[i].records.first - 1);
+            const double way = x(cells[i].records.first) - from;
+            const double boundary = m_visible.x + static_cast<double>(cells[i - 1].column + 1) * m_pixel;
+            if (way > 0) { // else all at the start
+                cells[i].entry = (boundary - from) / way;
+                cells[i].entry_step = m_pixel / way;
+            }
         }
     }
 

@@ -14,12 +14,17 @@ namespace tickervantage {
 struct Cell {
     std::int64_t column = 0;
     RecordSpan records;
+    // Of a dense strand: where the line from the record before crosses the boundary of that record's column, and each
+    // following one, as shares of its way to this cell's first record.
+    double entry = 0;
+    double entry_step = 0;
 };
 
 // What is in sight of one stretch of the log.
 struct Strand {
     std::vector<Cell> cells;
     std::size_t crowded = 0; // a cell with more records than this is drawn as one upright box
+    bool dense = false;      // about as many records as columns, or a few times as many
 };
 
 struct SeriesLayout {

@@ -19,9 +19,16 @@ constexpr std::size_t LONGEST_LINE = 4096; // points
 } // namespace
 
 SeriesPainter::SeriesPainter(Canvas& canvas, const TrackingRecords& records, const TimeAxis& axis,
-                             const ValueScale& scale, const SeriesLayout& layout, Rect sight)
+                             const ValueScale& scale, const SeriesLayout& layout, Rect sight,
+                             TrackingRecords::AllValues& values)
     : m_canvas(canvas), m_records(records), m_axis(axis), m_scale(scale), m_layout(layout),
-      m_sight(grown(sight, OUTSIDE)) {}
+      m_sight(grown(sight, OUTSIDE)) {
+    if (layout.strands.size() > MOST_STRANDS)
+        return;
+    for (const auto& strand : layout.strands)
+        if (strand.dense)
+            m_dense.emplace_back(records, strand, values);
+}
 
 void SeriesPainter::draw(Series series, const Ink& ink) {
     m_series = series;
@@ -29,8 +36,12 @@ void SeriesPainter::draw(Series series, const Ink& ink) {
     if (m_layout.strands.size() > MOST_STRANDS) {
         fill_columns_only();
     } else {
+        auto dense = m_dense.begin();
         for (const auto& strand : m_layout.strands)
-            draw_strand(strand);
+            if (strand.dense)
+                draw_dense_strand(*dense++);
+            else
+                draw_strand(strand);
         for (const std::size_t later : m_layout.step_backs)
             draw_step_back(later);
     }
@@ -48,6 +59,13 @@ void SeriesPainter::draw_strand(const Strand& strand) {
                 add_record(i);
     }
     lift();
+}
+
+void SeriesPainter::draw_dense_strand(DenseStrand& strand) {
+    m_spans.clear();
+    strand.add_spans(m_series, m_scale, m_axis.origin.y, m_spans);
+    for (const ColumnSpan& span : m_spans)
+        add_box(left_of(span.column), m_layout.column_width, span.low, span.high);
 }
 
 void SeriesPainter::draw_step_back(std::size_t later) {
@@ -175,9 +193,13 @@ void SeriesPainter::finish_column() {
     m_column.reset();
 }
 
+// As much ink as a slanted line of the same height has.
 void SeriesPainter::add_box(double x, double width, double low, double high) {
-    const double bottom = std::max(low - LINE_WIDTH / 2, m_sight.y);
-    const double top = std::min(high + LINE_WIDTH / 2, upper_edge(m_sight));
+    const double rise = high - low;
+    const double half = std::sqrt(LINE_WIDTH * LINE_WIDTH + rise * rise) / 2;
+    const double middle = std::midpoint(low, high);
+    const double bottom = std::max(middle - half, m_sight.y);
+    const double top = std::min(middle + half, upper_edge(m_sight));
     if (bottom < top && x + width >= m_sight.x && x <= right_edge(m_sight))
         m_boxes.push_back({x, bottom, width, top - bottom});
 }

@@ -3,6 +3,7 @@
 // breaks the line; a value between two absent ones is a dot.
 #pragma once
 
+#include "graphs/dense_strand.h"
 #include "graphs/series_layout.h"
 #include "graphs/value_scale.h"
 #include "platform/canvas.h"
@@ -14,9 +15,10 @@ namespace tickervantage {
 
 class SeriesPainter {
 public:
-    // `sight`: what is visible; lines end a little outside. All references must outlive the painter.
+    // `sight`: what is visible; lines end a little outside. `values`: empty; for the painter's own use. All references
+    // must outlive the painter.
     SeriesPainter(Canvas& canvas, const TrackingRecords& records, const TimeAxis& axis, const ValueScale& scale,
-                  const SeriesLayout& layout, Rect sight);
+                  const SeriesLayout& layout, Rect sight, TrackingRecords::AllValues& values);
 
     void draw(Series series, const Ink& ink);
 
@@ -30,6 +32,7 @@ private:
     };
 
     void draw_strand(const Strand& strand);
+    void draw_dense_strand(DenseStrand& strand);
     void draw_step_back(std::size_t later);
     void fill_columns_only();
 
@@ -56,6 +59,7 @@ private:
     const ValueScale& m_scale;
     const SeriesLayout& m_layout;
     Rect m_sight;
+    std::vector<DenseStrand> m_dense; // those of the layout, in its order
 
     Series m_series = Series::offset;
     Ink m_ink;
@@ -65,6 +69,7 @@ private:
     std::optional<Column> m_column;
     std::vector<Point> m_line;
     std::vector<Rect> m_boxes;
+    std::vector<ColumnSpan> m_spans;
 };
 
 } // namespace tickervantage

@@ -31,6 +31,13 @@ void ShiftedCanvas::fill_rects(std::span<const Rect> boxes, const Ink& ink) {
     m_canvas.fill_rects(moved, ink);
 }
 
+void ShiftedCanvas::fill_polygon(std::span<const Point> corners, const Ink& ink) {
+    std::vector<Point> moved;
+    moved.reserve(corners.size());
+    std::ranges::transform(corners, std::back_inserter(moved), [this](Point point) { return shifted(point); });
+    m_canvas.fill_polygon(moved, ink);
+}
+
 void ShiftedCanvas::text(std::string_view text, Rect box, const TextStyle& style) {
     m_canvas.text(text, shifted(box), style);
 }

@@ -17,6 +17,7 @@ public:
     void stroke(const Path& path, const LineStyle& style) override;
     void polyline(std::span<const Point> points, const Ink& ink, double width) override;
     void fill_rects(std::span<const Rect> boxes, const Ink& ink) override;
+    void fill_polygon(std::span<const Point> corners, const Ink& ink) override;
     void begin_layer(Rect area) override { m_canvas.begin_layer(shifted(area)); }
     void end_layer() override { m_canvas.end_layer(); }
     [[nodiscard]] double pixel() const override { return m_canvas.pixel(); }

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
+#include <numeric>
 
 namespace tickervantage {
 
@@ -27,8 +27,14 @@ std::vector<RecordSpan> TimeStretches::from(std::size_t first, std::size_t size)
 }
 
 std::size_t first_at(const TrackingRecords& records, const TimeAxis& axis, RecordSpan span, double x) {
-    const auto numbers = std::views::iota(span.first, span.end);
-    return *std::ranges::partition_point(numbers, [&](std::size_t i) { return axis.x(records.time(i)) < x; });
+    while (span.first < span.end) {
+        const std::size_t middle = std::midpoint(span.first, span.end);
+        if (axis.x(records.time(middle)) < x)
+            span.first = middle + 1;
+        else
+            span.end = middle;
+    }
+    return span.first;
 }
 
 std::optional<std::size_t> oldest_in_walk(const TrackingRecords& records, const TimeAxis& axis) {

@@ -231,6 +231,39 @@ const RollingStatistics::Averages& TrackingRecords::averages(std::size_t index) 
     return known.averages[index - first];
 }
 
+void TrackingRecords::read(std::size_t first, std::size_t end, AllValues& values) const {
+    const std::size_t before = values.front().size();
+    for (auto& of_series : values)
+        of_series.resize(before + end - first);
+    RollingStatistics rolling;
+    for (std::size_t index = first - first % block_size; index < end; ++index) {
+        const Piece& piece = *m_pieces[index / RECORDS_PER_PIECE];
+        const std::size_t at = index % RECORDS_PER_PIECE;
+        const Block& block = piece.blocks[at / block_size];
+        if (at % block_size == 0)
+            rolling = block.before;
+        const auto number = [&](Column column) {
+            return piece.numbers[column][at].value(piece.other_numbers);
+        };
+        const double offset = number(column_offset);
+        const double rem_cor = number(column_rem_cor);
+        const auto averages = rolling.add(offset, rem_cor, (block.sources_lost >> at % block_size & 1U) != 0);
+        if (index < first)
+            continue;
+        const std::array<double, series_count> all{offset,
+                                                   averages.mean_offset,
+                                                   averages.rms_offset,
+                                                   number(column_offset_sd),
+                                                   rem_cor,
+                                                   averages.mean_rem_cor,
+                                                   averages.rms_rem_cor,
+                                                   number(column_rootdispersion),
+                                                   number(column_frequency) / ppm};
+        for (std::size_t series = 0; series < series_count; ++series)
+            values[series][before + index - first] = all[series];
+    }
+}
+
 double TrackingRecords::value(Series series, std::size_t index) const {
     return is_rolling(series) ? value_of(series, averages(index)) : logged_value(series, index);
 }

@@ -91,6 +91,10 @@ public:
     [[nodiscard]] double value(Series series, std::size_t index) const; // NaN: absent
     [[nodiscard]] tracking record(std::size_t index) const;
 
+    // Appends all values of the records [first, end), series by series: much quicker than one by one.
+    using AllValues = std::array<std::vector<double>, series_count>;
+    void read(std::size_t first, std::size_t end, AllValues& values) const;
+
     // The lowest and highest present value of the series among the records [first, end); none when all are absent.
     [[nodiscard]] std::optional<ValueRange> range(Series series, std::size_t first, std::size_t end) const;
 

@@ -2,9 +2,13 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <iterator>
+#include <span>
+#include <string>
+#include <utility>
 
 namespace tickervantage {
 
@@ -18,24 +22,21 @@ constexpr std::array<std::string_view, series_count> NAMES{"offset",      "mean_
 
 class RowWriter {
 public:
-    RowWriter(const TrackingRecords& records, const std::array<bool, series_count>& shown, RowFormat format)
-        : m_records(records), m_shown(shown), m_csv(format == RowFormat::csv) {}
+    explicit RowWriter(RowFormat format) : m_csv(format == RowFormat::csv) {}
 
     std::string text;
 
-    void heading() {
+    void heading(std::span<const Series> shown) {
         add(m_csv ? "timestamp" : "{:<19}", "timestamp");
-        for (std::size_t i = 0; i < series_count; ++i)
-            if (m_shown[i])
-                add(m_csv ? ",{}" : "  {:>14}", NAMES[i]);
+        for (const Series series : shown)
+            add(m_csv ? ",{}" : "  {:>14}", series_name(series));
         text += '\n';
     }
 
-    void row(std::size_t record) {
-        add_time(m_records.time(record));
-        for (std::size_t i = 0; i < series_count; ++i)
-            if (m_shown[i])
-                add_value(m_records.value(static_cast<Series>(i), record));
+    void row(LogTime time, std::span<const double> values) {
+        add_time(time);
+        for (const double value : values)
+            add_value(value);
         text += '\n';
     }
 
@@ -62,8 +63,6 @@ private:
             add(m_csv ? ",{}" : "  {:>14.6e}", value);
     }
 
-    const TrackingRecords& m_records;
-    const std::array<bool, series_count>& m_shown;
     bool m_csv;
 };
 
@@ -73,14 +72,49 @@ std::string_view series_name(Series series) {
     return NAMES[static_cast<std::size_t>(series)];
 }
 
-int write_rows(const TrackingRecords& records, std::span<const RecordSpan> which,
-               const std::array<bool, series_count>& shown, RowFormat format,
-               const std::function<bool(std::string_view)>& write) {
-    RowWriter rows(records, shown, format);
-    rows.heading();
-    for (const RecordSpan& span : which)
-        for (std::size_t i = span.first; i < span.end; ++i) {
-            rows.row(i);
+TrackingRows::TrackingRows(std::vector<RecordSpan> which, const std::array<bool, series_count>& shown)
+    : m_left(std::move(which)), m_needed(0) {
+    std::ranges::reverse(m_left);
+    for (const RecordSpan& span : m_left)
+        m_needed = std::max(m_needed, span.end);
+    for (std::size_t i = 0; i < series_count; ++i)
+        if (shown[i])
+            m_shown.push_back(static_cast<Series>(i));
+}
+
+bool TrackingRows::are_still_in(const TrackingRecords& records) const {
+    return records.size() >= m_needed &&
+           (m_slices.empty() || (records.time(m_taken.first) == m_slices.front().times.front() &&
+                                 records.time(m_taken.end - 1) == m_slices.back().times.back()));
+}
+
+bool TrackingRows::take(const TrackingRecords& records, std::size_t most) {
+    Slice slice;
+    while (!m_left.empty() && slice.times.size() < most) {
+        RecordSpan& span = m_left.back();
+        const std::size_t end = std::min(span.end, span.first + most - slice.times.size());
+        if (m_slices.empty() && slice.times.empty())
+            m_taken.first = span.first;
+        for (; span.first < end; ++span.first) {
+            slice.times.push_back(records.time(span.first));
+            for (const Series series : m_shown)
+                slice.values.push_back(records.value(series, span.first));
+        }
+        m_taken.end = end;
+        if (span.first == span.end)
+            m_left.pop_back();
+    }
+    if (!slice.times.empty())
+        m_slices.push_back(std::move(slice));
+    return m_left.empty();
+}
+
+int TrackingRows::write(RowFormat format, const std::function<bool(std::string_view)>& write) const {
+    RowWriter rows(format);
+    rows.heading(m_shown);
+    for (const Slice& slice : m_slices)
+        for (std::size_t i = 0; i < slice.times.size(); ++i) {
+            rows.row(slice.times[i], std::span(slice.values).subspan(i * m_shown.size(), m_shown.size()));
             if (rows.text.size() < PIECE)
                 continue;
             if (!write(rows.text))

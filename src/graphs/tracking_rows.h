@@ -6,8 +6,8 @@
 
 #include <array>
 #include <functional>
-#include <span>
 #include <string_view>
+#include <vector>
 
 namespace tickervantage {
 
@@ -18,10 +18,34 @@ enum class RowFormat : unsigned char { csv, text };
 // The name of a series in a heading: "rms_offset".
 [[nodiscard]] std::string_view series_name(Series series);
 
-// A heading and a row for each record, with the shown series, in the units of the records (seconds, and seconds per
-// second). `write` gets pieces of about 64 KiB and says whether to go on. 0, or -1 when it did not want to.
-[[nodiscard]] int write_rows(const TrackingRecords& records, std::span<const RecordSpan> which,
-                             const std::array<bool, series_count>& shown, RowFormat format,
-                             const std::function<bool(std::string_view)>& write);
+// A table of records: the shown series, in the units of the records (seconds, and seconds per second). The rows are
+// taken in as many turns as the caller likes, so that an interface stays awake over a million of them while the log
+// goes on growing; what was taken no longer needs the log.
+class TrackingRows {
+public:
+    TrackingRows(std::vector<RecordSpan> which, const std::array<bool, series_count>& shown);
+
+    // Whether the log still holds what the taken rows came from; it may have grown.
+    [[nodiscard]] bool are_still_in(const TrackingRecords& records) const;
+
+    // Takes at most so many further rows. True: all are there.
+    [[nodiscard]] bool take(const TrackingRecords& records, std::size_t most);
+
+    // A heading, and a row for each record taken. `write` gets pieces of about 64 KiB and says whether to go on. 0, or
+    // -1 when it did not want to. Any thread, once no more rows are taken.
+    [[nodiscard]] int write(RowFormat format, const std::function<bool(std::string_view)>& write) const;
+
+private:
+    struct Slice {
+        std::vector<LogTime> times;
+        std::vector<double> values; // of the shown series, row by row
+    };
+
+    std::vector<RecordSpan> m_left; // still to be taken, the next one last
+    std::vector<Series> m_shown;
+    RecordSpan m_taken{}; // the first record taken and the one behind the last
+    std::size_t m_needed; // records that the log must have
+    std::vector<Slice> m_slices;
+};
 
 } // namespace tickervantage

@@ -45,7 +45,7 @@ void TrackingView::drawData(Canvas& canvas, Point origin, Rect visible) {
     const TimeAxis axis = time_axis(origin);
     const ValueScale scale = value_scale();
     const SeriesLayout layout = layout_series(m_chronytracking, m_stretches, axis, visible, canvas.pixel());
-    SeriesPainter painter(canvas, m_chronytracking, axis, scale, layout, visible);
+    SeriesPainter painter(canvas, m_chronytracking, axis, scale, layout, visible, m_values_in_sight);
     canvas.begin_layer(visible);
     for (std::size_t i = 0; i < series_count; ++i) {
         Color color = colors[i];
@@ -54,6 +54,8 @@ void TrackingView::drawData(Canvas& canvas, Point origin, Rect visible) {
             painter.draw(series_at(i), color);
     }
     canvas.end_layer();
+    for (auto& of_series : m_values_in_sight)
+        of_series.clear();
 }
 
 double TrackingView::dataTimespan() const {

@@ -63,6 +63,7 @@ private:
 
     TrackingRecords m_chronytracking;
     TimeStretches m_stretches;
+    TrackingRecords::AllValues m_values_in_sight; // empty between frames; kept for its memory
 };
 
 } // namespace tickervantage

@@ -4,12 +4,9 @@
 #include "graphs/legend_window.h"
 #include "graphs/tracking_rows.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
 #include <QComboBox>
 #include <QDateTime>
-#include <QFileDialog>
+#include <QEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QProgressBar>
@@ -24,6 +21,8 @@
 
 namespace tickervantage {
 namespace {
+
+constexpr std::size_t ROWS_IN_A_SLICE = 20'000; // some milliseconds
 
 double now_in_seconds() {
     return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
@@ -63,7 +62,7 @@ TrackingWindow::TrackingWindow(TrackingWindowParts parts)
     auto* central = new QWidget(this);
     m_controls = build_tracking_controls(central, m_view);
     setCentralWidget(central);
-    build_actions();
+    build_exports();
     connect_controls();
     connect_graph();
     resize(1000, 560);
@@ -71,19 +70,16 @@ TrackingWindow::TrackingWindow(TrackingWindowParts parts)
 
 TrackingWindow::~TrackingWindow() = default;
 
-void TrackingWindow::build_actions() {
-    const auto add = [this](const QString& text, const QKeySequence& keys, void (TrackingWindow::*slot)()) {
-        auto* action = new QAction(text, this);
-        action->setShortcut(keys);
-        connect(action, &QAction::triggered, this, slot);
-        addAction(action);
-        m_controls.trackingView->addAction(action);
-    };
-    m_controls.trackingView->setContextMenuPolicy(Qt::ActionsContextMenu);
-    //: tracking window: context menu
-    add(tr("&Copy Picture"), QKeySequence::Copy, &TrackingWindow::copy_picture);
-    //: tracking window: context menu
-    add(tr("&Export…"), QKeySequence::Save, &TrackingWindow::ask_for_file);
+void TrackingWindow::build_exports() {
+    m_exports = std::make_unique<PlotExport>(
+        this, m_parts.exports,
+        ExportedPlot{.widget = m_controls.trackingView,
+                     .draw = [this](Canvas& canvas, Rect) { m_controls.trackingView->draw(canvas); },
+                     .table = [this] { return records_in_sight(); },
+                     .tell =
+                         [this](const QString& sentence) {
+                             statusBar()->showMessage(sentence);
+                         }});
 }
 
 void TrackingWindow::connect_controls() {
@@ -298,54 +294,26 @@ void TrackingWindow::cancelLegend() {
     closeLegend();
 }
 
-void TrackingWindow::copy_picture() {
-    QApplication::clipboard()->setPixmap(m_controls.trackingView->viewport()->grab());
-}
-
-void TrackingWindow::ask_for_file() {
-    //: tracking window: title of the export dialog
-    auto* dialog = new QFileDialog(this, tr("Export"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    //: tracking window: kinds of exported files
-    dialog->setNameFilters({tr("Picture (*.png)"), tr("Drawing (*.svg)"), tr("Table (*.csv)")});
-    dialog->setDefaultSuffix(QStringLiteral("png"));
-    connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
-        dialog->setDefaultSuffix(filter.section(QStringLiteral("*."), 1).chopped(1));
-    });
-    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& path) { export_to(path); });
-    dialog->open();
-}
-
-void TrackingWindow::export_to(const QString& path) {
-    const std::string file = path.toStdString();
-    std::string sentence;
-    int result = 0;
-    if (path.endsWith(QStringLiteral(".csv"), Qt::CaseInsensitive)) {
-        result = export_rows(file, sentence);
-    } else {
-        const QSize size = m_controls.trackingView->viewport()->size();
-        const PictureFormat format{.width = size.width(),
-                                   .height = size.height(),
-                                   .scale = 1,
-                                   .colors = CanvasColors::from_palette(palette())};
-        result = m_parts.write_picture(
-            file, format, [this](Canvas& canvas, Rect) { m_controls.trackingView->draw(canvas); }, sentence);
-    }
-    //: tracking window: after an export; %1 is a file
-    statusBar()->showMessage(result == 0 ? tr("Exported to %1.").arg(path) : QString::fromStdString(sentence));
-}
-
-int TrackingWindow::export_rows(const std::string& path, std::string& sentence) {
+// The rows that were in sight at the start; a live log grows meanwhile.
+PlotTable TrackingWindow::records_in_sight() {
     const Rect frame = m_controls.trackingView->frame();
-    const auto spans = m_view.in_sight({0, 0, frame.width, frame.height}, m_controls.trackingView->visible());
-    std::string rows;
-    const auto append = [&rows](std::string_view piece) {
-        rows += piece;
-        return true;
+    const auto rows = std::make_shared<TrackingRows>(
+        m_view.in_sight({0, 0, frame.width, frame.height}, m_controls.trackingView->visible()), m_view.shown);
+    const auto take = [this, rows] {
+        if (!rows->are_still_in(records()))
+            return Taking::lost;
+        return rows->take(records(), ROWS_IN_A_SLICE) ? Taking::all : Taking::more;
     };
-    (void)write_rows(m_view.records(), spans, m_view.shown, RowFormat::csv, append); // appending never says no
-    return m_parts.write_text(path, rows, sentence);
+    const auto csv = [rows] {
+        std::string text;
+        const auto append = [&text](std::string_view piece) {
+            text += piece;
+            return true;
+        };
+        (void)rows->write(RowFormat::csv, append); // appending never says no
+        return text;
+    };
+    return {take, csv};
 }
 
 void TrackingWindow::closeEvent(QCloseEvent* event) {

@@ -3,11 +3,11 @@
 #pragma once
 
 #include "chrony/logreader.h"
+#include "graphs/plot_export_window.h"
 #include "graphs/tracking_controls_window.h"
 #include "graphs/tracking_settings.h"
 #include "graphs/tracking_view.h"
 #include "platform/default_settings.h"
-#include "platform/qt/picture_file.h"
 
 #include <QMainWindow>
 
@@ -27,10 +27,7 @@ struct TrackingWindowParts {
     std::function<std::shared_ptr<DispatchQueueSerial>()> lend_queue; // for one reader, given back at its end
     std::function<bool()> spectrum_enabled;                           // as the preferences have it
     std::function<void()> show_spectrum;
-    std::function<int(const std::string& path, const PictureFormat& format,
-                      const std::function<void(Canvas&, Rect)>& draw, std::string& sentence)>
-        write_picture;
-    std::function<int(const std::string& path, std::string_view bytes, std::string& sentence)> write_text;
+    PlotExportParts exports;
 };
 
 class TrackingWindow : public QMainWindow {
@@ -49,9 +46,8 @@ public:
     // The spectrum's button follows the preferences.
     void update_spectrum_button();
 
-    // By the suffix: .png and .svg what is in sight, .csv its records.
-    void export_to(const QString& path);
-    void copy_picture();
+    // Of what is in sight.
+    [[nodiscard]] PlotExport& exports() { return *m_exports; }
 
 Q_SIGNALS:
     void windowDidBecomeMain();
@@ -63,7 +59,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void build_actions();
+    void build_exports();
+    [[nodiscard]] PlotTable records_in_sight();
     void connect_controls();
     void connect_graph();
     void load_settings();
@@ -81,12 +78,11 @@ private:
     void showLegend();
     void closeLegend();
     void cancelLegend();
-    void ask_for_file();
-    [[nodiscard]] int export_rows(const std::string& path, std::string& sentence);
 
     TrackingWindowParts m_parts;
     TrackingView m_view;
     TrackingControls m_controls;
+    std::unique_ptr<PlotExport> m_exports;
     QString m_logname;
     QString m_problem;
     bool m_newest_shown = false; // of this log, once

@@ -35,7 +35,8 @@ void StatusCycle::load() {
 }
 
 void StatusCycle::close() {
-    m_parts.privileged.quit();
+    // The farewell waits for the helper. Where the program ends before it is said, the connection ends with it.
+    m_parts.queue.async([&privileged = m_parts.privileged] { privileged.quit(); });
     if (!m_installing)
         m_updatetimer->stop();
     m_settings.save(m_parts.settings);
@@ -47,6 +48,8 @@ void StatusCycle::chronycCommand(const std::string& command) {
     m_list_servers = ntpdata;
     m_display.show_server_field(ntpdata);
     refresh();
+    if (is_privileged_report(command) && !m_parts.privileged.helper_ready() && m_options.ask_for_rights)
+        m_options.ask_for_rights(); // only now, not with every reading: no is no until it is chosen again
 }
 
 void StatusCycle::selectMeter(int index) {

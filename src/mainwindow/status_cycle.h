@@ -40,6 +40,7 @@ struct StatusCycleOptions {
     std::function<bool()> gpsd_application_found;      // called on the queue
     std::vector<std::string> chronyc_arguments;        // placed before every command
     std::string pidfile;                               // of the daemon shown; empty: any
+    std::function<void()> ask_for_rights = {};         // when a report that needs them is chosen; may be missing
 };
 
 class StatusCycle {

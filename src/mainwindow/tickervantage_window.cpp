@@ -231,9 +231,7 @@ void TickervantageWindow::show_notice(const StatusNotice& notice) {
             return detail.isEmpty() ? tr("chronyd gave no answer.") : tr("chronyd gave no answer: %1").arg(detail);
         case StatusNotice::Kind::needs_helper:
             //: main window, status line: %1 is a chronyc command
-            return tr("The report “%1” needs administrator rights, and the root helper that would ask for them is not "
-                      "installed.")
-                .arg(detail);
+            return tr("The report “%1” needs administrator rights, which were not given.").arg(detail);
         case StatusNotice::Kind::report_incomplete:
             //: main window, status line: %1 says why the shown report failed or was cut
             return tr("The report is not complete: %1").arg(detail);
@@ -241,7 +239,7 @@ void TickervantageWindow::show_notice(const StatusNotice& notice) {
         return {};
     };
     const QString sentence = words();
-    m_controls.m_status->setText(sentence);
+    m_controls.m_status->setText(m_progress.isEmpty() ? sentence : m_progress);
     // An empty report explains itself where the eye looks for it.
     m_controls.m_textscroll->setPlaceholderText(notice.kind == StatusNotice::Kind::none ? QString() : sentence);
 }
@@ -266,6 +264,12 @@ void TickervantageWindow::stop_for_version(const std::string& program, const std
 void TickervantageWindow::set_standing_notice(const QString& text) {
     m_controls.standing_notice->setText(text);
     m_controls.standing_notice->setVisible(!text.isEmpty());
+}
+
+void TickervantageWindow::set_progress(const QString& text) {
+    m_progress = text;
+    if (!text.isEmpty())
+        m_controls.m_status->setText(text);
 }
 
 void TickervantageWindow::set_output_font(const Font& font) {

@@ -39,6 +39,9 @@ public:
     // The banner above everything: for what holds for the whole run.
     void set_standing_notice(const QString& text);
 
+    // In the status line, in place of the readings, until the text is empty again.
+    void set_progress(const QString& text);
+
     // The toolbar's other items, before the one that is the window's own.
     void add_toolbar_actions(const QList<QAction*>& actions);
 
@@ -87,6 +90,7 @@ private:
     std::string m_meter_scale; // that the meter's kept face is labelled for
     int m_clock_picture = -1;  // which of the day's pictures of the clock's slow hands is kept
     QAction* m_gpsd_toolbar = nullptr;
+    QString m_progress; // a job that is under way
 };
 
 } // namespace tickervantage

@@ -56,6 +56,11 @@ void BoundsCanvas::fill_rects(std::span<const Rect> boxes, const Ink&) {
         add(box);
 }
 
+void BoundsCanvas::fill_polygon(std::span<const Point> corners, const Ink&) {
+    for (const auto& corner : corners)
+        add(corner);
+}
+
 void BoundsCanvas::text(std::string_view, Rect box, const TextStyle&) {
     add(box);
 }

@@ -19,6 +19,7 @@ public:
     void stroke(const Path& path, const LineStyle& style) override;
     void polyline(std::span<const Point> points, const Ink& ink, double width) override;
     void fill_rects(std::span<const Rect> boxes, const Ink& ink) override;
+    void fill_polygon(std::span<const Point> corners, const Ink& ink) override;
     [[nodiscard]] double pixel() const override { return 1; }
     void text(std::string_view text, Rect box, const TextStyle& style) override;
 

@@ -101,11 +101,14 @@ public:
     // the caller has cut off near what is in sight: painters lose lines that go far beyond it.
     virtual void polyline(std::span<const Point> points, const Ink& ink, double width) = 0;
 
-    // Filled boxes with edges on whole pixels, quick in any number.
+    // Filled boxes with edges on whole pixels, quick in any number. On a layer their upper and lower edges are smooth.
     virtual void fill_rects(std::span<const Rect> boxes, const Ink& ink) = 0;
 
-    // Polylines and boxes between the two may be put on the canvas together, at the end: quick for thousands of them.
-    // `area` is all that they cover. Nothing else may be drawn in between.
+    // The closed shape with these corners, filled, its edges smooth. Not on a layer.
+    virtual void fill_polygon(std::span<const Point> corners, const Ink& ink) = 0;
+
+    // Polylines, boxes, and upright and level lines between the two may be put on the canvas together, at the end:
+    // quick for thousands of them. `area` is all that they cover. Nothing else may be drawn in between.
     virtual void begin_layer(Rect /*area*/) {}
     virtual void end_layer() {}
 

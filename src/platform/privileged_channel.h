@@ -1,9 +1,19 @@
-// The way to the root helper, which does what needs administrator rights.
+// The way to the root helper, which does what needs administrator rights: one message out, one reply back.
+//
+// A message is a line of text, with the authorisation beside it once there is one. What the lines say is the business
+// of whoever sends them. Everything that blocks may be called from any thread but the main one; two calls at once are
+// the caller's to keep apart.
 #pragma once
 
+#include <array>
+#include <optional>
 #include <string>
 
 namespace tickervantage {
+
+// What the helper gives out for a granted authorisation. It is worth something on the connection that asked for it
+// only.
+using HelperToken = std::array<unsigned char, 32>;
 
 class PrivilegedChannel {
 public:
@@ -12,15 +22,19 @@ public:
     // Makes the connection ready to be used; asks nobody for anything yet. Main thread, returns at once.
     virtual void prepare() = 0;
 
-    // True once the helper is there and the user has been authorised. From any thread.
-    [[nodiscard]] virtual bool ready() const = 0;
+    // Makes sure that a helper of this program's version answers, installing it where it is missing. Blocks. 0, or -1
+    // and one sentence.
+    [[nodiscard]] virtual int install(std::string& sentence) = 0;
 
-    // Runs one command line as root and returns what it printed; empty text when not ready. Blocks, never on the main
-    // thread.
-    virtual std::string execute(const std::string& command) = 0;
+    // Asks for administrator rights. Blocks for as long as a person takes to type a password. Nothing and one sentence
+    // when they were not given.
+    [[nodiscard]] virtual std::optional<HelperToken> authorise(std::string& sentence) = 0;
 
-    // Tells the helper that this program is done with it and gives the authorisation back. Main thread, returns at
-    // once.
+    // Sends one message and waits for its reply: the reply's text, or nothing where it has none. Blocks.
+    [[nodiscard]] virtual std::optional<std::string> send(const std::string& request,
+                                                          const std::optional<HelperToken>& auth) = 0;
+
+    // Closes the connection; the next call opens another one, which no earlier authorisation holds for.
     virtual void disconnect() = 0;
 };
 

@@ -33,9 +33,8 @@ void RecordedDrawing::fill_rects(std::span<const Rect> boxes, const Ink& ink) {
 }
 
 void RecordedDrawing::fill_polygon(std::span<const Point> corners, const Ink& ink) {
-    m_steps.emplace_back([kept = std::vector(corners.begin(), corners.end()), ink](Canvas& canvas) {
-        canvas.fill_polygon(kept, ink);
-    });
+    m_steps.emplace_back(
+        [kept = std::vector(corners.begin(), corners.end()), ink](Canvas& canvas) { canvas.fill_polygon(kept, ink); });
 }
 
 void RecordedDrawing::begin_layer(Rect area) {

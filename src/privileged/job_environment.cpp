@@ -65,7 +65,10 @@ JobProbes make_job_probes(const JobMachine& machine) {
             .read_file = machine.read_file,
             .check_syntax = [machine](const std::string& text) { return check_syntax(machine, text); },
             .find_chronywake = [machine] { return find_chronywake(machine); },
-            .daemon_survives = [watch](const std::string& unit) { return watch.daemon_survives(unit); }};
+            .daemon_survives =
+                [watch](const std::string& unit) {
+                    return watch.daemon_survives(unit);
+                }};
 }
 
 } // namespace tickervantage

@@ -5,11 +5,15 @@
 namespace tickervantage {
 namespace {
 
+// What a line answers is not looked at: a service that is not loaded cannot be stopped, which does no harm.
 void remove_service(const OldInstallationRemoval& how, PrivilegedActions& actions, const std::string& label) {
-    (void)actions.execute(stop_line(how.form, label)); // a service that is not loaded cannot be stopped: no harm
-    how.pause(2);
-    (void)actions.execute(remove_line(how.form, label));
-    how.pause(1);
+    if (!actions.blessHelper())
+        return;
+    for (const auto& line : removal_lines(how.form, label)) {
+        (void)actions.execute(line.command);
+        if (line.pause_seconds > 0)
+            how.pause(line.pause_seconds);
+    }
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 #include "spectrum/spectrum_chart_window.h"
 
+#include "graphs/accessible_plot_window.h"
 #include "platform/qt/qt_canvas.h"
 
-#include <QAccessibleWidget>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -18,13 +18,6 @@ namespace {
 constexpr QSize PREFERRED{640, 340};
 constexpr QSize SMALLEST{420, 180};
 constexpr int TEXT_MARGIN = 24;
-
-// Screen readers read a picture's name and description; a plain widget they pass over.
-QAccessibleInterface* make_accessible(const QString& class_name, QObject* object) {
-    if (class_name != QLatin1String(SpectrumChart::staticMetaObject.className()))
-        return nullptr;
-    return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Chart);
-}
 
 // The bin that a key leads to; none for other keys.
 std::optional<std::size_t> bin_after(int key, std::size_t bin, std::size_t last) {
@@ -45,7 +38,7 @@ std::optional<std::size_t> bin_after(int key, std::size_t bin, std::size_t last)
 } // namespace
 
 SpectrumChart::SpectrumChart(QWidget* parent) : QWidget(parent) {
-    QAccessible::installFactory(make_accessible); // again is harmless
+    announce_as_chart(this);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);

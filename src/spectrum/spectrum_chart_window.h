@@ -27,7 +27,6 @@ public:
     void set_empty_text(const QString& text);
 
     [[nodiscard]] const SpectrumView& view() const { return m_view; }
-    [[nodiscard]] QPixmap picture() const; // without the marker
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -45,6 +44,7 @@ protected:
 
 private:
     [[nodiscard]] Rect bounds() const;
+    [[nodiscard]] QPixmap picture() const; // without the marker
     void paint_empty(QPainter& painter) const;
     void paint_marker(QPainter& painter) const;
     void point_at(std::optional<SpectrumReading> reading);

@@ -4,13 +4,9 @@
 #include "spectrum/spectrum_chart_window.h"
 #include "spectrum/spectrum_words_window.h"
 
-#include <QAction>
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QEvent>
-#include <QFileDialog>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -23,10 +19,6 @@ namespace tickervantage {
 namespace {
 
 constexpr std::size_t RECORDS_IN_A_SLICE = 50'000; // some milliseconds
-
-QString from_std(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 } // namespace
 
@@ -58,7 +50,7 @@ SpectrumWindow::SpectrumWindow(SpectrumWindowParts parts)
     auto* central = new QWidget(this);
     m_controls = build_spectrum_controls(central);
     setCentralWidget(central);
-    build_actions();
+    build_exports();
     connect_controls();
 }
 
@@ -67,22 +59,24 @@ SpectrumWindow::~SpectrumWindow() {
     ++m_shared->latest;
 }
 
-void SpectrumWindow::build_actions() {
-    //: spectrum window: menu item, the chart goes to the clipboard
-    m_copy = new QAction(tr("&Copy Picture"), this);
-    m_copy->setObjectName(QStringLiteral("copy_picture"));
-    m_copy->setShortcut(QKeySequence::Copy);
-    //: spectrum window: menu item, the chart or its numbers go to a file
-    m_export = new QAction(tr("E&xport…"), this);
-    m_export->setObjectName(QStringLiteral("export_action"));
-    m_export->setShortcut(QKeySequence::Save);
-    for (auto* action : {m_copy, m_export}) {
-        action->setEnabled(false);
-        action->setShortcutVisibleInContextMenu(true);
-        addAction(action);
-        m_controls.m_spectrum->addAction(action);
-    }
-    m_controls.m_spectrum->setContextMenuPolicy(Qt::ActionsContextMenu);
+void SpectrumWindow::build_exports() {
+    const auto table = [this] {
+        return PlotTable{[] { return Taking::all; },
+                         [spectrum = m_controls.m_spectrum->view().spectrum()] {
+                             return csv_of(*spectrum);
+                         }};
+    };
+    m_exports = std::make_unique<PlotExport>(
+        this, m_parts.exports,
+        ExportedPlot{
+            .widget = m_controls.m_spectrum,
+            .draw = [this](Canvas& canvas, Rect bounds) { m_controls.m_spectrum->view().draw(canvas, bounds); },
+            .table = table,
+            .tell =
+                [this](const QString& sentence) {
+                    show_status(sentence);
+                }});
+    m_exports->set_enabled(false);
 }
 
 void SpectrumWindow::connect_controls() {
@@ -93,9 +87,7 @@ void SpectrumWindow::connect_controls() {
     connect(m_controls.m_sampleinterval, &QLineEdit::returnPressed, this, compute);
     connect(m_controls.m_sampleduration, &QLineEdit::returnPressed, this, compute);
     connect(m_controls.compute, &QPushButton::clicked, this, compute);
-    connect(m_controls.export_button, &QPushButton::clicked, this, [this] { ask_for_file(); });
-    connect(m_export, &QAction::triggered, this, [this] { ask_for_file(); });
-    connect(m_copy, &QAction::triggered, this, [this] { copy_picture(); });
+    connect(m_controls.export_button, &QPushButton::clicked, this, [this] { m_exports->ask_for_file(); });
     connect(m_controls.m_spectrum, &SpectrumChart::pointed, this, &SpectrumWindow::show_reading);
 }
 
@@ -216,8 +208,7 @@ void SpectrumWindow::apply(const Answer& answer) {
         return;
     }
     m_controls.m_spectrum->set_spectrum(answer.spectrum);
-    for (auto* action : {m_copy, m_export})
-        action->setEnabled(true);
+    m_exports->set_enabled(true);
     m_controls.export_button->setEnabled(true);
     show_answer_text(answer);
 }
@@ -244,61 +235,6 @@ void SpectrumWindow::show_reading(const std::optional<SpectrumReading>& reading)
         return;
     }
     m_controls.status->setText(words_of(*reading));
-}
-
-void SpectrumWindow::ask_for_file() {
-    //: spectrum window: title of the dialog that asks for a file
-    auto* dialog = new QFileDialog(this, tr("Export Spectrum"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    //: spectrum window: kinds of file
-    dialog->setNameFilters({tr("Picture (*.png)"), tr("Vector picture (*.svg)"), tr("Table (*.csv)")});
-    dialog->setDefaultSuffix(QStringLiteral("png"));
-    connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
-        for (const char* suffix : {"png", "svg", "csv"})
-            if (filter.contains(QLatin1String(suffix)))
-                dialog->setDefaultSuffix(QLatin1String(suffix));
-    });
-    connect(dialog, &QFileDialog::fileSelected, this, &SpectrumWindow::export_to);
-    dialog->open();
-}
-
-void SpectrumWindow::export_to(const QString& path) {
-    if (!m_controls.m_spectrum->view().spectrum())
-        return;
-    if (path.endsWith(QLatin1String(".csv"), Qt::CaseInsensitive))
-        export_csv(path.toStdString());
-    else
-        export_picture(path.toStdString());
-}
-
-void SpectrumWindow::export_picture(const std::string& path) {
-    PictureFormat format;
-    format.width = m_controls.m_spectrum->width();
-    format.height = m_controls.m_spectrum->height();
-    std::string sentence;
-    const auto draw = [this](Canvas& canvas, Rect bounds) {
-        m_controls.m_spectrum->view().draw(canvas, bounds);
-    };
-    const int result = m_parts.write_picture(path, format, draw, sentence);
-    //: spectrum window: said after an export; %1 the file
-    show_status(result == 0 ? tr("Saved %1.").arg(from_std(path)) : from_std(sentence));
-}
-
-void SpectrumWindow::export_csv(const std::string& path) {
-    m_parts.queue.async([shared = m_shared, &main_thread = m_parts.main_thread, write = m_parts.write_text, path,
-                         spectrum = m_controls.m_spectrum->view().spectrum()] {
-        std::string sentence;
-        const int result = write(path, csv_of(*spectrum), sentence);
-        main_thread.main_async([shared, path, sentence, result] {
-            if (shared->window)
-                shared->window->show_status(result == 0 ? tr("Saved %1.").arg(from_std(path)) : from_std(sentence));
-        });
-    });
-}
-
-void SpectrumWindow::copy_picture() const {
-    QGuiApplication::clipboard()->setPixmap(m_controls.m_spectrum->picture());
 }
 
 } // namespace tickervantage

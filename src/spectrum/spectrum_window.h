@@ -9,10 +9,10 @@
 // dies.
 #pragma once
 
+#include "graphs/plot_export_window.h"
 #include "graphs/tracking_records.h"
 #include "platform/default_settings.h"
 #include "platform/dispatch.h"
-#include "platform/qt/picture_file.h"
 #include "spectrum/spectrum.h"
 #include "spectrum/spectrum_controls_window.h"
 #include "spectrum/spectrum_view.h"
@@ -23,10 +23,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <string>
-#include <string_view>
-
-class QAction;
 
 namespace tickervantage {
 
@@ -37,12 +33,7 @@ struct SpectrumWindowParts {
     DefaultSettings& settings;
     DispatchQueueSerial& queue;
     MainThread& main_thread;
-    // As platform/qt/picture_file.h has it; handed in, because whoever links it loads the SVG library.
-    std::function<int(const std::string& path, const PictureFormat& format,
-                      const std::function<void(Canvas&, Rect)>& draw, std::string& sentence)>
-        write_picture;
-    // Replaces a file; called on the queue. 0, or -1 and one sentence.
-    std::function<int(const std::string& path, std::string_view bytes, std::string& sentence)> write_text;
+    PlotExportParts exports;
 };
 
 class SpectrumWindow : public QMainWindow {
@@ -62,9 +53,7 @@ public:
     void TrackingSelector();
     void computeSpectrum(const TrackingRecords& records);
 
-    // By the suffix: .png and .svg the chart, .csv its numbers.
-    void export_to(const QString& path);
-    void copy_picture() const;
+    [[nodiscard]] PlotExport& exports() { return *m_exports; }
 
 Q_SIGNALS:
     void windowWillClose(); // after the settings were saved
@@ -78,7 +67,7 @@ private:
     struct Gathering;
     struct Shared;
 
-    void build_actions();
+    void build_exports();
     void connect_controls();
     void gather(const TrackingRecords& records);
     void gather_on();
@@ -89,15 +78,11 @@ private:
     void update_empty_text();
     void show_status(const QString& text); // stays until the next; a reading stands before it for a while
     void show_reading(const std::optional<SpectrumReading>& reading);
-    void ask_for_file();
-    void export_picture(const std::string& path);
-    void export_csv(const std::string& path);
 
     SpectrumWindowParts m_parts;
     TrackingSource m_source;
     SpectrumControls m_controls;
-    QAction* m_copy = nullptr;
-    QAction* m_export = nullptr;
+    std::unique_ptr<PlotExport> m_exports; // disabled until there is a spectrum
     QString m_status;
     std::shared_ptr<Shared> m_shared;
     std::unique_ptr<Gathering> m_gathering; // null: none under way

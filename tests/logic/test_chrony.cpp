@@ -108,7 +108,7 @@ TEST_F(RunnerTest, PrivilegedRunIsOneShellLineAndEmptyWithoutTheHelper) {
     const auto one = runner(true, false);
     EXPECT_EQ(one.run_privileged(false, false, "ntpdata", "192.0.2.1"), "");
     EXPECT_TRUE(channel.commands.empty());
-    channel.is_ready = true;
+    ASSERT_TRUE(actions.blessHelper());
     EXPECT_EQ(one.run_privileged(false, false, "ntpdata", "192.0.2.1"), "report");
     (void)one.run_privileged(true, true, "clients", "");
     (void)one.run_privileged(false, true, "authdata -a", "");

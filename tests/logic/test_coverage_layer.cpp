@@ -3,59 +3,96 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdint>
+#include <vector>
 
 namespace tickervantage {
 namespace {
 
 constexpr Color RED{1, 0, 0, 0.8};
 
-int alpha_at(const CoverageLayer& layer, int x, int y) {
-    return static_cast<int>(layer.pixels()[y * layer.width() + x] >> 24U);
-}
+// A layer on pixels that start out transparent.
+class Picture {
+public:
+    Picture(int width, int height)
+        : m_width(width), m_pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)) {
+        layer.resize(width, height);
+        layer.use(RED);
+    }
 
-double ink(const CoverageLayer& layer) {
-    double sum = 0;
-    for (int y = 0; y < layer.height(); ++y)
-        for (int x = 0; x < layer.width(); ++x)
-            sum += alpha_at(layer, x, y) / 204.0; // full at an opacity of 0.8
-    return sum;
-}
+    CoverageLayer layer;
+
+    void paint() { layer.paint({m_pixels.data(), m_width}); }
+    [[nodiscard]] std::uint32_t pixel(int x, int y) const {
+        return m_pixels[static_cast<std::size_t>(y * m_width + x)];
+    }
+    [[nodiscard]] int alpha(int x, int y) const { return static_cast<int>(pixel(x, y) >> 24U); }
+    [[nodiscard]] double ink() const {
+        double sum = 0;
+        for (const std::uint32_t one : m_pixels)
+            sum += static_cast<double>(one >> 24U) / 204; // full at an opacity of 0.8
+        return sum;
+    }
+
+private:
+    int m_width;
+    std::vector<std::uint32_t> m_pixels;
+};
 
 TEST(CoverageLayer, LineInksItsLengthTimesItsWidth) {
     for (const double width : {1.0, 2.0})
-        for (const Point& to : {Point{40, 10}, {10, 40}, {40, 40}, {35, 17.5}, {12, 40}, {0.5, 2.25}}) {
-            CoverageLayer layer(50, 50);
-            layer.add_line({10, 10}, to, width);
-            layer.paint(RED);
-            EXPECT_NEAR(ink(layer), std::hypot(to.x - 10, to.y - 10) * width, 0.6) << to.x << " " << to.y;
+        for (const Point& to : {Point{140, 10}, {10, 40}, {40, 40}, {135, 17.5}, {12, 40}, {0.5, 2.25}}) {
+            Picture picture(150, 50);
+            picture.layer.add_line({10, 10}, to, width);
+            picture.paint();
+            EXPECT_NEAR(picture.ink(), std::hypot(to.x - 10, to.y - 10) * width, 0.7) << to.x << " " << to.y;
         }
 }
 
+TEST(CoverageLayer, BoxInksItsAreaAndAPixelAtLeast) {
+    struct Case {
+        Rect box;
+        double ink;
+        int full; // row in column 60 that is covered wholly; -1: none
+    };
+    for (const auto& one :
+         {Case{{60, 10, 1, 5}, 5, 12}, Case{{60.2, 10.25, 1, 5.5}, 5.5, 12}, Case{{59.6, 10.25, 0.1, 0.1}, 1, -1},
+          Case{{20, 3, 80, 2}, 160, 4}, Case{{60, 10.25, 1, 1.5}, 1.5, -1}}) {
+        Picture picture(150, 50);
+        picture.layer.add_box(one.box);
+        picture.paint();
+        EXPECT_NEAR(picture.ink(), one.ink, 0.02) << one.box.x << " " << one.box.y;
+        if (one.full >= 0) {
+            EXPECT_EQ(picture.pixel(60, one.full), 0xCCCC0000U);
+        }
+    }
+}
+
 TEST(CoverageLayer, CrossingsOfOneColourAreNoDarkerThanTheLine) {
-    CoverageLayer layer(20, 20);
-    layer.add_line({10.5, 0}, {10.5, 20}, 1);
-    layer.add_line({10.5, 20}, {10.5, 0}, 1);
-    layer.add_box({10, 5, 1, 3});
-    layer.paint(RED);
-    EXPECT_EQ(alpha_at(layer, 10, 6), 204);
-    EXPECT_EQ(layer.pixels()[6 * 20 + 10], 0xCCCC0000U);
-    EXPECT_EQ(alpha_at(layer, 9, 6), 0);
-    layer.add_box({10, 5, 1, 3});
-    layer.paint({0, 0, 1, 0.8}); // a second colour lies over the first
-    EXPECT_EQ(layer.pixels()[6 * 20 + 10], 0xF52900CCU);
+    Picture picture(20, 20);
+    picture.layer.add_line({10.5, 0}, {10.5, 20}, 1);
+    picture.layer.add_line({10.5, 20}, {10.5, 0}, 1);
+    picture.paint();
+    EXPECT_EQ(picture.pixel(10, 6), 0xCCCC0000U);
+    EXPECT_EQ(picture.alpha(9, 6), 0);
+    picture.layer.use({0, 0, 1, 0.8}); // a second colour lies over the first
+    picture.layer.add_box({10, 5, 1, 3});
+    picture.paint();
+    EXPECT_EQ(picture.pixel(10, 6), 0xF52900CCU);
 }
 
 TEST(CoverageLayer, WhatLiesOutsideIsCutOff) {
-    CoverageLayer layer(10, 8);
+    Picture picture(10, 8);
     for (const Point& far : {Point{-1e6, 3}, {1e6, 5}, {4, -1e6}, {4, 1e6}, {1e6, 1e6}, {-1e6, 1e6}})
-        layer.add_line({5, 4}, far, 1);
-    layer.add_line({-50, -50}, {-10, 90}, 1);
-    layer.add_box({-5, -5, 100, 6});
-    layer.add_box({20, 20, 1, 1});
-    layer.paint(RED);
-    EXPECT_EQ(alpha_at(layer, 9, 0), 204);
-    EXPECT_EQ(layer.first_row(), 0);
-    EXPECT_LE(layer.end_row(), 8);
+        picture.layer.add_line({5, 4}, far, 1);
+    picture.layer.add_line({-50, -50}, {-10, 90}, 1);
+    for (const Rect& box : {Rect{20, 20, 1, 1}, {-1e12, 2, 1, 1}, {1e12, 2, 1, 1}, {3, -50, 1, 10}, {3, 1e12, 1, 1}})
+        picture.layer.add_box(box);
+    picture.layer.use(RED);
+    picture.layer.add_box({-5, -5, 1e12, 6});
+    picture.paint();
+    EXPECT_GE(picture.alpha(9, 0), 204);
+    EXPECT_EQ(picture.alpha(0, 2), 0);
 }
 
 } // namespace

@@ -1,8 +1,14 @@
+#include "instruments/suppressible_alert.h"
+#include "instruments/warning_register.h"
+#include "platform/helper_names.h"
+#include "privileged/administrative_jobs.h"
+#include "privileged/daemon_watch.h"
 #include "privileged/old_installation.h"
 #include "privileged/privileged_actions.h"
 #include "privileged/running_check.h"
 #include "support/fake_privileged_channel.h"
 #include "support/manual_dispatch.h"
+#include "support/memory_stores.h"
 #include "support/scripted_execute.h"
 
 #include <gtest/gtest.h>
@@ -103,7 +109,8 @@ TEST_F(OldInstallationTest, ServiceIsStoppedThenItsDefinitionRemoved) {
                                     "/bin/launchctl bootout system /Library/LaunchDaemons/org.tuxfamily.chronyd.plist",
                                     "pause 2", "rm -f /Library/LaunchDaemons/org.tuxfamily.chronyd.plist", "pause 1",
                                     "/bin/systemctl disable --now org.tuxfamily.chronyc.service", "pause 2",
-                                    "rm -f /etc/systemd/system/org.tuxfamily.chronyc.service", "pause 1"}));
+                                    "rm -f /etc/systemd/system/org.tuxfamily.chronyc.service", "pause 1",
+                                    "/bin/systemctl daemon-reload"}));
 }
 
 TEST_F(OldInstallationTest, ClientIsRemovedFirstAndNothingRunsOnceTheActionsAreGone) {
@@ -113,6 +120,152 @@ TEST_F(OldInstallationTest, ClientIsRemovedFirstAndNothingRunsOnceTheActionsAreG
     actions.reset();
     queue.turn();
     EXPECT_TRUE(channel.commands.empty());
+}
+
+struct PrivilegedActionsTest : ::testing::Test {
+    testing::FakePrivilegedChannel channel;
+    testing::MemoryLogger logger;
+    std::vector<PrivilegedProblem> problems;
+    std::shared_ptr<PrivilegedActions> actions = std::make_shared<PrivilegedActions>(
+        channel, PrivilegedReports{.logger = &logger, .problem = [this](PrivilegedProblem problem, const std::string&) {
+                                       problems.push_back(problem);
+                                   }});
+};
+
+TEST_F(PrivilegedActionsTest, MessagesCarryTheAuthorisationOnlyOnceThereIsOne) {
+    (void)actions->execute("a \"b c\"");
+    EXPECT_EQ(channel.requests, std::vector<std::string>{"EXECUTE a \"b c\""});
+    EXPECT_FALSE(channel.last_auth);
+    EXPECT_TRUE(actions->blessHelper() && actions->blessHelper());
+    EXPECT_EQ(channel.asked, 1);
+    (void)actions->execute("d");
+    EXPECT_EQ(channel.last_auth, testing::FakePrivilegedChannel::token);
+    actions->quit();
+    EXPECT_EQ(channel.requests.back(), "QUIT");
+    EXPECT_TRUE(channel.disconnected);
+    EXPECT_FALSE(actions->helper_ready());
+}
+
+TEST_F(PrivilegedActionsTest, ReplyWithoutTextIsLoggedAndEmpty) {
+    channel.reply = std::nullopt;
+    EXPECT_EQ(actions->execute("a"), "");
+    EXPECT_EQ(logger.sentences, std::vector<std::string>{"Received empty reply"});
+}
+
+TEST_F(PrivilegedActionsTest, RefusalAndMissingHelperAreReportedAndAskedForAgain) {
+    channel.grants = false;
+    EXPECT_FALSE(actions->blessHelper());
+    channel.installs = false;
+    EXPECT_FALSE(actions->blessHelper());
+    EXPECT_EQ(problems, (std::vector{PrivilegedProblem::refused, PrivilegedProblem::not_installed}));
+    channel.installs = channel.grants = true;
+    EXPECT_TRUE(actions->blessHelper());
+}
+
+TEST_F(PrivilegedActionsTest, LapsedAuthorisationIsAskedForAgainByAJobButNotByAReport) {
+    ASSERT_TRUE(actions->blessHelper());
+    int lapses = 2;
+    channel.answer = [&lapses](const std::string&) {
+        return lapses-- > 0 ? std::string(helper::lapsed_reply) : "done";
+    };
+    EXPECT_EQ(actions->execute("report"), helper::lapsed_reply);
+    EXPECT_FALSE(actions->helper_ready());
+    EXPECT_EQ(channel.asked, 1);
+    EXPECT_EQ(actions->execute_in_job("job"), "done");
+    EXPECT_EQ(channel.asked, 2);
+}
+
+struct AdministrativeJobsTest : PrivilegedActionsTest {
+    testing::ManualQueue queue;
+    testing::ManualMainThread main_thread;
+    std::vector<std::string> events;
+    std::unique_ptr<AdministrativeJobs> jobs = std::make_unique<AdministrativeJobs>(
+        AdministrativeJobsParts{.actions = actions,
+                                .main_thread = main_thread,
+                                .queue = [this](std::string_view label) -> DispatchQueueSerial& {
+                                    events.emplace_back(label);
+                                    return queue;
+                                },
+                                .setting = [] { return JobSetting{.bundle = "/B.app"}; },
+                                .probes = {.file_exists =
+                                               [](const std::string&) {
+                                                   return false;
+                                               }},
+                                .steps = {}});
+
+    void SetUp() override {
+        jobs->on_progress([this](const std::string& text) { events.push_back(text); });
+    }
+    AdministrativeJobs::Done done() {
+        return [this](const JobResult& result) {
+            events.push_back(result.done ? "done" : "not done " + result.sentence);
+        };
+    }
+};
+
+TEST_F(AdministrativeJobsTest, JobRunsOnItsQueueWhileOthersAreRefused) {
+    jobs->run({AdminJob::stop}, done());
+    EXPECT_TRUE(jobs->busy());
+    jobs->run({AdminJob::start}, done());
+    queue.turn();
+    EXPECT_FALSE(jobs->busy());
+    EXPECT_EQ(channel.commands, std::vector<std::string>{"\"/B.app/Contents/MacOS/chronysupport\" stopchrony"});
+    main_thread.turn();
+    EXPECT_EQ(events, (std::vector<std::string>{"Stopping chronyd daemon", "net.brisklane.stopchrony",
+                                                "not done Another administrative job is under way.", "", "done"}));
+}
+
+TEST_F(AdministrativeJobsTest, RefusedRightsEndTheJobBeforeItsFirstCommand) {
+    channel.grants = false;
+    jobs->run({AdminJob::stop}, done());
+    queue.turn();
+    main_thread.turn();
+    EXPECT_TRUE(channel.commands.empty());
+    EXPECT_EQ(events.back(), "not done ");
+    EXPECT_FALSE(jobs->busy());
+}
+
+TEST_F(AdministrativeJobsTest, JobIsFinishedThoughNobodyHearsOfItAndTheHelperIsKeptForIt) {
+    jobs->run({AdminJob::stop}, done());
+    actions->quit();
+    EXPECT_FALSE(channel.disconnected);
+    jobs.reset();
+    queue.turn();
+    main_thread.turn();
+    EXPECT_EQ(channel.commands.size(), 1U);
+    EXPECT_EQ(events.back(), "net.brisklane.stopchrony");
+}
+
+TEST(DaemonWatch, OurOwnIsLookedAtOnceAndTheDistributionsForAWhile) {
+    testing::ScriptedExecute execute;
+    int pauses = 0;
+    const DaemonWatch watch{.execute = execute, .pause = [&pauses](int seconds) {
+                                pauses += seconds;
+                            }};
+    execute.answer("systemctl", "", 3);
+    EXPECT_FALSE(watch.daemon_survives(""));
+    execute.answer("systemctl", "");
+    EXPECT_TRUE(watch.daemon_survives(""));
+    EXPECT_EQ(execute.calls.back(), "systemctl|is-active|--quiet|org.chrony-project.chronyd.service");
+    EXPECT_EQ(pauses, 0);
+    EXPECT_TRUE(watch.daemon_survives("chrony.service"));
+    EXPECT_EQ(pauses, watch_seconds);
+}
+
+TEST(SuppressibleAlert, TickedBoxIsRememberedWhicheverButtonWasPressed) {
+    testing::MemorySettingsStore store;
+    DefaultSettings settings(store);
+    WarningRegister warnings(settings);
+    std::size_t pressed = 9;
+    int shown = 0;
+    const ShowAlert show = [&shown](const Alert&, const std::function<void(AlertAnswer)>& answered) {
+        answered({.button = 1, .suppress = ++shown == 2});
+    };
+    for (const bool expected : {true, true, false})
+        EXPECT_EQ(show_unless_suppressed(warnings, show, {.identifier = "PasswordRequired"},
+                                         [&pressed](std::size_t button) { pressed = button; }),
+                  expected);
+    EXPECT_EQ(pressed, 1U);
 }
 
 } // namespace

@@ -175,7 +175,7 @@ TEST_F(StatusCycleTest, PrivilegedReportsComeThroughTheHelperOrStayEmpty) {
         EXPECT_EQ(display.notice, (StatusNotice{StatusNotice::Kind::needs_helper, command}));
         EXPECT_EQ(calls(std::string("chronyc|") + command), 0);
     }
-    channel.is_ready = true;
+    ASSERT_TRUE(actions->blessHelper());
     channel.reply = "as root";
     cycle->chronycCommand("authdata");
     settle();
@@ -365,6 +365,7 @@ TEST_F(StatusCycleTest, ClosingSavesSettingsAndLeavesTheHelper) {
     cycle->showIPaddresses(true);
     cycle->intervalChanged(7);
     cycle->close();
+    settle();
     EXPECT_TRUE(channel.disconnected);
     EXPECT_FALSE(timer.find("updatetimer")->is_running());
     EXPECT_TRUE(timer.find("clockTicker")->is_running());

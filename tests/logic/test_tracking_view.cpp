@@ -347,12 +347,16 @@ TEST_F(TrackingViewTest, RowsOfWhatIsInSight) {
     for (const auto& [second, offset] : {std::pair{-3000, "1e-6"}, {-1500, "-"}, {-600, "-2.5e-7"}})
         view.add_line(log_line(NOON + second, offset));
     const auto rows = [&](Rect visible, RowFormat format) {
+        TrackingRows taken(view.in_sight({0, 0, 400, 200}, visible), view.shown);
+        while (!taken.take(view.records(), 1)) {
+        }
+        EXPECT_TRUE(taken.are_still_in(view.records()));
         std::string text;
-        EXPECT_EQ(write_rows(view.records(), view.in_sight({0, 0, 400, 200}, visible), view.shown, format,
-                             [&](std::string_view piece) {
-                                 text += piece;
-                                 return true;
-                             }),
+        EXPECT_EQ(taken.write(format,
+                              [&](std::string_view piece) {
+                                  text += piece;
+                                  return true;
+                              }),
                   0);
         return text;
     };
@@ -361,7 +365,15 @@ TEST_F(TrackingViewTest, RowsOfWhatIsInSight) {
                                                         "2026-11-21T11:50:00Z,-2.5e-07,-5.123e-06\n");
     EXPECT_EQ(rows({100, 0, 100, 200}, RowFormat::text), "timestamp                    offset       frequency\n"
                                                          "2026-11-21 11:10:00    1.000000e-06   -5.123000e-06\n");
-    EXPECT_EQ(write_rows(view.records(), {}, view.shown, RowFormat::csv, [](std::string_view) { return false; }), -1);
+    TrackingRows taken({{0, 2}}, view.shown);
+    EXPECT_FALSE(taken.take(view.records(), 1));
+    EXPECT_EQ(taken.write(RowFormat::csv, [](std::string_view) { return false; }), -1);
+    view.add_line(log_line(NOON, "1e-6"));
+    EXPECT_TRUE(taken.are_still_in(view.records())) << "the log has only grown";
+    view.clear();
+    for (const int second : {-10, -5, 0})
+        view.add_line(log_line(NOON + second, "1e-6"));
+    EXPECT_FALSE(taken.are_still_in(view.records())) << "the log was read anew";
 }
 
 } // namespace

@@ -3,24 +3,49 @@
 
 #include "platform/privileged_channel.h"
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tickervantage::testing {
 
 class FakePrivilegedChannel : public PrivilegedChannel {
 public:
-    bool is_ready = false;
     bool prepared = false;
     bool disconnected = false;
-    std::string reply;
-    std::vector<std::string> commands;
+    bool installs = true; // what install() answers
+    bool grants = true;   // what authorise() answers
+    int installed = 0;    // how often it was called
+    int asked = 0;        // likewise
+    std::optional<std::string> reply = "";
+    std::function<std::optional<std::string>(const std::string& command)> answer; // in place of `reply`
+    std::vector<std::string> commands;                                            // that EXECUTE carried
+    std::vector<std::string> requests;                                            // whole
+    std::optional<HelperToken> last_auth;                                         // of the latest message
+
+    static constexpr HelperToken token{1, 2, 3};
 
     void prepare() override { prepared = true; }
-    [[nodiscard]] bool ready() const override { return is_ready; }
-    std::string execute(const std::string& command) override {
-        commands.push_back(command);
-        return is_ready ? reply : std::string();
+    [[nodiscard]] int install(std::string& sentence) override {
+        ++installed;
+        sentence = installs ? "" : "The helper cannot be installed.";
+        return installs ? 0 : -1;
+    }
+    [[nodiscard]] std::optional<HelperToken> authorise(std::string& sentence) override {
+        ++asked;
+        sentence = grants ? "" : "Not granted.";
+        return grants ? std::optional(token) : std::nullopt;
+    }
+    [[nodiscard]] std::optional<std::string> send(const std::string& request,
+                                                  const std::optional<HelperToken>& auth) override {
+        requests.push_back(request);
+        last_auth = auth;
+        const std::string verb = "EXECUTE ";
+        if (!request.starts_with(verb))
+            return reply;
+        commands.push_back(request.substr(verb.size()));
+        return answer ? answer(commands.back()) : reply;
     }
     void disconnect() override { disconnected = true; }
 };

@@ -35,6 +35,10 @@ public:
         std::vector<Rect> boxes;
         Ink ink;
     };
+    struct Polygon {
+        std::vector<Point> corners;
+        Ink ink;
+    };
     struct Text {
         std::string text;
         Rect box;
@@ -46,6 +50,7 @@ public:
     std::vector<StyledStroke> styled_strokes;
     std::vector<Polyline> polylines;
     std::vector<Boxes> boxes;
+    std::vector<Polygon> polygons;
     std::vector<Text> texts;
     double pixel_side = 1;
 
@@ -59,6 +64,9 @@ public:
     }
     void fill_rects(std::span<const Rect> all, const Ink& ink) override {
         boxes.push_back({{all.begin(), all.end()}, ink});
+    }
+    void fill_polygon(std::span<const Point> corners, const Ink& ink) override {
+        polygons.push_back({{corners.begin(), corners.end()}, ink});
     }
     [[nodiscard]] double pixel() const override { return pixel_side; }
     void text(std::string_view text, Rect box, const TextStyle& style) override {

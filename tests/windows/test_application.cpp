@@ -2,6 +2,7 @@
 #include "mainwindow/tickervantage_window.h"
 #include "support/fake_followed_files.h"
 #include "support/fake_main_window_parts.h"
+#include "support/freqtemp_parts.h"
 
 #include <gtest/gtest.h>
 
@@ -22,6 +23,10 @@ struct ApplicationTest : ::testing::Test {
     testing::FakeMainWindowParts fakes;
     testing::ManualQueue removal_queue;
     testing::ManualQueue spectrum_queue;
+    testing::ManualQueue config_queue;
+    testing::ManualQueue export_queue;
+    testing::ManualQueue list_queue;
+    testing::FreqTempFakes freqtemp;
     testing::ManualQueue log_queue;
     testing::FakeFollowedFiles log_files;
     testing::MemoryLogger logger;
@@ -43,6 +48,10 @@ struct ApplicationTest : ::testing::Test {
                                          }},
                 .files = log_files,
                 .spectrum_queue = spectrum_queue,
+                .config_queue = config_queue,
+                .export_queue = export_queue,
+                .freqtemp = freqtemp.parts(),
+                .list_queue = list_queue,
                 .lend_queue = [this] { return std::shared_ptr<DispatchQueueSerial>(&log_queue, [](auto*) {}); },
                 .logger = logger,
                 .close_log = [this] { log_closed = true; },
@@ -68,7 +77,8 @@ TEST_F(ApplicationTest, OldInstallationIsRemovedInTheBackground) {
     launch();
     EXPECT_TRUE(fakes.channel.commands.empty());
     removal_queue.turn();
-    EXPECT_EQ(fakes.channel.commands.size(), 2U);
+    ASSERT_EQ(fakes.channel.commands.size(), 3U);
+    EXPECT_TRUE(fakes.channel.commands[1].starts_with("rm -f "));
 }
 
 TEST_F(ApplicationTest, OptionalItemsFollowThePreferences) {
@@ -83,16 +93,25 @@ TEST_F(ApplicationTest, OptionalItemsFollowThePreferences) {
 
 TEST_F(ApplicationTest, ItemsWithoutAWindowAreDisabledAndSayWhy) {
     launch();
-    for (const char* name : {"showTickervantage", "refresh", "showLogFile", "showLogFolder", "siteTickervantage",
-                             "siteChrony", "showAbout", "showLogs", "openTrackingLog", "liveTracking", "quit",
-                             "closeWindow", "chooseFont", "defaultFont"})
+    for (const char* name :
+         {"showTickervantage", "refresh", "showLogFile", "showLogFolder", "siteTickervantage", "siteChrony",
+          "showAbout", "showLogs", "openTrackingLog", "liveTracking", "quit", "closeWindow", "chooseFont",
+          "defaultFont", "showServers", "showPreferences", "checkForUpdates", "showConfigEditor"})
         EXPECT_TRUE(item(name)->isEnabled()) << name;
-    for (const char* name : {"showFreqInspector", "showServers", "showFreqTemp", "checkForUpdates", "showPreferences",
-                             "helpChronyConf", "helpChronyc", "helpChronyd", "helpChronywake", "helpFAQ", "stepTime",
+    for (const char* name : {"helpChronyConf", "helpChronyc", "helpChronyd", "helpChronywake", "helpFAQ", "stepTime",
                              "showDonate", "installChrony", "rotateLogs", "synchServer"}) {
         EXPECT_FALSE(item(name)->isEnabled()) << name;
         EXPECT_FALSE(item(name)->toolTip().isEmpty()) << name;
     }
+}
+
+TEST_F(ApplicationTest, FrequencyAndItsInspectorAreOneWindowEach) {
+    launch();
+    for (const char* name : {"showFreqTemp", "showFreqInspector", "showFreqTemp", "showFreqInspector"})
+        item(name)->trigger();
+    const auto windows = QApplication::topLevelWidgets();
+    for (const char* name : {"FreqTempWindow", "SensorInspector"})
+        EXPECT_EQ(std::ranges::count(windows, QLatin1String(name), &QWidget::objectName), 1) << name;
 }
 
 TEST_F(ApplicationTest, LiveTrackingFollowsTheLogOfTheConfiguredFolder) {

@@ -16,6 +16,8 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <type_traits>
+#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -42,7 +44,10 @@ QImage painted(int side, double pixel_ratio, Draw draw) {
     image.fill(Qt::white);
     QPainter painter(&image);
     QtCanvas canvas(painter, side, COLORS);
-    draw(canvas);
+    if constexpr (std::is_invocable_v<Draw, QtCanvas&, QPainter&>)
+        draw(canvas, painter);
+    else
+        draw(canvas);
     return image;
 }
 
@@ -127,6 +132,46 @@ TEST(QtCanvas, LayerLandsWhereItsLinesBelong) {
         EXPECT_EQ(image.pixelColor(pixels(31), pixels(27)), COLORS.red) << ratio;
         EXPECT_EQ(inked(image), QRect(pixels(10), pixels(9), pixels(32) - pixels(10), pixels(30) - pixels(9))) << ratio;
     }
+}
+
+TEST(QtCanvas, LayerDrawsStraightLinesWhereTheyBelong) {
+    const LineStyle styles[] = {{ColorRole::red, 1, {}}, {ColorRole::red, 2, {3, 2}}};
+    const std::pair<Point, Point> lines[] = {
+        {{10, 5}, {10, 35}}, {{10, 35}, {10, 5}}, {{5, 20}, {35, 20}}, {{35, 20}, {5, 20}}, {{-9, 8}, {99, 8}}};
+    for (const double ratio : {1.0, 2.0})
+        for (const auto& style : styles)
+            for (const auto& [from, to] : lines) {
+                const auto draw = [&](bool on_layer, bool clipped) {
+                    return painted(40, ratio, [&](QtCanvas& canvas, QPainter& painter) {
+                        if (clipped) // then the layer cannot write the picture itself
+                            painter.setClipRect(0, 0, 40, 40);
+                        if (on_layer)
+                            canvas.begin_layer({0, 0, 40, 40});
+                        canvas.stroke(line(from, to), style);
+                        canvas.end_layer();
+                    });
+                };
+                EXPECT_EQ(draw(true, false), draw(false, false)) << ratio << " " << from.x << " " << from.y;
+                EXPECT_EQ(draw(true, true), draw(false, false)) << ratio << " " << from.x << " " << from.y;
+            }
+}
+
+TEST(QtCanvas, KeptLabelsLookLikeOthers) {
+    CanvasMemory memory;
+    for (const double ratio : {1.0, 2.0, 1.0})
+        for (const TextAlign align : {TextAlign::left, TextAlign::center, TextAlign::right}) {
+            const auto draw = [&](CanvasMemory* kept) {
+                QImage image(QSize(100, 40) * ratio, QImage::Format_RGB32);
+                image.setDevicePixelRatio(ratio);
+                image.fill(Qt::white);
+                QPainter painter(&image);
+                QtCanvas canvas(painter, 40, COLORS, kept);
+                canvas.text("-10 \xC2\xB5s", {10, 10, 80, 20}, {.size = 10, .align = align});
+                painter.end();
+                return inked(image);
+            };
+            EXPECT_EQ(draw(&memory), draw(nullptr)) << ratio;
+        }
 }
 
 TEST(CanvasColors, HuesCanBeReadOnEveryBackground) {

@@ -110,7 +110,7 @@ TEST_F(MainWindowTest, ServerFieldBelongsToNtpdata) {
     EXPECT_EQ(server->count(), 2);
     EXPECT_EQ(server->itemText(0), QStringLiteral("a"));
     EXPECT_NE(find<QLabel>("m_status")->text().indexOf(QStringLiteral("administrator")), -1);
-    fakes.channel.is_ready = true;
+    ASSERT_TRUE(fakes.actions->blessHelper());
     server->setEditText(QStringLiteral(" a "));
     Q_EMIT server->lineEdit()->editingFinished();
     fakes.settle();

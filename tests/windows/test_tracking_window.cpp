@@ -7,6 +7,7 @@
 #include "support/fake_followed_files.h"
 #include "support/manual_timer.h"
 #include "support/memory_stores.h"
+#include "support/recording_canvas.h"
 
 #include <gtest/gtest.h>
 
@@ -17,9 +18,13 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSlider>
+#include <QStatusBar>
 #include <QToolButton>
 
 #include <fmt/format.h>
+
+#include <algorithm>
+#include <atomic>
 
 namespace tickervantage {
 namespace {
@@ -36,13 +41,36 @@ std::string log_text() {
     return text;
 }
 
+// Files that can be hidden and locked while another thread reads them.
+class GuardedFiles : public FollowedFiles {
+public:
+    explicit GuardedFiles(FollowedFiles& files) : m_files(files) {}
+
+    std::atomic<Found> found = Found::file;
+
+    Found status(const std::string& name, FileStatus& status, std::string& reason) override {
+        const Found now = found;
+        reason = "Permission denied";
+        return now == Found::file ? m_files.status(name, status, reason) : now;
+    }
+    int open(const std::string& name, std::unique_ptr<FollowedFile>& file, FileStatus& status,
+             std::string& reason) override {
+        return m_files.open(name, file, status, reason);
+    }
+
+private:
+    FollowedFiles& m_files;
+};
+
 struct TrackingWindowTest : ::testing::Test {
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
     QtMainThread main_thread;
     testing::ManualMasterTimer timer;
     testing::FakeFollowedFiles files;
+    GuardedFiles guarded{files};
     SerialQueue queue{"net.brisklane.test"};
+    SerialQueue export_queue{"net.brisklane.test"};
     bool spectrum = false;
     int blocks = 0;
     std::string written;
@@ -59,24 +87,41 @@ struct TrackingWindowTest : ::testing::Test {
             .settings = settings,
             .main_thread = main_thread,
             .timer = timer,
-            .files = files,
+            .files = guarded,
             .lend_queue = [this] { return std::shared_ptr<DispatchQueueSerial>(&queue, [](auto*) {}); },
             .spectrum_enabled = [this] { return spectrum; },
             .show_spectrum = [] {},
-            .write_picture =
-                [this](const std::string& path_written, const PictureFormat& format, const auto&, std::string&) {
-                    written = fmt::format("{} {}x{}", path_written, format.width, format.height);
-                    return 0;
-                },
-            .write_text =
-                [this](const std::string&, std::string_view bytes, std::string&) {
-                    written = bytes;
-                    return 0;
-                }});
+            .exports = {.queue = export_queue,
+                        .main_thread = main_thread,
+                        .write_picture = [this](const std::string& file, const PictureFormat& format, const auto& draw,
+                                                std::string&) { return keep_picture(file, format, draw); },
+                        .write_text =
+                            [this](const std::string&, std::string_view bytes, std::string&) {
+                                written = bytes;
+                                return 0;
+                            }}});
         QObject::connect(window.get(), &TrackingWindow::block_arrived, [this] { ++blocks; });
         window->windowDidLoad();
         window->set_log(QString::fromUtf8(path), live);
         window->show();
+    }
+
+    int keep_picture(const std::string& file, const PictureFormat& format,
+                     const std::function<void(Canvas&, Rect)>& draw) {
+        testing::RecordingCanvas canvas;
+        draw(canvas, {0, 0, static_cast<double>(format.width), static_cast<double>(format.height)});
+        const bool has_title =
+            std::ranges::any_of(canvas.texts, [](auto& one) { return one.text == "Chrony Tracking"; });
+        written = fmt::format("{} {}x{} {}", file, format.width, format.height, has_title ? "titled" : "blank");
+        return 0;
+    }
+
+    // What the export handed over to be written.
+    std::string exported_to(const char* file) {
+        window->exports().export_to(QLatin1String(file));
+        EXPECT_EQ(window->statusBar()->currentMessage(), QStringLiteral("Exporting…"));
+        EXPECT_TRUE(eventually([this] { return window->statusBar()->currentMessage().startsWith(u"Exported"); }));
+        return written;
     }
 
     // Lets the reader and the main thread work until it is so.
@@ -213,16 +258,27 @@ TEST_F(TrackingWindowTest, ReadoutAndExportTellWhatIsInSight) {
     Q_EMIT area->pointed_at(area->frame().width - 60);
     EXPECT_TRUE(find<QLabel>("readout")->text().contains(QStringLiteral("-5.123 ppm")))
         << find<QLabel>("readout")->text().toStdString();
-    window->export_to(QStringLiteral("/a/picture.svg"));
-    EXPECT_EQ(written, fmt::format("/a/picture.svg {}x{}", area->visible().width, area->visible().height));
-    window->export_to(QStringLiteral("/a/table.csv"));
-    EXPECT_NE(written.find("2026-11-21T03:59:00Z"), std::string::npos);
-    EXPECT_NE(written.find("-5.123e-06"), std::string::npos) << written.substr(0, 200);
+    EXPECT_EQ(exported_to("/a/picture.svg"),
+              fmt::format("/a/picture.svg {}x{} titled", area->visible().width, area->visible().height));
+    const std::string table = exported_to("/a/table.csv");
+    EXPECT_NE(table.find("2026-11-21T03:59:00Z"), std::string::npos);
+    EXPECT_NE(table.find("-5.123e-06"), std::string::npos) << table.substr(0, 200);
 }
 
-TEST_F(TrackingWindowTest, MissingLogIsTold) {
-    open("other.log", true);
-    EXPECT_TRUE(eventually([this] { return !find<QLabel>("readout")->text().isEmpty(); }));
+TEST_F(TrackingWindowTest, LogThatCannotBeReadIsToldAndReadOnceItCan) {
+    const auto says = [this](const char* sentence) {
+        return eventually([&] { return find<QLabel>("readout")->text() == QLatin1String(sentence); });
+    };
+    guarded.found = FollowedFiles::Found::nothing;
+    open();
+    EXPECT_TRUE(says("There is no file \"tracking.log\"."));
+    guarded.found = FollowedFiles::Found::unreadable;
+    EXPECT_TRUE(says("tracking.log cannot be read: Permission denied."));
+    EXPECT_EQ(window->records().size(), 0U);
+    guarded.found = FollowedFiles::Found::file;
+    EXPECT_TRUE(eventually([this] { return blocks == 1; }));
+    EXPECT_EQ(window->records().size(), static_cast<std::size_t>(records_in_log));
+    EXPECT_TRUE(says(""));
 }
 
 } // namespace

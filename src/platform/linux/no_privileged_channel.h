@@ -1,4 +1,4 @@
-// The channel of a program that has no root helper: never ready.
+// The channel of a program that has no root helper: nothing is ever granted or answered.
 #pragma once
 
 #include "platform/privileged_channel.h"
@@ -8,8 +8,17 @@ namespace tickervantage {
 class NoPrivilegedChannel : public PrivilegedChannel {
 public:
     void prepare() override {}
-    [[nodiscard]] bool ready() const override { return false; }
-    std::string execute(const std::string&) override { return {}; }
+    [[nodiscard]] int install(std::string& sentence) override {
+        sentence = "There is no root helper here.";
+        return -1;
+    }
+    [[nodiscard]] std::optional<HelperToken> authorise(std::string& sentence) override {
+        sentence = "There is no root helper here.";
+        return std::nullopt;
+    }
+    [[nodiscard]] std::optional<std::string> send(const std::string&, const std::optional<HelperToken>&) override {
+        return std::nullopt;
+    }
     void disconnect() override {}
 };
 

@@ -7,13 +7,16 @@
 
 #include <fmt/chrono.h>
 #include <fmt/format.h>
+#include <zlib.h>
 
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
 #include <system_error>
+#include <vector>
 
 namespace tickervantage {
 
@@ -96,9 +99,32 @@ int take_over_owner_and_mode(int fd, const std::string& path) {
     return ::fchmod(fd, old.st_mode & permission_bits);
 }
 
-bool reads_back(int fd, std::string_view bytes) {
-    std::string found;
-    return ::lseek(fd, 0, SEEK_SET) == 0 && read_all(fd, bytes.size(), found) == 0 && found == bytes;
+// What was handed to the kernel, in short.
+struct Written {
+    std::uint64_t size = 0;
+    uLong checksum = crc32(0, nullptr, 0);
+
+    void add(std::string_view bytes) {
+        size += bytes.size();
+        checksum = crc32_z(checksum, reinterpret_cast<const Bytef*>(bytes.data()), bytes.size());
+    }
+    friend bool operator==(const Written&, const Written&) = default;
+};
+
+bool reads_back(int fd, const Written& written) {
+    if (::lseek(fd, 0, SEEK_SET) != 0)
+        return false;
+    Written found;
+    std::vector<char> buffer(1U << 18U);
+    while (true) {
+        const ssize_t got = ::read(fd, buffer.data(), buffer.size());
+        if (got == 0)
+            return found == written;
+        if (got < 0 && errno != EINTR)
+            return false;
+        if (got > 0)
+            found.add({buffer.data(), static_cast<std::size_t>(got)});
+    }
 }
 
 int flush_folder(const std::string& folder) {
@@ -108,13 +134,22 @@ int flush_folder(const std::string& folder) {
     return ::fsync(fd.get()) == 0 || errno == EINVAL ? 0 : -1; // EINVAL: a file system that has no such thing
 }
 
-int write_beside(const std::string& path, const std::string& draft, std::string_view bytes) {
+using WriteText = std::function<int(const TextSink&)>;
+
+int write_beside(const std::string& path, const std::string& draft, const WriteText& write) {
     ::unlink(draft.c_str()); // left over from a process that was killed
     const FileDescriptor fd(::open(draft.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, private_file));
-    if (!fd.valid() || take_over_owner_and_mode(fd.get(), path) != 0 || write_all(fd.get(), bytes) != 0 ||
-        ::fsync(fd.get()) != 0)
+    if (!fd.valid() || take_over_owner_and_mode(fd.get(), path) != 0)
         return -1;
-    if (reads_back(fd.get(), bytes))
+    Written written;
+    errno = ECANCELED; // unless a call to the kernel fails, it was the writer that gave up
+    const auto sink = [&](std::string_view bytes) {
+        written.add(bytes);
+        return write_all(fd.get(), bytes);
+    };
+    if (write(sink) != 0 || ::fsync(fd.get()) != 0)
+        return -1;
+    if (reads_back(fd.get(), written))
         return 0;
     errno = EIO;
     return -1;
@@ -159,14 +194,19 @@ SmallFile read_small_file(const std::string& path, std::size_t limit) {
     return {.outcome = Outcome::unreadable, .bytes = {}, .reason = words(errno)};
 }
 
-int replace_small_file(const std::string& path, std::string_view bytes, std::string& sentence) {
+int replace_file(const std::string& path, const WriteText& write, std::string& sentence) {
     const std::string draft = beside(path, ".new");
-    if (write_beside(path, draft, bytes) != 0 || ::rename(draft.c_str(), path.c_str()) != 0) {
+    if (write_beside(path, draft, write) != 0 || ::rename(draft.c_str(), path.c_str()) != 0) {
         const int error = errno;
         ::unlink(draft.c_str());
         return fail(sentence, "Cannot write", path, error);
     }
     return flush_folder(folder_of(path)) == 0 ? 0 : fail(sentence, "Cannot flush the folder of", path, errno);
+}
+
+int replace_small_file(const std::string& path, std::string_view bytes, std::string& sentence) {
+    return replace_file(
+        path, [bytes](const TextSink& sink) { return sink(bytes); }, sentence);
 }
 
 int set_file_aside(const std::string& path, std::string& kept_as, std::string& sentence) {

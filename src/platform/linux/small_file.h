@@ -5,9 +5,11 @@
 #pragma once
 
 #include "platform/linux/file_descriptor.h"
+#include "platform/user_files.h"
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -31,6 +33,10 @@ struct SmallFile {
 // new one is readable by its owner only. Callers that race with others hold a FileLock. The one failure that leaves the
 // new file in place is that of flushing its folder: then a power cut may still bring the old one back.
 [[nodiscard]] int replace_small_file(const std::string& path, std::string_view bytes, std::string& sentence);
+
+// The same for a text of any size, which `write` hands over piece by piece; -1 from it leaves the old file.
+[[nodiscard]] int replace_file(const std::string& path, const std::function<int(const TextSink&)>& write,
+                               std::string& sentence);
 
 // Renames the file or folder to "<path>.damaged-YYYYMMDD-HHMMSS" (local time), with a number behind it rather than
 // over an earlier one.

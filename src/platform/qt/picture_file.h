@@ -1,6 +1,7 @@
 // Drawings as picture files: PNG or SVG, by the file's suffix.
 //
-// Works without a display, but needs a QGuiApplication for its fonts. Main thread; waits for the disk.
+// Works without a display, but needs a QGuiApplication for its fonts. Waits for the disk; any thread on which the
+// drawing may be drawn.
 #pragma once
 
 #include "platform/canvas.h"

@@ -1,8 +1,6 @@
 #include "platform/qt/qt_canvas.h"
 
 #include <QFontMetricsF>
-#include <QGuiApplication>
-#include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPath>
@@ -16,7 +14,6 @@ namespace tickervantage {
 
 namespace {
 
-constexpr int LARGEST_LAYER_SIDE = 32768;
 constexpr double SHADOW_RINGS[] = {4.5, 2.0}; // wider than the stroke; translucent strokes are dear, so only two
 
 class SavedPainter {
@@ -116,12 +113,9 @@ QList<qreal> dash_pattern(const LineStyle& style) {
     return pattern;
 }
 
-QFont font_of_size(double size, const QPaintDevice& device) {
-    QFont font = QGuiApplication::font();
-    // Points of the canvas are units of the painter, whatever density the device claims; only the size in typographic
-    // points may have a fraction.
-    font.setPointSizeF(size * 72 / device.logicalDpiY());
-    return font;
+bool is_straight(const Path::Element& element) {
+    return element.kind == Path::Element::Kind::line &&
+           (element.from.x == element.to.x || element.from.y == element.to.y);
 }
 
 double aligned_left(const QRectF& box, double width, TextAlign align) {
@@ -136,10 +130,30 @@ double aligned_left(const QRectF& box, double width, TextAlign align) {
     return box.center().x() - width / 2;
 }
 
+// With the edges rounded, each by itself.
+QRect whole_pixels(const QRectF& box) {
+    const QPoint corner(qRound(box.left()), qRound(box.top()));
+    return {corner, QSize(qRound(box.right()) - corner.x(), qRound(box.bottom()) - corner.y())};
+}
+
+// All in one call and in whole numbers, for which the painter of pixels has a quick way.
+void draw_whole_boxes(QPainter& painter, std::span<const Rect> boxes, const QColor& color, double height) {
+    std::vector<QRect> whole;
+    whole.reserve(boxes.size());
+    for (const auto& box : boxes)
+        if (const QRect pixels = whole_pixels({box.x, height - box.y - box.height, box.width, box.height});
+            !pixels.isEmpty())
+            whole.push_back(pixels);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawRects(whole.data(), static_cast<int>(whole.size()));
+}
+
 } // namespace
 
-QtCanvas::QtCanvas(QPainter& painter, double height, CanvasColors colors)
-    : m_painter(painter), m_height(height), m_colors(std::move(colors)) {}
+QtCanvas::QtCanvas(QPainter& painter, double height, CanvasColors colors, CanvasMemory* memory)
+    : m_painter(painter), m_height(height), m_colors(std::move(colors)), m_memory(memory ? *memory : m_own_memory),
+      m_keeps_labels(memory && painter.paintEngine()->type() == QPaintEngine::Raster) {}
 
 void QtCanvas::fill(const Path& path, ColorRole color, FillRule rule) {
     const SavedPainter saved(m_painter);
@@ -160,6 +174,12 @@ void QtCanvas::stroke(const Path& path, ColorRole color, double width, Shadow sh
 }
 
 void QtCanvas::stroke(const Path& path, const LineStyle& style) {
+    if (m_memory.layer.is_open() && std::ranges::all_of(path.elements, is_straight)) {
+        m_memory.layer.use(color_of(style.ink));
+        for (const auto& line : path.elements)
+            m_memory.layer.add_straight_line(line.from, line.to, style.width, style.dash);
+        return;
+    }
     const SavedPainter saved(m_painter);
     QPen pen(color_of(style.ink), style.width, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin);
     if (!style.dash.empty())
@@ -168,10 +188,10 @@ void QtCanvas::stroke(const Path& path, const LineStyle& style) {
 }
 
 void QtCanvas::polyline(std::span<const Point> points, const Ink& ink, double width) {
-    if (m_layer) {
-        use_on_layer(ink);
+    if (m_memory.layer.is_open()) {
+        m_memory.layer.use(color_of(ink));
         for (std::size_t i = 1; i < points.size(); ++i)
-            m_layer->add_line(on_layer(points[i - 1]), on_layer(points[i]), width / pixel());
+            m_memory.layer.add_line(points[i - 1], points[i], width);
         return;
     }
     const SavedPainter saved(m_painter);
@@ -184,69 +204,42 @@ void QtCanvas::polyline(std::span<const Point> points, const Ink& ink, double wi
 }
 
 void QtCanvas::fill_rects(std::span<const Rect> boxes, const Ink& ink) {
-    if (m_layer) {
-        use_on_layer(ink);
-        for (const auto& box : boxes) {
-            const Point corner = on_layer({box.x, box.y + box.height});
-            m_layer->add_box({corner.x, corner.y, box.width / pixel(), box.height / pixel()});
-        }
+    if (m_memory.layer.is_open()) {
+        m_memory.layer.use(color_of(ink));
+        for (const auto& box : boxes)
+            m_memory.layer.add_box(box);
         return;
     }
     const SavedPainter saved(m_painter);
     m_painter.setRenderHint(QPainter::Antialiasing, false);
     const QColor color = color_of(ink);
+    if (m_painter.paintEngine()->type() == QPaintEngine::Raster &&
+        m_painter.deviceTransform().type() <= QTransform::TxTranslate) {
+        draw_whole_boxes(m_painter, boxes, color, m_height);
+        return;
+    }
     for (const auto& box : boxes)
         m_painter.fillRect(QRectF(box.x, m_height - box.y - box.height, box.width, box.height), color);
 }
 
-// Only for pixels: a picture of lines has no pixels to count.
+void QtCanvas::fill_polygon(std::span<const Point> corners, const Ink& ink) {
+    const SavedPainter saved(m_painter);
+    std::vector<QPointF> flipped;
+    flipped.reserve(corners.size());
+    for (const auto& corner : corners)
+        flipped.emplace_back(corner.x, m_height - corner.y);
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(color_of(ink));
+    m_painter.drawPolygon(flipped.data(), static_cast<int>(flipped.size()), Qt::WindingFill);
+}
+
+// Only for pixels: a picture of lines has no pixels to count, and is drawn at once.
 void QtCanvas::begin_layer(Rect area) {
-    const QTransform device = m_painter.deviceTransform();
-    if (m_painter.paintEngine()->type() != QPaintEngine::Raster || device.type() > QTransform::TxScale)
-        return;
-    const QRectF box(area.x, m_height - area.y - area.height, area.width, area.height);
-    const QRect limits(0, 0, LARGEST_LAYER_SIDE, LARGEST_LAYER_SIDE);
-    const QRect pixels = device.mapRect(box).toAlignedRect().intersected(limits);
-    if (pixels.isEmpty())
-        return;
-    m_layer_corner = pixels.topLeft();
-    m_layer.emplace(pixels.width(), pixels.height());
+    static_cast<void>(m_memory.layer.begin(m_painter, area, m_height)); // without one everything is drawn at once
 }
 
 void QtCanvas::end_layer() {
-    if (!m_layer)
-        return;
-    paint_layer();
-    const int rows = m_layer->end_row() - m_layer->first_row();
-    if (rows > 0) {
-        const auto stride = static_cast<std::ptrdiff_t>(m_layer->width());
-        QImage image(reinterpret_cast<const uchar*>(m_layer->pixels() + m_layer->first_row() * stride),
-                     m_layer->width(), rows, static_cast<qsizetype>(stride * 4), QImage::Format_ARGB32_Premultiplied);
-        const QTransform device = m_painter.deviceTransform();
-        image.setDevicePixelRatio(device.m11());
-        m_painter.drawImage(device.inverted().map(QPointF(m_layer_corner + QPoint(0, m_layer->first_row()))), image);
-    }
-    m_layer.reset();
-}
-
-void QtCanvas::paint_layer() {
-    if (!m_layer_ink)
-        return;
-    const QColor color = color_of(*m_layer_ink);
-    m_layer->paint({color.redF(), color.greenF(), color.blueF(), color.alphaF()});
-    m_layer_ink.reset();
-}
-
-void QtCanvas::use_on_layer(const Ink& ink) {
-    if (m_layer_ink && *m_layer_ink != ink)
-        paint_layer();
-    m_layer_ink = ink;
-}
-
-Point QtCanvas::on_layer(Point point) const {
-    const QTransform device = m_painter.deviceTransform();
-    return {point.x * device.m11() + device.dx() - m_layer_corner.x(),
-            (m_height - point.y) * device.m22() + device.dy() - m_layer_corner.y()};
+    m_memory.layer.end();
 }
 
 double QtCanvas::pixel() const {
@@ -268,14 +261,31 @@ QColor QtCanvas::color_of(const Ink& ink) const {
 
 void QtCanvas::text(std::string_view text, Rect box, const TextStyle& style) {
     const SavedPainter saved(m_painter);
+    m_painter.setPen(color_of(style.color));
+    const QRectF area(box.x, m_height - box.y - box.height, box.width, box.height);
+    const double middle = area.top() + TEXT_MIDDLE * style.size;
+    if (m_keeps_labels)
+        draw_label(text, area, middle, style);
+    else
+        draw_text(text, area, middle, style);
+}
+
+void QtCanvas::draw_label(std::string_view text, const QRectF& area, double middle, const TextStyle& style) {
+    auto& face = m_memory.labels.face(style.size, *m_painter.device());
+    const QStaticText& label = LabelCache::label(face, text);
+    m_painter.setFont(face.font);
+    m_painter.drawStaticText(
+        QPointF(aligned_left(area, label.size().width(), style.align), middle + face.cap_height / 2 - face.ascent),
+        label);
+}
+
+void QtCanvas::draw_text(std::string_view text, const QRectF& area, double middle, const TextStyle& style) {
     const QString line = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
     m_painter.setFont(font_of_size(style.size, *m_painter.device()));
-    m_painter.setPen(color_of(style.color));
-
     const QFontMetricsF metrics(m_painter.font(), m_painter.device());
-    const QRectF area(box.x, m_height - box.y - box.height, box.width, box.height);
-    const double baseline = area.top() + TEXT_MIDDLE * style.size + metrics.capHeight() / 2;
-    m_painter.drawText(QPointF(aligned_left(area, metrics.horizontalAdvance(line), style.align), baseline), line);
+    m_painter.drawText(
+        QPointF(aligned_left(area, metrics.horizontalAdvance(line), style.align), middle + metrics.capHeight() / 2),
+        line);
 }
 
 } // namespace tickervantage

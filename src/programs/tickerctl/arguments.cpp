@@ -119,6 +119,16 @@ void add_plot_tracking(CommandLine& line, CLI::App* plot, Arguments& arguments) 
     add_picture_options(tracking, arguments, arguments.chart_size);
 }
 
+void add_freqtemp(CommandLine& line, Arguments& arguments) {
+    auto* sensors = line.add(&line.app, Job::sensors, "sensors", "The machine's temperature sensors");
+    auto* fit = line.add(&line.app, Job::fit, "fit", "Frequency fitted to temperature (exit status 1: no fit)");
+    auto* record = line.add(&line.app, Job::record, "record", "Record frequency against temperature");
+    for (auto* command : {sensors, fit})
+        command->add_flag("--json", arguments.json, "one JSON document");
+    add_fit_options(*fit, arguments.freqtemp);
+    add_record_options(*record, arguments.freqtemp);
+}
+
 void add_plot(CommandLine& line, Arguments& arguments) {
     auto* plot = line.app.add_subcommand("plot", "The instruments and charts as pictures");
     plot->require_subcommand(1);
@@ -136,6 +146,9 @@ void add_plot(CommandLine& line, Arguments& arguments) {
     add_spectrum_options(spectrum, arguments);
     add_picture_options(spectrum, arguments, arguments.chart_size);
     add_plot_tracking(line, plot, arguments);
+    auto* freqtemp = line.add(plot, Job::plot_freqtemp, "freqtemp", "Frequency against temperature");
+    add_plot_freqtemp_options(*freqtemp, arguments.freqtemp);
+    add_picture_options(freqtemp, arguments, arguments.chart_size);
 }
 
 void add_all(CommandLine& line, Arguments& arguments) {
@@ -149,6 +162,16 @@ void add_all(CommandLine& line, Arguments& arguments) {
     add_log(line, arguments);
     add_spectrum(line, arguments);
     add_plot(line, arguments);
+    add_freqtemp(line, arguments);
+    add_servers_options(
+        *line.add(&line.app, Job::servers, "servers", "The list of servers (exit status 1: one is invalid)"),
+        arguments.servers, arguments.json);
+    add_config_options(*line.add(&line.app, Job::config, "config", "The directives of a chrony.conf, or one's value"),
+                       arguments.config, arguments.json);
+    add_check_options(*line.add(&line.app, Job::check, "check", "Let chronyd check a chrony.conf (exit status 1: no)"),
+                      arguments.config, arguments.json);
+    auto* admin = line.add(&line.app, Job::admin, "admin", "What needs administrator rights");
+    add_admin_jobs(*admin, arguments.admin, arguments.json);
 }
 
 } // namespace

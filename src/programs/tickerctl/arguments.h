@@ -1,6 +1,11 @@
 // The command line of tickerctl.
 #pragma once
 
+#include "programs/tickerctl/admin_arguments.h"
+#include "programs/tickerctl/config_arguments.h"
+#include "programs/tickerctl/freqtemp_arguments.h"
+#include "programs/tickerctl/servers_arguments.h"
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,7 +25,15 @@ enum class Job : unsigned char {
     plot_meter,
     plot_clock,
     plot_spectrum,
-    plot_tracking
+    plot_tracking,
+    plot_freqtemp,
+    sensors,
+    fit,
+    record,
+    admin,
+    config,
+    check,
+    servers
 };
 
 struct Arguments {
@@ -47,6 +60,10 @@ struct Arguments {
     std::optional<double> vscale;
     std::optional<double> hours;
     std::optional<std::string> end;
+    AdminArguments admin;
+    ConfigArguments config;
+    FreqTempArguments freqtemp;
+    ServersArguments servers;
     std::string key;
     std::string value;
     double meter_value = 0; // ns, or ns/s

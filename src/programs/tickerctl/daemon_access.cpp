@@ -2,8 +2,17 @@
 
 #include "config/preferences.h"
 #include "config/settings_catalogue.h"
+#include "platform/linux/xdg_paths.h"
+#include "programs/tickerctl/terminal.h"
 
 namespace tickervantage {
+
+// Only a job asks for rights, and it wants to hear why there are none.
+DaemonAccess::DaemonAccess()
+    : m_channel(m_execute, process_paths().bundle_program("chronyhelper"), TICKERVANTAGE_VERSION),
+      m_actions(m_channel, {.logger = nullptr, .problem = [](PrivilegedProblem, const std::string& detail) {
+                                complain(detail);
+                            }}) {}
 
 int DaemonAccess::start_demonstration(const Paths& paths, std::string& sentence) {
     if (m_demonstration.start(paths.bundle_program("chronyd"), paths.temporary + "demonstration", sentence) != 0)

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "chrony/runchronyc.h"
+#include "platform/linux/bus_privileged_channel.h"
 #include "platform/linux/demonstration.h"
-#include "platform/linux/no_privileged_channel.h"
 #include "platform/linux/posix_execute.h"
 #include "platform/paths.h"
 #include "privileged/privileged_actions.h"
@@ -17,6 +17,8 @@ class DefaultSettings;
 
 class DaemonAccess {
 public:
+    DaemonAccess();
+
     std::string host; // of chronyc's option -h; empty: chronyc's own choice
 
     // Starts a demonstration pair and makes it the daemon. Early in main, before there are threads.
@@ -26,11 +28,12 @@ public:
 
     [[nodiscard]] Runchronyc runner(const DefaultSettings& settings, const Paths& paths);
     [[nodiscard]] PosixExecute& execute() { return m_execute; }
+    [[nodiscard]] PrivilegedActions& actions() { return m_actions; }
 
 private:
     PosixExecute m_execute;
-    NoPrivilegedChannel m_channel;
-    PrivilegedActions m_actions{m_channel};
+    BusPrivilegedChannel m_channel;
+    PrivilegedActions m_actions;
     Demonstration m_demonstration;
 };
 

@@ -20,6 +20,9 @@ public:
 
     [[nodiscard]] bool asked() const { return asked_within(0); }
 
+    // Readable from the first signal on, for an event loop to watch.
+    [[nodiscard]] int descriptor() const { return m_woken.get(); }
+
     // Waits for so many seconds, or until asked.
     [[nodiscard]] bool asked_within(double seconds) const;
 

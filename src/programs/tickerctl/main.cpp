@@ -4,6 +4,7 @@
 #include "platform/linux/xdg_paths.h"
 #include "programs/tickerctl/arguments.h"
 #include "programs/tickerctl/plot_command.h"
+#include "programs/tickerctl/plot_freqtemp.h"
 #include "programs/tickerctl/plot_spectrum.h"
 #include "programs/tickerctl/terminal.h"
 #include "programs/tickerctl/tool.h"
@@ -56,12 +57,22 @@ int plot_graph(const Tool& tool, const PlotOptions& options) {
     return result;
 }
 
+int plot_scatter(const Tool& tool, const PlotOptions& options) {
+    FreqTempView view;
+    if (const int result = tool.freqtemp_view(view); result != 0)
+        return result;
+    std::string sentence;
+    return plot_freqtemp(view, options, sentence) == 0 ? 0 : fail(sentence);
+}
+
 int plot_log(const Arguments& arguments, const PlotOptions& options) {
     DaemonAccess daemon;
     const EndSignals signals(daemon.execute());
     const Tool tool(arguments, process_paths(), daemon, signals);
     if (arguments.job == Job::plot_tracking)
         return plot_graph(tool, options);
+    if (arguments.job == Job::plot_freqtemp)
+        return plot_scatter(tool, options);
     ComputedSpectrum spectrum;
     if (const int result = tool.read_spectrum(spectrum); result != 0)
         return result;
@@ -70,7 +81,7 @@ int plot_log(const Arguments& arguments, const PlotOptions& options) {
 }
 
 int plot(const Arguments& arguments, int argc, char** argv) {
-    const bool is_chart = arguments.job == Job::plot_spectrum || arguments.job == Job::plot_tracking;
+    const bool is_chart = arguments.job != Job::plot_meter && arguments.job != Job::plot_clock;
     const std::string& size = is_chart ? arguments.chart_size : arguments.size;
     PlotOptions options;
     options.output = arguments.output;
@@ -102,6 +113,20 @@ int do_job(const Arguments& arguments, Tool& tool) {
         return tool.follow();
     case Job::spectrum:
         return tool.spectrum();
+    case Job::admin:
+        return tool.admin();
+    case Job::config:
+        return tool.config();
+    case Job::check:
+        return tool.check();
+    case Job::servers:
+        return tool.servers();
+    case Job::sensors:
+        return tool.sensors();
+    case Job::fit:
+        return tool.fit();
+    case Job::record:
+        return tool.record();
     default:
         return tool.status();
     }
@@ -139,7 +164,8 @@ int main(int argc, char** argv) {
         return status;
     qInstallMessageHandler(qt_message);
     if (arguments->job == Job::plot_meter || arguments->job == Job::plot_clock ||
-        arguments->job == Job::plot_spectrum || arguments->job == Job::plot_tracking) {
+        arguments->job == Job::plot_spectrum || arguments->job == Job::plot_tracking ||
+        arguments->job == Job::plot_freqtemp) {
         status = plot(*arguments, argc, argv);
         if (status == interrupted)
             end_as_asked();
@@ -147,7 +173,8 @@ int main(int argc, char** argv) {
     }
     status = run(*arguments, argc, argv);
     // What has no end of its own is meant to be ended by a signal, though not by a reader that went away.
-    const bool is_endless = arguments->watch_seconds > 0 || arguments->job == Job::follow;
+    const bool is_endless =
+        arguments->watch_seconds > 0 || arguments->job == Job::follow || arguments->job == Job::record;
     if (!is_endless || status == interrupted || end_signal() == SIGPIPE)
         end_as_asked();
     return print_all(status);

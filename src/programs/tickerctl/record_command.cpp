@@ -19,8 +19,8 @@
 #include <fmt/format.h>
 
 #include <chrono>
-#include <iostream>
 #include <cstdint>
+#include <iostream>
 #include <memory>
 #include <utility>
 

@@ -23,6 +23,8 @@
 
 namespace tickervantage {
 
+class FreqTempView;
+
 // Keeps what the settings store says, so that a failure that is told anyway is not told twice. Any thread.
 class TerminalLogger : public Logger {
 public:
@@ -46,6 +48,17 @@ public:
     [[nodiscard]] int follow() const;
     [[nodiscard]] SettingsCommand settings_command();
     [[nodiscard]] int spectrum();
+    [[nodiscard]] int admin();
+    [[nodiscard]] int servers() const;
+    [[nodiscard]] int config() const;
+    [[nodiscard]] int check();
+
+    [[nodiscard]] int sensors() const;
+    [[nodiscard]] int fit() const;
+    [[nodiscard]] int record();
+
+    // The plot of frequency against temperature that was asked for; what is wrong is told.
+    [[nodiscard]] int freqtemp_view(FreqTempView& view) const;
 
     // The tracking graph that was asked for, over the stored settings; what is wrong is told.
     [[nodiscard]] int tracking_plot(TrackingPlot& plot) const;
@@ -58,6 +71,7 @@ private:
     [[nodiscard]] int read_tracking(std::string& text);
     [[nodiscard]] int read_input(std::string& text) const;
     [[nodiscard]] int version_report();
+    [[nodiscard]] int admin_request(AdminRequest& request) const;
     [[nodiscard]] SpectrumChoice spectrum_choice() const;
 
     const Arguments& m_arguments;

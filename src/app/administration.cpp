@@ -1,0 +1,143 @@
+#include "app/administration.h"
+
+#include "app/alert_window.h"
+#include "instruments/warning_register.h"
+#include "mainwindow/status_cycle.h"
+#include "privileged/job_environment.h"
+
+#include <QAction>
+#include <QCoreApplication>
+
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(administration)
+};
+
+// For translators: the offers, whose texts are put together elsewhere.
+struct MarkedText {
+    const char* text;
+    const char* comment;
+};
+[[maybe_unused]] constexpr std::array<MarkedText, 13> offer_texts{
+    {QT_TRANSLATE_NOOP3("offers", "Warning", ""),
+     QT_TRANSLATE_NOOP3("offers", "The chronyd ntp daemon is not configured/installed.", "first run: line 1"),
+     QT_TRANSLATE_NOOP3("offers", "\nDo you wish to install the privileged components?", "first run: line 2"),
+     QT_TRANSLATE_NOOP3("offers", "Warning: Version mismatch", ""),
+     QT_TRANSLATE_NOOP3("offers", "Installed: ", "compare versions line 1"),
+     QT_TRANSLATE_NOOP3("offers", " Embedded: ", "compare versions line 2"),
+     QT_TRANSLATE_NOOP3("offers", "Do you wish to re-install chronyd", "compare versions line 3"),
+     QT_TRANSLATE_NOOP3("offers", "Install", ""), QT_TRANSLATE_NOOP3("offers", "Cancel", ""),
+     QT_TRANSLATE_NOOP3("offers", "Use the chrony of this system?", "system chrony: title"),
+     QT_TRANSLATE_NOOP3(
+         "offers", "This system has a chrony of its own, which its packages keep up to date:", "system chrony: line 1"),
+     QT_TRANSLATE_NOOP3("offers", "The program can show and steer that one instead of installing another.",
+                        "system chrony: last line"),
+     QT_TRANSLATE_NOOP3("offers", "Use It", "system chrony: button")}};
+
+std::string translate_offer(const char* text, const char* comment) {
+    return QCoreApplication::translate("offers", text, comment).toStdString();
+}
+
+AdministrativeJobsParts jobs_parts(const AdministrationParts& parts) {
+    return {.actions = parts.actions,
+            .main_thread = parts.main_thread,
+            .queue = parts.machine.queue,
+            .setting = [&general = parts.general, &advanced = parts.advanced,
+                        paths = parts.paths] { return make_job_setting(general, advanced, paths); },
+            .probes = parts.machine.probes,
+            .steps = parts.machine.steps};
+}
+
+} // namespace
+
+Administration::Administration(AdministrationParts parts)
+    : m_parts(std::move(parts)), m_jobs(jobs_parts(m_parts)),
+      m_menu({.jobs = m_jobs, .cycle = m_parts.cycle, .show_progress = m_parts.show_progress, .say = m_parts.say}),
+      m_offers({.warnings = m_parts.warnings,
+                .execute = m_parts.execute,
+                .queue = m_parts.machine.queue("net.brisklane.offers"),
+                .main_thread = m_parts.main_thread,
+                .bundle = m_parts.paths.bundle,
+                .file_exists = m_parts.machine.probes.file_exists,
+                .paths =
+                    [&general = m_parts.general] {
+                        return InstalledPaths{general.config, general.chronyc, general.chronyd};
+                    },
+                .show = show(),
+                .translate = translate_offer,
+                .install = [this] { m_menu.install(); },
+                .use_distribution = [this](const DistributionChrony& chrony) { use_distribution(chrony); },
+                .stop_for_version = m_parts.stop_for_version}) {}
+
+Administration::~Administration() = default;
+
+ShowAlert Administration::show() {
+    return [this](const Alert& alert, std::function<void(AlertAnswer)> answered) {
+        show_alert(m_parts.window(), alert, std::move(answered));
+    };
+}
+
+void Administration::use_distribution(const DistributionChrony& chrony) {
+    m_parts.general.config = chrony.config;
+    m_parts.general.chronyc = chrony.chronyc;
+    m_parts.general.chronyd = chrony.chronyd;
+    m_parts.general.save(m_parts.settings);
+    m_parts.cycle().rebuild_runner();
+    m_parts.cycle().refresh();
+}
+
+void Administration::ask_for_rights() {
+    m_jobs.obtain_rights([this](bool granted) {
+        if (granted)
+            m_parts.cycle().refresh();
+    });
+}
+
+void Administration::show_problem(PrivilegedProblem problem, const std::string& detail) {
+    if (problem == PrivilegedProblem::not_installed) {
+        //: alert: %1 is a sentence with the reason
+        m_parts.say(Texts::tr("Helper install failed") + QStringLiteral("\n\n") + QString::fromStdString(detail));
+        return;
+    }
+    const Alert alert{.identifier = "PasswordRequired",
+                      //: alert: message
+                      .message = Texts::tr("Authorization cancelled by user").toStdString(),
+                      //: alert: informative text
+                      .informative = Texts::tr("An admin login/password is required").toStdString(),
+                      //: button of an alert
+                      .buttons = {Texts::tr("Dismiss").toStdString()}};
+    (void)show_unless_suppressed(m_parts.warnings, show(), alert, [](std::size_t) {});
+}
+
+void Administration::install_or_remove_wake(std::function<void(std::string sentence)> done) {
+    m_jobs.run({AdminJob::wake_tool}, [done = std::move(done)](const JobResult& result) { done(result.sentence); });
+}
+
+void Administration::run_chronywake(std::function<void(std::string reply)> done) {
+    m_jobs.run({AdminJob::run_wake}, [done = std::move(done)](const JobResult& result) {
+        done(result.sentence.empty() ? result.output : result.sentence);
+    });
+}
+
+void Administration::install_configuration(std::string text, std::function<void(const JobResult& result)> done) {
+    m_jobs.run({.job = AdminJob::install_config, .configuration = std::move(text)},
+               [this, done = std::move(done)](const JobResult& result) {
+                   done(result);
+                   m_parts.cycle().refresh();
+               });
+}
+
+void explain_missing_administration(const ApplicationMenus& menus) {
+    //: tooltip of a menu item that cannot be used in demonstration mode
+    const QString words = Texts::tr("Not in a demonstration: it leaves your system as it is");
+    for (const char* name : job_actions)
+        menus.actions.at(name)->setToolTip(words);
+    for (const char* name : {"synchServer", "stepTime"})
+        menus.actions.at(name)->setToolTip(words);
+}
+
+} // namespace tickervantage

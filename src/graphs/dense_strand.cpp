@@ -1,0 +1,73 @@
+#include "graphs/dense_strand.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace tickervantage {
+
+namespace {
+
+constexpr double NOWHERE = std::numeric_limits<double>::infinity();
+
+ColumnSpan empty_span(std::int64_t column) {
+    return {column, NOWHERE, -NOWHERE};
+}
+
+void widen(ColumnSpan& span, double y) { // an absent value compares false
+    span.low = y < span.low ? y : span.low;
+    span.high = y > span.high ? y : span.high;
+}
+
+void add(std::vector<ColumnSpan>& spans, const ColumnSpan& span) {
+    if (span.low <= span.high)
+        spans.push_back(span);
+}
+
+// Follows a line to the next cell, through the boundaries of the columns on its way.
+void follow(ColumnSpan& span, const Cell& cell, double from, double to, std::vector<ColumnSpan>& spans) {
+    const double rise = to - from;
+    double share = cell.entry;
+    while (span.column < cell.column) {
+        const double y = from + rise * std::clamp(share, 0.0, 1.0);
+        widen(span, y);
+        add(spans, span);
+        span = {span.column + 1, y, y};
+        share += cell.entry_step;
+    }
+}
+
+} // namespace
+
+DenseStrand::DenseStrand(const TrackingRecords& records, const Strand& strand, TrackingRecords::AllValues& values)
+    : m_strand(strand), m_values(values), m_first(values.front().size()),
+      m_count(strand.cells.back().records.end - strand.cells.front().records.first) {
+    records.read(strand.cells.front().records.first, strand.cells.back().records.end, values);
+}
+
+void DenseStrand::add_spans(Series series, const ValueScale& scale, double zero_line, std::vector<ColumnSpan>& spans) {
+    const auto offsets = std::span(m_values[static_cast<std::size_t>(series)]).subspan(m_first, m_count);
+    scale.to_offsets(offsets);
+    const double* at = offsets.data();
+    double last = std::numeric_limits<double>::quiet_NaN(); // of the cell before
+    ColumnSpan span = empty_span(m_strand.cells.front().column);
+    const std::size_t first_span = spans.size();
+    for (const Cell& cell : m_strand.cells) {
+        if (std::isnan(last) || std::isnan(*at)) {
+            add(spans, span);
+            span = empty_span(cell.column);
+        } else {
+            follow(span, cell, last, *at, spans);
+        }
+        for (const double* const end = at + (cell.records.end - cell.records.first); at != end; ++at)
+            widen(span, *at);
+        last = at[-1];
+    }
+    add(spans, span);
+    for (std::size_t i = first_span; i < spans.size(); ++i) {
+        spans[i].low += zero_line;
+        spans[i].high += zero_line;
+    }
+}
+
+} // namespace tickervantage

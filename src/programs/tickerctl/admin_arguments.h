@@ -1,0 +1,29 @@
+// What the command line says of `tickerctl admin`.
+#pragma once
+
+#include "privileged/job_catalogue.h"
+
+#include <optional>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace tickervantage {
+
+struct AdminArguments {
+    AdminJob job = AdminJob::install;
+    std::string file;   // of install-config
+    std::string server; // of sync
+    std::optional<int> timeout_seconds;
+    bool no_restart = false;
+    double offset_seconds = 0; // of step
+    bool dry_run = false;
+    ServiceForm form = native_service_form;
+};
+
+// Adds a command for each job below `admin`. Both arguments outlive the reading of the command line.
+void add_admin_jobs(CLI::App& admin, AdminArguments& arguments, bool& json);
+
+} // namespace tickervantage

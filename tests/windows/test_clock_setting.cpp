@@ -1,0 +1,120 @@
+#include "config/settings_catalogue.h"
+#include "privileged/step_time_window.h"
+#include "privileged/synchronize_window.h"
+#include "support/memory_stores.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSpinBox>
+
+#include <cmath>
+
+namespace tickervantage {
+namespace {
+
+struct SynchronizeTest : ::testing::Test {
+    testing::MemorySettingsStore store;
+    DefaultSettings settings{store};
+    Synchronisation asked;
+    std::function<void(const SynchronizeOutcome&)> done;
+    QPointer<Synchronize> window;
+
+    void SetUp() override {
+        window = new Synchronize({.settings = settings,
+                                  .synchronise =
+                                      [this](const Synchronisation& what, auto finished) {
+                                          asked = what;
+                                          done = finished;
+                                      }},
+                                 nullptr);
+        window->windowDidLoad();
+        window->show();
+    }
+    void TearDown() override { delete window; }
+
+    template <typename Widget>
+    Widget* find(const char* name) {
+        auto* widget = window->findChild<Widget*>(QLatin1String(name));
+        EXPECT_NE(widget, nullptr) << name;
+        return widget;
+    }
+};
+
+TEST_F(SynchronizeTest, AsksSavesAndShowsWhatWasPrinted) {
+    auto* timeout = find<QSpinBox>("m_timeout");
+    EXPECT_EQ(timeout->value(), 30);
+    EXPECT_TRUE(find<QCheckBox>("m_restart_chronyd")->isChecked());
+    for (const auto& [tried, taken] : {std::pair{0, 1}, {121, 120}}) {
+        timeout->setValue(tried);
+        EXPECT_EQ(timeout->value(), taken);
+    }
+    find<QLineEdit>("m_server")->setText(QStringLiteral(" ntp.example port 1123 "));
+    find<QCheckBox>("m_restart_chronyd")->setChecked(false);
+    find<QPushButton>("m_sync")->click();
+    EXPECT_EQ(asked.server, "ntp.example port 1123");
+    EXPECT_EQ(asked.timeout_seconds, 120);
+    EXPECT_FALSE(asked.restart_chronyd || load(settings, settings::sync_restart_chronyd));
+    EXPECT_EQ(load(settings, settings::sync_ntp_server), "ntp.example port 1123");
+    EXPECT_TRUE(find<QProgressBar>("m_busy")->isVisible() && find<QLabel>("m_busy_msg")->isVisible());
+    EXPECT_FALSE(find<QPushButton>("m_sync")->isEnabled() || find<QCheckBox>("m_restart_chronyd")->isEnabled());
+    done({.output = "System clock wrong by 0.1 s\n", .sentence = {}, .done = true});
+    EXPECT_TRUE(find<QPlainTextEdit>("m_output")->toPlainText().contains(QStringLiteral("wrong by")));
+    EXPECT_TRUE(find<QPushButton>("m_sync")->isEnabled());
+    EXPECT_FALSE(find<QProgressBar>("m_busy")->isVisible() || find<QLabel>("m_busy_msg")->isVisible());
+}
+
+TEST_F(SynchronizeTest, ARefusalIsSaidAndAnAnswerMayComeTooLate) {
+    find<QPushButton>("m_sync")->click();
+    done({});
+    EXPECT_EQ(find<QLabel>("words")->text(), QStringLiteral("Nothing was done."));
+    find<QPushButton>("m_sync")->click();
+    delete window;
+    done({});
+}
+
+TEST_F(SynchronizeTest, WhatIsNoServerIsNotAskedFor) {
+    for (const char* text : {"", "  ", "a'b", "a\"b", "$(reboot)", "a;b", "a\\"}) {
+        find<QLineEdit>("m_server")->setText(QLatin1String(text));
+        EXPECT_FALSE(find<QPushButton>("m_sync")->isEnabled()) << text;
+    }
+}
+
+TEST(StepTime, SaysInWordsWhatWillHappenAndSendsIt) {
+    struct Case {
+        const char* text;
+        const char* words;
+        double sent; // not-a-number: nothing
+    };
+    const Case cases[]{{"-1.5", "The clock will go back 1.5 s.", -1.5},
+                       {"\u22121.5", "The clock will go back 1.5 s.", -1.5},
+                       {"93784", "The clock will go forward 1 d 2 h 3 min 4 s.", 93784},
+                       {"0.1234567", "The clock will go forward 0.123457 s.", 0.123457},
+                       {"0", "The clock stays as it is.", NAN},
+                       {"-0.0", "The clock stays as it is.", NAN},
+                       {"1e99", "This is no number of seconds.", NAN},
+                       {"inf", "This is no number of seconds.", NAN},
+                       {"soon", "This is no number of seconds.", NAN}};
+    for (const auto& c : cases) {
+        double sent = NAN;
+        const QPointer<StepTime> window = new StepTime([&](double offset) { sent = offset; }, nullptr);
+        window->show();
+        auto* field = window->findChild<QLineEdit*>(QStringLiteral("m_offset"));
+        EXPECT_EQ(field->text().toDouble(), 0);
+        field->setText(QString::fromUtf8(c.text));
+        Q_EMIT field->textEdited(field->text());
+        EXPECT_EQ(window->findChild<QLabel*>(QStringLiteral("step_words"))->text(), QLatin1String(c.words));
+        window->findChild<QPushButton*>(QStringLiteral("step"))->click();
+        EXPECT_TRUE(std::isnan(c.sent) ? std::isnan(sent) : sent == c.sent) << c.text << " sent " << sent;
+        delete window;
+    }
+}
+
+} // namespace
+} // namespace tickervantage
