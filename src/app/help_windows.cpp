@@ -1,0 +1,85 @@
+#include "app/help_windows.h"
+
+#include "app/desktop_links.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QWidget>
+
+#include <array>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+struct PageOfWindow {
+    const char* window; // its object name
+    const char* page;
+};
+
+constexpr std::array<PageOfWindow, 8> pages{{{"TrackingWindow", "windows#tracking-graph"},
+                                             {"SpectrumWindow", "windows#spectrum"},
+                                             {"FreqTempWindow", "windows#frequency-and-temperature"},
+                                             {"SensorInspector", "windows#sensor-inspector"},
+                                             {"ServersWindow", "windows#servers"},
+                                             {"ConfigEditor", "windows#configuration-editor"},
+                                             {"Preferences", "windows#preferences"},
+                                             {"HelpViewer", "windows#help"}}};
+
+constexpr const char* first_page = "first-use";
+
+QString page_of(const QObject& window) {
+    for (const auto& entry : pages)
+        if (window.objectName() == QLatin1String(entry.window))
+            return QLatin1String(entry.page);
+    return QLatin1String(first_page);
+}
+
+} // namespace
+
+HelpWindows::HelpWindows(HelpWindowsParts parts) : m_parts(std::move(parts)) {
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+HelpWindows::~HelpWindows() = default;
+
+void HelpWindows::show(const QString& page) {
+    if (!m_viewer)
+        m_viewer = std::make_unique<HelpViewer>(HelpViewerParts{.pages = std::make_shared<HelpPages>(m_parts.sources),
+                                                                .queue = m_parts.queue,
+                                                                .main_thread = m_parts.main_thread,
+                                                                .open_address = [](const QString& address) {
+                                                                    (void)open_page(address); // silent by design
+                                                                }});
+    m_viewer->open_page(page);
+    m_viewer->show();
+    m_viewer->raise();
+    m_viewer->activateWindow();
+}
+
+void HelpWindows::add_handlers(MenuHandlers& handlers) {
+    constexpr std::array<std::pair<const char*, const char*>, 7> items{{{"helpFirstUse", first_page},
+                                                                        {"helpWindows", "windows"},
+                                                                        {"helpChronyConf", "chrony.conf"},
+                                                                        {"helpChronyc", "chronyc"},
+                                                                        {"helpChronyd", "chronyd"},
+                                                                        {"helpChronywake", "chronywake"},
+                                                                        {"helpFAQ", "faq"}}};
+    for (const auto& [name, page] : items)
+        handlers[name] = [this, page = QString(QLatin1String(page))] {
+            show(page);
+        };
+}
+
+bool HelpWindows::eventFilter(QObject* receiver, QEvent* event) {
+    // What no control wanted arrives at the window at last.
+    if (event->type() != QEvent::KeyPress || !receiver->isWidgetType() || !static_cast<QWidget*>(receiver)->isWindow())
+        return QObject::eventFilter(receiver, event);
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier || QApplication::activeModalWidget() != nullptr)
+        return QObject::eventFilter(receiver, event);
+    show(page_of(*receiver));
+    return true;
+}
+
+} // namespace tickervantage
