@@ -1,0 +1,3839 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en_GB">
+<context>
+    <name>about</name>
+    <message>
+        <source>About Tickervantage</source>
+        <extracomment>About box: title</extracomment>
+        <translation>Über Tickervantage</translation>
+    </message>
+    <message>
+        <source>Installs, configures, controls and monitors chrony, the NTP software, on this workstation.
+
+Copyright © 2026 the Tickervantage developers. Free software under the MIT licence, without warranty.
+
+chrony is a separate program under the GNU General Public License, version 2.</source>
+        <extracomment>About box: what the program is, and its licence</extracomment>
+        <translation>Installiert, konfiguriert, steuert und überwacht chrony, die NTP-Software, auf diesem Rechner.
+
+Copyright © 2026 die Entwickler von Tickervantage. Freie Software unter der MIT-Lizenz, ohne Gewährleistung.
+
+chrony ist ein eigenes Programm unter der GNU General Public License, Version 2.</translation>
+    </message>
+</context>
+<context>
+    <name>administration</name>
+    <message>
+        <source>Helper install failed</source>
+        <extracomment>alert: %1 is a sentence with the reason</extracomment>
+        <translation>Installation des Root-Helfers fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Authorization cancelled by user</source>
+        <extracomment>alert: message</extracomment>
+        <translation>Autorisierung vom Benutzer abgebrochen</translation>
+    </message>
+    <message>
+        <source>An admin login/password is required</source>
+        <extracomment>alert: informative text</extracomment>
+        <translation>Anmeldename und Passwort eines Administrators sind erforderlich</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <extracomment>button of an alert</extracomment>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Not in a demonstration: it leaves your system as it is</source>
+        <extracomment>tooltip of a menu item that cannot be used in demonstration mode</extracomment>
+        <translation>Nicht in einer Vorführung: Sie lässt Ihr System, wie es ist</translation>
+    </message>
+    <message>
+        <source></source>
+        <comment>main window: jobs that need administrator rights, and what is told of them while and after they run.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>Installing chrony software</source>
+        <translation>chrony wird installiert</translation>
+    </message>
+    <message>
+        <source>Removing chrony software</source>
+        <translation>chrony wird entfernt</translation>
+    </message>
+    <message>
+        <source>Starting chronyd daemon</source>
+        <translation>chronyd wird gestartet</translation>
+    </message>
+    <message>
+        <source>Stopping chronyd daemon</source>
+        <translation>chronyd wird angehalten</translation>
+    </message>
+    <message>
+        <source>Installing chronywake</source>
+        <translation>chronywake wird installiert</translation>
+    </message>
+    <message>
+        <source>Removing chronywake</source>
+        <translation>chronywake wird entfernt</translation>
+    </message>
+    <message>
+        <source>Running chronywake</source>
+        <translation>chronywake wird ausgeführt</translation>
+    </message>
+    <message>
+        <source>Installing the configuration</source>
+        <translation>Die Konfiguration wird installiert</translation>
+    </message>
+    <message>
+        <source>Rotating chrony&apos;s logs</source>
+        <translation>Die Protokolle von chrony werden rotiert</translation>
+    </message>
+    <message>
+        <source>Synchronising the clock</source>
+        <translation>Die Uhr wird synchronisiert</translation>
+    </message>
+    <message>
+        <source>%1…</source>
+        <extracomment>main window, status line: %1 is a job that needs administrator rights and is under way</extracomment>
+        <translation>%1 …</translation>
+    </message>
+    <message>
+        <source>chronywake answered: %1</source>
+        <extracomment>alert after a run of chronywake: %1 is what it answered</extracomment>
+        <translation>chronywake hat geantwortet: %1</translation>
+    </message>
+    <message>
+        <source>Removed are these programs, with the services that run them and rotate their logs:
+%1
+
+The configuration %2 and the logs stay.
+
+Nothing keeps the clock right afterwards, until chrony is installed again or another time service takes over.</source>
+        <extracomment>question before chrony is removed: %1 are paths, one a line; %2 is the path of the configuration</extracomment>
+        <translation>Entfernt werden diese Programme samt den Diensten, die sie ausführen und ihre Protokolle rotieren:
+%1
+
+Die Konfiguration %2 und die Protokolle bleiben.
+
+Danach stellt nichts mehr die Uhr nach, bis chrony wieder installiert wird oder ein anderer Zeitdienst übernimmt.</translation>
+    </message>
+    <message>
+        <source>Remove chrony from this computer?</source>
+        <extracomment>question before chrony is removed</extracomment>
+        <translation>chrony von diesem Rechner entfernen?</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <extracomment>buttons of that question</extracomment>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>alerts</name>
+    <message>
+        <source>Do not show this again</source>
+        <extracomment>check box of an alert</extracomment>
+        <translation>Nicht wieder anzeigen</translation>
+    </message>
+</context>
+<context>
+    <name>application</name>
+    <message>
+        <source>Meridianox could not be started.</source>
+        <extracomment>alert: the sibling application could not be started</extracomment>
+        <translation>Meridianox konnte nicht gestartet werden.</translation>
+    </message>
+    <message>
+        <source>Open Tracking Log</source>
+        <extracomment>title of the dialog that opens a tracking log</extracomment>
+        <translation>Tracking-Protokoll öffnen</translation>
+    </message>
+    <message>
+        <source>The log cannot be shown here. It lies in %1.</source>
+        <extracomment>alert: %1 is a folder</extracomment>
+        <translation>Das Protokoll kann hier nicht angezeigt werden. Es liegt in %1.</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be shown here.</source>
+        <extracomment>alert: %1 is a folder</extracomment>
+        <translation>Der Ordner %1 kann hier nicht angezeigt werden.</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <extracomment>button of an alert</extracomment>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <extracomment>button of the alert that ends the program</extracomment>
+        <translation>Beenden</translation>
+    </message>
+</context>
+<context>
+    <name>commands</name>
+    <message>
+        <source></source>
+        <comment>main window: what a report of chronyc shows, a tooltip in the menu of reports.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>How the system clock is doing</source>
+        <translation>Wie es der Systemuhr geht</translation>
+    </message>
+    <message>
+        <source>The time sources</source>
+        <translation>Die Zeitquellen</translation>
+    </message>
+    <message>
+        <source>The time sources, with the columns explained</source>
+        <translation>Die Zeitquellen, mit Erklärung der Spalten</translation>
+    </message>
+    <message>
+        <source>Drift rate and offset of each source</source>
+        <translation>Drift und Abweichung jeder Quelle</translation>
+    </message>
+    <message>
+        <source>Drift rate and offset of each source, with the columns explained</source>
+        <translation>Drift und Abweichung jeder Quelle, mit Erklärung der Spalten</translation>
+    </message>
+    <message>
+        <source>How many sources are online and offline</source>
+        <translation>Wie viele Quellen erreichbar und nicht erreichbar sind</translation>
+    </message>
+    <message>
+        <source>Authentication of the sources (needs administrator rights)</source>
+        <translation>Authentifizierung der Quellen (braucht Administratorrechte)</translation>
+    </message>
+    <message>
+        <source>The last valid measurement of each NTP source (needs administrator rights)</source>
+        <translation>Die letzte gültige Messung jeder NTP-Quelle (braucht Administratorrechte)</translation>
+    </message>
+    <message>
+        <source>How the sources were selected (needs administrator rights)</source>
+        <translation>Wie die Quellen ausgewählt wurden (braucht Administratorrechte)</translation>
+    </message>
+    <message>
+        <source>Clients that asked this machine for the time (needs administrator rights)</source>
+        <translation>Clients, die diesen Rechner nach der Zeit gefragt haben (braucht Administratorrechte)</translation>
+    </message>
+    <message>
+        <source>Counts of the requests this machine answered or dropped</source>
+        <translation>Wie viele Anfragen dieser Rechner beantwortet oder verworfen hat</translation>
+    </message>
+    <message>
+        <source>The real-time clock</source>
+        <translation>Die Echtzeituhr</translation>
+    </message>
+    <message>
+        <source>Smoothing of the time served to clients</source>
+        <translation>Glättung der Zeit, die Clients erhalten</translation>
+    </message>
+    <message>
+        <source>Times that were entered by hand</source>
+        <translation>Von Hand eingegebene Zeiten</translation>
+    </message>
+    <message>
+        <source>Versions of chronyd, chronyc and their libraries</source>
+        <translation>Versionen von chronyd, chronyc und ihren Bibliotheken</translation>
+    </message>
+</context>
+<context>
+    <name>configeditor</name>
+    <message>
+        <source>Not checked</source>
+        <extracomment>configuration editor: state of the text</extracomment>
+        <translation>Nicht geprüft</translation>
+    </message>
+    <message>
+        <source>Syntax OK</source>
+        <extracomment>configuration editor: state of the text</extracomment>
+        <translation>Syntax in Ordnung</translation>
+    </message>
+    <message>
+        <source>Syntax error</source>
+        <extracomment>configuration editor: state of the text</extracomment>
+        <translation>Syntaxfehler</translation>
+    </message>
+    <message>
+        <source>Directives</source>
+        <extracomment>configuration editor: name of the list of directives</extracomment>
+        <translation>Direktiven</translation>
+    </message>
+    <message>
+        <source>&amp;Check</source>
+        <extracomment>configuration editor: button, checks the text</extracomment>
+        <translation>&amp;Prüfen</translation>
+    </message>
+    <message>
+        <source>Let chronyd check the syntax (Ctrl+Return)</source>
+        <extracomment>configuration editor: tooltip</extracomment>
+        <translation>chronyd die Syntax prüfen lassen (Strg+Eingabe)</translation>
+    </message>
+    <message>
+        <source>&amp;Install…</source>
+        <extracomment>configuration editor: button, installs the text</extracomment>
+        <translation>&amp;Installieren …</translation>
+    </message>
+    <message>
+        <source>Make this the live configuration; it must have passed a check</source>
+        <extracomment>configuration editor: tooltip</extracomment>
+        <translation>Zur gültigen Konfiguration machen; der Text muss geprüft und in Ordnung sein</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <extracomment>configuration editor: button, opens chrony&apos;s page</extracomment>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>What the directives mean, on chrony&apos;s own page</source>
+        <extracomment>configuration editor: tooltip</extracomment>
+        <translation>Was die Direktiven bedeuten, auf der Handbuchseite von chrony</translation>
+    </message>
+    <message>
+        <source>State of the check</source>
+        <extracomment>configuration editor: name of the words beside the Check button</extracomment>
+        <translation>Ergebnis der Prüfung</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <extracomment>configuration editor: name of the line that says what went on last</extracomment>
+        <translation>Meldung</translation>
+    </message>
+    <message>
+        <source>Warnings</source>
+        <extracomment>configuration editor: name of the list of warnings</extracomment>
+        <translation>Warnungen</translation>
+    </message>
+    <message>
+        <source>What a syntax check does not see; choose one to see its line</source>
+        <extracomment>configuration editor: tooltip of that list</extracomment>
+        <translation>Was eine Syntaxprüfung nicht sieht; eine Warnung auswählen, um ihre Zeile zu sehen</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <extracomment>find bar: the field with the words looked for</extracomment>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Replace with</source>
+        <extracomment>find bar: the field with the words put in their place</extracomment>
+        <translation>Ersetzen durch</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <extracomment>find bar: button and tooltip</extracomment>
+        <translation>&amp;Weiter</translation>
+    </message>
+    <message>
+        <source>Find the next place (Return, F3)</source>
+        <extracomment>find bar: tooltip</extracomment>
+        <translation>Nächste Fundstelle suchen (Eingabe, F3)</translation>
+    </message>
+    <message>
+        <source>Pre&amp;vious</source>
+        <extracomment>find bar: button and tooltip</extracomment>
+        <translation>&amp;Zurück</translation>
+    </message>
+    <message>
+        <source>Find the place before (Shift+F3)</source>
+        <extracomment>find bar: tooltip</extracomment>
+        <translation>Vorige Fundstelle suchen (Umschalt+F3)</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <extracomment>find bar: button and tooltip</extracomment>
+        <translation>&amp;Ersetzen</translation>
+    </message>
+    <message>
+        <source>Replace this place and find the next</source>
+        <extracomment>find bar: tooltip</extracomment>
+        <translation>Diese Fundstelle ersetzen und die nächste suchen</translation>
+    </message>
+    <message>
+        <source>Replace &amp;All</source>
+        <extracomment>find bar: button and tooltip</extracomment>
+        <translation>A&amp;lle ersetzen</translation>
+    </message>
+    <message>
+        <source>Replace every place</source>
+        <extracomment>find bar: tooltip</extracomment>
+        <translation>Alle Fundstellen ersetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Done</source>
+        <extracomment>find bar: button and tooltip</extracomment>
+        <translation>&amp;Fertig</translation>
+    </message>
+    <message>
+        <source>Close the find bar (Escape)</source>
+        <extracomment>find bar: tooltip</extracomment>
+        <translation>Suchleiste schließen (Esc)</translation>
+    </message>
+    <message>
+        <source>&amp;Match case</source>
+        <extracomment>find bar: check box</extracomment>
+        <translation>&amp;Groß-/Kleinschreibung beachten</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <extracomment>find bar: said when the words are nowhere in the text, and when the search began again at the other end
+----------
+find bar: said after Replace All; %1 is a number</extracomment>
+        <translation>Nicht gefunden</translation>
+    </message>
+    <message>
+        <source>From the other end</source>
+        <extracomment>find bar: said when the search began again at the other end of the text</extracomment>
+        <translation>Vom anderen Ende her</translation>
+    </message>
+    <message>
+        <source>%1 replaced</source>
+        <extracomment>find bar: said after Replace All; %1 is the number of places</extracomment>
+        <translation>%1 ersetzt</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <extracomment>button of a sheet</extracomment>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>The daemon may still have trouble with it:</source>
+        <extracomment>syntax sheet: above the warnings</extracomment>
+        <translation>Der Daemon kann dennoch Schwierigkeiten damit haben:</translation>
+    </message>
+    <message>
+        <source>and %1 more, listed in the window.</source>
+        <extracomment>syntax sheet: below the first warnings; %1 is a number</extracomment>
+        <translation>und %1 weitere, die im Fenster stehen.</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <extracomment>warning of the configuration editor: %1 a line number, %2 a sentence</extracomment>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>Chrony configuration file syntax OK</source>
+        <extracomment>syntax sheet: message</extracomment>
+        <translation>Syntax der chrony-Konfiguration in Ordnung</translation>
+    </message>
+    <message>
+        <source>Config file syntax is OK and is suitable for installation</source>
+        <extracomment>syntax sheet: informative text</extracomment>
+        <translation>Die Syntax der Konfigurationsdatei ist in Ordnung; sie kann installiert werden</translation>
+    </message>
+    <message>
+        <source>The line is one of the file %1.</source>
+        <extracomment>syntax sheet: the error lies in another file; %1 its path</extracomment>
+        <translation>Die Zeile steht in der Datei %1.</translation>
+    </message>
+    <message>
+        <source>Chrony configuration file syntax error</source>
+        <extracomment>syntax sheet: message</extracomment>
+        <translation>Syntaxfehler in der chrony-Konfiguration</translation>
+    </message>
+    <message>
+        <source>Chrony configuration file could not be checked</source>
+        <extracomment>syntax sheet: message, when chronyd found no error in a line but refuses the file</extracomment>
+        <translation>Die chrony-Konfiguration konnte nicht geprüft werden</translation>
+    </message>
+    <message>
+        <source>Configuration file %1 will be overwritten and chronyd will be restarted
+
+This cannot be undone
+OK to proceed or Cancel to abort the installation
+</source>
+        <extracomment>Install config warning; %1 is a path</extracomment>
+        <translation>Die Konfigurationsdatei %1 wird überschrieben und chronyd neu gestartet.
+
+Das kann nicht rückgängig gemacht werden.
+OK fährt fort, Abbrechen bricht die Installation ab.
+</translation>
+    </message>
+    <message>
+        <source>Installing new Chrony configuration</source>
+        <extracomment>install sheet: message</extracomment>
+        <translation>Neue chrony-Konfiguration installieren</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <extracomment>install sheet: button</extracomment>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <extracomment>install sheet: button
+----------
+unsaved changes: button</extracomment>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Save the changes to “%1”?</source>
+        <extracomment>unsaved changes: %1 is the document&apos;s name</extracomment>
+        <translation>Änderungen an „%1“ speichern?</translation>
+    </message>
+    <message>
+        <source>They are lost if you do not save them.</source>
+        <extracomment>unsaved changes</extracomment>
+        <translation>Sie gehen verloren, wenn Sie sie nicht speichern.</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <extracomment>unsaved changes: button</extracomment>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Don&apos;t Save</source>
+        <extracomment>unsaved changes: button</extracomment>
+        <translation>&amp;Nicht speichern</translation>
+    </message>
+    <message>
+        <source>The file was changed by another program</source>
+        <extracomment>file changed on the disk: message</extracomment>
+        <translation>Die Datei wurde von einem anderen Programm geändert</translation>
+    </message>
+    <message>
+        <source>%1 is no longer as it was when it was opened. Overwriting it loses the other changes, reloading it loses yours.</source>
+        <extracomment>file changed on the disk: %1 is a path</extracomment>
+        <translation>%1 ist nicht mehr so wie beim Öffnen. Beim Überschreiben gehen die anderen Änderungen verloren, beim Neuladen Ihre eigenen.</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <extracomment>file changed on the disk: buttons</extracomment>
+        <translation>Speichern &amp;unter …</translation>
+    </message>
+    <message>
+        <source>&amp;Overwrite</source>
+        <extracomment>file changed on the disk: button, the text replaces the file</extracomment>
+        <translation>Ü&amp;berschreiben</translation>
+    </message>
+    <message>
+        <source>&amp;Reload</source>
+        <extracomment>file changed on the disk: button, the file replaces the text</extracomment>
+        <translation>Neu &amp;laden</translation>
+    </message>
+    <message>
+        <source>Line numbers</source>
+        <extracomment>configuration editor: name of the column beside the text</extracomment>
+        <translation>Zeilennummern</translation>
+    </message>
+    <message>
+        <source>Configuration text</source>
+        <extracomment>configuration editor: name of the text</extracomment>
+        <translation>Text der Konfiguration</translation>
+    </message>
+</context>
+<context>
+    <name>configmenus</name>
+    <message>
+        <source></source>
+        <comment>configuration editor: menus and their items. The letter after an ampersand is the one that chooses the item together with Alt.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen …</translation>
+    </message>
+    <message>
+        <source>Open &amp;Installed Configuration</source>
+        <translation>&amp;Installierte Konfiguration öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter …</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>A&amp;usschneiden</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>E&amp;infügen</translation>
+    </message>
+    <message>
+        <source>Select &amp;All</source>
+        <translation>Alles &amp;auswählen</translation>
+    </message>
+    <message>
+        <source>&amp;Find and Replace…</source>
+        <translation>&amp;Suchen und ersetzen …</translation>
+    </message>
+    <message>
+        <source>Find &amp;Next</source>
+        <translation>&amp;Nächste Fundstelle</translation>
+    </message>
+    <message>
+        <source>Find Pre&amp;vious</source>
+        <translation>&amp;Vorige Fundstelle</translation>
+    </message>
+    <message>
+        <source>Complete &amp;Directive</source>
+        <translation>&amp;Direktive vervollständigen</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>Ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>&amp;Normal Size</source>
+        <translation>&amp;Normale Größe</translation>
+    </message>
+    <message>
+        <source>&amp;Check Syntax</source>
+        <translation>Syntax &amp;prüfen</translation>
+    </message>
+    <message>
+        <source>&amp;Install…</source>
+        <translation>&amp;Installieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Help on Directives</source>
+        <translation>&amp;Hilfe zu Direktiven</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <extracomment>configuration editor: titles of the menus</extracomment>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Chrony</source>
+        <translation>&amp;Chrony</translation>
+    </message>
+</context>
+<context>
+    <name>configwindows</name>
+    <message>
+        <source>Untitled %1</source>
+        <extracomment>title of a new configuration; %1 is a number</extracomment>
+        <translation>Unbenannt %1</translation>
+    </message>
+    <message>
+        <source>Open Configuration</source>
+        <extracomment>title of the dialog that opens a configuration</extracomment>
+        <translation>Konfiguration öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>demonstration</name>
+    <message>
+        <source>Demonstration: you see a chronyd that this program started for itself, on this machine alone. It follows a second one and leaves your clock as it is.</source>
+        <extracomment>banner of demonstration mode</extracomment>
+        <translation>Vorführung: Sie sehen einen chronyd, den dieses Programm nur für sich und nur auf diesem Rechner gestartet hat. Er folgt einem zweiten und lässt Ihre Uhr, wie sie ist.</translation>
+    </message>
+</context>
+<context>
+    <name>directives</name>
+    <message>
+        <source></source>
+        <comment>configuration editor: what a directive of chrony.conf does, beside its name in the list of directives.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>UDP port that requests to servers are sent from</source>
+        <translation>UDP-Port, von dem Anfragen an Server ausgehen</translation>
+    </message>
+    <message>
+        <source>Clients that may ask this machine for the time</source>
+        <translation>Clients, die diesen Rechner nach der Zeit fragen dürfen</translation>
+    </message>
+    <message>
+        <source>How much sources without authentication count</source>
+        <translation>Wie viel Quellen ohne Authentifizierung gelten</translation>
+    </message>
+    <message>
+        <source>Local address that requests to servers leave by</source>
+        <translation>Lokale Adresse, von der Anfragen an Server ausgehen</translation>
+    </message>
+    <message>
+        <source>Network interface that requests to servers leave by</source>
+        <translation>Netzwerkschnittstelle, von der Anfragen an Server ausgehen</translation>
+    </message>
+    <message>
+        <source>Local address on which clients are served</source>
+        <translation>Lokale Adresse, unter der Clients bedient werden</translation>
+    </message>
+    <message>
+        <source>Local address or socket on which chronyc is answered</source>
+        <translation>Lokale Adresse oder Socket, wo chronyc Antwort erhält</translation>
+    </message>
+    <message>
+        <source>Network interface on which chronyc is answered</source>
+        <translation>Netzwerkschnittstelle, auf der chronyc Antwort erhält</translation>
+    </message>
+    <message>
+        <source>Network interface on which clients are served</source>
+        <translation>Netzwerkschnittstelle, auf der Clients bedient werden</translation>
+    </message>
+    <message>
+        <source>Sends the time to a broadcast address every so many seconds</source>
+        <translation>Sendet die Zeit in festem Abstand (Sekunden) an eine Broadcast-Adresse</translation>
+    </message>
+    <message>
+        <source>Most memory kept for remembering clients</source>
+        <translation>Höchster Speicherbedarf für die Liste der Clients</translation>
+    </message>
+    <message>
+        <source>Precision of the system clock, where the measured one is wrong</source>
+        <translation>Genauigkeit der Systemuhr, falls die gemessene falsch ist</translation>
+    </message>
+    <message>
+        <source>Other machines from which chronyc may monitor this daemon</source>
+        <translation>Andere Rechner, von denen chronyc diesen Daemon überwachen darf</translation>
+    </message>
+    <message>
+        <source>Machines from which chronyc may not monitor this daemon</source>
+        <translation>Rechner, von denen chronyc diesen Daemon nicht überwachen darf</translation>
+    </message>
+    <message>
+        <source>UDP port on which chronyc is answered; 0 for none</source>
+        <translation>UDP-Port, auf dem chronyc Antwort erhält; 0 für keinen</translation>
+    </message>
+    <message>
+        <source>Limits how often chronyc is answered over the network</source>
+        <translation>Begrenzt, wie oft chronyc über das Netz Antwort erhält</translation>
+    </message>
+    <message>
+        <source>How much worse than the best a source may be and still be combined with it</source>
+        <translation>Wie viel schlechter als die beste eine Quelle sein darf, um noch mitzuzählen</translation>
+    </message>
+    <message>
+        <source>No longer supported</source>
+        <translation>Wird nicht mehr unterstützt</translation>
+    </message>
+    <message>
+        <source>Reads every *.conf file of these folders as part of the configuration</source>
+        <translation>Liest alle Dateien *.conf dieser Ordner als Teil der Konfiguration</translation>
+    </message>
+    <message>
+        <source>How slowly an offset is corrected, against the update interval</source>
+        <translation>Wie langsam eine Abweichung korrigiert wird, bezogen auf den Aktualisierungsabstand</translation>
+    </message>
+    <message>
+        <source>Clients that may not ask this machine for the time</source>
+        <translation>Clients, die diesen Rechner nicht nach der Zeit fragen dürfen</translation>
+    </message>
+    <message>
+        <source>Remembers the clock&apos;s rate of gain or loss between runs</source>
+        <translation>Merkt sich die Drift der Uhr von einem Lauf zum nächsten</translation>
+    </message>
+    <message>
+        <source>Marks the packets sent for the network&apos;s quality of service</source>
+        <translation>Kennzeichnet die Pakete für die Dienstgüte des Netzes</translation>
+    </message>
+    <message>
+        <source>Where the measurements of the sources are kept between runs</source>
+        <translation>Wo die Messungen der Quellen zwischen zwei Läufen liegen</translation>
+    </message>
+    <message>
+        <source>No longer needed: a dumpdir is enough</source>
+        <translation>Nicht mehr nötig: dumpdir genügt</translation>
+    </message>
+    <message>
+        <source>Rates over long stretches, fallen back on when no source answers</source>
+        <translation>Drift über lange Zeiträume, auf die ohne Quelle zurückgegriffen wird</translation>
+    </message>
+    <message>
+        <source>Tells whether the real-time clock runs in local time, such as /etc/adjtime</source>
+        <translation>Sagt, ob die Echtzeituhr nach Ortszeit läuft, wie /etc/adjtime</translation>
+    </message>
+    <message>
+        <source>Uses time stamps made by the network card</source>
+        <translation>Verwendet Zeitstempel der Netzwerkkarte</translation>
+    </message>
+    <message>
+        <source>Reads another file, or several, at this place</source>
+        <translation>Liest an dieser Stelle eine oder mehrere andere Dateien</translation>
+    </message>
+    <message>
+        <source>Steps the clock once at start; makestep is the newer way</source>
+        <translation>Stellt die Uhr einmal beim Start; makestep ist der neuere Weg</translation>
+    </message>
+    <message>
+        <source>Keys for authenticating servers, peers and clients</source>
+        <translation>Schlüssel zur Authentifizierung von Servern, Peers und Clients</translation>
+    </message>
+    <message>
+        <source>How a leap second is put into the clock</source>
+        <translation>Wie eine Schaltsekunde in die Uhr kommt</translation>
+    </message>
+    <message>
+        <source>Time zone that tells of leap seconds, usually right/UTC</source>
+        <translation>Zeitzone, die Schaltsekunden kennt, meist right/UTC</translation>
+    </message>
+    <message>
+        <source>Serves time even when it is not synchronised</source>
+        <translation>Gibt die Zeit auch weiter, wenn der Rechner nicht synchronisiert ist</translation>
+    </message>
+    <message>
+        <source>Keeps the daemon in memory, so that swapping cannot delay it</source>
+        <translation>Hält den Daemon im Arbeitsspeicher, damit Auslagern ihn nicht aufhält</translation>
+    </message>
+    <message>
+        <source>What is logged: measurements, statistics, tracking, rtc, refclocks, tempcomp and others</source>
+        <translation>Was protokolliert wird: measurements, statistics, tracking, rtc, refclocks, tempcomp und andere</translation>
+    </message>
+    <message>
+        <source>Repeats the column headings of the logs every so many entries; 0 for never</source>
+        <translation>Wiederholt die Spaltenköpfe der Protokolle nach so vielen Einträgen; 0 für nie</translation>
+    </message>
+    <message>
+        <source>Reports corrections larger than this to the system log</source>
+        <translation>Meldet Korrekturen, die größer sind, dem Systemprotokoll</translation>
+    </message>
+    <message>
+        <source>Folder of the log files</source>
+        <translation>Ordner der Protokolldateien</translation>
+    </message>
+    <message>
+        <source>Sends mail when a correction is larger than this</source>
+        <translation>Schickt eine E-Mail, wenn eine Korrektur größer ist</translation>
+    </message>
+    <message>
+        <source>Steps the clock when it is off by more than this, in the first updates</source>
+        <translation>Stellt die Uhr bei einer größeren Abweichung, in den ersten Aktualisierungen</translation>
+    </message>
+    <message>
+        <source>Lets chronyc set the time by hand</source>
+        <translation>Lässt chronyc die Zeit von Hand stellen</translation>
+    </message>
+    <message>
+        <source>Gives up when the clock would have to be corrected by more than this</source>
+        <translation>Gibt auf, wenn die Uhr um mehr korrigiert werden müsste</translation>
+    </message>
+    <message>
+        <source>How far the clock&apos;s rate may wander on its own between updates</source>
+        <translation>Wie weit die Uhr zwischen zwei Aktualisierungen von selbst abdriften kann</translation>
+    </message>
+    <message>
+        <source>Sources further away than this are not used</source>
+        <translation>Weiter entfernte Quellen werden nicht verwendet</translation>
+    </message>
+    <message>
+        <source>Largest rate error that the clock is believed to have</source>
+        <translation>Größter Gangfehler, der der Uhr zugetraut wird</translation>
+    </message>
+    <message>
+        <source>Sources that jitter more than this are not used</source>
+        <translation>Stärker schwankende Quellen werden nicht verwendet</translation>
+    </message>
+    <message>
+        <source>Most NTS connections served at once by one process</source>
+        <translation>Höchstzahl von NTS-Verbindungen, die ein Prozess zugleich bedient</translation>
+    </message>
+    <message>
+        <source>Most measurements kept for each source</source>
+        <translation>Höchstzahl der Messungen, die je Quelle behalten werden</translation>
+    </message>
+    <message>
+        <source>Fastest rate at which an offset is corrected</source>
+        <translation>Schnellstes Tempo, mit dem eine Abweichung korrigiert wird</translation>
+    </message>
+    <message>
+        <source>How uncertain an estimate of the rate may be and still be used</source>
+        <translation>Wie unsicher die Schätzung der Drift sein darf, um noch zu gelten</translation>
+    </message>
+    <message>
+        <source>Fewest measurements kept for each source</source>
+        <translation>Mindestzahl der Messungen, die je Quelle behalten werden</translation>
+    </message>
+    <message>
+        <source>Sources that must agree before the clock is corrected</source>
+        <translation>Wie viele Quellen übereinstimmen müssen, bevor die Uhr korrigiert wird</translation>
+    </message>
+    <message>
+        <source>First updates during which the dates of certificates are not checked</source>
+        <translation>Erste Aktualisierungen, bei denen das Datum von Zertifikaten nicht geprüft wird</translation>
+    </message>
+    <message>
+        <source>Does not remember who asked for the time</source>
+        <translation>Merkt sich nicht, wer nach der Zeit gefragt hat</translation>
+    </message>
+    <message>
+        <source>Does not trust the system&apos;s own certificates</source>
+        <translation>Vertraut den Zertifikaten des Systems nicht</translation>
+    </message>
+    <message>
+        <source>Socket of Samba, which signs answers to its clients</source>
+        <translation>Socket von Samba, das Antworten an seine Clients signiert</translation>
+    </message>
+    <message>
+        <source>Older name of ntsdumpdir</source>
+        <translation>Älterer Name von ntsdumpdir</translation>
+    </message>
+    <message>
+        <source>Where NTS keys and cookies are kept between runs</source>
+        <translation>Wo NTS-Schlüssel und -Cookies zwischen zwei Läufen liegen</translation>
+    </message>
+    <message>
+        <source>NTP server that NTS clients are sent to</source>
+        <translation>NTP-Server, an den NTS-Clients verwiesen werden</translation>
+    </message>
+    <message>
+        <source>TCP port on which NTS keys are handed out</source>
+        <translation>TCP-Port, auf dem NTS-Schlüssel ausgegeben werden</translation>
+    </message>
+    <message>
+        <source>Helper processes that hand out NTS keys</source>
+        <translation>Hilfsprozesse, die NTS-Schlüssel ausgeben</translation>
+    </message>
+    <message>
+        <source>Limits how often NTS keys are handed out to one address</source>
+        <translation>Begrenzt, wie oft eine Adresse NTS-Schlüssel erhält</translation>
+    </message>
+    <message>
+        <source>How often keys are asked for anew from NTS servers</source>
+        <translation>Wie oft NTS-Server um neue Schlüssel gebeten werden</translation>
+    </message>
+    <message>
+        <source>How often the key of the server&apos;s own cookies is changed</source>
+        <translation>Wie oft der Schlüssel der eigenen Server-Cookies wechselt</translation>
+    </message>
+    <message>
+        <source>Certificate of this NTS server</source>
+        <translation>Zertifikat dieses NTS-Servers</translation>
+    </message>
+    <message>
+        <source>Private key of this NTS server</source>
+        <translation>Privater Schlüssel dieses NTS-Servers</translation>
+    </message>
+    <message>
+        <source>Certificates trusted when NTS servers are checked</source>
+        <translation>Zertifikate, denen beim Prüfen von NTS-Servern vertraut wird</translation>
+    </message>
+    <message>
+        <source>Another machine with which time is exchanged both ways</source>
+        <translation>Ein anderer Rechner, mit dem die Zeit in beide Richtungen ausgetauscht wird</translation>
+    </message>
+    <message>
+        <source>Where the running daemon writes its process number</source>
+        <translation>Wohin der laufende Daemon seine Prozessnummer schreibt</translation>
+    </message>
+    <message>
+        <source>A name behind which several servers stand, such as pool.ntp.org</source>
+        <translation>Ein Name, hinter dem mehrere Server stehen, wie pool.ntp.org</translation>
+    </message>
+    <message>
+        <source>UDP port on which clients are served; 0 for none</source>
+        <translation>UDP-Port, auf dem Clients bedient werden; 0 für keinen</translation>
+    </message>
+    <message>
+        <source>UDP port for NTP packets inside PTP messages, for hardware time stamps</source>
+        <translation>UDP-Port für NTP-Pakete in PTP-Nachrichten, für Zeitstempel der Netzwerkkarte</translation>
+    </message>
+    <message>
+        <source>Limits how often one address is served</source>
+        <translation>Begrenzt, wie oft eine Adresse bedient wird</translation>
+    </message>
+    <message>
+        <source>A receiver or clock attached to this machine: PPS, SHM, SOCK, PHC</source>
+        <translation>Ein Empfänger oder eine Uhr an diesem Rechner: PPS, SHM, SOCK, PHC</translation>
+    </message>
+    <message>
+        <source>How much better a source must be before it takes the place of another</source>
+        <translation>Wie viel besser eine Quelle sein muss, um eine andere abzulösen</translation>
+    </message>
+    <message>
+        <source>Sets the real-time clock right when it is off by more than this</source>
+        <translation>Stellt die Echtzeituhr, wenn sie um mehr abweicht</translation>
+    </message>
+    <message>
+        <source>The real-time clock&apos;s device, usually /dev/rtc</source>
+        <translation>Gerätedatei der Echtzeituhr, meist /dev/rtc</translation>
+    </message>
+    <message>
+        <source>Remembers the real-time clock&apos;s rate between runs</source>
+        <translation>Merkt sich die Drift der Echtzeituhr von einem Lauf zum nächsten</translation>
+    </message>
+    <message>
+        <source>The real-time clock runs in UTC</source>
+        <translation>Die Echtzeituhr läuft nach UTC</translation>
+    </message>
+    <message>
+        <source>Lets the kernel copy the system time to the real-time clock every 11 minutes</source>
+        <translation>Lässt den Kernel die Systemzeit alle 11 Minuten in die Echtzeituhr schreiben</translation>
+    </message>
+    <message>
+        <source>Real-time priority of the daemon, 0 to 100</source>
+        <translation>Echtzeitpriorität des Daemons, 0 bis 100</translation>
+    </message>
+    <message>
+        <source>One server that is asked for the time</source>
+        <translation>Ein Server, der nach der Zeit gefragt wird</translation>
+    </message>
+    <message>
+        <source>Spreads corrections over time for the clients served</source>
+        <translation>Verteilt Korrekturen für die bedienten Clients über die Zeit</translation>
+    </message>
+    <message>
+        <source>Reads the sources in every *.sources file of these folders</source>
+        <translation>Liest die Quellen aus allen Dateien *.sources dieser Ordner</translation>
+    </message>
+    <message>
+        <source>How much each stratum counts when sources are compared</source>
+        <translation>Wie viel jedes Stratum zählt, wenn Quellen verglichen werden</translation>
+    </message>
+    <message>
+        <source>Corrects the rate by the reading of a temperature sensor</source>
+        <translation>Korrigiert die Drift nach einem Temperatursensor</translation>
+    </message>
+    <message>
+        <source>User that the daemon runs as once it has started</source>
+        <translation>Benutzer, unter dem der Daemon nach dem Start läuft</translation>
+    </message>
+</context>
+<context>
+    <name>freqtemp</name>
+    <message>
+        <source>Sensors</source>
+        <extracomment>frequency and temperature window: button with the menu of sensors, its name and its tooltip</extracomment>
+        <translation>Sensoren</translation>
+    </message>
+    <message>
+        <source>The sensors whose points are shown</source>
+        <extracomment>frequency and temperature window: tooltip of the menu of sensors</extracomment>
+        <translation>Die Sensoren, deren Punkte gezeigt werden</translation>
+    </message>
+    <message>
+        <source>&amp;Sensors</source>
+        <extracomment>frequency and temperature window: text of that button</extracomment>
+        <translation>&amp;Sensoren</translation>
+    </message>
+    <message>
+        <source>Order of the fit</source>
+        <extracomment>frequency and temperature window: name of the menu that chooses the fitted curve, and its tooltip</extracomment>
+        <translation>Grad der Ausgleichskurve</translation>
+    </message>
+    <message>
+        <source>The curve that is fitted through the points</source>
+        <extracomment>frequency and temperature window: tooltip of the menu of fitted curves</extracomment>
+        <translation>Die Kurve, die den Punkten angepasst wird</translation>
+    </message>
+    <message>
+        <source>Straight line</source>
+        <extracomment>frequency and temperature window: fitted curves</extracomment>
+        <translation>Gerade</translation>
+    </message>
+    <message>
+        <source>Parabola (degree 2)</source>
+        <extracomment>frequency and temperature window: fitted curve</extracomment>
+        <translation>Parabel (Grad 2)</translation>
+    </message>
+    <message>
+        <source>Cubic (degree 3)</source>
+        <extracomment>frequency and temperature window: fitted curve</extracomment>
+        <translation>Kubisch (Grad 3)</translation>
+    </message>
+    <message>
+        <source>Quartic (degree 4)</source>
+        <extracomment>frequency and temperature window: fitted curve</extracomment>
+        <translation>Quartisch (Grad 4)</translation>
+    </message>
+    <message>
+        <source>Degree %1</source>
+        <extracomment>frequency and temperature window: fitted curve; %1 is a number above four</extracomment>
+        <translation>Grad %1</translation>
+    </message>
+    <message>
+        <source>&amp;Points</source>
+        <extracomment>frequency and temperature window: check box and its tooltip</extracomment>
+        <translation>&amp;Punkte</translation>
+    </message>
+    <message>
+        <source>Show every point that was measured</source>
+        <extracomment>frequency and temperature window: tooltip of “Points”</extracomment>
+        <translation>Alle gemessenen Punkte zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Mean</source>
+        <extracomment>frequency and temperature window: check box and its tooltip</extracomment>
+        <translation>&amp;Mittel</translation>
+    </message>
+    <message>
+        <source>Show the mean frequency at each degree</source>
+        <extracomment>frequency and temperature window: tooltip of “Mean”</extracomment>
+        <translation>Die mittlere Frequenz je Grad zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Bounds</source>
+        <extracomment>frequency and temperature window: check box and its tooltip</extracomment>
+        <translation>St&amp;reuung</translation>
+    </message>
+    <message>
+        <source>Show one standard deviation above and below the fitted curve</source>
+        <extracomment>frequency and temperature window: tooltip of “Bounds”</extracomment>
+        <translation>Eine Standardabweichung über und unter der Ausgleichskurve zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Newest</source>
+        <extracomment>frequency and temperature window: check box and its tooltip</extracomment>
+        <translation>&amp;Neueste</translation>
+    </message>
+    <message>
+        <source>Mark each sensor&apos;s newest point</source>
+        <extracomment>frequency and temperature window: tooltip of “Newest”</extracomment>
+        <translation>Den neuesten Punkt jedes Sensors markieren</translation>
+    </message>
+    <message>
+        <source>&amp;Clear…</source>
+        <extracomment>frequency and temperature window: button, its name and tooltip</extracomment>
+        <translation>&amp;Löschen …</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <extracomment>frequency and temperature window: name of the button that deletes all points</extracomment>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete all points and begin anew</source>
+        <extracomment>frequency and temperature window: tooltip of that button</extracomment>
+        <translation>Alle Punkte löschen und neu beginnen</translation>
+    </message>
+    <message>
+        <source>E&amp;xport…</source>
+        <extracomment>frequency and temperature window: button, its name and tooltip</extracomment>
+        <translation>E&amp;xportieren …</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <extracomment>frequency and temperature window: name of the button that exports</extracomment>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Save the plot as a picture, or the points shown as CSV (Ctrl+S)</source>
+        <extracomment>frequency and temperature window: tooltip of that button</extracomment>
+        <translation>Das Diagramm als Bild oder die gezeigten Punkte als CSV speichern (Strg+S)</translation>
+    </message>
+    <message>
+        <source>Legend</source>
+        <extracomment>frequency and temperature window: which colour is which sensor</extracomment>
+        <translation>Legende</translation>
+    </message>
+    <message>
+        <source>Reading</source>
+        <extracomment>frequency and temperature window: name of the line that tells what is under the pointer</extracomment>
+        <translation>Ablesung</translation>
+    </message>
+    <message>
+        <source>Samples</source>
+        <extracomment>frequency and temperature window: name of the number of points</extracomment>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>The largest number of points of any sensor</source>
+        <extracomment>frequency and temperature window: tooltip of the number of points</extracomment>
+        <translation>Die größte Zahl von Punkten eines Sensors</translation>
+    </message>
+    <message>
+        <source>Most samples</source>
+        <extracomment>frequency and temperature window: name and tooltip of the field with the most points that are kept</extracomment>
+        <translation>Höchstzahl der Punkte</translation>
+    </message>
+    <message>
+        <source>The most points kept for a sensor; the oldest go first</source>
+        <extracomment>frequency and temperature window: tooltip of the field with the most points</extracomment>
+        <translation>So viele Punkte werden je Sensor behalten; die ältesten fallen zuerst weg</translation>
+    </message>
+    <message>
+        <source>&amp;Fit:</source>
+        <extracomment>frequency and temperature window: label of the menu that chooses the fitted curve</extracomment>
+        <translation>&amp;Kurve:</translation>
+    </message>
+    <message>
+        <source>Samples:</source>
+        <extracomment>frequency and temperature window: label of the number of points</extracomment>
+        <translation>Punkte:</translation>
+    </message>
+    <message>
+        <source>of at m&amp;ost</source>
+        <extracomment>frequency and temperature window: label of the field behind the number of points</extracomment>
+        <translation>von &amp;höchstens</translation>
+    </message>
+    <message>
+        <source>Frequency against temperature</source>
+        <extracomment>frequency and temperature window: name of the plot</extracomment>
+        <translation>Frequenz über der Temperatur</translation>
+    </message>
+    <message>
+        <source>%1 °C, %2 ppm</source>
+        <extracomment>frequency and temperature window: what is under the pointer; %1 degrees Celsius, %2 a frequency</extracomment>
+        <translation>%1 °C, %2 ppm</translation>
+    </message>
+    <message>
+        <source>Point of %1: %2 °C, %3 ppm</source>
+        <extracomment>frequency and temperature window: the point under the pointer; %1 a sensor, %2 degrees Celsius, %3 a frequency</extracomment>
+        <translation>Punkt von %1: %2 °C, %3 ppm</translation>
+    </message>
+    <message>
+        <source>Fit of %1: %2 ± %3 ppm</source>
+        <extracomment>frequency and temperature window: the curve at that temperature; %1 a sensor, %2 a frequency, %3 its deviation</extracomment>
+        <translation>Kurve von %1: %2 ± %3 ppm</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <extracomment>frequency and temperature window: end of a long legend</extracomment>
+        <translation>
+            <numerusform>und %n weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n point(s) of %1</source>
+        <extracomment>frequency and temperature window: read out by screen readers; %1 is a sensor</extracomment>
+        <translation>
+            <numerusform>%n Punkt von %1</numerusform>
+            <numerusform>%n Punkte von %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Looking for temperature sensors…</source>
+        <extracomment>frequency and temperature window: shown in place of the points</extracomment>
+        <translation>Temperatursensoren werden gesucht …</translation>
+    </message>
+    <message>
+        <source>This machine shows no temperature sensor, so there is nothing to collect.
+Virtual machines rarely have one. On a real machine, install the package lm-sensors, run sensors-detect as root, and open this window again.</source>
+        <extracomment>frequency and temperature window: shown in place of the points</extracomment>
+        <translation>Dieser Rechner zeigt keinen Temperatursensor, also gibt es nichts zu sammeln.
+Virtuelle Maschinen haben selten einen. Auf einem echten Rechner installieren Sie das Paket lm-sensors, führen sensors-detect als root aus und öffnen dieses Fenster erneut.</translation>
+    </message>
+    <message>
+        <source>The saved points in %1 belong to other sensors, and sensors are not added to a saved file.
+Close this window and move the file away to collect points of the sensors that are here.</source>
+        <extracomment>frequency and temperature window: shown in place of the points; %1 is a file</extracomment>
+        <translation>Die gespeicherten Punkte in %1 gehören zu anderen Sensoren, und in eine gespeicherte Datei werden keine Sensoren aufgenommen.
+Schließen Sie dieses Fenster und verschieben Sie die Datei, um Punkte der hiesigen Sensoren zu sammeln.</translation>
+    </message>
+    <message>
+        <source>No sensor is selected. Choose some from the menu “Sensors”.</source>
+        <extracomment>frequency and temperature window: shown in place of the points</extracomment>
+        <translation>Es ist kein Sensor ausgewählt. Wählen Sie welche im Menü „Sensoren“ aus.</translation>
+    </message>
+    <message>
+        <source>The selected sensors have no points yet. Others have: see the menu “Sensors”.</source>
+        <extracomment>frequency and temperature window: shown in place of the points</extracomment>
+        <translation>Die ausgewählten Sensoren haben noch keine Punkte. Andere haben welche: siehe Menü „Sensoren“.</translation>
+    </message>
+    <message>
+        <source>Collecting: the first point comes with the next reading of the clock&apos;s frequency.</source>
+        <extracomment>frequency and temperature window: shown in place of the points</extracomment>
+        <translation>Es wird gesammelt: Der erste Punkt kommt mit dem nächsten Ablesen der Frequenz der Uhr.</translation>
+    </message>
+</context>
+<context>
+    <name>helptopics</name>
+    <message>
+        <source></source>
+        <comment>help window: the titles of its pages</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>First steps</source>
+        <translation>Erste Schritte</translation>
+    </message>
+    <message>
+        <source>The windows</source>
+        <translation>Die Fenster</translation>
+    </message>
+    <message>
+        <source>Questions and answers</source>
+        <translation>Fragen und Antworten</translation>
+    </message>
+</context>
+<context>
+    <name>legend</name>
+    <message>
+        <source>Offset</source>
+        <extracomment>tracking graph: a series</extracomment>
+        <translation>Abweichung</translation>
+    </message>
+    <message>
+        <source>Mean offset</source>
+        <extracomment>tracking graph: a series</extracomment>
+        <translation>Mittlere Abweichung</translation>
+    </message>
+    <message>
+        <source>RMS offset</source>
+        <extracomment>tracking graph: a series</extracomment>
+        <translation>RMS-Abweichung</translation>
+    </message>
+    <message>
+        <source>Offset&apos;s standard deviation</source>
+        <extracomment>tracking graph: a series</extracomment>
+        <translation>Standardabweichung</translation>
+    </message>
+    <message>
+        <source>Remaining correction</source>
+        <extracomment>tracking graph: a series</extracomment>
+        <translation>Restkorrektur</translation>
+    </message>
+    <message>
+        <source>Mean remaining correction</source>
+        <extracomment>tracking graph: a series</extracomment>
+        <translation>Mittlere Restkorrektur</translation>
+    </message>
+    <message>
+        <source>RMS remaining correction</source>
+        <extracomment>tracking graph: a series</extracomment>
+        <translation>RMS-Restkorrektur</translation>
+    </message>
+    <message>
+        <source>Root dispersion</source>
+        <extracomment>tracking graph: a series</extracomment>
+        <translation>Root-Dispersion</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <extracomment>tracking graph: a series</extracomment>
+        <translation>Frequenz</translation>
+    </message>
+    <message>
+        <source>Legend</source>
+        <extracomment>tracking graph: name of the panel with the series, their colours and the scale</extracomment>
+        <translation>Legende</translation>
+    </message>
+    <message>
+        <source>&amp;Logarithmic scale</source>
+        <extracomment>tracking graph: checkbox, the value axis is logarithmic</extracomment>
+        <translation>&amp;Logarithmische Skala</translation>
+    </message>
+    <message>
+        <source>Logarithmic scale</source>
+        <extracomment>tracking graph: name of that checkbox</extracomment>
+        <translation>Logarithmische Skala</translation>
+    </message>
+    <message>
+        <source>Colour of “%1”</source>
+        <extracomment>tracking graph: name of a colour button; %1 is a series</extracomment>
+        <translation>Farbe von „%1“</translation>
+    </message>
+    <message>
+        <source>&amp;Default</source>
+        <extracomment>tracking graph: legend&apos;s buttons</extracomment>
+        <translation>&amp;Vorgabe</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <extracomment>tracking graph: legend&apos;s button that takes the changes back</extracomment>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>Cl&amp;ose</source>
+        <extracomment>tracking graph: legend&apos;s button that keeps the changes</extracomment>
+        <translation>&amp;Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>mainwindow</name>
+    <message>
+        <source>Local time</source>
+        <extracomment>main window: name of the text that shows date and time</extracomment>
+        <translation>Ortszeit</translation>
+    </message>
+    <message>
+        <source>Quantity on the meter</source>
+        <extracomment>main window: name of the menu that chooses the meter&apos;s quantity</extracomment>
+        <translation>Größe auf dem Messgerät</translation>
+    </message>
+    <message>
+        <source>System time</source>
+        <extracomment>main window: the meter&apos;s quantities, in chrony&apos;s words</extracomment>
+        <translation>Systemzeit</translation>
+    </message>
+    <message>
+        <source>Last offset</source>
+        <extracomment>main window: quantity of the meter, in chrony&apos;s words</extracomment>
+        <translation>Letzte Abweichung</translation>
+    </message>
+    <message>
+        <source>RMS offset</source>
+        <extracomment>main window: quantity of the meter, in chrony&apos;s words</extracomment>
+        <translation>RMS-Abweichung</translation>
+    </message>
+    <message>
+        <source>Root delay</source>
+        <extracomment>main window: quantity of the meter, in chrony&apos;s words</extracomment>
+        <translation>Root-Delay</translation>
+    </message>
+    <message>
+        <source>Root dispersion</source>
+        <extracomment>main window: quantity of the meter, in chrony&apos;s words</extracomment>
+        <translation>Root-Dispersion</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <extracomment>main window: quantity of the meter, in chrony&apos;s words</extracomment>
+        <translation>Frequenz</translation>
+    </message>
+    <message>
+        <source>Meter value</source>
+        <extracomment>main window: name of the text that shows the meter&apos;s value</extracomment>
+        <translation>Messwert</translation>
+    </message>
+    <message>
+        <source>State of chronyd</source>
+        <extracomment>main window: name of the text beside the status image</extracomment>
+        <translation>Zustand von chronyd</translation>
+    </message>
+    <message>
+        <source>Clock adjustment</source>
+        <extracomment>main window: name of the notice that the clock is left alone</extracomment>
+        <translation>Stellen der Uhr</translation>
+    </message>
+    <message>
+        <source>chronyd does not adjust the system clock.</source>
+        <extracomment>main window: notice that chronyd was told not to adjust the system clock</extracomment>
+        <translation>chronyd stellt die Systemuhr nicht nach.</translation>
+    </message>
+    <message>
+        <source>Preferences…</source>
+        <extracomment>main window: button that opens the preferences</extracomment>
+        <translation>Einstellungen …</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <extracomment>main window: name of the button that opens the preferences</extracomment>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Version of chronyc</source>
+        <extracomment>main window: names of the version texts</extracomment>
+        <translation>Version von chronyc</translation>
+    </message>
+    <message>
+        <source>Version of chronyd</source>
+        <extracomment>main window: name of a version text</extracomment>
+        <translation>Version von chronyd</translation>
+    </message>
+    <message>
+        <source>chronyc command</source>
+        <extracomment>main window: name of the menu that chooses the report</extracomment>
+        <translation>chronyc-Befehl</translation>
+    </message>
+    <message>
+        <source>The chronyc report shown below</source>
+        <extracomment>main window: tooltip of the command menu</extracomment>
+        <translation>Der unten gezeigte Bericht von chronyc</translation>
+    </message>
+    <message>
+        <source>&amp;Server:</source>
+        <extracomment>main window: label of the server field, shown for the ntpdata report</extracomment>
+        <translation>&amp;Server:</translation>
+    </message>
+    <message>
+        <source>NTP server for ntpdata</source>
+        <extracomment>main window: name of the server field</extracomment>
+        <translation>NTP-Server für ntpdata</translation>
+    </message>
+    <message>
+        <source>Server whose measurements are shown; empty for all of them</source>
+        <extracomment>main window: tooltip of the server field</extracomment>
+        <translation>Server, dessen Messungen gezeigt werden; leer für alle</translation>
+    </message>
+    <message>
+        <source>&amp;IP addresses</source>
+        <extracomment>main window: checkbox, addresses are shown as numbers</extracomment>
+        <translation>&amp;IP-Adressen</translation>
+    </message>
+    <message>
+        <source>IP addresses</source>
+        <extracomment>main window: name of that checkbox</extracomment>
+        <translation>IP-Adressen</translation>
+    </message>
+    <message>
+        <source>Show numeric addresses, without asking for names</source>
+        <extracomment>main window: tooltip</extracomment>
+        <translation>Adressen als Zahlen zeigen, ohne nach Namen zu fragen</translation>
+    </message>
+    <message>
+        <source>&amp;Original names</source>
+        <extracomment>main window: checkbox, sources by the names of the configuration</extracomment>
+        <translation>&amp;Ursprüngliche Namen</translation>
+    </message>
+    <message>
+        <source>Original names</source>
+        <extracomment>main window: name of that checkbox</extracomment>
+        <translation>Ursprüngliche Namen</translation>
+    </message>
+    <message>
+        <source>Show the sources by the names written in the configuration</source>
+        <extracomment>main window: tooltip</extracomment>
+        <translation>Die Quellen unter den Namen der Konfiguration zeigen</translation>
+    </message>
+    <message>
+        <source>Update interval</source>
+        <extracomment>main window: name of the field with the seconds between two readings</extracomment>
+        <translation>Aktualisierungsabstand</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <extracomment>main window: unit behind the interval, seconds</extracomment>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Seconds between two readings, 1 to 60</source>
+        <extracomment>main window: tooltip of the interval</extracomment>
+        <translation>Sekunden zwischen zwei Ablesungen, 1 bis 60</translation>
+    </message>
+    <message>
+        <source>&amp;Every</source>
+        <extracomment>main window: label of the interval</extracomment>
+        <translation>A&amp;lle</translation>
+    </message>
+    <message>
+        <source>&amp;Report:</source>
+        <extracomment>main window: label of the command menu</extracomment>
+        <translation>&amp;Bericht:</translation>
+    </message>
+    <message>
+        <source>Notice</source>
+        <extracomment>main window: name of the banner with what holds for the whole run, such as demonstration mode</extracomment>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <extracomment>main window: names of the two instruments</extracomment>
+        <translation>Uhr</translation>
+    </message>
+    <message>
+        <source>Performance meter</source>
+        <extracomment>main window: name of the meter beside the clock</extracomment>
+        <translation>Messgerät</translation>
+    </message>
+    <message>
+        <source>Output of chronyc</source>
+        <extracomment>main window: name of the text view with chronyc&apos;s output</extracomment>
+        <translation>Ausgabe von chronyc</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <extracomment>main window: name of the line that says what stands in the way</extracomment>
+        <translation>Status</translation>
+    </message>
+</context>
+<context>
+    <name>menus</name>
+    <message>
+        <source></source>
+        <comment>main window: menus and their items. The letter after an ampersand is the one that chooses the item together with Alt.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>&amp;Open Tracking Log…</source>
+        <translation>Tracking-Protokoll ö&amp;ffnen …</translation>
+    </message>
+    <message>
+        <source>&amp;Live Tracking Graph</source>
+        <translation>&amp;Laufende Tracking-Grafik</translation>
+    </message>
+    <message>
+        <source>&amp;Edit Configuration…</source>
+        <translation>Konfiguration bea&amp;rbeiten …</translation>
+    </message>
+    <message>
+        <source>&amp;New Configuration</source>
+        <translation>&amp;Neue Konfiguration</translation>
+    </message>
+    <message>
+        <source>Open Con&amp;figuration…</source>
+        <translation>&amp;Konfiguration öffnen …</translation>
+    </message>
+    <message>
+        <source>&amp;Recent Configurations</source>
+        <translation>&amp;Zuletzt geöffnete Konfigurationen</translation>
+    </message>
+    <message>
+        <source>&amp;Preferences…</source>
+        <translation>&amp;Einstellungen …</translation>
+    </message>
+    <message>
+        <source>Check for &amp;Updates…</source>
+        <translation>Nach Ak&amp;tualisierungen suchen …</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <translation>Fenster s&amp;chließen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Refresh</source>
+        <translation>&amp;Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Output &amp;Font…</source>
+        <translation>&amp;Schrift der Ausgabe …</translation>
+    </message>
+    <message>
+        <source>&amp;Default Output Font</source>
+        <translation>&amp;Vorgegebene Schrift der Ausgabe</translation>
+    </message>
+    <message>
+        <source>Reveal &amp;chrony&apos;s Logs</source>
+        <translation>&amp;Protokolle von chrony zeigen</translation>
+    </message>
+    <message>
+        <source>Show the Program&apos;s &amp;Log</source>
+        <translation>Protokoll des P&amp;rogramms öffnen</translation>
+    </message>
+    <message>
+        <source>Reveal the Program&apos;s Log F&amp;older</source>
+        <translation>&amp;Ordner mit dem Protokoll des Programms zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Install chrony</source>
+        <translation>chrony &amp;installieren</translation>
+    </message>
+    <message>
+        <source>&amp;Start chronyd</source>
+        <translation>chronyd &amp;starten</translation>
+    </message>
+    <message>
+        <source>S&amp;top chronyd</source>
+        <translation>chronyd an&amp;halten</translation>
+    </message>
+    <message>
+        <source>Run chrony&amp;wake</source>
+        <translation>chrony&amp;wake ausführen</translation>
+    </message>
+    <message>
+        <source>&amp;Rotate Logs</source>
+        <translation>Protokolle &amp;rotieren</translation>
+    </message>
+    <message>
+        <source>S&amp;ynchronise Now…</source>
+        <translation>Jetzt s&amp;ynchronisieren …</translation>
+    </message>
+    <message>
+        <source>Step the &amp;Clock…</source>
+        <translation>&amp;Uhr stellen …</translation>
+    </message>
+    <message>
+        <source>&amp;Main Window</source>
+        <translation>&amp;Hauptfenster</translation>
+    </message>
+    <message>
+        <source>&amp;Servers</source>
+        <translation>&amp;Server</translation>
+    </message>
+    <message>
+        <source>&amp;Frequency and Temperature</source>
+        <translation>&amp;Frequenz und Temperatur</translation>
+    </message>
+    <message>
+        <source>Sensor &amp;Inspector</source>
+        <translation>Sensor-&amp;Inspektor</translation>
+    </message>
+    <message>
+        <source>S&amp;pectrum</source>
+        <translation>S&amp;pektrum</translation>
+    </message>
+    <message>
+        <source>chrony.&amp;conf</source>
+        <translation>chrony.&amp;conf</translation>
+    </message>
+    <message>
+        <source>c&amp;hronyc</source>
+        <translation>c&amp;hronyc</translation>
+    </message>
+    <message>
+        <source>chrony&amp;d</source>
+        <translation>chrony&amp;d</translation>
+    </message>
+    <message>
+        <source>chrony&amp;wake</source>
+        <translation>chrony&amp;wake</translation>
+    </message>
+    <message>
+        <source>&amp;Questions and Answers</source>
+        <translation>&amp;Fragen und Antworten</translation>
+    </message>
+    <message>
+        <source>&amp;Tickervantage on the Web</source>
+        <translation>&amp;Tickervantage im Web</translation>
+    </message>
+    <message>
+        <source>ch&amp;rony on the Web</source>
+        <translation>ch&amp;rony im Web</translation>
+    </message>
+    <message>
+        <source>D&amp;onate…</source>
+        <translation>&amp;Spenden …</translation>
+    </message>
+    <message>
+        <source>&amp;About Tickervantage</source>
+        <translation>&amp;Über Tickervantage</translation>
+    </message>
+    <message>
+        <source>Not part of this version</source>
+        <extracomment>tooltip of a menu item that cannot be used</extracomment>
+        <translation>Nicht in dieser Version</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <extracomment>titles of the menus</extracomment>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Chrony</source>
+        <translation>&amp;Chrony</translation>
+    </message>
+    <message>
+        <source>&amp;Window</source>
+        <translation>&amp;Fenster</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Uninstall chrony…</source>
+        <translation>chrony &amp;deinstallieren …</translation>
+    </message>
+    <message>
+        <source>&amp;First Steps</source>
+        <translation>&amp;Erste Schritte</translation>
+    </message>
+    <message>
+        <source>The W&amp;indows</source>
+        <translation>Die Fe&amp;nster</translation>
+    </message>
+</context>
+<context>
+    <name>offers</name>
+    <message>
+        <source></source>
+        <comment>alerts that offer at the start to install chrony, or to use the chrony that the system has.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>The chronyd ntp daemon is not configured/installed.</source>
+        <comment>first run: line 1</comment>
+        <translation>Der NTP-Daemon chronyd ist nicht konfiguriert oder nicht installiert.</translation>
+    </message>
+    <message>
+        <source>
+Do you wish to install the privileged components?</source>
+        <comment>first run: line 2</comment>
+        <translation>
+Möchten Sie die privilegierten Komponenten installieren?</translation>
+    </message>
+    <message>
+        <source>Warning: Version mismatch</source>
+        <translation>Warnung: Versionen stimmen nicht überein</translation>
+    </message>
+    <message>
+        <source>Installed: </source>
+        <comment>compare versions line 1</comment>
+        <translation>Installiert: </translation>
+    </message>
+    <message>
+        <source> Embedded: </source>
+        <comment>compare versions line 2</comment>
+        <translation> Mitgeliefert: </translation>
+    </message>
+    <message>
+        <source>Do you wish to re-install chronyd</source>
+        <comment>compare versions line 3</comment>
+        <translation>Möchten Sie chronyd neu installieren?</translation>
+    </message>
+    <message>
+        <source>Install</source>
+        <translation>Installieren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Use the chrony of this system?</source>
+        <comment>system chrony: title</comment>
+        <translation>Das chrony dieses Systems verwenden?</translation>
+    </message>
+    <message>
+        <source>This system has a chrony of its own, which its packages keep up to date:</source>
+        <comment>system chrony: line 1</comment>
+        <translation>Dieses System hat ein eigenes chrony, das seine Pakete auf dem neuesten Stand halten:</translation>
+    </message>
+    <message>
+        <source>The program can show and steer that one instead of installing another.</source>
+        <comment>system chrony: last line</comment>
+        <translation>Das Programm kann dieses zeigen und steuern, statt ein weiteres zu installieren.</translation>
+    </message>
+    <message>
+        <source>Use It</source>
+        <comment>system chrony: button</comment>
+        <translation>Verwenden</translation>
+    </message>
+</context>
+<context>
+    <name>plot_export</name>
+    <message>
+        <source>&amp;Copy Picture</source>
+        <extracomment>plot windows: menu item, the plot goes to the clipboard</extracomment>
+        <translation>Bild &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>E&amp;xport…</source>
+        <extracomment>plot windows: menu item, the plot or its numbers go to a file</extracomment>
+        <translation>E&amp;xportieren …</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard.</source>
+        <extracomment>plot windows: said after the plot was copied</extracomment>
+        <translation>Das Bild ist in der Zwischenablage.</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <extracomment>plot windows: title of the dialog that asks for a file</extracomment>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Picture (*.png)</source>
+        <extracomment>plot windows: kinds of file</extracomment>
+        <translation>Bild (*.png)</translation>
+    </message>
+    <message>
+        <source>Vector picture (*.svg)</source>
+        <extracomment>file dialog: kind of file; the part in brackets stays</extracomment>
+        <translation>Vektorbild (*.svg)</translation>
+    </message>
+    <message>
+        <source>Table (*.csv)</source>
+        <extracomment>file dialog: kind of file; the part in brackets stays</extracomment>
+        <translation>Tabelle (*.csv)</translation>
+    </message>
+    <message>
+        <source>The file&apos;s name must end in .png, .svg or .csv.</source>
+        <extracomment>plot windows: said when the chosen file&apos;s name says nothing about its kind</extracomment>
+        <translation>Der Name der Datei muss auf .png, .svg oder .csv enden.</translation>
+    </message>
+    <message>
+        <source>Exporting…</source>
+        <extracomment>plot windows: said while an export is under way</extracomment>
+        <translation>Export läuft …</translation>
+    </message>
+    <message>
+        <source>The data changed meanwhile; export again.</source>
+        <extracomment>plot windows: said when the data changed from under an export</extracomment>
+        <translation>Die Daten haben sich inzwischen geändert; bitte erneut exportieren.</translation>
+    </message>
+    <message>
+        <source>Exported to %1.</source>
+        <extracomment>plot windows: said after an export; %1 is a file</extracomment>
+        <translation>Exportiert nach %1.</translation>
+    </message>
+</context>
+<context>
+    <name>preferences</name>
+    <message>
+        <source>Program</source>
+        <extracomment>General preferences: title of a group</extracomment>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>&amp;Launch Tickervantage at login</source>
+        <extracomment>General preferences: check box, and its tooltip</extracomment>
+        <translation>Tickervantage bei der Anme&amp;ldung starten</translation>
+    </message>
+    <message>
+        <source>Puts a desktop file into your autostart folder</source>
+        <extracomment>General preferences: tooltip of the launch at login</extracomment>
+        <translation>Legt eine Desktop-Datei in Ihren Autostart-Ordner</translation>
+    </message>
+    <message>
+        <source>&amp;Adjust System Clock</source>
+        <extracomment>General preferences: check box, and its tooltip</extracomment>
+        <translation>&amp;Systemuhr nachstellen</translation>
+    </message>
+    <message>
+        <source>Off: chronyd runs with the option -x and leaves the clock alone</source>
+        <extracomment>General preferences: tooltip of “Adjust the system clock”</extracomment>
+        <translation>Aus: chronyd läuft mit der Option -x und lässt die Uhr in Ruhe</translation>
+    </message>
+    <message>
+        <source>Reset Warnin&amp;gs</source>
+        <extracomment>General preferences: button, and its tooltip</extracomment>
+        <translation>Warnun&amp;gen zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Every warning that you asked not to see again is shown again</source>
+        <extracomment>General preferences: tooltip of the button that resets warnings</extracomment>
+        <translation>Alle Warnungen, die Sie nicht wieder sehen wollten, werden wieder gezeigt</translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <extracomment>General preferences: button that opens a file chooser</extracomment>
+        <translation>Auswählen …</translation>
+    </message>
+    <message>
+        <source>Choose %1</source>
+        <extracomment>General preferences: name of that button, and its tooltip; %1 is what is chosen, such as &quot;chronyd&quot;</extracomment>
+        <translation>%1 auswählen</translation>
+    </message>
+    <message>
+        <source>chrony&apos;s Files</source>
+        <extracomment>General preferences: title of a group</extracomment>
+        <translation>Dateien von chrony</translation>
+    </message>
+    <message>
+        <source>&amp;Configuration:</source>
+        <extracomment>General preferences: labels of four paths, each with its tooltip</extracomment>
+        <translation>&amp;Konfiguration:</translation>
+    </message>
+    <message>
+        <source>The installed chrony.conf</source>
+        <extracomment>General preferences: tooltip of the configuration&apos;s path</extracomment>
+        <translation>Die installierte chrony.conf</translation>
+    </message>
+    <message>
+        <source>chron&amp;yc:</source>
+        <extracomment>General preferences: label of the path of chronyc</extracomment>
+        <translation>chron&amp;yc:</translation>
+    </message>
+    <message>
+        <source>The program that asks chronyd</source>
+        <extracomment>General preferences: tooltip of the path of chronyc</extracomment>
+        <translation>Das Programm, das chronyd befragt</translation>
+    </message>
+    <message>
+        <source>chrony&amp;d:</source>
+        <extracomment>General preferences: label of the path of chronyd</extracomment>
+        <translation>chrony&amp;d:</translation>
+    </message>
+    <message>
+        <source>The daemon that keeps the clock</source>
+        <extracomment>General preferences: tooltip of the path of chronyd</extracomment>
+        <translation>Der Daemon, der die Uhr in Gang hält</translation>
+    </message>
+    <message>
+        <source>chrony&amp;wake:</source>
+        <extracomment>General preferences: label of the path of chronywake</extracomment>
+        <translation>chrony&amp;wake:</translation>
+    </message>
+    <message>
+        <source>The program that sets the clock right after the machine wakes up</source>
+        <extracomment>General preferences: tooltip of the path of chronywake</extracomment>
+        <translation>Das Programm, das nach dem Aufwachen des Rechners die Uhr stellt</translation>
+    </message>
+    <message>
+        <source>D&amp;etect</source>
+        <extracomment>General preferences: button, and its tooltip</extracomment>
+        <translation>&amp;Erkennen</translation>
+    </message>
+    <message>
+        <source>Fill in the paths of the distribution&apos;s own chrony</source>
+        <extracomment>General preferences: tooltip of the button Detect</extracomment>
+        <translation>Die Pfade des chrony der Distribution eintragen</translation>
+    </message>
+    <message>
+        <source>Step beyond (&amp;s):</source>
+        <extracomment>General preferences: labels of chronywake&apos;s arguments, each with its tooltip</extracomment>
+        <translation>Stellen &amp;ab (s):</translation>
+    </message>
+    <message>
+        <source>Step the clock when it is off by more than so many seconds</source>
+        <extracomment>General preferences: tooltip of chronywake&apos;s first field</extracomment>
+        <translation>Die Uhr stellen, wenn sie um mehr als so viele Sekunden abweicht</translation>
+    </message>
+    <message>
+        <source>Steps &amp;in:</source>
+        <extracomment>General preferences: label; in how many updates after waking the clock may be stepped</extracomment>
+        <translation>Stellen &amp;in:</translation>
+    </message>
+    <message>
+        <source>Step in at most so many updates; −1: in any number</source>
+        <extracomment>General preferences: tooltip of “Steps in”</extracomment>
+        <translation>In höchstens so vielen Aktualisierungen stellen; −1: in beliebig vielen</translation>
+    </message>
+    <message>
+        <source>G&amp;ood measurements:</source>
+        <extracomment>General preferences: label; measurements wanted from each source after waking</extracomment>
+        <translation>Gute &amp;Messungen:</translation>
+    </message>
+    <message>
+        <source>Measurements wanted from each source</source>
+        <extracomment>General preferences: tooltip of “Good measurements”</extracomment>
+        <translation>Gewünschte Messungen je Quelle</translation>
+    </message>
+    <message>
+        <source>At &amp;most:</source>
+        <extracomment>General preferences: label; measurements tried with each source after waking</extracomment>
+        <translation>&amp;Höchstens:</translation>
+    </message>
+    <message>
+        <source>Measurements tried with each source</source>
+        <extracomment>General preferences: tooltip of “At most”</extracomment>
+        <translation>Versuchte Messungen je Quelle</translation>
+    </message>
+    <message>
+        <source>Sou&amp;rces in:</source>
+        <extracomment>General preferences: label; the network whose sources are asked after waking</extracomment>
+        <translation>&amp;Quellen in:</translation>
+    </message>
+    <message>
+        <source>A mask and an address, such as 255.255.255.0/192.0.2.0; empty: all sources</source>
+        <extracomment>General preferences: tooltip of “Sources in”</extracomment>
+        <translation>Eine Maske und eine Adresse, wie 255.255.255.0/192.0.2.0; leer: alle Quellen</translation>
+    </message>
+    <message>
+        <source>all</source>
+        <extracomment>General preferences: shown in the empty field of the sources that chronywake asks</extracomment>
+        <translation>alle</translation>
+    </message>
+    <message>
+        <source>Sa&amp;ve Arguments</source>
+        <extracomment>General preferences: buttons of chronywake</extracomment>
+        <translation>Argumente s&amp;peichern</translation>
+    </message>
+    <message>
+        <source>&amp;Test</source>
+        <extracomment>General preferences: button, runs chronywake once</extracomment>
+        <translation>&amp;Testen</translation>
+    </message>
+    <message>
+        <source>Testing chronywake</source>
+        <extracomment>General preferences: name of the bar that moves while chronywake runs</extracomment>
+        <translation>chronywake wird getestet</translation>
+    </message>
+    <message>
+        <source>After Waking Up</source>
+        <extracomment>General preferences: title of a group</extracomment>
+        <translation>Nach dem Aufwachen</translation>
+    </message>
+    <message>
+        <source>I&amp;nstall chronywake</source>
+        <extracomment>General preferences: check box, and its tooltip</extracomment>
+        <translation>chronywake i&amp;nstallieren</translation>
+    </message>
+    <message>
+        <source>Install the program that sets the clock right after the machine wakes up</source>
+        <extracomment>General preferences: tooltip of the box that installs chronywake</extracomment>
+        <translation>Das Programm installieren, das nach dem Aufwachen des Rechners die Uhr stellt</translation>
+    </message>
+    <message>
+        <source>Restore Defaults</source>
+        <extracomment>General preferences: button, and its tooltip</extracomment>
+        <translation>Vorgaben wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Everything on this pane as it was at first, but for the launch at login</source>
+        <extracomment>General preferences: tooltip of the button Restore Defaults</extracomment>
+        <translation>Alles auf dieser Seite wie zu Anfang, außer dem Start bei der Anmeldung</translation>
+    </message>
+</context>
+<context>
+    <name>sensor_inspector</name>
+    <message>
+        <source>Sensor</source>
+        <extracomment>sensor inspector: heading of a column</extracomment>
+        <translation>Sensor</translation>
+    </message>
+    <message>
+        <source>The sensor</source>
+        <extracomment>sensor inspector: tooltip of that heading</extracomment>
+        <translation>Der Sensor</translation>
+    </message>
+    <message>
+        <source>T (°C)</source>
+        <extracomment>sensor inspector: heading of a column, a temperature</extracomment>
+        <translation>T (°C)</translation>
+    </message>
+    <message>
+        <source>Newest temperature, degrees Celsius</source>
+        <extracomment>sensor inspector: tooltip of that heading</extracomment>
+        <translation>Neueste Temperatur in Grad Celsius</translation>
+    </message>
+    <message>
+        <source>f (ppm)</source>
+        <extracomment>sensor inspector: heading of a column, a frequency</extracomment>
+        <translation>f (ppm)</translation>
+    </message>
+    <message>
+        <source>Newest frequency, parts per million</source>
+        <extracomment>sensor inspector: tooltip of that heading</extracomment>
+        <translation>Neueste Frequenz in Millionstel</translation>
+    </message>
+    <message>
+        <source>How well the curve fits the points, from 0 to 1</source>
+        <extracomment>sensor inspector: tooltip of the heading r, the correlation</extracomment>
+        <translation>Wie gut die Kurve zu den Punkten passt, von 0 bis 1</translation>
+    </message>
+    <message>
+        <source>The curve&apos;s constant term, ppm</source>
+        <extracomment>sensor inspector: tooltip of the heading a</extracomment>
+        <translation>Konstanter Term der Kurve in ppm</translation>
+    </message>
+    <message>
+        <source>The curve&apos;s coefficient of T, ppm per degree</source>
+        <extracomment>sensor inspector: tooltip of the heading b</extracomment>
+        <translation>Koeffizient von T in ppm je Grad</translation>
+    </message>
+    <message>
+        <source>The curve&apos;s coefficient of T squared, ppm per square degree</source>
+        <extracomment>sensor inspector: tooltip of the heading c</extracomment>
+        <translation>Koeffizient von T² in ppm je Quadratgrad</translation>
+    </message>
+    <message>
+        <source>Standard deviation of the points from the curve, ppm</source>
+        <extracomment>sensor inspector: tooltip of the heading e</extracomment>
+        <translation>Standardabweichung der Punkte von der Kurve in ppm</translation>
+    </message>
+</context>
+<context>
+    <name>sentences</name>
+    <message>
+        <source></source>
+        <comment>What the program says of its work, in alerts and in status lines. A placeholder stands for a path, a number, words of chrony or of the system, or another of these sentences; sentences that begin in lower case follow a colon.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>%1 cannot be started: %2.</source>
+        <translation>%1 kann nicht gestartet werden: %2.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be found.</source>
+        <translation>%1 wurde nicht gefunden.</translation>
+    </message>
+    <message>
+        <source>%1 did not end within %2 s and was ended.</source>
+        <translation>%1 endete nicht innerhalb von %2 s und wurde beendet.</translation>
+    </message>
+    <message>
+        <source>%1 printed more than %2 KiB and was ended; the rest is missing.</source>
+        <translation>%1 gab mehr als %2 KiB aus und wurde beendet; der Rest fehlt.</translation>
+    </message>
+    <message>
+        <source>%1 was ended by signal %2 (%3).</source>
+        <translation>%1 wurde durch Signal %2 (%3) beendet.</translation>
+    </message>
+    <message>
+        <source>%1 was ended because the program closes.</source>
+        <translation>%1 wurde beendet, weil das Programm schließt.</translation>
+    </message>
+    <message>
+        <source>only the first %1 lines are shown.</source>
+        <translation>Nur die ersten %1 Zeilen werden gezeigt.</translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %2.</source>
+        <translation>%1 kann nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %2.</source>
+        <translation>%1 kann nicht geschrieben werden: %2.</translation>
+    </message>
+    <message>
+        <source>Cannot rename %1: %2.</source>
+        <translation>%1 kann nicht umbenannt werden: %2.</translation>
+    </message>
+    <message>
+        <source>Cannot lock %1: %2.</source>
+        <translation>%1 kann nicht gesperrt werden: %2.</translation>
+    </message>
+    <message>
+        <source>Cannot remove %1: %2.</source>
+        <translation>%1 kann nicht entfernt werden: %2.</translation>
+    </message>
+    <message>
+        <source>Cannot make the folder %1: %2.</source>
+        <translation>Der Ordner %1 kann nicht angelegt werden: %2.</translation>
+    </message>
+    <message>
+        <source>Cannot flush the folder of %1: %2.</source>
+        <translation>Der Ordner von %1 kann nicht auf die Platte geschrieben werden: %2.</translation>
+    </message>
+    <message>
+        <source>There is no file &quot;%1&quot;.</source>
+        <translation>Es gibt keine Datei „%1“.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2.</source>
+        <translation>%1 kann nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>it is not an ordinary file</source>
+        <translation>es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 bytes</source>
+        <translation>die Datei ist größer als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>it is no text in UTF-8</source>
+        <translation>es ist kein Text in UTF-8</translation>
+    </message>
+    <message>
+        <source>it cannot be read again</source>
+        <translation>die Datei kann nicht noch einmal gelesen werden</translation>
+    </message>
+    <message>
+        <source>its end is missing</source>
+        <translation>das Ende fehlt</translation>
+    </message>
+    <message>
+        <source>The picture %1 could not be written: %2.</source>
+        <translation>Das Bild %1 konnte nicht geschrieben werden: %2.</translation>
+    </message>
+    <message>
+        <source>The picture %1 must end in .png or .svg.</source>
+        <translation>Der Name des Bildes %1 muss auf .png oder .svg enden.</translation>
+    </message>
+    <message>
+        <source>The picture %1 could not be drawn.</source>
+        <translation>Das Bild %1 konnte nicht gezeichnet werden.</translation>
+    </message>
+    <message>
+        <source>The settings file %1 is damaged (%2). %3</source>
+        <translation>Die Einstellungsdatei %1 ist beschädigt (%2). %3</translation>
+    </message>
+    <message>
+        <source>The settings file %1 cannot be read (%2).</source>
+        <translation>Die Einstellungsdatei %1 kann nicht gelesen werden (%2).</translation>
+    </message>
+    <message>
+        <source>%1 The defaults are used.</source>
+        <translation>%1 Es gelten die Vorgaben.</translation>
+    </message>
+    <message>
+        <source>It is kept as %1.</source>
+        <translation>Sie wird als %1 aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>it has lines that are no settings</source>
+        <translation>sie hat Zeilen, die keine Einstellungen sind</translation>
+    </message>
+    <message>
+        <source>a value does not read back</source>
+        <translation>ein Wert lässt sich nicht zurücklesen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened. %2</source>
+        <translation>%1 kann nicht geöffnet werden. %2</translation>
+    </message>
+    <message>
+        <source>It is no text in UTF-8.</source>
+        <translation>Es ist kein Text in UTF-8.</translation>
+    </message>
+    <message>
+        <source>Line %1 holds a zero byte, which no configuration may.</source>
+        <translation>Zeile %1 enthält ein Nullbyte, das in keiner Konfiguration stehen darf.</translation>
+    </message>
+    <message>
+        <source>chronyd did not end in time, so the syntax is not known to be right.</source>
+        <translation>chronyd wurde nicht rechtzeitig fertig; ob die Syntax stimmt, ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>chronyd could not be run.</source>
+        <translation>chronyd konnte nicht ausgeführt werden.</translation>
+    </message>
+    <message>
+        <source>chronyd refuses this configuration.</source>
+        <translation>chronyd lehnt diese Konfiguration ab.</translation>
+    </message>
+    <message>
+        <source>chronyd refuses this configuration: %1.</source>
+        <translation>chronyd lehnt diese Konfiguration ab: %1.</translation>
+    </message>
+    <message>
+        <source>chronyd was not found on this machine, so the syntax was not checked.</source>
+        <translation>chronyd wurde auf diesem Rechner nicht gefunden; die Syntax wurde nicht geprüft.</translation>
+    </message>
+    <message>
+        <source>%1 is no longer supported and has no effect.</source>
+        <translation>%1 wird nicht mehr unterstützt und hat keine Wirkung.</translation>
+    </message>
+    <message>
+        <source>%1: there is no user %2, so chronyd would not start.</source>
+        <translation>%1: Es gibt keinen Benutzer %2; chronyd würde nicht starten.</translation>
+    </message>
+    <message>
+        <source>%1: there is no driver %2 (PPS, SHM, SOCK and PHC there are), so chronyd would not start.</source>
+        <translation>%1: Es gibt keinen Treiber %2 (es gibt PPS, SHM, SOCK und PHC); chronyd würde nicht starten.</translation>
+    </message>
+    <message>
+        <source>%1: %2 does not exist.</source>
+        <translation>%1: %2 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no file.</source>
+        <translation>%1: %2 ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no device.</source>
+        <translation>%1: %2 ist keine Gerätedatei.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no folder.</source>
+        <translation>%1: %2 ist kein Ordner.</translation>
+    </message>
+    <message>
+        <source>%1: the user %2, as whom chronyd runs, cannot read %3.</source>
+        <translation>%1: Der Benutzer %2, unter dem chronyd läuft, kann %3 nicht lesen.</translation>
+    </message>
+    <message>
+        <source>%1: the user %2, as whom chronyd runs, cannot write in the folder %3.</source>
+        <translation>%1: Der Benutzer %2, unter dem chronyd läuft, kann im Ordner %3 nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>The root helper cannot be reached: %1.</source>
+        <translation>Der Root-Helfer ist nicht erreichbar: %1.</translation>
+    </message>
+    <message>
+        <source>The root helper was not installed.</source>
+        <translation>Der Root-Helfer wurde nicht installiert.</translation>
+    </message>
+    <message>
+        <source>The root helper was not installed: %1</source>
+        <translation>Der Root-Helfer wurde nicht installiert: %1</translation>
+    </message>
+    <message>
+        <source>The root helper gave no authorisation.</source>
+        <translation>Der Root-Helfer hat keine Berechtigung erteilt.</translation>
+    </message>
+    <message>
+        <source>There is no root helper here.</source>
+        <translation>Hier gibt es keinen Root-Helfer.</translation>
+    </message>
+    <message>
+        <source>the system bus does not answer</source>
+        <translation>der Systembus antwortet nicht</translation>
+    </message>
+    <message>
+        <source>Another administrative job is under way.</source>
+        <translation>Eine andere Verwaltungsaufgabe läuft noch.</translation>
+    </message>
+    <message>
+        <source>The files to be installed cannot be written to %1.</source>
+        <translation>Die zu installierenden Dateien können nicht nach %1 geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The preferences point to the distribution&apos;s chrony, which is installed already.</source>
+        <translation>Die Einstellungen verweisen auf das chrony der Distribution, das schon installiert ist.</translation>
+    </message>
+    <message>
+        <source>The preferences point to the distribution&apos;s chrony, which its package manager removes.</source>
+        <translation>Die Einstellungen verweisen auf das chrony der Distribution, das deren Paketverwaltung entfernt.</translation>
+    </message>
+    <message>
+        <source>%1 was not installed.</source>
+        <translation>%1 wurde nicht installiert.</translation>
+    </message>
+    <message>
+        <source>There is no chronywake in the folders of programs.</source>
+        <translation>In den Programmordnern gibt es kein chronywake.</translation>
+    </message>
+    <message>
+        <source>The configuration names no folder of logs.</source>
+        <translation>Die Konfiguration nennt keinen Ordner für Protokolle.</translation>
+    </message>
+    <message>
+        <source>The logs of the distribution&apos;s chrony are rotated by the distribution.</source>
+        <translation>Die Protokolle des chrony der Distribution rotiert die Distribution selbst.</translation>
+    </message>
+    <message>
+        <source>The configuration was not installed.</source>
+        <translation>Die Konfiguration wurde nicht installiert.</translation>
+    </message>
+    <message>
+        <source>The configuration was not installed: %1.</source>
+        <translation>Die Konfiguration wurde nicht installiert: %1.</translation>
+    </message>
+    <message>
+        <source>%1 The former configuration is back, and chronyd runs with it again.</source>
+        <translation>%1 Die vorige Konfiguration ist wieder da, und chronyd läuft wieder mit ihr.</translation>
+    </message>
+    <message>
+        <source>%1 There was no configuration before it that could be put back: chronyd does not run.</source>
+        <translation>%1 Vorher gab es keine Konfiguration, die sich wiederherstellen ließe: chronyd läuft nicht.</translation>
+    </message>
+    <message>
+        <source>%1 The former configuration is back, but chronyd does not run with it either.</source>
+        <translation>%1 Die vorige Konfiguration ist wieder da, aber auch mit ihr läuft chronyd nicht.</translation>
+    </message>
+    <message>
+        <source>%1 The former configuration is back, but chronyd does not run with it either: %2.</source>
+        <translation>%1 Die vorige Konfiguration ist wieder da, aber auch mit ihr läuft chronyd nicht: %2.</translation>
+    </message>
+    <message>
+        <source>chronyd ended soon after it was started with this configuration.</source>
+        <translation>chronyd endete bald nach dem Start mit dieser Konfiguration.</translation>
+    </message>
+    <message>
+        <source>chronyd ended soon after it was started with this configuration: %1.</source>
+        <translation>chronyd endete bald nach dem Start mit dieser Konfiguration: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>servers</name>
+    <message>
+        <source>A server needs a name or an address.</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Ein Server braucht einen Namen oder eine Adresse.</translation>
+    </message>
+    <message>
+        <source>An IPv6 address has no place in the list&apos;s file; use a name.</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Eine IPv6-Adresse geht hier nicht; nehmen Sie einen Namen.</translation>
+    </message>
+    <message>
+        <source>The largest poll is not a whole number.</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Das größte Abfrageintervall ist keine ganze Zahl.</translation>
+    </message>
+    <message>
+        <source>The smallest poll is not a whole number.</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Das kleinste Abfrageintervall ist keine ganze Zahl.</translation>
+    </message>
+    <message>
+        <source>The largest poll is at most 16 (18 hours).</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Das größte Abfrageintervall ist höchstens 16 (18 Stunden).</translation>
+    </message>
+    <message>
+        <source>The smallest poll is at most 16 (18 hours).</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Das kleinste Abfrageintervall ist höchstens 16 (18 Stunden).</translation>
+    </message>
+    <message>
+        <source>The smallest poll is larger than the largest.</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Das kleinste Abfrageintervall ist größer als das größte.</translation>
+    </message>
+    <message>
+        <source>A title needs a letter or two.</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Ein Titel braucht mindestens ein paar Zeichen.</translation>
+    </message>
+    <message>
+        <source>The list&apos;s file cannot hold a colon, so a title has none.</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Die Datei der Liste kann keinen Doppelpunkt aufnehmen, daher hat ein Titel keinen.</translation>
+    </message>
+    <message>
+        <source>Add or remove</source>
+        <extracomment>server window: name of the two buttons that add and remove a server</extracomment>
+        <translation>Hinzufügen oder entfernen</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <extracomment>server window: name of the button with the plus sign, and its tooltip</extracomment>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add a server (Ctrl+N)</source>
+        <extracomment>server window: tooltip of the button +</extracomment>
+        <translation>Einen Server hinzufügen (Strg+N)</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <extracomment>server window: name of the button with the minus sign, and its tooltip</extracomment>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the selected server (Delete)</source>
+        <extracomment>server window: tooltip of the button −</extracomment>
+        <translation>Den ausgewählten Server entfernen (Entf)</translation>
+    </message>
+    <message>
+        <source>Undo Remove</source>
+        <extracomment>server window: button that brings back the server removed last</extracomment>
+        <translation>Entfernen rückgängig</translation>
+    </message>
+    <message>
+        <source>Bring back the server that was removed last (Ctrl+Z)</source>
+        <extracomment>server window: tooltip of that button</extracomment>
+        <translation>Den zuletzt entfernten Server zurückholen (Strg+Z)</translation>
+    </message>
+    <message>
+        <source>Servers</source>
+        <extracomment>server window: name of the list, and its tooltip</extracomment>
+        <translation>Server</translation>
+    </message>
+    <message>
+        <source>Double-click or F2 changes a title; drag, or Alt with Up and Down, moves</source>
+        <extracomment>server window: tooltip of the list</extracomment>
+        <translation>Doppelklick oder F2 ändert einen Titel; Ziehen oder Alt mit Auf und Ab verschiebt ihn</translation>
+    </message>
+    <message>
+        <source>No servers yet. Add one with +, or import those of the installed configuration.</source>
+        <extracomment>server window: shown in the list while it is empty</extracomment>
+        <translation>Noch keine Server. Fügen Sie einen mit + hinzu, oder importieren Sie die der installierten Konfiguration.</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <extracomment>server window: name of the field with the server&apos;s address, and its tooltip</extracomment>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>The server&apos;s host name or IPv4 address</source>
+        <extracomment>server window: tooltip of the server&apos;s address</extracomment>
+        <translation>Hostname oder IPv4-Adresse des Servers</translation>
+    </message>
+    <message>
+        <source>Smallest poll</source>
+        <extracomment>server window: name of the field with chrony&apos;s minpoll, and its tooltip</extracomment>
+        <translation>Kleinstes Abfrageintervall</translation>
+    </message>
+    <message>
+        <source>minpoll: the shortest time between two requests, as a power of 2 in seconds</source>
+        <extracomment>server window: tooltip of “Smallest poll”</extracomment>
+        <translation>minpoll: die kürzeste Zeit zwischen zwei Anfragen, als Zweierpotenz in Sekunden</translation>
+    </message>
+    <message>
+        <source>Largest poll</source>
+        <extracomment>server window: name of the field with chrony&apos;s maxpoll, and its tooltip</extracomment>
+        <translation>Größtes Abfrageintervall</translation>
+    </message>
+    <message>
+        <source>maxpoll: the longest time between two requests, as a power of 2 in seconds</source>
+        <extracomment>server window: tooltip of “Largest poll”</extracomment>
+        <translation>maxpoll: die längste Zeit zwischen zwei Anfragen, als Zweierpotenz in Sekunden</translation>
+    </message>
+    <message>
+        <source>Start with a &amp;burst of requests</source>
+        <extracomment>server window: check box</extracomment>
+        <translation>Schnelle &amp;Anfragen zu Beginn</translation>
+    </message>
+    <message>
+        <source>Start with a burst of requests</source>
+        <extracomment>server window: name of that check box, and its tooltip</extracomment>
+        <translation>Schnelle Anfragen zu Beginn</translation>
+    </message>
+    <message>
+        <source>iburst: a few quick requests at the start set the clock sooner</source>
+        <extracomment>server window: tooltip of the box for iburst</extracomment>
+        <translation>iburst: Einige schnelle Anfragen am Anfang stellen die Uhr früher</translation>
+    </message>
+    <message>
+        <source>&amp;Address:</source>
+        <extracomment>server window: labels of the fields</extracomment>
+        <translation>A&amp;dresse:</translation>
+    </message>
+    <message>
+        <source>S&amp;mallest poll:</source>
+        <extracomment>server window: label of the field with minpoll</extracomment>
+        <translation>&amp;Kleinstes Intervall:</translation>
+    </message>
+    <message>
+        <source>&amp;Largest poll:</source>
+        <extracomment>server window: label of the field with maxpoll</extracomment>
+        <translation>&amp;Größtes Intervall:</translation>
+    </message>
+    <message>
+        <source>&amp;Import</source>
+        <extracomment>server window: button, adds the servers of the installed chrony.conf</extracomment>
+        <translation>&amp;Importieren</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <extracomment>server window: name of the button that imports a configuration</extracomment>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Add the servers and pools of the installed configuration</source>
+        <extracomment>server window: tooltip of that button</extracomment>
+        <translation>Die Server und Pools der installierten Konfiguration hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Lines</source>
+        <extracomment>server window: button, the list goes to the clipboard as lines of chrony.conf</extracomment>
+        <translation>&amp;Zeilen kopieren</translation>
+    </message>
+    <message>
+        <source>Copy Lines</source>
+        <extracomment>server window: name of the button that copies the list as lines</extracomment>
+        <translation>Zeilen kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the list as &quot;server&quot; lines of chrony&apos;s configuration</source>
+        <extracomment>server window: tooltip of that button</extracomment>
+        <translation>Die Liste als „server“-Zeilen der chrony-Konfiguration kopieren</translation>
+    </message>
+    <message>
+        <source>Insert in &amp;Editor</source>
+        <extracomment>server window: button, the list goes into the configuration that is being edited</extracomment>
+        <translation>In &amp;Editor einfügen</translation>
+    </message>
+    <message>
+        <source>Insert in Editor</source>
+        <extracomment>server window: name of the button that inserts the list into the editor</extracomment>
+        <translation>In Editor einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <extracomment>server window: button, opens chrony&apos;s manual</extracomment>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <extracomment>server window: name of the button that opens a page on servers</extracomment>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>What chrony&apos;s manual says of the server directive</source>
+        <extracomment>server window: tooltip of that button</extracomment>
+        <translation>Was das Handbuch von chrony zur Direktive server sagt</translation>
+    </message>
+    <message>
+        <source>&amp;Try Again</source>
+        <extracomment>server window: button beside a failure to save; saves once more</extracomment>
+        <translation>Erneut &amp;versuchen</translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <extracomment>server window: button, tries to save again</extracomment>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Save the list once more</source>
+        <extracomment>server window: tooltip of that button</extracomment>
+        <translation>Die Liste noch einmal speichern</translation>
+    </message>
+    <message>
+        <source>1/%1 s</source>
+        <extracomment>server window: part of a second; %1 a whole number</extracomment>
+        <translation>1/%1 s</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>server window: %1 seconds</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <extracomment>server window: %1 minutes; %1 hours</extracomment>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <extracomment>server window: a time below a field; %1 is a number of hours</extracomment>
+        <translation>%1 h</translation>
+    </message>
+</context>
+<context>
+    <name>spectrum</name>
+    <message>
+        <source>Series</source>
+        <extracomment>spectrum window: name of the menu that chooses the series, and its tooltip</extracomment>
+        <translation>Reihe</translation>
+    </message>
+    <message>
+        <source>The series of the tracking log whose spectrum is shown</source>
+        <extracomment>spectrum window: tooltip of the menu of series</extracomment>
+        <translation>Die Reihe des Tracking-Protokolls, deren Spektrum gezeigt wird</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <extracomment>spectrum window: the series of the tracking log</extracomment>
+        <translation>Abweichung</translation>
+    </message>
+    <message>
+        <source>Remaining correction</source>
+        <extracomment>spectrum window: a series</extracomment>
+        <translation>Restkorrektur</translation>
+    </message>
+    <message>
+        <source>RMS offset</source>
+        <extracomment>spectrum window: a series</extracomment>
+        <translation>RMS-Abweichung</translation>
+    </message>
+    <message>
+        <source>Sampling interval</source>
+        <extracomment>spectrum window: name of the field with the seconds between two samples, and its tooltip</extracomment>
+        <translation>Abtastintervall</translation>
+    </message>
+    <message>
+        <source>Seconds between two samples; Return computes anew</source>
+        <extracomment>spectrum window: tooltip of the interval</extracomment>
+        <translation>Sekunden zwischen zwei Abtastwerten; die Eingabetaste rechnet neu</translation>
+    </message>
+    <message>
+        <source>Analysed duration</source>
+        <extracomment>spectrum window: name of the field with the seconds analysed, and its tooltip</extracomment>
+        <translation>Untersuchte Dauer</translation>
+    </message>
+    <message>
+        <source>Seconds analysed, up to the newest record; Return computes anew</source>
+        <extracomment>spectrum window: tooltip of the duration</extracomment>
+        <translation>Untersuchte Sekunden bis zum neuesten Eintrag; die Eingabetaste rechnet neu</translation>
+    </message>
+    <message>
+        <source>&amp;Compute</source>
+        <extracomment>spectrum window: button, computes the spectrum from the log as it is now</extracomment>
+        <translation>&amp;Berechnen</translation>
+    </message>
+    <message>
+        <source>Compute</source>
+        <extracomment>spectrum window: name of the button that computes</extracomment>
+        <translation>Berechnen</translation>
+    </message>
+    <message>
+        <source>Compute the spectrum from the tracking log as it is now</source>
+        <extracomment>spectrum window: tooltip of that button</extracomment>
+        <translation>Das Spektrum aus dem jetzigen Tracking-Protokoll berechnen</translation>
+    </message>
+    <message>
+        <source>E&amp;xport…</source>
+        <extracomment>spectrum window: button, saves the chart as a picture or its numbers as a table</extracomment>
+        <translation>E&amp;xportieren …</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <extracomment>spectrum window: name of the button that exports</extracomment>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Save the chart as a picture, or its numbers as CSV (Ctrl+S)</source>
+        <extracomment>spectrum window: tooltip of that button</extracomment>
+        <translation>Das Diagramm als Bild oder seine Zahlen als CSV speichern (Strg+S)</translation>
+    </message>
+    <message>
+        <source>Spectrum</source>
+        <extracomment>spectrum window: name of the chart, and its tooltip</extracomment>
+        <translation>Spektrum</translation>
+    </message>
+    <message>
+        <source>Reading</source>
+        <extracomment>spectrum window: name of the line below the chart</extracomment>
+        <translation>Ablesung</translation>
+    </message>
+    <message>
+        <source>&amp;Series:</source>
+        <extracomment>spectrum window: label of the series menu</extracomment>
+        <translation>&amp;Reihe:</translation>
+    </message>
+    <message>
+        <source>&amp;Interval (s):</source>
+        <extracomment>spectrum window: label of the field with the seconds between two samples</extracomment>
+        <translation>&amp;Intervall (s):</translation>
+    </message>
+    <message>
+        <source>&amp;Duration (s):</source>
+        <extracomment>spectrum window: label of the field with the seconds analysed</extracomment>
+        <translation>&amp;Dauer (s):</translation>
+    </message>
+    <message>
+        <source>The interval must be more than 0 seconds.</source>
+        <extracomment>spectrum window: reasons why no spectrum was computed</extracomment>
+        <translation>Das Intervall muss länger als 0 Sekunden sein.</translation>
+    </message>
+    <message>
+        <source>The duration must be at least half an interval.</source>
+        <extracomment>spectrum window: reason why no spectrum was computed</extracomment>
+        <translation>Die Dauer muss mindestens ein halbes Intervall betragen.</translation>
+    </message>
+    <message>
+        <source>A spectrum has at most %1 samples: shorten the duration or lengthen the interval.</source>
+        <extracomment>%1 a whole number</extracomment>
+        <translation>Ein Spektrum hat höchstens %1 Abtastwerte: Verkürzen Sie die Dauer, oder verlängern Sie das Intervall.</translation>
+    </message>
+    <message>
+        <source>The record of %1 has no value for “%2”.</source>
+        <extracomment>%1 a time, %2 the series as the selector names it</extracomment>
+        <translation>Der Eintrag von %1 hat keinen Wert für „%2“.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory for a spectrum of that many samples.</source>
+        <extracomment>spectrum window: reason why no spectrum was computed</extracomment>
+        <translation>Für ein Spektrum mit so vielen Abtastwerten reicht der Speicher nicht.</translation>
+    </message>
+    <message>
+        <source>Bin %1, at %2 Hz on the axis: magnitude %3</source>
+        <extracomment>spectrum window: the bar pointed at; %1 its number, %2 its place on the frequency axis, %3 its height</extracomment>
+        <translation>Bin %1, bei %2 Hz auf der Achse: Betrag %3</translation>
+    </message>
+</context>
+<context>
+    <name>status</name>
+    <message>
+        <source>State of chronyd</source>
+        <extracomment>main window: name of the image beside the words for the daemon&apos;s state</extracomment>
+        <translation>Zustand von chronyd</translation>
+    </message>
+    <message>
+        <source>Synchronised</source>
+        <extracomment>main window: state of the daemon</extracomment>
+        <translation>Synchronisiert</translation>
+    </message>
+    <message>
+        <source>Not synchronised</source>
+        <extracomment>main window: state of the daemon; it runs but follows no source yet</extracomment>
+        <translation>Nicht synchronisiert</translation>
+    </message>
+    <message>
+        <source>Not available</source>
+        <extracomment>main window: state of the daemon; it gave no usable answer</extracomment>
+        <translation>Nicht verfügbar</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::ConfigEditor</name>
+    <message>
+        <source>Checking…</source>
+        <extracomment>configuration editor: said during a check</extracomment>
+        <translation>Prüfung läuft …</translation>
+    </message>
+    <message>
+        <source>The text changed during the check; check it again.</source>
+        <extracomment>configuration editor: said when a check came too late</extracomment>
+        <translation>Der Text wurde während der Prüfung geändert; bitte erneut prüfen.</translation>
+    </message>
+    <message>
+        <source>Save Configuration</source>
+        <extracomment>title of the dialog that saves a configuration</extracomment>
+        <translation>Konfiguration speichern</translation>
+    </message>
+    <message>
+        <source>The configuration was not saved</source>
+        <extracomment>alert: message above the reason</extracomment>
+        <translation>Die Konfiguration wurde nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>Saved %1.</source>
+        <extracomment>configuration editor: said after saving; %1 a path</extracomment>
+        <translation>%1 gespeichert.</translation>
+    </message>
+    <message>
+        <source>The configuration could not be read</source>
+        <extracomment>alert: message above the reason</extracomment>
+        <translation>Die Konfiguration konnte nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>The configuration was not installed</source>
+        <extracomment>alert: message, and why
+----------
+alert: message above the reason</extracomment>
+        <translation>Die Konfiguration wurde nicht installiert</translation>
+    </message>
+    <message>
+        <source>Installing needs the root helper, which this program was started without.</source>
+        <extracomment>alert: informative text</extracomment>
+        <translation>Zum Installieren braucht es den Root-Helfer, ohne den dieses Programm gestartet wurde.</translation>
+    </message>
+    <message>
+        <source>The text changed meanwhile, so it was not installed; check it again.</source>
+        <extracomment>configuration editor: said when the text was edited while it was saved for an installation</extracomment>
+        <translation>Der Text wurde inzwischen geändert und daher nicht installiert; bitte erneut prüfen.</translation>
+    </message>
+    <message>
+        <source>Installing…</source>
+        <extracomment>configuration editor: said during the installation</extracomment>
+        <translation>Installation läuft …</translation>
+    </message>
+    <message>
+        <source>Installed Chrony Configuration</source>
+        <extracomment>Installed Configuration</extracomment>
+        <translation>chrony-Konfiguration installiert</translation>
+    </message>
+    <message>
+        <source>Installed.</source>
+        <extracomment>configuration editor: said after the installation</extracomment>
+        <translation>Installiert.</translation>
+    </message>
+    <message>
+        <source>Not installed.</source>
+        <extracomment>configuration editor: said after an installation that failed</extracomment>
+        <translation>Nicht installiert.</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::FreqTempWindow</name>
+    <message>
+        <source>Frequency and Temperature</source>
+        <extracomment>frequency and temperature window: title</extracomment>
+        <translation>Frequenz und Temperatur</translation>
+    </message>
+    <message>
+        <source>Sensors</source>
+        <extracomment>frequency and temperature window: title of the menu of sensors</extracomment>
+        <translation>Sensoren</translation>
+    </message>
+    <message>
+        <source>No Sensor</source>
+        <extracomment>frequency and temperature window: menu item, hides the points of all sensors</extracomment>
+        <translation>Kein Sensor</translation>
+    </message>
+    <message>
+        <source>Delete all points of all sensors?</source>
+        <extracomment>frequency and temperature window: asked before the points are deleted</extracomment>
+        <translation>Alle Punkte aller Sensoren löschen?</translation>
+    </message>
+    <message>
+        <source>They are deleted from the saved map too. Export them first if you may need them.</source>
+        <extracomment>frequency and temperature window: second sentence of that question</extracomment>
+        <translation>Sie werden auch aus der gespeicherten Datei gelöscht. Exportieren Sie sie vorher, falls Sie sie noch brauchen.</translation>
+    </message>
+    <message>
+        <source>Delete Points</source>
+        <extracomment>frequency and temperature window: button that deletes the points</extracomment>
+        <translation>Punkte löschen</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::HelpContents</name>
+    <message>
+        <source>Search all pages</source>
+        <extracomment>help window: accessible name and placeholder of the field that searches every page</extracomment>
+        <translation>Alle Seiten durchsuchen</translation>
+    </message>
+    <message>
+        <source>Passages found</source>
+        <extracomment>help window: accessible name of the list of what a search found</extracomment>
+        <translation>Fundstellen</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <extracomment>help window: accessible name of the list of pages</extracomment>
+        <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>No page has “%1”.</source>
+        <extracomment>help window: answer of a search; %1 what was searched for</extracomment>
+        <translation>Auf keiner Seite steht „%1“.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n passage(s)</source>
+        <extracomment>help window: answer of a search; %n passages were found</extracomment>
+        <translation>
+            <numerusform>%n Fundstelle</numerusform>
+            <numerusform>%n Fundstellen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::HelpFindBar</name>
+    <message>
+        <source>Find in this page</source>
+        <extracomment>help window, bar that finds text: accessible name and placeholder of the field</extracomment>
+        <translation>Auf dieser Seite suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Previous</source>
+        <extracomment>help window, bar that finds text: buttons</extracomment>
+        <translation>&amp;Zurück</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <extracomment>help find bar: button, the next place</extracomment>
+        <translation>&amp;Weiter</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <extracomment>help find bar: button, closes the bar</extracomment>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>Not in this page</source>
+        <extracomment>help window, bar that finds text: nothing was found</extracomment>
+        <translation>Nicht auf dieser Seite</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::HelpPageView</name>
+    <message>
+        <source>Help page</source>
+        <extracomment>help window: name of the page for screen readers</extracomment>
+        <translation>Hilfeseite</translation>
+    </message>
+    <message>
+        <source>The manual page %1 is not installed on this machine. Debian&apos;s package chrony brings it, unless the system was set up to leave manual pages out.</source>
+        <extracomment>help window: shown in place of a manual page; %1 its name</extracomment>
+        <translation>Die Handbuchseite %1 ist auf diesem Rechner nicht installiert. Debians Paket chrony bringt sie mit, sofern das System nicht so eingerichtet ist, dass es Handbuchseiten weglässt.</translation>
+    </message>
+    <message>
+        <source>Manual pages are shown with mandoc, which is not installed on this machine. Debian&apos;s package mandoc brings it.</source>
+        <extracomment>help window: shown in place of a manual page; mandoc is a program and a package</extracomment>
+        <translation>Handbuchseiten werden mit mandoc gezeigt, das auf diesem Rechner nicht installiert ist. Debians Paket mandoc bringt es mit.</translation>
+    </message>
+    <message>
+        <source>It can be read at %1.</source>
+        <extracomment>help window: shown in place of a manual page; %1 a link</extracomment>
+        <translation>Sie ist unter %1 zu lesen.</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::HelpViewer</name>
+    <message>
+        <source>Help</source>
+        <extracomment>help window: title</extracomment>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <extracomment>help window: name of the tool bar</extracomment>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <extracomment>help window: buttons of the tool bar</extracomment>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <extracomment>help window: tool, the page that was left with Back</extracomment>
+        <translation>Vor</translation>
+    </message>
+    <message>
+        <source>Find…</source>
+        <extracomment>help window: tool, opens the find bar</extracomment>
+        <translation>Suchen …</translation>
+    </message>
+    <message>
+        <source>Search All…</source>
+        <extracomment>help window: tool, goes to the field that searches all pages</extracomment>
+        <translation>Alle durchsuchen …</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <extracomment>help window: tool, smaller letters</extracomment>
+        <translation>Kleiner</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <extracomment>help window: tool, larger letters</extracomment>
+        <translation>Größer</translation>
+    </message>
+    <message>
+        <source>Help: %1</source>
+        <extracomment>help window: its title with a page; %1 the page&apos;s title</extracomment>
+        <translation>Hilfe: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::Preferences</name>
+    <message>
+        <source>Preferences</source>
+        <extracomment>preferences window: title</extracomment>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Panes</source>
+        <extracomment>preferences window: name of its panes</extracomment>
+        <translation>Seiten</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::PreferencesAdvancedPane</name>
+    <message>
+        <source>Offer the &amp;frequency and temperature window</source>
+        <extracomment>Advanced preferences: check boxes, each with its explanation</extracomment>
+        <translation>Fenster für &amp;Frequenz und Temperatur anbieten</translation>
+    </message>
+    <message>
+        <source>How the clock&apos;s frequency follows the temperature of this machine&apos;s sensors.</source>
+        <extracomment>Advanced preferences: explanation of the frequency and temperature window</extracomment>
+        <translation>Wie die Frequenz der Uhr der Temperatur der Sensoren dieses Rechners folgt.</translation>
+    </message>
+    <message>
+        <source>Offer the &amp;spectrum window</source>
+        <extracomment>Advanced preferences: check box</extracomment>
+        <translation>Fenster für das &amp;Spektrum anbieten</translation>
+    </message>
+    <message>
+        <source>The spectrum of a tracking log: which periods its fluctuations have.</source>
+        <extracomment>Advanced preferences: explanation of the spectrum window</extracomment>
+        <translation>Das Spektrum eines Tracking-Protokolls: welche Perioden seine Schwankungen haben.</translation>
+    </message>
+    <message>
+        <source>&amp;Restart the GPS daemon together with chronyd</source>
+        <extracomment>Advanced preferences: check box</extracomment>
+        <translation>Den &amp;GPS-Daemon zusammen mit chronyd neu starten</translation>
+    </message>
+    <message>
+        <source>For a reference clock that gpsd feeds: it finds chronyd again only when it starts.</source>
+        <extracomment>Advanced preferences: explanation of the restart of the GPS daemon</extracomment>
+        <translation>Für eine Referenzuhr an gpsd: Er findet chronyd nur beim Start wieder.</translation>
+    </message>
+    <message>
+        <source>Advanced</source>
+        <extracomment>preferences: name of a pane</extracomment>
+        <translation>Erweitert</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::PreferencesGeneralPane</name>
+    <message>
+        <source>General</source>
+        <extracomment>preferences: name of a pane</extracomment>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>%1: a number from %2 to %3.</source>
+        <extracomment>General preferences: %1 a field&apos;s name, %2 and %3 numbers</extracomment>
+        <translation>%1: eine Zahl von %2 bis %3.</translation>
+    </message>
+    <message>
+        <source>A path starts with a slash.</source>
+        <extracomment>General preferences: said below a path</extracomment>
+        <translation>Ein Pfad beginnt mit einem Schrägstrich.</translation>
+    </message>
+    <message>
+        <source>There is no such file.</source>
+        <extracomment>General preferences: said below a path</extracomment>
+        <translation>Diese Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>This is a folder.</source>
+        <extracomment>General preferences: said below a path</extracomment>
+        <translation>Das ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>This is not a program that you may run.</source>
+        <extracomment>General preferences: said below a path</extracomment>
+        <translation>Das ist kein Programm, das Sie ausführen dürfen.</translation>
+    </message>
+    <message>
+        <source>Choose</source>
+        <extracomment>General preferences: button of the file chooser</extracomment>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>This machine has no chrony of its distribution.</source>
+        <extracomment>General preferences: said when the button Detect found nothing</extracomment>
+        <translation>Dieser Rechner hat kein chrony seiner Distribution.</translation>
+    </message>
+    <message>
+        <source>The paths of the distribution&apos;s chrony are filled in.</source>
+        <extracomment>General preferences: said when the button Detect filled in paths</extracomment>
+        <translation>Die Pfade des chrony der Distribution sind eingetragen.</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <extracomment>alert before the daemon is told to leave the clock alone: title</extracomment>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>When option Adjust System Clock is disabled, chronyd will no longer discipline the system clock to match NTP time. However, any clients connecting to this system will continue to be served with NTP time.
+
+For further explanation see the documentation of the chronyd -x option.</source>
+        <extracomment>alert before the daemon is told to leave the clock alone</extracomment>
+        <translation>Wenn die Option „Systemuhr nachstellen“ ausgeschaltet ist, gleicht chronyd die Systemuhr nicht mehr an die NTP-Zeit an. Clients, die sich mit diesem System verbinden, erhalten aber weiterhin die NTP-Zeit.
+
+Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <extracomment>buttons of that alert</extracomment>
+        <translation>Fortfahren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <extracomment>button of the alert before the daemon is told to leave the clock alone</extracomment>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Do not show this warning again</source>
+        <extracomment>check box of an alert</extracomment>
+        <translation>Diese Warnung nicht wieder anzeigen</translation>
+    </message>
+    <message>
+        <source>This version cannot do it: it has no root helper</source>
+        <extracomment>General preferences: tooltip of a button that needs the root helper</extracomment>
+        <translation>Diese Version kann das nicht: Sie hat keinen Root-Helfer</translation>
+    </message>
+    <message>
+        <source>Install chronywake&apos;s job with these arguments, or remove it</source>
+        <extracomment>General preferences: tooltip of the button that saves the arguments of chronywake</extracomment>
+        <translation>chronywake mit diesen Argumenten einrichten oder entfernen</translation>
+    </message>
+    <message>
+        <source>Run chronywake once and see what it answers</source>
+        <extracomment>General preferences: tooltip of the button that runs chronywake</extracomment>
+        <translation>chronywake einmal ausführen und sehen, was es antwortet</translation>
+    </message>
+    <message>
+        <source>chronywake&apos;s arguments are saved.</source>
+        <extracomment>General preferences: said when chronywake&apos;s job carries the new arguments</extracomment>
+        <translation>Die Argumente von chronywake sind gespeichert.</translation>
+    </message>
+    <message>
+        <source>chronywake</source>
+        <extracomment>alert after a test of chronywake: title</extracomment>
+        <translation>chronywake</translation>
+    </message>
+    <message>
+        <source>chronywake works: chronyd has set the clock right.</source>
+        <extracomment>alert after a test of chronywake</extracomment>
+        <translation>chronywake arbeitet: chronyd hat die Uhr gestellt.</translation>
+    </message>
+    <message>
+        <source>chronywake did not succeed.</source>
+        <extracomment>alert after a test of chronywake</extracomment>
+        <translation>chronywake hatte keinen Erfolg.</translation>
+    </message>
+    <message>
+        <source>It gave no answer.</source>
+        <extracomment>alert after a test of chronywake that gave no answer</extracomment>
+        <translation>Es gab keine Antwort.</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <extracomment>button of an alert</extracomment>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>The defaults are back.</source>
+        <extracomment>General preferences: said after the button Restore Defaults</extracomment>
+        <translation>Die Vorgaben sind wiederhergestellt.</translation>
+    </message>
+    <message>
+        <source>Every warning is shown again.</source>
+        <extracomment>General preferences: said after the button Reset Warnings</extracomment>
+        <translation>Alle Warnungen werden wieder gezeigt.</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::PreferencesUpdatePane</name>
+    <message>
+        <source>This is Tickervantage %1.</source>
+        <extracomment>preferences, updates: %1 is the version number</extracomment>
+        <translation>Dies ist Tickervantage %1.</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <extracomment>preferences, updates: name of the line with the version</extracomment>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>Updates come from the package manager that installed the program, together with those of your system. Tickervantage does not look for them itself and sends nothing to anybody.</source>
+        <extracomment>preferences, updates</extracomment>
+        <translation>Aktualisierungen kommen von der Paketverwaltung, die das Programm installiert hat, zusammen mit denen Ihres Systems. Tickervantage sucht nicht selbst danach und sendet niemandem etwas.</translation>
+    </message>
+    <message>
+        <source>Updates</source>
+        <extracomment>preferences: name of a pane</extracomment>
+        <translation>Aktualisierungen</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::SensorInspector</name>
+    <message>
+        <source>Sensor Inspector</source>
+        <extracomment>sensor inspector: title</extracomment>
+        <translation>Sensor-Inspektor</translation>
+    </message>
+    <message>
+        <source>Equation</source>
+        <extracomment>sensor inspector: name of the text above the table</extracomment>
+        <translation>Gleichung</translation>
+    </message>
+    <message>
+        <source>Nothing is known yet. The window “Frequency and Temperature” collects the points, and tells them here with each reading of the clock&apos;s frequency while it is open.</source>
+        <extracomment>sensor inspector: shown in place of an empty table</extracomment>
+        <translation>Noch ist nichts bekannt. Das Fenster „Frequenz und Temperatur“ sammelt die Punkte und meldet sie hier mit jedem Ablesen der Frequenz der Uhr, solange es offen ist.</translation>
+    </message>
+    <message>
+        <source>Sensors</source>
+        <extracomment>sensor inspector: name of the table</extracomment>
+        <translation>Sensoren</translation>
+    </message>
+    <message>
+        <source>&amp;Copy Rows</source>
+        <extracomment>sensor inspector: menu item, the selected rows go to the clipboard</extracomment>
+        <translation>Zeilen &amp;kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::ServersWindow</name>
+    <message>
+        <source>Servers</source>
+        <extracomment>server window: title</extracomment>
+        <translation>Server</translation>
+    </message>
+    <message>
+        <source>The saved list is none: %1. It is kept under another name as soon as you change something here.</source>
+        <extracomment>server window: %1 is a reason, such as &quot;it is a folder&quot;</extracomment>
+        <translation>Die gespeicherte Liste ist keine: %1. Sie wird unter anderem Namen aufbewahrt, sobald Sie hier etwas ändern.</translation>
+    </message>
+    <message>
+        <source>The saved list cannot be read: %1.</source>
+        <extracomment>server window: %1 is a reason, such as &quot;Permission denied&quot;</extracomment>
+        <translation>Die gespeicherte Liste kann nicht gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>Another window or program changed the list; this is the list as it is now.</source>
+        <extracomment>server window: said when the list on the disk is newer</extracomment>
+        <translation>Ein anderes Fenster oder Programm hat die Liste geändert; dies ist ihr jetziger Stand.</translation>
+    </message>
+    <message>
+        <source>%1 The change stays here, but it is not saved yet.</source>
+        <extracomment>server window: %1 is a sentence that says why</extracomment>
+        <translation>%1 Die Änderung bleibt hier, ist aber noch nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>Another window or program had changed the list. Its version was kept as %1.</source>
+        <extracomment>server window: %1 is a file</extracomment>
+        <translation>Ein anderes Fenster oder Programm hatte die Liste geändert. Dessen Fassung wurde als %1 aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>%1 at least</source>
+        <extracomment>server window: below the field with the smallest poll; %1 is a time</extracomment>
+        <translation>mindestens %1</translation>
+    </message>
+    <message>
+        <source>%1 at most</source>
+        <extracomment>server window: below the field with the largest poll; %1 is a time</extracomment>
+        <translation>höchstens %1</translation>
+    </message>
+    <message>
+        <source>No browser could be started. The page is %1.</source>
+        <extracomment>server window: %1 is the address of a page</extracomment>
+        <translation>Es konnte kein Browser gestartet werden. Die Seite ist %1.</translation>
+    </message>
+    <message>
+        <source>Servers copied as lines of chrony&apos;s configuration: %1.</source>
+        <extracomment>server window: said when the list went to the clipboard; %1 the number of servers</extracomment>
+        <translation>Server als Zeilen der chrony-Konfiguration kopiert: %1.</translation>
+    </message>
+    <message>
+        <source>No configuration is open in the editor.</source>
+        <extracomment>server window: said when there is no editor to insert into</extracomment>
+        <translation>Im Editor ist keine Konfiguration geöffnet.</translation>
+    </message>
+    <message>
+        <source>Servers imported from %1: %2.</source>
+        <extracomment>server window: said after an import; %1 a file, %2 the number of servers that were added</extracomment>
+        <translation>Aus %1 importierte Server: %2.</translation>
+    </message>
+    <message>
+        <source> In the list already: %1.</source>
+        <extracomment>server window: goes on from there; %1 the number of servers</extracomment>
+        <translation> Schon in der Liste: %1.</translation>
+    </message>
+    <message>
+        <source> IPv6 addresses left out, since the list&apos;s file cannot hold a colon: %1.</source>
+        <extracomment>server window: goes on from there; %1 the number of addresses</extracomment>
+        <translation> IPv6-Adressen ausgelassen, weil die Datei der Liste keinen Doppelpunkt aufnehmen kann: %1.</translation>
+    </message>
+    <message>
+        <source>Insert the list as &quot;server&quot; lines where the cursor stands</source>
+        <extracomment>server window: tooltips of the button that inserts the list into the editor</extracomment>
+        <translation>Die Liste als „server“-Zeilen an der Schreibmarke einfügen</translation>
+    </message>
+    <message>
+        <source>Open a configuration in the editor first</source>
+        <extracomment>server window: tooltip of that button while the editor is closed</extracomment>
+        <translation>Öffnen Sie zuerst eine Konfiguration im Editor</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::SpectrumWindow</name>
+    <message>
+        <source>Spectrum</source>
+        <extracomment>spectrum window: title</extracomment>
+        <translation>Spektrum</translation>
+    </message>
+    <message>
+        <source>Open a tracking log to see its spectrum</source>
+        <extracomment>spectrum window: shown in place of the chart while no tracking window is open</extracomment>
+        <translation>Öffnen Sie ein Tracking-Protokoll, um sein Spektrum zu sehen</translation>
+    </message>
+    <message>
+        <source>Choose Compute to see the spectrum</source>
+        <extracomment>spectrum window: shown in place of the chart while a tracking window is open, before the first computation</extracomment>
+        <translation>„Berechnen“ zeigt das Spektrum</translation>
+    </message>
+    <message>
+        <source>No tracking log is open; the chart shows the last spectrum.</source>
+        <extracomment>spectrum window: said below the chart when it cannot be computed anew</extracomment>
+        <translation>Es ist kein Tracking-Protokoll geöffnet; das Diagramm zeigt das letzte Spektrum.</translation>
+    </message>
+    <message>
+        <source>The duration is not a number.</source>
+        <extracomment>spectrum window: said when a field holds no number</extracomment>
+        <translation>Die Dauer ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>The interval is not a number.</source>
+        <extracomment>spectrum window: said when a field holds no number</extracomment>
+        <translation>Das Intervall ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>The tracking log changed meanwhile; compute again.</source>
+        <extracomment>spectrum window: said when the log was closed or read anew during a computation</extracomment>
+        <translation>Das Tracking-Protokoll hat sich inzwischen geändert; bitte erneut berechnen.</translation>
+    </message>
+    <message>
+        <source>The tracking log has fewer than two records: there is nothing to analyse yet.</source>
+        <extracomment>spectrum window: said when the chart has no bars</extracomment>
+        <translation>Das Tracking-Protokoll hat weniger als zwei Einträge: Noch gibt es nichts zu untersuchen.</translation>
+    </message>
+    <message>
+        <source>%1: %2 samples, %3 bins</source>
+        <extracomment>spectrum window: what the chart shows; %1 the series, %2 and %3 whole numbers</extracomment>
+        <translation>%1: %2 Abtastwerte, %3 Bins</translation>
+    </message>
+    <message>
+        <source>Computing…</source>
+        <extracomment>spectrum window: said while a long log is being read</extracomment>
+        <translation>Berechnung läuft …</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::StepTime</name>
+    <message>
+        <source>%1 d</source>
+        <extracomment>step window: parts of a length of time; %1 is a number</extracomment>
+        <translation>%1 d</translation>
+    </message>
+    <message>
+        <source>%1 h</source>
+        <extracomment>step window: part of a length of time; %1 is a number of hours</extracomment>
+        <translation>%1 h</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <extracomment>step window: part of a length of time; %1 is a number of minutes</extracomment>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>step window: part of a length of time; %1 is a number of seconds</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>The clock stays as it is.</source>
+        <extracomment>step window: below the field with the offset</extracomment>
+        <translation>Die Uhr bleibt, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>The clock will go back %1.</source>
+        <extracomment>step window: below the field with the offset; %1 is a length of time</extracomment>
+        <translation>Die Uhr wird um %1 zurückgestellt.</translation>
+    </message>
+    <message>
+        <source>The clock will go forward %1.</source>
+        <extracomment>step window: below the field with the offset; %1 is a length of time</extracomment>
+        <translation>Die Uhr wird um %1 vorgestellt.</translation>
+    </message>
+    <message>
+        <source>Step the Clock</source>
+        <extracomment>step window: title</extracomment>
+        <translation>Uhr stellen</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <extracomment>step window: name of the field, and its tooltip</extracomment>
+        <translation>Abweichung</translation>
+    </message>
+    <message>
+        <source>Seconds, such as −1.5; a positive number sets the clock forward</source>
+        <extracomment>step window: tooltip of the offset</extracomment>
+        <translation>Sekunden, wie −1,5; eine positive Zahl stellt die Uhr vor</translation>
+    </message>
+    <message>
+        <source>&amp;Step</source>
+        <extracomment>step window: button</extracomment>
+        <translation>&amp;Stellen</translation>
+    </message>
+    <message>
+        <source>Step</source>
+        <extracomment>step window: name of the button</extracomment>
+        <translation>Stellen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <extracomment>step window: button</extracomment>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Offset (s):</source>
+        <extracomment>step window: label</extracomment>
+        <translation>Ab&amp;weichung (s):</translation>
+    </message>
+    <message>
+        <source>This is no number of seconds.</source>
+        <extracomment>step window: said when the field holds no offset</extracomment>
+        <translation>Das ist keine Anzahl von Sekunden.</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::Synchronize</name>
+    <message>
+        <source>Synchronise Now</source>
+        <extracomment>synchronise window: title</extracomment>
+        <translation>Jetzt synchronisieren</translation>
+    </message>
+    <message>
+        <source>Server</source>
+        <extracomment>synchronise window: name of the field, and its tooltip</extracomment>
+        <translation>Server</translation>
+    </message>
+    <message>
+        <source>The NTP server that sets the clock</source>
+        <extracomment>synchronise window: tooltip of the server</extracomment>
+        <translation>Der NTP-Server, nach dem die Uhr gestellt wird</translation>
+    </message>
+    <message>
+        <source>Time-out</source>
+        <extracomment>synchronise window: name of the number field, and its tooltip</extracomment>
+        <translation>Zeitgrenze</translation>
+    </message>
+    <message>
+        <source>Seconds after which chronyd gives up</source>
+        <extracomment>synchronise window: tooltip of the time-out</extracomment>
+        <translation>Sekunden, nach denen chronyd aufgibt</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <extracomment>synchronise window: unit behind the number of seconds</extracomment>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>&amp;Restart chronyd afterwards</source>
+        <extracomment>synchronise window: check box, and its tooltip</extracomment>
+        <translation>&amp;Danach chronyd neu starten</translation>
+    </message>
+    <message>
+        <source>Restart chronyd afterwards</source>
+        <extracomment>synchronise window: name of that check box</extracomment>
+        <translation>Danach chronyd neu starten</translation>
+    </message>
+    <message>
+        <source>Off: the clock runs on its own from then on</source>
+        <extracomment>synchronise window: tooltip of that check box</extracomment>
+        <translation>Aus: Die Uhr läuft von da an für sich allein</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <extracomment>synchronise window: name of the text that chronyd printed</extracomment>
+        <translation>Ausgabe</translation>
+    </message>
+    <message>
+        <source>Synchronising</source>
+        <extracomment>synchronise window: name of the bar that moves meanwhile</extracomment>
+        <translation>Synchronisierung</translation>
+    </message>
+    <message>
+        <source>&amp;Synchronise</source>
+        <extracomment>synchronise window: button, and its tooltip</extracomment>
+        <translation>&amp;Synchronisieren</translation>
+    </message>
+    <message>
+        <source>Synchronise</source>
+        <extracomment>synchronise window: name of the button</extracomment>
+        <translation>Synchronisieren</translation>
+    </message>
+    <message>
+        <source>Stop chronyd and set the clock from this server</source>
+        <extracomment>synchronise window: tooltip of the button</extracomment>
+        <translation>chronyd anhalten und die Uhr nach diesem Server stellen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <extracomment>synchronise window: button</extracomment>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>S&amp;erver:</source>
+        <extracomment>synchronise window: labels</extracomment>
+        <translation>S&amp;erver:</translation>
+    </message>
+    <message>
+        <source>&amp;Time-out:</source>
+        <extracomment>synchronise window: label of the number of seconds</extracomment>
+        <translation>&amp;Zeitgrenze:</translation>
+    </message>
+    <message>
+        <source>A server has a name or an address, without quotes or signs.</source>
+        <extracomment>synchronise window: said while the field holds no server&apos;s name</extracomment>
+        <translation>Ein Server hat einen Namen oder eine Adresse, ohne Anführungs- und Sonderzeichen.</translation>
+    </message>
+    <message>
+        <source>Synchronising; this may take %1 s…</source>
+        <extracomment>synchronise window: said meanwhile; %1 is a number</extracomment>
+        <translation>Die Uhr wird synchronisiert; das kann %1 s dauern …</translation>
+    </message>
+    <message>
+        <source>Nothing was done.</source>
+        <extracomment>synchronise window: said when the user did not give administrator rights</extracomment>
+        <translation>Es wurde nichts getan.</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::TickervantageWindow</name>
+    <message>
+        <source>GPS Configuration</source>
+        <extracomment>main window: toolbar item that launches the application which configures a GPS receiver</extracomment>
+        <translation>GPS-Konfiguration</translation>
+    </message>
+    <message>
+        <source>Open Meridianox to configure a GPS receiver</source>
+        <extracomment>main window: tooltip of that item</extracomment>
+        <translation>Meridianox öffnen, um einen GPS-Empfänger zu konfigurieren</translation>
+    </message>
+    <message>
+        <source>Main Toolbar</source>
+        <extracomment>main window: name of the toolbar</extracomment>
+        <translation>Werkzeugleiste</translation>
+    </message>
+    <message>
+        <source>Not part of this version</source>
+        <extracomment>tooltip of a control that cannot be used</extracomment>
+        <translation>Nicht in dieser Version</translation>
+    </message>
+    <message>
+        <source>%1: not available</source>
+        <extracomment>main window: in place of a version; %1 is a program that could not be asked for it</extracomment>
+        <translation>%1: nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Last reading: %1</source>
+        <extracomment>main window, status line: %1 is a time</extracomment>
+        <translation>Letzte Ablesung: %1</translation>
+    </message>
+    <message>
+        <source>chronyc gave no answer: %1</source>
+        <extracomment>main window, status line: %1 says what happened to chronyc</extracomment>
+        <translation>chronyc gab keine Antwort: %1</translation>
+    </message>
+    <message>
+        <source>chronyd gave no answer.</source>
+        <extracomment>main window, status line: %1 is what chronyc printed instead of a report</extracomment>
+        <translation>chronyd gab keine Antwort.</translation>
+    </message>
+    <message>
+        <source>chronyd gave no answer: %1</source>
+        <extracomment>main window, status line: %1 is what chronyc printed instead of a report</extracomment>
+        <translation>chronyd gab keine Antwort: %1</translation>
+    </message>
+    <message>
+        <source>The report “%1” needs administrator rights, which were not given.</source>
+        <extracomment>main window, status line: %1 is a chronyc command</extracomment>
+        <translation>Der Bericht „%1“ braucht Administratorrechte, die nicht gegeben wurden.</translation>
+    </message>
+    <message>
+        <source>The report is not complete: %1</source>
+        <extracomment>main window, status line: %1 says why the shown report failed or was cut</extracomment>
+        <translation>Der Bericht ist unvollständig: %1</translation>
+    </message>
+    <message>
+        <source>Asked for its version, %1 printed “%2”, which is not how chrony answers. Please check the path of %1 in the preferences.</source>
+        <extracomment>fatal message: %1 is chronyc or chronyd, %2 what it printed when asked for its version</extracomment>
+        <translation>Nach seiner Version gefragt, gab %1 „%2“ aus; so antwortet chrony nicht. Bitte prüfen Sie den Pfad von %1 in den Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Output Font</source>
+        <extracomment>title of the dialog that chooses the font of chronyc&apos;s output</extracomment>
+        <translation>Schrift der Ausgabe</translation>
+    </message>
+</context>
+<context>
+    <name>tracking</name>
+    <message>
+        <source>Time range</source>
+        <extracomment>tracking window: menu that chooses how much of the log is shown</extracomment>
+        <translation>Zeitraum</translation>
+    </message>
+    <message>
+        <source>Whole log</source>
+        <extracomment>tracking window: time range</extracomment>
+        <translation>Ganzes Protokoll</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hour(s)</source>
+        <extracomment>tracking window: time range</extracomment>
+        <translation>
+            <numerusform>%n Stunde</numerusform>
+            <numerusform>%n Stunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Legend</source>
+        <extracomment>tracking window: button that opens the legend</extracomment>
+        <translation>&amp;Legende</translation>
+    </message>
+    <message>
+        <source>Series, colours and scale</source>
+        <extracomment>tracking window: tooltip of the legend&apos;s button</extracomment>
+        <translation>Reihen, Farben und Skala</translation>
+    </message>
+    <message>
+        <source>&amp;Spectrum</source>
+        <extracomment>tracking window: button that opens the spectrum of the shown data</extracomment>
+        <translation>&amp;Spektrum</translation>
+    </message>
+    <message>
+        <source>Spectrum of this log</source>
+        <extracomment>tracking window: tooltip of the spectrum&apos;s button</extracomment>
+        <translation>Spektrum dieses Protokolls</translation>
+    </message>
+    <message>
+        <source>Pause or resume</source>
+        <extracomment>tracking window: name of the pair of buttons that stop and resume a live graph</extracomment>
+        <translation>Anhalten oder fortsetzen</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <extracomment>tracking window: button and its tooltip</extracomment>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Stop the graph at this moment</source>
+        <extracomment>tracking window: tooltip of the button Pause</extracomment>
+        <translation>Die Grafik in diesem Augenblick anhalten</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <extracomment>tracking window: button and its tooltip</extracomment>
+        <translation>Fortsetzen</translation>
+    </message>
+    <message>
+        <source>Let the graph run</source>
+        <extracomment>tracking window: tooltip of the button Play</extracomment>
+        <translation>Die Grafik weiterlaufen lassen</translation>
+    </message>
+    <message>
+        <source>Log</source>
+        <extracomment>tracking window: name of the text with the log&apos;s path</extracomment>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>First record</source>
+        <extracomment>tracking window: times of the first and the last record</extracomment>
+        <translation>Erster Eintrag</translation>
+    </message>
+    <message>
+        <source>Last record</source>
+        <extracomment>tracking window: time of the last record</extracomment>
+        <translation>Letzter Eintrag</translation>
+    </message>
+    <message>
+        <source>Under the pointer</source>
+        <extracomment>tracking window: values of the record under the pointer</extracomment>
+        <translation>Unter dem Zeiger</translation>
+    </message>
+    <message>
+        <source>Reading the log</source>
+        <extracomment>tracking window: sign that a log is being read</extracomment>
+        <translation>Das Protokoll wird gelesen</translation>
+    </message>
+    <message>
+        <source>&amp;Time</source>
+        <extracomment>tracking window: labels of the three sliders</extracomment>
+        <translation>&amp;Zeit</translation>
+    </message>
+    <message>
+        <source>&amp;Height</source>
+        <extracomment>tracking window: label of a slider</extracomment>
+        <translation>&amp;Höhe</translation>
+    </message>
+    <message>
+        <source>&amp;Unit</source>
+        <extracomment>tracking window: label of a slider</extracomment>
+        <translation>&amp;Einheit</translation>
+    </message>
+    <message>
+        <source>Tracking graph</source>
+        <extracomment>tracking window: name of the graph</extracomment>
+        <translation>Tracking-Grafik</translation>
+    </message>
+    <message>
+        <source>Horizontal zoom</source>
+        <extracomment>tracking window: tooltips of the three sliders</extracomment>
+        <translation>Waagerechter Maßstab</translation>
+    </message>
+    <message>
+        <source>Vertical zoom</source>
+        <extracomment>tracking window: tooltip of a slider</extracomment>
+        <translation>Senkrechter Maßstab</translation>
+    </message>
+    <message>
+        <source>Vertical scale: seconds to nanoseconds</source>
+        <extracomment>tracking window: tooltip of a slider</extracomment>
+        <translation>Senkrechte Skala: Sekunden bis Nanosekunden</translation>
+    </message>
+    <message>
+        <source>The log has no records yet.</source>
+        <extracomment>tracking window: read out by screen readers</extracomment>
+        <translation>Das Protokoll hat noch keine Einträge.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n record(s) from %1 to %2. Newest: %3</source>
+        <extracomment>tracking window: the graph as screen readers read it out; %1 and %2 are times, %3 the newest record</extracomment>
+        <translation>
+            <numerusform>%n Eintrag von %1 bis %2. Neuester: %3</numerusform>
+            <numerusform>%n Einträge von %1 bis %2. Neuester: %3</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>E&amp;xport…</source>
+        <extracomment>tracking window: button, saves the graph as a picture or its records as a table</extracomment>
+        <translation>E&amp;xportieren …</translation>
+    </message>
+    <message>
+        <source>Save the graph as a picture, or its records as CSV (Ctrl+S)</source>
+        <extracomment>tracking window: tooltip of that button</extracomment>
+        <translation>Die Grafik als Bild oder ihre Einträge als CSV speichern (Strg+S)</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <extracomment>tracking window: name of the button that exports</extracomment>
+        <translation>Exportieren</translation>
+    </message>
+</context>
+</TS>

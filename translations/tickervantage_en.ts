@@ -1,0 +1,53 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en_GB">
+<context>
+    <name>freqtemp</name>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <extracomment>frequency and temperature window: end of a long legend</extracomment>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n point(s) of %1</source>
+        <extracomment>frequency and temperature window: read out by screen readers; %1 is a sensor</extracomment>
+        <translation>
+            <numerusform>%n point of %1</numerusform>
+            <numerusform>%n points of %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::HelpContents</name>
+    <message numerus="yes">
+        <source>%n passage(s)</source>
+        <extracomment>help window: answer of a search; %n passages were found</extracomment>
+        <translation>
+            <numerusform>%n passage</numerusform>
+            <numerusform>%n passages</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>tracking</name>
+    <message numerus="yes">
+        <source>%n hour(s)</source>
+        <extracomment>tracking window: time range</extracomment>
+        <translation>
+            <numerusform>%n hour</numerusform>
+            <numerusform>%n hours</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n record(s) from %1 to %2. Newest: %3</source>
+        <extracomment>tracking window: the graph as screen readers read it out; %1 and %2 are times, %3 the newest record</extracomment>
+        <translation>
+            <numerusform>%n record from %1 to %2. Newest: %3</numerusform>
+            <numerusform>%n records from %1 to %2. Newest: %3</numerusform>
+        </translation>
+    </message>
+</context>
+</TS>
