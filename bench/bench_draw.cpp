@@ -98,8 +98,8 @@ private:
     LogMaker m_maker;
 };
 
-// The same points, already turned into offsets, with the same colours, over a grid as dense as ours: a line and a label
-// at each decade and, for a day, at each half hour.
+// The same points, already turned into offsets, with the same colours, over a grid as dense as ours (a line and a label
+// at each decade and, for a day, at each half hour) or over its own, which is much sparser.
 class Peer {
 public:
     explicit Peer(const TrackingView& view) {
@@ -118,14 +118,9 @@ public:
             graph->setData(times, values, true);
         }
         m_plot.yAxis->setRange(-HEIGHT / 2.0, HEIGHT / 2.0);
-        const auto decades = QSharedPointer<QCPAxisTickerFixed>::create();
-        decades->setTickStep(view.decade_scale);
-        decades->setScaleStrategy(QCPAxisTickerFixed::ssNone);
-        m_plot.yAxis->setTicker(decades);
-        QPen grid(Qt::gray);
-        grid.setDashPattern({3, 2});
-        for (QCPAxis* axis : {m_plot.xAxis, m_plot.yAxis})
-            axis->grid()->setPen(grid);
+        m_own_pen = m_plot.xAxis->grid()->pen();
+        m_decades->setTickStep(view.decade_scale);
+        m_decades->setScaleStrategy(QCPAxisTickerFixed::ssNone);
     }
 
     // With about so many labels along the time axis.
@@ -133,16 +128,33 @@ public:
         const auto times = QSharedPointer<QCPAxisTickerDateTime>::create();
         times->setDateTimeFormat(QStringLiteral("HH:mm"));
         times->setTickCount(labels);
-        m_plot.xAxis->setTicker(times);
-        m_plot.xAxis->setRange(from, to);
-        QCPPainter painter(&image);
-        m_plot.toPainter(&painter, WIDTH, HEIGHT);
+        QPen dashed(Qt::gray);
+        dashed.setDashPattern({3, 2});
+        paint(from, to, times, m_decades, dashed);
+    }
+
+    void paint_with_own_grid(double from, double to) {
+        paint(from, to, QSharedPointer<QCPAxisTickerDateTime>::create(), QSharedPointer<QCPAxisTicker>::create(),
+              m_own_pen);
     }
 
     QImage image{WIDTH, HEIGHT, QImage::Format_RGB32};
 
 private:
+    void paint(double from, double to, const QSharedPointer<QCPAxisTicker>& times,
+               const QSharedPointer<QCPAxisTicker>& values, const QPen& grid) {
+        m_plot.xAxis->setTicker(times);
+        m_plot.yAxis->setTicker(values);
+        for (QCPAxis* axis : {m_plot.xAxis, m_plot.yAxis})
+            axis->grid()->setPen(grid);
+        m_plot.xAxis->setRange(from, to);
+        QCPPainter painter(&image);
+        m_plot.toPainter(&painter, WIDTH, HEIGHT);
+    }
+
     QCustomPlot m_plot;
+    QSharedPointer<QCPAxisTickerFixed> m_decades = QSharedPointer<QCPAxisTickerFixed>::create();
+    QPen m_own_pen;
 };
 
 struct Contender {
@@ -199,6 +211,10 @@ void measure(int rounds, const char* only) {
         {"day_peer",
          [&] {
              peer->paint(end - DAY, end, 48);
+         }},
+        {"day_own_grid_peer",
+         [&] {
+             peer->paint_with_own_grid(end - DAY, end);
          }},
         {"scroll_step",
          [&] {

@@ -57,9 +57,12 @@ ScatterMap map_of(std::size_t sensors, std::size_t points) {
     return map;
 }
 
+// All that a repaint of the window's plot takes but showing the picture: background, axes, labels, everything of every
+// sensor.
 double draw(FreqTempView& view, QImage& image) {
+    static CanvasMemory memory; // as the window keeps one
     QPainter painter(&image);
-    QtCanvas canvas(painter, image.height(), CanvasColors::light());
+    QtCanvas canvas(painter, image.height(), CanvasColors::light(), &memory);
     view.draw(canvas, {0, 0, static_cast<double>(image.width()), static_cast<double>(image.height())});
     return view.min_freq();
 }

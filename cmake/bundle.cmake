@@ -15,7 +15,12 @@ endfunction()
 
 tv_resource(chrony.conf)
 tv_resource(freqtemp.rtf)
+tv_resource(freqtemp_de.rtf)
 tv_resource(chronylogrotate.sh)
+foreach(page chronywake.md faq.md first-use.md windows.md images/editor-error.png images/main-window.png
+             images/servers.png images/tracking.png)
+  tv_resource(help/${page})
+endforeach()
 
 # The bundle carries the distribution's own chronyc and chronyd, so that it always has a pair that fits together.
 foreach(program chronyc chronyd)

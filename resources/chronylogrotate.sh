@@ -25,8 +25,10 @@ if [ "$(id -u)" -eq 0 ]; then
     owner=$(stat -c %u -- "$folder")
     group=$(stat -c %g -- "$folder")
     if [ "$owner" -ne 0 ]; then
-        exec setpriv --reuid "$owner" --regid "$group" --clear-groups -- /bin/sh "$0" "$chronyc" "$folder"
+        exec setpriv --reuid "$owner" --regid "$group" --clear-groups --no-new-privs -- \
+            /bin/sh "$0" "$chronyc" "$folder"
     fi
+    [ -z "$(find "$folder" -maxdepth 0 -perm /022)" ] || fail "others than root can write to $folder"
 fi
 
 # Makes room for LOG.1.
@@ -38,7 +40,7 @@ shift_older() {
         age=$((age - 1))
         for ending in "" .gz; do
             if [ -f "$1.$age$ending" ]; then
-                mv -f -- "$1.$age$ending" "$1.$older$ending"
+                mv -fT -- "$1.$age$ending" "$1.$older$ending"
             fi
         done
     done
@@ -52,7 +54,7 @@ rotated=0
 for log in *.log; do
     if [ -f "$log" ] && [ -s "$log" ] && [ ! -L "$log" ]; then
         shift_older "$log"
-        mv -f -- "$log" "$log.1"
+        mv -fT -- "$log" "$log.1"
         rotated=$((rotated + 1))
     fi
 done

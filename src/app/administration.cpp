@@ -3,6 +3,8 @@
 #include "app/alert_window.h"
 #include "instruments/warning_register.h"
 #include "mainwindow/status_cycle.h"
+#include "platform/qt/spoken.h"
+#include "privileged/distribution_chrony.h"
 #include "privileged/job_environment.h"
 
 #include <QAction>
@@ -17,6 +19,8 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(administration)
 };
 
+/* TRANSLATOR offers
+   alerts that offer at the start to install chrony, or to use the chrony that the system has. */
 // For translators: the offers, whose texts are put together elsewhere.
 struct MarkedText {
     const char* text;
@@ -42,6 +46,23 @@ std::string translate_offer(const char* text, const char* comment) {
     return QCoreApplication::translate("offers", text, comment).toStdString();
 }
 
+Alert removal_question(const JobSetting& setting) {
+    const std::string removed = setting.chronyd + '\n' + setting.chronyc + '\n' + setting.chronywake;
+    const QString text =
+        //: question before chrony is removed: %1 are paths, one a line; %2 is the path of the configuration
+        Texts::tr("Removed are these programs, with the services that run them and rotate their logs:\n%1\n\n"
+                  "The configuration %2 and the logs stay.\n\n"
+                  "Nothing keeps the clock right afterwards, until chrony is installed again or another time service "
+                  "takes over.")
+            .arg(QString::fromStdString(removed), QString::fromStdString(setting.config));
+    return {.identifier = "RemoveChrony",
+            //: question before chrony is removed
+            .message = Texts::tr("Remove chrony from this computer?").toStdString(),
+            .informative = text.toStdString(),
+            //: buttons of that question
+            .buttons = {Texts::tr("Remove").toStdString(), Texts::tr("Cancel").toStdString()}};
+}
+
 AdministrativeJobsParts jobs_parts(const AdministrationParts& parts) {
     return {.actions = parts.actions,
             .main_thread = parts.main_thread,
@@ -55,8 +76,14 @@ AdministrativeJobsParts jobs_parts(const AdministrationParts& parts) {
 } // namespace
 
 Administration::Administration(AdministrationParts parts)
-    : m_parts(std::move(parts)), m_jobs(jobs_parts(m_parts)),
-      m_menu({.jobs = m_jobs, .cycle = m_parts.cycle, .show_progress = m_parts.show_progress, .say = m_parts.say}),
+    : m_parts(std::move(parts)), m_jobs(jobs_parts(m_parts)), m_menu({.jobs = m_jobs,
+                                                                      .cycle = m_parts.cycle,
+                                                                      .show_progress = m_parts.show_progress,
+                                                                      .say = m_parts.say,
+                                                                      .confirm_removal =
+                                                                          [this](auto remove) {
+                                                                              confirm_removal(std::move(remove));
+                                                                          }}),
       m_offers({.warnings = m_parts.warnings,
                 .execute = m_parts.execute,
                 .queue = m_parts.machine.queue("net.brisklane.offers"),
@@ -81,6 +108,17 @@ ShowAlert Administration::show() {
     };
 }
 
+// The distribution's chrony is not ours to remove: the job says so, there is nothing to ask.
+void Administration::confirm_removal(std::function<void()> remove) const {
+    const JobSetting setting = make_job_setting(m_parts.general, m_parts.advanced, m_parts.paths);
+    if (!distribution_unit(setting.chronyd, m_parts.machine.probes.file_exists).empty())
+        return remove();
+    show_question(m_parts.window(), removal_question(setting), [remove = std::move(remove)](std::size_t button) {
+        if (button == 0)
+            remove();
+    });
+}
+
 void Administration::use_distribution(const DistributionChrony& chrony) {
     m_parts.general.config = chrony.config;
     m_parts.general.chronyc = chrony.chronyc;
@@ -100,7 +138,7 @@ void Administration::ask_for_rights() {
 void Administration::show_problem(PrivilegedProblem problem, const std::string& detail) {
     if (problem == PrivilegedProblem::not_installed) {
         //: alert: %1 is a sentence with the reason
-        m_parts.say(Texts::tr("Helper install failed") + QStringLiteral("\n\n") + QString::fromStdString(detail));
+        m_parts.say(Texts::tr("Helper install failed") + QStringLiteral("\n\n") + spoken(detail));
         return;
     }
     const Alert alert{.identifier = "PasswordRequired",

@@ -65,6 +65,7 @@ public:
 
 private:
     [[nodiscard]] ShowAlert show();
+    void confirm_removal(std::function<void()> remove) const;
     void use_distribution(const DistributionChrony& chrony);
 
     AdministrationParts m_parts;

@@ -5,10 +5,12 @@
 #include "app/clock_setting.h"
 #include "app/config_windows.h"
 #include "app/desktop_links.h"
+#include "app/help_windows.h"
 #include "app/settings_windows.h"
 #include "config/configuration.h"
 #include "mainwindow/tickervantage_window.h"
 #include "platform/linux/desktop_applications.h"
+#include "platform/qt/languages.h"
 
 #include <QAction>
 #include <QApplication>
@@ -72,6 +74,7 @@ void AppDelegate::make_main_window() {
                                    settings_windows().showPreferences(Preferences::Pane::general);
                                }});
     make_administration();
+    make_help();
     m_menus = build_application_menus(m_main_window.get(), menu_handlers(),
                                       [this] { return m_parts.actions->action_in_progress(); });
     auto* recent = new QMenu(m_main_window.get());
@@ -89,6 +92,13 @@ void AppDelegate::make_main_window() {
         m_administration->offer_installation();
     else
         explain_missing_administration(m_menus);
+}
+
+void AppDelegate::make_help() {
+    m_help = std::make_unique<HelpWindows>(HelpWindowsParts{
+        .sources = {.execute = m_parts.cycle.execute, .own_pages = m_parts.paths.bundle_resource("help")},
+        .queue = m_parts.help_queue,
+        .main_thread = m_parts.cycle.main_thread});
 }
 
 void AppDelegate::make_administration() {
@@ -194,17 +204,17 @@ void AppDelegate::launchMeridianox() {
 
 AnalysisWindows& AppDelegate::analysis() {
     if (!m_analysis)
-        m_analysis =
-            std::make_unique<AnalysisWindows>(AnalysisParts{.settings = m_parts.cycle.settings,
-                                                            .main_thread = m_parts.cycle.main_thread,
-                                                            .timer = m_parts.cycle.timer,
-                                                            .files = m_parts.files,
-                                                            .spectrum_queue = m_parts.spectrum_queue,
-                                                            .export_queue = m_parts.export_queue,
-                                                            .lend_queue = m_parts.lend_queue,
-                                                            .spectrum_enabled = [this] { return m_advanced.spectrum; },
-                                                            .freqtemp = m_parts.freqtemp,
-                                                            .equation = m_parts.paths.bundle_resource("freqtemp.rtf")});
+        m_analysis = std::make_unique<AnalysisWindows>(
+            AnalysisParts{.settings = m_parts.cycle.settings,
+                          .main_thread = m_parts.cycle.main_thread,
+                          .timer = m_parts.cycle.timer,
+                          .files = m_parts.files,
+                          .spectrum_queue = m_parts.spectrum_queue,
+                          .export_queue = m_parts.export_queue,
+                          .lend_queue = m_parts.lend_queue,
+                          .spectrum_enabled = [this] { return m_advanced.spectrum; },
+                          .freqtemp = m_parts.freqtemp,
+                          .equation = local_file(m_parts.paths.bundle_resource("freqtemp.rtf"))});
     return *m_analysis;
 }
 
@@ -397,6 +407,7 @@ MenuHandlers AppDelegate::menu_handlers() {
                           {"showAbout", [this] {
                                show_about(m_main_window.get());
                            }}};
+    m_help->add_handlers(handlers);
     if (m_administration) {
         m_administration->menu().add_handlers(handlers);
         add_clock_setting_handlers({.jobs = m_administration->jobs(),

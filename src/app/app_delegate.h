@@ -24,6 +24,7 @@ namespace tickervantage {
 class AnalysisWindows;
 class ConfigWindows;
 class FollowedFiles;
+class HelpWindows;
 class SettingsWindows;
 class TickervantageWindow;
 
@@ -39,6 +40,7 @@ struct ApplicationParts {
     DispatchQueueSerial& export_queue;                                // files that people ask for
     FreqTempParts freqtemp;                                           // frequency against temperature
     DispatchQueueSerial& list_queue;                                  // the server list, the preferences' paths
+    DispatchQueueSerial& help_queue;                                  // help pages: reading, rendering, searching
     std::function<std::shared_ptr<DispatchQueueSerial>()> lend_queue; // one for each log that is followed
     Logger& logger;
     std::function<void()> close_log;
@@ -93,6 +95,7 @@ private:
     [[nodiscard]] ConfigWindows& configurations();
     [[nodiscard]] SettingsWindows& settings_windows();
     void make_administration();
+    void make_help();
     [[nodiscard]] InstallConfiguration install_configuration(); // empty where nothing can be installed
     [[nodiscard]] std::function<void(std::function<void(std::string sentence)> done)> install_or_remove_wake();
     [[nodiscard]] std::function<void(std::function<void(std::string reply)> done)> run_chronywake();
@@ -114,6 +117,7 @@ private:
     std::unique_ptr<AnalysisWindows> m_analysis;
     std::unique_ptr<ConfigWindows> m_configurations;
     std::unique_ptr<SettingsWindows> m_settings_windows;
+    std::unique_ptr<HelpWindows> m_help;
 };
 
 } // namespace tickervantage

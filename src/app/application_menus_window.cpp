@@ -22,6 +22,9 @@ struct Item {
     QKeySequence shortcut;
 };
 
+/* TRANSLATOR menus
+   main window: menus and their items. The letter after an ampersand is the one that chooses the item together with Alt.
+ */
 const Item separator{nullptr, nullptr, {}};
 
 // QT_TRANSLATE_NOOP marks the texts for translators; tr above looks them up.
@@ -55,7 +58,7 @@ std::vector<Item> view_items() {
 
 std::vector<Item> action_items() {
     return {{"installChrony", QT_TRANSLATE_NOOP("menus", "&Install chrony"), {}},
-            {"uninstallChrony", QT_TRANSLATE_NOOP("menus", "&Uninstall chrony"), {}},
+            {"uninstallChrony", QT_TRANSLATE_NOOP("menus", "&Uninstall chrony…"), {}},
             separator,
             {"startChrony", QT_TRANSLATE_NOOP("menus", "&Start chronyd"), {}},
             {"stopChrony", QT_TRANSLATE_NOOP("menus", "S&top chronyd"), {}},
@@ -76,11 +79,14 @@ std::vector<Item> window_items() {
 }
 
 std::vector<Item> help_items() {
-    return {{"helpChronyConf", QT_TRANSLATE_NOOP("menus", "chrony.&conf"), QKeySequence::HelpContents},
+    return {{"helpFirstUse", QT_TRANSLATE_NOOP("menus", "&First Steps"), QKeySequence::HelpContents},
+            {"helpWindows", QT_TRANSLATE_NOOP("menus", "The W&indows"), {}},
+            {"helpFAQ", QT_TRANSLATE_NOOP("menus", "&Questions and Answers"), {}},
+            separator,
+            {"helpChronyConf", QT_TRANSLATE_NOOP("menus", "chrony.&conf"), {}},
             {"helpChronyc", QT_TRANSLATE_NOOP("menus", "c&hronyc"), {}},
             {"helpChronyd", QT_TRANSLATE_NOOP("menus", "chrony&d"), {}},
             {"helpChronywake", QT_TRANSLATE_NOOP("menus", "chrony&wake"), {}},
-            {"helpFAQ", QT_TRANSLATE_NOOP("menus", "&Questions and Answers"), {}},
             separator,
             {"siteTickervantage", QT_TRANSLATE_NOOP("menus", "&Tickervantage on the Web"), {}},
             {"siteChrony", QT_TRANSLATE_NOOP("menus", "ch&rony on the Web"), {}},

@@ -1,5 +1,6 @@
 #include "app/clock_setting.h"
 
+#include "platform/qt/spoken.h"
 #include "privileged/step_time_window.h"
 #include "privileged/synchronize_window.h"
 
@@ -28,7 +29,7 @@ void show_step_time(const ClockSettingParts& parts) {
         request.offset_seconds = offset_seconds;
         parts.jobs.run(request, [parts](const JobResult& result) {
             if (!result.done && !result.sentence.empty())
-                parts.say(QString::fromStdString(result.sentence));
+                parts.say(spoken(result.sentence));
             parts.changed();
         });
     };

@@ -20,9 +20,12 @@
 #include "platform/linux/shared_text_file.h"
 #include "platform/linux/small_file.h"
 #include "platform/linux/xdg_paths.h"
+#include "platform/qt/accessible_widgets.h"
+#include "platform/qt/languages.h"
 #include "platform/qt/qt_main_thread.h"
 #include "platform/qt/qt_master_timer.h"
 #include "platform/qt/qt_settings_store.h"
+#include "platform/qt/spoken.h"
 #include "privileged/job_environment.h"
 
 #include "mainwindow/tickervantage_window.h"
@@ -71,7 +74,8 @@ public:
           m_delegate(parts(paths, daemon), daemon) {}
 
     ~Program() {
-        m_execute.cancel(); // a chronyc that hangs must not hold up the end
+        m_execute.cancel();  // a chronyc that hangs must not hold up the end,
+        m_channel->cancel(); // nor a password that nobody types
     }
 
     Program(const Program&) = delete;
@@ -114,6 +118,7 @@ private:
     SerialQueue m_freqtemp_queue{"net.brisklane.freqtemp"};
     SerialQueue m_map_queue{"net.brisklane.scattermap"};
     SerialQueue m_list_queue{"net.brisklane.lists"};
+    SerialQueue m_help_queue{"net.brisklane.help"};
     PosixFollowedFiles m_files;
     QueuePool m_log_queues{std::string(LogReader::QUEUE_LABEL)};
     AppDelegate m_delegate;
@@ -186,6 +191,7 @@ ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) 
                          .logger = m_logger,
                          .map = scatter_map_path(paths.data_home.empty() ? "" : paths.data_home + "/Tickervantage")},
             .list_queue = m_list_queue,
+            .help_queue = m_help_queue,
             .lend_queue = [this] { return m_log_queues.lend(); },
             .logger = m_logger,
             .close_log = [this] { m_logger.close(); },
@@ -196,7 +202,7 @@ ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) 
 void Program::show_problems() {
     const auto show = [this](const std::string& sentence) {
         if (!sentence.empty())
-            m_delegate.main_window().set_standing_notice(QString::fromStdString(sentence));
+            m_delegate.main_window().set_standing_notice(spoken(sentence));
     };
     show(m_store.load_problem());
     m_store.set_problem_handler(m_main_thread, show);
@@ -280,7 +286,11 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Tickervantage"));
     QApplication::setApplicationVersion(QStringLiteral(TICKERVANTAGE_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("net.brisklane.tickervantage"));
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
+    // Nothing to be done about a bundle without its translations: the texts are English.
+    (void)install_translations(application, QLocale::system(),
+                               QString::fromStdString(paths.bundle_resource("translations")));
+    serve_screen_readers();
     const DaemonChoice daemon = options.demo ? demonstration_choice(demonstration) : DaemonChoice{};
     Program program(paths, daemon);
     return program.run(options, daemon, paths);

@@ -1,6 +1,7 @@
 #include "app/privileged_menu.h"
 
 #include "mainwindow/status_cycle.h"
+#include "platform/qt/spoken.h"
 
 #include <QCoreApplication>
 
@@ -13,7 +14,9 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(administration)
 };
 
-// For translators: what is told while a job runs.
+/* TRANSLATOR administration
+   main window: jobs that need administrator rights, and what is told of them while and after they run. */
+// Made in the catalogue of jobs.
 [[maybe_unused]] constexpr std::array<const char*, 10> progress_texts{
     QT_TRANSLATE_NOOP("administration", "Installing chrony software"),
     QT_TRANSLATE_NOOP("administration", "Removing chrony software"),
@@ -50,8 +53,10 @@ void PrivilegedMenu::add_handlers(MenuHandlers& handlers) {
             m_parts.say(Texts::tr("chronywake answered: %1").arg(QString::fromStdString(result.output)));
         });
     };
-    for (const auto& [name, job] : {std::pair{"uninstallChrony", AdminJob::uninstall},
-                                    {"startChrony", AdminJob::start},
+    handlers["uninstallChrony"] = [this] {
+        uninstall();
+    };
+    for (const auto& [name, job] : {std::pair{"startChrony", AdminJob::start},
                                     {"stopChrony", AdminJob::stop},
                                     {"rotateLogs", AdminJob::rotate_logs}})
         handlers[name] = [this, job = job] {
@@ -75,7 +80,7 @@ void PrivilegedMenu::run_and_tell(const AdminRequest& request) {
 
 void PrivilegedMenu::tell(const JobResult& result) {
     if (!result.sentence.empty())
-        m_parts.say(QString::fromStdString(result.sentence));
+        m_parts.say(spoken(result.sentence));
 }
 
 void PrivilegedMenu::install() {
@@ -83,6 +88,10 @@ void PrivilegedMenu::install() {
         return;
     m_parts.cycle().begin_installation();
     m_parts.jobs.run({AdminJob::install}, [this](const JobResult& installed) { start_installed(installed); });
+}
+
+void PrivilegedMenu::uninstall() {
+    m_parts.confirm_removal([this] { run_and_tell({AdminJob::uninstall}); });
 }
 
 void PrivilegedMenu::start_installed(const JobResult& installed) {

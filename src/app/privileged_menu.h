@@ -25,6 +25,7 @@ struct PrivilegedMenuParts {
     std::function<StatusCycle&()> cycle;
     std::function<void(const QString& text)> show_progress; // empty text: no longer
     std::function<void(const QString& sentence)> say;
+    std::function<void(std::function<void()> remove)> confirm_removal; // calls back when the user agrees
 };
 
 class PrivilegedMenu {
@@ -41,6 +42,7 @@ public:
 
 private:
     void run_and_tell(const AdminRequest& request);
+    void uninstall();
     void start_installed(const JobResult& installed);
     void tell(const JobResult& result);
 

@@ -169,6 +169,9 @@ void ScreenshotTour::plan_settings() {
     m_stops.push_back({QStringLiteral("preferences-general"), [show_pane] { show_pane(false, 0); }, preferences});
     m_stops.push_back({QStringLiteral("preferences-general-dark"), [show_pane] { show_pane(true, 0); }, preferences});
     m_stops.push_back({QStringLiteral("preferences-advanced"), [show_pane] { show_pane(false, 1); }, preferences});
+    m_stops.push_back({QStringLiteral("help"), [show] { show(false, "helpFirstUse"); }, QStringLiteral("HelpViewer")});
+    m_stops.push_back(
+        {QStringLiteral("help-dark"), [show] { show(true, "helpChronyConf"); }, QStringLiteral("HelpViewer")});
     m_stops.push_back({QStringLiteral("preferences-updates"), [show_pane] { show_pane(false, 2); }, preferences});
 }
 

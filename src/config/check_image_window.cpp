@@ -14,14 +14,15 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(configeditor)
 };
 
+// Those of the main window's status images.
 QColor color_of(CheckImage image) {
     switch (image) {
     case CheckImage::partially_available:
-        return {0xd8, 0x9a, 0x00};
+        return {0xe8, 0xa3, 0x17};
     case CheckImage::available:
-        return {0x24, 0x8a, 0x3d};
+        return {0x1e, 0x8e, 0x3e};
     default:
-        return {0xc8, 0x28, 0x20};
+        return {0xc6, 0x28, 0x28};
     }
 }
 
@@ -57,7 +58,8 @@ QPixmap pixmap_of(CheckImage image, int scale) {
     painter.setBrush(color_of(image));
     painter.drawEllipse(QRectF(1, 1, SIDE - 2, SIDE - 2));
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QColor mark = image == CheckImage::partially_available ? Qt::black : Qt::white;
+    painter.setPen(QPen(mark, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPath(mark_of(image));
     return pixmap;
 }

@@ -29,7 +29,7 @@ QStandardItemModel* directive_model(QObject* parent) {
         if (directive.state == DirectiveState::ignored)
             continue;
         auto* name = new QStandardItem(from_std(directive.name));
-        auto* help = new QStandardItem(from_std(directive.help));
+        auto* help = new QStandardItem(QCoreApplication::translate("directives", directive.help));
         const QString line = from_std(directive.name) + QLatin1Char(' ') + from_std(directive.arguments);
         name->setToolTip(line.trimmed());
         help->setToolTip(line.trimmed());

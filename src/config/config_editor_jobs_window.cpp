@@ -3,6 +3,7 @@
 #include "config/config_sheets_window.h"
 #include "config/config_text_window.h"
 #include "config/words_window.h"
+#include "platform/qt/spoken.h"
 
 #include <QAction>
 #include <QDir>
@@ -142,7 +143,7 @@ void ConfigEditor::apply_save(const QString& path, int edits, const SaveAnswer& 
         return resolve_conflict(path, then);
     case SaveAnswer::Outcome::failed:
         //: alert: message above the reason
-        show_failure(this, tr("The configuration was not saved"), from_std(answer.sentence));
+        show_failure(this, tr("The configuration was not saved"), spoken(answer.sentence));
         return then(false);
     case SaveAnswer::Outcome::saved:
         break;
@@ -172,8 +173,9 @@ void ConfigEditor::resolve_conflict(const QString& path, const Saved& then) {
         case ConflictChoice::reload:
             open_path(path, [this](const QString& sentence) {
                 if (!sentence.isEmpty())
-                    //: alert: message above the reason
-                    show_failure(this, tr("The configuration could not be read"), sentence);
+                    show_failure(this,
+                                 //: alert: message above the reason
+                                 tr("The configuration could not be read"), sentence);
             });
             return then(false);
         case ConflictChoice::keep_editing:
@@ -186,6 +188,7 @@ void ConfigEditor::install() {
     if (!m_parts.install) {
         //: alert: message, and why
         show_failure(this, tr("The configuration was not installed"),
+                     //: alert: informative text
                      tr("Installing needs the root helper, which this program was started without."));
         return;
     }
@@ -223,13 +226,14 @@ void ConfigEditor::hand_over_text() {
 
 void ConfigEditor::apply_install(const InstallOutcome& outcome, int edits) {
     //: configuration editor: said after the installation
-    say(outcome.installed ? tr("Installed.") : tr("Not installed."));
+    say(outcome.installed ? tr("Installed.")
+                          : /*: configuration editor: said after an installation that failed */ tr("Not installed."));
     const bool is_as_checked = m_controls.m_config->edits() == edits;
     m_controls.m_install->setEnabled(is_as_checked);
     m_actions.at("install")->setEnabled(is_as_checked);
     if (!outcome.installed) {
         //: alert: message above the reason
-        show_failure(this, tr("The configuration was not installed"), from_std(outcome.sentence));
+        show_failure(this, tr("The configuration was not installed"), spoken(outcome.sentence));
     }
     Q_EMIT settled();
 }

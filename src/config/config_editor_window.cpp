@@ -4,6 +4,8 @@
 #include "config/config_sheets_window.h"
 #include "config/config_text_window.h"
 #include "config/words_window.h"
+#include "platform/qt/spoken.h"
+#include "platform/qt/text_scale.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -55,7 +57,7 @@ ConfigEditor::ConfigEditor(ConfigEditorParts parts, ConfigEditorRequests request
     build_actions();
     connect_controls();
     show_image(CheckImage::partially_available);
-    resize(usual_size);
+    resize(scaled(usual_size, *this));
 }
 
 ConfigEditor::~ConfigEditor() = default;
@@ -231,7 +233,7 @@ void ConfigEditor::load_with(std::function<Loaded()> read, std::function<void(bo
         if (loaded.result == 0)
             show_loaded(loaded);
         if (opened)
-            opened(from_std(loaded.sentence));
+            opened(spoken(loaded.sentence));
     });
 }
 

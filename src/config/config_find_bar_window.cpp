@@ -58,16 +58,26 @@ void FindBar::build() {
     //: find bar: the field with the words put in their place
     m_replacement = field(this, "replacement", Texts::tr("Replace with"));
     //: find bar: button and tooltip
-    auto* next = button(this, "find_next", Texts::tr("&Next"), Texts::tr("Find the next place (Return, F3)"));
+    auto* next = button(this, "find_next", Texts::tr("&Next"),
+                        //: find bar: tooltip
+                        Texts::tr("Find the next place (Return, F3)"));
     auto* previous =
         //: find bar: button and tooltip
-        button(this, "find_previous", Texts::tr("Pre&vious"), Texts::tr("Find the place before (Shift+F3)"));
+        button(this, "find_previous", Texts::tr("Pre&vious"),
+               //: find bar: tooltip
+               Texts::tr("Find the place before (Shift+F3)"));
     //: find bar: button and tooltip
-    auto* one = button(this, "replace_one", Texts::tr("&Replace"), Texts::tr("Replace this place and find the next"));
+    auto* one = button(this, "replace_one", Texts::tr("&Replace"),
+                       //: find bar: tooltip
+                       Texts::tr("Replace this place and find the next"));
     //: find bar: button and tooltip
-    auto* all = button(this, "replace_all", Texts::tr("Replace &All"), Texts::tr("Replace every place"));
+    auto* all = button(this, "replace_all", Texts::tr("Replace &All"),
+                       //: find bar: tooltip
+                       Texts::tr("Replace every place"));
     //: find bar: button and tooltip
-    auto* done = button(this, "close_find", Texts::tr("&Done"), Texts::tr("Close the find bar (Escape)"));
+    auto* done = button(this, "close_find", Texts::tr("&Done"),
+                        //: find bar: tooltip
+                        Texts::tr("Close the find bar (Escape)"));
     //: find bar: check box
     m_match_case = new QCheckBox(Texts::tr("&Match case"), this);
     m_match_case->setObjectName(QStringLiteral("match_case"));
@@ -143,7 +153,10 @@ void FindBar::find(Direction direction) {
         at = direction == Direction::onward ? text.indexOf(words, 0, sensitivity())
                                             : text.lastIndexOf(words, -1, sensitivity());
         //: find bar: said when the words are nowhere in the text, and when the search began again at the other end
-        m_answer->setText(at < 0 ? Texts::tr("Not found") : Texts::tr("From the other end"));
+        m_answer->setText(
+            at < 0 ? Texts::tr("Not found")
+                   : /*: find bar: said when the search began again at the other end of the text */ Texts::tr(
+                         "From the other end"));
     }
     if (at >= 0)
         select(static_cast<int>(at), static_cast<int>(words.size()));
@@ -213,7 +226,10 @@ void FindBar::end_replacing() {
     m_text->setReadOnly(false);
     const QString number = QLocale().toString(m_replaced);
     //: find bar: said after Replace All; %1 is a number
-    m_answer->setText(m_replaced == 0 ? Texts::tr("Not found") : Texts::tr("%1 replaced").arg(number));
+    m_answer->setText(
+        m_replaced == 0
+            ? Texts::tr("Not found")
+            : /*: find bar: said after Replace All; %1 is the number of places */ Texts::tr("%1 replaced").arg(number));
 }
 
 } // namespace tickervantage

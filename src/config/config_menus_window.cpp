@@ -21,6 +21,9 @@ struct Item {
     QKeySequence shortcut;
 };
 
+/* TRANSLATOR configmenus
+   configuration editor: menus and their items. The letter after an ampersand is the one that chooses the item together
+   with Alt. */
 const Item separator{nullptr, nullptr, {}};
 const Item recent_files{"openRecent", QT_TRANSLATE_NOOP("configmenus", "Open &Recent"), {}};
 

@@ -1,6 +1,7 @@
 #include "config/config_sheets_window.h"
 
 #include "config/words_window.h"
+#include "platform/qt/spoken.h"
 
 #include <QCoreApplication>
 #include <QMessageBox>
@@ -65,7 +66,7 @@ void ask(QMessageBox* box, const std::vector<std::pair<QPushButton*, Choice>>& b
 } // namespace
 
 QString words_of(const ConfigurationWarning& warning) {
-    const QString sentence = from_std(warning.sentence);
+    const QString sentence = spoken(warning.sentence);
     //: warning of the configuration editor: %1 a line number, %2 a sentence
     return warning.line == 0 ? sentence : Texts::tr("Line %1: %2").arg(warning.line).arg(sentence);
 }
@@ -82,7 +83,7 @@ void show_syntax_ok(QWidget* window, const std::vector<ConfigurationWarning>& wa
 void show_syntax_error(QWidget* window, const ConfigError& error) {
     QString text = from_std(error.m_msg);
     if (!error.m_doubt.empty())
-        text = from_std(error.m_doubt);
+        text = spoken(error.m_doubt);
     if (!error.m_file.empty())
         //: syntax sheet: the error lies in another file; %1 its path
         text += QLatin1Char('\n') + Texts::tr("The line is one of the file %1.").arg(from_std(error.m_file));
@@ -94,7 +95,7 @@ void show_syntax_error(QWidget* window, const ConfigError& error) {
 void show_doubt(QWidget* window, const ConfigError& error) {
     //: syntax sheet: message, when chronyd found no error in a line but refuses the file
     const QString message = Texts::tr("Chrony configuration file could not be checked");
-    show_with_dismiss(sheet(window, "syntax_doubt", QMessageBox::Warning, message, from_std(error.m_doubt)));
+    show_with_dismiss(sheet(window, "syntax_doubt", QMessageBox::Warning, message, spoken(error.m_doubt)));
 }
 
 void show_failure(QWidget* window, const QString& what, const QString& sentence) {
@@ -149,8 +150,12 @@ void ask_about_conflict(QWidget* window, const QString& path, std::function<void
                           .arg(path));
     //: file changed on the disk: buttons
     auto* save_as = box->addButton(Texts::tr("Save &As…"), QMessageBox::AcceptRole);
-    auto* overwrite = box->addButton(Texts::tr("&Overwrite"), QMessageBox::DestructiveRole);
-    auto* reload = box->addButton(Texts::tr("&Reload"), QMessageBox::DestructiveRole);
+    auto* overwrite = box->addButton(
+        //: file changed on the disk: button, the text replaces the file
+        Texts::tr("&Overwrite"), QMessageBox::DestructiveRole);
+    auto* reload = box->addButton(
+        //: file changed on the disk: button, the file replaces the text
+        Texts::tr("&Reload"), QMessageBox::DestructiveRole);
     auto* cancel = box->addButton(Texts::tr("Cancel"), QMessageBox::RejectRole);
     box->setDefaultButton(save_as);
     box->setEscapeButton(cancel);

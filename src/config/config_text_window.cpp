@@ -2,6 +2,7 @@
 
 #include "config/config_completer_window.h"
 #include "config/config_highlighter_window.h"
+#include "config/words_window.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
@@ -244,7 +245,8 @@ void ConfigText::paint_numbers(QPaintEvent* event) {
     QPainter painter(m_numbers);
     painter.fillRect(event->rect(), palette().color(QPalette::Window));
     QColor usual = palette().color(QPalette::WindowText);
-    usual.setAlphaF(0.6F);
+    usual.setAlphaF(0.75F);
+    const QColor alarm = alarm_color(palette());
     const int current = textCursor().blockNumber();
     auto block = firstVisibleBlock();
     double top = blockBoundingGeometry(block).translated(contentOffset()).top();
@@ -252,9 +254,7 @@ void ConfigText::paint_numbers(QPaintEvent* event) {
         const double height = blockBoundingRect(block).height();
         const int number = block.blockNumber();
         const bool is_error = number + 1 == m_error_line;
-        painter.setPen(is_error            ? QColor(224, 48, 48)
-                       : number == current ? palette().color(QPalette::WindowText)
-                                           : usual);
+        painter.setPen(is_error ? alarm : number == current ? palette().color(QPalette::WindowText) : usual);
         painter.drawText(QRectF(0, top, m_numbers->width() - MARGIN, height), Qt::AlignRight,
                          QString::number(number + 1));
         top += height;

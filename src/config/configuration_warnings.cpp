@@ -145,18 +145,18 @@ private:
         switch (need) {
         case Need::file_or_pattern:
             if (path.find_first_of("*?[") == std::string::npos)
-                expect(path, root, Kind::file, "file");
+                expect(path, root, Kind::file, " is no file.");
             return;
         case Need::read_by_root:
-            return expect(path, root, Kind::file, "file");
+            return expect(path, root, Kind::file, " is no file.");
         case Need::read_by_user:
-            return expect(path, m_user, Kind::file, "file");
+            return expect(path, m_user, Kind::file, " is no file.");
         case Need::file_or_folder:
             return expect(path, m_user, Kind::unknown, "");
         case Need::device:
-            return expect(path, root, Kind::device, "device");
+            return expect(path, root, Kind::device, " is no device.");
         case Need::folder:
-            return expect(path, root, Kind::folder, "folder");
+            return expect(path, root, Kind::folder, " is no folder.");
         case Need::made_folder:
             return expect_made_folder(path);
         case Need::folder_above:
@@ -166,14 +166,14 @@ private:
         }
     }
 
-    void expect(const std::string& path, std::string_view user, Kind kind, std::string_view name) {
+    void expect(const std::string& path, std::string_view user, Kind kind, std::string_view otherwise) {
         const PathFacts facts = m_probes.look(path, std::string(user));
         if (facts.kind == Kind::unknown)
             return;
         if (facts.kind == Kind::missing)
             warn(path + " does not exist.");
         else if (kind != Kind::unknown && facts.kind != kind)
-            warn(path + " is no " + std::string(name) + ".");
+            warn(path + std::string(otherwise));
         else if (!facts.readable)
             warn("the user " + std::string(user) + ", as whom chronyd runs, cannot read " + path + ".");
     }
@@ -181,12 +181,12 @@ private:
     void expect_made_folder(const std::string& path) {
         const PathFacts facts = m_probes.look(path, m_user);
         if (facts.kind == Kind::missing)
-            return expect(folder_above(path), root, Kind::folder, "folder");
+            return expect(folder_above(path), root, Kind::folder, " is no folder.");
         expect_writable(path, m_user);
     }
 
     void expect_writable(const std::string& folder, std::string_view user) {
-        expect(folder, root, Kind::folder, "folder");
+        expect(folder, root, Kind::folder, " is no folder.");
         const PathFacts facts = m_probes.look(folder, std::string(user));
         if (facts.kind == Kind::folder && !facts.writable)
             warn("the user " + std::string(user) + ", as whom chronyd runs, cannot write in the folder " + folder +

@@ -18,7 +18,7 @@ enum class DirectiveState : unsigned char {
 struct Directive {
     std::string_view name;
     std::string_view arguments; // what stands behind the name; empty: nothing does
-    std::string_view help;      // one line
+    const char* help;           // one line
     DirectiveState state = DirectiveState::current;
 };
 

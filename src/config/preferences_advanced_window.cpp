@@ -31,10 +31,17 @@ PreferencesAdvancedPane::PreferencesAdvancedPane(const PreferencesParts& parts, 
     auto* column = new QVBoxLayout(this);
     //: Advanced preferences: check boxes, each with its explanation
     m_frequency = add_box(column, "m_frequency", tr("Offer the &frequency and temperature window"),
+                          //: Advanced preferences: explanation of the frequency and temperature window
                           tr("How the clock's frequency follows the temperature of this machine's sensors."));
-    m_spectrum = add_box(column, "m_spectrum", tr("Offer the &spectrum window"),
+    m_spectrum = add_box(column, "m_spectrum",
+                         //: Advanced preferences: check box
+                         tr("Offer the &spectrum window"),
+                         //: Advanced preferences: explanation of the spectrum window
                          tr("The spectrum of a tracking log: which periods its fluctuations have."));
-    m_restart_gpsd = add_box(column, "m_restart_gpsd", tr("&Restart the GPS daemon together with chronyd"),
+    m_restart_gpsd = add_box(column, "m_restart_gpsd",
+                             //: Advanced preferences: check box
+                             tr("&Restart the GPS daemon together with chronyd"),
+                             //: Advanced preferences: explanation of the restart of the GPS daemon
                              tr("For a reference clock that gpsd feeds: it finds chronyd again only when it starts."));
     column->addStretch(1);
     connect(m_restart_gpsd, &QCheckBox::clicked, this, [this] { restartGPSD(); });

@@ -1,6 +1,7 @@
 #include "config/preferences_general_controls_window.h"
 
 #include "config/words_window.h"
+#include "platform/qt/text_scale.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -40,15 +41,18 @@ QGroupBox* build_program_group(QWidget* parent, PreferencesGeneralControls& cont
     controls.m_launch_login = check_box(group, "m_launch_login",
                                         //: General preferences: check box, and its tooltip
                                         Texts::tr("&Launch Tickervantage at login"),
+                                        //: General preferences: tooltip of the launch at login
                                         Texts::tr("Puts a desktop file into your autostart folder"));
     controls.m_adj_system = check_box(group, "m_adj_system",
                                       //: General preferences: check box, and its tooltip
                                       Texts::tr("&Adjust System Clock"),
+                                      //: General preferences: tooltip of “Adjust the system clock”
                                       Texts::tr("Off: chronyd runs with the option -x and leaves the clock alone"));
-    controls.resetWarnings =
-        button(group, "resetWarnings",
-               //: General preferences: button, and its tooltip
-               Texts::tr("Reset Warnin&gs"), Texts::tr("Every warning that you asked not to see again is shown again"));
+    controls.resetWarnings = button(group, "resetWarnings",
+                                    //: General preferences: button, and its tooltip
+                                    Texts::tr("Reset Warnin&gs"),
+                                    //: General preferences: tooltip of the button that resets warnings
+                                    Texts::tr("Every warning that you asked not to see again is shown again"));
     auto* boxes = new QVBoxLayout;
     boxes->addWidget(controls.m_launch_login);
     boxes->addWidget(controls.m_adj_system);
@@ -87,17 +91,29 @@ QGroupBox* build_path_group(QWidget* parent, PreferencesGeneralControls& control
     grid->setVerticalSpacing(1);
     grid->setColumnStretch(1, 1);
     //: General preferences: labels of four paths, each with its tooltip
-    add_path(grid, 0, "m_config", Texts::tr("&Configuration:"), Texts::tr("The installed chrony.conf"),
-             controls.paths[0]);
-    add_path(grid, 1, "m_chronyc", Texts::tr("chron&yc:"), Texts::tr("The program that asks chronyd"),
-             controls.paths[1]);
-    add_path(grid, 2, "m_chronyd", Texts::tr("chrony&d:"), Texts::tr("The daemon that keeps the clock"),
-             controls.paths[2]);
-    add_path(grid, 3, "m_chronywake", Texts::tr("chrony&wake:"),
+    add_path(grid, 0, "m_config", Texts::tr("&Configuration:"),
+             //: General preferences: tooltip of the configuration's path
+             Texts::tr("The installed chrony.conf"), controls.paths[0]);
+    add_path(grid, 1, "m_chronyc",
+             //: General preferences: label of the path of chronyc
+             Texts::tr("chron&yc:"),
+             //: General preferences: tooltip of the path of chronyc
+             Texts::tr("The program that asks chronyd"), controls.paths[1]);
+    add_path(grid, 2, "m_chronyd",
+             //: General preferences: label of the path of chronyd
+             Texts::tr("chrony&d:"),
+             //: General preferences: tooltip of the path of chronyd
+             Texts::tr("The daemon that keeps the clock"), controls.paths[2]);
+    add_path(grid, 3, "m_chronywake",
+             //: General preferences: label of the path of chronywake
+             Texts::tr("chrony&wake:"),
+             //: General preferences: tooltip of the path of chronywake
              Texts::tr("The program that sets the clock right after the machine wakes up"), controls.paths[3]);
     controls.detect = button(group, "detect",
                              //: General preferences: button, and its tooltip
-                             Texts::tr("D&etect"), Texts::tr("Fill in the paths of the distribution's own chrony"));
+                             Texts::tr("D&etect"),
+                             //: General preferences: tooltip of the button Detect
+                             Texts::tr("Fill in the paths of the distribution's own chrony"));
     grid->addWidget(controls.detect, 8, 2);
     return group;
 }
@@ -119,15 +135,30 @@ QLineEdit* add_argument(QGridLayout* grid, int place, const char* object_name, c
 void build_arguments(QGridLayout* grid, PreferencesGeneralControls& controls) {
     //: General preferences: labels of chronywake's arguments, each with its tooltip
     controls.m_make_thresh = add_argument(grid, 0, "m_make_thresh", Texts::tr("Step beyond (&s):"),
+                                          //: General preferences: tooltip of chronywake's first field
                                           Texts::tr("Step the clock when it is off by more than so many seconds"));
-    controls.m_make_limit = add_argument(grid, 1, "m_make_limit", Texts::tr("Steps &in:"),
-                                         Texts::tr("Step in at most so many updates; −1: in any number"));
-    controls.m_burst_good = add_argument(grid, 2, "m_burst_good", Texts::tr("G&ood measurements:"),
-                                         Texts::tr("Measurements wanted from each source"));
-    controls.m_burst_max =
-        add_argument(grid, 3, "m_burst_max", Texts::tr("At &most:"), Texts::tr("Measurements tried with each source"));
+    controls.m_make_limit =
+        add_argument(grid, 1, "m_make_limit",
+                     //: General preferences: label; in how many updates after waking the clock may be stepped
+                     Texts::tr("Steps &in:"),
+                     //: General preferences: tooltip of “Steps in”
+                     Texts::tr("Step in at most so many updates; −1: in any number"));
+    controls.m_burst_good =
+        add_argument(grid, 2, "m_burst_good",
+                     //: General preferences: label; measurements wanted from each source after waking
+                     Texts::tr("G&ood measurements:"),
+                     //: General preferences: tooltip of “Good measurements”
+                     Texts::tr("Measurements wanted from each source"));
+    controls.m_burst_max = add_argument(grid, 3, "m_burst_max",
+                                        //: General preferences: label; measurements tried with each source after waking
+                                        Texts::tr("At &most:"),
+                                        //: General preferences: tooltip of “At most”
+                                        Texts::tr("Measurements tried with each source"));
     controls.m_burst_netmask =
-        add_argument(grid, 4, "m_burst_netmask", Texts::tr("Sou&rces in:"),
+        add_argument(grid, 4, "m_burst_netmask",
+                     //: General preferences: label; the network whose sources are asked after waking
+                     Texts::tr("Sou&rces in:"),
+                     //: General preferences: tooltip of “Sources in”
                      Texts::tr("A mask and an address, such as 255.255.255.0/192.0.2.0; empty: all sources"));
     controls.m_burst_netmask->setPlaceholderText(
         //: General preferences: shown in the empty field of the sources that chronywake asks
@@ -139,13 +170,15 @@ void build_arguments(QGridLayout* grid, PreferencesGeneralControls& controls) {
 QLayout* build_wake_buttons(QWidget* parent, PreferencesGeneralControls& controls) {
     //: General preferences: buttons of chronywake
     controls.saveArguments = button(parent, "saveArguments", Texts::tr("Sa&ve Arguments"), QString());
-    controls.m_test_wake = button(parent, "m_test_wake", Texts::tr("&Test"), QString());
+    controls.m_test_wake = button(parent, "m_test_wake",
+                                  //: General preferences: button, runs chronywake once
+                                  Texts::tr("&Test"), QString());
     controls.m_testing_wake = named(new QProgressBar(parent), "m_testing_wake",
                                     //: General preferences: name of the bar that moves while chronywake runs
                                     Texts::tr("Testing chronywake"), QString());
     controls.m_testing_wake->setRange(0, 0);
     controls.m_testing_wake->setTextVisible(false);
-    controls.m_testing_wake->setFixedWidth(TESTING_WIDTH);
+    controls.m_testing_wake->setFixedWidth(scaled(TESTING_WIDTH, *controls.m_testing_wake));
     QSizePolicy policy = controls.m_testing_wake->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     controls.m_testing_wake->setSizePolicy(policy);
@@ -165,6 +198,7 @@ QGroupBox* build_wake_group(QWidget* parent, PreferencesGeneralControls& control
         check_box(group, "m_install_wake",
                   //: General preferences: check box, and its tooltip
                   Texts::tr("I&nstall chronywake"),
+                  //: General preferences: tooltip of the box that installs chronywake
                   Texts::tr("Install the program that sets the clock right after the machine wakes up"));
     auto* grid = new QGridLayout;
     auto* column = new QVBoxLayout(group);
@@ -190,6 +224,7 @@ PreferencesGeneralControls build_preferences_general(QWidget* parent) {
         button(parent, "restoreDefaults",
                //: General preferences: button, and its tooltip
                Texts::tr("Restore Defaults"),
+               //: General preferences: tooltip of the button Restore Defaults
                Texts::tr("Everything on this pane as it was at first, but for the launch at login"));
     controls.status = words_below(parent, "status", 2);
     auto* row = new QHBoxLayout;

@@ -2,6 +2,8 @@
 
 #include "config/settings_keys.h"
 #include "config/words_window.h"
+#include "platform/qt/spoken.h"
+#include "platform/qt/written_numbers.h"
 #include "platform/text_lines.h"
 
 #include <QCheckBox>
@@ -14,8 +16,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 
-#include <cmath>
-#include <optional>
 #include <utility>
 
 namespace tickervantage {
@@ -42,25 +42,6 @@ const std::array<std::vector<std::string>, 4>& usual_paths() {
                                                                 {"/usr/sbin/chronyd", "/usr/bin/chronyd"},
                                                                 {}}};
     return paths;
-}
-
-template <typename Number>
-QString text_of(Number number) {
-    QLocale locale;
-    locale.setNumberOptions(QLocale::OmitGroupSeparator);
-    if constexpr (std::is_floating_point_v<Number>)
-        return locale.toString(number, 'g', QLocale::FloatingPointShortest);
-    else
-        return locale.toString(static_cast<qlonglong>(number));
-}
-
-// As the user's locale writes it, or with a decimal point.
-std::optional<double> number_in(const QString& text) {
-    bool readable = false;
-    double number = QLocale().toDouble(text.trimmed(), &readable);
-    if (!readable)
-        number = QLocale::c().toDouble(text.trimmed(), &readable);
-    return readable && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
 bool read_field(const QLineEdit* field, const DoubleKey& key, double& value) {
@@ -136,10 +117,10 @@ void PreferencesGeneralPane::show_record() {
     const Paths paths = paths_of(general);
     for (std::size_t path = 0; path < paths.size(); ++path)
         m_controls.paths[path].field->setText(from_std(paths[path]));
-    m_controls.m_make_thresh->setText(text_of(general.make_thresh));
-    m_controls.m_make_limit->setText(text_of(general.make_limit));
-    m_controls.m_burst_good->setText(text_of(general.burst_good));
-    m_controls.m_burst_max->setText(text_of(general.burst_max));
+    m_controls.m_make_thresh->setText(number_text(general.make_thresh));
+    m_controls.m_make_limit->setText(number_text(general.make_limit));
+    m_controls.m_burst_good->setText(number_text(general.burst_good));
+    m_controls.m_burst_max->setText(number_text(general.burst_max));
     m_controls.m_burst_netmask->setText(from_std(general.burst_netmask));
     m_controls.wake_words->clear();
     update_wake();
@@ -184,7 +165,7 @@ void PreferencesGeneralPane::take_arguments() {
         if (!read_field(field, key, value) && sentence.isEmpty())
             //: General preferences: %1 a field's name, %2 and %3 numbers
             sentence = tr("%1: a number from %2 to %3.")
-                           .arg(field->accessibleName(), text_of(key.minimum), text_of(key.maximum));
+                           .arg(field->accessibleName(), number_text(key.minimum), number_text(key.maximum));
     };
     take(m_controls.m_make_thresh, settings::make_thresh, general.make_thresh);
     take(m_controls.m_make_limit, settings::make_limit, general.make_limit);
@@ -308,7 +289,7 @@ void PreferencesGeneralPane::show_login(bool on, const std::string& sentence) {
     m_controls.m_launch_login->setChecked(on);
     m_parts.general.launch_login = on;
     save_settings();
-    say(from_std(sentence), true);
+    say(spoken(sentence), true);
 }
 
 void PreferencesGeneralPane::adjustClock() {
@@ -326,7 +307,9 @@ void PreferencesGeneralPane::adjustClock() {
     box->setObjectName(QLatin1String(adjust_warning));
     //: buttons of that alert
     auto* go_on = box->addButton(tr("Continue"), QMessageBox::AcceptRole);
-    box->setEscapeButton(box->addButton(tr("Cancel"), QMessageBox::RejectRole));
+    box->setEscapeButton(box->addButton(
+        //: button of the alert before the daemon is told to leave the clock alone
+        tr("Cancel"), QMessageBox::RejectRole));
     //: check box of an alert
     auto* never = new QCheckBox(tr("Do not show this warning again"));
     box->setCheckBox(never);
@@ -385,7 +368,7 @@ void PreferencesGeneralPane::saveArguments() {
         shared->pane->m_saving = false;
         shared->pane->update_wake();
         //: General preferences: said when chronywake's job carries the new arguments
-        shared->pane->say(sentence.empty() ? tr("chronywake's arguments are saved.") : from_std(sentence),
+        shared->pane->say(sentence.empty() ? tr("chronywake's arguments are saved.") : spoken(sentence),
                           !sentence.empty());
     });
 }
@@ -409,14 +392,14 @@ void PreferencesGeneralPane::show_test(const std::string& reply) {
     const std::string answer(trimmed(reply));
     const bool good = answer == "200 OK";
     //: alert after a test of chronywake: title
-    auto* box = alert(tr("chronywake"), good
-                                            //: alert after a test of chronywake
-                                            ? tr("chronywake works: chronyd has set the clock right.")
-                                            //: alert after a test of chronywake
-                                            : tr("chronywake did not succeed."));
+    auto* box =
+        alert(tr("chronywake"), good
+                                    //: alert after a test of chronywake
+                                    ? tr("chronywake works: chronyd has set the clock right.")
+                                    : /*: alert after a test of chronywake */ tr("chronywake did not succeed."));
     if (!good)
         //: alert after a test of chronywake that gave no answer
-        box->setInformativeText(answer.empty() ? tr("It gave no answer.") : from_std(answer));
+        box->setInformativeText(answer.empty() ? tr("It gave no answer.") : spoken(answer));
     box->setObjectName(QStringLiteral("chronywake_alert"));
     box->setIcon(good ? QMessageBox::Information : QMessageBox::Warning);
     //: button of an alert

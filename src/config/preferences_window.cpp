@@ -8,6 +8,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -23,6 +24,7 @@ Pane* add_pane(QTabWidget* tabs, Pane* pane) {
     area->setWidget(pane);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus); // it follows the control that has it
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setMinimumWidth(pane->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
     tabs->addTab(area, Pane::toolbarItemIcon(), Pane::toolbarItemTitle());
@@ -39,6 +41,8 @@ Preferences::Preferences(PreferencesParts parts) : m_parts(std::move(parts)) {
     m_window->setObjectName(QStringLiteral("m_window"));
     //: preferences window: name of its panes
     m_window->setAccessibleName(tr("Panes"));
+    m_window->setFocusPolicy(Qt::NoFocus); // its bar of tabs has it, and would follow this
+    m_window->tabBar()->setFocusPolicy(Qt::TabFocus);
     prefsGeneral = add_pane(m_window, new PreferencesGeneralPane(m_parts));
     prefsAdvanced = add_pane(m_window, new PreferencesAdvancedPane(m_parts));
     prefsUpdate = add_pane(m_window, new PreferencesUpdatePane(m_parts.version));

@@ -1,14 +1,12 @@
 #include "config/server_list.h"
 
 #include "platform/text_lines.h"
+#include "platform/translatable.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <charconv>
-
-// The tool that collects texts for translators looks for this name; nothing else of Qt is known here.
-#define QT_TRANSLATE_NOOP(context, text) text
 
 namespace tickervantage {
 namespace {
@@ -169,15 +167,24 @@ ServerField field_of(ServerProblem problem) {
 const char* sentence_of(ServerProblem problem) {
     static constexpr std::array sentences{
         "",
-        QT_TRANSLATE_NOOP("servers", "A server needs a name or an address."),
-        QT_TRANSLATE_NOOP("servers", "An IPv6 address has no place in the list's file; use a name."),
-        QT_TRANSLATE_NOOP("servers", "The largest poll is not a whole number."),
-        QT_TRANSLATE_NOOP("servers", "The smallest poll is not a whole number."),
-        QT_TRANSLATE_NOOP("servers", "The largest poll is at most 16 (18 hours)."),
-        QT_TRANSLATE_NOOP("servers", "The smallest poll is at most 16 (18 hours)."),
-        QT_TRANSLATE_NOOP("servers", "The smallest poll is larger than the largest."),
-        QT_TRANSLATE_NOOP("servers", "A title needs a letter or two."),
-        QT_TRANSLATE_NOOP("servers", "The list's file cannot hold a colon, so a title has none."),
+        //: server window: said below a field whose value is not valid
+        TV_TEXT("servers", "A server needs a name or an address."),
+        //: server window: said below a field whose value is not valid
+        TV_TEXT("servers", "An IPv6 address has no place in the list's file; use a name."),
+        //: server window: said below a field whose value is not valid
+        TV_TEXT("servers", "The largest poll is not a whole number."),
+        //: server window: said below a field whose value is not valid
+        TV_TEXT("servers", "The smallest poll is not a whole number."),
+        //: server window: said below a field whose value is not valid
+        TV_TEXT("servers", "The largest poll is at most 16 (18 hours)."),
+        //: server window: said below a field whose value is not valid
+        TV_TEXT("servers", "The smallest poll is at most 16 (18 hours)."),
+        //: server window: said below a field whose value is not valid
+        TV_TEXT("servers", "The smallest poll is larger than the largest."),
+        //: server window: said below a field whose value is not valid
+        TV_TEXT("servers", "A title needs a letter or two."),
+        //: server window: said below a field whose value is not valid
+        TV_TEXT("servers", "The list's file cannot hold a colon, so a title has none."),
     };
     return sentences.at(static_cast<std::size_t>(problem));
 }

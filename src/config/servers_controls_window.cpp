@@ -2,6 +2,7 @@
 
 #include "config/servers_list_window.h"
 #include "config/words_window.h"
+#include "platform/qt/text_scale.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -21,7 +22,7 @@ namespace tickervantage {
 namespace {
 
 constexpr int LIST_WIDTH = 180;
-constexpr int RECORD_WIDTH = 330;
+constexpr int RECORD_WIDTH = 370;
 
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(servers)
@@ -42,9 +43,11 @@ QWidget* build_segments(QWidget* parent, ServersControls& controls) {
     controls.serverControl = named(new QWidget(row), "serverControl", Texts::tr("Add or remove"), QString());
     //: server window: name of the button with the plus sign, and its tooltip
     controls.segments[0] = segment(controls.serverControl, "add_server", QStringLiteral("+"), Texts::tr("Add"),
+                                   //: server window: tooltip of the button +
                                    Texts::tr("Add a server (Ctrl+N)"));
     //: server window: name of the button with the minus sign, and its tooltip
     controls.segments[1] = segment(controls.serverControl, "remove_server", QStringLiteral("−"), Texts::tr("Remove"),
+                                   //: server window: tooltip of the button −
                                    Texts::tr("Remove the selected server (Delete)"));
     //: server window: button that brings back the server removed last
     controls.undo = segment(row, "undo_removal", Texts::tr("Undo Remove"), Texts::tr("Undo Remove"),
@@ -64,11 +67,13 @@ QWidget* build_segments(QWidget* parent, ServersControls& controls) {
 }
 
 QLayout* build_list(QWidget* parent, ServersControls& controls) {
-    controls.serverListView = named(
-        new ServerListView(parent), "serverListView",
-        //: server window: name of the list, and its tooltip
-        Texts::tr("Servers"), Texts::tr("Double-click or F2 changes a title; drag, or Alt with Up and Down, moves"));
-    controls.serverListView->setMinimumWidth(LIST_WIDTH);
+    controls.serverListView =
+        named(new ServerListView(parent), "serverListView",
+              //: server window: name of the list, and its tooltip
+              Texts::tr("Servers"),
+              //: server window: tooltip of the list
+              Texts::tr("Double-click or F2 changes a title; drag, or Alt with Up and Down, moves"));
+    controls.serverListView->setMinimumWidth(scaled(LIST_WIDTH, *parent));
     controls.serverListView->set_empty_text(
         //: server window: shown in the list while it is empty
         Texts::tr("No servers yet. Add one with +, or import those of the installed configuration."));
@@ -82,23 +87,27 @@ void build_fields(ServersControls& controls) {
     QWidget* parent = controls.record;
     //: server window: name of the field with the server's address, and its tooltip
     controls.m_name = named(new QLineEdit(parent), "m_name", Texts::tr("Address"),
+                            //: server window: tooltip of the server's address
                             Texts::tr("The server's host name or IPv4 address"));
     controls.name_words = words_below(parent, "name_words", 2);
     controls.m_minpoll =
         named(new QLineEdit(parent), "m_minpoll",
               //: server window: name of the field with chrony's minpoll, and its tooltip
               Texts::tr("Smallest poll"),
+              //: server window: tooltip of “Smallest poll”
               Texts::tr("minpoll: the shortest time between two requests, as a power of 2 in seconds"));
     controls.minpoll_words = words_below(parent, "minpoll_words", 2);
     controls.m_maxpoll = named(new QLineEdit(parent), "m_maxpoll",
                                //: server window: name of the field with chrony's maxpoll, and its tooltip
                                Texts::tr("Largest poll"),
+                               //: server window: tooltip of “Largest poll”
                                Texts::tr("maxpoll: the longest time between two requests, as a power of 2 in seconds"));
     controls.maxpoll_words = words_below(parent, "maxpoll_words", 2);
     //: server window: check box
     controls.m_iburst = named(new QCheckBox(Texts::tr("Start with a &burst of requests"), parent), "m_iburst",
                               //: server window: name of that check box, and its tooltip
                               Texts::tr("Start with a burst of requests"),
+                              //: server window: tooltip of the box for iburst
                               Texts::tr("iburst: a few quick requests at the start set the clock sooner"));
     for (auto* field : {controls.m_minpoll, controls.m_maxpoll})
         field->setMaximumWidth(field->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 10);
@@ -106,7 +115,7 @@ void build_fields(ServersControls& controls) {
 
 void build_record(QWidget* parent, ServersControls& controls) {
     controls.record = new QWidget(parent);
-    controls.record->setMinimumWidth(RECORD_WIDTH);
+    controls.record->setMinimumWidth(scaled(RECORD_WIDTH, *parent));
     build_fields(controls);
     auto* form = new QFormLayout(controls.record);
     form->setContentsMargins(0, 0, 0, 0);
@@ -115,27 +124,38 @@ void build_record(QWidget* parent, ServersControls& controls) {
     //: server window: labels of the fields
     form->addRow(Texts::tr("&Address:"), controls.m_name);
     form->addRow(QString(), controls.name_words);
-    form->addRow(Texts::tr("S&mallest poll:"), controls.m_minpoll);
+    form->addRow(
+        //: server window: label of the field with minpoll
+        Texts::tr("S&mallest poll:"), controls.m_minpoll);
     form->addRow(QString(), controls.minpoll_words);
-    form->addRow(Texts::tr("&Largest poll:"), controls.m_maxpoll);
+    form->addRow(
+        //: server window: label of the field with maxpoll
+        Texts::tr("&Largest poll:"), controls.m_maxpoll);
     form->addRow(QString(), controls.maxpoll_words);
     form->addRow(QString(), controls.m_iburst);
 }
 
 QLayout* build_buttons(QWidget* parent, ServersControls& controls) {
     //: server window: button, adds the servers of the installed chrony.conf
-    controls.import = named(new QPushButton(Texts::tr("&Import"), parent), "import_servers", Texts::tr("Import"),
+    controls.import = named(new QPushButton(Texts::tr("&Import"), parent), "import_servers",
+                            //: server window: name of the button that imports a configuration
+                            Texts::tr("Import"),
                             //: server window: tooltip of that button
                             Texts::tr("Add the servers and pools of the installed configuration"));
     //: server window: button, the list goes to the clipboard as lines of chrony.conf
-    controls.copy = named(new QPushButton(Texts::tr("&Copy Lines"), parent), "copy_lines", Texts::tr("Copy Lines"),
+    controls.copy = named(new QPushButton(Texts::tr("&Copy Lines"), parent), "copy_lines",
+                          //: server window: name of the button that copies the list as lines
+                          Texts::tr("Copy Lines"),
                           //: server window: tooltip of that button
                           Texts::tr("Copy the list as \"server\" lines of chrony's configuration"));
     //: server window: button, the list goes into the configuration that is being edited
     controls.insert = named(new QPushButton(Texts::tr("Insert in &Editor"), parent), "insert_lines",
+                            //: server window: name of the button that inserts the list into the editor
                             Texts::tr("Insert in Editor"), QString());
     //: server window: button, opens chrony's manual
-    controls.help = named(new QPushButton(Texts::tr("&Help"), parent), "serverHelp", Texts::tr("Help"),
+    controls.help = named(new QPushButton(Texts::tr("&Help"), parent), "serverHelp",
+                          //: server window: name of the button that opens a page on servers
+                          Texts::tr("Help"),
                           //: server window: tooltip of that button
                           Texts::tr("What chrony's manual says of the server directive"));
     auto* row = new QHBoxLayout;
@@ -157,7 +177,9 @@ void build_notice(QWidget* parent, ServersControls& controls) {
     controls.notice_text->setWordWrap(true);
     controls.notice_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     //: server window: button beside a failure to save; saves once more
-    controls.retry = named(new QPushButton(Texts::tr("&Try Again"), controls.notice), "retry", Texts::tr("Try Again"),
+    controls.retry = named(new QPushButton(Texts::tr("&Try Again"), controls.notice), "retry",
+                           //: server window: button, tries to save again
+                           Texts::tr("Try Again"),
                            //: server window: tooltip of that button
                            Texts::tr("Save the list once more"));
     auto* row = new QHBoxLayout(controls.notice);
@@ -205,7 +227,10 @@ QString poll_length(std::int64_t poll) {
         //: server window: %1 seconds
         return Texts::tr("%1 s").arg(locale.toString(seconds));
     //: server window: %1 minutes; %1 hours
-    return seconds < 2 * hour ? Texts::tr("%1 min").arg(rounded(minute)) : Texts::tr("%1 h").arg(rounded(hour));
+    return seconds < 2 * hour
+               ? Texts::tr("%1 min").arg(rounded(minute))
+               : /*: server window: a time below a field; %1 is a number of hours */ Texts::tr("%1 h").arg(
+                     rounded(hour));
 }
 
 } // namespace tickervantage

@@ -2,6 +2,7 @@
 
 #include "config/servers_list_window.h"
 #include "config/words_window.h"
+#include "platform/qt/spoken.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -107,10 +108,10 @@ void ServersWindow::show_read(const SharedTextReading& reading) {
         //: server window: %1 is a reason, such as "it is a folder"
         show_notice(
             tr("The saved list is none: %1. It is kept under another name as soon as you change something here.")
-                .arg(from_std(reading.reason)));
+                .arg(spoken(reading.reason)));
     } else if (reading.outcome == Outcome::unreadable) {
         //: server window: %1 is a reason, such as "Permission denied"
-        show_notice(tr("The saved list cannot be read: %1.").arg(from_std(reading.reason)));
+        show_notice(tr("The saved list cannot be read: %1.").arg(spoken(reading.reason)));
     }
     go_to(0);
     update_buttons();
@@ -167,7 +168,7 @@ void ServersWindow::save() {
 void ServersWindow::show_saved(const ServerListSaved& saved) {
     if (saved.result != 0)
         //: server window: %1 is a sentence that says why
-        show_notice(tr("%1 The change stays here, but it is not saved yet.").arg(from_std(saved.sentence)), true);
+        show_notice(tr("%1 The change stays here, but it is not saved yet.").arg(spoken(saved.sentence)), true);
     else if (!saved.kept_as.empty())
         //: server window: %1 is a file
         show_notice(tr("Another window or program had changed the list. Its version was kept as %1.")
@@ -370,7 +371,7 @@ void ServersWindow::import_servers() {
             if (result == 0)
                 shared->window->show_imported(path, text);
             else
-                shared->window->show_notice(from_std(sentence));
+                shared->window->show_notice(spoken(sentence));
         });
     });
 }
@@ -413,7 +414,8 @@ void ServersWindow::update_buttons() {
     m_controls.insert->setEnabled(open && !m_servers.empty());
     //: server window: tooltips of the button that inserts the list into the editor
     m_controls.insert->setToolTip(open ? tr("Insert the list as \"server\" lines where the cursor stands")
-                                       : tr("Open a configuration in the editor first"));
+                                       : /*: server window: tooltip of that button while the editor is closed */ tr(
+                                             "Open a configuration in the editor first"));
 }
 
 } // namespace tickervantage

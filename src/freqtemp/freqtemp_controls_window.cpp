@@ -3,6 +3,7 @@
 #include "config/settings_keys.h"
 #include "freqtemp/freqtemp_plot_window.h"
 #include "freqtemp/freqtemp_settings.h"
+#include "platform/qt/named_widget.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -24,19 +25,12 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(freqtemp)
 };
 
-template <typename Widget>
-Widget* named(Widget* widget, const char* object_name, const QString& name, const QString& tooltip) {
-    widget->setObjectName(QLatin1String(object_name));
-    widget->setAccessibleName(name);
-    widget->setToolTip(tooltip);
-    return widget;
-}
-
 void build_sensor_menu(QWidget* parent, FreqTempControls& controls) {
     auto* button = new QPushButton(parent);
     //: frequency and temperature window: button with the menu of sensors, its name and its tooltip
-    controls.m_select_sensor =
-        named(button, "m_select_sensor", Texts::tr("Sensors"), Texts::tr("The sensors whose points are shown"));
+    controls.m_select_sensor = named(button, "m_select_sensor", Texts::tr("Sensors"),
+                                     //: frequency and temperature window: tooltip of the menu of sensors
+                                     Texts::tr("The sensors whose points are shown"));
     //: frequency and temperature window: text of that button
     button->setText(Texts::tr("&Sensors"));
     button->setMenu(new QMenu(button));
@@ -46,10 +40,16 @@ void build_sensor_menu(QWidget* parent, FreqTempControls& controls) {
 void build_order(QWidget* parent, FreqTempControls& controls) {
     //: frequency and temperature window: name of the menu that chooses the fitted curve, and its tooltip
     controls.m_order = named(new QComboBox(parent), "m_order", Texts::tr("Order of the fit"),
+                             //: frequency and temperature window: tooltip of the menu of fitted curves
                              Texts::tr("The curve that is fitted through the points"));
     //: frequency and temperature window: fitted curves
-    const std::initializer_list<QString> words{Texts::tr("Straight line"), Texts::tr("Parabola (degree 2)"),
-                                               Texts::tr("Cubic (degree 3)"), Texts::tr("Quartic (degree 4)")};
+    const std::initializer_list<QString> words{Texts::tr("Straight line"),
+                                               //: frequency and temperature window: fitted curve
+                                               Texts::tr("Parabola (degree 2)"),
+                                               //: frequency and temperature window: fitted curve
+                                               Texts::tr("Cubic (degree 3)"),
+                                               //: frequency and temperature window: fitted curve
+                                               Texts::tr("Quartic (degree 4)")};
     controls.m_order->addItems(words);
     for (auto degree = controls.m_order->count() + 1; degree <= settings::regression_order.maximum + 1; ++degree)
         //: frequency and temperature window: fitted curve; %1 is a number above four
@@ -62,26 +62,34 @@ void build_check_boxes(QWidget* parent, FreqTempControls& controls) {
         return named(made, object_name, QString(text).remove(QLatin1Char('&')), tooltip);
     };
     //: frequency and temperature window: check box and its tooltip
-    controls.m_show_scatter_points =
-        box("m_show_scatter_points", Texts::tr("&Points"), Texts::tr("Show every point that was measured"));
+    controls.m_show_scatter_points = box("m_show_scatter_points", Texts::tr("&Points"),
+                                         //: frequency and temperature window: tooltip of “Points”
+                                         Texts::tr("Show every point that was measured"));
     //: frequency and temperature window: check box and its tooltip
-    controls.m_show_mean_frequency =
-        box("m_show_mean_frequency", Texts::tr("&Mean"), Texts::tr("Show the mean frequency at each degree"));
+    controls.m_show_mean_frequency = box("m_show_mean_frequency", Texts::tr("&Mean"),
+                                         //: frequency and temperature window: tooltip of “Mean”
+                                         Texts::tr("Show the mean frequency at each degree"));
     //: frequency and temperature window: check box and its tooltip
     controls.m_show_freq_bounds = box("m_show_freq_bounds", Texts::tr("&Bounds"),
+                                      //: frequency and temperature window: tooltip of “Bounds”
                                       Texts::tr("Show one standard deviation above and below the fitted curve"));
     //: frequency and temperature window: check box and its tooltip
-    controls.m_show_last_record =
-        box("m_show_last_record", Texts::tr("&Newest"), Texts::tr("Mark each sensor's newest point"));
+    controls.m_show_last_record = box("m_show_last_record", Texts::tr("&Newest"),
+                                      //: frequency and temperature window: tooltip of “Newest”
+                                      Texts::tr("Mark each sensor's newest point"));
 }
 
 void build_buttons(QWidget* parent, FreqTempControls& controls) {
     //: frequency and temperature window: button, its name and tooltip
-    controls.clear = named(new QPushButton(Texts::tr("&Clear…"), parent), "clear", Texts::tr("Clear"),
+    controls.clear = named(new QPushButton(Texts::tr("&Clear…"), parent), "clear",
+                           //: frequency and temperature window: name of the button that deletes all points
+                           Texts::tr("Clear"),
                            //: frequency and temperature window: tooltip of that button
                            Texts::tr("Delete all points and begin anew"));
     //: frequency and temperature window: button, its name and tooltip
-    controls.export_button = named(new QPushButton(Texts::tr("E&xport…"), parent), "export", Texts::tr("Export"),
+    controls.export_button = named(new QPushButton(Texts::tr("E&xport…"), parent), "export",
+                                   //: frequency and temperature window: name of the button that exports
+                                   Texts::tr("Export"),
                                    //: frequency and temperature window: tooltip of that button
                                    Texts::tr("Save the plot as a picture, or the points shown as CSV (Ctrl+S)"));
 }
@@ -103,7 +111,9 @@ void build_texts(QWidget* parent, FreqTempControls& controls) {
     controls.reading->setMinimumHeight(controls.reading->fontMetrics().lineSpacing());
     //: frequency and temperature window: name of the number of points
     controls.m_samples = label("m_samples", Texts::tr("Samples"));
-    controls.m_samples->setToolTip(Texts::tr("The largest number of points of any sensor"));
+    controls.m_samples->setToolTip(
+        //: frequency and temperature window: tooltip of the number of points
+        Texts::tr("The largest number of points of any sensor"));
     controls.m_samples->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     controls.m_samples->setFixedWidth(controls.m_samples->fontMetrics().horizontalAdvance(QStringLiteral("00000000")));
 }
@@ -115,6 +125,7 @@ void build_max_samples(QWidget* parent, FreqTempControls& controls) {
     row->setContentsMargins(0, 0, 0, 0);
     //: frequency and temperature window: name and tooltip of the field with the most points that are kept
     controls.m_maxsamples = named(new QSpinBox(controls.m_ph_maxsamples), "m_maxsamples", Texts::tr("Most samples"),
+                                  //: frequency and temperature window: tooltip of the field with the most points
                                   Texts::tr("The most points kept for a sensor; the oldest go first"));
     controls.m_maxsamples->setRange(static_cast<int>(FreqTempSettings::FEWEST_SAMPLES),
                                     static_cast<int>(FreqTempSettings::MOST_SAMPLES));

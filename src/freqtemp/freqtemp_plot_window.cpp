@@ -1,6 +1,6 @@
 #include "freqtemp/freqtemp_plot_window.h"
 
-#include "graphs/accessible_plot_window.h"
+#include "platform/qt/accessible_widgets.h"
 #include "platform/qt/qt_canvas.h"
 
 #include <QEvent>
@@ -23,7 +23,7 @@ constexpr double LONG_KEY_STEP = 0.1;
 } // namespace
 
 FreqTempPlot::FreqTempPlot(QWidget* parent) : QWidget(parent) {
-    announce_as_chart(this);
+    announce_as(this, QAccessible::Chart);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -69,7 +69,7 @@ void FreqTempPlot::paintEvent(QPaintEvent*) {
         m_picture.setDevicePixelRatio(devicePixelRatioF());
         m_picture.fill(palette().color(QPalette::Window));
         QPainter painter(&m_picture);
-        QtCanvas canvas(painter, height(), CanvasColors::from_palette(palette()));
+        QtCanvas canvas(painter, height(), CanvasColors::from_palette(palette()), &m_canvas_memory);
         m_view.draw(canvas, bounds());
     }
     QPainter painter(this);

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "freqtemp/freqtemp_view.h"
+#include "platform/qt/qt_canvas.h"
 
 #include <QPixmap>
 #include <QString>
@@ -62,7 +63,8 @@ private:
 
     FreqTempView m_view;
     QString m_empty_text;
-    QPixmap m_picture;              // null: to be painted
+    QPixmap m_picture; // null: to be painted
+    CanvasMemory m_canvas_memory;
     std::optional<Point> m_pointer; // y up, as in the view
     bool m_by_key = false;          // then the position is shown too
     std::optional<FreqTempReading> m_reading;

@@ -1,14 +1,12 @@
 #include "freqtemp/freqtemp_view.h"
 
-#include "freqtemp/clipping.h"
-#include "freqtemp/dot_painter.h"
 #include "freqtemp/freqtemp_axes.h"
+#include "freqtemp/plot_shapes.h"
 #include "graphs/graph_geometry.h"
+#include "platform/canvas_pixels.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
-#include <numbers>
 #include <utility>
 #include <vector>
 
@@ -20,73 +18,53 @@ constexpr std::size_t FEWEST_FOR_FIT = 3;
 constexpr double LIGHTER = 0.2; // of the band: 20 hundredths added to each part of the colour
 constexpr double OUTLINE = 1.0; // half of it lies outside a point's square
 constexpr double FIT_WIDTH = 2.0;
-constexpr int DISC_CORNERS = 24;
 constexpr double MARKER_SIZE = 9.0;
 
-Ink ink_of(const scatterEntry& entry) {
-    return entry.color.color();
+Color solid(Color color) {
+    color.alpha = 1;
+    return color;
 }
 
-Ink solid(const scatterEntry& entry) {
-    return Color{entry.color.r, entry.color.g, entry.color.b, 1};
-}
-
-Ink lighter(const scatterEntry& entry) {
+Color lighter(const Color& color) {
     const auto part = [](double value) {
         return std::min(1.0, value + LIGHTER);
     };
-    return Color{part(entry.color.r), part(entry.color.g), part(entry.color.b), entry.color.a};
+    return {part(color.red), part(color.green), part(color.blue), color.alpha};
 }
 
 bool has_drawn_fit(const scatterEntry& entry) {
     return entry.points.size() >= FEWEST_FOR_FIT && entry.quadRegression->valid;
 }
 
-// Calls use(point, how many of them) for everything that is drawn as a point.
-template <class Use>
-void for_each_dot(const scatterEntry& entry, const Use& use) {
-    if (entry.digest) {
-        for (const auto& dot : entry.digest->dots)
-            use(dot.point, unsigned{dot.count});
-        return;
-    }
-    for (const auto& part : entry.points.spans())
-        for (std::size_t i = 0; i < part.x.size(); ++i)
-            use(freqPoint{part.x[i], part.y[i]}, 1U);
-}
-
-std::size_t dot_count(const scatterEntry& entry) {
-    return entry.digest ? entry.digest->dots.size() : entry.points.size();
-}
-
 // Everything of one drawing: the ranges and where they lie.
 class EntryPainter {
 public:
-    EntryPainter(Canvas& canvas, const FreqTempScale& scale) : m_canvas(canvas), m_scale(scale) {}
+    EntryPainter(PlotShapes& shapes, const FreqTempScale& scale) : m_shapes(shapes), m_scale(scale) {}
 
     void points(const scatterEntry& entry) {
-        DotPainter dots(m_scale.area, m_canvas.pixel(), FreqTempView::POINT_SIZE + OUTLINE, dot_count(entry));
-        for_each_dot(entry, [&](freqPoint point, unsigned count) { dots.add(m_scale.place(point), count); });
-        dots.paint(m_canvas, ink_of(entry));
+        m_shapes.squares(entry, FreqTempView::POINT_SIZE + OUTLINE, entry.color.color());
     }
 
     void fit(const scatterEntry& entry, bool with_band) {
         const auto& fit = *entry.quadRegression;
         std::vector<Point> line;
-        std::vector<Point> band; // along the upper line, back along the lower one
+        std::vector<Point> upper;
+        std::vector<Point> lower;
         const int steps = fit.x_max > fit.x_min ? FIT_STEPS : 0;
-        for (int i = 0; i <= steps; ++i)
-            line.push_back(fitted(fit, step(fit, i), 0));
-        for (int i = 0; i <= steps; ++i)
-            band.push_back(fitted(fit, step(fit, i), fit.y_stddev));
-        for (int i = steps; i >= 0; --i)
-            band.push_back(fitted(fit, step(fit, i), -fit.y_stddev));
-        if (with_band && all_finite(band))
-            polygon(band, lighter(entry));
-        stroke(line, solid(entry), FIT_WIDTH);
+        for (int i = 0; i <= steps; ++i) {
+            const double x = fit.x_min + (fit.x_max - fit.x_min) * i / FIT_STEPS;
+            const double y = fit.evaluate(x);
+            line.push_back(m_scale.place({x, y}));
+            upper.push_back(m_scale.place({x, y + fit.y_stddev}));
+            lower.push_back(m_scale.place({x, y - fit.y_stddev}));
+        }
+        if (with_band && all_finite(upper) && all_finite(lower))
+            m_shapes.band(upper, lower, lighter(entry.color.color()));
+        m_shapes.line(line, FIT_WIDTH, solid(entry.color.color()));
     }
 
-    void means(const scatterEntry& entry, const FreqTempRanges& ranges) {
+    void means(const scatterEntry& entry) {
+        const auto& ranges = m_scale.ranges;
         const auto bins = degree_bins(ranges.min_temp, ranges.max_temp);
         const double first = entry.digest ? entry.digest->first_degree : ranges.min_temp;
         const auto means = entry.digest ? entry.digest->means : mean_frequencies(entry.points, first, bins);
@@ -94,39 +72,21 @@ public:
         for (std::size_t bin = 0; bin < means.size(); ++bin)
             if (means[bin].count > 0)
                 line.push_back(m_scale.place({first + static_cast<double>(bin), means[bin].mean}));
-        stroke(line, solid(entry), 1);
+        m_shapes.line(line, 1, solid(entry.color.color()));
     }
 
     void newest(const scatterEntry& entry) {
         const Point center = m_scale.place(entry.digest ? entry.digest->last : entry.points.back());
-        std::vector<Point> corners;
-        for (int i = 0; i < DISC_CORNERS; ++i)
-            corners.push_back(polar(center, FreqTempView::POINT_SIZE / 2, 2 * std::numbers::pi * i / DISC_CORNERS));
-        polygon(corners, ink_of(entry));
+        m_shapes.disc(center, FreqTempView::POINT_SIZE, entry.color.color());
     }
 
 private:
-    static double step(const QuadRegression& fit, int number) {
-        return fit.x_min + (fit.x_max - fit.x_min) * number / FIT_STEPS;
-    }
-    [[nodiscard]] Point fitted(const QuadRegression& fit, double x, double above) const {
-        return m_scale.place({x, fit.evaluate(x) + above});
-    }
     static bool all_finite(const std::vector<Point>& points) {
         return std::ranges::all_of(points,
                                    [](Point point) { return std::isfinite(point.x) && std::isfinite(point.y); });
     }
 
-    void polygon(const std::vector<Point>& corners, const Ink& ink) {
-        if (const auto inside = clipped_polygon(corners, m_scale.area); inside.size() >= 3)
-            m_canvas.fill_polygon(inside, ink);
-    }
-    void stroke(const std::vector<Point>& points, const Ink& ink, double width) {
-        for (const auto& line : clipped_line(points, m_scale.area))
-            m_canvas.polyline(line, ink, width);
-    }
-
-    Canvas& m_canvas;
+    PlotShapes& m_shapes;
     const FreqTempScale& m_scale;
 };
 
@@ -202,7 +162,16 @@ void FreqTempView::draw(Canvas& canvas, Rect visible) const {
     draw_freqtemp_axes(canvas, plot, scale);
     if (scale.area.width <= 0 || scale.area.height <= 0)
         return;
-    EntryPainter painter(canvas, scale);
+    if (const auto pixels = canvas.begin_pixels(scale.area)) {
+        draw_entries(*shapes_on_pixels(*pixels, scale), scale);
+        canvas.end_pixels();
+    } else {
+        draw_entries(*shapes_on_canvas(canvas, scale), scale);
+    }
+}
+
+void FreqTempView::draw_entries(PlotShapes& shapes, const FreqTempScale& scale) const {
+    EntryPainter painter(shapes, scale);
     for (const auto& [name, entry] : m_scatter) {
         if (!entry.selected || entry.points.empty())
             continue;
@@ -211,9 +180,10 @@ void FreqTempView::draw(Canvas& canvas, Rect visible) const {
         if (has_drawn_fit(entry))
             painter.fit(entry, m_show_freq_bounds);
         if (m_show_mean_frequency && m_max_temp != m_min_temp)
-            painter.means(entry, scale.ranges);
+            painter.means(entry);
         if (m_show_last_record)
             painter.newest(entry);
+        shapes.end_entry();
     }
 }
 

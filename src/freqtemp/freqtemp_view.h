@@ -12,6 +12,9 @@
 
 namespace tickervantage {
 
+class PlotShapes;
+struct FreqTempScale;
+
 // What lies under a position.
 struct FreqTempReading {
     double temperature = 0; // at the position
@@ -66,6 +69,8 @@ public:
     [[nodiscard]] bool is_empty() const { return m_is_empty; }
 
 private:
+    void draw_entries(PlotShapes& shapes, const FreqTempScale& scale) const;
+
     ScatterMap m_scatter;
     double m_min_temp = 0; // whole degrees
     double m_max_temp = 0;

@@ -142,7 +142,9 @@ void FreqTempWindow::show_legend() {
         m_controls.legend->setText(legend);
     m_controls.legend->setVisible(!legend.isEmpty());
     const auto& plot = *m_controls.m_scatterplot;
-    m_controls.m_scatterplot->setAccessibleDescription(plot.view().is_empty() ? plot.empty_text() : QString());
+    m_controls.m_scatterplot->setAccessibleDescription(
+        plot.view().is_empty() ? plot.empty_text()
+                               : description_of(m_session->scatter(), SensorNames(m_session->menu().sensors())));
 }
 
 void FreqTempWindow::selectSensor(std::size_t item) {

@@ -1,5 +1,7 @@
 #include "freqtemp/freqtemp_words_window.h"
 
+#include "platform/qt/named_widget.h"
+
 #include <QColor>
 #include <QCoreApplication>
 #include <QLocale>
@@ -15,10 +17,6 @@ constexpr int MOST_IN_LEGEND = 16;
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(freqtemp)
 };
-
-QString from_std(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QString degrees(double temperature) {
     return QLocale().toString(temperature, 'f', 1);
@@ -84,6 +82,16 @@ QString legend_of(const ScatterMap& map, const SensorNames& names) {
         //: frequency and temperature window: end of a long legend
         items.push_back(Texts::tr("and %n more", nullptr, left_out));
     return items.join(QStringLiteral("&nbsp;&nbsp; "));
+}
+
+QString description_of(const ScatterMap& map, const SensorNames& names) {
+    QStringList items;
+    for (const auto& [name, entry] : map)
+        if (is_shown(entry))
+            //: frequency and temperature window: read out by screen readers; %1 is a sensor
+            items.push_back(
+                Texts::tr("%n point(s) of %1", nullptr, static_cast<int>(entry.points.size())).arg(names(name)));
+    return items.join(QStringLiteral("; "));
 }
 
 QString empty_words(bool is_ready, const std::vector<tempSensor>& sensors, const ScatterMap& map,

@@ -28,6 +28,9 @@ private:
 // The shown sensors with points, each behind a square of its colour, as HTML. Empty: there are none.
 [[nodiscard]] QString legend_of(const ScatterMap& map, const SensorNames& names);
 
+// How many points of which sensors are shown, for screen readers.
+[[nodiscard]] QString description_of(const ScatterMap& map, const SensorNames& names);
+
 // Why no point is shown. `path`: of the stored map.
 [[nodiscard]] QString empty_words(bool is_ready, const std::vector<tempSensor>& sensors, const ScatterMap& map,
                                   const std::string& path);

@@ -6,7 +6,7 @@
 namespace tickervantage {
 namespace {
 
-constexpr std::size_t CELLS = 1024; // on each side of the grid; few plots have more pixels than that
+constexpr std::size_t CELLS = 512; // on each side of the grid; a square covers one of them on any screen
 constexpr std::uint8_t FULL = 3;
 constexpr double MOST_DEGREES = 10'000; // no temperature of a machine comes near: a file may hold anything
 
@@ -17,6 +17,17 @@ std::size_t cell_of(double value, double low, double width) {
 // A range of no length is one cell wide.
 double width_of(double low, double high) {
     return high > low && std::isfinite(high - low) ? high - low : std::max(1.0, std::abs(low));
+}
+
+// From cell to cell, as they lie in memory when they are drawn.
+std::vector<PointDigest::Dot> ordered(const std::vector<PointDigest::Dot>& dots,
+                                      const std::vector<std::uint32_t>& cells) {
+    std::vector<PointDigest::Dot> result;
+    result.reserve(dots.size());
+    for (const std::uint32_t cell : cells)
+        if (cell != 0)
+            result.push_back(dots[cell - 1]);
+    return result;
 }
 
 std::vector<PointDigest::Dot> thinned(const PointList& points, const PointExtent& extent) {
@@ -35,7 +46,7 @@ std::vector<PointDigest::Dot> thinned(const PointList& points, const PointExtent
                 ++dot.count;
             }
         }
-    return dots;
+    return ordered(dots, cells);
 }
 
 } // namespace
@@ -49,10 +60,10 @@ void freqStats::add(double frequency) {
 
 std::vector<freqStats> mean_frequencies(const PointList& points, double min_temperature, std::size_t bins) {
     std::vector<freqStats> result(bins);
+    const double first = min_temperature - 0.5;
     for (const auto& part : points.spans())
         for (std::size_t i = 0; i < part.x.size(); ++i)
-            if (const double bin = std::floor(part.x[i] - min_temperature + 0.5);
-                bin >= 0 && bin < static_cast<double>(bins))
+            if (const double bin = part.x[i] - first; bin >= 0 && bin < static_cast<double>(bins))
                 result[static_cast<std::size_t>(bin)].add(part.y[i]);
     return result;
 }

@@ -3,6 +3,7 @@
 #include "freqtemp/inspector_sensor.h"
 #include "freqtemp/sensor_table_window.h"
 #include "platform/broadcast.h"
+#include "platform/qt/text_scale.h"
 #include "platform/user_files.h"
 
 #include <QAction>
@@ -69,7 +70,7 @@ SensorInspector::SensorInspector(SensorInspectorParts parts)
     //: sensor inspector: title
     setWindowTitle(tr("Sensor Inspector"));
     build();
-    resize(720, 280);
+    resize(scaled(QSize(720, 280), *this));
 }
 
 SensorInspector::~SensorInspector() {

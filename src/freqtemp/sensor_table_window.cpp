@@ -39,37 +39,57 @@ struct Column {
 };
 
 const std::array<Column, 8> COLUMNS{
-    {{"sensor", QT_TRANSLATE_NOOP("sensor_inspector", "Sensor"), QT_TRANSLATE_NOOP("sensor_inspector", "The sensor"),
+    {{"sensor",
+      //: sensor inspector: heading of a column
+      QT_TRANSLATE_NOOP("sensor_inspector", "Sensor"),
+      //: sensor inspector: tooltip of that heading
+      QT_TRANSLATE_NOOP("sensor_inspector", "The sensor"),
       [](const InspectorSensor& sensor) {
           return QString::fromStdString(sensor.name);
       }},
-     {"temp", QT_TRANSLATE_NOOP("sensor_inspector", "T (°C)"),
+     {"temp",
+      //: sensor inspector: heading of a column, a temperature
+      QT_TRANSLATE_NOOP("sensor_inspector", "T (°C)"),
+      //: sensor inspector: tooltip of that heading
       QT_TRANSLATE_NOOP("sensor_inspector", "Newest temperature, degrees Celsius"),
       [](const InspectorSensor& sensor) {
           return number(sensor.temperature, 'f', 1);
       }},
-     {"freq", QT_TRANSLATE_NOOP("sensor_inspector", "f (ppm)"),
+     {"freq",
+      //: sensor inspector: heading of a column, a frequency
+      QT_TRANSLATE_NOOP("sensor_inspector", "f (ppm)"),
+      //: sensor inspector: tooltip of that heading
       QT_TRANSLATE_NOOP("sensor_inspector", "Newest frequency, parts per million"),
       [](const InspectorSensor& sensor) {
           return number(sensor.frequency, 'f', 3);
       }},
-     {"r", "r", QT_TRANSLATE_NOOP("sensor_inspector", "How well the curve fits the points, from 0 to 1"),
+     {"r", "r",
+      //: sensor inspector: tooltip of the heading r, the correlation
+      QT_TRANSLATE_NOOP("sensor_inspector", "How well the curve fits the points, from 0 to 1"),
       [](const InspectorSensor& sensor) {
           return short_number(sensor.regression->r);
       }},
-     {"a", "a", QT_TRANSLATE_NOOP("sensor_inspector", "The curve's constant term, ppm"),
+     {"a", "a",
+      //: sensor inspector: tooltip of the heading a
+      QT_TRANSLATE_NOOP("sensor_inspector", "The curve's constant term, ppm"),
       [](const InspectorSensor& sensor) {
           return coefficient(sensor, 0);
       }},
-     {"b", "b", QT_TRANSLATE_NOOP("sensor_inspector", "The curve's coefficient of T, ppm per degree"),
+     {"b", "b",
+      //: sensor inspector: tooltip of the heading b
+      QT_TRANSLATE_NOOP("sensor_inspector", "The curve's coefficient of T, ppm per degree"),
       [](const InspectorSensor& sensor) {
           return coefficient(sensor, 1);
       }},
-     {"c", "c", QT_TRANSLATE_NOOP("sensor_inspector", "The curve's coefficient of T squared, ppm per square degree"),
+     {"c", "c",
+      //: sensor inspector: tooltip of the heading c
+      QT_TRANSLATE_NOOP("sensor_inspector", "The curve's coefficient of T squared, ppm per square degree"),
       [](const InspectorSensor& sensor) {
           return coefficient(sensor, 2);
       }},
-     {"e", "e", QT_TRANSLATE_NOOP("sensor_inspector", "Standard deviation of the points from the curve, ppm"),
+     {"e", "e",
+      //: sensor inspector: tooltip of the heading e
+      QT_TRANSLATE_NOOP("sensor_inspector", "Standard deviation of the points from the curve, ppm"),
       [](const InspectorSensor& sensor) {
           return short_number(sensor.regression->y_stddev);
       }}}};

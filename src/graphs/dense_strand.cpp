@@ -45,13 +45,12 @@ DenseStrand::DenseStrand(const TrackingRecords& records, const Strand& strand, T
     records.read(strand.cells.front().records.first, strand.cells.back().records.end, values);
 }
 
-void DenseStrand::add_spans(Series series, const ValueScale& scale, double zero_line, std::vector<ColumnSpan>& spans) {
+void DenseStrand::add_spans(Series series, const ValueScale& scale, std::vector<ColumnSpan>& spans) {
     const auto offsets = std::span(m_values[static_cast<std::size_t>(series)]).subspan(m_first, m_count);
     scale.to_offsets(offsets);
     const double* at = offsets.data();
     double last = std::numeric_limits<double>::quiet_NaN(); // of the cell before
     ColumnSpan span = empty_span(m_strand.cells.front().column);
-    const std::size_t first_span = spans.size();
     for (const Cell& cell : m_strand.cells) {
         if (std::isnan(last) || std::isnan(*at)) {
             add(spans, span);
@@ -64,10 +63,6 @@ void DenseStrand::add_spans(Series series, const ValueScale& scale, double zero_
         last = at[-1];
     }
     add(spans, span);
-    for (std::size_t i = first_span; i < spans.size(); ++i) {
-        spans[i].low += zero_line;
-        spans[i].high += zero_line;
-    }
 }
 
 } // namespace tickervantage

@@ -8,26 +8,20 @@
 #include "graphs/series_layout.h"
 #include "graphs/tracking_records.h"
 #include "graphs/value_scale.h"
+#include "platform/canvas.h"
 
-#include <cstdint>
 #include <vector>
 
 namespace tickervantage {
-
-struct ColumnSpan {
-    std::int64_t column = 0;
-    double low = 0; // points of the frame
-    double high = 0;
-};
 
 class DenseStrand {
 public:
     // The strand is dense. Its values are appended to those of others; both outlive this.
     DenseStrand(const TrackingRecords& records, const Strand& strand, TrackingRecords::AllValues& values);
 
-    // Once for each series: the values are used up. Columns without a present one are left out. `zero_line`: its height
-    // in the frame.
-    void add_spans(Series series, const ValueScale& scale, double zero_line, std::vector<ColumnSpan>& spans);
+    // Once for each series: the values are used up. Columns without a present one are left out. Heights in points from
+    // the zero line.
+    void add_spans(Series series, const ValueScale& scale, std::vector<ColumnSpan>& spans);
 
 private:
     const Strand& m_strand;

@@ -1,6 +1,7 @@
 #include "graphs/graph_scroll_area_window.h"
 
 #include "graphs/performance_graph.h"
+#include "platform/qt/accessible_widgets.h"
 #include "platform/qt/canvas_colors.h"
 
 #include <QKeyEvent>
@@ -26,6 +27,7 @@ double bar_unit(double length) {
 
 GraphScrollArea::GraphScrollArea(PerformanceGraph& graph, QWidget* parent)
     : QAbstractScrollArea(parent), m_graph(graph) {
+    announce_as(this, QAccessible::Chart);
     setMouseTracking(true);
     viewport()->setMouseTracking(true);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent); // the graph fills its background itself

@@ -80,7 +80,9 @@ LegendView::LegendView(QWidget* parent) : QFrame(parent) {
     //: tracking graph: checkbox, the value axis is logarithmic
     m_use_logscale = new QCheckBox(Texts::tr("&Logarithmic scale"), this);
     m_use_logscale->setObjectName(QStringLiteral("use_logscale"));
-    m_use_logscale->setAccessibleName(Texts::tr("Logarithmic scale"));
+    m_use_logscale->setAccessibleName(
+        //: tracking graph: name of that checkbox
+        Texts::tr("Logarithmic scale"));
     connect(m_use_logscale, &QCheckBox::clicked, this, &LegendView::changed);
     grid->addWidget(m_use_logscale, static_cast<int>(series_count), 0, 1, 2);
     add_buttons(grid);

@@ -69,9 +69,11 @@ void PerformanceGraph::start_timer() {
 
 void PerformanceGraph::drawRect(Canvas& canvas, Rect bounds, Rect visible) {
     ShiftedCanvas frame(canvas, {visible.x, visible.y});
-    frame.fill_rects(std::span(&visible, 1), ColorRole::text_background);
     const Point origin = time_origin(bounds);
+    frame.begin_layer(visible);
+    frame.fill_rects(std::span(&visible, 1), ColorRole::text_background);
     drawData(frame, origin, visible);
+    frame.end_layer();
     drawAxes(frame, origin, bounds, visible);
     draw_title(frame, visible);
 }

@@ -82,7 +82,8 @@ public:
     [[nodiscard]] ValueScale value_scale() const;
 
 protected:
-    // What a subclass plots. It sees a canvas on the frame's own coordinates and need draw only what is in sight.
+    // What a subclass plots, on a layer: no text, no other shapes. It sees a canvas on the frame's own coordinates and
+    // need draw only what is in sight.
     virtual void drawData(Canvas& canvas, Point origin, Rect visible);
     // Seconds between the oldest record shown and the right end of the time axis.
     [[nodiscard]] virtual double dataTimespan() const;

@@ -1,6 +1,7 @@
 #include "graphs/plot_export_window.h"
 
 #include "platform/qt/qt_canvas.h"
+#include "platform/qt/spoken.h"
 #include "platform/recorded_drawing.h"
 
 #include <QAbstractScrollArea>
@@ -94,8 +95,11 @@ void PlotExport::ask_for_file() {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     //: plot windows: kinds of file
-    dialog->setNameFilters(
-        {Texts::tr("Picture (*.png)"), Texts::tr("Vector picture (*.svg)"), Texts::tr("Table (*.csv)")});
+    dialog->setNameFilters({Texts::tr("Picture (*.png)"),
+                            //: file dialog: kind of file; the part in brackets stays
+                            Texts::tr("Vector picture (*.svg)"),
+                            //: file dialog: kind of file; the part in brackets stays
+                            Texts::tr("Table (*.csv)")});
     dialog->setDefaultSuffix(QStringLiteral("png"));
     connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
         dialog->setDefaultSuffix(filter.section(QStringLiteral("*."), 1).chopped(1));
@@ -159,9 +163,10 @@ void PlotExport::run(const QString& path, std::function<int(std::string& sentenc
         const int result = write(sentence);
         main_thread.main_async([shared, path, sentence, result] {
             if (shared->exports)
-                //: plot windows: said after an export; %1 is a file
-                shared->exports->m_plot.tell(result == 0 ? Texts::tr("Exported to %1.").arg(path)
-                                                         : QString::fromStdString(sentence));
+                shared->exports->m_plot.tell(result == 0
+                                                 //: plot windows: said after an export; %1 is a file
+                                                 ? Texts::tr("Exported to %1.").arg(path)
+                                                 : spoken(sentence));
         });
     });
 }

@@ -16,6 +16,14 @@ constexpr double OUTSIDE = 4;       // how far outside of what is in sight lines
 constexpr std::size_t PACKED = 256; // records in a column
 constexpr std::size_t LONGEST_LINE = 4096; // points
 
+// Has as much ink as a slanted line of the same height, cut off where it cannot be seen.
+ColumnSpan inked(const ColumnSpan& span, double lowest, double highest) {
+    const double rise = span.high - span.low;
+    const double half = std::sqrt(LINE_WIDTH * LINE_WIDTH + rise * rise) / 2;
+    const double middle = (span.low + span.high) / 2;
+    return {span.column, std::max(middle - half, lowest), std::min(middle + half, highest)};
+}
+
 } // namespace
 
 SeriesPainter::SeriesPainter(Canvas& canvas, const TrackingRecords& records, const TimeAxis& axis,
@@ -63,9 +71,14 @@ void SeriesPainter::draw_strand(const Strand& strand) {
 
 void SeriesPainter::draw_dense_strand(DenseStrand& strand) {
     m_spans.clear();
-    strand.add_spans(m_series, m_scale, m_axis.origin.y, m_spans);
-    for (const ColumnSpan& span : m_spans)
-        add_box(left_of(span.column), m_layout.column_width, span.low, span.high);
+    strand.add_spans(m_series, m_scale, m_spans);
+    const double zero_line = m_axis.origin.y;
+    const double lowest = m_sight.y - zero_line;
+    const double highest = upper_edge(m_sight) - zero_line;
+    for (ColumnSpan& span : m_spans)
+        span = inked(span, lowest, highest);
+    std::erase_if(m_spans, [](const ColumnSpan& span) { return !(span.low < span.high); });
+    m_canvas.fill_columns({m_layout.left, zero_line}, m_layout.column_width, m_spans, m_ink);
 }
 
 void SeriesPainter::draw_step_back(std::size_t later) {
@@ -193,15 +206,10 @@ void SeriesPainter::finish_column() {
     m_column.reset();
 }
 
-// As much ink as a slanted line of the same height has.
 void SeriesPainter::add_box(double x, double width, double low, double high) {
-    const double rise = high - low;
-    const double half = std::sqrt(LINE_WIDTH * LINE_WIDTH + rise * rise) / 2;
-    const double middle = std::midpoint(low, high);
-    const double bottom = std::max(middle - half, m_sight.y);
-    const double top = std::min(middle + half, upper_edge(m_sight));
-    if (bottom < top && x + width >= m_sight.x && x <= right_edge(m_sight))
-        m_boxes.push_back({x, bottom, width, top - bottom});
+    const ColumnSpan span = inked({0, low, high}, m_sight.y, upper_edge(m_sight));
+    if (span.low < span.high && x + width >= m_sight.x && x <= right_edge(m_sight))
+        m_boxes.push_back({x, span.low, width, span.high - span.low});
 }
 
 std::optional<Point> SeriesPainter::point(std::size_t record) const {

@@ -17,6 +17,9 @@ public:
     void stroke(const Path& path, const LineStyle& style) override;
     void polyline(std::span<const Point> points, const Ink& ink, double width) override;
     void fill_rects(std::span<const Rect> boxes, const Ink& ink) override;
+    void fill_columns(Point origin, double column_width, std::span<const ColumnSpan> spans, const Ink& ink) override {
+        m_canvas.fill_columns(shifted(origin), column_width, spans, ink);
+    }
     void fill_polygon(std::span<const Point> corners, const Ink& ink) override;
     void begin_layer(Rect area) override { m_canvas.begin_layer(shifted(area)); }
     void end_layer() override { m_canvas.end_layer(); }

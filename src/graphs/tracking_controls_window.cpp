@@ -4,6 +4,7 @@
 #include "graphs/graph_scroll_area_window.h"
 #include "graphs/legend_window.h"
 #include "graphs/tracking_settings.h"
+#include "platform/qt/text_scale.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
@@ -62,6 +63,12 @@ void build_buttons(QWidget* central, TrackingControls& controls) {
     controls.showSpectrum = named(new QPushButton(Texts::tr("&Spectrum"), central), "showSpectrum",
                                   //: tracking window: tooltip of the spectrum's button
                                   Texts::tr("Spectrum of this log"));
+    //: tracking window: button, saves the graph as a picture or its records as a table
+    controls.export_button = named(new QPushButton(Texts::tr("E&xport…"), central), "export",
+                                   //: tracking window: tooltip of that button
+                                   Texts::tr("Save the graph as a picture, or its records as CSV (Ctrl+S)"));
+    //: tracking window: name of the button that exports
+    controls.export_button->setAccessibleName(Texts::tr("Export"));
     //: tracking window: name of the pair of buttons that stop and resume a live graph
     controls.pauseplay = named(new QWidget(central), "pauseplay", Texts::tr("Pause or resume"));
     const auto button = [&controls](const QString& text, const QString& tip) {
@@ -73,9 +80,13 @@ void build_buttons(QWidget* central, TrackingControls& controls) {
         return made;
     };
     //: tracking window: button and its tooltip
-    controls.pause = button(Texts::tr("Pause"), Texts::tr("Stop the graph at this moment"));
+    controls.pause = button(Texts::tr("Pause"),
+                            //: tracking window: tooltip of the button Pause
+                            Texts::tr("Stop the graph at this moment"));
     //: tracking window: button and its tooltip
-    controls.play = button(Texts::tr("Play"), Texts::tr("Let the graph run"));
+    controls.play = button(Texts::tr("Play"),
+                           //: tracking window: tooltip of the button Play
+                           Texts::tr("Let the graph run"));
     auto* group = new QButtonGroup(controls.pauseplay);
     auto* row = new QHBoxLayout(controls.pauseplay);
     row->setContentsMargins(0, 0, 0, 0);
@@ -100,7 +111,9 @@ void build_texts(QWidget* central, TrackingControls& controls) {
     controls.titleView->setAlignment(Qt::AlignCenter);
     //: tracking window: times of the first and the last record
     controls.startDate = date_label(central, "startDate", Texts::tr("First record"));
-    controls.endDate = date_label(central, "endDate", Texts::tr("Last record"));
+    controls.endDate = date_label(central, "endDate",
+                                  //: tracking window: time of the last record
+                                  Texts::tr("Last record"));
     //: tracking window: values of the record under the pointer
     controls.readout = date_label(central, "readout", Texts::tr("Under the pointer"));
     controls.readout->setTextFormat(Qt::PlainText);
@@ -110,7 +123,7 @@ void build_texts(QWidget* central, TrackingControls& controls) {
     controls.loadingLog = named(new QProgressBar(central), "loadingLog", Texts::tr("Reading the log"));
     controls.loadingLog->setRange(0, 0);
     controls.loadingLog->setTextVisible(false);
-    controls.loadingLog->setMaximumWidth(90);
+    controls.loadingLog->setMaximumWidth(scaled(90, *central));
     controls.loadingLog->hide();
 }
 
@@ -122,6 +135,7 @@ QLayout* top_row(const TrackingControls& controls) {
     row->addStretch(1);
     row->addWidget(controls.showSpectrum);
     row->addWidget(controls.showLegend);
+    row->addWidget(controls.export_button);
     return row;
 }
 
@@ -157,7 +171,6 @@ TrackingControls build_tracking_controls(QWidget* central, PerformanceGraph& gra
     build_texts(central, controls);
     build_range(central, controls);
     build_buttons(central, controls);
-    //: tracking window: name of the graph
     controls.trackingView = new GraphScrollArea(graph, central);
     controls.trackingView->setObjectName(QStringLiteral("trackingView"));
     //: tracking window: name of the graph

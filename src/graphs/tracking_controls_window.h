@@ -21,6 +21,7 @@ struct TrackingControls {
     QComboBox* dataTimeRange = nullptr;
     QPushButton* showLegend = nullptr;
     QPushButton* showSpectrum = nullptr;
+    QPushButton* export_button = nullptr;
     QWidget* pauseplay = nullptr; // holds the two buttons below
     QToolButton* pause = nullptr;
     QToolButton* play = nullptr;

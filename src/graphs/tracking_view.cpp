@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace tickervantage {
 
@@ -42,18 +43,18 @@ TimeAxis TrackingView::time_axis(Point origin) const {
 }
 
 void TrackingView::drawData(Canvas& canvas, Point origin, Rect visible) {
+    if (std::ranges::none_of(shown, std::identity{}))
+        return;
     const TimeAxis axis = time_axis(origin);
     const ValueScale scale = value_scale();
     const SeriesLayout layout = layout_series(m_chronytracking, m_stretches, axis, visible, canvas.pixel());
     SeriesPainter painter(canvas, m_chronytracking, axis, scale, layout, visible, m_values_in_sight);
-    canvas.begin_layer(visible);
     for (std::size_t i = 0; i < series_count; ++i) {
         Color color = colors[i];
         color.alpha = SERIES_ALPHA;
         if (shown[i])
             painter.draw(series_at(i), color);
     }
-    canvas.end_layer();
     for (auto& of_series : m_values_in_sight)
         of_series.clear();
 }

@@ -3,9 +3,11 @@
 #include "graphs/graph_scroll_area_window.h"
 #include "graphs/legend_window.h"
 #include "graphs/tracking_rows.h"
+#include "graphs/tracking_words_window.h"
+#include "platform/qt/spoken.h"
+#include "platform/qt/text_scale.h"
 
 #include <QComboBox>
-#include <QDateTime>
 #include <QEvent>
 #include <QLabel>
 #include <QLocale>
@@ -36,22 +38,6 @@ void set_slider(QSlider* slider, double value) {
     slider->setValue(static_cast<int>(std::lround(value * slider_steps)));
 }
 
-QString date_text(LogTime time, const QLocale& locale) {
-    return locale.toString(QDateTime::fromSecsSinceEpoch(time), QLocale::ShortFormat);
-}
-
-// Three significant decimals in the unit that fits: readable, and never 0.000 for a nanosecond.
-QString value_text(Series series, double value, const QLocale& locale) {
-    if (series == Series::frequency)
-        return locale.toString(value * 1e6, 'f', 3) + QStringLiteral(" ppm");
-    const double size = std::abs(value);
-    const auto [factor, unit] = size < 1e-6   ? std::pair(1e9, " ns")
-                                : size < 1e-3 ? std::pair(1e6, " µs")
-                                : size < 1    ? std::pair(1e3, " ms")
-                                              : std::pair(1.0, " s");
-    return locale.toString(value * factor, 'f', 3) + QString::fromUtf8(unit);
-}
-
 } // namespace
 
 TrackingWindow::TrackingWindow(TrackingWindowParts parts)
@@ -65,7 +51,7 @@ TrackingWindow::TrackingWindow(TrackingWindowParts parts)
     build_exports();
     connect_controls();
     connect_graph();
-    resize(1000, 560);
+    resize(scaled(QSize(1000, 560), *this));
 }
 
 TrackingWindow::~TrackingWindow() = default;
@@ -88,6 +74,7 @@ void TrackingWindow::connect_controls() {
     connect(m_controls.dataTimeRange, &QComboBox::activated, this, [this] { apply_legend(); });
     connect(m_controls.showLegend, &QPushButton::clicked, this, [this] { showLegend(); });
     connect(m_controls.showSpectrum, &QPushButton::clicked, this, [this] { m_parts.show_spectrum(); });
+    connect(m_controls.export_button, &QPushButton::clicked, this, [this] { m_exports->ask_for_file(); });
     connect(m_controls.pause, &QToolButton::clicked, this, [this] { m_view.pause(true); });
     connect(m_controls.play, &QToolButton::clicked, this, [this] {
         m_view.pause(false);
@@ -167,6 +154,7 @@ void TrackingWindow::apply_legend() {
     m_view.use_logscale = legend.use_logscale;
     apply_time_range();
     m_controls.trackingView->resize_frame();
+    describe_graph();
 }
 
 void TrackingWindow::apply_time_range() {
@@ -236,8 +224,15 @@ void TrackingWindow::end_of_block() {
         m_controls.startDate->setText(date_text(m_ends->first, locale()));
         m_controls.endDate->setText(date_text(m_ends->last, locale()));
     }
+    describe_graph();
     update_spectrum_button();
     Q_EMIT block_arrived();
+}
+
+// For those who cannot see it.
+void TrackingWindow::describe_graph() {
+    m_controls.trackingView->setAccessibleDescription(
+        description_of(m_view, m_controls.trackingView->frame(), m_ends, locale()));
 }
 
 // Once a log: afterwards people have scrolled where they want to be.
@@ -253,7 +248,7 @@ void TrackingWindow::update_spectrum_button() {
 }
 
 void TrackingWindow::show_problem(const std::string& sentence) {
-    m_problem = QString::fromStdString(sentence);
+    m_problem = spoken(sentence);
     m_controls.readout->setText(m_problem);
 }
 
@@ -264,15 +259,7 @@ void TrackingWindow::show_readout(double frame_x) {
         m_controls.readout->setText(m_problem);
         return;
     }
-    QString text = date_text(found->time, locale());
-    for (std::size_t i = 0; i < series_count; ++i) {
-        if (!m_view.shown[i] || std::isnan(found->values[i]))
-            continue;
-        const auto series = static_cast<Series>(i);
-        text += QStringLiteral("   ") + series_title(series) + QLatin1Char(' ') +
-                value_text(series, found->values[i], locale());
-    }
-    m_controls.readout->setText(text);
+    m_controls.readout->setText(words_of(*found, m_view.shown, locale()));
 }
 
 void TrackingWindow::showLegend() {

@@ -71,6 +71,7 @@ private:
     void load_log();
     void take_line(std::string_view line, bool last);
     void end_of_block();
+    void describe_graph();
     void show_newest();
     void show_problem(const std::string& sentence);
     void zoom(double steps, double viewport_x);

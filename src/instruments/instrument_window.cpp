@@ -2,9 +2,9 @@
 
 #include "instruments/dial.h"
 #include "platform/bounds_canvas.h"
+#include "platform/qt/accessible_widgets.h"
 #include "platform/qt/qt_canvas.h"
 
-#include <QAccessibleWidget>
 #include <QEvent>
 #include <QPainter>
 #include <QPaintEvent>
@@ -19,18 +19,11 @@ namespace {
 constexpr int PREFERRED_SIDE = 200;
 constexpr int SMALLEST_SIDE = 150;
 
-// Screen readers read a picture's name and description; a plain widget they pass over.
-QAccessibleInterface* make_accessible(const QString& class_name, QObject* object) {
-    if (class_name != QLatin1String(InstrumentWidget::staticMetaObject.className()))
-        return nullptr;
-    return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Graphic);
-}
-
 } // namespace
 
 InstrumentWidget::InstrumentWidget(Draw draw_face, Draw draw_hands, QWidget* parent)
     : QWidget(parent), m_draw_face(std::move(draw_face)), m_draw_hands(std::move(draw_hands)) {
-    QAccessible::installFactory(make_accessible); // again is harmless
+    announce_as(this, QAccessible::Graphic);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);

@@ -37,35 +37,34 @@ InstallationFacts look_at_installation(const InstalledPaths& paths, const std::s
     return facts;
 }
 
-Alert first_run_alert(const Translate& translate) {
+Alert first_run_alert(const Translate& words) {
     return {.identifier = "FirstRunAlert",
-            .message = translate("Warning", ""),
-            .informative = translate("The chronyd ntp daemon is not configured/installed.", "first run: line 1") +
-                           translate("\nDo you wish to install the privileged components?", "first run: line 2"),
-            .buttons = {translate("Install", ""), translate("Cancel", "")}};
+            .message = words("Warning", ""),
+            .informative = words("The chronyd ntp daemon is not configured/installed.", "first run: line 1") +
+                           words("\nDo you wish to install the privileged components?", "first run: line 2"),
+            .buttons = {words("Install", ""), words("Cancel", "")}};
 }
 
-Alert version_alert(const Translate& translate, const std::string& chronyd, const std::string& installed,
+Alert version_alert(const Translate& words, const std::string& chronyd, const std::string& installed,
                     const std::string& embedded) {
-    const auto line1 = translate("Installed: ", "compare versions line 1") + chronyd + " " + installed;
-    const auto line2 = translate(" Embedded: ", "compare versions line 2") + embedded_suffix + " " + embedded;
-    const auto line3 = translate("Do you wish to re-install chronyd", "compare versions line 3");
+    const auto line1 = words("Installed: ", "compare versions line 1") + chronyd + " " + installed;
+    const auto line2 = words(" Embedded: ", "compare versions line 2") + embedded_suffix + " " + embedded;
+    const auto line3 = words("Do you wish to re-install chronyd", "compare versions line 3");
     return {.identifier = "VersionCompareAlert",
-            .message = translate("Warning: Version mismatch", ""),
+            .message = words("Warning: Version mismatch", ""),
             .informative = line1 + "\n\n" + line2 + "\n\n" + line3,
-            .buttons = {translate("Install", ""), translate("Cancel", "")}};
+            .buttons = {words("Install", ""), words("Cancel", "")}};
 }
 
-Alert system_chrony_alert(const Translate& translate, const DistributionChrony& chrony) {
-    return {.identifier = "SystemChronyAlert",
-            .message = translate("Use the chrony of this system?", "system chrony: title"),
-            .informative = translate("This system has a chrony of its own, which its packages keep up to date:",
-                                     "system chrony: line 1") +
-                           "\n\n" + chrony.chronyd + "\n" + chrony.chronyc + "\n" + chrony.config + "\n" + chrony.unit +
-                           "\n\n" +
-                           translate("The program can show and steer that one instead of installing another.",
-                                     "system chrony: last line"),
-            .buttons = {translate("Use It", "system chrony: button"), translate("Cancel", "")}};
+Alert system_chrony_alert(const Translate& words, const DistributionChrony& chrony) {
+    return {
+        .identifier = "SystemChronyAlert",
+        .message = words("Use the chrony of this system?", "system chrony: title"),
+        .informative =
+            words("This system has a chrony of its own, which its packages keep up to date:", "system chrony: line 1") +
+            "\n\n" + chrony.chronyd + "\n" + chrony.chronyc + "\n" + chrony.config + "\n" + chrony.unit + "\n\n" +
+            words("The program can show and steer that one instead of installing another.", "system chrony: last line"),
+        .buttons = {words("Use It", "system chrony: button"), words("Cancel", "")}};
 }
 
 InstallationOffers::InstallationOffers(InstallationOffersParts parts)

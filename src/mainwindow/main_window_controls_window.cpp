@@ -4,6 +4,7 @@
 #include "mainwindow/command_output_window.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/status_image_window.h"
+#include "platform/qt/named_widget.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -23,17 +24,6 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(mainwindow)
 };
 
-QString from_view(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-template <typename Widget>
-Widget* named(Widget* widget, const char* object_name, const QString& accessible_name) {
-    widget->setObjectName(QLatin1String(object_name));
-    widget->setAccessibleName(accessible_name);
-    return widget;
-}
-
 QLabel* text_label(QWidget* parent, const char* object_name, const QString& accessible_name) {
     auto* label = named(new QLabel(parent), object_name, accessible_name);
     label->setTextFormat(Qt::PlainText);
@@ -48,8 +38,17 @@ void build_readings(QWidget* central, MainWindowControls& controls) {
     //: main window: name of the menu that chooses the meter's quantity
     controls.meterSelect = named(new QComboBox(central), "meterSelect", Texts::tr("Quantity on the meter"));
     //: main window: the meter's quantities, in chrony's words
-    controls.meterSelect->addItems({Texts::tr("System time"), Texts::tr("Last offset"), Texts::tr("RMS offset"),
-                                    Texts::tr("Root delay"), Texts::tr("Root dispersion"), Texts::tr("Frequency")});
+    controls.meterSelect->addItems({Texts::tr("System time"),
+                                    //: main window: quantity of the meter, in chrony's words
+                                    Texts::tr("Last offset"),
+                                    //: main window: quantity of the meter, in chrony's words
+                                    Texts::tr("RMS offset"),
+                                    //: main window: quantity of the meter, in chrony's words
+                                    Texts::tr("Root delay"),
+                                    //: main window: quantity of the meter, in chrony's words
+                                    Texts::tr("Root dispersion"),
+                                    //: main window: quantity of the meter, in chrony's words
+                                    Texts::tr("Frequency")});
     controls.meterSelect->setToolTip(controls.meterSelect->accessibleName());
     //: main window: name of the text that shows the meter's value
     controls.meterValue = text_label(central, "meterValue", Texts::tr("Meter value"));
@@ -77,20 +76,23 @@ void build_status(QWidget* central, MainWindowControls& controls) {
     controls.adjustingClock->setWordWrap(true);
     controls.adjustingClock->setMinimumHeight(2 * controls.adjustingClock->fontMetrics().lineSpacing());
     //: main window: button that opens the preferences
-    controls.m_preferences =
-        named(new QPushButton(Texts::tr("Preferences…"), central), "m_preferences", Texts::tr("Preferences"));
+    controls.m_preferences = named(new QPushButton(Texts::tr("Preferences…"), central), "m_preferences",
+                                   //: main window: name of the button that opens the preferences
+                                   Texts::tr("Preferences"));
     //: main window: names of the version texts
     controls.chronycversion = text_label(central, "chronycversion", Texts::tr("Version of chronyc"));
-    controls.chronydversion = text_label(central, "chronydversion", Texts::tr("Version of chronyd"));
+    controls.chronydversion = text_label(central, "chronydversion",
+                                         //: main window: name of a version text
+                                         Texts::tr("Version of chronyd"));
 }
 
 void build_command_controls(QWidget* central, MainWindowControls& controls) {
     //: main window: name of the menu that chooses the report
     controls.commandMenu = named(new QComboBox(central), "commandMenu", Texts::tr("chronyc command"));
     for (const auto& entry : status_commands) {
-        controls.commandMenu->addItem(from_view(entry.command));
-        controls.commandMenu->setItemData(controls.commandMenu->count() - 1, from_view(entry.explanation),
-                                          Qt::ToolTipRole);
+        controls.commandMenu->addItem(from_std(entry.command));
+        controls.commandMenu->setItemData(controls.commandMenu->count() - 1,
+                                          QCoreApplication::translate("commands", entry.explanation), Qt::ToolTipRole);
     }
     controls.commandMenu->setMaxVisibleItems(static_cast<int>(status_commands.size()));
     //: main window: tooltip of the command menu
@@ -111,13 +113,15 @@ void build_command_controls(QWidget* central, MainWindowControls& controls) {
 
 void build_options(QWidget* central, MainWindowControls& controls) {
     //: main window: checkbox, addresses are shown as numbers
-    controls.showIPaddress =
-        named(new QCheckBox(Texts::tr("&IP addresses"), central), "showIPaddress", Texts::tr("IP addresses"));
+    controls.showIPaddress = named(new QCheckBox(Texts::tr("&IP addresses"), central), "showIPaddress",
+                                   //: main window: name of that checkbox
+                                   Texts::tr("IP addresses"));
     //: main window: tooltip
     controls.showIPaddress->setToolTip(Texts::tr("Show numeric addresses, without asking for names"));
     //: main window: checkbox, sources by the names of the configuration
-    controls.showOriginalName =
-        named(new QCheckBox(Texts::tr("&Original names"), central), "showOriginalName", Texts::tr("Original names"));
+    controls.showOriginalName = named(new QCheckBox(Texts::tr("&Original names"), central), "showOriginalName",
+                                      //: main window: name of that checkbox
+                                      Texts::tr("Original names"));
     //: main window: tooltip
     controls.showOriginalName->setToolTip(Texts::tr("Show the sources by the names written in the configuration"));
     //: main window: name of the field with the seconds between two readings
@@ -208,7 +212,10 @@ QLabel* build_banner(QWidget* central) {
     //: main window: name of the banner with what holds for the whole run, such as demonstration mode
     auto* banner = text_label(central, "standingNotice", Texts::tr("Notice"));
     banner->setWordWrap(true);
-    banner->setMargin(6);
+    constexpr int margin = 6;
+    banner->setMargin(margin);
+    // Room for a sentence that takes two lines: a window made small would take it from what is below.
+    banner->setMinimumHeight(2 * banner->fontMetrics().lineSpacing() + 2 * margin);
     banner->setAutoFillBackground(true);
     banner->setBackgroundRole(QPalette::ToolTipBase);
     banner->setForegroundRole(QPalette::ToolTipText);
@@ -224,7 +231,9 @@ MainWindowControls build_main_window_controls(QWidget* central, InstrumentWidget
     controls.standing_notice = build_banner(central);
     //: main window: names of the two instruments
     controls.analogClock = named(analog_clock, "analogClock", Texts::tr("Clock"));
-    controls.clockPerformance = named(clock_performance, "clockPerformance", Texts::tr("Performance meter"));
+    controls.clockPerformance = named(clock_performance, "clockPerformance",
+                                      //: main window: name of the meter beside the clock
+                                      Texts::tr("Performance meter"));
     build_readings(central, controls);
     build_status(central, controls);
     build_command_controls(central, controls);

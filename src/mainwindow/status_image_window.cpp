@@ -1,5 +1,7 @@
 #include "mainwindow/status_image_window.h"
 
+#include "platform/qt/accessible_widgets.h"
+
 #include <QCoreApplication>
 #include <QPainter>
 #include <QPainterPath>
@@ -46,8 +48,11 @@ QPainterPath sign(chronydStatus status) {
 } // namespace
 
 StatusImage::StatusImage(chronydStatus status, QWidget* parent) : QWidget(parent), m_status(status) {
+    announce_as(this, QAccessible::Graphic);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setAccessibleName(status_words(status));
+    //: main window: name of the image beside the words for the daemon's state
+    setAccessibleName(QCoreApplication::translate("status", "State of chronyd"));
+    setAccessibleDescription(status_words(status));
     setToolTip(status_words(status));
 }
 

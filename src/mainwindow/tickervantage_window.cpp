@@ -4,6 +4,9 @@
 #include "mainwindow/command_output_window.h"
 #include "mainwindow/local_time_text_window.h"
 #include "mainwindow/status_image_window.h"
+#include "platform/qt/local_number.h"
+#include "platform/qt/spoken.h"
+#include "platform/qt/text_scale.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -148,7 +151,9 @@ void TickervantageWindow::redraw_clock() {
         m_controls.analogClock->redraw_all();
     else
         m_controls.analogClock->redraw_hands();
-    m_controls.localTime->setText(local_time_text(QDateTime::currentDateTime(), locale()));
+    const QString time = local_time_text(QDateTime::currentDateTime(), locale());
+    m_controls.localTime->setText(time);
+    m_controls.analogClock->set_value_text(time);
 }
 
 void TickervantageWindow::redraw_meter() {
@@ -160,7 +165,7 @@ void TickervantageWindow::redraw_meter() {
 }
 
 void TickervantageWindow::show_meter_value(const std::string& text) {
-    const QString shown = from_std(text);
+    const QString shown = from_std(with_local_point(text));
     if (shown == m_controls.meterValue->text())
         return;
     m_controls.meterValue->setText(shown);
@@ -218,7 +223,7 @@ void TickervantageWindow::show_output(const std::string& text) {
 
 void TickervantageWindow::show_notice(const StatusNotice& notice) {
     const auto words = [this, &notice]() -> QString {
-        const QString detail = from_std(notice.detail);
+        const QString detail = spoken(notice.detail);
         switch (notice.kind) {
         case StatusNotice::Kind::none:
             //: main window, status line: %1 is a time
@@ -228,7 +233,11 @@ void TickervantageWindow::show_notice(const StatusNotice& notice) {
             return tr("chronyc gave no answer: %1").arg(detail);
         case StatusNotice::Kind::daemon_silent:
             //: main window, status line: %1 is what chronyc printed instead of a report
-            return detail.isEmpty() ? tr("chronyd gave no answer.") : tr("chronyd gave no answer: %1").arg(detail);
+            return detail.isEmpty()
+                       ? tr("chronyd gave no answer.")
+                       : /*: main window, status line: %1 is what chronyc printed instead of a report */ tr(
+                             "chronyd gave no answer: %1")
+                             .arg(detail);
         case StatusNotice::Kind::needs_helper:
             //: main window, status line: %1 is a chronyc command
             return tr("The report “%1” needs administrator rights, which were not given.").arg(detail);
@@ -294,7 +303,7 @@ void TickervantageWindow::restore_frame() {
     const QByteArray frame =
         QByteArray::fromBase64(QByteArray::fromStdString(m_settings_store.loadString(frame_key, {})));
     if (frame.isEmpty() || !restoreGeometry(frame))
-        resize(sizeHint().expandedTo({780, 600}));
+        resize(sizeHint().expandedTo(scaled(QSize(780, 600), *this)));
 }
 
 void TickervantageWindow::save_frame() {

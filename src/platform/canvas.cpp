@@ -1,5 +1,7 @@
 #include "platform/canvas.h"
 
+#include "platform/canvas_pixels.h"
+
 #include <cmath>
 
 namespace tickervantage {
@@ -15,6 +17,19 @@ void Path::add_ellipse(Rect box) {
 void Path::add_rounded_rect(Rect box, double radius_x, double radius_y) {
     elements.push_back(
         {.kind = Element::Kind::rounded_rect, .from = {}, .to = {}, .rect = box, .radius = {radius_x, radius_y}});
+}
+
+std::optional<CanvasPixels> Canvas::begin_pixels(Rect /*area*/) {
+    return std::nullopt;
+}
+
+void Canvas::fill_columns(Point origin, double column_width, std::span<const ColumnSpan> spans, const Ink& ink) {
+    std::vector<Rect> boxes;
+    boxes.reserve(spans.size());
+    for (const ColumnSpan& span : spans)
+        boxes.push_back({origin.x + static_cast<double>(span.column) * column_width, origin.y + span.low, column_width,
+                         span.high - span.low});
+    fill_rects(boxes, ink);
 }
 
 Point polar(Point center, double radius, double angle) {

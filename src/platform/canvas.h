@@ -7,6 +7,7 @@
 
 #include "platform/color.h"
 
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -54,6 +55,13 @@ struct Ink {
     friend bool operator==(const Ink&, const Ink&) = default;
 };
 
+// How far a line reaches up and down within a column of pixels.
+struct ColumnSpan {
+    std::int64_t column = 0;
+    double low = 0;
+    double high = 0;
+};
+
 struct LineStyle {
     Ink ink;
     double width = 1;
@@ -89,6 +97,8 @@ struct TextStyle {
     friend bool operator==(const TextStyle&, const TextStyle&) = default;
 };
 
+struct CanvasPixels;
+
 class Canvas {
 public:
     virtual ~Canvas() = default;
@@ -104,13 +114,23 @@ public:
     // Filled boxes with edges on whole pixels, quick in any number. On a layer their upper and lower edges are smooth.
     virtual void fill_rects(std::span<const Rect> boxes, const Ink& ink) = 0;
 
+    // An upright box a column wide for each span. Column 0 begins at the origin, and heights count from there. As
+    // fill_rects, but quicker on a layer whose columns are pixels.
+    virtual void fill_columns(Point origin, double column_width, std::span<const ColumnSpan> spans, const Ink& ink);
+
     // The closed shape with these corners, filled, its edges smooth. Not on a layer.
     virtual void fill_polygon(std::span<const Point> corners, const Ink& ink) = 0;
 
     // Polylines, boxes, and upright and level lines between the two may be put on the canvas together, at the end:
-    // quick for thousands of them. `area` is all that they cover. Nothing else may be drawn in between.
+    // quick for thousands of them. `area` is all that they cover. Nothing else may be drawn in between. A box that
+    // fills all of the area with an opaque colour is a good beginning: then nothing needs to be read from the canvas.
     virtual void begin_layer(Rect /*area*/) {}
     virtual void end_layer() {}
+
+    // The pixels of `area`, to lay colours over; none on a canvas that has no pixels at hand. After an answer nothing
+    // else may be drawn until end_pixels().
+    [[nodiscard]] virtual std::optional<CanvasPixels> begin_pixels(Rect area);
+    virtual void end_pixels() {}
 
     // The width of one column of pixels in points: finer detail than this cannot be seen.
     [[nodiscard]] virtual double pixel() const = 0;

@@ -45,6 +45,15 @@ void CoverageBrush::fill(const PixelRows& pixels, int left, int right, float top
         fill_column(row + column, pixels.stride, top, bottom);
 }
 
+void CoverageBrush::fill_row(std::uint32_t* pixels, std::ptrdiff_t count) const {
+    lay_all(pixels, 1, count);
+}
+
+std::optional<std::uint32_t> CoverageBrush::opaque_pixel() const {
+    const std::uint32_t source = m_by_coverage.back();
+    return source >= OPAQUE ? std::optional(source) : std::nullopt;
+}
+
 void CoverageBrush::fill_column(std::uint32_t* pixel, std::ptrdiff_t stride, float top, float bottom) const {
     auto row = static_cast<int>(top);
     const auto end_row = static_cast<int>(bottom);
@@ -57,16 +66,30 @@ void CoverageBrush::fill_column(std::uint32_t* pixel, std::ptrdiff_t stride, flo
         pixel += stride;
         ++row;
     }
-    const std::uint32_t source = m_by_coverage.back();
-    const std::uint32_t share = 255 - (source >> 24);
-    if (share == 0)
-        for (; row < end_row; ++row, pixel += stride)
-            *pixel = source;
-    else
-        for (; row < end_row; ++row, pixel += stride)
-            *pixel = source + scaled(*pixel, share);
+    pixel = lay_all(pixel, stride, end_row - row);
     if (const float below = bottom - static_cast<float>(end_row); below > 0)
         lay_one(*pixel, below);
+}
+
+// Pixels that lie side by side are mostly alike, so that what became of one can be said of the next.
+std::uint32_t* CoverageBrush::lay_all(std::uint32_t* pixel, std::ptrdiff_t step, std::ptrdiff_t count) const {
+    const std::uint32_t source = m_by_coverage.back();
+    const std::uint32_t share = 255 - (source >> 24);
+    if (share == 0) {
+        for (; count > 0; --count, pixel += step)
+            *pixel = source;
+        return pixel;
+    }
+    std::uint32_t before = 0;
+    std::uint32_t after = source;
+    for (; count > 0; --count, pixel += step) {
+        if (*pixel != before) {
+            before = *pixel;
+            after = source + scaled(before, share);
+        }
+        *pixel = after;
+    }
+    return pixel;
 }
 
 void CoverageBrush::lay_one(std::uint32_t& pixel, float coverage) const {

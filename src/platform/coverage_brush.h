@@ -8,6 +8,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 namespace tickervantage {
 
@@ -24,10 +25,17 @@ public:
     // A box, all of it inside: sides on whole pixels, its first and last row covered as far as it reaches into them.
     void fill(const PixelRows& pixels, int left, int right, float top, float bottom) const;
 
+    // Neighbouring pixels, covered wholly.
+    void fill_row(std::uint32_t* pixels, std::ptrdiff_t count) const;
+
+    // None when what is painted over would still be seen.
+    [[nodiscard]] std::optional<std::uint32_t> opaque_pixel() const;
+
     // Eight pixels, the first one's coverage in the lowest bits. Those that are not covered are not touched.
     void lay(std::uint64_t coverage, std::uint32_t* pixels) const;
 
 private:
+    std::uint32_t* lay_all(std::uint32_t* pixel, std::ptrdiff_t step, std::ptrdiff_t count) const; // the one after
     void fill_column(std::uint32_t* pixel, std::ptrdiff_t stride, float top, float bottom) const;
     void lay_one(std::uint32_t& pixel, float coverage) const;
 

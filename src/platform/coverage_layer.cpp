@@ -7,7 +7,11 @@ namespace tickervantage {
 
 namespace {
 
-constexpr int STRIPE = 64; // pixels
+constexpr int STRIPE = 256; // pixels
+
+// A row of a fresh stripe: a cache line more, and so an odd number of them, because rows that lie a power of two apart
+// push each other out of the cache.
+constexpr int FRESH_ROW = STRIPE + 16;
 
 } // namespace
 
@@ -15,6 +19,7 @@ void CoverageLayer::resize(int width, int height) {
     m_width = width;
     m_height = height;
     m_brushes.clear();
+    m_background.reset();
     m_stripes.resize(static_cast<std::size_t>((width + STRIPE - 1) / STRIPE));
     for (auto& stripe : m_stripes)
         stripe.clear();
@@ -52,24 +57,89 @@ void CoverageLayer::add_box(Rect box) {
     const int right = side(std::max(box.x + box.width, box.x + 1));
     const double top = std::max(box.y, 0.0);
     const double bottom = std::min(box.y + std::max(box.height, 1.0), static_cast<double>(m_height));
-    if (left < right && top < bottom)
+    if (!(left < right && top < bottom))
+        return;
+    const auto pixel = hides_all(left, right, top, bottom) ? m_brushes.back().opaque_pixel() : std::nullopt;
+    if (pixel) {
+        for (auto& stripe : m_stripes)
+            stripe.clear();
+        m_background = pixel;
+    } else {
         add({static_cast<float>(left), static_cast<float>(top), static_cast<float>(right), static_cast<float>(bottom),
              0, brush()},
             left, right - 1);
+    }
+}
+
+bool CoverageLayer::hides_all(int left, int right, double top, double bottom) const {
+    return left <= 0 && right >= m_width && top < 1 && bottom > m_height - 1;
+}
+
+void CoverageLayer::add_columns(std::span<const ColumnSpan> spans, int first, double zero, double scale) {
+    const auto height = static_cast<double>(m_height);
+    const std::uint32_t last_brush = brush();
+    for (const ColumnSpan& span : spans) {
+        const std::int64_t column = span.column + first;
+        if (column < 0 || column >= m_width)
+            continue;
+        const double length = std::max((span.high - span.low) * scale, 1.0);
+        const double upper = zero - span.high * scale;
+        const double top = std::max(upper, 0.0);
+        const double bottom = std::min(upper + length, height);
+        if (top < bottom)
+            m_stripes[static_cast<std::size_t>(column) / STRIPE].push_back(
+                {static_cast<float>(column), static_cast<float>(top), static_cast<float>(column + 1),
+                 static_cast<float>(bottom), 0, last_brush});
+    }
 }
 
 void CoverageLayer::paint(const PixelRows& target) {
+    const Rows rows = m_background ? fill_untouched(target) : Rows{};
     int left = 0;
     for (auto& stripe : m_stripes) {
-        paint_stripe(left, stripe, target);
+        const PixelRows pixels{target.first + left, target.stride};
+        if (m_background)
+            paint_anew(left, stripe, rows, pixels);
+        else if (!stripe.empty())
+            paint_stripe(left, stripe, pixels);
         stripe.clear();
         left += STRIPE;
     }
     m_brushes.clear();
+    m_background.reset();
 }
 
-void CoverageLayer::paint_stripe(int left, const std::vector<Piece>& pieces, const PixelRows& target) {
-    const PixelRows pixels{target.first + left, target.stride};
+// In memory of its own first, all of which stays in the cache, whatever the picture's size; then each pixel of the
+// picture is written once.
+void CoverageLayer::paint_anew(int left, const std::vector<Piece>& pieces, Rows rows, const PixelRows& target) {
+    m_fresh.resize(static_cast<std::size_t>(FRESH_ROW) * static_cast<std::size_t>(m_height));
+    const int width = std::min(STRIPE, m_width - left);
+    for (int row = rows.first; row < rows.end; ++row)
+        std::copy_n(m_background_row.data(), width, m_fresh.data() + row * FRESH_ROW);
+    paint_stripe(left, pieces, {m_fresh.data(), FRESH_ROW});
+    for (int row = rows.first; row < rows.end; ++row)
+        std::copy_n(m_fresh.data() + row * FRESH_ROW, width, target.first + row * target.stride);
+}
+
+// The rows that pieces touch; the others are finished.
+CoverageLayer::Rows CoverageLayer::fill_untouched(const PixelRows& target) {
+    auto top = static_cast<float>(m_height);
+    float bottom = 0;
+    for (const auto& pieces : m_stripes)
+        for (const Piece& piece : pieces) { // a line may lead upwards
+            top = std::min(top, std::min(piece.top, piece.bottom) - piece.line_width);
+            bottom = std::max(bottom, std::max(piece.top, piece.bottom) + piece.line_width);
+        }
+    const int end = static_cast<int>(std::min(std::ceil(bottom), static_cast<float>(m_height)));
+    const int first = std::min(static_cast<int>(std::max(top, 0.0F)), end);
+    m_background_row.assign(static_cast<std::size_t>(m_width), *m_background);
+    for (int row = 0; row < m_height; ++row) // copied, which compilers leave to the library, and that is quicker
+        if (row < first || row >= end)
+            std::ranges::copy(m_background_row, target.first + row * target.stride);
+    return {first, end};
+}
+
+void CoverageLayer::paint_stripe(int left, const std::vector<Piece>& pieces, const PixelRows& pixels) {
     m_tile.resize(std::min(STRIPE, m_width - left), m_height);
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         const Piece& piece = pieces[i];

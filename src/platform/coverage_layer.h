@@ -12,6 +12,8 @@
 #include "platform/coverage_tile.h"
 
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <vector>
 
 namespace tickervantage {
@@ -24,8 +26,13 @@ public:
     void use(const Color& color);                           // for all that is added next
     void add_line(Point from, Point to, double line_width); // smooth, ends cut off square
 
-    // `y` is the upper edge. At least a pixel each way; sides on whole pixels, the other two edges smooth.
+    // `y` is the upper edge. At least a pixel each way; sides on whole pixels, the other two edges smooth. What lies
+    // under an opaque box that hides every pixel, be it in part at the edges, is forgotten, and never read.
     void add_box(Rect box);
+
+    // A box a pixel wide for each span. Column 0 is the pixel column `first`; heights are counted up from `zero`, in
+    // units of `scale` pixels.
+    void add_columns(std::span<const ColumnSpan> spans, int first, double zero, double scale);
 
     // Empty afterwards.
     void paint(const PixelRows& target);
@@ -40,8 +47,16 @@ private:
         std::uint32_t brush = 0;
     };
 
+    struct Rows {
+        int first = 0;
+        int end = 0;
+    };
+
     void add(const Piece& piece, int left, int right);
-    void paint_stripe(int left, const std::vector<Piece>& pieces, const PixelRows& target);
+    Rows fill_untouched(const PixelRows& target);
+    [[nodiscard]] bool hides_all(int left, int right, double top, double bottom) const;
+    void paint_stripe(int left, const std::vector<Piece>& pieces, const PixelRows& pixels);
+    void paint_anew(int left, const std::vector<Piece>& pieces, Rows rows, const PixelRows& target);
     void paint_box(const Piece& box, int stripe_left, const PixelRows& target) const;
     [[nodiscard]] std::uint32_t brush() const { return static_cast<std::uint32_t>(m_brushes.size() - 1); }
 
@@ -49,7 +64,10 @@ private:
     int m_height = 0;
     std::vector<CoverageBrush> m_brushes;
     std::vector<std::vector<Piece>> m_stripes;
-    CoverageTile m_tile; // the lines of one colour in one stripe
+    CoverageTile m_tile;                       // the lines of one colour in one stripe
+    std::optional<std::uint32_t> m_background; // of all pixels, before the first piece
+    std::vector<std::uint32_t> m_background_row;
+    std::vector<std::uint32_t> m_fresh; // a stripe of it, until it is painted
 };
 
 } // namespace tickervantage

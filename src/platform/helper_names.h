@@ -17,6 +17,7 @@ inline constexpr const char* interface_name = "net.brisklane.chronyhelper";
 
 inline constexpr const char* request_method = "Request";     // a{sv} in, a{sv} out
 inline constexpr const char* authorise_method = "Authorise"; // nothing in, ay out: the token
+inline constexpr const char* withdraw_method = "Withdraw";   // nothing in or out: the caller's dialogs close
 inline constexpr const char* version_property = "Version";   // s
 inline constexpr const char* refused_error = "net.brisklane.chronyhelper.Error.Refused";
 

@@ -1,8 +1,8 @@
 // The way to the root helper, which does what needs administrator rights: one message out, one reply back.
 //
 // A message is a line of text, with the authorisation beside it once there is one. What the lines say is the business
-// of whoever sends them. Everything that blocks may be called from any thread but the main one; two calls at once are
-// the caller's to keep apart.
+// of whoever sends them. Everything that blocks may be called from any thread but the main one, and by several at once:
+// no call waits for another one's answer.
 #pragma once
 
 #include <array>
@@ -36,6 +36,10 @@ public:
 
     // Closes the connection; the next call opens another one, which no earlier authorisation holds for.
     virtual void disconnect() = 0;
+
+    // The program ends: nobody is asked for anything any more, and whoever waits for a person goes without the rights
+    // at once. A job under way may send what it has left, within some seconds. Any thread, returns at once.
+    virtual void cancel() = 0;
 };
 
 } // namespace tickervantage

@@ -3,12 +3,10 @@
 namespace tickervantage {
 
 int ChronyHelper::install(std::string& sentence) {
-    const std::lock_guard lock(m_mutex);
     return m_xpc.install(sentence);
 }
 
 std::optional<HelperToken> ChronyHelper::authorise(std::string& sentence) {
-    const std::lock_guard lock(m_mutex);
     return m_xpc.authorise(sentence);
 }
 
@@ -17,18 +15,21 @@ void ChronyHelper::set_authorisation(const std::optional<HelperToken>& auth) {
     m_auth = auth;
 }
 
-std::string ChronyHelper::send(const std::string& request) {
+std::optional<HelperToken> ChronyHelper::authorisation() const {
     const std::lock_guard lock(m_mutex);
-    const auto reply = m_xpc.send(request, m_auth);
+    return m_auth;
+}
+
+std::string ChronyHelper::send(const std::string& request) {
+    const auto reply = m_xpc.send(request, authorisation());
     if (!reply && m_logger != nullptr)
         m_logger->log(LogLevel::warning, "Received empty reply");
     return reply.value_or("");
 }
 
 void ChronyHelper::quit() {
-    const std::lock_guard lock(m_mutex);
-    (void)m_xpc.send("QUIT", m_auth); // a farewell needs no answer
-    m_auth.reset();
+    (void)m_xpc.send("QUIT", authorisation()); // a farewell needs no answer
+    set_authorisation(std::nullopt);
     m_xpc.disconnect();
 }
 

@@ -1,7 +1,7 @@
 // The connection to the root helper and the authorisation that goes with every message.
 //
-// The sends are serialised: a message is on its way only when the one before it was answered. Every function blocks
-// until the helper answers and may be called from any thread but the main one.
+// Every function blocks until the helper answers and may be called from any thread but the main one. Messages of
+// several threads do not wait for each other: a report comes while a long job is under way.
 #pragma once
 
 #include "platform/logger.h"
@@ -32,9 +32,11 @@ public:
     void quit();
 
 private:
+    [[nodiscard]] std::optional<HelperToken> authorisation() const;
+
     PrivilegedChannel& m_xpc;
     Logger* m_logger;
-    std::mutex m_mutex; // guards m_auth, and lets one call at a time through to the channel
+    mutable std::mutex m_mutex; // guards m_auth
     std::optional<HelperToken> m_auth;
 };
 

@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include <ranges>
+#include <algorithm>
 
 namespace tickervantage {
 namespace {
@@ -20,12 +20,18 @@ std::string sentence(std::string_view words, std::string_view detail) {
     return detail.empty() ? fmt::format("{}.", words) : fmt::format("{}: {}{}", words, detail, end);
 }
 
+std::string not_accepted(const ConfigError& error) {
+    return error.m_isok ? sentence("This configuration could not be checked and is not installed", error.m_doubt)
+                        : sentence("chronyd refuses this configuration", error.m_msg);
+}
+
 } // namespace
 
 std::string complaint_in(const std::string& report) {
-    const auto lines = non_empty_lines(report);
+    auto newest_first = non_empty_lines(report);
+    std::reverse(newest_first.begin(), newest_first.end());
     for (const std::string_view words : {"Fatal error : ", "does not stay up: ", "]: "})
-        for (const auto line : lines | std::views::reverse)
+        for (const auto line : newest_first)
             if (words != "]: " || line.find("chronyd[") != std::string_view::npos)
                 if (auto found = behind(line, words); !found.empty())
                     return found;
@@ -61,8 +67,8 @@ bool ChronyJobs::comes_up() {
 }
 
 JobResult ChronyJobs::install_configuration(const std::string& text) {
-    if (const ConfigError error = m_probes.check_syntax(text); !error.m_isok)
-        return {.done = false, .sentence = sentence("chronyd refuses this configuration", error.m_msg)};
+    if (const ConfigError error = m_probes.check_syntax(text); !error.passed())
+        return {.done = false, .sentence = not_accepted(error)};
     const bool had_former = m_probes.file_exists(m_setting.config);
     std::string reply;
     if (place_configuration(text, reply) != 0)

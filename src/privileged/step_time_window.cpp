@@ -1,6 +1,7 @@
 #include "privileged/step_time_window.h"
 
 #include "config/words_window.h"
+#include "platform/qt/text_scale.h"
 #include "privileged/synchronize.h"
 
 #include <QFormLayout>
@@ -24,12 +25,18 @@ QString length_words(double offset_seconds) {
     if (length.days > 0)
         words += StepTime::tr("%1 d").arg(locale.toString(length.days));
     if (length.hours > 0)
-        words += StepTime::tr("%1 h").arg(length.hours);
+        words +=
+            //: step window: part of a length of time; %1 is a number of hours
+            StepTime::tr("%1 h").arg(length.hours);
     if (length.minutes > 0)
-        words += StepTime::tr("%1 min").arg(length.minutes);
+        words +=
+            //: step window: part of a length of time; %1 is a number of minutes
+            StepTime::tr("%1 min").arg(length.minutes);
     constexpr int figures = 6;
     if (length.seconds > 0)
-        words += StepTime::tr("%1 s").arg(locale.toString(length.seconds, 'g', figures));
+        words +=
+            //: step window: part of a length of time; %1 is a number of seconds
+            StepTime::tr("%1 s").arg(locale.toString(length.seconds, 'g', figures));
     return words.join(QLatin1Char(' '));
 }
 
@@ -55,12 +62,15 @@ StepTime::StepTime(std::function<void(double)> step_by, QWidget* parent)
     setWindowTitle(tr("Step the Clock"));
     //: step window: name of the field, and its tooltip
     m_offset = named(new QLineEdit(this), "m_offset", tr("Offset"),
+                     //: step window: tooltip of the offset
                      tr("Seconds, such as −1.5; a positive number sets the clock forward"));
     m_offset->setText(QLocale().toString(0.0, 'f', 1));
     m_offset->selectAll();
     m_words = words_below(this, "step_words", 2);
     //: step window: button
-    m_step = named(new QPushButton(tr("&Step"), this), "step", tr("Step"), QString());
+    m_step = named(new QPushButton(tr("&Step"), this), "step",
+                   //: step window: name of the button
+                   tr("Step"), QString());
     //: step window: button
     auto* close_button = named(new QPushButton(tr("Cancel"), this), "cancel", tr("Cancel"), QString());
     close_button->setAutoDefault(false);
@@ -76,7 +86,7 @@ StepTime::StepTime(std::function<void(double)> step_by, QWidget* parent)
     column->addLayout(form);
     column->addLayout(buttons);
     constexpr int width = 360;
-    setMinimumWidth(width);
+    setMinimumWidth(scaled(width, *this));
     connect(m_offset, &QLineEdit::textEdited, this, [this] { show_words(); });
     connect(m_step, &QPushButton::clicked, this, [this] { step(); });
     connect(close_button, &QPushButton::clicked, this, [this] { cancel(); });

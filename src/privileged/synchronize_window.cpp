@@ -2,6 +2,8 @@
 
 #include "config/settings_catalogue.h"
 #include "config/words_window.h"
+#include "platform/qt/spoken.h"
+#include "platform/qt/text_scale.h"
 
 #include <QCheckBox>
 #include <QFontDatabase>
@@ -43,12 +45,15 @@ Synchronize::~Synchronize() {
 
 void Synchronize::build_options() {
     //: synchronise window: name of the field, and its tooltip
-    m_server = named(new QLineEdit(this), "m_server", tr("Server"), tr("The NTP server that sets the clock"));
+    m_server = named(new QLineEdit(this), "m_server", tr("Server"),
+                     //: synchronise window: tooltip of the server
+                     tr("The NTP server that sets the clock"));
     ph_timeout = new QWidget(this);
     ph_timeout->setObjectName(QStringLiteral("ph_timeout"));
     //: synchronise window: name of the number field, and its tooltip
-    m_timeout =
-        named(new QSpinBox(ph_timeout), "m_timeout", tr("Time-out"), tr("Seconds after which chronyd gives up"));
+    m_timeout = named(new QSpinBox(ph_timeout), "m_timeout", tr("Time-out"),
+                      //: synchronise window: tooltip of the time-out
+                      tr("Seconds after which chronyd gives up"));
     m_timeout->setRange(static_cast<int>(settings::sync_timeout.minimum),
                         static_cast<int>(settings::sync_timeout.maximum));
     //: synchronise window: unit behind the number of seconds
@@ -60,7 +65,10 @@ void Synchronize::build_options() {
     m_restart_chronyd =
         //: synchronise window: check box, and its tooltip
         named(new QCheckBox(tr("&Restart chronyd afterwards"), this), "m_restart_chronyd",
-              tr("Restart chronyd afterwards"), tr("Off: the clock runs on its own from then on"));
+              //: synchronise window: name of that check box
+              tr("Restart chronyd afterwards"),
+              //: synchronise window: tooltip of that check box
+              tr("Off: the clock runs on its own from then on"));
 }
 
 void Synchronize::build_output() {
@@ -85,7 +93,10 @@ void Synchronize::build() {
     build_options();
     build_output();
     //: synchronise window: button, and its tooltip
-    m_sync = named(new QPushButton(tr("&Synchronise"), this), "m_sync", tr("Synchronise"),
+    m_sync = named(new QPushButton(tr("&Synchronise"), this), "m_sync",
+                   //: synchronise window: name of the button
+                   tr("Synchronise"),
+                   //: synchronise window: tooltip of the button
                    tr("Stop chronyd and set the clock from this server"));
     //: synchronise window: button
     m_close = named(new QPushButton(tr("Close"), this), "cancelSync", tr("Close"), QString());
@@ -94,7 +105,9 @@ void Synchronize::build() {
     auto* form = new QFormLayout;
     //: synchronise window: labels
     form->addRow(tr("S&erver:"), m_server);
-    auto* timeout_title = new QLabel(tr("&Time-out:"), this);
+    auto* timeout_title = new QLabel(
+        //: synchronise window: label of the number of seconds
+        tr("&Time-out:"), this);
     timeout_title->setBuddy(m_timeout);
     form->addRow(timeout_title, ph_timeout);
     form->addRow(QString(), m_restart_chronyd);
@@ -102,7 +115,7 @@ void Synchronize::build() {
     busy_row->addWidget(m_busy_msg, 1);
     busy_row->addWidget(m_words, 1);
     constexpr int bar_width = 120;
-    m_busy->setFixedWidth(bar_width);
+    m_busy->setFixedWidth(scaled(bar_width, *this));
     QSizePolicy policy = m_busy->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     m_busy->setSizePolicy(policy);
@@ -117,7 +130,7 @@ void Synchronize::build() {
     column->addLayout(busy_row);
     column->addLayout(buttons);
     constexpr QSize usual(560, 380);
-    resize(usual);
+    resize(scaled(usual, *this));
 }
 
 void Synchronize::windowDidLoad() {
@@ -167,7 +180,7 @@ void Synchronize::show_outcome(const SynchronizeOutcome& outcome) {
     if (outcome.done)
         return;
     //: synchronise window: said when the user did not give administrator rights
-    m_words->setText(outcome.sentence.empty() ? tr("Nothing was done.") : from_std(outcome.sentence));
+    m_words->setText(outcome.sentence.empty() ? tr("Nothing was done.") : spoken(outcome.sentence));
     set_alarmed(m_words, true);
 }
 

@@ -1,6 +1,6 @@
 #include "spectrum/spectrum_chart_window.h"
 
-#include "graphs/accessible_plot_window.h"
+#include "platform/qt/accessible_widgets.h"
 #include "platform/qt/qt_canvas.h"
 
 #include <QEvent>
@@ -38,7 +38,7 @@ std::optional<std::size_t> bin_after(int key, std::size_t bin, std::size_t last)
 } // namespace
 
 SpectrumChart::SpectrumChart(QWidget* parent) : QWidget(parent) {
-    announce_as_chart(this);
+    announce_as(this, QAccessible::Chart);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);

@@ -1,5 +1,6 @@
 #include "spectrum/spectrum_controls_window.h"
 
+#include "platform/qt/named_widget.h"
 #include "spectrum/spectrum_chart_window.h"
 
 #include <QComboBox>
@@ -7,11 +8,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
-
-#include <cmath>
 
 namespace tickervantage {
 namespace {
@@ -21,14 +19,6 @@ constexpr int FIELD_FIGURES = 9;
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(spectrum)
 };
-
-template <typename Widget>
-Widget* named(Widget* widget, const char* object_name, const QString& accessible_name, const QString& tooltip) {
-    widget->setObjectName(QLatin1String(object_name));
-    widget->setAccessibleName(accessible_name);
-    widget->setToolTip(tooltip);
-    return widget;
-}
 
 QLineEdit* number_field(QWidget* parent, const char* object_name, const QString& accessible_name,
                         const QString& tooltip) {
@@ -43,22 +33,33 @@ QLineEdit* number_field(QWidget* parent, const char* object_name, const QString&
 void build_fields(QWidget* parent, SpectrumControls& controls) {
     //: spectrum window: name of the menu that chooses the series, and its tooltip
     controls.m_selector = named(new QComboBox(parent), "m_selector", Texts::tr("Series"),
+                                //: spectrum window: tooltip of the menu of series
                                 Texts::tr("The series of the tracking log whose spectrum is shown"));
     //: spectrum window: the series of the tracking log
-    controls.m_selector->addItems({Texts::tr("Offset"), Texts::tr("Remaining correction"), Texts::tr("RMS offset")});
+    controls.m_selector->addItems({Texts::tr("Offset"),
+                                   //: spectrum window: a series
+                                   Texts::tr("Remaining correction"),
+                                   //: spectrum window: a series
+                                   Texts::tr("RMS offset")});
     //: spectrum window: name of the field with the seconds between two samples, and its tooltip
     controls.m_sampleinterval = number_field(parent, "m_sampleinterval", Texts::tr("Sampling interval"),
+                                             //: spectrum window: tooltip of the interval
                                              Texts::tr("Seconds between two samples; Return computes anew"));
     //: spectrum window: name of the field with the seconds analysed, and its tooltip
     controls.m_sampleduration =
         number_field(parent, "m_sampleduration", Texts::tr("Analysed duration"),
+                     //: spectrum window: tooltip of the duration
                      Texts::tr("Seconds analysed, up to the newest record; Return computes anew"));
     //: spectrum window: button, computes the spectrum from the log as it is now
-    controls.compute = named(new QPushButton(Texts::tr("&Compute"), parent), "compute", Texts::tr("Compute"),
+    controls.compute = named(new QPushButton(Texts::tr("&Compute"), parent), "compute",
+                             //: spectrum window: name of the button that computes
+                             Texts::tr("Compute"),
                              //: spectrum window: tooltip of that button
                              Texts::tr("Compute the spectrum from the tracking log as it is now"));
     //: spectrum window: button, saves the chart as a picture or its numbers as a table
-    controls.export_button = named(new QPushButton(Texts::tr("E&xport…"), parent), "export", Texts::tr("Export"),
+    controls.export_button = named(new QPushButton(Texts::tr("E&xport…"), parent), "export",
+                                   //: spectrum window: name of the button that exports
+                                   Texts::tr("Export"),
                                    //: spectrum window: tooltip of that button
                                    Texts::tr("Save the chart as a picture, or its numbers as CSV (Ctrl+S)"));
     controls.export_button->setEnabled(false);
@@ -109,20 +110,6 @@ SpectrumControls build_spectrum_controls(QWidget* parent) {
     column->addWidget(controls.m_spectrum, 1);
     column->addWidget(controls.status);
     return controls;
-}
-
-QString number_text(double number) {
-    QLocale locale;
-    locale.setNumberOptions(QLocale::OmitGroupSeparator);
-    return locale.toString(number, 'g', QLocale::FloatingPointShortest);
-}
-
-std::optional<double> number_in(const QString& text) {
-    bool readable = false;
-    double number = QLocale().toDouble(text.trimmed(), &readable);
-    if (!readable)
-        number = QLocale::c().toDouble(text.trimmed(), &readable);
-    return readable && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
 } // namespace tickervantage

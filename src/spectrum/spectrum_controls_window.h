@@ -3,10 +3,6 @@
 // The widgets belong to the parent. Main thread.
 #pragma once
 
-#include <QString>
-
-#include <optional>
-
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -28,11 +24,5 @@ struct SpectrumControls {
 };
 
 [[nodiscard]] SpectrumControls build_spectrum_controls(QWidget* parent);
-
-// A number as the user's locale writes it, with as many places as it has.
-[[nodiscard]] QString number_text(double number);
-
-// A finite number, as the user's locale writes it or with a decimal point; none for any other text.
-[[nodiscard]] std::optional<double> number_in(const QString& text);
 
 } // namespace tickervantage

@@ -1,6 +1,7 @@
 #include "spectrum/spectrum_window.h"
 
 #include "config/settings_catalogue.h"
+#include "platform/qt/written_numbers.h"
 #include "spectrum/spectrum_chart_window.h"
 #include "spectrum/spectrum_words_window.h"
 
@@ -147,7 +148,9 @@ void SpectrumWindow::computeSpectrum(const TrackingRecords& records) {
     const auto duration = number_in(m_controls.m_sampleduration->text());
     if (!interval || !duration) {
         //: spectrum window: said when a field holds no number
-        show_status(interval ? tr("The duration is not a number.") : tr("The interval is not a number."));
+        show_status(
+            interval ? tr("The duration is not a number.")
+                     : /*: spectrum window: said when a field holds no number */ tr("The interval is not a number."));
         return;
     }
     const Series series = spectrum_series_at(m_controls.m_selector->currentIndex());
@@ -171,6 +174,8 @@ void SpectrumWindow::gather(const TrackingRecords& records) {
         transform(gathered->number, std::make_shared<SpectrumInput>(std::move(gathered->input)));
         return;
     }
+    //: spectrum window: said while a long log is being read
+    show_status(tr("Computing…"));
     m_parts.main_thread.main_async([shared = m_shared, number = m_gathering->number] {
         if (shared->latest == number && shared->window)
             shared->window->gather_on();

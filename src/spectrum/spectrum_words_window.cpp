@@ -23,7 +23,9 @@ QString words_of(const SpectrumFailure& failure, const QString& series) {
     case SpectrumProblem::interval:
         return Texts::tr("The interval must be more than 0 seconds.");
     case SpectrumProblem::duration:
-        return Texts::tr("The duration must be at least half an interval.");
+        return
+            //: spectrum window: reason why no spectrum was computed
+            Texts::tr("The duration must be at least half an interval.");
     case SpectrumProblem::too_long:
         //: %1 a whole number
         return Texts::tr("A spectrum has at most %1 samples: shorten the duration or lengthen the interval.")
@@ -36,7 +38,9 @@ QString words_of(const SpectrumFailure& failure, const QString& series) {
     case SpectrumProblem::memory:
         break;
     }
-    return Texts::tr("There is not enough memory for a spectrum of that many samples.");
+    return
+        //: spectrum window: reason why no spectrum was computed
+        Texts::tr("There is not enough memory for a spectrum of that many samples.");
 }
 
 QString words_of(const SpectrumReading& reading) {

@@ -81,6 +81,40 @@ TEST(CoverageLayer, CrossingsOfOneColourAreNoDarkerThanTheLine) {
     EXPECT_EQ(picture.pixel(10, 6), 0xF52900CCU);
 }
 
+// Lines, boxes and columns on pixels that were white before, or on a white box that forgets what was added before it.
+TEST(CoverageLayer, BackgroundOfItsOwnLooksLikeOneThatWasThere) {
+    constexpr int WIDTH = 600; // several stripes
+    constexpr ColumnSpan COLUMNS[] = {{-3, 0, 5}, {0, 2, 30.5}, {299, -4, -3.75}, {595, 1, 1e9}, {700, 1, 2}};
+    Picture there(WIDTH, 50);
+    Picture own(WIDTH, 50);
+    there.layer.use({1, 1, 1, 1});
+    there.layer.add_box({0, 0, WIDTH, 50});
+    there.paint();
+    own.layer.add_box({10, 10, 400, 3});
+    own.layer.use({1, 1, 1, 1});
+    own.layer.add_box({0, 0.5, WIDTH, 49});
+    for (Picture* picture : {&there, &own}) {
+        picture->layer.use(RED);
+        picture->layer.add_line({5, -5}, {590, 40}, 1);
+        picture->layer.add_columns(COLUMNS, 1, 40, 1);
+        picture->paint();
+    }
+    Picture boxes(WIDTH, 50);
+    boxes.layer.use({1, 1, 1, 1});
+    boxes.layer.add_box({0, 0, WIDTH, 50});
+    boxes.layer.use(RED);
+    boxes.layer.add_line({5, -5}, {590, 40}, 1);
+    for (const ColumnSpan& span : COLUMNS)
+        boxes.layer.add_box({static_cast<double>(span.column + 1), 40 - span.high, 1, span.high - span.low});
+    boxes.paint();
+    EXPECT_NE(there.pixel(1, 20), there.pixel(2, 20));
+    for (int y = 0; y < 50; ++y)
+        for (int x = 0; x < WIDTH; ++x) {
+            ASSERT_EQ(own.pixel(x, y), there.pixel(x, y)) << x << " " << y;
+            ASSERT_EQ(own.pixel(x, y), boxes.pixel(x, y)) << x << " " << y;
+        }
+}
+
 TEST(CoverageLayer, WhatLiesOutsideIsCutOff) {
     Picture picture(10, 8);
     for (const Point& far : {Point{-1e6, 3}, {1e6, 5}, {4, -1e6}, {4, 1e6}, {1e6, 1e6}, {-1e6, 1e6}})

@@ -1,12 +1,14 @@
 #include "freqtemp/freqtemp_view.h"
 #include "freqtemp/scatter_csv.h"
 #include "freqtemp/scatter_json.h"
+#include "platform/canvas_pixels.h"
 #include "support/freqtemp_parts.h"
 #include "support/recording_canvas.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tickervantage::testing {
@@ -340,6 +342,55 @@ TEST(FreqTempView, CoversTheSameOfManyPointsAsOfTheSameOneByOne) {
                         pixels[static_cast<std::size_t>(y * 470 + x)] = true;
     }
     EXPECT_EQ(covered[0], covered[1]);
+}
+
+// Its pixels are those of VISIBLE's drawing area, in a field with room on all sides that nobody may touch.
+class PixelCanvas : public RecordingCanvas {
+public:
+    static constexpr std::size_t MARGIN = 8;
+    static constexpr std::size_t WIDTH = 392;
+    static constexpr std::size_t HEIGHT = 300;
+    static constexpr std::size_t STRIDE = WIDTH + 2 * MARGIN;
+    std::vector<std::uint32_t> field = std::vector<std::uint32_t>(STRIDE * (HEIGHT + 2 * MARGIN));
+
+    std::optional<CanvasPixels> begin_pixels(Rect area) override {
+        return CanvasPixels{.rows = {field.data() + MARGIN * STRIDE + MARGIN, STRIDE},
+                            .width = WIDTH,
+                            .height = HEIGHT,
+                            .left = -area.x,
+                            .bottom = area.y + HEIGHT};
+    }
+    // How many pixels have that alpha.
+    [[nodiscard]] std::ptrdiff_t count(std::uint32_t alpha) const {
+        return std::ranges::count_if(field, [alpha](std::uint32_t pixel) { return pixel >> 24 == alpha; });
+    }
+    [[nodiscard]] std::uint32_t at(std::size_t x, std::size_t y) const {
+        return field[(MARGIN + y) * STRIDE + MARGIN + x] >> 24;
+    }
+};
+
+TEST(FreqTempView, LaysSquaresOverPixelsAsOftenAsTheyComeAndNoFurtherThanItsArea) {
+    FreqTempView view;
+    view.m_show_last_record = view.m_show_mean_frequency = false;
+    scatterEntry entry;
+    entry.color = {0, 0, 1, 0.5};
+    for (const freqPoint point : {freqPoint{20, 0}, {20, 0}, {30, 1}, {25.5, 0.5}, {25.5, 0.5}, {25.5, 0.5}})
+        entry.points.append(point);
+    view.set_scatter({{"a", entry}});
+    PixelCanvas canvas;
+    view.draw(canvas, VISIBLE);
+    EXPECT_TRUE(canvas.boxes.empty());
+    EXPECT_EQ(canvas.count(128) + canvas.count(191) + canvas.count(223), 6 + 6 + 25) << "two of them cut at a corner";
+    EXPECT_EQ(canvas.at(391, 0), 128U) << "the highest one";
+    EXPECT_EQ(canvas.at(0, 299), 191U) << "twice";
+    EXPECT_EQ(canvas.at(215, 150), 223U) << "three times";
+    entry.points.clear();
+    for (int i = 0; i < 300; ++i)
+        entry.points.append({20 + (i % 3) * 5.0, (i % 3) * 0.5});
+    view.set_scatter({{"a", entry}});
+    PixelCanvas crowded;
+    view.draw(crowded, VISIBLE);
+    EXPECT_EQ(crowded.at(0, 299), 254U) << "a hundred times";
 }
 
 } // namespace

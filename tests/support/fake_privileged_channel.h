@@ -48,6 +48,7 @@ public:
         return answer ? answer(commands.back()) : reply;
     }
     void disconnect() override { disconnected = true; }
+    void cancel() override {}
 };
 
 } // namespace tickervantage::testing

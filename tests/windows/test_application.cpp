@@ -3,6 +3,7 @@
 #include "support/fake_followed_files.h"
 #include "support/fake_main_window_parts.h"
 #include "support/freqtemp_parts.h"
+#include "support/keyboard.h"
 
 #include <gtest/gtest.h>
 
@@ -26,6 +27,7 @@ struct ApplicationTest : ::testing::Test {
     testing::ManualQueue config_queue;
     testing::ManualQueue export_queue;
     testing::ManualQueue list_queue;
+    testing::ManualQueue help_queue;
     testing::FreqTempFakes freqtemp;
     testing::ManualQueue log_queue;
     testing::FakeFollowedFiles log_files;
@@ -52,6 +54,7 @@ struct ApplicationTest : ::testing::Test {
                 .export_queue = export_queue,
                 .freqtemp = freqtemp.parts(),
                 .list_queue = list_queue,
+                .help_queue = help_queue,
                 .lend_queue = [this] { return std::shared_ptr<DispatchQueueSerial>(&log_queue, [](auto*) {}); },
                 .logger = logger,
                 .close_log = [this] { log_closed = true; },
@@ -93,13 +96,33 @@ TEST_F(ApplicationTest, OptionalItemsFollowThePreferences) {
 
 TEST_F(ApplicationTest, ItemsWithoutAWindowAreDisabledAndSayWhy) {
     launch();
-    for (const char* name :
-         {"showTickervantage", "refresh", "showLogFile", "showLogFolder", "siteTickervantage", "siteChrony",
-          "showAbout", "showLogs", "openTrackingLog", "liveTracking", "quit", "closeWindow", "chooseFont",
-          "defaultFont", "showServers", "showPreferences", "checkForUpdates", "showConfigEditor"})
+    for (const char* name : {"showTickervantage",
+                             "refresh",
+                             "showLogFile",
+                             "showLogFolder",
+                             "siteTickervantage",
+                             "siteChrony",
+                             "showAbout",
+                             "showLogs",
+                             "openTrackingLog",
+                             "liveTracking",
+                             "quit",
+                             "closeWindow",
+                             "chooseFont",
+                             "defaultFont",
+                             "showServers",
+                             "showPreferences",
+                             "checkForUpdates",
+                             "showConfigEditor",
+                             "helpFirstUse",
+                             "helpWindows",
+                             "helpChronyConf",
+                             "helpChronyc",
+                             "helpChronyd",
+                             "helpChronywake",
+                             "helpFAQ"})
         EXPECT_TRUE(item(name)->isEnabled()) << name;
-    for (const char* name : {"helpChronyConf", "helpChronyc", "helpChronyd", "helpChronywake", "helpFAQ", "stepTime",
-                             "showDonate", "installChrony", "rotateLogs", "synchServer"}) {
+    for (const char* name : {"stepTime", "showDonate", "installChrony", "rotateLogs", "synchServer"}) {
         EXPECT_FALSE(item(name)->isEnabled()) << name;
         EXPECT_FALSE(item(name)->toolTip().isEmpty()) << name;
     }
@@ -136,6 +159,32 @@ TEST_F(ApplicationTest, ShortcutsAreUnique) {
         EXPECT_TRUE(keys.isEmpty() || seen.insert(keys).second) << name;
     }
     EXPECT_GE(seen.size(), 8U);
+}
+
+// Each window as it comes up.
+TEST_F(ApplicationTest, EveryWindowIsUsedByKeysAlone) {
+    launch();
+    for (const char* window :
+         {"liveTracking", "showSpectrum", "showFreqTemp", "showFreqInspector", "showServers", "showPreferences"}) {
+        item(window)->setVisible(true); // some are only offered to those who ask
+        item(window)->trigger();
+    }
+    fakes.settle();
+    std::set<std::string> seen;
+    for (auto* window : QApplication::topLevelWidgets()) {
+        if (window->isHidden() || window->windowType() == Qt::Popup || qobject_cast<QMenu*>(window) != nullptr)
+            continue;
+        const auto name = testing::name_of(window);
+        seen.insert(window->objectName().toStdString());
+        EXPECT_EQ(testing::out_of_reach(*window), std::vector<std::string>()) << name;
+        EXPECT_EQ(testing::clashes(testing::mnemonic_texts(*window)), std::vector<std::string>()) << name;
+        for (const auto* menu : window->findChildren<QMenu*>())
+            EXPECT_EQ(testing::clashes(testing::texts_of(*menu)), std::vector<std::string>())
+                << name << " " << menu->title().toStdString();
+    }
+    for (const char* name :
+         {"TrackingWindow", "SpectrumWindow", "FreqTempWindow", "SensorInspector", "ServersWindow", "Preferences"})
+        EXPECT_TRUE(seen.contains(name)) << name;
 }
 
 TEST(ApplicationMenus, ActionMenuIsDisabledExactlyWhileAJobRuns) {

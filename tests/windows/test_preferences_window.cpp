@@ -2,8 +2,8 @@
 #include "config/preferences_general_window.h"
 #include "config/preferences_window.h"
 #include "config/settings_catalogue.h"
-#include "support/manual_dispatch.h"
 #include "support/memory_stores.h"
+#include "support/window_test.h"
 
 #include <gtest/gtest.h>
 
@@ -19,11 +19,9 @@
 namespace tickervantage {
 namespace {
 
-struct PreferencesTest : ::testing::Test {
+struct PreferencesTest : testing::WindowTest<Preferences> {
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
-    testing::ManualMainThread main_thread;
-    testing::ManualQueue queue;
     WarningRegister warnings{settings};
     PreferencesGeneral general = PreferencesGeneral::load(settings);
     PreferencesAdvanced advanced = PreferencesAdvanced::load(settings);
@@ -34,7 +32,6 @@ struct PreferencesTest : ::testing::Test {
     std::function<void(std::string)> wake_done;
     std::function<void(std::string)> test_done;
     bool has_helper = true;
-    std::unique_ptr<Preferences> window;
 
     void open() {
         PreferencesParts parts{.settings = settings,
@@ -79,30 +76,7 @@ struct PreferencesTest : ::testing::Test {
         settle();
     }
 
-    void settle() {
-        while (queue.turn() || main_thread.turn()) {
-        }
-    }
-
-    template <typename Widget>
-    Widget* find(const char* name) {
-        auto* widget = window->findChild<Widget*>(QLatin1String(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
-    }
-
-    void press(const char* button) {
-        find<QAbstractButton>(button)->click();
-        settle();
-    }
-    void type(const char* field, const char* text) {
-        find<QLineEdit>(field)->setText(QLatin1String(text));
-        Q_EMIT find<QLineEdit>(field)->textEdited(QLatin1String(text));
-        settle();
-    }
     bool ticked(const char* box) { return find<QCheckBox>(box)->isChecked(); }
-    std::string text(const char* field) { return find<QLineEdit>(field)->text().toStdString(); }
-    std::string words(const char* label) { return find<QLabel>(label)->text().toStdString(); }
 
     // Answers the alert that is open; false when there is none.
     bool answer(const char* button, bool never_again = false) {

@@ -1,6 +1,6 @@
 #include "config/servers_list_window.h"
 #include "config/servers_window.h"
-#include "support/manual_dispatch.h"
+#include "support/window_test.h"
 
 #include <gtest/gtest.h>
 
@@ -42,16 +42,13 @@ private:
     std::optional<std::string> m_written;
 };
 
-struct ServersWindowTest : ::testing::Test {
-    testing::ManualMainThread main_thread;
-    testing::ManualQueue queue;
+struct ServersWindowTest : testing::WindowTest<ServersWindow> {
     std::shared_ptr<FakeSharedText> list = std::make_shared<FakeSharedText>();
     std::vector<std::string> log;
     std::string configuration;
     bool editor_is_open = false;
     QString inserted;
     QString page;
-    std::unique_ptr<ServersWindow> window;
 
     void open(const char* text) {
         if (text)
@@ -88,34 +85,11 @@ struct ServersWindowTest : ::testing::Test {
         settle();
     }
 
-    void settle() {
-        while (queue.turn() || main_thread.turn()) {
-        }
-    }
-
-    template <typename Widget>
-    Widget* find(const char* name) {
-        auto* widget = window->findChild<Widget*>(QLatin1String(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
-    }
-
-    void type(const char* field, const char* text) {
-        find<QLineEdit>(field)->setText(QLatin1String(text));
-        Q_EMIT find<QLineEdit>(field)->textEdited(QLatin1String(text));
-        settle();
-    }
-    void press(const char* button) {
-        find<QAbstractButton>(button)->click();
-        settle();
-    }
     void click_row(int row) {
         auto* view = find<ServerListView>("serverListView");
         view->selectionModel()->setCurrentIndex(view->model()->index(row, 0), QItemSelectionModel::ClearAndSelect);
     }
     int row() { return find<ServerListView>("serverListView")->currentIndex().row(); }
-    std::string text(const char* field) { return find<QLineEdit>(field)->text().toStdString(); }
-    std::string words(const char* label) { return find<QLabel>(label)->text().toStdString(); }
     std::string saved() { return list->on_disk.text; }
 };
 

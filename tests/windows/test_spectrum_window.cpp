@@ -2,8 +2,8 @@
 #include "platform/qt/picture_file.h"
 #include "spectrum/spectrum_chart_window.h"
 #include "spectrum/spectrum_window.h"
-#include "support/manual_dispatch.h"
 #include "support/memory_stores.h"
+#include "support/window_test.h"
 
 #include <gtest/gtest.h>
 
@@ -23,15 +23,12 @@
 namespace tickervantage {
 namespace {
 
-struct SpectrumWindowTest : ::testing::Test {
+struct SpectrumWindowTest : testing::WindowTest<SpectrumWindow> {
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
-    testing::ManualMainThread main_thread;
-    testing::ManualQueue queue;
     TrackingRecords records;
     bool log_is_open = true;
     QTemporaryDir folder;
-    std::unique_ptr<SpectrumWindow> window;
 
     void SetUp() override {
         for (const char* line : {"2026-11-21 02:15:03 192.0.2.1 2 -10.5 0.1 1e-6 N 1 1e-6 2e-6 1e-3 1e-3",
@@ -60,13 +57,6 @@ struct SpectrumWindowTest : ::testing::Test {
         window->show();
     }
 
-    template <typename Widget>
-    Widget* find(const char* name) {
-        auto* widget = window->findChild<Widget*>(QLatin1String(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
-    }
-
     SpectrumChart* chart() { return find<SpectrumChart>("m_spectrum"); }
     QString status() { return find<QLabel>("status")->text(); }
 
@@ -74,11 +64,6 @@ struct SpectrumWindowTest : ::testing::Test {
         auto* selector = find<QComboBox>("m_selector");
         selector->setCurrentIndex(index);
         Q_EMIT selector->activated(index);
-    }
-
-    void settle() {
-        while (queue.turn() || main_thread.turn()) {
-        }
     }
 
     void compute() {

@@ -5,7 +5,6 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 namespace tickervantage {
@@ -13,24 +12,23 @@ namespace {
 
 constexpr const char* pkexec = "/usr/bin/pkexec";
 
-class CallError {
-public:
-    CallError() = default;
-    ~CallError() { sd_bus_error_free(&m_error); }
-    CallError(const CallError&) = delete;
-    CallError& operator=(const CallError&) = delete;
-    [[nodiscard]] sd_bus_error* get() { return &m_error; }
-    [[nodiscard]] std::string text() const {
-        return m_error.message != nullptr ? m_error.message : "the system bus does not answer";
-    }
-    [[nodiscard]] bool is_refusal() const { return sd_bus_error_has_name(&m_error, helper::refused_error) > 0; }
+constexpr std::chrono::seconds look_limit{25}; // for the version, with an activation in it
 
-private:
-    sd_bus_error m_error = SD_BUS_ERROR_NULL;
-};
+const BusMethod request_call{helper::interface_name, helper::request_method, false, helper::request_limit_time};
+const BusMethod authorise_call{helper::interface_name, helper::authorise_method, true, helper::dialog_limit};
+const BusMethod withdraw_call{helper::interface_name, helper::withdraw_method, false, look_limit};
+const BusMethod version_call{"org.freedesktop.DBus.Properties", "Get", false, look_limit};
 
-std::uint64_t microseconds(std::chrono::minutes time) {
-    return static_cast<std::uint64_t>(std::chrono::microseconds(time).count());
+// Whether the answer is one; otherwise the sentence says why not.
+bool succeeded(const BusMessage& answer, std::string& sentence) {
+    if (answer && sd_bus_message_is_method_error(answer.get(), nullptr) == 0)
+        return true;
+    const auto* error = answer ? sd_bus_message_get_error(answer.get()) : nullptr;
+    const std::string text =
+        error != nullptr && error->message != nullptr ? error->message : "the system bus does not answer";
+    const bool is_refusal = error != nullptr && sd_bus_error_has_name(error, helper::refused_error) > 0;
+    sentence = is_refusal ? text : fmt::format("The root helper cannot be reached: {}.", text);
+    return false;
 }
 
 int append_token(sd_bus_message* message, const HelperToken& token) {
@@ -73,50 +71,17 @@ std::optional<std::string> read_reply(sd_bus_message* message) {
 } // namespace
 
 BusPrivilegedChannel::BusPrivilegedChannel(Execute& execute, std::string installer, std::string version)
-    : m_execute(execute), m_installer(std::move(installer)), m_version(std::move(version)) {}
-
-// A connection that broke is replaced: no authorisation holds for the new one, and the helper will say so.
-sd_bus* BusPrivilegedChannel::connection() {
-    if (m_bus && sd_bus_is_open(m_bus.get()) > 0)
-        return m_bus.get();
-    m_bus.reset();
-    sd_bus* opened = nullptr;
-    if (sd_bus_open_system_with_description(&opened, "tickervantage") >= 0)
-        m_bus.reset(opened);
-    return m_bus.get();
-}
-
-BusMessage BusPrivilegedChannel::new_call(const char* method) {
-    sd_bus_message* message = nullptr;
-    auto* bus = connection();
-    if (bus == nullptr || sd_bus_message_new_method_call(bus, &message, helper::bus_name, helper::object_path,
-                                                         helper::interface_name, method) < 0)
-        return nullptr;
-    (void)sd_bus_message_set_allow_interactive_authorization(message, 1); // without it nobody is asked
-    return BusMessage(message);
-}
-
-BusMessage BusPrivilegedChannel::call(const BusMessage& message, std::chrono::minutes time_limit,
-                                      std::string& sentence) {
-    CallError error;
-    sd_bus_message* reply = nullptr;
-    if (message && sd_bus_call(m_bus.get(), message.get(), microseconds(time_limit), error.get(), &reply) >= 0)
-        return BusMessage(reply);
-    sentence = error.is_refusal() ? error.text() : fmt::format("The root helper cannot be reached: {}.", error.text());
-    return nullptr;
-}
+    : m_execute(execute), m_installer(std::move(installer)), m_version(std::move(version)),
+      m_calls(helper::bus_name, helper::object_path) {}
 
 bool BusPrivilegedChannel::is_current() {
-    const std::lock_guard lock(m_mutex);
-    auto* bus = connection();
-    char* version = nullptr;
-    CallError error;
-    const bool answers =
-        bus != nullptr && sd_bus_get_property_string(bus, helper::bus_name, helper::object_path, helper::interface_name,
-                                                     helper::version_property, error.get(), &version) >= 0;
-    const bool fits = answers && m_version == version;
-    std::free(version); // NOLINT(cppcoreguidelines-no-malloc): sd-bus allocated it
-    return fits;
+    const auto answer = m_calls.call(version_call, [](sd_bus_message* message) {
+        return sd_bus_message_append(message, "ss", helper::interface_name, helper::version_property);
+    });
+    std::string ignored; // what is not there is installed, whatever the reason
+    const char* version = nullptr;
+    return succeeded(answer, ignored) && sd_bus_message_read(answer.get(), "v", "s", &version) > 0 &&
+           m_version == version;
 }
 
 int BusPrivilegedChannel::install(std::string& sentence) {
@@ -132,14 +97,13 @@ int BusPrivilegedChannel::install(std::string& sentence) {
 }
 
 std::optional<HelperToken> BusPrivilegedChannel::authorise(std::string& sentence) {
-    const std::lock_guard lock(m_mutex);
-    const auto reply = call(new_call(helper::authorise_method), helper::dialog_limit, sentence);
+    const auto answer = m_calls.call(authorise_call, {});
     const void* bytes = nullptr;
     std::size_t size = 0;
-    if (!reply)
+    if (!succeeded(answer, sentence))
         return std::nullopt;
     HelperToken token{};
-    if (sd_bus_message_read_array(reply.get(), 'y', &bytes, &size) < 0 || size != token.size()) {
+    if (sd_bus_message_read_array(answer.get(), 'y', &bytes, &size) < 0 || size != token.size()) {
         sentence = "The root helper gave no authorisation.";
         return std::nullopt;
     }
@@ -149,18 +113,18 @@ std::optional<HelperToken> BusPrivilegedChannel::authorise(std::string& sentence
 
 std::optional<std::string> BusPrivilegedChannel::send(const std::string& request,
                                                       const std::optional<HelperToken>& auth) {
-    const std::lock_guard lock(m_mutex);
-    const auto message = new_call(helper::request_method);
-    if (!message || append_request(message.get(), request, auth) < 0)
-        return std::nullopt;
+    const auto answer =
+        m_calls.call(request_call, [&](sd_bus_message* message) { return append_request(message, request, auth); });
     std::string sentence;
-    const auto reply = call(message, helper::request_limit_time, sentence);
-    return reply ? read_reply(reply.get()) : std::optional(sentence);
+    return succeeded(answer, sentence) ? read_reply(answer.get()) : std::optional(sentence);
 }
 
 void BusPrivilegedChannel::disconnect() {
-    const std::lock_guard lock(m_mutex);
-    m_bus.reset();
+    m_calls.disconnect();
+}
+
+void BusPrivilegedChannel::cancel() {
+    m_calls.cancel(withdraw_call);
 }
 
 } // namespace tickervantage

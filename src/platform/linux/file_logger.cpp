@@ -1,6 +1,7 @@
 #include "platform/linux/file_logger.h"
 
 #include "platform/linux/file_descriptor.h"
+#include "platform/linux/write_all.h"
 #include "platform/setting_text.h"
 
 #include <fcntl.h>
@@ -67,18 +68,6 @@ std::string_view cut(std::string_view sentence) {
     while (end > sentence_limit - 4 && (static_cast<unsigned char>(sentence[end]) & 0xc0U) == 0x80)
         --end;
     return sentence.substr(0, end);
-}
-
-int write_all(int fd, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t count = ::write(fd, text.data(), text.size());
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            return -1;
-        text.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return 0;
 }
 
 } // namespace

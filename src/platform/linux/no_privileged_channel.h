@@ -20,6 +20,7 @@ public:
         return std::nullopt;
     }
     void disconnect() override {}
+    void cancel() override {}
 };
 
 } // namespace tickervantage

@@ -1,5 +1,7 @@
 #include "platform/linux/small_file.h"
 
+#include "platform/linux/write_all.h"
+
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/file.h>
@@ -61,18 +63,6 @@ int read_all(int fd, std::size_t limit, std::string& bytes) {
             return -1;
         }
     }
-}
-
-int write_all(int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(fd, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return -1;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return 0;
 }
 
 // What root makes in a user's folder belongs to the user, who could not change it later otherwise.

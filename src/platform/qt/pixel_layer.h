@@ -6,6 +6,7 @@
 #pragma once
 
 #include "platform/canvas.h"
+#include "platform/canvas_pixels.h"
 #include "platform/coverage_layer.h"
 
 #include <QColor>
@@ -25,17 +26,23 @@ public:
     [[nodiscard]] bool begin(QPainter& painter, Rect area, double height);
     void end();
     [[nodiscard]] bool is_open() const { return m_painter != nullptr; }
+    [[nodiscard]] CanvasPixels pixels() const; // of the open layer, to be written until end()
 
     void use(const QColor& color); // for all that is added next
     void add_line(Point from, Point to, double width);
     void add_box(Rect box);
 
-    // An upright or level line as whole pixels, dashed from its start on.
-    void add_straight_line(Point from, Point to, double width, std::span<const double> dash);
+    // An upright box a column wide for each span, as Canvas::fill_columns has it.
+    void add_columns(Point origin, double column_width, std::span<const ColumnSpan> spans);
+
+    // Upright and level lines as whole pixels, dashed from their starts on.
+    void add_straight_lines(std::span<const Path::Element> lines, const QColor& color, double width,
+                            std::span<const double> dash);
 
 private:
     void choose_target();
-    void add_pixels(int left, int top, int width, int height);
+    void draw_comb(std::span<const Path::Element> teeth, const CoverageBrush& brush, double width,
+                   std::span<const double> dash);
     [[nodiscard]] double x(double at) const { return at * m_scale_x + m_left; }
     [[nodiscard]] double y(double at) const { return m_bottom - at * m_scale_y; }
 

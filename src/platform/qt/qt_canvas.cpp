@@ -1,5 +1,7 @@
 #include "platform/qt/qt_canvas.h"
 
+#include "platform/qt/local_number.h"
+
 #include <QFontMetricsF>
 #include <QPaintEngine>
 #include <QPainter>
@@ -175,9 +177,7 @@ void QtCanvas::stroke(const Path& path, ColorRole color, double width, Shadow sh
 
 void QtCanvas::stroke(const Path& path, const LineStyle& style) {
     if (m_memory.layer.is_open() && std::ranges::all_of(path.elements, is_straight)) {
-        m_memory.layer.use(color_of(style.ink));
-        for (const auto& line : path.elements)
-            m_memory.layer.add_straight_line(line.from, line.to, style.width, style.dash);
+        m_memory.layer.add_straight_lines(path.elements, color_of(style.ink), style.width, style.dash);
         return;
     }
     const SavedPainter saved(m_painter);
@@ -222,6 +222,15 @@ void QtCanvas::fill_rects(std::span<const Rect> boxes, const Ink& ink) {
         m_painter.fillRect(QRectF(box.x, m_height - box.y - box.height, box.width, box.height), color);
 }
 
+void QtCanvas::fill_columns(Point origin, double column_width, std::span<const ColumnSpan> spans, const Ink& ink) {
+    if (!m_memory.layer.is_open()) {
+        Canvas::fill_columns(origin, column_width, spans, ink);
+        return;
+    }
+    m_memory.layer.use(color_of(ink));
+    m_memory.layer.add_columns(origin, column_width, spans);
+}
+
 void QtCanvas::fill_polygon(std::span<const Point> corners, const Ink& ink) {
     const SavedPainter saved(m_painter);
     std::vector<QPointF> flipped;
@@ -239,6 +248,16 @@ void QtCanvas::begin_layer(Rect area) {
 }
 
 void QtCanvas::end_layer() {
+    m_memory.layer.end();
+}
+
+std::optional<CanvasPixels> QtCanvas::begin_pixels(Rect area) {
+    if (!m_memory.layer.begin(m_painter, area, m_height))
+        return std::nullopt;
+    return m_memory.layer.pixels();
+}
+
+void QtCanvas::end_pixels() {
     m_memory.layer.end();
 }
 
@@ -264,10 +283,11 @@ void QtCanvas::text(std::string_view text, Rect box, const TextStyle& style) {
     m_painter.setPen(color_of(style.color));
     const QRectF area(box.x, m_height - box.y - box.height, box.width, box.height);
     const double middle = area.top() + TEXT_MIDDLE * style.size;
+    const std::string shown = with_local_point(text);
     if (m_keeps_labels)
-        draw_label(text, area, middle, style);
+        draw_label(shown, area, middle, style);
     else
-        draw_text(text, area, middle, style);
+        draw_text(shown, area, middle, style);
 }
 
 void QtCanvas::draw_label(std::string_view text, const QRectF& area, double middle, const TextStyle& style) {

@@ -32,9 +32,12 @@ public:
     void stroke(const Path& path, const LineStyle& style) override;
     void polyline(std::span<const Point> points, const Ink& ink, double width) override;
     void fill_rects(std::span<const Rect> boxes, const Ink& ink) override;
+    void fill_columns(Point origin, double column_width, std::span<const ColumnSpan> spans, const Ink& ink) override;
     void fill_polygon(std::span<const Point> corners, const Ink& ink) override;
     void begin_layer(Rect area) override;
     void end_layer() override;
+    [[nodiscard]] std::optional<CanvasPixels> begin_pixels(Rect area) override;
+    void end_pixels() override;
     [[nodiscard]] double pixel() const override;
     void text(std::string_view text, Rect box, const TextStyle& style) override;
 

@@ -37,6 +37,7 @@ const sd_bus_vtable HelperService::vtable[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD(helper::request_method, "a{sv}", "a{sv}", HelperService::on_request, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD(helper::authorise_method, "", "ay", HelperService::on_authorise, SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD(helper::withdraw_method, "", "", HelperService::on_withdraw, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_PROPERTY(helper::version_property, "s", HelperService::on_version, 0, SD_BUS_VTABLE_PROPERTY_CONST),
     SD_BUS_VTABLE_END};
 
@@ -113,10 +114,19 @@ int HelperService::on_authorise(sd_bus_message* message, void* self, sd_bus_erro
     return static_cast<HelperService*>(self)->authorise(message);
 }
 
+// Each dialog that is open for this connection ends as a refusal.
+int HelperService::on_withdraw(sd_bus_message* message, void* self, sd_bus_error*) {
+    auto* service = static_cast<HelperService*>(self);
+    service->note_activity();
+    service->m_polkit.cancel(sd_bus_message_get_sender(message));
+    return sd_bus_reply_method_return(message, "");
+}
+
 int HelperService::refuse(sd_bus_message* message, const HelperCaller& caller, std::string_view verb,
                           const std::string& sentence) {
+    const int sent = send_reply(message, sentence); // first: the journal may be slow
     journal_decision(Decision::refused, caller, verb, sentence);
-    return send_reply(message, sentence);
+    return sent;
 }
 
 int HelperService::request(sd_bus_message* message) {
@@ -157,8 +167,8 @@ int HelperService::execute(sd_bus_message* message, const HelperCaller& caller, 
                    .done = {}};
     order.done = [this, caller, verb, kept = std::shared_ptr<sd_bus_message>(sd_bus_message_ref(message), BusUnref())](
                      Decision decision, const std::string& text) {
-        journal_decision(decision, caller, verb, decision == Decision::refused ? text : std::string());
         (void)send_reply(kept.get(), text); // a caller that has gone does not need it
+        journal_decision(decision, caller, verb, decision == Decision::refused ? text : std::string());
         note_activity();
     };
     std::string sentence;

@@ -1,6 +1,7 @@
 // The helper on the bus: takes messages, decides, has the work done, and ends when nothing came for a while.
 //
-// Interface net.brisklane.chronyhelper: Request(a{sv}) -> a{sv}, Authorise() -> ay, property Version. One thread.
+// Interface net.brisklane.chronyhelper: Request(a{sv}) -> a{sv}, Authorise() -> ay, Withdraw(), property Version. One
+// thread.
 #pragma once
 
 #include "platform/linux/bus_owners.h"
@@ -31,6 +32,7 @@ public:
 private:
     static int on_request(sd_bus_message* message, void* self, sd_bus_error* error);
     static int on_authorise(sd_bus_message* message, void* self, sd_bus_error* error);
+    static int on_withdraw(sd_bus_message* message, void* self, sd_bus_error* error);
     static int on_version(sd_bus* bus, const char* path, const char* interface, const char* property,
                           sd_bus_message* reply, void* self, sd_bus_error* error);
     static int on_idle(sd_event_source* source, std::uint64_t time, void* self);

@@ -1,5 +1,7 @@
 #include "programs/chronyhelper/source_file.h"
 
+#include "platform/linux/write_all.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -13,20 +15,8 @@ namespace {
 
 constexpr std::chrono::seconds patience{2};
 
-bool write_all(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(STDOUT_FILENO, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 int refuse(std::string_view sentence) {
-    (void)write_all(sentence);
+    (void)write_all(STDOUT_FILENO, sentence); // the status alone says no, too
     return source_refused_status;
 }
 
@@ -50,7 +40,7 @@ int copy_out(int file, std::size_t limit) {
         if (got <= 0)
             return got == 0 ? 0 : 1;
         total += static_cast<std::size_t>(got);
-        if (total > limit || !write_all({buffer.data(), static_cast<std::size_t>(got)}))
+        if (total > limit || write_all(STDOUT_FILENO, {buffer.data(), static_cast<std::size_t>(got)}) != 0)
             return 1;
     }
 }

@@ -1,6 +1,7 @@
 #include "programs/chronyhelper/trusted_files.h"
 
 #include "platform/linux/file_descriptor.h"
+#include "platform/linux/write_all.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -22,18 +23,6 @@ bool only_root_writes(const std::string& path) {
     const bool others = (status.st_mode & S_IWOTH) != 0;
     const bool group = (status.st_mode & S_IWGRP) != 0 && status.st_gid != 0;
     return !others && !group;
-}
-
-bool write_all(int file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(file, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
 }
 
 int read_all(int file, std::size_t limit, std::string& bytes) {
@@ -102,7 +91,7 @@ int read_roots_file(const std::string& path, std::size_t limit, std::string& byt
 int write_new_file(const std::string& path, std::string_view bytes, unsigned mode) {
     ::unlink(path.c_str());
     const FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-    return file.valid() && write_all(file.get(), bytes) && ::fchmod(file.get(), mode) == 0 ? 0 : -1;
+    return file.valid() && write_all(file.get(), bytes) == 0 && ::fchmod(file.get(), mode) == 0 ? 0 : -1;
 }
 
 } // namespace tickervantage

@@ -1,5 +1,6 @@
 #include "programs/chronysupport/install_file.h"
 
+#include "platform/linux/write_all.h"
 #include "programs/chronysupport/accounts.h"
 
 #include <fcntl.h>
@@ -67,18 +68,6 @@ ssize_t read_full(int fd, Buffer& buffer) {
         have += static_cast<std::size_t>(got);
     }
     return static_cast<ssize_t>(have);
-}
-
-int write_all(int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(fd, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return -1;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return 0;
 }
 
 // -1 with errno; a source that has another length than `expected` is being written just now.

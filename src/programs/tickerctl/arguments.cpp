@@ -170,6 +170,7 @@ void add_all(CommandLine& line, Arguments& arguments) {
                        arguments.config, arguments.json);
     add_check_options(*line.add(&line.app, Job::check, "check", "Let chronyd check a chrony.conf (exit status 1: no)"),
                       arguments.config, arguments.json);
+    add_help_options(*line.add(&line.app, Job::help, "help", "The program's and chrony's manuals"), arguments.help);
     auto* admin = line.add(&line.app, Job::admin, "admin", "What needs administrator rights");
     add_admin_jobs(*admin, arguments.admin, arguments.json);
 }

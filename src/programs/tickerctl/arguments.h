@@ -4,6 +4,7 @@
 #include "programs/tickerctl/admin_arguments.h"
 #include "programs/tickerctl/config_arguments.h"
 #include "programs/tickerctl/freqtemp_arguments.h"
+#include "programs/tickerctl/help_arguments.h"
 #include "programs/tickerctl/servers_arguments.h"
 
 #include <optional>
@@ -33,7 +34,8 @@ enum class Job : unsigned char {
     admin,
     config,
     check,
-    servers
+    servers,
+    help
 };
 
 struct Arguments {
@@ -63,6 +65,7 @@ struct Arguments {
     AdminArguments admin;
     ConfigArguments config;
     FreqTempArguments freqtemp;
+    HelpArguments help;
     ServersArguments servers;
     std::string key;
     std::string value;

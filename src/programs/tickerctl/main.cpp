@@ -11,6 +11,7 @@
 
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QLocale>
 #include <QTime>
 
 #include <csignal>
@@ -121,6 +122,8 @@ int do_job(const Arguments& arguments, Tool& tool) {
         return tool.check();
     case Job::servers:
         return tool.servers();
+    case Job::help:
+        return tool.help();
     case Job::sensors:
         return tool.sensors();
     case Job::fit:
@@ -166,6 +169,7 @@ int main(int argc, char** argv) {
     if (arguments->job == Job::plot_meter || arguments->job == Job::plot_clock ||
         arguments->job == Job::plot_spectrum || arguments->job == Job::plot_tracking ||
         arguments->job == Job::plot_freqtemp) {
+        QLocale::setDefault(QLocale::c()); // the same picture whoever draws it
         status = plot(*arguments, argc, argv);
         if (status == interrupted)
             end_as_asked();

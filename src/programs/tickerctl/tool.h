@@ -53,6 +53,7 @@ public:
     [[nodiscard]] int config() const;
     [[nodiscard]] int check();
 
+    [[nodiscard]] int help() const;
     [[nodiscard]] int sensors() const;
     [[nodiscard]] int fit() const;
     [[nodiscard]] int record();

@@ -1,0 +1,59 @@
+#include "graphs/tracking_words_window.h"
+
+#include "graphs/legend_window.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QLocale>
+
+#include <cmath>
+
+namespace tickervantage {
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(tracking)
+};
+
+// Three significant decimals in the unit that fits: readable, and never 0.000 for a nanosecond.
+QString value_text(Series series, double value, const QLocale& locale) {
+    if (series == Series::frequency)
+        return locale.toString(value * 1e6, 'f', 3) + QStringLiteral(" ppm");
+    const double size = std::abs(value);
+    const auto [factor, unit] = size < 1e-6   ? std::pair(1e9, " ns")
+                                : size < 1e-3 ? std::pair(1e6, " µs")
+                                : size < 1    ? std::pair(1e3, " ms")
+                                              : std::pair(1.0, " s");
+    return locale.toString(value * factor, 'f', 3) + QString::fromUtf8(unit);
+}
+
+} // namespace
+
+QString date_text(LogTime time, const QLocale& locale) {
+    return locale.toString(QDateTime::fromSecsSinceEpoch(time), QLocale::ShortFormat);
+}
+
+QString words_of(const Readout& readout, const std::array<bool, series_count>& shown, const QLocale& locale) {
+    QString text = date_text(readout.time, locale);
+    for (std::size_t i = 0; i < series_count; ++i) {
+        if (!shown[i] || std::isnan(readout.values[i]))
+            continue;
+        const auto series = static_cast<Series>(i);
+        text += QStringLiteral("   ") + series_title(series) + QLatin1Char(' ') +
+                value_text(series, readout.values[i], locale);
+    }
+    return text;
+}
+
+QString description_of(const TrackingView& view, Rect frame, const std::optional<LogEnds>& ends,
+                       const QLocale& locale) {
+    const auto newest = view.readout(frame.width, {0, 0, frame.width, frame.height});
+    if (!ends || !newest)
+        //: tracking window: read out by screen readers
+        return Texts::tr("The log has no records yet.");
+    //: tracking window: the graph as screen readers read it out; %1 and %2 are times, %3 the newest record
+    return Texts::tr("%n record(s) from %1 to %2. Newest: %3", nullptr, static_cast<int>(view.records().size()))
+        .arg(date_text(ends->first, locale), date_text(ends->last, locale), words_of(*newest, view.shown, locale));
+}
+
+} // namespace tickervantage

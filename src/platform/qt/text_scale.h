@@ -1,0 +1,30 @@
+// Sizes that follow the user's font: a window laid out for small letters would cut large ones off.
+#pragma once
+
+#include <QScreen>
+#include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tickervantage {
+
+// How many times larger the widget's letters are than those the pixel counts of this program were chosen with.
+[[nodiscard]] inline double text_scale(const QWidget& widget) {
+    constexpr double usual_line = 15; // pixels, of a font of nine points
+    return std::max(1.0, widget.fontMetrics().height() / usual_line);
+}
+
+[[nodiscard]] inline int scaled(int length, const QWidget& widget) {
+    return static_cast<int>(std::lround(length * text_scale(widget)));
+}
+
+// The size of a window; one that grows, grows no larger than its screen.
+[[nodiscard]] inline QSize scaled(QSize size, const QWidget& window) {
+    if (text_scale(window) <= 1)
+        return size;
+    const QSize wanted(scaled(size.width(), window), scaled(size.height(), window));
+    return window.screen() != nullptr ? wanted.boundedTo(window.screen()->availableSize()) : wanted;
+}
+
+} // namespace tickervantage

@@ -1,0 +1,168 @@
+#include "app/administration.h"
+#include "instruments/warning_register.h"
+#include "mainwindow/tickervantage_window.h"
+#include "support/fake_main_window_parts.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QDir>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <set>
+
+namespace tickervantage {
+namespace {
+
+struct AdministrationTest : ::testing::Test {
+    testing::FakeMainWindowParts fakes;
+    testing::ManualQueue jobs;
+    std::set<std::string> files{"/usr/local/sbin/chronyd", "/usr/local/bin/chronyc", "/etc/chrony.d/chrony.conf",
+                                "/etc/systemd/system/org.chrony-project.chronyd.service"};
+    WarningRegister warnings{fakes.settings};
+    PreferencesGeneral general = PreferencesGeneral::load(fakes.settings);
+    PreferencesAdvanced advanced;
+    std::vector<std::string> progress;
+    std::vector<std::string> said;
+    std::unique_ptr<TickervantageWindow> window;
+    std::unique_ptr<Administration> administration;
+    ApplicationMenus menus;
+
+    void SetUp() override {
+        fakes.actions = std::make_shared<PrivilegedActions>(
+            fakes.channel, PrivilegedReports{.problem = [this](PrivilegedProblem problem, const std::string& detail) {
+                administration->show_problem(problem, detail);
+            }});
+        window =
+            std::make_unique<TickervantageWindow>(fakes.parts(),
+                                                  StatusCycleOptions{.programs =
+                                                                         [] {
+                                                                             return ChronyPrograms{"/bundle", "", ""};
+                                                                         },
+                                                                     .adjusts_clock_by_preference = [] { return true; },
+                                                                     .gpsd_application_found = [] { return false; },
+                                                                     .chronyc_arguments = {},
+                                                                     .pidfile = {}},
+                                                  MainWindowRequests{});
+        administration = std::make_unique<Administration>(AdministrationParts{
+            .machine = {.queue = [this](std::string_view) -> DispatchQueueSerial& { return jobs; },
+                        .probes = {.file_exists = [this](const std::string& path) { return files.contains(path); },
+                                   .read_file = [](const std::string&) { return std::optional<std::string>(""); },
+                                   .check_syntax = [](const std::string&) { return ConfigError{}; },
+                                   .find_chronywake = [] { return std::string("/usr/local/bin/chronywake"); },
+                                   .daemon_survives =
+                                       [](const std::string&) {
+                                           return true;
+                                       }},
+                        .steps = {.pause = [](int) {},
+                                  .replace_file = [](const auto&, const auto&, auto&) { return 0; },
+                                  .heard = {}}},
+            .actions = fakes.actions,
+            .main_thread = fakes.main_thread,
+            .execute = fakes.execute,
+            .settings = fakes.settings,
+            .warnings = warnings,
+            .general = general,
+            .advanced = advanced,
+            .paths = {},
+            .cycle = [this]() -> StatusCycle& { return window->cycle(); },
+            .window = [this] { return window.get(); },
+            .show_progress = [this](const QString& text) { progress.push_back(text.toStdString()); },
+            .say = [this](const QString& sentence) { said.push_back(sentence.toStdString()); },
+            .stop_for_version = {}});
+        MenuHandlers handlers;
+        administration->menu().add_handlers(handlers);
+        menus = build_application_menus(window.get(), handlers, [this] { return fakes.actions->action_in_progress(); });
+        window->windowDidLoad();
+        window->show();
+        settle();
+    }
+    void settle() {
+        while (jobs.turn() || fakes.queue.turn() || fakes.main_thread.turn()) {
+        }
+    }
+    QMessageBox* sheet(const char* name) { return window->findChild<QMessageBox*>(QLatin1String(name)); }
+    static void press(QMessageBox* box, int button, bool suppress = false) {
+        if (suppress)
+            box->findChild<QCheckBox*>(QStringLiteral("suppress"))->setChecked(true);
+        box->buttons().at(button)->click();
+        delete box; // what the event loop would do
+    }
+    void trigger(const char* name) { menus.actions.at(name)->trigger(); }
+};
+
+TEST_F(AdministrationTest, JobTellsWhatItDoesAndDisablesTheOthersMeanwhile) {
+    for (const auto& [name, text] : {std::pair{"startChrony", "Starting chronyd daemon…"},
+                                     {"stopChrony", "Stopping chronyd daemon…"},
+                                     {"rotateLogs", "Rotating chrony's logs…"},
+                                     {"runChronywake", "Running chronywake…"}}) {
+        progress.clear();
+        trigger(name);
+        EXPECT_EQ(progress, std::vector<std::string>{text});
+        Q_EMIT menus.m_action->aboutToShow();
+        for (const char* item : exclusive_actions)
+            EXPECT_FALSE(menus.actions.at(item)->isEnabled()) << item << " during " << name;
+        settle();
+        Q_EMIT menus.m_action->aboutToShow();
+        for (const char* item : exclusive_actions)
+            EXPECT_TRUE(menus.actions.at(item)->isEnabled()) << item << " after " << name;
+        EXPECT_EQ(progress.back(), "");
+    }
+}
+
+TEST_F(AdministrationTest, RefusalIsShownAndNeverAgainOnceItIsSilenced) {
+    fakes.channel.grants = false;
+    for (const bool suppress : {false, true}) {
+        trigger("stopChrony");
+        settle();
+        auto* alert = sheet("PasswordRequired");
+        ASSERT_NE(alert, nullptr);
+        EXPECT_EQ(alert->text(), QStringLiteral("Authorization cancelled by user"));
+        EXPECT_EQ(alert->informativeText(), QStringLiteral("An admin login/password is required"));
+        press(alert, 0, suppress);
+    }
+    trigger("stopChrony");
+    settle();
+    EXPECT_EQ(sheet("PasswordRequired"), nullptr);
+    EXPECT_TRUE(fakes.channel.commands.empty() && said.empty());
+}
+
+TEST_F(AdministrationTest, ChronyIsRemovedOnlyWhenTheQuestionIsAnswered) {
+    for (const auto& [button, removes] : {std::pair{"Cancel", false}, {"Remove", true}}) {
+        trigger("uninstallChrony");
+        auto* question = sheet("RemoveChrony");
+        ASSERT_NE(question, nullptr);
+        EXPECT_EQ(question->defaultButton()->text(), QStringLiteral("Cancel"));
+        for (const auto& path : {general.chronyd, general.chronyc, general.chronywake, general.config})
+            EXPECT_TRUE(question->informativeText().contains(QString::fromStdString(path))) << path;
+        for (auto* choice : question->buttons())
+            if (choice->text() == QLatin1String(button))
+                choice->click();
+        delete question;
+        settle();
+        EXPECT_EQ(!fakes.channel.commands.empty(), removes);
+    }
+}
+
+TEST_F(AdministrationTest, OfferIsSilencedWhicheverButtonWasPressed) {
+    files.clear();
+    for (const bool suppress : {false, true}) {
+        administration->offer_installation();
+        settle();
+        auto* offer = sheet("FirstRunAlert");
+        ASSERT_NE(offer, nullptr);
+        press(offer, 1, suppress);
+    }
+    administration->offer_installation();
+    settle();
+    EXPECT_EQ(sheet("FirstRunAlert"), nullptr);
+    EXPECT_TRUE(fakes.channel.commands.empty());
+}
+
+} // namespace
+} // namespace tickervantage
