@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -17,7 +19,8 @@ namespace {
 namespace fs = std::filesystem;
 
 struct HelpPagesTest : ::testing::Test {
-    const fs::path folder = fs::path(::testing::TempDir()) / "tickervantage-help";
+    // Tests run beside each other.
+    const fs::path folder = fs::path(::testing::TempDir()) / ("tickervantage-help-" + std::to_string(::getpid()));
     testing::ScriptedExecute execute;
     HelpPages pages{{.execute = execute,
                      .own_pages = folder / "own",
