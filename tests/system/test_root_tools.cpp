@@ -142,24 +142,29 @@ TEST(RootToolsTest, ChronywakeCorrectsOnceAndAfterEachWakeUp) {
     auto words = once;
     words.insert(words.end(), {"--make-thresh", "0.1", "--burst-netmask", "127.0.0.1"});
     ChildProgram stays(words, home.environment, home.path());
-    const auto says = [&](const std::string& text) {
-        return eventually(5s, [&] { return stays.out() == text; });
+    // In this order; how a bus that is ending refuses, and how often, depends on the moment.
+    std::size_t heard = 0;
+    const auto says = [&](const std::string& line) {
+        return eventually(5s, [&] {
+            const auto found = stays.out().find(line, heard);
+            if (found == std::string::npos)
+                return false;
+            heard = found + line.size();
+            return true;
+        });
     };
-    std::string expected = "Waiting for the machine to wake up.\n";
-    ASSERT_TRUE(says(expected)) << stays.out() << stays.err();
+    ASSERT_TRUE(says("Waiting for the machine to wake up.\n")) << stays.out() << stays.err();
     bus.say_as_somebody_else();
     bus.say_prepare_for_sleep(true);
     bus.say_prepare_for_sleep(false);
-    EXPECT_TRUE(says(expected += "After waking up: 200 OK\n")) << stays.out();
+    EXPECT_TRUE(says("After waking up: 200 OK\n")) << stays.out();
     bus.end();
-    EXPECT_TRUE(says(expected += "The system bus has gone; waiting for it.\n"
-                                 "Cannot listen on the system bus: Connection refused.\n"))
-        << stays.out();
+    EXPECT_TRUE(says("The system bus has gone; waiting for it.\nCannot listen on the system bus: ")) << stays.out();
     bus.start(home);
-    EXPECT_TRUE(says(expected += "Waiting for the machine to wake up.\n")) << stays.out();
+    EXPECT_TRUE(says("Waiting for the machine to wake up.\n")) << stays.out();
     pair.stop();
     bus.say_prepare_for_sleep(false);
-    EXPECT_TRUE(says(expected += "After waking up: Could not open connection to daemon\n")) << stays.out();
+    EXPECT_TRUE(says("After waking up: Could not open connection to daemon\n")) << stays.out();
     ChildProgram last(once, home.environment, home.path());
     EXPECT_EQ(last.ends_within(5s), 1);
     EXPECT_EQ(last.out(), "Could not open connection to daemon\n");
