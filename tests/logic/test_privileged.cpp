@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -31,7 +33,8 @@ TEST(RunningCheck, OptionThatForbidsAdjustmentIsFoundAmongTheOthers) {
 
 struct RunningCheckTest : ::testing::Test {
     testing::ScriptedExecute execute;
-    std::filesystem::path proc = std::filesystem::path(::testing::TempDir()) / "running_check_proc";
+    std::filesystem::path proc =
+        std::filesystem::path(::testing::TempDir()) / ("running_check_proc-" + std::to_string(::getpid()));
 
     void SetUp() override { std::filesystem::remove_all(proc); }
     void TearDown() override { std::filesystem::remove_all(proc); }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -15,7 +17,7 @@ namespace fs = std::filesystem;
 
 struct ServiceFilesTest : ::testing::Test {
     PosixExecute execute;
-    fs::path folder = fs::path(::testing::TempDir()) / "service files";
+    fs::path folder = fs::path(::testing::TempDir()) / ("service files " + std::to_string(::getpid()));
 
     void SetUp() override {
         fs::remove_all(folder);
