@@ -71,9 +71,16 @@ std::string last_journal_words(const DaemonUnits& units, const std::string& invo
         return units.execute.run({.program = "/bin/journalctl", .arguments = std::move(arguments)});
     };
     (void)journal({"--sync"}); // the last words may still be on their way; without this they are only likelier missed
-    for (const auto* priority : {"err", "debug"}) {
-        const auto result = journal({"--quiet", "--no-pager", "--output=cat", "--lines=1", "--priority", priority,
-                                     "_SYSTEMD_INVOCATION_ID=" + invocation, "+", "INVOCATION_ID=" + invocation});
+    const std::string own = "_SYSTEMD_INVOCATION_ID=" + invocation;
+    // The manager's complaint often comes after the daemon's, and says less.
+    using Matches = std::vector<std::string>;
+    const Matches everybody{own, "+", "INVOCATION_ID=" + invocation};
+    for (const auto& [priority, matches] :
+         {std::pair<const char*, Matches>{"err", {own}}, {"err", everybody}, {"debug", everybody}}) {
+        std::vector<std::string> arguments{"--quiet",   "--no-pager", "--output=cat",
+                                           "--lines=1", "--priority", priority};
+        arguments.insert(arguments.end(), matches.begin(), matches.end());
+        const auto result = journal(std::move(arguments));
         if (succeeded(result) && !trimmed(result.output).empty())
             return last_words(result);
     }
