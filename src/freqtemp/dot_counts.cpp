@@ -22,14 +22,6 @@ std::uint64_t eight_at(const std::uint8_t* pixels) {
     return eight;
 }
 
-std::uint32_t scaled(std::uint32_t pixel, std::uint32_t share) {
-    const auto halves = [share](std::uint32_t two) { // two channels, 16 bits apart
-        const std::uint32_t product = two * share + 0x0080'0080;
-        return ((product + ((product >> 8) & 0x00FF'00FF)) >> 8) & 0x00FF'00FF;
-    };
-    return halves(pixel & 0x00FF'00FF) | (halves((pixel >> 8) & 0x00FF'00FF) << 8);
-}
-
 struct Shade {
     std::uint32_t source = 0; // multiplied by its alpha
     std::uint32_t rest = 255; // how much is left of what was there
@@ -58,7 +50,7 @@ void paint_run(const std::uint8_t* counts, std::size_t length, const Shades& sha
         if (shade.rest == 0)
             pixels[at] = shade.source; // what is hidden is not read: waiting for it costs the most
         else if (shade.rest < 255)
-            pixels[at] = shade.source + scaled(pixels[at], shade.rest);
+            pixels[at] = shade.source + scaled_pixel(pixels[at], shade.rest);
     }
 }
 

@@ -19,19 +19,29 @@ void widen(ColumnSpan& span, double y) { // an absent value compares false
     span.high = y > span.high ? y : span.high;
 }
 
-void add(std::vector<ColumnSpan>& spans, const ColumnSpan& span) {
-    if (span.low <= span.high)
-        spans.push_back(span);
-}
+// Writes on, over memory that is there.
+class SpanWriter {
+public:
+    explicit SpanWriter(ColumnSpan* next) : m_next(next) {}
+
+    void add(const ColumnSpan& span) {
+        if (span.low <= span.high)
+            *m_next++ = span;
+    }
+    [[nodiscard]] const ColumnSpan* end() const { return m_next; }
+
+private:
+    ColumnSpan* m_next;
+};
 
 // Follows a line to the next cell, through the boundaries of the columns on its way.
-void follow(ColumnSpan& span, const Cell& cell, double from, double to, std::vector<ColumnSpan>& spans) {
+void follow(ColumnSpan& span, const Cell& cell, double from, double to, SpanWriter& spans) {
     const double rise = to - from;
     double share = cell.entry;
     while (span.column < cell.column) {
         const double y = from + rise * std::clamp(share, 0.0, 1.0);
         widen(span, y);
-        add(spans, span);
+        spans.add(span);
         span = {span.column + 1, y, y};
         share += cell.entry_step;
     }
@@ -45,24 +55,27 @@ DenseStrand::DenseStrand(const TrackingRecords& records, const Strand& strand, T
     records.read(strand.cells.front().records.first, strand.cells.back().records.end, values);
 }
 
-void DenseStrand::add_spans(Series series, const ValueScale& scale, std::vector<ColumnSpan>& spans) {
+void DenseStrand::find_spans(Series series, const ValueScale& scale, std::vector<ColumnSpan>& spans) {
     const auto offsets = std::span(m_values[static_cast<std::size_t>(series)]).subspan(m_first, m_count);
     scale.to_offsets(offsets);
     const double* at = offsets.data();
     double last = std::numeric_limits<double>::quiet_NaN(); // of the cell before
     ColumnSpan span = empty_span(m_strand.cells.front().column);
+    spans.resize(static_cast<std::size_t>(m_strand.cells.back().column - span.column) + m_strand.cells.size() + 1);
+    SpanWriter writer(spans.data());
     for (const Cell& cell : m_strand.cells) {
         if (std::isnan(last) || std::isnan(*at)) {
-            add(spans, span);
+            writer.add(span);
             span = empty_span(cell.column);
         } else {
-            follow(span, cell, last, *at, spans);
+            follow(span, cell, last, *at, writer);
         }
         for (const double* const end = at + (cell.records.end - cell.records.first); at != end; ++at)
             widen(span, *at);
         last = at[-1];
     }
-    add(spans, span);
+    writer.add(span);
+    spans.resize(static_cast<std::size_t>(writer.end() - spans.data()));
 }
 
 } // namespace tickervantage

@@ -19,9 +19,9 @@ public:
     // The strand is dense. Its values are appended to those of others; both outlive this.
     DenseStrand(const TrackingRecords& records, const Strand& strand, TrackingRecords::AllValues& values);
 
-    // Once for each series: the values are used up. Columns without a present one are left out. Heights in points from
-    // the zero line.
-    void add_spans(Series series, const ValueScale& scale, std::vector<ColumnSpan>& spans);
+    // Once for each series: the values are used up. `spans` holds nothing else afterwards. Columns without a present
+    // one are left out. Heights in points from the zero line.
+    void find_spans(Series series, const ValueScale& scale, std::vector<ColumnSpan>& spans);
 
 private:
     const Strand& m_strand;

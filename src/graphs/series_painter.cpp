@@ -70,8 +70,7 @@ void SeriesPainter::draw_strand(const Strand& strand) {
 }
 
 void SeriesPainter::draw_dense_strand(DenseStrand& strand) {
-    m_spans.clear();
-    strand.add_spans(m_series, m_scale, m_spans);
+    strand.find_spans(m_series, m_scale, m_spans);
     const double zero_line = m_axis.origin.y;
     const double lowest = m_sight.y - zero_line;
     const double highest = upper_edge(m_sight) - zero_line;

@@ -59,7 +59,7 @@ bool quick_offsets(double* values, double yscale, double decade_scale) {
         const auto mantissa = std::bit_cast<float>(units[i] - exponent * (1 << 23)); // from 0.707 to 1.414
         const float s = (mantissa - 1) / (mantissa + 1);
         const float square = s * s;
-        const float sum = ((square / 7 + 1.0F / 5) * square + 1.0F / 3) * square + 1;
+        const float sum = ((square * (1.0F / 7) + 1.0F / 5) * square + 1.0F / 3) * square + 1;
         const float doublings = static_cast<float>(exponent) + s * sum * 2.88539008F; // 2 / ln 2
         heights[i] = doublings > 0 ? doublings * doubling : 0;
     }

@@ -14,15 +14,6 @@ std::uint32_t divided_by_255(std::uint32_t value) {
     return (value + 128 + ((value + 128) >> 8)) >> 8;
 }
 
-// All four channels of a pixel times share / 255.
-std::uint32_t scaled(std::uint32_t pixel, std::uint32_t share) {
-    const auto halves = [share](std::uint32_t two) { // two channels, 16 bits apart
-        const std::uint32_t product = two * share + 0x0080'0080;
-        return ((product + ((product >> 8) & 0x00FF'00FF)) >> 8) & 0x00FF'00FF;
-    };
-    return halves(pixel & 0x00FF'00FF) | (halves((pixel >> 8) & 0x00FF'00FF) << 8);
-}
-
 std::uint32_t premultiplied(const Color& color) {
     const auto channel = [](double value) {
         return static_cast<std::uint32_t>(std::lround(std::clamp(value, 0.0, 1.0) * 255));
@@ -36,7 +27,7 @@ std::uint32_t premultiplied(const Color& color) {
 
 CoverageBrush::CoverageBrush(const Color& color) {
     for (std::uint32_t share = 0; share < m_by_coverage.size(); ++share)
-        m_by_coverage[share] = scaled(premultiplied(color), share);
+        m_by_coverage[share] = scaled_pixel(premultiplied(color), share);
 }
 
 void CoverageBrush::fill(const PixelRows& pixels, int left, int right, float top, float bottom) const {
@@ -85,7 +76,7 @@ std::uint32_t* CoverageBrush::lay_all(std::uint32_t* pixel, std::ptrdiff_t step,
     for (; count > 0; --count, pixel += step) {
         if (*pixel != before) {
             before = *pixel;
-            after = source + scaled(before, share);
+            after = source + scaled_pixel(before, share);
         }
         *pixel = after;
     }
@@ -93,8 +84,7 @@ std::uint32_t* CoverageBrush::lay_all(std::uint32_t* pixel, std::ptrdiff_t step,
 }
 
 void CoverageBrush::lay_one(std::uint32_t& pixel, float coverage) const {
-    const std::uint32_t source = m_by_coverage[static_cast<std::uint8_t>(coverage * 255 + 0.5F)];
-    pixel = source + scaled(pixel, 255 - (source >> 24));
+    pixel = laid_over(pixel, static_cast<std::uint8_t>(coverage * 255 + 0.5F));
 }
 
 void CoverageBrush::lay(std::uint64_t coverage, std::uint32_t* pixels) const {
@@ -102,7 +92,7 @@ void CoverageBrush::lay(std::uint64_t coverage, std::uint32_t* pixels) const {
         const int at = std::countr_zero(coverage) / 8;
         const std::uint32_t source = m_by_coverage[coverage >> (8 * at) & 0xFF];
         // What is hidden is not read: waiting for it costs the most.
-        pixels[at] = source >= OPAQUE ? source : source + scaled(pixels[at], 255 - (source >> 24));
+        pixels[at] = source >= OPAQUE ? source : source + scaled_pixel(pixels[at], 255 - (source >> 24));
         coverage &= ~(std::uint64_t{0xFF} << (8 * at));
     }
 }

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <random>
 #include <vector>
 
 namespace tickervantage {
@@ -113,6 +114,42 @@ TEST(CoverageLayer, BackgroundOfItsOwnLooksLikeOneThatWasThere) {
             ASSERT_EQ(own.pixel(x, y), there.pixel(x, y)) << x << " " << y;
             ASSERT_EQ(own.pixel(x, y), boxes.pixel(x, y)) << x << " " << y;
         }
+}
+
+// Boxes alone over a background are painted in another way than boxes over what is there.
+TEST(CoverageLayer, BoxesLookTheSameHoweverTheyArePainted) {
+    constexpr int WIDTH = 300;
+    constexpr int HEIGHT = 40;
+    for (const int colors : {1, 9, 12}) { // of the last there are too many
+        std::mt19937 random(7);
+        std::uniform_real_distribution<double> share(0, 1);
+        Picture there(WIDTH, HEIGHT);
+        Picture own(WIDTH, HEIGHT);
+        for (Picture* picture : {&there, &own}) {
+            picture->layer.use({1, 1, 0.9, 1});
+            picture->layer.add_box({0, 0, WIDTH, HEIGHT});
+        }
+        there.paint();
+        for (int color = 0; color < colors; ++color) {
+            const Color ink{share(random), share(random), share(random), color % 4 == 3 ? 1 : 0.9};
+            there.layer.use(ink);
+            own.layer.use(ink);
+            for (int x = 0; x < WIDTH; x += color == 2 ? 20 : 1) {
+                const double top = share(random) * HEIGHT - 2;
+                const Rect box{static_cast<double>(x), x % 7 == 0 ? std::floor(top) : top, color == 2 ? 17.0 : 1.0,
+                               x % 5 == 0 ? 3 : share(random) * (x % 3 == 0 ? HEIGHT : 3)};
+                there.layer.add_box(box);
+                own.layer.add_box(box);
+            }
+        }
+        there.paint();
+        own.paint();
+        for (int y = 0; y < HEIGHT; ++y)
+            for (int x = 0; x < WIDTH; ++x)
+                for (const unsigned shift : {0U, 8U, 16U, 24U}) // rounded in another order
+                    ASSERT_NEAR(own.pixel(x, y) >> shift & 0xFFU, there.pixel(x, y) >> shift & 0xFFU, 1)
+                        << colors << " colours, " << x << " " << y;
+    }
 }
 
 TEST(CoverageLayer, WhatLiesOutsideIsCutOff) {
