@@ -197,7 +197,7 @@ TEST_F(ChronysupportTest, StepsTheClockByWholeAndBrokenSeconds) {
 
 std::string unit(const std::string& id, const std::string& state, const std::string& run = "7") {
     return "Id=" + id + "\nLoadState=loaded\nActiveState=" + state + "\nSubState=x\nInvocationID=i" + run +
-           "\nMainPID=" + run + "\nNeedDaemonReload=no\n";
+           "\nMainPID=" + run + "\nExecMainPID=" + run + "\nNeedDaemonReload=no\n";
 }
 
 class ChronysupportUnitsTest : public ChronysupportTest {
@@ -223,6 +223,7 @@ TEST_F(ChronysupportUnitsTest, ADaemonThatDiesWhileWatchedIsAFailureInItsOwnWord
         EXPECT_EQ(run({"startchrony"}), VerbResult::failed) << later;
         EXPECT_EQ(m_line, ours + " does not stay up: Fatal error : Could not open /dev/pps7");
         EXPECT_EQ(m_looks, 3);
+        EXPECT_TRUE(m_execute.calls.back().ends_with("|_SYSTEMD_INVOCATION_ID=i7|+|_PID=7")) << m_execute.calls.back();
     }
 }
 

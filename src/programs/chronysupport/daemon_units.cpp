@@ -54,8 +54,9 @@ int fail(std::string& sentence, std::string text) {
 
 int look_at(const DaemonUnits& units, const std::string& unit, UnitStatus& status, std::string& sentence) {
     const auto result = systemctl(
-        units,
-        {"show", "--property=Id,LoadState,ActiveState,SubState,Result,InvocationID,MainPID,NeedDaemonReload", unit});
+        units, {"show",
+                "--property=Id,LoadState,ActiveState,SubState,Result,InvocationID,MainPID,ExecMainPID,NeedDaemonReload",
+                unit});
     if (!succeeded(result))
         return fail(sentence, fmt::format("Cannot ask for {}: {}", unit, last_words(result)));
     status.values.clear();
@@ -66,18 +67,23 @@ int look_at(const DaemonUnits& units, const std::string& unit, UnitStatus& statu
 }
 
 // What a daemon, or the service manager about it, said last; a complaint rather than a farewell.
-std::string last_journal_words(const DaemonUnits& units, const std::string& invocation) {
+std::string last_journal_words(const DaemonUnits& units, const UnitStatus& status) {
     const auto journal = [&](std::vector<std::string> arguments) {
         return units.execute.run({.program = "/bin/journalctl", .arguments = std::move(arguments)});
     };
     (void)journal({"--sync"}); // the last words may still be on their way; without this they are only likelier missed
-    const std::string own = "_SYSTEMD_INVOCATION_ID=" + invocation;
-    // The manager's complaint often comes after the daemon's, and says less.
+    const auto invocation = status["InvocationID"];
     using Matches = std::vector<std::string>;
-    const Matches everybody{own, "+", "INVOCATION_ID=" + invocation};
+    Matches own{"_SYSTEMD_INVOCATION_ID=" + invocation};
+    // The journal cannot tell any more whose run it was when it comes to the words of a process that has ended.
+    if (const auto process = status["ExecMainPID"]; !process.empty() && process != "0")
+        own.insert(own.end(), {"+", "_PID=" + process});
+    // The manager's complaint often comes after the daemon's, and says less.
+    Matches everybody = own;
+    everybody.insert(everybody.end(), {"+", "INVOCATION_ID=" + invocation});
     for (const auto& [priority, matches] :
-         {std::pair<const char*, Matches>{"err", {own}}, {"err", everybody}, {"debug", everybody}}) {
-        std::vector<std::string> arguments{"--quiet",   "--no-pager", "--output=cat",
+         {std::pair<const char*, Matches>{"err", own}, {"err", everybody}, {"debug", everybody}}) {
+        std::vector<std::string> arguments{"--quiet",   "--no-pager", "--boot", "--output=cat",
                                            "--lines=1", "--priority", priority};
         arguments.insert(arguments.end(), matches.begin(), matches.end());
         const auto result = journal(std::move(arguments));
@@ -88,8 +94,7 @@ std::string last_journal_words(const DaemonUnits& units, const std::string& invo
 }
 
 int died(const DaemonUnits& units, const UnitStatus& status, std::string& sentence) {
-    return fail(sentence, fmt::format("{} does not stay up: {}", status["Id"],
-                                      last_journal_words(units, status["InvocationID"])));
+    return fail(sentence, fmt::format("{} does not stay up: {}", status["Id"], last_journal_words(units, status)));
 }
 
 int start_unit(const DaemonUnits& units, const UnitStatus& status, std::string& sentence) {
