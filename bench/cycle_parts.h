@@ -32,7 +32,7 @@ public:
     CycleParts& operator=(const CycleParts&) = delete;
 
     [[nodiscard]] StatusCycleParts parts() {
-        return {m_execute, m_actions, m_queue, m_main_thread, m_timer, m_broadcast, m_settings};
+        return {m_execute, m_actions, m_queue, m_report_queue, m_main_thread, m_timer, m_broadcast, m_settings};
     }
 
     [[nodiscard]] StatusCycleOptions options(std::vector<std::string> chronyc_arguments, std::string pidfile) const {
@@ -61,7 +61,8 @@ private:
     NoPrivilegedChannel m_channel;
     PrivilegedActions m_actions{m_channel};
     Broadcast m_broadcast;
-    SerialQueue m_queue{"net.brisklane.status"}; // last: its work uses all of the above
+    SerialQueue m_report_queue{"net.brisklane.reports"}; // last: the queues' work uses all of the above
+    SerialQueue m_queue{"net.brisklane.status"};
 };
 
 } // namespace tickervantage::bench

@@ -107,6 +107,7 @@ private:
     std::unique_ptr<ScreenshotTour> m_tour;
     // The queues whose work uses the parts above end before those go.
     SerialQueue m_status_queue{"net.brisklane.status"};
+    SerialQueue m_report_queue{"net.brisklane.reports"};
     LabelledQueues m_job_queues;
     SerialQueue m_removal_queue{"net.brisklane.removetuxfamily"};
     SerialQueue m_spectrum_queue{"net.brisklane.spectrum"};
@@ -166,7 +167,8 @@ AdministrationMachine Program::machine(const Paths& paths) {
 }
 
 ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) {
-    return {.cycle = {m_execute, *m_actions, m_status_queue, m_main_thread, m_timer, m_broadcast, m_settings},
+    return {.cycle = {m_execute, *m_actions, m_status_queue, m_report_queue, m_main_thread, m_timer, m_broadcast,
+                      m_settings},
             .actions = m_actions,
             .removal_queue = m_removal_queue,
             .old_installation = {.form = native_service_form,

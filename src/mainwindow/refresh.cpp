@@ -9,25 +9,21 @@
 namespace tickervantage {
 namespace {
 
-void run_privileged_report(const RefreshRequest& request, RefreshReading& reading) {
-    const bool authdata = request.command == "authdata";
-    const bool ntpdata = request.command == "ntpdata";
-    reading.output = request.runner->run_privileged(request.resolve, request.original,
-                                                    authdata ? request.command + " -a" : request.command,
-                                                    ntpdata ? request.server : std::string());
+ReportText shortened(std::string output, std::string problem) {
+    if (limit_lines(output) && problem.empty())
+        problem = "only the first " + std::to_string(most_lines) + " lines are shown.";
+    return {std::move(output), std::move(problem)};
 }
 
-void run_command(const RefreshRequest& request, RefreshReading& reading) {
-    if (is_privileged_report(request.command)) {
-        run_privileged_report(request, reading);
-    } else if (request.command == "tracking") {
-        reading.output = reading.tracking.output;
-    } else if (request.command != "version" && reading.tracking.outcome == ExecuteOutcome::exited) {
-        // A chronyc that could not be run, or hung, a moment ago would only do so again.
-        ExecuteResult result = request.runner->run(request.command);
-        reading.output = std::move(result.output);
-        reading.problem = std::move(result.sentence);
-    }
+ReportText run_command(const RefreshRequest& request, const ExecuteResult& tracking) {
+    if (request.command == "tracking")
+        return shortened(tracking.output, {});
+    // A chronyc that could not be run, or hung, a moment ago would only do so again.
+    if (request.command == "version" || is_privileged_report(request.command) ||
+        tracking.outcome != ExecuteOutcome::exited)
+        return {};
+    ExecuteResult result = request.runner->run(request.command);
+    return shortened(std::move(result.output), std::move(result.sentence));
 }
 
 } // namespace
@@ -83,12 +79,19 @@ RefreshReading read_status(const RefreshRequest& request, RefreshTools& tools) {
     reading.tracking = request.runner->run("tracking");
     reading.report = parse_tracking(reading.tracking.output);
     reading.discipline = tools.running_check.check();
-    run_command(request, reading);
-    if (limit_lines(reading.output) && reading.problem.empty())
-        reading.problem = "only the first " + std::to_string(most_lines) + " lines are shown.";
+    reading.report_text = run_command(request, reading.tracking);
     if (request.list_servers && reading.tracking.outcome == ExecuteOutcome::exited)
         reading.servers = server_names(request.runner->run("sourcestats").output);
     return reading;
+}
+
+ReportText read_privileged_report(const RefreshRequest& request) {
+    const bool authdata = request.command == "authdata";
+    const bool ntpdata = request.command == "ntpdata";
+    return shortened(request.runner->run_privileged(request.resolve, request.original,
+                                                    authdata ? request.command + " -a" : request.command,
+                                                    ntpdata ? request.server : std::string()),
+                     {});
 }
 
 } // namespace tickervantage

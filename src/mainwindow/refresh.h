@@ -28,13 +28,18 @@ struct RefreshRequest {
     bool list_servers = false; // read the names of the sources as well
 };
 
+// The text of the report that is shown.
+struct ReportText {
+    std::string output;  // empty for "version", whose text is known, and for the reports that need root
+    std::string problem; // why the output is missing or cut, for people
+};
+
 struct RefreshReading {
     bool gpsd_application_found = false;
     ClockDiscipline discipline = ClockDiscipline::not_running;
     ExecuteResult tracking;
-    TrackingReport report;                           // what it says
-    std::string output;                              // of the command; empty for "version", whose text is known
-    std::string problem;                             // why the output is missing or cut, for people
+    TrackingReport report; // what it says
+    ReportText report_text;
     std::optional<std::vector<std::string>> servers; // sorted; none: keep the list as it is
 };
 
@@ -43,6 +48,10 @@ struct RefreshReading {
 
 // Blocks for as long as chronyc takes: not for the main thread.
 [[nodiscard]] RefreshReading read_status(const RefreshRequest& request, RefreshTools& tools);
+
+// The report that needs root, through the helper. Blocks for as long as that takes, which may be much longer than a
+// reading: names of clients are looked up, and others may be ahead in the helper's line.
+[[nodiscard]] ReportText read_privileged_report(const RefreshRequest& request);
 
 // The text with lines of at most longest_line characters and at most most_lines of them, and whether anything was left
 // out. A text view lays out any such text in a few milliseconds; a megabyte of line ends would take it seconds.

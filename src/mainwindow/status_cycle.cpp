@@ -36,7 +36,7 @@ void StatusCycle::load() {
 
 void StatusCycle::close() {
     // The farewell waits for the helper. Where the program ends before it is said, the connection ends with it.
-    m_parts.queue.async([&privileged = m_parts.privileged] { privileged.quit(); });
+    m_parts.report_queue.async([&privileged = m_parts.privileged] { privileged.quit(); });
     if (!m_installing)
         m_updatetimer->stop();
     m_settings.save(m_parts.settings);
@@ -44,6 +44,7 @@ void StatusCycle::close() {
 
 void StatusCycle::chronycCommand(const std::string& command) {
     m_settings.chronyCommand = command;
+    m_root_report = {};
     const bool ntpdata = command == "ntpdata";
     m_list_servers = ntpdata;
     m_display.show_server_field(ntpdata);
@@ -147,19 +148,51 @@ void StatusCycle::rebuild_runner() {
 void StatusCycle::start_reading() {
     m_reading = true;
     m_again = false;
-    RefreshRequest request{.runner = m_chronyc,
-                           .command = m_settings.chronyCommand,
-                           .server = m_settings.m_server,
-                           .resolve = !m_settings.showIPaddress,
-                           .original = m_settings.showOriginalName,
-                           .list_servers = std::exchange(m_list_servers, false)};
-    m_parts.queue.async([request = std::move(request), tools = m_tools, &main_thread = m_parts.main_thread,
+    RefreshRequest wanted = request();
+    wanted.list_servers = std::exchange(m_list_servers, false);
+    start_report(wanted);
+    m_parts.queue.async([wanted = std::move(wanted), tools = m_tools, &main_thread = m_parts.main_thread,
                          self = std::weak_ptr(m_self)] {
-        main_thread.main_async([reading = read_status(request, *tools), self] {
+        main_thread.main_async([reading = read_status(wanted, *tools), self] {
             if (const auto alive = self.lock())
                 (*alive)->apply(reading);
         });
     });
+}
+
+RefreshRequest StatusCycle::request() const {
+    return {.runner = m_chronyc,
+            .command = m_settings.chronyCommand,
+            .server = m_settings.m_server,
+            .resolve = !m_settings.showIPaddress,
+            .original = m_settings.showOriginalName};
+}
+
+// One at a time: a later reading asks again.
+void StatusCycle::start_report(const RefreshRequest& wanted) {
+    const bool is_possible = is_privileged_report(wanted.command) && m_parts.privileged.helper_ready();
+    if (!is_possible || std::exchange(m_reporting, true))
+        return;
+    m_parts.report_queue.async([wanted, &main_thread = m_parts.main_thread, self = std::weak_ptr(m_self)] {
+        main_thread.main_async([wanted, text = read_privileged_report(wanted), self] {
+            if (const auto alive = self.lock())
+                (*alive)->apply_report(wanted, text);
+        });
+    });
+}
+
+void StatusCycle::apply_report(const RefreshRequest& wanted, const ReportText& text) {
+    m_reporting = false;
+    const bool is_wanted = wanted.runner == m_chronyc && wanted.command == m_settings.chronyCommand &&
+                           wanted.server == m_settings.m_server;
+    if (!is_wanted) {
+        start_report(request());
+    } else if (!m_parts.privileged.helper_ready()) {
+        refresh(); // the authorisation has lapsed: the next reading says so
+    } else {
+        m_root_report = text;
+        m_display.show_output(text.output);
+    }
 }
 
 void StatusCycle::apply(const RefreshReading& reading) {
@@ -193,9 +226,11 @@ void StatusCycle::apply_tracking(const RefreshReading& reading) {
 }
 
 void StatusCycle::show_output(const RefreshReading& reading) {
+    if (is_privileged_report(m_settings.chronyCommand) && m_parts.privileged.helper_ready())
+        return; // it comes by itself
     m_display.show_output(m_settings.chronyCommand == "version"
                               ? version_text(m_version_chronyd.text, m_version_chronyc.text)
-                              : reading.output);
+                              : reading.report_text.output);
 }
 
 StatusNotice StatusCycle::notice(const RefreshReading& reading) const {
@@ -204,11 +239,11 @@ StatusNotice StatusCycle::notice(const RefreshReading& reading) const {
         return {Kind::chronyc_failed, reading.tracking.sentence};
     if (m_chronydStatus == chronydStatus::unavailable)
         return {Kind::daemon_silent, std::string(trimmed(reading.tracking.output.substr(0, longest_detail)))};
-    if (is_privileged_report(m_settings.chronyCommand) && !m_parts.privileged.helper_ready())
+    const bool needs_root = is_privileged_report(m_settings.chronyCommand);
+    if (needs_root && !m_parts.privileged.helper_ready())
         return {Kind::needs_helper, m_settings.chronyCommand};
-    if (!reading.problem.empty())
-        return {Kind::report_incomplete, reading.problem};
-    return {};
+    const std::string& problem = needs_root ? m_root_report.problem : reading.report_text.problem;
+    return problem.empty() ? StatusNotice{} : StatusNotice{Kind::report_incomplete, problem};
 }
 
 void StatusCycle::apply_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) {

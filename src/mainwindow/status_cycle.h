@@ -2,7 +2,8 @@
 //
 // Main thread only. chronyc runs on the queue, one reading at a time; what it says is applied on the main thread in a
 // fixed order. A control that changes while a reading is under way makes that reading stale: it is dropped, and a new
-// one follows.
+// one follows. Reports that need root come on a queue of their own and are shown once they are there: the needle does
+// not wait for the helper.
 #pragma once
 
 #include "instruments/clock_performance.h"
@@ -27,6 +28,7 @@ struct StatusCycleParts {
     Execute& execute;
     PrivilegedActions& privileged;
     DispatchQueueSerial& queue;
+    DispatchQueueSerial& report_queue; // for all that waits for the root helper
     MainThread& main_thread;
     MasterTimer& timer;
     Broadcast& broadcast;
@@ -90,6 +92,9 @@ public:
 
 private:
     void start_reading();
+    [[nodiscard]] RefreshRequest request() const; // as the controls have it now
+    void start_report(const RefreshRequest& wanted);
+    void apply_report(const RefreshRequest& wanted, const ReportText& text);
     void restart_timer();
     void tick();
     void apply(const RefreshReading& reading);
@@ -116,6 +121,8 @@ private:
     bool m_list_servers = false; // the next reading brings the servers' names
     bool m_reading = false;      // one is under way
     bool m_again = false;        // and is stale: another follows
+    bool m_reporting = false;    // a report that needs root is under way
+    ReportText m_root_report;    // the latest one
     std::vector<std::function<void(const StatusNotice&)>> m_applied;
     std::shared_ptr<StatusCycle*> m_self; // work on its way back finds out through it that the cycle has gone
 };

@@ -1,5 +1,6 @@
 #include "mainwindow/current_frequency.h"
 #include "mainwindow/status_cycle.h"
+#include "platform/helper_names.h"
 #include "support/fake_main_window_parts.h"
 
 #include <gtest/gtest.h>
@@ -182,6 +183,39 @@ TEST_F(StatusCycleTest, PrivilegedReportsComeThroughTheHelperOrStayEmpty) {
     EXPECT_EQ(display.output, "as root");
     EXPECT_EQ(channel.commands, std::vector<std::string>{"/bin/sh -c ' authdata -a' 2>&1"});
     EXPECT_EQ(display.notice, StatusNotice{});
+}
+
+// The helper answers late: its line is long, or somebody is to type a password.
+TEST_F(StatusCycleTest, ReadingsDoNotWaitForTheRootHelper) {
+    load();
+    ASSERT_TRUE(actions->blessHelper());
+    channel.reply = "as root";
+    cycle->chronycCommand("clients");
+    for (const auto& [leap, state] :
+         {std::pair{"Not synchronised", chronydStatus::notlocked}, {"Normal", chronydStatus::synchronised}}) {
+        execute.answer("chronyc tracking", tracking_text(leap));
+        timer.advance(10);
+        while (queue.turn() || main_thread.turn()) {
+        }
+        EXPECT_EQ(display.states.back(), state);
+        EXPECT_EQ(reports.waiting(), 1U) << "one report at a time";
+    }
+    cycle->chronycCommand("selectdata");
+    settle();
+    EXPECT_EQ(channel.commands,
+              (std::vector<std::string>{"/bin/sh -c ' clients' 2>&1", "/bin/sh -c ' selectdata' 2>&1"}));
+    EXPECT_EQ(display.output, "as root");
+
+    cycle->chronycCommand("tracking");
+    settle();
+    channel.reply = helper::lapsed_reply;
+    cycle->chronycCommand("clients");
+    settle();
+    EXPECT_EQ(display.output, "");
+    EXPECT_EQ(display.notice, (StatusNotice{StatusNotice::Kind::needs_helper, "clients"}));
+
+    cycle->close(); // saying farewell waits for the helper, too
+    EXPECT_EQ(queue.waiting(), 0U);
 }
 
 TEST_F(StatusCycleTest, NtpdataListsTheServersOfEitherHeading) {

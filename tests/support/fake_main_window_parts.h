@@ -16,6 +16,7 @@ struct FakeMainWindowParts {
     FakePrivilegedChannel channel;
     std::shared_ptr<PrivilegedActions> actions = std::make_shared<PrivilegedActions>(channel);
     ManualQueue queue;
+    ManualQueue reports;
     ManualMainThread main_thread;
     ManualMasterTimer timer;
     Broadcast broadcast{main_thread};
@@ -30,12 +31,12 @@ struct FakeMainWindowParts {
     }
 
     [[nodiscard]] StatusCycleParts parts() {
-        return {execute, *actions, queue, main_thread, timer, broadcast, settings};
+        return {execute, *actions, queue, reports, main_thread, timer, broadcast, settings};
     }
 
     // Lets everything that is under way come to its end.
     void settle() {
-        while (queue.turn() || main_thread.turn()) {
+        while (queue.turn() || reports.turn() || main_thread.turn()) {
         }
     }
 };
