@@ -1,5 +1,7 @@
 #include "privileged/helper_content.h"
 
+#include "privileged/helper_words.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -15,7 +17,7 @@ constexpr std::string_view white_space = " \t\r\v\f";
 constexpr std::string_view comment_starts = "!;#%";
 
 // Directives that touch no file and run no program.
-constexpr std::array<std::string_view, 67> harmless{"acquisitionport",
+constexpr std::array<std::string_view, 66> harmless{"acquisitionport",
                                                     "allow",
                                                     "authselectmode",
                                                     "bindacqaddress",
@@ -39,7 +41,6 @@ constexpr std::array<std::string_view, 67> harmless{"acquisitionport",
                                                     "hwtimestamp",
                                                     "initstepslew",
                                                     "leapsecmode",
-                                                    "leapsectz",
                                                     "linux_freq_scale",
                                                     "linux_hz",
                                                     "local",
@@ -83,15 +84,18 @@ constexpr std::array<std::string_view, 67> harmless{"acquisitionport",
                                                     "smoothtime",
                                                     "stratumweight"};
 
-// Directives whose words are paths that root or the daemon reads or writes; each must lie in chrony's own folders.
-constexpr std::array<std::string_view, 14> of_paths{
-    "confdir",        "driftfile",  "dumpdir",       "hwclockfile",  "include", "keyfile", "logdir",
-    "ntpsigndsocket", "ntsdumpdir", "ntsservercert", "ntsserverkey", "pidfile", "rtcfile", "sourcedir"};
+// Directives whose words are paths: of further directives, which must come from root; of what chronyd writes, some of
+// it as root, which must not be among the configurations; and of what it only reads.
+constexpr std::array<std::string_view, 2> of_directives{"confdir", "include"};
+constexpr std::array<std::string_view, 7> of_written{"bindcmdaddress", "driftfile", "dumpdir", "logdir",
+                                                     "ntsdumpdir",     "pidfile",   "rtcfile"};
+constexpr std::array<std::string_view, 6> of_read{"hwclockfile",   "keyfile",      "ntpsigndsocket",
+                                                  "ntsservercert", "ntsserverkey", "sourcedir"};
 
 constexpr std::array<std::string_view, 3> daemon_users{"_chrony", "chrony", "ntp"};
-constexpr std::array<std::string_view, 7> chrony_folders{"/etc/chrony/",      "/etc/chrony.d/",   "/run/chrony/",
-                                                         "/run/chrony-dhcp/", "/var/run/chrony/", "/var/lib/chrony/",
-                                                         "/var/log/chrony/"};
+constexpr std::array<std::string_view, 2> roots_folders{"/etc/chrony/", "/etc/chrony.d/"};
+constexpr std::array<std::string_view, 5> daemon_folders{"/run/chrony/", "/run/chrony-dhcp/", "/var/run/chrony/",
+                                                         "/var/lib/chrony/", "/var/log/chrony/"};
 
 template <std::size_t count>
 bool holds(const std::array<std::string_view, count>& list, std::string_view word) {
@@ -113,14 +117,35 @@ Words words_of(std::string_view line) {
     }
 }
 
-bool lies_in_chrony_folder(const std::string& path, const HelperRules& rules) {
-    if (!is_plain_path(path))
-        return false;
-    const auto inside = [folder_path = without_spare_slashes(path) + '/'](std::string_view folder) {
-        return folder_path.starts_with(folder);
-    };
-    return std::ranges::any_of(chrony_folders, inside) ||
-           std::ranges::any_of(rules.log_folders, [&](const auto& folder) { return inside(folder + '/'); });
+// chronyd takes some of the paths for patterns. One that begins with a point may match "..", and a backslash hides what
+// is written: a pattern is for the last name alone.
+bool may_climb(const std::string& path) {
+    const auto last = path.rfind('/') + 1;
+    const auto pattern = path.find_first_of("*?[");
+    return path.find('\\') != std::string::npos || pattern < last ||
+           (pattern != std::string::npos && path.compare(last, 1, ".") == 0);
+}
+
+bool is_inside(const std::string& path, std::string_view folder) {
+    return is_plain_path(path) && !may_climb(path) && (without_spare_slashes(path) + '/').starts_with(folder);
+}
+
+bool is_in_roots_folder(const std::string& path) {
+    return std::ranges::any_of(roots_folders, [&path](std::string_view folder) { return is_inside(path, folder); });
+}
+
+bool is_in_daemon_folder(const std::string& path, const HelperRules& rules) {
+    return std::ranges::any_of(daemon_folders, [&](std::string_view folder) { return is_inside(path, folder); }) ||
+           std::ranges::any_of(rules.log_folders, [&](const auto& folder) { return is_inside(path, folder + '/'); });
+}
+
+bool is_in_chrony_folder(const std::string& path, const HelperRules& rules) {
+    return is_in_roots_folder(path) || is_in_daemon_folder(path, rules);
+}
+
+// Opening is all it takes with some devices, such as a watchdog.
+bool is_clock_device(std::string_view path) {
+    return (path.starts_with("/dev/ptp") || path.starts_with("/dev/pps")) && path.rfind('/') == 4;
 }
 
 // A socket is made by root at its path; the other kinds open a device, or shared memory, which has no path.
@@ -130,8 +155,13 @@ bool is_safe_clock(const Words& words, const HelperRules& rules) {
     const auto path = words[2].substr(0, words[2].find(':'));
     if (words[1] == "SOCK")
         return is_plain_path(path) && (path.starts_with("/run/chrony.") || path.starts_with("/var/run/chrony.") ||
-                                       lies_in_chrony_folder(path, rules));
-    return words[1] == "SHM" || (path.starts_with("/dev/") && is_plain_path(path));
+                                       is_in_daemon_folder(path, rules));
+    return words[1] == "SHM" || is_clock_device(path);
+}
+
+// The system's own tables of time zones; any other path would be read as well.
+bool is_zone(std::string_view name) {
+    return name.front() != '/' && name.front() != ':' && name.find("..") == std::string_view::npos;
 }
 
 bool is_safe(const Words& words, const HelperRules& rules) {
@@ -146,9 +176,12 @@ bool is_safe(const Words& words, const HelperRules& rules) {
         return words.size() == 2 && words[1].starts_with("/dev/rtc") && is_plain_path(words[1]);
     if (name == "refclock")
         return is_safe_clock(words, rules);
-    const bool names_paths = holds(of_paths, name) || name == "bindcmdaddress";
-    return names_paths && words.size() > 1 && std::all_of(words.begin() + 1, words.end(), [&](const auto& path) {
-               return lies_in_chrony_folder(path, rules);
+    if (name == "leapsectz")
+        return words.size() == 2 && is_zone(words[1]);
+    return words.size() > 1 && std::all_of(words.begin() + 1, words.end(), [&](const auto& path) {
+               return (holds(of_directives, name) && is_in_roots_folder(path)) ||
+                      (holds(of_written, name) && is_in_daemon_folder(path, rules)) ||
+                      (holds(of_read, name) && is_in_chrony_folder(path, rules));
            });
 }
 
@@ -194,17 +227,20 @@ int find_unsafe_lines(std::string_view text, std::string_view installed, const H
     }
     const auto known = directives_of(installed);
     std::vector<ConfigurationLine> found;
-    int too_long = 0;
+    std::string fault;
     each_line(text, [&](int number, std::string_view line) {
-        if (line.size() > longest_line)
-            too_long = number;
         const auto words = directive(line);
         const auto whole = joined(words);
-        if (!words.empty() && !is_safe(words, rules) && !known.contains(whole))
+        const bool is_unsafe = !words.empty() && !is_safe(words, rules) && !known.contains(whole);
+        if (is_unsafe)
             found.push_back({number, whole});
+        if (line.size() > longest_line)
+            fault = "Line " + std::to_string(number) + " of the configuration is longer than chronyd reads.";
+        else if (is_unsafe && !is_printable(whole)) // nobody can agree to what cannot be shown
+            fault = "Line " + std::to_string(number) + " of the configuration holds characters that cannot be shown.";
     });
-    if (too_long != 0) {
-        sentence = "Line " + std::to_string(too_long) + " of the configuration is longer than chronyd reads.";
+    if (!fault.empty()) {
+        sentence = fault;
         return -1;
     }
     lines = std::move(found);

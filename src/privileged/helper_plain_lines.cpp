@@ -49,12 +49,14 @@ bool remove_line(const Words& words, Parser& parser) {
     return parser.accept(HelperVerb::remove_definition, {"/bin/rm", "-f", words[2].text});
 }
 
-// The tracking log, or the folder that it lies in: without the folder the log cannot be reached.
+// The tracking log, or the folder that it lies in: without the folder the log cannot be reached. Not where chronyd has
+// its command socket: it wants that folder to itself.
 bool chmod_line(const Words& words, Parser& parser) {
     constexpr std::string_view log = "/tracking.log";
     const std::string path = words.size() == 3 ? words[2].text : std::string();
-    const auto folder = path.ends_with(log) ? path.substr(0, path.size() - log.size()) : path;
-    if (words.size() != 3 || words[1].text != "0755" || !is_daemon_folder(parser.rules, folder))
+    const auto folder = without_spare_slashes(path.ends_with(log) ? path.substr(0, path.size() - log.size()) : path);
+    const bool holds_sockets = folder.starts_with("/run/") || folder.starts_with("/var/run/");
+    if (words.size() != 3 || words[1].text != "0755" || holds_sockets || !is_daemon_folder(parser.rules, folder))
         return parser.refuse("Only chrony's tracking log can be made readable.");
     return parser.accept(HelperVerb::make_readable, {"/bin/chmod", "0755", path});
 }

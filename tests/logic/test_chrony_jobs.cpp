@@ -69,8 +69,10 @@ struct ChronyJobsTest : ::testing::Test {
                              },
                          .check_syntax =
                              [](const std::string& text) {
-                                 return parse_check_answer(
+                                 auto error = parse_check_answer(
                                      text.starts_with("bad") ? "1 Fatal error : Invalid at line 1 in file x" : "");
+                                 error.m_doubt = text.starts_with("doubtful") ? "No chronyd may read it." : "";
+                                 return error;
                              },
                          .find_chronywake = [] { return "/opt/chronywake"; },
                          .daemon_survives =
@@ -271,8 +273,17 @@ TEST(Complaint, IsTheDaemonsOwnWords) {
 }
 
 TEST_F(ChronyJobsTest, NothingIsTouchedWhenTheConfigurationIsBadOrTheFileCannotBeWritten) {
-    EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = "bad"}).sentence,
-              "chronyd refuses this configuration: Fatal error : Invalid at line 1.");
+    for (const auto& [text, sentence] :
+         {std::pair{"bad", "chronyd refuses this configuration: Fatal error : Invalid at line 1."},
+          {"doubtful", "This configuration could not be checked and is not installed: No chronyd may read it."}}) {
+        const JobResult result = run({.job = AdminJob::install_config, .configuration = text});
+        EXPECT_FALSE(result.done);
+        EXPECT_EQ(result.sentence, sentence);
+        files["/B.app/Contents/Resources/chrony.conf"] = text;
+        for (const auto& line : series({AdminJob::install}))
+            EXPECT_EQ(line.find("chrony.conf\""), std::string::npos) << line;
+        steps = {};
+    }
     steps.fail_writes = 1;
     EXPECT_FALSE(run({.job = AdminJob::install_config, .configuration = "good"}).done);
     EXPECT_TRUE(steps.steps().empty());

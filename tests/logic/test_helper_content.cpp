@@ -70,6 +70,29 @@ TEST(HelperContent, ConfigurationLinesThatReachFurtherAreFound) {
         {"refclock PHC /dev/ptp9 poll 0", true},
         {"refclock SHM 0", true},
         {"refclock SOCK /run/chrony.ttyS0.sock", true},
+        {"include /etc/chrony/conf.d/*.conf", true},
+        {"sourcedir /run/chrony-dhcp", true},
+        {"keyfile /etc/chrony/chrony.keys", true},
+        {"leapsectz right/UTC", true},
+        // Patterns that match "..", and names that chronyd takes the backslashes from.
+        {"include /etc/chrony/.?/.?/tmp/x", false},
+        {"include /etc/chrony/.[.]/cron.d/x", false},
+        {"include /etc/chrony/\\.\\./shadow", false},
+        {"include /etc/chrony.d/.*", false},
+        {"sourcedir /run/chrony/.?/.?/home/me", false},
+        // What the daemon's user can write must not say what root does, nor root write among configurations.
+        {"include /var/lib/chrony/x", false},
+        {"confdir /var/log/chrony", false},
+        {"pidfile /etc/chrony/chrony.conf", false},
+        {"bindcmdaddress /etc/chrony/chrony.keys", false},
+        {"driftfile /etc/chrony.d/chrony.conf", false},
+        {"refclock SOCK /etc/chrony/x", false},
+        {"refclock PHC /dev/watchdog", false},
+        {"refclock PPS /dev/pps/../shm/x", false},
+        {"refclock PPS /dev/shm/pps0", false},
+        {"leapsectz /home/me/zone", false},
+        {"leapsectz :/home/me/zone", false},
+        {"leapsectz ../../home/me/zone", false},
         {"rtcdevice /dev/rtc1", true},
         {"user root", false},
         {"USER root", false},
@@ -113,6 +136,8 @@ TEST(HelperContent, ConfigurationThatChronydWouldReadOtherwiseIsRefused) {
     EXPECT_EQ(find_unsafe_lines("server x\n" + hidden, "", {}, lines, sentence), -1);
     EXPECT_EQ(sentence, "Line 2 of the configuration is longer than chronyd reads.");
     EXPECT_EQ(find_unsafe_lines(std::string_view("server x\0\n", 10), "", {}, lines, sentence), -1);
+    EXPECT_EQ(find_unsafe_lines("server x\nuser r\x1b[2Kx\n", "", {}, lines, sentence), -1);
+    EXPECT_EQ(sentence, "Line 2 of the configuration holds characters that cannot be shown.");
 }
 
 } // namespace

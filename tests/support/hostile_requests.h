@@ -86,6 +86,7 @@ inline std::vector<std::string> hostile_requests(const std::string& tool) {
         "EXECUTE rm -f /Library/LaunchDaemons/net.brisklane.gpsdstart.plist", "EXECUTE chmod 4755 /var/log/chrony",
         "EXECUTE chmod 0755 /etc/shadow", "EXECUTE chmod 0755 /etc/tracking.log",
         "EXECUTE chmod 0755 /var/log/chrony/../../../etc/tracking.log", "EXECUTE chmod 0755 /var/log/chrony/x",
+        "EXECUTE chmod 0755 /run/chrony", "EXECUTE chmod 0755 //var/run//chrony/",
         // What looks like a shell's line.
         "EXECUTE /bin/sh -c 'id' 2>&1", "EXECUTE /bin/sh -c '/usr/bin/chronyc shutdown' 2>&1",
         "EXECUTE /bin/sh -c '/usr/bin/chronyc' 2>&1", "EXECUTE /bin/sh -c '/usr/bin/chronyc clients'",

@@ -85,7 +85,7 @@ bool BusPrivilegedChannel::is_current() {
 }
 
 int BusPrivilegedChannel::install(std::string& sentence) {
-    if (is_current())
+    if (is_current() || is_current()) // twice: a helper that ends under the question is there all the same
         return 0;
     const auto result =
         m_execute.run({.program = pkexec, .arguments = {m_installer, "--install"}, .time_limit = helper::dialog_limit});

@@ -7,6 +7,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace tickervantage {
@@ -14,8 +15,8 @@ namespace {
 
 constexpr std::size_t text_limit = std::size_t{1} << 20U;
 constexpr std::size_t program_limit = std::size_t{64} << 20U;
-constexpr std::size_t shown_lines = 8; // in a dialog
-constexpr std::size_t shown_letters = 120;
+constexpr std::size_t shown_lines = 12; // in a dialog
+constexpr std::size_t shown_bytes = 240;
 
 bool is_run(const Item& item) {
     return item.kind == ItemKind::program || item.kind == ItemKind::script;
@@ -38,12 +39,16 @@ std::string known_configuration(const std::string& path) {
     return known;
 }
 
+// Nobody can agree to what a dialog leaves out.
+bool can_be_shown(const std::vector<ConfigurationLine>& lines) {
+    return lines.size() <= shown_lines &&
+           std::ranges::all_of(lines, [](const auto& line) { return line.text.size() <= shown_bytes; });
+}
+
 std::string dialog_text(const std::vector<ConfigurationLine>& lines) {
     std::string text = "This configuration lets chronyd, which starts as root, do more than usual:";
-    for (std::size_t at = 0; at < lines.size() && at < shown_lines; ++at)
-        text += "\nline " + std::to_string(lines[at].number) + ": " + lines[at].text.substr(0, shown_letters);
-    if (lines.size() > shown_lines)
-        text += "\nand " + std::to_string(lines.size() - shown_lines) + " more lines";
+    for (const auto& line : lines)
+        text += "\nline " + std::to_string(line.number) + ": " + line.text;
     return text;
 }
 
@@ -99,8 +104,8 @@ void Job::check_content(const std::string& bytes) {
     std::string sentence;
     if (check_service_definition(request.destination, bytes, m_parts.rules, sentence) != 0)
         return end(Decision::refused, sentence);
-    stage(bytes);
-    do_it();
+    if (stage(bytes))
+        do_it();
 }
 
 // What will run as root must be what root holds already.
@@ -123,7 +128,8 @@ void Job::check_configuration(const std::string& bytes) {
     const auto known = known_configuration(m_order.request.destination);
     if (find_unsafe_lines(bytes, known, m_parts.rules, m_unsafe_lines, sentence) != 0)
         return end(Decision::refused, sentence);
-    stage(bytes);
+    if (!stage(bytes))
+        return;
     auto task = syntax_check_task(m_staged, m_parts.rules);
     if (task.argv.empty())
         return ask_about_unsafe_lines(); // no chronyd is installed that could be stopped by it
@@ -133,8 +139,10 @@ void Job::check_configuration(const std::string& bytes) {
 void Job::ask_about_unsafe_lines() {
     if (m_unsafe_lines.empty())
         return do_it();
-    const auto first = "line " + std::to_string(m_unsafe_lines[0].number) + " (" +
-                       m_unsafe_lines[0].text.substr(0, shown_letters) + ")";
+    if (!can_be_shown(m_unsafe_lines))
+        return end(Decision::refused, "The configuration was not installed: it has more or longer unusual lines than "
+                                      "a question can show.");
+    const auto first = "line " + std::to_string(m_unsafe_lines[0].number) + " (" + m_unsafe_lines[0].text + ")";
     m_parts.polkit.ask({.sender = m_order.caller.name,
                         .action = helper::unsafe_config_action,
                         .message = dialog_text(m_unsafe_lines),
@@ -150,13 +158,15 @@ void Job::ask_about_unsafe_lines() {
                        });
 }
 
-void Job::stage(const std::string& bytes) {
+// False, and the job is over, when they cannot be written: half a file must not be installed.
+bool Job::stage(const std::string& bytes) {
     static unsigned count = 0;
     m_staged = m_parts.folder + "/item-" + std::to_string(++count);
-    // Readable for the daemon's user, who checks a configuration. What cannot be written now fails when it is
-    // installed.
-    (void)write_new_file(m_staged, bytes, 0644);
     m_order.request.argv[2] = m_staged;
+    if (write_new_file(m_staged, bytes, 0644) == 0) // readable for the daemon's user, who checks a configuration
+        return true;
+    end(Decision::failed, "The helper cannot keep the file to be installed.");
+    return false;
 }
 
 void Job::syntax_was_checked(ChildEnd result) {
@@ -179,6 +189,9 @@ void Job::do_it() {
 }
 
 void Job::was_done(ChildEnd result) {
+    const bool found_none = m_order.request.verb == HelperVerb::list_daemons && result.status == 1; // of pgrep
+    if (found_none)
+        return end(Decision::done, std::move(result.output));
     auto text = std::move(result.output);
     if (!result.sentence.empty())
         text += (text.empty() || text.back() == '\n' ? "" : "\n") + result.sentence;

@@ -51,7 +51,7 @@ private:
     void check_configuration(const std::string& bytes);
     void syntax_was_checked(ChildEnd end);
     void ask_about_unsafe_lines();
-    void stage(const std::string& bytes);
+    [[nodiscard]] bool stage(const std::string& bytes);
     void do_it();
     void was_done(ChildEnd end);
     void end(Decision decision, std::string text);

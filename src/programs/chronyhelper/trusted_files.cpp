@@ -41,6 +41,27 @@ int read_all(int file, std::size_t limit, std::string& bytes) {
     }
 }
 
+int fail(const std::string& path, std::string& sentence) {
+    sentence = path + " cannot be read: " + std::generic_category().message(errno) + ".";
+    return -1;
+}
+
+int open_file(const std::string& path, FileDescriptor& file, std::string& sentence) {
+    file.reset(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (file.valid())
+        return 0;
+    return errno == ENOENT ? 1 : fail(path, sentence);
+}
+
+int read_open_file(const FileDescriptor& file, const std::string& path, std::size_t limit, std::string& bytes,
+                   std::string& sentence) {
+    std::string found;
+    if (read_all(file.get(), limit, found) != 0)
+        return fail(path, sentence);
+    bytes = std::move(found);
+    return 0;
+}
+
 } // namespace
 
 std::string parent_folder(const std::string& path) {
@@ -64,28 +85,21 @@ bool is_roots_own(const std::string& path) {
 }
 
 int read_file(const std::string& path, std::size_t limit, std::string& bytes, std::string& sentence) {
-    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    if (!file.valid() && errno == ENOENT)
-        return 1;
-    std::string found;
-    if (!file.valid() || read_all(file.get(), limit, found) != 0) {
-        sentence = path + " cannot be read: " + std::generic_category().message(errno) + ".";
-        return -1;
-    }
-    bytes = std::move(found);
-    return 0;
+    FileDescriptor file;
+    const int found = open_file(path, file, sentence);
+    return found == 0 ? read_open_file(file, path, limit, bytes, sentence) : found;
 }
 
+// Where the file that was opened lies, not what may meanwhile have come to lie at its path.
 int read_roots_file(const std::string& path, std::size_t limit, std::string& bytes, std::string& sentence) {
-    std::string found;
-    if (const int result = read_file(path, limit, found, sentence); result != 0)
-        return result;
-    if (!is_roots_own(path)) {
+    FileDescriptor file;
+    if (const int found = open_file(path, file, sentence); found != 0)
+        return found;
+    if (!is_roots_own("/proc/self/fd/" + std::to_string(file.get()))) {
         sentence = path + " can be changed by others than root, so it is not heeded.";
         return -1;
     }
-    bytes = std::move(found);
-    return 0;
+    return read_open_file(file, path, limit, bytes, sentence);
 }
 
 int write_new_file(const std::string& path, std::string_view bytes, unsigned mode) {

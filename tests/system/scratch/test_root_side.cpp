@@ -217,9 +217,13 @@ TEST_F(RootSide, FilesSwappedMeanwhileLeakNothing) {
 TEST_F(RootSide, ContentIsChecked) {
     authorise();
     const auto before = contents(conf);
+    const auto climbing = "include /etc/chrony/.?/.?" + write("hidden.conf", "user root\n") + "\n";
+    const auto hiding = "keyfile /etc/" + std::string(300, 'x') + "/../shadow\n";
     for (const auto& [text, part] : {std::pair{"server a\nuser root\n", "line 2 (user root)"},
                                      std::pair{"driftfile /etc/cron.d/x\n", "line 1 (driftfile /etc/cron.d/x)"},
-                                     std::pair{"servr a\n", "chronyd does not accept this configuration"}}) {
+                                     std::pair{"servr a\n", "chronyd does not accept this configuration"},
+                                     std::pair{climbing.c_str(), "line 1 (include /etc/chrony/.?/.?/home"},
+                                     std::pair{hiding.c_str(), "than a question can show"}}) {
         const auto reply = send(install_line(write("c.conf", text), conf));
         EXPECT_TRUE(is_sentence(reply) && reply.find(part) != std::string::npos) << reply;
     }
@@ -314,6 +318,7 @@ TEST_F(AskedRootSide, NobodyWaitsForAPasswordWhenTheProgramEnds) {
             granted = own.authorise(sentence).has_value();
         });
         EXPECT_TRUE(dialog.opens());
+        EXPECT_TRUE(is_sentence(own.send(clients, std::nullopt).value_or(""))) << "a request waits for no dialog";
         const auto start = Clock::now();
         (own.*way)();
         asking.join();
