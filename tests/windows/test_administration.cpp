@@ -83,7 +83,7 @@ struct AdministrationTest : ::testing::Test {
         settle();
     }
     void settle() {
-        while (jobs.turn() || fakes.queue.turn() || fakes.main_thread.turn()) {
+        while (jobs.turn() || fakes.queue.turn() || fakes.reports.turn() || fakes.main_thread.turn()) {
         }
     }
     QMessageBox* sheet(const char* name) { return window->findChild<QMessageBox*>(QLatin1String(name)); }

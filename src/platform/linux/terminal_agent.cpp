@@ -11,6 +11,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <string>
 
 namespace tickervantage {
@@ -20,11 +21,18 @@ constexpr const char* program = "/usr/bin/pkttyagent";
 constexpr int patience_milliseconds = 2000;
 constexpr int notify_descriptor = 3; // in the agent, which closes it once it is known
 
+bool is_on_desktop() {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody changes them
+    return ::getenv("WAYLAND_DISPLAY") != nullptr || ::getenv("DISPLAY") != nullptr;
+}
+
 pid_t start_agent(int notify) {
     const auto process = std::to_string(::getpid());
     const auto descriptor = std::to_string(notify_descriptor);
-    std::array<const char*, 7> words{program,       "--process",        process.c_str(), "--fallback",
-                                     "--notify-fd", descriptor.c_str(), nullptr};
+    // polkit leaves an agent of last resort unused where the user has no session, as behind su or in a container.
+    const char* precedence = is_on_desktop() ? "--fallback" : nullptr;
+    std::array<const char*, 7> words{program,    "--process", process.c_str(), "--notify-fd", descriptor.c_str(),
+                                     precedence, nullptr};
     posix_spawn_file_actions_t actions;
     ::posix_spawn_file_actions_init(&actions);
     ::posix_spawn_file_actions_adddup2(&actions, notify, notify_descriptor);

@@ -5,7 +5,6 @@
 #include "platform/linux/terminal_agent.h"
 #include "privileged/job_environment.h"
 #include "programs/tickerctl/admin_command.h"
-#include "programs/tickerctl/password_prompt.h"
 #include "programs/tickerctl/terminal.h"
 #include "programs/tickerctl/tool.h"
 
@@ -74,10 +73,9 @@ int Tool::admin() {
         return command.dry_run(request);
     if (form != native_service_form)
         return fail("Services of another system can be shown with --dry-run, not installed here.");
-    const TerminalAgent agent;
     if (m_arguments.demo)
         return fail("A demonstration leaves the system as it is; there is --dry-run.");
-    const PasswordPrompt prompt;
+    const TerminalAgent agent;
     return command.carry_out(request, m_daemon.actions(),
                              {.pause = pause, .replace_file = replace_small_file, .heard = {}});
 }
