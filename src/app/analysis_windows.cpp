@@ -38,7 +38,8 @@ TrackingWindowParts AnalysisWindows::tracking_parts() {
             .lend_queue = m_parts.lend_queue,
             .spectrum_enabled = m_parts.spectrum_enabled,
             .show_spectrum = [this] { showSpectrum(); },
-            .exports = export_parts()};
+            .exports = export_parts(),
+            .ask_log_setting = m_parts.ask_log_setting};
 }
 
 TrackingWindow* AnalysisWindows::open_log(const QString& path, bool live) {

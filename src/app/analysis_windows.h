@@ -27,6 +27,7 @@ struct AnalysisParts {
     std::function<bool()> spectrum_enabled;
     FreqTempParts freqtemp;
     std::string equation; // path of the inspector's text
+    std::function<void(std::function<void(const LogSettingAnswer&)> done)> ask_log_setting = {}; // may be missing
 };
 
 class AnalysisWindows {

@@ -214,8 +214,22 @@ AnalysisWindows& AppDelegate::analysis() {
                           .lend_queue = m_parts.lend_queue,
                           .spectrum_enabled = [this] { return m_advanced.spectrum; },
                           .freqtemp = m_parts.freqtemp,
-                          .equation = local_file(m_parts.paths.bundle_resource("freqtemp.rtf"))});
+                          .equation = local_file(m_parts.paths.bundle_resource("freqtemp.rtf")),
+                          .ask_log_setting =
+                              [this](auto done) {
+                                  ask_log_setting(std::move(done));
+                              }});
     return *m_analysis;
+}
+
+// A demonstration's log is not the one that chrony.conf speaks of.
+void AppDelegate::ask_log_setting(std::function<void(const LogSettingAnswer&)> done) {
+    if (!m_daemon.tracking_log.empty())
+        return;
+    m_parts.list_queue.async([path = m_general.config, done = std::move(done),
+                              &main_thread = m_parts.cycle.main_thread] {
+        main_thread.main_async([answer = LogSettingAnswer{tracking_log_setting(path), path}, done] { done(answer); });
+    });
 }
 
 SettingsWindows& AppDelegate::settings_windows() {

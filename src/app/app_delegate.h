@@ -22,6 +22,7 @@
 namespace tickervantage {
 
 class AnalysisWindows;
+struct LogSettingAnswer;
 class ConfigWindows;
 class FollowedFiles;
 class HelpWindows;
@@ -92,6 +93,7 @@ private:
     void showLogs();
     void with_log_folder(const std::function<void(const std::string& folder)>& use);
     [[nodiscard]] AnalysisWindows& analysis();
+    void ask_log_setting(std::function<void(const LogSettingAnswer&)> done);
     [[nodiscard]] ConfigWindows& configurations();
     [[nodiscard]] SettingsWindows& settings_windows();
     void make_administration();

@@ -52,6 +52,7 @@ void build_range(QWidget* central, TrackingControls& controls) {
     for (int index = 2; index < range_count; ++index)
         //: tracking window: time range
         controls.dataTimeRange->addItem(Texts::tr("%n hour(s)", nullptr, range_hours(index)));
+    fit_entries(controls.dataTimeRange);
 }
 
 void build_buttons(QWidget* central, TrackingControls& controls) {
@@ -164,6 +165,26 @@ QLayout* slider_row(QWidget* central, const TrackingControls& controls) {
     return row;
 }
 
+void build_empty(TrackingControls& controls) {
+    QWidget* graph = controls.trackingView->viewport();
+    controls.empty = new QLabel(graph);
+    controls.empty->setObjectName(QStringLiteral("empty"));
+    controls.empty->setTextFormat(Qt::PlainText);
+    controls.empty->setAlignment(Qt::AlignCenter);
+    controls.empty->setWordWrap(true);
+    controls.empty->setMargin(10);
+    controls.empty->setForegroundRole(QPalette::Text);
+    controls.empty->setBackgroundRole(QPalette::Base);
+    controls.empty->setAutoFillBackground(true); // the zero line would run through the words
+    controls.empty->setAttribute(Qt::WA_TransparentForMouseEvents);
+    controls.empty->hide();
+    controls.empty->setMaximumWidth(scaled(520, *graph));
+    auto* middle = new QHBoxLayout(graph);
+    middle->addStretch(1);
+    middle->addWidget(controls.empty, 8, Qt::AlignVCenter);
+    middle->addStretch(1);
+}
+
 } // namespace
 
 TrackingControls build_tracking_controls(QWidget* central, PerformanceGraph& graph) {
@@ -175,6 +196,7 @@ TrackingControls build_tracking_controls(QWidget* central, PerformanceGraph& gra
     controls.trackingView->setObjectName(QStringLiteral("trackingView"));
     //: tracking window: name of the graph
     controls.trackingView->setAccessibleName(Texts::tr("Tracking graph"));
+    build_empty(controls);
     //: tracking window: tooltips of the three sliders
     controls.hZoom = slider(central, "hZoom", Texts::tr("Horizontal zoom"), settings::tracking_hZoom);
     //: tracking window: tooltip of a slider

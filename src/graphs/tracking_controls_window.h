@@ -18,6 +18,7 @@ class PerformanceGraph;
 struct TrackingControls {
     QLabel* titleView = nullptr;
     GraphScrollArea* trackingView = nullptr;
+    QLabel* empty = nullptr; // in the middle of the graph, while that shows nothing
     QComboBox* dataTimeRange = nullptr;
     QPushButton* showLegend = nullptr;
     QPushButton* showSpectrum = nullptr;

@@ -25,6 +25,7 @@ namespace tickervantage {
 namespace {
 
 constexpr std::size_t ROWS_IN_A_SLICE = 20'000; // some milliseconds
+constexpr std::chrono::milliseconds first_lines_come(300);
 
 double now_in_seconds() {
     return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
@@ -41,9 +42,13 @@ void set_slider(QSlider* slider, double value) {
 } // namespace
 
 TrackingWindow::TrackingWindow(TrackingWindowParts parts)
-    : m_parts(std::move(parts)), m_view({.master_timer = m_parts.timer, .now = now_in_seconds, .redraw = [this] {
-                                             m_controls.trackingView->resize_frame();
-                                         }}) {
+    : m_parts(std::move(parts)), m_view({.master_timer = m_parts.timer,
+                                         .now = now_in_seconds,
+                                         .redraw =
+                                             [this] {
+                                                 m_controls.trackingView->resize_frame();
+                                             }}),
+      m_self(std::make_shared<TrackingWindow*>(this)) {
     setObjectName(QStringLiteral("TrackingWindow"));
     auto* central = new QWidget(this);
     m_controls = build_tracking_controls(central, m_view);
@@ -99,7 +104,13 @@ void TrackingWindow::connect_graph() {
         set_slider(m_controls.vZoom, 0);
     });
     connect(area, &GraphScrollArea::pointed_at, this, [this](double x) { show_readout(x); });
-    connect(area, &GraphScrollArea::pointer_left, this, [this] { m_controls.readout->setText(m_problem); });
+    connect(area, &GraphScrollArea::pointer_left, this,
+            [this] { m_controls.readout->setText(spoken(m_empty.problem)); });
+    m_read_timer.setSingleShot(true);
+    connect(&m_read_timer, &QTimer::timeout, this, [this] {
+        m_is_read = true;
+        show_emptiness();
+    });
 }
 
 void TrackingWindow::windowDidLoad() {
@@ -181,6 +192,7 @@ void TrackingWindow::set_log(const QString& path, bool live) {
     m_controls.pauseplay->setVisible(live);
     m_view.pause(!live);
     m_view.m_livetracking = live;
+    m_empty.is_live = live;
     apply_legend();
     if (!m_trackinglog)
         load_log();
@@ -202,12 +214,16 @@ void TrackingWindow::load_log() {
     m_view.clear();
     m_ends.reset();
     m_newest_shown = false;
+    m_is_read = m_empty.has_older_records = false;
+    show_emptiness();
     m_trackinglog->follow();
 }
 
 void TrackingWindow::take_line(std::string_view line, bool last) {
     if (const auto ends = m_view.add_line(line))
         m_ends = ends;
+    else if (m_view.filtertimestamps && !line.empty() && line.front() >= '0' && line.front() <= '9')
+        m_empty.has_older_records = true; // of those it keeps none
     if (last)
         end_of_block();
     else if (!std::exchange(m_animated, true))
@@ -224,6 +240,8 @@ void TrackingWindow::end_of_block() {
         m_controls.startDate->setText(date_text(m_ends->first, locale()));
         m_controls.endDate->setText(date_text(m_ends->last, locale()));
     }
+    m_is_read = true;
+    show_emptiness();
     describe_graph();
     update_spectrum_button();
     Q_EMIT block_arrived();
@@ -232,7 +250,32 @@ void TrackingWindow::end_of_block() {
 // For those who cannot see it.
 void TrackingWindow::describe_graph() {
     m_controls.trackingView->setAccessibleDescription(
-        description_of(m_view, m_controls.trackingView->frame(), m_ends, locale()));
+        m_is_read && records().empty() ? empty_words(m_empty)
+                                       : description_of(m_view, m_controls.trackingView->frame(), m_ends, locale()));
+}
+
+void TrackingWindow::show_emptiness() {
+    const bool empty = m_is_read && records().empty() && !m_animated;
+    m_controls.empty->setVisible(empty);
+    if (!empty)
+        return;
+    m_controls.empty->setText(empty_words(m_empty));
+    describe_graph();
+    if (m_empty.is_live && !std::exchange(m_setting_asked, true))
+        ask_log_setting();
+}
+
+void TrackingWindow::ask_log_setting() {
+    if (!m_parts.ask_log_setting)
+        return;
+    m_parts.ask_log_setting([self = std::weak_ptr(m_self)](const LogSettingAnswer& answer) {
+        const auto alive = self.lock();
+        if (!alive)
+            return;
+        (*alive)->m_empty.setting = answer.setting;
+        (*alive)->m_empty.configuration = answer.configuration;
+        (*alive)->show_emptiness();
+    });
 }
 
 // Once a log: afterwards people have scrolled where they want to be.
@@ -248,15 +291,16 @@ void TrackingWindow::update_spectrum_button() {
 }
 
 void TrackingWindow::show_problem(const std::string& sentence) {
-    m_problem = spoken(sentence);
-    m_controls.readout->setText(m_problem);
+    m_empty.problem = sentence;
+    m_controls.readout->setText(spoken(sentence));
+    m_read_timer.start(sentence.empty() ? first_lines_come : std::chrono::milliseconds(0));
 }
 
 void TrackingWindow::show_readout(double frame_x) {
     const Rect frame = m_controls.trackingView->frame();
     const auto found = m_view.readout(frame_x, {0, 0, frame.width, frame.height});
     if (!found) {
-        m_controls.readout->setText(m_problem);
+        m_controls.readout->setText(spoken(m_empty.problem));
         return;
     }
     m_controls.readout->setText(words_of(*found, m_view.shown, locale()));
@@ -313,8 +357,11 @@ void TrackingWindow::closeEvent(QCloseEvent* event) {
 
 void TrackingWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
-        Q_EMIT windowDidBecomeMain();
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow())
+        return;
+    Q_EMIT windowDidBecomeMain();
+    m_setting_asked = false; // the configuration may have been edited meanwhile
+    show_emptiness();
 }
 
 } // namespace tickervantage

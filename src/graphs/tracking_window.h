@@ -7,9 +7,11 @@
 #include "graphs/tracking_controls_window.h"
 #include "graphs/tracking_settings.h"
 #include "graphs/tracking_view.h"
+#include "graphs/tracking_words_window.h"
 #include "platform/default_settings.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -17,6 +19,11 @@
 #include <string_view>
 
 namespace tickervantage {
+
+struct LogSettingAnswer {
+    TrackingLogSetting setting = TrackingLogSetting::unknown;
+    std::string configuration; // path of the file asked
+};
 
 // What the window works with; all of it outlives the window.
 struct TrackingWindowParts {
@@ -28,6 +35,8 @@ struct TrackingWindowParts {
     std::function<bool()> spectrum_enabled;                           // as the preferences have it
     std::function<void()> show_spectrum;
     PlotExportParts exports;
+    // Whether chronyd writes the live log; comes back on the main thread. May be missing.
+    std::function<void(std::function<void(const LogSettingAnswer&)> done)> ask_log_setting = {};
 };
 
 class TrackingWindow : public QMainWindow {
@@ -72,6 +81,8 @@ private:
     void take_line(std::string_view line, bool last);
     void end_of_block();
     void describe_graph();
+    void show_emptiness();
+    void ask_log_setting();
     void show_newest();
     void show_problem(const std::string& sentence);
     void zoom(double steps, double viewport_x);
@@ -85,12 +96,16 @@ private:
     TrackingControls m_controls;
     std::unique_ptr<PlotExport> m_exports;
     QString m_logname;
-    QString m_problem;
-    bool m_newest_shown = false; // of this log, once
-    bool m_animated = false;     // the busy indicator runs
+    EmptyLog m_empty;
+    bool m_is_read = false;       // as far as the log goes
+    bool m_setting_asked = false; // for this look at an empty log
+    QTimer m_read_timer;          // an empty file has no last line to tell that it was read
+    bool m_newest_shown = false;  // of this log, once
+    bool m_animated = false;      // the busy indicator runs
     std::optional<LogEnds> m_ends;
     popover_settings save_popover;
     popover_settings default_popover = TrackingSettings::defaults().legend;
+    std::shared_ptr<TrackingWindow*> m_self; // answers on their way back find out through it that the window has gone
     std::shared_ptr<DispatchQueueSerial> m_queue;
     std::unique_ptr<LogReader> m_trackinglog; // after the queue it runs on
 };

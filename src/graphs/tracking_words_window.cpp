@@ -1,6 +1,7 @@
 #include "graphs/tracking_words_window.h"
 
 #include "graphs/legend_window.h"
+#include "platform/qt/spoken.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -43,6 +44,38 @@ QString words_of(const Readout& readout, const std::array<bool, series_count>& s
                 value_text(series, readout.values[i], locale);
     }
     return text;
+}
+
+QString empty_words(const EmptyLog& log) {
+    const QString configuration = QString::fromStdString(log.configuration);
+    if (log.is_live && log.setting == TrackingLogSetting::not_asked_for)
+        //: tracking window: shown in place of the graph; %1 is the path of chrony.conf
+        return Texts::tr("chronyd writes no tracking log: %1 has no line “log tracking”.\n"
+                         "Add that line in the configuration editor, check it, and install it.")
+            .arg(configuration);
+    if (log.is_live && log.setting == TrackingLogSetting::no_folder)
+        //: tracking window: shown in place of the graph; %1 is the path of chrony.conf
+        return Texts::tr("chronyd writes no tracking log: %1 asks for one, but no line “logdir” says where to.\n"
+                         "Add a line such as “logdir /var/log/chrony” in the configuration editor, check it, and "
+                         "install it.")
+            .arg(configuration);
+    if (!log.problem.empty())
+        return spoken(log.problem);
+    if (log.has_older_records)
+        //: tracking window: shown in place of the graph
+        return Texts::tr("All records of this log are older than the time range shown.\n"
+                         "Choose a longer range, or the whole log.");
+    if (!log.is_live)
+        //: tracking window: shown in place of the graph of a file that somebody opened
+        return Texts::tr("This file holds no record of a tracking log.");
+    if (log.setting == TrackingLogSetting::written)
+        //: tracking window: shown in place of the graph
+        return Texts::tr("The log has no record yet.\n"
+                         "chronyd adds one with each update of the clock, once it follows a server.");
+    //: tracking window: shown in place of the graph
+    return Texts::tr("The log has no record yet.\n"
+                     "chronyd adds one with each update of the clock, if its configuration has the lines "
+                     "“log tracking” and “logdir”.");
 }
 
 QString description_of(const TrackingView& view, Rect frame, const std::optional<LogEnds>& ends,

@@ -1,9 +1,12 @@
 // What a tracking graph shows, in words: below it for those who point at a record, and for screen readers.
 #pragma once
 
+#include "config/tracking_log_setting.h"
 #include "graphs/tracking_view.h"
 
 #include <QString>
+
+#include <string>
 
 class QLocale;
 
@@ -18,5 +21,17 @@ namespace tickervantage {
 // The whole graph: how many records of which time, and the newest one.
 [[nodiscard]] QString description_of(const TrackingView& view, Rect frame, const std::optional<LogEnds>& ends,
                                      const QLocale& locale);
+
+// What is known of a log without a record to show.
+struct EmptyLog {
+    bool is_live = false;
+    bool has_older_records = false; // than the range of time that is shown
+    std::string problem;            // why it cannot be read; empty: it can
+    TrackingLogSetting setting = TrackingLogSetting::unknown;
+    std::string configuration; // path of the chrony.conf that says so
+};
+
+// Why the graph shows nothing, and what to do about it.
+[[nodiscard]] QString empty_words(const EmptyLog& log);
 
 } // namespace tickervantage

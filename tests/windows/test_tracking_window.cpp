@@ -1,3 +1,4 @@
+#include "config/settings_catalogue.h"
 #include "graphs/color_well_window.h"
 #include "graphs/graph_scroll_area_window.h"
 #include "graphs/legend_window.h"
@@ -74,6 +75,7 @@ struct TrackingWindowTest : ::testing::Test {
     bool spectrum = false;
     int blocks = 0;
     std::string written;
+    TrackingLogSetting setting = TrackingLogSetting::unknown;
     std::unique_ptr<TrackingWindow> window;
 
     void SetUp() override { files.create("tracking.log", log_text()); }
@@ -99,7 +101,11 @@ struct TrackingWindowTest : ::testing::Test {
                             [this](const std::string&, std::string_view bytes, std::string&) {
                                 written = bytes;
                                 return 0;
-                            }}});
+                            }},
+            .ask_log_setting =
+                [this](const auto& done) {
+                    done({setting, "/etc/chrony.conf"});
+                }});
         QObject::connect(window.get(), &TrackingWindow::block_arrived, [this] { ++blocks; });
         window->windowDidLoad();
         window->set_log(QString::fromUtf8(path), live);
@@ -263,6 +269,40 @@ TEST_F(TrackingWindowTest, ReadoutAndExportTellWhatIsInSight) {
     const std::string table = exported_to("/a/table.csv");
     EXPECT_NE(table.find("2026-11-21T03:59:00Z"), std::string::npos);
     EXPECT_NE(table.find("-5.123e-06"), std::string::npos) << table.substr(0, 200);
+}
+
+TEST_F(TrackingWindowTest, AnEmptyGraphSaysWhy) {
+    const std::string old_record = "2001-01-01 00:00:00 192.0.2.1  2  -5.123  0.010  1.0e-06 N  1  1.0e-06  2.0e-06  "
+                                   "1.0e-03  1.5e-03  2.0e-03\n";
+    const struct {
+        const char* text; // null: there is no file
+        bool live;
+        TrackingLogSetting setting;
+        const char* words;
+    } cases[]{{"", true, TrackingLogSetting::not_asked_for, "/etc/chrony.conf has no line “log tracking”"},
+              {nullptr, true, TrackingLogSetting::not_asked_for, "has no line “log tracking”"},
+              {"", true, TrackingLogSetting::no_folder, "no line “logdir”"},
+              {"===\n", true, TrackingLogSetting::written, "once it follows a server"},
+              {"", true, TrackingLogSetting::unknown, "if its configuration has"},
+              {nullptr, true, TrackingLogSetting::written, "There is no file \"some.log\"."},
+              {old_record.c_str(), true, TrackingLogSetting::written, "older than the time range"},
+              {"some text\n", false, TrackingLogSetting::not_asked_for, "holds no record"}};
+    save(settings, settings::tracking_dateTimeRange, 2);
+    for (const auto& one : cases) {
+        guarded.found = one.text == nullptr ? FollowedFiles::Found::nothing : FollowedFiles::Found::file;
+        files.create("some.log", one.text == nullptr ? "" : one.text);
+        setting = one.setting;
+        open("some.log", one.live);
+        auto* said = find<QLabel>("empty");
+        EXPECT_FALSE(said->isVisible()) << "it is not known yet";
+        EXPECT_TRUE(eventually([&] { return said->text().contains(QString::fromUtf8(one.words)); }))
+            << one.words << ": " << said->text().toStdString();
+        EXPECT_TRUE(said->isVisible());
+        EXPECT_EQ(find<GraphScrollArea>("trackingView")->accessibleDescription(), said->text());
+    }
+    blocks = 0;
+    open_and_load();
+    EXPECT_FALSE(find<QLabel>("empty")->isVisible());
 }
 
 TEST_F(TrackingWindowTest, LogThatCannotBeReadIsToldAndReadOnceItCan) {

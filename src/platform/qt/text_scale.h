@@ -1,6 +1,7 @@
 // Sizes that follow the user's font: a window laid out for small letters would cut large ones off.
 #pragma once
 
+#include <QComboBox>
 #include <QScreen>
 #include <QWidget>
 
@@ -25,6 +26,12 @@ namespace tickervantage {
         return size;
     const QSize wanted(scaled(size.width(), window), scaled(size.height(), window));
     return window.screen() != nullptr ? wanted.boundedTo(window.screen()->availableSize()) : wanted;
+}
+
+// A box that shows all of its longest entry, once it holds them: styles leave no room for how letters overhang and
+// measure the arrow for small ones, so that the last letter of large ones is cut off.
+inline void fit_entries(QComboBox* box) {
+    box->setMinimumWidth(box->sizeHint().width() + 2 * box->fontMetrics().averageCharWidth());
 }
 
 } // namespace tickervantage
