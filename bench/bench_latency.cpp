@@ -12,7 +12,7 @@
 //
 // Runs on the display that the environment names, or offscreen with QT_QPA_PLATFORM=offscreen.
 #include "bench/cycle_parts.h"
-#include "bench/timing.h"
+#include "bench/stall_meter.h"
 
 #include "app/application_menus_window.h"
 #include "mainwindow/command_output_window.h"
@@ -43,8 +43,6 @@
 namespace tickervantage::bench {
 namespace {
 
-constexpr std::chrono::milliseconds beat{5};
-constexpr double beat_ms = 5;
 constexpr int longest_interval = 60; // s, between two readings
 
 // What a chronyc does after it was asked for anything but its version.
@@ -64,38 +62,7 @@ std::string write_chronyc(const std::string& folder, const char* misbehaviour) {
     return path;
 }
 
-// The worst lateness of a timer in the event loop of the thread that makes it.
-class StallMeter {
-public:
-    StallMeter() {
-        m_timer.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { tick(); });
-        m_timer.start(beat);
-        restart();
-    }
-    void restart() {
-        m_stall_ms = m_busy_ms = 0;
-        m_last = Clock::now();
-        m_last_busy = thread_seconds();
-    }
-    [[nodiscard]] double stall_ms() const { return m_stall_ms; }
-    [[nodiscard]] double busy_ms() const { return m_busy_ms; }
-
-private:
-    void tick() {
-        m_stall_ms = std::max(m_stall_ms, 1000 * seconds_since(m_last) - beat_ms);
-        m_busy_ms = std::max(m_busy_ms, 1000 * (thread_seconds() - m_last_busy));
-        m_last = Clock::now();
-        m_last_busy = thread_seconds();
-    }
-    QTimer m_timer;
-    Clock::time_point m_last;
-    double m_last_busy = 0;
-    double m_stall_ms = 0;
-    double m_busy_ms = 0;
-};
-
-// The same for a thread that does nothing else.
+// The lateness of a thread that does nothing else.
 class NoiseMeter {
 public:
     NoiseMeter() : m_thread([this](const std::stop_token& stop) { sleep_until(stop); }) {}

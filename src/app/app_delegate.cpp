@@ -52,14 +52,17 @@ void AppDelegate::applicationDidFinishLaunching() {
     update_optional_items();
     m_parts.cycle.timer.start();
     showTickervantage();
+    configurations().offer_kept_edits();
 }
 
 void AppDelegate::applicationWillTerminate() {
     m_parts.cycle.timer.stop();
+    if (m_configurations && !m_configurations->finish())
+        m_parts.logger.log(LogLevel::error, "An edit that is not saved could not be kept in time.");
+    if (m_settings_windows && !m_settings_windows->finish())
+        m_parts.logger.log(LogLevel::error, "The server list or launch at login could not be saved in time.");
     m_general.save(m_parts.cycle.settings);
     m_advanced.save(m_parts.cycle.settings);
-    if (m_settings_windows && !m_settings_windows->finish())
-        m_parts.logger.log(LogLevel::error, "The server list could not be saved in time.");
     m_parts.logger.log(LogLevel::info, "Tickervantage ends.");
     m_parts.close_log();
 }
@@ -258,18 +261,21 @@ SettingsWindows& AppDelegate::settings_windows() {
 
 ConfigWindows& AppDelegate::configurations() {
     if (!m_configurations)
-        m_configurations =
-            std::make_unique<ConfigWindows>(ConfigWindowsParts{.execute = m_parts.cycle.execute,
-                                                               .queue = m_parts.config_queue,
-                                                               .main_thread = m_parts.cycle.main_thread,
-                                                               .settings = m_parts.cycle.settings,
-                                                               .paths = m_parts.paths,
-                                                               .config_path = [this] { return m_general.config; },
-                                                               .install = install_configuration(),
-                                                               .say =
-                                                                   [this](const QString& sentence) {
-                                                                       say(sentence);
-                                                                   }});
+        m_configurations = std::make_unique<ConfigWindows>(
+            ConfigWindowsParts{.execute = m_parts.cycle.execute,
+                               .queue = m_parts.config_queue,
+                               .edit_queue = m_parts.list_queue,
+                               .main_thread = m_parts.cycle.main_thread,
+                               .settings = m_parts.cycle.settings,
+                               .paths = m_parts.paths,
+                               .config_path = [this] { return m_general.config; },
+                               .install = install_configuration(),
+                               .say = [this](const QString& sentence) { say(sentence); },
+                               .window = [this] { return m_main_window.get(); },
+                               .log =
+                                   [&logger = m_parts.logger](const auto& sentence) {
+                                       logger.log(LogLevel::warning, sentence);
+                                   }});
     return *m_configurations;
 }
 

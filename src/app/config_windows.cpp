@@ -1,8 +1,10 @@
 #include "app/config_windows.h"
 
 #include "app/desktop_links.h"
+#include "config/config_sheets_window.h"
 #include "config/settings_catalogue.h"
 #include "platform/linux/environment.h"
+#include "platform/linux/kept_files.h"
 #include "platform/linux/posix_path_facts.h"
 #include "platform/linux/small_file.h"
 
@@ -35,16 +37,44 @@ FoundFile read_file(const std::string& path, std::size_t limit) {
     return found;
 }
 
+KeptFilesParts kept_files(const Paths& paths) {
+    const auto files = std::make_shared<KeptFiles>(paths.state.empty() ? "" : paths.state + "/unsaved");
+    return {.keep = [files](const std::string& name, std::string_view bytes,
+                            std::string& sentence) { return files->keep(name, bytes, sentence); },
+            .drop = [files](const std::string& name) { files->drop(name); },
+            .left_behind =
+                [files] {
+                    std::vector<LeftFile> left;
+                    files->visit_left([&left](const std::string& path, std::string bytes) {
+                        left.push_back({path, std::move(bytes)});
+                    });
+                    return left;
+                },
+            .adopt = [files](const std::string& path, const std::string& name,
+                             std::string& sentence) { return files->adopt(path, name, sentence); },
+            .remove =
+                [files](const std::string& path) {
+                    files->remove(path);
+                }};
+}
+
+QString title_of(const KeptEdit& edit) {
+    return QString::fromStdString(edit.path.empty() || edit.is_installed_config ? edit.title : edit.path);
+}
+
 } // namespace
 
-ConfigWindows::ConfigWindows(ConfigWindowsParts parts) : m_parts(std::move(parts)) {}
+ConfigWindows::ConfigWindows(ConfigWindowsParts parts)
+    : m_parts(std::move(parts)), m_keeper(kept_files(m_parts.paths), m_parts.edit_queue, m_parts.log),
+      m_self(std::make_shared<ConfigWindows*>(this)) {}
 
 ConfigWindows::~ConfigWindows() {
     for (auto* editor : std::exchange(m_editors, {}))
         delete editor;
 }
 
-ConfigEditorParts ConfigWindows::editor_parts() const {
+ConfigEditorParts ConfigWindows::editor_parts() {
+    const int document = ++m_documents;
     return {.queue = m_parts.queue,
             .main_thread = m_parts.main_thread,
             .check = {.syntax = {.execute = m_parts.execute,
@@ -59,7 +89,12 @@ ConfigEditorParts ConfigWindows::editor_parts() const {
             .config_path = m_parts.config_path,
             .install = m_parts.install,
             .open_page = [](const QString& address) { (void)open_page(address); }, // silent by design
-            .default_config = m_parts.paths.bundle_resource("chrony.conf")};
+            .default_config = m_parts.paths.bundle_resource("chrony.conf"),
+            .keep_edit = [this, document](auto make) { m_keeper.keep(document, std::move(make)); },
+            .drop_edit =
+                [this, document] {
+                    m_keeper.drop(document);
+                }};
 }
 
 ConfigEditorRequests ConfigWindows::requests() {
@@ -137,6 +172,45 @@ void ConfigWindows::show_installed() {
         when_opened(editor)({});
     else
         editor->open_installed(when_opened(editor));
+}
+
+void ConfigWindows::offer_kept_edits() {
+    m_keeper.read_left([&main_thread = m_parts.main_thread, self = std::weak_ptr(m_self)](std::vector<LeftEdit> left) {
+        main_thread.main_async([left = std::move(left), self] {
+            if (const auto windows = self.lock(); windows && !left.empty())
+                (*windows)->ask_about(left);
+        });
+    });
+}
+
+void ConfigWindows::ask_about(const std::vector<LeftEdit>& left) {
+    QStringList titles;
+    for (const auto& one : left)
+        titles.append(title_of(one.edit));
+    ask_about_kept_edits(m_parts.window ? m_parts.window() : nullptr, titles,
+                         [this, left, self = std::weak_ptr(m_self)](KeptChoice choice) {
+                             if (!self.lock())
+                                 return;
+                             for (const auto& one : left) {
+                                 if (choice == KeptChoice::open)
+                                     open_kept(one);
+                                 else if (choice == KeptChoice::discard)
+                                     m_keeper.remove(one.path);
+                             }
+                         });
+}
+
+void ConfigWindows::open_kept(const LeftEdit& left) {
+    ConfigEditor* editor = make_editor();
+    m_keeper.adopt(left.path, m_documents);
+    editor->open_kept(left.edit, when_opened(editor));
+}
+
+bool ConfigWindows::finish() {
+    constexpr std::chrono::seconds patience{5};
+    for (auto* editor : m_editors)
+        editor->keep_edit();
+    return m_keeper.finish(patience);
 }
 
 QStringList ConfigWindows::recent() const {

@@ -34,8 +34,8 @@ QuitOnSignal::QuitOnSignal() {
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, qApp, [this] {
         signalfd_siginfo info{};
         if (::read(m_signals.get(), &info, sizeof info) == sizeof info)
-            QApplication::closeAllWindows(); // the windows save what they have; the last one ends the program
-        QCoreApplication::quit();
+            QApplication::closeAllWindows(); // the windows save what they have
+        QCoreApplication::exit(0);           // quit() would ask the windows, and one with unsaved changes says no
     });
 }
 

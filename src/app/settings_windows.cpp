@@ -92,7 +92,9 @@ void SettingsWindows::showPreferences(Preferences::Pane pane) {
 
 bool SettingsWindows::finish() {
     constexpr std::chrono::seconds patience{5};
-    return !m_servers || m_servers->finish(patience);
+    const bool list_saved = !m_servers || m_servers->finish(patience);
+    const bool login_saved = !m_preferences || m_preferences->finish(patience);
+    return list_saved && login_saved;
 }
 
 } // namespace tickervantage

@@ -39,7 +39,8 @@ public:
     void showServers();
     void showPreferences(Preferences::Pane pane);
 
-    // Waits for the disk: for the program's end. False when the server list could not be written in time.
+    // Waits for the disk: for the program's end. False when the server list or the file for launch at login could not
+    // be written in time.
     [[nodiscard]] bool finish();
 
 private:

@@ -32,7 +32,7 @@ int encode(const QString& text, std::string& bytes, std::string& sentence) {
 } // namespace
 
 void ConfigEditor::check() {
-    if (m_controls.m_config->is_loading() || !m_controls.m_checksyntax->isEnabled())
+    if (m_controls.m_config->is_busy() || !m_controls.m_checksyntax->isEnabled())
         return;
     m_controls.m_checksyntax->setEnabled(false);
     m_actions.at("check")->setEnabled(false);
@@ -119,7 +119,9 @@ void ConfigEditor::save_as_then(const Saved& then) {
 }
 
 void ConfigEditor::write_to(const QString& path, bool overwrite, const Saved& then) {
-    if (m_saving || m_controls.m_config->is_loading())
+    if (m_controls.m_config->is_busy())
+        return when_ready([this, path, overwrite, then] { write_to(path, overwrite, then); });
+    if (m_saving)
         return then(false);
     m_saving = true;
     SaveRequest request{.path = path.toStdString(), .text = {}, .line_ends = m_line_ends, .known = {}};
@@ -132,7 +134,10 @@ void ConfigEditor::write_to(const QString& path, bool overwrite, const Saved& th
     const int edits = m_controls.m_config->edits();
     in_background(work, [this, path, edits, then](const SaveAnswer& answer) {
         m_saving = false;
+        const bool closing = std::exchange(m_closing, false);
         apply_save(path, edits, answer, then);
+        if (closing && answer.outcome == SaveAnswer::Outcome::saved)
+            close();
         Q_EMIT settled();
     });
 }
@@ -200,8 +205,8 @@ void ConfigEditor::save_and_install() {
         if (saved)
             hand_over_text();
     };
-    // The copy of the live configuration is saved where it lies: nobody has to look for it.
-    isInstalledConfig ? write_to(m_path, false, then) : save_then(then);
+    // The copy of the live configuration is saved where it lies: nobody has to look for it, and it is ours alone.
+    isInstalledConfig ? write_to(m_path, true, then) : save_then(then);
 }
 
 void ConfigEditor::hand_over_text() {

@@ -16,6 +16,7 @@
 #include <QTextBlock>
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <utility>
 
@@ -24,6 +25,7 @@ namespace {
 
 constexpr const char* help_page = "https://chrony-project.org/doc/4.3/chrony.conf.html";
 constexpr QSize usual_size(820, 640);
+constexpr std::chrono::seconds keep_after(3); // from the first edit that is not kept yet
 
 // As "cp" does it, without a shell: the bytes, whatever they are.
 int copy_file(const DocumentFiles& files, const std::string& from, const std::string& to, std::string& sentence) {
@@ -83,15 +85,15 @@ void ConfigEditor::build_actions() {
                                      }},
                                     {"undo",
                                      [text] {
-                                         text->undo();
+                                         text->undo_step();
                                      }},
                                     {"redo",
                                      [text] {
-                                         text->redo();
+                                         text->redo_step();
                                      }},
                                     {"cut",
                                      [text] {
-                                         text->cut();
+                                         text->cut_selection();
                                      }},
                                     {"copy",
                                      [text] {
@@ -160,8 +162,14 @@ void ConfigEditor::connect_controls() {
     connect(m_controls.m_install, &QPushButton::clicked, this, &ConfigEditor::install);
     connect(m_controls.help, &QPushButton::clicked, this, &ConfigEditor::ShowHelpConfig);
     connect(m_controls.m_config, &ConfigText::edited, this, &ConfigEditor::textDidChange);
-    connect(m_controls.m_config, &QPlainTextEdit::modificationChanged, this, &QWidget::setWindowModified);
-    connect(m_controls.m_config, &ConfigText::loaded, this, &ConfigEditor::settled);
+    connect(m_controls.m_config, &QPlainTextEdit::modificationChanged, this, &ConfigEditor::show_modified);
+    connect(m_controls.m_config, &ConfigText::loaded, this, [this] {
+        m_restoring = false;
+        show_modified();
+        Q_EMIT settled();
+    });
+    m_keep_timer.setSingleShot(true);
+    connect(&m_keep_timer, &QTimer::timeout, this, &ConfigEditor::keep_edit);
     connect(m_controls.m_config, &ConfigText::file_dropped, this, [this](const QString& path) {
         if (m_requests.open_path)
             m_requests.open_path(path);
@@ -207,8 +215,12 @@ void ConfigEditor::open_path(const QString& path, const Opened& opened) {
     load_with(read, then, opened);
 }
 
+QString ConfigEditor::copy_of_installed() const {
+    return from_std(m_parts.check.syntax.temporary + "show_chrony.conf");
+}
+
 void ConfigEditor::open_installed(const Opened& opened) {
-    const std::string copy = m_parts.check.syntax.temporary + "show_chrony.conf";
+    const std::string copy = copy_of_installed().toStdString();
     const auto read = [files = m_parts.files, from = m_parts.config_path(), copy] {
         Loaded loaded;
         if (copy_file(files, from, copy, loaded.sentence) == 0)
@@ -225,6 +237,20 @@ void ConfigEditor::open_installed(const Opened& opened) {
         setisInstalledConfig(true);
     };
     load_with(read, then, opened);
+}
+
+void ConfigEditor::open_kept(KeptEdit edit, const Opened& opened) {
+    m_path = edit.is_installed_config ? copy_of_installed() : from_std(edit.path);
+    isInstalledConfig = edit.is_installed_config;
+    m_restoring = true;
+    m_edit_kept = true;
+    show_title(from_std(edit.title));
+    Loaded loaded;
+    loaded.document = {.text = std::move(edit.text), .line_ends = edit.line_ends, .stamp = edit.stamp};
+    loaded.decode();
+    show_loaded(loaded);
+    show_modified();
+    opened({});
 }
 
 void ConfigEditor::load_with(std::function<Loaded()> read, std::function<void(bool)> then, const Opened& opened) {
@@ -244,7 +270,8 @@ void ConfigEditor::show_loaded(const Loaded& loaded) {
     m_actions.at("install")->setEnabled(false);
     show_warnings({});
     say({});
-    m_controls.m_config->load(loaded.text);
+    m_controls.m_config->load(loaded.text,
+                              m_restoring ? ConfigText::Counts::as_modified : ConfigText::Counts::as_saved);
 }
 
 void ConfigEditor::setisInstalledConfig(bool value) {
@@ -261,6 +288,48 @@ void ConfigEditor::textDidChange() {
     m_actions.at("install")->setEnabled(false);
     show_image(CheckImage::partially_available);
     say({});
+    show_modified();
+}
+
+// A text on its way into the window is as it was read; Qt takes each piece of it for an edit.
+void ConfigEditor::show_modified() {
+    const auto* text = m_controls.m_config;
+    const bool modified = text->is_loading() ? m_restoring : text->document()->isModified();
+    setWindowModified(modified);
+    if (!modified)
+        drop_edit();
+    else if (m_parts.keep_edit && !m_keep_timer.isActive())
+        m_keep_timer.start(keep_after);
+}
+
+void ConfigEditor::keep_edit() {
+    m_keep_timer.stop();
+    if (!m_parts.keep_edit || !isWindowModified() || m_discarded || m_controls.m_config->is_loading())
+        return;
+    m_edit_kept = true;
+    KeptEdit edit{.path = m_path.toStdString(),
+                  .title = windowTitle().remove(QStringLiteral("[*]")).toStdString(),
+                  .is_installed_config = isInstalledConfig,
+                  .line_ends = m_line_ends,
+                  .stamp = m_stamp,
+                  .text = {}};
+    m_parts.keep_edit([edit = std::move(edit), text = m_controls.m_config->whole_text()]() mutable {
+        edit.text = text.toStdString();
+        return edit;
+    });
+}
+
+void ConfigEditor::drop_edit() {
+    m_keep_timer.stop();
+    if (std::exchange(m_edit_kept, false) && m_parts.drop_edit)
+        m_parts.drop_edit();
+}
+
+void ConfigEditor::when_ready(const std::function<void()>& act) {
+    if (m_controls.m_config->is_busy())
+        connect(m_controls.m_config, &ConfigText::ready, this, act, Qt::SingleShotConnection);
+    else
+        act();
 }
 
 void ConfigEditor::show_image(CheckImage image) {
@@ -279,10 +348,12 @@ void ConfigEditor::say(const QString& message) {
 }
 
 void ConfigEditor::insert_lines(const QString& lines) {
-    QTextCursor cursor = m_controls.m_config->textCursor();
-    cursor.movePosition(QTextCursor::StartOfBlock);
-    cursor.insertText(lines.endsWith(QLatin1Char('\n')) ? lines : lines + QLatin1Char('\n'));
-    m_controls.m_config->setTextCursor(cursor);
+    when_ready([this, lines] {
+        QTextCursor cursor = m_controls.m_config->textCursor();
+        cursor.movePosition(QTextCursor::StartOfBlock);
+        cursor.insertText(lines.endsWith(QLatin1Char('\n')) ? lines : lines + QLatin1Char('\n'));
+        m_controls.m_config->setTextCursor(cursor);
+    });
 }
 
 void ConfigEditor::ShowHelpConfig() {
@@ -312,10 +383,13 @@ void ConfigEditor::changeEvent(QEvent* event) {
 void ConfigEditor::closeEvent(QCloseEvent* event) {
     if (!isWindowModified() || m_discarded) {
         event->accept();
+        drop_edit();
         Q_EMIT windowWillClose();
         return;
     }
     event->ignore();
+    keep_edit(); // who closes all windows may not wait for an answer: the end of a session
+    m_closing = m_saving; // what is being saved may be all that there is to save
     if (!m_saving && findChild<QWidget*>(QStringLiteral("unsaved_sheet")) == nullptr)
         close_after_question();
 }

@@ -2,7 +2,8 @@
 //
 // Install is possible from a passed check until the next edit. Whatever waits for the disk or for chronyd runs on the
 // queue and comes back to the main thread; an answer about a text that was edited meanwhile is dropped. Questions are
-// sheets of the window. A document that cannot be saved stays open and modified. Main thread only.
+// sheets of the window. A document that cannot be saved stays open and modified. Of one with unsaved changes a copy is
+// kept, some seconds old at most, until it is saved or the changes are given up. Main thread only.
 //
 // The parts outlive the window, and the main thread outlives the queue.
 #pragma once
@@ -12,9 +13,11 @@
 #include "config/config_document.h"
 #include "config/config_menus_window.h"
 #include "config/configuration_check.h"
+#include "config/kept_edit.h"
 #include "platform/dispatch.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -40,6 +43,9 @@ struct ConfigEditorParts {
     InstallConfiguration install;             // may be missing
     std::function<void(const QString& address)> open_page;
     std::string default_config; // the file that a new document starts with
+    // Both may be missing. The first calls `make` on a queue.
+    std::function<void(std::function<KeptEdit()> make)> keep_edit;
+    std::function<void()> drop_edit;
 };
 
 // What goes beyond one document. Each may be missing.
@@ -67,6 +73,10 @@ public:
     void new_document(const QString& title, const Opened& opened);
     void open_path(const QString& path, const Opened& opened);
     void open_installed(const Opened& opened); // a copy of the live configuration
+    void open_kept(KeptEdit edit, const Opened& opened);
+
+    // Keeps a copy now, of what is not saved: for the program's end.
+    void keep_edit();
 
     [[nodiscard]] const QString& path() const { return m_path; } // empty: not saved yet
     [[nodiscard]] bool is_installed_config() const { return isInstalledConfig; }
@@ -110,6 +120,10 @@ private:
     void show_loaded(const Loaded& loaded);
     void setisInstalledConfig(bool value);
     void textDidChange();
+    void show_modified();
+    void drop_edit();
+    [[nodiscard]] QString copy_of_installed() const; // path of it
+    void when_ready(const std::function<void()>& act);
     void show_image(CheckImage image);
     void show_title(const QString& title);
     void say(const QString& message);
@@ -133,6 +147,10 @@ private:
     bool isInstalledConfig = false;
     bool m_saving = false;
     bool m_discarded = false; // closes without a further question
+    bool m_closing = false;   // once it is saved
+    bool m_restoring = false; // a kept edit is being loaded
+    bool m_edit_kept = false;
+    QTimer m_keep_timer;
     QString m_path;
     LineEnds m_line_ends = LineEnds::unix_style;
     std::size_t m_stamp = 0; // of the file, as last read or saved

@@ -1,10 +1,10 @@
 #include "config/config_find_bar_window.h"
 
+#include "config/config_bulk_edits_window.h"
 #include "config/config_text_window.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -12,14 +12,14 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QTextCursor>
-#include <QTimer>
+
+#include <utility>
+#include <vector>
 
 namespace tickervantage {
 namespace {
 
 constexpr int FIELD_LETTERS = 16;
-constexpr qint64 SLICE_MILLISECONDS = 8;
-constexpr int SLICE_CHARACTERS = 40'000;
 
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(configeditor)
@@ -100,6 +100,7 @@ void FindBar::build() {
     connect(one, &QPushButton::clicked, this, &FindBar::replace_one);
     connect(all, &QPushButton::clicked, this, &FindBar::replace_all);
     connect(done, &QPushButton::clicked, this, &FindBar::close_bar);
+    connect(&m_text->bulk(), &BulkEdits::finished, this, [this] { end_replacing(); });
     connect(m_find, &QLineEdit::returnPressed, this, &FindBar::find_next);
     connect(m_replacement, &QLineEdit::returnPressed, this, &FindBar::replace_one);
 }
@@ -186,48 +187,22 @@ void FindBar::replace_all() {
     if (words.isEmpty() || m_text->isReadOnly())
         return;
     const QString text = m_text->document()->toRawText();
-    m_places.clear();
+    std::vector<int> places;
     for (auto at = text.indexOf(words, 0, sensitivity()); at >= 0;
          at = text.indexOf(words, at + words.size(), sensitivity()))
-        m_places.push_back(static_cast<int>(at));
-    m_length = static_cast<int>(words.size());
-    m_substitute = m_replacement->text();
-    m_replaced = 0;
-    m_text->setReadOnly(true); // an edit in between would end up in the same step to undo
-    replace_slice();
-}
-
-// From the end backwards, so that the places ahead stay where they are. All slices make one step to undo. What lies
-// between the first and the last place of a slice is laid out anew at its end, hence the limit in characters.
-void FindBar::replace_slice() {
-    QElapsedTimer clock;
-    clock.start();
-    QTextCursor cursor(m_text->document());
-    if (!m_places.empty())
-        m_replaced == 0 ? cursor.beginEditBlock() : cursor.joinPreviousEditBlock();
-    const int furthest = m_places.empty() ? 0 : m_places.back() - SLICE_CHARACTERS;
-    const bool has_work = !m_places.empty();
-    while (!m_places.empty() && m_places.back() >= furthest && clock.elapsed() < SLICE_MILLISECONDS) {
-        cursor.setPosition(m_places.back());
-        cursor.setPosition(m_places.back() + m_length, QTextCursor::KeepAnchor);
-        cursor.insertText(m_substitute);
-        m_places.pop_back();
-        ++m_replaced;
-    }
-    if (has_work)
-        cursor.endEditBlock();
-    if (m_places.empty())
-        end_replacing();
-    else
-        QTimer::singleShot(0, this, [this] { replace_slice(); });
+        places.push_back(static_cast<int>(at));
+    m_replacing = places.size();
+    m_text->bulk().replace_places(std::move(places), static_cast<int>(words.size()), m_replacement->text());
 }
 
 void FindBar::end_replacing() {
-    m_text->setReadOnly(false);
-    const QString number = QLocale().toString(m_replaced);
+    const auto replaced = std::exchange(m_replacing, std::nullopt);
+    if (!replaced)
+        return; // it was another long edit that ended
+    const QString number = QLocale().toString(static_cast<qulonglong>(*replaced));
     //: find bar: said after Replace All; %1 is a number
     m_answer->setText(
-        m_replaced == 0
+        *replaced == 0
             ? Texts::tr("Not found")
             : /*: find bar: said after Replace All; %1 is the number of places */ Texts::tr("%1 replaced").arg(number));
 }

@@ -1,9 +1,10 @@
-// The bar below a text that finds and replaces. Replacing all is one step to undo, done slice by slice. Main thread.
+// The bar below a text that finds and replaces. Replacing all is one step to undo. Main thread.
 #pragma once
 
 #include <QWidget>
 
-#include <vector>
+#include <cstddef>
+#include <optional>
 
 class QCheckBox;
 class QLabel;
@@ -36,7 +37,6 @@ private:
     void select(int start, int length);
     [[nodiscard]] Qt::CaseSensitivity sensitivity() const;
     [[nodiscard]] bool has_match_selected() const;
-    void replace_slice();
     void end_replacing();
     void close_bar();
 
@@ -45,11 +45,7 @@ private:
     QLineEdit* m_replacement = nullptr;
     QCheckBox* m_match_case = nullptr;
     QLabel* m_answer = nullptr;
-    // Of a replacement that goes on:
-    std::vector<int> m_places;
-    int m_length = 0;
-    QString m_substitute;
-    int m_replaced = 0;
+    std::optional<std::size_t> m_replacing; // so many places; none: no replacement goes on
 };
 
 } // namespace tickervantage

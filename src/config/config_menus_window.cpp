@@ -135,7 +135,7 @@ ConfigActions build_config_menus(QMainWindow* window, const ConfigActionHandlers
     builder.add(Texts::tr("&File"), file_items());
     builder.add(Texts::tr("&Edit"), edit_items());
     builder.add(Texts::tr("&View"), view_items());
-    builder.add(Texts::tr("&Chrony"), chrony_items());
+    builder.add(Texts::tr("Chron&y"), chrony_items());
     return builder.actions;
 }
 

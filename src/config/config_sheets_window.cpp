@@ -165,4 +165,24 @@ void ask_about_conflict(QWidget* window, const QString& path, std::function<void
         ConflictChoice::keep_editing, std::move(chosen));
 }
 
+void ask_about_kept_edits(QWidget* window, const QStringList& titles, std::function<void(KeptChoice)> chosen) {
+    //: kept edits: below the names or paths of the configurations
+    const QString question = Texts::tr("The edits were kept. Do you want to go on with them?");
+    auto* box = sheet(window, "kept_sheet", QMessageBox::Question,
+                      //: kept edits: message; configurations that were being edited when the program ended
+                      Texts::tr("%n configuration(s) had not been saved when the program ended", nullptr,
+                                static_cast<int>(titles.size())),
+                      titles.join(QLatin1Char('\n')) + QStringLiteral("\n\n") + question);
+    //: kept edits: button, opens them in the editor
+    auto* open = box->addButton(Texts::tr("&Open"), QMessageBox::AcceptRole);
+    //: kept edits: button, the edits are lost
+    auto* discard = box->addButton(Texts::tr("&Discard"), QMessageBox::DestructiveRole);
+    //: kept edits: button, the same question comes with the next start
+    auto* later = box->addButton(Texts::tr("&Later"), QMessageBox::RejectRole);
+    box->setDefaultButton(open);
+    box->setEscapeButton(later);
+    ask<KeptChoice>(box, {{open, KeptChoice::open}, {discard, KeptChoice::discard}}, KeptChoice::later,
+                    std::move(chosen));
+}
+
 } // namespace tickervantage

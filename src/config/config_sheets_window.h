@@ -5,6 +5,7 @@
 #include "config/configuration_check.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -24,6 +25,10 @@ void ask_about_unsaved(QWidget* window, const QString& title, std::function<void
 
 enum class ConflictChoice : unsigned char { overwrite, save_as, reload, keep_editing };
 void ask_about_conflict(QWidget* window, const QString& path, std::function<void(ConflictChoice)> chosen);
+
+// About edits that an earlier run of the program kept when it ended; the titles tell which.
+enum class KeptChoice : unsigned char { open, discard, later };
+void ask_about_kept_edits(QWidget* window, const QStringList& titles, std::function<void(KeptChoice)> chosen);
 
 // "Line 3: keyfile: /etc/k does not exist."
 [[nodiscard]] QString words_of(const ConfigurationWarning& warning);

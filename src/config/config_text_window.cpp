@@ -1,14 +1,18 @@
 #include "config/config_text_window.h"
 
+#include "config/config_bulk_edits_window.h"
 #include "config/config_completer_window.h"
 #include "config/config_highlighter_window.h"
 #include "config/words_window.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QCompleter>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
@@ -27,7 +31,8 @@ constexpr qint64 SLICE_MILLISECONDS = 8;
 constexpr int TEXT_POINTS = 11;
 constexpr int LEAST_PREFIX = 2; // letters typed before directives are offered
 constexpr int MARGIN = 6;
-constexpr int LEAST_LINES = 8; // to see
+constexpr int LEAST_LINES = 8;    // to see
+constexpr int LONG_EDIT = 20'000; // characters; what is shorter takes a few milliseconds
 
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(configeditor)
@@ -74,6 +79,8 @@ ConfigText::ConfigText(QWidget* parent) : QPlainTextEdit(parent) {
     setFont(text_font());
     m_highlighter = new ConfigHighlighter(document(), palette());
     m_completer = make_directive_completer(this);
+    m_bulk = new BulkEdits(this);
+    connect(m_bulk, &BulkEdits::finished, this, &ConfigText::ready);
     m_numbers = new LineNumbers(this);
     connect(this, &QPlainTextEdit::blockCountChanged, this, [this] { place_numbers(); });
     connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect& area, int scrolled) {
@@ -89,23 +96,42 @@ ConfigText::ConfigText(QWidget* parent) : QPlainTextEdit(parent) {
     highlight_lines();
 }
 
-void ConfigText::load(const QString& text) {
+bool ConfigText::is_busy() const {
+    return m_loading || m_bulk->is_running();
+}
+
+void ConfigText::load(const QString& text, Counts counts) {
+    m_bulk->abandon();
     m_waiting = text;
     m_at = 0;
+    m_counts = counts;
     m_error_line = 0;
     document()->setUndoRedoEnabled(false);
     setReadOnly(true);
-    const bool was_loading = std::exchange(m_loading, true);
-    clear();
-    if (!was_loading)
+    if (!std::exchange(m_loading, true))
         load_slice();
+}
+
+// From the end: nothing has to be laid out anew.
+bool ConfigText::remove_piece() {
+    const int last = document()->characterCount() - 1;
+    if (m_at > 0 || last == 0)
+        return false;
+    QTextCursor cursor(document());
+    cursor.setPosition(last);
+    cursor.setPosition(std::max(0, last - LONG_EDIT), QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    return true;
 }
 
 void ConfigText::load_slice() {
     QElapsedTimer clock;
     clock.start();
+    bool is_empty = false; // of the former text
+    while (!is_empty && clock.elapsed() < SLICE_MILLISECONDS)
+        is_empty = !remove_piece();
     QTextCursor cursor(document());
-    while (m_at < m_waiting.size() && clock.elapsed() < SLICE_MILLISECONDS) {
+    while (is_empty && m_at < m_waiting.size() && clock.elapsed() < SLICE_MILLISECONDS) {
         qsizetype end = m_at;
         for (int line = 0; line < SLICE_LINES && end < m_waiting.size(); ++line) {
             const auto next = m_waiting.indexOf(QLatin1Char('\n'), end);
@@ -115,7 +141,7 @@ void ConfigText::load_slice() {
         cursor.insertText(m_waiting.mid(m_at, end - m_at));
         m_at = end;
     }
-    if (m_at < m_waiting.size())
+    if (!is_empty || m_at < m_waiting.size())
         QTimer::singleShot(0, this, [this] { load_slice(); });
     else
         end_loading();
@@ -125,13 +151,14 @@ void ConfigText::end_loading() {
     m_waiting.clear();
     m_loading = false;
     document()->setUndoRedoEnabled(true);
-    document()->setModified(false);
+    document()->setModified(m_counts == Counts::as_modified);
     ++m_edits;
     setReadOnly(false);
     moveCursor(QTextCursor::Start);
     verticalScrollBar()->setValue(0);
     horizontalScrollBar()->setValue(0);
     Q_EMIT loaded();
+    Q_EMIT ready();
 }
 
 QString ConfigText::whole_text() const {
@@ -298,6 +325,77 @@ void ConfigText::insert_completion(const QString& name) {
     setTextCursor(cursor);
 }
 
+void ConfigText::undo_step() {
+    m_bulk->undo();
+}
+
+void ConfigText::redo_step() {
+    m_bulk->redo();
+}
+
+void ConfigText::cut_selection() {
+    if (!textCursor().hasSelection() || isReadOnly())
+        return;
+    copy();
+    replace_selection({});
+}
+
+void ConfigText::delete_selection() {
+    if (!isReadOnly())
+        replace_selection({});
+}
+
+void ConfigText::replace_selection(const QString& text) {
+    const QTextCursor cursor = textCursor();
+    const auto length = cursor.selectionEnd() - cursor.selectionStart() + text.size();
+    if (length > LONG_EDIT)
+        m_bulk->replace_range(cursor.selectionStart(), cursor.selectionEnd(), text);
+    else
+        textCursor().insertText(text);
+    ensureCursorVisible();
+}
+
+bool ConfigText::take_long_edit(QKeyEvent* event) {
+    if (isReadOnly())
+        return false;
+    const QTextCursor cursor = textCursor();
+    const bool is_long = cursor.selectionEnd() - cursor.selectionStart() > LONG_EDIT;
+    const bool removes = event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace;
+    const bool breaks = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool types = !event->text().isEmpty() && event->text().at(0).isPrint() &&
+                       !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (event->matches(QKeySequence::Undo))
+        undo_step();
+    else if (event->matches(QKeySequence::Redo))
+        redo_step();
+    else if (event->matches(QKeySequence::Cut))
+        cut_selection();
+    else if (is_long && (removes || breaks || types))
+        replace_selection(removes ? QString() : breaks ? QStringLiteral("\n") : event->text());
+    else
+        return false;
+    return true;
+}
+
+// Qt's own menu, but with our way to edit.
+void ConfigText::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu* menu = createStandardContextMenu(event->pos());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const std::pair<const char*, void (ConfigText::*)()> own[]{{"edit-undo", &ConfigText::undo_step},
+                                                               {"edit-redo", &ConfigText::redo_step},
+                                                               {"edit-cut", &ConfigText::cut_selection},
+                                                               {"edit-delete", &ConfigText::delete_selection}};
+    for (const auto& [name, slot] : own)
+        if (auto* theirs = menu->findChild<QAction*>(QLatin1String(name))) {
+            auto* ours = new QAction(theirs->icon(), theirs->text(), menu);
+            ours->setEnabled(theirs->isEnabled());
+            connect(ours, &QAction::triggered, this, slot);
+            menu->insertAction(theirs, ours);
+            menu->removeAction(theirs);
+        }
+    menu->popup(event->globalPos());
+}
+
 void ConfigText::keyPressEvent(QKeyEvent* event) {
     const bool is_offering = m_completer->popup()->isVisible();
     if (is_offering) {
@@ -313,6 +411,16 @@ void ConfigText::keyPressEvent(QKeyEvent* event) {
             break;
         }
     }
+    const bool is_tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    if (is_tab && event->modifiers().testFlag(Qt::ControlModifier)) { // Tab itself is a character of the text
+        (void)QAbstractScrollArea::focusNextPrevChild(event->key() == Qt::Key_Tab &&
+                                                      !event->modifiers().testFlag(Qt::ShiftModifier));
+        return;
+    }
+    if (take_long_edit(event)) {
+        m_completer->popup()->hide();
+        return;
+    }
     QPlainTextEdit::keyPressEvent(event);
     const bool typed = !event->text().isEmpty() && event->text().at(0).isLetterOrNumber();
     const QString prefix = directive_before_cursor();
@@ -322,6 +430,16 @@ void ConfigText::keyPressEvent(QKeyEvent* event) {
         m_completer->popup()->hide();
 }
 
+// Plain text alone: Qt would copy every line's colours, too, which takes half a second for a long text.
+QMimeData* ConfigText::createMimeDataFromSelection() const {
+    const QTextCursor cursor = textCursor();
+    const int length = cursor.selectionEnd() - cursor.selectionStart();
+    auto* selected = new QMimeData;
+    selected->setText(length > LONG_EDIT ? whole_text().mid(cursor.selectionStart(), length)
+                                         : cursor.selectedText().replace(QChar::ParagraphSeparator, QLatin1Char('\n')));
+    return selected;
+}
+
 bool ConfigText::canInsertFromMimeData(const QMimeData* source) const {
     return !local_file_in(source).isEmpty() || QPlainTextEdit::canInsertFromMimeData(source);
 }
@@ -329,6 +447,8 @@ bool ConfigText::canInsertFromMimeData(const QMimeData* source) const {
 void ConfigText::insertFromMimeData(const QMimeData* source) {
     if (const QString file = local_file_in(source); !file.isEmpty())
         Q_EMIT file_dropped(file);
+    else if (source->text().size() > LONG_EDIT && !isReadOnly())
+        replace_selection(source->text());
     else
         QPlainTextEdit::insertFromMimeData(source);
 }

@@ -1,8 +1,8 @@
 // The text of a configuration: lines that are not wrapped, with their numbers, the current one marked, and directives
 // completed as they are typed.
 //
-// A long text is taken in slice by slice, so that the event loop comes round; until `loaded` the text cannot be edited.
-// Lines are counted from 1. Main thread.
+// A long text is taken in slice by slice, so that the event loop comes round, and so are long edits; until `ready` the
+// text cannot be edited. Lines are counted from 1. Main thread.
 #pragma once
 
 #include <QPlainTextEdit>
@@ -12,6 +12,7 @@ class QCompleter;
 
 namespace tickervantage {
 
+class BulkEdits;
 class ConfigHighlighter;
 
 class ConfigText : public QPlainTextEdit {
@@ -20,9 +21,19 @@ class ConfigText : public QPlainTextEdit {
 public:
     explicit ConfigText(QWidget* parent);
 
-    // Replaces the text, which then counts as unchanged; there is nothing to undo.
-    void load(const QString& text);
+    enum class Counts : unsigned char { as_saved, as_modified };
+
+    // Replaces the text; there is nothing to undo then.
+    void load(const QString& text, Counts counts = Counts::as_saved);
     [[nodiscard]] bool is_loading() const { return m_loading; }
+    [[nodiscard]] bool is_busy() const; // with a load or a long edit
+    [[nodiscard]] BulkEdits& bulk() { return *m_bulk; }
+
+    // One step, however long.
+    void undo_step();
+    void redo_step();
+    void cut_selection();
+    void delete_selection();
 
     // The text as it is, with "\n" between lines. (toPlainText makes blanks of no-break spaces.)
     [[nodiscard]] QString whole_text() const;
@@ -43,6 +54,7 @@ public:
 
 Q_SIGNALS:
     void loaded();
+    void ready();  // no longer busy
     void edited(); // by the user or an action, not while loading
     void file_dropped(const QString& path);
 
@@ -51,13 +63,18 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
     [[nodiscard]] bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
 
 private:
     void load_slice();
+    [[nodiscard]] bool remove_piece(); // of the text before; false: there is none left
     void end_loading();
     void text_changed();
+    [[nodiscard]] bool take_long_edit(QKeyEvent* event); // instead of Qt, which would take all of it at once
+    void replace_selection(const QString& text);
     [[nodiscard]] int position_of_line(long long number) const;
     [[nodiscard]] QString directive_before_cursor() const;
     void insert_completion(const QString& name);
@@ -68,8 +85,10 @@ private:
     ConfigHighlighter* m_highlighter = nullptr;
     QCompleter* m_completer = nullptr;
     QWidget* m_numbers = nullptr;
+    BulkEdits* m_bulk = nullptr;
     QString m_waiting; // text that is not in the document yet
     qsizetype m_at = 0;
+    Counts m_counts = Counts::as_saved; // when it is
     bool m_loading = false;
     int m_edits = 0;
     int m_zoomed = 0;

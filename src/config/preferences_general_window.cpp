@@ -268,8 +268,10 @@ void PreferencesGeneralPane::show_detected(const Paths& found) {
 
 void PreferencesGeneralPane::launchAtLogin() {
     const bool on = m_controls.m_launch_login->isChecked();
-    m_parts.queue.async([shared = m_shared, &main_thread = m_parts.main_thread, agent = m_parts.launch_at_login, on,
-                         number = ++m_shared->logins] {
+    const auto answer = std::make_shared<std::promise<bool>>();
+    m_login_changed = answer->get_future();
+    m_parts.queue.async([answer, shared = m_shared, &main_thread = m_parts.main_thread, agent = m_parts.launch_at_login,
+                         on, number = ++m_shared->logins] {
         std::string sentence;
         const int result = on ? agent.writePlist(sentence) : agent.unlinkAgent(sentence);
         const bool valid = agent.agentIsValid();
@@ -278,6 +280,7 @@ void PreferencesGeneralPane::launchAtLogin() {
             (void)agent.unlinkAgent(ignored);
         if (on && !valid && result == 0)
             sentence = "The file in the autostart folder does not start the program.";
+        answer->set_value(valid);
         main_thread.main_async([shared, valid, sentence, number] {
             if (shared->pane && shared->logins == number)
                 shared->pane->show_login(valid, sentence);
@@ -285,7 +288,17 @@ void PreferencesGeneralPane::launchAtLogin() {
     });
 }
 
+bool PreferencesGeneralPane::finish(std::chrono::milliseconds patience) {
+    if (!m_login_changed.valid())
+        return true;
+    if (m_login_changed.wait_for(patience) != std::future_status::ready)
+        return false;
+    m_parts.general.launch_login = m_login_changed.get();
+    return true;
+}
+
 void PreferencesGeneralPane::show_login(bool on, const std::string& sentence) {
+    m_login_changed = {};
     m_controls.m_launch_login->setChecked(on);
     m_parts.general.launch_login = on;
     save_settings();

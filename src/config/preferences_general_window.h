@@ -11,6 +11,8 @@
 #include <QWidget>
 
 #include <array>
+#include <chrono>
+#include <future>
 #include <memory>
 #include <string>
 
@@ -31,6 +33,9 @@ public:
 
     void show_record();   // fills the controls, and looks at the paths
     void save_settings(); // writes the record
+
+    // Waits for the last change of launch at login, and takes it into the record. False when the time does not suffice.
+    [[nodiscard]] bool finish(std::chrono::milliseconds patience);
 
     void launchAtLogin();
     void adjustClock();
@@ -66,6 +71,7 @@ private:
     std::shared_ptr<Shared> m_shared;
     PreferencesGeneralControls m_controls;
     std::array<PathState, 4> m_states{PathState::program, PathState::program, PathState::program, PathState::program};
+    std::future<bool> m_login_changed; // whether it is on then; invalid: no change is under way
     bool m_testing = false;
     bool m_saving = false;
 };

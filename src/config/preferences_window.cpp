@@ -64,6 +64,10 @@ void Preferences::show_pane(Pane pane) {
     activateWindow();
 }
 
+bool Preferences::finish(std::chrono::milliseconds patience) {
+    return prefsGeneral->finish(patience);
+}
+
 void Preferences::closeEvent(QCloseEvent* event) {
     prefsGeneral->save_settings();
     m_parts.advanced.save(m_parts.settings);

@@ -6,6 +6,8 @@
 
 #include <QWidget>
 
+#include <chrono>
+
 class QTabWidget;
 
 namespace tickervantage {
@@ -22,6 +24,10 @@ public:
     explicit Preferences(PreferencesParts parts);
 
     void show_pane(Pane pane); // and the window, in front; the controls show the records as they are now
+
+    // Waits until the file for launch at login is as it was asked for: for the program's end. False when the time does
+    // not suffice.
+    [[nodiscard]] bool finish(std::chrono::milliseconds patience);
 
 protected:
     void closeEvent(QCloseEvent* event) override;

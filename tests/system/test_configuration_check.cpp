@@ -54,15 +54,19 @@ TEST_F(RealChronyd, ErrorsAreFoundInTheLineWhereTheyAre) {
     };
     std::printf("| %-28s | %-56s | %-4s | %s\n", "text", "message", "line", "remark");
     for (const auto& row : rows) {
-        const ConfigError error = checkSyntax(parts, row.text);
+        const auto [error, warnings] = check_configuration({parts, {look_at_path, user_exists}}, row.text);
         EXPECT_EQ(error.m_msg, row.message.empty() ? "" : "Fatal error : " + row.message) << row.text;
         EXPECT_EQ(error.m_line, row.line) << row.text;
         EXPECT_EQ(error.m_file.empty(), row.text.find(included) == std::string::npos) << row.text;
         EXPECT_EQ(error.m_doubt.empty(), row.text.find("/nope") == std::string::npos) << error.m_doubt;
+        const bool is_doubtful = row.text.starts_with("refclock FOO") || row.text.find("/nope") != std::string::npos;
+        EXPECT_EQ(warnings.empty(), !is_doubtful) << row.text;
         std::string text = row.text.substr(0, 28);
         std::ranges::replace(text, '\n', '/');
         std::printf("| %-28s | %-56s | %-4lld | %s%s\n", text.c_str(), error.m_msg.c_str(), error.m_line,
                     error.m_file.c_str(), error.m_doubt.c_str());
+        for (const auto& warning : warnings)
+            std::printf("| %-28s | %-56s | %-4zu | %s\n", "", "warning", warning.line, warning.sentence.c_str());
     }
     EXPECT_FALSE(std::filesystem::exists(home.path("check_chrony.conf")));
 }

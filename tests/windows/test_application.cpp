@@ -164,11 +164,12 @@ TEST_F(ApplicationTest, ShortcutsAreUnique) {
 // Each window as it comes up.
 TEST_F(ApplicationTest, EveryWindowIsUsedByKeysAlone) {
     launch();
-    for (const char* window :
-         {"liveTracking", "showSpectrum", "showFreqTemp", "showFreqInspector", "showServers", "showPreferences"}) {
+    for (const char* window : {"liveTracking", "showSpectrum", "showFreqTemp", "showFreqInspector", "showServers",
+                               "showPreferences", "newConfiguration"}) {
         item(window)->setVisible(true); // some are only offered to those who ask
         item(window)->trigger();
     }
+    config_queue.turn();
     fakes.settle();
     std::set<std::string> seen;
     for (auto* window : QApplication::topLevelWidgets()) {
@@ -182,8 +183,8 @@ TEST_F(ApplicationTest, EveryWindowIsUsedByKeysAlone) {
             EXPECT_EQ(testing::clashes(testing::texts_of(*menu)), std::vector<std::string>())
                 << name << " " << menu->title().toStdString();
     }
-    for (const char* name :
-         {"TrackingWindow", "SpectrumWindow", "FreqTempWindow", "SensorInspector", "ServersWindow", "Preferences"})
+    for (const char* name : {"TrackingWindow", "SpectrumWindow", "FreqTempWindow", "SensorInspector", "ServersWindow",
+                             "Preferences", "ConfigEditor"})
         EXPECT_TRUE(seen.contains(name)) << name;
 }
 

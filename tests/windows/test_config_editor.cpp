@@ -1,9 +1,11 @@
 #include "app/config_windows.h"
 #include "config/config_find_bar_window.h"
 #include "config/config_text_window.h"
+#include "support/child_program.h"
 #include "support/manual_dispatch.h"
 #include "support/memory_stores.h"
 #include "support/scripted_execute.h"
+#include "support/small_disk.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +13,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QCompleter>
+#include <QDir>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,6 +29,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <functional>
 
 namespace tickervantage {
 namespace {
@@ -40,17 +45,29 @@ struct ConfigEditorTest : ::testing::Test {
     QTemporaryDir folder;
     std::string installed_text;
     QStringList said;
+    std::vector<std::string> logged;
+    std::string state_folder = file("state");
+    QWidget desk; // the program's main window
     std::unique_ptr<ConfigWindows> windows;
 
     void SetUp() override {
         write("installed.conf", "pool a\nserver b\nlast");
         execute.answer("chronyd", "pool a\n");
+        start();
+    }
+
+    // A run of the program. One before it goes as if it were killed.
+    void start() {
+        windows.reset();
+        settle();
         Paths paths;
         paths.temporary = file("");
         paths.bundle = file("");
+        paths.state = state_folder;
         windows = std::make_unique<ConfigWindows>(
             ConfigWindowsParts{.execute = execute,
                                .queue = queue,
+                               .edit_queue = queue,
                                .main_thread = main_thread,
                                .settings = settings,
                                .paths = paths,
@@ -60,9 +77,11 @@ struct ConfigEditorTest : ::testing::Test {
                                        installed_text = std::move(text);
                                        done({false, "The helper is not there."});
                                    },
-                               .say =
-                                   [this](const QString& sentence) {
-                                       said.append(sentence);
+                               .say = [this](const QString& sentence) { said.append(sentence); },
+                               .window = [this] { return &desk; },
+                               .log =
+                                   [this](const std::string& sentence) {
+                                       logged.push_back(sentence);
                                    }});
     }
 
@@ -71,16 +90,13 @@ struct ConfigEditorTest : ::testing::Test {
     }
     QString path(const char* name) { return QString::fromStdString(file(name)); }
     void write(const char* name, const std::string& text) { std::ofstream(file(name)) << text; }
-    std::string read(const char* name) {
-        std::ifstream in(file(name));
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
+    std::string read(const char* name) { return testing::contents(file(name)); }
 
     void settle() {
         while (queue.turn() || main_thread.turn() || text_is_loading())
             QApplication::processEvents();
     }
-    bool text_is_loading() { return !editors().empty() && text()->is_loading(); }
+    bool text_is_loading() { return !editors().empty() && text()->is_busy(); }
 
     static std::vector<ConfigEditor*> editors() {
         std::vector<ConfigEditor*> all;
@@ -109,8 +125,8 @@ struct ConfigEditorTest : ::testing::Test {
         settle();
     }
     // Reads the sheet and presses one of its buttons.
-    QString answer(const char* name, const char* button) {
-        const QPointer<QMessageBox> box = find<QMessageBox>(name);
+    QString answer(const char* name, const char* button) { return answer(find<QMessageBox>(name), button); }
+    QString answer(const QPointer<QMessageBox>& box, const char* button) {
         QString words = box->text() + QLatin1Char('|') + box->informativeText();
         for (auto* one : box->buttons())
             if (box && one->text().remove(QLatin1Char('&')) == QLatin1String(button))
@@ -341,8 +357,7 @@ TEST_F(ConfigEditorTest, FindsAndReplacesInOneStepToUndo) {
     bar->find_next(); // round the end
     EXPECT_EQ(text()->textCursor().selectionStart(), 5);
     bar->replace_all();
-    while (text()->isReadOnly())
-        QApplication::processEvents();
+    settle();
     EXPECT_EQ(text()->whole_text(), QStringLiteral("pool aa\nserver b\nlaast"));
     text()->undo();
     EXPECT_EQ(text()->whole_text(), QStringLiteral("pool a\nserver b\nlast"));
@@ -351,20 +366,159 @@ TEST_F(ConfigEditorTest, FindsAndReplacesInOneStepToUndo) {
     EXPECT_EQ(find<QLabel>("find_answer")->text(), QStringLiteral("Not found"));
 }
 
-TEST_F(ConfigEditorTest, ALongTextComesInSlices) {
+constexpr int many = 8'000;
+
+std::string many_lines(const std::string& name) {
     std::string lines;
-    for (int i = 0; i < 20'000; ++i)
-        lines += "server host" + std::to_string(i) + " iburst\n";
+    for (int i = 0; i < many; ++i)
+        lines += "server " + name + std::to_string(i) + " iburst\n";
+    return lines;
+}
+
+TEST_F(ConfigEditorTest, ALongTextComesInSlices) {
+    const std::string lines = many_lines("host");
     write("long.conf", lines);
     windows->open_path(path("long.conf"));
     queue.turn();
     main_thread.turn();
     EXPECT_TRUE(text()->is_loading()); // shown before all of it is there
     EXPECT_TRUE(text()->isReadOnly());
+    EXPECT_FALSE(editor()->isWindowModified()) << "or closing it would ask a question";
     settle();
     EXPECT_EQ(text()->whole_text().toStdString(), lines);
     EXPECT_FALSE(text()->document()->isUndoAvailable());
     EXPECT_FALSE(editor()->isWindowModified());
+}
+
+TEST_F(ConfigEditorTest, ALongEditComesInSlicesAndIsOneStepBackAndForth) {
+    const std::string lines = many_lines("host");
+    const std::string renamed = many_lines("machine");
+    write("long.conf", lines);
+    windows->open_path(path("long.conf"));
+    settle();
+    find<QLineEdit>("find")->setText(QStringLiteral("host"));
+    find<QLineEdit>("replacement")->setText(QStringLiteral("machine"));
+    const auto press = [this](int key, Qt::KeyboardModifiers modifiers, const char* typed = "") {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, QLatin1String(typed));
+        QApplication::sendEvent(text(), &event);
+    };
+    struct Pasting : ConfigText {
+        using ConfigText::insertFromMimeData;
+    };
+    QMimeData pasted;
+    pasted.setText(QString::fromStdString("\r\n" + renamed));
+    const struct {
+        const char* what;
+        std::function<void()> act;
+        std::string after;
+    } steps[]{{"replace", [&] { find<FindBar>("find_bar")->replace_all(); }, renamed},
+              {"undo", [&] { press(Qt::Key_Z, Qt::ControlModifier); }, lines},
+              {"redo", [&] { press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }, renamed},
+              {"undo", [&] { text()->undo_step(); }, lines},
+              {"remove",
+               [&] {
+                   text()->selectAll();
+                   press(Qt::Key_Delete, Qt::NoModifier);
+               },
+               ""},
+              {"paste", [&] { (text()->*&Pasting::insertFromMimeData)(&pasted); }, "\n" + renamed},
+              {"undo", [&] { text()->undo_step(); }, ""},
+              {"undo", [&] { text()->undo_step(); }, lines},
+              {"type over",
+               [&] {
+                   text()->selectAll();
+                   press(Qt::Key_X, Qt::NoModifier, "x");
+               },
+               "x"},
+              {"undo", [&] { text()->undo_step(); }, lines}};
+    for (const auto& [what, act, after] : steps) {
+        act();
+        EXPECT_TRUE(text()->is_busy() && text()->isReadOnly()) << what << " held everything up";
+        settle();
+        ASSERT_EQ(text()->whole_text().toStdString(), after) << what;
+        EXPECT_EQ(editor()->isWindowModified(), after != lines) << what;
+    }
+    find<FindBar>("find_bar")->replace_all();
+    editor()->save(); // waits for the whole
+    settle();
+    EXPECT_EQ(read("long.conf"), renamed);
+    EXPECT_FALSE(editor()->isWindowModified());
+}
+
+TEST_F(ConfigEditorTest, ADiskThatIsFullOrClosedCostsNothingButASentence) {
+    const testing::SmallDisk disk("64k");
+    if (disk.path().empty()) {
+        if (!disk.runs_the_test())
+            GTEST_SKIP() << "This machine lets nobody here mount a disk.";
+        return;
+    }
+    state_folder = disk.path() + "/state";
+    start();
+    const QString path = QString::fromStdString(disk.path() + "/a.conf");
+    std::ofstream(path.toStdString()) << "one\n";
+    windows->open_path(path);
+    settle();
+    const auto fails = [&](const char* why) {
+        editor()->save();
+        settle();
+        EXPECT_EQ(answer("failure", "Dismiss"),
+                  QStringLiteral("The configuration was not saved|Cannot write %1: %2.").arg(path, QLatin1String(why)));
+        EXPECT_TRUE(editor()->isWindowModified());
+        EXPECT_TRUE(text()->whole_text().endsWith(QStringLiteral("one\n")));
+        EXPECT_EQ(testing::contents(path.toStdString()), "one\n");
+        EXPECT_EQ(QDir(QFileInfo(path).path()).entryList(QDir::Files | QDir::Hidden),
+                  QStringList{QStringLiteral("a.conf")});
+    };
+    text()->insertPlainText(QString(100'000, QLatin1Char('x')));
+    fails("No space left on device");
+    text()->undo();
+    text()->insertPlainText(QStringLiteral("small"));
+    ASSERT_TRUE(disk.make_read_only());
+    fails("Read-only file system");
+    editor()->keep_edit(); // there as well
+    settle();
+    ASSERT_FALSE(logged.empty());
+    EXPECT_NE(logged.back().find("Read-only file system"), std::string::npos) << logged.back();
+}
+
+TEST_F(ConfigEditorTest, AnEditThatWasNotSavedIsOfferedByTheNextRuns) {
+    const auto offered = [this](const char* button) {
+        start();
+        windows->offer_kept_edits();
+        settle();
+        auto* box = desk.findChild<QMessageBox*>();
+        return box == nullptr ? QString() : answer(box, button);
+    };
+    write("a.conf", "one\r\n");
+    windows->open_path(path("a.conf"));
+    settle();
+    text()->insertPlainText(QStringLiteral("x"));
+    editor()->keep_edit();
+    settle();
+    EXPECT_TRUE(offered("Later").contains(path("a.conf")));
+    EXPECT_TRUE(editors().empty());
+    EXPECT_TRUE(offered("Open").contains(path("a.conf")));
+    EXPECT_EQ(text()->whole_text(), QStringLiteral("xone\n"));
+    EXPECT_EQ(editor()->path(), path("a.conf"));
+    EXPECT_TRUE(editor()->isWindowModified());
+    EXPECT_FALSE(can("m_install"));
+    write("a.conf", "theirs\n");
+    editor()->save();
+    settle();
+    answer("conflict_sheet", "Overwrite");
+    EXPECT_EQ(read("a.conf"), "xone\r\n");
+    EXPECT_EQ(offered("Open"), QString()) << "it is saved";
+
+    installed();
+    text()->insertPlainText(QStringLiteral("y"));
+    editor()->keep_edit();
+    settle();
+    EXPECT_TRUE(offered("Open").contains(QStringLiteral("Installed Chrony Configuration")));
+    EXPECT_TRUE(editor()->is_installed_config());
+    EXPECT_TRUE(offered("Open").contains(QStringLiteral("Installed"))) << "adopted, and left behind once more";
+    editor()->close();
+    answer("unsaved_sheet", "Don't Save");
+    EXPECT_EQ(offered("Open"), QString()) << "it was given up";
 }
 
 } // namespace

@@ -16,6 +16,8 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include <thread>
+
 namespace tickervantage {
 namespace {
 
@@ -169,6 +171,18 @@ TEST_F(PreferencesTest, LaunchAtLoginStaysOnlyWhenItWorks) {
     press("m_launch_login");
     EXPECT_FALSE(agent_written || ticked("m_launch_login") || load(settings, settings::launch_login));
     EXPECT_NE(words("status"), "");
+}
+
+TEST_F(PreferencesTest, AClickRightBeforeTheProgramEndsIsNotLost) {
+    using namespace std::chrono_literals;
+    open();
+    find<QCheckBox>("m_launch_login")->click();
+    EXPECT_FALSE(window->finish(0ms)) << "the disk has not been asked yet";
+    {
+        const std::jthread disk([this] { queue.turn(); });
+        EXPECT_TRUE(window->finish(1min));
+    }
+    EXPECT_TRUE(agent_written && general.launch_login) << "though no answer reaches the window any more";
 }
 
 TEST_F(PreferencesTest, PathsAreLookedAtAndDetected) {

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QToolButton>
 
 namespace tickervantage {
@@ -186,6 +187,23 @@ TEST_F(ServersWindowTest, TitlesAndOrderAreEditedInTheList) {
     ASSERT_TRUE(model->moveRow({}, 2, {}, 0));
     settle();
     EXPECT_EQ(saved(), "Uno:uno.example:10:6:true\nTwo:two.example:8:4:false\nThree:three.example:8:4:false\n");
+}
+
+TEST_F(ServersWindowTest, ARowIsMovedByKeys) {
+    open("One:one.example:10:6:true\nTwo:two.example:8:4:false\nThree:three.example:8:4:false\n");
+    const auto press = [this](Qt::Key key) {
+        for (auto* shortcut : find<ServerListView>("serverListView")->findChildren<QShortcut*>())
+            if (shortcut->key() == QKeySequence(Qt::ALT | key))
+                Q_EMIT shortcut->activated();
+        settle();
+    };
+    press(Qt::Key_Up); // there is nothing above
+    press(Qt::Key_Down);
+    EXPECT_EQ(saved(), "Two:two.example:8:4:false\nOne:one.example:10:6:true\nThree:three.example:8:4:false\n");
+    EXPECT_EQ(text("m_name"), "one.example") << "the fields went along";
+    for (const auto key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Up})
+        press(key);
+    EXPECT_EQ(saved(), "One:one.example:10:6:true\nTwo:two.example:8:4:false\nThree:three.example:8:4:false\n");
 }
 
 TEST_F(ServersWindowTest, AFailureIsSaidAndTheEditStays) {

@@ -186,8 +186,15 @@ def read(window, drawings, verbose):
     return [f"{window.name}: {fault}" for fault in faults]
 
 
+def drawings_have_words(window):
+    drawn = [node for node in below(window) if node.getRoleName() in DRAWN_ROLES]
+    return drawn and all((node.description or "").strip() for node in drawn)
+
+
 def walk(verbose):
     app = eventually(application, "the program on the accessibility bus")
+    main = eventually(lambda: window_titled(app, "Tickervantage"), "the main window")
+    eventually(lambda: drawings_have_words(main), "the first reading on the dials")
     faults = []
     for item, title, drawings in WINDOWS:
         if item is not None:

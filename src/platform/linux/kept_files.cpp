@@ -1,0 +1,127 @@
+#include "platform/linux/kept_files.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include <unistd.h>
+
+namespace tickervantage {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t largest = 80U << 20U; // more than the largest document with what is told of it
+constexpr const char* locked_name = "/run";
+
+bool is_hidden(const fs::path& path) {
+    return path.filename().string().starts_with('.');
+}
+
+std::vector<fs::path> entries(const std::string& folder) {
+    std::vector<fs::path> found;
+    std::error_code error; // a folder that is not there has no entries
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
+        if (!is_hidden(entry->path()))
+            found.push_back(entry->path());
+    return found;
+}
+
+fs::file_time_type changed_at(const fs::path& path) {
+    std::error_code ignored; // then it counts as the oldest
+    return fs::last_write_time(path, ignored);
+}
+
+void remove_if_empty(const std::string& folder) {
+    std::error_code ignored; // the next run tries again
+    if (!folder.empty() && entries(folder).empty())
+        (void)fs::remove_all(folder, ignored); // with the lock's own file
+}
+
+} // namespace
+
+KeptFiles::~KeptFiles() {
+    remove_if_empty(m_own);
+    for (const auto& taken : m_taken)
+        remove_if_empty(taken.folder);
+}
+
+int KeptFiles::make_own(std::string& sentence) {
+    std::string folder = m_folder + "/XXXXXX";
+    sentence = "There is no folder to keep it in.";
+    if (m_folder.empty() || make_private_folder(m_folder, sentence) != 0)
+        return -1;
+    if (::mkdtemp(folder.data()) == nullptr) {
+        sentence = "Cannot make a folder in " + m_folder + ": " + std::generic_category().message(errno) + ".";
+        return -1;
+    }
+    FileLock lock;
+    if (lock.lock(folder + locked_name, {}, sentence) != 0)
+        return -1;
+    m_lock = std::move(lock);
+    m_own = std::move(folder);
+    return 0;
+}
+
+// Twice: another run that starts may take a folder for an empty one before its lock is there.
+int KeptFiles::keep(const std::string& name, std::string_view bytes, std::string& sentence) {
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        if (::access(m_own.c_str(), W_OK) != 0 && make_own(sentence) != 0)
+            continue;
+        if (replace_small_file(path_of(name), bytes, sentence) == 0)
+            return 0;
+    }
+    return -1;
+}
+
+void KeptFiles::drop(const std::string& name) {
+    if (!m_own.empty())
+        remove(path_of(name));
+}
+
+bool KeptFiles::take(const std::string& folder) {
+    if (folder == m_own)
+        return false;
+    if (std::ranges::find(m_taken, folder, &Taken::folder) != m_taken.end())
+        return true;
+    FileLock lock;
+    std::string in_use;
+    if (lock.lock(folder + locked_name, {}, in_use) != 0)
+        return false;
+    if (entries(folder).empty())
+        remove_if_empty(folder);
+    else
+        m_taken.push_back({folder, std::move(lock)});
+    return true;
+}
+
+void KeptFiles::visit_left(const std::function<void(const std::string&, std::string)>& visit) {
+    std::vector<fs::path> files;
+    for (const auto& folder : entries(m_folder))
+        if (take(folder.string()))
+            std::ranges::copy(entries(folder.string()), std::back_inserter(files));
+    std::ranges::sort(files, {}, changed_at);
+    for (const auto& path : files)
+        if (SmallFile file = read_small_file(path.string(), largest); file.outcome == SmallFile::Outcome::read)
+            visit(path.string(), std::move(file.bytes));
+}
+
+int KeptFiles::adopt(const std::string& path, const std::string& name, std::string& sentence) {
+    if (m_own.empty() && make_own(sentence) != 0)
+        return -1;
+    if (std::rename(path.c_str(), path_of(name).c_str()) == 0)
+        return 0;
+    sentence = "Cannot rename " + path + ": " + std::generic_category().message(errno) + ".";
+    return -1;
+}
+
+void KeptFiles::remove(const std::string& path) {
+    std::error_code ignored; // then it is offered once more
+    (void)fs::remove(path, ignored);
+}
+
+} // namespace tickervantage

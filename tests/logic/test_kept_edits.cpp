@@ -1,0 +1,128 @@
+#include "config/kept_edit.h"
+#include "config/tracking_log_setting.h"
+#include "platform/linux/kept_files.h"
+#include "support/child_program.h"
+#include "support/manual_dispatch.h"
+
+#include <gtest/gtest.h>
+
+namespace tickervantage {
+namespace {
+
+TEST(KeptEdit, ReadsBackWhateverItHoldsAndNothingThatWasCut) {
+    const KeptEdit edits[]{{},
+                           {.path = "/a\nb 7", .title = "b\n", .stamp = ~std::size_t{0}, .text = "x\n\xc3\xb6"},
+                           {.path = "/c",
+                            .title = "Installed",
+                            .is_installed_config = true,
+                            .line_ends = LineEnds::dos_style,
+                            .stamp = 1,
+                            .text = "last"}};
+    for (const auto& edit : edits) {
+        const std::string bytes = format_kept_edit(edit);
+        KeptEdit found;
+        ASSERT_EQ(parse_kept_edit(bytes, found), 0) << bytes;
+        EXPECT_EQ(found, edit) << bytes;
+        for (std::size_t length = 0; length < bytes.size(); ++length)
+            EXPECT_EQ(parse_kept_edit(bytes.substr(0, length), found), -1) << length;
+        EXPECT_EQ(parse_kept_edit(bytes + "x", found), -1);
+    }
+    KeptEdit found;
+    EXPECT_EQ(parse_kept_edit("Tickervantage edit 1 18446744073709551615 2 0 0 0 0\nab\n", found), -1);
+}
+
+TEST(KeptFiles, ARunFindsThoseOfRunsThatHaveEndedAndNoOthers) {
+    const testing::PrivateHome home;
+    const std::string folder = home.path("state/unsaved");
+    std::string sentence;
+    const auto left_for = [](KeptFiles& run) {
+        std::vector<std::string> bytes;
+        std::string last;
+        run.visit_left([&](const std::string& path, std::string found) {
+            bytes.push_back(std::move(found));
+            last = path;
+        });
+        return std::pair(bytes, last);
+    };
+    auto first = std::make_unique<KeptFiles>(folder);
+    ASSERT_EQ(first->keep("1.edit", "one", sentence), 0) << sentence;
+    ASSERT_EQ(first->keep("2.edit", "two", sentence), 0) << sentence;
+    first->drop("2.edit");
+    auto second = std::make_unique<KeptFiles>(folder);
+    EXPECT_TRUE(left_for(*second).first.empty()) << "the first still lives";
+    EXPECT_TRUE(left_for(*first).first.empty());
+    first.reset();
+    const auto [bytes, path] = left_for(*second);
+    EXPECT_EQ(bytes, std::vector<std::string>{"one"});
+    KeptFiles third(folder);
+    EXPECT_TRUE(left_for(third).first.empty()) << "the second has them";
+    ASSERT_EQ(second->adopt(path, "7.edit", sentence), 0) << sentence;
+    EXPECT_TRUE(left_for(*second).first.empty());
+    second->drop("7.edit");
+    second.reset();
+    EXPECT_EQ(home.found_in("state"), std::vector<std::string>{folder}) << "no folder of a run is left";
+}
+
+TEST(EditKeeper, OfCopiesThatWaitOnlyTheNewestIsWritten) {
+    testing::ManualQueue queue;
+    std::vector<std::string> done;
+    std::vector<std::string> log;
+    EditKeeper keeper({.keep =
+                           [&](const std::string& name, std::string_view bytes, std::string& sentence) {
+                               done.push_back(name + std::string(bytes.substr(bytes.rfind('\n'))));
+                               sentence = "The disk is full.";
+                               return name == "2.edit" ? -1 : 0;
+                           },
+                       .drop = [&](const std::string& name) { done.push_back("drop " + name); },
+                       .left_behind = {},
+                       .adopt = {},
+                       .remove = {}},
+                      queue, [&](const std::string& sentence) { log.push_back(sentence); });
+    const auto edit = [](const char* text) {
+        return [text] {
+            return KeptEdit{.path = {}, .title = {}, .text = text};
+        };
+    };
+    EXPECT_TRUE(keeper.finish({})) << "there is nothing to wait for";
+    keeper.keep(1, edit("old"));
+    keeper.keep(1, edit("new"));
+    keeper.keep(2, edit("other"));
+    keeper.keep(3, edit("gone"));
+    keeper.drop(3);
+    EXPECT_FALSE(keeper.finish({}));
+    queue.turn();
+    EXPECT_EQ(done, (std::vector<std::string>{"1.edit\nnew", "2.edit\nother", "drop 3.edit"}));
+    ASSERT_EQ(log.size(), 1U);
+    EXPECT_TRUE(log[0].ends_with("The disk is full.")) << log[0];
+}
+
+TEST(TrackingLogSetting, FollowsWhatTheConfigurationTakesIn) {
+    const testing::PrivateHome home;
+    const auto write = [&home](const char* name, const std::string& text) {
+        testing::write_file(home.path(name), text);
+        return home.path(name);
+    };
+    const std::string dir = "logdir /var/log/chrony\n";
+    std::filesystem::create_directory(home.path("conf.d"));
+    write("conf.d/a.conf", "log measurements tracking\n");
+    write("conf.d/b.txt", dir);
+    const std::string loop = write("loop.conf", "include " + home.path("loop.conf") + "\n");
+    const struct {
+        std::string text;
+        TrackingLogSetting setting;
+    } cases[]{{dir + "LOG statistics tracking\nlog measurements\n", TrackingLogSetting::written},
+              {dir + "#log tracking\n! log tracking\nlog\nlogtracking\n", TrackingLogSetting::not_asked_for},
+              {"log tracking\n", TrackingLogSetting::no_folder},
+              {dir + "confdir /no/such " + home.path("conf.d") + "\n", TrackingLogSetting::written},
+              {"confdir " + home.path("conf.d") + "\n", TrackingLogSetting::no_folder},
+              {dir + "include " + home.path("conf.d/*.conf") + "\n", TrackingLogSetting::written},
+              {dir + "include " + home.path("none/*.conf") + "\n", TrackingLogSetting::not_asked_for},
+              {dir + "include /no/such/file\n", TrackingLogSetting::unknown},
+              {dir + "include " + loop + "\n", TrackingLogSetting::unknown}};
+    for (const auto& [text, setting] : cases)
+        EXPECT_EQ(tracking_log_setting(write("chrony.conf", text)), setting) << text;
+    EXPECT_EQ(tracking_log_setting(home.path("missing.conf")), TrackingLogSetting::unknown);
+}
+
+} // namespace
+} // namespace tickervantage
