@@ -388,7 +388,7 @@ void ConfigEditor::closeEvent(QCloseEvent* event) {
         return;
     }
     event->ignore();
-    keep_edit(); // who closes all windows may not wait for an answer: the end of a session
+    keep_edit();          // who closes all windows may not wait for an answer: the end of a session
     m_closing = m_saving; // what is being saved may be all that there is to save
     if (!m_saving && findChild<QWidget*>(QStringLiteral("unsaved_sheet")) == nullptr)
         close_after_question();

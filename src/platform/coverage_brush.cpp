@@ -76,7 +76,7 @@ std::uint32_t* CoverageBrush::lay_all(std::uint32_t* pixel, std::ptrdiff_t step,
     for (; count > 0; --count, pixel += step) {
         if (*pixel != before) {
             before = *pixel;
-            after = source + scaled_pixel(before, share);
+            after = laid_over(source, before);
         }
         *pixel = after;
     }
@@ -84,7 +84,7 @@ std::uint32_t* CoverageBrush::lay_all(std::uint32_t* pixel, std::ptrdiff_t step,
 }
 
 void CoverageBrush::lay_one(std::uint32_t& pixel, float coverage) const {
-    pixel = laid_over(pixel, static_cast<std::uint8_t>(coverage * 255 + 0.5F));
+    pixel = laid_over(m_by_coverage[static_cast<std::uint8_t>(coverage * 255 + 0.5F)], pixel);
 }
 
 void CoverageBrush::lay(std::uint64_t coverage, std::uint32_t* pixels) const {
@@ -92,7 +92,7 @@ void CoverageBrush::lay(std::uint64_t coverage, std::uint32_t* pixels) const {
         const int at = std::countr_zero(coverage) / 8;
         const std::uint32_t source = m_by_coverage[coverage >> (8 * at) & 0xFF];
         // What is hidden is not read: waiting for it costs the most.
-        pixels[at] = source >= OPAQUE ? source : source + scaled_pixel(pixels[at], 255 - (source >> 24));
+        pixels[at] = source >= OPAQUE ? source : laid_over(source, pixels[at]);
         coverage &= ~(std::uint64_t{0xFF} << (8 * at));
     }
 }

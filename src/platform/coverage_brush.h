@@ -46,11 +46,6 @@ public:
     // None when what is painted over would still be seen.
     [[nodiscard]] std::optional<std::uint32_t> opaque_pixel() const;
 
-    // What becomes of a pixel.
-    [[nodiscard]] std::uint32_t laid_over(std::uint32_t pixel, std::uint8_t coverage = 255) const {
-        return tickervantage::laid_over(m_by_coverage[coverage], pixel);
-    }
-
     // Eight pixels, the first one's coverage in the lowest bits. Those that are not covered are not touched.
     void lay(std::uint64_t coverage, std::uint32_t* pixels) const;
 

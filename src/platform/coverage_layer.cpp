@@ -20,7 +20,6 @@ void CoverageLayer::resize(int width, int height) {
     m_height = height;
     m_brushes.clear();
     m_background.reset();
-    m_has_lines = false;
     m_stripes.resize(static_cast<std::size_t>((width + STRIPE - 1) / STRIPE));
     for (auto& stripe : m_stripes)
         stripe.clear();
@@ -45,7 +44,6 @@ void CoverageLayer::add_line(Point from, Point to, double line_width) {
         return static_cast<int>(std::clamp(at, -1.0, static_cast<double>(m_width)));
     };
     const auto [left, right] = std::minmax(from.x, to.x);
-    m_has_lines = true;
     add({static_cast<float>(from.x), static_cast<float>(from.y), static_cast<float>(to.x), static_cast<float>(to.y),
          static_cast<float>(line_width), brush()},
         column(left - line_width), column(right + line_width));
@@ -65,7 +63,6 @@ void CoverageLayer::add_box(Rect box) {
     if (pixel) {
         for (auto& stripe : m_stripes)
             stripe.clear();
-        m_has_lines = false;
         m_background = pixel;
     } else {
         add({static_cast<float>(left), top, static_cast<float>(right), bottom, 0, brush()}, left, right - 1);
@@ -95,38 +92,16 @@ void CoverageLayer::add_columns(std::span<const ColumnSpan> spans, int first, do
 
 void CoverageLayer::paint(const PixelRows& target) {
     const Rows rows = m_background ? fill_untouched(target) : Rows{};
-    if (add_to_sweep()) {
-        m_sweep.paint(rows.first, rows.end, target);
-    } else {
-        int left = 0;
-        for (const auto& stripe : m_stripes) {
-            const PixelRows pixels{target.first + left, target.stride};
-            if (m_background)
-                paint_anew(left, stripe, rows, pixels);
-            else if (!stripe.empty())
-                paint_stripe(left, stripe, pixels);
-            left += STRIPE;
-        }
+    int left = 0;
+    for (const auto& stripe : m_stripes) {
+        const PixelRows pixels{target.first + left, target.stride};
+        if (m_background)
+            paint_anew(left, stripe, rows, pixels);
+        else if (!stripe.empty())
+            paint_stripe(left, stripe, pixels);
+        left += STRIPE;
     }
     resize(m_width, m_height);
-}
-
-// True when all of the picture is there, and can be painted from there.
-bool CoverageLayer::add_to_sweep() {
-    if (!m_background || m_has_lines || m_brushes.size() > BoxSweep::MOST_BRUSHES)
-        return false;
-    m_sweep.begin(m_brushes, *m_background, m_width, m_height);
-    int stripe_left = 0;
-    for (const auto& stripe : m_stripes) {
-        for (const Piece& box : stripe) { // a wide one is in several stripes
-            const int left = std::max(static_cast<int>(box.left), stripe_left);
-            const int right = std::min({static_cast<int>(box.right), stripe_left + STRIPE, m_width});
-            if (!m_sweep.add_box(box.brush, left, right, box.top, box.bottom))
-                return false;
-        }
-        stripe_left += STRIPE;
-    }
-    return true;
 }
 
 // In memory of its own first, all of which stays in the cache, whatever the picture's size; then each pixel of the

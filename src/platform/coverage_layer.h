@@ -6,7 +6,6 @@
 // from the upper left corner; what lies outside is cut off. One thread.
 #pragma once
 
-#include "platform/box_sweep.h"
 #include "platform/canvas.h"
 #include "platform/color.h"
 #include "platform/coverage_brush.h"
@@ -55,7 +54,6 @@ private:
 
     void add(const Piece& piece, int left, int right);
     Rows fill_untouched(const PixelRows& target);
-    [[nodiscard]] bool add_to_sweep();
     [[nodiscard]] bool hides_all(int left, int right, double top, double bottom) const;
     void paint_stripe(int left, const std::vector<Piece>& pieces, const PixelRows& pixels);
     void paint_anew(int left, const std::vector<Piece>& pieces, Rows rows, const PixelRows& target);
@@ -66,8 +64,6 @@ private:
     int m_height = 0;
     std::vector<CoverageBrush> m_brushes;
     std::vector<std::vector<Piece>> m_stripes;
-    bool m_has_lines = false;
-    BoxSweep m_sweep;                          // of a picture of boxes
     CoverageTile m_tile;                       // the lines of one colour in one stripe
     std::optional<std::uint32_t> m_background; // of all pixels, before the first piece
     std::vector<std::uint32_t> m_background_row;
