@@ -3,7 +3,8 @@
 //           equations of the same fits in Eigen
 //   map     a file of 1,000,000 points, read and written; beside the JSON library into and out of the same columns
 //   large   10 sensors of 1,000,000 points: what an update costs the main thread
-// Prints one line of figures a case: name, our milliseconds, the other's.
+// Prints one line of figures a case: name, our milliseconds, the other's. A case's name as argument runs that one
+// alone, under a profiler.
 #include "freqtemp/freqtemp_view.h"
 #include "freqtemp/scatter_json.h"
 #include "platform/qt/qt_canvas.h"
@@ -20,6 +21,7 @@
 #include <functional>
 #include <random>
 #include <string>
+#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -178,7 +180,11 @@ void bench_large() {
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
-    tickervantage::bench_update();
-    tickervantage::bench_map();
-    tickervantage::bench_large();
+    const std::string only = argc > 1 ? argv[1] : "";
+    const std::pair<const char*, void (*)()> cases[] = {{"update", tickervantage::bench_update},
+                                                        {"map", tickervantage::bench_map},
+                                                        {"large", tickervantage::bench_large}};
+    for (const auto& [name, run] : cases)
+        if (only.empty() || only == name)
+            run();
 }

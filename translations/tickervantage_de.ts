@@ -527,6 +527,34 @@ unsaved changes: button</extracomment>
         <extracomment>configuration editor: name of the text</extracomment>
         <translation>Text der Konfiguration</translation>
     </message>
+    <message numerus="yes">
+        <source>%n configuration(s) had not been saved when the program ended</source>
+        <extracomment>kept edits: message; configurations that were being edited when the program ended</extracomment>
+        <translation>
+            <numerusform>%n Konfiguration war nicht gespeichert, als das Programm endete</numerusform>
+            <numerusform>%n Konfigurationen waren nicht gespeichert, als das Programm endete</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The edits were kept. Do you want to go on with them?</source>
+        <extracomment>kept edits: below the names or paths of the configurations</extracomment>
+        <translation>Die Änderungen wurden aufbewahrt. Möchten Sie daran weiterarbeiten?</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <extracomment>kept edits: button, opens them in the editor</extracomment>
+        <translation>Ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Discard</source>
+        <extracomment>kept edits: button, the edits are lost</extracomment>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>&amp;Later</source>
+        <extracomment>kept edits: button, the same question comes with the next start</extracomment>
+        <translation>&amp;Später</translation>
+    </message>
 </context>
 <context>
     <name>configmenus</name>
@@ -645,8 +673,8 @@ unsaved changes: button</extracomment>
         <translation>&amp;Ansicht</translation>
     </message>
     <message>
-        <source>&amp;Chrony</source>
-        <translation>&amp;Chrony</translation>
+        <source>Chron&amp;y</source>
+        <translation>Chron&amp;y</translation>
     </message>
 </context>
 <context>
@@ -3834,6 +3862,46 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <source>Export</source>
         <extracomment>tracking window: name of the button that exports</extracomment>
         <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>chronyd writes no tracking log: %1 has no line “log tracking”.
+Add that line in the configuration editor, check it, and install it.</source>
+        <extracomment>tracking window: shown in place of the graph; %1 is the path of chrony.conf</extracomment>
+        <translation>chronyd schreibt kein Tracking-Protokoll: In %1 fehlt die Zeile „log tracking“.
+Fügen Sie diese Zeile im Konfigurationseditor ein, prüfen und installieren Sie sie.</translation>
+    </message>
+    <message>
+        <source>chronyd writes no tracking log: %1 asks for one, but no line “logdir” says where to.
+Add a line such as “logdir /var/log/chrony” in the configuration editor, check it, and install it.</source>
+        <extracomment>tracking window: shown in place of the graph; %1 is the path of chrony.conf</extracomment>
+        <translation>chronyd schreibt kein Tracking-Protokoll: %1 verlangt eines, aber keine Zeile „logdir“ sagt, wohin.
+Fügen Sie im Konfigurationseditor eine Zeile wie „logdir /var/log/chrony“ ein, prüfen und installieren Sie sie.</translation>
+    </message>
+    <message>
+        <source>All records of this log are older than the time range shown.
+Choose a longer range, or the whole log.</source>
+        <extracomment>tracking window: shown in place of the graph</extracomment>
+        <translation>Alle Einträge dieses Protokolls sind älter als der gezeigte Zeitraum.
+Wählen Sie einen längeren Zeitraum oder das ganze Protokoll.</translation>
+    </message>
+    <message>
+        <source>This file holds no record of a tracking log.</source>
+        <extracomment>tracking window: shown in place of the graph of a file that somebody opened</extracomment>
+        <translation>Diese Datei enthält keinen Eintrag eines Tracking-Protokolls.</translation>
+    </message>
+    <message>
+        <source>The log has no record yet.
+chronyd adds one with each update of the clock, once it follows a server.</source>
+        <extracomment>tracking window: shown in place of the graph</extracomment>
+        <translation>Das Protokoll hat noch keinen Eintrag.
+chronyd fügt mit jeder Korrektur der Uhr einen hinzu, sobald er einem Server folgt.</translation>
+    </message>
+    <message>
+        <source>The log has no record yet.
+chronyd adds one with each update of the clock, if its configuration has the lines “log tracking” and “logdir”.</source>
+        <extracomment>tracking window: shown in place of the graph</extracomment>
+        <translation>Das Protokoll hat noch keinen Eintrag.
+chronyd fügt mit jeder Korrektur der Uhr einen hinzu, wenn seine Konfiguration die Zeilen „log tracking“ und „logdir“ enthält.</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,17 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en_GB">
 <context>
+    <name>configeditor</name>
+    <message numerus="yes">
+        <source>%n configuration(s) had not been saved when the program ended</source>
+        <extracomment>kept edits: message; configurations that were being edited when the program ended</extracomment>
+        <translation>
+            <numerusform>%n configuration had not been saved when the program ended</numerusform>
+            <numerusform>%n configurations had not been saved when the program ended</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>freqtemp</name>
     <message numerus="yes">
         <source>and %n more</source>

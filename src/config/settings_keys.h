@@ -147,24 +147,24 @@ inline constexpr BooleanKey tracking_rms_systemtimeShow{"tracking_rms_systemtime
                                                         "show the RMS remaining correction"};
 inline constexpr BooleanKey tracking_rootdispersionShow{"tracking_rootdispersionShow", false,
                                                         "show the root dispersion"};
-// Lines in these reach at least 3 : 1 in contrast on white and on the dark background of canvas_colors.cpp (no colour
-// reaches 4.5 : 1 on both), and people who see fewer colours tell any two of them apart.
-inline constexpr ColorKey tracking_offsetColor{"tracking_offsetColor", rgb(0x008BFF), "colour of the offset"};
-inline constexpr ColorKey tracking_meanOffsetColor{"tracking_meanOffsetColor", rgb(0x4D74A3),
+// No colour reaches 4.5 : 1 in contrast on white and on a dark background, so each is drawn lighter or darker where it
+// has to be (Canvas::readable). In either form people who see fewer colours tell any two of them apart.
+inline constexpr ColorKey tracking_offsetColor{"tracking_offsetColor", rgb(0x0060FE), "colour of the offset"};
+inline constexpr ColorKey tracking_meanOffsetColor{"tracking_meanOffsetColor", rgb(0x120783),
                                                    "colour of the mean offset"};
-inline constexpr ColorKey tracking_rmsOffsetColor{"tracking_rmsOffsetColor", rgb(0xE80058), "colour of the RMS offset"};
-inline constexpr ColorKey tracking_frequencyColor{"tracking_frequencyColor", rgb(0x09A125), "colour of the frequency"};
-inline constexpr ColorKey tracking_systemtimeColor{"tracking_systemtimeColor", rgb(0xD85707),
+inline constexpr ColorKey tracking_rmsOffsetColor{"tracking_rmsOffsetColor", rgb(0x910E02), "colour of the RMS offset"};
+inline constexpr ColorKey tracking_frequencyColor{"tracking_frequencyColor", rgb(0x45CF5B), "colour of the frequency"};
+inline constexpr ColorKey tracking_systemtimeColor{"tracking_systemtimeColor", rgb(0xE86C00),
                                                    "colour of the remaining correction"};
-inline constexpr ColorKey tracking_mean_systemtimeColor{"tracking_mean_systemtimeColor", rgb(0xC122D4),
+inline constexpr ColorKey tracking_mean_systemtimeColor{"tracking_mean_systemtimeColor", rgb(0xFF17F7),
                                                         "colour of the mean remaining correction"};
-inline constexpr ColorKey tracking_rms_systemtimeColor{"tracking_rms_systemtimeColor", rgb(0xF92CC1),
+inline constexpr ColorKey tracking_rms_systemtimeColor{"tracking_rms_systemtimeColor", rgb(0xFDAFFF),
                                                        "colour of the RMS remaining correction"};
-inline constexpr ColorKey tracking_rootdispersionColor{"tracking_rootdispersionColor", rgb(0xA47D91),
+inline constexpr ColorKey tracking_rootdispersionColor{"tracking_rootdispersionColor", rgb(0x5C1443),
                                                        "colour of the root dispersion"};
 
 // The offset's standard deviation always starts in this colour; a change lasts as long as its window.
-inline constexpr Color sdOffsetColor = rgb(0x62785B);
+inline constexpr Color sdOffsetColor = rgb(0xB8DABC);
 
 // Frequency-temperature window
 inline constexpr BooleanKey show_scatter_points{"show_scatter_points", true, "show the measured points"};

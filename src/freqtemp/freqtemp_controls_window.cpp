@@ -4,6 +4,7 @@
 #include "freqtemp/freqtemp_plot_window.h"
 #include "freqtemp/freqtemp_settings.h"
 #include "platform/qt/named_widget.h"
+#include "platform/qt/text_scale.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -54,6 +55,7 @@ void build_order(QWidget* parent, FreqTempControls& controls) {
     for (auto degree = controls.m_order->count() + 1; degree <= settings::regression_order.maximum + 1; ++degree)
         //: frequency and temperature window: fitted curve; %1 is a number above four
         controls.m_order->addItem(Texts::tr("Degree %1").arg(QLocale().toString(degree)));
+    fit_entries(controls.m_order);
 }
 
 void build_check_boxes(QWidget* parent, FreqTempControls& controls) {

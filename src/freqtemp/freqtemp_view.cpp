@@ -36,17 +36,16 @@ bool has_drawn_fit(const scatterEntry& entry) {
     return entry.points.size() >= FEWEST_FOR_FIT && entry.quadRegression->valid;
 }
 
-// Everything of one drawing: the ranges and where they lie.
+// Everything of one sensor, in one colour: the one that the points need, which one sees through.
 class EntryPainter {
 public:
-    EntryPainter(PlotShapes& shapes, const FreqTempScale& scale) : m_shapes(shapes), m_scale(scale) {}
+    EntryPainter(PlotShapes& shapes, const FreqTempScale& scale, const scatterEntry& entry, const Color& color)
+        : m_shapes(shapes), m_scale(scale), m_entry(entry), m_color(color) {}
 
-    void points(const scatterEntry& entry) {
-        m_shapes.squares(entry, FreqTempView::POINT_SIZE + OUTLINE, entry.color.color());
-    }
+    void points() { m_shapes.squares(m_entry, FreqTempView::POINT_SIZE + OUTLINE, m_color); }
 
-    void fit(const scatterEntry& entry, bool with_band) {
-        const auto& fit = *entry.quadRegression;
+    void fit(bool with_band) {
+        const auto& fit = *m_entry.quadRegression;
         std::vector<Point> line;
         std::vector<Point> upper;
         std::vector<Point> lower;
@@ -59,25 +58,25 @@ public:
             lower.push_back(m_scale.place({x, y - fit.y_stddev}));
         }
         if (with_band && all_finite(upper) && all_finite(lower))
-            m_shapes.band(upper, lower, lighter(entry.color.color()));
-        m_shapes.line(line, FIT_WIDTH, solid(entry.color.color()));
+            m_shapes.band(upper, lower, lighter(m_color));
+        m_shapes.line(line, FIT_WIDTH, solid(m_color));
     }
 
-    void means(const scatterEntry& entry) {
+    void means() {
         const auto& ranges = m_scale.ranges;
         const auto bins = degree_bins(ranges.min_temp, ranges.max_temp);
-        const double first = entry.digest ? entry.digest->first_degree : ranges.min_temp;
-        const auto means = entry.digest ? entry.digest->means : mean_frequencies(entry.points, first, bins);
+        const double first = m_entry.digest ? m_entry.digest->first_degree : ranges.min_temp;
+        const auto means = m_entry.digest ? m_entry.digest->means : mean_frequencies(m_entry.points, first, bins);
         std::vector<Point> line;
         for (std::size_t bin = 0; bin < means.size(); ++bin)
             if (means[bin].count > 0)
                 line.push_back(m_scale.place({first + static_cast<double>(bin), means[bin].mean}));
-        m_shapes.line(line, 1, solid(entry.color.color()));
+        m_shapes.line(line, 1, solid(m_color));
     }
 
-    void newest(const scatterEntry& entry) {
-        const Point center = m_scale.place(entry.digest ? entry.digest->last : entry.points.back());
-        m_shapes.disc(center, FreqTempView::POINT_SIZE, entry.color.color());
+    void newest() {
+        const Point center = m_scale.place(m_entry.digest ? m_entry.digest->last : m_entry.points.back());
+        m_shapes.disc(center, FreqTempView::POINT_SIZE, m_color);
     }
 
 private:
@@ -88,6 +87,8 @@ private:
 
     PlotShapes& m_shapes;
     const FreqTempScale& m_scale;
+    const scatterEntry& m_entry;
+    Color m_color;
 };
 
 Rect plot_of(Rect visible) {
@@ -163,26 +164,26 @@ void FreqTempView::draw(Canvas& canvas, Rect visible) const {
     if (scale.area.width <= 0 || scale.area.height <= 0)
         return;
     if (const auto pixels = canvas.begin_pixels(scale.area)) {
-        draw_entries(*shapes_on_pixels(*pixels, scale), scale);
+        draw_entries(canvas, *shapes_on_pixels(*pixels, scale), scale);
         canvas.end_pixels();
     } else {
-        draw_entries(*shapes_on_canvas(canvas, scale), scale);
+        draw_entries(canvas, *shapes_on_canvas(canvas, scale), scale);
     }
 }
 
-void FreqTempView::draw_entries(PlotShapes& shapes, const FreqTempScale& scale) const {
-    EntryPainter painter(shapes, scale);
+void FreqTempView::draw_entries(const Canvas& canvas, PlotShapes& shapes, const FreqTempScale& scale) const {
     for (const auto& [name, entry] : m_scatter) {
         if (!entry.selected || entry.points.empty())
             continue;
+        EntryPainter painter(shapes, scale, entry, canvas.readable(entry.color.color()));
         if (m_show_scatter_points)
-            painter.points(entry);
+            painter.points();
         if (has_drawn_fit(entry))
-            painter.fit(entry, m_show_freq_bounds);
+            painter.fit(m_show_freq_bounds);
         if (m_show_mean_frequency && m_max_temp != m_min_temp)
-            painter.means(entry);
+            painter.means();
         if (m_show_last_record)
-            painter.newest(entry);
+            painter.newest();
         shapes.end_entry();
     }
 }

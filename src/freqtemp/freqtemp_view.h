@@ -69,7 +69,7 @@ public:
     [[nodiscard]] bool is_empty() const { return m_is_empty; }
 
 private:
-    void draw_entries(PlotShapes& shapes, const FreqTempScale& scale) const;
+    void draw_entries(const Canvas& canvas, PlotShapes& shapes, const FreqTempScale& scale) const;
 
     ScatterMap m_scatter;
     double m_min_temp = 0; // whole degrees

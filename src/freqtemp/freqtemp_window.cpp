@@ -137,7 +137,8 @@ void FreqTempWindow::session_changed() {
 }
 
 void FreqTempWindow::show_legend() {
-    const QString legend = legend_of(m_session->scatter(), SensorNames(m_session->menu().sensors()));
+    const QString legend = legend_of(m_session->scatter(), SensorNames(m_session->menu().sensors()),
+                                     CanvasColors::from_palette(palette()));
     if (m_controls.legend->text() != legend) // seldom: a new text lays the window out anew
         m_controls.legend->setText(legend);
     m_controls.legend->setVisible(!legend.isEmpty());

@@ -31,9 +31,10 @@ QString shortened(const QString& name) {
 }
 
 // A name stays in one line with its square.
-QString legend_item(const colorType& color, const QString& name) {
+QString legend_item(const Color& color, const QString& name) {
     const QString square =
-        QColor::fromRgbF(static_cast<float>(color.r), static_cast<float>(color.g), static_cast<float>(color.b)).name();
+        QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green), static_cast<float>(color.blue))
+            .name();
     QString text = shortened(name).toHtmlEscaped();
     text.replace(QLatin1Char(' '), QStringLiteral("&nbsp;"));
     return QStringLiteral("<span style=\"color:%1\">■</span>&nbsp;%2").arg(square, text);
@@ -67,14 +68,14 @@ QString words_of(const FreqTempReading& reading, const SensorNames& names) {
     return text;
 }
 
-QString legend_of(const ScatterMap& map, const SensorNames& names) {
+QString legend_of(const ScatterMap& map, const SensorNames& names, const CanvasColors& plot) {
     QStringList items;
     int left_out = 0;
     for (const auto& [name, entry] : map) {
         if (!is_shown(entry))
             continue;
         if (items.size() < MOST_IN_LEGEND)
-            items.push_back(legend_item(entry.color, names(name)));
+            items.push_back(legend_item(plot.readable(entry.color.color()), names(name)));
         else
             ++left_out;
     }

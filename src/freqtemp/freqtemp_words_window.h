@@ -3,6 +3,7 @@
 
 #include "freqtemp/freqtemp_view.h"
 #include "freqtemp/scatter_map.h"
+#include "platform/qt/canvas_colors.h"
 
 #include <QString>
 
@@ -25,8 +26,8 @@ private:
 
 [[nodiscard]] QString words_of(const FreqTempReading& reading, const SensorNames& names);
 
-// The shown sensors with points, each behind a square of its colour, as HTML. Empty: there are none.
-[[nodiscard]] QString legend_of(const ScatterMap& map, const SensorNames& names);
+// The shown sensors with points, each behind a square of its colour in that plot, as HTML. Empty: there are none.
+[[nodiscard]] QString legend_of(const ScatterMap& map, const SensorNames& names, const CanvasColors& plot);
 
 // How many points of which sensors are shown, for screen readers.
 [[nodiscard]] QString description_of(const ScatterMap& map, const SensorNames& names);

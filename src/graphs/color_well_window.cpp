@@ -1,5 +1,7 @@
 #include "graphs/color_well_window.h"
 
+#include "platform/qt/canvas_colors.h"
+
 #include <QColorDialog>
 #include <QPainter>
 
@@ -39,7 +41,9 @@ void ColorWell::paintEvent(QPaintEvent* event) {
     QPushButton::paintEvent(event);
     QPainter painter(this);
     constexpr int border = 6;
-    painter.fillRect(rect().adjusted(border, border, -border, -border), to_qt(m_color));
+    // As lines in it are drawn, so that they can be found again.
+    const Color shown = CanvasColors::from_palette(palette()).readable(m_color);
+    painter.fillRect(rect().adjusted(border, border, -border, -border), to_qt(shown));
 }
 
 void ColorWell::choose() {

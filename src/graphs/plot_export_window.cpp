@@ -122,7 +122,8 @@ void PlotExport::export_picture(const QString& path) {
     const QSize size = surface_of(m_plot.widget)->size();
     const PictureFormat format{
         .width = size.width(), .height = size.height(), .colors = CanvasColors::from_palette(m_plot.widget->palette())};
-    const auto drawing = std::make_shared<RecordedDrawing>(format.scale);
+    const auto drawing = std::make_shared<RecordedDrawing>(
+        format.scale, [colors = format.colors](const Color& line) { return colors.readable(line); });
     m_plot.draw(*drawing, bounds());
     run(path, [write = m_parts.write_picture, file = path.toStdString(), format, drawing](std::string& sentence) {
         return write(

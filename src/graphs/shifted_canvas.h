@@ -23,6 +23,7 @@ public:
     void fill_polygon(std::span<const Point> corners, const Ink& ink) override;
     void begin_layer(Rect area) override { m_canvas.begin_layer(shifted(area)); }
     void end_layer() override { m_canvas.end_layer(); }
+    [[nodiscard]] Color readable(const Color& line) const override { return m_canvas.readable(line); }
     [[nodiscard]] double pixel() const override { return m_canvas.pixel(); }
     void text(std::string_view text, Rect box, const TextStyle& style) override;
 

@@ -53,7 +53,7 @@ void TrackingView::drawData(Canvas& canvas, Point origin, Rect visible) {
         Color color = colors[i];
         color.alpha = SERIES_ALPHA;
         if (shown[i])
-            painter.draw(series_at(i), color);
+            painter.draw(series_at(i), canvas.readable(color));
     }
     for (auto& of_series : m_values_in_sight)
         of_series.clear();

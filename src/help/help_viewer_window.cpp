@@ -4,6 +4,7 @@
 #include "help/help_find_bar_window.h"
 #include "help/help_page_view_window.h"
 #include "help/help_search.h"
+#include "platform/qt/text_scale.h"
 
 #include <QAction>
 #include <QEvent>
@@ -41,7 +42,7 @@ HelpViewer::HelpViewer(HelpViewerParts parts) : m_parts(std::move(parts)), m_sha
     build();
     build_tools();
     setMinimumSize(560, 380);
-    resize(960, 680);
+    resize(scaled(QSize(960, 680), *this));
 }
 
 HelpViewer::~HelpViewer() {
@@ -62,7 +63,7 @@ void HelpViewer::build() {
     column->addWidget(m_page);
     column->addWidget(m_find_bar);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({240, 720});
+    splitter->setSizes({scaled(240, *this), scaled(720, *this)});
     setCentralWidget(splitter);
     connect(m_page, &QTextBrowser::anchorClicked, this, &HelpViewer::follow);
     connect(m_contents, &HelpContents::topicChosen, this, &HelpViewer::open_page);

@@ -5,6 +5,7 @@
 #include "mainwindow/commands.h"
 #include "mainwindow/status_image_window.h"
 #include "platform/qt/named_widget.h"
+#include "platform/qt/text_scale.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -49,6 +50,7 @@ void build_readings(QWidget* central, MainWindowControls& controls) {
                                     Texts::tr("Root dispersion"),
                                     //: main window: quantity of the meter, in chrony's words
                                     Texts::tr("Frequency")});
+    fit_entries(controls.meterSelect);
     controls.meterSelect->setToolTip(controls.meterSelect->accessibleName());
     //: main window: name of the text that shows the meter's value
     controls.meterValue = text_label(central, "meterValue", Texts::tr("Meter value"));
@@ -94,6 +96,7 @@ void build_command_controls(QWidget* central, MainWindowControls& controls) {
         controls.commandMenu->setItemData(controls.commandMenu->count() - 1,
                                           QCoreApplication::translate("commands", entry.explanation), Qt::ToolTipRole);
     }
+    fit_entries(controls.commandMenu);
     controls.commandMenu->setMaxVisibleItems(static_cast<int>(status_commands.size()));
     //: main window: tooltip of the command menu
     controls.commandMenu->setToolTip(Texts::tr("The chronyc report shown below"));

@@ -132,6 +132,10 @@ public:
     [[nodiscard]] virtual std::optional<CanvasPixels> begin_pixels(Rect area);
     virtual void end_pixels() {}
 
+    // The colour in which a line of somebody's own colour can be told from this canvas's background, laid on with the
+    // colour's alpha: itself where that will do, else lighter or darker, of the same hue.
+    [[nodiscard]] virtual Color readable(const Color& line) const { return line; }
+
     // The width of one column of pixels in points: finer detail than this cannot be seen.
     [[nodiscard]] virtual double pixel() const = 0;
 

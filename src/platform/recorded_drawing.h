@@ -7,14 +7,16 @@
 #include "platform/canvas.h"
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace tickervantage {
 
 class RecordedDrawing : public Canvas {
 public:
-    // `pixel`: of the canvas that it is meant for.
-    explicit RecordedDrawing(double pixel) : m_pixel(pixel) {}
+    // `pixel` and `readable`: of the canvas that it is meant for; without the latter own colours stay as they are.
+    explicit RecordedDrawing(double pixel, std::function<Color(const Color&)> readable = {})
+        : m_pixel(pixel), m_readable(std::move(readable)) {}
 
     void replay(Canvas& canvas) const;
 
@@ -26,11 +28,13 @@ public:
     void fill_polygon(std::span<const Point> corners, const Ink& ink) override;
     void begin_layer(Rect area) override;
     void end_layer() override;
+    [[nodiscard]] Color readable(const Color& line) const override { return m_readable ? m_readable(line) : line; }
     [[nodiscard]] double pixel() const override { return m_pixel; }
     void text(std::string_view text, Rect box, const TextStyle& style) override;
 
 private:
     double m_pixel;
+    std::function<Color(const Color&)> m_readable;
     std::vector<std::function<void(Canvas&)>> m_steps;
 };
 

@@ -1,6 +1,7 @@
 #include "spectrum/spectrum_controls_window.h"
 
 #include "platform/qt/named_widget.h"
+#include "platform/qt/text_scale.h"
 #include "spectrum/spectrum_chart_window.h"
 
 #include <QComboBox>
@@ -41,6 +42,7 @@ void build_fields(QWidget* parent, SpectrumControls& controls) {
                                    Texts::tr("Remaining correction"),
                                    //: spectrum window: a series
                                    Texts::tr("RMS offset")});
+    fit_entries(controls.m_selector);
     //: spectrum window: name of the field with the seconds between two samples, and its tooltip
     controls.m_sampleinterval = number_field(parent, "m_sampleinterval", Texts::tr("Sampling interval"),
                                              //: spectrum window: tooltip of the interval

@@ -3,7 +3,9 @@
 #include "freqtemp/freqtemp_window.h"
 #include "freqtemp/sensor_inspector_window.h"
 #include "freqtemp/sensor_table_window.h"
+#include "platform/qt/picture_file.h"
 #include "support/freqtemp_parts.h"
+#include "support/keyboard.h"
 
 #include <gtest/gtest.h>
 
@@ -17,8 +19,11 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSpinBox>
 #include <QTableView>
+#include <QTemporaryDir>
+#include <QTimer>
 
 namespace tickervantage {
 namespace {
@@ -42,7 +47,7 @@ struct FreqTempWindowTest : ::testing::Test {
             .settings = settings,
             .exports = {.queue = fakes.queue,
                         .main_thread = fakes.main_thread,
-                        .write_picture = {},
+                        .write_picture = write_picture,
                         .write_text = [this](const std::string&, std::string_view bytes, std::string&) {
                             exported = bytes;
                             return 0;
@@ -229,6 +234,67 @@ TEST_F(FreqTempWindowTest, InspectorShowsWhatTheWindowTells) {
     inspector->windowDidLoad();
     fakes.settle();
     EXPECT_EQ(cell("freq"), QStringLiteral("-12.000")) << "without waiting for the next frequency";
+}
+
+// The most corners that a line of the picture has.
+int longest_line(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    const QRegularExpression line(QStringLiteral("<polyline[^>]* points=\"([^\"]*)\""));
+    qsizetype longest = 0;
+    for (auto found = line.globalMatch(QString::fromUtf8(file.readAll())); found.hasNext();)
+        longest = std::max(longest, found.next().captured(1).split(QLatin1Char(' '), Qt::SkipEmptyParts).size());
+    return static_cast<int>(longest);
+}
+
+TEST_F(FreqTempWindowTest, AnExportedDrawingHasTheCurveOnceThereIsOne) {
+    const QTemporaryDir folder;
+    save(settings, settings::regression_order, 1);
+    open_and_settle();
+    const auto exported_with = [&](int points) {
+        for (int i = 0; i < points; ++i) {
+            fakes.sensors.readings[0].temperature += 1;
+            fakes.tick();
+            fakes.sample(-10 - 0.1 * i * i);
+        }
+        const QString path = folder.filePath(QStringLiteral("%1.svg").arg(points));
+        window->exports().export_to(path);
+        fakes.settle();
+        return longest_line(path);
+    };
+    EXPECT_LT(exported_with(2), 10) << "too few points for a parabola";
+    EXPECT_GT(exported_with(4), 30);
+}
+
+TEST_F(FreqTempWindowTest, SensorsAreChosenAndReadWithKeys) {
+    open_inspector();
+    open_and_settle();
+    fakes.sample(-10);
+    const auto press = [](QWidget* on, int key) {
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, Qt::NoModifier);
+            QApplication::sendEvent(on, &event);
+        }
+    };
+    auto* table = inspector->findChild<QTableView*>(QStringLiteral("m_sensors_table"));
+    for (QWidget* reached : std::initializer_list<QWidget*>{window.get(), inspector.get()})
+        EXPECT_EQ(testing::out_of_reach(*reached), std::vector<std::string>()) << testing::name_of(reached);
+    for (const auto& [key, row] : {std::pair{Qt::Key_Down, 1}, {Qt::Key_Up, 0}}) {
+        press(table, key);
+        EXPECT_EQ(table->currentIndex().row(), row);
+    }
+    const bool was_shown = item(4)->isChecked();
+    auto* button = find<QPushButton>("m_select_sensor");
+    QTimer::singleShot(0, button, [&, menu = button->menu()] { // while it is open, an event loop of its own runs
+        EXPECT_TRUE(menu->isVisible());
+        for (int steps = 0; menu->activeAction() != item(4) && steps < 10; ++steps)
+            press(menu, Qt::Key_Down);
+        press(menu, Qt::Key_Return);
+        menu->close();
+    });
+    press(button, Qt::Key_Space);
+    QCoreApplication::processEvents();
+    EXPECT_NE(item(4)->isChecked(), was_shown);
 }
 
 TEST_F(FreqTempWindowTest, EquationIsShownOrItsFailureToldOnStandardOutput) {

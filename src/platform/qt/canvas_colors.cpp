@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <utility>
 
 namespace tickervantage {
@@ -41,21 +42,31 @@ QColor mixed(const QColor& from, const QColor& to, float share) {
                             mix(from.blueF(), to.blueF()));
 }
 
-QColor readable(const QColor& hue, const QColor& background) {
+// As little lighter or darker as will do.
+QColor readable_on(const QColor& background, const QColor& hue, float opacity = 1) {
+    constexpr int halvings = 8; // to within a step of eight-bit colours
     const QColor extreme = is_dark(background) ? Qt::white : Qt::black;
-    QColor color = hue;
-    for (int step = 1; step <= 20 && contrast_ratio(color, background) < READABLE; ++step)
-        color = mixed(hue, extreme, static_cast<float>(step) / 20.0F);
-    return color;
+    const auto stands_out = [&](const QColor& color) {
+        return contrast_ratio(mixed(background, color, opacity), background) >= READABLE;
+    };
+    if (stands_out(hue))
+        return hue;
+    float too_little = 0;
+    float enough = 1;
+    for (int halving = 0; halving < halvings; ++halving) {
+        const float share = std::midpoint(too_little, enough);
+        (stands_out(mixed(hue, extreme, share)) ? enough : too_little) = share;
+    }
+    return mixed(hue, extreme, enough);
 }
 
 CanvasColors colors_on(const QColor& text, const QColor& background) {
     const Hues& hues = is_dark(background) ? ON_DARK : ON_LIGHT;
     return {text,
             background,
-            readable(hues.blue, background),
-            readable(hues.red, background),
-            readable(hues.grey, background),
+            readable_on(background, hues.blue),
+            readable_on(background, hues.red),
+            readable_on(background, hues.grey),
             QColor(0, 0, 0, 26)};
 }
 
@@ -80,6 +91,17 @@ const QColor& CanvasColors::of(ColorRole role) const {
         break;
     }
     return text;
+}
+
+Color CanvasColors::readable(const Color& line) const {
+    const auto channel = [](double value) {
+        return static_cast<float>(std::clamp(value, 0.0, 1.0));
+    };
+    const QColor own = QColor::fromRgbF(channel(line.red), channel(line.green), channel(line.blue));
+    const QColor shown = readable_on(text_background, own, channel(line.alpha));
+    if (shown == own)
+        return line;
+    return {shown.redF(), shown.greenF(), shown.blueF(), line.alpha};
 }
 
 CanvasColors CanvasColors::from_palette(const QPalette& palette) {

@@ -21,6 +21,9 @@ struct CanvasColors {
 
     [[nodiscard]] const QColor& of(ColorRole role) const;
 
+    // As Canvas::readable says, on `text_background`.
+    [[nodiscard]] Color readable(const Color& line) const;
+
     // The user's own colours; the hues are lightened or darkened until they can be read on the palette's base.
     [[nodiscard]] static CanvasColors from_palette(const QPalette& palette);
 

@@ -38,6 +38,7 @@ public:
     void end_layer() override;
     [[nodiscard]] std::optional<CanvasPixels> begin_pixels(Rect area) override;
     void end_pixels() override;
+    [[nodiscard]] Color readable(const Color& line) const override { return m_colors.readable(line); }
     [[nodiscard]] double pixel() const override;
     void text(std::string_view text, Rect box, const TextStyle& style) override;
 
