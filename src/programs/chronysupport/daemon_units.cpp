@@ -83,7 +83,7 @@ std::string last_journal_words(const DaemonUnits& units, const UnitStatus& statu
     everybody.insert(everybody.end(), {"+", "INVOCATION_ID=" + invocation});
     for (const auto& [priority, matches] :
          {std::pair<const char*, Matches>{"err", own}, {"err", everybody}, {"debug", everybody}}) {
-        std::vector<std::string> arguments{"--quiet",   "--no-pager", "--boot", "--output=cat",
+        std::vector<std::string> arguments{"--quiet",   "--no-pager", "--output=cat",
                                            "--lines=1", "--priority", priority};
         arguments.insert(arguments.end(), matches.begin(), matches.end());
         const auto result = journal(std::move(arguments));
