@@ -6,7 +6,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+  # The first for precompiled headers; with the second a build folder finds what another one has compiled.
+  set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_NOHASHDIR=true ${CCACHE_PROGRAM})
 endif()
 
 add_library(tv_flags INTERFACE)
@@ -31,4 +32,7 @@ function(tv_windows name)
   add_library(${name} STATIC ${ARGN})
   target_link_libraries(${name} PUBLIC tv_flags)
   target_compile_definitions(${name} PUBLIC QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
+  if(name MATCHES "_windows$") # the others do not link Qt's widgets
+    tv_precompile(${name} REUSE_FROM tv_platform_qt_access)
+  endif()
 endfunction()
