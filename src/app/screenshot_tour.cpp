@@ -195,7 +195,10 @@ void ScreenshotTour::plan_editor() {
         refresh();
     };
     m_stops.push_back({QStringLiteral("editor"), show_new, editor});
-    m_stops.push_back({QStringLiteral("editor-error"), show_error, editor});
+    const auto is_checked = [](const QWidget& window) {
+        return window.findChild<QPushButton*>(QStringLiteral("m_checksyntax"))->isEnabled();
+    };
+    m_stops.push_back({QStringLiteral("editor-error"), show_error, editor, is_checked});
     m_stops.push_back({QStringLiteral("editor-error-dark"), [this, refresh] { show_dark(true), refresh(); }, editor});
 }
 
@@ -238,8 +241,11 @@ void ScreenshotTour::next_stop() {
 void ScreenshotTour::take_picture() {
     if (m_stops.empty())
         return;
-    const QString file = m_folder + QLatin1Char('/') + m_stops.front().file + QStringLiteral(".png");
-    QWidget* window = window_of(m_stops.front());
+    const Stop& stop = m_stops.front();
+    QWidget* window = window_of(stop);
+    if (window != nullptr && stop.is_ready != nullptr && !stop.is_ready(*window) && ++m_waits < patience_in_readings)
+        return;
+    const QString file = m_folder + QLatin1Char('/') + stop.file + QStringLiteral(".png");
     m_stops.pop_front();
     if (window == nullptr || !window->grab().save(file)) {
         std::fprintf(stderr, "The picture %s could not be written.\n", qUtf8Printable(file));

@@ -27,8 +27,9 @@ public:
 private:
     struct Stop {
         QString file;
-        std::function<void()> prepare; // a reading follows, after which the picture is taken
-        QString window = {};           // object name of the window; empty: the main window
+        std::function<void()> prepare;                     // a reading follows, after which the picture is taken
+        QString window = {};                               // object name of the window; empty: the main window
+        bool (*is_ready)(const QWidget& window) = nullptr; // until then further readings are awaited, some of them
     };
 
     void plan();
@@ -49,6 +50,7 @@ private:
     bool m_ended = false;
     bool m_complete = true;
     int m_readings = 0;
+    int m_waits = 0;
 };
 
 } // namespace tickervantage
