@@ -1,71 +1,18 @@
-#include "app/app_delegate.h"
-#include "mainwindow/tickervantage_window.h"
-#include "support/fake_followed_files.h"
-#include "support/fake_main_window_parts.h"
-#include "support/freqtemp_parts.h"
 #include "support/keyboard.h"
+#include "support/real_application.h"
 
-#include <gtest/gtest.h>
-
-#include <QAction>
-#include <QApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <fstream>
 #include <set>
 
 namespace tickervantage {
 namespace {
 
-struct ApplicationTest : ::testing::Test {
-    testing::FakeMainWindowParts fakes;
-    testing::ManualQueue removal_queue;
-    testing::ManualQueue spectrum_queue;
-    testing::ManualQueue config_queue;
-    testing::ManualQueue export_queue;
-    testing::ManualQueue list_queue;
-    testing::ManualQueue help_queue;
-    testing::FreqTempFakes freqtemp;
-    testing::ManualQueue log_queue;
-    testing::FakeFollowedFiles log_files;
-    testing::MemoryLogger logger;
-    std::set<std::string> files;
-    bool log_closed = false;
-    std::unique_ptr<AppDelegate> application;
-
-    void launch() {
-        fakes.timer.stop();
-        application = std::make_unique<AppDelegate>(
-            ApplicationParts{
-                .cycle = fakes.parts(),
-                .actions = fakes.actions,
-                .removal_queue = removal_queue,
-                .old_installation = {.form = ServiceForm::systemd,
-                                     .file_exists = [this](const auto& path) { return files.contains(path); },
-                                     .pause =
-                                         [](int) {
-                                         }},
-                .files = log_files,
-                .spectrum_queue = spectrum_queue,
-                .config_queue = config_queue,
-                .export_queue = export_queue,
-                .freqtemp = freqtemp.parts(),
-                .list_queue = list_queue,
-                .help_queue = help_queue,
-                .lend_queue = [this] { return std::shared_ptr<DispatchQueueSerial>(&log_queue, [](auto*) {}); },
-                .logger = logger,
-                .close_log = [this] { log_closed = true; },
-                .paths = {}},
-            DaemonChoice{});
-        application->applicationDidFinishLaunching();
-        fakes.settle();
-    }
-
-    QAction* item(const char* name) { return application->menus().actions.at(name); }
-};
+struct ApplicationTest : testing::RealApplication {};
 
 TEST_F(ApplicationTest, LaunchPreparesTheHelperStartsTheTimersAndShowsTheWindow) {
     launch();
@@ -76,7 +23,7 @@ TEST_F(ApplicationTest, LaunchPreparesTheHelperStartsTheTimersAndShowsTheWindow)
 }
 
 TEST_F(ApplicationTest, OldInstallationIsRemovedInTheBackground) {
-    files = {"/etc/systemd/system/org.tuxfamily.chronyd.service"};
+    machine_files = {{"/etc/systemd/system/org.tuxfamily.chronyd.service", ""}};
     launch();
     EXPECT_TRUE(fakes.channel.commands.empty());
     removal_queue.turn();

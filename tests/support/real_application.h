@@ -1,0 +1,142 @@
+// The real application over a machine, a clock and files that the test holds in its hands. For tests that follow a
+// user's way through several windows; what one class does is tested at that class.
+//
+// Everything may be changed before launch(): answers of programs in `fakes.execute`, settings in `fakes.store`,
+// temperatures in `freqtemp.sensors`, `daemon`. With `administration` set the jobs that need rights are there, over
+// `fakes.channel`, and the machine's files are those in `machine_files`.
+#pragma once
+
+#include "app/app_delegate.h"
+#include "mainwindow/tickervantage_window.h"
+#include "support/fake_followed_files.h"
+#include "support/fake_main_window_parts.h"
+#include "support/freqtemp_parts.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tickervantage::testing {
+
+struct RealApplication : ::testing::Test {
+    FakeMainWindowParts fakes;
+    FreqTempFakes freqtemp; // of which the timer, the broadcasts and the main thread are those of `fakes`
+    ManualQueue removal_queue;
+    ManualQueue spectrum_queue;
+    ManualQueue config_queue;
+    ManualQueue export_queue;
+    ManualQueue list_queue;
+    ManualQueue help_queue;
+    ManualQueue log_queue;
+    ManualQueue job_queue;
+    FakeFollowedFiles log_files;
+    MemoryLogger logger;
+    std::map<std::string, std::string> machine_files; // by path
+    DaemonChoice daemon;
+    Paths paths;
+    std::optional<AdministrationMachine> administration = {};
+    bool log_closed = false;
+    std::unique_ptr<AppDelegate> application;
+
+    // The jobs of an administrator on this machine; for `administration`.
+    [[nodiscard]] AdministrationMachine machine() {
+        return {.queue = [this](std::string_view) -> DispatchQueueSerial& { return job_queue; },
+                .probes = {.file_exists = [this](const std::string& path) { return machine_files.contains(path); },
+                           .read_file = [this](const std::string& path) { return text_of(path); },
+                           .check_syntax = [](const std::string&) { return ConfigError{}; },
+                           .find_chronywake = [] { return std::string("/usr/local/bin/chronywake"); },
+                           .daemon_survives =
+                               [](const std::string&) {
+                                   return true;
+                               }},
+                .steps = {.pause = [](int) {},
+                          .replace_file = [](const auto&, const auto&, auto&) { return 0; },
+                          .heard = {}}};
+    }
+
+    // Ends the application that was launched before, if any.
+    void launch() {
+        application.reset();
+        fakes.timer.stop();
+        application = std::make_unique<AppDelegate>(parts(), daemon);
+        application->applicationDidFinishLaunching();
+        fakes.settle();
+    }
+
+    // Lets everything that is under way come to its end.
+    void settle() {
+        while (fakes.queue.turn() || fakes.reports.turn() || fakes.main_thread.turn() || freqtemp.queue.turn() ||
+               removal_queue.turn() || spectrum_queue.turn() || config_queue.turn() || export_queue.turn() ||
+               list_queue.turn() || help_queue.turn() || log_queue.turn() || job_queue.turn()) {
+        }
+    }
+
+    // Seconds pass, one by one, and all that they start comes to its end.
+    void wait(int seconds) {
+        for (int second = 0; second < seconds; ++second) {
+            fakes.timer.advance(1);
+            settle();
+        }
+    }
+
+    // How often the program has run one by now, such as "chronyc|-n|tracking".
+    [[nodiscard]] std::ptrdiff_t runs_of(std::string_view program, std::string_view last_argument) const {
+        return std::ranges::count_if(fakes.execute.calls, [&](const std::string& call) {
+            return call.starts_with(program) && call.ends_with(last_argument);
+        });
+    }
+
+    [[nodiscard]] QAction* item(const char* name) const { return application->menus().actions.at(name); }
+
+    // The open window of that name; null: none.
+    [[nodiscard]] static QWidget* window(const char* name) {
+        const auto windows = QApplication::topLevelWidgets();
+        const auto found = std::ranges::find_if(
+            windows, [name](const auto* one) { return one->isVisible() && one->objectName() == QLatin1String(name); });
+        return found == windows.end() ? nullptr : *found;
+    }
+
+private:
+    [[nodiscard]] std::optional<std::string> text_of(const std::string& path) const {
+        const auto found = machine_files.find(path);
+        return found == machine_files.end() ? std::nullopt : std::optional(found->second);
+    }
+
+    [[nodiscard]] FreqTempParts sampling() {
+        return {freqtemp.sensors,  freqtemp.files, freqtemp.queue,  freqtemp.queue, freqtemp.queue,
+                fakes.main_thread, fakes.timer,    fakes.broadcast, logger,         scatter_map_path("/data/T")};
+    }
+
+    [[nodiscard]] ApplicationParts parts() {
+        return {.cycle = fakes.parts(),
+                .actions = fakes.actions,
+                .removal_queue = removal_queue,
+                .old_installation = {.form = ServiceForm::systemd,
+                                     .file_exists = [this](const auto& path) { return machine_files.contains(path); },
+                                     .pause =
+                                         [](int) {
+                                         }},
+                .files = log_files,
+                .spectrum_queue = spectrum_queue,
+                .config_queue = config_queue,
+                .export_queue = export_queue,
+                .freqtemp = sampling(),
+                .list_queue = list_queue,
+                .help_queue = help_queue,
+                .lend_queue = [this] { return std::shared_ptr<DispatchQueueSerial>(&log_queue, [](auto*) {}); },
+                .logger = logger,
+                .close_log = [this] { log_closed = true; },
+                .paths = paths,
+                .administration = administration};
+    }
+};
+
+} // namespace tickervantage::testing
