@@ -342,6 +342,7 @@ MenuHandlers AppDelegate::menu_handlers() {
                           {"showFreqTemp",
                            [this] {
                                analysis().showFreqTemp();
+                               m_main_window->cycle().go_on_for_listeners();
                            }},
                           {"showFreqInspector",
                            [this] {

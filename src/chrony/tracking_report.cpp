@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <map>
+#include <optional>
 
 namespace tickervantage {
 namespace {
@@ -22,15 +23,16 @@ public:
         return found == m_values.end() ? std::string_view() : found->second;
     }
 
-    // The number at the value's start; 0 when there is none.
-    [[nodiscard]] double number(std::string_view key) const {
+    // The number at the value's start.
+    [[nodiscard]] std::optional<double> number_there(std::string_view key) const {
         auto text = value(key);
         if (text.starts_with('+'))
             text.remove_prefix(1);
         double result = 0;
         const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), result);
-        return error == std::errc() && std::isfinite(result) ? result : 0;
+        return error == std::errc() && std::isfinite(result) ? std::optional(result) : std::nullopt;
     }
+    [[nodiscard]] double number(std::string_view key) const { return number_there(key).value_or(0); }
 
     [[nodiscard]] bool contains(std::string_view key, std::string_view word) const {
         return value(key).find(word) != std::string_view::npos;
@@ -50,8 +52,8 @@ double negated(double number) {
 TrackingReport parse_tracking(std::string_view output) {
     const Table table(output);
     TrackingReport report;
-    const double frequency = table.number("Frequency");
-    report.frequency = table.contains("Frequency", "fast") ? frequency : negated(frequency);
+    const auto frequency = table.number_there("Frequency");
+    report.frequency = table.contains("Frequency", "fast") ? frequency.value_or(0) : negated(frequency.value_or(0));
     const double systemtime = table.number("System time");
     report.systemtime = table.contains("System time", "slow") ? negated(systemtime) : systemtime;
     report.lastoffset = table.number("Last offset");
@@ -59,6 +61,7 @@ TrackingReport parse_tracking(std::string_view output) {
     report.rootdelay = table.number("Root delay");
     report.rootdispersion = table.number("Root dispersion");
     report.leapstatus = table.value("Leap status");
+    report.has_frequency = frequency.has_value() && !report.leapstatus.empty();
     return report;
 }
 

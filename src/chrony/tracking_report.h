@@ -7,13 +7,14 @@
 namespace tickervantage {
 
 struct TrackingReport {
-    double frequency = 0;      // ppm; positive: the clock would run fast if it were not corrected
-    double systemtime = 0;     // s; negative: the system time is behind NTP time
-    double lastoffset = 0;     // s; the offset estimated at the last update
-    double rmsoffset = 0;      // s; long-term average of the offset
-    double rootdelay = 0;      // s; sum of the network delays to the stratum-1 source
-    double rootdispersion = 0; // s; sum of the dispersions to the stratum-1 source
-    std::string leapstatus;    // empty: the text was no tracking report
+    double frequency = 0;       // ppm; positive: the clock would run fast if it were not corrected
+    double systemtime = 0;      // s; negative: the system time is behind NTP time
+    double lastoffset = 0;      // s; the offset estimated at the last update
+    double rmsoffset = 0;       // s; long-term average of the offset
+    double rootdelay = 0;       // s; sum of the network delays to the stratum-1 source
+    double rootdispersion = 0;  // s; sum of the dispersions to the stratum-1 source
+    std::string leapstatus;     // empty: the text was no tracking report
+    bool has_frequency = false; // the text was a tracking report that names one, be it 0
 };
 
 // Never fails: what is missing or no number is 0, a missing leap status is empty. A line that comes twice counts the

@@ -16,7 +16,7 @@ namespace {
 constexpr const char* LISTENER = "freqtemp.listener";
 constexpr const char* TIMER = "net.brisklane.tickervantage.temperature";
 constexpr double TEMPERATURE_INTERVAL = 1.0; // s
-constexpr std::size_t SAVE_EVERY = 100;      // samples
+constexpr std::size_t SAVE_EVERY = 100;      // samples, and readings of the frequency
 
 using PointsByName = std::map<std::string, PointList>;
 
@@ -43,6 +43,7 @@ std::string scatter_map_path(const std::string& folder) {
 
 // What is to be made away from the main thread, and what is to be done with the result.
 struct FreqTempSession::FitJob {
+    bool is_event = false; // made by a reading of the frequency
     bool is_refit = false;
     bool is_told = false; // to the inspector
     bool is_saved = false;
@@ -179,10 +180,14 @@ void FreqTempSession::apply_temperatures(const std::vector<SensorReading>& readi
 void FreqTempSession::frequency_event(double frequency) {
     if (!m_is_ready || m_is_closed || !std::isfinite(frequency))
         return;
+    bool is_new = false;
     for (auto& [name, entry] : m_scatter)
-        if (const auto latest = m_temperatures.find(name); latest != m_temperatures.end())
+        if (const auto latest = m_temperatures.find(name); latest != m_temperatures.end()) {
             entry.points.append({latest->second, frequency});
-    update({.is_refit = true, .is_told = true});
+            is_new = true;
+        }
+    m_unsaved += is_new ? 1 : 0;
+    update({.is_event = true, .is_refit = true, .is_told = true});
 }
 
 // Refits from all points where the job asks for it, then drops those over the maximum.
@@ -195,9 +200,13 @@ void FreqTempSession::update(FitJob job) {
     for (auto& [name, entry] : m_scatter)
         if (entry.points.size() > most)
             entry.points.drop_front(entry.points.size() - most);
-    m_samples = largest_count(m_scatter);
+    const std::size_t before = std::exchange(m_samples, largest_count(m_scatter));
     job.shown = points_of(m_scatter);
-    job.is_saved = m_samples % SAVE_EVERY == 0;
+    // At its maximum the number stays the same, at a hundredth for ever perhaps: then readings count.
+    const bool is_reached = m_samples % SAVE_EVERY == 0 && (!job.is_event || m_samples != before);
+    job.is_saved = is_reached || m_unsaved >= SAVE_EVERY;
+    if (job.is_saved)
+        m_unsaved = 0;
     request(std::move(job));
 }
 

@@ -3,8 +3,9 @@
 // Temperatures are read once a second on a queue of their own; a notice of the clock's frequency pairs it with every
 // sensor's latest temperature. Points are added at once; fits and what the plot needs of very many points are made on a
 // second queue from snapshots, and applied on the main thread in the order of the events. Events that come while a fit
-// is under way are fitted together afterwards. The map is saved, on a third queue, at every hundredth sample and on
-// close. All calls on the main thread, and none of them waits, but the destructor, which waits for the last save.
+// is under way are fitted together afterwards. The map is saved, on a third queue, at every hundredth sample, after a
+// hundred readings where no number of samples grows any more, and on close. All calls on the main thread, and none of
+// them waits, but the destructor, which waits for the last save.
 #pragma once
 
 #include "freqtemp/freqtemp_settings.h"
@@ -115,6 +116,7 @@ private:
     ScatterMap m_scatter;
     SensorMenu m_menu;
     std::size_t m_samples = 0;
+    std::size_t m_unsaved = 0; // readings since the map was last saved
     bool m_is_ready = false;
     bool m_is_closed = false;
     bool m_is_reading = false; // temperatures are being read

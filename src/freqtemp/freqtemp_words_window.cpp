@@ -105,6 +105,11 @@ QString empty_words(bool is_ready, const std::vector<tempSensor>& sensors, const
         return Texts::tr("This machine shows no temperature sensor, so there is nothing to collect.\n"
                          "Virtual machines rarely have one. On a real machine, install the package lm-sensors, run "
                          "sensors-detect as root, and open this window again.");
+    if (!sensors.empty() && map.empty())
+        //: frequency and temperature window: shown in place of the points; %1 is a file
+        return Texts::tr("The saved file %1 names no sensor, and sensors are not added to a saved file.\n"
+                         "Close this window, which removes that file, and open it again to collect points.")
+            .arg(from_std(path));
     const auto has_entry = [&map](const tempSensor& sensor) {
         return map.contains(sensor.name);
     };

@@ -81,7 +81,19 @@ void ScatterStore::write_waiting() {
     m_written.notify_all();
 }
 
+// A map without entries would keep every sensor out for good, since none is added to a map that is stored.
+void ScatterStore::remove_empty() {
+    std::string text;
+    std::string sentence;
+    ScatterMap stored;
+    if (m_files.read(m_path, LARGEST_FILE, text, sentence) == UserFiles::Found::text &&
+        read_scatter_json(text, stored, sentence) == 0 && stored.empty())
+        m_files.remove(m_path);
+}
+
 void ScatterStore::write(const ScatterMap& map) {
+    if (map.empty())
+        return remove_empty();
     if (const auto old = old_map(m_path); !old.empty())
         m_files.remove(old);
     std::string sentence;

@@ -2,7 +2,8 @@
 //
 // Saves run on a queue, one at a time; of maps that come while one is being written only the last is written next.
 // What goes wrong costs a sentence in the log and nothing else. A file that cannot be used is kept under another name;
-// one that cannot even be renamed is never written over. request_save() and finish() on the main thread.
+// one that cannot even be renamed is never written over. A map without entries is not written, and a file that holds
+// one is removed. request_save() and finish() on the main thread.
 #pragma once
 
 #include "freqtemp/scatter_map.h"
@@ -35,6 +36,7 @@ public:
 private:
     void write_waiting();
     void write(const ScatterMap& map);
+    void remove_empty();
     void keep_aside(const std::string& reason);
 
     UserFiles& m_files;

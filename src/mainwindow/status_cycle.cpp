@@ -37,9 +37,19 @@ void StatusCycle::load() {
 void StatusCycle::close() {
     // The farewell waits for the helper. Where the program ends before it is said, the connection ends with it.
     m_parts.report_queue.async([&privileged = m_parts.privileged] { privileged.quit(); });
-    if (!m_installing)
+    m_is_closed = true;
+    if (!m_installing && !is_listened_to())
         m_updatetimer->stop();
     m_settings.save(m_parts.settings);
+}
+
+bool StatusCycle::is_listened_to() const {
+    return m_parts.broadcast.has_listeners(current_frequency_key);
+}
+
+void StatusCycle::go_on_for_listeners() {
+    if (m_is_closed && !m_updatetimer->is_running())
+        restart_timer();
 }
 
 void StatusCycle::chronycCommand(const std::string& command) {
@@ -93,7 +103,7 @@ void StatusCycle::restart_timer() {
 }
 
 void StatusCycle::tick() {
-    if (m_visible || m_parts.broadcast.has_listeners(current_frequency_key))
+    if (m_visible || is_listened_to())
         if (!m_reading) // a slow chronyc is not stale: the next tick reads again
             start_reading();
 }
@@ -108,7 +118,9 @@ void StatusCycle::set_visible(bool visible) {
     }
     m_display.redraw_clock();
     m_clockTicker->start(1.0, [this] { m_display.redraw_clock(); });
-    if (m_updatetimer->is_running())
+    if (std::exchange(m_is_closed, false))
+        restart_timer();
+    else if (m_updatetimer->is_running())
         refresh();
 }
 
@@ -219,7 +231,8 @@ void StatusCycle::apply_tracking(const RefreshReading& reading) {
                               : reading.discipline == ClockDiscipline::adjusting;
     m_display.show_clock_not_adjusted(!adjusted);
     const TrackingReport& report = reading.report;
-    m_parts.broadcast.post(current_frequency_key, current_frequency{report.frequency}, Delivery::later);
+    if (report.has_frequency) // who listens keeps it for good: a daemon that does not answer has none
+        m_parts.broadcast.post(current_frequency_key, current_frequency{report.frequency}, Delivery::later);
     m_chronydStatus = status_from_leap(report.leapstatus);
     m_display.show_meter_value(set_meter(m_meter, choose_meter(m_chronydStatus, m_settings.m_meterview, report)));
     m_display.show_status(m_chronydStatus);

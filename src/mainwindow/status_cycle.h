@@ -57,8 +57,12 @@ public:
 
     // Reads the settings and starts both timers and the first reading.
     void load();
-    // Says farewell to the helper, stops reading and writes the settings. The clock goes on.
+    // Says farewell to the helper, stops reading, unless another window waits for the frequency, and writes the
+    // settings. The clock goes on. What is shown again afterwards reads again.
     void close();
+
+    // After close(): another window begins to wait for the frequency.
+    void go_on_for_listeners();
 
     // The controls' actions.
     void chronycCommand(const std::string& command);
@@ -96,6 +100,7 @@ private:
     void start_report(const RefreshRequest& wanted);
     void apply_report(const RefreshRequest& wanted, const ReportText& text);
     void restart_timer();
+    [[nodiscard]] bool is_listened_to() const;
     void tick();
     void apply(const RefreshReading& reading);
     void apply_tracking(const RefreshReading& reading);
@@ -118,6 +123,7 @@ private:
     std::unique_ptr<Repeater> m_clockTicker;
     bool m_installing = false;
     bool m_visible = true;
+    bool m_is_closed = false;
     bool m_list_servers = false; // the next reading brings the servers' names
     bool m_reading = false;      // one is under way
     bool m_again = false;        // and is stale: another follows

@@ -209,6 +209,40 @@ TEST_F(FreqTempSessionTest, SavesEveryHundredthSampleAndAtTheEnd) {
     m_fakes.sample(2); // nobody listens
 }
 
+TEST_F(FreqTempSessionTest, SavesAMapAtItsMaximumAsSeldomAsOneThatGrows) {
+    for (const std::int64_t most : {200, 250}) {
+        const auto session = started(most);
+        for (int i = 0; i < 5; ++i)
+            m_fakes.sample(i); // without a temperature nothing comes to be saved
+        EXPECT_EQ(m_fakes.files.writes, 0) << most;
+        m_fakes.tick();
+        for (int i = 0; i < 1000; ++i)
+            m_fakes.sample(i);
+        EXPECT_EQ(m_fakes.files.writes, 10) << most;
+        m_fakes.files = {};
+    }
+}
+
+TEST_F(FreqTempSessionTest, LeavesNoMapWithoutEntries) {
+    for (const auto& [readings, stored] : {std::pair{std::vector<SensorReading>{}, ""},
+                                           {std::vector<SensorReading>{}, "{}"},
+                                           {std::vector<SensorReading>{{"cpu", "", 45}}, " { } "}}) {
+        m_fakes.files.texts.clear();
+        if (*stored != '\0')
+            m_fakes.files.texts[MAP] = stored;
+        m_fakes.sensors.readings = readings;
+        auto session = started();
+        EXPECT_TRUE(session->scatter().empty());
+        session->close();
+        session.reset();
+        m_fakes.settle();
+        EXPECT_FALSE(m_fakes.files.texts.contains(MAP)) << stored;
+        EXPECT_EQ(m_fakes.files.writes, 0);
+    }
+    m_fakes.sensors.readings = {{"cpu", "", 45}};
+    EXPECT_TRUE(started()->scatter().contains("cpu")); // nothing stands in its way any more
+}
+
 TEST_F(FreqTempSessionTest, FitsEventsThatComeTooFastTogether) {
     const auto session = started();
     m_fakes.tick();

@@ -190,6 +190,61 @@ TEST_F(ApplicationTest, ChangesOfStateAreLoggedOnce) {
                                                           "The daemon is unavailable: 506 Cannot talk to daemon"}));
 }
 
+TEST_F(ApplicationTest, AClosedMainWindowComesBackAndReadsOn) {
+    launch();
+    application->main_window().close();
+    const auto before = runs_of("chronyc", "tracking");
+    wait(60);
+    EXPECT_EQ(runs_of("chronyc", "tracking"), before) << "nobody looks";
+    item("showTickervantage")->trigger();
+    settle();
+    EXPECT_TRUE(application->main_window().isVisible());
+    EXPECT_EQ(runs_of("chronyc", "tracking"), before + 1) << "at once";
+    wait(60);
+    EXPECT_EQ(runs_of("chronyc", "tracking"), before + 7) << "every ten seconds";
+}
+
+// The window of frequency and temperature is opened before or after the main window is closed.
+TEST_F(ApplicationTest, SamplingGoesOnWithoutTheMainWindow) {
+    freqtemp.sensors.readings = {{"cpu", "Package", 45}};
+    for (const bool opened_before : {true, false}) {
+        launch();
+        if (opened_before)
+            item("showFreqTemp")->trigger();
+        settle();
+        application->main_window().close();
+        if (!opened_before)
+            item("showFreqTemp")->trigger();
+        settle();
+        const auto before = runs_of("chronyc", "tracking");
+        wait(60);
+        EXPECT_EQ(runs_of("chronyc", "tracking"), before + 6) << opened_before;
+        window("FreqTempWindow")->close();
+        const auto closed = runs_of("chronyc", "tracking");
+        wait(60);
+        EXPECT_EQ(runs_of("chronyc", "tracking"), closed) << opened_before;
+    }
+}
+
+TEST_F(ApplicationTest, ASilentDaemonHasNoFrequencyToRecord) {
+    freqtemp.sensors.readings = {{"cpu", "Package", 45}};
+    launch();
+    item("showFreqTemp")->trigger();
+    settle();
+    wait(20);
+    const auto* samples = window("FreqTempWindow")->findChild<QLabel*>(QStringLiteral("m_samples"));
+    ASSERT_NE(samples, nullptr);
+    EXPECT_EQ(samples->text(), QStringLiteral("2"));
+    fakes.execute.answer("chronyc tracking", "506 Cannot talk to daemon\n", 1);
+    wait(60);
+    EXPECT_EQ(samples->text(), QStringLiteral("2"));
+    window("FreqTempWindow")->close();
+    settle();
+    const std::string& map = freqtemp.files.texts["/data/T/scattermap.json"];
+    EXPECT_NE(map.find("\"frequency\": "), std::string::npos) << map;
+    EXPECT_EQ(map.find("\"frequency\": 0\n"), std::string::npos) << map;
+}
+
 TEST_F(ApplicationTest, AboutBoxNamesTheProgram) {
     launch();
     item("showAbout")->trigger();

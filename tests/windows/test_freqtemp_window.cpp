@@ -104,9 +104,19 @@ TEST_F(FreqTempWindowTest, SaysWhyThereIsNothingToSee) {
     open_and_settle();
     says("lm-sensors");
     fakes.sensors.readings = {{"new", "", 20}};
-    fakes.files.texts[MAP] = "{}";
-    open_and_settle();
-    says(MAP);
+    window->close(); // which removes a map without entries
+    fakes.settle();
+    for (const auto& [map, words] : {std::pair{"{}", "which removes that file"},
+                                     {R"({"gone": {"selected": true, "color": {"r":0,"g":0,"b":0,"a":0}, "points": [],
+        "quadRegression": {"r":0,"y_stddev":0,"x_min":0,"x_max":0,"coefficients":[],"valid":false}}})",
+                                      "belong to other sensors"}}) {
+        fakes.files.texts[MAP] = map;
+        open_and_settle();
+        says(MAP);
+        says(words);
+        window->close();
+        fakes.settle();
+    }
 }
 
 TEST_F(FreqTempWindowTest, ControlsReachTheSessionAndAreSavedOnClosing) {

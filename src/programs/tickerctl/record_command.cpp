@@ -55,12 +55,11 @@ private:
     void tell(const ExecuteResult& result) {
         m_is_asking = false;
         const TrackingReport report = parse_tracking(result.output);
-        const bool is_report = !report.leapstatus.empty();
-        if (is_report)
+        if (report.has_frequency)
             m_broadcast.post(current_frequency_key, current_frequency{report.frequency}, Delivery::now);
         else if (!m_has_complained && result.outcome != ExecuteOutcome::cancelled)
             complain("There is no frequency: chronyc gave no tracking report.");
-        m_has_complained = !is_report;
+        m_has_complained = !report.has_frequency;
     }
 
     const Runchronyc& m_chronyc;
