@@ -132,12 +132,11 @@ ChildTask task_for(const HelperRequest& request, const HelperRules& rules) {
 
 ChildTask syntax_check_task(const std::string& configuration, const HelperRules& rules) {
     ChildTask task;
-    for (const auto& chronyd : rules.chronyd)
+    auto chronyds = rules.chronyd;
+    chronyds.insert(chronyds.begin(), rules.bundle_program("chronyd"));
+    for (const auto& chronyd : chronyds)
         if (task.argv.empty() && is_roots_own(chronyd))
             task.argv = {chronyd, "-p", "-f", configuration};
-    const auto bundled = rules.bundle_program("chronyd");
-    if (task.argv.empty() && is_roots_own(bundled))
-        task.argv = {bundled, "-p", "-f", configuration};
     task.identity = daemon_identity(rules);
     return task;
 }

@@ -19,8 +19,9 @@ namespace tickervantage {
 // outside the folders that the helper may write to runs in a unit of its own, outside the helper's sandbox.
 [[nodiscard]] ChildTask task_for(const HelperRequest& request, const HelperRules& rules);
 
-// "chronyd -p" over a configuration that is not installed yet, as the daemon's user. Without a chronyd the task has no
-// program.
+// "chronyd -p" over a configuration that is not installed yet, as the daemon's user. The bundle's chronyd before all
+// others: where AppArmor confines the distribution's by its path, that one cannot read the file. Without a chronyd the
+// task has no program.
 [[nodiscard]] ChildTask syntax_check_task(const std::string& configuration, const HelperRules& rules);
 
 } // namespace tickervantage
