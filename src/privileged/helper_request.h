@@ -34,6 +34,9 @@ enum class HelperVerb : std::uint8_t {
     remove_definition,
     make_readable,
     restore_former,
+    check_item,    // judges what installing would judge, and installs nothing
+    guard_chrony,  // what the caller stops from now on is started again should the caller go away
+    resume_chrony, // what the caller has stopped is started again
 };
 
 // The verb's name in the journal.
@@ -41,8 +44,8 @@ enum class HelperVerb : std::uint8_t {
 
 struct HelperRequest {
     HelperVerb verb = HelperVerb::quit;
-    std::vector<std::string> argv; // the program's path, then its arguments; empty with `quit`
-    // With `install_item`: what it is, and where it comes from and goes to.
+    std::vector<std::string> argv; // the program's path, then its arguments; empty where the helper does it itself
+    // With `install_item` and `check_item`: what it is, and where it comes from and goes to.
     Item item;
     std::string source;
     std::string destination;

@@ -21,7 +21,7 @@ bool is_user_name(std::string_view name) {
            name.find_first_not_of(rest) == std::string_view::npos;
 }
 
-bool install_item(const Words& words, Parser& parser) {
+bool item_line(HelperVerb verb, const Words& words, Parser& parser) {
     if (!are(words, 2, "qqqq"))
         return parser.refuse("Installing takes four arguments in quotes.");
     const auto& [source, destination] = std::pair(words[2].text, words[3].text);
@@ -35,7 +35,15 @@ bool install_item(const Words& words, Parser& parser) {
         return parser.refuse("What is installed there has another owner or mode.");
     parser.request.source = source;
     parser.request.destination = destination;
-    return parser.accept_tool(HelperVerb::install_item, words);
+    return parser.accept_tool(verb, words);
+}
+
+bool install_item(const Words& words, Parser& parser) {
+    return item_line(HelperVerb::install_item, words, parser);
+}
+
+bool check_item(const Words& words, Parser& parser) {
+    return item_line(HelperVerb::check_item, words, parser);
 }
 
 bool is_command_socket(std::string_view path) {
@@ -130,14 +138,17 @@ bool tool_line(const Words& words, Parser& parser) {
     if (words.size() < 2 || words[1].is_quoted)
         return parser.refuse("The support tool needs a verb.");
     using Handler = bool (*)(const Words&, Parser&);
-    constexpr std::array<std::pair<std::string_view, Handler>, 7> handlers{{{"installitem", install_item},
+    constexpr std::array<std::pair<std::string_view, Handler>, 8> handlers{{{"installitem", install_item},
+                                                                            {"checkitem", check_item},
                                                                             {"removeitem", remove_item},
                                                                             {"createdirectory", create_directory},
                                                                             {"adduser", add_user},
                                                                             {"steptime", step_time},
                                                                             {"rotatelogs", rotate_logs},
                                                                             {"restoreformer", restore_former}}};
-    constexpr std::array<std::pair<std::string_view, HelperVerb>, 4> bare{{{"stopchrony", HelperVerb::stop_chrony},
+    constexpr std::array<std::pair<std::string_view, HelperVerb>, 6> bare{{{"stopchrony", HelperVerb::stop_chrony},
+                                                                           {"guardchrony", HelperVerb::guard_chrony},
+                                                                           {"resumechrony", HelperVerb::resume_chrony},
                                                                            {"startchrony", HelperVerb::start_chrony},
                                                                            {"stopwake", HelperVerb::stop_wake},
                                                                            {"startwake", HelperVerb::start_wake}}};

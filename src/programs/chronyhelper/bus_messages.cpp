@@ -50,9 +50,10 @@ bool read_request(sd_bus_message* message, RequestMessage& request) {
     return !request.request.empty();
 }
 
-int send_reply(sd_bus_message* message, const std::string& text) {
+int send_reply(sd_bus_message* message, const std::string& text, bool is_done) {
     const auto fit = as_valid_text(text, helper::reply_limit);
-    return sd_bus_reply_method_return(message, "a{sv}", 1, helper::reply_key, "s", fit.c_str());
+    return sd_bus_reply_method_return(message, "a{sv}", 2, helper::reply_key, "s", fit.c_str(), helper::status_key, "i",
+                                      is_done ? 0 : 1);
 }
 
 } // namespace tickervantage

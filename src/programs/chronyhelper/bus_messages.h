@@ -16,7 +16,7 @@ struct RequestMessage {
 // Reads a{sv}; keys that mean nothing here are passed over. False when it is not such a message, or has no request.
 [[nodiscard]] bool read_request(sd_bus_message* message, RequestMessage& request);
 
-// Answers a request. Text that the bus cannot carry is made fit.
-int send_reply(sd_bus_message* message, const std::string& text);
+// Answers a request: with what came of it, and whether it was done. Text that the bus cannot carry is made fit.
+int send_reply(sd_bus_message* message, const std::string& text, bool is_done);
 
 } // namespace tickervantage

@@ -27,6 +27,14 @@ std::uint64_t microseconds(std::chrono::seconds time) {
     return static_cast<std::uint64_t>(std::chrono::microseconds(time).count());
 }
 
+HelperRequest start_request(const HelperInterruptions::Units& units) {
+    HelperRequest request;
+    request.verb = HelperVerb::service_manager;
+    request.argv = {"/bin/systemctl", "start"};
+    request.argv.insert(request.argv.end(), units.begin(), units.end());
+    return request;
+}
+
 bool make_token(helper::Token& token) {
     return ::getrandom(token.data(), token.size(), 0) == static_cast<ssize_t>(token.size());
 }
@@ -44,7 +52,7 @@ const sd_bus_vtable HelperService::vtable[] = {
 HelperService::HelperService(sd_bus* bus, sd_event* event, HelperRules rules, std::string folder)
     : m_bus(bus), m_event(event), m_rules(std::move(rules)), m_folder(std::move(folder)), m_polkit(bus),
       m_callers(bus, [this](const std::string& name) { connection_gone(name); }),
-      m_jobs({event, m_polkit, m_rules, m_folder}) {}
+      m_jobs({event, m_polkit, m_rules, m_folder, m_consents}) {}
 
 int HelperService::run(std::string& sentence) {
     restore_tokens();
@@ -87,7 +95,7 @@ int HelperService::drain(std::string& sentence) {
 
 int HelperService::on_idle(sd_event_source*, std::uint64_t, void* data) {
     auto* self = static_cast<HelperService*>(data);
-    if (self->has_work())
+    if (self->has_work() || !self->m_interruptions.empty())
         self->note_activity();
     else
         self->m_ends = true;
@@ -124,7 +132,7 @@ int HelperService::on_withdraw(sd_bus_message* message, void* self, sd_bus_error
 
 int HelperService::refuse(sd_bus_message* message, const HelperCaller& caller, std::string_view verb,
                           const std::string& sentence) {
-    const int sent = send_reply(message, sentence); // first: the journal may be slow
+    const int sent = send_reply(message, sentence, false); // first: the journal may be slow
     journal_decision(Decision::refused, caller, verb, sentence);
     return sent;
 }
@@ -145,15 +153,46 @@ int HelperService::request(sd_bus_message* message) {
                       words.auth ? helper::lapsed_reply : "This needs an administrator's authorisation.");
     if (parse_helper_request(words.request, m_rules, parsed, sentence) != 0)
         return refuse(message, *caller, "unknown", sentence);
-    return parsed.verb == HelperVerb::quit ? quit(message, *caller) : execute(message, *caller, std::move(parsed));
+    switch (parsed.verb) {
+    case HelperVerb::quit:
+        return quit(message, *caller);
+    case HelperVerb::guard_chrony:
+        m_interruptions.guard(caller->name);
+        return send_reply(message, "200 OK", true);
+    case HelperVerb::resume_chrony:
+        return resume(message, *caller);
+    default:
+        return execute(message, *caller, std::move(parsed));
+    }
+}
+
+int HelperService::resume(sd_bus_message* message, const HelperCaller& caller) {
+    const auto units = m_interruptions.resume(caller.name);
+    return units.empty() ? send_reply(message, "200 OK", true) : execute(message, caller, start_request(units));
+}
+
+// For a caller that went away in the middle, who hears nothing of it any more.
+void HelperService::start_again(const std::string& name, const HelperInterruptions::Units& units) {
+    if (units.empty())
+        return;
+    HelperCaller caller;
+    caller.name = name;
+    JobOrder order{.request = start_request(units), .caller = caller, .may_ask = false, .done = {}};
+    order.done = [caller](Decision decision, const std::string& text) {
+        journal_decision(decision, caller, helper_verb_name(HelperVerb::resume_chrony), text);
+    };
+    std::string sentence;
+    if (m_jobs.add(std::move(order), sentence) != 0)
+        journal_note(sentence);
 }
 
 // Ends the caller's authorisation, and the helper where no other caller is left.
 int HelperService::quit(sd_bus_message* message, const HelperCaller& caller) {
     journal_decision(Decision::done, caller, "quit", "");
     const bool was_authorised = m_tokens.token_of(caller, seconds_since_boot()).has_value();
+    m_interruptions.forget(caller.name); // it ends its work of its own accord
     connection_gone(caller.name);
-    const int sent = send_reply(message, "quit");
+    const int sent = send_reply(message, "quit", true);
     if (was_authorised && m_tokens.empty() && !has_work())
         m_ends = true;
     return sent;
@@ -165,14 +204,21 @@ int HelperService::execute(sd_bus_message* message, const HelperCaller& caller, 
                    .caller = caller,
                    .may_ask = sd_bus_message_get_allow_interactive_authorization(message) > 0,
                    .done = {}};
-    order.done = [this, caller, verb, kept = std::shared_ptr<sd_bus_message>(sd_bus_message_ref(message), BusUnref())](
+    order.done = [this, caller, verb, asked = order.request,
+                  kept = std::shared_ptr<sd_bus_message>(sd_bus_message_ref(message), BusUnref())](
                      Decision decision, const std::string& text) {
-        (void)send_reply(kept.get(), text); // a caller that has gone does not need it
+        const bool is_done = decision == Decision::done;
+        (void)send_reply(kept.get(), text, is_done); // a caller that has gone does not need it
         journal_decision(decision, caller, verb, decision == Decision::refused ? text : std::string());
+        start_again(caller.name, m_interruptions.end(caller.name, asked, is_done, text));
         note_activity();
     };
     std::string sentence;
-    return m_jobs.add(std::move(order), sentence) == 0 ? 1 : refuse(message, caller, verb, sentence);
+    m_interruptions.begin(caller.name); // first: it may be over at once
+    if (m_jobs.add(std::move(order), sentence) == 0)
+        return 1;
+    start_again(caller.name, m_interruptions.end(caller.name, {}, false, {}));
+    return refuse(message, caller, verb, sentence);
 }
 
 int HelperService::authorise(sd_bus_message* message) {
@@ -232,6 +278,8 @@ void HelperService::connection_gone(const std::string& name) {
     if (m_tokens.drop(name))
         keep_tokens();
     m_polkit.cancel(name);
+    m_consents.erase(name);
+    start_again(name, m_interruptions.gone(name));
 }
 
 // The tokens of an earlier run, as far as their owners are still there: they were not looked after meanwhile.

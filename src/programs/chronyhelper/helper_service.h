@@ -5,12 +5,14 @@
 #pragma once
 
 #include "platform/linux/bus_owners.h"
+#include "privileged/helper_interruptions.h"
 #include "privileged/helper_rules.h"
 #include "privileged/helper_tokens.h"
 #include "programs/chronyhelper/callers.h"
 #include "programs/chronyhelper/job_lines.h"
 #include "programs/chronyhelper/polkit.h"
 
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -44,6 +46,8 @@ private:
     int execute(sd_bus_message* message, const HelperCaller& caller, HelperRequest request);
     int authorise(sd_bus_message* message);
     void answer_authorise(sd_bus_message* message, const std::string& sender, PolkitAnswer answer);
+    int resume(sd_bus_message* message, const HelperCaller& caller);
+    void start_again(const std::string& name, const HelperInterruptions::Units& units);
     void connection_gone(const std::string& name);
     void restore_tokens();
     void keep_tokens() const;
@@ -58,7 +62,9 @@ private:
     HelperTokens m_tokens;
     Polkit m_polkit;
     Callers m_callers;
+    std::map<std::string, std::string> m_consents; // by connection
     JobLines m_jobs;
+    HelperInterruptions m_interruptions;
     std::set<std::uint32_t> m_asking; // users who are looking at a password dialog
     bool m_ends = false;
     EventSource m_idle;

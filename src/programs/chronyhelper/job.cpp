@@ -62,7 +62,7 @@ Job::~Job() {
 }
 
 void Job::start() {
-    if (m_order.request.verb == HelperVerb::install_item)
+    if (m_order.request.verb == HelperVerb::install_item || m_order.request.verb == HelperVerb::check_item)
         read_source();
     else
         do_it();
@@ -105,7 +105,7 @@ void Job::check_content(const std::string& bytes) {
     if (check_service_definition(request.destination, bytes, m_parts.rules, sentence) != 0)
         return end(Decision::refused, sentence);
     if (stage(bytes))
-        do_it();
+        take_next_step();
 }
 
 // What will run as root must be what root holds already.
@@ -120,7 +120,7 @@ void Job::check_program(const std::string& bytes) {
         return end(Decision::refused, "The program is another one than the helper was installed with: install the "
                                       "helper again.");
     m_order.request.argv[2] = path;
-    do_it();
+    take_next_step();
 }
 
 void Job::check_configuration(const std::string& bytes) {
@@ -130,6 +130,7 @@ void Job::check_configuration(const std::string& bytes) {
         return end(Decision::refused, sentence);
     if (!stage(bytes))
         return;
+    m_consent = m_order.request.destination + '\n' + bytes;
     auto task = syntax_check_task(m_staged, m_parts.rules);
     if (task.argv.empty())
         return ask_about_unsafe_lines(); // no chronyd is installed that could be stopped by it
@@ -137,8 +138,12 @@ void Job::check_configuration(const std::string& bytes) {
 }
 
 void Job::ask_about_unsafe_lines() {
-    if (m_unsafe_lines.empty())
-        return do_it();
+    const auto agreed = m_parts.consents.find(m_order.caller.name);
+    const bool is_agreed = agreed != m_parts.consents.end() && agreed->second == m_consent;
+    if (is_agreed)
+        m_parts.consents.erase(agreed); // to be installed once
+    if (m_unsafe_lines.empty() || is_agreed)
+        return take_next_step();
     if (!can_be_shown(m_unsafe_lines))
         return end(Decision::refused, "The configuration was not installed: it has more or longer unusual lines than "
                                       "a question can show.");
@@ -151,7 +156,7 @@ void Job::ask_about_unsafe_lines() {
                            if (alive.expired())
                                return;
                            if (answer == PolkitAnswer::yes)
-                               do_it();
+                               take_next_step();
                            else
                                end(Decision::refused, "The configuration was not installed: " + first +
                                                           " needs an authorisation of its own.");
@@ -179,6 +184,15 @@ void Job::syntax_was_checked(ChildEnd result) {
     while (!text.empty() && text.back() == '\n')
         text.pop_back();
     end(Decision::refused, "chronyd does not accept this configuration: " + text + ".");
+}
+
+// A judgement ends here; what it took a consent for may be installed next.
+void Job::take_next_step() {
+    if (m_order.request.verb != HelperVerb::check_item)
+        return do_it();
+    if (!m_unsafe_lines.empty())
+        m_parts.consents[m_order.caller.name] = std::move(m_consent);
+    end(Decision::done, "200 OK");
 }
 
 void Job::do_it() {

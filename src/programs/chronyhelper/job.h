@@ -9,6 +9,7 @@
 #include "programs/chronyhelper/polkit.h"
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,6 +21,8 @@ struct JobParts {
     Polkit& polkit;
     const HelperRules& rules;
     std::string folder; // of the helper's own, for files on their way
+    // What each connection was asked about and agreed to, when only judging: installing it does not ask again.
+    std::map<std::string, std::string>& consents;
 };
 
 struct JobOrder {
@@ -52,6 +55,7 @@ private:
     void syntax_was_checked(ChildEnd end);
     void ask_about_unsafe_lines();
     [[nodiscard]] bool stage(const std::string& bytes);
+    void take_next_step();
     void do_it();
     void was_done(ChildEnd end);
     void end(Decision decision, std::string text);
@@ -59,7 +63,8 @@ private:
     const JobParts& m_parts;
     JobOrder m_order;
     std::vector<ConfigurationLine> m_unsafe_lines;
-    std::string m_staged; // the caller's bytes, in the helper's folder
+    std::string m_consent; // the destination and the text that unsafe lines stand in
+    std::string m_staged;  // the caller's bytes, in the helper's folder
     std::unique_ptr<ChildProcess> m_child;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); // for answers that come after the job has gone
 };
