@@ -143,8 +143,7 @@ void pause(int seconds) {
 std::unique_ptr<PrivilegedChannel> Program::make_channel(const Paths& paths, const DaemonChoice& daemon) {
     if (is_demonstration(daemon))
         return std::make_unique<NoPrivilegedChannel>();
-    return std::make_unique<BusPrivilegedChannel>(m_execute, paths.bundle_program("chronyhelper"),
-                                                  TICKERVANTAGE_VERSION);
+    return std::make_unique<BusPrivilegedChannel>(m_execute, paths.bundle_program("chronyhelper"));
 }
 
 std::shared_ptr<PrivilegedActions> Program::make_actions() {

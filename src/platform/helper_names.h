@@ -8,6 +8,7 @@
 #include <array>
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 
 namespace tickervantage::helper {
 
@@ -19,7 +20,14 @@ inline constexpr const char* request_method = "Request";     // a{sv} in, a{sv} 
 inline constexpr const char* authorise_method = "Authorise"; // nothing in, ay out: the token
 inline constexpr const char* withdraw_method = "Withdraw";   // nothing in or out: the caller's dialogs close
 inline constexpr const char* version_property = "Version";   // s
+inline constexpr const char* protocol_property = "Protocol"; // u
 inline constexpr const char* refused_error = "net.brisklane.chronyhelper.Error.Refused";
+
+// Goes up when a message or the list of requests changes: only then a helper and a program do not fit together.
+inline constexpr std::uint32_t protocol = 1;
+
+// The bundle that packages install. They bring the helper's files along, and nobody else changes those.
+inline constexpr const char* package_bundle = "/usr/lib/tickervantage/Tickervantage.app";
 
 inline constexpr const char* request_key = "request";
 inline constexpr const char* auth_key = "auth";

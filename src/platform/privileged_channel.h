@@ -22,8 +22,8 @@ public:
     // Makes the connection ready to be used; asks nobody for anything yet. Main thread, returns at once.
     virtual void prepare() = 0;
 
-    // Makes sure that a helper of this program's version answers, installing it where it is missing. Blocks. 0, or -1
-    // and one sentence.
+    // Makes sure that a helper answers which this program can talk to, installing it where it is missing and no package
+    // brought it. Blocks. 0, or -1 and one sentence.
     [[nodiscard]] virtual int install(std::string& sentence) = 0;
 
     // Asks for administrator rights. Blocks for as long as a person takes to type a password. Nothing and one sentence

@@ -12,12 +12,12 @@ namespace {
 
 constexpr const char* pkexec = "/usr/bin/pkexec";
 
-constexpr std::chrono::seconds look_limit{25}; // for the version, with an activation in it
+constexpr std::chrono::seconds look_limit{25}; // for the protocol, with an activation in it
 
 const BusMethod request_call{helper::interface_name, helper::request_method, false, helper::request_limit_time};
 const BusMethod authorise_call{helper::interface_name, helper::authorise_method, true, helper::dialog_limit};
 const BusMethod withdraw_call{helper::interface_name, helper::withdraw_method, false, look_limit};
-const BusMethod version_call{"org.freedesktop.DBus.Properties", "Get", false, look_limit};
+const BusMethod protocol_call{"org.freedesktop.DBus.Properties", "Get", false, look_limit};
 
 // Whether the answer is one; otherwise the sentence says why not.
 bool succeeded(const BusMessage& answer, std::string& sentence) {
@@ -29,6 +29,19 @@ bool succeeded(const BusMessage& answer, std::string& sentence) {
     const bool is_refusal = error != nullptr && sd_bus_error_has_name(error, helper::refused_error) > 0;
     sentence = is_refusal ? text : fmt::format("The root helper cannot be reached: {}.", text);
     return false;
+}
+
+// Whether the error says that there is no such helper, rather than that it cannot answer now.
+bool says_absent(std::string_view error) {
+    return error == "org.freedesktop.DBus.Error.ServiceUnknown" || error == "org.freedesktop.DBus.Error.NameHasNoOwner" ||
+           error == "org.freedesktop.DBus.Error.AccessDenied" || error == "org.freedesktop.systemd1.NoSuchUnit" ||
+           error.starts_with("org.freedesktop.DBus.Error.Spawn.");
+}
+
+// Those that came before there was a protocol do not know the property.
+bool says_other(std::string_view error) {
+    return error == "org.freedesktop.DBus.Error.UnknownProperty" ||
+           error == "org.freedesktop.DBus.Error.UnknownInterface";
 }
 
 int append_token(sd_bus_message* message, const HelperToken& token) {
@@ -70,29 +83,48 @@ std::optional<std::string> read_reply(sd_bus_message* message) {
 
 } // namespace
 
-BusPrivilegedChannel::BusPrivilegedChannel(Execute& execute, std::string installer, std::string version)
-    : m_execute(execute), m_installer(std::move(installer)), m_version(std::move(version)),
-      m_calls(helper::bus_name, helper::object_path) {}
+BusPrivilegedChannel::BusPrivilegedChannel(Execute& execute, std::string installer)
+    : m_execute(execute), m_installer(std::move(installer)), m_calls(helper::bus_name, helper::object_path) {}
 
-bool BusPrivilegedChannel::is_current() {
-    const auto answer = m_calls.call(version_call, [](sd_bus_message* message) {
-        return sd_bus_message_append(message, "ss", helper::interface_name, helper::version_property);
+BusPrivilegedChannel::Found BusPrivilegedChannel::look(std::string& sentence) {
+    const auto answer = m_calls.call(protocol_call, [](sd_bus_message* message) {
+        return sd_bus_message_append(message, "ss", helper::interface_name, helper::protocol_property);
     });
-    std::string ignored; // what is not there is installed, whatever the reason
-    const char* version = nullptr;
-    return succeeded(answer, ignored) && sd_bus_message_read(answer.get(), "v", "s", &version) > 0 &&
-           m_version == version;
+    std::uint32_t protocol = 0;
+    if (succeeded(answer, sentence))
+        return sd_bus_message_read(answer.get(), "v", "u", &protocol) > 0 && protocol == helper::protocol ? Found::ours
+                                                                                                          : Found::other;
+    const auto* error = answer ? sd_bus_message_get_error(answer.get()) : nullptr;
+    const std::string_view name = error != nullptr && error->name != nullptr ? error->name : "";
+    if (says_other(name))
+        return Found::other;
+    return says_absent(name) ? Found::absent : Found::silent;
 }
 
-int BusPrivilegedChannel::install(std::string& sentence) {
-    if (is_current() || is_current()) // twice: a helper that ends under the question is there all the same
-        return 0;
+int BusPrivilegedChannel::run_installer(std::string& sentence) {
     const auto result =
         m_execute.run({.program = pkexec, .arguments = {m_installer, "--install"}, .time_limit = helper::dialog_limit});
-    if (result.outcome == ExecuteOutcome::exited && result.exit_status == 0 && is_current())
+    std::string ignored; // what the installer said tells more
+    if (result.outcome == ExecuteOutcome::exited && result.exit_status == 0 && look(ignored) == Found::ours)
         return 0;
     const auto& why = result.sentence.empty() ? result.output : result.sentence;
     sentence = why.empty() ? "The root helper was not installed." : "The root helper was not installed: " + why;
+    return -1;
+}
+
+int BusPrivilegedChannel::install(std::string& sentence) {
+    auto found = look(sentence);
+    if (found != Found::ours)
+        found = look(sentence); // a helper that ends under the question is there all the same
+    if (found == Found::ours)
+        return 0;
+    if (found == Found::silent)
+        return -1;
+    if (!m_installer.starts_with(std::string(helper::package_bundle) + '/'))
+        return run_installer(sentence);
+    sentence = found == Found::other
+                   ? "The root helper is of another version: start this program again, or install its package again."
+                   : "The root helper is missing: install the package of this program again.";
     return -1;
 }
 

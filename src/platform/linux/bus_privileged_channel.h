@@ -15,9 +15,11 @@ namespace tickervantage {
 
 class BusPrivilegedChannel : public PrivilegedChannel {
 public:
-    // Where the helper is missing or of another version than `version`, `installer` is run through pkexec with the
-    // argument --install. `execute` outlives the channel.
-    BusPrivilegedChannel(Execute& execute, std::string installer, std::string version);
+    // Where the helper is missing or speaks another protocol, `installer` is run through pkexec with the argument
+    // --install, unless it lies in the bundle of a package: packages bring the helper along, and a second one beside it
+    // would outlive them and their updates. A helper that does not answer is there, and nothing is installed over it.
+    // `execute` outlives the channel.
+    BusPrivilegedChannel(Execute& execute, std::string installer);
 
     void prepare() override {}
     [[nodiscard]] int install(std::string& sentence) override;
@@ -28,11 +30,13 @@ public:
     void cancel() override;
 
 private:
-    [[nodiscard]] bool is_current();
+    enum class Found : unsigned char { ours, other, absent, silent };
+
+    [[nodiscard]] Found look(std::string& sentence); // which goes with `silent`
+    [[nodiscard]] int run_installer(std::string& sentence);
 
     Execute& m_execute;
     std::string m_installer;
-    std::string m_version;
     BusCalls m_calls;
 };
 

@@ -47,6 +47,7 @@ const sd_bus_vtable HelperService::vtable[] = {
     SD_BUS_METHOD(helper::authorise_method, "", "ay", HelperService::on_authorise, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_METHOD(helper::withdraw_method, "", "", HelperService::on_withdraw, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_PROPERTY(helper::version_property, "s", HelperService::on_version, 0, SD_BUS_VTABLE_PROPERTY_CONST),
+    SD_BUS_PROPERTY(helper::protocol_property, "u", HelperService::on_protocol, 0, SD_BUS_VTABLE_PROPERTY_CONST),
     SD_BUS_VTABLE_END};
 
 HelperService::HelperService(sd_bus* bus, sd_event* event, HelperRules rules, std::string folder)
@@ -112,6 +113,11 @@ void HelperService::note_activity() {
 int HelperService::on_version(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply, void*,
                               sd_bus_error*) {
     return sd_bus_message_append(reply, "s", TICKERVANTAGE_VERSION);
+}
+
+int HelperService::on_protocol(sd_bus*, const char*, const char*, const char*, sd_bus_message* reply, void*,
+                               sd_bus_error*) {
+    return sd_bus_message_append(reply, "u", helper::protocol);
 }
 
 int HelperService::on_request(sd_bus_message* message, void* self, sd_bus_error*) {

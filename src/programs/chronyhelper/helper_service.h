@@ -37,6 +37,8 @@ private:
     static int on_withdraw(sd_bus_message* message, void* self, sd_bus_error* error);
     static int on_version(sd_bus* bus, const char* path, const char* interface, const char* property,
                           sd_bus_message* reply, void* self, sd_bus_error* error);
+    static int on_protocol(sd_bus* bus, const char* path, const char* interface, const char* property,
+                           sd_bus_message* reply, void* self, sd_bus_error* error);
     static int on_idle(sd_event_source* source, std::uint64_t time, void* self);
     static const sd_bus_vtable vtable[];
 

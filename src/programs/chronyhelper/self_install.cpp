@@ -1,6 +1,7 @@
 #include "programs/chronyhelper/self_install.h"
 
 #include "helper_files.h"
+#include "platform/helper_names.h"
 #include "programs/chronyhelper/trusted_files.h"
 
 #include <spawn.h>
@@ -29,12 +30,21 @@ struct SystemFile {
     std::string_view text;
 };
 
+constexpr const char* packaged_actions = "/usr/share/polkit-1/actions/net.brisklane.tickervantage.policy";
+
 // The bus reads its policies and polkit its actions from these folders only.
 constexpr std::array<SystemFile, 4> system_files{
     {{"/etc/dbus-1/system.d/net.brisklane.chronyhelper.conf", helper_files::bus_policy},
-     {"/usr/share/polkit-1/actions/net.brisklane.tickervantage.policy", helper_files::polkit_actions},
+     {packaged_actions, helper_files::polkit_actions},
      {"/etc/systemd/system/net.brisklane.chronyhelper.service", helper_files::unit},
      {"/usr/local/share/dbus-1/system-services/net.brisklane.chronyhelper.service", helper_files::activation}}};
+
+constexpr const char* packaged_activation = "/usr/share/dbus-1/system-services/net.brisklane.chronyhelper.service";
+
+// Files of a package's helper are the package's to change.
+bool is_packaged() {
+    return file_exists(packaged_activation);
+}
 
 std::string with_program(std::string_view text, const std::string& program) {
     constexpr std::string_view mark = "@CHRONYHELPER@";
@@ -114,6 +124,11 @@ void stop_helper() {
 } // namespace
 
 int install_helper(const std::string& bundle, std::string& sentence) {
+    if (bundle == helper::package_bundle || is_packaged()) {
+        sentence = "The root helper belongs to the package tickervantage, which has put it in place: a second one would "
+                   "hide it, and its updates.";
+        return -1;
+    }
     ::umask(022);
     if (copy_bundle(bundle, sentence) != 0 || note_tool(bundle, sentence) != 0)
         return -1;
@@ -129,15 +144,19 @@ int install_helper(const std::string& bundle, std::string& sentence) {
 int uninstall_helper(std::string& sentence) {
     if (file_exists(system_files[2].path))
         stop_helper();
+    const bool packaged = is_packaged();
     for (const auto& file : system_files)
-        ::unlink(file.path);
+        if (!packaged || std::string_view(file.path) != packaged_actions)
+            ::unlink(file.path);
     for (const std::string name : bundle_files)
         ::unlink((std::string(own_bundle) + '/' + name).c_str());
     for (const char* folder : {"/Contents/MacOS", "/Contents/Resources", "/Contents", ""})
         ::rmdir((std::string(own_bundle) + folder).c_str());
     ::rmdir(parent_folder(own_bundle).c_str());
-    ::unlink(rules_file);
-    ::rmdir(parent_folder(rules_file).c_str()); // stays where the administrator keeps more in it
+    if (!packaged) {
+        ::unlink(rules_file);
+        ::rmdir(parent_folder(rules_file).c_str()); // stays where the administrator keeps more in it
+    }
     make_known();
     if (!file_exists(own_bundle))
         return 0;

@@ -2,7 +2,8 @@
 //
 // Run as root through pkexec. The bundle's programs are copied to a folder of root's, since nothing that an ordinary
 // user can change may run as root; the path of the bundle's own support tool is noted in the rules, so that requests
-// may name it. Every step may be repeated. 0, or -1 and one sentence.
+// may name it. Every step may be repeated. Where a package brought its helper nothing is installed, and taking away
+// leaves that one alone. 0, or -1 and one sentence.
 #pragma once
 
 #include <string>

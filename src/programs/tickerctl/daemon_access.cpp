@@ -9,7 +9,7 @@ namespace tickervantage {
 
 // Only a job asks for rights, and it wants to hear why there are none.
 DaemonAccess::DaemonAccess()
-    : m_channel(m_execute, process_paths().bundle_program("chronyhelper"), TICKERVANTAGE_VERSION),
+    : m_channel(m_execute, process_paths().bundle_program("chronyhelper")),
       m_actions(m_channel, {.logger = nullptr, .problem = [](PrivilegedProblem, const std::string& detail) {
                                 complain(detail);
                             }}) {}

@@ -125,8 +125,8 @@ protected:
     std::string send(const std::string& request) { return channel.send(request, token).value_or("(no reply)"); }
 
     PosixExecute execute;
-    BusPrivilegedChannel channel{execute, bundle + "chronyhelper", "0.1.0"};
-    BusPrivilegedChannel other{execute, bundle + "chronyhelper", "0.1.0"};
+    BusPrivilegedChannel channel{execute, bundle + "chronyhelper"};
+    BusPrivilegedChannel other{execute, bundle + "chronyhelper"};
     std::optional<HelperToken> token;
 };
 
@@ -257,7 +257,7 @@ TEST_F(RootSide, EveryCallIsAnsweredAcrossEndsOfTheHelper) {
     std::vector<std::thread> callers;
     for (int number = 0; number < 4; ++number)
         callers.emplace_back([&] {
-            BusPrivilegedChannel own(execute, bundle + "chronyhelper", "0.1.0");
+            BusPrivilegedChannel own(execute, bundle + "chronyhelper");
             while (left.fetch_sub(1) > 0)
                 if (own.send("EXECUTE x", std::nullopt).value_or("") != "This needs an administrator's authorisation.")
                     ++lost;
@@ -311,7 +311,7 @@ TEST_F(AskedRootSide, NobodyWaitsForAPasswordWhenTheProgramEnds) {
     using Way = void (BusPrivilegedChannel::*)();
     for (const Way way : {&BusPrivilegedChannel::cancel, &BusPrivilegedChannel::disconnect}) {
         SilentAgent dialog;
-        BusPrivilegedChannel own(execute, bundle + "chronyhelper", "0.1.0");
+        BusPrivilegedChannel own(execute, bundle + "chronyhelper");
         bool granted = true;
         std::thread asking([&] {
             std::string sentence;
