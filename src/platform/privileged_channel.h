@@ -15,6 +15,11 @@ namespace tickervantage {
 // only.
 using HelperToken = std::array<unsigned char, 32>;
 
+struct HelperAnswer {
+    std::optional<std::string> reply = {}; // none: the message brought no text
+    bool is_done = false;                  // the helper did what it was asked
+};
+
 class PrivilegedChannel {
 public:
     virtual ~PrivilegedChannel() = default;
@@ -30,9 +35,13 @@ public:
     // when they were not given.
     [[nodiscard]] virtual std::optional<HelperToken> authorise(std::string& sentence) = 0;
 
-    // Sends one message and waits for its reply: the reply's text, or nothing where it has none. Blocks.
-    [[nodiscard]] virtual std::optional<std::string> send(const std::string& request,
-                                                          const std::optional<HelperToken>& auth) = 0;
+    // Sends one message and waits for what comes of it. Blocks.
+    [[nodiscard]] virtual HelperAnswer ask(const std::string& request, const std::optional<HelperToken>& auth) = 0;
+
+    // The same, for those who want the reply's text alone.
+    [[nodiscard]] std::optional<std::string> send(const std::string& request, const std::optional<HelperToken>& auth) {
+        return ask(request, auth).reply;
+    }
 
     // Closes the connection; the next call opens another one, which no earlier authorisation holds for.
     virtual void disconnect() = 0;

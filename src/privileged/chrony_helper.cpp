@@ -20,11 +20,11 @@ std::optional<HelperToken> ChronyHelper::authorisation() const {
     return m_auth;
 }
 
-std::string ChronyHelper::send(const std::string& request) {
-    const auto reply = m_xpc.send(request, authorisation());
-    if (!reply && m_logger != nullptr)
+HelperAnswer ChronyHelper::send(const std::string& request) {
+    auto answer = m_xpc.ask(request, authorisation());
+    if (!answer.reply && m_logger != nullptr)
         m_logger->log(LogLevel::warning, "Received empty reply");
-    return reply.value_or("");
+    return {answer.reply.value_or(""), answer.is_done};
 }
 
 void ChronyHelper::quit() {

@@ -26,7 +26,7 @@ public:
     void set_authorisation(const std::optional<HelperToken>& auth);
 
     // One message. A reply without a text is logged and taken as the empty text.
-    std::string send(const std::string& request);
+    HelperAnswer send(const std::string& request);
 
     // Says farewell and closes the connection.
     void quit();

@@ -2,6 +2,7 @@
 
 #include "config/configuration.h"
 #include "privileged/old_installation.h"
+#include "privileged/synchronize.h"
 
 #include <fmt/format.h>
 
@@ -56,28 +57,62 @@ JobResult ChronyJobs::cannot_write() const {
     return refusal(fmt::format("The files to be installed cannot be written to {}.", m_setting.temporary));
 }
 
+StepReply ChronyJobs::run(const std::string& command) {
+    auto reply = m_steps.execute(command);
+    if (!reply.is_done && !m_failure)
+        m_failure = reply.text;
+    return reply;
+}
+
 void ChronyJobs::run(const std::vector<ServiceLine>& lines) {
     for (const auto& line : lines) {
-        (void)m_steps.execute(line.command);
+        (void)run(line.command);
         if (line.pause_seconds > 0)
             m_steps.sleep(line.pause_seconds);
     }
 }
 
+void ChronyJobs::attempt(const std::vector<ServiceLine>& lines) {
+    const auto failure = m_failure;
+    run(lines);
+    m_failure = failure;
+}
+
+JobResult ChronyJobs::outcome(const char* words) const {
+    return m_failure ? refusal(job_sentence(words, *m_failure)) : JobResult{};
+}
+
+void ChronyJobs::guard() {
+    attempt(m_tool.verb("guardchrony"));
+}
+
+JobResult ChronyJobs::resumed(JobResult result) {
+    if (!result.done)
+        attempt(m_tool.verb("resumechrony"));
+    return result;
+}
+
 void ChronyJobs::stop_daemon() {
-    (void)m_steps.execute(m_unit.empty() ? m_tool.verb("stopchrony") : stop_unit_line(m_unit));
+    (void)run(m_unit.empty() ? m_tool.verb("stopchrony") : stop_unit_line(m_unit));
 }
 
 void ChronyJobs::start_daemon() {
     m_start_reply = m_steps.execute(m_unit.empty() ? m_tool.verb("startchrony") : start_unit_line(m_unit));
 }
 
-std::string ChronyJobs::install_item(const std::string& source, const std::string& destination, const char* mode,
-                                     bool with_parent) {
+JobResult ChronyJobs::started() {
+    if (m_start_reply.is_done)
+        return {};
+    const std::string complaint = daemon_complaint();
+    return refusal(job_sentence("chronyd was not started", complaint.empty() ? m_start_reply.text : complaint));
+}
+
+StepReply ChronyJobs::install_item(const std::string& source, const std::string& destination, const char* mode,
+                                   bool with_parent) {
     const std::string folder = with_parent ? folder_of(destination) : std::string();
     if (!folder.empty())
-        (void)m_steps.execute(m_tool.create_parent(folder));
-    return m_steps.execute(m_tool.install_item(source, destination, mode));
+        (void)run(m_tool.create_parent(folder));
+    return run(m_tool.install_item(source, destination, mode));
 }
 
 void ChronyJobs::install_program(const std::string& source, const std::string& destination) {
@@ -97,30 +132,34 @@ int ChronyJobs::install_service(const ServiceDescription& service, bool with_par
 
 void ChronyJobs::remove_service(const ServiceDescription& service) {
     for (const auto& file : definition_files(m_setting.form, service))
-        (void)m_steps.execute(m_tool.remove_item(file.path));
+        (void)run(m_tool.remove_item(file.path));
 }
 
+// What fails here the daemon complains of when it is started.
 void ChronyJobs::prepare_configuration(const std::string& text) {
     const std::string user = directive(text, "user");
     if (!user.empty() && user != "root")
-        (void)m_steps.execute(m_tool.add_user(user));
+        attempt(m_tool.add_user(user));
     for (const char* name : {"logdir", "dumpdir"})
         if (const std::string folder = directive(text, name); !folder.empty())
-            (void)m_steps.execute(m_tool.create_directory(folder));
+            attempt(m_tool.create_directory(folder));
     if (const std::string socket = directive(text, "bindcmdaddress"); !socket.empty())
-        (void)m_steps.execute(m_tool.remove_item(socket)); // a stale one
+        attempt(m_tool.remove_item(socket)); // a stale one
 }
 
-std::string ChronyJobs::ready_configuration() {
-    if (m_probes.file_exists(m_setting.config))
-        return m_probes.read_file(m_setting.config).value_or("");
-    const std::string source = bundle_resource("chrony.conf");
-    const auto text = m_probes.read_file(source);
-    if (!text || !m_probes.check_syntax(*text).passed())
+JobResult ChronyJobs::find_configuration(std::string& text) {
+    if (m_probes.file_exists(m_setting.config)) {
+        text = m_probes.read_file(m_setting.config).value_or("");
         return {};
-    (void)install_item(source, m_setting.config, SupportTool::file_mode, true);
-    prepare_configuration(*text);
-    return *text;
+    }
+    const std::string source = bundle_resource("chrony.conf");
+    const auto found = m_probes.read_file(source);
+    if (!found)
+        return refusal(fmt::format("There is no configuration to be installed: {} cannot be read.", source));
+    if (const ConfigError error = m_probes.check_syntax(*found); !error.passed())
+        return refusal(not_accepted(error));
+    text = *found;
+    return {};
 }
 
 int ChronyJobs::install_rotation(const std::string& configuration) {
@@ -137,28 +176,59 @@ int ChronyJobs::place_wake_tool() {
         install_program(bundle_program("chronywake"), m_setting.chronywake);
         return install_service(wake(), false);
     }
-    run(disable_lines(m_setting.form, wake()));
+    attempt(disable_lines(m_setting.form, wake()));
     remove_service(wake());
-    (void)m_steps.execute(m_tool.remove_item(m_setting.chronywake));
+    (void)run(m_tool.remove_item(m_setting.chronywake));
     run(reload_lines(m_setting.form));
     return 0;
+}
+
+JobResult ChronyJobs::judge_installation() {
+    struct Item {
+        std::string source;
+        std::string destination;
+        const char* mode;
+    };
+    std::vector<Item> items{{bundle_program("chronyd"), m_setting.chronyd, SupportTool::program_mode},
+                            {bundle_program("chronyc"), m_setting.chronyc, SupportTool::program_mode}};
+    if (!m_probes.file_exists(m_setting.config))
+        items.push_back({bundle_resource("chrony.conf"), m_setting.config, SupportTool::file_mode});
+    for (const auto& [source, destination, mode] : items)
+        (void)run(m_tool.check_item(source, destination, mode));
+    return outcome("chrony was not installed");
 }
 
 JobResult ChronyJobs::install() {
     if (!m_unit.empty())
         return refusal("The preferences point to the distribution's chrony, which is installed already.");
+    std::string configuration;
+    if (auto found = find_configuration(configuration); !found.done)
+        return found;
+    if (auto judged = judge_installation(); !judged.done)
+        return judged;
+    guard();
     stop_daemon();
-    const std::string configuration = ready_configuration();
+    return resumed(install_all(configuration));
+}
+
+JobResult ChronyJobs::install_all(const std::string& configuration) {
+    if (!m_probes.file_exists(m_setting.config) &&
+        install_item(bundle_resource("chrony.conf"), m_setting.config, SupportTool::file_mode, true).is_done)
+        prepare_configuration(configuration);
     if (install_service(daemon(), true) != 0)
         return cannot_write();
     install_program(bundle_program("chronyd"), m_setting.chronyd);
     install_program(bundle_program("chronyc"), m_setting.chronyc);
     if (install_rotation(configuration) != 0 || place_wake_tool() != 0)
         return cannot_write();
-    return missing_after({m_setting.chronyd, definition_path(m_setting.form, daemon_label), m_setting.chronyc});
+    if (auto missing = missing_after(
+            {m_setting.config, m_setting.chronyd, definition_path(m_setting.form, daemon_label), m_setting.chronyc});
+        !missing.done)
+        return missing;
+    return outcome("chrony was not installed");
 }
 
-// No answer of a single command is relied on, only what came of them all.
+// Replies may say that all is well where nothing is there.
 JobResult ChronyJobs::missing_after(const std::vector<std::string>& paths) const {
     for (const auto& path : paths)
         if (m_probes.carried_out && !m_probes.file_exists(path))
@@ -172,39 +242,48 @@ JobResult ChronyJobs::uninstall() {
     const auto rotation = rotation_service(script(), m_setting.chronyc, "");
     stop_daemon();
     for (const auto& service : {daemon(), rotation, wake()})
-        run(disable_lines(m_setting.form, service));
+        attempt(disable_lines(m_setting.form, service));
     for (const auto& service : {daemon(), rotation, wake()})
         remove_service(service);
     for (const auto& path : {m_setting.chronyd, m_setting.chronyc, m_setting.chronywake, script()})
-        (void)m_steps.execute(m_tool.remove_item(path));
+        (void)run(m_tool.remove_item(path));
     run(reload_lines(m_setting.form));
-    return {};
+    return outcome("chrony was not removed as a whole");
 }
 
 JobResult ChronyJobs::start() {
     start_daemon();
-    return m_setting.restart_gpsd ? restart_gpsd() : JobResult{};
+    JobResult result = started();
+    JobResult gpsd = m_setting.restart_gpsd ? restart_gpsd() : JobResult{};
+    return result.done ? gpsd : result;
 }
 
 JobResult ChronyJobs::stop() {
     stop_daemon();
-    return {};
+    return outcome("chronyd was not stopped");
 }
 
 JobResult ChronyJobs::wake_tool() {
-    (void)m_steps.execute(m_tool.verb("stopwake"));
+    (void)run(m_tool.verb("stopwake"));
     if (place_wake_tool() != 0)
         return cannot_write();
     if (m_setting.install_wake)
-        (void)m_steps.execute(m_tool.verb("startwake"));
-    return {};
+        (void)run(m_tool.verb("startwake"));
+    return outcome(m_setting.install_wake ? "chronywake was not installed" : "chronywake was not removed");
 }
 
 JobResult ChronyJobs::run_chronywake() {
     const std::string program = m_probes.find_chronywake();
     if (program.empty())
         return refusal("There is no chronywake in the folders of programs.");
-    return {.done = true, .sentence = {}, .output = m_steps.execute(program)};
+    return with_output(program, "chronywake did not correct the clock");
+}
+
+JobResult ChronyJobs::with_output(const std::string& command, const char* words) {
+    const StepReply reply = run(command);
+    JobResult result = outcome(words);
+    result.output = reply.text;
+    return result;
 }
 
 std::string ChronyJobs::log_folder() const {
@@ -217,7 +296,7 @@ JobResult ChronyJobs::rotate_logs() {
         return refusal("The configuration names no folder of logs.");
     if (!m_unit.empty())
         return refusal("The logs of the distribution's chrony are rotated by the distribution.");
-    return {.done = true, .sentence = {}, .output = m_steps.execute(m_tool.rotate_logs(script(), folder))};
+    return with_output(m_tool.rotate_logs(script(), folder), "The logs were not rotated");
 }
 
 // The folder as well: a file in a folder that nobody may enter cannot be read, whatever its own mode is.
@@ -226,41 +305,50 @@ JobResult ChronyJobs::log_permission() {
     if (folder.empty())
         return refusal("The configuration names no folder of logs.");
     if (m_setting.form == ServiceForm::systemd)
-        (void)m_steps.execute("chmod 0755 " + folder);
-    (void)m_steps.execute("chmod 0755 " + folder + "/tracking.log");
-    return {};
+        (void)run("chmod 0755 " + folder);
+    (void)run("chmod 0755 " + folder + "/tracking.log");
+    return outcome("The tracking log was not made readable");
 }
 
 JobResult ChronyJobs::restart_gpsd() {
     if (m_probes.file_exists(definition_path(m_setting.form, gpsd_label)))
         run(restart_lines(m_setting.form, gpsd_label));
-    return {};
+    return outcome("The GPS daemon was not restarted");
 }
 
 JobResult ChronyJobs::remove_old() {
     for (const auto& label : old_installation_labels())
         if (m_probes.file_exists(definition_path(m_setting.form, label)))
             run(removal_lines(m_setting.form, label));
-    return {};
+    return outcome("The older installation was not removed as a whole");
 }
 
 JobResult ChronyJobs::step(double offset_seconds) {
     if (offset_seconds == 0)
         return {};
-    return {.done = true, .sentence = {}, .output = m_steps.execute(m_tool.step_time(offset_seconds))};
+    return with_output(m_tool.step_time(offset_seconds), "The clock was not stepped");
 }
 
 JobResult ChronyJobs::synchronise(const std::string& server, int timeout_seconds, bool restart) {
-    stop_daemon();
-    JobResult result;
-    result.output = m_steps.execute(synchronise_line(m_setting.chronyd, server, timeout_seconds));
+    if (!is_server_name(server))
+        return refusal("A server has a name or an address, without quotes or signs.");
     if (restart)
+        guard();
+    stop_daemon();
+    const StepReply reply = m_steps.execute(synchronise_line(m_setting.chronyd, server, timeout_seconds));
+    JobResult result;
+    if (restart) {
         start_daemon();
+        result = started();
+    }
+    if (!reply.is_done)
+        result = refusal("The clock was not synchronised.");
+    result.output = reply.text;
     return result;
 }
 
 JobResult ChronyJobs::running_check() {
-    return {.done = true, .sentence = {}, .output = m_steps.execute(running_check_line)};
+    return with_output(running_check_line, "The processes could not be listed");
 }
 
 std::string synchronise_line(const std::string& chronyd, const std::string& server, int timeout_seconds) {

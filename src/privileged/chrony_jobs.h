@@ -1,8 +1,9 @@
 // The administrative jobs around chrony, each a fixed series of requests to the root helper.
 //
-// A job looks at the machine through its probes and acts through its steps alone. What a command answers does not stop
-// a series: each can be run again from its start, whatever the machine looks like. Every job blocks for as long as its
-// steps do.
+// A job looks at the machine through its probes and acts through its steps alone. What is to be installed is judged
+// before anything is stopped. After that no failed command stops a series, but the first one is what the job's result
+// tells; each series can be run again from its start, whatever the machine looks like. Every job blocks for as long as
+// its steps do.
 #pragma once
 
 #include "config/config_error.h"
@@ -44,7 +45,7 @@ struct JobProbes {
 };
 
 struct JobResult {
-    bool done = true;          // false: nothing was changed, or what was changed was put back
+    bool done = true;          // false: the sentence says what failed; what was stopped meanwhile runs again
     std::string sentence = {}; // for people; empty: there is nothing to say
     std::string output = {};   // of the one command that the job is about, where it is about one
 };
@@ -70,19 +71,36 @@ public:
     JobResult running_check();
 
 private:
+    // Has a command run; the first one that fails is what the outcome tells.
+    StepReply run(const std::string& command);
+    // The same for one that may fail: it takes away what need not be there, or shows later.
+    void attempt(const std::string& command) { (void)m_steps.execute(command); }
+    void run(const std::vector<ServiceLine>& lines);
+    void attempt(const std::vector<ServiceLine>& lines);
+    // Done, unless a command failed: then not, and the words say of what that is the end.
+    [[nodiscard]] JobResult outcome(const char* words) const;
+    // Of the one command that a job is about.
+    [[nodiscard]] JobResult with_output(const std::string& command, const char* words);
+    void guard();
+    JobResult resumed(JobResult result); // with what guard() watched over running again
     void stop_daemon();
     void start_daemon();
-    void run(const std::vector<ServiceLine>& lines);
+    [[nodiscard]] JobResult started();
     [[nodiscard]] int install_service(const ServiceDescription& service, bool with_parent);
     void remove_service(const ServiceDescription& service);
     void install_program(const std::string& source, const std::string& destination);
-    std::string install_item(const std::string& source, const std::string& destination, const char* mode,
-                             bool with_parent);
+    StepReply install_item(const std::string& source, const std::string& destination, const char* mode,
+                           bool with_parent);
     void prepare_configuration(const std::string& text);
-    [[nodiscard]] std::string ready_configuration(); // its text; an absent one is made from the bundle's
+    // The text of the configuration, from the bundle where there is none yet, or why there can be none.
+    [[nodiscard]] JobResult find_configuration(std::string& text);
+    // Whether everything that an installation brings along may be installed.
+    [[nodiscard]] JobResult judge_installation();
+    [[nodiscard]] JobResult install_all(const std::string& configuration);
     [[nodiscard]] int install_rotation(const std::string& configuration);
     [[nodiscard]] int place_wake_tool();
-    [[nodiscard]] int place_configuration(const std::string& text, std::string& reply);
+    [[nodiscard]] StepReply place_configuration(const std::string& temporary, const std::string& text);
+    [[nodiscard]] bool has_service() const;
     [[nodiscard]] bool holds(const std::string& text) const; // the installed configuration
     JobResult recover(bool had_former);
     [[nodiscard]] JobResult missing_after(const std::vector<std::string>& paths) const;
@@ -100,9 +118,16 @@ private:
     JobProbes m_probes;
     JobSteps& m_steps;
     SupportTool m_tool;
-    std::string m_start_reply; // what the latest start of the daemon answered
-    std::string m_unit;        // of the distribution, when its chrony is the one in use; empty: our own
+    std::optional<std::string> m_failure; // what the first command that failed answered
+    StepReply m_start_reply;              // what the latest start of the daemon answered
+    std::string m_unit;                   // of the distribution, when its chrony is the one in use; empty: our own
 };
+
+// "The words: the first line of the detail.", or the detail alone where it says the same.
+[[nodiscard]] std::string job_sentence(std::string_view words, std::string_view detail);
+
+// What chronyd's syntax check found wrong.
+[[nodiscard]] std::string not_accepted(const ConfigError& error);
 
 // What the daemon complained of, out of the answer to a start or the service manager's report; empty when that says
 // nothing.

@@ -15,17 +15,23 @@ std::string behind(std::string_view line, std::string_view words) {
     return at == std::string_view::npos ? std::string() : std::string(trimmed(line.substr(at + words.size())));
 }
 
-std::string sentence(std::string_view words, std::string_view detail) {
-    const std::string_view end = detail.ends_with('.') ? "" : ".";
-    return detail.empty() ? fmt::format("{}.", words) : fmt::format("{}: {}{}", words, detail, end);
+constexpr const char* not_installed = "The configuration was not installed";
+
+} // namespace
+
+std::string job_sentence(std::string_view words, std::string_view detail) {
+    const auto lines = non_empty_lines(detail);
+    const std::string_view said = lines.empty() ? std::string_view() : trimmed(lines.front());
+    if (said.starts_with(words))
+        return std::string(said);
+    const std::string_view end = said.ends_with('.') ? "" : ".";
+    return said.empty() ? fmt::format("{}.", words) : fmt::format("{}: {}{}", words, said, end);
 }
 
 std::string not_accepted(const ConfigError& error) {
-    return error.m_isok ? sentence("This configuration could not be checked and is not installed", error.m_doubt)
-                        : sentence("chronyd refuses this configuration", error.m_msg);
+    return error.m_isok ? job_sentence("This configuration could not be checked and is not installed", error.m_doubt)
+                        : job_sentence("chronyd refuses this configuration", error.m_msg);
 }
-
-} // namespace
 
 std::string complaint_in(const std::string& report) {
     auto newest_first = non_empty_lines(report);
@@ -39,63 +45,74 @@ std::string complaint_in(const std::string& report) {
 }
 
 std::string ChronyJobs::daemon_complaint() {
-    if (auto said = complaint_in(m_start_reply); !said.empty())
+    if (auto said = complaint_in(m_start_reply.text); !said.empty())
         return said;
     const auto label = m_unit.empty() ? std::string(daemon_label) : m_unit.substr(0, m_unit.rfind('.'));
-    return complaint_in(m_steps.execute(status_line(m_setting.form, label)));
+    return complaint_in(m_steps.execute(status_line(m_setting.form, label)).text);
 }
 
-int ChronyJobs::place_configuration(const std::string& text, std::string& reply) {
-    const std::string temporary = m_setting.temporary + "to_be_installed_chrony.conf";
-    if (m_steps.write(temporary, text) != 0)
-        return -1;
+StepReply ChronyJobs::place_configuration(const std::string& temporary, const std::string& text) {
+    guard();
     stop_daemon();
-    reply = install_item(temporary, m_setting.config, SupportTool::file_mode, false);
-    prepare_configuration(text);
+    auto placed = install_item(temporary, m_setting.config, SupportTool::file_mode, false);
+    if (placed.is_done) // what was refused must not leave a user or a folder behind
+        prepare_configuration(text);
     start_daemon();
-    return 0;
+    return placed;
 }
 
 bool ChronyJobs::holds(const std::string& text) const {
     return !m_probes.carried_out || m_probes.read_file(m_setting.config) == text;
 }
 
+bool ChronyJobs::has_service() const {
+    return !m_unit.empty() || m_probes.file_exists(definition_path(m_setting.form, daemon_label));
+}
+
 // A service that is not there cannot come up, and no configuration is to blame for that.
 bool ChronyJobs::comes_up() {
-    const bool is_installed = !m_unit.empty() || m_probes.file_exists(definition_path(m_setting.form, daemon_label));
-    return !m_probes.carried_out || !is_installed || m_probes.daemon_survives(m_unit);
+    return !m_probes.carried_out || !has_service() || (m_start_reply.is_done && m_probes.daemon_survives(m_unit));
 }
 
 JobResult ChronyJobs::install_configuration(const std::string& text) {
     if (const ConfigError error = m_probes.check_syntax(text); !error.passed())
         return {.done = false, .sentence = not_accepted(error)};
     const bool had_former = m_probes.file_exists(m_setting.config);
-    std::string reply;
-    if (place_configuration(text, reply) != 0)
+    const std::string temporary = m_setting.temporary + "to_be_installed_chrony.conf";
+    if (m_steps.write(temporary, text) != 0)
         return cannot_write();
-    if (!holds(text))
-        return {.done = false, .sentence = sentence("The configuration was not installed", trimmed(reply))};
+    (void)run(m_tool.check_item(temporary, m_setting.config, SupportTool::file_mode));
+    if (auto judged = outcome(not_installed); !judged.done)
+        return judged;
+    const StepReply placed = place_configuration(temporary, text);
+    if (!placed.is_done || !holds(text))
+        return {.done = false, .sentence = job_sentence(not_installed, placed.text)};
     if (!comes_up())
         return recover(had_former);
+    if (!m_start_reply.is_done)
+        return {.done = false,
+                .sentence =
+                    job_sentence("The configuration is installed, but chronyd was not started", m_start_reply.text)};
     return restart_gpsd();
 }
 
 JobResult ChronyJobs::recover(bool had_former) {
     const std::string ended =
-        sentence("chronyd ended soon after it was started with this configuration", daemon_complaint());
+        job_sentence("chronyd ended soon after it was started with this configuration", daemon_complaint());
     if (!had_former)
         return {.done = false,
                 .sentence =
                     ended + " There was no configuration before it that could be put back: chronyd does not run."};
+    guard();
     stop_daemon();
-    (void)m_steps.execute(m_tool.restore_former(m_setting.config));
+    attempt(m_tool.restore_former(m_setting.config));
     start_daemon();
-    (void)restart_gpsd();
+    (void)restart_gpsd(); // the sentence tells of chronyd
     if (!comes_up())
         return {.done = false,
                 .sentence = ended + ' ' +
-                            sentence("The former configuration is back, but chronyd does not run with it either",
-                                     daemon_complaint())};
+                            job_sentence("The former configuration is back, but chronyd does not run with it either",
+                                         daemon_complaint())};
     return {.done = false, .sentence = ended + " The former configuration is back, and chronyd runs with it again."};
 }
 

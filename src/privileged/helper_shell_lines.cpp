@@ -5,15 +5,7 @@
 namespace tickervantage::helper_grammar {
 namespace {
 
-constexpr std::string_view letters_and_digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789";
-constexpr std::size_t longest_name = 253; // of a host, RFC 1035
 constexpr int longest_synchronisation = 120;
-
-bool is_host_like(std::string_view word) {
-    const auto letters = std::string(letters_and_digits) + "._:%-";
-    return !word.empty() && word.size() <= longest_name && word.front() != '-' &&
-           word.find_first_not_of(letters) == std::string_view::npos;
-}
 
 bool take(std::string_view& text, std::string_view start) {
     if (!text.starts_with(start))
@@ -33,7 +25,7 @@ bool add_report(std::string_view text, std::vector<std::string>& argv) {
             return true;
         }
     }
-    if (!take(text, "ntpdata ") || !is_host_like(text))
+    if (!take(text, "ntpdata ") || !is_host_name(text))
         return false;
     argv.insert(argv.end(), {"ntpdata", std::string(text)});
     return true;
@@ -59,7 +51,7 @@ bool is_server_directive(std::string_view text) {
     std::size_t from = 0;
     while (from <= text.size()) {
         const auto end = std::min(text.find(' ', from), text.size());
-        if (!is_host_like(text.substr(from, end - from)))
+        if (!is_host_name(text.substr(from, end - from)))
             return false;
         from = end + 1;
     }

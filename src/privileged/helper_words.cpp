@@ -70,6 +70,13 @@ int split_command_line(std::string_view line, std::vector<CommandWord>& words) {
     return 0;
 }
 
+bool is_host_name(std::string_view word) {
+    constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789._:%-";
+    constexpr std::size_t longest = 253; // RFC 1035
+    return !word.empty() && word.size() <= longest && word.front() != '-' &&
+           word.find_first_not_of(letters) == std::string_view::npos;
+}
+
 bool is_printable(std::string_view text) {
     while (!text.empty()) {
         const auto length = character_length(text);

@@ -16,6 +16,9 @@ struct CommandWord {
 // exactly one blank. There is no escaping. 0, or -1 when the line is not so.
 [[nodiscard]] int split_command_line(std::string_view line, std::vector<CommandWord>& words);
 
+// A host's name or address, with a zone or not, as the helper takes it.
+[[nodiscard]] bool is_host_name(std::string_view word);
+
 // Valid UTF-8 without control characters.
 [[nodiscard]] bool is_printable(std::string_view text);
 

@@ -11,18 +11,23 @@
 
 namespace tickervantage {
 
+struct StepReply {
+    std::string text;    // what the command printed, or why it was not run
+    bool is_done = true; // it did its work
+};
+
 class JobSteps {
 public:
     virtual ~JobSteps() = default;
 
-    // Has the helper run a command line as root; what it printed.
-    virtual std::string execute(const std::string& command) = 0;
+    // Has the helper run a command line as root.
+    virtual StepReply execute(const std::string& command) = 0;
     virtual void sleep(int seconds) = 0;
     // Writes a file as the user, in place of any older one. 0/-1.
     [[nodiscard]] virtual int write(const std::string& path, const std::string& text) = 0;
 };
 
-// Keeps the series and carries out nothing. Every command answers with the empty text.
+// Keeps the series and carries out nothing. Every command does its work without a word.
 class RecordedSteps : public JobSteps {
 public:
     struct Execute {
@@ -40,7 +45,7 @@ public:
     };
     using Step = std::variant<Execute, Sleep, Write>;
 
-    std::string execute(const std::string& command) override {
+    StepReply execute(const std::string& command) override {
         m_steps.emplace_back(Execute{command});
         return {};
     }

@@ -41,16 +41,20 @@ bool PrivilegedActions::blessHelper() {
     return true;
 }
 
-std::string PrivilegedActions::execute(const std::string& command) {
-    std::string reply = m_helper.send("EXECUTE " + command);
-    if (reply == helper::lapsed_reply)
+HelperAnswer PrivilegedActions::ask_helper(const std::string& command) {
+    HelperAnswer answer = m_helper.send("EXECUTE " + command);
+    if (answer.reply == helper::lapsed_reply)
         m_blessed = false;
-    return reply;
+    return answer;
 }
 
-std::string PrivilegedActions::execute_in_job(const std::string& command) {
-    std::string reply = execute(command);
-    return !m_blessed && blessHelper() ? execute(command) : reply;
+std::string PrivilegedActions::execute(const std::string& command) {
+    return ask_helper(command).reply.value_or("");
+}
+
+HelperAnswer PrivilegedActions::execute_in_job(const std::string& command) {
+    HelperAnswer answer = ask_helper(command);
+    return !m_blessed && blessHelper() ? ask_helper(command) : answer;
 }
 
 void PrivilegedActions::quit() {

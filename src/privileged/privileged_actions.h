@@ -50,7 +50,7 @@ public:
     std::string execute(const std::string& command);
 
     // The same for a job that somebody waits for: when the authorisation has lapsed the user is asked again.
-    std::string execute_in_job(const std::string& command);
+    HelperAnswer execute_in_job(const std::string& command);
 
     // Says farewell to the helper and gives the authorisation back. While a job is under way it keeps both: the job
     // would be cut in two.
@@ -61,6 +61,7 @@ public:
 
 private:
     [[nodiscard]] bool ask();
+    HelperAnswer ask_helper(const std::string& command);
     bool report(PrivilegedProblem problem, const std::string& detail) const; // false, for the callers to return
 
     PrivilegedReports m_reports;

@@ -4,10 +4,11 @@
 
 namespace tickervantage {
 
-std::string SentSteps::execute(const std::string& command) {
-    std::string reply = m_actions.execute_in_job(command);
+StepReply SentSteps::execute(const std::string& command) {
+    const HelperAnswer answer = m_actions.execute_in_job(command);
+    StepReply reply{answer.reply.value_or(""), answer.is_done};
     if (m_parts.heard)
-        m_parts.heard(command, reply);
+        m_parts.heard(command, reply.text);
     return reply;
 }
 

@@ -23,7 +23,7 @@ public:
     // All of it outlives the steps.
     SentSteps(PrivilegedActions& actions, const SentStepsParts& parts) : m_actions(actions), m_parts(parts) {}
 
-    std::string execute(const std::string& command) override;
+    StepReply execute(const std::string& command) override;
     void sleep(int seconds) override;
     [[nodiscard]] int write(const std::string& path, const std::string& text) override;
 

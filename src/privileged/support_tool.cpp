@@ -13,6 +13,11 @@ std::string SupportTool::install_item(const std::string& source, const std::stri
     return fmt::format(R"({} installitem "{}" "{}" "{}" "{}")", m_tool, source, destination, owner, mode);
 }
 
+std::string SupportTool::check_item(const std::string& source, const std::string& destination,
+                                    const std::string& mode) const {
+    return fmt::format(R"({} checkitem "{}" "{}" "{}" "{}")", m_tool, source, destination, owner, mode);
+}
+
 std::string SupportTool::remove_item(const std::string& path) const {
     return fmt::format(R"({} removeitem "{}")", m_tool, path);
 }

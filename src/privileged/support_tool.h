@@ -18,6 +18,9 @@ public:
 
     [[nodiscard]] std::string install_item(const std::string& source, const std::string& destination,
                                            const std::string& mode) const;
+    // Judges what install_item would install, asking what there is to be asked.
+    [[nodiscard]] std::string check_item(const std::string& source, const std::string& destination,
+                                         const std::string& mode) const;
     // Puts back what the last configuration installed there had replaced.
     [[nodiscard]] std::string restore_former(const std::string& destination) const;
     [[nodiscard]] std::string remove_item(const std::string& path) const;
@@ -28,7 +31,8 @@ public:
     [[nodiscard]] std::string add_user(const std::string& name) const;
     [[nodiscard]] std::string step_time(double seconds) const;
     [[nodiscard]] std::string rotate_logs(const std::string& script, const std::string& log_folder) const;
-    // A verb without arguments: stopchrony, startchrony, stopwake, startwake.
+    // A verb without arguments: stopchrony, startchrony, stopwake, startwake; guardchrony before a stop that must not
+    // last, resumechrony to undo it.
     [[nodiscard]] std::string verb(const std::string& name) const;
 
 private:

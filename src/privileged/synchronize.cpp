@@ -1,5 +1,7 @@
 #include "privileged/synchronize.h"
 
+#include "privileged/helper_words.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -9,12 +11,14 @@
 namespace tickervantage {
 
 bool is_server_name(std::string_view text) {
-    constexpr std::string_view forbidden = "\"'`$\\;&|<>()#%!";
-    const auto fits = [](unsigned char c) {
-        return c >= ' ' && c != 0x7F;
-    };
-    return text.find_first_not_of(' ') != std::string_view::npos &&
-           text.find_first_of(forbidden) == std::string_view::npos && std::ranges::all_of(text, fits);
+    while (true) {
+        const auto end = std::min(text.find(' '), text.size());
+        if (!is_host_name(text.substr(0, end)))
+            return false;
+        if (end == text.size())
+            return true;
+        text.remove_prefix(end + 1);
+    }
 }
 
 std::optional<double> step_offset(double typed_seconds) {

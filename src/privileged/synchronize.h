@@ -13,7 +13,7 @@ struct Synchronisation {
     bool restart_chronyd = true; // afterwards
 };
 
-// Whether the text can stand as the server of a directive: not empty, and without the signs that end it or its line.
+// Whether the text can stand as the server of a directive: words such as the root helper takes, one blank between them.
 [[nodiscard]] bool is_server_name(std::string_view text);
 
 // The offset that is sent for one that was typed: six figures, as the command has them. None for what is no number, or

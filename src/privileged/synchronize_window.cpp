@@ -151,7 +151,7 @@ void Synchronize::set_busy(bool busy) {
 }
 
 void Synchronize::update_button() {
-    const bool fits = is_server_name(m_server->text().toStdString());
+    const bool fits = is_server_name(m_server->text().trimmed().toStdString());
     m_sync->setEnabled(!m_is_busy && fits);
     //: synchronise window: said while the field holds no server's name
     m_words->setText(fits ? QString() : tr("A server has a name or an address, without quotes or signs."));

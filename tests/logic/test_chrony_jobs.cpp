@@ -34,11 +34,15 @@ std::string shown(const RecordedSteps::Step& step) {
 class AnsweringSteps : public RecordedSteps {
 public:
     std::function<std::string(const std::string& command)> answer;
+    std::map<std::string, std::string> failing; // words of a command, and what it fails with
     int fail_writes = 0;
 
-    std::string execute(const std::string& command) override {
+    StepReply execute(const std::string& command) override {
         (void)RecordedSteps::execute(command);
-        return answer ? answer(command) : std::string();
+        for (const auto& [words, reply] : failing)
+            if (command.find(words) != std::string::npos)
+                return {reply, false};
+        return {answer ? answer(command) : std::string()};
     }
     int write(const std::string& path, const std::string& text) override {
         return fail_writes != 0 ? -1 : RecordedSteps::write(path, text);
@@ -108,6 +112,10 @@ struct ChronyJobsTest : ::testing::Test {
 TEST_F(ChronyJobsTest, InstallationOnAnEmptyMachineInPropertyLists) {
     EXPECT_EQ(series({AdminJob::install}),
               (Lines{
+                  R"(TOOL checkitem "B/MacOS/chronyd" "/usr/local/sbin/chronyd" "0755")",
+                  R"(TOOL checkitem "B/MacOS/chronyc" "/usr/local/bin/chronyc" "0755")",
+                  R"(TOOL checkitem "B/Resources/chrony.conf" "/etc/chrony.d/chrony.conf" "0644")",
+                  "TOOL guardchrony",
                   "TOOL stopchrony",
                   R"(TOOL createdirectory "" "/etc/chrony.d")",
                   R"(TOOL installitem "B/Resources/chrony.conf" "/etc/chrony.d/chrony.conf" "0644")",
@@ -140,6 +148,9 @@ TEST_F(ChronyJobsTest, InstallationOverAnExistingConfigurationInUnits) {
     setting.install_wake = false;
     EXPECT_EQ(series({AdminJob::install}),
               (Lines{
+                  R"(TOOL checkitem "B/MacOS/chronyd" "/usr/local/sbin/chronyd" "0755")",
+                  R"(TOOL checkitem "B/MacOS/chronyc" "/usr/local/bin/chronyc" "0755")",
+                  "TOOL guardchrony",
                   "TOOL stopchrony",
                   "write T/chronyd.service",
                   R"(TOOL createdirectory "" "/etc/systemd/system")",
@@ -164,11 +175,82 @@ TEST_F(ChronyJobsTest, InstallationOverAnExistingConfigurationInUnits) {
     EXPECT_NE(written("T/chronylogrotate.timer").find("OnCalendar=*-*-* 04:05:00\n"), std::string::npos);
 }
 
-TEST_F(ChronyJobsTest, ConfigurationWithoutLogsOrWithErrorsInstallsLess) {
-    files["/B.app/Contents/Resources/chrony.conf"] = "bad\nlogdir /logs\n";
-    const Lines lines = series({AdminJob::install});
-    EXPECT_EQ(lines[1], "write T/chronyd.plist");
+TEST_F(ChronyJobsTest, ConfigurationWithoutLogsInstallsNoRotation) {
+    files["/B.app/Contents/Resources/chrony.conf"] = "local\n";
+    EXPECT_TRUE(run({AdminJob::install}).done);
     EXPECT_EQ(written("T/chronylogrotate.plist"), "not written");
+}
+
+TEST_F(ChronyJobsTest, WhatMayNotBeInstalledStopsNothing) {
+    const JobResult bad = [this] {
+        files["/B.app/Contents/Resources/chrony.conf"] = "bad\n";
+        return run({AdminJob::install});
+    }();
+    EXPECT_EQ(bad.sentence, "chronyd refuses this configuration: Fatal error : Invalid at line 1.");
+    files.erase("/B.app/Contents/Resources/chrony.conf");
+    EXPECT_EQ(run({AdminJob::install}).sentence,
+              "There is no configuration to be installed: /B.app/Contents/Resources/chrony.conf cannot be read.");
+    EXPECT_TRUE(steps.steps().empty());
+
+    files["/B.app/Contents/Resources/chrony.conf"] = "local\n";
+    steps.failing = {{"checkitem", "The configuration was not installed: line 1 (user foo) needs an authorisation."}};
+    const AdminRequest request{.job = AdminJob::install_config, .configuration = "user foo\nlogdir /logs\n"};
+    EXPECT_EQ(run(request).sentence, steps.failing["checkitem"]) << "the words are not doubled";
+    EXPECT_FALSE(run({AdminJob::install}).done);
+    EXPECT_FALSE(run({.job = AdminJob::synchronise, .server = "bad\"name", .restart = false}).done);
+    for (const auto& line : series())
+        for (const char* verb : {"stopchrony", "adduser", "createdirectory", "installitem", " -q "})
+            EXPECT_EQ(line.find(verb), std::string::npos) << line;
+}
+
+TEST_F(ChronyJobsTest, InstallationThatFailsMidwayStartsAgainWhatItStopped) {
+    steps.failing = {{"installitem", "Cannot write: No space left on device."}};
+    const JobResult result = run({AdminJob::install});
+    EXPECT_FALSE(result.done);
+    EXPECT_EQ(result.sentence, "chrony was not installed: Cannot write: No space left on device.");
+    EXPECT_EQ(series().back(), "TOOL resumechrony");
+    for (const auto& line : series())
+        EXPECT_EQ(line.find("TOOL createdirectory /var"), std::string::npos)
+            << "nothing is prepared for no configuration";
+}
+
+TEST_F(ChronyJobsTest, JobWhoseCommandFailsIsNotDoneAndSaysWhy) {
+    files[setting.config] = "logdir /logs\n";
+    files["/Library/LaunchDaemons/net.brisklane.gpsdstart.plist"] = "";
+    const AdminRequest sync{.job = AdminJob::synchronise, .server = "a"};
+    const struct {
+        AdminRequest request;
+        const char* command;
+        const char* reply;
+        const char* sentence;
+    } cases[] = {
+        {{AdminJob::start}, "startchrony", "a.service does not stay up: No key", "chronyd was not started: No key."},
+        {{AdminJob::start}, "startchrony", "", "chronyd was not started."},
+        {{AdminJob::stop}, "stopchrony", "Cannot stop it.", "chronyd was not stopped: Cannot stop it."},
+        {{AdminJob::wake_tool}, "startwake", "No unit.\nSee it.", "chronywake was not installed: No unit."},
+        {{AdminJob::run_wake},
+         "chronywake",
+         "506 Cannot talk",
+         "chronywake did not correct the clock: 506 Cannot talk."},
+        {{AdminJob::rotate_logs}, "rotatelogs", "No script.", "The logs were not rotated: No script."},
+        {{AdminJob::log_permission}, "chmod", "No log.", "The tracking log was not made readable: No log."},
+        {{AdminJob::restart_gpsd}, "bootstrap", "No.", "The GPS daemon was not restarted: No."},
+        {{AdminJob::uninstall}, "removeitem", "Busy.", "chrony was not removed as a whole: Busy."},
+        {{.job = AdminJob::step, .offset_seconds = 1},
+         "steptime",
+         "Not permitted.",
+         "The clock was not stepped: Not permitted."},
+        {sync, " -q ", "no source\n", "The clock was not synchronised."},
+        {sync, "startchrony", "No.", "chronyd was not started: No."},
+        {{AdminJob::running_check}, "pgrep", "No.", "The processes could not be listed: No."},
+    };
+    for (const auto& [request, command, reply, sentence] : cases) {
+        steps = {};
+        steps.failing = {{command, reply}};
+        const JobResult result = run(request);
+        EXPECT_FALSE(result.done) << command;
+        EXPECT_EQ(result.sentence, sentence);
+    }
 }
 
 TEST_F(ChronyJobsTest, EachOtherJobIsItsOwnSeries) {
@@ -206,7 +288,7 @@ TEST_F(ChronyJobsTest, EachOtherJobIsItsOwnSeries) {
              {{.job = AdminJob::step, .offset_seconds = 0.0001}, {"TOOL steptime 0.0001"}},
              {{.job = AdminJob::step, .offset_seconds = -1.5}, {"TOOL steptime -1.5"}},
              {{.job = AdminJob::step, .offset_seconds = 0}, {}},
-             {sync, {"TOOL stopchrony", once, "TOOL startchrony"}},
+             {sync, {"TOOL guardchrony", "TOOL stopchrony", once, "TOOL startchrony"}},
              {no_restart, {"TOOL stopchrony", once}},
              {{AdminJob::running_check}, {"/usr/bin/pgrep -l -f chronyd"}},
          }) {
@@ -221,6 +303,8 @@ TEST_F(ChronyJobsTest, NewConfigurationIsPreparedAndTheFormerOneComesBackWhenThe
                                    "user ntp\nlogdir /logs\ndumpdir /dump\nbindcmdaddress /run/chrony/chronyd.sock\n"};
     const Lines placed{
         "write T/to_be_installed_chrony.conf",
+        R"(TOOL checkitem "T/to_be_installed_chrony.conf" "/etc/chrony.d/chrony.conf" "0644")",
+        "TOOL guardchrony",
         "TOOL stopchrony",
         R"(TOOL installitem "T/to_be_installed_chrony.conf" "/etc/chrony.d/chrony.conf" "0644")",
         "TOOL adduser ntp",
@@ -250,19 +334,17 @@ TEST_F(ChronyJobsTest, NewConfigurationIsPreparedAndTheFormerOneComesBackWhenThe
               "chronyd ended soon after it was started with this configuration: Could not open /dev/pps9. "
               "The former configuration is back, and chronyd runs with it again.");
     Lines expected = placed;
-    expected.insert(expected.end(), {"/bin/launchctl print system/org.chrony-project.chronyd", "TOOL stopchrony",
-                                     R"(TOOL restoreformer "/etc/chrony.d/chrony.conf")", "TOOL startchrony"});
+    expected.insert(expected.end(),
+                    {"/bin/launchctl print system/org.chrony-project.chronyd", "TOOL guardchrony", "TOOL stopchrony",
+                     R"(TOOL restoreformer "/etc/chrony.d/chrony.conf")", "TOOL startchrony"});
     EXPECT_EQ(series(), expected);
 }
 
-TEST_F(ChronyJobsTest, RefusedItemIsToldFromAnInstalledOne) {
+TEST_F(ChronyJobsTest, FileThatIsNotThereAfterwardsWasNotInstalledWhateverTheReplies) {
     carried_out = true;
-    steps.answer = [](const std::string& command) {
-        return command.find("installitem") != std::string::npos ? "Line 1 needs another right." : "";
-    };
-    EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = "user root\n"}).sentence,
-              "The configuration was not installed: Line 1 needs another right.");
-    EXPECT_EQ(run({AdminJob::install}).sentence, "/usr/local/sbin/chronyd was not installed.");
+    EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = "local\n"}).sentence,
+              "The configuration was not installed.");
+    EXPECT_EQ(run({AdminJob::install}).sentence, "/etc/chrony.d/chrony.conf was not installed.");
 }
 
 TEST(Complaint, IsTheDaemonsOwnWords) {
@@ -280,9 +362,7 @@ TEST_F(ChronyJobsTest, NothingIsTouchedWhenTheConfigurationIsBadOrTheFileCannotB
         EXPECT_FALSE(result.done);
         EXPECT_EQ(result.sentence, sentence);
         files["/B.app/Contents/Resources/chrony.conf"] = text;
-        for (const auto& line : series({AdminJob::install}))
-            EXPECT_EQ(line.find("chrony.conf\""), std::string::npos) << line;
-        steps = {};
+        EXPECT_EQ(run({AdminJob::install}).sentence, sentence);
     }
     steps.fail_writes = 1;
     EXPECT_FALSE(run({.job = AdminJob::install_config, .configuration = "good"}).done);

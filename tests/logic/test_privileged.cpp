@@ -174,7 +174,7 @@ TEST_F(PrivilegedActionsTest, LapsedAuthorisationIsAskedForAgainByAJobButNotByAR
     EXPECT_EQ(actions->execute("report"), helper::lapsed_reply);
     EXPECT_FALSE(actions->helper_ready());
     EXPECT_EQ(channel.asked, 1);
-    EXPECT_EQ(actions->execute_in_job("job"), "done");
+    EXPECT_EQ(actions->execute_in_job("job").reply, "done");
     EXPECT_EQ(channel.asked, 2);
 }
 

@@ -3,6 +3,7 @@
 
 #include "platform/privileged_channel.h"
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <utility>
@@ -21,6 +22,7 @@ public:
     std::optional<std::string> reply = "";
     std::function<std::optional<std::string>(const std::string& command)> answer; // in place of `reply`
     std::vector<std::string> commands;                                            // that EXECUTE carried
+    std::vector<std::string> failing;                                             // words of those that fail
     std::vector<std::string> requests;                                            // whole
     std::optional<HelperToken> last_auth;                                         // of the latest message
 
@@ -37,15 +39,17 @@ public:
         sentence = grants ? "" : "Not granted.";
         return grants ? std::optional(token) : std::nullopt;
     }
-    [[nodiscard]] std::optional<std::string> send(const std::string& request,
-                                                  const std::optional<HelperToken>& auth) override {
+    [[nodiscard]] HelperAnswer ask(const std::string& request, const std::optional<HelperToken>& auth) override {
         requests.push_back(request);
         last_auth = auth;
         const std::string verb = "EXECUTE ";
         if (!request.starts_with(verb))
-            return reply;
+            return {reply, true};
         commands.push_back(request.substr(verb.size()));
-        return answer ? answer(commands.back()) : reply;
+        const auto fails = [&](const std::string& word) {
+            return commands.back().find(word) != std::string::npos;
+        };
+        return {answer ? answer(commands.back()) : reply, std::ranges::none_of(failing, fails)};
     }
     void disconnect() override { disconnected = true; }
     void cancel() override {}

@@ -115,6 +115,20 @@ TEST_F(AdministrationTest, JobTellsWhatItDoesAndDisablesTheOthersMeanwhile) {
     }
 }
 
+TEST_F(AdministrationTest, JobThatFailsSaysWhyOnce) {
+    fakes.channel.reply = "The unit is masked.";
+    for (const auto& [name, verb, sentence] :
+         {std::tuple{"startChrony", "startchrony", "chronyd was not started: The unit is masked."},
+          {"stopChrony", "stopchrony", "chronyd was not stopped: The unit is masked."},
+          {"runChronywake", "chronywake", "chronywake did not correct the clock: The unit is masked."}}) {
+        said.clear();
+        fakes.channel.failing = {verb};
+        trigger(name);
+        settle();
+        EXPECT_EQ(said, std::vector<std::string>{sentence});
+    }
+}
+
 TEST_F(AdministrationTest, RefusalIsShownAndNeverAgainOnceItIsSilenced) {
     fakes.channel.grants = false;
     for (const bool suppress : {false, true}) {

@@ -84,6 +84,8 @@ TEST_F(SynchronizeTest, WhatIsNoServerIsNotAskedFor) {
         find<QLineEdit>("m_server")->setText(QLatin1String(text));
         EXPECT_FALSE(find<QPushButton>("m_sync")->isEnabled()) << text;
     }
+    find<QLineEdit>("m_server")->setText(QStringLiteral("fe80::1%eth0"));
+    EXPECT_TRUE(find<QPushButton>("m_sync")->isEnabled());
 }
 
 TEST(StepTime, SaysInWordsWhatWillHappenAndSendsIt) {

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace tickervantage {
@@ -62,23 +63,27 @@ int append_request(sd_bus_message* message, const std::string& request, const st
     return sd_bus_message_close_container(message);
 }
 
-std::optional<std::string> read_reply(sd_bus_message* message) {
-    std::optional<std::string> reply;
+HelperAnswer read_reply(sd_bus_message* message) {
+    HelperAnswer answer;
     if (sd_bus_message_enter_container(message, 'a', "{sv}") < 0)
-        return reply;
+        return answer;
     while (sd_bus_message_enter_container(message, 'e', "sv") > 0) {
         const char* key = nullptr;
         const char* text = nullptr;
+        std::int32_t status = 1;
         if (sd_bus_message_read(message, "s", &key) < 0)
-            return reply;
-        if (std::string_view(key) == helper::reply_key && sd_bus_message_read(message, "v", "s", &text) > 0)
-            reply = text;
+            return answer;
+        const std::string_view name = key;
+        if (name == helper::reply_key && sd_bus_message_read(message, "v", "s", &text) > 0)
+            answer.reply = text;
+        else if (name == helper::status_key && sd_bus_message_read(message, "v", "i", &status) > 0)
+            answer.is_done = status == 0;
         else if (sd_bus_message_skip(message, "v") < 0)
-            return reply;
+            return answer;
         if (sd_bus_message_exit_container(message) < 0)
-            return reply;
+            return answer;
     }
-    return reply;
+    return answer;
 }
 
 } // namespace
@@ -143,12 +148,11 @@ std::optional<HelperToken> BusPrivilegedChannel::authorise(std::string& sentence
     return token;
 }
 
-std::optional<std::string> BusPrivilegedChannel::send(const std::string& request,
-                                                      const std::optional<HelperToken>& auth) {
+HelperAnswer BusPrivilegedChannel::ask(const std::string& request, const std::optional<HelperToken>& auth) {
     const auto answer =
         m_calls.call(request_call, [&](sd_bus_message* message) { return append_request(message, request, auth); });
     std::string sentence;
-    return succeeded(answer, sentence) ? read_reply(answer.get()) : std::optional(sentence);
+    return succeeded(answer, sentence) ? read_reply(answer.get()) : HelperAnswer{sentence, false};
 }
 
 void BusPrivilegedChannel::disconnect() {

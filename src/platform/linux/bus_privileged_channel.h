@@ -24,8 +24,7 @@ public:
     void prepare() override {}
     [[nodiscard]] int install(std::string& sentence) override;
     [[nodiscard]] std::optional<HelperToken> authorise(std::string& sentence) override;
-    [[nodiscard]] std::optional<std::string> send(const std::string& request,
-                                                  const std::optional<HelperToken>& auth) override;
+    [[nodiscard]] HelperAnswer ask(const std::string& request, const std::optional<HelperToken>& auth) override;
     void disconnect() override;
     void cancel() override;
 

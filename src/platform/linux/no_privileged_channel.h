@@ -16,9 +16,7 @@ public:
         sentence = "There is no root helper here.";
         return std::nullopt;
     }
-    [[nodiscard]] std::optional<std::string> send(const std::string&, const std::optional<HelperToken>&) override {
-        return std::nullopt;
-    }
+    [[nodiscard]] HelperAnswer ask(const std::string&, const std::optional<HelperToken>&) override { return {}; }
     void disconnect() override {}
     void cancel() override {}
 };

@@ -82,6 +82,7 @@ int AdminCommand::carry_out(const AdminRequest& request, PrivilegedActions& acti
     SentSteps steps(actions, parts);
     ChronyJobs jobs(setting, probes, steps);
     const JobResult result = play(request, jobs);
+    actions.quit(); // a farewell: what the job left stopped is to stay so
     if (form == OutputForm::json)
         out << document({{"done", result.done},
                          {"sentence", text_or_null(result.sentence)},
