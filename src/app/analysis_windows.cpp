@@ -1,21 +1,12 @@
 #include "app/analysis_windows.h"
 
+#include "app/bring_to_front.h"
 #include "platform/linux/small_file.h"
 #include "platform/qt/picture_file.h"
 
 #include <utility>
 
 namespace tickervantage {
-namespace {
-
-void bring_to_front(QWidget& window) {
-    window.show();
-    window.raise();
-    window.activateWindow();
-}
-
-} // namespace
-
 AnalysisWindows::AnalysisWindows(AnalysisParts parts) : m_parts(std::move(parts)) {}
 
 AnalysisWindows::~AnalysisWindows() {

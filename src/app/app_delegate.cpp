@@ -2,11 +2,13 @@
 
 #include "app/about_window.h"
 #include "app/analysis_windows.h"
+#include "app/bring_to_front.h"
 #include "app/clock_setting.h"
 #include "app/config_windows.h"
 #include "app/desktop_links.h"
 #include "app/help_windows.h"
 #include "app/settings_windows.h"
+#include "app/window_menus.h"
 #include "config/configuration.h"
 #include "mainwindow/tickervantage_window.h"
 #include "platform/linux/desktop_applications.h"
@@ -80,6 +82,7 @@ void AppDelegate::make_main_window() {
     make_help();
     m_menus = build_application_menus(m_main_window.get(), menu_handlers(),
                                       [this] { return m_parts.actions->action_in_progress(); });
+    m_window_menus = std::make_unique<WindowMenus>(*m_menus.m_windows, *m_menus.actions.at("quit"));
     auto* recent = new QMenu(m_main_window.get());
     fill_with_recent_files(recent, {[this] { return configurations().recent(); },
                                     [this](const QString& path) {
@@ -189,10 +192,13 @@ void AppDelegate::update_optional_items() const {
 }
 
 void AppDelegate::showTickervantage() {
-    TickervantageWindow& window = main_window();
-    window.show();
-    window.raise();
-    window.activateWindow();
+    bring_to_front(main_window());
+}
+
+void AppDelegate::come_to_front(const QStringList& logs) {
+    showTickervantage();
+    for (const auto& log : logs)
+        open_log(log);
 }
 
 void AppDelegate::launchMeridianox() {

@@ -12,6 +12,7 @@
 #include "privileged/old_installation.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -28,6 +29,7 @@ class FollowedFiles;
 class HelpWindows;
 class SettingsWindows;
 class TickervantageWindow;
+class WindowMenus;
 
 // What the application is made of; all of it outlives the delegate.
 struct ApplicationParts {
@@ -72,6 +74,10 @@ public:
 
     // Told by the shared actions.
     void show_problem(PrivilegedProblem problem, const std::string& detail);
+
+    // The program was started once more: the main window comes up, and each finished tracking log in a window of its
+    // own.
+    void come_to_front(const QStringList& logs);
 
     // Opens a finished tracking log in a window of its own.
     void open_log(const QString& path);
@@ -120,6 +126,7 @@ private:
     std::unique_ptr<ConfigWindows> m_configurations;
     std::unique_ptr<SettingsWindows> m_settings_windows;
     std::unique_ptr<HelpWindows> m_help;
+    std::unique_ptr<WindowMenus> m_window_menus;
 };
 
 } // namespace tickervantage

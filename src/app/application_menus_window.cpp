@@ -143,7 +143,7 @@ ApplicationMenus build_application_menus(QMainWindow* window, const MenuHandlers
     builder.add(Texts::tr("&File"), file_items());
     builder.add(Texts::tr("&View"), view_items());
     menus.m_action = builder.add(Texts::tr("&Chrony"), action_items());
-    builder.add(Texts::tr("&Window"), window_items());
+    menus.m_windows = builder.add(Texts::tr("&Window"), window_items());
     builder.add(Texts::tr("&Help"), help_items());
     menus.m_frequency_item = menus.actions.at("showFreqTemp");
     menus.m_spectrum_item = menus.actions.at("showSpectrum");

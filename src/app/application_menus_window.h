@@ -18,6 +18,7 @@ using MenuHandlers = std::map<std::string, std::function<void()>>;
 
 struct ApplicationMenus {
     QMenu* m_action = nullptr;           // the administrative jobs
+    QMenu* m_windows = nullptr;          // the windows that can be opened
     QAction* m_frequency_item = nullptr; // opens the frequency-temperature window
     QAction* m_spectrum_item = nullptr;  // opens the spectrum window
     std::map<std::string, QAction*> actions;

@@ -1,5 +1,6 @@
 #include "app/config_windows.h"
 
+#include "app/bring_to_front.h"
 #include "app/desktop_links.h"
 #include "config/config_sheets_window.h"
 #include "config/settings_catalogue.h"
@@ -125,9 +126,7 @@ ConfigEditor* ConfigWindows::make_editor() {
 ConfigEditor::Opened ConfigWindows::when_opened(ConfigEditor* editor) {
     return [this, editor](const QString& sentence) {
         if (sentence.isEmpty()) {
-            editor->show();
-            editor->raise();
-            editor->activateWindow();
+            bring_to_front(*editor);
             return;
         }
         m_parts.say(sentence);

@@ -1,5 +1,6 @@
 #include "app/help_windows.h"
 
+#include "app/bring_to_front.h"
 #include "app/desktop_links.h"
 
 #include <QApplication>
@@ -52,9 +53,7 @@ void HelpWindows::show(const QString& page) {
                                                                     (void)open_page(address); // silent by design
                                                                 }});
     m_viewer->open_page(page);
-    m_viewer->show();
-    m_viewer->raise();
-    m_viewer->activateWindow();
+    bring_to_front(*m_viewer);
 }
 
 void HelpWindows::add_handlers(MenuHandlers& handlers) {

@@ -1,5 +1,6 @@
 #include "app/settings_windows.h"
 
+#include "app/bring_to_front.h"
 #include "app/desktop_links.h"
 #include "platform/linux/autostart.h"
 #include "platform/linux/path_state.h"
@@ -79,9 +80,7 @@ void SettingsWindows::showServers() {
         m_servers = std::make_unique<ServersWindow>(servers_parts());
         m_servers->windowDidLoad();
     }
-    m_servers->show();
-    m_servers->raise();
-    m_servers->activateWindow();
+    bring_to_front(*m_servers);
 }
 
 void SettingsWindows::showPreferences(Preferences::Pane pane) {

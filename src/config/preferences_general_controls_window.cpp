@@ -106,7 +106,7 @@ QGroupBox* build_path_group(QWidget* parent, PreferencesGeneralControls& control
              Texts::tr("The daemon that keeps the clock"), controls.paths[2]);
     add_path(grid, 3, "m_chronywake",
              //: General preferences: label of the path of chronywake
-             Texts::tr("chrony&wake:"),
+             Texts::tr("chronywa&ke:"),
              //: General preferences: tooltip of the path of chronywake
              Texts::tr("The program that sets the clock right after the machine wakes up"), controls.paths[3]);
     controls.detect = button(group, "detect",

@@ -108,6 +108,14 @@ TEST_F(ApplicationTest, ShortcutsAreUnique) {
     EXPECT_GE(seen.size(), 8U);
 }
 
+bool reaches_main_window(const QWidget& window) {
+    const auto menus = window.findChildren<QMenu*>();
+    return std::ranges::any_of(menus, [](const auto* menu) {
+        const auto items = menu->actions();
+        return std::ranges::find(items, QStringLiteral("showTickervantage"), &QAction::objectName) != items.end();
+    });
+}
+
 // Each window as it comes up.
 TEST_F(ApplicationTest, EveryWindowIsUsedByKeysAlone) {
     launch();
@@ -126,6 +134,7 @@ TEST_F(ApplicationTest, EveryWindowIsUsedByKeysAlone) {
         seen.insert(window->objectName().toStdString());
         EXPECT_EQ(testing::out_of_reach(*window), std::vector<std::string>()) << name;
         EXPECT_EQ(testing::clashes(testing::mnemonic_texts(*window)), std::vector<std::string>()) << name;
+        EXPECT_TRUE(reaches_main_window(*window)) << name;
         for (const auto* menu : window->findChildren<QMenu*>())
             EXPECT_EQ(testing::clashes(testing::texts_of(*menu)), std::vector<std::string>())
                 << name << " " << menu->title().toStdString();
@@ -202,6 +211,47 @@ TEST_F(ApplicationTest, AClosedMainWindowComesBackAndReadsOn) {
     EXPECT_EQ(runs_of("chronyc", "tracking"), before + 1) << "at once";
     wait(60);
     EXPECT_EQ(runs_of("chronyc", "tracking"), before + 7) << "every ten seconds";
+}
+
+TEST_F(ApplicationTest, WindowMenusLeadFromEachWindowToTheOthers) {
+    launch();
+    item("showServers")->trigger();
+    item("showPreferences")->trigger();
+    application->main_window().close();
+    auto* menu = window("ServersWindow")->findChild<QMenu*>(QStringLiteral("windows"));
+    ASSERT_NE(menu, nullptr);
+    const auto listed = [menu] {
+        Q_EMIT menu->aboutToShow();
+        std::vector<std::pair<std::string, bool>> found;
+        for (const auto* one : menu->actions())
+            if (one->objectName() == QLatin1String("openWindow") && !one->isSeparator())
+                found.emplace_back(one->text().toStdString(), one->isChecked());
+        return found;
+    };
+    using Listed = std::vector<std::pair<std::string, bool>>;
+    EXPECT_EQ(listed(), (Listed{{"Servers", true}, {"Preferences", false}}));
+    item("showTickervantage")->trigger();
+    window("Preferences")->close();
+    EXPECT_EQ(listed(), (Listed{{"Tickervantage", false}, {"Servers", true}}));
+    application->main_window().showMinimized();
+    menu->actions().back()->trigger(); // Servers
+    listed();
+    for (auto* one : menu->actions())
+        if (one->text() == QLatin1String("Tickervantage"))
+            one->trigger();
+    EXPECT_FALSE(application->main_window().isMinimized());
+}
+
+TEST_F(ApplicationTest, AnotherStartBringsTheMainWindowAndItsLogs) {
+    launch();
+    item("showServers")->trigger();
+    application->main_window().close();
+    application->come_to_front({QStringLiteral("/a/tracking.log"), QStringLiteral("/b/tracking.log")});
+    settle();
+    EXPECT_TRUE(application->main_window().isVisible());
+    const auto windows = QApplication::topLevelWidgets();
+    for (const char* title : {"/a/tracking.log", "/b/tracking.log"})
+        EXPECT_EQ(std::ranges::count(windows, QLatin1String(title), &QWidget::windowTitle), 1) << title;
 }
 
 // The window of frequency and temperature is opened before or after the main window is closed.

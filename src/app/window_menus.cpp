@@ -1,0 +1,104 @@
+#include "app/window_menus.h"
+
+#include "app/bring_to_front.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QLayout>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QShortcut>
+
+#include <algorithm>
+
+namespace tickervantage {
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(windowmenus)
+};
+
+constexpr const char* listed = "openWindow"; // the items' name
+
+bool closes_by_key(const QWidget& window) {
+    const auto shortcuts = window.findChildren<QShortcut*>();
+    const auto actions = window.findChildren<QAction*>();
+    const QKeySequence key(QKeySequence::Close);
+    return std::ranges::any_of(shortcuts, [&key](const auto* one) { return one->key() == key; }) ||
+           std::ranges::any_of(actions, [&key](const auto* one) { return one->shortcut() == key; });
+}
+
+QMenuBar* menu_bar_of(QWidget& window) {
+    if (auto* main = qobject_cast<QMainWindow*>(&window))
+        return main->menuBar();
+    if (window.layout() == nullptr)
+        return nullptr;
+    auto* bar = new QMenuBar(&window);
+    window.layout()->setMenuBar(bar);
+    window.resize(window.width(), window.height() + bar->sizeHint().height()); // it takes no room from the rest
+    return bar;
+}
+
+// As a title bar shows it.
+QString title_of(const QWidget& window) {
+    QString title = window.windowTitle();
+    title.replace(QLatin1String("[*]"), window.isWindowModified() ? QLatin1String("*") : QLatin1String());
+    return title.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+} // namespace
+
+WindowMenus::WindowMenus(QMenu& menu, QAction& quit)
+    : m_menu(menu), m_quit(quit), m_items(menu.actions()), m_windows{menu.parentWidget()->window()} {
+    connect(&menu, &QMenu::aboutToShow, this, [this] { list_open_windows(m_menu, *m_windows.front()); });
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool WindowMenus::eventFilter(QObject* receiver, QEvent* event) {
+    if (event->type() == QEvent::Polish && receiver->isWidgetType()) {
+        auto* window = static_cast<QWidget*>(receiver);
+        if (window->windowType() == Qt::Window && !m_windows.contains(window))
+            add_to(*window);
+    }
+    return QObject::eventFilter(receiver, event);
+}
+
+void WindowMenus::add_to(QWidget& window) {
+    m_windows.removeAll(QPointer<QWidget>());
+    m_windows.append(&window);
+    const bool closes = closes_by_key(window);
+    QMenuBar* bar = menu_bar_of(window);
+    if (bar == nullptr)
+        return;
+    //: title of the menu with the program's windows
+    QMenu* menu = bar->addMenu(Texts::tr("&Window"));
+    menu->setObjectName(QStringLiteral("windows"));
+    menu->addActions(m_items);
+    menu->addSeparator();
+    if (!closes)
+        //: item of the menu with the program's windows
+        menu->addAction(Texts::tr("&Close Window"), QKeySequence::Close, &window, &QWidget::close);
+    menu->addAction(&m_quit);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu, &window] { list_open_windows(*menu, window); });
+}
+
+void WindowMenus::list_open_windows(QMenu& menu, const QWidget& here) {
+    const auto items = menu.actions();
+    for (auto* item : items)
+        if (item->objectName() == QLatin1String(listed))
+            delete item;
+    menu.addSeparator()->setObjectName(QLatin1String(listed));
+    for (const auto& window : std::as_const(m_windows)) {
+        if (window.isNull() || !window->isVisible())
+            continue;
+        QAction* item = menu.addAction(title_of(*window));
+        item->setObjectName(QLatin1String(listed));
+        item->setCheckable(true);
+        item->setChecked(window == &here);
+        connect(item, &QAction::triggered, window.data(), [window = window.data()] { bring_to_front(*window); });
+    }
+}
+
+} // namespace tickervantage
