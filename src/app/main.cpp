@@ -5,6 +5,7 @@
 #include "app/queue_pool.h"
 #include "app/quit_on_signal.h"
 #include "app/screenshot_tour.h"
+#include "app/single_instance.h"
 #include "chrony/logreader.h"
 #include "config/settings_catalogue.h"
 #include "platform/linux/bus_privileged_channel.h"
@@ -82,6 +83,7 @@ public:
     Program& operator=(const Program&) = delete;
 
     int run(const ProgramOptions& options, const DaemonChoice& daemon, const Paths& paths);
+    void another_start(const QStringList& logs);
 
 private:
     ApplicationParts parts(const Paths& paths, const DaemonChoice& daemon);
@@ -246,14 +248,21 @@ void Program::start_tour(const QString& folder, const DaemonChoice& daemon, cons
     m_tour->start();
 }
 
+QStringList absolute(const std::vector<std::string>& files) {
+    QStringList paths;
+    for (const auto& file : files)
+        paths.append(QDir().absoluteFilePath(QString::fromStdString(file)));
+    return paths;
+}
+
 int Program::run(const ProgramOptions& options, const DaemonChoice& daemon, const Paths& paths) {
     const QuitOnSignal quit_on_signal;
     if (options.demo) // its daemons synchronise within a second: ten would look like a fault
         save(m_settings, settings::chronyc_interval, 2);
     m_delegate.applicationDidFinishLaunching();
     show_problems();
-    for (const auto& log : options.logs)
-        m_delegate.open_log(QDir().absoluteFilePath(QString::fromStdString(log)));
+    for (const auto& log : absolute(options.logs))
+        m_delegate.open_log(log);
     if (!options.screenshots.empty())
         start_tour(QString::fromStdString(options.screenshots), daemon, paths);
     const int status = QApplication::exec();
@@ -263,6 +272,12 @@ int Program::run(const ProgramOptions& options, const DaemonChoice& daemon, cons
     if (m_store.finish(patience, sentence) != 0)
         std::fprintf(stderr, "tickervantage: %s\n", sentence.c_str());
     return m_delegate.is_stopping() ? 1 : status;
+}
+
+void Program::another_start(const QStringList& logs) {
+    m_logger.log(LogLevel::info, "Another start of the program left the work to this one. Logs to open: " +
+                                     logs.join(QStringLiteral(", ")).toStdString());
+    m_delegate.come_to_front(logs);
 }
 
 int fail(const std::string& sentence) {
@@ -284,6 +299,7 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     if (!options.screenshots.empty() && !QDir().mkpath(QString::fromStdString(options.screenshots)))
         return fail("The folder " + options.screenshots + " cannot be made.");
 
+    const QString activation_token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN"); // Qt takes it away
     QApplication::setApplicationName(QStringLiteral("Tickervantage"));
     QApplication::setApplicationVersion(QStringLiteral(TICKERVANTAGE_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("net.brisklane.tickervantage"));
@@ -292,8 +308,16 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     (void)install_translations(application, QLocale::system(),
                                QString::fromStdString(paths.bundle_resource("translations")));
     serve_screen_readers();
+    SingleInstance instance;
+    const bool is_one_of_many =
+        options.demo || !options.screenshots.empty(); // each with a daemon or pictures of its own
+    if (!is_one_of_many && instance.begin(absolute(options.logs), activation_token) == SingleInstance::Role::second) {
+        std::puts("Tickervantage runs already; its window comes to the front.");
+        return 0;
+    }
     const DaemonChoice daemon = options.demo ? demonstration_choice(demonstration) : DaemonChoice{};
     Program program(paths, daemon);
+    instance.on_another_start([&program](const QStringList& logs) { program.another_start(logs); });
     return program.run(options, daemon, paths);
 }
 

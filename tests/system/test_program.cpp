@@ -154,6 +154,59 @@ TEST(Program, StartsWithDamagedSettingsAndKeepsThemAside) {
     EXPECT_TRUE(instance.left_no_folder());
 }
 
+// A session bus of the test's own.
+class SessionBus {
+public:
+    explicit SessionBus(testing::PrivateHome& home)
+        : m_socket(home.path("session-bus")), m_daemon({"/usr/bin/dbus-daemon", "--session", "--nofork", "--nopidfile",
+                                                        "--nosyslog", "--address=unix:path=" + m_socket},
+                                                       home.environment, home.path()) {
+        home.environment["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=" + m_socket;
+    }
+    [[nodiscard]] bool comes_up() const {
+        return eventually(patience, [this] { return fs::exists(m_socket); });
+    }
+
+private:
+    std::string m_socket;
+    testing::ChildProgram m_daemon;
+};
+
+TEST(Program, ASecondStartHandsItsLogsToTheFirst) {
+    if (access("/usr/bin/dbus-daemon", X_OK) != 0)
+        GTEST_SKIP() << "This machine has no dbus-daemon.";
+    Instance instance;
+    const SessionBus bus(instance.home());
+    ASSERT_TRUE(bus.comes_up());
+    auto& first = instance.start({});
+    ASSERT_TRUE(eventually(patience, [&] { return instance.log().find(" starts.") != std::string::npos; }));
+
+    const std::string log = instance.home().path("näxt %20 &.log");
+    testing::write_file(log, "");
+    testing::ChildProgram second({TICKERVANTAGE_PROGRAM, log}, instance.home().environment, instance.home().path());
+    EXPECT_EQ(second.ends_within(patience), 0) << second.err();
+    EXPECT_NE(instance.log().find("Logs to open: " + log), std::string::npos) << instance.log();
+
+    first.signal(SIGTERM);
+    EXPECT_EQ(first.ends_within(patience), 0) << first.err();
+    testing::ChildProgram third({TICKERVANTAGE_PROGRAM}, instance.home().environment, instance.home().path());
+    EXPECT_TRUE(eventually(patience, [&] { // nobody has the name any more
+        const std::string text = instance.log();
+        return text.rfind(" starts.") != text.find(" starts.");
+    })) << third.out();
+    third.signal(SIGTERM);
+    EXPECT_EQ(third.ends_within(patience), 0) << third.err();
+}
+
+TEST(Program, ADeadBusLeavesAStartAlone) {
+    Instance instance;
+    instance.home().environment["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=/nowhere/bus";
+    auto& program = instance.start({});
+    EXPECT_TRUE(eventually(patience, [&] { return instance.log().find(" starts.") != std::string::npos; }));
+    program.signal(SIGTERM);
+    EXPECT_EQ(program.ends_within(patience), 0) << program.err();
+}
+
 TEST(Program, WrongOptionsEndItWithStatusTwo) {
     Instance instance;
     for (const auto* option : {"--bogus", "--screenshots"})
