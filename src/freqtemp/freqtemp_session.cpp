@@ -1,7 +1,7 @@
 #include "freqtemp/freqtemp_session.h"
 
+#include "chrony/current_frequency.h"
 #include "freqtemp/scatter_store.h"
-#include "mainwindow/current_frequency.h"
 #include "platform/broadcast.h"
 #include "platform/sensors.h"
 

@@ -1,6 +1,6 @@
 #include "mainwindow/status_cycle.h"
 
-#include "mainwindow/current_frequency.h"
+#include "chrony/current_frequency.h"
 #include "platform/text_lines.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "mainwindow/current_frequency.h"
+#include "chrony/current_frequency.h"
 #include "mainwindow/status_cycle.h"
 #include "platform/helper_names.h"
 #include "support/fake_main_window_parts.h"

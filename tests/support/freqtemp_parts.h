@@ -1,8 +1,8 @@
 // Everything a session of frequency against temperature needs, with cranks for the test to turn.
 #pragma once
 
+#include "chrony/current_frequency.h"
 #include "freqtemp/freqtemp_session.h"
-#include "mainwindow/current_frequency.h"
 #include "platform/broadcast.h"
 #include "platform/sensors.h"
 #include "platform/user_files.h"

@@ -1,8 +1,8 @@
 #include "programs/tickerctl/record_command.h"
 
+#include "chrony/current_frequency.h"
 #include "chrony/tracking_report.h"
 #include "freqtemp/freqtemp_session.h"
-#include "mainwindow/current_frequency.h"
 #include "platform/broadcast.h"
 #include "platform/linux/machine_sensors.h"
 #include "platform/linux/posix_user_files.h"

@@ -1,4 +1,4 @@
-// The notice with which the main window tells other windows the clock's frequency after every reading.
+// The notice with which the main window, or `tickerctl record`, tells others the clock's frequency after every reading.
 #pragma once
 
 namespace tickervantage {
