@@ -288,6 +288,22 @@ TEST_F(FreqTempSessionTest, KeepsADamagedMapAsideAndBearsAFullDisk) {
     EXPECT_NE(m_fakes.logger.sentences[1].find("The disk is full."), std::string::npos);
 }
 
+TEST_F(FreqTempSessionTest, ADamagedMapThatCannotBeMovedIsNeverWrittenOver) {
+    m_fakes.files.texts[MAP] = "{\"cpu\":";
+    m_fakes.files.holds_fast = true;
+    auto session = started();
+    m_fakes.tick();
+    for (int i = 0; i < 100; ++i)
+        m_fakes.sample(i);
+    session->close();
+    session.reset();
+    m_fakes.settle();
+    EXPECT_EQ(m_fakes.files.texts.at(MAP), "{\"cpu\":");
+    EXPECT_EQ(m_fakes.files.writes, 0);
+    ASSERT_EQ(m_fakes.logger.sentences.size(), 1U);
+    EXPECT_NE(m_fakes.logger.sentences[0].find("will not be written"), std::string::npos);
+}
+
 TEST_F(FreqTempSessionTest, ChecksSensorsOrNoSensor) {
     const auto session = started();
     session->selectSensor(SensorMenu::NO_SENSOR);

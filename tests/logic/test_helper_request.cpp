@@ -183,6 +183,11 @@ TEST(HelperTokens, HoldForOneConnectionOfOneProcessOnly) {
     EXPECT_FALSE(tokens.accepts(caller, bytes, 3 * life - 2));
     EXPECT_TRUE(tokens.drop(caller.name));
     EXPECT_FALSE(tokens.accepts(caller, bytes, 0));
+
+    const auto nobody = other([](auto& c) { c.process_start = 0; });
+    tokens.put(nobody, token, 0);
+    EXPECT_FALSE(tokens.accepts(nobody, bytes, 1)) << "any process may have this number by now";
+    EXPECT_FALSE(tokens.token_of(nobody, 1));
 }
 
 } // namespace

@@ -307,6 +307,9 @@ TEST_F(StatusCycleTest, HangingChronycIsNotRunForTheReportAsWell) {
     settle();
     EXPECT_EQ(calls("chronyc|sources"), 0);
     EXPECT_EQ(display.notice, (StatusNotice{StatusNotice::Kind::chronyc_failed, "too slow"}));
+    cycle->chronycCommand("ntpdata"); // which lists the servers, too
+    settle();
+    EXPECT_EQ(calls("chronyc|sourcestats"), 0);
 }
 
 TEST_F(StatusCycleTest, ClockNoticeFollowsTheDaemonAndThenThePreference) {

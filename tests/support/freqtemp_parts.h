@@ -29,6 +29,7 @@ public:
     std::map<std::string, std::string> texts;
     int writes = 0;
     bool is_full = false;
+    bool holds_fast = false; // nothing can be renamed
 
     [[nodiscard]] Found read(const std::string& path, std::size_t, std::string& text, std::string&) override {
         const auto found = texts.find(path);
@@ -51,6 +52,8 @@ public:
         return 0;
     }
     [[nodiscard]] int set_aside(const std::string& path, std::string& kept_as, std::string&) override {
+        if (holds_fast)
+            return -1;
         kept_as = path + ".damaged";
         texts[kept_as] = texts[path];
         texts.erase(path);
