@@ -1,6 +1,8 @@
 #include "config/configuration_warnings.h"
 
 #include "config/directives.h"
+#include "config/local_host.h"
+#include "config/server_list.h"
 #include "platform/text_lines.h"
 
 #include <algorithm>
@@ -22,9 +24,10 @@ enum class Need : unsigned char {
     read_by_user,
     file_or_folder, // read by the user
     device,
-    folder,       // read by root
-    made_folder,  // chronyd makes it, with its own rights, when the folder above is there
-    folder_above, // the file is written anew from time to time, as the user, by way of a second file beside it
+    folder,          // read by root
+    folder_if_there, // likewise; chronyd goes on without it, and it may come and go, as DHCP's does
+    made_folder,     // chronyd makes it, with its own rights, when the folder above is there
+    folder_above,    // the file is written anew from time to time, as the user, by way of a second file beside it
     folder_above_of_root,
 };
 
@@ -39,7 +42,7 @@ constexpr std::size_t every = ~std::size_t{0};
 constexpr auto rules = std::to_array<Rule>({
     {"include", 0, Need::file_or_pattern},
     {"confdir", every, Need::folder},
-    {"sourcedir", every, Need::folder},
+    {"sourcedir", every, Need::folder_if_there},
     {"keyfile", 0, Need::read_by_user},
     {"ntsservercert", 0, Need::read_by_user},
     {"ntsserverkey", 0, Need::read_by_user},
@@ -109,7 +112,9 @@ private:
         for (const auto& rule : rules)
             if (rule.directive == directive.name)
                 apply(rule, arguments);
-        if (directive.name == "refclock" && arguments.size() >= 2)
+        if (directive.name == "server" || directive.name == "pool" || directive.name == "peer")
+            check_polls(arguments);
+        else if (directive.name == "refclock" && arguments.size() >= 2)
             check_refclock(arguments[0], arguments[1]);
         else if (directive.name == "ntstrustedcerts" && !arguments.empty())
             check_path(absolute(arguments.back()), Need::file_or_folder);
@@ -128,6 +133,17 @@ private:
         for (std::size_t i = 0; i < arguments.size(); ++i)
             if (rule.argument == every || rule.argument == i)
                 check_path(absolute(arguments[i]), rule.need);
+    }
+
+    void check_polls(const std::vector<std::string_view>& arguments) {
+        for (std::size_t i = 1; i + 1 < arguments.size(); ++i) {
+            if (!is_word(arguments[i], "minpoll"))
+                continue;
+            const auto minpoll = poll_in(arguments[i + 1]);
+            if (minpoll && asks_too_often(arguments[0], *minpoll))
+                warn("minpoll " + std::to_string(*minpoll) + " asks " + std::string(arguments[0]) +
+                     " too often; outside the local network 6, a request every 64 seconds, is the least.");
+        }
     }
 
     void check_refclock(std::string_view driver, std::string_view parameter) {
@@ -157,6 +173,10 @@ private:
             return expect(path, root, Kind::device, " is no device.");
         case Need::folder:
             return expect(path, root, Kind::folder, " is no folder.");
+        case Need::folder_if_there:
+            if (m_probes.look(path, std::string(root)).kind != Kind::missing)
+                expect(path, root, Kind::folder, " is no folder.");
+            return;
         case Need::made_folder:
             return expect_made_folder(path);
         case Need::folder_above:

@@ -1,5 +1,6 @@
 #include "config/server_list.h"
 
+#include "config/local_host.h"
 #include "platform/text_lines.h"
 #include "platform/translatable.h"
 
@@ -13,8 +14,6 @@ namespace {
 
 constexpr std::int64_t chrony_smallest = -7;
 constexpr std::int64_t chrony_largest = 24;
-constexpr std::int64_t chrony_minpoll = 6; // its defaults
-constexpr std::int64_t chrony_maxpoll = 10;
 
 // Cuts the text up to the next separator off its front.
 std::string_view take_until(std::string_view& rest, char separator) {
@@ -46,15 +45,11 @@ bool chrony_takes(std::int64_t poll) {
     return poll >= chrony_smallest && poll <= chrony_largest;
 }
 
-bool is_word(std::string_view text, std::string_view word) {
-    return std::ranges::equal(text, word, [](unsigned char a, unsigned char b) { return std::tolower(a) == b; });
-}
-
 server_data imported(const std::vector<std::string_view>& line) {
     server_data server{.title = std::string(line[1]),
                        .address = std::string(line[1]),
-                       .maxpoll = chrony_maxpoll,
-                       .minpoll = chrony_minpoll};
+                       .maxpoll = *CHRONY_POLLS.maxpoll,
+                       .minpoll = *CHRONY_POLLS.minpoll};
     for (std::size_t i = 2; i < line.size(); ++i) {
         const bool has_value = i + 1 < line.size();
         if (is_word(line[i], "iburst"))
@@ -74,6 +69,10 @@ bool has_address(const std::vector<server_data>& servers, const std::string& add
 }
 
 } // namespace
+
+bool is_word(std::string_view text, std::string_view word) {
+    return std::ranges::equal(text, word, [](unsigned char a, unsigned char b) { return std::tolower(a) == b; });
+}
 
 std::optional<std::int64_t> poll_in(std::string_view text) {
     text = trimmed(text);
@@ -189,12 +188,30 @@ const char* sentence_of(ServerProblem problem) {
     return sentences.at(static_cast<std::size_t>(problem));
 }
 
+LinePolls polls_of_line(const server_data& server) {
+    const server_data fresh;
+    // Where the smallest exceeds chrony's own largest, chrony would not go beyond it.
+    const bool maxpoll_typed = server.maxpoll != fresh.maxpoll || server.minpoll > *CHRONY_POLLS.maxpoll;
+    const bool minpoll_typed = server.minpoll != fresh.minpoll || (maxpoll_typed && is_local_host(server.address));
+    LinePolls polls;
+    if (minpoll_typed && chrony_takes(server.minpoll) && server.minpoll != CHRONY_POLLS.minpoll)
+        polls.minpoll = server.minpoll;
+    if (maxpoll_typed && chrony_takes(server.maxpoll) && server.maxpoll != CHRONY_POLLS.maxpoll)
+        polls.maxpoll = server.maxpoll;
+    return polls;
+}
+
+bool asks_too_often(const server_data& server) {
+    return asks_too_often(server.address, polls_of_line(server).minpoll.value_or(*CHRONY_POLLS.minpoll));
+}
+
 std::string chrony_line(const server_data& server) {
+    const LinePolls polls = polls_of_line(server);
     std::string line = "server " + server.address;
-    if (chrony_takes(server.minpoll) && server.minpoll != chrony_minpoll)
-        line += " minpoll " + std::to_string(server.minpoll);
-    if (chrony_takes(server.maxpoll) && server.maxpoll != chrony_maxpoll)
-        line += " maxpoll " + std::to_string(server.maxpoll);
+    if (polls.minpoll)
+        line += " minpoll " + std::to_string(*polls.minpoll);
+    if (polls.maxpoll)
+        line += " maxpoll " + std::to_string(*polls.maxpoll);
     return server.iburst ? line + " iburst" : line;
 }
 

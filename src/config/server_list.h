@@ -55,10 +55,26 @@ enum class ServerField : unsigned char { none, title, address, maxpoll, minpoll 
 [[nodiscard]] ServerField field_of(ServerProblem problem);    // that has to change
 [[nodiscard]] const char* sentence_of(ServerProblem problem); // for people, to be looked up in the context "servers"
 
+// Whether the text is the word, whatever its letters' case; `word` has small ones.
+[[nodiscard]] bool is_word(std::string_view text, std::string_view word);
+
 // A decimal integer, white space around it allowed.
 [[nodiscard]] std::optional<std::int64_t> poll_in(std::string_view text);
 
-// "server ADDRESS minpoll N maxpoll M iburst". What chrony takes anyway, or would not take, is left out.
+// What the server's line says of its polls; none: they are left to chrony, whose own are CHRONY_POLLS. So is what
+// chrony would take anyway or would not take, and what nobody typed: the polls of a new server, which would ask once a
+// second. A smallest poll of 0 counts as typed for a host of the local network whose largest was typed.
+struct LinePolls {
+    std::optional<std::int64_t> minpoll = {};
+    std::optional<std::int64_t> maxpoll = {};
+};
+[[nodiscard]] LinePolls polls_of_line(const server_data& server);
+inline constexpr LinePolls CHRONY_POLLS{6, 10};
+
+// Whether the line would ask a server of others more often than they like.
+[[nodiscard]] bool asks_too_often(const server_data& server);
+
+// "server ADDRESS minpoll N maxpoll M iburst".
 [[nodiscard]] std::string chrony_line(const server_data& server);
 
 // One line a server; one that breaks a rule becomes a comment that says why.

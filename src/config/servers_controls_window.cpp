@@ -209,6 +209,29 @@ ServersControls build_servers_controls(QWidget* parent) {
     return controls;
 }
 
+PollWords words_of_minpoll(const server_data& server) {
+    if (asks_too_often(server))
+        //: server window: below the field with the smallest poll
+        return {Texts::tr("Too often for a server outside the local network; 6 (64 s) is the least."), true};
+    const bool is_left_to_chrony = !polls_of_line(server).minpoll;
+    const QString length = poll_length(is_left_to_chrony ? *CHRONY_POLLS.minpoll : server.minpoll);
+    if (is_left_to_chrony && server.minpoll != CHRONY_POLLS.minpoll)
+        //: server window: below the field with the smallest poll; %1 is a time
+        return {Texts::tr("Left to chrony: %1 at least").arg(length)};
+    //: server window: below the field with the smallest poll; %1 is a time
+    return {Texts::tr("%1 at least").arg(length)};
+}
+
+PollWords words_of_maxpoll(const server_data& server) {
+    const bool is_left_to_chrony = !polls_of_line(server).maxpoll;
+    const QString length = poll_length(is_left_to_chrony ? *CHRONY_POLLS.maxpoll : server.maxpoll);
+    if (is_left_to_chrony && server.maxpoll != CHRONY_POLLS.maxpoll)
+        //: server window: below the field with the largest poll; %1 is a time
+        return {Texts::tr("Left to chrony: %1 at most").arg(length)};
+    //: server window: below the field with the largest poll; %1 is a time
+    return {Texts::tr("%1 at most").arg(length)};
+}
+
 QString poll_length(std::int64_t poll) {
     constexpr std::int64_t smallest = -7;
     constexpr std::int64_t minute = 60;

@@ -45,6 +45,14 @@ struct ServersControls {
 
 [[nodiscard]] ServersControls build_servers_controls(QWidget* parent);
 
+// What is said below a poll: what it means, or that it is left to chrony, or that it is too short.
+struct PollWords {
+    QString text = {};
+    bool is_warning = false;
+};
+[[nodiscard]] PollWords words_of_minpoll(const server_data& server);
+[[nodiscard]] PollWords words_of_maxpoll(const server_data& server);
+
 // "64 s", "17 min", "18 h", "1/4 s"; empty where chrony would not take the poll.
 [[nodiscard]] QString poll_length(std::int64_t poll);
 

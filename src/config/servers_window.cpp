@@ -236,23 +236,20 @@ bool ServersWindow::validate_current() {
 void ServersWindow::show_problem(ServerProblem problem) {
     const auto field = field_of(problem);
     const QString sentence = QCoreApplication::translate("servers", sentence_of(problem));
-    const auto length = [](const QLineEdit* edit) {
-        const auto poll = poll_in(edit->text().toStdString());
-        return poll ? poll_length(*poll) : QString();
-    };
-    const QString shortest = length(m_controls.m_minpoll);
-    const QString longest = length(m_controls.m_maxpoll);
-    const auto say = [&](QLabel* label, ServerField its_field, const QString& otherwise) {
-        const bool alarmed = field == its_field;
-        label->setText(alarmed ? sentence : otherwise);
-        set_alarmed(label, alarmed);
+    const auto minpoll = poll_in(m_controls.m_minpoll->text().toStdString());
+    const auto maxpoll = poll_in(m_controls.m_maxpoll->text().toStdString());
+    server_data typed;
+    typed.address = one_line_of(m_controls.m_name->text());
+    typed.minpoll = minpoll.value_or(typed.minpoll);
+    typed.maxpoll = maxpoll.value_or(typed.maxpoll);
+    const auto say = [&](QLabel* label, ServerField its_field, const PollWords& otherwise) {
+        const bool is_problem = field == its_field;
+        label->setText(is_problem ? sentence : otherwise.text);
+        set_alarmed(label, is_problem || otherwise.is_warning);
     };
     say(m_controls.name_words, ServerField::address, {});
-    //: server window: below the field with the smallest poll; %1 is a time
-    say(m_controls.minpoll_words, ServerField::minpoll,
-        shortest.isEmpty() ? shortest : tr("%1 at least").arg(shortest));
-    //: server window: below the field with the largest poll; %1 is a time
-    say(m_controls.maxpoll_words, ServerField::maxpoll, longest.isEmpty() ? longest : tr("%1 at most").arg(longest));
+    say(m_controls.minpoll_words, ServerField::minpoll, minpoll ? words_of_minpoll(typed) : PollWords());
+    say(m_controls.maxpoll_words, ServerField::maxpoll, maxpoll ? words_of_maxpoll(typed) : PollWords());
 }
 
 void ServersWindow::show_record() {

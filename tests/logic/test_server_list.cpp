@@ -1,3 +1,4 @@
+#include "config/local_host.h"
 #include "config/server_list.h"
 #include "platform/linux/autostart.h"
 #include "platform/linux/shared_text_file.h"
@@ -70,12 +71,33 @@ TEST(ServerList, TheFirstBrokenRuleIsNamed) {
 TEST(ServerList, ChronyLinesLeaveOutWhatChronyDoesItself) {
     for (const auto& [server, line] :
          {std::pair{server_data{"t", "a.example", 10, 6, true}, "server a.example iburst\n"},
-          {server_data{"t", "a.example", 16, 0}, "server a.example minpoll 0 maxpoll 16\n"},
+          {server_data{"t", "a.example"}, "server a.example\n"}, // the polls of a new server, which nobody typed
+          {server_data{"t", "192.168.0.1"}, "server 192.168.0.1\n"},
+          {server_data{"t", "a.example", 8}, "server a.example maxpoll 8\n"},
+          {server_data{"t", "192.168.0.1", 2}, "server 192.168.0.1 minpoll 0 maxpoll 2\n"},
+          {server_data{"t", "a.example", 16, 8}, "server a.example minpoll 8\n"},
+          {server_data{"t", "a.example", 16, 12}, "server a.example minpoll 12 maxpoll 16\n"},
           {server_data{"t", "a.example", 8, -9}, "server a.example maxpoll 8\n"},
           {server_data{"t", "two words"}, "# t: This is no address.\n"},
           {server_data{"t", ""}, "# t: This is no address.\n"},
           {server_data{"t", "a", 4, 6}, "# t: The smallest poll is larger than the largest.\n"}})
         EXPECT_EQ(chrony_lines({server}), line);
+}
+
+TEST(ServerList, OnlyServersOfTheLocalNetworkAreAskedOften) {
+    for (const char* host : {"10.0.0.1", "172.31.255.1", "192.168.1.1", "169.254.9.9", "127.0.0.2", "::1", "fd00::1",
+                             "fe80::1%eth0", "localhost", "Clock.LOCAL", "ntp.local.", "a.home.arpa", "gateway"})
+        EXPECT_FALSE(asks_too_often(host, 0)) << host;
+    for (const char* host : {"11.0.0.1", "172.32.0.1", "172.15.0.1", "192.169.1.1", "169.253.0.1", "2001:db8::1", "::2",
+                             "fec0::1", "a.example", "local.example", "notlocal.org"})
+        EXPECT_TRUE(asks_too_often(host, 5)) << host;
+    EXPECT_FALSE(asks_too_often("a.example", 6));
+
+    std::ostringstream text;
+    EXPECT_EQ(print_servers({{"New", "a.example"}, {"Greedy", "b.example", 10, 3}}, ServersForm::text, text), 0);
+    EXPECT_EQ(text.str().find("TOO OFTEN"), text.str().rfind("TOO OFTEN"));
+    EXPECT_GT(text.str().find("TOO OFTEN"), text.str().find("b.example"));
+    EXPECT_NE(text.str().find("TOO OFTEN"), std::string::npos);
 }
 
 TEST(ServerList, ImportsServersAndPoolsOnce) {

@@ -146,6 +146,16 @@ TEST_F(ServersWindowTest, AnInvalidRowKeepsTheSelection) {
     }
 }
 
+TEST_F(ServersWindowTest, AShortPollIsOnlyForTheLocalNetwork) {
+    open(two);
+    type("m_minpoll", "5");
+    EXPECT_TRUE(words("minpoll_words").starts_with("Too often")) << words("minpoll_words");
+    type("m_name", "192.168.0.1");
+    EXPECT_EQ(words("minpoll_words"), "32 s at least");
+    click_row(1); // nothing is refused
+    EXPECT_EQ(row(), 1);
+}
+
 TEST_F(ServersWindowTest, RowsComeGoAndComeBack) {
     open(nullptr);
     EXPECT_FALSE(find<QWidget>("m_name")->isEnabled());
@@ -155,6 +165,8 @@ TEST_F(ServersWindowTest, RowsComeGoAndComeBack) {
     press("add_server");
     EXPECT_EQ(row(), 1);
     EXPECT_EQ(text("m_maxpoll") + " " + text("m_minpoll"), "16 0");
+    EXPECT_EQ(words("minpoll_words"), "Left to chrony: 64 s at least"); // nobody typed it
+    EXPECT_EQ(words("maxpoll_words"), "Left to chrony: 17 min at most");
     type("m_name", "b.example");
     press("add_server");
     click_row(1);

@@ -60,6 +60,8 @@ constexpr auto sentences = std::to_array<const char*>({
     QT_TRANSLATE_NOOP("sentences", "%1: there is no user %2, so chronyd would not start."),
     QT_TRANSLATE_NOOP("sentences",
                       "%1: there is no driver %2 (PPS, SHM, SOCK and PHC there are), so chronyd would not start."),
+    QT_TRANSLATE_NOOP("sentences", "%1: minpoll %2 asks %3 too often; outside the local network 6, a request every 64 "
+                                   "seconds, is the least."),
     QT_TRANSLATE_NOOP("sentences", "%1: %2 does not exist."),
     QT_TRANSLATE_NOOP("sentences", "%1: %2 is no file."),
     QT_TRANSLATE_NOOP("sentences", "%1: %2 is no device."),

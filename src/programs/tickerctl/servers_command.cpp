@@ -33,6 +33,8 @@ void print_line(const server_data& server, std::ostream& out) {
                        ", minpoll " + std::to_string(server.minpoll) + (server.iburst ? ", iburst" : "");
     if (!is_valid(server))
         line += std::string("  INVALID: ") + sentence_of(check_server(server));
+    else if (asks_too_often(server))
+        line += "  TOO OFTEN: outside the local network minpoll 6, a request every 64 seconds, is the least.";
     out << one_line(line) << '\n';
 }
 
