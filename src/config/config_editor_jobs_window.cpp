@@ -2,6 +2,7 @@
 #include "config/config_editor_window.h"
 #include "config/config_sheets_window.h"
 #include "config/config_text_window.h"
+#include "config/included_files.h"
 #include "config/words_window.h"
 #include "platform/qt/spoken.h"
 
@@ -11,6 +12,8 @@
 #include <QFileInfo>
 #include <QPushButton>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tickervantage {
@@ -38,12 +41,16 @@ void ConfigEditor::check() {
     m_actions.at("check")->setEnabled(false);
     //: configuration editor: said during a check
     say(tr("Checking…"));
-    const auto work = [parts = m_parts.check, text = m_controls.m_config->whole_text()] {
+    const auto work = [parts = m_parts.check, text = m_controls.m_config->whole_text(), path = m_path.toStdString()] {
         ConfigurationCheck check;
         std::string bytes;
-        if (encode(text, bytes, check.error.m_doubt) == 0)
-            return check_configuration(parts, bytes);
-        check.error.m_isok = false;
+        if (encode(text, bytes, check.error.m_doubt) != 0) {
+            check.error.m_isok = false;
+            return check;
+        }
+        check = check_configuration(parts, bytes);
+        if (is_source_file(path))
+            std::ranges::copy(source_file_warnings(bytes), std::back_inserter(check.warnings));
         return check;
     };
     const int edits = m_controls.m_config->edits();
@@ -197,7 +204,7 @@ void ConfigEditor::install() {
                      tr("Installing needs the root helper, which this program was started without."));
         return;
     }
-    ask_to_install(this, from_std(m_parts.config_path()), [this] { save_and_install(); });
+    unless_included([this] { ask_to_install(this, from_std(m_parts.config_path()), [this] { save_and_install(); }); });
 }
 
 void ConfigEditor::save_and_install() {

@@ -57,6 +57,7 @@ ConfigEditor::ConfigEditor(ConfigEditorParts parts, ConfigEditorRequests request
     setCentralWidget(central);
     m_controls = build_config_controls(central);
     build_actions();
+    build_included_menu();
     connect_controls();
     show_image(CheckImage::partially_available);
     resize(scaled(usual_size, *this));

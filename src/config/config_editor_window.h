@@ -24,6 +24,8 @@
 #include <string>
 #include <utility>
 
+class QMenu;
+
 namespace tickervantage {
 
 struct InstallOutcome {
@@ -104,6 +106,9 @@ private:
 
     void build_actions();
     void connect_controls();
+    void build_included_menu();
+    void list_included(QMenu* menu);
+    void unless_included(const std::function<void()>& install);
     // The answer of the work comes back to `then`, unless the window has gone.
     template <class WorkOnQueue, class Then>
     void in_background(WorkOnQueue work, Then then) {

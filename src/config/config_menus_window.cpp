@@ -26,6 +26,7 @@ struct Item {
    with Alt. */
 const Item separator{nullptr, nullptr, {}};
 const Item recent_files{"openRecent", QT_TRANSLATE_NOOP("configmenus", "Open &Recent"), {}};
+const Item included_files{"includedFiles", QT_TRANSLATE_NOOP("configmenus", "Inclu&ded Files"), {}};
 
 // QT_TRANSLATE_NOOP marks the texts for translators; tr above looks them up.
 std::vector<Item> file_items() {
@@ -33,6 +34,7 @@ std::vector<Item> file_items() {
             {"openDocument", QT_TRANSLATE_NOOP("configmenus", "&Open…"), QKeySequence::Open},
             recent_files,
             {"openInstalled", QT_TRANSLATE_NOOP("configmenus", "Open &Installed Configuration"), {}},
+            included_files,
             separator,
             {"saveDocument", QT_TRANSLATE_NOOP("configmenus", "&Save"), QKeySequence::Save},
             {"saveDocumentAs", QT_TRANSLATE_NOOP("configmenus", "Save &As…"),
@@ -71,9 +73,9 @@ std::vector<Item> chrony_items() {
             {"help", QT_TRANSLATE_NOOP("configmenus", "&Help on Directives"), QKeySequence::HelpContents}};
 }
 
-QMenu* add_recent_menu(QMenu* above) {
-    QMenu* menu = above->addMenu(Texts::tr(recent_files.text));
-    menu->setObjectName(QLatin1String(recent_files.name));
+QMenu* add_menu(QMenu* above, const Item& item) {
+    QMenu* menu = above->addMenu(Texts::tr(item.text));
+    menu->setObjectName(QLatin1String(item.name));
     return menu;
 }
 
@@ -88,7 +90,9 @@ public:
             if (item.name == nullptr)
                 menu->addSeparator();
             else if (item.name == recent_files.name)
-                fill_with_recent_files(add_recent_menu(menu), m_recent);
+                fill_with_recent_files(add_menu(menu, item), m_recent);
+            else if (item.name == included_files.name)
+                (void)add_menu(menu, item); // filled by the window, which has the text
             else
                 add_item(menu, item);
         }

@@ -19,6 +19,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPointer>
@@ -106,6 +107,11 @@ struct ConfigEditorTest : ::testing::Test {
         return all;
     }
     ConfigEditor* editor() { return editors().front(); }
+    static ConfigEditor* other_editor() { // beside that of the installed configuration
+        const auto all = editors();
+        const auto found = std::ranges::find(all, false, &ConfigEditor::is_installed_config);
+        return found == all.end() ? nullptr : *found;
+    }
     ConfigText* text() { return find<ConfigText>("m_config"); }
     template <typename Widget>
     Widget* find(const char* name) {
@@ -239,6 +245,50 @@ TEST_F(ConfigEditorTest, InstallAsksSavesAndHandsOver) {
     EXPECT_TRUE(editor()->is_installed_config());
     EXPECT_TRUE(answer("failure", "Dismiss").contains(QStringLiteral("The helper is not there.")));
     EXPECT_TRUE(can("m_install"));
+}
+
+TEST_F(ConfigEditorTest, IncludedFilesOpenAndArePartsThatAreNotInstalled) {
+    for (const char* name : {"conf.d", "more.d", "sources.d"})
+        QDir(folder.path()).mkdir(QLatin1String(name));
+    for (const char* name : {"conf.d/b.conf", "conf.d/a & b.conf", "conf.d/note.txt", "more.d/b.conf", "single.inc"})
+        write(name, "port 0\n");
+    write("sources.d/lab.sources", "server c\n port 0\n");
+    write("installed.conf", "confdir " + file("conf.d") + " " + file("more.d") + "\nInclude " + file("*.inc") +
+                                "\nsourcedir /not/there\n# include /etc/passwd\nsourcedir " + file("sources.d"));
+    installed();
+    auto* menu = find<QMenu>("includedFiles");
+    Q_EMIT menu->aboutToShow();
+    settle();
+    QStringList listed;
+    for (const auto* item : menu->actions())
+        listed.append(item->text().remove(folder.path() + QLatin1Char('/')));
+    EXPECT_EQ(listed, QStringList({QStringLiteral("conf.d/a && b.conf"), QStringLiteral("conf.d/b.conf"),
+                                   QStringLiteral("single.inc"), QStringLiteral("sources.d/lab.sources")}));
+    for (const int item : {1, 3}) {
+        menu->actions().at(item)->trigger();
+        settle();
+        auto* part = other_editor();
+        ASSERT_NE(part, nullptr);
+        part->check();
+        settle();
+        EXPECT_EQ(part->findChild<QListWidget*>(QStringLiteral("warnings"))->count(), item == 3 ? 1 : 0);
+        delete part->findChild<QMessageBox*>();
+        part->install();
+        settle();
+        const auto* refusal = part->findChild<QMessageBox*>();
+        ASSERT_NE(refusal, nullptr);
+        EXPECT_TRUE(refusal->informativeText().contains(part->path())) << refusal->informativeText().toStdString();
+        EXPECT_EQ(installed_text, "");
+        delete refusal;
+        part->close();
+        settle();
+    }
+    write("whole.conf", "port 0\n");
+    windows->open_path(path("whole.conf"));
+    settle();
+    other_editor()->install();
+    settle();
+    EXPECT_EQ(other_editor()->findChild<QMessageBox*>()->objectName(), QStringLiteral("install_sheet"));
 }
 
 TEST_F(ConfigEditorTest, SavingNoticesOtherProgramsAndKeepsTheEditWhenItFails) {

@@ -57,6 +57,8 @@ constexpr auto sentences = std::to_array<const char*>({
     QT_TRANSLATE_NOOP("sentences", "chronyd refuses this configuration: %1."),
     QT_TRANSLATE_NOOP("sentences", "chronyd was not found on this machine, so the syntax was not checked."),
     QT_TRANSLATE_NOOP("sentences", "%1 is no longer supported and has no effect."),
+    QT_TRANSLATE_NOOP("sentences",
+                      "%1 has no effect in a file of a sourcedir, which holds server, pool and peer only."),
     QT_TRANSLATE_NOOP("sentences", "%1: there is no user %2, so chronyd would not start."),
     QT_TRANSLATE_NOOP("sentences",
                       "%1: there is no driver %2 (PPS, SHM, SOCK and PHC there are), so chronyd would not start."),
