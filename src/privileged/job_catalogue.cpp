@@ -6,7 +6,7 @@
 namespace tickervantage {
 namespace {
 
-constexpr std::array<AdminJobEntry, 14> entries{{
+constexpr std::array<AdminJobEntry, 15> entries{{
     {AdminJob::install, "install", "net.brisklane.installchrony", "Installing chrony software"},
     {AdminJob::uninstall, "uninstall", "net.brisklane.uninstallchrony", "Removing chrony software"},
     {AdminJob::start, "start", "net.brisklane.startchrony", "Starting chronyd daemon"},
@@ -14,6 +14,7 @@ constexpr std::array<AdminJobEntry, 14> entries{{
     {AdminJob::wake_tool, "install-wake", "net.brisklane.installwake", "Installing chronywake"},
     {AdminJob::run_wake, "run-wake", "net.brisklane.runchronywake", "Running chronywake"},
     {AdminJob::install_config, "install-config", "net.brisklane.installconfig", "Installing the configuration"},
+    {AdminJob::restore_config, "restore-config", "net.brisklane.installconfig", "Bringing back a configuration"},
     {AdminJob::rotate_logs, "rotate-logs", "net.brisklane.rotatelogs", "Rotating chrony's logs"},
     {AdminJob::log_permission, "log-permission", "net.brisklane.logpermission", ""},
     {AdminJob::restart_gpsd, "restart-gpsd", "net.brisklane.restartgpsd", ""},
@@ -54,6 +55,7 @@ JobResult play(const AdminRequest& request, ChronyJobs& jobs) {
     case AdminJob::run_wake:
         return jobs.run_chronywake();
     case AdminJob::install_config:
+    case AdminJob::restore_config: // what was good once is checked like any other
         return jobs.install_configuration(request.configuration);
     case AdminJob::rotate_logs:
         return jobs.rotate_logs();

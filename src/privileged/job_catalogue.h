@@ -17,6 +17,7 @@ enum class AdminJob : unsigned char {
     wake_tool,
     run_wake,
     install_config,
+    restore_config,
     rotate_logs,
     log_permission,
     restart_gpsd,
@@ -29,7 +30,7 @@ enum class AdminJob : unsigned char {
 // One job, with what it works on; the fields of other jobs are left alone.
 struct AdminRequest {
     AdminJob job = AdminJob::install;
-    std::string configuration = {}; // the text to be installed
+    std::string configuration = {}; // the text to be installed, or to be brought back
     std::string server = {};
     int timeout_seconds = 30;
     bool restart = true; // after a synchronisation

@@ -34,9 +34,9 @@ bool succeeded(const BusMessage& answer, std::string& sentence) {
 
 // Whether the error says that there is no such helper, rather than that it cannot answer now.
 bool says_absent(std::string_view error) {
-    return error == "org.freedesktop.DBus.Error.ServiceUnknown" || error == "org.freedesktop.DBus.Error.NameHasNoOwner" ||
-           error == "org.freedesktop.DBus.Error.AccessDenied" || error == "org.freedesktop.systemd1.NoSuchUnit" ||
-           error.starts_with("org.freedesktop.DBus.Error.Spawn.");
+    return error == "org.freedesktop.DBus.Error.ServiceUnknown" ||
+           error == "org.freedesktop.DBus.Error.NameHasNoOwner" || error == "org.freedesktop.DBus.Error.AccessDenied" ||
+           error == "org.freedesktop.systemd1.NoSuchUnit" || error.starts_with("org.freedesktop.DBus.Error.Spawn.");
 }
 
 // Those that came before there was a protocol do not know the property.
@@ -97,8 +97,9 @@ BusPrivilegedChannel::Found BusPrivilegedChannel::look(std::string& sentence) {
     });
     std::uint32_t protocol = 0;
     if (succeeded(answer, sentence))
-        return sd_bus_message_read(answer.get(), "v", "u", &protocol) > 0 && protocol == helper::protocol ? Found::ours
-                                                                                                          : Found::other;
+        return sd_bus_message_read(answer.get(), "v", "u", &protocol) > 0 && protocol == helper::protocol
+                   ? Found::ours
+                   : Found::other;
     const auto* error = answer ? sd_bus_message_get_error(answer.get()) : nullptr;
     const std::string_view name = error != nullptr && error->name != nullptr ? error->name : "";
     if (says_other(name))

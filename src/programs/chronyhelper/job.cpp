@@ -199,10 +199,22 @@ void Job::do_it() {
     auto task = task_for(m_order.request, m_parts.rules);
     if (!is_roots_own(task.argv[0]) || !is_roots_own(m_order.request.argv[0]))
         return end(Decision::refused, m_order.request.argv[0] + " is missing, or others than root can change it.");
+    if (const auto path = changed_configuration(); !path.empty())
+        m_parts.history.before(path);
     run_child(std::move(task), &Job::was_done);
 }
 
+std::string Job::changed_configuration() const {
+    const auto& request = m_order.request;
+    if (request.verb == HelperVerb::restore_former)
+        return request.argv.back();
+    const bool installs = request.verb == HelperVerb::install_item && request.item.kind == ItemKind::configuration;
+    return installs ? request.destination : std::string();
+}
+
 void Job::was_done(ChildEnd result) {
+    if (const auto path = changed_configuration(); !path.empty() && result.status == 0)
+        m_parts.history.after(path, m_order.caller.user);
     const bool found_none = m_order.request.verb == HelperVerb::list_daemons && result.status == 1; // of pgrep
     if (found_none)
         return end(Decision::done, std::move(result.output));

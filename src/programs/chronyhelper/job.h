@@ -5,6 +5,7 @@
 #include "privileged/helper_request.h"
 #include "privileged/helper_tokens.h"
 #include "programs/chronyhelper/child_process.h"
+#include "programs/chronyhelper/history.h"
 #include "programs/chronyhelper/journal.h"
 #include "programs/chronyhelper/polkit.h"
 
@@ -23,6 +24,7 @@ struct JobParts {
     std::string folder; // of the helper's own, for files on their way
     // What each connection was asked about and agreed to, when only judging: installing it does not ask again.
     std::map<std::string, std::string>& consents;
+    History history = History();
 };
 
 struct JobOrder {
@@ -58,6 +60,7 @@ private:
     void take_next_step();
     void do_it();
     void was_done(ChildEnd end);
+    [[nodiscard]] std::string changed_configuration() const; // empty: none is
     void end(Decision decision, std::string text);
 
     const JobParts& m_parts;

@@ -2,6 +2,7 @@
 
 #include "helper_files.h"
 #include "platform/helper_names.h"
+#include "programs/chronyhelper/history.h"
 #include "programs/chronyhelper/trusted_files.h"
 
 #include <spawn.h>
@@ -125,8 +126,9 @@ void stop_helper() {
 
 int install_helper(const std::string& bundle, std::string& sentence) {
     if (bundle == helper::package_bundle || is_packaged()) {
-        sentence = "The root helper belongs to the package tickervantage, which has put it in place: a second one would "
-                   "hide it, and its updates.";
+        sentence =
+            "The root helper belongs to the package tickervantage, which has put it in place: a second one would "
+            "hide it, and its updates.";
         return -1;
     }
     ::umask(022);
@@ -153,6 +155,7 @@ int uninstall_helper(std::string& sentence) {
     for (const char* folder : {"/Contents/MacOS", "/Contents/Resources", "/Contents", ""})
         ::rmdir((std::string(own_bundle) + folder).c_str());
     ::rmdir(parent_folder(own_bundle).c_str());
+    History().remove();
     if (!packaged) {
         ::unlink(rules_file);
         ::rmdir(parent_folder(rules_file).c_str()); // stays where the administrator keeps more in it

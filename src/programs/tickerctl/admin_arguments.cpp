@@ -21,6 +21,8 @@ const char* description_of(AdminJob job) {
         return "Have chronywake correct the clock once";
     case AdminJob::install_config:
         return "Install a configuration and restart chronyd; the former one comes back when it dies";
+    case AdminJob::restore_config:
+        return "Bring back a configuration that was installed before, or list them";
     case AdminJob::rotate_logs:
         return "Rotate chrony's logs now";
     case AdminJob::log_permission:
@@ -42,6 +44,12 @@ const char* description_of(AdminJob job) {
 void add_own_options(CLI::App& command, AdminJob job, AdminArguments& arguments) {
     if (job == AdminJob::install_config)
         command.add_option("FILE", arguments.file, "the configuration")->required();
+    if (job == AdminJob::restore_config) {
+        auto* number = command.add_option("NUMBER", arguments.number, "of the configuration; without: list them");
+        command.add_flag("--list", arguments.list, "list them: number, date, user, and why");
+        command.add_flag("--diff", arguments.difference, "show how it differs from the installed one, and do nothing")
+            ->needs(number);
+    }
     if (job == AdminJob::step)
         command.add_option("OFFSET", arguments.offset_seconds, "seconds; negative: back")->required();
     if (job != AdminJob::synchronise)

@@ -3,6 +3,7 @@
 
 #include "privileged/job_catalogue.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -18,7 +19,10 @@ struct AdminArguments {
     std::string server; // of sync
     std::optional<int> timeout_seconds;
     bool no_restart = false;
-    double offset_seconds = 0; // of step
+    double offset_seconds = 0;           // of step
+    std::optional<std::uint64_t> number; // of restore-config
+    bool list = false;
+    bool difference = false;
     bool dry_run = false;
     ServiceForm form = native_service_form;
 };

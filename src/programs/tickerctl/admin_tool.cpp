@@ -3,6 +3,7 @@
 #include "config/settings_catalogue.h"
 #include "platform/linux/small_file.h"
 #include "platform/linux/terminal_agent.h"
+#include "platform/linux/user_name.h"
 #include "privileged/job_environment.h"
 #include "programs/tickerctl/admin_command.h"
 #include "programs/tickerctl/terminal.h"
@@ -40,6 +41,37 @@ JobMachine this_machine(PosixExecute& execute, const Paths& paths, ServiceForm f
 
 } // namespace
 
+KeptCommand Tool::kept_command() const {
+    const std::string path = PreferencesGeneral::load(m_settings).config;
+    return {.kept = kept_configurations({.file_names = file_names_in, .read_file = read_text}, path),
+            .installed = read_text(path).value_or(""),
+            .user_name = user_name,
+            .form = m_arguments.json ? OutputForm::json : OutputForm::text,
+            .out = std::cout};
+}
+
+int Tool::find_kept_text(std::string& text) const {
+    const auto command = kept_command();
+    const auto* one = find_kept(command.kept, m_arguments.admin.number.value_or(0));
+    if (one == nullptr)
+        return fail("No configuration has that number: tickerctl admin restore-config lists what there is.");
+    text = one->text;
+    return 0;
+}
+
+int Tool::show_kept() const {
+    const auto command = kept_command();
+    if (!m_arguments.admin.difference) {
+        command.list();
+        return 0;
+    }
+    const auto* one = find_kept(command.kept, m_arguments.admin.number.value_or(0));
+    if (one == nullptr)
+        return fail("No configuration has that number: tickerctl admin restore-config lists what there is.");
+    command.difference(*one);
+    return 0;
+}
+
 int Tool::admin_request(AdminRequest& request) const {
     const AdminArguments& asked = m_arguments.admin;
     request = {.job = asked.job,
@@ -48,6 +80,8 @@ int Tool::admin_request(AdminRequest& request) const {
                    asked.timeout_seconds.value_or(static_cast<int>(load(m_settings, settings::sync_timeout))),
                .restart = !asked.no_restart && load(m_settings, settings::sync_restart_chronyd),
                .offset_seconds = asked.offset_seconds};
+    if (asked.job == AdminJob::restore_config)
+        return find_kept_text(request.configuration);
     if (asked.job != AdminJob::install_config)
         return 0;
     auto text = read_text(asked.file);
@@ -58,6 +92,9 @@ int Tool::admin_request(AdminRequest& request) const {
 }
 
 int Tool::admin() {
+    const AdminArguments& asked = m_arguments.admin;
+    if (asked.job == AdminJob::restore_config && (asked.list || asked.difference || !asked.number))
+        return show_kept();
     AdminRequest request;
     if (const int result = admin_request(request); result != 0)
         return result;

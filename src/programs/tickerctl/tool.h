@@ -11,6 +11,7 @@
 #include "programs/tickerctl/arguments.h"
 #include "programs/tickerctl/daemon_access.h"
 #include "programs/tickerctl/end_signals.h"
+#include "programs/tickerctl/kept_command.h"
 #include "programs/tickerctl/plot_tracking.h"
 #include "programs/tickerctl/settings_command.h"
 #include "programs/tickerctl/spectrum_command.h"
@@ -73,6 +74,9 @@ private:
     [[nodiscard]] int read_input(std::string& text) const;
     [[nodiscard]] int version_report();
     [[nodiscard]] int admin_request(AdminRequest& request) const;
+    [[nodiscard]] KeptCommand kept_command() const;
+    [[nodiscard]] int find_kept_text(std::string& text) const;
+    [[nodiscard]] int show_kept() const;
     [[nodiscard]] SpectrumChoice spectrum_choice() const;
 
     const Arguments& m_arguments;
