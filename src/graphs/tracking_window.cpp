@@ -27,10 +27,6 @@ namespace {
 constexpr std::size_t ROWS_IN_A_SLICE = 20'000; // some milliseconds
 constexpr std::chrono::milliseconds first_lines_come(300);
 
-double now_in_seconds() {
-    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
-}
-
 double slider_value(const QSlider* slider) {
     return slider->value() / slider_steps;
 }
@@ -41,9 +37,13 @@ void set_slider(QSlider* slider, double value) {
 
 } // namespace
 
+double seconds_of_this_machine() {
+    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+}
+
 TrackingWindow::TrackingWindow(TrackingWindowParts parts)
     : m_parts(std::move(parts)), m_view({.master_timer = m_parts.timer,
-                                         .now = now_in_seconds,
+                                         .now = m_parts.now,
                                          .redraw =
                                              [this] {
                                                  m_controls.trackingView->resize_frame();

@@ -25,6 +25,9 @@ struct LogSettingAnswer {
     std::string configuration; // path of the file asked
 };
 
+// Seconds since 1970, by the machine's clock.
+[[nodiscard]] double seconds_of_this_machine();
+
 // What the window works with; all of it outlives the window.
 struct TrackingWindowParts {
     DefaultSettings& settings;
@@ -37,6 +40,7 @@ struct TrackingWindowParts {
     PlotExportParts exports;
     // Whether chronyd writes the live log; comes back on the main thread. May be missing.
     std::function<void(std::function<void(const LogSettingAnswer&)> done)> ask_log_setting = {};
+    std::function<double()> now = seconds_of_this_machine; // since 1970
 };
 
 class TrackingWindow : public QMainWindow {

@@ -31,6 +31,7 @@ namespace tickervantage {
 namespace {
 
 constexpr int records_in_log = 240; // a minute apart, the last one at 2026-11-21 03:59:00
+constexpr double end_of_log = 1795233540;
 
 std::string log_text() {
     std::string text = "====\n   Date (UTC) Time     IP Address   St   Freq ppm\n====\n";
@@ -105,10 +106,15 @@ struct TrackingWindowTest : ::testing::Test {
             .ask_log_setting =
                 [this](const auto& done) {
                     done({setting, "/etc/chrony.conf"});
+                },
+            .now =
+                [] {
+                    return end_of_log;
                 }});
         QObject::connect(window.get(), &TrackingWindow::block_arrived, [this] { ++blocks; });
         window->windowDidLoad();
         window->set_log(QString::fromUtf8(path), live);
+        window->resize(1000, 560);
         window->show();
     }
 
@@ -239,7 +245,6 @@ TEST_F(TrackingWindowTest, SettingsAreSavedOnClosingButForOneColour) {
 
 TEST_F(TrackingWindowTest, ZoomKeepsTheTimeUnderThePointer) {
     open_and_load();
-    window->view().pauseTime = static_cast<double>(window->records().time(records_in_log - 1));
     auto* area = find<GraphScrollArea>("trackingView");
     area->resize_frame();
     const double pointer = area->visible().width - 260;
@@ -258,7 +263,6 @@ TEST_F(TrackingWindowTest, ZoomKeepsTheTimeUnderThePointer) {
 
 TEST_F(TrackingWindowTest, ReadoutAndExportTellWhatIsInSight) {
     open_and_load();
-    window->view().pauseTime = static_cast<double>(window->records().time(records_in_log - 1));
     auto* area = find<GraphScrollArea>("trackingView");
     area->resize_frame();
     Q_EMIT area->pointed_at(area->frame().width - 60);
