@@ -103,6 +103,28 @@ private:
     std::string m_path = "/tmp/tv-XXXXXX"; // short: a socket's path has little room
 };
 
+[[nodiscard]] inline pid_t parent_of(pid_t pid) {
+    std::ifstream status("/proc/" + std::to_string(pid) + "/status");
+    for (std::string word; status >> word;)
+        if (pid_t parent = -1; word == "PPid:" && status >> parent)
+            return parent;
+    return -1;
+}
+
+// A process that is not ours to wait for.
+class Watched {
+public:
+    explicit Watched(pid_t pid) : m_descriptor(static_cast<int>(syscall(SYS_pidfd_open, pid, 0))) {}
+    [[nodiscard]] bool ends_within(std::chrono::milliseconds limit) const {
+        pollfd wanted{m_descriptor.get(), POLLIN, 0};
+        return m_descriptor.valid() && poll(&wanted, 1, static_cast<int>(limit.count())) == 1;
+    }
+    [[nodiscard]] bool runs() const { return m_descriptor.valid() && !ends_within({}); }
+
+private:
+    FileDescriptor m_descriptor;
+};
+
 class ChildProgram {
 public:
     // What the program prints goes to files in the folder.

@@ -2,6 +2,7 @@
 #include "platform/linux/demonstration.h"
 #include "platform/linux/desktop_applications.h"
 #include "platform/linux/posix_execute.h"
+#include "support/child_program.h"
 
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -22,6 +23,8 @@ namespace tickervantage {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::parent_of;
+using testing::Watched;
 
 std::string first_program(std::initializer_list<const char*> paths) {
     for (const char* path : paths)
@@ -42,27 +45,6 @@ pid_t pid_in(const std::string& path) {
     std::ifstream(path) >> pid;
     return pid;
 }
-
-pid_t parent_of(pid_t pid) {
-    std::ifstream status("/proc/" + std::to_string(pid) + "/status");
-    for (std::string word; status >> word;)
-        if (pid_t parent = -1; word == "PPid:" && status >> parent)
-            return parent;
-    return -1;
-}
-
-// A process to be watched to its end.
-class Watched {
-public:
-    explicit Watched(pid_t pid) : m_descriptor(static_cast<int>(syscall(SYS_pidfd_open, pid, 0))) {}
-    [[nodiscard]] bool ends_within(std::chrono::milliseconds limit) const {
-        pollfd wanted{m_descriptor.get(), POLLIN, 0};
-        return m_descriptor.valid() && poll(&wanted, 1, static_cast<int>(limit.count())) == 1;
-    }
-
-private:
-    FileDescriptor m_descriptor;
-};
 
 class DemonstrationTest : public ::testing::Test {
 protected:

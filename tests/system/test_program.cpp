@@ -12,22 +12,9 @@ namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 using testing::contents;
 using testing::eventually;
+using testing::Watched;
 
 constexpr auto patience = 40s;
-
-// A process that is not ours to wait for.
-class Watched {
-public:
-    explicit Watched(pid_t pid) : m_descriptor(static_cast<int>(syscall(SYS_pidfd_open, pid, 0))) {}
-    [[nodiscard]] bool ends_within(std::chrono::milliseconds limit) const {
-        pollfd wanted{m_descriptor.get(), POLLIN, 0};
-        return m_descriptor.valid() && poll(&wanted, 1, static_cast<int>(limit.count())) == 1;
-    }
-    [[nodiscard]] bool runs() const { return m_descriptor.valid() && !ends_within(0ms); }
-
-private:
-    FileDescriptor m_descriptor;
-};
 
 // The program with its home.
 class Instance {
@@ -122,10 +109,11 @@ TEST_F(ProgramDemonstration, KilledItLeavesNoDaemonAndItsFolderToTheNextRun) {
     ASSERT_TRUE(m_instance.brings_up_daemons()) << program.err();
     const Watched first(m_instance.daemons()[0]);
     const Watched second(m_instance.daemons()[1]);
+    const Watched supervisor(testing::parent_of(m_instance.daemons()[0])); // the last that holds the folder's lock
     program.signal(SIGKILL);
     EXPECT_EQ(program.ends_within(patience), 128 + SIGKILL);
-    EXPECT_TRUE(first.ends_within(patience));
-    EXPECT_TRUE(second.ends_within(patience));
+    for (const auto* other : {&first, &second, &supervisor})
+        EXPECT_TRUE(other->ends_within(patience));
     EXPECT_TRUE(eventually(patience, [&] { return m_instance.daemons().empty(); }));
 
     auto& next = m_instance.start({"--demo"});
