@@ -4,8 +4,12 @@ set(TV_BUNDLE_PROGRAMS ${TV_BUNDLE}/Contents/MacOS)
 set(TV_BUNDLE_RESOURCES ${TV_BUNDLE}/Contents/Resources)
 file(MAKE_DIRECTORY ${TV_BUNDLE_PROGRAMS} ${TV_BUNDLE_RESOURCES})
 
+# All of it: a program without its helper or its tools can do no job that needs root.
+add_custom_target(bundle)
+
 function(tv_program name)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TV_BUNDLE_PROGRAMS})
+  add_dependencies(bundle ${name})
 endfunction()
 
 # A file of resources/ that the program reads at run time.
