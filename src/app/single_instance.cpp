@@ -47,7 +47,7 @@ SingleInstance::Role SingleInstance::begin(const QStringList& files, const QStri
     if (!bus.isConnected())
         return Role::alone;
     // Before the name, so that whoever sees the name finds the object.
-    if (!bus.registerObject(QLatin1String(object_path), this, QDBusConnection::ExportScriptableSlots))
+    if (!bus.registerObject(QLatin1String(object_path), this, QDBusConnection::ExportScriptableInvokables))
         return Role::alone;
     if (bus.registerService(QLatin1String(bus_name)))
         return Role::first;

@@ -30,11 +30,11 @@ public:
 
     void on_another_start(std::function<void(const QStringList& files)> handler) { m_handler = std::move(handler); }
 
-public Q_SLOTS: // called over the bus
-    Q_SCRIPTABLE void Activate(const QVariantMap& platform_data);
-    Q_SCRIPTABLE void Open(const QStringList& addresses, const QVariantMap& platform_data);
-    Q_SCRIPTABLE void ActivateAction(const QString& name, const QVariantList& arguments,
-                                     const QVariantMap& platform_data); // there are none
+    // Called over the bus.
+    Q_INVOKABLE Q_SCRIPTABLE void Activate(const QVariantMap& platform_data);
+    Q_INVOKABLE Q_SCRIPTABLE void Open(const QStringList& addresses, const QVariantMap& platform_data);
+    Q_INVOKABLE Q_SCRIPTABLE void ActivateAction(const QString& name, const QVariantList& arguments,
+                                                 const QVariantMap& platform_data); // there are none
 
 private:
     void start_again(const QStringList& files, const QVariantMap& platform_data);

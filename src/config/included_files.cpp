@@ -23,6 +23,7 @@ std::string from_root(std::string_view path) {
 std::vector<std::string> matches(const std::string& pattern) {
     glob_t found{};
     std::vector<std::string> paths;
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): only where a tilde stands for somebody's home
     if (glob(pattern.c_str(), GLOB_ERR, nullptr, &found) == 0)
         for (std::size_t i = 0; i < found.gl_pathc && i < most_included_files; ++i)
             paths.emplace_back(found.gl_pathv[i]);
@@ -40,6 +41,7 @@ std::vector<std::string> files_in(const std::vector<std::string_view>& folders, 
                 by_name.emplace(name, entry->path().string());
     }
     std::vector<std::string> paths;
+    paths.reserve(by_name.size());
     for (const auto& [name, path] : by_name)
         paths.push_back(path);
     return paths;
