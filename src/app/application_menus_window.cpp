@@ -42,7 +42,7 @@ std::vector<Item> file_items() {
         {"checkForUpdates", QT_TRANSLATE_NOOP("menus", "Check for &Updates…"), {}},
         separator,
         {"closeWindow", QT_TRANSLATE_NOOP("menus", "&Close Window"), QKeySequence::Close},
-        {"quit", QT_TRANSLATE_NOOP("menus", "&Quit"), QKeySequence::Quit}};
+        {"quit", QT_TRANSLATE_NOOP("menus", "&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q)}};
 }
 
 std::vector<Item> view_items() {
