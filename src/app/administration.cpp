@@ -1,6 +1,7 @@
 #include "app/administration.h"
 
 #include "app/alert_window.h"
+#include "app/former_configurations.h"
 #include "instruments/warning_register.h"
 #include "mainwindow/status_cycle.h"
 #include "platform/qt/spoken.h"
@@ -102,6 +103,21 @@ Administration::Administration(AdministrationParts parts)
 
 Administration::~Administration() = default;
 
+void Administration::add_handlers(MenuHandlers& handlers) {
+    m_menu.add_handlers(handlers);
+    add_former_configurations_handler({.jobs = m_jobs,
+                                       .queue = m_parts.machine.queue("net.brisklane.history"),
+                                       .main_thread = m_parts.main_thread,
+                                       .probes = m_parts.machine.probes,
+                                       .configuration = [this] { return m_parts.general.config; },
+                                       .window = m_parts.window,
+                                       .changed =
+                                           [this] {
+                                               m_parts.cycle().refresh();
+                                           }},
+                                      handlers);
+}
+
 ShowAlert Administration::show() {
     return [this](const Alert& alert, std::function<void(AlertAnswer)> answered) {
         show_alert(m_parts.window(), alert, std::move(answered));
@@ -174,7 +190,7 @@ void explain_missing_administration(const ApplicationMenus& menus) {
     const QString words = Texts::tr("Not in a demonstration: it leaves your system as it is");
     for (const char* name : job_actions)
         menus.actions.at(name)->setToolTip(words);
-    for (const char* name : {"synchServer", "stepTime"})
+    for (const char* name : {"synchServer", "stepTime", "formerConfigurations"})
         menus.actions.at(name)->setToolTip(words);
 }
 

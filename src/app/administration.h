@@ -49,6 +49,9 @@ public:
     [[nodiscard]] AdministrativeJobs& jobs() { return m_jobs; }
     [[nodiscard]] PrivilegedMenu& menu() { return m_menu; }
 
+    // Of the menu's items that administer.
+    void add_handlers(MenuHandlers& handlers);
+
     // Once for each load of the main window.
     void offer_installation() { m_offers.start(); }
 

@@ -436,7 +436,7 @@ MenuHandlers AppDelegate::menu_handlers() {
                            }}};
     m_help->add_handlers(handlers);
     if (m_administration) {
-        m_administration->menu().add_handlers(handlers);
+        m_administration->add_handlers(handlers);
         add_clock_setting_handlers({.jobs = m_administration->jobs(),
                                     .settings = m_parts.cycle.settings,
                                     .window = [this] { return m_main_window.get(); },

@@ -64,6 +64,7 @@ std::vector<Item> action_items() {
             {"stopChrony", QT_TRANSLATE_NOOP("menus", "S&top chronyd"), {}},
             {"runChronywake", QT_TRANSLATE_NOOP("menus", "Run chrony&wake"), {}},
             separator,
+            {"formerConfigurations", QT_TRANSLATE_NOOP("menus", "&Former Configurations…"), {}},
             {"rotateLogs", QT_TRANSLATE_NOOP("menus", "&Rotate Logs"), {}},
             {"synchServer", QT_TRANSLATE_NOOP("menus", "S&ynchronise Now…"), {}},
             {"stepTime", QT_TRANSLATE_NOOP("menus", "Step the &Clock…"), {}}};

@@ -17,7 +17,7 @@ struct Texts {
 /* TRANSLATOR administration
    main window: jobs that need administrator rights, and what is told of them while and after they run. */
 // Made in the catalogue of jobs.
-[[maybe_unused]] constexpr std::array<const char*, 10> progress_texts{
+[[maybe_unused]] constexpr std::array<const char*, 11> progress_texts{
     QT_TRANSLATE_NOOP("administration", "Installing chrony software"),
     QT_TRANSLATE_NOOP("administration", "Removing chrony software"),
     QT_TRANSLATE_NOOP("administration", "Starting chronyd daemon"),
@@ -26,6 +26,7 @@ struct Texts {
     QT_TRANSLATE_NOOP("administration", "Removing chronywake"),
     QT_TRANSLATE_NOOP("administration", "Running chronywake"),
     QT_TRANSLATE_NOOP("administration", "Installing the configuration"),
+    QT_TRANSLATE_NOOP("administration", "Bringing back a configuration"),
     QT_TRANSLATE_NOOP("administration", "Rotating chrony's logs"),
     QT_TRANSLATE_NOOP("administration", "Synchronising the clock")};
 

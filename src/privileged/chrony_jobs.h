@@ -37,6 +37,7 @@ struct JobSetting {
 struct JobProbes {
     FileExists file_exists;
     std::function<std::optional<std::string>(const std::string& path)> read_file = {}; // none: it cannot be read
+    std::function<std::vector<std::string>(const std::string& folder)> file_names = {};
     std::function<ConfigError(const std::string& text)> check_syntax = {};
     std::function<std::string()> find_chronywake = {}; // in the folders of programs; empty: not there
     // Whether the daemon that was just started stays up. The unit is empty for our own. May take seconds.

@@ -1,6 +1,7 @@
 #include "privileged/job_environment.h"
 
 #include "privileged/daemon_watch.h"
+#include "privileged/kept_configurations.h"
 #include "programs/chronywake/arguments.h"
 
 #include <filesystem>
@@ -63,6 +64,7 @@ JobProbes make_job_probes(const JobMachine& machine) {
     const DaemonWatch watch{.execute = machine.execute, .form = machine.form, .pause = machine.pause};
     return {.file_exists = file_exists,
             .read_file = machine.read_file,
+            .file_names = file_names_in,
             .check_syntax = [machine](const std::string& text) { return check_syntax(machine, text); },
             .find_chronywake = [machine] { return find_chronywake(machine); },
             .daemon_survives =

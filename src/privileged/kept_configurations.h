@@ -3,7 +3,7 @@
 // Reads files that everybody may read, and blocks for as long as the disk does. Any thread.
 #pragma once
 
-#include "privileged/configuration_history.h"
+#include "privileged/helper_history.h"
 
 #include <functional>
 #include <optional>

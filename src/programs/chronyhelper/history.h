@@ -4,7 +4,7 @@
 // by root alone, and everybody may read it.
 #pragma once
 
-#include "privileged/configuration_history.h"
+#include "privileged/helper_history.h"
 
 #include <cstdint>
 #include <string>

@@ -1,4 +1,4 @@
-#include "privileged/configuration_history.h"
+#include "privileged/helper_history.h"
 
 #include <array>
 #include <charconv>
