@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <ctime>
 
 namespace tickervantage {
 
@@ -15,7 +14,7 @@ namespace {
 constexpr std::int64_t EPOCH_2001 = 978'307'200; // 2001-01-01 00:00:00 UTC, in seconds since 1970
 constexpr double NARROWEST_TICKS = 5;
 constexpr double NARROWEST_LABELS = 30;
-constexpr double LABEL_WIDTH = 30;
+constexpr double LABEL_WIDTH = 30; // of a time
 constexpr double LABEL_HEIGHT = 20;
 constexpr double LABEL_MARGIN = 64; // a label is in sight up to here from its tick; "-10000 s" is the longest
 constexpr double LONG_TICK = 8;
@@ -26,6 +25,13 @@ constexpr double GRID_DASH = 3;
 constexpr double GRID_GAP = 2;
 constexpr std::int64_t LAST_DECADE = 10'000'000'000;
 constexpr double LONGEST_STEP = 1e12; // seconds; far beyond any log
+constexpr std::int64_t DAY = 86400;
+constexpr double TIMES_BELOW = 17; // the zero line: the labels' middles
+constexpr double DATES_BELOW = 30;
+constexpr double DATE_WIDTH = 68; // of "2026-11-21" in the wider among the usual fonts
+constexpr double DATE_AIR = 8;    // least distance of two dates
+constexpr double DATE_GAP = 3;    // from the mark where a day begins
+constexpr double DATE_MARK = 6;   // half its length
 
 // The labels are drawn as they come; the lines are gathered into two paths and drawn over the data at the end.
 class AxesPainter {
@@ -36,7 +42,11 @@ public:
 
     void draw() {
         add_line(m_axes, m_origin, {0, m_origin.y});
-        add_time_ticks();
+        if (std::abs(m_input.time) < LONGEST_STEP && minor_time_step(m_input.xscale) > 0) {
+            add_time_ticks();
+            add_time_labels();
+            add_dates();
+        }
         add_line(m_axes, {m_axis_x, 0}, {m_axis_x, m_input.bounds.height});
         if (m_input.values.use_logscale)
             add_logarithmic_ticks();
@@ -49,9 +59,14 @@ public:
     }
 
 private:
+    template <typename Add>
+    void walk_back(std::int64_t step, const Add& add) const;
     void add_time_ticks();
-    void add_time_tick(std::int64_t moment, double x);
+    void add_time_labels();
     void add_time_label(std::int64_t moment, double x);
+    void add_dates();
+    void add_date(std::int64_t day, double x, double limit);
+    void add_day_mark(double x);
     void add_linear_ticks();
     void add_logarithmic_ticks();
     bool add_logarithmic_tick(std::int64_t value, std::int64_t decade);
@@ -79,10 +94,9 @@ private:
     Path m_grid;
 };
 
-void AxesPainter::add_time_ticks() {
-    const std::int64_t step = minor_time_step(m_input.xscale);
-    if (step == 0 || !(std::abs(m_input.time) < LONGEST_STEP))
-        return;
+// From the newest multiple of the step (counted from 2001) to the left, as far as it is in sight.
+template <typename Add>
+void AxesPainter::walk_back(std::int64_t step, const Add& add) const {
     const std::int64_t now = static_cast<std::int64_t>(std::floor(m_input.time + 0.5)) - EPOCH_2001;
     const std::int64_t past_tick = ((now % step) + step) % step;
     const double step_points = static_cast<double>(step) * m_input.xscale;
@@ -93,24 +107,72 @@ void AxesPainter::add_time_ticks() {
         const double x = first_x - static_cast<double>(tick) * step_points;
         if (!(x > 0 && x >= leftmost))
             return;
-        add_time_tick(now - past_tick - tick * step, x);
+        add(now - past_tick - tick * step, x);
     }
 }
 
-void AxesPainter::add_time_tick(std::int64_t moment, double x) {
-    const double half = tick_half_length(moment);
-    add_line(m_axes, {x, m_origin.y - half}, {x, m_origin.y + half});
-    if (!has_time_label(moment, m_input.xscale))
+void AxesPainter::add_time_ticks() {
+    walk_back(minor_time_step(m_input.xscale), [this](std::int64_t moment, double x) {
+        const double half = tick_half_length(moment);
+        add_line(m_axes, {x, m_origin.y - half}, {x, m_origin.y + half});
+    });
+}
+
+void AxesPainter::add_time_labels() {
+    const std::int64_t interval = time_label_interval(m_input.xscale);
+    if (interval == 0)
         return;
-    add_time_label(moment, x);
-    add_upright_grid(x);
+    walk_back(interval, [this](std::int64_t moment, double x) {
+        add_time_label(moment, x);
+        add_upright_grid(x);
+    });
 }
 
 void AxesPainter::add_time_label(std::int64_t moment, double x) {
-    const Rect box = integral({x + 2 - LABEL_WIDTH / 2, m_origin.y - 17, LABEL_WIDTH, LABEL_HEIGHT});
+    const Rect box = integral({x + 2 - LABEL_WIDTH / 2, m_origin.y - TIMES_BELOW, LABEL_WIDTH, LABEL_HEIGHT});
     const bool in_sight = box.y >= m_sight.y && box.y <= upper_edge(m_sight);
     if (in_sight && right_edge(box) < m_origin.x)
-        drawLabel(m_canvas, m_input.format_time(moment + EPOCH_2001), LABEL_SIZE, m_input.color, box.x, box.y, 0.75);
+        drawLabel(m_canvas, hours_minutes(moment + EPOCH_2001, m_input.zone), LABEL_SIZE, m_input.color, box.x, box.y,
+                  0.75);
+}
+
+// From right to left. What is left of the leftmost date belongs to the day before.
+void AxesPainter::add_dates() {
+    const std::int64_t days = date_label_days(m_input.xscale);
+    const auto moment_at = [this](double x) {
+        return to_integer(std::floor(m_input.time + (x - m_origin.x) / m_input.xscale));
+    };
+    const double left = std::max(0.0, m_input.visible.x);
+    const double right = std::min(m_origin.x, right_edge(m_input.visible));
+    if (days == 0 || !(left < right))
+        return;
+    const bool has_times = time_label_interval(m_input.xscale) != 0;
+    const std::int64_t oldest = day_of(moment_at(left), m_input.zone);
+    constexpr std::int64_t FIRST_MONDAY = 4; // 1970-01-05
+    std::int64_t day = day_of(moment_at(right), m_input.zone);
+    day -= ((day - FIRST_MONDAY) % days + days) % days;
+    double leftmost = m_axis_x;
+    for (; day > oldest; day -= days) {
+        const auto start = static_cast<double>(day_start(day, m_input.zone));
+        const double x = m_origin.x - (m_input.time - start) * m_input.xscale;
+        leftmost = x;
+        add_day_mark(x);
+        if (!has_times)
+            add_upright_grid(x);
+        add_date(day, x + DATE_GAP, m_axis_x); // without room for it the mark stands alone
+    }
+    add_date(oldest, left + DATE_GAP, leftmost - DATE_AIR);
+}
+
+void AxesPainter::add_date(std::int64_t day, double x, double limit) {
+    if (x + DATE_WIDTH > limit)
+        return;
+    value_label(date_of_day(day), x, std::floor(m_origin.y - DATES_BELOW), 0.75);
+}
+
+void AxesPainter::add_day_mark(double x) {
+    const double middle = std::floor(m_origin.y - DATES_BELOW);
+    add_line(m_axes, {x, middle - DATE_MARK}, {x, middle + DATE_MARK});
 }
 
 // Starts below what is in sight by whole dashes, so that they do not crawl while the user scrolls.
@@ -176,15 +238,6 @@ void AxesPainter::add_decade_labels(std::int64_t decade, double offset) {
 
 } // namespace
 
-std::string local_hours_minutes(std::int64_t moment) {
-    const auto time = static_cast<std::time_t>(moment);
-    std::tm parts{};
-    std::array<char, 8> text{};
-    if (localtime_r(&time, &parts) == nullptr)
-        return {};
-    return {text.data(), std::strftime(text.data(), text.size(), "%H:%M", &parts)};
-}
-
 void draw_axes(Canvas& canvas, const AxesInput& input, Point origin) {
     AxesPainter(canvas, input, origin).draw();
 }
@@ -209,11 +262,30 @@ double tick_half_length(std::int64_t moment) {
     return minute % 5 == 0 ? 4 : 3;
 }
 
-bool has_time_label(std::int64_t moment, double xscale) {
-    constexpr std::array<std::int64_t, 8> CANDIDATES{28800, 14400, 7200, 3600, 1800, 900, 300, 60};
-    return std::ranges::any_of(CANDIDATES, [&](std::int64_t interval) {
-        return moment % interval == 0 && static_cast<double>(interval) * xscale > NARROWEST_LABELS;
+std::int64_t time_label_interval(double xscale) {
+    constexpr std::array<std::int64_t, 8> CANDIDATES{60, 300, 900, 1800, 3600, 7200, 14400, 28800};
+    const auto* found = std::ranges::find_if(CANDIDATES, [xscale](std::int64_t interval) {
+        return static_cast<double>(interval) * xscale > NARROWEST_LABELS;
     });
+    return found == CANDIDATES.end() ? 0 : *found;
+}
+
+std::int64_t date_label_days(double xscale) {
+    constexpr double ROOM = DATE_GAP + DATE_WIDTH + DATE_AIR;
+    constexpr std::int64_t WEEK = 7;
+    if (minor_time_step(xscale) == 0)
+        return 0;
+    // A day may be an hour or two shorter than usual.
+    const auto has_room = [xscale](std::int64_t days) {
+        return (static_cast<double>(days * DAY) - 7200) * xscale >= ROOM;
+    };
+    for (const std::int64_t few : {1, 2})
+        if (has_room(few))
+            return few;
+    std::int64_t days = WEEK;
+    while (!has_room(days))
+        days *= 2;
+    return days;
 }
 
 } // namespace tickervantage

@@ -1,24 +1,20 @@
 // The axes of a time-series graph: time leftwards from its origin, values up and down from a zero line, labels, grid.
 //
+// Below the zero line stand the times, and below them the dates, each right of a mark where its day begins; the date
+// of the day that began out of sight stands at the left.
+//
 // Everything follows from the record below; nothing is kept between two frames. Only what lies in sight is walked, so
 // that a frame that is wide enough for a log of years costs no more than one that fits on the screen. Points of the
 // graph's frame, y up; the canvas shows the frame's own coordinates. One thread.
 #pragma once
 
+#include "graphs/local_clock.h"
 #include "graphs/value_scale.h"
 #include "platform/canvas.h"
 
 #include <cstdint>
-#include <functional>
-#include <string>
 
 namespace tickervantage {
-
-// Writes a moment (seconds since 1970-01-01 00:00:00 UTC) as "HH:mm" of the user's time zone.
-using FormatTime = std::function<std::string(std::int64_t)>;
-
-// The machine's own time zone.
-[[nodiscard]] std::string local_hours_minutes(std::int64_t moment);
 
 struct AxesInput {
     Rect bounds;       // of the frame
@@ -28,7 +24,7 @@ struct AxesInput {
     double right_margin = 60;
     ValueScale values;
     Ink color;
-    FormatTime format_time;
+    ZoneOffset zone; // of the labels' times and dates
 };
 
 void draw_axes(Canvas& canvas, const AxesInput& input, Point origin);
@@ -40,7 +36,11 @@ void draw_axes(Canvas& canvas, const AxesInput& input, Point origin);
 // From 7 for full hours to 3 for odd minutes. The moment is counted from 2001-01-01 00:00:00 UTC.
 [[nodiscard]] double tick_half_length(std::int64_t moment);
 
-// Whether a label's worth of room, 30 points, lies between the ticks of some round interval that this one belongs to.
-[[nodiscard]] bool has_time_label(std::int64_t moment, double xscale);
+// Seconds between two labelled times: the shortest round interval that is longer than a label's worth of room, 30
+// points. Labels stand at its multiples, counted as above, whether or not a tick stands there. 0: there is none.
+[[nodiscard]] std::int64_t time_label_interval(double xscale);
+
+// Days between two dates: as few as have room for one, whole weeks where they are more than 2. 0 as minor_time_step.
+[[nodiscard]] std::int64_t date_label_days(double xscale);
 
 } // namespace tickervantage

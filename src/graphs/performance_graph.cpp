@@ -96,7 +96,7 @@ void PerformanceGraph::drawAxes(Canvas& canvas, Point origin, Rect bounds, Rect 
                .right_margin = static_cast<double>(xaxis_offset),
                .values = value_scale(),
                .color = axesColor,
-               .format_time = m_parts.format_time},
+               .zone = m_parts.zone},
               origin);
 }
 

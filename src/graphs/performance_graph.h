@@ -28,9 +28,9 @@ struct OffsetRange {
 
 struct GraphParts {
     MasterTimer& master_timer;
-    std::function<double()> now;       // the present, seconds since 1970, with fractions
-    std::function<void()> redraw = {}; // asks for a redraw soon; must not draw there and then
-    FormatTime format_time = local_hours_minutes;
+    std::function<double()> now;           // the present, seconds since 1970, with fractions
+    std::function<void()> redraw = {};     // asks for a redraw soon; must not draw there and then
+    ZoneOffset zone = machine_zone_offset; // of the times and dates on the axis
 };
 
 class PerformanceGraph {

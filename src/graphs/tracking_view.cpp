@@ -1,5 +1,6 @@
 #include "graphs/tracking_view.h"
 
+#include "graphs/graph_geometry.h"
 #include "graphs/series_painter.h"
 
 #include <algorithm>
@@ -26,8 +27,10 @@ std::optional<LogEnds> TrackingView::add_line(std::string_view line) {
     std::optional<LogTime> oldest;
     if (filtertimestamps && m_livetracking)
         oldest = to_integer(std::ceil(now() - display_data_range));
-    if (m_chronytracking.add_line(line, oldest) == TrackingRecords::Added::record)
+    if (m_chronytracking.add_line(line, oldest) == TrackingRecords::Added::record) {
         m_stretches.record_added(m_chronytracking);
+        m_latest = std::max(m_latest, m_chronytracking.time(m_chronytracking.size() - 1));
+    }
     if (m_chronytracking.empty())
         return std::nullopt;
     return LogEnds{m_chronytracking.time(0), m_chronytracking.time(m_chronytracking.size() - 1)};
@@ -36,6 +39,7 @@ std::optional<LogEnds> TrackingView::add_line(std::string_view line) {
 void TrackingView::clear() {
     m_chronytracking.clear();
     m_stretches.clear();
+    m_latest = std::numeric_limits<LogTime>::min();
 }
 
 TimeAxis TrackingView::time_axis(Point origin) const {
@@ -57,6 +61,16 @@ void TrackingView::drawData(Canvas& canvas, Point origin, Rect visible) {
     }
     for (auto& of_series : m_values_in_sight)
         of_series.clear();
+    cover_later_records(canvas, origin, visible);
+}
+
+// Records that came while the graph was paused, or from a clock that was ahead: the labels have their place.
+void TrackingView::cover_later_records(Canvas& canvas, Point origin, Rect visible) const {
+    const double width = right_edge(visible) - origin.x;
+    if (static_cast<double>(m_latest) <= right_end() || width <= 0)
+        return;
+    const Rect margin{std::max(origin.x, visible.x), visible.y, std::min(width, visible.width), visible.height};
+    canvas.fill_rects(std::span(&margin, 1), ColorRole::text_background);
 }
 
 double TrackingView::dataTimespan() const {
@@ -84,11 +98,14 @@ std::optional<Readout> TrackingView::readout(double x, Rect bounds) const {
     std::optional<Readout> nearest;
     const auto consider = [&](std::size_t record) {
         const LogTime time = m_chronytracking.time(record);
+        if (axis.x(time) > axis.origin.x)
+            return;
         if (!nearest || std::abs(axis.x(time) - x) <= std::abs(nearest->x - x))
             nearest = Readout{.record = record, .time = time, .x = axis.x(time)};
     };
+    const double sought = std::min(x, axis.origin.x);
     for (const RecordSpan& stretch : m_stretches.from(*oldest, m_chronytracking.size())) {
-        const std::size_t right = first_at(m_chronytracking, axis, stretch, x);
+        const std::size_t right = first_at(m_chronytracking, axis, stretch, sought);
         if (right > stretch.first)
             consider(right - 1);
         if (right < stretch.end)
@@ -100,7 +117,10 @@ std::optional<Readout> TrackingView::readout(double x, Rect bounds) const {
 }
 
 std::vector<RecordSpan> TrackingView::in_sight(Rect bounds, Rect visible) const {
-    return records_in_sight(m_chronytracking, m_stretches, time_axis(time_origin(bounds)), visible);
+    const TimeAxis axis = time_axis(time_origin(bounds));
+    constexpr double HAIR = 1e-6; // a box's right edge does not belong to it, the newest moment does
+    visible.width = std::min(visible.width, axis.origin.x + HAIR - visible.x);
+    return records_in_sight(m_chronytracking, m_stretches, axis, visible);
 }
 
 } // namespace tickervantage

@@ -12,6 +12,7 @@
 #include "platform/color.h"
 
 #include <array>
+#include <limits>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -47,7 +48,7 @@ public:
 
     [[nodiscard]] const TrackingRecords& records() const { return m_chronytracking; }
 
-    // The record nearest to an x coordinate; none when nothing is drawn.
+    // The record nearest to an x coordinate, of those up to the right end; none when nothing is drawn.
     [[nodiscard]] std::optional<Readout> readout(double x, Rect bounds) const;
 
     // The records in the part in sight, in runs of neighbours; several only where the clock was stepped back.
@@ -60,10 +61,12 @@ protected:
 
 private:
     [[nodiscard]] TimeAxis time_axis(Point origin) const;
+    void cover_later_records(Canvas& canvas, Point origin, Rect visible) const;
 
     TrackingRecords m_chronytracking;
     TimeStretches m_stretches;
-    TrackingRecords::AllValues m_values_in_sight; // empty between frames; kept for its memory
+    LogTime m_latest = std::numeric_limits<LogTime>::min(); // of all records' times
+    TrackingRecords::AllValues m_values_in_sight;           // empty between frames; kept for its memory
 };
 
 } // namespace tickervantage

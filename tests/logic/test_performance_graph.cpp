@@ -20,22 +20,21 @@ constexpr double NOON = 1'795'262'400; // 2026-11-21 12:00:00 UTC
 constexpr Rect FRAME{0, 0, 1000, 400};
 constexpr Point ORIGIN{940, 200};
 
-std::string utc_hours_minutes(std::int64_t moment) {
-    const auto two = [](std::int64_t number) {
-        return (number < 10 ? "0" : "") + std::to_string(number);
-    };
-    return two(moment / 3600 % 24) + ":" + two(moment / 60 % 60);
-}
-
 class PerformanceGraphTest : public ::testing::Test {
 protected:
     ManualMasterTimer timer;
     double now = NOON;
     int redraws = 0;
+    ZoneOffset zone = [](std::int64_t) {
+        return 0;
+    };
     PerformanceGraph graph{GraphParts{.master_timer = timer,
                                       .now = [this] { return now; },
                                       .redraw = [this] { ++redraws; },
-                                      .format_time = utc_hours_minutes}};
+                                      .zone =
+                                          [this](std::int64_t moment) {
+                                              return zone(moment);
+                                          }}};
 
     RecordingCanvas drawn(Rect bounds = FRAME) { return drawn(bounds, bounds); }
     RecordingCanvas drawn(Rect bounds, Rect visible) {
@@ -67,6 +66,11 @@ std::map<long, double> time_ticks(const RecordingCanvas& canvas, double origin_x
 const RecordingCanvas::Text* find_text(const RecordingCanvas& canvas, std::string_view text) {
     const auto found = std::ranges::find(canvas.texts, text, &RecordingCanvas::Text::text);
     return found == canvas.texts.end() ? nullptr : &*found;
+}
+
+bool meet(Rect one, Rect other) {
+    return one.x < right_edge(other) && other.x < right_edge(one) && one.y < upper_edge(other) &&
+           other.y < upper_edge(one);
 }
 
 TEST_F(PerformanceGraphTest, StartsWithTheDocumentedValues) {
@@ -120,12 +124,105 @@ TEST(TimeAxis, StepsAndLabelsFollowTheScale) {
                             Case{1.0 / 60, 300, 3600}, Case{1.0 / 61, 600, 3600}, Case{1.0 / 240, 1200, 14400},
                             Case{1e-4, 50100, 0}, Case{1.0 / 60 * 5 / 7, 600, 3600}}) {
         EXPECT_EQ(minor_time_step(one.xscale), one.step) << one.xscale;
-        for (const int interval : {60, 300, 900, 1800, 3600, 7200, 14400, 28800})
-            EXPECT_EQ(has_time_label(interval, one.xscale), one.labelled != 0 && interval >= one.labelled)
-                << one.xscale << " " << interval;
+        EXPECT_EQ(time_label_interval(one.xscale), one.labelled) << one.xscale;
     }
     for (const double none : {0.0, -1.0, std::nan(""), 1e-300})
         EXPECT_EQ(minor_time_step(none), 0);
+}
+
+// Central European time, and one whose clocks are put forward over midnight; both over the night of 2026-03-28.
+constexpr std::int64_t LAST_OF_MARCH = 1'774'656'000; // 2026-03-28 00:00 UTC
+std::int64_t central_european(std::int64_t moment) {
+    return moment < LAST_OF_MARCH + 25 * 3600 ? 3600 : 7200;
+}
+std::int64_t without_midnight(std::int64_t moment) {
+    return moment < LAST_OF_MARCH + 19 * 3600 ? 5 * 3600 : 6 * 3600;
+}
+std::int64_t back_over_midnight(std::int64_t moment) {
+    return moment < LAST_OF_MARCH + 19 * 3600 ? 5 * 3600 : 4 * 3600;
+}
+std::int64_t india(std::int64_t) {
+    return 19'800;
+}
+
+TEST(LocalClock, DaysBeginWhereTheCalendarChanges) {
+    constexpr std::int64_t THE_29TH = LAST_OF_MARCH / 86400 + 1;
+    struct Case {
+        const char* name;
+        ZoneOffset zone;
+        std::int64_t day;
+        std::int64_t hours; // after LAST_OF_MARCH
+        const char* clock;
+    };
+    for (const auto& one : {Case{"winter", central_european, THE_29TH, 23, "00:00"},
+                            {"summer", central_european, THE_29TH + 1, 46, "00:00"},
+                            {"no midnight", without_midnight, THE_29TH, 19, "01:00"}}) {
+        const std::int64_t start = day_start(one.day, one.zone);
+        EXPECT_EQ(start, LAST_OF_MARCH + one.hours * 3600) << one.name;
+        EXPECT_EQ(hours_minutes(start, one.zone), one.clock) << one.name;
+        EXPECT_EQ(date_of_day(day_of(start - 1, one.zone)), date_of_day(one.day - 1)) << one.name;
+    }
+    const std::int64_t twice = day_start(THE_29TH, back_over_midnight);
+    EXPECT_EQ(day_of(twice, back_over_midnight), THE_29TH);
+    EXPECT_LT(day_of(twice - 1, back_over_midnight), THE_29TH);
+    EXPECT_EQ(date_of_day(-1), "1969-12-31");
+}
+
+// The moment that a place on the drawing stands for, and the label's box as wide as its letters may be.
+struct Placed {
+    std::string text;
+    double moment;
+    Rect box;
+};
+
+TEST_F(PerformanceGraphTest, LabelsTellTheTimeOfTheirPlaceAndNeverMeet) {
+    now = static_cast<double>(LAST_OF_MARCH + 40 * 3600 + 754);
+    for (const auto& one : {ZoneOffset(central_european), ZoneOffset(without_midnight), ZoneOffset(india)}) {
+        zone = one;
+        for (double zoom = -12; zoom <= 5; zoom += 0.05)
+            for (const double width : {120.0, 251.0, 1000.0, 2600.0}) {
+                graph.set_horizontal_zoom(zoom);
+                const auto canvas = drawn({0, 0, width, 400});
+                std::vector<Placed> labels;
+                for (const auto& text : canvas.texts) {
+                    const bool is_date = text.text.size() == 10 && text.text[4] == '-';
+                    if (!is_date && (text.text.size() != 5 || text.text[2] != ':'))
+                        continue;
+                    const double x = text.box.x + (is_date ? -3 : 13);
+                    labels.push_back({text.text,
+                                      now - (width - 60 - x) / graph.xscale,
+                                      {text.box.x, text.box.center().y - 6, is_date ? 66.0 : 29.9, 12}});
+                }
+                for (std::size_t i = 0; i < labels.size(); ++i) {
+                    const auto moment = static_cast<std::int64_t>(std::llround(labels[i].moment));
+                    const auto slack = static_cast<std::int64_t>(1.5 / graph.xscale) + 1; // whole points
+                    if (labels[i].text.size() == 5) {
+                        const std::int64_t interval = time_label_interval(graph.xscale);
+                        ASSERT_NE(interval, 0);
+                        const std::int64_t at = (moment + slack) / interval * interval;
+                        EXPECT_NEAR(static_cast<double>(at), labels[i].moment, static_cast<double>(slack));
+                        EXPECT_EQ(labels[i].text, hours_minutes(at, zone)) << "zoom " << zoom;
+                    } else {
+                        EXPECT_EQ(labels[i].text, date_of_day(day_of(moment, zone))) << "zoom " << zoom;
+                    }
+                    for (std::size_t j = i + 1; j < labels.size(); ++j)
+                        EXPECT_FALSE(meet(labels[i].box, labels[j].box))
+                            << labels[i].text << " and " << labels[j].text << " at zoom " << zoom;
+                }
+                EXPECT_EQ(std::ranges::any_of(labels, [](const auto& label) { return label.text.size() == 10; }),
+                          width > 140)
+                    << "zoom " << zoom << ": what day it is";
+            }
+    }
+}
+
+TEST_F(PerformanceGraphTest, LabelsStandEveryFourHoursWhereTicksOfTwentyFiveMinutesDoNot) {
+    graph.xscale = 1.0 / 290;
+    EXPECT_EQ(minor_time_step(graph.xscale), 1500);
+    const auto canvas = drawn({0, 0, 400, 400});
+    for (const char* hour : {"08:00", "04:00", "00:00", "20:00", "16:00"})
+        EXPECT_NE(find_text(canvas, hour), nullptr) << hour;
+    EXPECT_NE(find_text(canvas, "2026-11-21"), nullptr);
 }
 
 TEST_F(PerformanceGraphTest, LogarithmicAxisLabelsDecadesOnBothSides) {

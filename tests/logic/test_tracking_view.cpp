@@ -48,9 +48,9 @@ protected:
     TrackingView view{GraphParts{.master_timer = timer,
                                  .now = [this] { return now; },
                                  .redraw = {},
-                                 .format_time =
+                                 .zone =
                                      [](std::int64_t) {
-                                         return std::string("00:00");
+                                         return 0;
                                      }}};
 
     void SetUp() override {
@@ -262,6 +262,23 @@ INSTANTIATE_TEST_SUITE_P(Logs, ThinnedDrawing,
                                            RandomLog{"gaps_and_steps", 8000, 16, 0.2, 0.02, 1.0 / 60},
                                            RandomLog{"wide", 3000, 16, 0, 0.01, 32.0 / 15}),
                          [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_F(TrackingViewTest, RecordsNewerThanTheRightEndAreNeitherSeenNorRead) {
+    for (int i = 0; i < 10; ++i)
+        view.add_line(log_line(NOON - 540 + 60 * i, "5.000e-06"));
+    const Rect bounds{0, 0, 360, 200};
+    EXPECT_TRUE(drawn(bounds, bounds).boxes.empty()) << "nothing to cover";
+    now -= 300; // the clock that wrote them was ahead
+    const auto canvas = drawn(bounds, bounds);
+    ASSERT_FALSE(canvas.boxes.empty());
+    EXPECT_EQ(canvas.boxes.back().boxes, (std::vector<Rect>{{300, 0, 60, 200}}));
+    EXPECT_EQ(canvas.boxes.back().ink, Ink(ColorRole::text_background));
+    EXPECT_EQ(view.readout(359, bounds)->time, NOON - 300);
+    std::size_t rows = 0;
+    for (const RecordSpan& span : view.in_sight(bounds, bounds))
+        rows += span.end - span.first;
+    EXPECT_EQ(rows, 5U);
+}
 
 TEST_F(TrackingViewTest, DrawsFewThingsOfManyRecords) {
     view.shown.fill(true);
