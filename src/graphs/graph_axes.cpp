@@ -27,11 +27,12 @@ constexpr std::int64_t LAST_DECADE = 10'000'000'000;
 constexpr double LONGEST_STEP = 1e12; // seconds; far beyond any log
 constexpr std::int64_t DAY = 86400;
 constexpr double TIMES_BELOW = 17; // the zero line: the labels' middles
-constexpr double DATES_BELOW = 30;
-constexpr double DATE_WIDTH = 68; // of "2026-11-21" in the wider among the usual fonts
-constexpr double DATE_AIR = 8;    // least distance of two dates
-constexpr double DATE_GAP = 3;    // from the mark where a day begins
-constexpr double DATE_MARK = 6;   // half its length
+constexpr double DATES_ABOVE = 10; // the lower edge in sight: there seldom are data
+constexpr double DATES_ASIDE = 18; // above the zero line, where that edge is too near the times
+constexpr double DATE_WIDTH = 68;  // of "2026-11-21" in the wider among the usual fonts
+constexpr double DATE_AIR = 8;     // least distance of two dates
+constexpr double DATE_GAP = 3;     // from the mark where a day begins
+constexpr double DATE_MARK = 6;    // half its length
 
 // The labels are drawn as they come; the lines are gathered into two paths and drawn over the data at the end.
 class AxesPainter {
@@ -65,6 +66,7 @@ private:
     void add_time_labels();
     void add_time_label(std::int64_t moment, double x);
     void add_dates();
+    [[nodiscard]] double middle_of_dates() const;
     void add_date(std::int64_t day, double x, double limit);
     void add_day_mark(double x);
     void add_linear_ticks();
@@ -164,14 +166,20 @@ void AxesPainter::add_dates() {
     add_date(oldest, left + DATE_GAP, leftmost - DATE_AIR);
 }
 
+double AxesPainter::middle_of_dates() const {
+    const double middle = std::floor(m_input.visible.y) + DATES_ABOVE;
+    const bool meets_times = std::abs(middle - (m_origin.y - TIMES_BELOW)) < 2 * DATE_MARK + 2;
+    const bool meets_line = std::abs(middle - m_origin.y) < DATES_ASIDE;
+    return meets_times || meets_line ? std::floor(m_origin.y) + DATES_ASIDE : middle;
+}
+
 void AxesPainter::add_date(std::int64_t day, double x, double limit) {
-    if (x + DATE_WIDTH > limit)
-        return;
-    value_label(date_of_day(day), x, std::floor(m_origin.y - DATES_BELOW), 0.75);
+    if (x + DATE_WIDTH <= limit)
+        value_label(date_of_day(day), x, middle_of_dates(), 0.75);
 }
 
 void AxesPainter::add_day_mark(double x) {
-    const double middle = std::floor(m_origin.y - DATES_BELOW);
+    const double middle = middle_of_dates();
     add_line(m_axes, {x, middle - DATE_MARK}, {x, middle + DATE_MARK});
 }
 

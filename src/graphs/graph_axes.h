@@ -1,7 +1,7 @@
 // The axes of a time-series graph: time leftwards from its origin, values up and down from a zero line, labels, grid.
 //
-// Below the zero line stand the times, and below them the dates, each right of a mark where its day begins; the date
-// of the day that began out of sight stands at the left.
+// Below the zero line stand the times, and at the lower edge in sight the dates, each right of a mark where its day
+// begins; the date of the day that began out of sight stands at the left.
 //
 // Everything follows from the record below; nothing is kept between two frames. Only what lies in sight is walked, so
 // that a frame that is wide enough for a log of years costs no more than one that fits on the screen. Points of the
