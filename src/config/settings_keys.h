@@ -133,7 +133,7 @@ inline constexpr IntegerKey tracking_dateTimeRange{
 inline constexpr IntegerKey tracking_use_logscale{"tracking_use_logscale", 1, 0, 1, "logarithmic scale: 1 on, 0 off"};
 inline constexpr DoubleKey tracking_vZoom{"tracking_vZoom", 0, -5, 5, "vertical zoom, a power of two"};
 inline constexpr DoubleKey tracking_hZoom{"tracking_hZoom", 0, -5, 5, "horizontal zoom, a power of two"};
-inline constexpr DoubleKey tracking_vScale{"tracking_vScale", 3, -6, 3, "vertical scale, a power of ten"};
+inline constexpr DoubleKey tracking_vScale{"tracking_vScale", 0, -6, 3, "vertical scale, a power of ten"};
 inline constexpr BooleanKey tracking_offsetShow{"tracking_offsetShow", true, "show the offset"};
 inline constexpr BooleanKey tracking_meanOffsetShow{"tracking_meanOffsetShow", false, "show the mean offset"};
 inline constexpr BooleanKey tracking_rmsOffsetShow{"tracking_rmsOffsetShow", true, "show the RMS offset"};

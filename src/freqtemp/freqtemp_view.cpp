@@ -1,5 +1,6 @@
 #include "freqtemp/freqtemp_view.h"
 
+#include "freqtemp/clipping.h"
 #include "freqtemp/freqtemp_axes.h"
 #include "freqtemp/plot_shapes.h"
 #include "graphs/graph_geometry.h"
@@ -15,9 +16,14 @@ namespace {
 
 constexpr int FIT_STEPS = 100;
 constexpr std::size_t FEWEST_FOR_FIT = 3;
-constexpr double LIGHTER = 0.2; // of the band: 20 hundredths added to each part of the colour
-constexpr double OUTLINE = 1.0; // half of it lies outside a point's square
-constexpr double FIT_WIDTH = 2.0;
+constexpr double LIGHTER = 0.2;      // of the band: 20 hundredths added to each part of the colour
+constexpr double OUTLINE = 1.0;      // half of it lies outside a point's square
+constexpr double FIT_WIDTH = 6.0;    // most of it lies under what follows
+constexpr double FIT_HALO = 4.0;     // of the background's colour, so that the curve is told from any cloud of points
+constexpr double FIT_CURVE = 2.0;    // of the text's colour
+constexpr double NEWEST_SIZE = 11.0; // of the ring around the newest point
+constexpr double NEWEST_HALO = 4.5;
+constexpr double NEWEST_RING = 1.5;
 constexpr double MARKER_SIZE = 9.0;
 
 Color solid(Color color) {
@@ -36,6 +42,46 @@ bool has_drawn_fit(const scatterEntry& entry) {
     return entry.points.size() >= FEWEST_FOR_FIT && entry.quadRegression->valid;
 }
 
+bool is_shown(const scatterEntry& entry) {
+    return entry.selected && !entry.points.empty();
+}
+
+freqPoint newest_of(const scatterEntry& entry) {
+    return entry.digest ? entry.digest->last : entry.points.back();
+}
+
+// The temperatures at which the curve is drawn.
+std::vector<double> fit_places(const QuadRegression& fit) {
+    std::vector<double> places;
+    const int steps = fit.x_max > fit.x_min ? FIT_STEPS : 0;
+    for (int i = 0; i <= steps; ++i)
+        places.push_back(fit.x_min + (fit.x_max - fit.x_min) * i / FIT_STEPS);
+    return places;
+}
+
+// Twice: its surroundings, and itself.
+void stroke_twice(Canvas& canvas, const Path& path, double halo, double width) {
+    canvas.stroke(path, LineStyle{ColorRole::text_background, halo});
+    canvas.stroke(path, LineStyle{ColorRole::text, width});
+}
+
+void emphasise_fit(Canvas& canvas, const FreqTempScale& scale, const QuadRegression& fit) {
+    std::vector<Point> line;
+    for (const double x : fit_places(fit))
+        line.push_back(scale.place({x, fit.evaluate(x)}));
+    Path path;
+    for (const auto& part : clipped_line(line, scale.area))
+        for (std::size_t i = 1; i < part.size(); ++i)
+            path.add_line(part[i - 1], part[i]);
+    stroke_twice(canvas, path, FIT_HALO, FIT_CURVE);
+}
+
+void emphasise_newest(Canvas& canvas, Point center) {
+    Path ring;
+    ring.add_ellipse({center.x - NEWEST_SIZE / 2, center.y - NEWEST_SIZE / 2, NEWEST_SIZE, NEWEST_SIZE});
+    stroke_twice(canvas, ring, NEWEST_HALO, NEWEST_RING);
+}
+
 // Everything of one sensor, in one colour: the one that the points need, which one sees through.
 class EntryPainter {
 public:
@@ -49,9 +95,7 @@ public:
         std::vector<Point> line;
         std::vector<Point> upper;
         std::vector<Point> lower;
-        const int steps = fit.x_max > fit.x_min ? FIT_STEPS : 0;
-        for (int i = 0; i <= steps; ++i) {
-            const double x = fit.x_min + (fit.x_max - fit.x_min) * i / FIT_STEPS;
+        for (const double x : fit_places(fit)) {
             const double y = fit.evaluate(x);
             line.push_back(m_scale.place({x, y}));
             upper.push_back(m_scale.place({x, y + fit.y_stddev}));
@@ -74,10 +118,7 @@ public:
         m_shapes.line(line, 1, solid(m_color));
     }
 
-    void newest() {
-        const Point center = m_scale.place(m_entry.digest ? m_entry.digest->last : m_entry.points.back());
-        m_shapes.disc(center, FreqTempView::POINT_SIZE, m_color);
-    }
+    void newest() { m_shapes.disc(m_scale.place(newest_of(m_entry)), FreqTempView::POINT_SIZE, m_color); }
 
 private:
     static bool all_finite(const std::vector<Point>& points) {
@@ -169,11 +210,30 @@ void FreqTempView::draw(Canvas& canvas, Rect visible) const {
     } else {
         draw_entries(canvas, *shapes_on_canvas(canvas, scale), scale);
     }
+    draw_emphasis(canvas, scale);
+}
+
+// Over all points: in one of the sensors' colours among thousands of dots neither curve nor newest point is found.
+void FreqTempView::draw_emphasis(Canvas& canvas, const FreqTempScale& scale) const {
+    for (const auto& [name, entry] : m_scatter)
+        if (is_shown(entry) && has_drawn_fit(entry))
+            emphasise_fit(canvas, scale, *entry.quadRegression);
+    if (!m_show_last_record)
+        return;
+    for (const auto& [name, entry] : m_scatter)
+        if (is_shown(entry))
+            emphasise_newest(canvas, scale.place(newest_of(entry)));
+}
+
+void FreqTempView::for_each_shown(const std::function<void(const std::string&, const Color&)>& tell) const {
+    for (const auto& [name, entry] : m_scatter)
+        if (is_shown(entry))
+            tell(name, entry.color.color());
 }
 
 void FreqTempView::draw_entries(const Canvas& canvas, PlotShapes& shapes, const FreqTempScale& scale) const {
     for (const auto& [name, entry] : m_scatter) {
-        if (!entry.selected || entry.points.empty())
+        if (!is_shown(entry))
             continue;
         EntryPainter painter(shapes, scale, entry, canvas.readable(entry.color.color()));
         if (m_show_scatter_points)

@@ -7,6 +7,7 @@
 #include "freqtemp/scatter_map.h"
 #include "platform/canvas.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -65,10 +66,14 @@ public:
     [[nodiscard]] double min_freq() const { return m_min_freq; }
     [[nodiscard]] double max_freq() const { return m_max_freq; }
 
+    // Name and colour of each entry that is drawn.
+    void for_each_shown(const std::function<void(const std::string& sensor, const Color& color)>& tell) const;
+
     // Whether any selected entry has a point: without one there are axes and no more.
     [[nodiscard]] bool is_empty() const { return m_is_empty; }
 
 private:
+    void draw_emphasis(Canvas& canvas, const FreqTempScale& scale) const;
     void draw_entries(const Canvas& canvas, PlotShapes& shapes, const FreqTempScale& scale) const;
 
     ScatterMap m_scatter;

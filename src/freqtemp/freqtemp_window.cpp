@@ -44,6 +44,7 @@ void FreqTempWindow::build_exports() {
         ExportedPlot{
             .widget = m_controls.m_scatterplot,
             .draw = [this](Canvas& canvas, Rect bounds) { m_controls.m_scatterplot->view().draw(canvas, bounds); },
+            .caption = [this] { return caption(); },
             .table = [this] { return shown_points(); },
             .tell =
                 [this](const QString& sentence) {
@@ -184,6 +185,13 @@ void FreqTempWindow::clear() {
             m_session->clear();
     });
     box->open();
+}
+
+PlotCaption FreqTempWindow::caption() const {
+    if (!m_session)
+        return {};
+    return caption_of(m_controls.m_scatterplot->view(), SensorNames(m_session->menu().sensors()),
+                      m_controls.m_order->currentText());
 }
 
 // Of the selected sensors. A copy of a map shares its points with the map.

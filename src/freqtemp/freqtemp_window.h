@@ -63,6 +63,7 @@ private:
     void say(const QString& sentence); // stays until the next; a reading stands before it for a while
     void show_reading(const std::optional<FreqTempReading>& reading);
     void end_session();
+    [[nodiscard]] PlotCaption caption() const;
     [[nodiscard]] PlotTable shown_points() const;
 
     FreqTempWindowParts m_parts;

@@ -1,9 +1,11 @@
 #include "freqtemp/freqtemp_words_window.h"
 
+#include "graphs/local_clock.h"
 #include "platform/qt/named_widget.h"
 
 #include <QColor>
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QLocale>
 
 #include <algorithm>
@@ -126,6 +128,20 @@ QString empty_words(bool is_ready, const std::vector<tempSensor>& sensors, const
         return Texts::tr("The selected sensors have no points yet. Others have: see the menu “Sensors”.");
     //: frequency and temperature window: shown in place of the points
     return Texts::tr("Collecting: the first point comes with the next reading of the clock's frequency.");
+}
+
+PlotCaption caption_of(const FreqTempView& view, const SensorNames& names, const QString& fit) {
+    //: exported plot: its title
+    PlotCaption caption{.title = Texts::tr("Frequency against temperature").toStdString(), .lines = {}, .legend = {}};
+    //: exported plot: %1 the kind of curve, %2 a date with time and zone
+    caption.lines.push_back(Texts::tr("%1; drawn %2")
+                                .arg(fit, from_std(local_date_time(QDateTime::currentSecsSinceEpoch())))
+                                .toStdString());
+    view.for_each_shown([&](const std::string& sensor, const Color& color) {
+        if (caption.legend.size() < static_cast<std::size_t>(MOST_IN_LEGEND))
+            caption.legend.push_back({color, shortened(names(sensor)).toStdString()});
+    });
+    return caption;
 }
 
 } // namespace tickervantage

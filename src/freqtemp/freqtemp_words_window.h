@@ -3,6 +3,7 @@
 
 #include "freqtemp/freqtemp_view.h"
 #include "freqtemp/scatter_map.h"
+#include "graphs/plot_caption.h"
 #include "platform/qt/canvas_colors.h"
 
 #include <QString>
@@ -35,5 +36,8 @@ private:
 // Why no point is shown. `path`: of the stored map.
 [[nodiscard]] QString empty_words(bool is_ready, const std::vector<tempSensor>& sensors, const ScatterMap& map,
                                   const std::string& path);
+
+// For a picture of the plot, which tells when it was made: points have no time. `fit`: what curve is fitted.
+[[nodiscard]] PlotCaption caption_of(const FreqTempView& view, const SensorNames& names, const QString& fit);
 
 } // namespace tickervantage

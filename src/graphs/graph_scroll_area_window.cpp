@@ -117,6 +117,10 @@ void GraphScrollArea::scroll_to_oldest() {
     scroll_by(-m_frame.width, 0);
 }
 
+void GraphScrollArea::scroll_to_zero_line() {
+    scroll_by(0, -m_above_center);
+}
+
 void GraphScrollArea::draw(Canvas& canvas) {
     m_graph.drawRect(canvas, {0, 0, m_frame.width, m_frame.height}, visible());
 }
@@ -194,7 +198,7 @@ void GraphScrollArea::mouseReleaseEvent(QMouseEvent*) {
 }
 
 void GraphScrollArea::mouseDoubleClickEvent(QMouseEvent*) {
-    Q_EMIT zoom_reset_requested();
+    Q_EMIT fit_requested();
 }
 
 void GraphScrollArea::keyPressEvent(QKeyEvent* event) {

@@ -36,6 +36,7 @@ public:
     void set_newest_gap(double points) { m_newest_gap = points; }
     void scroll_to_newest();
     void scroll_to_oldest();
+    void scroll_to_zero_line(); // upwards and downwards
 
     [[nodiscard]] Rect frame() const { return m_frame; }
     [[nodiscard]] Rect visible() const; // in the frame's coordinates: the frame's lower left corner is (0, 0)
@@ -46,7 +47,7 @@ public:
 Q_SIGNALS:
     void zoom_requested(double steps, double viewport_x); // horizontal; one step is one notch of a wheel
     void vertical_zoom_requested(double steps);
-    void zoom_reset_requested();
+    void fit_requested();            // a double click
     void pointed_at(double frame_x); // the pointer moved over the graph
     void pointer_left();
 

@@ -14,7 +14,6 @@ namespace {
 
 constexpr double UPDATE_SECONDS = 15;
 constexpr double DEFAULT_XSCALE = 1.0 / 15;
-constexpr double DEFAULT_DECADE = 50;
 constexpr double ROOM_ABOVE_AND_BELOW = 10;
 constexpr double TITLE_WIDTH = 240;
 constexpr double TITLE_HEIGHT = 24;

@@ -40,6 +40,8 @@ public:
     PerformanceGraph(const PerformanceGraph&) = delete;
     PerformanceGraph& operator=(const PerformanceGraph&) = delete;
 
+    static constexpr double DEFAULT_DECADE = 50; // points
+
     bool m_livetracking = false;   // the log is still being written
     bool paused = true;            // frozen at pauseTime; change it with pause()
     double pauseTime = 0;          // the moment at the time origin while paused
@@ -54,8 +56,8 @@ public:
     double yscale_default = 1e9;
     double yscale = 1e6; // plotted units a second
     bool use_logscale = true;
-    double decade_scale_default = 50;
-    double decade_scale = 50;
+    double decade_scale_default = DEFAULT_DECADE;
+    double decade_scale = DEFAULT_DECADE;
     double linear_scale = 1.0;
 
     // The three sliders. Each wants a new frame and a redraw afterwards.

@@ -13,6 +13,7 @@
 #include <QImage>
 #include <QPainter>
 
+#include <cmath>
 #include <utility>
 
 namespace tickervantage {
@@ -69,20 +70,32 @@ void PlotExport::set_enabled(bool enabled) {
     m_export->setEnabled(enabled);
 }
 
-Rect PlotExport::bounds() const {
-    const QSizeF size = surface_of(m_plot.widget)->size();
-    return {0, 0, size.width(), size.height()};
+struct PlotExport::Picture {
+    QSize size; // points
+    CanvasColors colors;
+    std::function<void(Canvas&)> draw;
+};
+
+PlotExport::Picture PlotExport::picture() const {
+    const QSize plot = surface_of(m_plot.widget)->size();
+    const PlotCaption caption = m_plot.caption();
+    const QSize all(plot.width(), plot.height() + static_cast<int>(std::ceil(caption_height(caption, plot.width()))));
+    const Rect bounds{0, 0, static_cast<double>(all.width()), static_cast<double>(all.height())};
+    return {all, CanvasColors::from_palette(m_plot.widget->palette()),
+            [draw = m_plot.draw, caption, bounds](Canvas& canvas) {
+                draw_captioned(canvas, bounds, caption, draw);
+            }};
 }
 
 void PlotExport::copy_picture() {
     const double scale = m_plot.widget->devicePixelRatioF();
-    QImage image(surface_of(m_plot.widget)->size() * scale, QImage::Format_RGB32);
+    const Picture wanted = picture();
+    QImage image(wanted.size * scale, QImage::Format_RGB32);
     image.setDevicePixelRatio(scale);
-    const auto colors = CanvasColors::from_palette(m_plot.widget->palette());
-    image.fill(colors.text_background);
+    image.fill(wanted.colors.text_background);
     QPainter painter(&image);
-    QtCanvas canvas(painter, bounds().height, colors);
-    m_plot.draw(canvas, bounds());
+    QtCanvas canvas(painter, wanted.size.height(), wanted.colors);
+    wanted.draw(canvas);
     painter.end();
     QGuiApplication::clipboard()->setImage(image);
     //: plot windows: said after the plot was copied
@@ -119,12 +132,11 @@ void PlotExport::export_to(const QString& path) {
 }
 
 void PlotExport::export_picture(const QString& path) {
-    const QSize size = surface_of(m_plot.widget)->size();
-    const PictureFormat format{
-        .width = size.width(), .height = size.height(), .colors = CanvasColors::from_palette(m_plot.widget->palette())};
+    const Picture wanted = picture();
+    const PictureFormat format{.width = wanted.size.width(), .height = wanted.size.height(), .colors = wanted.colors};
     const auto drawing = std::make_shared<RecordedDrawing>(
         format.scale, [colors = format.colors](const Color& line) { return colors.readable(line); });
-    m_plot.draw(*drawing, bounds());
+    wanted.draw(*drawing);
     run(path, [write = m_parts.write_picture, file = path.toStdString(), format, drawing](std::string& sentence) {
         return write(
             file, format, [&](Canvas& canvas, Rect) { drawing->replay(canvas); }, sentence);

@@ -1,6 +1,7 @@
 // The commands "Copy Picture" and "Export…" of every window with a plot, from the shortcut to the sentence at the end.
 //
-// A picture is drawn on the main thread into a record of its lines, and a queue paints and writes it; a table is taken
+// A picture is the plot as the widget shows it, with a caption: what it shows, of when, and which colour is what. It
+// is drawn on the main thread into a record of its lines, and a queue paints and writes it; a table is taken
 // on the main thread a slice at a time, and a queue makes it into text and writes it. Neither holds up the main thread,
 // however much the plot holds. The window may close meanwhile: what has left the main thread by then is still written,
 // the rest is dropped and no file is touched.
@@ -8,6 +9,7 @@
 // Main thread only. The parts outlive the window, and the main thread outlives the queue.
 #pragma once
 
+#include "graphs/plot_caption.h"
 #include "platform/canvas.h"
 #include "platform/dispatch.h"
 #include "platform/qt/picture_file.h"
@@ -46,10 +48,11 @@ struct PlotTable {
 
 // What a window says about its plot. Called while the window lives.
 struct ExportedPlot {
-    QWidget* widget = nullptr;                // gives size and palette, and gets the commands as its context menu
-    std::function<void(Canvas&, Rect)> draw;  // as on the screen, without what follows the pointer
-    std::function<PlotTable()> table;         // starts anew with every call
-    std::function<void(const QString&)> tell; // one sentence for the window's status line
+    QWidget* widget = nullptr;                 // gives size and palette, and gets the commands as its context menu
+    std::function<void(Canvas&, Rect)> draw;   // as on the screen, without what follows the pointer
+    std::function<PlotCaption()> caption = {}; // makes the picture so much higher than the widget
+    std::function<PlotTable()> table;          // starts anew with every call
+    std::function<void(const QString&)> tell;  // one sentence for the window's status line
 };
 
 class PlotExport : public QObject {
@@ -72,7 +75,8 @@ private:
     struct Shared;
 
     QAction* add_action(const char* name, const QString& text, const QKeySequence& keys, void (PlotExport::*slot)());
-    [[nodiscard]] Rect bounds() const;
+    struct Picture;
+    [[nodiscard]] Picture picture() const;
     void export_picture(const QString& path);
     void export_table(const QString& path);
     void take(const std::shared_ptr<PlotTable>& table, const QString& path);

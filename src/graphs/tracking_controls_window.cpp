@@ -6,6 +6,7 @@
 #include "graphs/tracking_settings.h"
 #include "platform/qt/text_scale.h"
 
+#include <QAction>
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QCoreApplication>
@@ -41,6 +42,41 @@ QSlider* slider(QWidget* parent, const char* object_name, const QString& name, c
     made->setPageStep(static_cast<int>(slider_steps));
     made->setSingleStep(static_cast<int>(slider_steps / 10));
     return made;
+}
+
+// At whole decades alone: the axis's numbers are whole ones, and would not be those of their places in between.
+QSlider* unit_slider(QWidget* parent) {
+    const DoubleKey& key = settings::tracking_vScale;
+    //: tracking window: tooltip of a slider
+    auto* made = named(new QSlider(Qt::Horizontal, parent), "vScale", Texts::tr("Unit: seconds to nanoseconds"));
+    made->setRange(static_cast<int>(key.minimum), static_cast<int>(key.maximum));
+    made->setPageStep(1);
+    made->setTickInterval(1);
+    made->setTickPosition(QSlider::TicksBelow);
+    return made;
+}
+
+QAction* graph_action(QWidget* graph, const char* object_name, const QString& text, int key) {
+    auto* made = new QAction(text, graph);
+    made->setObjectName(QLatin1String(object_name));
+    made->setShortcut(QKeySequence(key));
+    made->setShortcutContext(Qt::WidgetShortcut);
+    made->setShortcutVisibleInContextMenu(true);
+    graph->addAction(made);
+    return made;
+}
+
+void build_fit(QWidget* central, TrackingControls& controls) {
+    //: tracking window: button that chooses height and unit
+    controls.fit = named(new QPushButton(Texts::tr("&Fit"), central), "fit",
+                         //: tracking window: tooltip of that button
+                         Texts::tr("Choose the height and the unit that suit the values in sight (F or double click)"));
+    //: tracking window: name of that button
+    controls.fit->setAccessibleName(Texts::tr("Fit"));
+    //: tracking window: menu item of the graph, chooses height and unit
+    controls.fit_action = graph_action(controls.trackingView, "fit_action", Texts::tr("&Fit"), Qt::Key_F);
+    //: tracking window: menu item of the graph, time and height as they are at first
+    controls.reset_action = graph_action(controls.trackingView, "reset_action", Texts::tr("&Reset Zoom"), Qt::Key_0);
 }
 
 void build_range(QWidget* central, TrackingControls& controls) {
@@ -162,6 +198,7 @@ QLayout* slider_row(QWidget* central, const TrackingControls& controls) {
     add(Texts::tr("&Height"), controls.vZoom);
     //: tracking window: label of a slider
     add(Texts::tr("&Unit"), controls.vScale);
+    row->addWidget(controls.fit);
     return row;
 }
 
@@ -201,9 +238,8 @@ TrackingControls build_tracking_controls(QWidget* central, PerformanceGraph& gra
     controls.hZoom = slider(central, "hZoom", Texts::tr("Horizontal zoom"), settings::tracking_hZoom);
     //: tracking window: tooltip of a slider
     controls.vZoom = slider(central, "vZoom", Texts::tr("Vertical zoom"), settings::tracking_vZoom);
-    //: tracking window: tooltip of a slider
-    controls.vScale =
-        slider(central, "vScale", Texts::tr("Vertical scale: seconds to nanoseconds"), settings::tracking_vScale);
+    controls.vScale = unit_slider(central);
+    build_fit(central, controls);
     controls.legend = new LegendView(central);
 
     auto* column = new QVBoxLayout(central);

@@ -1,6 +1,7 @@
 // A tracking window's controls and where they stand. Built once; the window connects them.
 #pragma once
 
+class QAction;
 class QComboBox;
 class QLabel;
 class QProgressBar;
@@ -32,11 +33,14 @@ struct TrackingControls {
     QLabel* readout = nullptr;
     QSlider* hZoom = nullptr;
     QSlider* vZoom = nullptr;
-    QSlider* vScale = nullptr;
+    QSlider* vScale = nullptr; // whole numbers
+    QPushButton* fit = nullptr;
+    QAction* fit_action = nullptr; // of the graph, as the next
+    QAction* reset_action = nullptr;
     LegendView* legend = nullptr;
 };
 
-// Sliders count in hundredths.
+// The two sliders of zooms count in hundredths.
 inline constexpr double slider_steps = 100;
 
 [[nodiscard]] TrackingControls build_tracking_controls(QWidget* central, PerformanceGraph& graph);

@@ -22,7 +22,7 @@ struct TrackingSettings {
     popover_settings legend;
     int dataTimeRange = 0; // index of the pop-up: 0 the whole log, 2 to 8 so many hours as range_hours says
     double vZoom = 0;
-    double vScale = 3;
+    double vScale = 0;
     double hZoom = 0;
 
     // The settings as they are when nothing was ever saved; with it every load starts. The colour of the offset's

@@ -90,6 +90,23 @@ OffsetRange TrackingView::dataRange() const {
     return {scale.offset(all->low), scale.offset(all->high)};
 }
 
+// The highest and lowest of all, and a sample of the others: of many records each would tell the same.
+std::optional<ValueFit> TrackingView::fit(Rect bounds, Rect visible) const {
+    constexpr std::size_t SAMPLES_OF_A_SPAN = 500;
+    std::vector<double> values;
+    for (const RecordSpan& span : in_sight(bounds, visible))
+        for (std::size_t i = 0; i < series_count; ++i) {
+            const auto range = shown[i] ? m_chronytracking.range(series_at(i), span.first, span.end) : std::nullopt;
+            if (!range)
+                continue;
+            values.insert(values.end(), {range->low, range->high});
+            const std::size_t step = (span.end - span.first) / SAMPLES_OF_A_SPAN + 1;
+            for (std::size_t record = span.first; record < span.end; record += step)
+                values.push_back(m_chronytracking.value(series_at(i), record));
+        }
+    return fit_values(std::move(values), use_logscale, visible.height);
+}
+
 std::optional<Readout> TrackingView::readout(double x, Rect bounds) const {
     const TimeAxis axis = time_axis(time_origin(bounds));
     const auto oldest = oldest_in_walk(m_chronytracking, axis);

@@ -9,6 +9,7 @@
 #include "graphs/series_layout.h"
 #include "graphs/time_stretches.h"
 #include "graphs/tracking_records.h"
+#include "graphs/value_fit.h"
 #include "platform/color.h"
 
 #include <array>
@@ -53,6 +54,9 @@ public:
 
     // The records in the part in sight, in runs of neighbours; several only where the clock was stepped back.
     [[nodiscard]] std::vector<RecordSpan> in_sight(Rect bounds, Rect visible) const;
+
+    // The vertical settings that suit the shown series in sight; none when nothing of them is.
+    [[nodiscard]] std::optional<ValueFit> fit(Rect bounds, Rect visible) const;
 
 protected:
     void drawData(Canvas& canvas, Point origin, Rect visible) override;

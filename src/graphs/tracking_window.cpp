@@ -4,9 +4,11 @@
 #include "graphs/legend_window.h"
 #include "graphs/tracking_rows.h"
 #include "graphs/tracking_words_window.h"
+#include "platform/qt/named_widget.h"
 #include "platform/qt/spoken.h"
 #include "platform/qt/text_scale.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QEvent>
 #include <QLabel>
@@ -66,6 +68,7 @@ void TrackingWindow::build_exports() {
         this, m_parts.exports,
         ExportedPlot{.widget = m_controls.trackingView,
                      .draw = [this](Canvas& canvas, Rect) { m_controls.trackingView->draw(canvas); },
+                     .caption = [this] { return caption(); },
                      .table = [this] { return records_in_sight(); },
                      .tell =
                          [this](const QString& sentence) {
@@ -99,10 +102,10 @@ void TrackingWindow::connect_graph() {
     connect(area, &GraphScrollArea::zoom_requested, this, [this](double steps, double x) { zoom(steps, x); });
     connect(area, &GraphScrollArea::vertical_zoom_requested, this,
             [this](double steps) { set_slider(m_controls.vZoom, slider_value(m_controls.vZoom) + steps / 4); });
-    connect(area, &GraphScrollArea::zoom_reset_requested, this, [this] {
-        set_slider(m_controls.hZoom, 0);
-        set_slider(m_controls.vZoom, 0);
-    });
+    connect(area, &GraphScrollArea::fit_requested, this, &TrackingWindow::fit);
+    connect(m_controls.fit, &QPushButton::clicked, this, &TrackingWindow::fit);
+    connect(m_controls.fit_action, &QAction::triggered, this, &TrackingWindow::fit);
+    connect(m_controls.reset_action, &QAction::triggered, this, &TrackingWindow::reset_zoom);
     connect(area, &GraphScrollArea::pointed_at, this, [this](double x) { show_readout(x); });
     connect(area, &GraphScrollArea::pointer_left, this,
             [this] { m_controls.readout->setText(spoken(m_empty.problem)); });
@@ -125,7 +128,7 @@ void TrackingWindow::load_settings() {
     const TrackingSettings settings = TrackingSettings::load(m_parts.settings);
     set_slider(m_controls.vZoom, settings.vZoom);
     set_slider(m_controls.hZoom, settings.hZoom);
-    set_slider(m_controls.vScale, settings.vScale);
+    m_controls.vScale->setValue(static_cast<int>(std::lround(settings.vScale)));
     m_controls.dataTimeRange->setCurrentIndex(settings.dataTimeRange);
     m_controls.legend->set_settings(settings.legend);
 }
@@ -136,13 +139,13 @@ TrackingSettings TrackingWindow::current_settings() const {
     settings.dataTimeRange = m_controls.dataTimeRange->currentIndex();
     settings.vZoom = slider_value(m_controls.vZoom);
     settings.hZoom = slider_value(m_controls.hZoom);
-    settings.vScale = slider_value(m_controls.vScale);
+    settings.vScale = m_controls.vScale->value();
     return settings;
 }
 
 void TrackingWindow::apply_sliders() {
     m_view.set_vertical_zoom(slider_value(m_controls.vZoom));
-    m_view.set_vertical_scale(slider_value(m_controls.vScale));
+    m_view.set_vertical_scale(m_controls.vScale->value());
     m_view.set_horizontal_zoom(slider_value(m_controls.hZoom));
     m_controls.trackingView->resize_frame();
     if (m_ends && !m_view.m_livetracking)
@@ -156,6 +159,31 @@ void TrackingWindow::zoom(double steps, double viewport_x) {
         set_slider(m_controls.hZoom, slider_value(m_controls.hZoom) + steps / 4);
         m_view.set_horizontal_zoom(slider_value(m_controls.hZoom));
     });
+}
+
+void TrackingWindow::reset_zoom() {
+    set_slider(m_controls.hZoom, 0);
+    set_slider(m_controls.vZoom, 0);
+}
+
+void TrackingWindow::fit() {
+    auto* area = m_controls.trackingView;
+    const Rect frame = area->frame();
+    const auto fit = m_view.fit({0, 0, frame.width, frame.height}, area->visible());
+    if (!fit)
+        return;
+    {
+        const QSignalBlocker quiet_zoom(m_controls.vZoom); // all at once
+        const QSignalBlocker quiet_scale(m_controls.vScale);
+        set_slider(m_controls.vZoom, fit->vertical_zoom);
+        m_controls.vScale->setValue(static_cast<int>(std::lround(fit->vertical_scale)));
+    }
+    apply_sliders();
+    area->scroll_to_zero_line();
+}
+
+PlotCaption TrackingWindow::caption() const {
+    return caption_of(m_view, m_controls.trackingView->frame(), m_controls.trackingView->visible(), m_logname);
 }
 
 void TrackingWindow::apply_legend() {
@@ -183,6 +211,15 @@ void TrackingWindow::apply_time_range() {
         load_log();
 }
 
+// Only a live log leaves out what is older than the range.
+void TrackingWindow::offer_time_range(bool live) {
+    m_controls.dataTimeRange->setEnabled(live);
+    m_controls.dataTimeRange->setToolTip(
+        live ? m_controls.dataTimeRange->accessibleName()
+             //: tracking window: tooltip of the menu of time ranges while it is switched off
+             : tr("Of a finished log all records are shown: the range is for a log that is still being written"));
+}
+
 void TrackingWindow::set_log(const QString& path, bool live) {
     m_logname = path;
     if (path.isEmpty())
@@ -190,6 +227,7 @@ void TrackingWindow::set_log(const QString& path, bool live) {
     setWindowTitle(path);
     m_controls.titleView->setText(path);
     m_controls.pauseplay->setVisible(live);
+    offer_time_range(live);
     m_view.pause(!live);
     m_view.m_livetracking = live;
     m_empty.is_live = live;
@@ -237,8 +275,8 @@ void TrackingWindow::end_of_block() {
     if (m_ends && !m_view.m_livetracking)
         show_newest();
     if (m_ends) {
-        m_controls.startDate->setText(date_text(m_ends->first, locale()));
-        m_controls.endDate->setText(date_text(m_ends->last, locale()));
+        m_controls.startDate->setText(from_std(local_date_time(m_ends->first)));
+        m_controls.endDate->setText(from_std(local_date_time(m_ends->last)));
     }
     m_is_read = true;
     show_emptiness();

@@ -81,6 +81,7 @@ private:
     void apply_sliders();
     void apply_legend();
     void apply_time_range();
+    void offer_time_range(bool live);
     void load_log();
     void take_line(std::string_view line, bool last);
     void end_of_block();
@@ -90,6 +91,9 @@ private:
     void show_newest();
     void show_problem(const std::string& sentence);
     void zoom(double steps, double viewport_x);
+    void fit();
+    void reset_zoom();
+    [[nodiscard]] PlotCaption caption() const;
     void show_readout(double frame_x);
     void showLegend();
     void closeLegend();

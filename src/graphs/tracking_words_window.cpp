@@ -1,12 +1,13 @@
 #include "graphs/tracking_words_window.h"
 
 #include "graphs/legend_window.h"
+#include "platform/qt/named_widget.h"
 #include "platform/qt/spoken.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QLocale>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tickervantage {
@@ -30,12 +31,8 @@ QString value_text(Series series, double value, const QLocale& locale) {
 
 } // namespace
 
-QString date_text(LogTime time, const QLocale& locale) {
-    return locale.toString(QDateTime::fromSecsSinceEpoch(time), QLocale::ShortFormat);
-}
-
 QString words_of(const Readout& readout, const std::array<bool, series_count>& shown, const QLocale& locale) {
-    QString text = date_text(readout.time, locale);
+    QString text = from_std(local_date_time(readout.time));
     for (std::size_t i = 0; i < series_count; ++i) {
         if (!shown[i] || std::isnan(readout.values[i]))
             continue;
@@ -86,7 +83,26 @@ QString description_of(const TrackingView& view, Rect frame, const std::optional
         return Texts::tr("The log has no records yet.");
     //: tracking window: the graph as screen readers read it out; %1 and %2 are times, %3 the newest record
     return Texts::tr("%n record(s) from %1 to %2. Newest: %3", nullptr, static_cast<int>(view.records().size()))
-        .arg(date_text(ends->first, locale), date_text(ends->last, locale), words_of(*newest, view.shown, locale));
+        .arg(from_std(local_date_time(ends->first)), from_std(local_date_time(ends->last)),
+             words_of(*newest, view.shown, locale));
+}
+
+PlotCaption caption_of(const TrackingView& view, Rect frame, Rect visible, const QString& log) {
+    const auto moment_at = [&](double x) {
+        const double before = (view.time_origin({0, 0, frame.width, frame.height}).x - x) / view.xscale;
+        return to_integer(std::floor(view.right_end() - std::max(0.0, before)));
+    };
+    PlotCaption caption{.title = log.toStdString(), .lines = {}, .legend = {}};
+    caption.lines.push_back(
+        //: exported graph: the time that it shows; %1 and %2 are dates with time and zone
+        Texts::tr("%1 to %2")
+            .arg(from_std(local_date_time(moment_at(visible.x))),
+                 from_std(local_date_time(moment_at(visible.x + visible.width))))
+            .toStdString());
+    for (std::size_t i = 0; i < series_count; ++i)
+        if (view.shown[i])
+            caption.legend.push_back({view.colors[i], series_title(static_cast<Series>(i)).toStdString()});
+    return caption;
 }
 
 } // namespace tickervantage

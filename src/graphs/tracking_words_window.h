@@ -2,6 +2,7 @@
 #pragma once
 
 #include "config/tracking_log_setting.h"
+#include "graphs/plot_caption.h"
 #include "graphs/tracking_view.h"
 
 #include <QString>
@@ -11,8 +12,6 @@
 class QLocale;
 
 namespace tickervantage {
-
-[[nodiscard]] QString date_text(LogTime time, const QLocale& locale);
 
 // One record: its time, and each shown series that has a value, in the unit that fits.
 [[nodiscard]] QString words_of(const Readout& readout, const std::array<bool, series_count>& shown,
@@ -33,5 +32,8 @@ struct EmptyLog {
 
 // Why the graph shows nothing, and what to do about it.
 [[nodiscard]] QString empty_words(const EmptyLog& log);
+
+// What a picture of the part in sight is of. `log` is its path.
+[[nodiscard]] PlotCaption caption_of(const TrackingView& view, Rect frame, Rect visible, const QString& log);
 
 } // namespace tickervantage

@@ -71,6 +71,23 @@ bool quick_offsets(double* values, double yscale, double decade_scale) {
     return true;
 }
 
+struct AxisNumber {
+    std::int64_t count = 0;
+    std::int64_t nanoseconds_each = 1;
+    const char* unit = " ns";
+};
+
+AxisNumber axis_number(std::int64_t n, double yscale) {
+    const std::int64_t nanoseconds = to_integer(static_cast<double>(n) * 1e9 / yscale);
+    if (nanoseconds < 1000)
+        return {nanoseconds};
+    if (nanoseconds <= 999'999)
+        return {nanoseconds / 1000, 1000, " \u00b5s"};
+    if (nanoseconds > 999'999'999)
+        return {nanoseconds / 1'000'000'000, 1'000'000'000, " s"};
+    return {nanoseconds / 1'000'000, 1'000'000, " ms"};
+}
+
 } // namespace
 
 double ValueScale::offset(double value) const {
@@ -105,14 +122,15 @@ std::int64_t to_integer(double value) {
 std::string formatValue(std::int64_t n, double yscale) {
     if (n == 1)
         return "0";
-    const std::int64_t nanoseconds = to_integer(static_cast<double>(n) * 1e9 / yscale);
-    if (nanoseconds < 1000)
-        return std::to_string(nanoseconds) + " ns";
-    if (nanoseconds <= 999'999)
-        return std::to_string(nanoseconds / 1000) + " \u00b5s";
-    if (nanoseconds > 999'999'999)
-        return std::to_string(nanoseconds / 1'000'000'000) + " s";
-    return std::to_string(nanoseconds / 1'000'000) + " ms";
+    const AxisNumber number = axis_number(n, yscale);
+    return std::to_string(number.count) + number.unit;
+}
+
+double labelled_value(std::int64_t n, double yscale) {
+    if (n == 1)
+        return 0;
+    const AxisNumber number = axis_number(n, yscale);
+    return static_cast<double>(number.count) * static_cast<double>(number.nanoseconds_each) * 1e-9;
 }
 
 } // namespace tickervantage

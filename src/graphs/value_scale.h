@@ -33,4 +33,7 @@ struct ValueScale {
 // whatever its size, and the number 1, where the logarithmic axis begins, is "0".
 [[nodiscard]] std::string formatValue(std::int64_t n, double yscale);
 
+// The value in seconds that this text tells: not always n units, since units are cut to whole numbers.
+[[nodiscard]] double labelled_value(std::int64_t n, double yscale);
+
 } // namespace tickervantage

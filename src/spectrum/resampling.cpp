@@ -16,6 +16,13 @@ double on_line(const TimedValue& low, const TimedValue& high, double time) {
     return low.value + (time - low_time) * (high.value - low.value) / (static_cast<double>(high.time) - low_time);
 }
 
+// A hair's breadth is the rounding of many subtractions.
+bool is_beyond(const TimedValue& low, const TimedValue& high, double time) {
+    constexpr double HAIR = 1e-6;
+    const auto [first, last] = std::minmax(low.time, high.time); // the clock may have been stepped back in between
+    return time < static_cast<double>(first) - HAIR || time > static_cast<double>(last) + HAIR;
+}
+
 } // namespace
 
 // The walk steps over at most one record a sample, and never past a record that is older than the oldest sample. (One
@@ -50,8 +57,9 @@ std::vector<TimedValue> ReachableRecords::take() {
 }
 
 int resample_series(std::span<const TimedValue> records, std::size_t count, double interval,
-                    std::vector<double>& samples, LogTime& absent_at) {
+                    std::vector<double>& samples, LogTime& absent_at, DoubtfulSamples* doubtful) {
     std::vector<double> result(count);
+    DoubtfulSamples found{.before_records = count};
     const auto is_absent = [&absent_at](const TimedValue& record) {
         if (std::isnan(record.value))
             absent_at = record.time;
@@ -71,9 +79,14 @@ int resample_series(std::span<const TimedValue> records, std::size_t count, doub
                     return -1;
             }
             result[sample] = on_line(records[low], records[low + 1], time);
+            if (is_beyond(records[low], records[low + 1], time))
+                ++found.extrapolated;
+            --found.before_records;
         }
     }
     samples = std::move(result);
+    if (doubtful)
+        *doubtful = found;
     return 0;
 }
 

@@ -20,6 +20,13 @@ struct TimedValue {
     friend bool operator==(const TimedValue&, const TimedValue&) = default;
 };
 
+// Of the samples, those that do not lie between the two records they were taken from.
+struct DoubtfulSamples {
+    std::size_t extrapolated = 0;   // on the line through two records, but before or after both of them
+    std::size_t before_records = 0; // older than the records go: zero
+    friend bool operator==(const DoubtfulSamples&, const DoubtfulSamples&) = default;
+};
+
 // The records that the walk can reach: a small part of a long log. They are read in as many turns as the caller likes,
 // so that an interface stays awake over a million of them.
 class ReachableRecords {
@@ -47,8 +54,10 @@ private:
 };
 
 // `count` samples, oldest first; the newest lies one interval after the last record. Samples older than the records are
-// zero, and all are with fewer than two records. 0; or -1 when a record on the way has no value, with its time.
+// zero, and all are with fewer than two records: all count as older then. 0; or -1 when a record on the way has no
+// value, with its time.
 [[nodiscard]] int resample_series(std::span<const TimedValue> records, std::size_t count, double interval,
-                                  std::vector<double>& samples, LogTime& absent_at);
+                                  std::vector<double>& samples, LogTime& absent_at,
+                                  DoubtfulSamples* doubtful = nullptr);
 
 } // namespace tickervantage

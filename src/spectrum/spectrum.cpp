@@ -8,6 +8,7 @@
 #include <bit>
 #include <chrono>
 #include <cmath>
+#include <limits>
 #include <new>
 #include <utility>
 
@@ -35,7 +36,8 @@ int fail(SpectrumProblem problem, SpectrumFailure& failure) {
 int transform_samples(const SpectrumInput& input, ComputedSpectrum& spectrum, SpectrumFailure& failure) {
     std::vector<double> samples;
     LogTime absent_at = 0;
-    if (resample_series(input.records, input.count, input.interval, samples, absent_at) != 0) {
+    DoubtfulSamples doubtful;
+    if (resample_series(input.records, input.count, input.interval, samples, absent_at, &doubtful) != 0) {
         failure = {.problem = SpectrumProblem::absent, .series = input.series, .time = absent_at};
         return -1;
     }
@@ -45,7 +47,11 @@ int transform_samples(const SpectrumInput& input, ComputedSpectrum& spectrum, Sp
                 .count = input.count,
                 .length = samples.size(),
                 .magnitudes = std::move(bins.magnitudes),
-                .phases = std::move(bins.phases)};
+                .phases = std::move(bins.phases),
+                .doubtful = doubtful,
+                .series = input.series,
+                .interval = input.interval,
+                .newest = input.records.empty() ? 0 : input.records.back().time};
     return 0;
 }
 
@@ -137,14 +143,42 @@ double axis_frequency(const ComputedSpectrum& spectrum, std::size_t bin) {
     return spectrum.samplefreq * static_cast<double>(bin) / static_cast<double>(spectrum.length);
 }
 
+bool is_mirrored(const ComputedSpectrum& spectrum, std::size_t bin) {
+    return 2 * bin > spectrum.length;
+}
+
+double true_frequency(const ComputedSpectrum& spectrum, std::size_t bin) {
+    const std::size_t of = is_mirrored(spectrum, bin) ? spectrum.length - bin : bin;
+    return 2 * axis_frequency(spectrum, of);
+}
+
+std::optional<double> period_of(const ComputedSpectrum& spectrum, std::size_t bin) {
+    const double frequency = true_frequency(spectrum, bin);
+    return frequency > 0 ? std::optional(1 / frequency) : std::nullopt;
+}
+
+std::string doubt_of(const ComputedSpectrum& spectrum) {
+    const auto [extrapolated, before] = spectrum.doubtful;
+    std::string text;
+    if (extrapolated > 1)
+        text = fmt::format("{} of {} samples are extrapolated beyond the records; a shorter interval avoids that.",
+                           extrapolated, spectrum.count);
+    if (before > 0)
+        text += fmt::format("{}{} of {} samples are older than the records, and count as 0.", text.empty() ? "" : " ",
+                            before, spectrum.count);
+    return text;
+}
+
 std::string csv_of(const ComputedSpectrum& spectrum) {
-    std::string csv = "bin,axis_frequency,magnitude,phase\n";
+    std::string csv = "bin,axis_frequency,magnitude,phase,frequency,period,mirrored\n";
     for (std::size_t bin = 0; bin < spectrum.length; ++bin) {
         csv += fmt::to_string(bin);
         add_cell(csv, axis_frequency(spectrum, bin));
         add_cell(csv, spectrum.magnitudes[bin]);
         add_cell(csv, spectrum.phases[bin]);
-        csv += '\n';
+        add_cell(csv, true_frequency(spectrum, bin));
+        add_cell(csv, period_of(spectrum, bin).value_or(std::numeric_limits<double>::infinity()));
+        csv += is_mirrored(spectrum, bin) ? ",1\n" : ",0\n";
     }
     return csv;
 }

@@ -48,6 +48,10 @@ struct ComputedSpectrum {
     std::size_t length = 0; // bins, P
     std::vector<double> magnitudes;
     std::vector<double> phases;
+    DoubtfulSamples doubtful = {}; // among the samples; the newest one is extrapolated in any case
+    Series series = Series::offset;
+    double interval = 0; // s
+    LogTime newest = 0;  // of the records; 0 without any
 };
 
 // What a transform needs, apart from the records.
@@ -73,8 +77,19 @@ struct SpectrumInput {
 // upper half included.
 [[nodiscard]] double axis_frequency(const ComputedSpectrum& spectrum, std::size_t bin);
 
-// A line for each bin under the heading "bin,axis_frequency,magnitude,phase". Numbers read back exactly, with a decimal
-// point in every locale; what is not finite is left empty.
+// The frequency that a bin stands for, in Hz. The bins of the upper half mirror those of the lower one.
+[[nodiscard]] double true_frequency(const ComputedSpectrum& spectrum, std::size_t bin);
+[[nodiscard]] bool is_mirrored(const ComputedSpectrum& spectrum, std::size_t bin);
+
+// Seconds; none for bin 0, which is the mean.
+[[nodiscard]] std::optional<double> period_of(const ComputedSpectrum& spectrum, std::size_t bin);
+
+// One sentence about extrapolated and missing samples; empty when there are none but the newest.
+[[nodiscard]] std::string doubt_of(const ComputedSpectrum& spectrum);
+
+// A line for each bin under the heading "bin,axis_frequency,magnitude,phase,frequency,period,mirrored": the place on
+// the chart's axis, the true frequency in Hz, its period in seconds, and 1 for a bin of the mirrored half. Numbers read
+// back exactly, with a decimal point in every locale; what is not finite, or is not there, is left empty.
 [[nodiscard]] std::string csv_of(const ComputedSpectrum& spectrum);
 
 } // namespace tickervantage

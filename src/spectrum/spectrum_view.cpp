@@ -127,8 +127,10 @@ void SpectrumView::set_spectrum(std::shared_ptr<const ComputedSpectrum> spectrum
 
 void SpectrumView::draw(Canvas& canvas, Rect bounds) const {
     canvas.fill(rectangle(bounds), ColorRole::text_background, FillRule::nonzero);
+    shade_mirror(canvas, bounds);
     draw_axes(canvas, bounds);
     draw_bars(canvas, bounds);
+    mark_mirror(canvas, bounds);
     draw_frame(canvas, bounds);
 }
 
@@ -157,6 +159,37 @@ void SpectrumView::draw_axes(Canvas& canvas, Rect bounds) const {
             label_beside(canvas, bounds, y, fmt::format("{:.1f}", division / static_cast<double>(DIVISIONS)));
     }
     canvas.stroke(axes, ColorRole::text, LINE, Shadow::none);
+}
+
+// Where the bins right of the one with the highest true frequency begin; none: there are no such bins.
+std::optional<double> SpectrumView::mirror_x(Rect plot) const {
+    if (m_bars == 0 || m_spectrum->length < 4 || plot.width <= 0 || plot.height <= 0)
+        return std::nullopt;
+    const auto length = static_cast<double>(m_spectrum->length);
+    return plot.x + plot.width * (length / 2 + 1) / length;
+}
+
+void SpectrumView::shade_mirror(Canvas& canvas, Rect bounds) const {
+    constexpr double SHADE = 0.14;
+    const Rect plot = plot_of(bounds);
+    const auto x = mirror_x(plot);
+    if (!x)
+        return;
+    const double right = plot.x + plot.width;
+    const double top = plot.y + plot.height;
+    const std::array corners{Point{*x, plot.y}, Point{right, plot.y}, Point{right, top}, Point{*x, top}};
+    canvas.fill_polygon(corners, Ink(ColorRole::grey, SHADE));
+}
+
+// High bars hide the shade, but not this.
+void SpectrumView::mark_mirror(Canvas& canvas, Rect bounds) const {
+    const Rect plot = plot_of(bounds);
+    const auto x = mirror_x(plot);
+    if (!x)
+        return;
+    Path line;
+    line.add_line({*x, plot.y}, {*x, plot.y + plot.height});
+    canvas.stroke(line, LineStyle{ColorRole::text, LINE, {3, 2}});
 }
 
 void SpectrumView::draw_bars(Canvas& canvas, Rect bounds) const {
@@ -198,7 +231,8 @@ void SpectrumView::draw_marker(Canvas& canvas, Rect bounds, std::size_t bin) con
 std::optional<SpectrumReading> SpectrumView::reading_of(std::size_t bin) const {
     if (bin >= m_bars)
         return std::nullopt;
-    return SpectrumReading{bin, axis_frequency(*m_spectrum, bin), m_spectrum->magnitudes[bin]};
+    return SpectrumReading{bin, true_frequency(*m_spectrum, bin), m_spectrum->magnitudes[bin],
+                           period_of(*m_spectrum, bin), is_mirrored(*m_spectrum, bin)};
 }
 
 std::optional<SpectrumReading> SpectrumView::reading_at(double x, Rect bounds) const {

@@ -1,8 +1,9 @@
 // The spectrum as a bar chart: magnitudes from 0 to 1 over an axis of frequencies.
 //
 // Lengths are points, y up. The axis is labelled from 0 to half the sampling rate over the full width, though the bars
-// include the mirrored upper half. With more bins than pixels each column of pixels shows the highest of its bins, so
-// that no peak is lost and a chart of any length is drawn at once. Plain values; one thread at a time.
+// include the mirrored upper half, which stands on a shade, right of a dashed line. With more bins than pixels each
+// column of pixels shows the highest of its bins, so that no peak is lost and a chart of any length is drawn at once.
+// Plain values; one thread at a time.
 #pragma once
 
 #include "platform/canvas.h"
@@ -16,8 +17,10 @@ namespace tickervantage {
 
 struct SpectrumReading {
     std::size_t bin = 0;
-    double frequency = 0; // as the axis shows it, Hz
+    double frequency = 0; // the true one, Hz: not the place on the axis
     double magnitude = 0;
+    std::optional<double> period = {}; // s; none: the mean
+    bool is_mirrored = false;
     friend bool operator==(const SpectrumReading&, const SpectrumReading&) = default;
 };
 
@@ -42,6 +45,9 @@ public:
 
 private:
     void draw_axes(Canvas& canvas, Rect bounds) const;
+    [[nodiscard]] std::optional<double> mirror_x(Rect plot) const;
+    void shade_mirror(Canvas& canvas, Rect bounds) const;
+    void mark_mirror(Canvas& canvas, Rect bounds) const;
     void draw_bars(Canvas& canvas, Rect bounds) const;
     [[nodiscard]] double axis_value(int division) const;
 

@@ -13,6 +13,7 @@
 #include <QLocale>
 #include <QPushButton>
 
+#include <algorithm>
 #include <atomic>
 #include <utility>
 
@@ -72,6 +73,11 @@ void SpectrumWindow::build_exports() {
         ExportedPlot{
             .widget = m_controls.m_spectrum,
             .draw = [this](Canvas& canvas, Rect bounds) { m_controls.m_spectrum->view().draw(canvas, bounds); },
+            .caption =
+                [this] {
+                    const auto& spectrum = *m_controls.m_spectrum->view().spectrum();
+                    return caption_of(spectrum, title_of(spectrum.series));
+                },
             .table = table,
             .tell =
                 [this](const QString& sentence) {
@@ -222,11 +228,17 @@ void SpectrumWindow::show_answer_text(const Answer& answer) {
     //: spectrum window: said when the chart has no bars
     const QString too_few = tr("The tracking log has fewer than two records: there is nothing to analyse yet.");
     //: spectrum window: what the chart shows; %1 the series, %2 and %3 whole numbers
-    const QString shown = tr("%1: %2 samples, %3 bins")
-                              .arg(m_controls.m_selector->currentText(), QLocale().toString(answer.spectrum->count),
+    const QString shown = tr("%1: %2 samples, %3 bins; the shaded half is a mirror image.")
+                              .arg(title_of(answer.spectrum->series), QLocale().toString(answer.spectrum->count),
                                    QLocale().toString(answer.spectrum->length));
-    show_status(answer.has_records ? shown : too_few);
+    const QString doubt = doubt_words(*answer.spectrum);
+    show_status(!answer.has_records ? too_few : doubt.isEmpty() ? shown : shown + QLatin1Char(' ') + doubt);
     m_controls.m_spectrum->setAccessibleDescription(m_status);
+}
+
+QString SpectrumWindow::title_of(Series series) const {
+    const auto at = std::ranges::find(spectrum_series, series) - spectrum_series.begin();
+    return m_controls.m_selector->itemText(static_cast<int>(at));
 }
 
 void SpectrumWindow::show_status(const QString& text) {

@@ -76,7 +76,8 @@ private:
     void show_answer_text(const Answer& answer);
     void save_settings();
     void update_empty_text();
-    void show_status(const QString& text); // stays until the next; a reading stands before it for a while
+    [[nodiscard]] QString title_of(Series series) const; // as the selector has it
+    void show_status(const QString& text);               // stays until the next; a reading stands before it for a while
     void show_reading(const std::optional<SpectrumReading>& reading);
 
     SpectrumWindowParts m_parts;

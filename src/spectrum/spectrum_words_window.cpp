@@ -1,10 +1,12 @@
 #include "spectrum/spectrum_words_window.h"
 
+#include "graphs/local_clock.h"
+#include "platform/qt/named_widget.h"
 #include "spectrum/transform.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QLocale>
+#include <QStringList>
 
 namespace tickervantage {
 namespace {
@@ -33,8 +35,7 @@ QString words_of(const SpectrumFailure& failure, const QString& series) {
     case SpectrumProblem::absent:
         //: %1 a time, %2 the series as the selector names it
         return Texts::tr("The record of %1 has no value for “%2”.")
-            .arg(QLocale().toString(QDateTime::fromSecsSinceEpoch(failure.time, Qt::UTC), QLocale::ShortFormat),
-                 series);
+            .arg(from_std(local_date_time(failure.time)), series);
     case SpectrumProblem::memory:
         break;
     }
@@ -45,11 +46,53 @@ QString words_of(const SpectrumFailure& failure, const QString& series) {
 
 QString words_of(const SpectrumReading& reading) {
     const QLocale locale;
-    //: spectrum window: the bar pointed at; %1 its number, %2 its place on the frequency axis, %3 its height
-    return Texts::tr("Bin %1, at %2 Hz on the axis: magnitude %3")
-        .arg(locale.toString(static_cast<qulonglong>(reading.bin)),
-             locale.toString(reading.frequency, 'g', READING_FIGURES),
-             locale.toString(reading.magnitude, 'g', READING_FIGURES));
+    const auto number = [&locale](double value) {
+        return locale.toString(value, 'g', READING_FIGURES);
+    };
+    const QString bin = locale.toString(static_cast<qulonglong>(reading.bin));
+    if (!reading.period)
+        //: spectrum window: the first bar is pointed at; %1 its number, %2 its height
+        return Texts::tr("Bin %1, the mean: magnitude %2").arg(bin, number(reading.magnitude));
+    //: spectrum window: the bar pointed at; %1 its number, %2 a frequency, %3 a time, %4 its height
+    const QString text = Texts::tr("Bin %1: %2 Hz, a period of %3 s, magnitude %4")
+                             .arg(bin, number(reading.frequency), number(*reading.period), number(reading.magnitude));
+    //: spectrum window: %1 a bar of the upper half as above
+    return reading.is_mirrored ? Texts::tr("%1 (mirror image)").arg(text) : text;
+}
+
+QString doubt_words(const ComputedSpectrum& spectrum) {
+    const QLocale locale;
+    const auto number = [&locale](std::size_t count) {
+        return locale.toString(static_cast<qulonglong>(count));
+    };
+    QStringList words;
+    if (spectrum.doubtful.extrapolated > 1)
+        //: spectrum window: %1 and %2 are whole numbers
+        words += Texts::tr("%1 of %2 samples are extrapolated beyond the records; a shorter interval avoids that.")
+                     .arg(number(spectrum.doubtful.extrapolated), number(spectrum.count));
+    if (spectrum.doubtful.before_records > 0)
+        //: spectrum window: %1 and %2 are whole numbers
+        words += Texts::tr("%1 of %2 samples are older than the records, and count as 0.")
+                     .arg(number(spectrum.doubtful.before_records), number(spectrum.count));
+    return words.join(QLatin1Char(' '));
+}
+
+PlotCaption caption_of(const ComputedSpectrum& spectrum, const QString& series) {
+    const QLocale locale;
+    //: exported spectrum: its title; %1 the series
+    PlotCaption caption{.title = Texts::tr("Spectrum: %1").arg(series).toStdString(), .lines = {}, .legend = {}};
+    const double duration = spectrum.interval * static_cast<double>(spectrum.count);
+    caption.lines.push_back(
+        //: exported spectrum: %1 a number of seconds, %2 a date with time and zone, %3 a number of seconds
+        Texts::tr("%1 s up to %2, a sample every %3 s")
+            .arg(locale.toString(duration), from_std(local_date_time(spectrum.newest)),
+                 locale.toString(spectrum.interval))
+            .toStdString());
+    //: exported spectrum: what the shade is
+    caption.lines.push_back(Texts::tr("Shaded: mirror image of the left half").toStdString());
+    if (const QString doubt = doubt_words(spectrum); !doubt.isEmpty())
+        caption.lines.push_back(doubt.toStdString());
+    return caption;
 }
 
 } // namespace tickervantage

@@ -1,6 +1,7 @@
-// What the spectrum window says about failures and bars, in the user's language. Main thread.
+// What the spectrum window says about failures, bars and its pictures, in the user's language. Main thread.
 #pragma once
 
+#include "graphs/plot_caption.h"
 #include "spectrum/spectrum.h"
 #include "spectrum/spectrum_view.h"
 
@@ -12,5 +13,11 @@ namespace tickervantage {
 [[nodiscard]] QString words_of(const SpectrumFailure& failure, const QString& series);
 
 [[nodiscard]] QString words_of(const SpectrumReading& reading);
+
+// How many samples are not between records; empty when all are but the newest, which never is.
+[[nodiscard]] QString doubt_words(const ComputedSpectrum& spectrum);
+
+// For a picture of the chart. `series`: as the selector names it.
+[[nodiscard]] PlotCaption caption_of(const ComputedSpectrum& spectrum, const QString& series);
 
 } // namespace tickervantage

@@ -1,5 +1,6 @@
 #include "graphs/graph_geometry.h"
 #include "graphs/performance_graph.h"
+#include "graphs/value_fit.h"
 #include "support/manual_timer.h"
 #include "support/recording_canvas.h"
 
@@ -354,6 +355,41 @@ TEST(FormatValue, TableOfUnits) {
                           {std::numeric_limits<std::int64_t>::max(), 1e-9, "9223372036 s"}};
     for (const auto& one : cases)
         EXPECT_EQ(formatValue(one.n, one.yscale), one.text) << one.n;
+}
+
+TEST(FitValues, FillTheHeightAndKeepTheAxisTrue) {
+    for (double largest = 2.3e-9; largest < 40; largest *= 3.7)
+        for (const double height : {90.0, 260.0, 900.0}) {
+            const std::vector<double> values{0, -largest, std::nan(""), largest / 3, -largest / 20};
+            for (const bool logarithmic : {true, false}) {
+                const auto fit = fit_values(values, logarithmic, height);
+                ASSERT_TRUE(fit);
+                const double linear_scale = std::exp2(fit->vertical_zoom);
+                const ValueScale scale{.use_logscale = logarithmic,
+                                       .yscale = std::pow(10, 6 + fit->vertical_scale),
+                                       .linear_scale = linear_scale,
+                                       .decade_scale = 50 * linear_scale};
+                const double share = scale.offset(largest) / (height / 2);
+                EXPECT_EQ(fit->vertical_scale, std::round(fit->vertical_scale));
+                EXPECT_LE(share, 0.91) << largest << " in " << height;
+                EXPECT_GT(share, logarithmic ? 0.5 : 0.07) << largest << " in " << height;
+                for (double y = 50; !logarithmic && largest > 2e-8 && y < height / 2; y += 50) {
+                    const double units = std::round(y / linear_scale);
+                    EXPECT_NEAR(labelled_value(to_integer(units), scale.yscale), y / linear_scale / scale.yscale,
+                                1e-9 * largest)
+                        << largest << " in " << height << " at " << y;
+                }
+            }
+        }
+    EXPECT_FALSE(fit_values({0, std::nan("")}, true, 400));
+    EXPECT_FALSE(fit_values({}, false, 400));
+}
+
+TEST(LabelledValue, IsWhatTheTextSays) {
+    EXPECT_DOUBLE_EQ(labelled_value(1500, 1e9), 1e-6);
+    EXPECT_DOUBLE_EQ(labelled_value(25, 1e6), 25e-6);
+    EXPECT_DOUBLE_EQ(labelled_value(-13, 1e6), -13e-6);
+    EXPECT_EQ(labelled_value(1, 1e6), 0);
 }
 
 TEST(ResizedFrame, GrowsAndKeepsRightAndUpperEdges) {

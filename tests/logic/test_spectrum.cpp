@@ -242,7 +242,50 @@ TEST(Spectrum, SeriesHaveIndexesAndNames) {
 TEST(Spectrum, TableLeavesOutWhatIsNotFinite) {
     ComputedSpectrum spectrum{
         .samplefreq = 0.125, .count = 2, .length = 2, .magnitudes = {1, NOT_A_NUMBER}, .phases = {0, -0.5}};
-    EXPECT_EQ(csv_of(spectrum), "bin,axis_frequency,magnitude,phase\n0,0,1,0\n1,0.0625,,-0.5\n");
+    EXPECT_EQ(csv_of(spectrum), "bin,axis_frequency,magnitude,phase,frequency,period,mirrored\n"
+                                "0,0,1,0,0,,0\n1,0.0625,,-0.5,0.125,8,0\n");
+}
+
+TEST(Spectrum, BinsStandForTheirTrueFrequencies) {
+    // A sine of 51.2 s, found where the transform of a sample every 4 s has it, and mirrored.
+    const auto spectrum = spectrum_of_log(
+        4, 1024, [](int i) { return fmt::format("{:.9e}", 1e-6 * std::sin(2 * std::numbers::pi * 4 * i / 51.2)); });
+    const auto& magnitudes = spectrum.magnitudes;
+    const auto highest = std::ranges::max_element(magnitudes.begin(), magnitudes.begin() + 128) - magnitudes.begin();
+    const auto bin = static_cast<std::size_t>(highest);
+    EXPECT_NEAR(period_of(spectrum, bin).value_or(0), 51.2, 1e-9);
+    EXPECT_NEAR(true_frequency(spectrum, bin), 1 / 51.2, 1e-12);
+    EXPECT_FALSE(is_mirrored(spectrum, bin));
+    EXPECT_TRUE(is_mirrored(spectrum, 256 - bin));
+    EXPECT_EQ(true_frequency(spectrum, 256 - bin), true_frequency(spectrum, bin));
+    EXPECT_EQ(true_frequency(spectrum, 128), 0.125) << "half the sampling rate";
+    EXPECT_FALSE(is_mirrored(spectrum, 128));
+    EXPECT_EQ(period_of(spectrum, 0), std::nullopt);
+}
+
+TEST(Spectrum, CountsSamplesThatDoNotLieBetweenRecords) {
+    struct Case {
+        double interval; // of a log with 300 records, one every 4 s
+        double duration;
+        DoubtfulSamples doubtful;
+        const char* words;
+    };
+    for (const auto& one : {Case{4, 400, {1, 0}, ""}, // the newest sample lies after the newest record
+                            {1, 100, {1, 0}, ""},
+                            {0.5, 2000, {1, 1606}, "1606 of 4000 samples are older"},
+                            {8, 400, {48, 0}, "48 of 50 samples are extrapolated"},
+                            {4, 2000, {1, 199}, "199 of 500 samples are older"}}) {
+        const auto spectrum = spectrum_of_log(one.interval, one.duration, constant);
+        EXPECT_EQ(spectrum.doubtful.extrapolated, one.doubtful.extrapolated) << one.interval;
+        EXPECT_EQ(spectrum.doubtful.before_records, one.doubtful.before_records) << one.interval;
+        EXPECT_TRUE(doubt_of(spectrum).starts_with(one.words)) << doubt_of(spectrum);
+        EXPECT_EQ(doubt_of(spectrum).empty(), std::string_view(one.words).empty()) << doubt_of(spectrum);
+    }
+    const TrackingRecords none;
+    ComputedSpectrum spectrum;
+    SpectrumFailure failure;
+    ASSERT_EQ(compute_spectrum(none, Series::offset, 4, 1024, spectrum, failure), 0);
+    EXPECT_EQ(spectrum.doubtful, (DoubtfulSamples{0, 256}));
 }
 
 std::shared_ptr<ComputedSpectrum> spectrum_with(std::vector<double> magnitudes, double samplefreq = 0.125) {
@@ -269,7 +312,12 @@ TEST(SpectrumView, DrawsABarForEachBin) {
     EXPECT_EQ(canvas.boxes[0].ink, Ink(ColorRole::blue));
     EXPECT_EQ(canvas.boxes[0].boxes,
               (std::vector<Rect>{{24, 24, 200, 400}, {224, 24, 200, 200}, {424, 24, 200, 0}, {624, 24, 200, 100}}));
-    EXPECT_EQ(view.reading_at(300, BOUNDS), (SpectrumReading{1, 0.125 / 4, 0.5}));
+    EXPECT_EQ(view.reading_at(300, BOUNDS), (SpectrumReading{1, 0.0625, 0.5, 16.0, false}));
+    EXPECT_EQ(view.reading_at(700, BOUNDS), (SpectrumReading{3, 0.0625, 0.25, 16.0, true}));
+    ASSERT_EQ(canvas.polygons.size(), 1U) << "the shade of the mirrored bins";
+    EXPECT_EQ(canvas.polygons[0].corners[0], (Point{624, 24}));
+    ASSERT_EQ(canvas.styled_strokes.size(), 1U);
+    EXPECT_EQ(canvas.styled_strokes[0].path.elements.at(0).from, (Point{624, 24}));
     EXPECT_EQ(view.reading_at(23, BOUNDS), std::nullopt);
     EXPECT_EQ(view.reading_at(824, BOUNDS), std::nullopt);
 }

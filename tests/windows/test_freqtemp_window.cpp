@@ -4,11 +4,13 @@
 #include "freqtemp/sensor_inspector_window.h"
 #include "freqtemp/sensor_table_window.h"
 #include "platform/qt/picture_file.h"
+#include "platform/qt/qt_canvas.h"
 #include "support/freqtemp_parts.h"
 #include "support/keyboard.h"
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -18,6 +20,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSpinBox>
@@ -274,6 +277,57 @@ TEST_F(FreqTempWindowTest, AnExportedDrawingHasTheCurveOnceThereIsOne) {
     };
     EXPECT_LT(exported_with(2), 10) << "too few points for a parabola";
     EXPECT_GT(exported_with(4), 30);
+}
+
+// A picture of a cloud of points in that colour, all over the plot.
+QImage cloud(const Color& color, const CanvasColors& colors, bool with_fit, bool with_newest) {
+    scatterEntry entry;
+    entry.color = {color.red, color.green, color.blue, color.alpha};
+    for (int i = 0; i < 6000; ++i)
+        entry.points.append({20 + (i % 100) * 0.1, (i / 100) / 30.0 - 1});
+    entry.points.append({25, 0.1});
+    entry.quadRegression->coefficients = {-1, 0.04};
+    entry.quadRegression->x_min = 20;
+    entry.quadRegression->x_max = 30;
+    entry.quadRegression->valid = with_fit;
+    FreqTempView view;
+    view.m_show_last_record = with_newest;
+    view.m_show_mean_frequency = view.m_show_freq_bounds = false;
+    view.set_scatter({{"a", entry}});
+    QImage image(470, 338, QImage::Format_RGB32);
+    image.fill(colors.text_background);
+    QPainter painter(&image);
+    QtCanvas canvas(painter, image.height(), colors);
+    view.draw(canvas, {0, 0, 470, 338});
+    return image;
+}
+
+int pixels_that_stand_out(const QImage& one, const QImage& other) {
+    constexpr double ENOUGH = 3; // WCAG 2, for what is no text
+    int count = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x)
+            if (one.pixel(x, y) != other.pixel(x, y) &&
+                contrast_ratio(one.pixelColor(x, y), other.pixelColor(x, y)) >= ENOUGH)
+                ++count;
+    return count;
+}
+
+TEST(FreqTempPlotColors, CurveAndNewestPointStandOutOfACloudOfAnyColour) {
+    for (const auto& colors : {CanvasColors::light(), CanvasColors::dark()})
+        for (const Color& color : {Color{0, 0, 0, 1}, {1, 1, 1, 1}, {0.1, 0.3, 0.9, 0.5}, {1, 0.9, 0.3, 0.8}}) {
+            const QImage without = cloud(color, colors, false, false);
+            EXPECT_GE(pixels_that_stand_out(cloud(color, colors, false, true), without), 40) << color.blue;
+            EXPECT_GE(pixels_that_stand_out(cloud(color, colors, true, false), without), 390) << color.blue;
+        }
+}
+
+TEST_F(FreqTempWindowTest, MenuTellsHowCurvesAboveDegreeTwoAreEvaluated) {
+    open_and_settle();
+    auto* order = find<QComboBox>("m_order");
+    for (int degree = 1; degree <= order->count(); ++degree)
+        EXPECT_EQ(order->itemText(degree - 1).contains(QStringLiteral("ordinary powers")), degree > 2) << degree;
+    EXPECT_LT(order->sizeHint().width(), order->view()->minimumWidth()) << "the box is not as wide as its list";
 }
 
 TEST_F(FreqTempWindowTest, SensorsAreChosenAndReadWithKeys) {

@@ -2,6 +2,7 @@
 #include "platform/qt/picture_file.h"
 #include "spectrum/spectrum_chart_window.h"
 #include "spectrum/spectrum_window.h"
+#include "spectrum/spectrum_words_window.h"
 #include "support/memory_stores.h"
 #include "support/window_test.h"
 
@@ -191,12 +192,17 @@ TEST_F(SpectrumWindowTest, TheBarPointedAtIsRead) {
     QMouseEvent move(QEvent::MouseMove, bounds, chart()->mapToGlobal(bounds), Qt::NoButton, Qt::NoButton,
                      Qt::NoModifier);
     QApplication::sendEvent(chart(), &move);
-    EXPECT_TRUE(status().startsWith(QStringLiteral("Bin 3, at 0.09375 Hz"))) << status().toStdString();
-    for (const int key : {Qt::Key_Home, Qt::Key_Right}) {
+    EXPECT_TRUE(status().startsWith(QStringLiteral("Bin 3: 0.0625 Hz, a period of 16 s"))) << status().toStdString();
+    EXPECT_TRUE(status().endsWith(QStringLiteral("(mirror image)"))) << status().toStdString();
+    const auto status_after = [this](int key) {
         QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
         QApplication::sendEvent(chart(), &press);
-    }
-    EXPECT_TRUE(status().startsWith(QStringLiteral("Bin 1,"))) << status().toStdString();
+        return status();
+    };
+    EXPECT_TRUE(status_after(Qt::Key_Home).startsWith(QStringLiteral("Bin 0, the mean:")));
+    const QString first = status_after(Qt::Key_Right);
+    EXPECT_TRUE(first.startsWith(QStringLiteral("Bin 1: 0.0625 Hz")) && !first.contains(u"mirror"))
+        << first.toStdString();
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(chart(), &leave);
     EXPECT_EQ(status(), standing);
@@ -212,7 +218,8 @@ TEST_F(SpectrumWindowTest, ExportsPicturesAndTheTable) {
     };
     export_to("a.png");
     const QImage picture(folder.filePath(QStringLiteral("a.png")));
-    EXPECT_EQ(picture.size(), chart()->size());
+    EXPECT_EQ(picture.width(), chart()->width());
+    EXPECT_GT(picture.height(), chart()->height()) << "with a caption";
     export_to("a.csv");
     std::ifstream table(folder.filePath(QStringLiteral("a.csv")).toStdString());
     EXPECT_EQ(std::count(std::istreambuf_iterator<char>(table), {}, '\n'), 257);
@@ -221,6 +228,19 @@ TEST_F(SpectrumWindowTest, ExportsPicturesAndTheTable) {
     EXPECT_EQ(status(), QStringLiteral("The table cannot be written."));
     window->findChild<QAction*>(QStringLiteral("copy_picture"))->trigger();
     EXPECT_EQ(QApplication::clipboard()->image().convertToFormat(picture.format()), picture) << "one and the same";
+}
+
+TEST_F(SpectrumWindowTest, TellsHowManySamplesAreNotMeasured) {
+    find<QLineEdit>("m_sampleinterval")->setText(QStringLiteral("900"));
+    find<QLineEdit>("m_sampleduration")->setText(QStringLiteral("9000"));
+    compute();
+    EXPECT_TRUE(status().contains(QStringLiteral("5 of 10 samples are older than the records")))
+        << status().toStdString();
+    const PlotCaption caption = caption_of(*chart()->view().spectrum(), QStringLiteral("Offset"));
+    EXPECT_EQ(caption.title, "Spectrum: Offset");
+    ASSERT_EQ(caption.lines.size(), 3U);
+    EXPECT_TRUE(caption.lines[0].starts_with("9,000 s up to 2026-11-2")) << caption.lines[0];
+    EXPECT_NE(caption.lines[2].find("5 of 10"), std::string::npos) << caption.lines[2];
 }
 
 TEST_F(SpectrumWindowTest, EveryControlHasANameAndATooltip) {

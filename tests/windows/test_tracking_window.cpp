@@ -12,11 +12,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QSlider>
 #include <QStatusBar>
@@ -26,6 +28,8 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cmath>
+#include <regex>
 
 namespace tickervantage {
 namespace {
@@ -122,9 +126,9 @@ struct TrackingWindowTest : ::testing::Test {
                      const std::function<void(Canvas&, Rect)>& draw) {
         testing::RecordingCanvas canvas;
         draw(canvas, {0, 0, static_cast<double>(format.width), static_cast<double>(format.height)});
-        const bool has_title =
-            std::ranges::any_of(canvas.texts, [](auto& one) { return one.text == "Chrony Tracking"; });
-        written = fmt::format("{} {}x{} {}", file, format.width, format.height, has_title ? "titled" : "blank");
+        written = fmt::format("{} {}x{}\n", file, format.width, format.height);
+        for (const auto& text : canvas.texts)
+            written += text.text + '\n';
         return 0;
     }
 
@@ -257,7 +261,7 @@ TEST_F(TrackingWindowTest, ZoomKeepsTheTimeUnderThePointer) {
         Q_EMIT area->zoom_requested(1, pointer);
     EXPECT_NEAR(time_under_pointer(), before, 1);
     EXPECT_GT(window->view().xscale, 1.0 / 15 * 3.9);
-    Q_EMIT area->zoom_reset_requested();
+    find<QAction>("reset_action")->trigger();
     EXPECT_DOUBLE_EQ(window->view().xscale, 1.0 / 15);
 }
 
@@ -268,11 +272,68 @@ TEST_F(TrackingWindowTest, ReadoutAndExportTellWhatIsInSight) {
     Q_EMIT area->pointed_at(area->frame().width - 60);
     EXPECT_TRUE(find<QLabel>("readout")->text().contains(QStringLiteral("-5.123 ppm")))
         << find<QLabel>("readout")->text().toStdString();
-    EXPECT_EQ(exported_to("/a/picture.svg"),
-              fmt::format("/a/picture.svg {}x{} titled", area->visible().width, area->visible().height));
+    const std::string newest = local_date_time(window->records().time(records_in_log - 1));
+    EXPECT_TRUE(find<QLabel>("readout")->text().startsWith(QString::fromStdString(newest)));
+    EXPECT_EQ(find<QLabel>("endDate")->text().toStdString(), newest);
+    EXPECT_TRUE(std::regex_match(newest, std::regex("2026-11-2[01] \\d\\d:\\d\\d:00 [-+A-Za-z0-9]+"))) << newest;
+    const Rect shown = area->visible();
+    const int caption = static_cast<int>(
+        caption_height(caption_of(window->view(), area->frame(), shown, QStringLiteral("tracking.log")), shown.width));
+    EXPECT_GT(caption, 40);
+    const std::string picture = exported_to("/a/picture.svg");
+    EXPECT_TRUE(picture.starts_with(fmt::format("/a/picture.svg {}x{}\n", shown.width, shown.height + caption)))
+        << picture;
+    for (const std::string& text : {std::string("\nChrony Tracking\n"), std::string("\ntracking.log\n"),
+                                    " to " + newest + "\n", std::string("\nRMS offset\n")})
+        EXPECT_NE(picture.find(text), std::string::npos) << text << picture;
+    EXPECT_EQ(picture.find("\nRoot dispersion\n"), std::string::npos) << "it is not shown";
     const std::string table = exported_to("/a/table.csv");
     EXPECT_NE(table.find("2026-11-21T03:59:00Z"), std::string::npos);
     EXPECT_NE(table.find("-5.123e-06"), std::string::npos) << table.substr(0, 200);
+}
+
+TEST_F(TrackingWindowTest, FitShowsWhatIsInSightInTrueUnits) {
+    open_and_load();
+    window->view().pauseTime = static_cast<double>(window->records().time(records_in_log - 1));
+    auto* area = find<GraphScrollArea>("trackingView");
+    area->resize_frame();
+    EXPECT_EQ(window->view().yscale, 1e6) << "microseconds, unless something else was chosen";
+    auto* unit = find<QSlider>("vScale");
+    EXPECT_EQ(unit->singleStep(), 1);
+    for (const bool logarithmic : {true, false}) {
+        if (window->view().use_logscale != logarithmic)
+            find<QCheckBox>("use_logscale")->click();
+        unit->setValue(-6);
+        find<QSlider>("vZoom")->setValue(500);
+        QMouseEvent click(QEvent::MouseButtonDblClick, QPointF(40, 40), area->mapToGlobal(QPointF(40, 40)),
+                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(area->viewport(), &click);
+        const double highest = window->view().value_scale().offset(3e-5); // of the log
+        EXPECT_LE(highest, area->visible().height / 2);
+        EXPECT_GT(highest, area->visible().height / 2 * (logarithmic ? 0.8 : 0.4));
+        EXPECT_DOUBLE_EQ(window->view().yscale, std::pow(10, unit->value() + 6));
+        EXPECT_EQ(area->frame().height, area->visible().height) << "nothing to scroll to";
+    }
+    find<QSlider>("vZoom")->setValue(500);
+    find<QPushButton>("fit")->click();
+    EXPECT_NE(find<QSlider>("vZoom")->value(), 500);
+    const int zoom = find<QSlider>("vZoom")->value();
+    find<QCheckBox>("offsetShow")->click();
+    for (const char* other : {"rmsOffsetShow", "frequencyShow", "systemtimeShow"})
+        find<QCheckBox>(other)->click();
+    find<QPushButton>("fit")->click();
+    EXPECT_EQ(find<QSlider>("vZoom")->value(), zoom) << "nothing in sight to fit to";
+}
+
+TEST_F(TrackingWindowTest, TheTimeRangeIsOfferedWhereItDoesSomething) {
+    open("tracking.log", true);
+    auto* range = find<QComboBox>("dataTimeRange");
+    EXPECT_TRUE(range->isEnabled());
+    EXPECT_EQ(range->toolTip(), QStringLiteral("Time range"));
+    open("tracking.log", false);
+    range = find<QComboBox>("dataTimeRange");
+    EXPECT_FALSE(range->isEnabled());
+    EXPECT_TRUE(range->toolTip().contains(QStringLiteral("finished log"))) << range->toolTip().toStdString();
 }
 
 TEST_F(TrackingWindowTest, AnEmptyGraphSaysWhy) {

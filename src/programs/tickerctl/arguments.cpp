@@ -102,6 +102,11 @@ void add_picture_options(CLI::App* command, Arguments& arguments, std::string& s
     command->add_flag("--dark", arguments.dark, "on a dark background");
 }
 
+void add_chart_options(CLI::App* command, Arguments& arguments) {
+    add_picture_options(command, arguments, arguments.chart_size);
+    command->add_flag("--caption", arguments.caption, "with a title, dates and a legend around it");
+}
+
 void add_plot_tracking(CommandLine& line, CLI::App* plot, Arguments& arguments) {
     auto* tracking = line.add(plot, Job::plot_tracking, "tracking", "The graph of a tracking log");
     tracking->add_option("FILE", arguments.log, "a log, such as /var/log/chrony/tracking.log")->required();
@@ -116,7 +121,7 @@ void add_plot_tracking(CommandLine& line, CLI::App* plot, Arguments& arguments) 
         ->check(number_within(0.01, 1000000, "give hours, from 0.01 to 1000000"))
         ->excludes(hzoom);
     tracking->add_option("--end", arguments.end, "2026-11-21T02:15:03Z; default: the last record");
-    add_picture_options(tracking, arguments, arguments.chart_size);
+    add_chart_options(tracking, arguments);
 }
 
 void add_freqtemp(CommandLine& line, Arguments& arguments) {
@@ -144,11 +149,11 @@ void add_plot(CommandLine& line, Arguments& arguments) {
         add_picture_options(command, arguments, arguments.size);
     auto* spectrum = line.add(plot, Job::plot_spectrum, "spectrum", "The spectrum of a tracking log");
     add_spectrum_options(spectrum, arguments);
-    add_picture_options(spectrum, arguments, arguments.chart_size);
+    add_chart_options(spectrum, arguments);
     add_plot_tracking(line, plot, arguments);
     auto* freqtemp = line.add(plot, Job::plot_freqtemp, "freqtemp", "Frequency against temperature");
     add_plot_freqtemp_options(*freqtemp, arguments.freqtemp);
-    add_picture_options(freqtemp, arguments, arguments.chart_size);
+    add_chart_options(freqtemp, arguments);
 }
 
 void add_all(CommandLine& line, Arguments& arguments) {

@@ -76,6 +76,7 @@ struct Arguments {
     std::string size = "200x200";       // of an instrument
     std::string chart_size = "800x450"; // of a chart
     bool dark = false;
+    bool caption = false;
 };
 
 // None: nothing is left to do (help was asked for, or the usage was wrong and one line said so), and `exit_status` says

@@ -87,6 +87,7 @@ int plot(const Arguments& arguments, int argc, char** argv) {
     PlotOptions options;
     options.output = arguments.output;
     options.dark = arguments.dark;
+    options.caption = arguments.caption;
     if (parse_size(size, options) != 0)
         return fail("A size is written as 640x480, with sides of 1 to " + std::to_string(largest_plot_side) +
                     ", not \"" + size + "\".");

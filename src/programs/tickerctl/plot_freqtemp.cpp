@@ -1,16 +1,18 @@
 #include "programs/tickerctl/plot_freqtemp.h"
 
-#include "platform/qt/picture_file.h"
+#include "programs/tickerctl/plot_chart.h"
 
 namespace tickervantage {
 
 int plot_freqtemp(const FreqTempView& view, const PlotOptions& options, std::string& sentence) {
-    PictureFormat format;
-    format.width = options.width;
-    format.height = options.height;
-    format.colors = options.dark ? CanvasColors::dark() : CanvasColors::light();
-    return write_picture(
-        options.output, format, [&view](Canvas& canvas, Rect bounds) { view.draw(canvas, bounds); }, sentence);
+    PlotCaption caption{.title = "Frequency against temperature", .lines = {}, .legend = {}};
+    view.for_each_shown([&](const std::string& sensor, const Color& color) {
+        caption.legend.push_back({color, sensor});
+    });
+    const auto draw = [&view](Canvas& canvas, Rect bounds) {
+        view.draw(canvas, bounds);
+    };
+    return plot_chart(options, caption, draw, sentence);
 }
 
 } // namespace tickervantage

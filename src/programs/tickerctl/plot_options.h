@@ -16,6 +16,7 @@ struct PlotOptions {
     int width = 200;    // pixels
     int height = 200;
     bool dark = false;
+    bool caption = false; // of the charts: what, of when, and a legend; the plot gets the rest
 };
 
 // "640x480", with sides from 1 to largest_plot_side. -1 for anything else; the options then stay as they are.

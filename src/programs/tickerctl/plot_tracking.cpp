@@ -4,8 +4,8 @@
 #include "graphs/tracking_line.h"
 #include "graphs/tracking_rows.h"
 #include "graphs/tracking_view.h"
-#include "platform/qt/picture_file.h"
 #include "platform/repeater.h"
+#include "programs/tickerctl/plot_chart.h"
 #include "programs/tickerctl/terminal.h"
 
 #include <fmt/format.h>
@@ -49,6 +49,18 @@ void draw_newest(TrackingView& view, Canvas& canvas, Rect bounds) {
     const Rect frame = view.resizeFrame(bounds, bounds);
     view.drawRect(canvas, {0, 0, frame.width, frame.height},
                   {frame.width - bounds.width, (frame.height - bounds.height) / 2, bounds.width, bounds.height});
+}
+
+PlotCaption caption_of(const TrackingView& view, const std::string& log, double width) {
+    const double seconds = (width - view.xaxis_offset) / view.xscale;
+    PlotCaption caption{.title = log,
+                        .lines = {fmt::format("{} to {}", local_date_time(to_integer(view.right_end() - seconds)),
+                                              local_date_time(to_integer(view.right_end())))},
+                        .legend = {}};
+    for (std::size_t i = 0; i < series_count; ++i)
+        if (view.shown[i])
+            caption.legend.push_back({view.colors[i], std::string(series_name(static_cast<Series>(i)))});
+    return caption;
 }
 
 } // namespace
@@ -95,14 +107,10 @@ int plot_tracking(FollowedFiles& files, const TrackingPlot& plot, const PlotOpti
         return answer_is_no;
     }
     set_up(view, plot, options.width);
-    PictureFormat format;
-    format.width = options.width;
-    format.height = options.height;
-    format.colors = options.dark ? CanvasColors::dark() : CanvasColors::light();
     const auto draw = [&view](Canvas& canvas, Rect bounds) {
         draw_newest(view, canvas, bounds);
     };
-    return write_picture(options.output, format, draw, sentence) == 0 ? 0 : failed;
+    return plot_chart(options, caption_of(view, plot.log, options.width), draw, sentence) == 0 ? 0 : failed;
 }
 
 } // namespace tickervantage

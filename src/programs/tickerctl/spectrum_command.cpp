@@ -23,6 +23,10 @@ int read_records(FollowedFiles& files, const std::string& log, TrackingRecords& 
     return answer_is_no;
 }
 
+std::string period_text(const std::optional<double>& period) {
+    return period ? fmt::format("{:.6g}", *period) : "-";
+}
+
 } // namespace
 
 int spectrum_of_log(FollowedFiles& files, const SpectrumChoice& choice, ComputedSpectrum& spectrum,
@@ -50,18 +54,26 @@ void print_spectrum(const ComputedSpectrum& spectrum, const SpectrumChoice& choi
                                               {"count", spectrum.count},
                                               {"length", spectrum.length},
                                               {"magnitudes", spectrum.magnitudes},
-                                              {"phases", spectrum.phases}};
+                                              {"phases", spectrum.phases},
+                                              {"extrapolated", spectrum.doubtful.extrapolated},
+                                              {"before_records", spectrum.doubtful.before_records}};
         out << document.dump() << '\n';
         return;
     }
     out << fmt::format("Series          : {}\n"
                        "Samples         : {}, one every {} s\n"
-                       "Bins            : {}, drawn from 0 to {} Hz\n\n"
-                       "     bin      axis (Hz)    magnitude        phase\n",
-                       choice.series, spectrum.count, choice.interval, spectrum.length, spectrum.samplefreq);
+                       "Extrapolated    : {}\n"
+                       "Before records  : {}\n"
+                       "Bins            : {}, drawn from 0 to {} Hz; those marked * mirror the others\n",
+                       choice.series, spectrum.count, choice.interval, spectrum.doubtful.extrapolated,
+                       spectrum.doubtful.before_records, spectrum.length, spectrum.samplefreq);
+    if (const std::string doubt = doubt_of(spectrum); !doubt.empty())
+        out << doubt << '\n';
+    out << "\n     bin frequency (Hz)     period (s)    magnitude        phase\n";
     for (std::size_t bin = 0; bin < spectrum.length; ++bin)
-        out << fmt::format("{:8} {:14.6g} {:12.6f} {:12.6f}\n", bin, axis_frequency(spectrum, bin),
-                           spectrum.magnitudes[bin], spectrum.phases[bin]);
+        out << fmt::format("{:8} {:14.6g} {:>14} {:12.6f} {:12.6f}{}\n", bin, true_frequency(spectrum, bin),
+                           period_text(period_of(spectrum, bin)), spectrum.magnitudes[bin], spectrum.phases[bin],
+                           is_mirrored(spectrum, bin) ? " *" : "");
 }
 
 } // namespace tickervantage

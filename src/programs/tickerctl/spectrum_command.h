@@ -24,7 +24,8 @@ struct SpectrumChoice {
 [[nodiscard]] int spectrum_of_log(FollowedFiles& files, const SpectrumChoice& choice, ComputedSpectrum& spectrum,
                                   std::string& sentence);
 
-// The document's keys are the record's fields; what is not finite is null.
+// The document's keys are the record's fields, and `extrapolated` and `before_records`, which count the samples that do
+// not lie between records; what is not finite is null.
 void print_spectrum(const ComputedSpectrum& spectrum, const SpectrumChoice& choice, OutputForm form, std::ostream& out);
 
 } // namespace tickervantage
