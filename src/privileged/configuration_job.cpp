@@ -105,9 +105,12 @@ JobResult ChronyJobs::recover(bool had_former) {
                     ended + " There was no configuration before it that could be put back: chronyd does not run."};
     guard();
     stop_daemon();
-    attempt(m_tool.restore_former(m_setting.config));
+    const StepReply restored = m_steps.execute(m_tool.restore_former(m_setting.config));
     start_daemon();
     (void)restart_gpsd(); // the sentence tells of chronyd
+    if (!restored.is_done)
+        return {.done = false,
+                .sentence = ended + ' ' + job_sentence("The former configuration did not come back", restored.text)};
     if (!comes_up())
         return {.done = false,
                 .sentence = ended + ' ' +

@@ -338,6 +338,12 @@ TEST_F(ChronyJobsTest, NewConfigurationIsPreparedAndTheFormerOneComesBackWhenThe
                     {"/bin/launchctl print system/org.chrony-project.chronyd", "TOOL guardchrony", "TOOL stopchrony",
                      R"(TOOL restoreformer "/etc/chrony.d/chrony.conf")", "TOOL startchrony"});
     EXPECT_EQ(series(), expected);
+
+    survivals = {false};
+    steps.failing = {{"restoreformer", "There is none."}};
+    EXPECT_EQ(run(request).sentence,
+              "chronyd ended soon after it was started with this configuration: Could not open /dev/pps9. "
+              "The former configuration did not come back: There is none.");
 }
 
 TEST_F(ChronyJobsTest, FileThatIsNotThereAfterwardsWasNotInstalledWhateverTheReplies) {

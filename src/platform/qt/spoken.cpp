@@ -89,6 +89,8 @@ constexpr auto sentences = std::to_array<const char*>({
     QT_TRANSLATE_NOOP("sentences", "The configuration was not installed."),
     QT_TRANSLATE_NOOP("sentences", "The configuration was not installed: %1."),
     QT_TRANSLATE_NOOP("sentences", "%1 The former configuration is back, and chronyd runs with it again."),
+    QT_TRANSLATE_NOOP("sentences", "%1 The former configuration did not come back."),
+    QT_TRANSLATE_NOOP("sentences", "%1 The former configuration did not come back: %2."),
     QT_TRANSLATE_NOOP("sentences",
                       "%1 There was no configuration before it that could be put back: chronyd does not run."),
     QT_TRANSLATE_NOOP("sentences", "%1 The former configuration is back, but chronyd does not run with it either."),
