@@ -214,6 +214,15 @@ TEST_F(ChronyJobsTest, InstallationThatFailsMidwayStartsAgainWhatItStopped) {
             << "nothing is prepared for no configuration";
 }
 
+TEST_F(ChronyJobsTest, ConfigurationThatCannotBePlacedIsNotPreparedAndTheDaemonRunsAgain) {
+    steps.failing = {{"installitem", "Cannot write: No space left on device."}};
+    EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = "user ntp\nlogdir /logs\n"}).sentence,
+              "The configuration was not installed: Cannot write: No space left on device.");
+    for (const auto& line : series())
+        EXPECT_TRUE(line.find("adduser") == std::string::npos && line.find("createdirectory") == std::string::npos);
+    EXPECT_EQ(series().back(), "TOOL startchrony");
+}
+
 TEST_F(ChronyJobsTest, JobWhoseCommandFailsIsNotDoneAndSaysWhy) {
     files[setting.config] = "logdir /logs\n";
     files["/Library/LaunchDaemons/net.brisklane.gpsdstart.plist"] = "";
