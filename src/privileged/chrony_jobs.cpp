@@ -254,7 +254,7 @@ JobResult ChronyJobs::uninstall() {
 JobResult ChronyJobs::start() {
     start_daemon();
     JobResult result = started();
-    JobResult gpsd = m_setting.restart_gpsd ? restart_gpsd() : JobResult{};
+    JobResult gpsd = m_setting.restart_gpsd ? restart_gpsd_if_there() : JobResult{};
     return result.done ? gpsd : result;
 }
 
@@ -311,6 +311,12 @@ JobResult ChronyJobs::log_permission() {
 }
 
 JobResult ChronyJobs::restart_gpsd() {
+    if (!m_probes.file_exists(definition_path(m_setting.form, gpsd_label)))
+        return refusal("There is no service of a GPS daemon on this machine.");
+    return restart_gpsd_if_there();
+}
+
+JobResult ChronyJobs::restart_gpsd_if_there() {
     if (m_probes.file_exists(definition_path(m_setting.form, gpsd_label)))
         run(restart_lines(m_setting.form, gpsd_label));
     return outcome("The GPS daemon was not restarted");

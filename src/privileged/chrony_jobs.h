@@ -82,6 +82,7 @@ private:
     [[nodiscard]] JobResult outcome(const char* words) const;
     // Of the one command that a job is about.
     [[nodiscard]] JobResult with_output(const std::string& command, const char* words);
+    [[nodiscard]] JobResult restart_gpsd_if_there();
     void guard();
     JobResult resumed(JobResult result); // with what guard() watched over running again
     void stop_daemon();

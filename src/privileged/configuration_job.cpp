@@ -93,7 +93,7 @@ JobResult ChronyJobs::install_configuration(const std::string& text) {
         return {.done = false,
                 .sentence =
                     job_sentence("The configuration is installed, but chronyd was not started", m_start_reply.text)};
-    return restart_gpsd();
+    return restart_gpsd_if_there();
 }
 
 JobResult ChronyJobs::recover(bool had_former) {
@@ -107,7 +107,7 @@ JobResult ChronyJobs::recover(bool had_former) {
     stop_daemon();
     const StepReply restored = m_steps.execute(m_tool.restore_former(m_setting.config));
     start_daemon();
-    (void)restart_gpsd(); // the sentence tells of chronyd
+    (void)restart_gpsd_if_there(); // the sentence tells of chronyd
     if (!restored.is_done)
         return {.done = false,
                 .sentence = ended + ' ' + job_sentence("The former configuration did not come back", restored.text)};

@@ -260,6 +260,8 @@ TEST_F(ChronyJobsTest, JobWhoseCommandFailsIsNotDoneAndSaysWhy) {
         EXPECT_FALSE(result.done) << command;
         EXPECT_EQ(result.sentence, sentence);
     }
+    files.clear();
+    EXPECT_FALSE(run({AdminJob::restart_gpsd}).done) << "there is none";
 }
 
 TEST_F(ChronyJobsTest, EachOtherJobIsItsOwnSeries) {

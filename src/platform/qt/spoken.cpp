@@ -119,6 +119,7 @@ constexpr auto sentences = std::to_array<const char*>({
     QT_TRANSLATE_NOOP("sentences", "The clock was not stepped: %1."),
     QT_TRANSLATE_NOOP("sentences", "The configuration is installed, but chronyd was not started."),
     QT_TRANSLATE_NOOP("sentences", "The configuration is installed, but chronyd was not started: %1."),
+    QT_TRANSLATE_NOOP("sentences", "There is no service of a GPS daemon on this machine."),
     QT_TRANSLATE_NOOP("sentences", "The clock was not synchronised."),
     QT_TRANSLATE_NOOP("sentences", "There is no configuration to be installed: %1 cannot be read."),
     QT_TRANSLATE_NOOP("sentences", "A server has a name or an address, without quotes or signs."),
