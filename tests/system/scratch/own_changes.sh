@@ -4,6 +4,9 @@
 # "%p" and a tab come first in the lists of files that are compared.
 readonly listed='%p\t%m %u:%g %l\n'
 
+# A file that comes or goes below while they are listed is no failure.
+listed_in() { { find "$@" 2>/dev/null || true; } | sort; } # FOLDER... EXPRESSION
+
 # Whoever works on the machine below changes its files meanwhile, and they shine through. What this machine changed itself
 # lies in a layer of its own: only that counts in the differences of two lists, which are printed, and are a failure.
 same_but_for_others() { # BEFORE AFTER
