@@ -13,6 +13,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QSettings>
 #include <QSize>
 #include <QTemporaryDir>
@@ -103,6 +104,37 @@ TEST_F(SettingsStoreTest, EveryTextComesBackFromANewStore) {
         EXPECT_EQ(again.read("key" + std::to_string(index)), values[index]) << index;
     EXPECT_EQ(logger.sentences, Texts{});
     EXPECT_EQ(fs::status(file).permissions(), fs::perms(0600));
+}
+
+// As an editor writes, and as this program does: beside, and over it.
+TEST_F(SettingsStoreTest, WhatOthersWriteIsNoticedAndWhatIsNotSavedYetIsKept) {
+    using namespace std::chrono_literals;
+    ManualMainThread main_thread;
+    QtSettingsStore store(file.string(), queue, logger);
+    int changes = 0;
+    store.watch(main_thread, [&changes] { ++changes; });
+    const auto wait_for_change = [&](const std::string& value) {
+        const auto deadline = std::chrono::steady_clock::now() + 30s;
+        while (store.read("chronyc_interval") != Texts{value} && std::chrono::steady_clock::now() < deadline) {
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 1000);
+            queue.turn();
+            main_thread.turn();
+        }
+        return store.read("chronyc_interval") == Texts{value};
+    };
+    for (const char* value : {"5", "6", "7"}) {
+        ManualQueue other_queue;
+        QtSettingsStore other(file.string(), other_queue, logger);
+        other.write("chronyc_interval", {value});
+        other_queue.turn();
+        const int before = changes;
+        EXPECT_TRUE(wait_for_change(value)) << value;
+        EXPECT_EQ(changes, before + 1);
+    }
+    store.write("meter_view", {"3"});
+    std::ofstream(file, std::ios::app) << "chronyc_interval=8\n";
+    EXPECT_TRUE(wait_for_change("8"));
+    EXPECT_EQ(store.read("meter_view"), Texts{"3"});
 }
 
 TEST_F(SettingsStoreTest, TwoStoresOnOneFileKeepEachOthersChangesAndUnknownKeys) {

@@ -1,9 +1,12 @@
 #include "platform/qt/qt_settings_store.h"
 
+#include <QFileSystemWatcher>
 #include <QString>
 
+#include "platform/linux/small_file.h"
 #include "platform/qt/settings_file.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <mutex>
 #include <utility>
@@ -24,7 +27,9 @@ struct QtSettingsStore::Shared {
     const SettingsFile file;
     Logger& logger;
     std::string load_problem;
-    ProblemHandler handler; // main thread only
+    ProblemHandler handler;            // main thread only
+    std::function<void()> changed;     // likewise
+    std::atomic<bool> looking = false; // a look at the file is on its way
 
     std::mutex mutex; // guards what follows
     std::condition_variable rest;
@@ -38,6 +43,7 @@ struct QtSettingsStore::Shared {
     static void report(const std::shared_ptr<Shared>& shared, const std::string& sentence);
 
     bool save_once(std::string& sentence);
+    bool take_changes();
     [[nodiscard]] bool rest_or_more(bool saved);
 };
 
@@ -58,6 +64,23 @@ bool QtSettingsStore::Shared::save_once(std::string& sentence) {
         return saved != changes.end() && saved->second == one.second;
     });
     return true;
+}
+
+// What the program has changed and not saved yet is newer than the file. Whether anything else is new.
+bool QtSettingsStore::Shared::take_changes() {
+    SettingValues found;
+    if (file.look_again(found) != 0)
+        return false; // damaged, or not readable just now: what is known holds
+    const std::lock_guard lock(mutex);
+    for (const auto& [key, texts] : pending) {
+        if (texts)
+            found.insert_or_assign(key, *texts);
+        else
+            found.erase(key);
+    }
+    const bool is_new = found != values;
+    values = std::move(found);
+    return is_new;
 }
 
 // Whether there is more to save now; otherwise the next change schedules again.
@@ -108,6 +131,7 @@ QtSettingsStore::QtSettingsStore(const std::string& path, DispatchQueueSerial& q
 
 QtSettingsStore::~QtSettingsStore() {
     m_shared->handler = nullptr;
+    m_shared->changed = nullptr;
     const std::lock_guard lock(m_shared->mutex);
     m_shared->main_thread = nullptr;
 }
@@ -166,6 +190,41 @@ void QtSettingsStore::set_problem_handler(MainThread& main_thread, ProblemHandle
     m_shared->handler = std::move(handler);
     const std::lock_guard lock(m_shared->mutex);
     m_shared->main_thread = m_shared->handler ? &main_thread : nullptr;
+}
+
+void QtSettingsStore::watch(MainThread& main_thread, std::function<void()> changed) {
+    m_shared->changed = std::move(changed);
+    m_watch_thread = &main_thread;
+    m_watcher = std::make_unique<QFileSystemWatcher>();
+    QObject::connect(m_watcher.get(), &QFileSystemWatcher::directoryChanged, m_watcher.get(), [this] { look_again(); });
+    QObject::connect(m_watcher.get(), &QFileSystemWatcher::fileChanged, m_watcher.get(), [this] { look_again(); });
+    std::string ignored; // what cannot be made cannot be watched; a save tells
+    (void)make_private_folder(m_shared->file.folder(), ignored);
+    watch_paths();
+}
+
+// The folder, since the file is replaced as a whole, and the file, since an editor may write into it. A file that was
+// replaced is no longer watched.
+void QtSettingsStore::watch_paths() {
+    const auto known = m_watcher->directories() + m_watcher->files();
+    for (const auto& path : {m_shared->file.folder(), m_shared->file.path()})
+        if (const auto text = QString::fromStdString(path); !known.contains(text))
+            (void)m_watcher->addPath(text); // there may be no file yet
+}
+
+void QtSettingsStore::look_again() {
+    watch_paths();
+    if (m_shared->looking.exchange(true))
+        return;
+    m_queue.async([shared = m_shared, &main_thread = *m_watch_thread] {
+        shared->looking = false; // a change from now on is a reason for another look
+        if (shared->take_changes())
+            main_thread.main_async([weak = std::weak_ptr(shared)] {
+                const auto alive = weak.lock();
+                if (alive && alive->changed)
+                    alive->changed();
+            });
+    });
 }
 
 int QtSettingsStore::finish(std::chrono::milliseconds time_limit, std::string& sentence) {

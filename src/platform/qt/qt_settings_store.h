@@ -1,4 +1,5 @@
-// The settings store of the program and of tickerctl: an INI file, read once when the store is made.
+// The settings store of the program and of tickerctl: an INI file, read when the store is made, and again whenever
+// another process changes it, for those who watch.
 //
 // Reading and writing through the store only touches memory. Changes go to the disk behind it, on the queue given,
 // several at a time. A save that fails keeps its changes; the next one, or `finish`, tries again. Main thread only,
@@ -13,6 +14,8 @@
 #include <functional>
 #include <memory>
 #include <string>
+
+class QFileSystemWatcher;
 
 namespace tickervantage {
 
@@ -37,17 +40,25 @@ public:
     // Calls the handler on the main thread with each new problem of a save. An empty handler ends that.
     void set_problem_handler(MainThread& main_thread, ProblemHandler handler);
 
+    // From now on the values follow what others write into the file, and the handler is called on the main thread after
+    // each such change. Needs an event loop.
+    void watch(MainThread& main_thread, std::function<void()> changed);
+
     // For the end of the program: blocks until every change is on the disk. 0, or -1 and one sentence.
     [[nodiscard]] int finish(std::chrono::milliseconds time_limit, std::string& sentence);
 
 private:
     struct Shared;
 
+    void watch_paths();
+    void look_again();
     void change(std::string_view key, std::optional<std::vector<std::string>> value);
     void schedule();
 
     std::shared_ptr<Shared> m_shared; // with the work on the queue, which may come round after the store has gone
     DispatchQueueSerial& m_queue;
+    std::unique_ptr<QFileSystemWatcher> m_watcher;
+    MainThread* m_watch_thread = nullptr;
 };
 
 } // namespace tickervantage

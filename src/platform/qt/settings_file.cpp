@@ -39,6 +39,13 @@ IniValues ini_values(const SettingValues& values) {
     return all;
 }
 
+SettingValues setting_values(const IniValues& values) {
+    SettingValues all;
+    for (auto one = values.begin(); one != values.end(); ++one)
+        all.emplace(one.key().toStdString(), texts_of(one.value()));
+    return all;
+}
+
 } // namespace
 
 struct SettingsFile::Content {
@@ -98,10 +105,15 @@ SettingValues SettingsFile::load(std::string& sentence) const {
         sentence = fmt::format("The settings file {} cannot be read ({}).", m_path, content.reason);
     if (!sentence.empty())
         sentence += " The defaults are used.";
-    SettingValues values;
-    for (auto one = content.values.begin(); one != content.values.end(); ++one)
-        values.emplace(one.key().toStdString(), texts_of(one.value()));
-    return values;
+    return setting_values(content.values);
+}
+
+int SettingsFile::look_again(SettingValues& values) const {
+    const Content content = read();
+    if (content.state != Content::State::good)
+        return -1;
+    values = setting_values(content.values);
+    return 0;
 }
 
 int SettingsFile::save(const SettingChanges& changes, const SettingValues& known, std::string& sentence) const {

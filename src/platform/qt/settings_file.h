@@ -30,7 +30,11 @@ public:
     // was. `known` is what the program works with: should the file turn out damaged, it takes the place of it.
     [[nodiscard]] int save(const SettingChanges& changes, const SettingValues& known, std::string& sentence) const;
 
+    // The values once more. -1: the file cannot be used just now; it stays as it is.
+    [[nodiscard]] int look_again(SettingValues& values) const;
+
     [[nodiscard]] const std::string& path() const { return m_path; }
+    [[nodiscard]] const std::string& folder() const { return m_folder; }
 
 private:
     struct Content;
