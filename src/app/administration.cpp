@@ -27,7 +27,7 @@ struct MarkedText {
     const char* text;
     const char* comment;
 };
-[[maybe_unused]] constexpr std::array<MarkedText, 13> offer_texts{
+[[maybe_unused]] constexpr std::array<MarkedText, 16> offer_texts{
     {QT_TRANSLATE_NOOP3("offers", "Warning", ""),
      QT_TRANSLATE_NOOP3("offers", "The chronyd ntp daemon is not configured/installed.", "first run: line 1"),
      QT_TRANSLATE_NOOP3("offers", "\nDo you wish to install the privileged components?", "first run: line 2"),
@@ -41,7 +41,10 @@ struct MarkedText {
          "offers", "This system has a chrony of its own, which its packages keep up to date:", "system chrony: line 1"),
      QT_TRANSLATE_NOOP3("offers", "The program can show and steer that one instead of installing another.",
                         "system chrony: last line"),
-     QT_TRANSLATE_NOOP3("offers", "Use It", "system chrony: button")}};
+     QT_TRANSLATE_NOOP3("offers", "Use It", "system chrony: button"),
+     QT_TRANSLATE_NOOP3("offers", "The chrony of this system is used.", "system chrony in use: title"),
+     QT_TRANSLATE_NOOP3("offers", "Preferences has other paths.", "system chrony in use: last line"),
+     QT_TRANSLATE_NOOP3("offers", "Dismiss", "system chrony in use: button")}};
 
 std::string translate_offer(const char* text, const char* comment) {
     return QCoreApplication::translate("offers", text, comment).toStdString();
@@ -85,21 +88,23 @@ Administration::Administration(AdministrationParts parts)
                                                                           [this](auto remove) {
                                                                               confirm_removal(std::move(remove));
                                                                           }}),
-      m_offers({.warnings = m_parts.warnings,
-                .execute = m_parts.execute,
-                .queue = m_parts.machine.queue("net.brisklane.offers"),
-                .main_thread = m_parts.main_thread,
-                .bundle = m_parts.paths.bundle,
-                .file_exists = m_parts.machine.probes.file_exists,
-                .paths =
-                    [&general = m_parts.general] {
-                        return InstalledPaths{general.config, general.chronyc, general.chronyd};
-                    },
-                .show = show(),
-                .translate = translate_offer,
-                .install = [this] { m_menu.install(); },
-                .use_distribution = [this](const DistributionChrony& chrony) { use_distribution(chrony); },
-                .stop_for_version = m_parts.stop_for_version}) {}
+      m_offers(
+          {.warnings = m_parts.warnings,
+           .execute = m_parts.execute,
+           .queue = m_parts.machine.queue("net.brisklane.offers"),
+           .main_thread = m_parts.main_thread,
+           .bundle = m_parts.paths.bundle,
+           .file_exists = m_parts.machine.probes.file_exists,
+           .paths =
+               [&general = m_parts.general] {
+                   return InstalledPaths{general.config, general.chronyc, general.chronyd};
+               },
+           .uses_distribution_unasked = [&general = m_parts.general] { return general.uses_distribution_unasked(); },
+           .show = show(),
+           .translate = translate_offer,
+           .install = [this] { m_menu.install(); },
+           .use_distribution = [this](const DistributionChrony& chrony) { use_distribution(chrony); },
+           .stop_for_version = m_parts.stop_for_version}) {}
 
 Administration::~Administration() = default;
 
@@ -140,8 +145,7 @@ void Administration::use_distribution(const DistributionChrony& chrony) {
     m_parts.general.chronyc = chrony.chronyc;
     m_parts.general.chronyd = chrony.chronyd;
     m_parts.general.save(m_parts.settings);
-    m_parts.cycle().rebuild_runner();
-    m_parts.cycle().refresh();
+    m_parts.cycle().programs_changed();
 }
 
 void Administration::ask_for_rights() {

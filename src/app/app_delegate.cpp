@@ -13,6 +13,7 @@
 #include "mainwindow/tickervantage_window.h"
 #include "platform/linux/desktop_applications.h"
 #include "platform/qt/languages.h"
+#include "privileged/distribution_chrony.h"
 
 #include <QAction>
 #include <QApplication>
@@ -47,7 +48,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     m_parts.logger.log(LogLevel::info, "Tickervantage " TICKERVANTAGE_VERSION " starts.");
     m_parts.actions->prepare();
     remove_old_installations(m_parts.old_installation, m_parts.actions, m_parts.removal_queue);
-    m_general = PreferencesGeneral::load(m_parts.cycle.settings);
+    m_general = PreferencesGeneral::load(m_parts.cycle.settings, usual_paths());
     m_advanced = PreferencesAdvanced::load(m_parts.cycle.settings);
     m_warnings.load();
     make_main_window();
@@ -67,6 +68,23 @@ void AppDelegate::applicationWillTerminate() {
     m_advanced.save(m_parts.cycle.settings);
     m_parts.logger.log(LogLevel::info, "Tickervantage ends.");
     m_parts.close_log();
+}
+
+ChronyPaths AppDelegate::usual_paths() const {
+    return usual_chrony_paths(m_parts.old_installation.file_exists);
+}
+
+// What was typed and not saved yet is newer than what the store holds of it.
+void AppDelegate::settings_changed() {
+    DefaultSettings& settings = m_parts.cycle.settings;
+    m_general.save(settings);
+    m_general = PreferencesGeneral::load(settings, usual_paths());
+    m_advanced = PreferencesAdvanced::load(settings);
+    update_optional_items();
+    m_main_window->settings_changed();
+    m_main_window->cycle().programs_changed();
+    if (m_settings_windows)
+        m_settings_windows->show_records();
 }
 
 void AppDelegate::make_main_window() {
@@ -252,7 +270,8 @@ SettingsWindows& AppDelegate::settings_windows() {
             .warnings = m_warnings,
             .general = m_general,
             .advanced = m_advanced,
-            .general_changed = {},
+            .usual_paths = [this] { return usual_paths(); },
+            .general_changed = [this] { m_main_window->cycle().programs_changed(); },
             .advanced_changed =
                 [this] {
                     update_optional_items();

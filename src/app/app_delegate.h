@@ -72,6 +72,9 @@ public:
     [[nodiscard]] TickervantageWindow& main_window(); // made on first use
     [[nodiscard]] const ApplicationMenus& menus() const { return m_menus; }
 
+    // Another process has changed the settings: the windows follow.
+    void settings_changed();
+
     // Told by the shared actions.
     void show_problem(PrivilegedProblem problem, const std::string& detail);
 
@@ -91,6 +94,7 @@ public:
 
 private:
     [[nodiscard]] MenuHandlers menu_handlers();
+    [[nodiscard]] ChronyPaths usual_paths() const;
     [[nodiscard]] StatusCycleOptions cycle_options();
     void make_main_window();
     void showTickervantage();

@@ -127,6 +127,7 @@ private:
         action->setEnabled(false);
         //: tooltip of a menu item that cannot be used
         action->setToolTip(Texts::tr("Not part of this version"));
+        action->setVisible(QLatin1String(item.name) != QLatin1String("showDonate")); // it comes with its resource alone
     }
 
     QMainWindow* m_window;

@@ -261,6 +261,7 @@ int Program::run(const ProgramOptions& options, const DaemonChoice& daemon, cons
         save(m_settings, settings::chronyc_interval, 2);
     m_delegate.applicationDidFinishLaunching();
     show_problems();
+    m_store.watch(m_main_thread, [this] { m_delegate.settings_changed(); });
     for (const auto& log : absolute(options.logs))
         m_delegate.open_log(log);
     if (!options.screenshots.empty())

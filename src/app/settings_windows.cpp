@@ -68,6 +68,7 @@ PreferencesParts SettingsWindows::preferences_parts() {
             .advanced = m_parts.advanced,
             .path_state = path_state,
             .launch_at_login = launch_at_login(m_parts.paths),
+            .usual_paths = m_parts.usual_paths,
             .general_changed = m_parts.general_changed,
             .advanced_changed = m_parts.advanced_changed,
             .install_or_remove_wake = m_parts.install_or_remove_wake,
@@ -87,6 +88,11 @@ void SettingsWindows::showPreferences(Preferences::Pane pane) {
     if (!m_preferences)
         m_preferences = std::make_unique<Preferences>(preferences_parts());
     m_preferences->show_pane(pane);
+}
+
+void SettingsWindows::show_records() {
+    if (m_preferences && m_preferences->isVisible())
+        m_preferences->show_records();
 }
 
 bool SettingsWindows::finish() {

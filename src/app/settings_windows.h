@@ -21,6 +21,7 @@ struct SettingsWindowsParts {
     WarningRegister& warnings;
     PreferencesGeneral& general;
     PreferencesAdvanced& advanced;
+    std::function<ChronyPaths()> usual_paths;
     std::function<void()> general_changed;
     std::function<void()> advanced_changed;
     std::function<bool()> editor_is_open;
@@ -38,6 +39,9 @@ public:
 
     void showServers();
     void showPreferences(Preferences::Pane pane);
+
+    // The records of the preferences are others now.
+    void show_records();
 
     // Waits for the disk: for the program's end. False when the server list or the file for launch at login could not
     // be written in time.

@@ -37,11 +37,20 @@ Runchronyc::Runchronyc(Execute& execute, PrivilegedActions& privileged, ChronyPr
     m_options.insert(m_options.end(), m_extra.begin(), m_extra.end());
 }
 
+ExecuteResult Runchronyc::run_with(std::vector<std::string> options, const std::string& command) const {
+    options.push_back(command);
+    return m_execute.run(
+        {.program = choose_program(m_programs.chronyc, m_programs, bundle_chronyc), .arguments = std::move(options)});
+}
+
 ExecuteResult Runchronyc::run(const std::string& command) const {
-    ExecuteRequest request{.program = choose_program(m_programs.chronyc, m_programs, bundle_chronyc),
-                           .arguments = m_options};
-    request.arguments.push_back(command);
-    return m_execute.run(request);
+    return run_with(m_options, command);
+}
+
+ExecuteResult Runchronyc::run_for_values(const std::string& command) const {
+    auto options = m_options;
+    options.emplace_back("-c");
+    return run_with(std::move(options), command);
 }
 
 std::string Runchronyc::run_privileged(bool resolve, bool original, const std::string& command,

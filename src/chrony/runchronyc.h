@@ -16,6 +16,7 @@ struct ChronyPrograms {
     std::string bundle;  // the application bundle; its own pair is used where a configured program is missing
     std::string chronyc; // the configured paths
     std::string chronyd;
+    friend bool operator==(const ChronyPrograms&, const ChronyPrograms&) = default;
 };
 
 // The bundle's programs, by their place in it.
@@ -40,12 +41,18 @@ public:
     // As the ordinary user. The command is one argument, blanks and all.
     [[nodiscard]] ExecuteResult run(const std::string& command) const;
 
+    // The same as comma-separated values, chronyc's option -c: nothing is cut, and without -N addresses stand for
+    // names.
+    [[nodiscard]] ExecuteResult run_for_values(const std::string& command) const;
+
     // As administrator through the helper: what chronyc printed on both its streams; empty text when the helper is not
     // ready. Uses the configured program, whether it exists or not.
     [[nodiscard]] std::string run_privileged(bool resolve, bool original, const std::string& command,
                                              const std::string& extra) const;
 
 private:
+    [[nodiscard]] ExecuteResult run_with(std::vector<std::string> options, const std::string& command) const;
+
     Execute& m_execute;
     PrivilegedActions& m_privileged;
     ChronyPrograms m_programs;

@@ -2,16 +2,37 @@
 
 #include "config/settings_catalogue.h"
 
+#include <algorithm>
+#include <array>
+
 namespace tickervantage {
 
-PreferencesGeneral PreferencesGeneral::load(const DefaultSettings& settings) {
+namespace {
+
+constexpr std::array path_keys{&settings::file_config, &settings::file_chronyc, &settings::file_chronyd,
+                               &settings::file_chronywake};
+
+} // namespace
+
+ChronyPaths documented_paths() {
+    return {.config = std::string(settings::file_config.fallback),
+            .chronyc = std::string(settings::file_chronyc.fallback),
+            .chronyd = std::string(settings::file_chronyd.fallback),
+            .chronywake = std::string(settings::file_chronywake.fallback)};
+}
+
+PreferencesGeneral PreferencesGeneral::load(const DefaultSettings& settings, const ChronyPaths& usual) {
     const auto read = [&settings](const auto& key) {
         return tickervantage::load(settings, key);
     };
-    return {.config = read(settings::file_config),
-            .chronyc = read(settings::file_chronyc),
-            .chronyd = read(settings::file_chronyd),
-            .chronywake = read(settings::file_chronywake),
+    const auto is_set = [&settings](const TextKey* key) {
+        return settings.is_stored(key->key);
+    };
+    const ChronyPaths paths = std::ranges::any_of(path_keys, is_set) ? documented_paths() : usual;
+    return {.config = settings.loadString(settings::file_config.key, paths.config),
+            .chronyc = settings.loadString(settings::file_chronyc.key, paths.chronyc),
+            .chronyd = settings.loadString(settings::file_chronyd.key, paths.chronyd),
+            .chronywake = settings.loadString(settings::file_chronywake.key, paths.chronywake),
             .make_thresh = read(settings::make_thresh),
             .make_limit = read(settings::make_limit),
             .burst_good = read(settings::burst_good),
@@ -19,13 +40,18 @@ PreferencesGeneral PreferencesGeneral::load(const DefaultSettings& settings) {
             .burst_netmask = read(settings::burst_netmask),
             .launch_login = read(settings::launch_login),
             .adj_system = read(settings::adj_system),
-            .install_wake = read(settings::install_wake)};
+            .install_wake = read(settings::install_wake),
+            .usual = paths};
 }
 
 void PreferencesGeneral::save(DefaultSettings& settings) const {
     const auto write = [&settings](const auto& key, const auto& value) {
         tickervantage::save(settings, key, value);
     };
+    if (usual.from_distribution && paths() != usual)
+        for (const TextKey* key : path_keys)
+            if (!settings.is_stored(key->key))
+                settings.forget(key->key);
     write(settings::file_config, config);
     write(settings::file_chronyc, chronyc);
     write(settings::file_chronyd, chronyd);
@@ -40,19 +66,22 @@ void PreferencesGeneral::save(DefaultSettings& settings) const {
     write(settings::install_wake, install_wake);
 }
 
-void PreferencesGeneral::restore_defaults() {
-    *this = {.config = std::string(settings::file_config.fallback),
-             .chronyc = std::string(settings::file_chronyc.fallback),
-             .chronyd = std::string(settings::file_chronyd.fallback),
-             .chronywake = std::string(settings::file_chronywake.fallback),
-             .make_thresh = settings::make_thresh.fallback,
-             .make_limit = settings::make_limit.fallback,
-             .burst_good = settings::burst_good.fallback,
-             .burst_max = settings::burst_max.fallback,
-             .burst_netmask = std::string(settings::burst_netmask.fallback),
-             .launch_login = launch_login,
-             .adj_system = settings::adj_system.fallback,
-             .install_wake = settings::install_wake.fallback};
+void PreferencesGeneral::restore_defaults(DefaultSettings& settings, const ChronyPaths& former) {
+    for (const TextKey* key : path_keys)
+        settings.reset(key->key);
+    const auto fresh = load(settings, former);
+    usual = fresh.usual;
+    config = fresh.config;
+    chronyc = fresh.chronyc;
+    chronyd = fresh.chronyd;
+    chronywake = fresh.chronywake;
+    adj_system = settings::adj_system.fallback;
+    install_wake = settings::install_wake.fallback;
+    make_thresh = settings::make_thresh.fallback;
+    make_limit = settings::make_limit.fallback;
+    burst_good = settings::burst_good.fallback;
+    burst_max = settings::burst_max.fallback;
+    burst_netmask = settings::burst_netmask.fallback;
 }
 
 PreferencesAdvanced PreferencesAdvanced::load(const DefaultSettings& settings) {

@@ -23,6 +23,7 @@ namespace {
 
 constexpr const char* adjust_warning = "AdjustClockAlert";
 constexpr std::size_t config_path = 0;
+constexpr std::size_t wake_path = 3;
 
 using Paths = std::array<std::string, 4>;
 
@@ -102,11 +103,14 @@ void PreferencesGeneralPane::connect_controls() {
     connect(m_controls.restoreDefaults, &QPushButton::clicked, this, [this] { restoreDefaults(); });
     for (std::size_t path = 0; path < m_controls.paths.size(); ++path) {
         connect(m_controls.paths[path].field, &QLineEdit::textEdited, this, [this] { take_paths(); });
+        connect(m_controls.paths[path].field, &QLineEdit::editingFinished, this, [this] { finish_edit(); });
         connect(m_controls.paths[path].choose, &QPushButton::clicked, this, [this, path] { find_path(path); });
     }
     for (auto* field : {m_controls.m_make_thresh, m_controls.m_make_limit, m_controls.m_burst_good,
-                        m_controls.m_burst_max, m_controls.m_burst_netmask})
+                        m_controls.m_burst_max, m_controls.m_burst_netmask}) {
         connect(field, &QLineEdit::textEdited, this, [this] { take_arguments(); });
+        connect(field, &QLineEdit::editingFinished, this, [this] { finish_edit(); });
+    }
 }
 
 void PreferencesGeneralPane::show_record() {
@@ -140,6 +144,12 @@ void PreferencesGeneralPane::changed() {
         m_parts.general_changed();
 }
 
+// The programs of half a path are not for running.
+void PreferencesGeneralPane::finish_edit() {
+    save_settings();
+    changed();
+}
+
 void PreferencesGeneralPane::save_settings() {
     m_parts.general.save(m_parts.settings);
 }
@@ -153,7 +163,6 @@ void PreferencesGeneralPane::take_paths() {
     general.chronyc = text(1);
     general.chronyd = text(2);
     general.chronywake = text(3);
-    changed();
     look_at_paths();
 }
 
@@ -174,7 +183,6 @@ void PreferencesGeneralPane::take_arguments() {
     general.burst_netmask = trimmed(m_controls.m_burst_netmask->text().toStdString());
     m_controls.wake_words->setText(sentence);
     set_alarmed(m_controls.wake_words, true);
-    changed();
     update_wake();
 }
 
@@ -197,10 +205,15 @@ void PreferencesGeneralPane::show_path_states(const std::array<PathState, 4>& st
     for (std::size_t path = 0; path < states.size(); ++path) {
         const auto& controls = m_controls.paths.at(path);
         QString words;
+        bool alarmed = true;
         if (!controls.field->text().startsWith(QLatin1Char('/')))
             //: General preferences: said below a path
             words = tr("A path starts with a slash.");
-        else if (states.at(path) == PathState::nothing)
+        else if (states.at(path) == PathState::nothing && path == wake_path) {
+            //: General preferences: said below the path of chronywake
+            words = tr("chronywake is not installed.");
+            alarmed = false; // a machine can do without
+        } else if (states.at(path) == PathState::nothing)
             //: General preferences: said below a path
             words = tr("There is no such file.");
         else if (states.at(path) == PathState::folder)
@@ -210,7 +223,7 @@ void PreferencesGeneralPane::show_path_states(const std::array<PathState, 4>& st
             //: General preferences: said below a path
             words = tr("This is not a program that you may run.");
         controls.words->setText(words);
-        set_alarmed(controls.words, true);
+        set_alarmed(controls.words, alarmed);
         controls.field->setAccessibleDescription(words);
     }
 }
@@ -226,7 +239,7 @@ void PreferencesGeneralPane::find_path(std::size_t path) {
     connect(dialog, &QFileDialog::fileSelected, this, [this, path](const QString& chosen) {
         m_controls.paths.at(path).field->setText(chosen);
         take_paths();
-        save_settings();
+        finish_edit();
     });
     dialog->open();
 }
@@ -261,7 +274,7 @@ void PreferencesGeneralPane::show_detected(const Paths& found) {
         return;
     }
     take_paths();
-    save_settings();
+    finish_edit();
     //: General preferences: said when the button Detect filled in paths
     say(tr("The paths of the distribution's chrony are filled in."));
 }
@@ -421,7 +434,8 @@ void PreferencesGeneralPane::show_test(const std::string& reply) {
 }
 
 void PreferencesGeneralPane::restoreDefaults() {
-    m_parts.general.restore_defaults();
+    m_parts.general.restore_defaults(m_parts.settings,
+                                     m_parts.usual_paths ? m_parts.usual_paths() : documented_paths());
     show_record();
     save_settings();
     changed();

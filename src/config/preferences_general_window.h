@@ -56,6 +56,7 @@ private:
     void connect_controls();
     void take_paths();
     void take_arguments();
+    void finish_edit();
     void apply_adjustment();
     void changed();
     void update_wake();

@@ -29,7 +29,8 @@ struct PreferencesParts {
     std::function<PathState(const std::string& path)> path_state; // on the queue
     LaunchAtLogin launch_at_login;
     // The rest may be missing.
-    std::function<void()> general_changed;
+    std::function<ChronyPaths()> usual_paths = {}; // where chrony lies by default; missing: as documented
+    std::function<void()> general_changed;         // when an edit is finished, not at every letter
     std::function<void()> advanced_changed;
     // Installs chronywake's job with the current arguments, or removes it. Comes back on the main thread with a
     // sentence that says what went wrong, or an empty one.

@@ -54,14 +54,17 @@ Preferences::Preferences(PreferencesParts parts) : m_parts(std::move(parts)) {
 }
 
 void Preferences::show_pane(Pane pane) {
-    if (!isVisible()) {
-        prefsGeneral->show_record();
-        prefsAdvanced->show_record();
-    }
+    if (!isVisible())
+        show_records();
     m_window->setCurrentIndex(static_cast<int>(pane));
     show();
     raise();
     activateWindow();
+}
+
+void Preferences::show_records() {
+    prefsGeneral->show_record();
+    prefsAdvanced->show_record();
 }
 
 bool Preferences::finish(std::chrono::milliseconds patience) {

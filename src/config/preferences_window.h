@@ -25,6 +25,9 @@ public:
 
     void show_pane(Pane pane); // and the window, in front; the controls show the records as they are now
 
+    // The records are others now, not by this window.
+    void show_records();
+
     // Waits until the file for launch at login is as it was asked for: for the program's end. False when the time does
     // not suffice.
     [[nodiscard]] bool finish(std::chrono::milliseconds patience);

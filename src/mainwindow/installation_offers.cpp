@@ -30,12 +30,21 @@ InstallationFacts look_at_installation(const InstalledPaths& paths, const std::s
     facts.has_daemon = file_exists(paths.chronyd);
     facts.has_programs = facts.has_daemon || file_exists(paths.chronyc);
     facts.distribution = find_distribution_chrony(file_exists);
-    if (facts.has_daemon) {
+    facts.is_distributions = !distribution_unit(paths.chronyd, file_exists).empty();
+    if (facts.has_daemon && !facts.is_distributions) {
         facts.installed = version_of(paths.chronyd, execute);
         facts.embedded = version_of(bundle + "/" + embedded_suffix, execute);
     }
     return facts;
 }
+
+namespace {
+
+std::string listed(const DistributionChrony& chrony) {
+    return "\n\n" + chrony.chronyd + "\n" + chrony.chronyc + "\n" + chrony.config + "\n" + chrony.unit + "\n\n";
+}
+
+} // namespace
 
 Alert first_run_alert(const Translate& words) {
     return {.identifier = "FirstRunAlert",
@@ -58,13 +67,22 @@ Alert version_alert(const Translate& words, const std::string& chronyd, const st
 
 Alert system_chrony_alert(const Translate& words, const DistributionChrony& chrony) {
     return {
-        .identifier = "SystemChronyAlert",
+        .identifier = system_chrony_identifier,
         .message = words("Use the chrony of this system?", "system chrony: title"),
         .informative =
             words("This system has a chrony of its own, which its packages keep up to date:", "system chrony: line 1") +
-            "\n\n" + chrony.chronyd + "\n" + chrony.chronyc + "\n" + chrony.config + "\n" + chrony.unit + "\n\n" +
+            listed(chrony) +
             words("The program can show and steer that one instead of installing another.", "system chrony: last line"),
         .buttons = {words("Use It", "system chrony: button"), words("Cancel", "")}};
+}
+
+Alert unasked_choice_alert(const Translate& words, const DistributionChrony& chrony) {
+    return {.identifier = system_chrony_identifier,
+            .message = words("The chrony of this system is used.", "system chrony in use: title"),
+            .informative = words("This system has a chrony of its own, which its packages keep up to date:",
+                                 "system chrony: line 1") +
+                           listed(chrony) + words("Preferences has other paths.", "system chrony in use: last line"),
+            .buttons = {words("Dismiss", "system chrony in use: button")}};
 }
 
 InstallationOffers::InstallationOffers(InstallationOffersParts parts)
@@ -83,7 +101,17 @@ void InstallationOffers::start() {
     });
 }
 
+void InstallationOffers::tell_unasked_choice(const DistributionChrony& chrony) {
+    if (show_unless_suppressed(m_parts.warnings, m_parts.show, unasked_choice_alert(m_parts.translate, chrony),
+                               [](std::size_t) {}))
+        m_parts.warnings.register_warning(system_chrony_identifier);
+}
+
 void InstallationOffers::offer(const InstallationFacts& facts) {
+    if (facts.distribution && m_parts.uses_distribution_unasked && m_parts.uses_distribution_unasked()) {
+        tell_unasked_choice(*facts.distribution);
+        return;
+    }
     if (facts.complete || facts.has_programs || !facts.distribution) {
         offer_installation(facts);
         return;
@@ -91,7 +119,7 @@ void InstallationOffers::offer(const InstallationFacts& facts) {
     const auto answered = [this, facts, self = std::weak_ptr(m_self)](std::size_t button) {
         if (self.expired())
             return;
-        m_parts.warnings.register_warning("SystemChronyAlert"); // asked once, whatever the answer
+        m_parts.warnings.register_warning(system_chrony_identifier); // asked once, whatever the answer
         if (button == 0)
             m_parts.use_distribution(*facts.distribution);
         else

@@ -30,10 +30,14 @@ struct InstallationFacts {
     bool complete = false; // all of its files are there
     bool has_daemon = false;
     bool has_programs = false;
+    bool is_distributions = false; // the daemon of the paths: its packages keep it up to date
     std::optional<DistributionChrony> distribution;
     ProgramVersion installed; // of chronyd; empty label: not asked
     ProgramVersion embedded;
 };
+
+// In the register of warnings: the distribution's chrony was offered, or its use was told.
+inline constexpr const char* system_chrony_identifier = "SystemChronyAlert";
 
 // Blocks while two chronyd tell their version.
 [[nodiscard]] InstallationFacts look_at_installation(const InstalledPaths& paths, const std::string& bundle,
@@ -46,6 +50,7 @@ using Translate = std::function<std::string(const char* text, const char* commen
 [[nodiscard]] Alert version_alert(const Translate& translate, const std::string& chronyd, const std::string& installed,
                                   const std::string& embedded);
 [[nodiscard]] Alert system_chrony_alert(const Translate& translate, const DistributionChrony& chrony);
+[[nodiscard]] Alert unasked_choice_alert(const Translate& translate, const DistributionChrony& chrony);
 
 struct InstallationOffersParts {
     WarningRegister& warnings;
@@ -56,6 +61,8 @@ struct InstallationOffersParts {
     ServiceForm form = native_service_form;
     FileExists file_exists;                // on the queue
     std::function<InstalledPaths()> paths; // as the preferences have them
+    // Whether they are the distribution's because nobody has set any: that is told, once. May be missing.
+    std::function<bool()> uses_distribution_unasked = {};
     ShowAlert show;
     Translate translate;
     std::function<void()> install;
@@ -75,6 +82,7 @@ public:
 
 private:
     void offer(const InstallationFacts& facts);
+    void tell_unasked_choice(const DistributionChrony& chrony);
     void offer_installation(const InstallationFacts& facts);
     void offer_version(const InstallationFacts& facts);
 

@@ -226,12 +226,33 @@ QLabel* build_banner(QWidget* central) {
     return banner;
 }
 
+void build_wrong_program(QWidget* central, MainWindowControls& controls) {
+    controls.wrong_program = new QWidget(central);
+    controls.wrong_program->setObjectName(QStringLiteral("wrong_program"));
+    controls.wrong_program_words = text_label(controls.wrong_program, "wrong_program_words",
+                                              //: main window: name of the notice that a program is not chrony's
+                                              Texts::tr("Wrong program"));
+    controls.wrong_program_words->setWordWrap(true);
+    controls.wrong_program_words->setMinimumHeight(2 * controls.wrong_program_words->fontMetrics().lineSpacing());
+    controls.wrong_program_preferences =
+        //: main window: button that opens the preferences
+        named(new QPushButton(Texts::tr("Preferences…"), controls.wrong_program), "wrong_program_preferences",
+              //: main window: name of the button that opens the preferences
+              Texts::tr("Preferences"));
+    auto* row = new QHBoxLayout(controls.wrong_program);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(controls.wrong_program_words, 1);
+    row->addWidget(controls.wrong_program_preferences);
+    controls.wrong_program->hide();
+}
+
 } // namespace
 
 MainWindowControls build_main_window_controls(QWidget* central, InstrumentWidget* analog_clock,
                                               InstrumentWidget* clock_performance) {
     MainWindowControls controls;
     controls.standing_notice = build_banner(central);
+    build_wrong_program(central, controls);
     //: main window: names of the two instruments
     controls.analogClock = named(analog_clock, "analogClock", Texts::tr("Clock"));
     controls.clockPerformance = named(clock_performance, "clockPerformance",
@@ -249,6 +270,7 @@ MainWindowControls build_main_window_controls(QWidget* central, InstrumentWidget
 
     auto* column = new QVBoxLayout(central);
     column->addWidget(controls.standing_notice);
+    column->addWidget(controls.wrong_program);
     column->addSpacing(4);
     column->addLayout(dashboard(controls));
     column->addSpacing(4);

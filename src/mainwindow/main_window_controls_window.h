@@ -20,6 +20,9 @@ class StatusImage;
 
 struct MainWindowControls {
     QLabel* standing_notice = nullptr; // a banner for what holds for the whole run; hidden while empty
+    QWidget* wrong_program = nullptr;  // the two below, shown while a program is not what its path says
+    QLabel* wrong_program_words = nullptr;
+    QPushButton* wrong_program_preferences = nullptr;
     InstrumentWidget* analogClock = nullptr;
     QLabel* localTime = nullptr;
     InstrumentWidget* clockPerformance = nullptr;

@@ -19,6 +19,8 @@ struct MainWindowSettings {
 
     // Settings are read in this order. A stored meter view that does not exist ends the reading: the ones after it may
     // come from a version that counts views differently, and keep their defaults.
+    friend bool operator==(const MainWindowSettings&, const MainWindowSettings&) = default;
+
     static MainWindowSettings load(const DefaultSettings& settings);
     void save(DefaultSettings& settings) const;
 };

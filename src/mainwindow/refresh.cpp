@@ -29,8 +29,38 @@ ReportText run_command(const RefreshRequest& request, const ExecuteResult& track
 } // namespace
 
 bool is_privileged_report(const std::string& command) {
-    static constexpr std::array<std::string_view, 4> reports{"authdata", "ntpdata", "selectdata", "clients"};
+    static constexpr std::array<std::string_view, 5> reports{"authdata", "ntpdata", "selectdata", "clients",
+                                                             "serverstats"};
     return std::ranges::find(reports, command) != reports.end();
+}
+
+int report_request(const std::vector<std::string>& words, RefreshRequest& request) {
+    if (words.empty() || !is_privileged_report(words.front()))
+        return -1;
+    const bool names_server = words.size() == 2 && words.front() == "ntpdata";
+    const bool says_all =
+        words.size() == 2 && words.front() == "authdata" && words[1] == "-a"; // it is asked for anyway
+    if (words.size() != 1 && !names_server && !says_all)
+        return -1;
+    request.command = words.front();
+    request.server = names_server ? words[1] : std::string();
+    return 0;
+}
+
+// chronyc's replies have numbers of three digits: 2 and 5 begin those of success and failure, as in other protocols.
+bool is_report(std::string_view text) {
+    const auto is_digit = [](char one) {
+        return one >= '0' && one <= '9';
+    };
+    const bool is_failure =
+        text.size() > 3 && text[0] == '5' && is_digit(text[1]) && is_digit(text[2]) && text[3] == ' ';
+    return !is_failure && !trimmed(text).empty();
+}
+
+std::string silence_sentence(std::string_view tracking) {
+    constexpr std::size_t longest = 200; // bytes of chronyc's complaint
+    const auto said = trimmed(tracking.substr(0, longest));
+    return said.empty() ? "chronyd gave no answer." : "chronyd gave no answer: " + std::string(said);
 }
 
 bool limit_lines(std::string& text) {
@@ -57,18 +87,51 @@ bool limit_lines(std::string& text) {
     return lines == most_lines;
 }
 
-std::optional<std::vector<std::string>> server_names(const std::string& sourcestats) {
+namespace {
+
+// The first words of the table's lines. The heading is two or three lines long, by chronyc's version, and always ends
+// with a ruler.
+std::vector<std::string> table_names(const std::string& sourcestats) {
     const auto lines = non_empty_lines(sourcestats);
-    // The heading is two or three lines long, by chronyc's version, and always ends with a ruler.
-    const auto ruler = std::ranges::find_if(lines, [](std::string_view line) { return line.starts_with("==="); });
-    if (ruler == lines.end())
-        return std::nullopt;
+    auto line = std::ranges::find_if(lines, [](std::string_view one) { return one.starts_with("==="); });
     std::vector<std::string> names;
-    for (auto line = ruler + 1; line != lines.end(); ++line)
+    for (line += line == lines.end() ? 0 : 1; line != lines.end(); ++line)
         if (auto name = first_words(*line, 1); !name.empty())
             names.push_back(std::move(name));
+    return names;
+}
+
+std::vector<std::string> value_names(const std::string& values) {
+    std::vector<std::string> names;
+    for (const auto line : non_empty_lines(values))
+        if (const auto comma = line.find(','); comma != std::string_view::npos)
+            names.emplace_back(line.substr(0, comma));
+    return names;
+}
+
+bool is_cut(const std::string& name) {
+    return name.ends_with('>');
+}
+
+std::optional<std::vector<std::string>> read_servers(const Runchronyc& runner) {
+    const std::string table = runner.run("sourcestats").output;
+    return server_names(table, has_cut_names(table) ? runner.run_for_values("sourcestats").output : std::string());
+}
+
+} // namespace
+
+bool has_cut_names(const std::string& sourcestats) {
+    return std::ranges::any_of(table_names(sourcestats), is_cut);
+}
+
+std::optional<std::vector<std::string>> server_names(const std::string& sourcestats, const std::string& whole) {
+    auto names = table_names(sourcestats);
     if (names.empty())
         return std::nullopt;
+    const auto whole_names = value_names(whole);
+    for (std::size_t line = 0; line < names.size(); ++line)
+        if (is_cut(names[line]) && whole_names.size() == names.size())
+            names[line] = whole_names[line];
     std::ranges::sort(names);
     return names;
 }
@@ -81,7 +144,7 @@ RefreshReading read_status(const RefreshRequest& request, RefreshTools& tools) {
     reading.discipline = tools.running_check.check();
     reading.report_text = run_command(request, reading.tracking);
     if (request.list_servers && reading.tracking.outcome == ExecuteOutcome::exited)
-        reading.servers = server_names(request.runner->run("sourcestats").output);
+        reading.servers = read_servers(*request.runner);
     return reading;
 }
 

@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tickervantage {
@@ -46,6 +47,15 @@ struct RefreshReading {
 // The reports that chronyd gives to root only.
 [[nodiscard]] bool is_privileged_report(const std::string& command);
 
+// Such a report in words, as on a command line ("ntpdata", "192.0.2.1"). -1: the helper does not admit these words.
+[[nodiscard]] int report_request(const std::vector<std::string>& words, RefreshRequest& request);
+
+// Whether chronyc's text is a report, rather than nothing or chronyc's word that there is none.
+[[nodiscard]] bool is_report(std::string_view text);
+
+// Why there is no tracking report, out of what chronyc printed in its place.
+[[nodiscard]] std::string silence_sentence(std::string_view tracking);
+
 // Blocks for as long as chronyc takes: not for the main thread.
 [[nodiscard]] RefreshReading read_status(const RefreshRequest& request, RefreshTools& tools);
 
@@ -59,7 +69,10 @@ inline constexpr std::size_t longest_line = 200;
 inline constexpr std::size_t most_lines = 6000;
 [[nodiscard]] bool limit_lines(std::string& text);
 
-// The names in a "sourcestats" report, sorted; none when it lists no source.
-[[nodiscard]] std::optional<std::vector<std::string>> server_names(const std::string& sourcestats);
+// The names in a "sourcestats" report, sorted; none when it lists no source. The table cuts long names: those are taken
+// from the same report as comma-separated values, `whole`, which need not be there otherwise.
+[[nodiscard]] std::optional<std::vector<std::string>> server_names(const std::string& sourcestats,
+                                                                   const std::string& whole = {});
+[[nodiscard]] bool has_cut_names(const std::string& sourcestats);
 
 } // namespace tickervantage

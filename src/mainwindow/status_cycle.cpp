@@ -47,6 +47,28 @@ bool StatusCycle::is_listened_to() const {
     return m_parts.broadcast.has_listeners(current_frequency_key);
 }
 
+void StatusCycle::programs_changed() {
+    if (m_options.programs() == m_programs)
+        return;
+    rebuild_runner();
+    refresh();
+}
+
+bool StatusCycle::settings_changed() {
+    const MainWindowSettings former = std::exchange(m_settings, MainWindowSettings::load(m_parts.settings));
+    if (m_settings == former)
+        return false;
+    m_root_report = {};
+    m_list_servers = m_settings.chronyCommand == "ntpdata";
+    m_display.show_server_field(m_list_servers);
+    rebuild_runner();
+    if (m_settings.m_interval != former.m_interval && m_updatetimer->is_running())
+        restart_timer();
+    else
+        refresh();
+    return true;
+}
+
 void StatusCycle::go_on_for_listeners() {
     if (m_is_closed && !m_updatetimer->is_running())
         restart_timer();
@@ -54,6 +76,7 @@ void StatusCycle::go_on_for_listeners() {
 
 void StatusCycle::chronycCommand(const std::string& command) {
     m_settings.chronyCommand = command;
+    m_settings.save(m_parts.settings);
     m_root_report = {};
     const bool ntpdata = command == "ntpdata";
     m_list_servers = ntpdata;
@@ -69,29 +92,39 @@ void StatusCycle::selectMeter(int index) {
         return;
     }
     m_settings.m_meterview = static_cast<meterView>(index);
+    m_settings.save(m_parts.settings);
     refresh();
 }
 
 void StatusCycle::showIPaddresses(bool numeric) {
     m_settings.showIPaddress = numeric;
+    m_settings.save(m_parts.settings);
     rebuild_runner();
     refresh();
 }
 
 void StatusCycle::showOriginalName(bool original) {
     m_settings.showOriginalName = original;
+    m_settings.save(m_parts.settings);
     rebuild_runner();
     refresh();
 }
 
 void StatusCycle::selectNTPdataServer(const std::string& server) {
     m_settings.m_server = server;
+    m_settings.save(m_parts.settings);
     refresh();
 }
 
 void StatusCycle::intervalChanged(int seconds) {
     m_settings.m_interval = seconds;
+    m_settings.save(m_parts.settings);
     restart_timer();
+}
+
+void StatusCycle::set_output_font(const Font& font) {
+    m_settings.output_font = font;
+    m_settings.save(m_parts.settings);
 }
 
 void StatusCycle::restart_timer() {
@@ -142,7 +175,7 @@ void StatusCycle::refresh() {
 }
 
 void StatusCycle::rebuild_runner() {
-    const ChronyPrograms programs = m_options.programs();
+    const ChronyPrograms programs = m_programs = m_options.programs();
     m_chronyc = std::make_shared<Runchronyc>(m_parts.execute, m_parts.privileged, programs, !m_settings.showIPaddress,
                                              m_settings.showOriginalName, m_options.chronyc_arguments);
     // Everything the piece of work needs travels with it: this object may be gone when it runs.
@@ -250,6 +283,8 @@ StatusNotice StatusCycle::notice(const RefreshReading& reading) const {
     using Kind = StatusNotice::Kind;
     if (!reading.tracking.sentence.empty())
         return {Kind::chronyc_failed, reading.tracking.sentence};
+    if (m_chronydStatus == chronydStatus::unavailable && !reading.report.leapstatus.empty())
+        return {Kind::unusual_leap, reading.report.leapstatus.substr(0, longest_detail)};
     if (m_chronydStatus == chronydStatus::unavailable)
         return {Kind::daemon_silent, std::string(trimmed(reading.tracking.output.substr(0, longest_detail)))};
     const bool needs_root = is_privileged_report(m_settings.chronyCommand);

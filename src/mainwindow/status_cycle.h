@@ -61,6 +61,11 @@ public:
     // settings. The clock goes on. What is shown again afterwards reads again.
     void close();
 
+    // The paths of the programs, and the settings, may be others now: those of the store are taken over at once.
+    // Whether any setting is another one.
+    void programs_changed();
+    bool settings_changed();
+
     // After close(): another window begins to wait for the frequency.
     void go_on_for_listeners();
 
@@ -86,7 +91,7 @@ public:
     void end_installation();
 
     [[nodiscard]] const MainWindowSettings& settings() const { return m_settings; }
-    void set_output_font(const Font& font) { m_settings.output_font = font; }
+    void set_output_font(const Font& font);
     [[nodiscard]] chronydStatus status() const { return m_chronydStatus; }
     [[nodiscard]] bool reading() const { return m_reading; }
     [[nodiscard]] ClockPerformance& meter() { return m_meter; }
@@ -115,6 +120,7 @@ private:
     MainWindowSettings m_settings;
     ClockPerformance m_meter;
     chronydStatus m_chronydStatus = chronydStatus::unavailable;
+    ChronyPrograms m_programs; // of the runner
     std::shared_ptr<const Runchronyc> m_chronyc;
     std::shared_ptr<RefreshTools> m_tools; // used on the queue only
     ProgramVersion m_version_chronyc;

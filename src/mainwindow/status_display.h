@@ -15,6 +15,7 @@ struct StatusNotice {
         none,
         chronyc_failed,    // could not be run, hung, or was ended
         daemon_silent,     // chronyc ran, but got no report from chronyd
+        unusual_leap,      // chronyd answered, with a leap status that is none of those the state is made of
         needs_helper,      // the report wants administrator rights and the helper is not ready
         report_incomplete, // the shown report failed or was cut; the status is good
     };
@@ -40,8 +41,9 @@ public:
     virtual void show_notice(const StatusNotice& notice) = 0;
     virtual void enable_gpsd_item(bool enabled) = 0;
 
-    // Faults that the program cannot go on with: one of its own, and a program that is not what its path says.
+    // A fault of the program's own, which it cannot go on with.
     virtual void stop_program(const std::string& programming_error) = 0;
+    // A program is not what its path says. Versions that are shown afterwards are those of programs that are.
     virtual void stop_for_version(const std::string& program, const std::string& answer) = 0;
 };
 

@@ -70,6 +70,7 @@ void TickervantageWindow::build_toolbar() {
     //: main window: tooltip of that item
     m_gpsd_toolbar->setToolTip(tr("Open Meridianox to configure a GPS receiver"));
     m_gpsd_toolbar->setEnabled(false);
+    m_gpsd_toolbar->setVisible(false);
     //: main window: name of the toolbar
     m_toolbar = addToolBar(tr("Main Toolbar"));
     m_toolbar->setObjectName(QStringLiteral("toolbar"));
@@ -85,13 +86,15 @@ void TickervantageWindow::add_toolbar_actions(const QList<QAction*>& actions) {
 }
 
 void TickervantageWindow::connect_preferences() {
-    if (m_requests.show_preferences) {
-        connect(m_controls.m_preferences, &QPushButton::clicked, this, [this] { m_requests.show_preferences(); });
-        return;
+    for (auto* button : {m_controls.m_preferences, m_controls.wrong_program_preferences}) {
+        if (m_requests.show_preferences) {
+            connect(button, &QPushButton::clicked, this, [this] { m_requests.show_preferences(); });
+            continue;
+        }
+        button->setEnabled(false);
+        //: tooltip of a control that cannot be used
+        button->setToolTip(tr("Not part of this version"));
     }
-    m_controls.m_preferences->setEnabled(false);
-    //: tooltip of a control that cannot be used
-    m_controls.m_preferences->setToolTip(tr("Not part of this version"));
 }
 
 void TickervantageWindow::connect_controls() {
@@ -140,6 +143,11 @@ void TickervantageWindow::show_settings() {
     m_controls.m_interval->setValue(settings.m_interval);
     m_controls.m_server->setEditText(from_std(settings.m_server));
     m_controls.m_textscroll->set_font(settings.output_font);
+}
+
+void TickervantageWindow::settings_changed() {
+    if (m_cycle->settings_changed())
+        show_settings();
 }
 
 void TickervantageWindow::redraw_clock() {
@@ -195,6 +203,7 @@ void TickervantageWindow::show_versions(const ProgramVersion& chronyc, const Pro
     };
     show(m_controls.chronycversion, "chronyc", chronyc);
     show(m_controls.chronydversion, "chronyd", chronyd);
+    m_controls.wrong_program->hide();
 }
 
 void TickervantageWindow::show_original_name_choice(bool offered) {
@@ -238,6 +247,10 @@ void TickervantageWindow::show_notice(const StatusNotice& notice) {
                        : /*: main window, status line: %1 is what chronyc printed instead of a report */ tr(
                              "chronyd gave no answer: %1")
                              .arg(detail);
+        case StatusNotice::Kind::unusual_leap:
+            //: main window, status line: %1 is chrony's word for a leap second that is announced, such as "Delete
+            //: second"
+            return tr("chronyd answers, with the leap status “%1”.").arg(detail);
         case StatusNotice::Kind::needs_helper:
             //: main window, status line: %1 is a chronyc command
             return tr("The report “%1” needs administrator rights, which were not given.").arg(detail);
@@ -257,6 +270,7 @@ void TickervantageWindow::enable_gpsd_item(bool enabled) {
     if (enabled && m_gpsd_toolbar->icon().isNull()) // looking for an icon costs start-up time: only where it is shown
         m_gpsd_toolbar->setIcon(QIcon::fromTheme(QLatin1String(StatusCycle::GPSD_CONF_ID)));
     m_gpsd_toolbar->setEnabled(enabled);
+    m_gpsd_toolbar->setVisible(enabled);
 }
 
 void TickervantageWindow::stop_program(const std::string& programming_error) {
@@ -264,10 +278,13 @@ void TickervantageWindow::stop_program(const std::string& programming_error) {
 }
 
 void TickervantageWindow::stop_for_version(const std::string& program, const std::string& answer) {
-    //: fatal message: %1 is chronyc or chronyd, %2 what it printed when asked for its version
-    m_requests.stop_program(tr("Asked for its version, %1 printed “%2”, which is not how chrony answers. "
-                               "Please check the path of %1 in the preferences.")
-                                .arg(from_std(program), from_std(answer)));
+    const QString sentence =
+        //: main window, notice: %1 is chronyc or chronyd, %2 what it printed when asked for its version
+        tr("Asked for its version, %1 printed “%2”, which is not how chrony answers. "
+           "Please check the path of %1 in the preferences.")
+            .arg(from_std(program), from_std(answer));
+    m_controls.wrong_program_words->setText(sentence);
+    m_controls.wrong_program->show();
 }
 
 void TickervantageWindow::set_standing_notice(const QString& text) {

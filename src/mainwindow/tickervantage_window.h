@@ -36,6 +36,9 @@ public:
 
     [[nodiscard]] StatusCycle& cycle() { return *m_cycle; }
 
+    // The settings in the store may be others now: the controls follow.
+    void settings_changed();
+
     // The banner above everything: for what holds for the whole run.
     void set_standing_notice(const QString& text);
 

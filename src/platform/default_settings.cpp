@@ -1,5 +1,7 @@
 #include "platform/default_settings.h"
 
+#include <utility>
+
 namespace tickervantage {
 
 // A list where one text belongs comes from a file edited by hand, with a comma that was not quoted.
@@ -13,70 +15,113 @@ std::optional<std::string> DefaultSettings::text(std::string_view key) const {
     return joined;
 }
 
+void DefaultSettings::remember(std::string_view key, Texts value) const {
+    m_known.insert_or_assign(std::string(key), std::move(value));
+}
+
+void DefaultSettings::remember(std::string_view key, const std::optional<std::string>& value) const {
+    remember(key, value ? Texts{*value} : Texts{});
+}
+
+void DefaultSettings::save(std::string_view key, Texts value) {
+    const auto known = m_known.find(key);
+    if (known != m_known.end() && known->second == value)
+        return;
+    m_store.write(key, value);
+    remember(key, std::move(value));
+}
+
+void DefaultSettings::forget(std::string_view key) {
+    if (const auto known = m_known.find(key); known != m_known.end())
+        m_known.erase(known);
+}
+
+void DefaultSettings::reset(std::string_view key) {
+    m_store.remove(key);
+    forget(key);
+}
+
 bool DefaultSettings::loadBool(std::string_view key, bool fallback) const {
     const auto stored = text(key);
-    return stored ? bool_from_text(*stored).value_or(fallback) : fallback;
+    const bool value = stored ? bool_from_text(*stored).value_or(fallback) : fallback;
+    remember(key, text_from_bool(value));
+    return value;
 }
 
 std::int64_t DefaultSettings::loadInteger(std::string_view key, std::int64_t fallback) const {
     const auto stored = text(key);
-    return stored ? integer_from_text(*stored).value_or(fallback) : fallback;
+    const auto value = stored ? integer_from_text(*stored).value_or(fallback) : fallback;
+    remember(key, text_from_integer(value));
+    return value;
 }
 
 double DefaultSettings::loadDouble(std::string_view key, double fallback) const {
     const auto stored = text(key);
-    return stored ? double_from_text(*stored).value_or(fallback) : fallback;
+    const double value = stored ? double_from_text(*stored).value_or(fallback) : fallback;
+    remember(key, text_from_double(value));
+    return value;
 }
 
 std::string DefaultSettings::loadString(std::string_view key, const std::string& fallback) const {
-    return text(key).value_or(fallback);
+    auto value = text(key).value_or(fallback);
+    remember(key, value);
+    return value;
 }
 
 std::vector<std::string> DefaultSettings::loadStringArray(std::string_view key) const {
-    return m_store.read(key).value_or(std::vector<std::string>{});
+    auto value = m_store.read(key).value_or(Texts{});
+    remember(key, value);
+    return value;
 }
 
 Color DefaultSettings::loadColor(std::string_view key, Color fallback) const {
     const auto stored = text(key);
-    return stored ? color_from_text(*stored).value_or(fallback) : fallback;
+    const Color value = stored ? color_from_text(*stored).value_or(fallback) : fallback;
+    remember(key, text_from_color(value));
+    return value;
 }
 
 Font DefaultSettings::loadFont(std::string_view key, const Font& fallback) const {
     const auto stored = text(key);
-    return stored ? font_from_text(*stored).value_or(fallback) : fallback;
+    Font value = stored ? font_from_text(*stored).value_or(fallback) : fallback;
+    remember(key, text_from_font(value));
+    return value;
 }
 
 void DefaultSettings::saveBool(std::string_view key, bool value) {
-    m_store.write(key, {text_from_bool(value)});
+    save(key, {text_from_bool(value)});
 }
 
 void DefaultSettings::saveInteger(std::string_view key, std::int64_t value) {
-    m_store.write(key, {text_from_integer(value)});
+    save(key, {text_from_integer(value)});
 }
 
 void DefaultSettings::saveDouble(std::string_view key, double value) {
     if (const auto text = text_from_double(value))
-        m_store.write(key, {*text});
+        save(key, {*text});
 }
 
 void DefaultSettings::saveString(std::string_view key, const std::string& value) {
-    m_store.write(key, {value});
+    save(key, {value});
 }
 
 void DefaultSettings::saveStringArray(std::string_view key, const std::vector<std::string>& value) {
-    m_store.write(key, value);
+    save(key, value);
 }
 
 void DefaultSettings::saveColor(std::string_view key, Color value) {
     if (const auto text = text_from_color(value))
-        m_store.write(key, {*text});
+        save(key, {*text});
 }
 
 void DefaultSettings::saveFont(std::string_view key, const Font& value) {
     if (const auto text = text_from_font(value))
-        m_store.write(key, {*text});
-    else if (value.family.empty())
+        save(key, {*text});
+    else if (const auto known = m_known.find(key);
+             value.family.empty() && !(known != m_known.end() && known->second.empty())) {
         m_store.remove(key);
+        remember(key, Texts{});
+    }
 }
 
 } // namespace tickervantage

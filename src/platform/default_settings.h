@@ -3,12 +3,17 @@
 // Every load takes the value that stands in for an absent or unreadable one. How values look as text is said in
 // platform/setting_text.h. A save of a value that cannot be written as text (an infinity, not-a-number) changes
 // nothing; a font without a family removes the key. The store must outlive this object. Main thread only.
+//
+// A save of what was loaded changes nothing either, whatever the store holds by now: who shows a setting and saves it
+// again must not undo what was set elsewhere meanwhile.
 #pragma once
 
 #include "platform/setting_text.h"
 #include "platform/settings_store.h"
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,10 +41,22 @@ public:
     void saveColor(std::string_view key, Color value);
     void saveFont(std::string_view key, const Font& value);
 
+    [[nodiscard]] bool is_stored(std::string_view key) const { return m_store.read(key).has_value(); }
+    void reset(std::string_view key); // as if it had never been saved
+
+    // What was loaded under the key is saved the next time, though nobody changed it.
+    void forget(std::string_view key);
+
 private:
+    using Texts = std::vector<std::string>;
+
     [[nodiscard]] std::optional<std::string> text(std::string_view key) const;
+    void remember(std::string_view key, Texts value) const;
+    void remember(std::string_view key, const std::optional<std::string>& value) const;
+    void save(std::string_view key, Texts value);
 
     SettingsStore& m_store;
+    mutable std::map<std::string, Texts, std::less<>> m_known; // as it was loaded or saved last
 };
 
 } // namespace tickervantage

@@ -10,6 +10,7 @@
 #include "platform/services/chrony_services.h"
 #include "privileged/distribution_chrony.h"
 #include "privileged/job_steps.h"
+#include "privileged/started_daemon.h"
 #include "privileged/support_tool.h"
 
 #include <functional>
@@ -42,6 +43,8 @@ struct JobProbes {
     std::function<std::string()> find_chronywake = {}; // in the folders of programs; empty: not there
     // Whether the daemon that was just started stays up. The unit is empty for our own. May take seconds.
     std::function<bool(const std::string& unit)> daemon_survives = {};
+    // The daemon that a start brings up, of the unit or, where that is empty, of the one that the support tool chooses.
+    std::function<std::optional<StartedDaemon>(const std::string& unit)> started_daemon = {};
     bool carried_out = true; // false: the steps are only written down, and what they would change is not looked for
 };
 
@@ -103,6 +106,7 @@ private:
     [[nodiscard]] int place_wake_tool();
     [[nodiscard]] StepReply place_configuration(const std::string& temporary, const std::string& text);
     [[nodiscard]] bool has_service() const;
+    [[nodiscard]] std::string read_by_nobody() const; // a sentence, when the configuration's path is not the daemon's
     [[nodiscard]] bool holds(const std::string& text) const; // the installed configuration
     JobResult recover(bool had_former);
     [[nodiscard]] JobResult missing_after(const std::vector<std::string>& paths) const;

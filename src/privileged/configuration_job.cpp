@@ -5,6 +5,9 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -16,6 +19,15 @@ std::string behind(std::string_view line, std::string_view words) {
 }
 
 constexpr const char* not_installed = "The configuration was not installed";
+
+// Also where a link leads to the other, or neither is there yet.
+bool is_same_file(const std::string& one, const std::string& other) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const auto first = fs::weakly_canonical(one, error);
+    const auto second = fs::weakly_canonical(other, error);
+    return error ? one == other : first == second;
+}
 
 } // namespace
 
@@ -61,6 +73,16 @@ StepReply ChronyJobs::place_configuration(const std::string& temporary, const st
     return placed;
 }
 
+std::string ChronyJobs::read_by_nobody() const {
+    if (!m_probes.carried_out || !m_probes.started_daemon)
+        return {};
+    const auto daemon = m_probes.started_daemon(m_unit);
+    if (!daemon || is_same_file(daemon->config, m_setting.config))
+        return {};
+    return fmt::format("Nothing was changed: {} reads {}, while the preferences name {} as the configuration.",
+                       daemon->unit, daemon->config, m_setting.config);
+}
+
 bool ChronyJobs::holds(const std::string& text) const {
     return !m_probes.carried_out || m_probes.read_file(m_setting.config) == text;
 }
@@ -77,6 +99,8 @@ bool ChronyJobs::comes_up() {
 JobResult ChronyJobs::install_configuration(const std::string& text) {
     if (const ConfigError error = m_probes.check_syntax(text); !error.passed())
         return {.done = false, .sentence = not_accepted(error)};
+    if (auto sentence = read_by_nobody(); !sentence.empty())
+        return {.done = false, .sentence = std::move(sentence)};
     const bool had_former = m_probes.file_exists(m_setting.config);
     const std::string temporary = m_setting.temporary + "to_be_installed_chrony.conf";
     if (m_steps.write(temporary, text) != 0)

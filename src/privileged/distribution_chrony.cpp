@@ -1,5 +1,7 @@
 #include "privileged/distribution_chrony.h"
 
+#include "platform/services/chrony_services.h"
+
 #include <algorithm>
 #include <initializer_list>
 
@@ -28,13 +30,32 @@ std::string installed_unit(const FileExists& file_exists) {
 } // namespace
 
 std::optional<DistributionChrony> find_distribution_chrony(const FileExists& file_exists) {
-    DistributionChrony found{.config = first_of(configurations, file_exists),
+    DistributionChrony found{.config = distribution_configuration(file_exists),
                              .chronyc = first_of(clients, file_exists),
                              .chronyd = first_of(daemons, file_exists),
                              .unit = installed_unit(file_exists)};
     if (found.config.empty() || found.chronyc.empty() || found.chronyd.empty() || found.unit.empty())
         return std::nullopt;
     return found;
+}
+
+std::string distribution_configuration(const FileExists& file_exists) {
+    return first_of(configurations, file_exists);
+}
+
+ChronyPaths usual_chrony_paths(const FileExists& file_exists) {
+    ChronyPaths paths = documented_paths();
+    // A configuration that an installation of ours has left behind is none.
+    const auto ours = {paths.chronyc, paths.chronyd, definition_path(native_service_form, daemon_label)};
+    if (std::ranges::any_of(ours, file_exists))
+        return paths;
+    if (const auto found = find_distribution_chrony(file_exists)) {
+        paths.config = found->config;
+        paths.chronyc = found->chronyc;
+        paths.chronyd = found->chronyd;
+        paths.from_distribution = true;
+    }
+    return paths;
 }
 
 std::string distribution_unit(const std::string& chronyd, const FileExists& file_exists) {

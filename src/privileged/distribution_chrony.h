@@ -1,6 +1,8 @@
 // The chrony that the distribution installed, which can stand for one of our own.
 #pragma once
 
+#include "config/preferences.h"
+
 #include <functional>
 #include <optional>
 #include <string>
@@ -19,6 +21,13 @@ using FileExists = std::function<bool(const std::string& path)>;
 
 // None unless all four parts are there.
 [[nodiscard]] std::optional<DistributionChrony> find_distribution_chrony(const FileExists& file_exists);
+
+// Where chrony lies on this machine as long as nobody has said otherwise: the distribution's, where there is one and
+// none of ours; else the documented paths.
+[[nodiscard]] ChronyPaths usual_chrony_paths(const FileExists& file_exists);
+
+// The file that the distribution's chronyd reads when it is told of none; empty: there is none.
+[[nodiscard]] std::string distribution_configuration(const FileExists& file_exists);
 
 // The unit that starts and stops the daemon when the configured chronyd is the distribution's; empty: it is our own.
 [[nodiscard]] std::string distribution_unit(const std::string& chronyd, const FileExists& file_exists);

@@ -16,7 +16,8 @@ bool take(std::string_view& text, std::string_view start) {
 
 // Adds the report's words. False when it is none of those that need root.
 bool add_report(std::string_view text, std::vector<std::string>& argv) {
-    for (const std::string_view report : {"authdata -a", "authdata", "ntpdata", "selectdata", "clients"}) {
+    for (const std::string_view report :
+         {"authdata -a", "authdata", "ntpdata", "selectdata", "clients", "serverstats"}) {
         if (text == report) {
             const auto blank = report.find(' ');
             argv.emplace_back(report.substr(0, blank));

@@ -1,5 +1,6 @@
 #include "privileged/running_check.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -28,7 +29,7 @@ std::vector<Process> processes_of(const std::string& pgrep_output) {
 
 } // namespace
 
-bool forbids_adjustment(std::string_view command_line) {
+void each_option(std::string_view command_line, const std::function<void(char option, std::string value)>& tell) {
     // Short options may share a word ("-Ux"); the rest of a word behind an option that takes a value is that value.
     constexpr std::string_view take_value = "fFlLPtu";
     std::istringstream words{std::string(command_line)};
@@ -37,13 +38,25 @@ bool forbids_adjustment(std::string_view command_line) {
     while (words >> word) {
         if (word.size() < 2 || word.front() != '-' || word == "--")
             continue;
-        const auto value = word.find_first_of(take_value, 1);
-        if (word.find('x', 1) < value)
-            return true;
-        if (value == word.size() - 1)
+        const auto last = std::min(word.find_first_of(take_value, 1), word.size());
+        for (std::size_t at = 1; at < last; ++at)
+            tell(word[at], {});
+        if (last == word.size())
+            continue;
+        const char option = word[last];
+        if (last < word.size() - 1)
+            word.erase(0, last + 1);
+        else
             words >> word; // the option's value is the next word
+        tell(option, word);
     }
-    return false;
+}
+
+bool forbids_adjustment(std::string_view command_line) {
+    bool is_forbidden = false;
+    each_option(command_line,
+                [&is_forbidden](char option, const std::string&) { is_forbidden = is_forbidden || option == 'x'; });
+    return is_forbidden;
 }
 
 RunningCheck::RunningCheck(Execute& execute, std::string pidfile, std::string proc)

@@ -7,6 +7,7 @@
 
 #include "platform/execute.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -37,6 +38,9 @@ private:
     std::string m_command_line; // its arguments, as the process file system tells them
     ClockDiscipline m_answer = ClockDiscipline::not_running;
 };
+
+// The short options of a chronyd's command line, each with its value, which is empty where the option takes none.
+void each_option(std::string_view command_line, const std::function<void(char option, std::string value)>& tell);
 
 // Whether a chronyd started with this command line (words separated by blanks) leaves the clock alone.
 [[nodiscard]] bool forbids_adjustment(std::string_view command_line);

@@ -1,8 +1,15 @@
 #include "privileged/chrony_jobs.h"
 #include "privileged/job_catalogue.h"
+#include "support/scripted_execute.h"
 
 #include <gtest/gtest.h>
 
+#include <fmt/format.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <map>
 
 namespace tickervantage {
@@ -61,6 +68,7 @@ struct ChronyJobsTest : ::testing::Test {
                        .form = ServiceForm::launchd};
     AnsweringSteps steps;
     bool carried_out = false;
+    std::optional<StartedDaemon> started;
     std::vector<bool> survivals; // what the daemon does, start by start; then it stays up
 
     JobResult run(const AdminRequest& request) {
@@ -86,6 +94,7 @@ struct ChronyJobsTest : ::testing::Test {
                                      survivals.erase(survivals.begin());
                                  return up;
                              },
+                         .started_daemon = [this](const std::string&) { return started; },
                          .carried_out = carried_out},
                         steps);
         return play(request, jobs);
@@ -400,6 +409,78 @@ TEST_F(ChronyJobsTest, DistributionsChronyIsStartedByItsUnitAndNeverReplaced) {
     EXPECT_FALSE(run({AdminJob::install}).done);
     EXPECT_FALSE(run({AdminJob::uninstall}).done);
     EXPECT_EQ(steps.steps().size(), 1U);
+}
+
+TEST_F(ChronyJobsTest, UsualPathsAreTheDistributionsWhereNoneIsOfOurs) {
+    const auto usual = [this] {
+        return usual_chrony_paths([this](const auto& path) { return files.contains(path); });
+    };
+    EXPECT_EQ(usual(), documented_paths());
+    for (const char* path : {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd",
+                             "/lib/systemd/system/chrony.service", "/etc/chrony.d/chrony.conf"})
+        files[path] = "";
+    EXPECT_EQ(usual(), (ChronyPaths{"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd",
+                                    documented_paths().chronywake, true}));
+    for (const char* ours : {"/usr/local/sbin/chronyd", "/usr/local/bin/chronyc",
+                             "/etc/systemd/system/org.chrony-project.chronyd.service"}) {
+        files[ours] = "";
+        EXPECT_EQ(usual(), documented_paths()) << ours;
+        files.erase(ours);
+    }
+    files.erase("/usr/bin/chronyc");
+    EXPECT_EQ(usual(), documented_paths());
+}
+
+TEST_F(ChronyJobsTest, ConfigurationThatNobodyReadsIsNotInstalled) {
+    carried_out = true;
+    started = StartedDaemon{"chrony.service", "/etc/chrony/chrony.conf"};
+    const auto result = run({.job = AdminJob::install_config, .configuration = "good"});
+    EXPECT_FALSE(result.done);
+    EXPECT_EQ(result.sentence, "Nothing was changed: chrony.service reads /etc/chrony/chrony.conf, while the "
+                               "preferences name /etc/chrony.d/chrony.conf as the configuration.");
+    EXPECT_TRUE(steps.steps().empty());
+    for (const auto& daemon :
+         {std::optional<StartedDaemon>{}, std::optional(StartedDaemon{"own.service", "/etc/chrony.d//chrony.conf"})}) {
+        started = daemon;
+        (void)run({.job = AdminJob::install_config, .configuration = "good"});
+        EXPECT_FALSE(steps.steps().empty());
+        steps = {};
+    }
+}
+
+TEST_F(ChronyJobsTest, StartedDaemonIsToldByItsProcessOrItsUnit) {
+    struct Case {
+        const char* shown; // by systemctl
+        const char* process;
+        const char* config; // empty: it cannot be told
+    };
+    const std::string unit = "LoadState=loaded\nMainPID=0\nEnvironmentFiles=/env (ignore_errors=yes)\nExecStart={ "
+                             "path=/usr/sbin/chronyd ; argv[]=/usr/sbin/chronyd $OPTIONS ; ignore_errors=no }\n";
+    const std::string running = "LoadState=loaded\nMainPID=7\nExecStart={ argv[]=/x/chronyd -f /old ; }\n";
+    files["/etc/chrony.conf"] = "";
+    files["/env"] = "# OPTIONS=\"-f /no\"\nOPTIONS=\"-F 1 -f /from/variable\"\n";
+    const auto proc = std::filesystem::temp_directory_path() / fmt::format("tv-proc-{}", ::getpid());
+    std::filesystem::create_directories(proc / "7");
+    for (const auto& [shown, process, config] :
+         {Case{"LoadState=not-found\nMainPID=0\n", "", ""}, Case{"", "", ""}, Case{unit.c_str(), "", "/from/variable"},
+          Case{running.c_str(), "", "/old"}, Case{running.c_str(), "/x/chronyd -nxf /run", "/run"},
+          Case{running.c_str(), "/x/chronyd -F 1 -f/glued", "/glued"},
+          Case{running.c_str(), "/x/chronyd -F 1", "/etc/chrony.conf"}}) {
+        std::string words = process;
+        std::ranges::replace(words, ' ', '\0');
+        std::ofstream(proc / "7" / "cmdline") << words;
+        testing::ScriptedExecute execute;
+        execute.answer("systemctl chrony.service", shown);
+        const StartedDaemonLook look{execute, [this](const std::string& path) { return files.contains(path); },
+                                     [this](const std::string& path) {
+                                         return files.contains(path) ? std::optional(files.at(path)) : std::nullopt;
+                                     },
+                                     proc.string()};
+        const auto daemon = look.started_daemon(""); // there is none of ours
+        EXPECT_EQ(daemon ? daemon->config : "", config) << shown << process;
+        EXPECT_EQ(daemon ? daemon->unit : "", *config == '\0' ? "" : "chrony.service");
+    }
+    std::filesystem::remove_all(proc);
 }
 
 } // namespace

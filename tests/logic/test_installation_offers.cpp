@@ -23,6 +23,7 @@ struct InstallationOffersTest : ::testing::Test {
     std::vector<std::string> events; // alerts shown and what followed
     std::vector<std::size_t> answers;
     bool suppress = false;
+    bool unasked = false;
     Alert last;
 
     void SetUp() override { answer_versions("1", "1"); }
@@ -60,6 +61,7 @@ struct InstallationOffersTest : ::testing::Test {
                  [] {
                      return InstalledPaths{"/c/chrony.conf", "/c/chronyc", "/c/chronyd"};
                  },
+             .uses_distribution_unasked = [this] { return unasked; },
              .show =
                  [this](const Alert& alert, const std::function<void(AlertAnswer)>& answered) {
                      events.push_back(alert.identifier);
@@ -115,6 +117,15 @@ TEST_F(InstallationOffersTest, OtherVersionIsOfferedAlsoAfterADeclinedFirstRun) 
     EXPECT_EQ(run({1}), (Events{"FirstRunAlert", "stop"}));
     warnings.register_warning("VersionCompareAlert");
     EXPECT_EQ(run({1}), Events{"FirstRunAlert"});
+}
+
+TEST_F(InstallationOffersTest, DistributionsChronyThatIsUsedUnaskedIsToldOnceAndOffersNothing) {
+    files = {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"};
+    unasked = true;
+    EXPECT_EQ(run({0}), Events{"SystemChronyAlert"});
+    EXPECT_EQ(last.buttons, std::vector<std::string>{"Dismiss"});
+    EXPECT_EQ(run(), Events{});
+    EXPECT_TRUE(execute.calls.empty());
 }
 
 TEST_F(InstallationOffersTest, DistributionsChronyIsOfferedOnce) {

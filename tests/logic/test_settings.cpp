@@ -1,6 +1,8 @@
+#include "config/preferences.h"
 #include "config/settings_catalogue.h"
 #include "instruments/warning_register.h"
 #include "programs/tickerctl/settings_command.h"
+#include "programs/tickerctl/unasked_choice.h"
 #include "support/memory_stores.h"
 
 #include <gtest/gtest.h>
@@ -79,6 +81,58 @@ TEST(DefaultSettings, UnreadableValuesGiveTheDefaultAndLostOnesAreNotSaved) {
     EXPECT_FALSE(store.values.contains("d"));
     settings.saveFont("list", {});
     EXPECT_FALSE(store.values.contains("list"));
+}
+
+TEST(DefaultSettings, WhatWasLoadedIsNotSavedOverWhatWasSetElsewhere) {
+    MemorySettingsStore store;
+    DefaultSettings settings(store);
+    store.values = {{"a", {"1"}}};
+    EXPECT_EQ(settings.loadInteger("a", 0) + settings.loadInteger("b", 2), 3);
+    EXPECT_EQ(settings.loadFont("font", {}), Font{});
+    store.values = {{"a", {"5"}}, {"font", {"Serif,9"}}};
+    settings.saveInteger("a", 1);
+    settings.saveInteger("b", 2);
+    settings.saveFont("font", {});
+    EXPECT_EQ(store.values,
+              (std::map<std::string, std::vector<std::string>, std::less<>>{{"a", {"5"}}, {"font", {"Serif,9"}}}));
+    settings.saveInteger("a", 7);
+    settings.saveInteger("a", 1); // changed, and changed back
+    EXPECT_EQ(store.values.at("a"), std::vector<std::string>{"1"});
+    settings.reset("a");
+    EXPECT_FALSE(store.values.contains("a"));
+    settings.saveInteger("a", 1);
+    EXPECT_TRUE(store.values.contains("a"));
+}
+
+TEST(PreferencesGeneral, UsualPathsCountOnlyWhereNoneWasEverSet) {
+    const ChronyPaths found{"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/wake", true};
+    MemorySettingsStore store;
+    DefaultSettings settings(store);
+    auto general = PreferencesGeneral::load(settings, found);
+    EXPECT_EQ(general.paths(), found);
+    general.adj_system = false;
+    general.save(settings);
+    EXPECT_EQ(store.values.size(), 1U) << "only what was changed is set";
+    EXPECT_TRUE(general.uses_distribution_unasked());
+
+    std::ostringstream terminal;
+    WarningRegister warnings(settings);
+    EXPECT_TRUE(tell_unasked_choice(general, warnings, terminal));
+    EXPECT_FALSE(tell_unasked_choice(general, warnings, terminal));
+    EXPECT_NE(terminal.str().find("/usr/sbin/chronyd"), std::string::npos);
+
+    general.chronyc = "/opt/chronyc"; // the others go on being used
+    general.save(settings);
+    EXPECT_EQ(PreferencesGeneral::load(settings).config, found.config);
+    EXPECT_FALSE(PreferencesGeneral::load(settings, found).uses_distribution_unasked());
+    general.restore_defaults(settings, found);
+    general.save(settings);
+    EXPECT_EQ(general.paths(), found);
+    EXPECT_FALSE(store.values.contains("file_chronyd"));
+    EXPECT_EQ(store.values.at("adj_system"), std::vector<std::string>{"true"});
+
+    store.values = {{"file_chronyd", {"/usr/local/sbin/chronyd"}}};
+    EXPECT_EQ(PreferencesGeneral::load(settings, found).paths(), documented_paths());
 }
 
 TEST(SettingsCatalogue, KeysAreUniqueAndDefaultsPassTheirOwnCheck) {

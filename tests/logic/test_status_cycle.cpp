@@ -169,7 +169,7 @@ TEST_F(StatusCycleTest, VersionTextNeedsNoRun) {
 
 TEST_F(StatusCycleTest, PrivilegedReportsComeThroughTheHelperOrStayEmpty) {
     load();
-    for (const char* command : {"authdata", "ntpdata", "selectdata", "clients"}) {
+    for (const char* command : {"authdata", "ntpdata", "selectdata", "clients", "serverstats"}) {
         cycle->chronycCommand(command);
         settle();
         EXPECT_EQ(display.output, "") << command;
@@ -236,6 +236,41 @@ TEST_F(StatusCycleTest, NtpdataListsTheServersOfEitherHeading) {
     cycle->chronycCommand("ntpdata");
     settle();
     EXPECT_EQ(display.servers, std::vector<std::string>{"c.example"});
+}
+
+// Reports with cut names are read as values too, whose lines are the same.
+TEST(ServerNames, CutNamesAreTakenFromTheValues) {
+    const std::string table = "Name/IP Address\n=====\nz.example  5\na-server-with-a-very-lon>  5\n203.0.113.1  4\n";
+    const std::string values = "z,5\n192.0.2.7,5\n203.0.113.1,4\n";
+    using Names = std::vector<std::string>;
+    EXPECT_TRUE(has_cut_names(table));
+    EXPECT_EQ(server_names(table, values), (Names{"192.0.2.7", "203.0.113.1", "z.example"}));
+    EXPECT_EQ(server_names(table, "506 Cannot talk to daemon\n"),
+              (Names{"203.0.113.1", "a-server-with-a-very-lon>", "z.example"}));
+    EXPECT_EQ(server_names("506 Cannot talk to daemon\n"), std::nullopt);
+}
+
+TEST_F(StatusCycleTest, UnusualLeapStatusIsNoSilence) {
+    execute.answer("chronyc tracking", tracking_text("Delete second"));
+    load();
+    EXPECT_EQ(display.notice, (StatusNotice{StatusNotice::Kind::unusual_leap, "Delete second"}));
+}
+
+TEST(PrivilegedReports, WordsOfACommandLine) {
+    using Words = std::vector<std::string>;
+    for (const auto& [words, server] :
+         {std::pair(Words{"clients"}, ""), std::pair(Words{"serverstats"}, ""), std::pair(Words{"authdata", "-a"}, ""),
+          std::pair(Words{"ntpdata", "192.0.2.1"}, "192.0.2.1")}) {
+        RefreshRequest request;
+        EXPECT_EQ(report_request(words, request), 0) << words.front();
+        EXPECT_EQ(request.command, words.front());
+        EXPECT_EQ(request.server, server);
+    }
+    RefreshRequest request;
+    for (const auto& words : {Words{}, Words{"sources"}, Words{"clients", "-r"}, Words{"ntpdata", "a", "b"}})
+        EXPECT_EQ(report_request(words, request), -1);
+    EXPECT_TRUE(is_report("Hostname  NTP\n") && is_report("5012 packets\n"));
+    EXPECT_FALSE(is_report("501 Not authorised\n") || is_report(" \n"));
 }
 
 TEST_F(StatusCycleTest, CheckboxesRebuildTheRunner) {

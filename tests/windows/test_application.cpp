@@ -2,6 +2,7 @@
 #include "support/real_application.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QTemporaryDir>
@@ -164,20 +165,24 @@ TEST(ApplicationMenus, ActionMenuIsDisabledExactlyWhileAJobRuns) {
         EXPECT_TRUE(menus.actions.at(name)->isEnabled()) << name;
 }
 
-TEST_F(ApplicationTest, ShutdownStopsTheTimersSavesThePreferencesAndClosesTheLog) {
+TEST_F(ApplicationTest, ShutdownStopsTheTimersSavesWhatWasChangedAndClosesTheLog) {
     launch();
+    item("showPreferences")->trigger();
+    auto* limit = window("Preferences")->findChild<QLineEdit*>(QStringLiteral("m_make_limit"));
+    limit->setText(QStringLiteral("7"));
+    Q_EMIT limit->textEdited(limit->text());
     application->main_window().close();
     application->applicationWillTerminate();
     EXPECT_FALSE(fakes.timer.is_running());
-    EXPECT_EQ(fakes.store.values["file_chronyc"], std::vector<std::string>{"/usr/local/bin/chronyc"});
-    EXPECT_EQ(fakes.store.values["enable_spectrum_win"], std::vector<std::string>{"false"});
+    EXPECT_EQ(fakes.store.values["make_limit"], std::vector<std::string>{"7"});
+    for (const char* untouched : {"file_chronyc", "enable_spectrum_win", "chronyc_interval"})
+        EXPECT_FALSE(fakes.store.values.contains(untouched)) << untouched;
     EXPECT_TRUE(log_closed);
 }
 
 TEST_F(ApplicationTest, FatalFaultIsLoggedAndShown) {
-    fakes.execute.answer("chronyc -v", "not chrony\n");
     launch();
-    ASSERT_FALSE(logger.sentences.empty());
+    application->main_window().stop_program("The meter has no view number 6.");
     const auto* box = application->main_window().findChild<QMessageBox*>();
     ASSERT_NE(box, nullptr);
     EXPECT_TRUE(box->isVisible());

@@ -25,6 +25,7 @@ namespace {
 struct MainWindowTest : ::testing::Test {
     testing::FakeMainWindowParts fakes;
     QString stopped;
+    bool gpsd_found = true;
     std::unique_ptr<TickervantageWindow> window;
 
     void open() {
@@ -35,7 +36,7 @@ struct MainWindowTest : ::testing::Test {
                                        return ChronyPrograms{"/bundle", "", ""};
                                    },
                                .adjusts_clock_by_preference = [] { return true; },
-                               .gpsd_application_found = [] { return true; },
+                               .gpsd_application_found = [this] { return gpsd_found; },
                                .chronyc_arguments = {},
                                .pidfile = {}},
             MainWindowRequests{.stop_program = [this](const QString& sentence) { stopped = sentence; },
@@ -139,10 +140,27 @@ TEST_F(MainWindowTest, StoredCommandThatTheMenuLacksBecomesTracking) {
     EXPECT_EQ(window->cycle().settings().chronyCommand, "tracking");
 }
 
-TEST_F(MainWindowTest, ProgramThatIsNotChronyStopsWithAClearSentence) {
+TEST_F(MainWindowTest, ProgramThatIsNotChronyIsToldWhileItIsThere) {
     fakes.execute.answer("chronyd -v", "hello\n");
     open();
-    EXPECT_TRUE(stopped.contains(QStringLiteral("chronyd printed “hello”"))) << stopped.toStdString();
+    EXPECT_TRUE(find<QWidget>("wrong_program")->isVisible());
+    const QString words = find<QLabel>("wrong_program_words")->text();
+    EXPECT_TRUE(words.contains(QStringLiteral("chronyd printed “hello”"))) << words.toStdString();
+    EXPECT_EQ(stopped, QString());
+    fakes.execute.answer("chronyd -v", "chronyd (chrony) version 4.3 (+CMDMON)\n");
+    window->cycle().rebuild_runner();
+    fakes.settle();
+    EXPECT_FALSE(find<QWidget>("wrong_program")->isVisible());
+}
+
+TEST_F(MainWindowTest, ToolbarOffersTheGpsConfigurationOnlyWhereItIs) {
+    open();
+    const auto* item = window->findChild<QAction*>(QStringLiteral("m_gpsd_toolbar"));
+    EXPECT_TRUE(item->isVisible() && item->isEnabled());
+    gpsd_found = false;
+    window->cycle().refresh();
+    fakes.settle();
+    EXPECT_FALSE(item->isVisible());
 }
 
 TEST_F(MainWindowTest, ClosingSavesTheSettingsAndTheFrame) {

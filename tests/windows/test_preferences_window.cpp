@@ -195,6 +195,10 @@ TEST_F(PreferencesTest, PathsAreLookedAtAndDetected) {
     }
     type("m_config", "/text");
     EXPECT_EQ(words("m_config_words"), "");
+    const auto* missing = find<QLabel>("m_chronywake_words");
+    EXPECT_EQ(missing->text(), QStringLiteral("chronywake is not installed."));
+    EXPECT_NE(missing->palette().windowText(), find<QLabel>("m_chronyc_words")->palette().windowText())
+        << "which is nothing to be alarmed about";
     press("detect");
     EXPECT_EQ(text("m_config"), "/text"); // nothing was found
     machine = {{"/etc/chrony/chrony.conf", PathState::file}, {"/usr/bin/chronyc", PathState::program}};

@@ -4,11 +4,14 @@
 
 #include <QApplication>
 #include <QFontInfo>
+#include <QTemporaryDir>
 
 #include <cstdio>
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir runtime; // Qt wants a folder of its own, and the machine may have none
+    qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());
     const bool usual = !qEnvironmentVariableIsSet("TEST_FONTS");
     qputenv("FONTCONFIG_FILE", usual ? QByteArray(USUAL_TEST_FONTS) : qgetenv("TEST_FONTS"));
     const QApplication application(argc, argv);

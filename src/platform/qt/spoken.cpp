@@ -86,6 +86,8 @@ constexpr auto sentences = std::to_array<const char*>({
     QT_TRANSLATE_NOOP("sentences", "There is no chronywake in the folders of programs."),
     QT_TRANSLATE_NOOP("sentences", "The configuration names no folder of logs."),
     QT_TRANSLATE_NOOP("sentences", "The logs of the distribution's chrony are rotated by the distribution."),
+    QT_TRANSLATE_NOOP("sentences",
+                      "Nothing was changed: %1 reads %2, while the preferences name %3 as the configuration."),
     QT_TRANSLATE_NOOP("sentences", "The configuration was not installed."),
     QT_TRANSLATE_NOOP("sentences", "The configuration was not installed: %1."),
     QT_TRANSLATE_NOOP("sentences", "%1 The former configuration is back, and chronyd runs with it again."),

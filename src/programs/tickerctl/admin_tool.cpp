@@ -100,8 +100,8 @@ int Tool::admin() {
         return result;
     const ServiceForm form = m_arguments.admin.form;
     const JobMachine machine = this_machine(m_daemon.execute(), m_paths, form);
-    const AdminCommand command{.setting = make_job_setting(PreferencesGeneral::load(m_settings),
-                                                           PreferencesAdvanced::load(m_settings), m_paths, form),
+    const AdminCommand command{.setting =
+                                   make_job_setting(general(), PreferencesAdvanced::load(m_settings), m_paths, form),
                                .probes = make_job_probes(machine),
                                .form = m_arguments.json ? OutputForm::json : OutputForm::text,
                                .out = std::cout,

@@ -1,6 +1,5 @@
 #include "programs/tickerctl/daemon_access.h"
 
-#include "config/preferences.h"
 #include "config/settings_catalogue.h"
 #include "platform/linux/xdg_paths.h"
 #include "programs/tickerctl/terminal.h"
@@ -26,21 +25,13 @@ int DaemonAccess::wait_for_demonstration(const Paths& paths, std::string& senten
     return m_demonstration.wait_until_synchronised(m_execute, paths.bundle_program("chronyc"), limit, sentence);
 }
 
-ChronyPrograms configured_programs(const DefaultSettings& settings, const Paths& paths) {
-    const auto general = PreferencesGeneral::load(settings);
-    return {paths.bundle, general.chronyc, general.chronyd};
-}
-
-Runchronyc DaemonAccess::runner(const DefaultSettings& settings, const Paths& paths) {
+Runchronyc DaemonAccess::runner(const DefaultSettings& settings, const ChronyPrograms& programs) {
     std::vector<std::string> extra;
     if (!host.empty())
         extra = {"-h", host};
-    return {m_execute,
-            m_actions,
-            configured_programs(settings, paths),
-            !load(settings, settings::ip_address),
-            load(settings, settings::original_name),
-            extra};
+    return {
+        m_execute, m_actions, programs, !load(settings, settings::ip_address), load(settings, settings::original_name),
+        extra};
 }
 
 } // namespace tickervantage

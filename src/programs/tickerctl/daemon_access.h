@@ -26,7 +26,7 @@ public:
     // Waits until the pair is synchronised.
     [[nodiscard]] int wait_for_demonstration(const Paths& paths, std::string& sentence);
 
-    [[nodiscard]] Runchronyc runner(const DefaultSettings& settings, const Paths& paths);
+    [[nodiscard]] Runchronyc runner(const DefaultSettings& settings, const ChronyPrograms& programs);
     [[nodiscard]] PosixExecute& execute() { return m_execute; }
     [[nodiscard]] PrivilegedActions& actions() { return m_actions; }
 
@@ -36,7 +36,5 @@ private:
     PrivilegedActions m_actions;
     Demonstration m_demonstration;
 };
-
-[[nodiscard]] ChronyPrograms configured_programs(const DefaultSettings& settings, const Paths& paths);
 
 } // namespace tickervantage

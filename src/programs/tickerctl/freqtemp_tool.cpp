@@ -39,7 +39,7 @@ int Tool::record() {
                                 .settings = FreqTempSettings::load(m_settings),
                                 .interval_seconds = static_cast<double>(load(m_settings, settings::chronyc_interval)),
                                 .for_seconds = m_arguments.freqtemp.for_seconds};
-    return tickervantage::record(options, m_daemon.runner(m_settings, m_paths), m_signals);
+    return tickervantage::record(options, m_daemon.runner(m_settings, programs()), m_signals);
 }
 
 int Tool::freqtemp_view(FreqTempView& view) const {

@@ -2,19 +2,26 @@
 
 #include "chrony/log_pieces.h"
 #include "config/settings_catalogue.h"
+#include "instruments/warning_register.h"
+#include "mainwindow/refresh.h"
 #include "mainwindow/versions.h"
 #include "platform/linux/posix_followed_file.h"
 #include "platform/linux/small_file.h"
+#include "platform/linux/terminal_agent.h"
+#include "privileged/distribution_chrony.h"
 #include "programs/tickerctl/follow_command.h"
 #include "programs/tickerctl/log_command.h"
 #include "programs/tickerctl/status_command.h"
 #include "programs/tickerctl/terminal.h"
+#include "programs/tickerctl/unasked_choice.h"
 
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <filesystem>
 #include <iostream>
+#include <memory>
 #include <system_error>
 #include <utility>
 
@@ -59,6 +66,24 @@ Tool::Tool(const Arguments& arguments, Paths paths, DaemonAccess& daemon, const 
     m_logger.tell(); // what was wrong with the settings file
 }
 
+PreferencesGeneral Tool::general() {
+    const auto file_exists = [](const std::string& path) {
+        std::error_code ignored; // what cannot be looked at counts as missing
+        return std::filesystem::exists(path, ignored);
+    };
+    auto general = PreferencesGeneral::load(m_settings, usual_chrony_paths(file_exists));
+    WarningRegister warnings(m_settings);
+    std::string ignored; // a note that cannot be kept is told again, which is no failure of what was asked for
+    if (::isatty(STDERR_FILENO) == 1 && tell_unasked_choice(general, warnings, std::cerr))
+        (void)m_store.finish(std::chrono::seconds(1), ignored);
+    return general;
+}
+
+ChronyPrograms Tool::programs() {
+    const auto paths = general();
+    return {m_paths.bundle, paths.chronyc, paths.chronyd};
+}
+
 std::optional<meterView> Tool::view() const {
     if (m_arguments.meter)
         return meter_view_named(*m_arguments.meter);
@@ -88,10 +113,19 @@ int Tool::read_input(std::string& text) const {
 int Tool::read_tracking(std::string& text) {
     if (m_arguments.from)
         return *m_arguments.from == "-" ? read_input(text) : read_file(*m_arguments.from, text);
-    const ExecuteResult result = m_daemon.runner(m_settings, m_paths).run("tracking");
+    const ExecuteResult result = m_daemon.runner(m_settings, programs()).run("tracking");
     complain_of(result);
     text = result.output;
+    if (result.sentence.empty())
+        tell_silence(text);
     return 0;
+}
+
+// Each reason once: it may be watched for hours.
+void Tool::tell_silence(const std::string& tracking) {
+    const std::string silence = parse_tracking(tracking).leapstatus.empty() ? silence_sentence(tracking) : "";
+    if (std::exchange(m_told, silence) != silence && !silence.empty())
+        complain(silence);
 }
 
 int Tool::status() {
@@ -117,15 +151,36 @@ int Tool::status() {
 }
 
 int Tool::version_report() {
-    const auto programs = configured_programs(m_settings, m_paths);
-    const auto ask = [&](std::string_view program) {
-        return version_query(m_daemon.execute(), programs, program);
+    const auto ask = [this, asked = programs()](std::string_view program) {
+        return version_query(m_daemon.execute(), asked, program);
     };
     const ExecuteResult chronyd = ask(bundle_chronyd);
     const ExecuteResult chronyc = ask(bundle_chronyc);
     std::cout << version_text(chronyd.output, chronyc.output) << '\n';
     complain_of(chronyd.sentence.empty() ? chronyc : chronyd);
     return chronyd.sentence.empty() && chronyc.sentence.empty() ? 0 : failed;
+}
+
+// Root reaches the daemon's socket itself; another machine's daemon, and a demonstration's, are not the helper's.
+bool Tool::needs_helper() const {
+    return is_privileged_report(m_arguments.report.front()) && m_daemon.host.empty() && ::geteuid() != 0;
+}
+
+int Tool::privileged_report() {
+    RefreshRequest request;
+    if (report_request(m_arguments.report, request) != 0)
+        return fail("Through the root helper this report is given without options; ntpdata takes one server.");
+    request.runner = std::make_shared<Runchronyc>(m_daemon.runner(m_settings, programs()));
+    request.resolve = !load(m_settings, settings::ip_address);
+    request.original = load(m_settings, settings::original_name);
+    const TerminalAgent agent;
+    if (!m_daemon.actions().blessHelper())
+        return answer_is_no; // the reason was told when it came up
+    const ReportText report = read_privileged_report(request);
+    std::cout << report.output;
+    if (!report.problem.empty())
+        complain(report.problem);
+    return is_report(report.output) ? 0 : answer_is_no;
 }
 
 int Tool::report() {
@@ -136,7 +191,9 @@ int Tool::report() {
         return fail("Which report? For example: tickerctl report sources -v");
     if (command == "version")
         return version_report();
-    const ExecuteResult result = m_daemon.runner(m_settings, m_paths).run(command);
+    if (needs_helper())
+        return privileged_report();
+    const ExecuteResult result = m_daemon.runner(m_settings, programs()).run(command);
     std::cout << result.output;
     complain_of(result);
     if (result.outcome != ExecuteOutcome::exited)

@@ -3,6 +3,7 @@
 // Results are exit statuses; what failed was said in one line on standard error. Main thread; waits for chronyc.
 #pragma once
 
+#include "config/preferences.h"
 #include "mainwindow/status_values.h"
 #include "platform/linux/serial_queue.h"
 #include "platform/logger.h"
@@ -69,10 +70,16 @@ public:
     [[nodiscard]] int read_spectrum(ComputedSpectrum& spectrum) const;
 
 private:
+    // As they are stored; where none of the paths was ever set, those of this machine's chrony.
+    [[nodiscard]] PreferencesGeneral general();
+    [[nodiscard]] ChronyPrograms programs();
     [[nodiscard]] std::optional<meterView> view() const;
     [[nodiscard]] int read_tracking(std::string& text);
     [[nodiscard]] int read_input(std::string& text) const;
     [[nodiscard]] int version_report();
+    [[nodiscard]] bool needs_helper() const;
+    [[nodiscard]] int privileged_report();
+    void tell_silence(const std::string& tracking);
     [[nodiscard]] int admin_request(AdminRequest& request) const;
     [[nodiscard]] KeptCommand kept_command() const;
     [[nodiscard]] int find_kept_text(std::string& text) const;
@@ -87,6 +94,7 @@ private:
     SerialQueue m_queue{"net.brisklane.settings"};
     QtSettingsStore m_store;
     DefaultSettings m_settings;
+    std::string m_told; // why there was no report, when that was told last
 };
 
 } // namespace tickervantage
