@@ -41,8 +41,8 @@ JobMachine this_machine(PosixExecute& execute, const Paths& paths, ServiceForm f
 
 } // namespace
 
-KeptCommand Tool::kept_command() const {
-    const std::string path = PreferencesGeneral::load(m_settings).config;
+KeptCommand Tool::kept_command() {
+    const std::string path = general().config;
     return {.kept = kept_configurations({.file_names = file_names_in, .read_file = read_text}, path),
             .installed = read_text(path).value_or(""),
             .user_name = user_name,
@@ -50,7 +50,7 @@ KeptCommand Tool::kept_command() const {
             .out = std::cout};
 }
 
-int Tool::find_kept_text(std::string& text) const {
+int Tool::find_kept_text(std::string& text) {
     const auto command = kept_command();
     const auto* one = find_kept(command.kept, m_arguments.admin.number.value_or(0));
     if (one == nullptr)
@@ -59,7 +59,7 @@ int Tool::find_kept_text(std::string& text) const {
     return 0;
 }
 
-int Tool::show_kept() const {
+int Tool::show_kept() {
     const auto command = kept_command();
     if (!m_arguments.admin.difference) {
         command.list();
@@ -72,7 +72,7 @@ int Tool::show_kept() const {
     return 0;
 }
 
-int Tool::admin_request(AdminRequest& request) const {
+int Tool::admin_request(AdminRequest& request) {
     const AdminArguments& asked = m_arguments.admin;
     request = {.job = asked.job,
                .server = asked.server,

@@ -80,10 +80,10 @@ private:
     [[nodiscard]] bool needs_helper() const;
     [[nodiscard]] int privileged_report();
     void tell_silence(const std::string& tracking);
-    [[nodiscard]] int admin_request(AdminRequest& request) const;
-    [[nodiscard]] KeptCommand kept_command() const;
-    [[nodiscard]] int find_kept_text(std::string& text) const;
-    [[nodiscard]] int show_kept() const;
+    [[nodiscard]] int admin_request(AdminRequest& request);
+    [[nodiscard]] KeptCommand kept_command();
+    [[nodiscard]] int find_kept_text(std::string& text);
+    [[nodiscard]] int show_kept();
     [[nodiscard]] SpectrumChoice spectrum_choice() const;
 
     const Arguments& m_arguments;
