@@ -10,6 +10,7 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace tickervantage::testing {
@@ -224,6 +225,19 @@ TEST_F(ChronysupportUnitsTest, ADaemonThatDiesWhileWatchedIsAFailureInItsOwnWord
         EXPECT_EQ(m_line, ours + " does not stay up: Fatal error : Could not open /dev/pps7");
         EXPECT_EQ(m_looks, 3);
         EXPECT_TRUE(m_execute.calls.back().ends_with("|_SYSTEMD_INVOCATION_ID=i7|+|_PID=7")) << m_execute.calls.back();
+    }
+}
+
+TEST_F(ChronysupportUnitsTest, AUnitThatChangedIsReadAgainBeforeItsStart) {
+    for (const auto* changed : {"no", "yes"}) {
+        m_execute.calls.clear();
+        m_execute.answer("systemctl " + ours,
+                         unit(ours, "active").replace(unit(ours, "active").rfind("no"), 2, changed));
+        EXPECT_EQ(run({"startchrony"}), VerbResult::done) << m_line;
+        const auto reload = std::ranges::find(m_execute.calls, "systemctl|daemon-reload");
+        const auto start = std::ranges::find(m_execute.calls, "systemctl|start|" + ours);
+        EXPECT_NE(start, m_execute.calls.end());
+        EXPECT_EQ(reload < start, std::string(changed) == "yes") << changed;
     }
 }
 

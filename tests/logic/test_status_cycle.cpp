@@ -77,11 +77,12 @@ struct StatusCycleTest : ::testing::Test, testing::FakeMainWindowParts {
 
 TEST_F(StatusCycleTest, FirstReadingFillsTheWindow) {
     gpsd_found = true;
+    execute.answer("chronyd -v", "chronyd (chrony) version 4.4 (+CMDMON)\n");
     load();
     EXPECT_EQ(display.states, (std::vector{chronydStatus::unavailable, chronydStatus::synchronised}));
     EXPECT_EQ(display.meter_value, "-32.000 ns");
     EXPECT_EQ(display.output, tracking_text());
-    EXPECT_EQ(display.version_labels, "chronyc (chrony) version 4.3; chronyd (chrony) version 4.3");
+    EXPECT_EQ(display.version_labels, "chronyc (chrony) version 4.3; chronyd (chrony) version 4.4");
     EXPECT_FALSE(display.not_adjusted);
     EXPECT_FALSE(display.server_field);
     EXPECT_TRUE(display.gpsd);
