@@ -1,6 +1,6 @@
 #include "privileged/helper_content.h"
 
-#include "privileged/helper_words.h"
+#include "privileged/helper_question.h"
 
 #include <algorithm>
 #include <array>
@@ -92,7 +92,6 @@ constexpr std::array<std::string_view, 7> of_written{"bindcmdaddress", "driftfil
 constexpr std::array<std::string_view, 6> of_read{"hwclockfile",   "keyfile",      "ntpsigndsocket",
                                                   "ntsservercert", "ntsserverkey", "sourcedir"};
 
-constexpr std::array<std::string_view, 3> daemon_users{"_chrony", "chrony", "ntp"};
 constexpr std::array<std::string_view, 2> roots_folders{"/etc/chrony/", "/etc/chrony.d/"};
 constexpr std::array<std::string_view, 5> daemon_folders{"/run/chrony/", "/run/chrony-dhcp/", "/var/run/chrony/",
                                                          "/var/lib/chrony/", "/var/log/chrony/"};
@@ -102,7 +101,7 @@ bool holds(const std::array<std::string_view, count>& list, std::string_view wor
     return std::ranges::find(list, word) != list.end();
 }
 
-using Words = std::vector<std::string>;
+using Words = DirectiveWords;
 
 Words words_of(std::string_view line) {
     Words words;
@@ -236,8 +235,10 @@ int find_unsafe_lines(std::string_view text, std::string_view installed, const H
             found.push_back({number, whole});
         if (line.size() > longest_line)
             fault = "Line " + std::to_string(number) + " of the configuration is longer than chronyd reads.";
-        else if (is_unsafe && !is_printable(whole)) // nobody can agree to what cannot be shown
-            fault = "Line " + std::to_string(number) + " of the configuration holds characters that cannot be shown.";
+        else if (is_unsafe && !is_plain_line(whole)) // nobody can agree to what cannot be shown
+            fault = "Line " + std::to_string(number) +
+                    " of the configuration needs an authorisation of its own, but holds characters that a question "
+                    "cannot show safely.";
     });
     if (!fault.empty()) {
         sentence = fault;
@@ -247,10 +248,16 @@ int find_unsafe_lines(std::string_view text, std::string_view installed, const H
     return 0;
 }
 
+void each_directive(std::string_view text, const std::function<void(int number, const DirectiveWords& words)>& visit) {
+    each_line(text, [&visit](int number, std::string_view line) {
+        if (const auto words = directive(line); !words.empty())
+            visit(number, words);
+    });
+}
+
 std::string configured_daemon_user(std::string_view text) {
     std::string user;
-    each_line(text, [&user](int, std::string_view line) {
-        const auto words = directive(line);
+    each_directive(text, [&user](int, const Words& words) {
         if (words.size() == 2 && words[0] == "user")
             user = words[1];
     });

@@ -45,7 +45,8 @@ enum class HelperVerb : std::uint8_t {
 struct HelperRequest {
     HelperVerb verb = HelperVerb::quit;
     std::vector<std::string> argv; // the program's path, then its arguments; empty where the helper does it itself
-    // With `install_item` and `check_item`: what it is, and where it comes from and goes to.
+    // With `install_item` and `check_item`: what it is, and where it comes from and goes to. With `restore_former`:
+    // where it goes to.
     Item item;
     std::string source;
     std::string destination;

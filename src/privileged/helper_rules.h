@@ -5,12 +5,17 @@
 // are passed over. Who reads the file makes sure that only root can have written it.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tickervantage {
+
+// The users that chronyd may run as without further questions, and the only ones that the helper makes: whoever may
+// have it run must not be able to fill the machine with accounts.
+inline constexpr std::array<std::string_view, 3> daemon_users{"_chrony", "chrony", "ntp"};
 
 struct HelperRules {
     // The application bundle that root holds: its programs are the ones that are run and installed.

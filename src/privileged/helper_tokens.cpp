@@ -73,6 +73,11 @@ std::optional<helper::Token> HelperTokens::token_of(const HelperCaller& caller, 
     return entry == nullptr ? std::nullopt : std::optional(entry->token);
 }
 
+std::optional<HelperCaller> HelperTokens::caller_named(const std::string& name) const {
+    const auto entry = m_entries.find(name);
+    return entry == m_entries.end() ? std::nullopt : std::optional(entry->second.caller);
+}
+
 bool HelperTokens::drop(const std::string& name) {
     return m_entries.erase(name) > 0;
 }

@@ -17,6 +17,8 @@
 
 namespace tickervantage {
 
+inline constexpr std::uint32_t unknown_user = UINT32_MAX; // the kernel's own "nobody": no user has it
+
 // Who sent a message, as the bus and the kernel tell.
 struct HelperCaller {
     std::string name; // of the connection, ":1.42"; the bus never gives it out twice
@@ -39,6 +41,9 @@ public:
 
     // The token that the caller holds already.
     [[nodiscard]] std::optional<helper::Token> token_of(const HelperCaller& caller, std::int64_t now) const;
+
+    // Whom the connection's token was given to, as it was then.
+    [[nodiscard]] std::optional<HelperCaller> caller_named(const std::string& name) const;
 
     // Whether there was one.
     bool drop(const std::string& name);

@@ -14,13 +14,6 @@ constexpr double longest_step = 4e9; // seconds: farther than any clock is off
 constexpr std::string_view source_refused = "The file to be installed must be named by a plain absolute path.";
 constexpr std::string_view destination_refused = "Nothing may be installed there.";
 
-bool is_user_name(std::string_view name) {
-    constexpr std::string_view first = "abcdefghijklmnopqrstuvwxyz_";
-    constexpr std::string_view rest = "abcdefghijklmnopqrstuvwxyz_0123456789-";
-    return !name.empty() && name.size() <= 32 && first.find(name.front()) != std::string_view::npos &&
-           name.find_first_not_of(rest) == std::string_view::npos;
-}
-
 bool item_line(HelperVerb verb, const Words& words, Parser& parser) {
     if (!are(words, 2, "qqqq"))
         return parser.refuse("Installing takes four arguments in quotes.");
@@ -90,8 +83,8 @@ bool create_directory(const Words& words, Parser& parser) {
 }
 
 bool add_user(const Words& words, Parser& parser) {
-    if (!are(words, 2, "u") || !is_user_name(words[2].text))
-        return parser.refuse("That is no name for a user of the daemon.");
+    if (!are(words, 2, "u") || std::ranges::find(daemon_users, words[2].text) == daemon_users.end())
+        return parser.refuse("The helper adds only the users _chrony, chrony and ntp.");
     return parser.accept_tool(HelperVerb::add_user, words);
 }
 
@@ -99,6 +92,7 @@ bool restore_former(const Words& words, Parser& parser) {
     Item item;
     if (!are(words, 2, "q") || !find_item(parser.rules, words[2].text, item) || item.kind != ItemKind::configuration)
         return parser.refuse("Only a configuration has a former one.");
+    parser.request.destination = words[2].text;
     return parser.accept_tool(HelperVerb::restore_former, words);
 }
 

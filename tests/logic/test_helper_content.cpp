@@ -1,7 +1,14 @@
 #include "platform/services/chrony_services.h"
 #include "privileged/helper_content.h"
+#include "privileged/helper_displaced.h"
+#include "privileged/helper_includes.h"
+#include "privileged/helper_question.h"
 
 #include <gtest/gtest.h>
+
+#include <fnmatch.h>
+
+#include <map>
 
 namespace tickervantage {
 namespace {
@@ -77,7 +84,6 @@ TEST(HelperContent, ConfigurationLinesThatReachFurtherAreFound) {
         // Patterns that match "..", and names that chronyd takes the backslashes from.
         {"include /etc/chrony/.?/.?/tmp/x", false},
         {"include /etc/chrony/.[.]/cron.d/x", false},
-        {"include /etc/chrony/\\.\\./shadow", false},
         {"include /etc/chrony.d/.*", false},
         {"sourcedir /run/chrony/.?/.?/home/me", false},
         // What the daemon's user can write must not say what root does, nor root write among configurations.
@@ -136,8 +142,163 @@ TEST(HelperContent, ConfigurationThatChronydWouldReadOtherwiseIsRefused) {
     EXPECT_EQ(find_unsafe_lines("server x\n" + hidden, "", {}, lines, sentence), -1);
     EXPECT_EQ(sentence, "Line 2 of the configuration is longer than chronyd reads.");
     EXPECT_EQ(find_unsafe_lines(std::string_view("server x\0\n", 10), "", {}, lines, sentence), -1);
-    EXPECT_EQ(find_unsafe_lines("server x\nuser r\x1b[2Kx\n", "", {}, lines, sentence), -1);
-    EXPECT_EQ(sentence, "Line 2 of the configuration holds characters that cannot be shown.");
+}
+
+// polkitd expands "$(", agents read markup, and some characters turn, hide or divide what stands beside them.
+TEST(HelperContent, QuestionsAreMadeOfPlainSignsOrNotAsked) {
+    const std::string hostile[] = {"mailonchange root@localhost$( 0.5",
+                                   "mailonchange root@$(user) 0.5",
+                                   "mailonchange <!-- 1",
+                                   "mailonchange --> 1",
+                                   "mailonchange a&lt;b 1",
+                                   "include /etc/chrony/\\.\\./x",
+                                   "include /home/me/`id`",
+                                   "include /home/me/\"x\"",
+                                   "include /home/me/\xE2\x80\xAEx",
+                                   "include /home/me/\xE2\x80\xA8x",
+                                   "include /home/me/\x1b[2Kx",
+                                   "include /home/me/\xC2\xA0x",
+                                   "include /home/me/\xC3\xBC",
+                                   "include /home/me/\x7F",
+                                   "include /home/me/'x'",
+                                   "include /home/me/\xFF"};
+    for (const auto& line : hostile) {
+        std::vector<ConfigurationLine> lines;
+        std::string sentence;
+        std::string question = "untouched";
+        EXPECT_EQ(find_unsafe_lines("server x\n" + line + "\nuser root\n", "", {}, lines, sentence), -1) << line;
+        EXPECT_EQ(sentence, "Line 2 of the configuration needs an authorisation of its own, but holds characters that "
+                            "a question cannot show safely.");
+        EXPECT_EQ(question_about({{1, "user root"}, {2, line}}, question, sentence), -1) << line;
+        EXPECT_EQ(question, "untouched");
+        EXPECT_EQ(find_unsafe_lines(line + "\n", line, {}, lines, sentence), 0) << "installed already: not asked";
+    }
+}
+
+TEST(HelperContent, QuestionsShowEveryLineWholeOrAreNotAsked) {
+    std::string question;
+    std::string sentence;
+    ASSERT_EQ(question_about({{2, "user root"}, {7, "driftfile /etc/cron.d/x"}}, question, sentence), 0);
+    EXPECT_EQ(question, "This configuration lets chronyd, which starts as root, do more than usual:\n"
+                        "line 2: user root\nline 7: driftfile /etc/cron.d/x");
+    EXPECT_EQ(question_about({{1, "include /" + std::string(240, 'x')}}, question, sentence), -1);
+    EXPECT_EQ(question_about(std::vector<ConfigurationLine>(13, {1, "user root"}), question, sentence), -1);
+    EXPECT_EQ(sentence, "This configuration has more or longer unusual lines than a question can show.");
+}
+
+// What a machine holds, by path; a pattern of the tests' ends in a star.
+IncludedFiles files_of(const std::map<std::string, std::string>& machine) {
+    const auto matching = [&machine](const std::string& pattern) {
+        std::vector<std::string> paths;
+        for (const auto& [path, text] : machine)
+            if (::fnmatch(pattern.c_str(), path.c_str(), FNM_PATHNAME) == 0)
+                paths.push_back(path == "/etc/chrony/link.conf" ? "/etc/chrony/chrony.conf" : path);
+        return paths;
+    };
+    return {matching, [&machine](const std::string& path) {
+                return machine.at(path);
+            }};
+}
+
+TEST(HelperContent, ConfigurationsThatIncludeThemselvesAreFound) {
+    const std::map<std::string, std::string> machine{
+        {"/etc/chrony/chrony.conf", "server former.example\n"},
+        {"/etc/chrony/link.conf", ""},
+        {"/etc/chrony/conf.d/plain.conf", "server a.example\ninclude /etc/chrony/conf.d/plain.conf\n"},
+        {"/etc/chrony/back/x.conf", "# back\ninclude /etc/chrony/chron?.conf\n"},
+        {"/etc/chrony/far/x.conf", "confdir /etc/chrony/back\n"},
+        {"/etc/chrony/sources/x.sources", "include /etc/chrony/chrony.conf\n"}};
+    const struct {
+        const char* line;
+        bool comes_back;
+    } cases[] = {
+        {"include /etc/chrony/chrony.conf", true},
+        {"INCLUDE /etc//chrony/chrony.conf", true},
+        {"include /etc/chrony/*.conf", true},
+        {"include /etc/chrony/[a-d]hrony.conf", true},
+        {"confdir /etc/chrony", true},
+        {"confdir /etc/chrony/conf.d /etc/chrony/", true},
+        {"include /etc/chrony/link.conf", true},
+        {"include /etc/chrony/back/x.conf", true},
+        {"confdir /etc/chrony/far", true},
+        {"# include /etc/chrony/chrony.conf", false},
+        {"include /etc/chrony/conf.d/plain.conf", false},
+        {"confdir /etc/chrony/conf.d", false},
+        {"sourcedir /etc/chrony", false},
+        {"sourcedir /etc/chrony/sources", false},
+        {"include /etc/chrony.conf", false},
+    };
+    for (const auto& [line, comes_back] : cases)
+        EXPECT_EQ(line_that_includes_itself(std::string("server a\n") + line + "\n", "/etc/chrony/chrony.conf",
+                                            files_of(machine)),
+                  comes_back ? 2 : 0)
+            << line;
+    EXPECT_EQ(line_that_includes_itself("confdir /etc/chrony.d\n", "/etc/chrony.d/chrony.conf", files_of(machine)), 1)
+        << "also where nothing is installed yet";
+}
+
+TEST(HelperContent, RefusalsOfChronydTellNothingOfFilesThatTheCallerMayNotRead) {
+    const std::string path = "/run/chronyhelper/item-1";
+    const std::string text = "server a\ninclude /etc/chrony/own\nconfdir /etc/chrony/secret\n";
+    const struct {
+        const char* errors;
+        const char* sentence;
+    } cases[] = {
+        {"2026-01-01T00:00:00Z Fatal error : Invalid directive at line 2 in file /run/chronyhelper/item-1\nuser x\n",
+         "chronyd does not accept this configuration: Fatal error : Invalid directive at line 2."},
+        {"Fatal error : Could not parse server directive at line 7 in file /etc/chrony/secret/name\n",
+         "chronyd does not accept a file that this configuration includes: Fatal error : Could not parse server "
+         "directive at line 7."},
+        {"Fatal error : Could not open /etc/chrony/own : Permission denied\n",
+         "chronyd does not accept this configuration: Fatal error : Could not open /etc/chrony/own : Permission "
+         "denied."},
+        {"Fatal error : Could not open /etc/chrony/hidden : Permission denied\n",
+         "chronyd does not accept this configuration: a file that it includes is missing or cannot be read."},
+        {"1 SHA1 HEX:0123456789\n", "chronyd does not accept this configuration."},
+        {"", "chronyd does not accept this configuration."},
+    };
+    for (const auto& [errors, sentence] : cases)
+        EXPECT_EQ(chronyd_refusal(errors, path, text), sentence);
+}
+
+TEST(HelperContent, FormerConfigurationIsConsentOnlyWithinItsJob) {
+    const HelperCaller caller{.name = ":1.7", .user = 1000, .process = 42, .process_start = 99};
+    auto other = caller;
+    other.name = ":1.8";
+    const ConfigurationExchange exchange{"/etc/chrony.conf", "user root\n", "server a\n"};
+    const auto changed = [&exchange](auto change) {
+        auto result = exchange;
+        change(result);
+        return result;
+    };
+    const auto life = DisplacedConfigurations::lifetime_seconds;
+    const struct {
+        HelperCaller who;
+        ConfigurationExchange what;
+        std::int64_t when;
+        bool holds;
+    } cases[] = {{caller, exchange, 5, true},
+                 {other, exchange, 5, false},
+                 {caller, exchange, life + 5, false},
+                 {caller, changed([](auto& e) { e.displaced += "x"; }), 5, false},
+                 {caller, changed([](auto& e) { e.installed += "x"; }), 5, false},
+                 {caller, changed([](auto& e) { e.destination += "x"; }), 5, false}};
+    for (const auto& [who, what, when, holds] : cases) {
+        DisplacedConfigurations displaced;
+        EXPECT_FALSE(displaced.take(caller, exchange, 0)) << "an older file of that name";
+        displaced.note(caller, exchange, 0);
+        EXPECT_EQ(displaced.take(who, what, when), holds);
+        if (holds) {
+            EXPECT_FALSE(displaced.take(who, what, when)) << "once is enough";
+        }
+    }
+    DisplacedConfigurations displaced;
+    displaced.note(caller, exchange, 0);
+    displaced.note(other, changed([](auto& e) { e.displaced = "server b\n"; }), 1);
+    EXPECT_FALSE(displaced.take(caller, exchange, 2)) << "somebody else installed one since";
+    displaced.note(caller, exchange, 0);
+    displaced.drop(caller.name);
+    EXPECT_FALSE(displaced.take(caller, exchange, 1));
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "privileged/helper_quota.h"
 #include "privileged/helper_request.h"
 #include "privileged/helper_tokens.h"
 #include "privileged/helper_words.h"
@@ -76,6 +77,9 @@ TEST(HelperRequest, EveryLineOfTheApplicationBecomesItsArguments) {
         {"/bin/sh -c '/usr/bin/chronyc -N selectdata' 2>&1",
          HelperVerb::chronyc_report,
          {"/usr/bin/chronyc", "-N", "selectdata"}},
+        {"/bin/sh -c '/usr/bin/chronyc serverstats' 2>&1",
+         HelperVerb::chronyc_report,
+         {"/usr/bin/chronyc", "serverstats"}},
         {"/bin/sh -c '/usr/bin/chronyc clients' 2>&1", HelperVerb::chronyc_report, {"/usr/bin/chronyc", "clients"}},
         {"/bin/sh -c '/usr/local/sbin/chronyd -t 120 -q \"server fe80::1%eth0 iburst\"' 2>&1",
          HelperVerb::synchronise,
@@ -191,6 +195,33 @@ TEST(HelperTokens, HoldForOneConnectionOfOneProcessOnly) {
     tokens.put(nobody, token, 0);
     EXPECT_FALSE(tokens.accepts(nobody, bytes, 1)) << "any process may have this number by now";
     EXPECT_FALSE(tokens.token_of(nobody, 1));
+}
+
+TEST(HelperQuota, RefusalsAreToldOncePerConnectionAndThenCounted) {
+    RefusalCounts counts;
+    unsigned lines = 0;
+    for (int round = 0; round < 1000; ++round)
+        for (int sender = 0; sender < 200; ++sender)
+            lines += counts.add(":1." + std::to_string(sender)) ? 1U : 0U;
+    EXPECT_EQ(lines, RefusalCounts::most_senders);
+    std::uint64_t counted = 0;
+    for (const auto& [sender, count] : counts.take())
+        counted += count;
+    EXPECT_EQ(lines + counted, 200'000U) << "none is forgotten";
+    EXPECT_TRUE(counts.take().empty());
+    EXPECT_TRUE(counts.add(":1.1")) << "a new minute";
+}
+
+TEST(HelperQuota, PolkitIsAskedInVainTenTimesAMinuteForEachUser) {
+    AskQuota quota;
+    for (unsigned refusal = 0; refusal < AskQuota::most_refusals; ++refusal) {
+        EXPECT_TRUE(quota.may_ask(1000));
+        quota.note_refusal(1000);
+    }
+    EXPECT_FALSE(quota.may_ask(1000));
+    EXPECT_TRUE(quota.may_ask(1001));
+    quota.new_minute();
+    EXPECT_TRUE(quota.may_ask(1000));
 }
 
 } // namespace
