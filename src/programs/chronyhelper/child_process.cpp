@@ -33,10 +33,10 @@ bool take_identity(const ChildIdentity& identity) {
            ::setresuid(identity.user, identity.user, identity.user) == 0 && ::prctl(PR_SET_DUMPABLE, 0) == 0;
 }
 
-void connect_streams(int output) {
-    const int nothing = ::open("/dev/null", O_RDONLY);
+void connect_streams(int output, bool errors_only) {
+    const int nothing = ::open("/dev/null", O_RDWR);
     ::dup2(nothing, STDIN_FILENO);
-    ::dup2(output, STDOUT_FILENO);
+    ::dup2(errors_only ? nothing : output, STDOUT_FILENO);
     ::dup2(output, STDERR_FILENO);
     ::close_range(STDERR_FILENO + 1, ~0U, 0);
 }
@@ -61,7 +61,7 @@ int run_program(std::vector<std::string>& argv) {
 
 [[noreturn]] void child_main(ChildTask& task, int output) {
     ::setpgid(0, 0);
-    connect_streams(output);
+    connect_streams(output, task.errors_only);
     forget_signals();
     if (task.identity && !take_identity(*task.identity))
         ::_exit(cannot_start);

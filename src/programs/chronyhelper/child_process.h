@@ -28,13 +28,14 @@ struct ChildTask {
     std::vector<std::string> argv;         // the program to run
     std::function<int()> body;             // or what the fork does itself: its result is the exit status
     std::optional<ChildIdentity> identity; // nothing: root
+    bool errors_only = false;              // what it prints as its result is thrown away
     std::chrono::seconds time_limit{30};
     std::size_t output_limit = std::size_t{8} << 20U;
 };
 
 struct ChildEnd {
     int status = -1;      // exit status; -1 when it did not end by itself
-    std::string output;   // both streams as they came
+    std::string output;   // both streams as they came, or the errors alone
     std::string sentence; // what went wrong with the running of it; empty when it ended by itself
 };
 

@@ -138,6 +138,7 @@ ChildTask syntax_check_task(const std::string& configuration, const HelperRules&
         if (task.argv.empty() && is_roots_own(chronyd))
             task.argv = {chronyd, "-p", "-f", configuration};
     task.identity = daemon_identity(rules);
+    task.errors_only = true; // what it prints else are lines of the files that the configuration includes
     return task;
 }
 

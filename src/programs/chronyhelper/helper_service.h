@@ -1,20 +1,22 @@
 // The helper on the bus: takes messages, decides, has the work done, and ends when nothing came for a while.
 //
 // Interface net.brisklane.chronyhelper: Request(a{sv}) -> a{sv}, Authorise() -> ay, Withdraw(), property Version. One
-// thread.
+// thread. A message that brings no authorisation is answered out of what is in memory: nobody is asked about it, and it
+// costs no line in the journal of its own.
 #pragma once
 
 #include "platform/linux/bus_owners.h"
+#include "privileged/helper_displaced.h"
 #include "privileged/helper_interruptions.h"
 #include "privileged/helper_rules.h"
-#include "privileged/helper_tokens.h"
+#include "programs/chronyhelper/authorisations.h"
 #include "programs/chronyhelper/callers.h"
+#include "programs/chronyhelper/gate.h"
 #include "programs/chronyhelper/job_lines.h"
 #include "programs/chronyhelper/polkit.h"
+#include "programs/chronyhelper/refusals.h"
 
 #include <map>
-#include <memory>
-#include <set>
 #include <string>
 #include <string_view>
 
@@ -40,20 +42,21 @@ private:
     static int on_protocol(sd_bus* bus, const char* path, const char* interface, const char* property,
                            sd_bus_message* reply, void* self, sd_bus_error* error);
     static int on_idle(sd_event_source* source, std::uint64_t time, void* self);
+    static int on_minute(sd_event_source* source, std::uint64_t time, void* self);
     static const sd_bus_vtable vtable[];
 
+    [[nodiscard]] int set_up();
     int request(sd_bus_message* message);
-    int refuse(sd_bus_message* message, const HelperCaller& caller, std::string_view verb, const std::string& sentence);
-    int quit(sd_bus_message* message, const HelperCaller& caller);
+    int refuse(sd_bus_message* message, std::string_view verb, const std::string& sentence);
+    int quit(sd_bus_message* message);
     int execute(sd_bus_message* message, const HelperCaller& caller, HelperRequest request);
-    int authorise(sd_bus_message* message);
-    void answer_authorise(sd_bus_message* message, const std::string& sender, PolkitAnswer answer);
+    int do_request(sd_bus_message* message, const HelperCaller& caller, HelperRequest request);
     int resume(sd_bus_message* message, const HelperCaller& caller);
     void start_again(const std::string& name, const HelperInterruptions::Units& units);
     void connection_gone(const std::string& name);
-    void restore_tokens();
-    void keep_tokens() const;
-    [[nodiscard]] bool has_work() const { return !m_jobs.empty() || !m_asking.empty(); }
+    [[nodiscard]] bool has_work() const {
+        return !m_jobs.empty() || m_authorisations.is_asking() || m_callers.is_asking();
+    }
     void note_activity();
     int drain(std::string& sentence);
 
@@ -61,15 +64,19 @@ private:
     sd_event* m_event;
     HelperRules m_rules;
     std::string m_folder;
-    HelperTokens m_tokens;
     Polkit m_polkit;
     Callers m_callers;
+    Refusals m_refusals;
+    Authorisations m_authorisations;
+    Gate m_gate;
+    DisplacedConfigurations m_displaced;
     std::map<std::string, std::string> m_consents; // by connection
     JobLines m_jobs;
     HelperInterruptions m_interruptions;
-    std::set<std::uint32_t> m_asking; // users who are looking at a password dialog
+    std::uint64_t m_last_activity = 0; // microseconds, CLOCK_MONOTONIC
     bool m_ends = false;
     EventSource m_idle;
+    EventSource m_minute;
     BusSlot m_slot;
 };
 

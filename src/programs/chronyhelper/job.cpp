@@ -1,8 +1,12 @@
 #include "programs/chronyhelper/job.h"
 
 #include "platform/helper_names.h"
+#include "privileged/helper_includes.h"
+#include "privileged/helper_question.h"
+#include "programs/chronyhelper/boot_time.h"
 #include "programs/chronyhelper/commands.h"
 #include "programs/chronyhelper/source_file.h"
+#include "programs/chronyhelper/staged_files.h"
 #include "programs/chronyhelper/trusted_files.h"
 
 #include <unistd.h>
@@ -15,8 +19,6 @@ namespace {
 
 constexpr std::size_t text_limit = std::size_t{1} << 20U;
 constexpr std::size_t program_limit = std::size_t{64} << 20U;
-constexpr std::size_t shown_lines = 12; // in a dialog
-constexpr std::size_t shown_bytes = 240;
 
 bool is_run(const Item& item) {
     return item.kind == ItemKind::program || item.kind == ItemKind::script;
@@ -27,29 +29,16 @@ std::string bundled(const Item& item, const HelperRules& rules) {
                                           : rules.bundle + "/Contents/Resources/" + item.name;
 }
 
-// What may stand in a configuration without being asked for again: what is installed, and what was before it.
-std::string known_configuration(const std::string& path) {
-    std::string known;
-    for (const auto& file : {path, path + ".former"}) {
-        std::string bytes;
-        std::string ignored; // one that others can change counts as none
-        if (read_roots_file(file, text_limit, bytes, ignored) == 0)
-            known += bytes + '\n';
-    }
-    return known;
+std::string bytes_of_roots_file(const std::string& path) {
+    std::string bytes;
+    std::string ignored; // one that others can change counts as none
+    (void)read_roots_file(path, text_limit, bytes, ignored);
+    return bytes;
 }
 
-// Nobody can agree to what a dialog leaves out.
-bool can_be_shown(const std::vector<ConfigurationLine>& lines) {
-    return lines.size() <= shown_lines &&
-           std::ranges::all_of(lines, [](const auto& line) { return line.text.size() <= shown_bytes; });
-}
-
-std::string dialog_text(const std::vector<ConfigurationLine>& lines) {
-    std::string text = "This configuration lets chronyd, which starts as root, do more than usual:";
-    for (const auto& line : lines)
-        text += "\nline " + std::to_string(line.number) + ": " + line.text;
-    return text;
+const IncludedFiles& included_files() {
+    static const IncludedFiles files{matching_roots_files, bytes_of_roots_file};
+    return files;
 }
 
 } // namespace
@@ -62,10 +51,15 @@ Job::~Job() {
 }
 
 void Job::start() {
-    if (m_order.request.verb == HelperVerb::install_item || m_order.request.verb == HelperVerb::check_item)
-        read_source();
-    else
-        do_it();
+    switch (m_order.request.verb) {
+    case HelperVerb::install_item:
+    case HelperVerb::check_item:
+        return read_source();
+    case HelperVerb::restore_former:
+        return check_former();
+    default:
+        return do_it();
+    }
 }
 
 void Job::run_child(ChildTask task, Next next) {
@@ -123,14 +117,35 @@ void Job::check_program(const std::string& bytes) {
     take_next_step();
 }
 
+// A former configuration is consent for what it says only while the caller takes back what it installed a moment ago.
+void Job::check_former() {
+    const auto& destination = m_order.request.destination;
+    std::string sentence;
+    std::string former;
+    const int found = read_roots_file(destination + ".former", text_limit, former, sentence);
+    if (found < 0)
+        return end(Decision::refused, sentence);
+    const ConfigurationExchange exchange{destination, former, bytes_of_roots_file(destination)};
+    if (found == 0 && !m_parts.displaced.take(m_order.caller, exchange, seconds_since_boot()))
+        return check_configuration(former);
+    m_checked = former;
+    do_it();
+}
+
+// Judges a text that is to become the configuration at the destination, wherever it comes from.
 void Job::check_configuration(const std::string& bytes) {
     std::string sentence;
-    const auto known = known_configuration(m_order.request.destination);
-    if (find_unsafe_lines(bytes, known, m_parts.rules, m_unsafe_lines, sentence) != 0)
+    const auto& destination = m_order.request.destination;
+    m_checked = bytes;
+    m_displaced = bytes_of_roots_file(destination);
+    if (find_unsafe_lines(bytes, m_displaced, m_parts.rules, m_unsafe_lines, sentence) != 0)
         return end(Decision::refused, sentence);
+    if (const int line = line_that_includes_itself(bytes, destination, included_files()); line > 0)
+        return end(Decision::refused, "Line " + std::to_string(line) +
+                                          " of the configuration includes the "
+                                          "configuration itself, and chronyd would not start with it.");
     if (!stage(bytes))
         return;
-    m_consent = m_order.request.destination + '\n' + bytes;
     auto task = syntax_check_task(m_staged, m_parts.rules);
     if (task.argv.empty())
         return ask_about_unsafe_lines(); // no chronyd is installed that could be stopped by it
@@ -139,18 +154,19 @@ void Job::check_configuration(const std::string& bytes) {
 
 void Job::ask_about_unsafe_lines() {
     const auto agreed = m_parts.consents.find(m_order.caller.name);
-    const bool is_agreed = agreed != m_parts.consents.end() && agreed->second == m_consent;
+    const bool is_agreed = agreed != m_parts.consents.end() && agreed->second == consent();
     if (is_agreed)
         m_parts.consents.erase(agreed); // to be installed once
     if (m_unsafe_lines.empty() || is_agreed)
         return take_next_step();
-    if (!can_be_shown(m_unsafe_lines))
-        return end(Decision::refused, "The configuration was not installed: it has more or longer unusual lines than "
-                                      "a question can show.");
-    const auto first = "line " + std::to_string(m_unsafe_lines[0].number) + " (" + m_unsafe_lines[0].text + ")";
+    std::string question;
+    std::string sentence;
+    if (question_about(m_unsafe_lines, question, sentence) != 0)
+        return end(Decision::refused, sentence);
+    const auto first = "Line " + std::to_string(m_unsafe_lines[0].number) + " (" + m_unsafe_lines[0].text + ")";
     m_parts.polkit.ask({.sender = m_order.caller.name,
                         .action = helper::unsafe_config_action,
-                        .message = dialog_text(m_unsafe_lines),
+                        .message = question,
                         .may_ask = m_order.may_ask},
                        [this, alive = std::weak_ptr(m_alive), first](PolkitAnswer answer) {
                            if (alive.expired())
@@ -158,17 +174,16 @@ void Job::ask_about_unsafe_lines() {
                            if (answer == PolkitAnswer::yes)
                                take_next_step();
                            else
-                               end(Decision::refused, "The configuration was not installed: " + first +
-                                                          " needs an authorisation of its own.");
+                               end(Decision::refused, first + " needs an authorisation of its own.");
                        });
 }
 
-// False, and the job is over, when they cannot be written: half a file must not be installed.
+// False, and the job is over, when they cannot be written.
 bool Job::stage(const std::string& bytes) {
-    static unsigned count = 0;
-    m_staged = m_parts.folder + "/item-" + std::to_string(++count);
-    m_order.request.argv[2] = m_staged;
-    if (write_new_file(m_staged, bytes, 0644) == 0) // readable for the daemon's user, who checks a configuration
+    m_staged = stage_file(m_parts.folder, bytes);
+    if (m_order.request.verb == HelperVerb::install_item)
+        m_order.request.argv[2] = m_staged;
+    if (!m_staged.empty())
         return true;
     end(Decision::failed, "The helper cannot keep the file to be installed.");
     return false;
@@ -177,13 +192,24 @@ bool Job::stage(const std::string& bytes) {
 void Job::syntax_was_checked(ChildEnd result) {
     if (result.status == 0)
         return ask_about_unsafe_lines();
-    const auto fault = result.output.rfind("Fatal error");
-    auto text = fault == std::string::npos ? result.output : result.output.substr(fault);
-    if (const auto file = text.find(" in file "); file != std::string::npos)
-        text.resize(file); // the name of the file on its way says nothing
-    while (!text.empty() && text.back() == '\n')
-        text.pop_back();
-    end(Decision::refused, "chronyd does not accept this configuration: " + text + ".");
+    end(Decision::refused, chronyd_refusal(result.output, m_staged, m_checked));
+}
+
+// Somebody else may have installed one while a question stood open.
+bool Job::former_is_unchanged() const {
+    return m_order.request.verb != HelperVerb::restore_former ||
+           bytes_of_roots_file(m_order.request.destination + ".former") == m_checked;
+}
+
+std::string Job::changed_configuration() const {
+    const auto& request = m_order.request;
+    const bool installs = request.verb == HelperVerb::install_item && request.item.kind == ItemKind::configuration;
+    return installs || request.verb == HelperVerb::restore_former ? request.destination : std::string();
+}
+
+// What unsafe lines are agreed to in: the place and the text.
+std::string Job::consent() const {
+    return m_order.request.destination + '\n' + m_checked;
 }
 
 // A judgement ends here; what it took a consent for may be installed next.
@@ -191,7 +217,7 @@ void Job::take_next_step() {
     if (m_order.request.verb != HelperVerb::check_item)
         return do_it();
     if (!m_unsafe_lines.empty())
-        m_parts.consents[m_order.caller.name] = std::move(m_consent);
+        m_parts.consents[m_order.caller.name] = consent();
     end(Decision::done, "200 OK");
 }
 
@@ -199,22 +225,25 @@ void Job::do_it() {
     auto task = task_for(m_order.request, m_parts.rules);
     if (!is_roots_own(task.argv[0]) || !is_roots_own(m_order.request.argv[0]))
         return end(Decision::refused, m_order.request.argv[0] + " is missing, or others than root can change it.");
+    if (!former_is_unchanged())
+        return end(Decision::refused, "The former configuration has changed meanwhile.");
     if (const auto path = changed_configuration(); !path.empty())
         m_parts.history.before(path);
     run_child(std::move(task), &Job::was_done);
 }
 
-std::string Job::changed_configuration() const {
-    const auto& request = m_order.request;
-    if (request.verb == HelperVerb::restore_former)
-        return request.argv.back();
-    const bool installs = request.verb == HelperVerb::install_item && request.item.kind == ItemKind::configuration;
-    return installs ? request.destination : std::string();
+void Job::note_change(bool is_done) {
+    const auto path = changed_configuration();
+    if (path.empty())
+        return;
+    if (m_order.request.verb == HelperVerb::install_item) // whatever came of it: what is then found in place counts
+        m_parts.displaced.note(m_order.caller, {path, m_displaced, m_checked}, seconds_since_boot());
+    if (is_done)
+        m_parts.history.after(path, m_order.caller.user);
 }
 
 void Job::was_done(ChildEnd result) {
-    if (const auto path = changed_configuration(); !path.empty() && result.status == 0)
-        m_parts.history.after(path, m_order.caller.user);
+    note_change(result.status == 0);
     const bool found_none = m_order.request.verb == HelperVerb::list_daemons && result.status == 1; // of pgrep
     if (found_none)
         return end(Decision::done, std::move(result.output));

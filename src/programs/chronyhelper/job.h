@@ -2,6 +2,7 @@
 #pragma once
 
 #include "privileged/helper_content.h"
+#include "privileged/helper_displaced.h"
 #include "privileged/helper_request.h"
 #include "privileged/helper_tokens.h"
 #include "programs/chronyhelper/child_process.h"
@@ -20,6 +21,7 @@ namespace tickervantage {
 struct JobParts {
     sd_event* event;
     Polkit& polkit;
+    DisplacedConfigurations& displaced;
     const HelperRules& rules;
     std::string folder; // of the helper's own, for files on their way
     // What each connection was asked about and agreed to, when only judging: installing it does not ask again.
@@ -53,21 +55,26 @@ private:
     void source_was_read(ChildEnd end);
     void check_content(const std::string& bytes);
     void check_program(const std::string& bytes);
+    void check_former();
     void check_configuration(const std::string& bytes);
     void syntax_was_checked(ChildEnd end);
     void ask_about_unsafe_lines();
     [[nodiscard]] bool stage(const std::string& bytes);
+    [[nodiscard]] std::string consent() const;
     void take_next_step();
-    void do_it();
-    void was_done(ChildEnd end);
+    [[nodiscard]] bool former_is_unchanged() const;
     [[nodiscard]] std::string changed_configuration() const; // empty: none is
+    void do_it();
+    void note_change(bool is_done);
+    void was_done(ChildEnd end);
     void end(Decision decision, std::string text);
 
     const JobParts& m_parts;
     JobOrder m_order;
     std::vector<ConfigurationLine> m_unsafe_lines;
-    std::string m_consent; // the destination and the text that unsafe lines stand in
-    std::string m_staged;  // the caller's bytes, in the helper's folder
+    std::string m_staged;    // the caller's bytes, in the helper's folder
+    std::string m_checked;   // the configuration that was judged
+    std::string m_displaced; // the one that was installed then
     std::unique_ptr<ChildProcess> m_child;
     std::shared_ptr<bool> m_alive = std::make_shared<bool>(true); // for answers that come after the job has gone
 };

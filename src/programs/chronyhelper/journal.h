@@ -4,6 +4,7 @@
 
 #include "privileged/helper_tokens.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -11,9 +12,12 @@ namespace tickervantage {
 
 enum class Decision : unsigned char { done, refused, failed };
 
-// The fields RESULT, CALLER_UID, VERB and SENDER, with a sentence for people.
+// The fields RESULT, CALLER_UID (where it is known), VERB and SENDER, with a sentence for people.
 void journal_decision(Decision decision, const HelperCaller& caller, std::string_view verb,
                       const std::string& sentence);
+
+// How many more refusals a connection met with in a minute than the one that is told; fields as above, and COUNT.
+void journal_more_refusals(const HelperCaller& caller, std::uint64_t count);
 
 // Something about the helper itself.
 void journal_note(const std::string& sentence);

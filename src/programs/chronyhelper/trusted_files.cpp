@@ -4,6 +4,7 @@
 #include "platform/linux/write_all.h"
 
 #include <fcntl.h>
+#include <glob.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -100,6 +101,21 @@ int read_roots_file(const std::string& path, std::size_t limit, std::string& byt
         return -1;
     }
     return read_open_file(file, path, limit, bytes, sentence);
+}
+
+std::vector<std::string> matching_roots_files(const std::string& pattern) {
+    std::vector<std::string> paths;
+    if (!pattern.starts_with("/etc/chrony"))
+        return paths;
+    glob_t found{};
+    if (::glob(pattern.c_str(), GLOB_NOSORT, nullptr, &found) == 0)
+        for (std::size_t at = 0; at < found.gl_pathc; ++at) {
+            std::array<char, PATH_MAX> resolved{};
+            if (::realpath(found.gl_pathv[at], resolved.data()) != nullptr)
+                paths.emplace_back(resolved.data());
+        }
+    ::globfree(&found);
+    return paths;
 }
 
 int write_new_file(const std::string& path, std::string_view bytes, unsigned mode) {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tickervantage {
 
@@ -21,6 +22,10 @@ namespace tickervantage {
 // The same for one that must be root's own.
 [[nodiscard]] int read_roots_file(const std::string& path, std::size_t limit, std::string& bytes,
                                   std::string& sentence);
+
+// The files that match a pattern of glob(7), links resolved; none outside chrony's folders in /etc, since in others
+// somebody else may keep root waiting.
+[[nodiscard]] std::vector<std::string> matching_roots_files(const std::string& pattern);
 
 // Makes a file anew, with this mode whatever the mask, in a folder that only root can write to. -1: errno says why.
 [[nodiscard]] int write_new_file(const std::string& path, std::string_view bytes, unsigned mode);

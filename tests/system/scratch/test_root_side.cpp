@@ -221,10 +221,12 @@ TEST_F(RootSide, ContentIsChecked) {
     const auto before = contents(conf);
     const auto climbing = "include /etc/chrony/.?/.?" + write("hidden.conf", "user root\n") + "\n";
     const auto hiding = "keyfile /etc/" + std::string(300, 'x') + "/../shadow\n";
-    for (const auto& [text, part] : {std::pair{"server a\nuser root\n", "line 2 (user root)"},
-                                     std::pair{"driftfile /etc/cron.d/x\n", "line 1 (driftfile /etc/cron.d/x)"},
+    for (const auto& [text, part] : {std::pair{"server a\nuser root\n", "Line 2 (user root)"},
+                                     std::pair{"driftfile /etc/cron.d/x\n", "Line 1 (driftfile /etc/cron.d/x)"},
+                                     std::pair{"mailonchange root@localhost$( 0.5\nuser root\n", "show safely"},
+                                     std::pair{"confdir /etc/chrony.d\n", "includes the configuration itself"},
                                      std::pair{"servr a\n", "chronyd does not accept this configuration"},
-                                     std::pair{climbing.c_str(), "line 1 (include /etc/chrony/.?/.?/home"},
+                                     std::pair{climbing.c_str(), "Line 1 (include /etc/chrony/.?/.?/home"},
                                      std::pair{hiding.c_str(), "than a question can show"}}) {
         const auto reply = send(install_line(write("c.conf", text), conf));
         EXPECT_TRUE(is_sentence(reply) && reply.find(part) != std::string::npos) << reply;
@@ -236,6 +238,23 @@ TEST_F(RootSide, ContentIsChecked) {
     EXPECT_EQ(send(install_line(bundle + "chronyc", "/usr/local/bin/chronyc", "0755")).find("200 OK"), 0U);
     EXPECT_EQ(contents("/usr/local/bin/chronyc"), contents("/usr/bin/chronyc"));
     EXPECT_EQ(send("EXECUTE \"" + tool + "\" removeitem \"/usr/local/bin/chronyc\"").find("200 OK"), 0U);
+}
+
+// root_side has left a former configuration from long ago that says "user root".
+TEST_F(RootSide, FormerConfigurationIsNoConsent) {
+    authorise();
+    const auto restore = "EXECUTE \"" + tool + "\" restoreformer \"" + conf + "\"";
+    const auto old = contents(conf + ".former");
+    ASSERT_EQ(old, "server old.example\nuser root\n");
+    for (const auto& reply : {send(restore), send(install_line(write("c.conf", old), conf))})
+        EXPECT_EQ(reply, "Line 2 (user root) needs an authorisation of its own.");
+    EXPECT_EQ(contents(conf), "server present.example\nmailonchange me 1\n");
+    EXPECT_EQ(contents(conf + ".former"), old);
+
+    ASSERT_EQ(send(install_line(write("c.conf", "server new.example\n"), conf)), "200 OK\n");
+    EXPECT_TRUE(is_sentence(other.send(restore, token).value_or("")));
+    EXPECT_EQ(send(restore), "200 OK\n") << "what was displaced a moment ago comes back without a question";
+    EXPECT_EQ(contents(conf), "server present.example\nmailonchange me 1\n");
 }
 
 TEST_F(RootSide, LongJobsHoldNobodyUp) {
@@ -277,6 +296,29 @@ TEST_F(RootSide, EveryCallIsAnsweredAcrossEndsOfTheHelper) {
         caller.join();
     EXPECT_EQ(lost, 0);
     std::printf("%d calls across %d ends of the helper, %d lost\n", calls, ends, lost.load());
+}
+
+// While root_side has a user without rights flood the helper.
+TEST_F(RootSide, FloodHoldsNoAdministratorUp) {
+    if (std::getenv("ROOT_SIDE_FLOOD") == nullptr)
+        GTEST_SKIP() << "nobody floods the helper";
+    const auto seconds = [](const auto& act) {
+        const auto start = Clock::now();
+        act();
+        return std::chrono::duration<double>(Clock::now() - start).count();
+    };
+    double longest = 0; // of the reports: polkit, which is asked for an authorisation, has its own share of the bus
+    for (int round = 0; round < 5; ++round) {
+        BusPrivilegedChannel own(execute, bundle + "chronyhelper");
+        std::string sentence;
+        const double authorised = seconds([&] { token = own.authorise(sentence); });
+        std::string reply;
+        const double reported = seconds([&] { reply = own.send(clients, token).value_or("(no reply)"); });
+        std::printf("authorised after %.2f s, a report after %.2f s\n", authorised, reported);
+        EXPECT_TRUE(token && reply.starts_with("Hostname")) << sentence << reply;
+        longest = std::max(longest, reported);
+    }
+    EXPECT_LE(longest, 2.0);
 }
 
 TEST_F(RootSide, DISABLED_Figures) {
