@@ -59,27 +59,22 @@ std::vector<double> fit_places(const QuadRegression& fit) {
     return places;
 }
 
-// Twice: its surroundings, and itself.
-void stroke_twice(Canvas& canvas, const Path& path, double halo, double width) {
-    canvas.stroke(path, LineStyle{ColorRole::text_background, halo});
-    canvas.stroke(path, LineStyle{ColorRole::text, width});
-}
-
+// The curve, on a layer.
 void emphasise_fit(Canvas& canvas, const FreqTempScale& scale, const QuadRegression& fit) {
     std::vector<Point> line;
     for (const double x : fit_places(fit))
         line.push_back(scale.place({x, fit.evaluate(x)}));
-    Path path;
-    for (const auto& part : clipped_line(line, scale.area))
-        for (std::size_t i = 1; i < part.size(); ++i)
-            path.add_line(part[i - 1], part[i]);
-    stroke_twice(canvas, path, FIT_HALO, FIT_CURVE);
+    for (const auto& part : clipped_line(line, scale.area)) {
+        canvas.polyline(part, ColorRole::text_background, FIT_HALO);
+        canvas.polyline(part, ColorRole::text, FIT_CURVE);
+    }
 }
 
 void emphasise_newest(Canvas& canvas, Point center) {
     Path ring;
     ring.add_ellipse({center.x - NEWEST_SIZE / 2, center.y - NEWEST_SIZE / 2, NEWEST_SIZE, NEWEST_SIZE});
-    stroke_twice(canvas, ring, NEWEST_HALO, NEWEST_RING);
+    canvas.stroke(ring, LineStyle{ColorRole::text_background, NEWEST_HALO});
+    canvas.stroke(ring, LineStyle{ColorRole::text, NEWEST_RING});
 }
 
 // Everything of one sensor, in one colour: the one that the points need, which one sees through.
@@ -215,9 +210,11 @@ void FreqTempView::draw(Canvas& canvas, Rect visible) const {
 
 // Over all points: in one of the sensors' colours among thousands of dots neither curve nor newest point is found.
 void FreqTempView::draw_emphasis(Canvas& canvas, const FreqTempScale& scale) const {
+    canvas.begin_layer(scale.area);
     for (const auto& [name, entry] : m_scatter)
         if (is_shown(entry) && has_drawn_fit(entry))
             emphasise_fit(canvas, scale, *entry.quadRegression);
+    canvas.end_layer();
     if (!m_show_last_record)
         return;
     for (const auto& [name, entry] : m_scatter)

@@ -335,7 +335,9 @@ TEST(FreqTempView, DrawsEverySelectedEntryInsideItsArea) {
     EXPECT_EQ(canvas.boxes[0].boxes.size(), 100U);
     EXPECT_NEAR(canvas.boxes[0].boxes[0].center().x, 54 + 0.2 / 12 * 392, 0.01);
     EXPECT_EQ(canvas.polygons.size(), 2U);  // band and disc
-    EXPECT_EQ(canvas.polylines.size(), 2U); // fit and means
+    EXPECT_EQ(canvas.polylines.size(), 4U); // fit and means, and over all of it the curve and what sets it off
+    EXPECT_EQ(canvas.polylines[3].ink, Ink(ColorRole::text));
+    EXPECT_EQ(canvas.polylines[3].points, canvas.polylines[0].points);
     EXPECT_EQ(canvas.polylines[0].points.size(), 101U);
     EXPECT_EQ(canvas.polylines[1].points.size(), 13U); // 20 to 32 degrees
     ASSERT_EQ(canvas.texts.size(), 19U);               // every second temperature, all frequencies, two units

@@ -328,10 +328,21 @@ TEST_F(TickerctlTest, SpectrumOfATrackingLog) {
     EXPECT_EQ(document["magnitudes"].size(), 128U);
     EXPECT_EQ(document["magnitudes"][0], 1);
     EXPECT_EQ(document["phases"].size(), 128U);
-    EXPECT_TRUE(run({"spectrum", log}).out.find("Bins            : 256") != std::string::npos);
+    EXPECT_EQ(document["extrapolated"], 1) << "the newest";
+    EXPECT_EQ(document["before_records"], 0);
+    EXPECT_EQ(json::parse(
+                  run({"spectrum", log, "--json", "--interval", "3600", "--duration", "36000"}).out)["before_records"],
+              6);
+    const std::string text = run({"spectrum", log}).out;
+    for (const char* words : {"Bins            : 256", "Extrapolated    : 1\n",
+                              "\n       1    0.000976562           1024 ", "\n     255    0.000976562           1024 "})
+        EXPECT_NE(text.find(words), std::string::npos) << words << text.substr(0, 600);
     const auto picture = m_home.path("a.png");
     EXPECT_EQ(run({"plot", "spectrum", log, "-o", picture, "--size", "640x360"}).status, 0);
     EXPECT_EQ(testing::png_size(contents(picture)), std::pair(640U, 360U));
+    const auto drawing = m_home.path("a.svg");
+    EXPECT_EQ(run({"plot", "spectrum", log, "-o", drawing, "--caption"}).status, 0);
+    EXPECT_NE(contents(drawing).find("Spectrum: offset"), std::string::npos);
 
     const std::pair<Words, int> cases[] = {
         {{"spectrum", log, "--series", "rem_cor"}, 1}, // the last record has none
