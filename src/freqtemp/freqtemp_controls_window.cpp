@@ -6,7 +6,6 @@
 #include "platform/qt/named_widget.h"
 #include "platform/qt/text_scale.h"
 
-#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
@@ -38,18 +37,13 @@ void build_sensor_menu(QWidget* parent, FreqTempControls& controls) {
     button->setMenu(new QMenu(button));
 }
 
-// The long entries are for the list that opens: the box itself is as wide as the short ones want.
 void explain_orders(QComboBox* box) {
     //: frequency and temperature window: tooltip of the fitted curves above degree 2
     const QString why = Texts::tr("Above degree 2 the curve is fitted with 1, x, x², x⁴, x⁸ and so on, but evaluated "
                                   "with ordinary powers 1, x, x², x³, x⁴: it need not follow the points.");
     for (int item = 2; item < box->count(); ++item)
         box->setItemData(item, why, Qt::ToolTipRole);
-    const int list_width = box->sizeHint().width();
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    box->setMinimumContentsLength(static_cast<int>(box->itemText(1).size()));
-    fit_entries(box);
-    box->view()->setMinimumWidth(list_width);
+    box->setToolTip(box->toolTip() + QStringLiteral(".\n") + why);
 }
 
 // As many degrees as the setting allows.
@@ -64,15 +58,15 @@ void build_order(QWidget* parent, FreqTempControls& controls) {
                                                Texts::tr("Parabola (degree 2)"),
                                                //: frequency and temperature window: fitted curve; its terms are fitted
                                                //: as 1, x, x², x⁴, but evaluated as 1, x, x², x³
-                                               Texts::tr("Cubic (degree 3), evaluated with ordinary powers"),
+                                               Texts::tr("Cubic (degree 3), ordinary powers"),
                                                //: frequency and temperature window: fitted curve, see degree 3
-                                               Texts::tr("Quartic (degree 4), evaluated with ordinary powers")};
+                                               Texts::tr("Quartic (degree 4), ordinary powers")};
     controls.m_order->addItems(words);
     for (auto degree = controls.m_order->count() + 1; degree <= settings::regression_order.maximum + 1; ++degree)
         //: frequency and temperature window: fitted curve; %1 is a number above four; see degree 3
-        controls.m_order->addItem(
-            Texts::tr("Degree %1, evaluated with ordinary powers").arg(QLocale().toString(degree)));
+        controls.m_order->addItem(Texts::tr("Degree %1, ordinary powers").arg(QLocale().toString(degree)));
     explain_orders(controls.m_order);
+    fit_entries(controls.m_order);
 }
 
 void build_check_boxes(QWidget* parent, FreqTempControls& controls) {

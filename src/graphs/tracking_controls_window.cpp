@@ -179,7 +179,7 @@ QLayout* top_row(const TrackingControls& controls) {
 QLayout* date_row(const TrackingControls& controls) {
     auto* row = new QHBoxLayout;
     row->addWidget(controls.startDate);
-    row->addWidget(controls.readout, 1);
+    row->addStretch(1);
     row->addWidget(controls.endDate);
     return row;
 }
@@ -247,6 +247,7 @@ TrackingControls build_tracking_controls(QWidget* central, PerformanceGraph& gra
     column->addWidget(controls.titleView);
     column->addWidget(controls.trackingView, 1);
     column->addLayout(date_row(controls));
+    column->addWidget(controls.readout); // of all series it is as long as the window is wide
     column->addLayout(slider_row(central, controls));
     return controls;
 }

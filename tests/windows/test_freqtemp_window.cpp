@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -327,7 +326,7 @@ TEST_F(FreqTempWindowTest, MenuTellsHowCurvesAboveDegreeTwoAreEvaluated) {
     auto* order = find<QComboBox>("m_order");
     for (int degree = 1; degree <= order->count(); ++degree)
         EXPECT_EQ(order->itemText(degree - 1).contains(QStringLiteral("ordinary powers")), degree > 2) << degree;
-    EXPECT_LT(order->sizeHint().width(), order->view()->minimumWidth()) << "the box is not as wide as its list";
+    EXPECT_TRUE(order->itemData(2, Qt::ToolTipRole).toString().contains(QStringLiteral("need not follow")));
 }
 
 TEST_F(FreqTempWindowTest, SensorsAreChosenAndReadWithKeys) {
