@@ -22,6 +22,9 @@ void ConfigEditor::build_included_menu() {
     connect(menu, &QMenu::aboutToShow, this, [this, menu] { list_included(menu); });
 }
 
+/* TRANSLATOR tickervantage::ConfigEditor
+   configuration editor: its menus, sheets and the line below the text. */
+
 // Folders are read behind the open menu.
 void ConfigEditor::list_included(QMenu* menu) {
     menu->clear();

@@ -214,10 +214,10 @@ void TrackingWindow::apply_time_range() {
 // Only a live log leaves out what is older than the range.
 void TrackingWindow::offer_time_range(bool live) {
     m_controls.dataTimeRange->setEnabled(live);
-    m_controls.dataTimeRange->setToolTip(
-        live ? m_controls.dataTimeRange->accessibleName()
-             //: tracking window: tooltip of the menu of time ranges while it is switched off
-             : tr("Of a finished log all records are shown: the range is for a log that is still being written"));
+    //: tracking window: tooltip of the menu of time ranges while it is switched off
+    const QString why_not =
+        tr("Of a finished log all records are shown: the range is for a log that is still being written");
+    m_controls.dataTimeRange->setToolTip(live ? m_controls.dataTimeRange->accessibleName() : why_not);
 }
 
 void TrackingWindow::set_log(const QString& path, bool live) {

@@ -40,6 +40,8 @@ std::string local_date_text(std::int64_t seconds) {
     return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S %z", &parts)};
 }
 
+/* TRANSLATOR history
+   former configurations: how one came to be installed. */
 const char* reason_text(HistoryReason reason) {
     switch (reason) {
     case HistoryReason::found:

@@ -40,6 +40,9 @@ QTextCharFormat format_of(char sign, const QPalette& palette) {
 
 } // namespace
 
+/* TRANSLATOR tickervantage::KeptConfigurationsWindow
+   former configurations: the window that lists them and brings one back. */
+
 // What was read comes home to it; main thread only.
 struct KeptConfigurationsWindow::Shared {
     KeptConfigurationsWindow* window = nullptr;
