@@ -133,6 +133,29 @@ Danach stellt nichts mehr die Uhr nach, bis chrony wieder installiert wird oder 
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
+    <message>
+        <source>Bring back this configuration?</source>
+        <extracomment>question before a former configuration is installed again</extracomment>
+        <translation>Diese Konfiguration zurückholen?</translation>
+    </message>
+    <message>
+        <source>Configuration file %1 will be overwritten and chronyd will be restarted.
+
+What is installed now stays in the list.</source>
+        <extracomment>question before a former configuration is installed again: %1 is a path</extracomment>
+        <translation>Die Konfigurationsdatei %1 wird überschrieben und chronyd neu gestartet.
+
+Was jetzt installiert ist, bleibt in der Liste.</translation>
+    </message>
+    <message>
+        <source>Bring Back</source>
+        <extracomment>buttons of that question</extracomment>
+        <translation>Zurückholen</translation>
+    </message>
+    <message>
+        <source>Bringing back a configuration</source>
+        <translation>Eine Konfiguration wird zurückgeholt</translation>
+    </message>
 </context>
 <context>
     <name>alerts</name>
@@ -223,10 +246,6 @@ Danach stellt nichts mehr die Uhr nach, bis chrony wieder installiert wird oder 
         <translation>Clients, die diesen Rechner nach der Zeit gefragt haben (braucht Administratorrechte)</translation>
     </message>
     <message>
-        <source>Counts of the requests this machine answered or dropped</source>
-        <translation>Wie viele Anfragen dieser Rechner beantwortet oder verworfen hat</translation>
-    </message>
-    <message>
         <source>The real-time clock</source>
         <translation>Die Echtzeituhr</translation>
     </message>
@@ -241,6 +260,10 @@ Danach stellt nichts mehr die Uhr nach, bis chrony wieder installiert wird oder 
     <message>
         <source>Versions of chronyd, chronyc and their libraries</source>
         <translation>Versionen von chronyd, chronyc und ihren Bibliotheken</translation>
+    </message>
+    <message>
+        <source>Counts of the requests this machine answered or dropped (needs administrator rights)</source>
+        <translation>Zahl der Anfragen, die dieser Rechner beantwortet oder verworfen hat (erfordert Administratorrechte)</translation>
     </message>
 </context>
 <context>
@@ -676,6 +699,10 @@ unsaved changes: button</extracomment>
         <source>Chron&amp;y</source>
         <translation>Chron&amp;y</translation>
     </message>
+    <message>
+        <source>Inclu&amp;ded Files</source>
+        <translation>Ein&amp;gebundene Dateien</translation>
+    </message>
 </context>
 <context>
     <name>configwindows</name>
@@ -1096,21 +1123,6 @@ unsaved changes: button</extracomment>
         <translation>Parabel (Grad 2)</translation>
     </message>
     <message>
-        <source>Cubic (degree 3)</source>
-        <extracomment>frequency and temperature window: fitted curve</extracomment>
-        <translation>Kubisch (Grad 3)</translation>
-    </message>
-    <message>
-        <source>Quartic (degree 4)</source>
-        <extracomment>frequency and temperature window: fitted curve</extracomment>
-        <translation>Quartisch (Grad 4)</translation>
-    </message>
-    <message>
-        <source>Degree %1</source>
-        <extracomment>frequency and temperature window: fitted curve; %1 is a number above four</extracomment>
-        <translation>Grad %1</translation>
-    </message>
-    <message>
         <source>&amp;Points</source>
         <extracomment>frequency and temperature window: check box and its tooltip</extracomment>
         <translation>&amp;Punkte</translation>
@@ -1227,7 +1239,9 @@ unsaved changes: button</extracomment>
     </message>
     <message>
         <source>Frequency against temperature</source>
-        <extracomment>frequency and temperature window: name of the plot</extracomment>
+        <extracomment>frequency and temperature window: name of the plot
+----------
+exported plot: its title</extracomment>
         <translation>Frequenz über der Temperatur</translation>
     </message>
     <message>
@@ -1295,6 +1309,38 @@ Schließen Sie dieses Fenster und verschieben Sie die Datei, um Punkte der hiesi
         <extracomment>frequency and temperature window: shown in place of the points</extracomment>
         <translation>Es wird gesammelt: Der erste Punkt kommt mit dem nächsten Ablesen der Frequenz der Uhr.</translation>
     </message>
+    <message>
+        <source>Above degree 2 the curve is fitted with 1, x, x², x⁴, x⁸ and so on, but evaluated with ordinary powers 1, x, x², x³, x⁴: it need not follow the points.</source>
+        <extracomment>frequency and temperature window: tooltip of the fitted curves above degree 2</extracomment>
+        <translation>Über Grad 2 wird die Kurve mit 1, x, x², x⁴, x⁸ und so weiter angepasst, aber mit gewöhnlichen Potenzen 1, x, x², x³, x⁴ berechnet: Sie muss den Punkten nicht folgen.</translation>
+    </message>
+    <message>
+        <source>Cubic (degree 3), evaluated with ordinary powers</source>
+        <extracomment>frequency and temperature window: fitted curve; its terms are fitted as 1, x, x², x⁴, but evaluated as 1, x, x², x³</extracomment>
+        <translation>Kubisch (Grad 3), mit gewöhnlichen Potenzen berechnet</translation>
+    </message>
+    <message>
+        <source>Quartic (degree 4), evaluated with ordinary powers</source>
+        <extracomment>frequency and temperature window: fitted curve, see degree 3</extracomment>
+        <translation>Quartisch (Grad 4), mit gewöhnlichen Potenzen berechnet</translation>
+    </message>
+    <message>
+        <source>Degree %1, evaluated with ordinary powers</source>
+        <extracomment>frequency and temperature window: fitted curve; %1 is a number above four; see degree 3</extracomment>
+        <translation>Grad %1, mit gewöhnlichen Potenzen berechnet</translation>
+    </message>
+    <message>
+        <source>The saved file %1 names no sensor, and sensors are not added to a saved file.
+Close this window, which removes that file, and open it again to collect points.</source>
+        <extracomment>frequency and temperature window: shown in place of the points; %1 is a file</extracomment>
+        <translation>Die gespeicherte Datei %1 nennt keinen Sensor, und einer gespeicherten Datei werden keine hinzugefügt.
+Schließen Sie dieses Fenster, was die Datei entfernt, und öffnen Sie es wieder, um Punkte zu sammeln.</translation>
+    </message>
+    <message>
+        <source>%1; drawn %2</source>
+        <extracomment>exported plot: %1 the kind of curve, %2 a date with time and zone</extracomment>
+        <translation>%1; gezeichnet %2</translation>
+    </message>
 </context>
 <context>
     <name>helptopics</name>
@@ -1314,6 +1360,26 @@ Schließen Sie dieses Fenster und verschieben Sie die Datei, um Punkte der hiesi
     <message>
         <source>Questions and answers</source>
         <translation>Fragen und Antworten</translation>
+    </message>
+</context>
+<context>
+    <name>history</name>
+    <message>
+        <source>found there</source>
+        <translation>vorgefunden</translation>
+    </message>
+    <message>
+        <source>installed</source>
+        <translation>installiert</translation>
+    </message>
+    <message>
+        <source>rolled back</source>
+        <translation>zurückgeholt</translation>
+    </message>
+    <message>
+        <source></source>
+        <comment>former configurations: how one came to be installed.</comment>
+        <translation></translation>
     </message>
 </context>
 <context>
@@ -1586,6 +1652,11 @@ Schließen Sie dieses Fenster und verschieben Sie die Datei, um Punkte der hiesi
         <extracomment>main window: name of the line that says what stands in the way</extracomment>
         <translation>Status</translation>
     </message>
+    <message>
+        <source>Wrong program</source>
+        <extracomment>main window: name of the notice that a program is not chrony&apos;s</extracomment>
+        <translation>Falsches Programm</translation>
+    </message>
 </context>
 <context>
     <name>menus</name>
@@ -1780,6 +1851,10 @@ Schließen Sie dieses Fenster und verschieben Sie die Datei, um Punkte der hiesi
         <source>The W&amp;indows</source>
         <translation>Die Fe&amp;nster</translation>
     </message>
+    <message>
+        <source>&amp;Former Configurations…</source>
+        <translation>Frü&amp;here Konfigurationen …</translation>
+    </message>
 </context>
 <context>
     <name>offers</name>
@@ -1850,6 +1925,21 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <source>Use It</source>
         <comment>system chrony: button</comment>
         <translation>Verwenden</translation>
+    </message>
+    <message>
+        <source>The chrony of this system is used.</source>
+        <comment>system chrony in use: title</comment>
+        <translation>Das chrony dieses Systems wird verwendet.</translation>
+    </message>
+    <message>
+        <source>Preferences has other paths.</source>
+        <comment>system chrony in use: last line</comment>
+        <translation>Andere Pfade gibt es in den Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <comment>system chrony in use: button</comment>
+        <translation>Schließen</translation>
     </message>
 </context>
 <context>
@@ -1993,11 +2083,6 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <translation>Der Daemon, der die Uhr in Gang hält</translation>
     </message>
     <message>
-        <source>chrony&amp;wake:</source>
-        <extracomment>General preferences: label of the path of chronywake</extracomment>
-        <translation>chrony&amp;wake:</translation>
-    </message>
-    <message>
         <source>The program that sets the clock right after the machine wakes up</source>
         <extracomment>General preferences: tooltip of the path of chronywake</extracomment>
         <translation>Das Programm, das nach dem Aufwachen des Rechners die Uhr stellt</translation>
@@ -2106,6 +2191,11 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <source>Everything on this pane as it was at first, but for the launch at login</source>
         <extracomment>General preferences: tooltip of the button Restore Defaults</extracomment>
         <translation>Alles auf dieser Seite wie zu Anfang, außer dem Start bei der Anmeldung</translation>
+    </message>
+    <message>
+        <source>chronywa&amp;ke:</source>
+        <extracomment>General preferences: label of the path of chronywake</extracomment>
+        <translation>chronywa&amp;ke:</translation>
     </message>
 </context>
 <context>
@@ -2453,6 +2543,138 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <source>chronyd ended soon after it was started with this configuration: %1.</source>
         <translation>chronyd endete bald nach dem Start mit dieser Konfiguration: %1.</translation>
     </message>
+    <message>
+        <source>%1 has no effect in a file of a sourcedir, which holds server, pool and peer only.</source>
+        <translation>%1 hat in einer Datei eines sourcedir keine Wirkung; dort stehen nur server, pool und peer.</translation>
+    </message>
+    <message>
+        <source>%1: minpoll %2 asks %3 too often; outside the local network 6, a request every 64 seconds, is the least.</source>
+        <translation>%1: minpoll %2 fragt %3 zu oft; außerhalb des lokalen Netzes ist 6 das Mindeste, eine Anfrage alle 64 Sekunden.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed: %1 reads %2, while the preferences name %3 as the configuration.</source>
+        <translation>Nichts wurde geändert: %1 liest %2, während die Einstellungen %3 als Konfiguration nennen.</translation>
+    </message>
+    <message>
+        <source>%1 The former configuration did not come back.</source>
+        <translation>%1 Die vorige Konfiguration kam nicht zurück.</translation>
+    </message>
+    <message>
+        <source>%1 The former configuration did not come back: %2.</source>
+        <translation>%1 Die vorige Konfiguration kam nicht zurück: %2.</translation>
+    </message>
+    <message>
+        <source>chrony was not installed.</source>
+        <translation>chrony wurde nicht installiert.</translation>
+    </message>
+    <message>
+        <source>chrony was not installed: %1.</source>
+        <translation>chrony wurde nicht installiert: %1.</translation>
+    </message>
+    <message>
+        <source>chronyd was not started.</source>
+        <translation>chronyd wurde nicht gestartet.</translation>
+    </message>
+    <message>
+        <source>chronyd was not started: %1.</source>
+        <translation>chronyd wurde nicht gestartet: %1.</translation>
+    </message>
+    <message>
+        <source>chronyd was not stopped.</source>
+        <translation>chronyd wurde nicht angehalten.</translation>
+    </message>
+    <message>
+        <source>chronyd was not stopped: %1.</source>
+        <translation>chronyd wurde nicht angehalten: %1.</translation>
+    </message>
+    <message>
+        <source>chrony was not removed as a whole.</source>
+        <translation>chrony wurde nicht vollständig entfernt.</translation>
+    </message>
+    <message>
+        <source>chrony was not removed as a whole: %1.</source>
+        <translation>chrony wurde nicht vollständig entfernt: %1.</translation>
+    </message>
+    <message>
+        <source>chronywake was not installed.</source>
+        <translation>chronywake wurde nicht installiert.</translation>
+    </message>
+    <message>
+        <source>chronywake was not installed: %1.</source>
+        <translation>chronywake wurde nicht installiert: %1.</translation>
+    </message>
+    <message>
+        <source>chronywake was not removed.</source>
+        <translation>chronywake wurde nicht entfernt.</translation>
+    </message>
+    <message>
+        <source>chronywake was not removed: %1.</source>
+        <translation>chronywake wurde nicht entfernt: %1.</translation>
+    </message>
+    <message>
+        <source>chronywake did not correct the clock.</source>
+        <translation>chronywake hat die Uhr nicht korrigiert.</translation>
+    </message>
+    <message>
+        <source>chronywake did not correct the clock: %1.</source>
+        <translation>chronywake hat die Uhr nicht korrigiert: %1.</translation>
+    </message>
+    <message>
+        <source>The logs were not rotated.</source>
+        <translation>Die Protokolle wurden nicht rotiert.</translation>
+    </message>
+    <message>
+        <source>The logs were not rotated: %1.</source>
+        <translation>Die Protokolle wurden nicht rotiert: %1.</translation>
+    </message>
+    <message>
+        <source>The tracking log was not made readable.</source>
+        <translation>Das Tracking-Protokoll wurde nicht lesbar gemacht.</translation>
+    </message>
+    <message>
+        <source>The tracking log was not made readable: %1.</source>
+        <translation>Das Tracking-Protokoll wurde nicht lesbar gemacht: %1.</translation>
+    </message>
+    <message>
+        <source>The GPS daemon was not restarted.</source>
+        <translation>Der GPS-Daemon wurde nicht neu gestartet.</translation>
+    </message>
+    <message>
+        <source>The GPS daemon was not restarted: %1.</source>
+        <translation>Der GPS-Daemon wurde nicht neu gestartet: %1.</translation>
+    </message>
+    <message>
+        <source>The clock was not stepped.</source>
+        <translation>Die Uhr wurde nicht gestellt.</translation>
+    </message>
+    <message>
+        <source>The clock was not stepped: %1.</source>
+        <translation>Die Uhr wurde nicht gestellt: %1.</translation>
+    </message>
+    <message>
+        <source>The configuration is installed, but chronyd was not started.</source>
+        <translation>Die Konfiguration ist installiert, aber chronyd wurde nicht gestartet.</translation>
+    </message>
+    <message>
+        <source>The configuration is installed, but chronyd was not started: %1.</source>
+        <translation>Die Konfiguration ist installiert, aber chronyd wurde nicht gestartet: %1.</translation>
+    </message>
+    <message>
+        <source>There is no service of a GPS daemon on this machine.</source>
+        <translation>Auf diesem Rechner gibt es keinen Dienst eines GPS-Daemons.</translation>
+    </message>
+    <message>
+        <source>The clock was not synchronised.</source>
+        <translation>Die Uhr wurde nicht synchronisiert.</translation>
+    </message>
+    <message>
+        <source>There is no configuration to be installed: %1 cannot be read.</source>
+        <translation>Es gibt keine Konfiguration zu installieren: %1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>A server has a name or an address, without quotes or signs.</source>
+        <translation>Ein Server hat einen Namen oder eine Adresse, ohne Anführungs- oder Sonderzeichen.</translation>
+    </message>
 </context>
 <context>
     <name>servers</name>
@@ -2701,6 +2923,31 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <extracomment>server window: a time below a field; %1 is a number of hours</extracomment>
         <translation>%1 h</translation>
     </message>
+    <message>
+        <source>Too often for a server outside the local network; 6 (64 s) is the least.</source>
+        <extracomment>server window: below the field with the smallest poll</extracomment>
+        <translation>Zu oft für einen Server außerhalb des lokalen Netzes; mindestens 6 (64 s).</translation>
+    </message>
+    <message>
+        <source>Left to chrony: %1 at least</source>
+        <extracomment>server window: below the field with the smallest poll; %1 is a time</extracomment>
+        <translation>chrony überlassen: mindestens %1</translation>
+    </message>
+    <message>
+        <source>%1 at least</source>
+        <extracomment>server window: below the field with the smallest poll; %1 is a time</extracomment>
+        <translation>Mindestens %1</translation>
+    </message>
+    <message>
+        <source>Left to chrony: %1 at most</source>
+        <extracomment>server window: below the field with the largest poll; %1 is a time</extracomment>
+        <translation>chrony überlassen: höchstens %1</translation>
+    </message>
+    <message>
+        <source>%1 at most</source>
+        <extracomment>server window: below the field with the largest poll; %1 is a time</extracomment>
+        <translation>Höchstens %1</translation>
+    </message>
 </context>
 <context>
     <name>spectrum</name>
@@ -2830,9 +3077,44 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <translation>Für ein Spektrum mit so vielen Abtastwerten reicht der Speicher nicht.</translation>
     </message>
     <message>
-        <source>Bin %1, at %2 Hz on the axis: magnitude %3</source>
-        <extracomment>spectrum window: the bar pointed at; %1 its number, %2 its place on the frequency axis, %3 its height</extracomment>
-        <translation>Bin %1, bei %2 Hz auf der Achse: Betrag %3</translation>
+        <source>Bin %1, the mean: magnitude %2</source>
+        <extracomment>spectrum window: the first bar is pointed at; %1 its number, %2 its height</extracomment>
+        <translation>Linie %1, der Mittelwert: Betrag %2</translation>
+    </message>
+    <message>
+        <source>Bin %1: %2 Hz, a period of %3 s, magnitude %4</source>
+        <extracomment>spectrum window: the bar pointed at; %1 its number, %2 a frequency, %3 a time, %4 its height</extracomment>
+        <translation>Linie %1: %2 Hz, Periode %3 s, Betrag %4</translation>
+    </message>
+    <message>
+        <source>%1 (mirror image)</source>
+        <extracomment>spectrum window: %1 a bar of the upper half as above</extracomment>
+        <translation>%1 (Spiegelbild)</translation>
+    </message>
+    <message>
+        <source>%1 of %2 samples are extrapolated beyond the records; a shorter interval avoids that.</source>
+        <extracomment>spectrum window: %1 and %2 are whole numbers</extracomment>
+        <translation>%1 von %2 Abtastwerten sind über die Einträge hinaus extrapoliert; ein kürzeres Intervall vermeidet das.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 samples are older than the records, and count as 0.</source>
+        <extracomment>spectrum window: %1 and %2 are whole numbers</extracomment>
+        <translation>%1 von %2 Abtastwerten sind älter als die Einträge und zählen als 0.</translation>
+    </message>
+    <message>
+        <source>Spectrum: %1</source>
+        <extracomment>exported spectrum: its title; %1 the series</extracomment>
+        <translation>Spektrum: %1</translation>
+    </message>
+    <message>
+        <source>%1 s up to %2, a sample every %3 s</source>
+        <extracomment>exported spectrum: %1 a number of seconds, %2 a date with time and zone, %3 a number of seconds</extracomment>
+        <translation>%1 s bis %2, alle %3 s ein Abtastwert</translation>
+    </message>
+    <message>
+        <source>Shaded: mirror image of the left half</source>
+        <extracomment>exported spectrum: what the shade is</extracomment>
+        <translation>Schattiert: Spiegelbild der linken Hälfte</translation>
     </message>
 </context>
 <context>
@@ -2926,6 +3208,37 @@ alert: message above the reason</extracomment>
         <source>Not installed.</source>
         <extracomment>configuration editor: said after an installation that failed</extracomment>
         <translation>Nicht installiert.</translation>
+    </message>
+    <message>
+        <source>Looking…</source>
+        <extracomment>configuration editor: menu of included files, while they are looked for</extracomment>
+        <translation>Es wird gesucht …</translation>
+    </message>
+    <message>
+        <source>%1 (read-only)</source>
+        <translation>%1 (nur lesbar)</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>%1 is a part of a configuration; installing it would put it in the place of the whole, %2. A part belongs where it lies: save it there, or save a copy and put it there as an administrator:
+
+sudo install -m 644 COPY %1
+
+Then restart chronyd.</source>
+        <extracomment>alert: %1 is the file that was to be installed, %2 the installed configuration</extracomment>
+        <translation>%1 ist Teil einer Konfiguration; die Installation würde ihn an die Stelle des Ganzen setzen, %2. Ein Teil gehört dorthin, wo er liegt: Speichern Sie ihn dort, oder speichern Sie eine Kopie, und legen Sie sie als Administrator dorthin:
+
+sudo install -m 644 KOPIE %1
+
+Starten Sie dann chronyd neu.</translation>
+    </message>
+    <message>
+        <source></source>
+        <comment>configuration editor: its menus, sheets and the line below the text.</comment>
+        <translation></translation>
     </message>
 </context>
 <context>
@@ -3089,6 +3402,99 @@ alert: message above the reason</extracomment>
         <source>Help: %1</source>
         <extracomment>help window: its title with a page; %1 the page&apos;s title</extracomment>
         <translation>Hilfe: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::KeptConfigurationsWindow</name>
+    <message>
+        <source>Former Configurations</source>
+        <extracomment>former configurations: title of the window</extracomment>
+        <translation>Frühere Konfigurationen</translation>
+    </message>
+    <message>
+        <source>Configurations</source>
+        <extracomment>former configurations: name of the list</extracomment>
+        <translation>Konfigurationen</translation>
+    </message>
+    <message>
+        <source>The configurations that were installed last, the newest first</source>
+        <extracomment>former configurations: tooltip of the list</extracomment>
+        <translation>Die zuletzt installierten Konfigurationen, die neueste zuerst</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <extracomment>former configurations: titles of the columns</extracomment>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>User</source>
+        <translation>Benutzer</translation>
+    </message>
+    <message>
+        <source>What happened</source>
+        <translation>Was geschah</translation>
+    </message>
+    <message>
+        <source>Difference</source>
+        <extracomment>former configurations: name of the text that shows the lines that differ</extracomment>
+        <translation>Unterschied</translation>
+    </message>
+    <message>
+        <source>Lines that would go begin with −, lines that would come with +</source>
+        <extracomment>former configurations: tooltip of that text</extracomment>
+        <translation>Zeilen, die wegfielen, beginnen mit −, Zeilen, die hinzukämen, mit +</translation>
+    </message>
+    <message>
+        <source>&amp;Bring Back…</source>
+        <extracomment>former configurations: button</extracomment>
+        <translation>&amp;Zurückholen …</translation>
+    </message>
+    <message>
+        <source>Bring back</source>
+        <translation>Zurückholen</translation>
+    </message>
+    <message>
+        <source>Install this configuration again and restart chronyd</source>
+        <extracomment>former configurations: tooltip of the button</extracomment>
+        <translation>Diese Konfiguration wieder installieren und chronyd neu starten</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <extracomment>former configurations: button</extracomment>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>%1 (in use)</source>
+        <extracomment>former configurations: %1 is what happened to the configuration that chronyd uses now</extracomment>
+        <translation>%1 (in Gebrauch)</translation>
+    </message>
+    <message>
+        <source>No configuration has been kept yet: the first one is when you install one.</source>
+        <extracomment>former configurations: said where nothing was kept yet</extracomment>
+        <translation>Noch wurde keine Konfiguration aufbewahrt: Das geschieht, wenn Sie zum ersten Mal eine installieren.</translation>
+    </message>
+    <message>
+        <source>This is what is installed.</source>
+        <extracomment>former configurations: above the lines that differ; the same where there are none</extracomment>
+        <translation>Das ist, was installiert ist.</translation>
+    </message>
+    <message>
+        <source>What would c&amp;hange:</source>
+        <translation>Was sich ä&amp;ndern würde:</translation>
+    </message>
+    <message>
+        <source>It is back, and chronyd runs with it.</source>
+        <extracomment>former configurations: said when one was brought back</extracomment>
+        <translation>Sie ist wieder da, und chronyd läuft mit ihr.</translation>
+    </message>
+    <message>
+        <source></source>
+        <comment>former configurations: the window that lists them and brings one back.</comment>
+        <translation></translation>
     </message>
 </context>
 <context>
@@ -3273,6 +3679,11 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <extracomment>General preferences: said after the button Reset Warnings</extracomment>
         <translation>Alle Warnungen werden wieder gezeigt.</translation>
     </message>
+    <message>
+        <source>chronywake is not installed.</source>
+        <extracomment>General preferences: said below the path of chronywake</extracomment>
+        <translation>chronywake ist nicht installiert.</translation>
+    </message>
 </context>
 <context>
     <name>tickervantage::PreferencesUpdatePane</name>
@@ -3358,16 +3769,6 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <translation>Ein anderes Fenster oder Programm hatte die Liste geändert. Dessen Fassung wurde als %1 aufbewahrt.</translation>
     </message>
     <message>
-        <source>%1 at least</source>
-        <extracomment>server window: below the field with the smallest poll; %1 is a time</extracomment>
-        <translation>mindestens %1</translation>
-    </message>
-    <message>
-        <source>%1 at most</source>
-        <extracomment>server window: below the field with the largest poll; %1 is a time</extracomment>
-        <translation>höchstens %1</translation>
-    </message>
-    <message>
         <source>No browser could be started. The page is %1.</source>
         <extracomment>server window: %1 is the address of a page</extracomment>
         <translation>Es konnte kein Browser gestartet werden. Die Seite ist %1.</translation>
@@ -3451,14 +3852,14 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <translation>Das Tracking-Protokoll hat weniger als zwei Einträge: Noch gibt es nichts zu untersuchen.</translation>
     </message>
     <message>
-        <source>%1: %2 samples, %3 bins</source>
-        <extracomment>spectrum window: what the chart shows; %1 the series, %2 and %3 whole numbers</extracomment>
-        <translation>%1: %2 Abtastwerte, %3 Bins</translation>
-    </message>
-    <message>
         <source>Computing…</source>
         <extracomment>spectrum window: said while a long log is being read</extracomment>
         <translation>Berechnung läuft …</translation>
+    </message>
+    <message>
+        <source>%1: %2 samples, %3 bins; the shaded half is a mirror image.</source>
+        <extracomment>spectrum window: what the chart shows; %1 the series, %2 and %3 whole numbers</extracomment>
+        <translation>%1: %2 Abtastwerte, %3 Linien; die schattierte Hälfte ist ein Spiegelbild.</translation>
     </message>
 </context>
 <context>
@@ -3701,13 +4102,26 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
     </message>
     <message>
         <source>Asked for its version, %1 printed “%2”, which is not how chrony answers. Please check the path of %1 in the preferences.</source>
-        <extracomment>fatal message: %1 is chronyc or chronyd, %2 what it printed when asked for its version</extracomment>
+        <extracomment>main window, notice: %1 is chronyc or chronyd, %2 what it printed when asked for its version</extracomment>
         <translation>Nach seiner Version gefragt, gab %1 „%2“ aus; so antwortet chrony nicht. Bitte prüfen Sie den Pfad von %1 in den Einstellungen.</translation>
     </message>
     <message>
         <source>Output Font</source>
         <extracomment>title of the dialog that chooses the font of chronyc&apos;s output</extracomment>
         <translation>Schrift der Ausgabe</translation>
+    </message>
+    <message>
+        <source>chronyd answers, with the leap status “%1”.</source>
+        <extracomment>main window, status line: %1 is chrony&apos;s word for a leap second that is announced, such as &quot;Delete second&quot;</extracomment>
+        <translation>chronyd antwortet, mit dem Schaltsekundenstatus „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::TrackingWindow</name>
+    <message>
+        <source>Of a finished log all records are shown: the range is for a log that is still being written</source>
+        <extracomment>tracking window: tooltip of the menu of time ranges while it is switched off</extracomment>
+        <translation>Von einem abgeschlossenen Protokoll werden alle Einträge gezeigt: Der Zeitraum gilt für eines, das noch geschrieben wird</translation>
     </message>
 </context>
 <context>
@@ -3831,11 +4245,6 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <translation>Senkrechter Maßstab</translation>
     </message>
     <message>
-        <source>Vertical scale: seconds to nanoseconds</source>
-        <extracomment>tracking window: tooltip of a slider</extracomment>
-        <translation>Senkrechte Skala: Sekunden bis Nanosekunden</translation>
-    </message>
-    <message>
         <source>The log has no records yet.</source>
         <extracomment>tracking window: read out by screen readers</extracomment>
         <translation>Das Protokoll hat noch keine Einträge.</translation>
@@ -3902,6 +4311,51 @@ chronyd adds one with each update of the clock, if its configuration has the lin
         <extracomment>tracking window: shown in place of the graph</extracomment>
         <translation>Das Protokoll hat noch keinen Eintrag.
 chronyd fügt mit jeder Korrektur der Uhr einen hinzu, wenn seine Konfiguration die Zeilen „log tracking“ und „logdir“ enthält.</translation>
+    </message>
+    <message>
+        <source>Unit: seconds to nanoseconds</source>
+        <extracomment>tracking window: tooltip of a slider</extracomment>
+        <translation>Einheit: Sekunden bis Nanosekunden</translation>
+    </message>
+    <message>
+        <source>&amp;Fit</source>
+        <extracomment>tracking window: button that chooses height and unit
+----------
+tracking window: menu item of the graph, chooses height and unit</extracomment>
+        <translation>Ein&amp;passen</translation>
+    </message>
+    <message>
+        <source>Choose the height and the unit that suit the values in sight (F or double click)</source>
+        <extracomment>tracking window: tooltip of that button</extracomment>
+        <translation>Höhe und Einheit wählen, die zu den sichtbaren Werten passen (F oder Doppelklick)</translation>
+    </message>
+    <message>
+        <source>Fit</source>
+        <extracomment>tracking window: name of that button</extracomment>
+        <translation>Einpassen</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Zoom</source>
+        <extracomment>tracking window: menu item of the graph, time and height as they are at first</extracomment>
+        <translation>Maßstab &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <extracomment>exported graph: the time that it shows; %1 and %2 are dates with time and zone</extracomment>
+        <translation>%1 bis %2</translation>
+    </message>
+</context>
+<context>
+    <name>windowmenus</name>
+    <message>
+        <source>&amp;Window</source>
+        <extracomment>title of the menu with the program&apos;s windows</extracomment>
+        <translation>&amp;Fenster</translation>
+    </message>
+    <message>
+        <source>&amp;Close Window</source>
+        <extracomment>item of the menu with the program&apos;s windows</extracomment>
+        <translation>Fenster s&amp;chließen</translation>
     </message>
 </context>
 </TS>
