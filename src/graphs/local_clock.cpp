@@ -10,7 +10,7 @@ namespace tickervantage {
 namespace {
 
 constexpr std::int64_t DAY = 86400;
-constexpr std::int64_t FARTHEST_ZONE = 26 * 3600; // from UTC, with room for a change of the date line
+constexpr std::int64_t FARTHEST_ZONE = std::int64_t{26} * 3600; // from UTC, with room for a change of the date line
 
 std::int64_t days_in(std::int64_t seconds) {
     return (seconds >= 0 ? seconds : seconds - (DAY - 1)) / DAY;
