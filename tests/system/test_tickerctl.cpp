@@ -102,6 +102,17 @@ TEST_F(TickerctlTest, StatusOfASavedReportIsItsExitStatus) {
     }
 }
 
+TEST_F(TickerctlTest, StatusSaysWhyThereIsNoAnswer) {
+    configure_chronyc("echo '506 Cannot talk to daemon'; exit 1\n");
+    for (const Words& words : {Words{"status"}, Words{"status", "--json"}}) {
+        const auto answer = run(words);
+        EXPECT_EQ(answer.status, 1);
+        EXPECT_EQ(answer.err, "tickerctl: chronyd gave no answer: 506 Cannot talk to daemon\n");
+    }
+    configure_chronyc("echo 'Leap status : Delete second'\n");
+    EXPECT_EQ(run({"status"}).err, "") << "it did answer";
+}
+
 TEST_F(TickerctlTest, JsonHoldsTheFieldsOfTheReport) {
     const auto path = file("report", tracking_text());
     const auto answer = run({"status", "--from", path, "--meter", "frequency", "--json"});

@@ -73,6 +73,7 @@ TEST_F(ApplicationTest, ItemsWithoutAWindowAreDisabledAndSayWhy) {
     for (const char* name : {"stepTime", "showDonate", "installChrony", "rotateLogs", "synchServer"}) {
         EXPECT_FALSE(item(name)->isEnabled()) << name;
         EXPECT_FALSE(item(name)->toolTip().isEmpty()) << name;
+        EXPECT_EQ(item(name)->isVisible(), std::string_view(name) != "showDonate") << name;
     }
 }
 
