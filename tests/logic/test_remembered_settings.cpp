@@ -1,0 +1,62 @@
+// What the windows remember: every setting of the catalogue that a record holds comes back as it was stored.
+#include "config/preferences.h"
+#include "config/settings_catalogue.h"
+#include "freqtemp/freqtemp_settings.h"
+#include "graphs/tracking_settings.h"
+#include "mainwindow/main_window_settings.h"
+#include "support/memory_stores.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace tickervantage {
+namespace {
+
+using testing::MemorySettingsStore;
+
+// A value that the setting takes and does not start with.
+std::vector<std::string> another_value(const SettingKey& setting) {
+    std::vector<std::string> usual;
+    std::vector<std::string> value;
+    std::string reason;
+    if (const auto text = default_text(setting))
+        (void)check_setting(setting, *text, usual, reason); // shown elsewhere to be fit
+    for (const auto* candidate : {"true", "false", "5", "2", "0", "/other", "#010203", "Sans,12"})
+        if (check_setting(setting, candidate, value, reason) == 0 && value != usual)
+            return value;
+    ADD_FAILURE() << key_of(setting) << " takes none of these";
+    return {};
+}
+
+template <class Record>
+void pass_through(MemorySettingsStore& from, MemorySettingsStore& to) {
+    const DefaultSettings source(from);
+    DefaultSettings target(to);
+    Record::load(source).save(target);
+}
+
+TEST(RememberedSettings, ComeBackAsTheyWereStored) {
+    // In no record: each is loaded and saved where it is used.
+    const std::set<std::string_view> elsewhere{"IgnoreWarnings",        "SPECTRUM_duration", "SPECTRUM_interval",
+                                               "recent_configurations", "sync_ntp_server",   "sync_restart_chronyd",
+                                               "sync_timeout"};
+    MemorySettingsStore stored;
+    MemorySettingsStore saved;
+    for (const auto& setting : all_settings())
+        stored.values[std::string(key_of(setting))] = another_value(setting);
+    pass_through<MainWindowSettings>(stored, saved);
+    pass_through<PreferencesGeneral>(stored, saved);
+    pass_through<PreferencesAdvanced>(stored, saved);
+    pass_through<TrackingSettings>(stored, saved);
+    pass_through<FreqTempSettings>(stored, saved);
+    for (const auto& [key, value] : stored.values) {
+        if (elsewhere.contains(key))
+            continue;
+        const auto found = saved.values.find(key);
+        EXPECT_EQ(found == saved.values.end() ? std::vector<std::string>{"nothing"} : found->second, value) << key;
+    }
+}
+
+} // namespace
+} // namespace tickervantage
