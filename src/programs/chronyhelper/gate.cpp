@@ -8,7 +8,7 @@
 namespace tickervantage {
 namespace {
 
-constexpr unsigned heard_in_a_minute = 4;
+constexpr unsigned heard_in_a_minute = 8;
 constexpr int jammed_bytes = 8192; // of the kernel's memory: some ten answers that the bus has not taken yet
 
 } // namespace

@@ -207,9 +207,9 @@ std::string Job::changed_configuration() const {
     return installs || request.verb == HelperVerb::restore_former ? request.destination : std::string();
 }
 
-// What unsafe lines are agreed to in: the place and the text.
+// What was agreed to: this text at this place. In place of another one than then it would have other unsafe lines.
 std::string Job::consent() const {
-    return m_order.request.destination + '\n' + m_checked;
+    return m_order.request.destination + '\n' + m_displaced + '\0' + m_checked;
 }
 
 // A judgement ends here; what it took a consent for may be installed next.

@@ -86,6 +86,14 @@ public:
     }
     [[nodiscard]] bool opens() { return comes(m_opened); }
     [[nodiscard]] bool closes() { return comes(m_closed); }
+    [[nodiscard]] bool is_open() const { return m_opened; }
+
+    // What the dialog asks.
+    [[nodiscard]] std::string question() const {
+        const char* action = nullptr;
+        const char* text = nullptr;
+        return sd_bus_message_read(m_question.get(), "ss", &action, &text) > 0 ? text : "";
+    }
 
 private:
     [[nodiscard]] bool comes(const bool& event) {
@@ -135,6 +143,7 @@ protected:
 
 class BystanderRootSide : public RootSide {};
 class AskedRootSide : public RootSide {};
+class ConsentingRootSide : public RootSide {};
 
 TEST_F(RootSide, ReportsOfTheDaemonComeBack) {
     authorise();
@@ -353,6 +362,27 @@ TEST_F(BystanderRootSide, GetsNothing) {
     EXPECT_TRUE(is_sentence(send(clients)));
     EXPECT_TRUE(is_sentence(send("EXECUTE \"" + tool + "\" stopchrony")));
     EXPECT_EQ(send("QUIT"), "quit");
+}
+
+// Whom polkit takes for an administrator, but asks before a configuration reaches further.
+TEST_F(ConsentingRootSide, IsShownEveryUnsafeLineAndNothingThatCouldHideOne) {
+    const std::string source = "/home/consenting/c.conf";
+    authorise();
+    SilentAgent dialog;
+    std::ofstream(source) << "mailonchange root@localhost$( 0.5\nuser root\ndriftfile /etc/cron.d/x\n";
+    EXPECT_NE(send(install_line(source, conf)).find("show safely"), std::string::npos);
+    EXPECT_FALSE(dialog.is_open());
+    std::ofstream(source)
+        << "server <!-- iburst\n# <b> $(\nuser root\n\n driftfile\t/etc/cron.d/x\nserver --> iburst\n";
+    std::string reply;
+    std::thread asking([&] { reply = send(install_line(source, conf)); });
+    EXPECT_TRUE(dialog.opens());
+    EXPECT_EQ(dialog.question(), "This configuration lets chronyd, which starts as root, do more than usual:\n"
+                                 "line 3: user root\nline 5: driftfile /etc/cron.d/x");
+    channel.cancel();
+    asking.join();
+    EXPECT_EQ(reply, "Line 3 (user root) needs an authorisation of its own.");
+    EXPECT_FALSE(fs::exists(conf));
 }
 
 TEST_F(AskedRootSide, NobodyWaitsForAPasswordWhenTheProgramEnds) {
