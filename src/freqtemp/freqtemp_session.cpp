@@ -109,9 +109,10 @@ void FreqTempSession::start() {
     const auto read = [&sensors = m_parts.sensors] {
         return sensors.read();
     };
-    m_parts.sensor_queue.async(there_and_back(read, [](FreqTempSession& session, std::vector<SensorReading> readings) {
-        session.load(sensors_with_reading(readings));
-    }));
+    m_parts.sensor_queue.async(
+        there_and_back(read, [](FreqTempSession& session, const std::vector<SensorReading>& readings) {
+            session.load(sensors_with_reading(readings));
+        }));
 }
 
 void FreqTempSession::load(std::vector<tempSensor> sensors) {
@@ -163,9 +164,10 @@ void FreqTempSession::read_temperatures() {
     const auto read = [&sensors = m_parts.sensors] {
         return sensors.read();
     };
-    m_parts.sensor_queue.async(there_and_back(read, [](FreqTempSession& session, std::vector<SensorReading> readings) {
-        session.apply_temperatures(readings);
-    }));
+    m_parts.sensor_queue.async(
+        there_and_back(read, [](FreqTempSession& session, const std::vector<SensorReading>& readings) {
+            session.apply_temperatures(readings);
+        }));
 }
 
 void FreqTempSession::apply_temperatures(const std::vector<SensorReading>& readings) {
