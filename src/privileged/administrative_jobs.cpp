@@ -9,6 +9,8 @@ constexpr std::string_view rights_queue = "net.brisklane.authorise";
 
 JobResult play_with_rights(const AdminRequest& request, const JobSetting& setting,
                            const AdministrativeJobsParts& parts) {
+    if (JobResult rehearsed = rehearse(request, setting, parts.probes); !rehearsed.done)
+        return rehearsed; // nobody types a password for that
     if (!parts.actions->blessHelper())
         return {.done = false}; // the refusal was reported already
     SentSteps steps(*parts.actions, parts.steps);

@@ -11,6 +11,8 @@
 namespace tickervantage {
 namespace {
 
+constexpr const char* distribution_log_folder = "/var/log/chrony"; // of its unit, beside the one that the text names
+
 std::string folder_of(const std::string& path) {
     const auto slash = path.rfind('/');
     return slash == std::string::npos ? std::string() : path.substr(0, slash);
@@ -46,7 +48,8 @@ std::string ChronyJobs::script() const {
 }
 
 ServiceDescription ChronyJobs::daemon() const {
-    return daemon_service(m_setting.chronyd, m_setting.config, m_setting.adj_system);
+    const bool filters = m_setting.form == ServiceForm::systemd && m_probes.filters_calls && m_probes.filters_calls();
+    return daemon_service(m_setting.chronyd, m_setting.config, m_setting.adj_system, filters);
 }
 
 ServiceDescription ChronyJobs::wake() const {
@@ -119,13 +122,19 @@ void ChronyJobs::install_program(const std::string& source, const std::string& d
     (void)install_item(source, destination, SupportTool::program_mode, true);
 }
 
-int ChronyJobs::install_service(const ServiceDescription& service, bool with_parent) {
+int ChronyJobs::place_service(const ServiceDescription& service, bool with_parent) {
     for (const auto& file : definition_files(m_setting.form, service)) {
         const std::string temporary = m_setting.temporary + file.temporary;
         if (m_steps.write(temporary, file.text) != 0)
             return -1;
         (void)install_item(temporary, file.path, SupportTool::file_mode, with_parent);
     }
+    return 0;
+}
+
+int ChronyJobs::install_service(const ServiceDescription& service, bool with_parent) {
+    if (place_service(service, with_parent) != 0)
+        return -1;
     run(enable_lines(m_setting.form, service));
     return 0;
 }
@@ -225,6 +234,8 @@ JobResult ChronyJobs::install_all(const std::string& configuration) {
             {m_setting.config, m_setting.chronyd, definition_path(m_setting.form, daemon_label), m_setting.chronyc});
         !missing.done)
         return missing;
+    if (m_setting.form == ServiceForm::systemd) // only now: a machine must not lose the one without gaining the other
+        (void)run(m_tool.verb("displaceservices"));
     return outcome("chrony was not installed");
 }
 
@@ -248,6 +259,8 @@ JobResult ChronyJobs::uninstall() {
     for (const auto& path : {m_setting.chronyd, m_setting.chronyc, m_setting.chronywake, script()})
         (void)run(m_tool.remove_item(path));
     run(reload_lines(m_setting.form));
+    if (m_setting.form == ServiceForm::systemd)
+        (void)run(m_tool.verb("restoreservices"));
     return outcome("chrony was not removed as a whole");
 }
 
@@ -304,10 +317,25 @@ JobResult ChronyJobs::log_permission() {
     const std::string folder = log_folder();
     if (folder.empty())
         return refusal("The configuration names no folder of logs.");
+    if (!m_unit.empty() && folder == distribution_log_folder)
+        (void)run(m_tool.verb("openlogs")); // its unit sets the folder's mode at every start
     if (m_setting.form == ServiceForm::systemd)
         (void)run("chmod 0755 " + folder);
     (void)run("chmod 0755 " + folder + "/tracking.log");
     return outcome("The tracking log was not made readable");
+}
+
+JobResult ChronyJobs::adjust_clock() {
+    if (!m_unit.empty()) {
+        (void)run(m_tool.adjust_clock(m_setting.adj_system));
+    } else {
+        if (!m_probes.file_exists(definition_path(m_setting.form, daemon_label)))
+            return {}; // an installation will go by the setting
+        if (place_service(daemon(), false) != 0)
+            return cannot_write();
+        run(renewal_lines(m_setting.form, daemon_label));
+    }
+    return outcome("chronyd still treats the clock as before");
 }
 
 JobResult ChronyJobs::restart_gpsd() {

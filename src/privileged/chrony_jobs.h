@@ -45,6 +45,8 @@ struct JobProbes {
     std::function<bool(const std::string& unit)> daemon_survives = {};
     // The daemon that a start brings up, of the unit or, where that is empty, of the one that the support tool chooses.
     std::function<std::optional<StartedDaemon>(const std::string& unit)> started_daemon = {};
+    // Whether the bundle's chronyd can have the kernel refuse system calls that it does not need. Runs it.
+    std::function<bool()> filters_calls = {};
     bool carried_out = true; // false: the steps are only written down, and what they would change is not looked for
 };
 
@@ -68,6 +70,7 @@ public:
     JobResult install_configuration(const std::string& text);
     JobResult rotate_logs();
     JobResult log_permission();
+    JobResult adjust_clock(); // or leave it alone, as the setting has it: the installed service, at once
     JobResult restart_gpsd();
     JobResult remove_old();
     JobResult step(double offset_seconds);
@@ -91,6 +94,7 @@ private:
     void stop_daemon();
     void start_daemon();
     [[nodiscard]] JobResult started();
+    [[nodiscard]] int place_service(const ServiceDescription& service, bool with_parent);
     [[nodiscard]] int install_service(const ServiceDescription& service, bool with_parent);
     void remove_service(const ServiceDescription& service);
     void install_program(const std::string& source, const std::string& destination);

@@ -47,11 +47,12 @@ Arguments property_list_arguments(std::string_view text) {
 }
 
 std::optional<ServiceDescription> daemon_from(const Arguments& words, const HelperRules& rules) {
-    const bool forbids = words.size() == 5 && words[4] == "-x";
-    if (words.size() != (forbids ? 5U : 4U) || !holds_path(rules.chronyd, words[0]) ||
+    const bool filters = words.size() > 5 && words[words.size() - 2] == "-F" && words.back() == "1";
+    const bool forbids = words.size() > 4 && words[4] == "-x";
+    if (words.size() != 4U + (forbids ? 1U : 0U) + (filters ? 2U : 0U) || !holds_path(rules.chronyd, words[0]) ||
         !holds_path(rules.configurations, words[3]))
         return std::nullopt;
-    return daemon_service(words[0], words[3], !forbids);
+    return daemon_service(words[0], words[3], !forbids, filters);
 }
 
 std::optional<ServiceDescription> rotation_from(const Arguments& words, const HelperRules& rules) {

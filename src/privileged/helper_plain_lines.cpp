@@ -26,8 +26,9 @@ bool is_systemctl_line(const std::vector<std::string>& argv) {
     if (argv.size() == 4)
         return switches && argv[2] == "--now" && is_known_unit(argv[3]);
     const bool acts = verb == "start" || verb == "stop" || verb == "restart";
+    const bool renews = verb == "try-restart";
     return argv.size() == 3 &&
-           ((acts && is_distribution_unit(argv[2])) || ((acts || switches) && is_known_unit(argv[2])));
+           ((acts && is_distribution_unit(argv[2])) || ((acts || switches || renews) && is_known_unit(argv[2])));
 }
 
 bool service_manager_line(const Words& words, Parser& parser) {

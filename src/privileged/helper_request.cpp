@@ -43,11 +43,32 @@ bool whole_line(std::string_view line, Parser& parser) {
 } // namespace
 
 std::string_view helper_verb_name(HelperVerb verb) {
-    constexpr std::array<std::string_view, 22> names{
-        "quit",           "chronyc_report",   "synchronise",  "run_chronywake",  "list_daemons",      "install_item",
-        "remove_item",    "create_directory", "add_user",     "step_time",       "stop_chrony",       "start_chrony",
-        "stop_wake",      "start_wake",       "rotate_logs",  "service_manager", "remove_definition", "make_readable",
-        "restore_former", "check_item",       "guard_chrony", "resume_chrony"};
+    constexpr std::array<std::string_view, 26> names{"quit",
+                                                     "chronyc_report",
+                                                     "synchronise",
+                                                     "run_chronywake",
+                                                     "list_daemons",
+                                                     "install_item",
+                                                     "remove_item",
+                                                     "create_directory",
+                                                     "add_user",
+                                                     "step_time",
+                                                     "stop_chrony",
+                                                     "start_chrony",
+                                                     "stop_wake",
+                                                     "start_wake",
+                                                     "rotate_logs",
+                                                     "service_manager",
+                                                     "remove_definition",
+                                                     "make_readable",
+                                                     "restore_former",
+                                                     "displace_services",
+                                                     "restore_services",
+                                                     "adjust_clock",
+                                                     "open_logs",
+                                                     "check_item",
+                                                     "guard_chrony",
+                                                     "resume_chrony"};
     return names.at(static_cast<std::size_t>(verb));
 }
 

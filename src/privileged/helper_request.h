@@ -34,6 +34,10 @@ enum class HelperVerb : std::uint8_t {
     remove_definition,
     make_readable,
     restore_former,
+    displace_services,
+    restore_services,
+    adjust_clock,
+    open_logs,
     check_item,    // judges what installing would judge, and installs nothing
     guard_chrony,  // what the caller stops from now on is started again should the caller go away
     resume_chrony, // what the caller has stopped is started again

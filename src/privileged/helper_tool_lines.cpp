@@ -115,6 +115,12 @@ bool rotate_logs(const Words& words, Parser& parser) {
     return parser.accept_tool(HelperVerb::rotate_logs, words);
 }
 
+bool adjust_clock(const Words& words, Parser& parser) {
+    if (!are(words, 2, "u") || (words[2].text != "on" && words[2].text != "off"))
+        return parser.refuse("Adjusting the clock is switched on or off.");
+    return parser.accept_tool(HelperVerb::adjust_clock, words);
+}
+
 bool bare_verb(HelperVerb verb, const Words& words, Parser& parser) {
     return words.size() == 2 ? parser.accept_tool(verb, words) : parser.refuse("This verb takes no arguments.");
 }
@@ -132,20 +138,25 @@ bool tool_line(const Words& words, Parser& parser) {
     if (words.size() < 2 || words[1].is_quoted)
         return parser.refuse("The support tool needs a verb.");
     using Handler = bool (*)(const Words&, Parser&);
-    constexpr std::array<std::pair<std::string_view, Handler>, 8> handlers{{{"installitem", install_item},
+    constexpr std::array<std::pair<std::string_view, Handler>, 9> handlers{{{"installitem", install_item},
                                                                             {"checkitem", check_item},
                                                                             {"removeitem", remove_item},
                                                                             {"createdirectory", create_directory},
                                                                             {"adduser", add_user},
                                                                             {"steptime", step_time},
                                                                             {"rotatelogs", rotate_logs},
-                                                                            {"restoreformer", restore_former}}};
-    constexpr std::array<std::pair<std::string_view, HelperVerb>, 6> bare{{{"stopchrony", HelperVerb::stop_chrony},
-                                                                           {"guardchrony", HelperVerb::guard_chrony},
-                                                                           {"resumechrony", HelperVerb::resume_chrony},
-                                                                           {"startchrony", HelperVerb::start_chrony},
-                                                                           {"stopwake", HelperVerb::stop_wake},
-                                                                           {"startwake", HelperVerb::start_wake}}};
+                                                                            {"restoreformer", restore_former},
+                                                                            {"adjustclock", adjust_clock}}};
+    constexpr std::array<std::pair<std::string_view, HelperVerb>, 9> bare{
+        {{"stopchrony", HelperVerb::stop_chrony},
+         {"guardchrony", HelperVerb::guard_chrony},
+         {"resumechrony", HelperVerb::resume_chrony},
+         {"startchrony", HelperVerb::start_chrony},
+         {"stopwake", HelperVerb::stop_wake},
+         {"displaceservices", HelperVerb::displace_services},
+         {"restoreservices", HelperVerb::restore_services},
+         {"openlogs", HelperVerb::open_logs},
+         {"startwake", HelperVerb::start_wake}}};
     for (const auto& [name, handler] : handlers)
         if (words[1].text == name)
             return handler(words, parser);

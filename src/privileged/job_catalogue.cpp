@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tickervantage {
 namespace {
 
-constexpr std::array<AdminJobEntry, 15> entries{{
+constexpr std::array<AdminJobEntry, 16> entries{{
     {AdminJob::install, "install", "net.brisklane.installchrony", "Installing chrony software"},
     {AdminJob::uninstall, "uninstall", "net.brisklane.uninstallchrony", "Removing chrony software"},
     {AdminJob::start, "start", "net.brisklane.startchrony", "Starting chronyd daemon"},
@@ -22,6 +23,7 @@ constexpr std::array<AdminJobEntry, 15> entries{{
     {AdminJob::synchronise, "sync", "net.brisklane.tickervantage.sync", "Synchronising the clock"},
     {AdminJob::step, "step", "net.brisklane.steptime", ""},
     {AdminJob::running_check, "running-check", "net.brisklane.runningcheck", ""},
+    {AdminJob::adjust_clock, "adjust-clock", "net.brisklane.adjustclock", "Restarting chronyd daemon"},
 }};
 
 } // namespace
@@ -38,6 +40,13 @@ std::string progress_text(AdminJob job, const JobSetting& setting) {
     if (job == AdminJob::wake_tool && !setting.install_wake)
         return "Removing chronywake";
     return std::string(entry_of(job).progress);
+}
+
+JobResult rehearse(const AdminRequest& request, const JobSetting& setting, JobProbes probes) {
+    probes.carried_out = false;
+    RecordedSteps unheard;
+    ChronyJobs jobs(setting, std::move(probes), unheard);
+    return play(request, jobs);
 }
 
 JobResult play(const AdminRequest& request, ChronyJobs& jobs) {
@@ -71,6 +80,8 @@ JobResult play(const AdminRequest& request, ChronyJobs& jobs) {
         return jobs.step(request.offset_seconds);
     case AdminJob::running_check:
         return jobs.running_check();
+    case AdminJob::adjust_clock:
+        return jobs.adjust_clock();
     }
     return {.done = false, .sentence = "There is no such job."};
 }

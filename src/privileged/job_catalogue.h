@@ -25,6 +25,7 @@ enum class AdminJob : unsigned char {
     synchronise,
     step,
     running_check,
+    adjust_clock,
 };
 
 // One job, with what it works on; the fields of other jobs are left alone.
@@ -49,6 +50,9 @@ struct AdminJobEntry {
 
 // As in the entry, but for the wake tool, which is installed or removed.
 [[nodiscard]] std::string progress_text(AdminJob job, const JobSetting& setting);
+
+// What is against the job whatever the rights, found without asking anybody for them: done when nothing is.
+[[nodiscard]] JobResult rehearse(const AdminRequest& request, const JobSetting& setting, JobProbes probes);
 
 // Plays the job. Blocks for as long as its steps do.
 [[nodiscard]] JobResult play(const AdminRequest& request, ChronyJobs& jobs);

@@ -71,6 +71,12 @@ JobProbes make_job_probes(const JobMachine& machine) {
             .started_daemon =
                 [look = StartedDaemonLook{machine.execute, file_exists, machine.read_file}](const std::string& unit) {
                     return look.started_daemon(unit);
+                },
+            .filters_calls =
+                [machine] {
+                    const auto said =
+                        machine.execute.run({.program = machine.paths.bundle_program("chronyd"), .arguments = {"-v"}});
+                    return said.output.find("+SCFILTER") != std::string::npos;
                 }};
 }
 

@@ -42,6 +42,10 @@ std::string SupportTool::step_time(double seconds) const {
     return verb(fmt::format("steptime {:g}", seconds));
 }
 
+std::string SupportTool::adjust_clock(bool on) const {
+    return verb(on ? "adjustclock on" : "adjustclock off");
+}
+
 std::string SupportTool::rotate_logs(const std::string& script, const std::string& log_folder) const {
     return fmt::format(R"({} rotatelogs "{}" "{}")", m_tool, script, log_folder);
 }

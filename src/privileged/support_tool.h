@@ -30,6 +30,8 @@ public:
     [[nodiscard]] std::string create_directory(const std::string& folder) const;
     [[nodiscard]] std::string add_user(const std::string& name) const;
     [[nodiscard]] std::string step_time(double seconds) const;
+    // Of the distribution's chrony.
+    [[nodiscard]] std::string adjust_clock(bool on) const;
     [[nodiscard]] std::string rotate_logs(const std::string& script, const std::string& log_folder) const;
     // A verb without arguments: stopchrony, startchrony, stopwake, startwake; guardchrony before a stop that must not
     // last, resumechrony to undo it.

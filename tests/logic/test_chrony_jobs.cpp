@@ -179,6 +179,7 @@ TEST_F(ChronyJobsTest, InstallationOverAnExistingConfigurationInUnits) {
                   R"(TOOL removeitem "S/net.brisklane.chronywake.service")",
                   R"(TOOL removeitem "/usr/local/bin/chronywake")",
                   "/bin/systemctl daemon-reload",
+                  "TOOL displaceservices",
               }));
     EXPECT_NE(written("T/chronyd.service").find("chronyd -n -f /etc/chrony.d/chrony.conf -x\n"), std::string::npos);
     EXPECT_NE(written("T/chronylogrotate.timer").find("OnCalendar=*-*-* 04:05:00\n"), std::string::npos);

@@ -67,6 +67,12 @@ std::vector<ServiceLine> restart_lines(ServiceForm form, const std::string& labe
             {"/bin/launchctl bootstrap system " + definition_path(form, label)}};
 }
 
+std::vector<ServiceLine> renewal_lines(ServiceForm form, const std::string& label) {
+    if (form == ServiceForm::launchd)
+        return restart_lines(form, label);
+    return {{systemctl("daemon-reload")}, {systemctl("try-restart " + label + ".service")}};
+}
+
 std::vector<ServiceLine> removal_lines(ServiceForm form, const std::string& label) {
     const std::string stop =
         form == ServiceForm::launchd ? bootout_line(label) : systemctl("disable --now " + label + ".service");

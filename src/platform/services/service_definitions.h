@@ -31,7 +31,11 @@ struct ServiceDescription {
     bool keep_alive = false; // started at boot and again whenever it ends
     int nice = 0;
     std::optional<DailyTime> daily;
-    std::vector<std::string> conflicts; // units that must not run beside it
+    std::vector<std::string> conflicts;       // units that must not run beside it; it starts when they have ended
+    std::vector<std::string> unit_arguments;  // behind the arguments, where the service is a unit
+    std::vector<std::string> unit_lines;      // further lines of the unit's first section
+    std::vector<std::string> sandbox;         // further lines of its service section
+    std::vector<std::string> written_folders; // where it writes in spite of them
 };
 
 struct DefinitionFile {
@@ -60,6 +64,9 @@ struct ServiceLine {
 
 // What lets the service manager forget definitions that were removed.
 [[nodiscard]] std::vector<ServiceLine> reload_lines(ServiceForm form);
+
+// What restarts a service that runs, after its definition was replaced.
+[[nodiscard]] std::vector<ServiceLine> renewal_lines(ServiceForm form, const std::string& label);
 
 // What restarts a service, and what stops it and removes its definition.
 [[nodiscard]] std::vector<ServiceLine> restart_lines(ServiceForm form, const std::string& label);

@@ -69,8 +69,15 @@ std::string changed_folder(const HelperRequest& request) {
 }
 
 bool runs_in_own_unit(const HelperRequest& request) {
-    if (request.verb == HelperVerb::synchronise || request.verb == HelperVerb::add_user)
+    switch (request.verb) {
+    case HelperVerb::synchronise:
+    case HelperVerb::add_user:
+    case HelperVerb::displace_services: // systemctl keeps the links of old start scripts in step
+    case HelperVerb::restore_services:
         return true;
+    default:
+        break;
+    }
     const auto folder = changed_folder(request);
     return !folder.empty() && !can_write_below(folder);
 }

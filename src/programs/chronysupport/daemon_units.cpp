@@ -3,12 +3,12 @@
 #include "platform/services/chrony_services.h"
 #include "platform/text_lines.h"
 #include "programs/chronysupport/one_line.h"
+#include "programs/chronysupport/unit_status.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
 #include <algorithm>
-#include <map>
 #include <vector>
 
 namespace tickervantage {
@@ -16,35 +16,13 @@ namespace {
 
 constexpr std::chrono::milliseconds between_looks{250};
 constexpr int looks = 20; // five seconds
-constexpr std::chrono::seconds job_limit{60};
 
 const std::string daemon_unit = std::string(daemon_label) + ".service";
 const std::string wake_unit = std::string(wake_label) + ".service";
 const std::vector<std::string> daemon_units{daemon_unit, "chrony.service", "chronyd.service"};
 
-struct UnitStatus {
-    std::map<std::string, std::string, std::less<>> values;
-
-    [[nodiscard]] std::string operator[](std::string_view key) const {
-        const auto found = values.find(key);
-        return found == values.end() ? std::string() : found->second;
-    }
-    [[nodiscard]] bool is_there() const { return (*this)["LoadState"] == "loaded"; }
-    [[nodiscard]] bool is_down() const {
-        const auto state = (*this)["ActiveState"];
-        return state == "inactive" || state == "failed" || state.empty();
-    }
-    [[nodiscard]] bool is_up() const { return (*this)["ActiveState"] == "active"; }
-    // Another one of these means another process.
-    [[nodiscard]] std::string run() const { return (*this)["InvocationID"] + " " + (*this)["MainPID"]; }
-};
-
-bool succeeded(const ExecuteResult& result) {
-    return result.outcome == ExecuteOutcome::exited && result.exit_status == 0;
-}
-
 ExecuteResult systemctl(const DaemonUnits& units, std::vector<std::string> arguments) {
-    return units.execute.run({.program = "/bin/systemctl", .arguments = std::move(arguments), .time_limit = job_limit});
+    return systemctl(units.execute, std::move(arguments));
 }
 
 int fail(std::string& sentence, std::string text) {
@@ -53,17 +31,7 @@ int fail(std::string& sentence, std::string text) {
 }
 
 int look_at(const DaemonUnits& units, const std::string& unit, UnitStatus& status, std::string& sentence) {
-    const auto result = systemctl(
-        units, {"show",
-                "--property=Id,LoadState,ActiveState,SubState,Result,InvocationID,MainPID,ExecMainPID,NeedDaemonReload",
-                unit});
-    if (!succeeded(result))
-        return fail(sentence, fmt::format("Cannot ask for {}: {}", unit, last_words(result)));
-    status.values.clear();
-    for (const auto line : non_empty_lines(result.output))
-        if (const auto equals = line.find('='); equals != std::string_view::npos)
-            status.values.insert_or_assign(std::string(line.substr(0, equals)), trimmed(line.substr(equals + 1)));
-    return 0;
+    return look_at_unit(units.execute, unit, status, sentence);
 }
 
 // What a daemon, or the service manager about it, said last; a complaint rather than a farewell.

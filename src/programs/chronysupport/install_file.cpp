@@ -2,11 +2,14 @@
 
 #include "platform/linux/write_all.h"
 #include "programs/chronysupport/accounts.h"
+#include "programs/chronysupport/folders.h"
 
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <fmt/format.h>
 
@@ -208,6 +211,28 @@ int install_file(const Installation& what, const PathRules& rules, std::string& 
     if (draft.put_in_place() != 0)
         return fail_with(sentence, "Cannot replace", what.destination, errno);
     return flush_folder_of(place, sentence);
+}
+
+int install_text(const std::string& path, std::string_view text, const PathRules& rules, std::string& sentence) {
+    Place place;
+    FileDescriptor lock;
+    FileDescriptor source(::memfd_create("text", MFD_CLOEXEC));
+    if (!source.valid() || write_all(source.get(), text) != 0 || ::lseek(source.get(), 0, SEEK_SET) != 0)
+        return fail_with(sentence, "Cannot prepare", path, errno);
+    if (make_folder(path.substr(0, path.rfind('/')), rules, sentence) != 0 ||
+        open_destination(path, rules, place, lock, sentence) != 0)
+        return -1;
+    Draft draft(place);
+    if (draft.write(source.get(), static_cast<off_t>(text.size()), {rules.self, ::getegid()}, 0644) != 0 ||
+        draft.put_in_place() != 0)
+        return fail_with(sentence, "Cannot write", path, errno);
+    return flush_folder_of(place, sentence);
+}
+
+bool same_files(const std::string& one, const std::string& other) {
+    const FileDescriptor first(::open(one.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    const FileDescriptor second(::open(other.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    return first.valid() && second.valid() && same_bytes(first.get(), second.get());
 }
 
 int restore_former(const std::string& destination, const PathRules& rules, std::string& sentence) {

@@ -14,6 +14,7 @@
 #include "programs/chronysupport/path_rules.h"
 
 #include <string>
+#include <string_view>
 
 namespace tickervantage {
 
@@ -25,6 +26,13 @@ struct Installation {
 };
 
 [[nodiscard]] int install_file(const Installation& what, const PathRules& rules, std::string& sentence);
+
+// Puts a text of root's in its place, readable by everybody; missing folders on the way are made.
+[[nodiscard]] int install_text(const std::string& path, std::string_view text, const PathRules& rules,
+                               std::string& sentence);
+
+// Whether both can be read and hold the same bytes.
+[[nodiscard]] bool same_files(const std::string& one, const std::string& other);
 
 // Puts "<destination>.former" back in the destination's place.
 [[nodiscard]] int restore_former(const std::string& destination, const PathRules& rules, std::string& sentence);

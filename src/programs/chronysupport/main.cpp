@@ -10,7 +10,19 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <string>
 #include <thread>
+
+namespace {
+
+// .../Tickervantage.app/Contents/MacOS/chronysupport
+std::string own_bundle() {
+    std::error_code unknown; // then it is empty, and nothing is found in it
+    return std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path().parent_path().parent_path();
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     using namespace tickervantage;
@@ -26,7 +38,9 @@ int main(int argc, char** argv) {
                                            std::this_thread::sleep_for(time);
                                        }},
                              .clock = clock,
-                             .configurations = installed_configurations};
+                             .configurations = installed_configurations,
+                             .root = {},
+                             .bundle = own_bundle()};
     std::string line;
     const auto result = run_verb({argv + std::min(argc, 1), argv + argc}, parts, line);
     (void)std::printf("%s\n", line.c_str()); // whoever went away before the answer does not need it

@@ -1,10 +1,13 @@
 #include "programs/chronysupport/verbs.h"
 
 #include "programs/chronysupport/accounts.h"
+#include "programs/chronysupport/distribution_options.h"
 #include "programs/chronysupport/folders.h"
 #include "programs/chronysupport/install_file.h"
 #include "programs/chronysupport/log_rotation.h"
 #include "programs/chronysupport/one_line.h"
+#include "programs/chronysupport/own_installation.h"
+#include "programs/chronysupport/time_services.h"
 
 #include <algorithm>
 #include <array>
@@ -27,6 +30,23 @@ int create_inside(const Arguments& arguments, const SupportParts& parts, std::st
         return make_folder(arguments[1], parts.rules, line);
     line = "The first argument of createdirectory stays empty when there are two.";
     return -1;
+}
+
+Machine machine_of(const SupportParts& parts) {
+    return {parts.units.execute, parts.rules, parts.root, parts.bundle};
+}
+
+int set_clock_option(const Arguments& arguments, const SupportParts& parts, std::string& line) {
+    if (arguments[0] == "on" || arguments[0] == "off")
+        return adjust_clock(machine_of(parts), arguments[0] == "on", line);
+    line = "adjustclock takes on or off.";
+    return -1;
+}
+
+// A verb without arguments that works on the machine.
+template <int (*work)(const Machine&, std::string&)>
+int on_machine(const Arguments&, const SupportParts& parts, std::string& line) {
+    return work(machine_of(parts), line);
 }
 
 constexpr std::array verbs{
@@ -59,6 +79,12 @@ constexpr std::array verbs{
          [](const Arguments& a, const SupportParts& parts, std::string& line) {
              return rotate_logs(parts.units.execute, a[0], a[1], parts.rules, line);
          }},
+    Verb{"adjustclock", 1, set_clock_option},
+    Verb{"openlogs", 0, on_machine<open_log_folder>},
+    Verb{"displaceservices", 0, on_machine<displace_services>},
+    Verb{"restoreservices", 0, on_machine<restore_services>},
+    Verb{"refreshprograms", 0, on_machine<refresh_programs>},
+    Verb{"removeinstallation", 0, on_machine<remove_installation>},
     Verb{"startchrony", 0,
          [](const Arguments&, const SupportParts& parts, std::string& line) {
              return start_chrony(parts.units, line);

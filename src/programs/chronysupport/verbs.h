@@ -5,6 +5,8 @@
 //   createdirectory PATH                        (for the daemon to write in)
 //   adduser NAME          steptime SECONDS      rotatelogs SCRIPT FOLDER
 //   startchrony           stopchrony            startwake           stopwake
+//   displaceservices      restoreservices       adjustclock on|off  openlogs
+//   refreshprograms       removeinstallation    (for the scripts of the package)
 //
 // Every verb may be run again after it was interrupted at any moment. Who may ask for it is decided before.
 #pragma once
@@ -23,6 +25,8 @@ struct SupportParts {
     DaemonUnits units;
     SteppedClock& clock;
     std::function<std::vector<std::string>()> configurations; // of chrony, the latest first
+    std::string root = {};                                    // see Machine
+    std::string bundle = {};
 };
 
 enum class VerbResult : int { done = 0, failed = 1, usage = 2 }; // also the exit status

@@ -37,6 +37,8 @@ const char* description_of(AdminJob job) {
         return "Step the clock";
     case AdminJob::running_check:
         return "List the chronyd processes";
+    case AdminJob::adjust_clock:
+        return "Have chronyd adjust the clock or leave it alone, as the setting adj_system has it";
     }
     return "";
 }

@@ -71,6 +71,8 @@ int AdminCommand::dry_run(const AdminRequest& request) const {
 }
 
 int AdminCommand::carry_out(const AdminRequest& request, PrivilegedActions& actions, SentStepsParts parts) const {
+    if (const JobResult rehearsed = rehearse(request, setting, probes); !rehearsed.done)
+        return tell(rehearsed, err); // nobody types a password for that
     if (!actions.blessHelper())
         return answer_is_no; // the reason was told when it came up
     Json replies = Json::array();
