@@ -27,10 +27,14 @@ struct MarkedText {
     const char* text;
     const char* comment;
 };
-[[maybe_unused]] constexpr std::array<MarkedText, 16> offer_texts{
+[[maybe_unused]] constexpr std::array<MarkedText, 17> offer_texts{
     {QT_TRANSLATE_NOOP3("offers", "Warning", ""),
      QT_TRANSLATE_NOOP3("offers", "The chronyd ntp daemon is not configured/installed.", "first run: line 1"),
      QT_TRANSLATE_NOOP3("offers", "\nDo you wish to install the privileged components?", "first run: line 2"),
+     QT_TRANSLATE_NOOP3("offers",
+                        "They take the place of the chrony that this system has, and give up what its packages "
+                        "provide: updates by the system, and the confinement by AppArmor.",
+                        "first run: where the system has a chrony of its own"),
      QT_TRANSLATE_NOOP3("offers", "Warning: Version mismatch", ""),
      QT_TRANSLATE_NOOP3("offers", "Installed: ", "compare versions line 1"),
      QT_TRANSLATE_NOOP3("offers", " Embedded: ", "compare versions line 2"),
@@ -65,6 +69,15 @@ Alert removal_question(const JobSetting& setting) {
             .informative = text.toStdString(),
             //: buttons of that question
             .buttons = {Texts::tr("Remove").toStdString(), Texts::tr("Cancel").toStdString()}};
+}
+
+// What cannot be read is not known to differ.
+SameFiles same_bytes(const JobProbes& probes) {
+    return [read = probes.read_file](const std::string& one, const std::string& other) {
+        const auto first = read(one);
+        const auto second = read(other);
+        return !first || !second || *first == *second;
+    };
 }
 
 AdministrativeJobsParts jobs_parts(const AdministrationParts& parts) {
@@ -104,7 +117,8 @@ Administration::Administration(AdministrationParts parts)
            .translate = translate_offer,
            .install = [this] { m_menu.install(); },
            .use_distribution = [this](const DistributionChrony& chrony) { use_distribution(chrony); },
-           .stop_for_version = m_parts.stop_for_version}) {}
+           .stop_for_version = m_parts.stop_for_version,
+           .same_files = same_bytes(m_parts.machine.probes)}) {}
 
 Administration::~Administration() = default;
 
@@ -173,6 +187,18 @@ void Administration::show_problem(PrivilegedProblem problem, const std::string& 
 
 void Administration::install_or_remove_wake(std::function<void(std::string sentence)> done) {
     m_jobs.run({AdminJob::wake_tool}, [done = std::move(done)](const JobResult& result) { done(result.sentence); });
+}
+
+void Administration::adjust_clock(Heard done) {
+    m_jobs.run({AdminJob::adjust_clock}, [this, done = std::move(done)](const JobResult& result) {
+        done(result.done, result.sentence);
+        m_parts.cycle().refresh();
+    });
+}
+
+void Administration::make_log_readable(Heard done) {
+    m_jobs.run({AdminJob::log_permission},
+               [done = std::move(done)](const JobResult& result) { done(result.done, result.sentence); });
 }
 
 void Administration::run_chronywake(std::function<void(std::string reply)> done) {

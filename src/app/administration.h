@@ -63,6 +63,9 @@ public:
 
     // For the preferences and the configuration editor; each comes back on the main thread.
     void install_or_remove_wake(std::function<void(std::string sentence)> done);
+    using Heard = std::function<void(bool done, const std::string& sentence)>;
+    void adjust_clock(Heard done); // as the setting has it
+    void make_log_readable(Heard done);
     void run_chronywake(std::function<void(std::string reply)> done);
     void install_configuration(std::string text, std::function<void(const JobResult& result)> done);
 

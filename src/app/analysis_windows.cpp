@@ -30,7 +30,8 @@ TrackingWindowParts AnalysisWindows::tracking_parts() {
             .spectrum_enabled = m_parts.spectrum_enabled,
             .show_spectrum = [this] { showSpectrum(); },
             .exports = export_parts(),
-            .ask_log_setting = m_parts.ask_log_setting};
+            .ask_log_setting = m_parts.ask_log_setting,
+            .make_log_readable = m_parts.make_log_readable};
 }
 
 TrackingWindow* AnalysisWindows::open_log(const QString& path, bool live) {

@@ -28,6 +28,7 @@ struct AnalysisParts {
     FreqTempParts freqtemp;
     std::string equation; // path of the inspector's text
     std::function<void(std::function<void(const LogSettingAnswer&)> done)> ask_log_setting = {}; // may be missing
+    std::function<void(std::function<void(bool done, const std::string& sentence)> done)> make_log_readable = {}; // too
 };
 
 class AnalysisWindows {

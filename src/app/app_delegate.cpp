@@ -219,6 +219,15 @@ void AppDelegate::come_to_front(const QStringList& logs) {
         open_log(log);
 }
 
+std::function<void(Administration::Heard)>
+AppDelegate::with_administration(void (Administration::*job)(Administration::Heard done)) {
+    if (!m_administration)
+        return {};
+    return [this, job](Administration::Heard done) {
+        (m_administration.get()->*job)(std::move(done));
+    };
+}
+
 void AppDelegate::launchMeridianox() {
     const auto application = find_application(m_parts.paths.applications, StatusCycle::GPSD_CONF_ID);
     std::string sentence;
@@ -242,10 +251,8 @@ AnalysisWindows& AppDelegate::analysis() {
                           .spectrum_enabled = [this] { return m_advanced.spectrum; },
                           .freqtemp = m_parts.freqtemp,
                           .equation = local_file(m_parts.paths.bundle_resource("freqtemp.rtf")),
-                          .ask_log_setting =
-                              [this](auto done) {
-                                  ask_log_setting(std::move(done));
-                              }});
+                          .ask_log_setting = [this](auto done) { ask_log_setting(std::move(done)); },
+                          .make_log_readable = with_administration(&Administration::make_log_readable)});
     return *m_analysis;
 }
 
@@ -280,7 +287,8 @@ SettingsWindows& AppDelegate::settings_windows() {
             .editor_is_open = [this] { return m_configurations && m_configurations->is_open(); },
             .insert_into_editor = [this](const QString& lines) { return configurations().insert(lines); },
             .install_or_remove_wake = install_or_remove_wake(),
-            .run_chronywake = run_chronywake()});
+            .run_chronywake = run_chronywake(),
+            .adjust_clock = with_administration(&Administration::adjust_clock)});
     return *m_settings_windows;
 }
 

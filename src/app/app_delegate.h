@@ -111,6 +111,9 @@ private:
     [[nodiscard]] InstallConfiguration install_configuration(); // empty where nothing can be installed
     [[nodiscard]] std::function<void(std::function<void(std::string sentence)> done)> install_or_remove_wake();
     [[nodiscard]] std::function<void(std::function<void(std::string reply)> done)> run_chronywake();
+    // Missing where there is no administration.
+    [[nodiscard]] std::function<void(Administration::Heard)>
+    with_administration(void (Administration::*job)(Administration::Heard done));
     void launchMeridianox();
     void say(const QString& sentence); // a failure, with one "Dismiss" button
     void log_change_of_state(const StatusNotice& notice);

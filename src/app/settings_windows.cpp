@@ -73,6 +73,7 @@ PreferencesParts SettingsWindows::preferences_parts() {
             .advanced_changed = m_parts.advanced_changed,
             .install_or_remove_wake = m_parts.install_or_remove_wake,
             .run_chronywake = m_parts.run_chronywake,
+            .adjust_clock = m_parts.adjust_clock,
             .version = TICKERVANTAGE_VERSION};
 }
 

@@ -28,6 +28,7 @@ struct SettingsWindowsParts {
     std::function<bool(const QString& lines)> insert_into_editor;
     std::function<void(std::function<void(std::string sentence)> done)> install_or_remove_wake;
     std::function<void(std::function<void(std::string reply)> done)> run_chronywake;
+    std::function<void(std::function<void(bool done, const std::string& sentence)> done)> adjust_clock = {};
 };
 
 class SettingsWindows {

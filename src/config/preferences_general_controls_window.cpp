@@ -169,7 +169,7 @@ void build_arguments(QGridLayout* grid, PreferencesGeneralControls& controls) {
 
 QLayout* build_wake_buttons(QWidget* parent, PreferencesGeneralControls& controls) {
     //: General preferences: buttons of chronywake
-    controls.saveArguments = button(parent, "saveArguments", Texts::tr("Sa&ve Arguments"), QString());
+    controls.saveArguments = button(parent, "saveArguments", Texts::tr("A&pply"), QString());
     controls.m_test_wake = button(parent, "m_test_wake",
                                   //: General preferences: button, runs chronywake once
                                   Texts::tr("&Test"), QString());

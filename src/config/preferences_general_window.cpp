@@ -354,6 +354,25 @@ void PreferencesGeneralPane::apply_adjustment() {
     m_parts.general.adj_system = m_controls.m_adj_system->isChecked();
     save_settings();
     changed();
+    if (!m_parts.adjust_clock)
+        return;
+    m_controls.m_adj_system->setEnabled(false);
+    m_parts.adjust_clock([shared = m_shared](bool done, const std::string& sentence) {
+        if (shared->pane)
+            shared->pane->show_adjustment(done, sentence);
+    });
+}
+
+// The box says what the daemon does: where that could not be changed, it goes back.
+void PreferencesGeneralPane::show_adjustment(bool done, const std::string& sentence) {
+    m_controls.m_adj_system->setEnabled(true);
+    say(spoken(sentence), !done);
+    if (done)
+        return;
+    m_parts.general.adj_system = !m_parts.general.adj_system;
+    m_controls.m_adj_system->setChecked(m_parts.general.adj_system);
+    save_settings();
+    changed();
 }
 
 void PreferencesGeneralPane::installChronyWake() {
@@ -361,6 +380,12 @@ void PreferencesGeneralPane::installChronyWake() {
     save_settings();
     changed();
     update_wake();
+    if (!m_parts.install_or_remove_wake)
+        return;
+    //: General preferences: said after the box "Install chronywake" was ticked, about the button Apply
+    say(m_parts.general.install_wake ? tr("Apply installs chronywake.")
+                                     //: General preferences: said after that box was cleared
+                                     : tr("Apply removes chronywake."));
 }
 
 void PreferencesGeneralPane::update_wake() {
@@ -393,9 +418,12 @@ void PreferencesGeneralPane::saveArguments() {
             return;
         shared->pane->m_saving = false;
         shared->pane->update_wake();
-        //: General preferences: said when chronywake's job carries the new arguments
-        shared->pane->say(sentence.empty() ? tr("chronywake's arguments are saved.") : spoken(sentence),
-                          !sentence.empty());
+        const bool wanted = shared->pane->m_parts.general.install_wake;
+        //: General preferences: said when chronywake runs as a service with the arguments in the window
+        const QString success = wanted ? tr("chronywake is installed with these arguments.")
+                                       //: General preferences: said after the button Apply
+                                       : tr("chronywake is removed.");
+        shared->pane->say(sentence.empty() ? success : spoken(sentence), !sentence.empty());
     });
 }
 

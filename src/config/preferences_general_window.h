@@ -58,6 +58,7 @@ private:
     void take_arguments();
     void finish_edit();
     void apply_adjustment();
+    void show_adjustment(bool done, const std::string& sentence);
     void changed();
     void update_wake();
     void look_at_paths();

@@ -37,6 +37,9 @@ struct PreferencesParts {
     std::function<void(std::function<void(std::string sentence)> done)> install_or_remove_wake;
     // Runs chronywake once. Comes back on the main thread with its answer, "200 OK" when all went well.
     std::function<void(std::function<void(std::string reply)> done)> run_chronywake;
+    // Has the installed daemon adjust the clock or leave it alone, as the record says. Comes back on the main thread:
+    // whether it is done, and a sentence when there is something to say.
+    std::function<void(std::function<void(bool done, const std::string& sentence)> done)> adjust_clock = {};
     std::string version; // of the program
 };
 

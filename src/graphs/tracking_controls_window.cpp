@@ -156,6 +156,11 @@ void build_texts(QWidget* central, TrackingControls& controls) {
     controls.readout->setTextFormat(Qt::PlainText);
     controls.readout->setAlignment(Qt::AlignCenter);
     controls.readout->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    //: tracking window: button, shown where the log may be read by chronyd alone
+    controls.makeReadable = named(new QPushButton(Texts::tr("&Make Readable"), central), "makeReadable",
+                                  //: tracking window: tooltip of that button
+                                  Texts::tr("Let everybody on this computer read chrony's tracking log, from now on"));
+    controls.makeReadable->hide();
     //: tracking window: sign that a log is being read
     controls.loadingLog = named(new QProgressBar(central), "loadingLog", Texts::tr("Reading the log"));
     controls.loadingLog->setRange(0, 0);
@@ -179,6 +184,8 @@ QLayout* top_row(const TrackingControls& controls) {
 QLayout* date_row(const TrackingControls& controls) {
     auto* row = new QHBoxLayout;
     row->addWidget(controls.startDate);
+    row->addStretch(1);
+    row->addWidget(controls.makeReadable); // under the words that say why there is nothing to see
     row->addStretch(1);
     row->addWidget(controls.endDate);
     return row;

@@ -31,6 +31,7 @@ struct TrackingControls {
     QLabel* startDate = nullptr;
     QLabel* endDate = nullptr;
     QLabel* readout = nullptr;
+    QPushButton* makeReadable = nullptr; // beside the readout, while that says that the log may not be read
     QSlider* hZoom = nullptr;
     QSlider* vZoom = nullptr;
     QSlider* vScale = nullptr; // whole numbers

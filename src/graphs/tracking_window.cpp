@@ -19,8 +19,10 @@
 #include <QStatusBar>
 #include <QToolButton>
 
+#include <cerrno>
 #include <chrono>
 #include <cmath>
+#include <system_error>
 #include <utility>
 
 namespace tickervantage {
@@ -35,6 +37,12 @@ double slider_value(const QSlider* slider) {
 
 void set_slider(QSlider* slider, double value) {
     slider->setValue(static_cast<int>(std::lround(value * slider_steps)));
+}
+
+// The log's reader gives the system's reason, which speaks the user's language.
+bool says_forbidden(const std::string& problem) {
+    return problem.find("Permission denied") != std::string::npos ||
+           problem.find(std::generic_category().message(EACCES)) != std::string::npos;
 }
 
 } // namespace
@@ -77,6 +85,7 @@ void TrackingWindow::build_exports() {
 }
 
 void TrackingWindow::connect_controls() {
+    connect(m_controls.makeReadable, &QPushButton::clicked, this, &TrackingWindow::makeReadable);
     for (auto* slider : {m_controls.hZoom, m_controls.vZoom, m_controls.vScale})
         connect(slider, &QSlider::valueChanged, this, [this] { apply_sliders(); });
     connect(m_controls.dataTimeRange, &QComboBox::activated, this, [this] { apply_legend(); });
@@ -331,7 +340,22 @@ void TrackingWindow::update_spectrum_button() {
 void TrackingWindow::show_problem(const std::string& sentence) {
     m_empty.problem = sentence;
     m_controls.readout->setText(spoken(sentence));
+    m_controls.makeReadable->setVisible(m_empty.is_live && m_parts.make_log_readable && says_forbidden(sentence));
     m_read_timer.start(sentence.empty() ? first_lines_come : std::chrono::milliseconds(0));
+}
+
+void TrackingWindow::makeReadable() {
+    m_controls.makeReadable->setEnabled(false);
+    m_parts.make_log_readable([self = std::weak_ptr(m_self)](bool done, const std::string& sentence) {
+        const auto alive = self.lock();
+        if (!alive)
+            return;
+        (*alive)->m_controls.makeReadable->setEnabled(true);
+        if (!sentence.empty())
+            (*alive)->statusBar()->showMessage(spoken(sentence));
+        if (done)
+            (*alive)->load_log();
+    });
 }
 
 void TrackingWindow::show_readout(double frame_x) {

@@ -40,6 +40,9 @@ struct TrackingWindowParts {
     PlotExportParts exports;
     // Whether chronyd writes the live log; comes back on the main thread. May be missing.
     std::function<void(std::function<void(const LogSettingAnswer&)> done)> ask_log_setting = {};
+    // Lets everybody read the live log, as an administrator. Comes back on the main thread: whether it is done, and a
+    // sentence when there is something to say. May be missing.
+    std::function<void(std::function<void(bool done, const std::string& sentence)> done)> make_log_readable = {};
     std::function<double()> now = seconds_of_this_machine; // since 1970
 };
 
@@ -90,6 +93,7 @@ private:
     void ask_log_setting();
     void show_newest();
     void show_problem(const std::string& sentence);
+    void makeReadable();
     void zoom(double steps, double viewport_x);
     void fit();
     void reset_zoom();

@@ -24,7 +24,7 @@ ProgramVersion version_of(const std::string& program, Execute& execute) {
 } // namespace
 
 InstallationFacts look_at_installation(const InstalledPaths& paths, const std::string& bundle, ServiceForm form,
-                                       const FileExists& file_exists, Execute& execute) {
+                                       const FileExists& file_exists, Execute& execute, const SameFiles& same_files) {
     InstallationFacts facts;
     facts.complete = is_complete(paths, form, file_exists);
     facts.has_daemon = file_exists(paths.chronyd);
@@ -32,8 +32,10 @@ InstallationFacts look_at_installation(const InstalledPaths& paths, const std::s
     facts.distribution = find_distribution_chrony(file_exists);
     facts.is_distributions = !distribution_unit(paths.chronyd, file_exists).empty();
     if (facts.has_daemon && !facts.is_distributions) {
+        const auto embedded = bundle + "/" + embedded_suffix;
         facts.installed = version_of(paths.chronyd, execute);
-        facts.embedded = version_of(bundle + "/" + embedded_suffix, execute);
+        facts.embedded = version_of(embedded, execute);
+        facts.same_programs = !same_files || same_files(paths.chronyd, embedded);
     }
     return facts;
 }
@@ -46,11 +48,16 @@ std::string listed(const DistributionChrony& chrony) {
 
 } // namespace
 
-Alert first_run_alert(const Translate& words) {
+Alert first_run_alert(const Translate& words, const std::optional<DistributionChrony>& distribution) {
+    auto text = words("The chronyd ntp daemon is not configured/installed.", "first run: line 1") +
+                words("\nDo you wish to install the privileged components?", "first run: line 2");
+    if (distribution)
+        text += "\n\n" + words("They take the place of the chrony that this system has, and give up what its packages "
+                               "provide: updates by the system, and the confinement by AppArmor.",
+                               "first run: where the system has a chrony of its own");
     return {.identifier = "FirstRunAlert",
             .message = words("Warning", ""),
-            .informative = words("The chronyd ntp daemon is not configured/installed.", "first run: line 1") +
-                           words("\nDo you wish to install the privileged components?", "first run: line 2"),
+            .informative = text,
             .buttons = {words("Install", ""), words("Cancel", "")}};
 }
 
@@ -92,9 +99,9 @@ InstallationOffers::~InstallationOffers() = default;
 
 void InstallationOffers::start() {
     m_parts.queue.async([paths = m_parts.paths(), bundle = m_parts.bundle, form = m_parts.form,
-                         exists = m_parts.file_exists, &execute = m_parts.execute, &main_thread = m_parts.main_thread,
-                         self = std::weak_ptr(m_self)] {
-        main_thread.main_async([facts = look_at_installation(paths, bundle, form, exists, execute), self] {
+                         exists = m_parts.file_exists, same = m_parts.same_files, &execute = m_parts.execute,
+                         &main_thread = m_parts.main_thread, self = std::weak_ptr(m_self)] {
+        main_thread.main_async([facts = look_at_installation(paths, bundle, form, exists, execute, same), self] {
             if (const auto alive = self.lock())
                 (*alive)->offer(facts);
         });
@@ -139,8 +146,8 @@ void InstallationOffers::offer_installation(const InstallationFacts& facts) {
         else
             offer_version(facts);
     };
-    if (facts.complete ||
-        !show_unless_suppressed(m_parts.warnings, m_parts.show, first_run_alert(m_parts.translate), answered))
+    if (facts.complete || !show_unless_suppressed(m_parts.warnings, m_parts.show,
+                                                  first_run_alert(m_parts.translate, facts.distribution), answered))
         offer_version(facts);
 }
 
@@ -152,7 +159,7 @@ void InstallationOffers::offer_version(const InstallationFacts& facts) {
         m_parts.stop_for_version("chronyd", facts.embedded.label);
         return;
     }
-    if (facts.installed.label == facts.embedded.label)
+    if (facts.installed.label == facts.embedded.label && facts.same_programs)
         return;
     const auto answered = [this, self = std::weak_ptr(m_self)](std::size_t button) {
         if (button == 0 && !self.expired())

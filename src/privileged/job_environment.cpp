@@ -68,10 +68,8 @@ JobProbes make_job_probes(const JobMachine& machine) {
             .check_syntax = [machine](const std::string& text) { return check_syntax(machine, text); },
             .find_chronywake = [machine] { return find_chronywake(machine); },
             .daemon_survives = [watch](const std::string& unit) { return watch.daemon_survives(unit); },
-            .started_daemon =
-                [look = StartedDaemonLook{machine.execute, file_exists, machine.read_file}](const std::string& unit) {
-                    return look.started_daemon(unit);
-                },
+            .started_daemon = [look = StartedDaemonLook{machine.execute, file_exists, machine.read_file}](
+                                  const std::string& unit) { return look.started_daemon(unit); },
             .filters_calls =
                 [machine] {
                     const auto said =

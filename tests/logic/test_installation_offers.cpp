@@ -24,6 +24,8 @@ struct InstallationOffersTest : ::testing::Test {
     std::vector<std::size_t> answers;
     bool suppress = false;
     bool unasked = false;
+    bool same_programs = true;
+    InstalledPaths paths{"/c/chrony.conf", "/c/chronyc", "/c/chronyd"};
     Alert last;
 
     void SetUp() override { answer_versions("1", "1"); }
@@ -57,10 +59,7 @@ struct InstallationOffersTest : ::testing::Test {
              .main_thread = main_thread,
              .bundle = "/B.app",
              .file_exists = [this](const std::string& path) { return files.contains(path); },
-             .paths =
-                 [] {
-                     return InstalledPaths{"/c/chrony.conf", "/c/chronyc", "/c/chronyd"};
-                 },
+             .paths = [this] { return paths; },
              .uses_distribution_unasked = [this] { return unasked; },
              .show =
                  [this](const Alert& alert, const std::function<void(AlertAnswer)>& answered) {
@@ -74,9 +73,10 @@ struct InstallationOffersTest : ::testing::Test {
              .translate = [](const char* text, const char*) { return std::string(text); },
              .install = [this] { events.emplace_back("install"); },
              .use_distribution = [this](const DistributionChrony& chrony) { events.push_back(chrony.unit); },
-             .stop_for_version =
+             .stop_for_version = [this](const std::string&, const std::string&) { events.emplace_back("stop"); },
+             .same_files =
                  [this](const std::string&, const std::string&) {
-                     events.emplace_back("stop");
+                     return same_programs;
                  }});
         offers.start();
         queue.turn();
@@ -131,9 +131,19 @@ TEST_F(InstallationOffersTest, DistributionsChronyThatIsUsedUnaskedIsToldOnceAnd
 TEST_F(InstallationOffersTest, DistributionsChronyIsOfferedOnce) {
     files = {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"};
     EXPECT_EQ(run({1, 1}), (Events{"SystemChronyAlert", "FirstRunAlert"}));
+    EXPECT_NE(last.informative.find("give up what its packages provide"), std::string::npos);
     EXPECT_EQ(run({1}), Events{"FirstRunAlert"});
     warnings.resetWarnings();
     EXPECT_EQ(run({0}), (Events{"SystemChronyAlert", "chrony.service"}));
+}
+
+TEST_F(InstallationOffersTest, OnlyOurOwnProgramsAreCompared) {
+    same_programs = false; // a security update need not change the version
+    EXPECT_EQ(run({0}), (Events{"VersionCompareAlert", "install"}));
+    files = {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"};
+    paths = {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd"};
+    answer_versions("4.2", "4.3");
+    EXPECT_EQ(run({0}), Events{});
 }
 
 } // namespace

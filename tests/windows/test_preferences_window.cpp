@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
@@ -32,6 +34,8 @@ struct PreferencesTest : testing::WindowTest<Preferences> {
     bool agent_works = true;
     int advanced_changes = 0;
     std::function<void(std::string)> wake_done;
+    std::function<void(bool done, const std::string& sentence)> adjust_done;
+    std::optional<bool> adjusted; // as the record had it
     std::function<void(std::string)> test_done;
     bool has_helper = true;
 
@@ -71,6 +75,10 @@ struct PreferencesTest : testing::WindowTest<Preferences> {
             };
             parts.run_chronywake = [this](auto done) {
                 test_done = done;
+            };
+            parts.adjust_clock = [this](auto done) {
+                adjusted = general.adj_system;
+                adjust_done = done;
             };
         }
         window = std::make_unique<Preferences>(parts);
@@ -142,6 +150,7 @@ TEST_F(PreferencesTest, RestoreDefaultsLeavesTheLaunchAtLogin) {
 }
 
 TEST_F(PreferencesTest, TheClockIsLeftAloneOnlyAfterAWarning) {
+    has_helper = false;
     open();
     press("m_adj_system");
     EXPECT_TRUE(general.adj_system); // not decided yet
@@ -159,6 +168,22 @@ TEST_F(PreferencesTest, TheClockIsLeftAloneOnlyAfterAWarning) {
     press("m_adj_system");
     press("m_adj_system");
     EXPECT_TRUE(answer("Cancel"));
+}
+
+TEST_F(PreferencesTest, TheClocksBoxSaysWhatTheDaemonDoes) {
+    open();
+    press("m_adj_system");
+    ASSERT_TRUE(answer("Continue"));
+    EXPECT_EQ(adjusted, std::optional(false));
+    EXPECT_FALSE(find<QCheckBox>("m_adj_system")->isEnabled()); // while the daemon is restarted
+    adjust_done(true, "");
+    EXPECT_FALSE(ticked("m_adj_system") || load(settings, settings::adj_system));
+    press("m_adj_system");
+    EXPECT_EQ(adjusted, std::optional(true));
+    adjust_done(false, "The helper refused.");
+    EXPECT_EQ(words("status"), "The helper refused.");
+    EXPECT_FALSE(ticked("m_adj_system") || general.adj_system || load(settings, settings::adj_system));
+    EXPECT_TRUE(find<QCheckBox>("m_adj_system")->isEnabled());
 }
 
 TEST_F(PreferencesTest, LaunchAtLoginStaysOnlyWhenItWorks) {

@@ -111,6 +111,11 @@ struct TrackingWindowTest : ::testing::Test {
                 [this](const auto& done) {
                     done({setting, "/etc/chrony.conf"});
                 },
+            .make_log_readable =
+                [this](const auto& done) {
+                    guarded.found = FollowedFiles::Found::file;
+                    done(true, "");
+                },
             .now =
                 [] {
                     return end_of_log;
@@ -384,6 +389,20 @@ TEST_F(TrackingWindowTest, LogThatCannotBeReadIsToldAndReadOnceItCan) {
     EXPECT_TRUE(eventually([this] { return blocks == 1; }));
     EXPECT_EQ(window->records().size(), static_cast<std::size_t>(records_in_log));
     EXPECT_TRUE(says(""));
+}
+
+TEST_F(TrackingWindowTest, TheLiveLogIsMadeReadableByAButton) {
+    guarded.found = FollowedFiles::Found::unreadable;
+    open("tracking.log", true);
+    auto* button = find<QPushButton>("makeReadable");
+    EXPECT_TRUE(eventually([&] { return button->isVisible(); }));
+    button->click();
+    EXPECT_TRUE(eventually([this] { return blocks == 1; }));
+    EXPECT_TRUE(eventually([&] { return !button->isVisible(); }));
+    guarded.found = FollowedFiles::Found::unreadable;
+    open(); // somebody's own file is no business of root's
+    EXPECT_TRUE(eventually([&] { return !find<QLabel>("readout")->text().isEmpty(); }));
+    EXPECT_FALSE(find<QPushButton>("makeReadable")->isVisible());
 }
 
 } // namespace
