@@ -92,12 +92,12 @@ std::optional<HelperCaller> Callers::known(const std::string& name) const {
     return caller;
 }
 
-void Callers::find(const std::string& name, Done done) {
+void Callers::find(const std::string& name, const Done& done) {
     if (const auto caller = known(name); caller || !ask(name, done))
         done(caller);
 }
 
-bool Callers::ask(const std::string& name, Done done) {
+bool Callers::ask(const std::string& name, const Done& done) {
     auto& question = m_questions[name];
     if (!question) {
         question = std::make_unique<Question>(Question{this, name, {}, nullptr});
@@ -112,7 +112,7 @@ bool Callers::ask(const std::string& name, Done done) {
     }
     if (question->waiting.size() >= most_waiting)
         return false;
-    question->waiting.push_back(std::move(done));
+    question->waiting.push_back(done);
     return true;
 }
 

@@ -25,7 +25,7 @@ public:
 
     // Asks the bus without waiting; `done` is called at once where the name is known already. Nothing when the
     // connection has left, or when more are being asked about than an honest machine has.
-    void find(const std::string& name, Done done);
+    void find(const std::string& name, const Done& done);
 
     // What is known already.
     [[nodiscard]] std::optional<HelperCaller> known(const std::string& name) const;
@@ -46,8 +46,8 @@ private:
         BusSlot slot;
     };
     static int on_change(sd_bus_message* message, void* self, sd_bus_error* error);
-    static int on_answer(sd_bus_message* answer, void* question, sd_bus_error* error);
-    [[nodiscard]] bool ask(const std::string& name, Done done);
+    static int on_answer(sd_bus_message* answer, void* data, sd_bus_error* error);
+    [[nodiscard]] bool ask(const std::string& name, const Done& done);
     std::optional<HelperCaller> keep(const std::string& name, sd_bus_message* answer);
 
     sd_bus* m_bus;

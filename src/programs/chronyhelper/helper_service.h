@@ -41,8 +41,8 @@ private:
                           sd_bus_message* reply, void* self, sd_bus_error* error);
     static int on_protocol(sd_bus* bus, const char* path, const char* interface, const char* property,
                            sd_bus_message* reply, void* self, sd_bus_error* error);
-    static int on_idle(sd_event_source* source, std::uint64_t time, void* self);
-    static int on_minute(sd_event_source* source, std::uint64_t time, void* self);
+    static int on_idle(sd_event_source* source, std::uint64_t time, void* data);
+    static int on_minute(sd_event_source* source, std::uint64_t time, void* data);
     static const sd_bus_vtable vtable[];
 
     [[nodiscard]] int set_up();

@@ -16,7 +16,7 @@ constexpr std::string_view prefix = "item-";
 
 std::string stage_file(const std::string& folder, std::string_view bytes) {
     static unsigned count = 0;
-    const auto path = folder + '/' + std::string(prefix) + std::to_string(++count);
+    auto path = folder + '/' + std::string(prefix) + std::to_string(++count);
     if (write_new_file(path, bytes, 0644) == 0)
         return path;
     ::unlink(path.c_str()); // half a file must not be installed
