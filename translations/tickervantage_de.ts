@@ -156,6 +156,10 @@ Was jetzt installiert ist, bleibt in der Liste.</translation>
         <source>Bringing back a configuration</source>
         <translation>Eine Konfiguration wird zurückgeholt</translation>
     </message>
+    <message>
+        <source>Restarting chronyd daemon</source>
+        <translation>chronyd wird neu gestartet</translation>
+    </message>
 </context>
 <context>
     <name>alerts</name>
@@ -1315,21 +1319,6 @@ Schließen Sie dieses Fenster und verschieben Sie die Datei, um Punkte der hiesi
         <translation>Über Grad 2 wird die Kurve mit 1, x, x², x⁴, x⁸ und so weiter angepasst, aber mit gewöhnlichen Potenzen 1, x, x², x³, x⁴ berechnet: Sie muss den Punkten nicht folgen.</translation>
     </message>
     <message>
-        <source>Cubic (degree 3), evaluated with ordinary powers</source>
-        <extracomment>frequency and temperature window: fitted curve; its terms are fitted as 1, x, x², x⁴, but evaluated as 1, x, x², x³</extracomment>
-        <translation>Kubisch (Grad 3), mit gewöhnlichen Potenzen berechnet</translation>
-    </message>
-    <message>
-        <source>Quartic (degree 4), evaluated with ordinary powers</source>
-        <extracomment>frequency and temperature window: fitted curve, see degree 3</extracomment>
-        <translation>Quartisch (Grad 4), mit gewöhnlichen Potenzen berechnet</translation>
-    </message>
-    <message>
-        <source>Degree %1, evaluated with ordinary powers</source>
-        <extracomment>frequency and temperature window: fitted curve; %1 is a number above four; see degree 3</extracomment>
-        <translation>Grad %1, mit gewöhnlichen Potenzen berechnet</translation>
-    </message>
-    <message>
         <source>The saved file %1 names no sensor, and sensors are not added to a saved file.
 Close this window, which removes that file, and open it again to collect points.</source>
         <extracomment>frequency and temperature window: shown in place of the points; %1 is a file</extracomment>
@@ -1340,6 +1329,21 @@ Schließen Sie dieses Fenster, was die Datei entfernt, und öffnen Sie es wieder
         <source>%1; drawn %2</source>
         <extracomment>exported plot: %1 the kind of curve, %2 a date with time and zone</extracomment>
         <translation>%1; gezeichnet %2</translation>
+    </message>
+    <message>
+        <source>Cubic (degree 3), ordinary powers</source>
+        <extracomment>frequency and temperature window: fitted curve; its terms are fitted as 1, x, x², x⁴, but evaluated as 1, x, x², x³</extracomment>
+        <translation>Kubisch (Grad 3), gewöhnliche Potenzen</translation>
+    </message>
+    <message>
+        <source>Quartic (degree 4), ordinary powers</source>
+        <extracomment>frequency and temperature window: fitted curve, see degree 3</extracomment>
+        <translation>Quartisch (Grad 4), gewöhnliche Potenzen</translation>
+    </message>
+    <message>
+        <source>Degree %1, ordinary powers</source>
+        <extracomment>frequency and temperature window: fitted curve; %1 is a number above four; see degree 3</extracomment>
+        <translation>Grad %1, gewöhnliche Potenzen</translation>
     </message>
 </context>
 <context>
@@ -1941,6 +1945,11 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <comment>system chrony in use: button</comment>
         <translation>Schließen</translation>
     </message>
+    <message>
+        <source>They take the place of the chrony that this system has, and give up what its packages provide: updates by the system, and the confinement by AppArmor.</source>
+        <comment>first run: where the system has a chrony of its own</comment>
+        <translation>Sie treten an die Stelle des chrony, das dieses System hat, und geben auf, was dessen Pakete bieten: Aktualisierungen durch das System und die Abschottung durch AppArmor.</translation>
+    </message>
 </context>
 <context>
     <name>plot_export</name>
@@ -2153,11 +2162,6 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <translation>alle</translation>
     </message>
     <message>
-        <source>Sa&amp;ve Arguments</source>
-        <extracomment>General preferences: buttons of chronywake</extracomment>
-        <translation>Argumente s&amp;peichern</translation>
-    </message>
-    <message>
         <source>&amp;Test</source>
         <extracomment>General preferences: button, runs chronywake once</extracomment>
         <translation>&amp;Testen</translation>
@@ -2196,6 +2200,11 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <source>chronywa&amp;ke:</source>
         <extracomment>General preferences: label of the path of chronywake</extracomment>
         <translation>chronywa&amp;ke:</translation>
+    </message>
+    <message>
+        <source>A&amp;pply</source>
+        <extracomment>General preferences: buttons of chronywake</extracomment>
+        <translation>An&amp;wenden</translation>
     </message>
 </context>
 <context>
@@ -2674,6 +2683,34 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
     <message>
         <source>A server has a name or an address, without quotes or signs.</source>
         <translation>Ein Server hat einen Namen oder eine Adresse, ohne Anführungs- oder Sonderzeichen.</translation>
+    </message>
+    <message>
+        <source>The older installation was not removed as a whole.</source>
+        <translation>Die ältere Installation wurde nicht vollständig entfernt.</translation>
+    </message>
+    <message>
+        <source>The older installation was not removed as a whole: %1.</source>
+        <translation>Die ältere Installation wurde nicht vollständig entfernt: %1.</translation>
+    </message>
+    <message>
+        <source>The processes could not be listed.</source>
+        <translation>Die Prozesse konnten nicht aufgelistet werden.</translation>
+    </message>
+    <message>
+        <source>The processes could not be listed: %1.</source>
+        <translation>Die Prozesse konnten nicht aufgelistet werden: %1.</translation>
+    </message>
+    <message>
+        <source>chronyd still treats the clock as before: %1</source>
+        <translation>chronyd behandelt die Uhr weiter wie zuvor: %1</translation>
+    </message>
+    <message>
+        <source>The root helper is of another version: start this program again, or install its package again.</source>
+        <translation>Der Root-Helfer hat eine andere Version: Starten Sie dieses Programm neu, oder installieren Sie sein Paket noch einmal.</translation>
+    </message>
+    <message>
+        <source>The root helper is missing: install the package of this program again.</source>
+        <translation>Der Root-Helfer fehlt: Installieren Sie das Paket dieses Programms noch einmal.</translation>
     </message>
 </context>
 <context>
@@ -3640,11 +3677,6 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <translation>chronywake einmal ausführen und sehen, was es antwortet</translation>
     </message>
     <message>
-        <source>chronywake&apos;s arguments are saved.</source>
-        <extracomment>General preferences: said when chronywake&apos;s job carries the new arguments</extracomment>
-        <translation>Die Argumente von chronywake sind gespeichert.</translation>
-    </message>
-    <message>
         <source>chronywake</source>
         <extracomment>alert after a test of chronywake: title</extracomment>
         <translation>chronywake</translation>
@@ -3683,6 +3715,26 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <source>chronywake is not installed.</source>
         <extracomment>General preferences: said below the path of chronywake</extracomment>
         <translation>chronywake ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>Apply installs chronywake.</source>
+        <extracomment>General preferences: said after the box &quot;Install chronywake&quot; was ticked, about the button Apply</extracomment>
+        <translation>Anwenden installiert chronywake.</translation>
+    </message>
+    <message>
+        <source>Apply removes chronywake.</source>
+        <extracomment>General preferences: said after that box was cleared</extracomment>
+        <translation>Anwenden entfernt chronywake.</translation>
+    </message>
+    <message>
+        <source>chronywake is installed with these arguments.</source>
+        <extracomment>General preferences: said when chronywake runs as a service with the arguments in the window</extracomment>
+        <translation>chronywake ist mit diesen Argumenten installiert.</translation>
+    </message>
+    <message>
+        <source>chronywake is removed.</source>
+        <extracomment>General preferences: said after the button Apply</extracomment>
+        <translation>chronywake ist entfernt.</translation>
     </message>
 </context>
 <context>
@@ -4343,6 +4395,16 @@ tracking window: menu item of the graph, chooses height and unit</extracomment>
         <source>%1 to %2</source>
         <extracomment>exported graph: the time that it shows; %1 and %2 are dates with time and zone</extracomment>
         <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>&amp;Make Readable</source>
+        <extracomment>tracking window: button, shown where the log may be read by chronyd alone</extracomment>
+        <translation>&amp;Lesbar machen</translation>
+    </message>
+    <message>
+        <source>Let everybody on this computer read chrony&apos;s tracking log, from now on</source>
+        <extracomment>tracking window: tooltip of that button</extracomment>
+        <translation>Allen auf diesem Rechner von nun an erlauben, das Tracking-Protokoll von chrony zu lesen</translation>
     </message>
 </context>
 <context>

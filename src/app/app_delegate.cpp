@@ -90,12 +90,14 @@ void AppDelegate::settings_changed() {
 void AppDelegate::make_main_window() {
     m_main_window = std::make_unique<TickervantageWindow>(
         m_parts.cycle, cycle_options(),
-        MainWindowRequests{.stop_program = [this](const QString& sentence) { stop_program(sentence); },
-                           .launch_gpsd_application = [this] { launchMeridianox(); },
-                           .show_preferences =
-                               [this] {
-                                   settings_windows().showPreferences(Preferences::Pane::general);
-                               }});
+        MainWindowRequests{
+            .stop_program = [this](const QString& sentence) { stop_program(sentence); },
+            .launch_gpsd_application = [this] { launchMeridianox(); },
+            .show_preferences = [this] { settings_windows().showPreferences(Preferences::Pane::general); },
+            .log_error =
+                [this](const QString& sentence) {
+                    m_parts.logger.log(LogLevel::error, sentence.toStdString());
+                }});
     make_administration();
     make_help();
     m_menus = build_application_menus(m_main_window.get(), menu_handlers(),

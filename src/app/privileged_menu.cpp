@@ -17,10 +17,11 @@ struct Texts {
 /* TRANSLATOR administration
    main window: jobs that need administrator rights, and what is told of them while and after they run. */
 // Made in the catalogue of jobs.
-[[maybe_unused]] constexpr std::array<const char*, 11> progress_texts{
+[[maybe_unused]] constexpr std::array<const char*, 12> progress_texts{
     QT_TRANSLATE_NOOP("administration", "Installing chrony software"),
     QT_TRANSLATE_NOOP("administration", "Removing chrony software"),
     QT_TRANSLATE_NOOP("administration", "Starting chronyd daemon"),
+    QT_TRANSLATE_NOOP("administration", "Restarting chronyd daemon"),
     QT_TRANSLATE_NOOP("administration", "Stopping chronyd daemon"),
     QT_TRANSLATE_NOOP("administration", "Installing chronywake"),
     QT_TRANSLATE_NOOP("administration", "Removing chronywake"),

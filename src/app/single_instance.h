@@ -1,7 +1,7 @@
 // One process of the program a session: the first owns a name on the session bus, and a start that finds the name taken
 // hands its files over and ends. Where there is no session bus, every start stands alone.
 //
-// The interface is org.freedesktop.Application of the Desktop Entry Specification (freedesktop.org), under the name of
+// The interface is org.freedesktop.Application as freedesktop.org describes it for desktop files, under the name of
 // the desktop file. Main thread only; a QApplication lives.
 #pragma once
 

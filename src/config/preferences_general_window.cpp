@@ -383,9 +383,10 @@ void PreferencesGeneralPane::installChronyWake() {
     if (!m_parts.install_or_remove_wake)
         return;
     //: General preferences: said after the box "Install chronywake" was ticked, about the button Apply
-    say(m_parts.general.install_wake ? tr("Apply installs chronywake.")
-                                     //: General preferences: said after that box was cleared
-                                     : tr("Apply removes chronywake."));
+    const QString installs = tr("Apply installs chronywake.");
+    //: General preferences: said after that box was cleared
+    const QString removes = tr("Apply removes chronywake.");
+    say(m_parts.general.install_wake ? installs : removes);
 }
 
 void PreferencesGeneralPane::update_wake() {
@@ -420,9 +421,10 @@ void PreferencesGeneralPane::saveArguments() {
         shared->pane->update_wake();
         const bool wanted = shared->pane->m_parts.general.install_wake;
         //: General preferences: said when chronywake runs as a service with the arguments in the window
-        const QString success = wanted ? tr("chronywake is installed with these arguments.")
-                                       //: General preferences: said after the button Apply
-                                       : tr("chronywake is removed.");
+        const QString installed = tr("chronywake is installed with these arguments.");
+        //: General preferences: said after the button Apply
+        const QString removed = tr("chronywake is removed.");
+        const QString success = wanted ? installed : removed;
         shared->pane->say(sentence.empty() ? success : spoken(sentence), !sentence.empty());
     });
 }

@@ -283,6 +283,10 @@ void TickervantageWindow::stop_for_version(const std::string& program, const std
         tr("Asked for its version, %1 printed “%2”, which is not how chrony answers. "
            "Please check the path of %1 in the preferences.")
             .arg(from_std(program), from_std(answer));
+    if (!m_controls.wrong_program->isHidden() && m_controls.wrong_program_words->text() == sentence)
+        return; // each reading asks again
+    if (m_requests.log_error)
+        m_requests.log_error(sentence);
     m_controls.wrong_program_words->setText(sentence);
     m_controls.wrong_program->show();
 }

@@ -90,6 +90,8 @@ int AdminCommand::carry_out(const AdminRequest& request, PrivilegedActions& acti
                          {"sentence", text_or_null(result.sentence)},
                          {"output", text_or_null(result.output)},
                          {"replies", replies}});
+    if (form == OutputForm::text && result.done && request.job == AdminJob::install)
+        out << "chrony is installed; it runs once you start it: tickerctl admin start\n";
     return tell(result, err);
 }
 
