@@ -155,8 +155,11 @@ int uninstall_helper(std::string& sentence) {
     for (const char* folder : {"/Contents/MacOS", "/Contents/Resources", "/Contents", ""})
         ::rmdir((std::string(own_bundle) + folder).c_str());
     ::rmdir(parent_folder(own_bundle).c_str());
-    History().remove();
+    const std::string activation = parent_folder(system_files[3].path);
+    ::rmdir(activation.c_str());
+    ::rmdir(parent_folder(activation).c_str()); // both were made for this one file, and stay where there is another
     if (!packaged) {
+        History().remove(); // a package's helper goes on with it
         ::unlink(rules_file);
         ::rmdir(parent_folder(rules_file).c_str()); // stays where the administrator keeps more in it
     }
