@@ -1857,7 +1857,7 @@ Schließen Sie dieses Fenster, was die Datei entfernt, und öffnen Sie es wieder
     </message>
     <message>
         <source>&amp;Former Configurations…</source>
-        <translation>Frü&amp;here Konfigurationen …</translation>
+        <translation>&amp;Frühere Konfigurationen …</translation>
     </message>
 </context>
 <context>
@@ -2199,7 +2199,7 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
     <message>
         <source>chronywa&amp;ke:</source>
         <extracomment>General preferences: label of the path of chronywake</extracomment>
-        <translation>chronywa&amp;ke:</translation>
+        <translation>&amp;chronywake:</translation>
     </message>
     <message>
         <source>A&amp;pply</source>
@@ -4399,7 +4399,7 @@ tracking window: menu item of the graph, chooses height and unit</extracomment>
     <message>
         <source>&amp;Make Readable</source>
         <extracomment>tracking window: button, shown where the log may be read by chronyd alone</extracomment>
-        <translation>&amp;Lesbar machen</translation>
+        <translation>Lesbar &amp;machen</translation>
     </message>
     <message>
         <source>Let everybody on this computer read chrony&apos;s tracking log, from now on</source>

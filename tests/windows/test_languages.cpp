@@ -1,6 +1,8 @@
 // The German translation, as built: it loads, and says what the sources say.
 #include "platform/qt/languages.h"
 #include "platform/qt/spoken.h"
+#include "support/keyboard.h"
+#include "support/real_application.h"
 
 #include <gtest/gtest.h>
 
@@ -113,6 +115,35 @@ TEST(Languages, GermanKeepsPlaceholdersKeysAndBlanksAtTheEnds) {
     }
     EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
     EXPECT_GT(checked, 600);
+}
+
+// Letters that are free in English are not so in German.
+using GermanApplication = testing::RealApplication;
+
+TEST_F(GermanApplication, NoKeyReachesTwoThings) {
+    const InLanguage german("de_DE");
+    administration = machine();
+    administration->probes.file_names = [](const std::string&) {
+        return std::vector<std::string>();
+    };
+    launch();
+    settle();
+    for (const char* name : {"showPreferences", "showServers", "liveTracking", "showSpectrum", "showFreqTemp",
+                             "formerConfigurations", "newConfiguration"}) {
+        item(name)->trigger();
+        settle();
+    }
+    int windows = 0;
+    for (const auto* window : QApplication::topLevelWidgets()) {
+        if (!window->isVisible() || window->windowType() == Qt::Popup)
+            continue;
+        ++windows;
+        const auto name = testing::name_of(window);
+        EXPECT_EQ(testing::clashes(testing::mnemonic_texts(*window)), std::vector<std::string>()) << name;
+        for (const auto* menu : window->findChildren<QMenu*>())
+            EXPECT_EQ(testing::clashes(testing::texts_of(*menu)), std::vector<std::string>()) << name;
+    }
+    EXPECT_GE(windows, 8);
 }
 
 } // namespace
