@@ -52,7 +52,7 @@ QSlider* unit_slider(QWidget* parent) {
     made->setRange(static_cast<int>(key.minimum), static_cast<int>(key.maximum));
     made->setPageStep(1);
     made->setTickInterval(1);
-    made->setTickPosition(QSlider::TicksBelow);
+    made->setTickPosition(QSlider::TicksBothSides);
     return made;
 }
 
@@ -155,7 +155,9 @@ void build_texts(QWidget* central, TrackingControls& controls) {
     controls.readout = date_label(central, "readout", Texts::tr("Under the pointer"));
     controls.readout->setTextFormat(Qt::PlainText);
     controls.readout->setAlignment(Qt::AlignCenter);
-    controls.readout->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    controls.readout->setWordWrap(true);
+    // The graph does not move under the pointer when the words grow.
+    controls.readout->setFixedHeight(2 * controls.readout->fontMetrics().lineSpacing() + 2);
     //: tracking window: button, shown where the log may be read by chronyd alone
     controls.makeReadable = named(new QPushButton(Texts::tr("&Make Readable"), central), "makeReadable",
                                   //: tracking window: tooltip of that button

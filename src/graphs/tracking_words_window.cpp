@@ -37,8 +37,8 @@ QString words_of(const Readout& readout, const std::array<bool, series_count>& s
         if (!shown[i] || std::isnan(readout.values[i]))
             continue;
         const auto series = static_cast<Series>(i);
-        text += QStringLiteral("   ") + series_title(series) + QLatin1Char(' ') +
-                value_text(series, readout.values[i], locale);
+        QString value = series_title(series) + QLatin1Char(' ') + value_text(series, readout.values[i], locale);
+        text += QStringLiteral("   ") + value.replace(QLatin1Char(' '), QChar::Nbsp); // lines end between series
     }
     return text;
 }

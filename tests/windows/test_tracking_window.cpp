@@ -275,7 +275,7 @@ TEST_F(TrackingWindowTest, ReadoutAndExportTellWhatIsInSight) {
     auto* area = find<GraphScrollArea>("trackingView");
     area->resize_frame();
     Q_EMIT area->pointed_at(area->frame().width - 60);
-    EXPECT_TRUE(find<QLabel>("readout")->text().contains(QStringLiteral("-5.123 ppm")))
+    EXPECT_TRUE(find<QLabel>("readout")->text().contains(QStringLiteral("-5.123\u00a0ppm")))
         << find<QLabel>("readout")->text().toStdString();
     const std::string newest = local_date_time(window->records().time(records_in_log - 1));
     EXPECT_TRUE(find<QLabel>("readout")->text().startsWith(QString::fromStdString(newest)));
