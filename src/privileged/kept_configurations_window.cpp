@@ -18,6 +18,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace tickervantage {
@@ -133,7 +134,16 @@ void KeptConfigurationsWindow::load() {
     });
 }
 
+// The list is read again after a job: what was chosen stays so.
+int KeptConfigurationsWindow::place_of(std::uint64_t number) const {
+    const auto found =
+        std::ranges::find(m_content.kept, number, [](const KeptConfiguration& one) { return one.entry.number; });
+    return found == m_content.kept.end() ? 0 : static_cast<int>(found - m_content.kept.begin());
+}
+
 void KeptConfigurationsWindow::show_content(Content content) {
+    const auto* one = chosen();
+    const std::uint64_t before = one ? one->entry.number : 0;
     m_content = std::move(content);
     m_list->clear();
     for (std::size_t at = 0; at < m_content.kept.size(); ++at) {
@@ -148,7 +158,7 @@ void KeptConfigurationsWindow::show_content(Content content) {
         //: former configurations: said where nothing was kept yet
         m_words->setText(tr("No configuration has been kept yet: the first one is when you install one."));
     else
-        m_list->setCurrentItem(m_list->topLevelItem(0));
+        m_list->setCurrentItem(m_list->topLevelItem(place_of(before)));
     show_difference();
 }
 

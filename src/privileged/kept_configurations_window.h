@@ -8,6 +8,7 @@
 
 #include <QDialog>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -57,6 +58,7 @@ private:
     void show_difference();
     void restore();
     [[nodiscard]] const KeptConfiguration* chosen() const;
+    [[nodiscard]] int place_of(std::uint64_t number) const; // in the list; 0 where it is not
 
     KeptConfigurationsParts m_parts;
     Content m_content;

@@ -146,6 +146,7 @@ TEST_F(AdministrationJourney, FormerConfigurationIsShownComparedAndBroughtBack) 
         EXPECT_EQ(answer(*history, choice), "Bring back this configuration?");
         settle();
         EXPECT_EQ(machine_files[installed], text) << choice;
+        EXPECT_EQ(list->indexOfTopLevelItem(list->currentItem()), 1) << "still chosen in the new list";
     }
     EXPECT_LT(place_of("checkitem"), place_of("stopchrony"));
     EXPECT_EQ(history->findChild<QLabel*>(QStringLiteral("words"))->text(),
