@@ -54,10 +54,18 @@ bool flush(const std::string& path) {
     return file.valid() && ::fsync(file.get()) == 0;
 }
 
-bool put(const std::string& folder, const std::string& name, std::string_view text) {
+// Whoever may not read a configuration must not find it here either.
+unsigned mode_beside(const std::string& configuration) {
+    struct stat status {};
+    const bool is_open = ::stat(configuration.c_str(), &status) == 0 && (status.st_mode & S_IROTH) != 0;
+    return is_open ? 0644 : 0600;
+}
+
+bool put(const std::string& path, std::string_view text, unsigned mode) {
+    const auto folder = parent_folder(path);
     const auto draft = folder + "/.new";
-    return make_folders(folder) && write_new_file(draft, text, 0644) == 0 && flush(draft) &&
-           ::rename(draft.c_str(), (folder + '/' + name).c_str()) == 0 && flush(folder);
+    return make_folders(folder) && write_new_file(draft, text, mode) == 0 && flush(draft) &&
+           ::rename(draft.c_str(), path.c_str()) == 0 && flush(folder);
 }
 
 bool read_installed(const std::string& configuration, std::string& text) {
@@ -78,10 +86,12 @@ std::string History::text_of(const std::string& folder, const HistoryEntry& entr
     return text;
 }
 
-void History::add(const std::string& folder, const Entries& entries, HistoryEntry entry, std::string_view text) const {
+void History::add(const std::string& configuration, const Entries& entries, HistoryEntry entry,
+                  std::string_view text) const {
+    const auto folder = folder_of(configuration);
     entry.number = entries.empty() ? 1 : entries.back().number + 1;
     entry.seconds = ::time(nullptr);
-    if (!put(folder, history_name(entry), text))
+    if (!put(folder + '/' + history_name(entry), text, mode_beside(configuration)))
         return journal_note("The configuration could not be kept in " + folder + ".");
     for (std::size_t at = 0; at + longest_history < entries.size() + 1; ++at)
         ::unlink((folder + '/' + history_name(entries[at])).c_str());
@@ -92,7 +102,7 @@ void History::before(const std::string& configuration) const {
     const auto entries = entries_in(folder);
     std::string text;
     if (read_installed(configuration, text) && (entries.empty() || text_of(folder, entries.back()) != text))
-        add(folder, entries, {.reason = HistoryReason::found}, text);
+        add(configuration, entries, {.reason = HistoryReason::found}, text);
 }
 
 void History::after(const std::string& configuration, std::uint32_t user) const {
@@ -103,8 +113,8 @@ void History::after(const std::string& configuration, std::uint32_t user) const 
         return;
     const bool was_there =
         std::ranges::any_of(entries, [&](const auto& entry) { return text_of(folder, entry) == text; });
-    add(folder, entries, {.user = user, .reason = was_there ? HistoryReason::rolled_back : HistoryReason::installed},
-        text);
+    add(configuration, entries,
+        {.user = user, .reason = was_there ? HistoryReason::rolled_back : HistoryReason::installed}, text);
 }
 
 void History::remove() const {

@@ -1,7 +1,7 @@
 // Keeps the texts of the configurations that were installed, for the day when one of them is wanted back.
 //
 // It is kept beside the work: what cannot be kept goes to the journal and stops nothing. What is read here was written
-// by root alone, and everybody may read it.
+// by root alone, and everybody may read it who may read the configuration.
 #pragma once
 
 #include "privileged/helper_history.h"
@@ -32,7 +32,7 @@ private:
 
     [[nodiscard]] std::string folder_of(const std::string& configuration) const;
     [[nodiscard]] std::string text_of(const std::string& folder, const HistoryEntry& entry) const;
-    void add(const std::string& folder, const Entries& entries, HistoryEntry entry, std::string_view text) const;
+    void add(const std::string& configuration, const Entries& entries, HistoryEntry entry, std::string_view text) const;
 
     std::string m_folder;
 };
