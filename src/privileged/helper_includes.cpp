@@ -29,6 +29,13 @@ std::vector<Pattern> patterns_in(const DirectiveWords& words) {
     return patterns;
 }
 
+// A pattern from an ordinary user must not lead a search by root out of the configurations, through all of the machine.
+// ".." need not be written out: ".*" matches it.
+bool leads_away(const std::string& pattern) {
+    return pattern.find_first_of("*?[") != std::string::npos &&
+           (pattern.find("/.") != std::string::npos || pattern.find('\\') != std::string::npos);
+}
+
 class Walk {
 public:
     Walk(const std::string& destination, const IncludedFiles& files) : m_files(files), m_targets{destination} {
@@ -53,6 +60,8 @@ private:
         };
         if (std::ranges::any_of(m_targets, names))
             return true;
+        if (leads_away(pattern.text))
+            return false; // a line that needs an authorisation of its own
         const auto paths = m_files.matching(pattern.text);
         return std::ranges::any_of(paths, [&](const std::string& path) {
             return m_targets.contains(path) || (pattern.has_directives && reads_back(path, depth + 1));

@@ -237,6 +237,22 @@ TEST(HelperContent, ConfigurationsThatIncludeThemselvesAreFound) {
         << "also where nothing is installed yet";
 }
 
+TEST(HelperContent, NoPatternOfACallerLeadsASearchOutOfTheConfigurations) {
+    std::vector<std::string> searched;
+    const IncludedFiles files{[&searched](const std::string& pattern) {
+                                  searched.push_back(pattern);
+                                  return std::vector<std::string>();
+                              },
+                              [](const std::string&) {
+                                  return std::string();
+                              }};
+    for (const char* pattern : {"/etc/chrony/../../*/*/*/*", "/etc/chrony/.*/.*/*/*", "/etc/chrony/\\.*/\\.*/*",
+                                "/etc/chrony*/.?/*", "/etc/chrony/*/../../*"})
+        EXPECT_EQ(line_that_includes_itself(std::string("include ") + pattern + "\n", "/etc/chrony/chrony.conf", files),
+                  0);
+    EXPECT_EQ(searched, std::vector<std::string>(5, "/etc/chrony/chrony.conf")) << "the destination's other names only";
+}
+
 TEST(HelperContent, RefusalsOfChronydTellNothingOfFilesThatTheCallerMayNotRead) {
     const std::string path = "/run/chronyhelper/item-1";
     const std::string text = "server a\ninclude /etc/chrony/own\nconfdir /etc/chrony/secret\n";
