@@ -32,24 +32,28 @@ HelperInterruptions::Units stopped_by(const HelperRequest& request, std::string_
 } // namespace
 
 void HelperInterruptions::begin(const std::string& sender) {
-    if (const auto found = m_callers.find(sender); found != m_callers.end())
-        ++found->second.under_way;
+    ++m_under_way[sender];
+}
+
+void HelperInterruptions::note_end(const std::string& sender) {
+    if (const auto found = m_under_way.find(sender); found != m_under_way.end() && --found->second == 0)
+        m_under_way.erase(found);
 }
 
 HelperInterruptions::Units HelperInterruptions::end(const std::string& sender, const HelperRequest& request,
                                                     bool is_done, std::string_view reply) {
+    note_end(sender);
     const auto found = m_callers.find(sender);
     if (found == m_callers.end())
         return {};
     auto& caller = found->second;
-    caller.under_way = std::max(caller.under_way - 1, 0);
     if (request.verb == HelperVerb::start_chrony || manages(request, "start")) {
         m_callers.erase(found); // whether it came up is for the caller, who hears of it
         return {};
     }
     if (is_done)
         std::ranges::copy(stopped_by(request, reply), std::back_inserter(caller.stopped));
-    return caller.is_gone && caller.under_way == 0 ? take(sender) : Units{};
+    return caller.is_gone && !m_under_way.contains(sender) ? take(sender) : Units{};
 }
 
 HelperInterruptions::Units HelperInterruptions::gone(const std::string& sender) {
@@ -57,7 +61,7 @@ HelperInterruptions::Units HelperInterruptions::gone(const std::string& sender) 
     if (found == m_callers.end())
         return {};
     found->second.is_gone = true;
-    return found->second.under_way == 0 ? take(sender) : Units{};
+    return !m_under_way.contains(sender) ? take(sender) : Units{};
 }
 
 HelperInterruptions::Units HelperInterruptions::resume(const std::string& sender) {

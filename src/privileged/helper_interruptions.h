@@ -40,12 +40,14 @@ public:
 private:
     struct Caller {
         Units stopped;
-        int under_way = 0;
         bool is_gone = false;
     };
     [[nodiscard]] Units take(const std::string& sender);
 
+    void note_end(const std::string& sender);
+
     std::map<std::string, Caller> m_callers;
+    std::map<std::string, int> m_under_way; // requests of each sender, also those from before it was guarded
 };
 
 } // namespace tickervantage

@@ -62,6 +62,16 @@ TEST_F(HelperInterruptionsTest, AStopThatIsUnderWayWhenItsCallerGoesIsWaitedFor)
     EXPECT_TRUE(interruptions.empty());
 }
 
+TEST_F(HelperInterruptionsTest, AReportFromBeforeTheGuardDoesNotEndTheWaitingForAStop) {
+    interruptions.begin(":1.1");
+    interruptions.guard(":1.1");
+    interruptions.begin(":1.1");
+    EXPECT_EQ(interruptions.end(":1.1", install, true, ""), Units());
+    EXPECT_EQ(interruptions.gone(":1.1"), Units());
+    EXPECT_EQ(interruptions.end(":1.1", stop, true, "Stopped a.service."), Units{"a.service"});
+    EXPECT_TRUE(interruptions.empty());
+}
+
 TEST_F(HelperInterruptionsTest, OnRequestItIsStartedAtOnceAndAFarewellLeavesItStopped) {
     interruptions.guard(":1.1");
     (void)done(stop, "Stopped a.service.");
