@@ -180,12 +180,18 @@ int ChronyJobs::install_rotation(const std::string& configuration) {
     return 0;
 }
 
+// The service manager complains of what is not there.
+void ChronyJobs::disable_service(const ServiceDescription& service) {
+    if (m_probes.file_exists(definition_path(m_setting.form, service.label)))
+        attempt(disable_lines(m_setting.form, service));
+}
+
 int ChronyJobs::place_wake_tool() {
     if (m_setting.install_wake) {
         install_program(bundle_program("chronywake"), m_setting.chronywake);
         return install_service(wake(), false);
     }
-    attempt(disable_lines(m_setting.form, wake()));
+    disable_service(wake());
     remove_service(wake());
     (void)run(m_tool.remove_item(m_setting.chronywake));
     run(reload_lines(m_setting.form));
@@ -253,7 +259,7 @@ JobResult ChronyJobs::uninstall() {
     const auto rotation = rotation_service(script(), m_setting.chronyc, "");
     stop_daemon();
     for (const auto& service : {daemon(), rotation, wake()})
-        attempt(disable_lines(m_setting.form, service));
+        disable_service(service);
     for (const auto& service : {daemon(), rotation, wake()})
         remove_service(service);
     for (const auto& path : {m_setting.chronyd, m_setting.chronyc, m_setting.chronywake, script()})

@@ -96,6 +96,7 @@ private:
     [[nodiscard]] JobResult started();
     [[nodiscard]] int place_service(const ServiceDescription& service, bool with_parent);
     [[nodiscard]] int install_service(const ServiceDescription& service, bool with_parent);
+    void disable_service(const ServiceDescription& service);
     void remove_service(const ServiceDescription& service);
     void install_program(const std::string& source, const std::string& destination);
     StepReply install_item(const std::string& source, const std::string& destination, const char* mode,

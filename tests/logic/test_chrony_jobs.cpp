@@ -175,7 +175,6 @@ TEST_F(ChronyJobsTest, InstallationOverAnExistingConfigurationInUnits) {
                   R"(TOOL installitem "T/chronylogrotate.timer" "S/org.chrony-project.logrotate.timer" "0644")",
                   "/bin/systemctl enable --now org.chrony-project.logrotate.timer",
                   R"(TOOL installitem "B/Resources/chronylogrotate.sh" "/usr/local/bin/chronylogrotate.sh" "0755")",
-                  "/bin/systemctl disable --now net.brisklane.chronywake.service",
                   R"(TOOL removeitem "S/net.brisklane.chronywake.service")",
                   R"(TOOL removeitem "/usr/local/bin/chronywake")",
                   "/bin/systemctl daemon-reload",
@@ -183,6 +182,14 @@ TEST_F(ChronyJobsTest, InstallationOverAnExistingConfigurationInUnits) {
               }));
     EXPECT_NE(written("T/chronyd.service").find("chronyd -n -f /etc/chrony.d/chrony.conf -x\n"), std::string::npos);
     EXPECT_NE(written("T/chronylogrotate.timer").find("OnCalendar=*-*-* 04:05:00\n"), std::string::npos);
+}
+
+TEST_F(ChronyJobsTest, OnlyAServiceThatIsThereIsDisabled) {
+    files["/etc/systemd/system/net.brisklane.chronywake.service"] = "";
+    setting.form = ServiceForm::systemd;
+    Lines disabled = series({AdminJob::uninstall});
+    std::erase_if(disabled, [](const std::string& line) { return line.find(" disable ") == std::string::npos; });
+    EXPECT_EQ(disabled, Lines{"/bin/systemctl disable --now net.brisklane.chronywake.service"});
 }
 
 TEST_F(ChronyJobsTest, ConfigurationWithoutLogsInstallsNoRotation) {
