@@ -21,7 +21,7 @@ namespace tickervantage {
 struct MainWindowRequests {
     std::function<void(const QString& sentence)> stop_program; // say it to the user and end the program
     std::function<void()> launch_gpsd_application;
-    std::function<void()> show_preferences; // may be missing: then the button is disabled
+    std::function<void()> show_preferences;                      // may be missing: then the button is disabled
     std::function<void(const QString& sentence)> log_error = {}; // may be missing
 };
 
