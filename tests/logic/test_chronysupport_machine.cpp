@@ -161,6 +161,17 @@ TEST_F(ChronysupportMachineTest, TheDistributionsUnitGetsDropInsAndLosesThem) {
     EXPECT_FALSE(fs::exists(at("/etc/systemd/system/chrony.service.d")));
 }
 
+TEST_F(ChronysupportMachineTest, ThePackageRemovesNoProgramOfADistribution) {
+    for (const std::string program : {"/usr/sbin/chronywake", "/sbin/chronywake", "/bin/chronywake"}) {
+        for (const auto& file : definition_files(ServiceForm::systemd, wake_service(program, {})))
+            put(file.path, file.text);
+        m_systemd.units["net.brisklane.chronywake.service"] = {.enabled = true, .active = true};
+        put(program, "the distribution's\n", 0755);
+        ASSERT_TRUE(run({"removeinstallation"})) << m_line;
+        EXPECT_TRUE(fs::exists(at(program))) << program;
+    }
+}
+
 TEST_F(ChronysupportMachineTest, ThePackageLooksAfterAnInstallation) {
     const std::string chronyd = "/usr/local/sbin/chronyd";
     const std::string chronyc = "/usr/local/bin/chronyc";

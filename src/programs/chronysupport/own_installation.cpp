@@ -48,9 +48,13 @@ std::vector<std::string> command_of(const Machine& machine, const std::string& l
     return command;
 }
 
-// What packages own is not ours, whatever a unit says.
+// What packages own is not ours, whatever a unit says: also under the names that lead to /usr.
 bool is_ours(std::string_view path) {
-    return path.starts_with('/') && (!path.starts_with("/usr/") || path.starts_with("/usr/local/"));
+    const auto lies_in = [path](std::string_view folder) {
+        return path.starts_with(folder);
+    };
+    return lies_in("/usr/local/") ||
+           (lies_in("/") && !lies_in("/usr/") && !lies_in("/bin/") && !lies_in("/sbin/") && !lies_in("/lib"));
 }
 
 std::vector<Program> installed_programs(const Machine& machine) {
