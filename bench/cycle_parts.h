@@ -1,10 +1,10 @@
 // What a status cycle needs in a benchmark, the real things but for the settings, which stay in memory.
 #pragma once
 
+#include "base/broadcast.h"
 #include "config/preferences.h"
 #include "config/settings_keys.h"
 #include "mainwindow/status_cycle.h"
-#include "platform/broadcast.h"
 #include "platform/linux/desktop_applications.h"
 #include "platform/linux/no_privileged_channel.h"
 #include "platform/linux/posix_execute.h"

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "app/privileged_menu.h"
+#include "base/paths.h"
 #include "config/preferences.h"
 #include "mainwindow/installation_offers.h"
-#include "platform/paths.h"
 
 #include <functional>
 #include <memory>

@@ -2,13 +2,13 @@
 #pragma once
 
 #include "app/administration.h"
+#include "base/logger.h"
+#include "base/paths.h"
 #include "config/config_editor_window.h"
 #include "config/preferences.h"
 #include "freqtemp/freqtemp_session.h"
 #include "instruments/warning_register.h"
 #include "mainwindow/status_cycle.h"
-#include "platform/logger.h"
-#include "platform/paths.h"
 #include "privileged/old_installation.h"
 
 #include <QString>

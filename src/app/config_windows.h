@@ -2,10 +2,10 @@
 // thread.
 #pragma once
 
+#include "base/paths.h"
 #include "config/config_editor_window.h"
 #include "config/kept_edit.h"
 #include "platform/default_settings.h"
-#include "platform/paths.h"
 
 #include <QStringList>
 

@@ -1,10 +1,10 @@
 // The server list and the preferences: one window each, made on first use and kept, with what was not saved yet.
 #pragma once
 
+#include "base/logger.h"
+#include "base/paths.h"
 #include "config/preferences_window.h"
 #include "config/servers_window.h"
-#include "platform/logger.h"
-#include "platform/paths.h"
 
 #include <functional>
 #include <memory>

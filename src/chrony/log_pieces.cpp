@@ -1,6 +1,6 @@
 #include "chrony/log_pieces.h"
 
-#include "platform/setting_text.h"
+#include "base/setting_text.h"
 
 #include <algorithm>
 #include <array>

@@ -4,7 +4,7 @@
 // the last one of the stretch may lack its own. One thread; reading waits for the disk.
 #pragma once
 
-#include "platform/followed_file.h"
+#include "base/followed_file.h"
 
 #include <cstddef>
 #include <cstdint>

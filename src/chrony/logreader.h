@@ -16,8 +16,8 @@
 // stop() no line of that run arrives. What the constructor takes by reference outlives the queue's work.
 #pragma once
 
-#include "platform/dispatch.h"
-#include "platform/followed_file.h"
+#include "base/dispatch.h"
+#include "base/followed_file.h"
 
 #include <chrono>
 #include <condition_variable>

@@ -1,7 +1,7 @@
 // Runs chronyc and chronyd for their texts. Sources: chronyc(1) options -n and -N, chronyd(8) option -v.
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 
 #include <string>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "chrony/tracking_report.h"
 
-#include "platform/text_lines.h"
+#include "base/text_lines.h"
 
 #include <charconv>
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "config/config_document.h"
 
-#include "platform/setting_text.h"
+#include "base/setting_text.h"
 
 #include <algorithm>
 #include <filesystem>

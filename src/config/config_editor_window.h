@@ -8,13 +8,13 @@
 // The parts outlive the window, and the main thread outlives the queue.
 #pragma once
 
+#include "base/dispatch.h"
 #include "config/check_image_window.h"
 #include "config/config_controls_window.h"
 #include "config/config_document.h"
 #include "config/config_menus_window.h"
 #include "config/configuration_check.h"
 #include "config/kept_edit.h"
-#include "platform/dispatch.h"
 
 #include <QMainWindow>
 #include <QTimer>

@@ -1,6 +1,6 @@
 #include "config/config_error.h"
 
-#include "platform/text_lines.h"
+#include "base/text_lines.h"
 
 #include <unistd.h>
 

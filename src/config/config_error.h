@@ -5,7 +5,7 @@
 // folder, because its file always has the same name. chronyd needs no rights for this.
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 
 #include <functional>
 #include <string>

@@ -1,7 +1,7 @@
 #include "config/configuration.h"
 
-#include "platform/setting_text.h"
-#include "platform/text_lines.h"
+#include "base/setting_text.h"
+#include "base/text_lines.h"
 
 #include <filesystem>
 #include <fstream>

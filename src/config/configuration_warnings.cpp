@@ -1,9 +1,9 @@
 #include "config/configuration_warnings.h"
 
+#include "base/text_lines.h"
 #include "config/directives.h"
 #include "config/local_host.h"
 #include "config/server_list.h"
-#include "platform/text_lines.h"
 
 #include <algorithm>
 #include <array>

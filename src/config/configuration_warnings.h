@@ -6,7 +6,7 @@
 // Source: chrony.conf(5) of chrony 4.3.
 #pragma once
 
-#include "platform/path_facts.h"
+#include "base/path_facts.h"
 
 #include <cstddef>
 #include <functional>

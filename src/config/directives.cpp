@@ -1,7 +1,7 @@
 #include "config/directives.h"
 
-#include "platform/text_lines.h"
-#include "platform/translatable.h"
+#include "base/text_lines.h"
+#include "base/translatable.h"
 
 #include <array>
 

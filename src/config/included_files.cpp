@@ -1,7 +1,7 @@
 #include "config/included_files.h"
 
+#include "base/text_lines.h"
 #include "config/directives.h"
-#include "platform/text_lines.h"
 
 #include <glob.h>
 #include <unistd.h>

@@ -5,8 +5,8 @@
 // for it; so do all that `finish` waits for. Otherwise main thread only. The queue outlives the keeper.
 #pragma once
 
+#include "base/dispatch.h"
 #include "config/config_document.h"
-#include "platform/dispatch.h"
 
 #include <atomic>
 #include <chrono>

@@ -1,10 +1,10 @@
 // What the preferences window works with; all of it outlives the window, and the main thread outlives the queue.
 #pragma once
 
+#include "base/dispatch.h"
+#include "base/path_state.h"
 #include "config/preferences.h"
 #include "instruments/warning_register.h"
-#include "platform/dispatch.h"
-#include "platform/path_state.h"
 
 #include <functional>
 #include <string>

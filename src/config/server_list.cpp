@@ -1,8 +1,8 @@
 #include "config/server_list.h"
 
+#include "base/text_lines.h"
+#include "base/translatable.h"
 #include "config/local_host.h"
-#include "platform/text_lines.h"
-#include "platform/translatable.h"
 
 #include <algorithm>
 #include <array>

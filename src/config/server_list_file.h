@@ -5,8 +5,8 @@
 // the main thread.
 #pragma once
 
-#include "platform/dispatch.h"
-#include "platform/shared_text.h"
+#include "base/dispatch.h"
+#include "base/shared_text.h"
 
 #include <chrono>
 #include <functional>

@@ -5,7 +5,7 @@
 // what is stored: it has a rule of its own for such values. Counts, indexes, seconds and factors as each line says.
 #pragma once
 
-#include "platform/color.h"
+#include "base/color.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "config/tracking_log_setting.h"
 
+#include "base/text_lines.h"
 #include "config/directives.h"
-#include "platform/text_lines.h"
 
 #include <glob.h>
 

@@ -4,7 +4,7 @@
 // the picture's upper left corner. Memory is kept for the next colour. One thread.
 #pragma once
 
-#include "platform/color.h"
+#include "base/color.h"
 #include "platform/coverage_brush.h"
 
 #include <cstddef>

@@ -1,9 +1,9 @@
 #include "freqtemp/freqtemp_session.h"
 
+#include "base/broadcast.h"
+#include "base/sensors.h"
 #include "chrony/current_frequency.h"
 #include "freqtemp/scatter_store.h"
-#include "platform/broadcast.h"
-#include "platform/sensors.h"
 
 #include <algorithm>
 #include <cmath>

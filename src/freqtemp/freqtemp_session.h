@@ -8,12 +8,12 @@
 // them waits, but the destructor, which waits for the last save.
 #pragma once
 
+#include "base/dispatch.h"
+#include "base/repeater.h"
 #include "freqtemp/freqtemp_settings.h"
 #include "freqtemp/inspector_sensor.h"
 #include "freqtemp/scatter_map.h"
 #include "freqtemp/sensor_menu.h"
-#include "platform/dispatch.h"
-#include "platform/repeater.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,9 +1,9 @@
 #include "freqtemp/freqtemp_window.h"
 
+#include "base/broadcast.h"
 #include "freqtemp/freqtemp_plot_window.h"
 #include "freqtemp/freqtemp_words_window.h"
 #include "freqtemp/scatter_csv.h"
-#include "platform/broadcast.h"
 
 #include <QAction>
 #include <QCheckBox>

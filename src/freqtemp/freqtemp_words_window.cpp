@@ -1,6 +1,6 @@
 #include "freqtemp/freqtemp_words_window.h"
 
-#include "graphs/local_clock.h"
+#include "base/local_clock.h"
 #include "platform/qt/named_widget.h"
 
 #include <QColor>

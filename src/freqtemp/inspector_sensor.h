@@ -1,8 +1,8 @@
 // What the frequency-temperature window tells about its sensors after every frequency: newest point and fit.
 #pragma once
 
+#include "base/color.h"
 #include "freqtemp/quad_regression.h"
-#include "platform/color.h"
 
 #include <memory>
 #include <string>

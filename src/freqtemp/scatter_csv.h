@@ -3,8 +3,8 @@
 // Pure functions, any thread.
 #pragma once
 
+#include "base/user_files.h"
 #include "freqtemp/scatter_map.h"
-#include "platform/user_files.h"
 
 #include <cstddef>
 #include <string>

@@ -6,8 +6,8 @@
 // work through a million points at the pace of the JSON library.
 #pragma once
 
+#include "base/user_files.h"
 #include "freqtemp/scatter_map.h"
-#include "platform/user_files.h"
 
 #include <string>
 #include <string_view>

@@ -4,10 +4,10 @@
 // fits of its own, which another thread may read while the original's are made anew.
 #pragma once
 
+#include "base/color.h"
 #include "freqtemp/point_digest.h"
 #include "freqtemp/point_list.h"
 #include "freqtemp/quad_regression.h"
-#include "platform/color.h"
 
 #include <cstddef>
 #include <map>

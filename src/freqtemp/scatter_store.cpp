@@ -1,8 +1,8 @@
 #include "freqtemp/scatter_store.h"
 
+#include "base/logger.h"
+#include "base/user_files.h"
 #include "freqtemp/scatter_json.h"
-#include "platform/logger.h"
-#include "platform/user_files.h"
 
 #include <fmt/format.h>
 

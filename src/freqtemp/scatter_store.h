@@ -6,8 +6,8 @@
 // one is removed. request_save() and finish() on the main thread.
 #pragma once
 
+#include "base/dispatch.h"
 #include "freqtemp/scatter_map.h"
-#include "platform/dispatch.h"
 
 #include <condition_variable>
 #include <memory>

@@ -1,10 +1,10 @@
 #include "freqtemp/sensor_inspector_window.h"
 
+#include "base/broadcast.h"
+#include "base/user_files.h"
 #include "freqtemp/inspector_sensor.h"
 #include "freqtemp/sensor_table_window.h"
-#include "platform/broadcast.h"
 #include "platform/qt/text_scale.h"
-#include "platform/user_files.h"
 
 #include <QAction>
 #include <QClipboard>

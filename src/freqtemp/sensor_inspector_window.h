@@ -4,8 +4,8 @@
 // Main thread only.
 #pragma once
 
+#include "base/dispatch.h"
 #include "freqtemp/rtf_text.h"
-#include "platform/dispatch.h"
 
 #include <QMainWindow>
 

@@ -1,7 +1,7 @@
 // A button that shows a colour and lets the user choose another.
 #pragma once
 
-#include "platform/color.h"
+#include "base/color.h"
 
 #include <QPushButton>
 

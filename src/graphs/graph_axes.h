@@ -8,7 +8,7 @@
 // graph's frame, y up; the canvas shows the frame's own coordinates. One thread.
 #pragma once
 
-#include "graphs/local_clock.h"
+#include "base/local_clock.h"
 #include "graphs/value_scale.h"
 #include "platform/canvas.h"
 

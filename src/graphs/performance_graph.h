@@ -9,10 +9,10 @@
 // UTC. Main thread only; the timer service must outlive the graph.
 #pragma once
 
+#include "base/repeater.h"
 #include "graphs/graph_axes.h"
 #include "graphs/value_scale.h"
 #include "platform/canvas.h"
-#include "platform/repeater.h"
 
 #include <functional>
 #include <memory>

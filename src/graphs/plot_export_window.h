@@ -9,9 +9,9 @@
 // Main thread only. The parts outlive the window, and the main thread outlives the queue.
 #pragma once
 
+#include "base/dispatch.h"
 #include "graphs/plot_caption.h"
 #include "platform/canvas.h"
-#include "platform/dispatch.h"
 #include "platform/qt/picture_file.h"
 
 #include <QObject>

@@ -1,8 +1,8 @@
 // What a tracking window remembers, and what its legend can put back.
 #pragma once
 
+#include "base/color.h"
 #include "graphs/tracking_records.h"
-#include "platform/color.h"
 
 #include <array>
 

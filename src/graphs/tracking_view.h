@@ -5,12 +5,12 @@
 // own, in points. Main thread only.
 #pragma once
 
+#include "base/color.h"
 #include "graphs/performance_graph.h"
 #include "graphs/series_layout.h"
 #include "graphs/time_stretches.h"
 #include "graphs/tracking_records.h"
 #include "graphs/value_fit.h"
-#include "platform/color.h"
 
 #include <array>
 #include <limits>

@@ -4,8 +4,8 @@
 // wait for the disk and for mandoc: any thread but the main one.
 #pragma once
 
+#include "base/execute.h"
 #include "help/help_topics.h"
-#include "platform/execute.h"
 
 #include <cstddef>
 #include <string>

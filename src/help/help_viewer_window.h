@@ -7,8 +7,8 @@
 // dies.
 #pragma once
 
+#include "base/dispatch.h"
 #include "help/help_pages.h"
-#include "platform/dispatch.h"
 
 #include <QMainWindow>
 

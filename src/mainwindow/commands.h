@@ -1,7 +1,7 @@
 // The chronyc reports that the command menu offers. Source: chronyc(1), monitoring commands.
 #pragma once
 
-#include "platform/translatable.h"
+#include "base/translatable.h"
 
 #include <array>
 #include <string_view>

@@ -6,10 +6,10 @@
 // the queue.
 #pragma once
 
+#include "base/dispatch.h"
 #include "chrony/runchronyc.h"
 #include "instruments/suppressible_alert.h"
 #include "mainwindow/versions.h"
-#include "platform/dispatch.h"
 #include "platform/services/service_definitions.h"
 #include "privileged/distribution_chrony.h"
 

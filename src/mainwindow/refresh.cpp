@@ -1,6 +1,6 @@
 #include "mainwindow/refresh.h"
 
-#include "platform/text_lines.h"
+#include "base/text_lines.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "mainwindow/status_cycle.h"
 
+#include "base/text_lines.h"
 #include "chrony/current_frequency.h"
-#include "platform/text_lines.h"
 
 #include <algorithm>
 #include <utility>

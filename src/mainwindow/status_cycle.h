@@ -6,14 +6,14 @@
 // not wait for the helper.
 #pragma once
 
+#include "base/broadcast.h"
+#include "base/dispatch.h"
+#include "base/repeater.h"
 #include "instruments/clock_performance.h"
 #include "mainwindow/main_window_settings.h"
 #include "mainwindow/refresh.h"
 #include "mainwindow/status_display.h"
 #include "mainwindow/versions.h"
-#include "platform/broadcast.h"
-#include "platform/dispatch.h"
-#include "platform/repeater.h"
 #include "privileged/privileged_actions.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #include "mainwindow/versions.h"
 
-#include "platform/text_lines.h"
+#include "base/text_lines.h"
 
 namespace tickervantage {
 

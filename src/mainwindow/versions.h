@@ -1,7 +1,7 @@
 // What chronyc and chronyd say of their versions.
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 
 #include <string>
 

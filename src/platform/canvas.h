@@ -5,7 +5,7 @@
 // are in the light or dark palette at hand. Drawing is immediate and leaves nothing behind in the canvas.
 #pragma once
 
-#include "platform/color.h"
+#include "base/color.h"
 
 #include <cstdint>
 #include <optional>

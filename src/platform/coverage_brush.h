@@ -3,7 +3,7 @@
 // Pixels are 0xAARRGGBB, their colours multiplied by alpha. A plain value; any thread.
 #pragma once
 
-#include "platform/color.h"
+#include "base/color.h"
 
 #include <array>
 #include <cstddef>

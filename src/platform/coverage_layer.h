@@ -6,8 +6,8 @@
 // from the upper left corner; what lies outside is cut off. One thread.
 #pragma once
 
+#include "base/color.h"
 #include "platform/canvas.h"
-#include "platform/color.h"
 #include "platform/coverage_brush.h"
 #include "platform/coverage_tile.h"
 

@@ -8,7 +8,7 @@
 // again must not undo what was set elsewhere meanwhile.
 #pragma once
 
-#include "platform/setting_text.h"
+#include "base/setting_text.h"
 #include "platform/settings_store.h"
 
 #include <cstdint>

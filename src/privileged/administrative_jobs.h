@@ -4,7 +4,7 @@
 // time; without them it ends before its first command. While one is under way the shared actions say so.
 #pragma once
 
-#include "platform/dispatch.h"
+#include "base/dispatch.h"
 #include "privileged/job_catalogue.h"
 #include "privileged/privileged_actions.h"
 #include "privileged/sent_steps.h"

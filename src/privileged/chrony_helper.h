@@ -4,7 +4,7 @@
 // several threads do not wait for each other: a report comes while a long job is under way.
 #pragma once
 
-#include "platform/logger.h"
+#include "base/logger.h"
 #include "platform/privileged_channel.h"
 
 #include <mutex>

@@ -1,6 +1,6 @@
 #include "privileged/chrony_jobs.h"
 
-#include "platform/text_lines.h"
+#include "base/text_lines.h"
 
 #include <fmt/format.h>
 

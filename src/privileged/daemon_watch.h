@@ -1,7 +1,7 @@
 // Whether the daemon stays up after it was started.
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 #include "platform/services/service_definitions.h"
 
 #include <functional>

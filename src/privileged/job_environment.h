@@ -1,9 +1,9 @@
 // What the administrative jobs are told of the preferences and of the machine.
 #pragma once
 
+#include "base/execute.h"
+#include "base/paths.h"
 #include "config/preferences.h"
-#include "platform/execute.h"
-#include "platform/paths.h"
 #include "privileged/chrony_jobs.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #include "privileged/kept_configurations.h"
 
-#include "platform/translatable.h"
+#include "base/translatable.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "privileged/kept_configurations_window.h"
 
-#include "config/text_difference.h"
+#include "base/text_difference.h"
 #include "config/words_window.h"
 #include "platform/qt/spoken.h"
 #include "platform/qt/text_scale.h"

@@ -3,7 +3,7 @@
 // Main thread only. The files are read on a queue; the window may go meanwhile.
 #pragma once
 
-#include "platform/dispatch.h"
+#include "base/dispatch.h"
 #include "privileged/kept_configurations.h"
 
 #include <QDialog>

@@ -1,7 +1,7 @@
 // Removal of the services that older chrony installations left behind.
 #pragma once
 
-#include "platform/dispatch.h"
+#include "base/dispatch.h"
 #include "platform/services/service_definitions.h"
 
 #include <functional>

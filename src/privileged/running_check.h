@@ -5,7 +5,7 @@
 // Sources: pgrep(1), proc(5), chronyd(8) option -x.
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 
 #include <functional>
 #include <string>

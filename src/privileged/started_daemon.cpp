@@ -1,7 +1,7 @@
 #include "privileged/started_daemon.h"
 
+#include "base/text_lines.h"
 #include "platform/services/chrony_services.h"
-#include "platform/text_lines.h"
 #include "privileged/running_check.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 // Sources: systemctl(1), show; systemd.exec(5), EnvironmentFile; chronyd(8), option -f; proc(5).
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 #include "privileged/distribution_chrony.h"
 
 #include <functional>

@@ -9,10 +9,10 @@
 // dies.
 #pragma once
 
+#include "base/dispatch.h"
 #include "graphs/plot_export_window.h"
 #include "graphs/tracking_records.h"
 #include "platform/default_settings.h"
-#include "platform/dispatch.h"
 #include "spectrum/spectrum.h"
 #include "spectrum/spectrum_controls_window.h"
 #include "spectrum/spectrum_view.h"

@@ -1,4 +1,4 @@
-#include "platform/broadcast.h"
+#include "base/broadcast.h"
 #include "support/manual_dispatch.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "config/text_difference.h"
+#include "base/text_difference.h"
 #include "privileged/kept_configurations.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // Files for a follower, in memory: they can be rotated, cut, taken away and made unreadable at any moment.
 #pragma once
 
-#include "platform/followed_file.h"
+#include "base/followed_file.h"
 
 #include <algorithm>
 #include <map>

@@ -1,11 +1,11 @@
 // Everything a session of frequency against temperature needs, with cranks for the test to turn.
 #pragma once
 
+#include "base/broadcast.h"
+#include "base/sensors.h"
+#include "base/user_files.h"
 #include "chrony/current_frequency.h"
 #include "freqtemp/freqtemp_session.h"
-#include "platform/broadcast.h"
-#include "platform/sensors.h"
-#include "platform/user_files.h"
 #include "support/manual_dispatch.h"
 #include "support/manual_timer.h"
 #include "support/memory_stores.h"

@@ -1,7 +1,7 @@
 // A main thread and queues whose crank the test turns.
 #pragma once
 
-#include "platform/dispatch.h"
+#include "base/dispatch.h"
 
 #include <deque>
 #include <utility>

@@ -1,7 +1,7 @@
 // Timers that fire when the test says that time has passed.
 #pragma once
 
-#include "platform/repeater.h"
+#include "base/repeater.h"
 
 #include <algorithm>
 #include <memory>

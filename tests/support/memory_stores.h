@@ -1,7 +1,7 @@
 // Settings and a log that live in memory.
 #pragma once
 
-#include "platform/logger.h"
+#include "base/logger.h"
 #include "platform/settings_store.h"
 
 #include <map>

@@ -1,7 +1,7 @@
 // Programs that answer as the test scripted them, and remember how they were called.
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 
 #include <map>
 #include <string>

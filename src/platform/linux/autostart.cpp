@@ -1,8 +1,8 @@
 #include "platform/linux/autostart.h"
 
+#include "base/text_lines.h"
 #include "platform/linux/desktop_applications.h"
 #include "platform/linux/small_file.h"
-#include "platform/text_lines.h"
 
 #include <unistd.h>
 

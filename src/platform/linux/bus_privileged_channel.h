@@ -5,7 +5,7 @@
 // Source: sd-bus(3), pkexec(1).
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 #include "platform/linux/bus_calls.h"
 #include "platform/privileged_channel.h"
 

@@ -12,7 +12,7 @@
 // Source: chronyd(8), chrony.conf(5), chronyc(1) of chrony 4.3.
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 #include "platform/linux/file_descriptor.h"
 
 #include <sys/types.h>

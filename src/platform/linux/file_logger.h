@@ -9,8 +9,8 @@
 // dropped. The queue must outlive the last call of log(); it may be destroyed before or after the logger.
 #pragma once
 
-#include "platform/dispatch.h"
-#include "platform/logger.h"
+#include "base/dispatch.h"
+#include "base/logger.h"
 
 #include <chrono>
 #include <functional>

@@ -4,7 +4,7 @@
 // for the last line before the first. Source: zlib.h, gzread.
 #pragma once
 
-#include "platform/followed_file.h"
+#include "base/followed_file.h"
 #include "platform/linux/file_descriptor.h"
 
 #include <zlib.h>

@@ -5,7 +5,7 @@
 // whole process: one object at a time, see platform/sensors.h for the threads.
 #pragma once
 
-#include "platform/sensors.h"
+#include "base/sensors.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 // Looking at a path. May wait for the disk or the network: on a queue.
 #pragma once
 
-#include "platform/path_state.h"
+#include "base/path_state.h"
 
 #include <string>
 

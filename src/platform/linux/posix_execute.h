@@ -4,7 +4,7 @@
 // Source: posix_spawn(3), pidfd_open(2).
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 #include "platform/linux/file_descriptor.h"
 
 namespace tickervantage {

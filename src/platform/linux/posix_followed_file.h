@@ -1,7 +1,7 @@
 // Followed files of the file system. What begins like a gzip file is read as the text that it holds.
 #pragma once
 
-#include "platform/followed_file.h"
+#include "base/followed_file.h"
 
 namespace tickervantage {
 

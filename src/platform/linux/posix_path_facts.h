@@ -2,7 +2,7 @@
 // confinement (AppArmor) are not looked at. Waits for the disk; any thread.
 #pragma once
 
-#include "platform/path_facts.h"
+#include "base/path_facts.h"
 
 #include <string>
 

@@ -3,7 +3,7 @@
 // A replacement holds a FileLock, so that two programs that save the same file do not write into each other's draft.
 #pragma once
 
-#include "platform/user_files.h"
+#include "base/user_files.h"
 
 namespace tickervantage {
 

@@ -1,7 +1,7 @@
 // A serial queue on a thread of its own.
 #pragma once
 
-#include "platform/dispatch.h"
+#include "base/dispatch.h"
 
 #include <condition_variable>
 #include <deque>

@@ -4,7 +4,7 @@
 // every moment both versions are on the disk. What is no text of ours at all is renamed as set_file_aside does.
 #pragma once
 
-#include "platform/shared_text.h"
+#include "base/shared_text.h"
 
 #include <cstddef>
 #include <optional>

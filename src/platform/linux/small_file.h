@@ -4,8 +4,8 @@
 // are 0, or -1 and one sentence. These functions wait for the disk; any thread.
 #pragma once
 
+#include "base/user_files.h"
 #include "platform/linux/file_descriptor.h"
-#include "platform/user_files.h"
 
 #include <chrono>
 #include <cstddef>

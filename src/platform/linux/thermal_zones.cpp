@@ -1,8 +1,8 @@
 #include "platform/linux/thermal_zones.h"
 
+#include "base/setting_text.h"
+#include "base/text_lines.h"
 #include "platform/linux/small_file.h"
-#include "platform/setting_text.h"
-#include "platform/text_lines.h"
 
 #include <fmt/format.h>
 

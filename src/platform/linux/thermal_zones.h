@@ -4,7 +4,7 @@
 // Source: the kernel's Documentation/driver-api/thermal/sysfs-api.rst.
 #pragma once
 
-#include "platform/sensors.h"
+#include "base/sensors.h"
 
 #include <vector>
 

@@ -5,8 +5,8 @@
 // Source: the XDG base directory rules, version 0.8 (freedesktop.org).
 #pragma once
 
+#include "base/paths.h"
 #include "platform/linux/environment.h"
-#include "platform/paths.h"
 
 #include <string>
 

@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include "platform/setting_text.h"
+#include "base/setting_text.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,7 +1,7 @@
 // The main thread of a Qt program: work runs from its event loop.
 #pragma once
 
-#include "platform/dispatch.h"
+#include "base/dispatch.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 // Repeaters over Qt timers.
 #pragma once
 
-#include "platform/repeater.h"
+#include "base/repeater.h"
 
 #include <set>
 

@@ -6,8 +6,8 @@
 // except for the work that it hands to the queue. The logger must outlive the queue, the queue the store.
 #pragma once
 
-#include "platform/dispatch.h"
-#include "platform/logger.h"
+#include "base/dispatch.h"
+#include "base/logger.h"
 #include "platform/settings_store.h"
 
 #include <chrono>

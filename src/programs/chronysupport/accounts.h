@@ -1,7 +1,7 @@
 // Users and groups of this machine, by name.
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 
 #include <sys/types.h>
 

@@ -4,7 +4,7 @@
 // service manager's job has ended. 0 or -1, and one sentence either way. Source: systemctl(1), journalctl(1).
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 
 #include <chrono>
 #include <functional>

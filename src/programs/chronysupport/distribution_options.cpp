@@ -1,6 +1,6 @@
 #include "programs/chronysupport/distribution_options.h"
 
-#include "platform/text_lines.h"
+#include "base/text_lines.h"
 #include "programs/chronysupport/folders.h"
 #include "programs/chronysupport/install_file.h"
 #include "programs/chronysupport/one_line.h"

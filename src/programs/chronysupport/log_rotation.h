@@ -1,7 +1,7 @@
 // Rotating the daemon's logs now.
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 #include "programs/chronysupport/path_rules.h"
 
 #include <string>

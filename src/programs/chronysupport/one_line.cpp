@@ -1,6 +1,6 @@
 #include "programs/chronysupport/one_line.h"
 
-#include "platform/text_lines.h"
+#include "base/text_lines.h"
 
 #include <fmt/format.h>
 

@@ -1,7 +1,7 @@
 // Output of other programs, made fit for the one line that each verb prints.
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 
 #include <string>
 #include <string_view>

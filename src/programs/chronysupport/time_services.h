@@ -7,7 +7,7 @@
 // Sources: systemctl(1), systemd-timedated.service(8).
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 #include "programs/chronysupport/path_rules.h"
 
 #include <string>

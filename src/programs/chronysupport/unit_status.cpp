@@ -1,6 +1,6 @@
 #include "programs/chronysupport/unit_status.h"
 
-#include "platform/text_lines.h"
+#include "base/text_lines.h"
 #include "programs/chronysupport/one_line.h"
 
 #include <fmt/format.h>

@@ -1,7 +1,7 @@
 // Units as systemd knows them. Sources: systemctl(1), org.freedesktop.systemd1(5).
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 
 #include <map>
 #include <string>

@@ -1,6 +1,6 @@
 #include "programs/chronywake/wake_correction.h"
 
-#include "platform/text_lines.h"
+#include "base/text_lines.h"
 
 #include <fmt/format.h>
 

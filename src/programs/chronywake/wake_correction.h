@@ -4,7 +4,7 @@
 // for the next updates; then a burst of measurements brings them about. Source: chronyc(1).
 #pragma once
 
-#include "platform/execute.h"
+#include "base/execute.h"
 #include "programs/chronywake/arguments.h"
 
 #include <string>

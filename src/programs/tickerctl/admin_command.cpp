@@ -1,6 +1,6 @@
 #include "programs/tickerctl/admin_command.h"
 
-#include "platform/text_lines.h"
+#include "base/text_lines.h"
 #include "programs/tickerctl/terminal.h"
 
 #include <nlohmann/json.hpp>

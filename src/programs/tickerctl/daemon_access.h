@@ -1,11 +1,11 @@
 // How tickerctl reaches a daemon: the machine's own, one at an address, or a demonstration pair of its own.
 #pragma once
 
+#include "base/paths.h"
 #include "chrony/runchronyc.h"
 #include "platform/linux/bus_privileged_channel.h"
 #include "platform/linux/demonstration.h"
 #include "platform/linux/posix_execute.h"
-#include "platform/paths.h"
 #include "privileged/privileged_actions.h"
 
 #include <string>

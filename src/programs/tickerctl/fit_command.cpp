@@ -1,8 +1,8 @@
 #include "programs/tickerctl/fit_command.h"
 
+#include "base/user_files.h"
 #include "freqtemp/scatter_csv.h"
 #include "freqtemp/scatter_json.h"
-#include "platform/user_files.h"
 #include "programs/tickerctl/terminal.h"
 
 #include <fmt/format.h>

@@ -1,7 +1,7 @@
 // `tickerctl follow`: the lines of a log as they are written.
 #pragma once
 
-#include "platform/followed_file.h"
+#include "base/followed_file.h"
 
 #include <functional>
 #include <iosfwd>

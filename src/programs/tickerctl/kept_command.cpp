@@ -1,6 +1,6 @@
 #include "programs/tickerctl/kept_command.h"
 
-#include "config/text_difference.h"
+#include "base/text_difference.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>

@@ -1,6 +1,6 @@
 #include "programs/tickerctl/log_command.h"
 
-#include "platform/setting_text.h"
+#include "base/setting_text.h"
 #include "programs/tickerctl/terminal.h"
 
 #include <fmt/format.h>

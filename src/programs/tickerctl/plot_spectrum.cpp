@@ -1,6 +1,6 @@
 #include "programs/tickerctl/plot_spectrum.h"
 
-#include "graphs/local_clock.h"
+#include "base/local_clock.h"
 #include "programs/tickerctl/plot_chart.h"
 #include "spectrum/spectrum_view.h"
 

@@ -1,10 +1,10 @@
 #include "programs/tickerctl/plot_tracking.h"
 
+#include "base/repeater.h"
 #include "chrony/log_pieces.h"
 #include "graphs/tracking_line.h"
 #include "graphs/tracking_rows.h"
 #include "graphs/tracking_view.h"
-#include "platform/repeater.h"
 #include "programs/tickerctl/plot_chart.h"
 #include "programs/tickerctl/terminal.h"
 

@@ -1,7 +1,7 @@
 // What `tickerctl sensors` does: the machine's temperature sensors, as text or as one JSON document.
 #pragma once
 
-#include "platform/sensors.h"
+#include "base/sensors.h"
 #include "programs/tickerctl/settings_command.h"
 
 #include <iosfwd>

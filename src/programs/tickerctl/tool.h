@@ -3,11 +3,11 @@
 // Results are exit statuses; what failed was said in one line on standard error. Main thread; waits for chronyc.
 #pragma once
 
+#include "base/logger.h"
+#include "base/paths.h"
 #include "config/preferences.h"
 #include "mainwindow/status_values.h"
 #include "platform/linux/serial_queue.h"
-#include "platform/logger.h"
-#include "platform/paths.h"
 #include "platform/qt/qt_settings_store.h"
 #include "programs/tickerctl/arguments.h"
 #include "programs/tickerctl/daemon_access.h"

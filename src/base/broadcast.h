@@ -3,7 +3,7 @@
 // Main thread only. A notice carries one object; listeners that expect another type ignore it.
 #pragma once
 
-#include "platform/dispatch.h"
+#include "base/dispatch.h"
 
 #include <any>
 #include <functional>

@@ -1,4 +1,4 @@
-#include "platform/setting_text.h"
+#include "base/setting_text.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "graphs/local_clock.h"
+#include "base/local_clock.h"
 
 #include <fmt/format.h>
 

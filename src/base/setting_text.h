@@ -4,7 +4,7 @@
 // units. Writing gives the shortest text that reads back exactly. Pure functions, any thread.
 #pragma once
 
-#include "platform/color.h"
+#include "base/color.h"
 
 #include <cstdint>
 #include <optional>
