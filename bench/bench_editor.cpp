@@ -13,10 +13,10 @@
 #include "config/config_editor_window.h"
 #include "config/config_find_bar_window.h"
 #include "config/config_text_window.h"
-#include "platform/linux/posix_execute.h"
-#include "platform/linux/private_temporary.h"
-#include "platform/linux/serial_queue.h"
-#include "platform/linux/small_file.h"
+#include "linux/posix_execute.h"
+#include "linux/private_temporary.h"
+#include "linux/serial_queue.h"
+#include "linux/small_file.h"
 #include "platform/qt/qt_main_thread.h"
 
 #include <QApplication>

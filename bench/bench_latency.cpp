@@ -15,9 +15,9 @@
 #include "bench/stall_meter.h"
 
 #include "app/application_menus_window.h"
+#include "linux/private_temporary.h"
 #include "mainwindow/command_output_window.h"
 #include "mainwindow/tickervantage_window.h"
-#include "platform/linux/private_temporary.h"
 #include "platform/qt/qt_main_thread.h"
 #include "platform/qt/qt_master_timer.h"
 

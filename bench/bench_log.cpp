@@ -10,8 +10,8 @@
 #include "chrony/log_pieces.h"
 #include "chrony/logreader.h"
 #include "graphs/tracking_records.h"
-#include "platform/linux/posix_followed_file.h"
-#include "platform/linux/serial_queue.h"
+#include "linux/posix_followed_file.h"
+#include "linux/serial_queue.h"
 #include "platform/qt/qt_main_thread.h"
 
 #include <QCoreApplication>

@@ -11,8 +11,8 @@
 #include "bench/daemon.h"
 #include "bench/timing.h"
 
+#include "linux/private_temporary.h"
 #include "mainwindow/tickervantage_window.h"
-#include "platform/linux/private_temporary.h"
 #include "platform/qt/qt_main_thread.h"
 #include "platform/qt/qt_master_timer.h"
 #include "support/manual_timer.h"

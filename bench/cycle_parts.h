@@ -4,12 +4,12 @@
 #include "base/broadcast.h"
 #include "config/preferences.h"
 #include "config/settings_keys.h"
+#include "linux/desktop_applications.h"
+#include "linux/posix_execute.h"
+#include "linux/serial_queue.h"
+#include "linux/xdg_paths.h"
 #include "mainwindow/status_cycle.h"
-#include "platform/linux/desktop_applications.h"
 #include "platform/linux/no_privileged_channel.h"
-#include "platform/linux/posix_execute.h"
-#include "platform/linux/serial_queue.h"
-#include "platform/linux/xdg_paths.h"
 #include "support/memory_stores.h"
 
 #include <string>

@@ -1,6 +1,6 @@
 #include "bench/daemon.h"
 
-#include "platform/linux/posix_execute.h"
+#include "linux/posix_execute.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 #include "app/analysis_windows.h"
 
 #include "app/bring_to_front.h"
-#include "platform/linux/small_file.h"
+#include "linux/small_file.h"
 #include "platform/qt/picture_file.h"
 
 #include <utility>

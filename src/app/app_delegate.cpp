@@ -10,8 +10,8 @@
 #include "app/settings_windows.h"
 #include "app/window_menus.h"
 #include "config/configuration.h"
+#include "linux/desktop_applications.h"
 #include "mainwindow/tickervantage_window.h"
-#include "platform/linux/desktop_applications.h"
 #include "platform/qt/languages.h"
 #include "privileged/distribution_chrony.h"
 

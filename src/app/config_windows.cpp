@@ -4,10 +4,10 @@
 #include "app/desktop_links.h"
 #include "config/config_sheets_window.h"
 #include "config/settings_catalogue.h"
-#include "platform/linux/environment.h"
-#include "platform/linux/kept_files.h"
-#include "platform/linux/posix_path_facts.h"
-#include "platform/linux/small_file.h"
+#include "linux/environment.h"
+#include "linux/kept_files.h"
+#include "linux/posix_path_facts.h"
+#include "linux/small_file.h"
 
 #include <QApplication>
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 #include "app/former_configurations.h"
 
 #include "app/alert_window.h"
-#include "platform/linux/user_name.h"
+#include "linux/user_name.h"
 #include "privileged/kept_configurations_window.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 // Serial queues by label, each made when it is first asked for and kept to the end. Main thread only.
 #pragma once
 
-#include "platform/linux/serial_queue.h"
+#include "linux/serial_queue.h"
 
 #include <map>
 #include <memory>

@@ -2,7 +2,7 @@
 // piece of work, which is why it is kept rather than waited for; the next borrower's work comes behind that.
 #pragma once
 
-#include "platform/linux/serial_queue.h"
+#include "linux/serial_queue.h"
 
 #include <memory>
 #include <string>

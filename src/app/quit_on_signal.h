@@ -1,7 +1,7 @@
 // Ends a Qt program properly when it is asked to end by a signal, as at the end of a session or by Ctrl-C.
 #pragma once
 
-#include "platform/linux/file_descriptor.h"
+#include "linux/file_descriptor.h"
 
 #include <memory>
 

@@ -2,10 +2,10 @@
 
 #include "app/bring_to_front.h"
 #include "app/desktop_links.h"
-#include "platform/linux/autostart.h"
-#include "platform/linux/path_state.h"
-#include "platform/linux/shared_text_file.h"
-#include "platform/linux/small_file.h"
+#include "linux/autostart.h"
+#include "linux/path_state.h"
+#include "linux/shared_text_file.h"
+#include "linux/small_file.h"
 
 #include <filesystem>
 #include <utility>

@@ -1,6 +1,6 @@
 // Any bytes as a desktop file: what is accepted has a name and a program, and no code for a file is left in it.
 #include "fuzz/require.h"
-#include "platform/linux/desktop_applications.h"
+#include "linux/desktop_applications.h"
 
 using namespace tickervantage;
 

@@ -1,7 +1,7 @@
 // Any bytes as a sentence of the log: one line of whole characters comes out, whatever came in, and never a long one.
 #include "base/setting_text.h"
 #include "fuzz/require.h"
-#include "platform/linux/file_logger.h"
+#include "linux/file_logger.h"
 
 #include <algorithm>
 

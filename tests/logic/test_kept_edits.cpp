@@ -1,6 +1,6 @@
 #include "config/kept_edit.h"
 #include "config/tracking_log_setting.h"
-#include "platform/linux/kept_files.h"
+#include "linux/kept_files.h"
 #include "support/child_program.h"
 #include "support/manual_dispatch.h"
 

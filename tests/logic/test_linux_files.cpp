@@ -1,8 +1,8 @@
 // Where the program's files lie, its private temporary folder, its log, and desktop files.
-#include "platform/linux/desktop_applications.h"
-#include "platform/linux/file_logger.h"
-#include "platform/linux/private_temporary.h"
-#include "platform/linux/xdg_paths.h"
+#include "linux/desktop_applications.h"
+#include "linux/file_logger.h"
+#include "linux/private_temporary.h"
+#include "linux/xdg_paths.h"
 #include "support/manual_dispatch.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "config/local_host.h"
 #include "config/server_list.h"
-#include "platform/linux/autostart.h"
-#include "platform/linux/shared_text_file.h"
+#include "linux/autostart.h"
+#include "linux/shared_text_file.h"
 #include "programs/tickerctl/servers_command.h"
 #include "support/child_program.h"
 

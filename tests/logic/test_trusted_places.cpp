@@ -1,6 +1,6 @@
 // Places that only we, or only root, can change; and what happens at those that others can.
 #include "config/config_error.h"
-#include "platform/linux/private_temporary.h"
+#include "linux/private_temporary.h"
 #include "programs/chronysupport/install_file.h"
 #include "support/child_program.h"
 

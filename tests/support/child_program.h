@@ -1,7 +1,7 @@
 // Real programs under test: started in a home of their own, watched with deadlines, ended by us when they overstay.
 #pragma once
 
-#include "platform/linux/file_descriptor.h"
+#include "linux/file_descriptor.h"
 
 #include <fcntl.h>
 #include <poll.h>

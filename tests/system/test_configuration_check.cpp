@@ -2,9 +2,9 @@
 #include "config/config_document.h"
 #include "config/configuration_check.h"
 #include "config/directives.h"
-#include "platform/linux/posix_execute.h"
-#include "platform/linux/posix_path_facts.h"
-#include "platform/linux/small_file.h"
+#include "linux/posix_execute.h"
+#include "linux/posix_path_facts.h"
+#include "linux/small_file.h"
 #include "support/child_program.h"
 
 #include <gtest/gtest.h>

@@ -2,9 +2,9 @@
 #include "chrony/log_pieces.h"
 #include "chrony/logreader.h"
 #include "graphs/tracking_records.h"
+#include "linux/posix_followed_file.h"
+#include "linux/serial_queue.h"
 #include "platform/linux/demonstration.h"
-#include "platform/linux/posix_followed_file.h"
-#include "platform/linux/serial_queue.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

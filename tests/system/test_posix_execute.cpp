@@ -1,5 +1,5 @@
-#include "platform/linux/posix_execute.h"
-#include "platform/linux/serial_queue.h"
+#include "linux/posix_execute.h"
+#include "linux/serial_queue.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The files that go to root, as the real programs read them.
-#include "platform/linux/posix_execute.h"
+#include "linux/posix_execute.h"
 #include "platform/services/chrony_services.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "platform/linux/serial_queue.h"
+#include "linux/serial_queue.h"
 #include "platform/qt/qt_settings_store.h"
 #include "support/manual_dispatch.h"
 #include "support/memory_stores.h"

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "base/execute.h"
-#include "platform/linux/bus_calls.h"
+#include "linux/bus_calls.h"
 #include "platform/privileged_channel.h"
 
 #include <string>

@@ -13,7 +13,7 @@
 #pragma once
 
 #include "base/execute.h"
-#include "platform/linux/file_descriptor.h"
+#include "linux/file_descriptor.h"
 
 #include <sys/types.h>
 

@@ -1,6 +1,6 @@
 #include "platform/linux/demonstration_supervisor.h"
 
-#include "platform/linux/file_descriptor.h"
+#include "linux/file_descriptor.h"
 
 #include <arpa/inet.h>
 #include <fcntl.h>

@@ -1,6 +1,6 @@
 #include "platform/linux/terminal_agent.h"
 
-#include "platform/linux/file_descriptor.h"
+#include "linux/file_descriptor.h"
 
 #include <fcntl.h>
 #include <poll.h>

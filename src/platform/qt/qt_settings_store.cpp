@@ -3,7 +3,7 @@
 #include <QFileSystemWatcher>
 #include <QString>
 
-#include "platform/linux/small_file.h"
+#include "linux/small_file.h"
 #include "platform/qt/settings_file.h"
 
 #include <atomic>

@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "platform/linux/small_file.h"
+#include "linux/small_file.h"
 #include "platform/qt/ini_text.h"
 
 #include <filesystem>

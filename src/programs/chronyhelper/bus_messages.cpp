@@ -1,7 +1,7 @@
 #include "programs/chronyhelper/bus_messages.h"
 
+#include "linux/bus_owners.h"
 #include "platform/helper_names.h"
-#include "platform/linux/bus_owners.h"
 #include "privileged/helper_words.h"
 
 #include <string_view>

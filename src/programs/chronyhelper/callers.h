@@ -1,7 +1,7 @@
 // Who is behind a name on the bus, and when the name goes.
 #pragma once
 
-#include "platform/linux/bus_owners.h"
+#include "linux/bus_owners.h"
 #include "privileged/helper_tokens.h"
 
 #include <functional>

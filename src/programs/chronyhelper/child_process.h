@@ -4,8 +4,8 @@
 // the whole group is killed. The helper has one thread, so that a fork may do what it likes.
 #pragma once
 
-#include "platform/linux/bus_owners.h"
-#include "platform/linux/file_descriptor.h"
+#include "linux/bus_owners.h"
+#include "linux/file_descriptor.h"
 
 #include <sys/types.h>
 

@@ -6,7 +6,7 @@
 // authorised, and is not heard beyond that.
 #pragma once
 
-#include "platform/linux/bus_owners.h"
+#include "linux/bus_owners.h"
 
 #include <functional>
 #include <map>

@@ -5,7 +5,7 @@
 // costs no line in the journal of its own.
 #pragma once
 
-#include "platform/linux/bus_owners.h"
+#include "linux/bus_owners.h"
 #include "privileged/helper_displaced.h"
 #include "privileged/helper_interruptions.h"
 #include "privileged/helper_rules.h"

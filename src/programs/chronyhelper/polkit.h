@@ -1,7 +1,7 @@
 // Questions to polkit, asked without waiting. Source: org.freedesktop.PolicyKit1.Authority.CheckAuthorization.
 #pragma once
 
-#include "platform/linux/bus_owners.h"
+#include "linux/bus_owners.h"
 
 #include <functional>
 #include <list>

@@ -1,6 +1,6 @@
 #include "programs/chronyhelper/source_file.h"
 
-#include "platform/linux/write_all.h"
+#include "linux/write_all.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

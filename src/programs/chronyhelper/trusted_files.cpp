@@ -1,7 +1,7 @@
 #include "programs/chronyhelper/trusted_files.h"
 
-#include "platform/linux/file_descriptor.h"
-#include "platform/linux/write_all.h"
+#include "linux/file_descriptor.h"
+#include "linux/write_all.h"
 
 #include <fcntl.h>
 #include <glob.h>

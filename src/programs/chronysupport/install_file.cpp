@@ -1,6 +1,6 @@
 #include "programs/chronysupport/install_file.h"
 
-#include "platform/linux/write_all.h"
+#include "linux/write_all.h"
 #include "programs/chronysupport/accounts.h"
 #include "programs/chronysupport/folders.h"
 

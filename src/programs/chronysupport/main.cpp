@@ -1,5 +1,5 @@
 // chronysupport: one piece of work of root for the application. Prints one line.
-#include "platform/linux/posix_execute.h"
+#include "linux/posix_execute.h"
 #include "programs/chronysupport/folders.h"
 #include "programs/chronysupport/kernel_clock.h"
 #include "programs/chronysupport/verbs.h"

@@ -9,7 +9,7 @@
 // Results are 0, or -1 and one sentence.
 #pragma once
 
-#include "platform/linux/file_descriptor.h"
+#include "linux/file_descriptor.h"
 
 #include <sys/stat.h>
 #include <sys/types.h>

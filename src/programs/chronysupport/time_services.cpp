@@ -1,7 +1,7 @@
 #include "programs/chronysupport/time_services.h"
 
 #include "base/text_lines.h"
-#include "platform/linux/small_file.h"
+#include "linux/small_file.h"
 #include "platform/services/chrony_services.h"
 #include "programs/chronysupport/folders.h"
 #include "programs/chronysupport/install_file.h"

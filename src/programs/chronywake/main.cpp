@@ -1,5 +1,5 @@
 // chronywake: asks chronyd to correct the clock after the machine slept; once, or after each wake-up.
-#include "platform/linux/posix_execute.h"
+#include "linux/posix_execute.h"
 #include "programs/chronywake/arguments.h"
 #include "programs/chronywake/logind_signals.h"
 #include "programs/chronywake/wake_correction.h"

@@ -1,9 +1,9 @@
 // `tickerctl admin`, put together for this machine.
 #include "config/preferences.h"
 #include "config/settings_catalogue.h"
-#include "platform/linux/small_file.h"
+#include "linux/small_file.h"
+#include "linux/user_name.h"
 #include "platform/linux/terminal_agent.h"
-#include "platform/linux/user_name.h"
 #include "privileged/job_environment.h"
 #include "programs/tickerctl/admin_command.h"
 #include "programs/tickerctl/terminal.h"

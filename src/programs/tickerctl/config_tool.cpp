@@ -1,8 +1,8 @@
 // `tickerctl config` and `tickerctl check`, with this machine's files and its chronyd.
 #include "config/config_document.h"
-#include "platform/linux/environment.h"
-#include "platform/linux/posix_path_facts.h"
-#include "platform/linux/small_file.h"
+#include "linux/environment.h"
+#include "linux/posix_path_facts.h"
+#include "linux/small_file.h"
 #include "programs/tickerctl/check_command.h"
 #include "programs/tickerctl/config_command.h"
 #include "programs/tickerctl/terminal.h"

@@ -1,7 +1,7 @@
 #include "programs/tickerctl/daemon_access.h"
 
 #include "config/settings_catalogue.h"
-#include "platform/linux/xdg_paths.h"
+#include "linux/xdg_paths.h"
 #include "programs/tickerctl/terminal.h"
 
 namespace tickervantage {

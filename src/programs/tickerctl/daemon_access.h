@@ -3,9 +3,9 @@
 
 #include "base/paths.h"
 #include "chrony/runchronyc.h"
+#include "linux/posix_execute.h"
 #include "platform/linux/bus_privileged_channel.h"
 #include "platform/linux/demonstration.h"
-#include "platform/linux/posix_execute.h"
 #include "privileged/privileged_actions.h"
 
 #include <string>

@@ -1,6 +1,6 @@
 #include "programs/tickerctl/end_signals.h"
 
-#include "platform/linux/posix_execute.h"
+#include "linux/posix_execute.h"
 
 #include <poll.h>
 #include <sys/eventfd.h>

@@ -5,7 +5,7 @@
 // that same signal, so that the shell sees what happened. One object at a time, made before there are threads.
 #pragma once
 
-#include "platform/linux/file_descriptor.h"
+#include "linux/file_descriptor.h"
 
 namespace tickervantage {
 

@@ -1,7 +1,7 @@
 #include "programs/tickerctl/follow_command.h"
 
 #include "chrony/logreader.h"
-#include "platform/linux/serial_queue.h"
+#include "linux/serial_queue.h"
 #include "programs/tickerctl/terminal.h"
 
 #include <nlohmann/json.hpp>

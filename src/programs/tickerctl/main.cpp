@@ -1,7 +1,7 @@
 // tickerctl: the program's logic without a window.
-#include "platform/linux/posix_followed_file.h"
-#include "platform/linux/private_temporary.h"
-#include "platform/linux/xdg_paths.h"
+#include "linux/posix_followed_file.h"
+#include "linux/private_temporary.h"
+#include "linux/xdg_paths.h"
 #include "programs/tickerctl/arguments.h"
 #include "programs/tickerctl/plot_command.h"
 #include "programs/tickerctl/plot_freqtemp.h"

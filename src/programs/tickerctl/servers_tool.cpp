@@ -1,4 +1,4 @@
-#include "platform/linux/shared_text_file.h"
+#include "linux/shared_text_file.h"
 #include "programs/tickerctl/servers_command.h"
 #include "programs/tickerctl/terminal.h"
 #include "programs/tickerctl/tool.h"

@@ -6,8 +6,8 @@
 // "authorise" asks for one each time, "churn" leaves the bus after a few messages and comes back under another name.
 // Each connection is a process of its own and has more calls under way than the bus forgives. Run by root_side in a
 // scratch machine.
+#include "linux/bus_owners.h"
 #include "platform/helper_names.h"
-#include "platform/linux/bus_owners.h"
 
 #include <sys/prctl.h>
 #include <sys/wait.h>

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "base/user_files.h"
-#include "platform/linux/file_descriptor.h"
+#include "linux/file_descriptor.h"
 
 #include <chrono>
 #include <cstddef>

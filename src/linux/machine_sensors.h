@@ -1,8 +1,8 @@
 // The machine's sensors: those of libsensors, or the thermal zones where it finds none.
 #pragma once
 
-#include "platform/linux/lm_sensors.h"
-#include "platform/linux/thermal_zones.h"
+#include "linux/lm_sensors.h"
+#include "linux/thermal_zones.h"
 
 namespace tickervantage {
 

@@ -6,7 +6,7 @@
 // disk; one thread.
 #pragma once
 
-#include "platform/linux/small_file.h"
+#include "linux/small_file.h"
 
 #include <functional>
 #include <string>

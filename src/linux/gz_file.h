@@ -5,7 +5,7 @@
 #pragma once
 
 #include "base/followed_file.h"
-#include "platform/linux/file_descriptor.h"
+#include "linux/file_descriptor.h"
 
 #include <zlib.h>
 

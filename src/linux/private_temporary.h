@@ -10,8 +10,8 @@
 // A run that was killed leaves its folder behind: the next one removes it, recognised by the lock that nobody holds.
 #pragma once
 
-#include "platform/linux/environment.h"
-#include "platform/linux/file_descriptor.h"
+#include "linux/environment.h"
+#include "linux/file_descriptor.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/posix_path_facts.h"
+#include "linux/posix_path_facts.h"
 
 #include <grp.h>
 #include <pwd.h>

@@ -1,4 +1,4 @@
-#include "platform/linux/lm_sensors.h"
+#include "linux/lm_sensors.h"
 
 #include <sensors/error.h>
 #include <sensors/sensors.h>

@@ -1,4 +1,4 @@
-#include "platform/linux/private_temporary.h"
+#include "linux/private_temporary.h"
 
 #include <fcntl.h>
 #include <sys/file.h>

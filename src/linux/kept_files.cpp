@@ -1,4 +1,4 @@
-#include "platform/linux/kept_files.h"
+#include "linux/kept_files.h"
 
 #include <algorithm>
 #include <cerrno>

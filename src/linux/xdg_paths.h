@@ -6,7 +6,7 @@
 #pragma once
 
 #include "base/paths.h"
-#include "platform/linux/environment.h"
+#include "linux/environment.h"
 
 #include <string>
 

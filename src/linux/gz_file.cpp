@@ -1,4 +1,4 @@
-#include "platform/linux/gz_file.h"
+#include "linux/gz_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

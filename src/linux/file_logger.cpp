@@ -1,8 +1,8 @@
-#include "platform/linux/file_logger.h"
+#include "linux/file_logger.h"
 
 #include "base/setting_text.h"
-#include "platform/linux/file_descriptor.h"
-#include "platform/linux/write_all.h"
+#include "linux/file_descriptor.h"
+#include "linux/write_all.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

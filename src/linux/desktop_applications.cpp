@@ -1,8 +1,8 @@
-#include "platform/linux/desktop_applications.h"
+#include "linux/desktop_applications.h"
 
-#include "platform/linux/environment.h"
-#include "platform/linux/file_descriptor.h"
-#include "platform/linux/small_file.h"
+#include "linux/environment.h"
+#include "linux/file_descriptor.h"
+#include "linux/small_file.h"
 
 #include <fcntl.h>
 #include <linux/close_range.h>

@@ -1,4 +1,4 @@
-#include "platform/linux/user_name.h"
+#include "linux/user_name.h"
 
 #include <pwd.h>
 

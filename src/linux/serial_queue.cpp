@@ -1,4 +1,4 @@
-#include "platform/linux/serial_queue.h"
+#include "linux/serial_queue.h"
 
 #include <pthread.h>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/path_state.h"
+#include "linux/path_state.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

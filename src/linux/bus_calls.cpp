@@ -1,4 +1,4 @@
-#include "platform/linux/bus_calls.h"
+#include "linux/bus_calls.h"
 
 #include <poll.h>
 #include <sys/eventfd.h>

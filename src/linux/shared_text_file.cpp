@@ -1,7 +1,7 @@
-#include "platform/linux/shared_text_file.h"
+#include "linux/shared_text_file.h"
 
 #include "base/setting_text.h"
-#include "platform/linux/small_file.h"
+#include "linux/small_file.h"
 
 #include <fmt/chrono.h>
 #include <fmt/format.h>

@@ -1,7 +1,7 @@
-#include "platform/linux/posix_followed_file.h"
+#include "linux/posix_followed_file.h"
 
-#include "platform/linux/file_descriptor.h"
-#include "platform/linux/gz_file.h"
+#include "linux/file_descriptor.h"
+#include "linux/gz_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -5,8 +5,8 @@
 // sd_bus_process(3).
 #pragma once
 
-#include "platform/linux/bus_owners.h"
-#include "platform/linux/file_descriptor.h"
+#include "linux/bus_owners.h"
+#include "linux/file_descriptor.h"
 
 #include <chrono>
 #include <condition_variable>

@@ -1,6 +1,6 @@
-#include "platform/linux/small_file.h"
+#include "linux/small_file.h"
 
-#include "platform/linux/write_all.h"
+#include "linux/write_all.h"
 
 #include <fcntl.h>
 #include <poll.h>

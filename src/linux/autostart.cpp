@@ -1,8 +1,8 @@
-#include "platform/linux/autostart.h"
+#include "linux/autostart.h"
 
 #include "base/text_lines.h"
-#include "platform/linux/desktop_applications.h"
-#include "platform/linux/small_file.h"
+#include "linux/desktop_applications.h"
+#include "linux/small_file.h"
 
 #include <unistd.h>
 

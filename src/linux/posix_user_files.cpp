@@ -1,6 +1,6 @@
-#include "platform/linux/posix_user_files.h"
+#include "linux/posix_user_files.h"
 
-#include "platform/linux/small_file.h"
+#include "linux/small_file.h"
 
 #include <fmt/format.h>
 

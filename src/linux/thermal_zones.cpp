@@ -1,8 +1,8 @@
-#include "platform/linux/thermal_zones.h"
+#include "linux/thermal_zones.h"
 
 #include "base/setting_text.h"
 #include "base/text_lines.h"
-#include "platform/linux/small_file.h"
+#include "linux/small_file.h"
 
 #include <fmt/format.h>
 

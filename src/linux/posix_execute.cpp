@@ -1,4 +1,4 @@
-#include "platform/linux/posix_execute.h"
+#include "linux/posix_execute.h"
 
 #include <fcntl.h>
 #include <poll.h>
