@@ -1,7 +1,7 @@
-#include "freqtemp/clipping.h"
+#include "draw/clipping.h"
+#include "draw/graph_geometry.h"
 #include "freqtemp/dot_counts.h"
 #include "freqtemp/plot_shapes.h"
-#include "graphs/graph_geometry.h"
 
 #include <algorithm>
 #include <cmath>

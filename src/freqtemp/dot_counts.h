@@ -5,7 +5,7 @@
 #pragma once
 
 #include "base/color.h"
-#include "platform/coverage_brush.h"
+#include "draw/coverage_brush.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "freqtemp/freqtemp_axes.h"
 
+#include "draw/graph_geometry.h"
 #include "freqtemp/freqtemp_view.h"
-#include "graphs/graph_geometry.h"
 
 #include <fmt/format.h>
 

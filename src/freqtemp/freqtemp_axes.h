@@ -1,8 +1,8 @@
 // The scale of the plot of frequency against temperature, and its axes.
 #pragma once
 
+#include "draw/canvas.h"
 #include "freqtemp/point_list.h"
-#include "platform/canvas.h"
 
 namespace tickervantage {
 

@@ -1,10 +1,10 @@
 #include "freqtemp/freqtemp_view.h"
 
-#include "freqtemp/clipping.h"
+#include "draw/canvas_pixels.h"
+#include "draw/clipping.h"
+#include "draw/graph_geometry.h"
 #include "freqtemp/freqtemp_axes.h"
 #include "freqtemp/plot_shapes.h"
-#include "graphs/graph_geometry.h"
-#include "platform/canvas_pixels.h"
 
 #include <algorithm>
 #include <cmath>

@@ -4,8 +4,8 @@
 // canvas and any size, and takes about as long for a million points as for some thousand. One thread at a time.
 #pragma once
 
+#include "draw/canvas.h"
 #include "freqtemp/scatter_map.h"
-#include "platform/canvas.h"
 
 #include <functional>
 #include <optional>

@@ -1,9 +1,9 @@
 // What the frequency-temperature window says, in the user's language. Main thread.
 #pragma once
 
+#include "draw/plots/plot_caption.h"
 #include "freqtemp/freqtemp_view.h"
 #include "freqtemp/scatter_map.h"
-#include "graphs/plot_caption.h"
 #include "platform/qt/canvas_colors.h"
 
 #include <QString>

@@ -1,8 +1,8 @@
-#include "freqtemp/clipping.h"
+#include "draw/canvas_pixels.h"
+#include "draw/clipping.h"
+#include "draw/coverage_layer.h"
 #include "freqtemp/dot_counts.h"
 #include "freqtemp/plot_shapes.h"
-#include "platform/canvas_pixels.h"
-#include "platform/coverage_layer.h"
 
 #include <algorithm>
 #include <cmath>

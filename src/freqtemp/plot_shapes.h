@@ -4,9 +4,9 @@
 // Lengths are points, y up. Everything is cut off at the scale's area. One thread.
 #pragma once
 
+#include "draw/canvas.h"
 #include "freqtemp/freqtemp_axes.h"
 #include "freqtemp/scatter_map.h"
-#include "platform/canvas.h"
 
 #include <memory>
 #include <span>

@@ -5,10 +5,10 @@
 // lines to the neighbouring columns included, so that the spans meet and no spike is lost.
 #pragma once
 
+#include "draw/canvas.h"
+#include "draw/plots/value_scale.h"
 #include "graphs/series_layout.h"
 #include "graphs/tracking_records.h"
-#include "graphs/value_scale.h"
-#include "platform/canvas.h"
 
 #include <vector>
 

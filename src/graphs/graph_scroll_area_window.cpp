@@ -1,6 +1,6 @@
 #include "graphs/graph_scroll_area_window.h"
 
-#include "graphs/performance_graph.h"
+#include "draw/plots/performance_graph.h"
 #include "platform/qt/accessible_widgets.h"
 #include "platform/qt/canvas_colors.h"
 

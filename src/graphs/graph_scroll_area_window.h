@@ -5,7 +5,7 @@
 // is when the frame grows.
 #pragma once
 
-#include "platform/canvas.h"
+#include "draw/canvas.h"
 #include "platform/qt/qt_canvas.h"
 
 #include <QAbstractScrollArea>

@@ -10,8 +10,8 @@
 #pragma once
 
 #include "base/dispatch.h"
-#include "graphs/plot_caption.h"
-#include "platform/canvas.h"
+#include "draw/canvas.h"
+#include "draw/plots/plot_caption.h"
 #include "platform/qt/picture_file.h"
 
 #include <QObject>

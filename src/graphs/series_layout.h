@@ -1,8 +1,8 @@
 // Which records fall into which column of pixels: worked out once a frame, used for all series.
 #pragma once
 
+#include "draw/canvas.h"
 #include "graphs/time_stretches.h"
-#include "platform/canvas.h"
 
 #include <cstdint>
 #include <vector>

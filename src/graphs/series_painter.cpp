@@ -1,6 +1,6 @@
 #include "graphs/series_painter.h"
 
-#include "graphs/graph_geometry.h"
+#include "draw/graph_geometry.h"
 
 #include <algorithm>
 #include <cmath>

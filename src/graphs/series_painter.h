@@ -3,10 +3,10 @@
 // breaks the line; a value between two absent ones is a dot.
 #pragma once
 
+#include "draw/canvas.h"
+#include "draw/plots/value_scale.h"
 #include "graphs/dense_strand.h"
 #include "graphs/series_layout.h"
-#include "graphs/value_scale.h"
-#include "platform/canvas.h"
 
 #include <optional>
 #include <vector>

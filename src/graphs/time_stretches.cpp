@@ -1,6 +1,6 @@
 #include "graphs/time_stretches.h"
 
-#include "graphs/value_scale.h"
+#include "draw/plots/value_scale.h"
 
 #include <algorithm>
 #include <cmath>

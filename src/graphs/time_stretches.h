@@ -4,8 +4,8 @@
 // coordinates in points. Plain records; one thread.
 #pragma once
 
+#include "draw/canvas.h"
 #include "graphs/tracking_records.h"
-#include "platform/canvas.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "graphs/tracking_view.h"
 
-#include "graphs/graph_geometry.h"
+#include "draw/graph_geometry.h"
 #include "graphs/series_painter.h"
 
 #include <algorithm>

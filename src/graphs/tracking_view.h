@@ -6,7 +6,7 @@
 #pragma once
 
 #include "base/color.h"
-#include "graphs/performance_graph.h"
+#include "draw/plots/performance_graph.h"
 #include "graphs/series_layout.h"
 #include "graphs/time_stretches.h"
 #include "graphs/tracking_records.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "config/tracking_log_setting.h"
-#include "graphs/plot_caption.h"
+#include "draw/plots/plot_caption.h"
 #include "graphs/tracking_view.h"
 
 #include <QString>

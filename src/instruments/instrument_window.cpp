@@ -1,7 +1,7 @@
 #include "instruments/instrument_window.h"
 
-#include "instruments/dial.h"
-#include "platform/bounds_canvas.h"
+#include "draw/bounds_canvas.h"
+#include "draw/instruments/dial.h"
 #include "platform/qt/accessible_widgets.h"
 #include "platform/qt/qt_canvas.h"
 

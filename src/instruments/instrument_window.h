@@ -5,7 +5,7 @@
 // whole. Main thread. The draw functions are called while painting and must stay valid as long as the widget lives.
 #pragma once
 
-#include "platform/canvas.h"
+#include "draw/canvas.h"
 
 #include <QPixmap>
 #include <QWidget>

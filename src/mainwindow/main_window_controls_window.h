@@ -1,7 +1,7 @@
 // The main window's controls and where they stand. Built once; the window connects them.
 #pragma once
 
-#include "platform/canvas.h"
+#include "draw/canvas.h"
 
 #include <array>
 

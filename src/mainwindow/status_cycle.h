@@ -9,7 +9,7 @@
 #include "base/broadcast.h"
 #include "base/dispatch.h"
 #include "base/repeater.h"
-#include "instruments/clock_performance.h"
+#include "draw/instruments/clock_performance.h"
 #include "mainwindow/main_window_settings.h"
 #include "mainwindow/refresh.h"
 #include "mainwindow/status_display.h"

@@ -1,6 +1,6 @@
 #include "mainwindow/status_values.h"
 
-#include "instruments/clock_performance.h"
+#include "draw/instruments/clock_performance.h"
 
 #include <array>
 

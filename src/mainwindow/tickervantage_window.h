@@ -1,7 +1,7 @@
 // The main window: the dashboard over one status cycle.
 #pragma once
 
-#include "instruments/analog_clock_view.h"
+#include "draw/instruments/analog_clock_view.h"
 #include "mainwindow/main_window_controls_window.h"
 #include "mainwindow/status_cycle.h"
 #include "mainwindow/status_display.h"

@@ -6,7 +6,7 @@
 // Plain values; one thread at a time.
 #pragma once
 
-#include "platform/canvas.h"
+#include "draw/canvas.h"
 #include "spectrum/spectrum.h"
 
 #include <cstddef>

@@ -1,7 +1,7 @@
 // What the spectrum window says about failures, bars and its pictures, in the user's language. Main thread.
 #pragma once
 
-#include "graphs/plot_caption.h"
+#include "draw/plots/plot_caption.h"
 #include "spectrum/spectrum.h"
 #include "spectrum/spectrum_view.h"
 

@@ -1,8 +1,8 @@
 // Any bytes as a "tracking" report: every number on the dashboard stays finite or inside the meter, every text
 // readable.
 #include "chrony/tracking_report.h"
+#include "draw/instruments/clock_performance.h"
 #include "fuzz/require.h"
-#include "instruments/clock_performance.h"
 #include "mainwindow/status_values.h"
 
 #include <cmath>

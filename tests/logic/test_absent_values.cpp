@@ -1,6 +1,6 @@
 // Averages and drawing where a tracking log lacks values, or begins without any.
+#include "draw/plots/value_scale.h"
 #include "graphs/rolling_statistics.h"
-#include "graphs/value_scale.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/coverage_layer.h"
+#include "draw/coverage_layer.h"
 
 #include <gtest/gtest.h>
 

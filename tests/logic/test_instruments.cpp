@@ -1,6 +1,6 @@
-#include "instruments/analog_clock_view.h"
-#include "instruments/clock_performance.h"
-#include "instruments/dial.h"
+#include "draw/instruments/analog_clock_view.h"
+#include "draw/instruments/clock_performance.h"
+#include "draw/instruments/dial.h"
 #include "support/recording_canvas.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "graphs/graph_geometry.h"
-#include "graphs/performance_graph.h"
+#include "draw/graph_geometry.h"
+#include "draw/plots/performance_graph.h"
 #include "graphs/value_fit.h"
 #include "support/manual_timer.h"
 #include "support/recording_canvas.h"

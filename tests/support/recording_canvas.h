@@ -1,7 +1,7 @@
 // A canvas that keeps what was drawn on it, for tests to read.
 #pragma once
 
-#include "platform/canvas.h"
+#include "draw/canvas.h"
 
 #include <string>
 #include <string_view>

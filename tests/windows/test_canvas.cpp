@@ -1,5 +1,5 @@
+#include "draw/bounds_canvas.h"
 #include "instruments/instrument_window.h"
-#include "platform/bounds_canvas.h"
 #include "platform/qt/picture_file.h"
 #include "platform/qt/qt_canvas.h"
 

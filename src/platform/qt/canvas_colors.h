@@ -3,7 +3,7 @@
 // A plain record; making one from a palette is cheap. Main thread.
 #pragma once
 
-#include "platform/canvas.h"
+#include "draw/canvas.h"
 
 #include <QColor>
 

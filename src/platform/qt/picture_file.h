@@ -4,7 +4,7 @@
 // drawing may be drawn.
 #pragma once
 
-#include "platform/canvas.h"
+#include "draw/canvas.h"
 #include "platform/qt/canvas_colors.h"
 
 #include <functional>

@@ -5,9 +5,9 @@
 // The painter must live from begin() to end(). One thread.
 #pragma once
 
-#include "platform/canvas.h"
-#include "platform/canvas_pixels.h"
-#include "platform/coverage_layer.h"
+#include "draw/canvas.h"
+#include "draw/canvas_pixels.h"
+#include "draw/coverage_layer.h"
 
 #include <QColor>
 #include <QImage>

@@ -4,7 +4,7 @@
 // font family. One thread, the painter's.
 #pragma once
 
-#include "platform/canvas.h"
+#include "draw/canvas.h"
 #include "platform/qt/canvas_colors.h"
 #include "platform/qt/label_cache.h"
 #include "platform/qt/pixel_layer.h"

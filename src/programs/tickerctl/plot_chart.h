@@ -3,7 +3,7 @@
 // 0; or -1 with one sentence. Needs a QGuiApplication. Main thread; waits for the disk.
 #pragma once
 
-#include "graphs/plot_caption.h"
+#include "draw/plots/plot_caption.h"
 #include "programs/tickerctl/plot_options.h"
 
 #include <functional>

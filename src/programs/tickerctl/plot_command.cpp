@@ -1,7 +1,7 @@
 #include "programs/tickerctl/plot_command.h"
 
-#include "instruments/clock_performance.h"
-#include "instruments/dial.h"
+#include "draw/instruments/clock_performance.h"
+#include "draw/instruments/dial.h"
 #include "platform/qt/picture_file.h"
 
 #include <algorithm>

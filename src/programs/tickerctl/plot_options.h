@@ -1,7 +1,7 @@
 // How a picture is to be: size, colours, and the time that a clock shows. Texts of the command line, read.
 #pragma once
 
-#include "instruments/analog_clock_view.h"
+#include "draw/instruments/analog_clock_view.h"
 
 #include <optional>
 #include <string>

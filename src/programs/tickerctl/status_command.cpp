@@ -1,6 +1,6 @@
 #include "programs/tickerctl/status_command.h"
 
-#include "instruments/clock_performance.h"
+#include "draw/instruments/clock_performance.h"
 #include "programs/tickerctl/terminal.h"
 
 #include <fmt/format.h>
