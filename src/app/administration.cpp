@@ -2,11 +2,11 @@
 
 #include "app/alert_window.h"
 #include "app/former_configurations.h"
-#include "instruments/warning_register.h"
 #include "mainwindow/status_cycle.h"
 #include "platform/qt/spoken.h"
 #include "privileged/distribution_chrony.h"
 #include "privileged/job_environment.h"
+#include "settings/warning_register.h"
 
 #include <QAction>
 #include <QCoreApplication>

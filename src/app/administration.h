@@ -4,8 +4,8 @@
 
 #include "app/privileged_menu.h"
 #include "base/paths.h"
-#include "config/preferences.h"
 #include "mainwindow/installation_offers.h"
+#include "settings/preferences.h"
 
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 // Alerts and questions as sheets of a window. Main thread.
 #pragma once
 
-#include "instruments/suppressible_alert.h"
+#include "settings/suppressible_alert.h"
 
 #include <functional>
 

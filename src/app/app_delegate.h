@@ -5,11 +5,11 @@
 #include "base/logger.h"
 #include "base/paths.h"
 #include "config/config_editor_window.h"
-#include "config/preferences.h"
 #include "freqtemp/freqtemp_session.h"
-#include "instruments/warning_register.h"
 #include "mainwindow/status_cycle.h"
 #include "privileged/old_installation.h"
+#include "settings/preferences.h"
+#include "settings/warning_register.h"
 
 #include <QString>
 #include <QStringList>

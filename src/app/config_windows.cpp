@@ -3,11 +3,11 @@
 #include "app/bring_to_front.h"
 #include "app/desktop_links.h"
 #include "config/config_sheets_window.h"
-#include "config/settings_catalogue.h"
 #include "linux/environment.h"
 #include "linux/kept_files.h"
 #include "linux/posix_path_facts.h"
 #include "linux/small_file.h"
+#include "settings/settings_catalogue.h"
 
 #include <QApplication>
 #include <QCoreApplication>

@@ -5,7 +5,7 @@
 #include "base/paths.h"
 #include "config/config_editor_window.h"
 #include "config/kept_edit.h"
-#include "platform/default_settings.h"
+#include "settings/default_settings.h"
 
 #include <QStringList>
 

@@ -7,7 +7,6 @@
 #include "app/screenshot_tour.h"
 #include "app/single_instance.h"
 #include "chrony/logreader.h"
-#include "config/settings_catalogue.h"
 #include "linux/file_logger.h"
 #include "linux/machine_sensors.h"
 #include "linux/posix_execute.h"
@@ -28,6 +27,7 @@
 #include "platform/qt/qt_settings_store.h"
 #include "platform/qt/spoken.h"
 #include "privileged/job_environment.h"
+#include "settings/settings_catalogue.h"
 
 #include "mainwindow/tickervantage_window.h"
 

@@ -1,10 +1,10 @@
 #include "config/preferences_general_window.h"
 
 #include "base/text_lines.h"
-#include "config/settings_keys.h"
 #include "config/words_window.h"
 #include "platform/qt/spoken.h"
 #include "platform/qt/written_numbers.h"
+#include "settings/settings_keys.h"
 
 #include <QCheckBox>
 #include <QEvent>

@@ -3,8 +3,8 @@
 
 #include "base/dispatch.h"
 #include "base/path_state.h"
-#include "config/preferences.h"
-#include "instruments/warning_register.h"
+#include "settings/preferences.h"
+#include "settings/warning_register.h"
 
 #include <functional>
 #include <string>

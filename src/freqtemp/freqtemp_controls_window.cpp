@@ -1,10 +1,10 @@
 #include "freqtemp/freqtemp_controls_window.h"
 
-#include "config/settings_keys.h"
 #include "freqtemp/freqtemp_plot_window.h"
 #include "freqtemp/freqtemp_settings.h"
 #include "platform/qt/named_widget.h"
 #include "platform/qt/text_scale.h"
+#include "settings/settings_keys.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -9,7 +9,7 @@
 #include "freqtemp/freqtemp_session.h"
 #include "freqtemp/freqtemp_view.h"
 #include "graphs/plot_export_window.h"
-#include "platform/default_settings.h"
+#include "settings/default_settings.h"
 
 #include <QMainWindow>
 

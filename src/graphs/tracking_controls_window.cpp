@@ -1,10 +1,10 @@
 #include "graphs/tracking_controls_window.h"
 
-#include "config/settings_keys.h"
 #include "graphs/graph_scroll_area_window.h"
 #include "graphs/legend_window.h"
 #include "graphs/tracking_settings.h"
 #include "platform/qt/text_scale.h"
+#include "settings/settings_keys.h"
 
 #include <QAction>
 #include <QButtonGroup>

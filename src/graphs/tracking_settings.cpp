@@ -1,6 +1,6 @@
 #include "graphs/tracking_settings.h"
 
-#include "config/settings_catalogue.h"
+#include "settings/settings_catalogue.h"
 
 namespace tickervantage {
 namespace {

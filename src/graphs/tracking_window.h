@@ -8,7 +8,7 @@
 #include "graphs/tracking_settings.h"
 #include "graphs/tracking_view.h"
 #include "graphs/tracking_words_window.h"
-#include "platform/default_settings.h"
+#include "settings/default_settings.h"
 
 #include <QMainWindow>
 #include <QTimer>

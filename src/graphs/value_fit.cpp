@@ -1,7 +1,7 @@
 #include "graphs/value_fit.h"
 
-#include "config/settings_keys.h"
 #include "draw/plots/performance_graph.h"
+#include "settings/settings_keys.h"
 
 #include <algorithm>
 #include <cmath>

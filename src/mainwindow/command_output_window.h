@@ -1,7 +1,7 @@
 // The fixed-pitch text view that shows what chronyc printed.
 #pragma once
 
-#include "platform/default_settings.h"
+#include "settings/default_settings.h"
 
 #include <QPlainTextEdit>
 

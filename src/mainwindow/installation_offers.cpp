@@ -1,7 +1,7 @@
 #include "mainwindow/installation_offers.h"
 
-#include "instruments/warning_register.h"
 #include "platform/services/chrony_services.h"
+#include "settings/warning_register.h"
 
 #include <utility>
 

@@ -8,10 +8,10 @@
 
 #include "base/dispatch.h"
 #include "chrony/runchronyc.h"
-#include "instruments/suppressible_alert.h"
 #include "mainwindow/versions.h"
 #include "platform/services/service_definitions.h"
 #include "privileged/distribution_chrony.h"
+#include "settings/suppressible_alert.h"
 
 #include <functional>
 #include <memory>

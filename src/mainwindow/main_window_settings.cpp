@@ -1,6 +1,6 @@
 #include "mainwindow/main_window_settings.h"
 
-#include "config/settings_catalogue.h"
+#include "settings/settings_catalogue.h"
 
 namespace tickervantage {
 

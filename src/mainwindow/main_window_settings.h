@@ -2,7 +2,7 @@
 #pragma once
 
 #include "mainwindow/status_values.h"
-#include "platform/default_settings.h"
+#include "settings/default_settings.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // The chrony that the distribution installed, which can stand for one of our own.
 #pragma once
 
-#include "config/preferences.h"
+#include "settings/preferences.h"
 
 #include <functional>
 #include <optional>

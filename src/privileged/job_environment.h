@@ -3,8 +3,8 @@
 
 #include "base/execute.h"
 #include "base/paths.h"
-#include "config/preferences.h"
 #include "privileged/chrony_jobs.h"
+#include "settings/preferences.h"
 
 #include <functional>
 #include <optional>

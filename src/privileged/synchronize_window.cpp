@@ -1,9 +1,9 @@
 #include "privileged/synchronize_window.h"
 
-#include "config/settings_catalogue.h"
 #include "config/words_window.h"
 #include "platform/qt/spoken.h"
 #include "platform/qt/text_scale.h"
+#include "settings/settings_catalogue.h"
 
 #include <QCheckBox>
 #include <QFontDatabase>

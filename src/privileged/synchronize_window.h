@@ -5,8 +5,8 @@
 // outlive the window.
 #pragma once
 
-#include "platform/default_settings.h"
 #include "privileged/synchronize.h"
+#include "settings/default_settings.h"
 
 #include <QDialog>
 

@@ -12,7 +12,7 @@
 #include "base/dispatch.h"
 #include "graphs/plot_export_window.h"
 #include "graphs/tracking_records.h"
-#include "platform/default_settings.h"
+#include "settings/default_settings.h"
 #include "spectrum/spectrum.h"
 #include "spectrum/spectrum_controls_window.h"
 #include "spectrum/spectrum_view.h"

@@ -1,6 +1,6 @@
 // Any bytes as the text of a setting: nothing crashes, and what is accepted has a normal form that stays as it is.
-#include "config/settings_catalogue.h"
 #include "fuzz/require.h"
+#include "settings/settings_catalogue.h"
 
 using namespace tickervantage;
 

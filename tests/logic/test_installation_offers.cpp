@@ -1,5 +1,5 @@
-#include "instruments/warning_register.h"
 #include "mainwindow/installation_offers.h"
+#include "settings/warning_register.h"
 #include "support/manual_dispatch.h"
 #include "support/memory_stores.h"
 #include "support/scripted_execute.h"

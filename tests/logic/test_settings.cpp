@@ -1,8 +1,8 @@
-#include "config/preferences.h"
-#include "config/settings_catalogue.h"
-#include "instruments/warning_register.h"
 #include "programs/tickerctl/settings_command.h"
 #include "programs/tickerctl/unasked_choice.h"
+#include "settings/preferences.h"
+#include "settings/settings_catalogue.h"
+#include "settings/warning_register.h"
 #include "support/memory_stores.h"
 
 #include <gtest/gtest.h>

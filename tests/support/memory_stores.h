@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/logger.h"
-#include "platform/settings_store.h"
+#include "settings/settings_store.h"
 
 #include <map>
 #include <string>

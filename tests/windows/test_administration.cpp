@@ -1,6 +1,6 @@
 #include "app/administration.h"
-#include "instruments/warning_register.h"
 #include "mainwindow/tickervantage_window.h"
+#include "settings/warning_register.h"
 #include "support/fake_main_window_parts.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "config/settings_catalogue.h"
 #include "privileged/step_time_window.h"
 #include "privileged/synchronize_window.h"
+#include "settings/settings_catalogue.h"
 #include "support/memory_stores.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // Colours can be told from their background, and from each other, also by people who see fewer of them.
-#include "config/settings_keys.h"
 #include "config/words_window.h"
 #include "platform/qt/canvas_colors.h"
+#include "settings/settings_keys.h"
 
 #include <gtest/gtest.h>
 

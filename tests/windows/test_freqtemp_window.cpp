@@ -1,10 +1,10 @@
-#include "config/settings_catalogue.h"
 #include "freqtemp/freqtemp_plot_window.h"
 #include "freqtemp/freqtemp_window.h"
 #include "freqtemp/sensor_inspector_window.h"
 #include "freqtemp/sensor_table_window.h"
 #include "platform/qt/picture_file.h"
 #include "platform/qt/qt_canvas.h"
+#include "settings/settings_catalogue.h"
 #include "support/freqtemp_parts.h"
 #include "support/keyboard.h"
 

@@ -1,7 +1,7 @@
 #include "config/preferences_advanced_window.h"
 #include "config/preferences_general_window.h"
 #include "config/preferences_window.h"
-#include "config/settings_catalogue.h"
+#include "settings/settings_catalogue.h"
 #include "support/memory_stores.h"
 #include "support/window_test.h"
 

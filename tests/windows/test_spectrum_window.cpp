@@ -1,5 +1,5 @@
-#include "config/settings_catalogue.h"
 #include "platform/qt/picture_file.h"
+#include "settings/settings_catalogue.h"
 #include "spectrum/spectrum_chart_window.h"
 #include "spectrum/spectrum_window.h"
 #include "spectrum/spectrum_words_window.h"

@@ -8,7 +8,7 @@
 
 #include "base/dispatch.h"
 #include "base/logger.h"
-#include "platform/settings_store.h"
+#include "settings/settings_store.h"
 
 #include <chrono>
 #include <functional>

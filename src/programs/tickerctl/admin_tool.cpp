@@ -1,6 +1,4 @@
 // `tickerctl admin`, put together for this machine.
-#include "config/preferences.h"
-#include "config/settings_catalogue.h"
 #include "linux/small_file.h"
 #include "linux/user_name.h"
 #include "platform/linux/terminal_agent.h"
@@ -8,6 +6,8 @@
 #include "programs/tickerctl/admin_command.h"
 #include "programs/tickerctl/terminal.h"
 #include "programs/tickerctl/tool.h"
+#include "settings/preferences.h"
+#include "settings/settings_catalogue.h"
 
 #include <chrono>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 #include "programs/tickerctl/daemon_access.h"
 
-#include "config/settings_catalogue.h"
 #include "linux/xdg_paths.h"
 #include "programs/tickerctl/terminal.h"
+#include "settings/settings_catalogue.h"
 
 namespace tickervantage {
 

@@ -1,5 +1,4 @@
 // `tickerctl sensors`, `fit`, `record` and `plot freqtemp`, put together for this machine.
-#include "config/settings_catalogue.h"
 #include "freqtemp/freqtemp_session.h"
 #include "freqtemp/freqtemp_view.h"
 #include "linux/machine_sensors.h"
@@ -9,6 +8,7 @@
 #include "programs/tickerctl/sensors_command.h"
 #include "programs/tickerctl/terminal.h"
 #include "programs/tickerctl/tool.h"
+#include "settings/settings_catalogue.h"
 
 #include <iostream>
 

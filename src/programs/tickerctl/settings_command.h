@@ -5,7 +5,7 @@
 // a setting without a value is null. Main thread.
 #pragma once
 
-#include "config/settings_catalogue.h"
+#include "settings/settings_catalogue.h"
 
 #include <functional>
 #include <iosfwd>

@@ -1,8 +1,6 @@
 #include "programs/tickerctl/tool.h"
 
 #include "chrony/log_pieces.h"
-#include "config/settings_catalogue.h"
-#include "instruments/warning_register.h"
 #include "linux/posix_followed_file.h"
 #include "linux/small_file.h"
 #include "mainwindow/refresh.h"
@@ -14,6 +12,8 @@
 #include "programs/tickerctl/status_command.h"
 #include "programs/tickerctl/terminal.h"
 #include "programs/tickerctl/unasked_choice.h"
+#include "settings/settings_catalogue.h"
+#include "settings/warning_register.h"
 
 #include <unistd.h>
 

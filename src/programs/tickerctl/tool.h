@@ -5,7 +5,6 @@
 
 #include "base/logger.h"
 #include "base/paths.h"
-#include "config/preferences.h"
 #include "linux/serial_queue.h"
 #include "mainwindow/status_values.h"
 #include "platform/qt/qt_settings_store.h"
@@ -16,6 +15,7 @@
 #include "programs/tickerctl/plot_tracking.h"
 #include "programs/tickerctl/settings_command.h"
 #include "programs/tickerctl/spectrum_command.h"
+#include "settings/preferences.h"
 
 #include <mutex>
 #include <optional>

@@ -1,8 +1,8 @@
 #include "programs/tickerctl/unasked_choice.h"
 
-#include "config/preferences.h"
-#include "instruments/warning_register.h"
 #include "mainwindow/installation_offers.h"
+#include "settings/preferences.h"
+#include "settings/warning_register.h"
 
 #include <fmt/format.h>
 

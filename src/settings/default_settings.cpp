@@ -1,4 +1,4 @@
-#include "platform/default_settings.h"
+#include "settings/default_settings.h"
 
 #include <utility>
 

@@ -5,7 +5,7 @@
 // thread only.
 #pragma once
 
-#include "platform/default_settings.h"
+#include "settings/default_settings.h"
 
 #include <functional>
 #include <set>

@@ -1,6 +1,6 @@
-#include "config/preferences.h"
+#include "settings/preferences.h"
 
-#include "config/settings_catalogue.h"
+#include "settings/settings_catalogue.h"
 
 #include <algorithm>
 #include <array>

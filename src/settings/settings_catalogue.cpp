@@ -1,4 +1,4 @@
-#include "config/settings_catalogue.h"
+#include "settings/settings_catalogue.h"
 
 #include <fmt/format.h>
 

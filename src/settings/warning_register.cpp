@@ -1,4 +1,4 @@
-#include "instruments/warning_register.h"
+#include "settings/warning_register.h"
 
 namespace tickervantage {
 

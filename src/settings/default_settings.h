@@ -9,7 +9,7 @@
 #pragma once
 
 #include "base/setting_text.h"
-#include "platform/settings_store.h"
+#include "settings/settings_store.h"
 
 #include <cstdint>
 #include <functional>

@@ -4,8 +4,8 @@
 // that take keys and values as text: find_setting, default_text, check_setting. Main thread where a store is involved.
 #pragma once
 
-#include "config/settings_keys.h"
-#include "platform/default_settings.h"
+#include "settings/default_settings.h"
+#include "settings/settings_keys.h"
 
 #include <optional>
 #include <span>

@@ -1,6 +1,6 @@
-#include "instruments/suppressible_alert.h"
+#include "settings/suppressible_alert.h"
 
-#include "instruments/warning_register.h"
+#include "settings/warning_register.h"
 
 #include <utility>
 
