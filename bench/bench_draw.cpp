@@ -7,7 +7,7 @@
 #include <qcustomplot.h>
 
 #include "graphs/tracking_view.h"
-#include "platform/qt/qt_canvas.h"
+#include "qt/qt_canvas.h"
 #include "support/manual_timer.h"
 
 #include <fmt/chrono.h>

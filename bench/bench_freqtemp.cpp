@@ -7,7 +7,7 @@
 // alone, under a profiler.
 #include "freqtemp/freqtemp_view.h"
 #include "freqtemp/scatter_json.h"
-#include "platform/qt/qt_canvas.h"
+#include "qt/qt_canvas.h"
 
 #include <Eigen/Dense>
 #include <nlohmann/json.hpp>

@@ -18,8 +18,8 @@
 #include "linux/private_temporary.h"
 #include "mainwindow/command_output_window.h"
 #include "mainwindow/tickervantage_window.h"
-#include "platform/qt/qt_main_thread.h"
-#include "platform/qt/qt_master_timer.h"
+#include "qt/qt_main_thread.h"
+#include "qt/qt_master_timer.h"
 
 #include <QApplication>
 #include <QComboBox>

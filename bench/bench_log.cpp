@@ -12,7 +12,7 @@
 #include "graphs/tracking_records.h"
 #include "linux/posix_followed_file.h"
 #include "linux/serial_queue.h"
-#include "platform/qt/qt_main_thread.h"
+#include "qt/qt_main_thread.h"
 
 #include <QCoreApplication>
 #include <QTimer>

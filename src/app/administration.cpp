@@ -3,9 +3,9 @@
 #include "app/alert_window.h"
 #include "app/former_configurations.h"
 #include "mainwindow/status_cycle.h"
-#include "platform/qt/spoken.h"
 #include "privileged/distribution_chrony.h"
 #include "privileged/job_environment.h"
+#include "qt/spoken.h"
 #include "settings/warning_register.h"
 
 #include <QAction>

@@ -2,7 +2,7 @@
 
 #include "app/bring_to_front.h"
 #include "linux/small_file.h"
-#include "platform/qt/picture_file.h"
+#include "qt/picture_file.h"
 
 #include <utility>
 

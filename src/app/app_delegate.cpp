@@ -12,8 +12,8 @@
 #include "config/configuration.h"
 #include "linux/desktop_applications.h"
 #include "mainwindow/tickervantage_window.h"
-#include "platform/qt/languages.h"
 #include "privileged/distribution_chrony.h"
+#include "qt/languages.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,8 +1,8 @@
 #include "app/clock_setting.h"
 
-#include "platform/qt/spoken.h"
 #include "privileged/step_time_window.h"
 #include "privileged/synchronize_window.h"
+#include "qt/spoken.h"
 
 namespace tickervantage {
 namespace {

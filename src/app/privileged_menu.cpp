@@ -1,7 +1,7 @@
 #include "app/privileged_menu.h"
 
 #include "mainwindow/status_cycle.h"
-#include "platform/qt/spoken.h"
+#include "qt/spoken.h"
 
 #include <QCoreApplication>
 

@@ -4,7 +4,7 @@
 #include "config/config_text_window.h"
 #include "config/included_files.h"
 #include "config/words_window.h"
-#include "platform/qt/spoken.h"
+#include "qt/spoken.h"
 
 #include <QAction>
 #include <QDir>

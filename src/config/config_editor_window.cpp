@@ -4,8 +4,8 @@
 #include "config/config_sheets_window.h"
 #include "config/config_text_window.h"
 #include "config/words_window.h"
-#include "platform/qt/spoken.h"
-#include "platform/qt/text_scale.h"
+#include "qt/spoken.h"
+#include "qt/text_scale.h"
 
 #include <QAction>
 #include <QCloseEvent>

@@ -1,7 +1,7 @@
 #include "config/config_sheets_window.h"
 
 #include "config/words_window.h"
-#include "platform/qt/spoken.h"
+#include "qt/spoken.h"
 
 #include <QCoreApplication>
 #include <QMessageBox>

@@ -1,7 +1,7 @@
 #include "config/preferences_general_controls_window.h"
 
 #include "config/words_window.h"
-#include "platform/qt/text_scale.h"
+#include "qt/text_scale.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>

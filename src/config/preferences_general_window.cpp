@@ -2,8 +2,8 @@
 
 #include "base/text_lines.h"
 #include "config/words_window.h"
-#include "platform/qt/spoken.h"
-#include "platform/qt/written_numbers.h"
+#include "qt/spoken.h"
+#include "qt/written_numbers.h"
 #include "settings/settings_keys.h"
 
 #include <QCheckBox>

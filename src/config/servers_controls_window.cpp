@@ -2,7 +2,7 @@
 
 #include "config/servers_list_window.h"
 #include "config/words_window.h"
-#include "platform/qt/text_scale.h"
+#include "qt/text_scale.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>

@@ -2,7 +2,7 @@
 
 #include "config/servers_list_window.h"
 #include "config/words_window.h"
-#include "platform/qt/spoken.h"
+#include "qt/spoken.h"
 
 #include <QAction>
 #include <QCheckBox>

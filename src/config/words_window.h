@@ -1,7 +1,7 @@
 // Small things that the windows of this folder share: words that warn, and room for words.
 #pragma once
 
-#include "platform/qt/named_widget.h"
+#include "qt/named_widget.h"
 
 #include <QGuiApplication>
 #include <QLabel>

@@ -2,8 +2,8 @@
 
 #include "freqtemp/freqtemp_plot_window.h"
 #include "freqtemp/freqtemp_settings.h"
-#include "platform/qt/named_widget.h"
-#include "platform/qt/text_scale.h"
+#include "qt/named_widget.h"
+#include "qt/text_scale.h"
 #include "settings/settings_keys.h"
 
 #include <QCheckBox>

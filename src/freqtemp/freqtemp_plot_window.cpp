@@ -1,7 +1,7 @@
 #include "freqtemp/freqtemp_plot_window.h"
 
-#include "platform/qt/accessible_widgets.h"
-#include "platform/qt/qt_canvas.h"
+#include "qt/accessible_widgets.h"
+#include "qt/qt_canvas.h"
 
 #include <QEvent>
 #include <QFocusEvent>

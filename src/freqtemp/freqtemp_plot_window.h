@@ -6,7 +6,7 @@
 #pragma once
 
 #include "freqtemp/freqtemp_view.h"
-#include "platform/qt/qt_canvas.h"
+#include "qt/qt_canvas.h"
 
 #include <QPixmap>
 #include <QString>

@@ -1,7 +1,7 @@
 #include "freqtemp/freqtemp_words_window.h"
 
 #include "base/local_clock.h"
-#include "platform/qt/named_widget.h"
+#include "qt/named_widget.h"
 
 #include <QColor>
 #include <QCoreApplication>

@@ -4,7 +4,7 @@
 #include "draw/plots/plot_caption.h"
 #include "freqtemp/freqtemp_view.h"
 #include "freqtemp/scatter_map.h"
-#include "platform/qt/canvas_colors.h"
+#include "qt/canvas_colors.h"
 
 #include <QString>
 

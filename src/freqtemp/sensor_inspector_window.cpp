@@ -4,7 +4,7 @@
 #include "base/user_files.h"
 #include "freqtemp/inspector_sensor.h"
 #include "freqtemp/sensor_table_window.h"
-#include "platform/qt/text_scale.h"
+#include "qt/text_scale.h"
 
 #include <QAction>
 #include <QClipboard>

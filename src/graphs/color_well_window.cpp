@@ -1,6 +1,6 @@
 #include "graphs/color_well_window.h"
 
-#include "platform/qt/canvas_colors.h"
+#include "qt/canvas_colors.h"
 
 #include <QColorDialog>
 #include <QPainter>

@@ -1,8 +1,8 @@
 #include "graphs/graph_scroll_area_window.h"
 
 #include "draw/plots/performance_graph.h"
-#include "platform/qt/accessible_widgets.h"
-#include "platform/qt/canvas_colors.h"
+#include "qt/accessible_widgets.h"
+#include "qt/canvas_colors.h"
 
 #include <QKeyEvent>
 #include <QNativeGestureEvent>

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "draw/canvas.h"
-#include "platform/qt/qt_canvas.h"
+#include "qt/qt_canvas.h"
 
 #include <QAbstractScrollArea>
 

@@ -1,8 +1,8 @@
 #include "graphs/plot_export_window.h"
 
 #include "draw/recorded_drawing.h"
-#include "platform/qt/qt_canvas.h"
-#include "platform/qt/spoken.h"
+#include "qt/qt_canvas.h"
+#include "qt/spoken.h"
 
 #include <QAbstractScrollArea>
 #include <QAction>

@@ -12,7 +12,7 @@
 #include "base/dispatch.h"
 #include "draw/canvas.h"
 #include "draw/plots/plot_caption.h"
-#include "platform/qt/picture_file.h"
+#include "qt/picture_file.h"
 
 #include <QObject>
 #include <QString>

@@ -3,7 +3,7 @@
 #include "graphs/graph_scroll_area_window.h"
 #include "graphs/legend_window.h"
 #include "graphs/tracking_settings.h"
-#include "platform/qt/text_scale.h"
+#include "qt/text_scale.h"
 #include "settings/settings_keys.h"
 
 #include <QAction>

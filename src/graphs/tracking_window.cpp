@@ -4,9 +4,9 @@
 #include "graphs/legend_window.h"
 #include "graphs/tracking_rows.h"
 #include "graphs/tracking_words_window.h"
-#include "platform/qt/named_widget.h"
-#include "platform/qt/spoken.h"
-#include "platform/qt/text_scale.h"
+#include "qt/named_widget.h"
+#include "qt/spoken.h"
+#include "qt/text_scale.h"
 
 #include <QAction>
 #include <QComboBox>

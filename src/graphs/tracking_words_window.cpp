@@ -1,8 +1,8 @@
 #include "graphs/tracking_words_window.h"
 
 #include "graphs/legend_window.h"
-#include "platform/qt/named_widget.h"
-#include "platform/qt/spoken.h"
+#include "qt/named_widget.h"
+#include "qt/spoken.h"
 
 #include <QCoreApplication>
 #include <QLocale>

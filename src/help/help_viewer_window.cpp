@@ -4,7 +4,7 @@
 #include "help/help_find_bar_window.h"
 #include "help/help_page_view_window.h"
 #include "help/help_search.h"
-#include "platform/qt/text_scale.h"
+#include "qt/text_scale.h"
 
 #include <QAction>
 #include <QEvent>

@@ -2,8 +2,8 @@
 
 #include "draw/bounds_canvas.h"
 #include "draw/instruments/dial.h"
-#include "platform/qt/accessible_widgets.h"
-#include "platform/qt/qt_canvas.h"
+#include "qt/accessible_widgets.h"
+#include "qt/qt_canvas.h"
 
 #include <QEvent>
 #include <QPainter>

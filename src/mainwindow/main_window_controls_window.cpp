@@ -4,8 +4,8 @@
 #include "mainwindow/command_output_window.h"
 #include "mainwindow/commands.h"
 #include "mainwindow/status_image_window.h"
-#include "platform/qt/named_widget.h"
-#include "platform/qt/text_scale.h"
+#include "qt/named_widget.h"
+#include "qt/text_scale.h"
 
 #include <QCheckBox>
 #include <QComboBox>

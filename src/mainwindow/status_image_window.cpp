@@ -1,6 +1,6 @@
 #include "mainwindow/status_image_window.h"
 
-#include "platform/qt/accessible_widgets.h"
+#include "qt/accessible_widgets.h"
 
 #include <QCoreApplication>
 #include <QPainter>

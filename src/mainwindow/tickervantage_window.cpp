@@ -4,9 +4,9 @@
 #include "mainwindow/command_output_window.h"
 #include "mainwindow/local_time_text_window.h"
 #include "mainwindow/status_image_window.h"
-#include "platform/qt/local_number.h"
-#include "platform/qt/spoken.h"
-#include "platform/qt/text_scale.h"
+#include "qt/local_number.h"
+#include "qt/spoken.h"
+#include "qt/text_scale.h"
 
 #include <QAction>
 #include <QCheckBox>

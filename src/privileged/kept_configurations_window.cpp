@@ -2,8 +2,8 @@
 
 #include "base/text_difference.h"
 #include "config/words_window.h"
-#include "platform/qt/spoken.h"
-#include "platform/qt/text_scale.h"
+#include "qt/spoken.h"
+#include "qt/text_scale.h"
 
 #include <QCoreApplication>
 #include <QDateTime>

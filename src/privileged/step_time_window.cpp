@@ -1,8 +1,8 @@
 #include "privileged/step_time_window.h"
 
 #include "config/words_window.h"
-#include "platform/qt/text_scale.h"
 #include "privileged/synchronize.h"
+#include "qt/text_scale.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>

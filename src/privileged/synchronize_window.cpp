@@ -1,8 +1,8 @@
 #include "privileged/synchronize_window.h"
 
 #include "config/words_window.h"
-#include "platform/qt/spoken.h"
-#include "platform/qt/text_scale.h"
+#include "qt/spoken.h"
+#include "qt/text_scale.h"
 #include "settings/settings_catalogue.h"
 
 #include <QCheckBox>

@@ -1,7 +1,7 @@
 #include "spectrum/spectrum_controls_window.h"
 
-#include "platform/qt/named_widget.h"
-#include "platform/qt/text_scale.h"
+#include "qt/named_widget.h"
+#include "qt/text_scale.h"
 #include "spectrum/spectrum_chart_window.h"
 
 #include <QComboBox>

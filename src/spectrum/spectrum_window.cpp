@@ -1,6 +1,6 @@
 #include "spectrum/spectrum_window.h"
 
-#include "platform/qt/written_numbers.h"
+#include "qt/written_numbers.h"
 #include "settings/settings_catalogue.h"
 #include "spectrum/spectrum_chart_window.h"
 #include "spectrum/spectrum_words_window.h"

@@ -1,7 +1,7 @@
 #include "draw/bounds_canvas.h"
 #include "instruments/instrument_window.h"
-#include "platform/qt/picture_file.h"
-#include "platform/qt/qt_canvas.h"
+#include "qt/picture_file.h"
+#include "qt/qt_canvas.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Colours can be told from their background, and from each other, also by people who see fewer of them.
 #include "config/words_window.h"
-#include "platform/qt/canvas_colors.h"
+#include "qt/canvas_colors.h"
 #include "settings/settings_keys.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // The German translation, as built: it loads, and says what the sources say.
-#include "platform/qt/languages.h"
-#include "platform/qt/spoken.h"
+#include "qt/languages.h"
+#include "qt/spoken.h"
 #include "support/keyboard.h"
 #include "support/real_application.h"
 

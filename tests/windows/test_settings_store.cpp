@@ -1,5 +1,5 @@
 #include "linux/serial_queue.h"
-#include "platform/qt/qt_settings_store.h"
+#include "qt/qt_settings_store.h"
 #include "support/manual_dispatch.h"
 #include "support/memory_stores.h"
 

@@ -1,4 +1,4 @@
-#include "platform/qt/picture_file.h"
+#include "qt/picture_file.h"
 #include "settings/settings_catalogue.h"
 #include "spectrum/spectrum_chart_window.h"
 #include "spectrum/spectrum_window.h"

@@ -3,7 +3,7 @@
 #include "graphs/legend_window.h"
 #include "graphs/tracking_window.h"
 #include "linux/serial_queue.h"
-#include "platform/qt/qt_main_thread.h"
+#include "qt/qt_main_thread.h"
 #include "settings/settings_catalogue.h"
 #include "support/fake_followed_files.h"
 #include "support/manual_timer.h"

@@ -1,6 +1,6 @@
 #include "programs/tickerctl/plot_chart.h"
 
-#include "platform/qt/picture_file.h"
+#include "qt/picture_file.h"
 
 namespace tickervantage {
 

@@ -2,7 +2,7 @@
 
 #include "draw/instruments/clock_performance.h"
 #include "draw/instruments/dial.h"
-#include "platform/qt/picture_file.h"
+#include "qt/picture_file.h"
 
 #include <algorithm>
 #include <functional>

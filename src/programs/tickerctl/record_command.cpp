@@ -8,9 +8,9 @@
 #include "linux/machine_sensors.h"
 #include "linux/posix_user_files.h"
 #include "linux/serial_queue.h"
-#include "platform/qt/qt_main_thread.h"
-#include "platform/qt/qt_master_timer.h"
 #include "programs/tickerctl/terminal.h"
+#include "qt/qt_main_thread.h"
+#include "qt/qt_master_timer.h"
 
 #include <QEventLoop>
 #include <QSocketNotifier>

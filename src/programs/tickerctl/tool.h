@@ -7,7 +7,6 @@
 #include "base/paths.h"
 #include "linux/serial_queue.h"
 #include "mainwindow/status_values.h"
-#include "platform/qt/qt_settings_store.h"
 #include "programs/tickerctl/arguments.h"
 #include "programs/tickerctl/daemon_access.h"
 #include "programs/tickerctl/end_signals.h"
@@ -15,6 +14,7 @@
 #include "programs/tickerctl/plot_tracking.h"
 #include "programs/tickerctl/settings_command.h"
 #include "programs/tickerctl/spectrum_command.h"
+#include "qt/qt_settings_store.h"
 #include "settings/preferences.h"
 
 #include <mutex>

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "draw/canvas.h"
-#include "platform/qt/canvas_colors.h"
+#include "qt/canvas_colors.h"
 
 #include <functional>
 #include <string>

@@ -1,6 +1,6 @@
-#include "platform/qt/qt_canvas.h"
+#include "qt/qt_canvas.h"
 
-#include "platform/qt/local_number.h"
+#include "qt/local_number.h"
 
 #include <QFontMetricsF>
 #include <QPaintEngine>

@@ -1,4 +1,4 @@
-#include "platform/qt/label_cache.h"
+#include "qt/label_cache.h"
 
 #include <QFontMetricsF>
 #include <QGuiApplication>

@@ -1,4 +1,4 @@
-#include "platform/qt/spoken.h"
+#include "qt/spoken.h"
 
 #include <QCoreApplication>
 #include <QStringList>

@@ -5,9 +5,9 @@
 #pragma once
 
 #include "draw/canvas.h"
-#include "platform/qt/canvas_colors.h"
-#include "platform/qt/label_cache.h"
-#include "platform/qt/pixel_layer.h"
+#include "qt/canvas_colors.h"
+#include "qt/label_cache.h"
+#include "qt/pixel_layer.h"
 
 class QPainter;
 

@@ -1,4 +1,4 @@
-#include "platform/qt/pixel_layer.h"
+#include "qt/pixel_layer.h"
 
 #include <QPaintEngine>
 #include <QPainter>

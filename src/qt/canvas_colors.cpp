@@ -1,4 +1,4 @@
-#include "platform/qt/canvas_colors.h"
+#include "qt/canvas_colors.h"
 
 #include <QPalette>
 

@@ -1,9 +1,9 @@
-#include "platform/qt/settings_file.h"
+#include "qt/settings_file.h"
 
 #include <fmt/format.h>
 
 #include "linux/small_file.h"
-#include "platform/qt/ini_text.h"
+#include "qt/ini_text.h"
 
 #include <filesystem>
 #include <system_error>

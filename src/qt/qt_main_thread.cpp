@@ -1,4 +1,4 @@
-#include "platform/qt/qt_main_thread.h"
+#include "qt/qt_main_thread.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -1,6 +1,6 @@
-#include "platform/qt/picture_file.h"
+#include "qt/picture_file.h"
 
-#include "platform/qt/qt_canvas.h"
+#include "qt/qt_canvas.h"
 
 #include <fmt/format.h>
 

@@ -1,10 +1,10 @@
-#include "platform/qt/qt_settings_store.h"
+#include "qt/qt_settings_store.h"
 
 #include <QFileSystemWatcher>
 #include <QString>
 
 #include "linux/small_file.h"
-#include "platform/qt/settings_file.h"
+#include "qt/settings_file.h"
 
 #include <atomic>
 #include <condition_variable>

@@ -1,4 +1,4 @@
-#include "platform/qt/accessible_widgets.h"
+#include "qt/accessible_widgets.h"
 
 #include <QAbstractButton>
 #include <QAccessibleWidget>

@@ -1,4 +1,4 @@
-#include "platform/qt/languages.h"
+#include "qt/languages.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

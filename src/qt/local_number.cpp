@@ -1,4 +1,4 @@
-#include "platform/qt/local_number.h"
+#include "qt/local_number.h"
 
 #include <QLocale>
 

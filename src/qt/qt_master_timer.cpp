@@ -1,4 +1,4 @@
-#include "platform/qt/qt_master_timer.h"
+#include "qt/qt_master_timer.h"
 
 #include <QDateTime>
 #include <QTimer>

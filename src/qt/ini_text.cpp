@@ -1,4 +1,4 @@
-#include "platform/qt/ini_text.h"
+#include "qt/ini_text.h"
 
 #include <QDir>
 #include <QFile>
