@@ -7,8 +7,8 @@
 // Prints one line of JSON: seconds, records, bytes a record, and with "reader" how late the timer was at worst and how
 // much processor time the longest stretch between two of its ticks took of the main thread.
 #include "bench/timing.h"
-#include "chrony/log_pieces.h"
-#include "chrony/logreader.h"
+#include "chrony/log/log_pieces.h"
+#include "chrony/log/logreader.h"
 #include "graphs/tracking_records.h"
 #include "linux/posix_followed_file.h"
 #include "linux/serial_queue.h"

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "base/broadcast.h"
+#include "chrony/status/status_cycle.h"
 #include "linux/desktop_applications.h"
 #include "linux/posix_execute.h"
 #include "linux/serial_queue.h"
 #include "linux/xdg_paths.h"
-#include "mainwindow/status_cycle.h"
 #include "platform/linux/no_privileged_channel.h"
 #include "settings/preferences.h"
 #include "settings/settings_keys.h"

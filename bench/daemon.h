@@ -1,7 +1,7 @@
 // The demonstration daemon that the benchmarks ask, and the programs they ask it with.
 #pragma once
 
-#include "platform/linux/demonstration.h"
+#include "chrony/demonstration/demonstration.h"
 
 #include <string>
 #include <vector>

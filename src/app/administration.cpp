@@ -2,7 +2,7 @@
 
 #include "app/alert_window.h"
 #include "app/former_configurations.h"
-#include "mainwindow/status_cycle.h"
+#include "chrony/status/status_cycle.h"
 #include "privileged/distribution_chrony.h"
 #include "privileged/job_environment.h"
 #include "qt/spoken.h"

@@ -9,7 +9,7 @@
 #include "app/help_windows.h"
 #include "app/settings_windows.h"
 #include "app/window_menus.h"
-#include "config/configuration.h"
+#include "chrony/configuration/configuration.h"
 #include "linux/desktop_applications.h"
 #include "mainwindow/tickervantage_window.h"
 #include "privileged/distribution_chrony.h"

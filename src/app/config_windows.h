@@ -3,8 +3,8 @@
 #pragma once
 
 #include "base/paths.h"
+#include "chrony/configuration/kept_edit.h"
 #include "config/config_editor_window.h"
-#include "config/kept_edit.h"
 #include "settings/default_settings.h"
 
 #include <QStringList>

@@ -1,6 +1,6 @@
 #include "app/privileged_menu.h"
 
-#include "mainwindow/status_cycle.h"
+#include "chrony/status/status_cycle.h"
 #include "qt/spoken.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "config/config_completer_window.h"
 
-#include "config/directives.h"
+#include "chrony/configuration/directives.h"
 #include "config/words_window.h"
 
 #include <QCompleter>

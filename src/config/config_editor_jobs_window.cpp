@@ -1,8 +1,8 @@
 // The configuration editor's work on its text: checking, saving, installing.
+#include "chrony/configuration/included_files.h"
 #include "config/config_editor_window.h"
 #include "config/config_sheets_window.h"
 #include "config/config_text_window.h"
-#include "config/included_files.h"
 #include "config/words_window.h"
 #include "qt/spoken.h"
 

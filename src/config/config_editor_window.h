@@ -9,12 +9,12 @@
 #pragma once
 
 #include "base/dispatch.h"
+#include "chrony/configuration/config_document.h"
+#include "chrony/configuration/configuration_check.h"
+#include "chrony/configuration/kept_edit.h"
 #include "config/check_image_window.h"
 #include "config/config_controls_window.h"
-#include "config/config_document.h"
 #include "config/config_menus_window.h"
-#include "config/configuration_check.h"
-#include "config/kept_edit.h"
 
 #include <QMainWindow>
 #include <QTimer>

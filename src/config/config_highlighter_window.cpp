@@ -1,6 +1,6 @@
 #include "config/config_highlighter_window.h"
 
-#include "config/directives.h"
+#include "chrony/configuration/directives.h"
 
 #include <QElapsedTimer>
 #include <QTextDocument>

@@ -1,9 +1,9 @@
 // The configuration editor and the files that a configuration takes in: they can be opened and checked, but each is
 // only a part, which must not be installed in place of the whole.
+#include "chrony/configuration/included_files.h"
 #include "config/config_editor_window.h"
 #include "config/config_sheets_window.h"
 #include "config/config_text_window.h"
-#include "config/included_files.h"
 #include "config/words_window.h"
 
 #include <QMenu>

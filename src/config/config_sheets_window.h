@@ -2,7 +2,7 @@
 // themselves; what was chosen comes to the function given. Main thread.
 #pragma once
 
-#include "config/configuration_check.h"
+#include "chrony/configuration/configuration_check.h"
 
 #include <QString>
 #include <QStringList>

@@ -3,7 +3,7 @@
 // The widgets belong to the parent. Main thread.
 #pragma once
 
-#include "config/server_list.h"
+#include "chrony/configuration/server_list.h"
 
 #include <QString>
 

@@ -4,7 +4,7 @@
 // rows move by dragging. Main thread.
 #pragma once
 
-#include "config/server_list.h"
+#include "chrony/configuration/server_list.h"
 
 #include <QAbstractListModel>
 #include <QItemSelectionModel>

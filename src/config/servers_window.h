@@ -7,8 +7,8 @@
 // The parts outlive the window, and the main thread outlives the queue. Main thread only.
 #pragma once
 
-#include "config/server_list.h"
-#include "config/server_list_file.h"
+#include "chrony/configuration/server_list.h"
+#include "chrony/configuration/server_list_file.h"
 #include "config/servers_controls_window.h"
 
 #include <QMainWindow>

@@ -2,7 +2,7 @@
 
 #include "base/broadcast.h"
 #include "base/sensors.h"
-#include "chrony/current_frequency.h"
+#include "chrony/reports/current_frequency.h"
 #include "freqtemp/scatter_store.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 // runs on while chronyd writes it.
 #pragma once
 
-#include "chrony/logreader.h"
+#include "chrony/log/logreader.h"
 #include "graphs/plot_export_window.h"
 #include "graphs/tracking_controls_window.h"
 #include "graphs/tracking_settings.h"

@@ -1,7 +1,7 @@
 // What a tracking graph shows, in words: below it for those who point at a record, and for screen readers.
 #pragma once
 
-#include "config/tracking_log_setting.h"
+#include "chrony/configuration/tracking_log_setting.h"
 #include "draw/plots/plot_caption.h"
 #include "graphs/tracking_view.h"
 

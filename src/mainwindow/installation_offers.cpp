@@ -1,6 +1,6 @@
 #include "mainwindow/installation_offers.h"
 
-#include "platform/services/chrony_services.h"
+#include "chrony/services/chrony_services.h"
 #include "settings/warning_register.h"
 
 #include <utility>

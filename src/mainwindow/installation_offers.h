@@ -7,9 +7,9 @@
 #pragma once
 
 #include "base/dispatch.h"
-#include "chrony/runchronyc.h"
-#include "mainwindow/versions.h"
-#include "platform/services/service_definitions.h"
+#include "chrony/reports/runchronyc.h"
+#include "chrony/reports/versions.h"
+#include "chrony/services/service_definitions.h"
 #include "privileged/distribution_chrony.h"
 #include "settings/suppressible_alert.h"
 

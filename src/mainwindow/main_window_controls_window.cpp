@@ -1,8 +1,8 @@
 #include "mainwindow/main_window_controls_window.h"
 
+#include "chrony/reports/commands.h"
 #include "instruments/instrument_window.h"
 #include "mainwindow/command_output_window.h"
-#include "mainwindow/commands.h"
 #include "mainwindow/status_image_window.h"
 #include "qt/named_widget.h"
 #include "qt/text_scale.h"

@@ -1,7 +1,7 @@
 // The three images of the daemon's state: told apart by shape as well as by colour.
 #pragma once
 
-#include "mainwindow/status_values.h"
+#include "chrony/status/status_values.h"
 
 #include <QWidget>
 

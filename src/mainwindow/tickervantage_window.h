@@ -1,10 +1,10 @@
 // The main window: the dashboard over one status cycle.
 #pragma once
 
+#include "chrony/status/status_cycle.h"
+#include "chrony/status/status_display.h"
 #include "draw/instruments/analog_clock_view.h"
 #include "mainwindow/main_window_controls_window.h"
-#include "mainwindow/status_cycle.h"
-#include "mainwindow/status_display.h"
 
 #include <QMainWindow>
 

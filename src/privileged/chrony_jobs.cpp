@@ -1,6 +1,6 @@
 #include "privileged/chrony_jobs.h"
 
-#include "config/configuration.h"
+#include "chrony/configuration/configuration.h"
 #include "privileged/old_installation.h"
 #include "privileged/synchronize.h"
 

@@ -6,8 +6,8 @@
 // its steps do.
 #pragma once
 
-#include "config/config_error.h"
-#include "platform/services/chrony_services.h"
+#include "chrony/configuration/config_error.h"
+#include "chrony/services/chrony_services.h"
 #include "privileged/distribution_chrony.h"
 #include "privileged/job_steps.h"
 #include "privileged/started_daemon.h"

@@ -1,7 +1,7 @@
 #include "privileged/daemon_watch.h"
 
-#include "platform/services/chrony_services.h"
-#include "privileged/running_check.h"
+#include "chrony/reports/running_check.h"
+#include "chrony/services/chrony_services.h"
 
 namespace tickervantage {
 

@@ -1,6 +1,6 @@
 #include "privileged/distribution_chrony.h"
 
-#include "platform/services/chrony_services.h"
+#include "chrony/services/chrony_services.h"
 
 #include <algorithm>
 #include <initializer_list>

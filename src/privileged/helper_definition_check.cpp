@@ -1,6 +1,6 @@
 #include "privileged/helper_content.h"
 
-#include "platform/services/chrony_services.h"
+#include "chrony/services/chrony_services.h"
 #include "privileged/helper_definitions.h"
 
 #include <algorithm>

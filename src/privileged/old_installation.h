@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/dispatch.h"
-#include "platform/services/service_definitions.h"
+#include "chrony/services/service_definitions.h"
 
 #include <functional>
 #include <memory>

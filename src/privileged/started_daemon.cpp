@@ -1,8 +1,8 @@
 #include "privileged/started_daemon.h"
 
 #include "base/text_lines.h"
-#include "platform/services/chrony_services.h"
-#include "privileged/running_check.h"
+#include "chrony/reports/running_check.h"
+#include "chrony/services/chrony_services.h"
 
 #include <algorithm>
 #include <fstream>

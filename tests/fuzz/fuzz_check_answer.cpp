@@ -1,5 +1,5 @@
 // Any bytes as chronyd's answer: the message is a piece of it between the two marks, and no error has no line.
-#include "config/config_error.h"
+#include "chrony/configuration/config_error.h"
 #include "fuzz/require.h"
 
 using namespace tickervantage;

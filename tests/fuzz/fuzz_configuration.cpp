@@ -1,8 +1,8 @@
 // Any bytes as a chrony.conf: read as directives, as a document and for warnings.
-#include "config/config_document.h"
-#include "config/configuration.h"
-#include "config/configuration_warnings.h"
-#include "config/directives.h"
+#include "chrony/configuration/config_document.h"
+#include "chrony/configuration/configuration.h"
+#include "chrony/configuration/configuration_warnings.h"
+#include "chrony/configuration/directives.h"
 #include "fuzz/require.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Any bytes as a "sourcestats" report or as what a program says of its version.
+#include "chrony/reports/versions.h"
+#include "chrony/status/refresh.h"
 #include "fuzz/require.h"
-#include "mainwindow/refresh.h"
-#include "mainwindow/versions.h"
 
 #include <algorithm>
 

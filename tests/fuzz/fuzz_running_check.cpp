@@ -1,7 +1,7 @@
 // Any bytes as the command line of a chronyd, and as what pgrep lists: nothing crashes, and an -x that stands alone as
 // a word in front is always seen.
+#include "chrony/reports/running_check.h"
 #include "fuzz/require.h"
-#include "privileged/running_check.h"
 
 using namespace tickervantage;
 

@@ -1,6 +1,6 @@
 // Any bytes as a server list and as a configuration to import from: what is saved reads back as the same servers, and
 // what goes to chrony is one line a server.
-#include "config/server_list.h"
+#include "chrony/configuration/server_list.h"
 #include "fuzz/require.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 // Any bytes as a "tracking" report: every number on the dashboard stays finite or inside the meter, every text
 // readable.
-#include "chrony/tracking_report.h"
+#include "chrony/reports/tracking_report.h"
+#include "chrony/status/status_values.h"
 #include "draw/instruments/clock_performance.h"
 #include "fuzz/require.h"
-#include "mainwindow/status_values.h"
 
 #include <cmath>
 

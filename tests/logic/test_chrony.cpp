@@ -1,6 +1,6 @@
 #include "base/text_lines.h"
-#include "chrony/runchronyc.h"
-#include "chrony/tracking_report.h"
+#include "chrony/reports/runchronyc.h"
+#include "chrony/reports/tracking_report.h"
 #include "privileged/privileged_actions.h"
 #include "support/fake_privileged_channel.h"
 #include "support/scripted_execute.h"

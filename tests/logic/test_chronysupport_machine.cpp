@@ -1,5 +1,5 @@
 // What chronysupport does with the machine's time services and our own installation, on a machine in a folder.
-#include "platform/services/chrony_services.h"
+#include "chrony/services/chrony_services.h"
 #include "programs/chronysupport/verbs.h"
 
 #include "support/child_program.h"

@@ -1,4 +1,4 @@
-#include "config/configuration.h"
+#include "chrony/configuration/configuration.h"
 
 #include <gtest/gtest.h>
 

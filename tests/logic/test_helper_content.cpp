@@ -1,4 +1,4 @@
-#include "platform/services/chrony_services.h"
+#include "chrony/services/chrony_services.h"
 #include "privileged/helper_content.h"
 #include "privileged/helper_displaced.h"
 #include "privileged/helper_includes.h"

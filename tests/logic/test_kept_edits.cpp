@@ -1,5 +1,5 @@
-#include "config/kept_edit.h"
-#include "config/tracking_log_setting.h"
+#include "chrony/configuration/kept_edit.h"
+#include "chrony/configuration/tracking_log_setting.h"
 #include "linux/kept_files.h"
 #include "support/child_program.h"
 #include "support/manual_dispatch.h"

@@ -1,6 +1,6 @@
 // Following a log without a thread, a file or a clock: the loop's waits turn the crank.
-#include "chrony/log_pieces.h"
-#include "chrony/logreader.h"
+#include "chrony/log/log_pieces.h"
+#include "chrony/log/logreader.h"
 #include "support/fake_followed_files.h"
 #include "support/manual_dispatch.h"
 

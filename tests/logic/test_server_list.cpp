@@ -1,5 +1,5 @@
-#include "config/local_host.h"
-#include "config/server_list.h"
+#include "chrony/configuration/local_host.h"
+#include "chrony/configuration/server_list.h"
 #include "linux/autostart.h"
 #include "linux/shared_text_file.h"
 #include "programs/tickerctl/servers_command.h"

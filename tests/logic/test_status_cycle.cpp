@@ -1,5 +1,5 @@
-#include "chrony/current_frequency.h"
-#include "mainwindow/status_cycle.h"
+#include "chrony/reports/current_frequency.h"
+#include "chrony/status/status_cycle.h"
 #include "platform/helper_names.h"
 #include "support/fake_main_window_parts.h"
 

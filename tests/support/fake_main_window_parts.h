@@ -1,7 +1,7 @@
 // Everything that the main window works with, in the test's hands.
 #pragma once
 
-#include "mainwindow/status_cycle.h"
+#include "chrony/status/status_cycle.h"
 #include "support/fake_privileged_channel.h"
 #include "support/manual_dispatch.h"
 #include "support/manual_timer.h"

@@ -4,7 +4,7 @@
 #include "base/broadcast.h"
 #include "base/sensors.h"
 #include "base/user_files.h"
-#include "chrony/current_frequency.h"
+#include "chrony/reports/current_frequency.h"
 #include "freqtemp/freqtemp_session.h"
 #include "support/manual_dispatch.h"
 #include "support/manual_timer.h"

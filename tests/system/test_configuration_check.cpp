@@ -1,7 +1,7 @@
 // The real chronyd's answers to broken configurations, and saving under fire.
-#include "config/config_document.h"
-#include "config/configuration_check.h"
-#include "config/directives.h"
+#include "chrony/configuration/config_document.h"
+#include "chrony/configuration/configuration_check.h"
+#include "chrony/configuration/directives.h"
 #include "linux/posix_execute.h"
 #include "linux/posix_path_facts.h"
 #include "linux/small_file.h"

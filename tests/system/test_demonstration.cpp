@@ -1,7 +1,7 @@
 // The pair of real daemons on loopback, and what becomes of it however the program ends; programs started detached.
+#include "chrony/demonstration/demonstration.h"
 #include "linux/desktop_applications.h"
 #include "linux/posix_execute.h"
-#include "platform/linux/demonstration.h"
 #include "support/child_program.h"
 
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
 // The follower on real files and threads, and on the log of a real daemon.
-#include "chrony/log_pieces.h"
-#include "chrony/logreader.h"
+#include "chrony/demonstration/demonstration.h"
+#include "chrony/log/log_pieces.h"
+#include "chrony/log/logreader.h"
 #include "graphs/tracking_records.h"
 #include "linux/posix_followed_file.h"
 #include "linux/serial_queue.h"
-#include "platform/linux/demonstration.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -1,6 +1,6 @@
 // chronysupport and chronywake as they are started: killed in the middle, on a full disk, with a real chronyd and a
 // bus.
-#include "platform/linux/demonstration.h"
+#include "chrony/demonstration/demonstration.h"
 #include "support/child_program.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // A program that saves the server list is killed again and again: what is on the disk is always one whole list.
-#include "config/server_list.h"
+#include "chrony/configuration/server_list.h"
 #include "linux/shared_text_file.h"
 #include "support/child_program.h"
 

@@ -1,6 +1,6 @@
 // The files that go to root, as the real programs read them.
+#include "chrony/services/chrony_services.h"
 #include "linux/posix_execute.h"
-#include "platform/services/chrony_services.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "programs/chronysupport/daemon_units.h"
 
 #include "base/text_lines.h"
-#include "platform/services/chrony_services.h"
+#include "chrony/services/chrony_services.h"
 #include "programs/chronysupport/one_line.h"
 #include "programs/chronysupport/unit_status.h"
 

@@ -1,6 +1,6 @@
 #include "programs/chronysupport/folders.h"
 
-#include "config/configuration.h"
+#include "chrony/configuration/configuration.h"
 #include "programs/chronysupport/accounts.h"
 
 #include <fcntl.h>

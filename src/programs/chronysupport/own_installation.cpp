@@ -1,8 +1,8 @@
 #include "programs/chronysupport/own_installation.h"
 
 #include "base/text_lines.h"
+#include "chrony/services/chrony_services.h"
 #include "linux/small_file.h"
-#include "platform/services/chrony_services.h"
 #include "programs/chronysupport/distribution_options.h"
 #include "programs/chronysupport/folders.h"
 #include "programs/chronysupport/install_file.h"

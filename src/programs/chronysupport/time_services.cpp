@@ -1,8 +1,8 @@
 #include "programs/chronysupport/time_services.h"
 
 #include "base/text_lines.h"
+#include "chrony/services/chrony_services.h"
 #include "linux/small_file.h"
-#include "platform/services/chrony_services.h"
 #include "programs/chronysupport/folders.h"
 #include "programs/chronysupport/install_file.h"
 #include "programs/chronysupport/one_line.h"

@@ -1,7 +1,7 @@
 // What `tickerctl check` says of a configuration.
 #pragma once
 
-#include "config/configuration_check.h"
+#include "chrony/configuration/configuration_check.h"
 #include "programs/tickerctl/settings_command.h"
 
 #include <iosfwd>

@@ -1,7 +1,7 @@
 // What `tickerctl config` says: the directives of a chrony.conf, or the value of one.
 #pragma once
 
-#include "config/configuration.h"
+#include "chrony/configuration/configuration.h"
 #include "programs/tickerctl/settings_command.h"
 
 #include <iosfwd>

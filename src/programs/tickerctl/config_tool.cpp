@@ -1,5 +1,5 @@
 // `tickerctl config` and `tickerctl check`, with this machine's files and its chronyd.
-#include "config/config_document.h"
+#include "chrony/configuration/config_document.h"
 #include "linux/environment.h"
 #include "linux/posix_path_facts.h"
 #include "linux/small_file.h"

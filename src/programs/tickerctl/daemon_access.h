@@ -2,10 +2,10 @@
 #pragma once
 
 #include "base/paths.h"
-#include "chrony/runchronyc.h"
+#include "chrony/demonstration/demonstration.h"
+#include "chrony/reports/runchronyc.h"
 #include "linux/posix_execute.h"
 #include "platform/linux/bus_privileged_channel.h"
-#include "platform/linux/demonstration.h"
 #include "privileged/privileged_actions.h"
 
 #include <string>

@@ -1,6 +1,6 @@
 #include "programs/tickerctl/follow_command.h"
 
-#include "chrony/logreader.h"
+#include "chrony/log/logreader.h"
 #include "linux/serial_queue.h"
 #include "programs/tickerctl/terminal.h"
 

@@ -1,7 +1,7 @@
 #include "programs/tickerctl/plot_tracking.h"
 
 #include "base/repeater.h"
-#include "chrony/log_pieces.h"
+#include "chrony/log/log_pieces.h"
 #include "graphs/tracking_line.h"
 #include "graphs/tracking_rows.h"
 #include "graphs/tracking_view.h"

@@ -2,8 +2,8 @@
 
 #include "base/broadcast.h"
 #include "base/logger.h"
-#include "chrony/current_frequency.h"
-#include "chrony/tracking_report.h"
+#include "chrony/reports/current_frequency.h"
+#include "chrony/reports/tracking_report.h"
 #include "freqtemp/freqtemp_session.h"
 #include "linux/machine_sensors.h"
 #include "linux/posix_user_files.h"

@@ -1,7 +1,7 @@
 // What `tickerctl record` does: it samples frequency against temperature as the window does, without a window.
 #pragma once
 
-#include "chrony/runchronyc.h"
+#include "chrony/reports/runchronyc.h"
 #include "freqtemp/freqtemp_settings.h"
 #include "programs/tickerctl/end_signals.h"
 

@@ -1,7 +1,7 @@
 // What `tickerctl servers` says: the list of servers as text, as one JSON document, or as lines for chrony.conf.
 #pragma once
 
-#include "config/server_list.h"
+#include "chrony/configuration/server_list.h"
 
 #include <iosfwd>
 #include <vector>

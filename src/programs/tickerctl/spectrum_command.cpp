@@ -1,6 +1,6 @@
 #include "programs/tickerctl/spectrum_command.h"
 
-#include "chrony/log_pieces.h"
+#include "chrony/log/log_pieces.h"
 #include "programs/tickerctl/terminal.h"
 
 #include <fmt/format.h>

@@ -4,7 +4,7 @@
 // value in nanoseconds (or nanoseconds per second), its scale, its needle and its text.
 #pragma once
 
-#include "mainwindow/status_values.h"
+#include "chrony/status/status_values.h"
 
 #include <iosfwd>
 #include <optional>

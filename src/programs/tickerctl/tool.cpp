@@ -1,10 +1,10 @@
 #include "programs/tickerctl/tool.h"
 
-#include "chrony/log_pieces.h"
+#include "chrony/log/log_pieces.h"
+#include "chrony/reports/versions.h"
+#include "chrony/status/refresh.h"
 #include "linux/posix_followed_file.h"
 #include "linux/small_file.h"
-#include "mainwindow/refresh.h"
-#include "mainwindow/versions.h"
 #include "platform/linux/terminal_agent.h"
 #include "privileged/distribution_chrony.h"
 #include "programs/tickerctl/follow_command.h"

@@ -5,8 +5,8 @@
 
 #include "base/logger.h"
 #include "base/paths.h"
+#include "chrony/status/status_values.h"
 #include "linux/serial_queue.h"
-#include "mainwindow/status_values.h"
 #include "programs/tickerctl/arguments.h"
 #include "programs/tickerctl/daemon_access.h"
 #include "programs/tickerctl/end_signals.h"

@@ -1,0 +1,187 @@
+#include "chrony/demonstration/demonstration.h"
+
+#include "chrony/demonstration/demonstration_supervisor.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <initializer_list>
+#include <system_error>
+
+#include <fmt/format.h>
+
+namespace tickervantage {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+struct User {
+    std::string name;
+    gid_t group = 0;
+};
+
+int current_user(User& user, std::string& sentence) {
+    passwd entry{};
+    passwd* found = nullptr;
+    std::array<char, 16384> texts{};
+    if (getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &found) != 0 || found == nullptr) {
+        sentence = fmt::format("The demonstration needs a user name, and user {} has none.", getuid());
+        return -1;
+    }
+    user = {found->pw_name, found->pw_gid};
+    return 0;
+}
+
+std::string reason() {
+    return std::generic_category().message(errno);
+}
+
+// chronyc puts a socket of its own beside that of the daemon, under a longer name.
+bool leaves_room_for_sockets(const std::string& folder) {
+    constexpr std::size_t longest_name = sizeof "/client/" + 40;
+    return folder.size() + longest_name < sizeof(sockaddr_un::sun_path);
+}
+
+int make_outer_folder(std::string& folder, std::string& sentence) {
+    if (leaves_room_for_sockets(folder) && mkdir(folder.c_str(), 0700) == 0)
+        return 0;
+    if (!leaves_room_for_sockets(folder)) {
+        folder = "/tmp/tv-demo-XXXXXX"; // not a name that PrivateTemporary sweeps: nothing here holds its lock
+        if (mkdtemp(folder.data()) != nullptr)
+            return 0;
+    }
+    sentence = fmt::format("The folder {} for the demonstration cannot be made: {}.", folder, reason());
+    return -1;
+}
+
+void remove_folder(const std::string& folder) {
+    std::error_code ignored; // the folder lies among temporary files
+    (void)std::filesystem::remove_all(folder, ignored);
+}
+
+// chronyd insists that the folder of its socket belongs to its user and to that user's main group.
+int make_folders(std::string& folder, gid_t group, std::string& sentence) {
+    if (make_outer_folder(folder, sentence) != 0)
+        return -1;
+    for (const auto& path : {folder, folder + "/server", folder + "/client"}) {
+        if ((path != folder && mkdir(path.c_str(), 0700) != 0) || chmod(path.c_str(), 0700) != 0 ||
+            chown(path.c_str(), getuid(), group) != 0) {
+            sentence = fmt::format("The folder {} for the demonstration cannot be made: {}.", path, reason());
+            remove_folder(folder);
+            return -1;
+        }
+    }
+    return 0;
+}
+
+struct Pipe {
+    FileDescriptor read_end;
+    FileDescriptor write_end;
+
+    Pipe() {
+        std::array<int, 2> ends{};
+        if (pipe2(ends.data(), O_CLOEXEC) != 0)
+            return;
+        read_end.reset(ends[0]);
+        write_end.reset(ends[1]);
+    }
+};
+
+} // namespace
+
+int Demonstration::start(const std::string& chronyd, const std::string& folder, std::string& sentence) {
+    if (is_running()) {
+        sentence = "The demonstration is running already.";
+        return -1;
+    }
+    if (access(chronyd.c_str(), X_OK) != 0) {
+        sentence = fmt::format("The demonstration needs chronyd, and {} cannot be run: {}.", chronyd, reason());
+        return -1;
+    }
+    User user;
+    auto place = folder;
+    if (current_user(user, sentence) != 0 || make_folders(place, user.group, sentence) != 0)
+        return -1;
+
+    Pipe hold;
+    Pipe news;
+    const pid_t pid = news.write_end.valid() && hold.write_end.valid() ? fork() : -1;
+    if (pid == 0)
+        supervise_demonstration({chronyd, user.name, place, hold.read_end.get(), news.write_end.get()});
+    if (pid < 0) {
+        sentence = fmt::format("The demonstration cannot be started: {}.", reason());
+        remove_folder(place);
+        return -1;
+    }
+    m_supervisor = pid;
+    m_hold = std::move(hold.write_end);
+    m_folder = place;
+    news.write_end.reset();
+    if (await_report(news.read_end.get(), sentence) == 0)
+        return 0;
+    stop();
+    return -1;
+}
+
+// The supervisor reports "ok" or a sentence, and closes its end.
+int Demonstration::await_report(int news, std::string& sentence) {
+    const auto deadline = Clock::now() + demonstration_start_limit + std::chrono::seconds(1);
+    std::string report;
+    while (true) {
+        pollfd wanted{news, POLLIN, 0};
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+        const int ready = left <= 0 ? 0 : poll(&wanted, 1, static_cast<int>(left));
+        std::array<char, 512> buffer{};
+        const ssize_t count = ready > 0 ? ::read(news, buffer.data(), buffer.size()) : ready;
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            break;
+        report.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+    if (report == "ok")
+        return 0;
+    sentence = report.empty() ? "The demonstration did not come up in time." : report;
+    return -1;
+}
+
+void Demonstration::stop() {
+    if (!is_running())
+        return;
+    m_hold.reset();
+    while (waitpid(m_supervisor, nullptr, 0) < 0 && errno == EINTR) {
+    }
+    m_supervisor = -1;
+    remove_folder(m_folder); // there still when the supervisor was killed
+    m_folder.clear();
+}
+
+std::string Demonstration::client_file(const std::string& name) const {
+    return m_folder.empty() ? std::string() : m_folder + "/client/" + name;
+}
+
+int Demonstration::wait_until_synchronised(Execute& execute, const std::string& chronyc,
+                                           std::chrono::milliseconds time_limit, std::string& sentence) const {
+    constexpr std::chrono::milliseconds pause(100);
+    // chronyc asks by itself, so often and with such pauses, whatever the remaining correction and skew.
+    const auto tries = std::to_string(time_limit / pause + 1);
+    const auto result = execute.run(
+        {chronyc, {"-h", socket(), "waitsync", tries, "0", "0", "0.1"}, time_limit + std::chrono::seconds(1)});
+    if (result.outcome == ExecuteOutcome::exited && result.exit_status == 0)
+        return 0;
+    sentence = result.outcome == ExecuteOutcome::exited
+                   ? fmt::format("The demonstration was not synchronised within {:.3g} s.",
+                                 std::chrono::duration<double>(time_limit).count())
+                   : result.sentence;
+    return -1;
+}
+
+} // namespace tickervantage

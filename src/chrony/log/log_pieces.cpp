@@ -1,0 +1,177 @@
+#include "chrony/log/log_pieces.h"
+
+#include "base/setting_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <memory>
+
+namespace tickervantage {
+namespace {
+
+bool is_ascii(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
+// Where the first character that is not ASCII stands; the size of the text when all are.
+std::size_t ascii_length(std::string_view text) {
+    constexpr std::uint64_t high_bits = 0x8080808080808080U;
+    std::array<std::uint64_t, 8> words{};
+    std::size_t at = 0;
+    for (; at + sizeof words <= text.size(); at += sizeof words) {
+        std::memcpy(words.data(), text.data() + at, sizeof words);
+        std::uint64_t all = 0;
+        for (const auto word : words)
+            all |= word;
+        if ((all & high_bits) != 0)
+            break;
+    }
+    while (at < text.size() && is_ascii(text[at]))
+        ++at;
+    return at;
+}
+
+} // namespace
+
+bool is_utf8(std::string_view text) {
+    while (true) {
+        text.remove_prefix(ascii_length(text));
+        if (text.empty())
+            return true;
+        const auto* const end = std::ranges::find_if(text, is_ascii);
+        const auto length = static_cast<std::size_t>(end - text.begin());
+        if (!is_plain_utf8(text.substr(0, length)))
+            return false;
+        text.remove_prefix(length);
+    }
+}
+
+std::string_view take_line(std::string_view& text) {
+    while (text.starts_with('\n'))
+        text.remove_prefix(1);
+    if (text.empty())
+        return {};
+    const auto length = std::min(text.find('\n'), text.size());
+    const auto line = text.substr(0, length);
+    text.remove_prefix(std::min(length + 1, text.size()));
+    return line;
+}
+
+std::string_view last_line_of(std::string_view text) {
+    text = text.substr(0, text.find_last_not_of('\n') + 1); // npos + 1 is 0
+    return text.substr(text.rfind('\n') + 1);
+}
+
+LogPieces::LogPieces(FollowedFile& file, std::uint64_t from, std::uint64_t end)
+    : m_file(file), m_from(from), m_read(from), m_end(end), m_position(from) {}
+
+int LogPieces::last_line(std::string& line, std::string& reason) {
+    line.clear();
+    std::size_t window = 4096;
+    std::string tail;
+    for (std::uint64_t stop = m_end; stop > m_from && window <= LONGEST_LINE;) {
+        const std::uint64_t start = stop - std::min<std::uint64_t>(window, stop - m_from);
+        std::size_t count = 0;
+        tail.resize(static_cast<std::size_t>(stop - start));
+        if (m_file.read(start, tail, count, reason) != 0)
+            return -1;
+        tail.resize(count);
+        const auto last = tail.find_last_not_of('\n');
+        if (last == std::string::npos) {
+            stop = start;
+            continue;
+        }
+        tail.resize(last + 1);
+        const auto line_end = tail.rfind('\n');
+        if (line_end != std::string::npos || start == m_from) {
+            line = tail.substr(line_end + 1); // npos + 1 is 0
+            return 0;
+        }
+        stop = start + tail.size();
+        window *= 4;
+    }
+    return 0;
+}
+
+int LogPieces::fill(std::string& reason) {
+    const std::size_t before = m_text.size();
+    const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(PIECE_SIZE, m_end - m_read));
+    m_text.resize(before + wanted);
+    std::size_t count = 0;
+    const int result = m_file.read(m_read, std::span(m_text).subspan(before), count, reason);
+    m_text.resize(before + count);
+    m_read += count;
+    if (result == 0 && count < wanted)
+        m_end = m_read; // somebody cut the file
+    return result;
+}
+
+void LogPieces::drop(std::size_t bytes) {
+    m_text.erase(0, bytes);
+    m_position += bytes;
+    m_dropped += bytes;
+}
+
+// Moves whole lines from m_text to `text`; false when there is none yet.
+bool LogPieces::cut(std::string& text) {
+    const bool is_all = m_read == m_end;
+    if (m_is_in_long_line) {
+        const auto end = m_text.find('\n');
+        m_is_in_long_line = end == std::string::npos && !is_all;
+        drop(end == std::string::npos ? m_text.size() : end + 1);
+    }
+    const auto last = m_text.rfind('\n');
+    const auto length = is_all ? m_text.size() : last == std::string::npos ? 0 : last + 1;
+    if (length == 0 && m_text.size() > LONGEST_LINE) {
+        m_is_in_long_line = true;
+        drop(m_text.size());
+    }
+    if (length == 0)
+        return false;
+    text = std::move(m_text);
+    m_text = text.substr(length);
+    text.resize(length);
+    m_position += length;
+    return true;
+}
+
+LogPieces::Next LogPieces::next(std::string& text, std::string& reason) {
+    while (m_position < m_end) {
+        if (m_read < m_end && fill(reason) != 0)
+            return Next::failed;
+        if (!cut(text))
+            continue;
+        if (is_utf8(text))
+            return Next::piece;
+        m_dropped += text.size();
+    }
+    return Next::end;
+}
+
+int read_log(FollowedFiles& files, const std::string& name, const LogLine& line, std::string& sentence) {
+    std::unique_ptr<FollowedFile> file;
+    FileStatus status;
+    std::uint64_t length = 0;
+    std::string reason;
+    const auto fail = [&] {
+        sentence = name + " cannot be read: " + reason + ".";
+        return -1;
+    };
+    if (files.open(name, file, status, reason) != 0 || file->length([] { return true; }, length, reason) != 0)
+        return fail();
+    LogPieces pieces(*file, 0, length);
+    std::string read_reason;
+    std::string text;
+    auto next = LogPieces::Next::piece;
+    while ((next = pieces.next(text, read_reason)) == LogPieces::Next::piece) {
+        std::string_view rest = text;
+        for (auto one = take_line(rest); !one.empty(); one = take_line(rest))
+            line(one);
+    }
+    if (next == LogPieces::Next::failed)
+        reason = read_reason;
+    return reason.empty() ? 0 : fail(); // also for a file that is damaged behind what was handed out
+}
+
+} // namespace tickervantage

@@ -1,0 +1,318 @@
+#include "chrony/status/status_cycle.h"
+
+#include "base/text_lines.h"
+#include "chrony/reports/current_frequency.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr std::size_t longest_detail = 200; // bytes of chronyc's complaint that fit into the status line
+
+} // namespace
+
+StatusCycle::StatusCycle(StatusDisplay& display, const StatusCycleParts& parts, StatusCycleOptions options)
+    : m_display(display), m_parts(parts), m_options(std::move(options)), m_meter([this] { m_display.redraw_meter(); }),
+      m_tools(std::make_shared<RefreshTools>(
+          RefreshTools{RunningCheck(parts.execute, m_options.pidfile), m_options.gpsd_application_found})),
+      m_updatetimer(parts.timer.make_repeater("updatetimer", Pace::free)),
+      m_clockTicker(parts.timer.make_repeater("clockTicker", Pace::wall_second)),
+      m_self(std::make_shared<StatusCycle*>(this)) {}
+
+StatusCycle::~StatusCycle() = default;
+
+void StatusCycle::load() {
+    m_settings = MainWindowSettings::load(m_parts.settings);
+    rebuild_runner();
+    const bool ntpdata = m_settings.chronyCommand == "ntpdata";
+    m_list_servers = ntpdata;
+    restart_timer();
+    m_display.show_server_field(ntpdata);
+    m_display.show_status(m_chronydStatus);
+    m_clockTicker->start(1.0, [this] { m_display.redraw_clock(); });
+}
+
+void StatusCycle::close() {
+    // The farewell waits for the helper. Where the program ends before it is said, the connection ends with it.
+    m_parts.report_queue.async([&privileged = m_parts.privileged] { privileged.quit(); });
+    m_is_closed = true;
+    if (!m_installing && !is_listened_to())
+        m_updatetimer->stop();
+    m_settings.save(m_parts.settings);
+}
+
+bool StatusCycle::is_listened_to() const {
+    return m_parts.broadcast.has_listeners(current_frequency_key);
+}
+
+void StatusCycle::programs_changed() {
+    if (m_options.programs() == m_programs)
+        return;
+    rebuild_runner();
+    refresh();
+}
+
+bool StatusCycle::settings_changed() {
+    const MainWindowSettings former = std::exchange(m_settings, MainWindowSettings::load(m_parts.settings));
+    if (m_settings == former)
+        return false;
+    m_root_report = {};
+    m_list_servers = m_settings.chronyCommand == "ntpdata";
+    m_display.show_server_field(m_list_servers);
+    rebuild_runner();
+    if (m_settings.m_interval != former.m_interval && m_updatetimer->is_running())
+        restart_timer();
+    else
+        refresh();
+    return true;
+}
+
+void StatusCycle::go_on_for_listeners() {
+    if (m_is_closed && !m_updatetimer->is_running())
+        restart_timer();
+}
+
+void StatusCycle::chronycCommand(const std::string& command) {
+    m_settings.chronyCommand = command;
+    m_settings.save(m_parts.settings);
+    m_root_report = {};
+    const bool ntpdata = command == "ntpdata";
+    m_list_servers = ntpdata;
+    m_display.show_server_field(ntpdata);
+    refresh();
+    if (is_privileged_report(command) && !m_parts.privileged.helper_ready() && m_options.ask_for_rights)
+        m_options.ask_for_rights(); // only now, not with every reading: no is no until it is chosen again
+}
+
+void StatusCycle::selectMeter(int index) {
+    if (index < 0 || index >= meter_view_count) {
+        m_display.stop_program("The meter has no view number " + std::to_string(index) + ".");
+        return;
+    }
+    m_settings.m_meterview = static_cast<meterView>(index);
+    m_settings.save(m_parts.settings);
+    refresh();
+}
+
+void StatusCycle::showIPaddresses(bool numeric) {
+    m_settings.showIPaddress = numeric;
+    m_settings.save(m_parts.settings);
+    rebuild_runner();
+    refresh();
+}
+
+void StatusCycle::showOriginalName(bool original) {
+    m_settings.showOriginalName = original;
+    m_settings.save(m_parts.settings);
+    rebuild_runner();
+    refresh();
+}
+
+void StatusCycle::selectNTPdataServer(const std::string& server) {
+    m_settings.m_server = server;
+    m_settings.save(m_parts.settings);
+    refresh();
+}
+
+void StatusCycle::intervalChanged(int seconds) {
+    m_settings.m_interval = seconds;
+    m_settings.save(m_parts.settings);
+    restart_timer();
+}
+
+void StatusCycle::set_output_font(const Font& font) {
+    m_settings.output_font = font;
+    m_settings.save(m_parts.settings);
+}
+
+void StatusCycle::restart_timer() {
+    if (m_installing)
+        return;
+    m_updatetimer->stop();
+    refresh();
+    m_updatetimer->start(m_settings.m_interval, [this] { tick(); });
+}
+
+void StatusCycle::tick() {
+    if (m_visible || is_listened_to())
+        if (!m_reading) // a slow chronyc is not stale: the next tick reads again
+            start_reading();
+}
+
+void StatusCycle::set_visible(bool visible) {
+    if (visible == m_visible)
+        return;
+    m_visible = visible;
+    if (!visible) {
+        m_clockTicker->stop();
+        return;
+    }
+    m_display.redraw_clock();
+    m_clockTicker->start(1.0, [this] { m_display.redraw_clock(); });
+    if (std::exchange(m_is_closed, false))
+        restart_timer();
+    else if (m_updatetimer->is_running())
+        refresh();
+}
+
+void StatusCycle::begin_installation() {
+    if (!std::exchange(m_installing, true))
+        m_updatetimer->stop();
+}
+
+void StatusCycle::end_installation() {
+    m_installing = false;
+    restart_timer();
+}
+
+void StatusCycle::refresh() {
+    if (m_reading)
+        m_again = true;
+    else
+        start_reading();
+}
+
+void StatusCycle::rebuild_runner() {
+    const ChronyPrograms programs = m_programs = m_options.programs();
+    m_chronyc = std::make_shared<Runchronyc>(m_parts.execute, m_parts.privileged, programs, !m_settings.showIPaddress,
+                                             m_settings.showOriginalName, m_options.chronyc_arguments);
+    // Everything the piece of work needs travels with it: this object may be gone when it runs.
+    m_parts.queue.async(
+        [programs, &execute = m_parts.execute, &main_thread = m_parts.main_thread, self = std::weak_ptr(m_self)] {
+            auto chronyc = read_version(version_query(execute, programs, bundle_chronyc));
+            auto chronyd = read_version(version_query(execute, programs, bundle_chronyd));
+            main_thread.main_async([self, chronyc = std::move(chronyc), chronyd = std::move(chronyd)] {
+                if (const auto alive = self.lock())
+                    (*alive)->apply_versions(chronyc, chronyd);
+            });
+        });
+}
+
+void StatusCycle::start_reading() {
+    m_reading = true;
+    m_again = false;
+    RefreshRequest wanted = request();
+    wanted.list_servers = std::exchange(m_list_servers, false);
+    start_report(wanted);
+    m_parts.queue.async([wanted = std::move(wanted), tools = m_tools, &main_thread = m_parts.main_thread,
+                         self = std::weak_ptr(m_self)] {
+        main_thread.main_async([reading = read_status(wanted, *tools), self] {
+            if (const auto alive = self.lock())
+                (*alive)->apply(reading);
+        });
+    });
+}
+
+RefreshRequest StatusCycle::request() const {
+    return {.runner = m_chronyc,
+            .command = m_settings.chronyCommand,
+            .server = m_settings.m_server,
+            .resolve = !m_settings.showIPaddress,
+            .original = m_settings.showOriginalName};
+}
+
+// One at a time: a later reading asks again.
+void StatusCycle::start_report(const RefreshRequest& wanted) {
+    const bool is_possible = is_privileged_report(wanted.command) && m_parts.privileged.helper_ready();
+    if (!is_possible || std::exchange(m_reporting, true))
+        return;
+    m_parts.report_queue.async([wanted, &main_thread = m_parts.main_thread, self = std::weak_ptr(m_self)] {
+        main_thread.main_async([wanted, text = read_privileged_report(wanted), self] {
+            if (const auto alive = self.lock())
+                (*alive)->apply_report(wanted, text);
+        });
+    });
+}
+
+void StatusCycle::apply_report(const RefreshRequest& wanted, const ReportText& text) {
+    m_reporting = false;
+    const bool is_wanted = wanted.runner == m_chronyc && wanted.command == m_settings.chronyCommand &&
+                           wanted.server == m_settings.m_server;
+    if (!is_wanted) {
+        start_report(request());
+    } else if (!m_parts.privileged.helper_ready()) {
+        refresh(); // the authorisation has lapsed: the next reading says so
+    } else {
+        m_root_report = text;
+        m_display.show_output(text.output);
+    }
+}
+
+void StatusCycle::apply(const RefreshReading& reading) {
+    m_reading = false;
+    if (m_again) {
+        m_list_servers = m_list_servers || reading.servers.has_value();
+        start_reading();
+        return;
+    }
+    m_display.enable_gpsd_item(reading.gpsd_application_found);
+    apply_tracking(reading);
+    show_output(reading);
+    if (reading.servers)
+        apply_servers(*reading.servers);
+    const StatusNotice shown = notice(reading);
+    m_display.show_notice(shown);
+    for (const auto& handler : m_applied)
+        handler(shown);
+}
+
+void StatusCycle::apply_tracking(const RefreshReading& reading) {
+    const bool adjusted = reading.discipline == ClockDiscipline::not_running
+                              ? m_options.adjusts_clock_by_preference()
+                              : reading.discipline == ClockDiscipline::adjusting;
+    m_display.show_clock_not_adjusted(!adjusted);
+    const TrackingReport& report = reading.report;
+    if (report.has_frequency) // who listens keeps it for good: a daemon that does not answer has none
+        m_parts.broadcast.post(current_frequency_key, current_frequency{report.frequency}, Delivery::later);
+    m_chronydStatus = status_from_leap(report.leapstatus);
+    m_display.show_meter_value(set_meter(m_meter, choose_meter(m_chronydStatus, m_settings.m_meterview, report)));
+    m_display.show_status(m_chronydStatus);
+}
+
+void StatusCycle::show_output(const RefreshReading& reading) {
+    if (is_privileged_report(m_settings.chronyCommand) && m_parts.privileged.helper_ready())
+        return; // it comes by itself
+    m_display.show_output(m_settings.chronyCommand == "version"
+                              ? version_text(m_version_chronyd.text, m_version_chronyc.text)
+                              : reading.report_text.output);
+}
+
+StatusNotice StatusCycle::notice(const RefreshReading& reading) const {
+    using Kind = StatusNotice::Kind;
+    if (!reading.tracking.sentence.empty())
+        return {Kind::chronyc_failed, reading.tracking.sentence};
+    if (m_chronydStatus == chronydStatus::unavailable && !reading.report.leapstatus.empty())
+        return {Kind::unusual_leap, reading.report.leapstatus.substr(0, longest_detail)};
+    if (m_chronydStatus == chronydStatus::unavailable)
+        return {Kind::daemon_silent, std::string(trimmed(reading.tracking.output.substr(0, longest_detail)))};
+    const bool needs_root = is_privileged_report(m_settings.chronyCommand);
+    if (needs_root && !m_parts.privileged.helper_ready())
+        return {Kind::needs_helper, m_settings.chronyCommand};
+    const std::string& problem = needs_root ? m_root_report.problem : reading.report_text.problem;
+    return problem.empty() ? StatusNotice{} : StatusNotice{Kind::report_incomplete, problem};
+}
+
+void StatusCycle::apply_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) {
+    if (chronyc.meaningless || chronyd.meaningless) {
+        m_display.stop_for_version(chronyc.meaningless ? "chronyc" : "chronyd",
+                                   chronyc.meaningless ? chronyc.label : chronyd.label);
+        return;
+    }
+    m_version_chronyc = chronyc;
+    m_version_chronyd = chronyd;
+    m_display.show_versions(chronyc, chronyd);
+    const bool offered = knows_original_names(chronyc.label);
+    m_display.show_original_name_choice(offered);
+    if (!offered && m_settings.showOriginalName)
+        showOriginalName(false);
+}
+
+void StatusCycle::apply_servers(const std::vector<std::string>& names) {
+    if (std::ranges::find(names, m_settings.m_server) == names.end())
+        m_settings.m_server.clear();
+    m_display.show_servers(names, m_settings.m_server);
+}
+
+} // namespace tickervantage

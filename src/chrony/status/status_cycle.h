@@ -1,0 +1,142 @@
+// The dashboard's heart: reads the daemon on a timer, works out its state, and says what to show.
+//
+// Main thread only. chronyc runs on the queue, one reading at a time; what it says is applied on the main thread in a
+// fixed order. A control that changes while a reading is under way makes that reading stale: it is dropped, and a new
+// one follows. Reports that need root come on a queue of their own and are shown once they are there: the needle does
+// not wait for the helper.
+#pragma once
+
+#include "base/broadcast.h"
+#include "base/dispatch.h"
+#include "base/repeater.h"
+#include "chrony/reports/versions.h"
+#include "chrony/status/main_window_settings.h"
+#include "chrony/status/refresh.h"
+#include "chrony/status/status_display.h"
+#include "draw/instruments/clock_performance.h"
+#include "privileged/privileged_actions.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tickervantage {
+
+// What the cycle works with; all of it outlives the cycle.
+struct StatusCycleParts {
+    Execute& execute;
+    PrivilegedActions& privileged;
+    DispatchQueueSerial& queue;
+    DispatchQueueSerial& report_queue; // for all that waits for the root helper
+    MainThread& main_thread;
+    MasterTimer& timer;
+    Broadcast& broadcast;
+    DefaultSettings& settings;
+};
+
+// What differs from machine to machine and from run to run.
+struct StatusCycleOptions {
+    std::function<ChronyPrograms()> programs;          // as the preferences have them now
+    std::function<bool()> adjusts_clock_by_preference; // asked when no daemon runs
+    std::function<bool()> gpsd_application_found;      // called on the queue
+    std::vector<std::string> chronyc_arguments;        // placed before every command
+    std::string pidfile;                               // of the daemon shown; empty: any
+    std::function<void()> ask_for_rights = {};         // when a report that needs them is chosen; may be missing
+};
+
+class StatusCycle {
+public:
+    // The sibling application that configures a GPS receiver.
+    static constexpr const char* GPSD_CONF_ID = "net.brisklane.Meridianox";
+
+    StatusCycle(StatusDisplay& display, const StatusCycleParts& parts, StatusCycleOptions options);
+    ~StatusCycle();
+    StatusCycle(const StatusCycle&) = delete;
+    StatusCycle& operator=(const StatusCycle&) = delete;
+
+    // Reads the settings and starts both timers and the first reading.
+    void load();
+    // Says farewell to the helper, stops reading, unless another window waits for the frequency, and writes the
+    // settings. The clock goes on. What is shown again afterwards reads again.
+    void close();
+
+    // The paths of the programs, and the settings, may be others now: those of the store are taken over at once.
+    // Whether any setting is another one.
+    void programs_changed();
+    bool settings_changed();
+
+    // After close(): another window begins to wait for the frequency.
+    void go_on_for_listeners();
+
+    // The controls' actions.
+    void chronycCommand(const std::string& command);
+    void selectMeter(int index); // an index that is no meter view stops the program
+    void showIPaddresses(bool numeric);
+    void showOriginalName(bool original);
+    void selectNTPdataServer(const std::string& server);
+    void intervalChanged(int seconds);
+
+    // One reading now, or right after the one that is under way.
+    void refresh();
+
+    // The preferences changed the programs' paths.
+    void rebuild_runner();
+
+    // A window that nobody sees neither ticks nor, unless another window waits for its frequency, reads.
+    void set_visible(bool visible);
+
+    // While an installation runs the cycle rests.
+    void begin_installation();
+    void end_installation();
+
+    [[nodiscard]] const MainWindowSettings& settings() const { return m_settings; }
+    void set_output_font(const Font& font);
+    [[nodiscard]] chronydStatus status() const { return m_chronydStatus; }
+    [[nodiscard]] bool reading() const { return m_reading; }
+    [[nodiscard]] ClockPerformance& meter() { return m_meter; }
+
+    // Called after each reading was applied, for as long as the cycle lives. Several may be added.
+    void on_applied(std::function<void(const StatusNotice&)> handler) { m_applied.push_back(std::move(handler)); }
+
+private:
+    void start_reading();
+    [[nodiscard]] RefreshRequest request() const; // as the controls have it now
+    void start_report(const RefreshRequest& wanted);
+    void apply_report(const RefreshRequest& wanted, const ReportText& text);
+    void restart_timer();
+    [[nodiscard]] bool is_listened_to() const;
+    void tick();
+    void apply(const RefreshReading& reading);
+    void apply_tracking(const RefreshReading& reading);
+    void apply_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd);
+    void apply_servers(const std::vector<std::string>& names);
+    void show_output(const RefreshReading& reading);
+    [[nodiscard]] StatusNotice notice(const RefreshReading& reading) const;
+
+    StatusDisplay& m_display;
+    StatusCycleParts m_parts;
+    StatusCycleOptions m_options;
+    MainWindowSettings m_settings;
+    ClockPerformance m_meter;
+    chronydStatus m_chronydStatus = chronydStatus::unavailable;
+    ChronyPrograms m_programs; // of the runner
+    std::shared_ptr<const Runchronyc> m_chronyc;
+    std::shared_ptr<RefreshTools> m_tools; // used on the queue only
+    ProgramVersion m_version_chronyc;
+    ProgramVersion m_version_chronyd;
+    std::unique_ptr<Repeater> m_updatetimer;
+    std::unique_ptr<Repeater> m_clockTicker;
+    bool m_installing = false;
+    bool m_visible = true;
+    bool m_is_closed = false;
+    bool m_list_servers = false; // the next reading brings the servers' names
+    bool m_reading = false;      // one is under way
+    bool m_again = false;        // and is stale: another follows
+    bool m_reporting = false;    // a report that needs root is under way
+    ReportText m_root_report;    // the latest one
+    std::vector<std::function<void(const StatusNotice&)>> m_applied;
+    std::shared_ptr<StatusCycle*> m_self; // work on its way back finds out through it that the cycle has gone
+};
+
+} // namespace tickervantage
