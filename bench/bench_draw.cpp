@@ -6,8 +6,8 @@
 #undef QT_NO_KEYWORDS // the peer's header is written with them
 #include <qcustomplot.h>
 
-#include "graphs/tracking_view.h"
 #include "qt/qt_canvas.h"
+#include "studies/tracking/tracking_view.h"
 #include "support/manual_timer.h"
 
 #include <fmt/chrono.h>

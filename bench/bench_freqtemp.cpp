@@ -5,9 +5,9 @@
 //   large   10 sensors of 1,000,000 points: what an update costs the main thread
 // Prints one line of figures a case: name, our milliseconds, the other's. A case's name as argument runs that one
 // alone, under a profiler.
-#include "freqtemp/freqtemp_view.h"
-#include "freqtemp/scatter_json.h"
 #include "qt/qt_canvas.h"
+#include "studies/freqtemp/freqtemp_view.h"
+#include "studies/freqtemp/scatter_json.h"
 
 #include <Eigen/Dense>
 #include <nlohmann/json.hpp>

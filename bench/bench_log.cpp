@@ -9,10 +9,10 @@
 #include "bench/timing.h"
 #include "chrony/log/log_pieces.h"
 #include "chrony/log/logreader.h"
-#include "graphs/tracking_records.h"
 #include "linux/posix_followed_file.h"
 #include "linux/serial_queue.h"
 #include "qt/qt_main_thread.h"
+#include "studies/tracking/tracking_records.h"
 
 #include <QCoreApplication>
 #include <QTimer>

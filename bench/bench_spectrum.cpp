@@ -1,6 +1,6 @@
 // One spectrum of 4096 samples, from the samples to the normalised bins, against the bare library: setting up, running
 // and freeing one complex transform of that length.
-#include "spectrum/transform.h"
+#include "studies/spectrum/transform.h"
 
 #include <benchmark/benchmark.h>
 #include <kissfft/kiss_fft.h>

@@ -6,10 +6,10 @@
 #include "base/paths.h"
 #include "chrony/status/status_cycle.h"
 #include "config/config_editor_window.h"
-#include "freqtemp/freqtemp_session.h"
 #include "privileged/old_installation.h"
 #include "settings/preferences.h"
 #include "settings/warning_register.h"
+#include "studies/freqtemp/freqtemp_session.h"
 
 #include <QString>
 #include <QStringList>

@@ -1,10 +1,10 @@
 #include "freqtemp/freqtemp_controls_window.h"
 
 #include "freqtemp/freqtemp_plot_window.h"
-#include "freqtemp/freqtemp_settings.h"
 #include "qt/named_widget.h"
 #include "qt/text_scale.h"
 #include "settings/settings_keys.h"
+#include "studies/freqtemp/freqtemp_settings.h"
 
 #include <QCheckBox>
 #include <QComboBox>

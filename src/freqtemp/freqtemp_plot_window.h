@@ -5,8 +5,8 @@
 // a text says why. Main thread.
 #pragma once
 
-#include "freqtemp/freqtemp_view.h"
 #include "qt/qt_canvas.h"
+#include "studies/freqtemp/freqtemp_view.h"
 
 #include <QPixmap>
 #include <QString>

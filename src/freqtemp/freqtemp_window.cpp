@@ -3,7 +3,7 @@
 #include "base/broadcast.h"
 #include "freqtemp/freqtemp_plot_window.h"
 #include "freqtemp/freqtemp_words_window.h"
-#include "freqtemp/scatter_csv.h"
+#include "studies/freqtemp/scatter_csv.h"
 
 #include <QAction>
 #include <QCheckBox>

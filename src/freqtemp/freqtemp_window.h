@@ -6,10 +6,10 @@
 #pragma once
 
 #include "freqtemp/freqtemp_controls_window.h"
-#include "freqtemp/freqtemp_session.h"
-#include "freqtemp/freqtemp_view.h"
 #include "graphs/plot_export_window.h"
 #include "settings/default_settings.h"
+#include "studies/freqtemp/freqtemp_session.h"
+#include "studies/freqtemp/freqtemp_view.h"
 
 #include <QMainWindow>
 

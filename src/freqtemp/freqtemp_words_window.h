@@ -2,9 +2,9 @@
 #pragma once
 
 #include "draw/plots/plot_caption.h"
-#include "freqtemp/freqtemp_view.h"
-#include "freqtemp/scatter_map.h"
 #include "qt/canvas_colors.h"
+#include "studies/freqtemp/freqtemp_view.h"
+#include "studies/freqtemp/scatter_map.h"
 
 #include <QString>
 

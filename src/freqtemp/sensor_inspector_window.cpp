@@ -2,9 +2,9 @@
 
 #include "base/broadcast.h"
 #include "base/user_files.h"
-#include "freqtemp/inspector_sensor.h"
 #include "freqtemp/sensor_table_window.h"
 #include "qt/text_scale.h"
+#include "studies/freqtemp/inspector_sensor.h"
 
 #include <QAction>
 #include <QClipboard>

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "base/dispatch.h"
-#include "freqtemp/rtf_text.h"
+#include "studies/freqtemp/rtf_text.h"
 
 #include <QMainWindow>
 

@@ -2,7 +2,7 @@
 // a part of its window, so that it stands where it belongs on every kind of desktop.
 #pragma once
 
-#include "graphs/tracking_settings.h"
+#include "studies/tracking/tracking_settings.h"
 
 #include <QFrame>
 

@@ -2,9 +2,9 @@
 
 #include "graphs/graph_scroll_area_window.h"
 #include "graphs/legend_window.h"
-#include "graphs/tracking_settings.h"
 #include "qt/text_scale.h"
 #include "settings/settings_keys.h"
+#include "studies/tracking/tracking_settings.h"
 
 #include <QAction>
 #include <QButtonGroup>

@@ -2,11 +2,11 @@
 
 #include "graphs/graph_scroll_area_window.h"
 #include "graphs/legend_window.h"
-#include "graphs/tracking_rows.h"
 #include "graphs/tracking_words_window.h"
 #include "qt/named_widget.h"
 #include "qt/spoken.h"
 #include "qt/text_scale.h"
+#include "studies/tracking/tracking_rows.h"
 
 #include <QAction>
 #include <QComboBox>

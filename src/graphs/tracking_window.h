@@ -5,10 +5,10 @@
 #include "chrony/log/logreader.h"
 #include "graphs/plot_export_window.h"
 #include "graphs/tracking_controls_window.h"
-#include "graphs/tracking_settings.h"
-#include "graphs/tracking_view.h"
 #include "graphs/tracking_words_window.h"
 #include "settings/default_settings.h"
+#include "studies/tracking/tracking_settings.h"
+#include "studies/tracking/tracking_view.h"
 
 #include <QMainWindow>
 #include <QTimer>

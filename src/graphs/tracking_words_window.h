@@ -3,7 +3,7 @@
 
 #include "chrony/configuration/tracking_log_setting.h"
 #include "draw/plots/plot_caption.h"
-#include "graphs/tracking_view.h"
+#include "studies/tracking/tracking_view.h"
 
 #include <QString>
 

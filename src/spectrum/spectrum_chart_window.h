@@ -5,7 +5,7 @@
 // it changes. Main thread.
 #pragma once
 
-#include "spectrum/spectrum_view.h"
+#include "studies/spectrum/spectrum_view.h"
 
 #include <QPixmap>
 #include <QString>

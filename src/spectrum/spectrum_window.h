@@ -11,11 +11,11 @@
 
 #include "base/dispatch.h"
 #include "graphs/plot_export_window.h"
-#include "graphs/tracking_records.h"
 #include "settings/default_settings.h"
-#include "spectrum/spectrum.h"
 #include "spectrum/spectrum_controls_window.h"
-#include "spectrum/spectrum_view.h"
+#include "studies/spectrum/spectrum.h"
+#include "studies/spectrum/spectrum_view.h"
+#include "studies/tracking/tracking_records.h"
 
 #include <QMainWindow>
 

@@ -2,7 +2,7 @@
 
 #include "base/local_clock.h"
 #include "qt/named_widget.h"
-#include "spectrum/transform.h"
+#include "studies/spectrum/transform.h"
 
 #include <QCoreApplication>
 #include <QLocale>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "draw/plots/plot_caption.h"
-#include "spectrum/spectrum.h"
-#include "spectrum/spectrum_view.h"
+#include "studies/spectrum/spectrum.h"
+#include "studies/spectrum/spectrum_view.h"
 
 #include <QString>
 

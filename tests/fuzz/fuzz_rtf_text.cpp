@@ -1,6 +1,6 @@
 // Any bytes as a text in the Rich Text Format: what is accepted is UTF-8 that is no longer than what it came from.
-#include "freqtemp/rtf_text.h"
 #include "fuzz/require.h"
+#include "studies/freqtemp/rtf_text.h"
 
 using namespace tickervantage;
 

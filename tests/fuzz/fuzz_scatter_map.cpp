@@ -1,7 +1,7 @@
 // Scatter maps and .csv files of any bytes: what is taken in is written so that it is taken in again as it was.
-#include "freqtemp/scatter_csv.h"
-#include "freqtemp/scatter_json.h"
 #include "fuzz/require.h"
+#include "studies/freqtemp/scatter_csv.h"
+#include "studies/freqtemp/scatter_json.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,8 +1,8 @@
 // Any bytes as a tracking log: records stay finite, chrony's own layout is read as any other layout is, and the quick
 // ways to ranges agree with the records.
 #include "fuzz/require.h"
-#include "graphs/tracking_line.h"
-#include "graphs/tracking_records.h"
+#include "studies/tracking/tracking_line.h"
+#include "studies/tracking/tracking_records.h"
 
 #include <bit>
 #include <cmath>

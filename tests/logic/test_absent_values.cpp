@@ -1,6 +1,6 @@
 // Averages and drawing where a tracking log lacks values, or begins without any.
 #include "draw/plots/value_scale.h"
-#include "graphs/rolling_statistics.h"
+#include "studies/tracking/rolling_statistics.h"
 
 #include <gtest/gtest.h>
 

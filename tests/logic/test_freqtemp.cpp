@@ -1,7 +1,7 @@
 #include "draw/canvas_pixels.h"
-#include "freqtemp/freqtemp_view.h"
-#include "freqtemp/scatter_csv.h"
-#include "freqtemp/scatter_json.h"
+#include "studies/freqtemp/freqtemp_view.h"
+#include "studies/freqtemp/scatter_csv.h"
+#include "studies/freqtemp/scatter_json.h"
 #include "support/freqtemp_parts.h"
 #include "support/recording_canvas.h"
 

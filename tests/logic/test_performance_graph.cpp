@@ -1,6 +1,6 @@
 #include "draw/graph_geometry.h"
 #include "draw/plots/performance_graph.h"
-#include "graphs/value_fit.h"
+#include "studies/tracking/value_fit.h"
 #include "support/manual_timer.h"
 #include "support/recording_canvas.h"
 

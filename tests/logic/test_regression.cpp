@@ -1,5 +1,5 @@
-#include "freqtemp/matrix.h"
-#include "freqtemp/quad_regression.h"
+#include "studies/freqtemp/matrix.h"
+#include "studies/freqtemp/quad_regression.h"
 
 #include <gtest/gtest.h>
 

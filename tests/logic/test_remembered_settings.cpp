@@ -1,9 +1,9 @@
 // What the windows remember: every setting of the catalogue that a record holds comes back as it was stored.
 #include "chrony/status/main_window_settings.h"
-#include "freqtemp/freqtemp_settings.h"
-#include "graphs/tracking_settings.h"
 #include "settings/preferences.h"
 #include "settings/settings_catalogue.h"
+#include "studies/freqtemp/freqtemp_settings.h"
+#include "studies/tracking/tracking_settings.h"
 #include "support/memory_stores.h"
 
 #include <gtest/gtest.h>

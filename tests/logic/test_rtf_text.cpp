@@ -1,4 +1,4 @@
-#include "freqtemp/rtf_text.h"
+#include "studies/freqtemp/rtf_text.h"
 
 #include <gtest/gtest.h>
 

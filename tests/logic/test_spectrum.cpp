@@ -1,6 +1,6 @@
-#include "spectrum/spectrum.h"
-#include "spectrum/spectrum_view.h"
-#include "spectrum/transform.h"
+#include "studies/spectrum/spectrum.h"
+#include "studies/spectrum/spectrum_view.h"
+#include "studies/spectrum/transform.h"
 #include "support/recording_canvas.h"
 
 #include <fmt/format.h>

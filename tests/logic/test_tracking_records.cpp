@@ -1,6 +1,6 @@
 // Tracking logs: lines to records, exactly; rolling statistics; the quick ways to ranges and times.
-#include "graphs/tracking_line.h"
-#include "graphs/tracking_records.h"
+#include "studies/tracking/tracking_line.h"
+#include "studies/tracking/tracking_records.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "graphs/series_layout.h"
-#include "graphs/tracking_rows.h"
-#include "graphs/tracking_view.h"
+#include "studies/tracking/series_layout.h"
+#include "studies/tracking/tracking_rows.h"
+#include "studies/tracking/tracking_view.h"
 #include "support/manual_timer.h"
 #include "support/recording_canvas.h"
 

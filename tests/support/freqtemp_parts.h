@@ -5,7 +5,7 @@
 #include "base/sensors.h"
 #include "base/user_files.h"
 #include "chrony/reports/current_frequency.h"
-#include "freqtemp/freqtemp_session.h"
+#include "studies/freqtemp/freqtemp_session.h"
 #include "support/manual_dispatch.h"
 #include "support/manual_timer.h"
 #include "support/memory_stores.h"

@@ -1,7 +1,7 @@
 // The scatter map on real disks, and sensors from files as the kernel has them.
-#include "freqtemp/scatter_json.h"
 #include "linux/machine_sensors.h"
 #include "linux/posix_user_files.h"
+#include "studies/freqtemp/scatter_json.h"
 
 #include <gtest/gtest.h>
 

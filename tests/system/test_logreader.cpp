@@ -2,9 +2,9 @@
 #include "chrony/demonstration/demonstration.h"
 #include "chrony/log/log_pieces.h"
 #include "chrony/log/logreader.h"
-#include "graphs/tracking_records.h"
 #include "linux/posix_followed_file.h"
 #include "linux/serial_queue.h"
+#include "studies/tracking/tracking_records.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -1,9 +1,9 @@
 #include "programs/tickerctl/fit_command.h"
 
 #include "base/user_files.h"
-#include "freqtemp/scatter_csv.h"
-#include "freqtemp/scatter_json.h"
 #include "programs/tickerctl/terminal.h"
+#include "studies/freqtemp/scatter_csv.h"
+#include "studies/freqtemp/scatter_json.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>

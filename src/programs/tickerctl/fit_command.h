@@ -3,8 +3,8 @@
 // Results are exit statuses; with any but 0 there is one sentence. Waits for the disk.
 #pragma once
 
-#include "freqtemp/scatter_map.h"
 #include "programs/tickerctl/settings_command.h"
+#include "studies/freqtemp/scatter_map.h"
 
 #include <iosfwd>
 #include <string>

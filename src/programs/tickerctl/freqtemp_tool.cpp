@@ -1,6 +1,4 @@
 // `tickerctl sensors`, `fit`, `record` and `plot freqtemp`, put together for this machine.
-#include "freqtemp/freqtemp_session.h"
-#include "freqtemp/freqtemp_view.h"
 #include "linux/machine_sensors.h"
 #include "linux/posix_user_files.h"
 #include "programs/tickerctl/fit_command.h"
@@ -9,6 +7,8 @@
 #include "programs/tickerctl/terminal.h"
 #include "programs/tickerctl/tool.h"
 #include "settings/settings_catalogue.h"
+#include "studies/freqtemp/freqtemp_session.h"
+#include "studies/freqtemp/freqtemp_view.h"
 
 #include <iostream>
 

@@ -2,7 +2,7 @@
 // record.
 #pragma once
 
-#include "graphs/tracking_records.h"
+#include "studies/tracking/tracking_records.h"
 
 #include <iosfwd>
 

@@ -3,8 +3,8 @@
 // 0; or -1 with one sentence. Needs a QGuiApplication. Main thread; waits for the disk.
 #pragma once
 
-#include "freqtemp/freqtemp_view.h"
 #include "programs/tickerctl/plot_options.h"
+#include "studies/freqtemp/freqtemp_view.h"
 
 #include <string>
 

@@ -2,7 +2,7 @@
 
 #include "base/local_clock.h"
 #include "programs/tickerctl/plot_chart.h"
-#include "spectrum/spectrum_view.h"
+#include "studies/spectrum/spectrum_view.h"
 
 #include <fmt/format.h>
 

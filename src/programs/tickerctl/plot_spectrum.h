@@ -4,7 +4,7 @@
 #pragma once
 
 #include "programs/tickerctl/plot_options.h"
-#include "spectrum/spectrum.h"
+#include "studies/spectrum/spectrum.h"
 
 #include <string>
 

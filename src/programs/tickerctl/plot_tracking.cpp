@@ -2,11 +2,11 @@
 
 #include "base/repeater.h"
 #include "chrony/log/log_pieces.h"
-#include "graphs/tracking_line.h"
-#include "graphs/tracking_rows.h"
-#include "graphs/tracking_view.h"
 #include "programs/tickerctl/plot_chart.h"
 #include "programs/tickerctl/terminal.h"
+#include "studies/tracking/tracking_line.h"
+#include "studies/tracking/tracking_rows.h"
+#include "studies/tracking/tracking_view.h"
 
 #include <fmt/format.h>
 

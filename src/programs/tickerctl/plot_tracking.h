@@ -1,8 +1,8 @@
 // What `tickerctl plot tracking` does: the tracking graph of a log as a picture, drawn as the tracking window draws it.
 #pragma once
 
-#include "graphs/tracking_settings.h"
 #include "programs/tickerctl/plot_options.h"
+#include "studies/tracking/tracking_settings.h"
 
 #include <optional>
 #include <string>

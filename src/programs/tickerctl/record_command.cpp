@@ -4,13 +4,13 @@
 #include "base/logger.h"
 #include "chrony/reports/current_frequency.h"
 #include "chrony/reports/tracking_report.h"
-#include "freqtemp/freqtemp_session.h"
 #include "linux/machine_sensors.h"
 #include "linux/posix_user_files.h"
 #include "linux/serial_queue.h"
 #include "programs/tickerctl/terminal.h"
 #include "qt/qt_main_thread.h"
 #include "qt/qt_master_timer.h"
+#include "studies/freqtemp/freqtemp_session.h"
 
 #include <QEventLoop>
 #include <QSocketNotifier>

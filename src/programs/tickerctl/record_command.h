@@ -2,8 +2,8 @@
 #pragma once
 
 #include "chrony/reports/runchronyc.h"
-#include "freqtemp/freqtemp_settings.h"
 #include "programs/tickerctl/end_signals.h"
+#include "studies/freqtemp/freqtemp_settings.h"
 
 #include <string>
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "programs/tickerctl/settings_command.h"
-#include "spectrum/spectrum.h"
+#include "studies/spectrum/spectrum.h"
 
 #include <iosfwd>
 #include <string>

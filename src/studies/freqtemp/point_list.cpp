@@ -1,0 +1,138 @@
+#include "studies/freqtemp/point_list.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <utility>
+
+namespace tickervantage {
+
+// `written` counts the points that some list has put here. A list that wants the next place takes it only when no other
+// list was there before; points below are never written again.
+struct PointList::Piece {
+    std::array<double, POINTS_PER_PIECE> temperatures;
+    std::array<double, POINTS_PER_PIECE> frequencies;
+    std::atomic<std::size_t> written = 0;
+
+    [[nodiscard]] bool take(std::size_t place) { return written.compare_exchange_strong(place, place + 1); }
+    [[nodiscard]] freqPoint point(std::size_t place) const { return {temperatures[place], frequencies[place]}; }
+};
+
+void PointExtent::add(freqPoint point) {
+    add(PointExtent(point));
+}
+
+void PointExtent::add(const PointExtent& other) {
+    min_temperature = std::min(min_temperature, other.min_temperature);
+    max_temperature = std::max(max_temperature, other.max_temperature);
+    min_frequency = std::min(min_frequency, other.min_frequency);
+    max_frequency = std::max(max_frequency, other.max_frequency);
+}
+
+bool PointExtent::is_inside(freqPoint point) const {
+    return point.temperature > min_temperature && point.temperature < max_temperature &&
+           point.frequency > min_frequency && point.frequency < max_frequency;
+}
+
+// The piece that holds the next place, which is now ours.
+std::shared_ptr<PointList::Piece> PointList::tail_for_next() {
+    const std::size_t place = (m_front + m_size) % POINTS_PER_PIECE;
+    if (place == 0) {
+        m_pieces.push_back(std::make_shared<Piece>());
+        m_pieces.back()->written = 1;
+        return m_pieces.back();
+    }
+    if (m_pieces.back()->take(place))
+        return m_pieces.back();
+    const auto own = std::make_shared<Piece>(); // a copy of this list went on from here before
+    std::copy_n(m_pieces.back()->temperatures.begin(), place, own->temperatures.begin());
+    std::copy_n(m_pieces.back()->frequencies.begin(), place, own->frequencies.begin());
+    own->written = place + 1;
+    m_pieces.back() = own;
+    return own;
+}
+
+void PointList::append(freqPoint point) {
+    const std::size_t place = (m_front + m_size) % POINTS_PER_PIECE;
+    const auto piece = tail_for_next();
+    piece->temperatures[place] = point.temperature;
+    piece->frequencies[place] = point.frequency;
+    ++m_size;
+    if (place == 0)
+        m_extents.emplace_back(point);
+    else
+        m_extents.back().add(point);
+}
+
+void PointList::drop_front(std::size_t count) {
+    if (count >= m_size) {
+        clear();
+        return;
+    }
+    const std::size_t place = m_front + count;
+    const auto pieces = static_cast<std::ptrdiff_t>(place / POINTS_PER_PIECE);
+    const bool is_inside = count == 1 && pieces == 0 && m_extents.front().is_inside((*this)[0]);
+    m_pieces.erase(m_pieces.begin(), m_pieces.begin() + pieces);
+    m_extents.erase(m_extents.begin(), m_extents.begin() + pieces);
+    m_front = place % POINTS_PER_PIECE;
+    m_size -= count;
+    m_dropped += count;
+    if (!is_inside && count > 0)
+        measure_front();
+}
+
+void PointList::measure_front() {
+    const std::size_t end = std::min(POINTS_PER_PIECE, m_front + m_size);
+    PointExtent extent(m_pieces.front()->point(m_front));
+    for (std::size_t place = m_front + 1; place < end; ++place)
+        extent.add(m_pieces.front()->point(place));
+    m_extents.front() = extent;
+}
+
+void PointList::clear() {
+    *this = PointList();
+}
+
+freqPoint PointList::operator[](std::size_t index) const {
+    const std::size_t place = m_front + index;
+    return m_pieces[place / POINTS_PER_PIECE]->point(place % POINTS_PER_PIECE);
+}
+
+std::vector<SampleSpan> PointList::spans() const {
+    std::vector<SampleSpan> result;
+    std::size_t first = m_front;
+    std::size_t left = m_size;
+    for (const auto& piece : m_pieces) {
+        const std::size_t count = std::min(left, POINTS_PER_PIECE - first);
+        result.push_back({std::span(piece->temperatures).subspan(first, count),
+                          std::span(piece->frequencies).subspan(first, count)});
+        left -= count;
+        first = 0;
+    }
+    return result;
+}
+
+std::optional<PointExtent> PointList::extent() const {
+    if (empty())
+        return std::nullopt;
+    PointExtent result = m_extents.front();
+    for (const auto& extent : m_extents)
+        result.add(extent);
+    return result;
+}
+
+void PointList::set_unknown(std::map<std::uint64_t, std::string> members) {
+    Unknown shifted;
+    for (auto& [index, text] : members)
+        shifted.emplace(m_dropped + index, std::move(text));
+    m_unknown = shifted.empty() ? nullptr : std::make_shared<const Unknown>(std::move(shifted));
+}
+
+const std::string* PointList::unknown(std::size_t index) const {
+    if (!m_unknown)
+        return nullptr;
+    const auto found = m_unknown->find(m_dropped + index);
+    return found == m_unknown->end() ? nullptr : &found->second;
+}
+
+} // namespace tickervantage

@@ -1,0 +1,80 @@
+// The points of one sensor, oldest first: very many of them, cheap to copy, to add at the end and to drop in front.
+//
+// Points lie in pieces that copies share. A copy is a snapshot: it may be read on another thread while the original
+// goes on growing, without a lock, because a piece is written only behind what any copy can see. A single list is used
+// by one thread at a time.
+#pragma once
+
+#include "studies/freqtemp/quad_regression.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tickervantage {
+
+struct freqPoint {
+    double temperature = 0; // degrees Celsius
+    double frequency = 0;   // ppm, positive: the clock runs fast
+    friend bool operator==(const freqPoint&, const freqPoint&) = default;
+};
+
+struct PointExtent {
+    double min_temperature = 0;
+    double max_temperature = 0;
+    double min_frequency = 0;
+    double max_frequency = 0;
+
+    explicit PointExtent(freqPoint point)
+        : min_temperature(point.temperature), max_temperature(point.temperature), min_frequency(point.frequency),
+          max_frequency(point.frequency) {}
+    void add(freqPoint point);
+    void add(const PointExtent& other);
+    [[nodiscard]] bool is_inside(freqPoint point) const; // away from all four edges
+};
+
+class PointList {
+public:
+    static constexpr std::size_t POINTS_PER_PIECE = 4096;
+
+    void append(freqPoint point);
+    void drop_front(std::size_t count); // all of them when there are fewer
+    void clear();
+
+    [[nodiscard]] std::size_t size() const { return m_size; }
+    [[nodiscard]] bool empty() const { return m_size == 0; }
+    [[nodiscard]] freqPoint operator[](std::size_t index) const;
+    [[nodiscard]] freqPoint back() const { return (*this)[m_size - 1]; }
+
+    // The points in order, as columns of temperatures (x) and frequencies (y). Valid until the list is changed.
+    [[nodiscard]] std::vector<SampleSpan> spans() const;
+
+    // The smallest box around all points; none without points. Quick.
+    [[nodiscard]] std::optional<PointExtent> extent() const;
+
+    // Members of stored points that this program does not know, by index, as texts of JSON objects; they go with their
+    // point.
+    void set_unknown(std::map<std::uint64_t, std::string> members);
+    [[nodiscard]] const std::string* unknown(std::size_t index) const; // null: none
+    [[nodiscard]] bool has_unknown() const { return m_unknown != nullptr; }
+
+private:
+    struct Piece;
+    using Unknown = std::map<std::uint64_t, std::string>;
+
+    [[nodiscard]] std::shared_ptr<Piece> tail_for_next();
+    void measure_front();
+
+    std::vector<std::shared_ptr<Piece>> m_pieces; // all full but the last
+    std::vector<PointExtent> m_extents;           // of the points in them, by piece
+    std::size_t m_front = 0;                      // points dropped from the first piece
+    std::size_t m_size = 0;
+    std::uint64_t m_dropped = 0;              // points ever dropped
+    std::shared_ptr<const Unknown> m_unknown; // by number since the list began; null: none
+};
+
+} // namespace tickervantage

@@ -1,0 +1,39 @@
+// One line of a chrony tracking log, taken apart.
+//
+// A data line has at least 13 columns with white space between them; further ones belong to other versions of chrony
+// and are passed over. Columns are found by the white space: an address of more than 15 characters moves the rest to
+// the right. Pure functions, any thread. Source: chrony.conf(5), directive log, option tracking.
+#pragma once
+
+#include "studies/tracking/log_number.h"
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace tickervantage {
+
+// The texts point into the line. Numbers in the log's own units: ppm for frequency and skew, otherwise seconds.
+struct TrackingLine {
+    std::int64_t timestamp = 0; // seconds since 1970-01-01 00:00:00 UTC
+    std::string_view address;
+    std::string_view stratum;
+    std::string_view el;
+    std::string_view co;
+    LogNumber frequency;
+    LogNumber skew;
+    LogNumber offset;
+    LogNumber offset_sd;
+    LogNumber rem_cor;
+    LogNumber rootdispersion;
+};
+
+inline constexpr std::size_t largest_log_name = 255; // bytes of a column that is text: as long as a host's name can be
+
+// False: no data line. That is also a line whose date does not exist, and one with a text too long for a log.
+[[nodiscard]] bool read_tracking_line(std::string_view line, TrackingLine& read);
+
+// "2026-11-21" and "02:15:03" (UTC) as seconds since 1970-01-01 00:00:00 UTC; none: no such date or time.
+[[nodiscard]] std::optional<std::int64_t> log_time(std::string_view date, std::string_view time);
+
+} // namespace tickervantage
