@@ -7,7 +7,7 @@
 #include "linux/posix_execute.h"
 #include "linux/serial_queue.h"
 #include "linux/xdg_paths.h"
-#include "platform/linux/no_privileged_channel.h"
+#include "roothelper/client/no_privileged_channel.h"
 #include "settings/preferences.h"
 #include "settings/settings_keys.h"
 #include "support/memory_stores.h"

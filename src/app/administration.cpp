@@ -3,9 +3,9 @@
 #include "app/alert_window.h"
 #include "app/former_configurations.h"
 #include "chrony/status/status_cycle.h"
-#include "privileged/distribution_chrony.h"
-#include "privileged/job_environment.h"
 #include "qt/spoken.h"
+#include "roothelper/jobs/distribution_chrony.h"
+#include "roothelper/jobs/job_environment.h"
 #include "settings/warning_register.h"
 
 #include <QAction>

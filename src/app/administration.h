@@ -4,7 +4,7 @@
 
 #include "app/privileged_menu.h"
 #include "base/paths.h"
-#include "mainwindow/installation_offers.h"
+#include "roothelper/jobs/installation_offers.h"
 #include "settings/preferences.h"
 
 #include <functional>

@@ -12,8 +12,8 @@
 #include "chrony/configuration/configuration.h"
 #include "linux/desktop_applications.h"
 #include "mainwindow/tickervantage_window.h"
-#include "privileged/distribution_chrony.h"
 #include "qt/languages.h"
+#include "roothelper/jobs/distribution_chrony.h"
 
 #include <QAction>
 #include <QApplication>

@@ -6,7 +6,7 @@
 #include "base/paths.h"
 #include "chrony/status/status_cycle.h"
 #include "config/config_editor_window.h"
-#include "privileged/old_installation.h"
+#include "roothelper/jobs/old_installation.h"
 #include "settings/preferences.h"
 #include "settings/warning_register.h"
 #include "studies/freqtemp/freqtemp_session.h"

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "app/application_menus_window.h"
-#include "privileged/administrative_jobs.h"
+#include "roothelper/jobs/administrative_jobs.h"
 
 #include <QString>
 

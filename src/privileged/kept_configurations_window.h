@@ -4,7 +4,7 @@
 #pragma once
 
 #include "base/dispatch.h"
-#include "privileged/kept_configurations.h"
+#include "roothelper/jobs/kept_configurations.h"
 
 #include <QDialog>
 

@@ -1,8 +1,8 @@
 #include "privileged/step_time_window.h"
 
 #include "config/words_window.h"
-#include "privileged/synchronize.h"
 #include "qt/text_scale.h"
+#include "roothelper/jobs/synchronize.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>

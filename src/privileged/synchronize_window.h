@@ -5,7 +5,7 @@
 // outlive the window.
 #pragma once
 
-#include "privileged/synchronize.h"
+#include "roothelper/jobs/synchronize.h"
 #include "settings/default_settings.h"
 
 #include <QDialog>

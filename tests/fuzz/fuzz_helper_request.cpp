@@ -1,9 +1,9 @@
 // Any bytes as a request to the root helper: what is admitted names only programs and places of ours, and says the same
 // when it is parsed again. Then the same bytes as a configuration and as a service definition.
 #include "fuzz/require.h"
-#include "privileged/helper_content.h"
-#include "privileged/helper_request.h"
-#include "privileged/helper_words.h"
+#include "roothelper/grammar/helper_content.h"
+#include "roothelper/grammar/helper_request.h"
+#include "roothelper/grammar/helper_words.h"
 
 #include <algorithm>
 

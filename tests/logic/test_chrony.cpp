@@ -1,7 +1,7 @@
 #include "base/text_lines.h"
 #include "chrony/reports/runchronyc.h"
 #include "chrony/reports/tracking_report.h"
-#include "privileged/privileged_actions.h"
+#include "roothelper/client/privileged_actions.h"
 #include "support/fake_privileged_channel.h"
 #include "support/scripted_execute.h"
 #include "support/tracking_text.h"

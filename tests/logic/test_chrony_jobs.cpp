@@ -1,5 +1,5 @@
-#include "privileged/chrony_jobs.h"
-#include "privileged/job_catalogue.h"
+#include "roothelper/jobs/chrony_jobs.h"
+#include "roothelper/jobs/job_catalogue.h"
 #include "support/scripted_execute.h"
 
 #include <gtest/gtest.h>

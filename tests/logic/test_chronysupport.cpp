@@ -1,5 +1,5 @@
 // The verbs of chronysupport, in a private folder, on scripted programs and a clock that only remembers.
-#include "programs/chronysupport/verbs.h"
+#include "roothelper/support/verbs.h"
 
 #include "support/child_program.h"
 #include "support/scripted_execute.h"

@@ -1,6 +1,6 @@
 // What chronysupport does with the machine's time services and our own installation, on a machine in a folder.
 #include "chrony/services/chrony_services.h"
-#include "programs/chronysupport/verbs.h"
+#include "roothelper/support/verbs.h"
 
 #include "support/child_program.h"
 #include "support/scripted_execute.h"

@@ -1,7 +1,7 @@
 // chronywake's command line, what it asks chronyc, and how it keeps at it.
-#include "programs/chronywake/arguments.h"
-#include "programs/chronywake/wake_correction.h"
-#include "programs/chronywake/wake_keeper.h"
+#include "roothelper/grammar/wake_arguments.h"
+#include "roothelper/wake/wake_correction.h"
+#include "roothelper/wake/wake_keeper.h"
 #include "support/scripted_execute.h"
 
 #include <gtest/gtest.h>

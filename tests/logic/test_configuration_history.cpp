@@ -1,5 +1,5 @@
 #include "base/text_difference.h"
-#include "privileged/kept_configurations.h"
+#include "roothelper/jobs/kept_configurations.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "chrony/services/chrony_services.h"
-#include "privileged/helper_content.h"
-#include "privileged/helper_displaced.h"
-#include "privileged/helper_includes.h"
-#include "privileged/helper_question.h"
+#include "roothelper/grammar/helper_content.h"
+#include "roothelper/grammar/helper_displaced.h"
+#include "roothelper/grammar/helper_includes.h"
+#include "roothelper/grammar/helper_question.h"
 
 #include <gtest/gtest.h>
 

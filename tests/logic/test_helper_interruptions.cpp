@@ -1,4 +1,4 @@
-#include "privileged/helper_interruptions.h"
+#include "roothelper/grammar/helper_interruptions.h"
 
 #include <gtest/gtest.h>
 

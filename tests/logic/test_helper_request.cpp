@@ -1,7 +1,7 @@
-#include "privileged/helper_quota.h"
-#include "privileged/helper_request.h"
-#include "privileged/helper_tokens.h"
-#include "privileged/helper_words.h"
+#include "roothelper/grammar/helper_quota.h"
+#include "roothelper/grammar/helper_request.h"
+#include "roothelper/grammar/helper_tokens.h"
+#include "roothelper/grammar/helper_words.h"
 #include "support/hostile_requests.h"
 
 #include <gtest/gtest.h>

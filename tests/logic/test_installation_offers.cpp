@@ -1,4 +1,4 @@
-#include "mainwindow/installation_offers.h"
+#include "roothelper/jobs/installation_offers.h"
 #include "settings/warning_register.h"
 #include "support/manual_dispatch.h"
 #include "support/memory_stores.h"

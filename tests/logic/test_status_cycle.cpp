@@ -1,6 +1,6 @@
 #include "chrony/reports/current_frequency.h"
 #include "chrony/status/status_cycle.h"
-#include "platform/helper_names.h"
+#include "roothelper/grammar/helper_names.h"
 #include "support/fake_main_window_parts.h"
 
 #include <gtest/gtest.h>

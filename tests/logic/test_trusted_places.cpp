@@ -1,7 +1,7 @@
 // Places that only we, or only root, can change; and what happens at those that others can.
 #include "chrony/configuration/config_error.h"
 #include "linux/private_temporary.h"
-#include "programs/chronysupport/install_file.h"
+#include "roothelper/support/install_file.h"
 #include "support/child_program.h"
 
 #include <grp.h>

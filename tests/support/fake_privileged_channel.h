@@ -1,7 +1,7 @@
 // A root helper that only remembers what it was asked.
 #pragma once
 
-#include "platform/privileged_channel.h"
+#include "roothelper/client/privileged_channel.h"
 
 #include <algorithm>
 #include <functional>

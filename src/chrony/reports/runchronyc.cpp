@@ -1,6 +1,6 @@
 #include "chrony/reports/runchronyc.h"
 
-#include "privileged/privileged_actions.h"
+#include "roothelper/client/privileged_actions.h"
 
 #include <filesystem>
 #include <utility>

@@ -14,7 +14,7 @@
 #include "chrony/status/refresh.h"
 #include "chrony/status/status_display.h"
 #include "draw/instruments/clock_performance.h"
-#include "privileged/privileged_actions.h"
+#include "roothelper/client/privileged_actions.h"
 
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 // What the command line says of `tickerctl admin`.
 #pragma once
 
-#include "privileged/job_catalogue.h"
+#include "roothelper/jobs/job_catalogue.h"
 
 #include <cstdint>
 #include <optional>

@@ -4,10 +4,10 @@
 // {"request"}, {"sleep"} and {"write": {"path", "text"}}; that of a real one says what came of each request.
 #pragma once
 
-#include "privileged/job_catalogue.h"
-#include "privileged/privileged_actions.h"
-#include "privileged/sent_steps.h"
 #include "programs/tickerctl/settings_command.h"
+#include "roothelper/client/privileged_actions.h"
+#include "roothelper/jobs/job_catalogue.h"
+#include "roothelper/jobs/sent_steps.h"
 
 #include <iosfwd>
 

@@ -1,11 +1,11 @@
 // `tickerctl admin`, put together for this machine.
 #include "linux/small_file.h"
 #include "linux/user_name.h"
-#include "platform/linux/terminal_agent.h"
-#include "privileged/job_environment.h"
 #include "programs/tickerctl/admin_command.h"
 #include "programs/tickerctl/terminal.h"
 #include "programs/tickerctl/tool.h"
+#include "roothelper/client/terminal_agent.h"
+#include "roothelper/jobs/job_environment.h"
 #include "settings/preferences.h"
 #include "settings/settings_catalogue.h"
 

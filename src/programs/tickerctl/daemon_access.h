@@ -5,8 +5,8 @@
 #include "chrony/demonstration/demonstration.h"
 #include "chrony/reports/runchronyc.h"
 #include "linux/posix_execute.h"
-#include "platform/linux/bus_privileged_channel.h"
-#include "privileged/privileged_actions.h"
+#include "roothelper/client/bus_privileged_channel.h"
+#include "roothelper/client/privileged_actions.h"
 
 #include <string>
 #include <vector>

@@ -1,8 +1,8 @@
 // What `tickerctl admin restore-config` says of the configurations that were kept, without asking for any rights.
 #pragma once
 
-#include "privileged/kept_configurations.h"
 #include "programs/tickerctl/settings_command.h"
+#include "roothelper/jobs/kept_configurations.h"
 
 #include <functional>
 #include <iosfwd>

@@ -1,6 +1,6 @@
 #include "programs/tickerctl/unasked_choice.h"
 
-#include "mainwindow/installation_offers.h"
+#include "roothelper/jobs/installation_offers.h"
 #include "settings/preferences.h"
 #include "settings/warning_register.h"
 

@@ -7,7 +7,7 @@
 // Each connection is a process of its own and has more calls under way than the bus forgives. Run by root_side in a
 // scratch machine.
 #include "linux/bus_owners.h"
-#include "platform/helper_names.h"
+#include "roothelper/grammar/helper_names.h"
 
 #include <sys/prctl.h>
 #include <sys/wait.h>

@@ -1,8 +1,8 @@
 // The root helper as an ordinary user meets it, on a real bus with a real polkit. Run by root_side in a scratch
 // machine.
 #include "linux/posix_execute.h"
-#include "platform/helper_names.h"
-#include "platform/linux/bus_privileged_channel.h"
+#include "roothelper/client/bus_privileged_channel.h"
+#include "roothelper/grammar/helper_names.h"
 #include "support/child_program.h"
 #include "support/hostile_requests.h"
 

@@ -1,0 +1,36 @@
+#include "roothelper/client/chrony_helper.h"
+
+namespace tickervantage {
+
+int ChronyHelper::install(std::string& sentence) {
+    return m_xpc.install(sentence);
+}
+
+std::optional<HelperToken> ChronyHelper::authorise(std::string& sentence) {
+    return m_xpc.authorise(sentence);
+}
+
+void ChronyHelper::set_authorisation(const std::optional<HelperToken>& auth) {
+    const std::lock_guard lock(m_mutex);
+    m_auth = auth;
+}
+
+std::optional<HelperToken> ChronyHelper::authorisation() const {
+    const std::lock_guard lock(m_mutex);
+    return m_auth;
+}
+
+HelperAnswer ChronyHelper::send(const std::string& request) {
+    auto answer = m_xpc.ask(request, authorisation());
+    if (!answer.reply && m_logger != nullptr)
+        m_logger->log(LogLevel::warning, "Received empty reply");
+    return {answer.reply.value_or(""), answer.is_done};
+}
+
+void ChronyHelper::quit() {
+    (void)m_xpc.send("QUIT", authorisation()); // a farewell needs no answer
+    set_authorisation(std::nullopt);
+    m_xpc.disconnect();
+}
+
+} // namespace tickervantage

@@ -1,0 +1,163 @@
+#include "roothelper/grammar/helper_rules.h"
+
+#include "roothelper/grammar/helper_definitions.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace tickervantage {
+namespace {
+
+constexpr std::string_view blanks = " \t\r";
+constexpr std::string_view distribution = "/usr/";
+constexpr std::string_view local = "/usr/local/";
+
+std::string_view trimmed(std::string_view text) {
+    const auto first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+int fail(std::string& sentence, std::size_t number, std::string_view why) {
+    sentence = "Line " + std::to_string(number) + " of the helper's rules " + std::string(why) + ".";
+    return -1;
+}
+
+std::vector<std::string>* paths_of(HelperRules& rules, std::string_view word) {
+    if (word == "tool")
+        return &rules.tools;
+    if (word == "chronyc")
+        return &rules.chronyc;
+    if (word == "chronyd")
+        return &rules.chronyd;
+    if (word == "chronywake")
+        return &rules.chronywake;
+    if (word == "configuration")
+        return &rules.configurations;
+    return word == "log-folder" ? &rules.log_folders : nullptr;
+}
+
+int set_idle(std::string_view value, HelperRules& rules) {
+    unsigned seconds = 0;
+    const auto end = value.data() + value.size();
+    const auto [stop, error] = std::from_chars(value.data(), end, seconds);
+    if (error != std::errc{} || stop != end || seconds == 0 || seconds > 86'400)
+        return -1;
+    rules.idle = std::chrono::seconds(seconds);
+    return 0;
+}
+
+int add_rule(std::string_view line, std::size_t number, HelperRules& rules, std::string& sentence) {
+    const auto word = line.substr(0, line.find_first_of(blanks));
+    const auto value = trimmed(line.substr(word.size()));
+    if (word == "idle-seconds")
+        return set_idle(value, rules) == 0 ? 0 : fail(sentence, number, "needs a number of seconds up to 86400");
+    auto* paths = paths_of(rules, word);
+    if (paths == nullptr && word != "bundle")
+        return fail(sentence, number, "begins with a word that is none of theirs");
+    if (!is_plain_path(value))
+        return fail(sentence, number, "needs an absolute path without \"..\"");
+    if (paths != nullptr)
+        paths->push_back(without_spare_slashes(value));
+    else
+        rules.bundle = without_spare_slashes(value);
+    return 0;
+}
+
+// What the distribution's packages own is used, but never replaced or removed.
+bool is_ours(std::string_view path) {
+    return !path.starts_with(distribution) || path.starts_with(local);
+}
+
+std::string beside(const std::string& path, std::string_view name) {
+    return path.substr(0, path.rfind('/') + 1) + std::string(name);
+}
+
+bool is_program(const std::vector<std::string>& paths, std::string_view destination, std::string_view name,
+                Item& item) {
+    if (!holds_path(paths, destination))
+        return false;
+    item = {ItemKind::program, std::string(name)};
+    return true;
+}
+
+bool is_script(const HelperRules& rules, std::string_view destination, Item& item) {
+    for (const auto& path : rules.chronyc) {
+        if (beside(path, rotation_script_name) != destination)
+            continue;
+        item = {ItemKind::script, std::string(rotation_script_name)};
+        return true;
+    }
+    return false;
+}
+
+bool is_definition(std::string_view destination, Item& item) {
+    for (const auto& path : installable_definitions()) {
+        if (path != destination)
+            continue;
+        item = {ItemKind::service_definition, path};
+        return true;
+    }
+    return false;
+}
+
+bool is_configuration(const HelperRules& rules, std::string_view destination, Item& item) {
+    if (!holds_path(rules.configurations, destination))
+        return false;
+    item = {ItemKind::configuration, "chrony.conf"};
+    return true;
+}
+
+} // namespace
+
+bool is_plain_path(std::string_view path) {
+    if (path.size() < 2 || path.front() != '/')
+        return false;
+    for (std::size_t at = 1; at < path.size();) {
+        const auto end = std::min(path.find('/', at), path.size());
+        const auto part = path.substr(at, end - at);
+        if (part == "." || part == "..")
+            return false;
+        at = end + 1;
+    }
+    return without_spare_slashes(path).size() > 1;
+}
+
+std::string without_spare_slashes(std::string_view path) {
+    std::string result;
+    for (const char letter : path)
+        if (letter != '/' || result.empty() || result.back() != '/')
+            result.push_back(letter);
+    if (result.size() > 1 && result.back() == '/')
+        result.pop_back();
+    return result;
+}
+
+bool holds_path(const std::vector<std::string>& paths, std::string_view path) {
+    return std::ranges::find(paths, path) != paths.end();
+}
+
+int add_rules(std::string_view text, HelperRules& rules, std::string& sentence) {
+    HelperRules changed = rules;
+    for (std::size_t number = 1; !text.empty(); ++number) {
+        const auto end = std::min(text.find('\n'), text.size());
+        const auto line = trimmed(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+        if (!line.empty() && line.front() != '#' && add_rule(line, number, changed, sentence) != 0)
+            return -1;
+    }
+    rules = std::move(changed);
+    return 0;
+}
+
+bool find_item(const HelperRules& rules, std::string_view destination, Item& item) {
+    if (!is_ours(destination))
+        return false;
+    return is_program(rules.chronyc, destination, "chronyc", item) ||
+           is_program(rules.chronyd, destination, "chronyd", item) ||
+           is_program(rules.chronywake, destination, "chronywake", item) || is_script(rules, destination, item) ||
+           is_configuration(rules, destination, item) || is_definition(destination, item);
+}
+
+} // namespace tickervantage

@@ -1,0 +1,75 @@
+#include "roothelper/jobs/administrative_jobs.h"
+
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr std::string_view rights_queue = "net.brisklane.authorise";
+
+JobResult play_with_rights(const AdminRequest& request, const JobSetting& setting,
+                           const AdministrativeJobsParts& parts) {
+    if (JobResult rehearsed = rehearse(request, setting, parts.probes); !rehearsed.done)
+        return rehearsed; // nobody types a password for that
+    if (!parts.actions->blessHelper())
+        return {.done = false}; // the refusal was reported already
+    SentSteps steps(*parts.actions, parts.steps);
+    ChronyJobs jobs(setting, parts.probes, steps);
+    return play(request, jobs);
+}
+
+} // namespace
+
+AdministrativeJobs::AdministrativeJobs(AdministrativeJobsParts parts)
+    : m_parts(std::move(parts)), m_self(std::make_shared<AdministrativeJobs*>(this)) {}
+
+AdministrativeJobs::~AdministrativeJobs() = default;
+
+void AdministrativeJobs::show(const std::string& text) const {
+    if (m_progress)
+        m_progress(text);
+}
+
+void AdministrativeJobs::run(const AdminRequest& request, Done done) {
+    if (busy()) {
+        done({.done = false, .sentence = "Another administrative job is under way."});
+        return;
+    }
+    m_parts.actions->set_action_in_progress(true);
+    const JobSetting setting = m_parts.setting();
+    show(progress_text(request.job, setting));
+    // The job goes on when this object goes: half a job would be worse than one whose end nobody hears of.
+    m_parts.queue(entry_of(request.job).queue)
+        .async([request, setting, parts = m_parts, done = std::move(done), self = std::weak_ptr(m_self)] {
+            const JobResult result = play_with_rights(request, setting, parts);
+            parts.actions->set_action_in_progress(false);
+            parts.main_thread.main_async([result, done, self] {
+                if (const auto alive = self.lock())
+                    (*alive)->end(result, done);
+            });
+        });
+}
+
+void AdministrativeJobs::end(const JobResult& result, const Done& done) {
+    show({});
+    done(result);
+}
+
+void AdministrativeJobs::obtain_rights(std::function<void(bool granted)> done) {
+    if (std::exchange(m_asking, true))
+        return; // the user is being asked already
+    m_parts.queue(rights_queue)
+        .async([actions = m_parts.actions, &main_thread = m_parts.main_thread, done = std::move(done),
+                self = std::weak_ptr(m_self)] {
+            const bool granted = actions->blessHelper();
+            main_thread.main_async([granted, done, self] {
+                const auto alive = self.lock();
+                if (!alive)
+                    return;
+                (*alive)->m_asking = false;
+                done(granted);
+            });
+        });
+}
+
+} // namespace tickervantage

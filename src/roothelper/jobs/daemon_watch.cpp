@@ -1,0 +1,27 @@
+#include "roothelper/jobs/daemon_watch.h"
+
+#include "chrony/reports/running_check.h"
+#include "chrony/services/chrony_services.h"
+
+namespace tickervantage {
+
+bool DaemonWatch::is_up(const std::string& unit) const {
+    if (form == ServiceForm::launchd)
+        return RunningCheck(execute).check() != ClockDiscipline::not_running;
+    const std::string name = unit.empty() ? std::string(daemon_label) + ".service" : unit;
+    const auto answer = execute.run({.program = "/bin/systemctl", .arguments = {"is-active", "--quiet", name}});
+    return answer.outcome == ExecuteOutcome::exited && answer.exit_status == 0;
+}
+
+bool DaemonWatch::daemon_survives(const std::string& unit) const {
+    if (form == ServiceForm::systemd && unit.empty())
+        return is_up(unit);
+    for (int second = 0; second < watch_seconds; ++second) {
+        pause(1);
+        if (!is_up(unit))
+            return false;
+    }
+    return true;
+}
+
+} // namespace tickervantage

@@ -1,0 +1,174 @@
+#include "roothelper/jobs/installation_offers.h"
+
+#include "chrony/services/chrony_services.h"
+#include "settings/warning_register.h"
+
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr const char* embedded_suffix = "/Contents/MacOS/chronyd";
+
+bool is_complete(const InstalledPaths& paths, ServiceForm form, const FileExists& file_exists) {
+    const auto definition = definition_path(form, daemon_label);
+    const bool has_service = file_exists(definition) ||
+                             (form == ServiceForm::systemd && !distribution_unit(paths.chronyd, file_exists).empty());
+    return file_exists(paths.chronyd) && has_service && file_exists(paths.chronyc) && file_exists(paths.config);
+}
+
+ProgramVersion version_of(const std::string& program, Execute& execute) {
+    return read_version(execute.run({.program = program, .arguments = {"-n", "-v"}}));
+}
+
+} // namespace
+
+InstallationFacts look_at_installation(const InstalledPaths& paths, const std::string& bundle, ServiceForm form,
+                                       const FileExists& file_exists, Execute& execute, const SameFiles& same_files) {
+    InstallationFacts facts;
+    facts.complete = is_complete(paths, form, file_exists);
+    facts.has_daemon = file_exists(paths.chronyd);
+    facts.has_programs = facts.has_daemon || file_exists(paths.chronyc);
+    facts.distribution = find_distribution_chrony(file_exists);
+    facts.is_distributions = !distribution_unit(paths.chronyd, file_exists).empty();
+    if (facts.has_daemon && !facts.is_distributions) {
+        const auto embedded = bundle + "/" + embedded_suffix;
+        facts.installed = version_of(paths.chronyd, execute);
+        facts.embedded = version_of(embedded, execute);
+        facts.same_programs = !same_files || same_files(paths.chronyd, embedded);
+    }
+    return facts;
+}
+
+namespace {
+
+std::string listed(const DistributionChrony& chrony) {
+    return "\n\n" + chrony.chronyd + "\n" + chrony.chronyc + "\n" + chrony.config + "\n" + chrony.unit + "\n\n";
+}
+
+} // namespace
+
+Alert first_run_alert(const Translate& words, const std::optional<DistributionChrony>& distribution) {
+    auto text = words("The chronyd ntp daemon is not configured/installed.", "first run: line 1") +
+                words("\nDo you wish to install the privileged components?", "first run: line 2");
+    if (distribution)
+        text += "\n\n" + words("They take the place of the chrony that this system has, and give up what its packages "
+                               "provide: updates by the system, and the confinement by AppArmor.",
+                               "first run: where the system has a chrony of its own");
+    return {.identifier = "FirstRunAlert",
+            .message = words("Warning", ""),
+            .informative = text,
+            .buttons = {words("Install", ""), words("Cancel", "")}};
+}
+
+Alert version_alert(const Translate& words, const std::string& chronyd, const std::string& installed,
+                    const std::string& embedded) {
+    const auto line1 = words("Installed: ", "compare versions line 1") + chronyd + " " + installed;
+    const auto line2 = words(" Embedded: ", "compare versions line 2") + embedded_suffix + " " + embedded;
+    const auto line3 = words("Do you wish to re-install chronyd", "compare versions line 3");
+    return {.identifier = "VersionCompareAlert",
+            .message = words("Warning: Version mismatch", ""),
+            .informative = line1 + "\n\n" + line2 + "\n\n" + line3,
+            .buttons = {words("Install", ""), words("Cancel", "")}};
+}
+
+Alert system_chrony_alert(const Translate& words, const DistributionChrony& chrony) {
+    return {
+        .identifier = system_chrony_identifier,
+        .message = words("Use the chrony of this system?", "system chrony: title"),
+        .informative =
+            words("This system has a chrony of its own, which its packages keep up to date:", "system chrony: line 1") +
+            listed(chrony) +
+            words("The program can show and steer that one instead of installing another.", "system chrony: last line"),
+        .buttons = {words("Use It", "system chrony: button"), words("Cancel", "")}};
+}
+
+Alert unasked_choice_alert(const Translate& words, const DistributionChrony& chrony) {
+    return {.identifier = system_chrony_identifier,
+            .message = words("The chrony of this system is used.", "system chrony in use: title"),
+            .informative = words("This system has a chrony of its own, which its packages keep up to date:",
+                                 "system chrony: line 1") +
+                           listed(chrony) + words("Preferences has other paths.", "system chrony in use: last line"),
+            .buttons = {words("Dismiss", "system chrony in use: button")}};
+}
+
+InstallationOffers::InstallationOffers(InstallationOffersParts parts)
+    : m_parts(std::move(parts)), m_self(std::make_shared<InstallationOffers*>(this)) {}
+
+InstallationOffers::~InstallationOffers() = default;
+
+void InstallationOffers::start() {
+    m_parts.queue.async([paths = m_parts.paths(), bundle = m_parts.bundle, form = m_parts.form,
+                         exists = m_parts.file_exists, same = m_parts.same_files, &execute = m_parts.execute,
+                         &main_thread = m_parts.main_thread, self = std::weak_ptr(m_self)] {
+        main_thread.main_async([facts = look_at_installation(paths, bundle, form, exists, execute, same), self] {
+            if (const auto alive = self.lock())
+                (*alive)->offer(facts);
+        });
+    });
+}
+
+void InstallationOffers::tell_unasked_choice(const DistributionChrony& chrony) {
+    if (show_unless_suppressed(m_parts.warnings, m_parts.show, unasked_choice_alert(m_parts.translate, chrony),
+                               [](std::size_t) {}))
+        m_parts.warnings.register_warning(system_chrony_identifier);
+}
+
+void InstallationOffers::offer(const InstallationFacts& facts) {
+    if (facts.distribution && m_parts.uses_distribution_unasked && m_parts.uses_distribution_unasked()) {
+        tell_unasked_choice(*facts.distribution);
+        return;
+    }
+    if (facts.complete || facts.has_programs || !facts.distribution) {
+        offer_installation(facts);
+        return;
+    }
+    const auto answered = [this, facts, self = std::weak_ptr(m_self)](std::size_t button) {
+        if (self.expired())
+            return;
+        m_parts.warnings.register_warning(system_chrony_identifier); // asked once, whatever the answer
+        if (button == 0)
+            m_parts.use_distribution(*facts.distribution);
+        else
+            offer_installation(facts);
+    };
+    if (!show_unless_suppressed(m_parts.warnings, m_parts.show,
+                                system_chrony_alert(m_parts.translate, *facts.distribution), answered))
+        offer_installation(facts);
+}
+
+void InstallationOffers::offer_installation(const InstallationFacts& facts) {
+    const auto answered = [this, facts, self = std::weak_ptr(m_self)](std::size_t button) {
+        if (self.expired())
+            return;
+        if (button == 0)
+            m_parts.install();
+        else
+            offer_version(facts);
+    };
+    if (facts.complete || !show_unless_suppressed(m_parts.warnings, m_parts.show,
+                                                  first_run_alert(m_parts.translate, facts.distribution), answered))
+        offer_version(facts);
+}
+
+void InstallationOffers::offer_version(const InstallationFacts& facts) {
+    if (m_parts.warnings.contains("VersionCompareAlert") || !facts.has_daemon || facts.installed.label.empty() ||
+        !facts.embedded.failure.empty())
+        return;
+    if (facts.embedded.meaningless) {
+        m_parts.stop_for_version("chronyd", facts.embedded.label);
+        return;
+    }
+    if (facts.installed.label == facts.embedded.label && facts.same_programs)
+        return;
+    const auto answered = [this, self = std::weak_ptr(m_self)](std::size_t button) {
+        if (button == 0 && !self.expired())
+            m_parts.install();
+    };
+    (void)show_unless_suppressed(
+        m_parts.warnings, m_parts.show,
+        version_alert(m_parts.translate, m_parts.paths().chronyd, facts.installed.label, facts.embedded.label),
+        answered);
+}
+
+} // namespace tickervantage

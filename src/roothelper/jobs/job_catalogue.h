@@ -1,0 +1,60 @@
+// The administrative jobs by name, each with the queue it runs on and what people are told meanwhile.
+#pragma once
+
+#include "roothelper/jobs/chrony_jobs.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace tickervantage {
+
+enum class AdminJob : unsigned char {
+    install,
+    uninstall,
+    start,
+    stop,
+    wake_tool,
+    run_wake,
+    install_config,
+    restore_config,
+    rotate_logs,
+    log_permission,
+    restart_gpsd,
+    remove_old,
+    synchronise,
+    step,
+    running_check,
+    adjust_clock,
+};
+
+// One job, with what it works on; the fields of other jobs are left alone.
+struct AdminRequest {
+    AdminJob job = AdminJob::install;
+    std::string configuration = {}; // the text to be installed, or to be brought back
+    std::string server = {};
+    int timeout_seconds = 30;
+    bool restart = true; // after a synchronisation
+    double offset_seconds = 0;
+};
+
+struct AdminJobEntry {
+    AdminJob job;
+    std::string_view name;     // on the command line
+    std::string_view queue;    // label
+    std::string_view progress; // empty: none is shown
+};
+
+[[nodiscard]] std::span<const AdminJobEntry> all_admin_jobs();
+[[nodiscard]] const AdminJobEntry& entry_of(AdminJob job);
+
+// As in the entry, but for the wake tool, which is installed or removed.
+[[nodiscard]] std::string progress_text(AdminJob job, const JobSetting& setting);
+
+// What is against the job whatever the rights, found without asking anybody for them: done when nothing is.
+[[nodiscard]] JobResult rehearse(const AdminRequest& request, const JobSetting& setting, JobProbes probes);
+
+// Plays the job. Blocks for as long as its steps do.
+[[nodiscard]] JobResult play(const AdminRequest& request, ChronyJobs& jobs);
+
+} // namespace tickervantage

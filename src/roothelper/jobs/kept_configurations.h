@@ -1,0 +1,41 @@
+// The configurations that the root helper has kept, as they can be looked at and brought back.
+//
+// Reads files that everybody may read, and blocks for as long as the disk does. Any thread.
+#pragma once
+
+#include "roothelper/grammar/helper_history.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tickervantage {
+
+struct KeptConfiguration {
+    HistoryEntry entry;
+    std::string text;
+    bool is_installed = false; // it is what lies in its place
+};
+
+struct HistoryProbes {
+    std::function<std::vector<std::string>(const std::string& folder)> file_names; // none where there is no folder
+    std::function<std::optional<std::string>(const std::string& path)> read_file;
+    std::string folder = history_folder;
+};
+
+// Those of the configuration at this path, the newest first. One that cannot be read is left out.
+[[nodiscard]] std::vector<KeptConfiguration> kept_configurations(const HistoryProbes& probes,
+                                                                 const std::string& configuration);
+
+[[nodiscard]] const KeptConfiguration* find_kept(const std::vector<KeptConfiguration>& kept, std::uint64_t number);
+
+// "2026-11-22 04:05:06 +0100", in this machine's zone.
+[[nodiscard]] std::string local_date_text(std::int64_t seconds);
+
+// Why it was kept, in a few words.
+[[nodiscard]] const char* reason_text(HistoryReason reason);
+
+[[nodiscard]] std::vector<std::string> file_names_in(const std::string& folder);
+
+} // namespace tickervantage

@@ -1,0 +1,258 @@
+#include "roothelper/service/job.h"
+
+#include "roothelper/grammar/helper_includes.h"
+#include "roothelper/grammar/helper_names.h"
+#include "roothelper/grammar/helper_question.h"
+#include "roothelper/service/boot_time.h"
+#include "roothelper/service/commands.h"
+#include "roothelper/service/source_file.h"
+#include "roothelper/service/staged_files.h"
+#include "roothelper/service/trusted_files.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr std::size_t text_limit = std::size_t{1} << 20U;
+constexpr std::size_t program_limit = std::size_t{64} << 20U;
+
+bool is_run(const Item& item) {
+    return item.kind == ItemKind::program || item.kind == ItemKind::script;
+}
+
+std::string bundled(const Item& item, const HelperRules& rules) {
+    return item.kind == ItemKind::program ? rules.bundle_program(item.name)
+                                          : rules.bundle + "/Contents/Resources/" + item.name;
+}
+
+std::string bytes_of_roots_file(const std::string& path) {
+    std::string bytes;
+    std::string ignored; // one that others can change counts as none
+    (void)read_roots_file(path, text_limit, bytes, ignored);
+    return bytes;
+}
+
+const IncludedFiles& included_files() {
+    static const IncludedFiles files{matching_roots_files, bytes_of_roots_file};
+    return files;
+}
+
+} // namespace
+
+Job::Job(const JobParts& parts, JobOrder order) : m_parts(parts), m_order(std::move(order)) {}
+
+Job::~Job() {
+    if (!m_staged.empty())
+        ::unlink(m_staged.c_str());
+}
+
+void Job::start() {
+    switch (m_order.request.verb) {
+    case HelperVerb::install_item:
+    case HelperVerb::check_item:
+        return read_source();
+    case HelperVerb::restore_former:
+        return check_former();
+    default:
+        return do_it();
+    }
+}
+
+void Job::run_child(ChildTask task, Next next) {
+    m_child = std::make_unique<ChildProcess>(m_parts.event, std::move(task), [this, next](ChildEnd end) {
+        const auto finished = std::move(m_child); // kept until its callback has returned
+        (this->*next)(std::move(end));
+    });
+}
+
+void Job::end(Decision decision, std::string text) {
+    const auto done = std::move(m_order.done);
+    done(decision, std::move(text));
+}
+
+void Job::read_source() {
+    const auto limit = is_run(m_order.request.item) ? program_limit : text_limit;
+    run_child(read_source_task(m_order.request.source, user_identity(m_order.caller.user), limit),
+              &Job::source_was_read);
+}
+
+void Job::source_was_read(ChildEnd result) {
+    if (result.status == 0)
+        check_content(result.output);
+    else if (result.status == source_refused_status)
+        end(Decision::refused, result.output);
+    else
+        end(Decision::refused, "The file to be installed could not be read in time.");
+}
+
+void Job::check_content(const std::string& bytes) {
+    const auto& request = m_order.request;
+    if (is_run(request.item))
+        return check_program(bytes);
+    if (request.item.kind == ItemKind::configuration)
+        return check_configuration(bytes);
+    std::string sentence;
+    if (check_service_definition(request.destination, bytes, m_parts.rules, sentence) != 0)
+        return end(Decision::refused, sentence);
+    if (stage(bytes))
+        take_next_step();
+}
+
+// What will run as root must be what root holds already.
+void Job::check_program(const std::string& bytes) {
+    const auto path = bundled(m_order.request.item, m_parts.rules);
+    std::string own;
+    std::string sentence;
+    const int found = read_roots_file(path, program_limit, own, sentence);
+    if (found != 0)
+        return end(Decision::refused, found > 0 ? path + " is missing." : sentence);
+    if (own != bytes)
+        return end(Decision::refused, "The program is another one than the helper was installed with: install the "
+                                      "helper again.");
+    m_order.request.argv[2] = path;
+    take_next_step();
+}
+
+// A former configuration is consent for what it says only while the caller takes back what it installed a moment ago.
+void Job::check_former() {
+    const auto& destination = m_order.request.destination;
+    std::string sentence;
+    std::string former;
+    const int found = read_roots_file(destination + ".former", text_limit, former, sentence);
+    if (found < 0)
+        return end(Decision::refused, sentence);
+    const ConfigurationExchange exchange{destination, former, bytes_of_roots_file(destination)};
+    if (found == 0 && !m_parts.displaced.take(m_order.caller, exchange, seconds_since_boot()))
+        return check_configuration(former);
+    m_checked = former;
+    do_it();
+}
+
+// Judges a text that is to become the configuration at the destination, wherever it comes from.
+void Job::check_configuration(const std::string& bytes) {
+    std::string sentence;
+    const auto& destination = m_order.request.destination;
+    m_checked = bytes;
+    m_displaced = bytes_of_roots_file(destination);
+    if (find_unsafe_lines(bytes, m_displaced, m_parts.rules, m_unsafe_lines, sentence) != 0)
+        return end(Decision::refused, sentence);
+    if (const int line = line_that_includes_itself(bytes, destination, included_files()); line > 0)
+        return end(Decision::refused, "Line " + std::to_string(line) +
+                                          " of the configuration includes the "
+                                          "configuration itself, and chronyd would not start with it.");
+    if (!stage(bytes))
+        return;
+    auto task = syntax_check_task(m_staged, m_parts.rules);
+    if (task.argv.empty())
+        return ask_about_unsafe_lines(); // no chronyd is installed that could be stopped by it
+    run_child(std::move(task), &Job::syntax_was_checked);
+}
+
+void Job::ask_about_unsafe_lines() {
+    const auto agreed = m_parts.consents.find(m_order.caller.name);
+    const bool is_agreed = agreed != m_parts.consents.end() && agreed->second == consent();
+    if (is_agreed)
+        m_parts.consents.erase(agreed); // to be installed once
+    if (m_unsafe_lines.empty() || is_agreed)
+        return take_next_step();
+    std::string question;
+    std::string sentence;
+    if (question_about(m_unsafe_lines, question, sentence) != 0)
+        return end(Decision::refused, sentence);
+    const auto first = "Line " + std::to_string(m_unsafe_lines[0].number) + " (" + m_unsafe_lines[0].text + ")";
+    m_parts.polkit.ask({.sender = m_order.caller.name,
+                        .action = helper::unsafe_config_action,
+                        .message = question,
+                        .may_ask = m_order.may_ask},
+                       [this, alive = std::weak_ptr(m_alive), first](PolkitAnswer answer) {
+                           if (alive.expired())
+                               return;
+                           if (answer == PolkitAnswer::yes)
+                               take_next_step();
+                           else
+                               end(Decision::refused, first + " needs an authorisation of its own.");
+                       });
+}
+
+// False, and the job is over, when they cannot be written.
+bool Job::stage(const std::string& bytes) {
+    m_staged = stage_file(m_parts.folder, bytes);
+    if (m_order.request.verb == HelperVerb::install_item)
+        m_order.request.argv[2] = m_staged;
+    if (!m_staged.empty())
+        return true;
+    end(Decision::failed, "The helper cannot keep the file to be installed.");
+    return false;
+}
+
+void Job::syntax_was_checked(ChildEnd result) {
+    if (result.status == 0)
+        return ask_about_unsafe_lines();
+    end(Decision::refused, chronyd_refusal(result.output, m_staged, m_checked));
+}
+
+// Somebody else may have installed one while a question stood open.
+bool Job::former_is_unchanged() const {
+    return m_order.request.verb != HelperVerb::restore_former ||
+           bytes_of_roots_file(m_order.request.destination + ".former") == m_checked;
+}
+
+std::string Job::changed_configuration() const {
+    const auto& request = m_order.request;
+    const bool installs = request.verb == HelperVerb::install_item && request.item.kind == ItemKind::configuration;
+    return installs || request.verb == HelperVerb::restore_former ? request.destination : std::string();
+}
+
+// What was agreed to: this text at this place. In place of another one than then it would have other unsafe lines.
+std::string Job::consent() const {
+    return m_order.request.destination + '\n' + m_displaced + '\0' + m_checked;
+}
+
+// A judgement ends here; what it took a consent for may be installed next.
+void Job::take_next_step() {
+    if (m_order.request.verb != HelperVerb::check_item)
+        return do_it();
+    if (!m_unsafe_lines.empty())
+        m_parts.consents[m_order.caller.name] = consent();
+    end(Decision::done, "200 OK");
+}
+
+void Job::do_it() {
+    auto task = task_for(m_order.request, m_parts.rules);
+    if (!is_roots_own(task.argv[0]) || !is_roots_own(m_order.request.argv[0]))
+        return end(Decision::refused, m_order.request.argv[0] + " is missing, or others than root can change it.");
+    if (!former_is_unchanged())
+        return end(Decision::refused, "The former configuration has changed meanwhile.");
+    if (const auto path = changed_configuration(); !path.empty())
+        m_parts.history.before(path);
+    run_child(std::move(task), &Job::was_done);
+}
+
+void Job::note_change(bool is_done) {
+    const auto path = changed_configuration();
+    if (path.empty())
+        return;
+    if (m_order.request.verb == HelperVerb::install_item) // whatever came of it: what is then found in place counts
+        m_parts.displaced.note(m_order.caller, {path, m_displaced, m_checked}, seconds_since_boot());
+    if (is_done)
+        m_parts.history.after(path, m_order.caller.user);
+}
+
+void Job::was_done(ChildEnd result) {
+    note_change(result.status == 0);
+    const bool found_none = m_order.request.verb == HelperVerb::list_daemons && result.status == 1; // of pgrep
+    if (found_none)
+        return end(Decision::done, std::move(result.output));
+    auto text = std::move(result.output);
+    if (!result.sentence.empty())
+        text += (text.empty() || text.back() == '\n' ? "" : "\n") + result.sentence;
+    else if (result.status != 0 && text.empty())
+        text = "The command ended with status " + std::to_string(result.status) + ".";
+    end(result.status == 0 ? Decision::done : Decision::failed, std::move(text));
+}
+
+} // namespace tickervantage

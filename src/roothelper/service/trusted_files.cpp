@@ -1,0 +1,127 @@
+#include "roothelper/service/trusted_files.h"
+
+#include "linux/file_descriptor.h"
+#include "linux/write_all.h"
+
+#include <fcntl.h>
+#include <glob.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <system_error>
+
+namespace tickervantage {
+namespace {
+
+bool only_root_writes(const std::string& path) {
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0 || status.st_uid != 0)
+        return false;
+    const bool others = (status.st_mode & S_IWOTH) != 0;
+    const bool group = (status.st_mode & S_IWGRP) != 0 && status.st_gid != 0;
+    return !others && !group;
+}
+
+int read_all(int file, std::size_t limit, std::string& bytes) {
+    std::array<char, 16384> buffer{};
+    while (true) {
+        const ssize_t got = ::read(file, buffer.data(), buffer.size());
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got <= 0)
+            return static_cast<int>(got);
+        bytes.append(buffer.data(), static_cast<std::size_t>(got));
+        if (bytes.size() > limit) {
+            errno = EFBIG;
+            return -1;
+        }
+    }
+}
+
+int fail(const std::string& path, std::string& sentence) {
+    sentence = path + " cannot be read: " + std::generic_category().message(errno) + ".";
+    return -1;
+}
+
+int open_file(const std::string& path, FileDescriptor& file, std::string& sentence) {
+    file.reset(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (file.valid())
+        return 0;
+    return errno == ENOENT ? 1 : fail(path, sentence);
+}
+
+int read_open_file(const FileDescriptor& file, const std::string& path, std::size_t limit, std::string& bytes,
+                   std::string& sentence) {
+    std::string found;
+    if (read_all(file.get(), limit, found) != 0)
+        return fail(path, sentence);
+    bytes = std::move(found);
+    return 0;
+}
+
+} // namespace
+
+std::string parent_folder(const std::string& path) {
+    const auto slash = path.rfind('/');
+    return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
+}
+
+bool file_exists(const std::string& path) {
+    return ::access(path.c_str(), F_OK) == 0;
+}
+
+bool is_roots_own(const std::string& path) {
+    std::array<char, PATH_MAX> resolved{};
+    if (::realpath(path.c_str(), resolved.data()) == nullptr)
+        return false;
+    std::string part = resolved.data();
+    for (; part != "/"; part = parent_folder(part))
+        if (!only_root_writes(part))
+            return false;
+    return only_root_writes(part);
+}
+
+int read_file(const std::string& path, std::size_t limit, std::string& bytes, std::string& sentence) {
+    FileDescriptor file;
+    const int found = open_file(path, file, sentence);
+    return found == 0 ? read_open_file(file, path, limit, bytes, sentence) : found;
+}
+
+// Where the file that was opened lies, not what may meanwhile have come to lie at its path.
+int read_roots_file(const std::string& path, std::size_t limit, std::string& bytes, std::string& sentence) {
+    FileDescriptor file;
+    if (const int found = open_file(path, file, sentence); found != 0)
+        return found;
+    if (!is_roots_own("/proc/self/fd/" + std::to_string(file.get()))) {
+        sentence = path + " can be changed by others than root, so it is not heeded.";
+        return -1;
+    }
+    return read_open_file(file, path, limit, bytes, sentence);
+}
+
+std::vector<std::string> matching_roots_files(const std::string& pattern) {
+    std::vector<std::string> paths;
+    if (!pattern.starts_with("/etc/chrony"))
+        return paths;
+    glob_t found{};
+    if (::glob(pattern.c_str(), GLOB_NOSORT, nullptr, &found) == 0)
+        for (std::size_t at = 0; at < found.gl_pathc; ++at) {
+            std::array<char, PATH_MAX> resolved{};
+            if (::realpath(found.gl_pathv[at], resolved.data()) != nullptr)
+                paths.emplace_back(resolved.data());
+        }
+    ::globfree(&found);
+    return paths;
+}
+
+int write_new_file(const std::string& path, std::string_view bytes, unsigned mode) {
+    ::unlink(path.c_str());
+    const FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    return file.valid() && write_all(file.get(), bytes) == 0 && ::fchmod(file.get(), mode) == 0 ? 0 : -1;
+}
+
+} // namespace tickervantage

@@ -1,0 +1,252 @@
+#include "roothelper/support/install_file.h"
+
+#include "linux/write_all.h"
+#include "roothelper/support/accounts.h"
+#include "roothelper/support/folders.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/file.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <fmt/format.h>
+
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <string_view>
+
+namespace tickervantage {
+namespace {
+
+constexpr off_t largest_file = off_t{64} << 20U;
+using Buffer = std::array<char, 65536>;
+
+int read_mode(const std::string& text, mode_t& mode, std::string& sentence) {
+    constexpr mode_t never = 07022; // set-id bits, the sticky bit, writing by group and others
+    unsigned number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, 8);
+    if (text.size() != 4 || error != std::errc() || end != text.data() + text.size() || (number & never) != 0) {
+        sentence = fmt::format("{} is no mode for a file that root installs.", text);
+        return -1;
+    }
+    mode = number;
+    return 0;
+}
+
+int open_source(const std::string& path, FileDescriptor& file, struct stat& status, std::string& sentence) {
+    FileDescriptor opened(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (!opened.valid() || ::fstat(opened.get(), &status) != 0)
+        return fail_with(sentence, "Cannot read", path, errno);
+    if (!S_ISREG(status.st_mode))
+        return fail_with(sentence, "Cannot install what is no ordinary file,", path, EINVAL);
+    if (status.st_size > largest_file)
+        return fail_with(sentence, "Cannot install", path, EFBIG);
+    file = std::move(opened);
+    return 0;
+}
+
+ssize_t read_some(int fd, char* to, std::size_t size) {
+    ssize_t got = -1;
+    do
+        got = ::read(fd, to, size);
+    while (got < 0 && errno == EINTR);
+    return got;
+}
+
+// Fills the buffer as far as the file goes.
+ssize_t read_full(int fd, Buffer& buffer) {
+    std::size_t have = 0;
+    while (have < buffer.size()) {
+        const ssize_t got = read_some(fd, buffer.data() + have, buffer.size() - have);
+        if (got < 0)
+            return -1;
+        if (got == 0)
+            break;
+        have += static_cast<std::size_t>(got);
+    }
+    return static_cast<ssize_t>(have);
+}
+
+// -1 with errno; a source that has another length than `expected` is being written just now.
+int copy(int from, int to, off_t expected) {
+    Buffer buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): filled by read
+    off_t copied = 0;
+    ssize_t got = 0;
+    while (copied <= expected && (got = read_some(from, buffer.data(), buffer.size())) > 0) {
+        if (write_all(to, {buffer.data(), static_cast<std::size_t>(got)}) != 0)
+            return -1;
+        copied += got;
+    }
+    if (got < 0)
+        return -1;
+    errno = ETXTBSY;
+    return copied == expected ? 0 : -1;
+}
+
+bool same_bytes(int one, int other) {
+    Buffer first;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled by read
+    Buffer second; // NOLINT(cppcoreguidelines-pro-type-member-init): filled by read
+    if (::lseek(one, 0, SEEK_SET) != 0 || ::lseek(other, 0, SEEK_SET) != 0)
+        return false;
+    while (true) {
+        const ssize_t got = read_full(one, first);
+        if (got < 0 || read_full(other, second) != got ||
+            std::memcmp(first.data(), second.data(), static_cast<std::size_t>(got)) != 0)
+            return false;
+        if (got == 0)
+            return true;
+    }
+}
+
+// Held until the descriptor is closed, so also a killed run gives it back.
+int lock_folder(const Place& place, FileDescriptor& lock, std::string& sentence) {
+    FileDescriptor folder(::openat(place.folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder.valid())
+        return fail_with(sentence, "Cannot open the folder of", place.path, errno);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (::flock(folder.get(), LOCK_EX | LOCK_NB) != 0) {
+        if ((errno != EWOULDBLOCK && errno != EINTR) || std::chrono::steady_clock::now() >= end)
+            return fail_with(sentence, "Cannot lock the folder of", place.path, errno);
+        ::poll(nullptr, 0, 10); // the kernel has no lock with a deadline
+    }
+    lock = std::move(folder);
+    return 0;
+}
+
+// The folder of a destination, only ours and locked; the destination is missing or an ordinary file.
+int open_destination(const std::string& path, const PathRules& rules, Place& place, FileDescriptor& lock,
+                     std::string& sentence) {
+    if (open_place(path, rules, Missing::refuse, place, sentence) != 0)
+        return -1;
+    if (!place.folder.valid())
+        return fail_with(sentence, "Cannot install", path, ENOENT);
+    if (require_own_folder(place, rules, sentence) != 0 || lock_folder(place, lock, sentence) != 0)
+        return -1;
+    struct stat there {};
+    if (::fstatat(place.folder.get(), place.name.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0 && !S_ISREG(there.st_mode))
+        return fail_with(sentence, "Something that is no ordinary file lies at", path, EEXIST);
+    return 0;
+}
+
+// The new file beside the old one, taken away again unless it got into place.
+class Draft {
+public:
+    explicit Draft(const Place& place) : m_place(place), m_name("." + place.name + ".new") {}
+    ~Draft() {
+        if (m_file.valid())
+            ::unlinkat(m_place.folder.get(), m_name.c_str(), 0);
+    }
+    Draft(const Draft&) = delete;
+    Draft& operator=(const Draft&) = delete;
+
+    [[nodiscard]] int get() const { return m_file.get(); }
+
+    // -1 with errno, as everything here.
+    [[nodiscard]] int write(int source, off_t size, const Account& owner, mode_t mode) {
+        ::unlinkat(m_place.folder.get(), m_name.c_str(), 0); // left over from a run that was killed
+        m_file.reset(
+            ::openat(m_place.folder.get(), m_name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+        return m_file.valid() && copy(source, m_file.get(), size) == 0 &&
+                       ::fchown(m_file.get(), owner.uid, owner.gid) == 0 && ::fchmod(m_file.get(), mode) == 0 &&
+                       ::fsync(m_file.get()) == 0
+                   ? 0
+                   : -1;
+    }
+
+    [[nodiscard]] int put_in_place() {
+        const int folder = m_place.folder.get();
+        if (::renameat(folder, m_name.c_str(), folder, m_place.name.c_str()) != 0)
+            return -1;
+        m_file.reset();
+        return 0;
+    }
+
+private:
+    const Place& m_place;
+    std::string m_name;
+    FileDescriptor m_file;
+};
+
+// Keeps the file that is about to be replaced under a second name. The same bytes again replace nothing: what came
+// before them stays the former one.
+int keep_former(const Place& place, int replacement) {
+    const int folder = place.folder.get();
+    const FileDescriptor present(::openat(folder, place.name.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
+    if (!present.valid())
+        return errno == ENOENT ? 0 : -1;
+    if (same_bytes(present.get(), replacement))
+        return 0;
+    const std::string former = place.name + ".former";
+    const std::string draft = "." + former + ".new";
+    ::unlinkat(folder, draft.c_str(), 0);
+    return ::linkat(folder, place.name.c_str(), folder, draft.c_str(), 0) == 0
+               ? ::renameat(folder, draft.c_str(), folder, former.c_str())
+               : -1;
+}
+
+} // namespace
+
+int install_file(const Installation& what, const PathRules& rules, std::string& sentence) {
+    Account owner;
+    mode_t mode = 0;
+    FileDescriptor source;
+    struct stat status {};
+    Place place;
+    FileDescriptor lock;
+    if (find_owner(what.owner, owner, sentence) != 0 || read_mode(what.mode, mode, sentence) != 0 ||
+        open_source(what.source, source, status, sentence) != 0 ||
+        open_destination(what.destination, rules, place, lock, sentence) != 0)
+        return -1;
+    Draft draft(place);
+    if (draft.write(source.get(), status.st_size, owner, mode) != 0)
+        return fail_with(sentence, "Cannot write", what.destination, errno);
+    if (place.name.ends_with(".conf") && keep_former(place, draft.get()) != 0)
+        return fail_with(sentence, "Cannot keep the former", what.destination, errno);
+    if (draft.put_in_place() != 0)
+        return fail_with(sentence, "Cannot replace", what.destination, errno);
+    return flush_folder_of(place, sentence);
+}
+
+int install_text(const std::string& path, std::string_view text, const PathRules& rules, std::string& sentence) {
+    Place place;
+    FileDescriptor lock;
+    FileDescriptor source(::memfd_create("text", MFD_CLOEXEC));
+    if (!source.valid() || write_all(source.get(), text) != 0 || ::lseek(source.get(), 0, SEEK_SET) != 0)
+        return fail_with(sentence, "Cannot prepare", path, errno);
+    if (make_folder(path.substr(0, path.rfind('/')), rules, sentence) != 0 ||
+        open_destination(path, rules, place, lock, sentence) != 0)
+        return -1;
+    Draft draft(place);
+    if (draft.write(source.get(), static_cast<off_t>(text.size()), {rules.self, ::getegid()}, 0644) != 0 ||
+        draft.put_in_place() != 0)
+        return fail_with(sentence, "Cannot write", path, errno);
+    return flush_folder_of(place, sentence);
+}
+
+bool same_files(const std::string& one, const std::string& other) {
+    const FileDescriptor first(::open(one.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    const FileDescriptor second(::open(other.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    return first.valid() && second.valid() && same_bytes(first.get(), second.get());
+}
+
+int restore_former(const std::string& destination, const PathRules& rules, std::string& sentence) {
+    Place place;
+    FileDescriptor lock;
+    if (open_destination(destination, rules, place, lock, sentence) != 0)
+        return -1;
+    const std::string former = place.name + ".former";
+    struct stat there {};
+    if (::fstatat(place.folder.get(), former.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0 && !S_ISREG(there.st_mode))
+        return fail_with(sentence, "Something that is no ordinary file lies at", destination + ".former", EEXIST);
+    if (::renameat(place.folder.get(), former.c_str(), place.folder.get(), place.name.c_str()) != 0)
+        return fail_with(sentence, "Cannot bring back the former", destination, errno);
+    return flush_folder_of(place, sentence);
+}
+
+} // namespace tickervantage

@@ -1,0 +1,161 @@
+#include "roothelper/support/own_installation.h"
+
+#include "base/text_lines.h"
+#include "chrony/services/chrony_services.h"
+#include "linux/small_file.h"
+#include "roothelper/support/distribution_options.h"
+#include "roothelper/support/folders.h"
+#include "roothelper/support/install_file.h"
+#include "roothelper/support/one_line.h"
+#include "roothelper/support/unit_status.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include <sys/stat.h>
+
+#include <array>
+#include <vector>
+
+namespace tickervantage {
+namespace {
+
+constexpr std::size_t largest_unit = 65536;
+
+struct Program {
+    std::string installed; // path
+    std::string bundled;   // path in the bundle
+    std::string service;   // that runs it all the time; empty: none does
+};
+
+std::string unit_path(const Machine& machine, const std::string& unit) {
+    return machine.root + "/etc/systemd/system/" + unit;
+}
+
+bool is_there(const std::string& path) {
+    struct stat status {};
+    return ::lstat(path.c_str(), &status) == 0;
+}
+
+std::vector<std::string> command_of(const Machine& machine, const std::string& label) {
+    constexpr std::string_view key = "ExecStart=";
+    std::vector<std::string> command;
+    const SmallFile unit = read_small_file(unit_path(machine, label + ".service"), largest_unit);
+    for (const auto line : non_empty_lines(unit.bytes))
+        if (line.starts_with(key))
+            for (const auto word : words(line.substr(key.size())))
+                command.emplace_back(word);
+    return command;
+}
+
+// What packages own is not ours, whatever a unit says: also under the names that lead to /usr.
+bool is_ours(std::string_view path) {
+    const auto lies_in = [path](std::string_view folder) {
+        return path.starts_with(folder);
+    };
+    return lies_in("/usr/local/") ||
+           (lies_in("/") && !lies_in("/usr/") && !lies_in("/bin/") && !lies_in("/sbin/") && !lies_in("/lib"));
+}
+
+std::vector<Program> installed_programs(const Machine& machine) {
+    const auto programs = machine.bundle + "/Contents/MacOS/";
+    std::vector<Program> found;
+    const auto add = [&](const std::string& path, const std::string& bundled, const std::string& service) {
+        if (is_ours(path) && is_there(machine.root + path))
+            found.push_back({path, bundled, service});
+    };
+    if (const auto daemon = command_of(machine, daemon_label); !daemon.empty())
+        add(daemon[0], programs + "chronyd", daemon_label + std::string(".service"));
+    std::string chronyc = "/usr/local/bin/chronyc";
+    if (const auto rotation = command_of(machine, rotation_label); rotation.size() == 4) {
+        add(rotation[1], machine.bundle + "/Contents/Resources/chronylogrotate.sh", {});
+        chronyc = rotation[2];
+    }
+    if (const auto wake = command_of(machine, wake_label); !wake.empty())
+        add(wake[0], programs + "chronywake", wake_label + std::string(".service"));
+    if (!found.empty())
+        add(chronyc, programs + "chronyc", {});
+    return found;
+}
+
+std::vector<std::string> installed_units(const Machine& machine) {
+    std::vector<std::string> units;
+    for (const char* label : {daemon_label, rotation_label, wake_label})
+        for (const char* ending : {".timer", ".service"})
+            if (const auto unit = std::string(label) + ending; is_there(unit_path(machine, unit)))
+                units.push_back(unit);
+    return units;
+}
+
+// Whatever fails, the rest is still done; the first failure is told.
+class Series {
+public:
+    void add(int result, const std::string& sentence) {
+        if (result != 0 && m_failure.empty())
+            m_failure = sentence;
+    }
+    [[nodiscard]] int end(std::string success, std::string& sentence) const {
+        sentence = m_failure.empty() ? std::move(success) : m_failure;
+        return m_failure.empty() ? 0 : -1;
+    }
+
+private:
+    std::string m_failure;
+};
+
+void remove_units(const Machine& machine, const std::vector<std::string>& units, Series& series) {
+    std::string sentence;
+    for (const auto& unit : units) {
+        const auto result = systemctl(machine.execute, {"disable", "--now", unit});
+        series.add(succeeded(result) ? 0 : -1, fmt::format("Cannot stop {}: {}", unit, last_words(result)));
+        series.add(remove_item(unit_path(machine, unit), machine.rules, sentence), sentence);
+    }
+    (void)systemctl(machine.execute, {"daemon-reload"}); // forgotten at the next boot at the latest
+}
+
+} // namespace
+
+int refresh_programs(const Machine& machine, std::string& sentence) {
+    Series series;
+    std::vector<std::string> replaced;
+    std::string why;
+    for (const auto& program : installed_programs(machine)) {
+        const auto path = machine.root + program.installed;
+        if (!is_there(program.bundled) || same_files(path, program.bundled))
+            continue;
+        const int result = install_file({program.bundled, path, "root:wheel", "0755"}, machine.rules, why);
+        series.add(result, why);
+        if (result != 0)
+            continue;
+        replaced.push_back(program.installed);
+        if (program.service.empty())
+            continue;
+        const auto restarted = systemctl(machine.execute, {"try-restart", program.service});
+        series.add(succeeded(restarted) ? 0 : -1,
+                   fmt::format("Cannot restart {}: {}", program.service, last_words(restarted)));
+    }
+    series.add(renew_options(machine, why), why);
+    return series.end(replaced.empty() ? "The installed programs are those of the bundle."
+                                       : fmt::format("Replaced {}.", fmt::join(replaced, " and ")),
+                      sentence);
+}
+
+int remove_installation(const Machine& machine, std::string& sentence) {
+    Series series;
+    std::string why;
+    const auto units = installed_units(machine);
+    const auto programs = installed_programs(machine);
+    const bool displaced =
+        is_there(machine.root + displaced_file) || is_there(unit_path(machine, daemon_label + std::string(".service")));
+    if (!units.empty())
+        remove_units(machine, units, series);
+    for (const auto& program : programs)
+        series.add(remove_item(machine.root + program.installed, machine.rules, why), why);
+    series.add(remove_options(machine, why), why);
+    if (displaced)
+        series.add(restore_services(machine, why), why);
+    return series.end(units.empty() ? "There is no installation of ours." : "The installation of chrony is removed.",
+                      sentence);
+}
+
+} // namespace tickervantage

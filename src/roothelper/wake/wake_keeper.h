@@ -1,0 +1,42 @@
+// Has the clock corrected after each wake-up, for as long as the program runs.
+//
+// Neither a bus that goes away nor a chronyd that is down ends it: it connects again after growing pauses, and asks
+// again a few times after a wake-up that chronyd did not answer, because right then both may still be on their way up.
+#pragma once
+
+#include "roothelper/wake/sleep_signals.h"
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <utility>
+
+namespace tickervantage {
+
+struct WakeKeeperParts {
+    SleepSignals& signals;
+    std::function<int(std::string& answer)> correct;
+    std::function<void(std::chrono::milliseconds)> pause;
+    std::function<void(const std::string& line)> report;
+};
+
+class WakeKeeper {
+public:
+    explicit WakeKeeper(WakeKeeperParts parts) : m_parts(std::move(parts)) {}
+
+    // Blocks until something happened, and deals with it. To be called again and again.
+    void turn();
+
+private:
+    void connect();
+    void ask();
+
+    WakeKeeperParts m_parts;
+    bool m_connected = false;
+    std::string m_complaint;                 // the last about the bus: said once, not at every attempt
+    std::chrono::milliseconds m_pause{0};    // before the bus is tried again
+    std::chrono::milliseconds m_patience{0}; // before chronyd is asked again
+    int m_tries = 0;                         // left after the last wake-up
+};
+
+} // namespace tickervantage
