@@ -10,9 +10,9 @@
 // Runs on the display that the environment names, or offscreen with QT_QPA_PLATFORM=offscreen.
 #include "bench/stall_meter.h"
 
-#include "config/config_editor_window.h"
-#include "config/config_find_bar_window.h"
-#include "config/config_text_window.h"
+#include "gui/editor/config_editor_window.h"
+#include "gui/editor/config_find_bar.h"
+#include "gui/editor/config_text.h"
 #include "linux/posix_execute.h"
 #include "linux/private_temporary.h"
 #include "linux/serial_queue.h"

@@ -14,10 +14,10 @@
 #include "bench/cycle_parts.h"
 #include "bench/stall_meter.h"
 
-#include "app/application_menus_window.h"
+#include "app/application_menus.h"
+#include "gui/main/command_output.h"
+#include "gui/main/tickervantage_window.h"
 #include "linux/private_temporary.h"
-#include "mainwindow/command_output_window.h"
-#include "mainwindow/tickervantage_window.h"
 #include "qt/qt_main_thread.h"
 #include "qt/qt_master_timer.h"
 

@@ -11,8 +11,8 @@
 #include "bench/daemon.h"
 #include "bench/timing.h"
 
+#include "gui/main/tickervantage_window.h"
 #include "linux/private_temporary.h"
-#include "mainwindow/tickervantage_window.h"
 #include "qt/qt_main_thread.h"
 #include "qt/qt_master_timer.h"
 #include "support/manual_timer.h"

@@ -1,6 +1,6 @@
 #include "app/administration.h"
 
-#include "app/alert_window.h"
+#include "app/alert_sheet.h"
 #include "app/former_configurations.h"
 #include "chrony/status/status_cycle.h"
 #include "qt/spoken.h"

@@ -2,10 +2,10 @@
 // one each for frequency against temperature and for its sensors.
 #pragma once
 
-#include "freqtemp/freqtemp_window.h"
-#include "freqtemp/sensor_inspector_window.h"
-#include "graphs/tracking_window.h"
-#include "spectrum/spectrum_window.h"
+#include "gui/freqtemp/freqtemp_window.h"
+#include "gui/freqtemp/sensor_inspector.h"
+#include "gui/spectrum/spectrum_window.h"
+#include "gui/tracking/tracking_window.h"
 
 #include <QPointer>
 

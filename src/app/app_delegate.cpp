@@ -1,6 +1,6 @@
 #include "app/app_delegate.h"
 
-#include "app/about_window.h"
+#include "app/about_box.h"
 #include "app/analysis_windows.h"
 #include "app/bring_to_front.h"
 #include "app/clock_setting.h"
@@ -10,8 +10,8 @@
 #include "app/settings_windows.h"
 #include "app/window_menus.h"
 #include "chrony/configuration/configuration.h"
+#include "gui/main/tickervantage_window.h"
 #include "linux/desktop_applications.h"
-#include "mainwindow/tickervantage_window.h"
 #include "qt/languages.h"
 #include "roothelper/jobs/distribution_chrony.h"
 

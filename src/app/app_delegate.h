@@ -5,7 +5,7 @@
 #include "base/logger.h"
 #include "base/paths.h"
 #include "chrony/status/status_cycle.h"
-#include "config/config_editor_window.h"
+#include "gui/editor/config_editor_window.h"
 #include "roothelper/jobs/old_installation.h"
 #include "settings/preferences.h"
 #include "settings/warning_register.h"

@@ -1,7 +1,7 @@
 #include "app/clock_setting.h"
 
-#include "privileged/step_time_window.h"
-#include "privileged/synchronize_window.h"
+#include "gui/administration/step_time_window.h"
+#include "gui/administration/synchronize_window.h"
 #include "qt/spoken.h"
 
 namespace tickervantage {

@@ -1,7 +1,7 @@
 // The two windows that set the clock by hand, opened from the menu as sheets of the main window. Main thread only.
 #pragma once
 
-#include "app/application_menus_window.h"
+#include "app/application_menus.h"
 #include "roothelper/jobs/administrative_jobs.h"
 
 #include <QString>

@@ -2,7 +2,7 @@
 
 #include "app/bring_to_front.h"
 #include "app/desktop_links.h"
-#include "config/config_sheets_window.h"
+#include "gui/editor/config_sheets.h"
 #include "linux/environment.h"
 #include "linux/kept_files.h"
 #include "linux/posix_path_facts.h"

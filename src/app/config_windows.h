@@ -4,7 +4,7 @@
 
 #include "base/paths.h"
 #include "chrony/configuration/kept_edit.h"
-#include "config/config_editor_window.h"
+#include "gui/editor/config_editor_window.h"
 #include "settings/default_settings.h"
 
 #include <QStringList>

@@ -1,8 +1,8 @@
 #include "app/former_configurations.h"
 
-#include "app/alert_window.h"
+#include "app/alert_sheet.h"
+#include "gui/administration/kept_configurations_window.h"
 #include "linux/user_name.h"
-#include "privileged/kept_configurations_window.h"
 
 #include <QCoreApplication>
 

@@ -1,7 +1,7 @@
 // The window of the configurations that were installed last, opened from the menu. Main thread only.
 #pragma once
 
-#include "app/application_menus_window.h"
+#include "app/application_menus.h"
 #include "roothelper/jobs/administrative_jobs.h"
 
 #include <functional>

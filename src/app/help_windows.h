@@ -2,8 +2,8 @@
 // every window, which opens the page that fits it. Main thread only.
 #pragma once
 
-#include "app/application_menus_window.h"
-#include "help/help_viewer_window.h"
+#include "app/application_menus.h"
+#include "gui/help/help_viewer.h"
 
 #include <QObject>
 

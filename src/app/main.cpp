@@ -29,7 +29,7 @@
 #include "roothelper/jobs/job_environment.h"
 #include "settings/settings_catalogue.h"
 
-#include "mainwindow/tickervantage_window.h"
+#include "gui/main/tickervantage_window.h"
 
 #include <QApplication>
 #include <QCoreApplication>

@@ -3,7 +3,7 @@
 // Main thread only. A job that could not be done says why in an alert; one whose rights were refused says nothing more.
 #pragma once
 
-#include "app/application_menus_window.h"
+#include "app/application_menus.h"
 #include "roothelper/jobs/administrative_jobs.h"
 
 #include <QString>

@@ -1,8 +1,8 @@
 #include "app/screenshot_tour.h"
 
-#include "app/about_window.h"
+#include "app/about_box.h"
 #include "app/app_delegate.h"
-#include "mainwindow/tickervantage_window.h"
+#include "gui/main/tickervantage_window.h"
 
 #include <QApplication>
 #include <QComboBox>

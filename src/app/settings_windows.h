@@ -3,8 +3,8 @@
 
 #include "base/logger.h"
 #include "base/paths.h"
-#include "config/preferences_window.h"
-#include "config/servers_window.h"
+#include "gui/preferences/preferences_window.h"
+#include "gui/servers/servers_window.h"
 
 #include <functional>
 #include <memory>

@@ -7,7 +7,7 @@
 #pragma once
 
 #include "app/app_delegate.h"
-#include "mainwindow/tickervantage_window.h"
+#include "gui/main/tickervantage_window.h"
 #include "support/fake_followed_files.h"
 #include "support/fake_main_window_parts.h"
 #include "support/freqtemp_parts.h"

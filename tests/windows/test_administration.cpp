@@ -1,5 +1,5 @@
 #include "app/administration.h"
-#include "mainwindow/tickervantage_window.h"
+#include "gui/main/tickervantage_window.h"
 #include "settings/warning_register.h"
 #include "support/fake_main_window_parts.h"
 

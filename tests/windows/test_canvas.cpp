@@ -1,5 +1,5 @@
 #include "draw/bounds_canvas.h"
-#include "instruments/instrument_window.h"
+#include "gui/main/instrument_widget.h"
 #include "qt/picture_file.h"
 #include "qt/qt_canvas.h"
 

@@ -1,5 +1,5 @@
-#include "privileged/step_time_window.h"
-#include "privileged/synchronize_window.h"
+#include "gui/administration/step_time_window.h"
+#include "gui/administration/synchronize_window.h"
 #include "settings/settings_catalogue.h"
 #include "support/memory_stores.h"
 

@@ -1,5 +1,5 @@
 // Colours can be told from their background, and from each other, also by people who see fewer of them.
-#include "config/words_window.h"
+#include "gui/common/words.h"
 #include "qt/canvas_colors.h"
 #include "settings/settings_keys.h"
 

@@ -1,6 +1,6 @@
 #include "app/config_windows.h"
-#include "config/config_find_bar_window.h"
-#include "config/config_text_window.h"
+#include "gui/editor/config_find_bar.h"
+#include "gui/editor/config_text.h"
 #include "support/child_program.h"
 #include "support/manual_dispatch.h"
 #include "support/memory_stores.h"

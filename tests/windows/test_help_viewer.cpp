@@ -1,5 +1,5 @@
 #include "app/help_windows.h"
-#include "help/help_viewer_window.h"
+#include "gui/help/help_viewer.h"
 #include "support/scripted_execute.h"
 #include "support/window_test.h"
 

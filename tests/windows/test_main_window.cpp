@@ -1,6 +1,6 @@
-#include "mainwindow/command_output_window.h"
-#include "mainwindow/local_time_text_window.h"
-#include "mainwindow/tickervantage_window.h"
+#include "gui/main/command_output.h"
+#include "gui/main/local_time_text.h"
+#include "gui/main/tickervantage_window.h"
 #include "support/fake_main_window_parts.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "graphs/plot_export_window.h"
+#include "gui/common/plot_export.h"
 #include "support/manual_dispatch.h"
 
 #include <gtest/gtest.h>

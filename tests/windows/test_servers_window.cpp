@@ -1,5 +1,5 @@
-#include "config/servers_list_window.h"
-#include "config/servers_window.h"
+#include "gui/servers/servers_list.h"
+#include "gui/servers/servers_window.h"
 #include "support/window_test.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
+#include "gui/spectrum/spectrum_chart.h"
+#include "gui/spectrum/spectrum_window.h"
+#include "gui/spectrum/spectrum_words.h"
 #include "qt/picture_file.h"
 #include "settings/settings_catalogue.h"
-#include "spectrum/spectrum_chart_window.h"
-#include "spectrum/spectrum_window.h"
-#include "spectrum/spectrum_words_window.h"
 #include "support/memory_stores.h"
 #include "support/window_test.h"
 

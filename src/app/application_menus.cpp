@@ -1,0 +1,168 @@
+#include "app/application_menus.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <utility>
+#include <vector>
+
+namespace tickervantage {
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(menus)
+};
+
+struct Item {
+    const char* name; // null: a separator
+    const char* text;
+    QKeySequence shortcut;
+};
+
+/* TRANSLATOR menus
+   main window: menus and their items. The letter after an ampersand is the one that chooses the item together with Alt.
+ */
+const Item separator{nullptr, nullptr, {}};
+
+// QT_TRANSLATE_NOOP marks the texts for translators; tr above looks them up.
+std::vector<Item> file_items() {
+    return {
+        {"openTrackingLog", QT_TRANSLATE_NOOP("menus", "&Open Tracking Log…"), QKeySequence::Open},
+        {"liveTracking", QT_TRANSLATE_NOOP("menus", "&Live Tracking Graph"), QKeySequence(Qt::CTRL | Qt::Key_L)},
+        separator,
+        {"showConfigEditor", QT_TRANSLATE_NOOP("menus", "&Edit Configuration…"), QKeySequence(Qt::CTRL | Qt::Key_E)},
+        {"newConfiguration", QT_TRANSLATE_NOOP("menus", "&New Configuration"), QKeySequence::New},
+        {"openConfiguration", QT_TRANSLATE_NOOP("menus", "Open Con&figuration…"), {}},
+        {"recentConfigurations", QT_TRANSLATE_NOOP("menus", "&Recent Configurations"), {}},
+        separator,
+        {"showPreferences", QT_TRANSLATE_NOOP("menus", "&Preferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma)},
+        {"checkForUpdates", QT_TRANSLATE_NOOP("menus", "Check for &Updates…"), {}},
+        separator,
+        {"closeWindow", QT_TRANSLATE_NOOP("menus", "&Close Window"), QKeySequence::Close},
+        {"quit", QT_TRANSLATE_NOOP("menus", "&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q)}};
+}
+
+std::vector<Item> view_items() {
+    return {{"refresh", QT_TRANSLATE_NOOP("menus", "&Refresh"), QKeySequence::Refresh},
+            separator,
+            {"chooseFont", QT_TRANSLATE_NOOP("menus", "Output &Font…"), {}},
+            {"defaultFont", QT_TRANSLATE_NOOP("menus", "&Default Output Font"), {}},
+            separator,
+            {"showLogs", QT_TRANSLATE_NOOP("menus", "Reveal &chrony's Logs"), {}},
+            {"showLogFile", QT_TRANSLATE_NOOP("menus", "Show the Program's &Log"), {}},
+            {"showLogFolder", QT_TRANSLATE_NOOP("menus", "Reveal the Program's Log F&older"), {}}};
+}
+
+std::vector<Item> action_items() {
+    return {{"installChrony", QT_TRANSLATE_NOOP("menus", "&Install chrony"), {}},
+            {"uninstallChrony", QT_TRANSLATE_NOOP("menus", "&Uninstall chrony…"), {}},
+            separator,
+            {"startChrony", QT_TRANSLATE_NOOP("menus", "&Start chronyd"), {}},
+            {"stopChrony", QT_TRANSLATE_NOOP("menus", "S&top chronyd"), {}},
+            {"runChronywake", QT_TRANSLATE_NOOP("menus", "Run chrony&wake"), {}},
+            separator,
+            {"formerConfigurations", QT_TRANSLATE_NOOP("menus", "&Former Configurations…"), {}},
+            {"rotateLogs", QT_TRANSLATE_NOOP("menus", "&Rotate Logs"), {}},
+            {"synchServer", QT_TRANSLATE_NOOP("menus", "S&ynchronise Now…"), {}},
+            {"stepTime", QT_TRANSLATE_NOOP("menus", "Step the &Clock…"), {}}};
+}
+
+std::vector<Item> window_items() {
+    return {
+        {"showTickervantage", QT_TRANSLATE_NOOP("menus", "&Main Window"), QKeySequence(Qt::CTRL | Qt::Key_1)},
+        {"showServers", QT_TRANSLATE_NOOP("menus", "&Servers"), QKeySequence(Qt::CTRL | Qt::Key_2)},
+        {"showFreqTemp", QT_TRANSLATE_NOOP("menus", "&Frequency and Temperature"), QKeySequence(Qt::CTRL | Qt::Key_3)},
+        {"showFreqInspector", QT_TRANSLATE_NOOP("menus", "Sensor &Inspector"), QKeySequence(Qt::CTRL | Qt::Key_4)},
+        {"showSpectrum", QT_TRANSLATE_NOOP("menus", "S&pectrum"), QKeySequence(Qt::CTRL | Qt::Key_5)}};
+}
+
+std::vector<Item> help_items() {
+    return {{"helpFirstUse", QT_TRANSLATE_NOOP("menus", "&First Steps"), QKeySequence::HelpContents},
+            {"helpWindows", QT_TRANSLATE_NOOP("menus", "The W&indows"), {}},
+            {"helpFAQ", QT_TRANSLATE_NOOP("menus", "&Questions and Answers"), {}},
+            separator,
+            {"helpChronyConf", QT_TRANSLATE_NOOP("menus", "chrony.&conf"), {}},
+            {"helpChronyc", QT_TRANSLATE_NOOP("menus", "c&hronyc"), {}},
+            {"helpChronyd", QT_TRANSLATE_NOOP("menus", "chrony&d"), {}},
+            {"helpChronywake", QT_TRANSLATE_NOOP("menus", "chrony&wake"), {}},
+            separator,
+            {"siteTickervantage", QT_TRANSLATE_NOOP("menus", "&Tickervantage on the Web"), {}},
+            {"siteChrony", QT_TRANSLATE_NOOP("menus", "ch&rony on the Web"), {}},
+            {"showDonate", QT_TRANSLATE_NOOP("menus", "D&onate…"), {}},
+            separator,
+            {"showAbout", QT_TRANSLATE_NOOP("menus", "&About Tickervantage"), {}}};
+}
+
+class MenuBuilder {
+public:
+    MenuBuilder(QMainWindow* window, const MenuHandlers& handlers, ApplicationMenus& menus)
+        : m_window(window), m_handlers(handlers), m_menus(menus) {}
+
+    QMenu* add(const QString& title, const std::vector<Item>& items) {
+        QMenu* menu = m_window->menuBar()->addMenu(title);
+        menu->setToolTipsVisible(true);
+        for (const auto& item : items) {
+            if (item.name == nullptr)
+                menu->addSeparator();
+            else
+                add_item(menu, item);
+        }
+        return menu;
+    }
+
+private:
+    void add_item(QMenu* menu, const Item& item) {
+        QAction* action = menu->addAction(Texts::tr(item.text));
+        action->setObjectName(QLatin1String(item.name));
+        action->setShortcut(item.shortcut);
+        m_menus.actions[item.name] = action;
+        const auto handler = m_handlers.find(item.name);
+        if (handler != m_handlers.end()) {
+            QObject::connect(action, &QAction::triggered, m_window, handler->second);
+            return;
+        }
+        action->setEnabled(false);
+        //: tooltip of a menu item that cannot be used
+        action->setToolTip(Texts::tr("Not part of this version"));
+        action->setVisible(QLatin1String(item.name) != QLatin1String("showDonate")); // it comes with its resource alone
+    }
+
+    QMainWindow* m_window;
+    const MenuHandlers& m_handlers;
+    ApplicationMenus& m_menus;
+};
+
+} // namespace
+
+ApplicationMenus build_application_menus(QMainWindow* window, const MenuHandlers& handlers,
+                                         std::function<bool()> job_in_progress) {
+    ApplicationMenus menus;
+    MenuBuilder builder(window, handlers, menus);
+    //: titles of the menus
+    builder.add(Texts::tr("&File"), file_items());
+    builder.add(Texts::tr("&View"), view_items());
+    menus.m_action = builder.add(Texts::tr("&Chrony"), action_items());
+    menus.m_windows = builder.add(Texts::tr("&Window"), window_items());
+    builder.add(Texts::tr("&Help"), help_items());
+    menus.m_frequency_item = menus.actions.at("showFreqTemp");
+    menus.m_spectrum_item = menus.actions.at("showSpectrum");
+    menus.m_action->setObjectName(QStringLiteral("m_action"));
+    menus.m_frequency_item->setObjectName(QStringLiteral("m_frequency_item"));
+    menus.m_spectrum_item->setObjectName(QStringLiteral("m_spectrum_item"));
+
+    std::vector<QAction*> exclusive; // items without a handler stay disabled whatever goes on
+    for (const char* name : exclusive_actions)
+        if (handlers.contains(name))
+            exclusive.push_back(menus.actions.at(name));
+    QObject::connect(menus.m_action, &QMenu::aboutToShow, window, [exclusive, busy = std::move(job_in_progress)] {
+        const bool enabled = !busy();
+        for (auto* action : exclusive)
+            action->setEnabled(enabled);
+    });
+    return menus;
+}
+
+} // namespace tickervantage

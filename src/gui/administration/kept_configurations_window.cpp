@@ -1,0 +1,199 @@
+#include "gui/administration/kept_configurations_window.h"
+
+#include "base/text_difference.h"
+#include "gui/common/words.h"
+#include "qt/spoken.h"
+#include "qt/text_scale.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLocale>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTextCharFormat>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+QString date_text(std::int64_t seconds) {
+    return QLocale().toString(QDateTime::fromSecsSinceEpoch(seconds), QLocale::ShortFormat);
+}
+
+QTextCharFormat format_of(char sign, const QPalette& palette) {
+    constexpr int half = 128;
+    const bool dark = palette.color(QPalette::Base).lightness() < half;
+    QTextCharFormat format;
+    if (sign == '-')
+        format.setForeground(dark ? QColor(0xff, 0x8c, 0x84) : QColor(0xb8, 0x20, 0x18));
+    if (sign == '+')
+        format.setForeground(dark ? QColor(0x8c, 0xd0, 0x8c) : QColor(0x1c, 0x6b, 0x2a));
+    return format;
+}
+
+} // namespace
+
+/* TRANSLATOR tickervantage::KeptConfigurationsWindow
+   former configurations: the window that lists them and brings one back. */
+
+// What was read comes home to it; main thread only.
+struct KeptConfigurationsWindow::Shared {
+    KeptConfigurationsWindow* window = nullptr;
+};
+
+KeptConfigurationsWindow::KeptConfigurationsWindow(KeptConfigurationsParts parts, QWidget* parent)
+    : QDialog(parent), m_parts(std::move(parts)), m_shared(std::make_shared<Shared>()) {
+    m_shared->window = this;
+    setObjectName(QStringLiteral("KeptConfigurations"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowModality(Qt::WindowModal);
+    //: former configurations: title of the window
+    setWindowTitle(tr("Former Configurations"));
+    build();
+    connect(m_list, &QTreeWidget::itemSelectionChanged, this, [this] { show_difference(); });
+    connect(m_restore, &QPushButton::clicked, this, [this] { restore(); });
+}
+
+KeptConfigurationsWindow::~KeptConfigurationsWindow() {
+    m_shared->window = nullptr;
+}
+
+void KeptConfigurationsWindow::build_list() {
+    //: former configurations: name of the list
+    m_list = named(new QTreeWidget(this), "m_list", tr("Configurations"),
+                   //: former configurations: tooltip of the list
+                   tr("The configurations that were installed last, the newest first"));
+    m_list->setRootIsDecorated(false);
+    m_list->setUniformRowHeights(true);
+    m_list->setTabKeyNavigation(false);
+    //: former configurations: titles of the columns
+    m_list->setHeaderLabels({tr("Number"), tr("Date"), tr("User"), tr("What happened")});
+    m_list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+}
+
+void KeptConfigurationsWindow::build_difference() {
+    m_title = new QLabel(this);
+    m_title->setObjectName(QStringLiteral("difference_title"));
+    //: former configurations: name of the text that shows the lines that differ
+    m_difference = named(new QPlainTextEdit(this), "m_difference", tr("Difference"),
+                         //: former configurations: tooltip of that text
+                         tr("Lines that would go begin with −, lines that would come with +"));
+    m_difference->setReadOnly(true);
+    m_difference->setTabChangesFocus(true);
+    m_difference->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_difference->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_title->setBuddy(m_difference);
+}
+
+void KeptConfigurationsWindow::build() {
+    build_list();
+    build_difference();
+    m_words = words_below(this, "words", 2);
+    //: former configurations: button
+    m_restore = named(new QPushButton(tr("&Bring Back…"), this), "m_restore", tr("Bring back"),
+                      //: former configurations: tooltip of the button
+                      tr("Install this configuration again and restart chronyd"));
+    m_restore->setEnabled(false);
+    m_restore->setAutoDefault(false);
+    //: former configurations: button
+    auto* close_button = named(new QPushButton(tr("Close"), this), "close", tr("Close"), QString());
+    connect(close_button, &QPushButton::clicked, this, [this] { close(); });
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(m_restore);
+    buttons->addWidget(close_button);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(m_list, 1);
+    column->addWidget(m_title);
+    column->addWidget(m_difference, 2);
+    column->addWidget(m_words);
+    column->addLayout(buttons);
+    constexpr QSize usual(640, 520);
+    resize(scaled(usual, *this));
+}
+
+void KeptConfigurationsWindow::load() {
+    m_parts.queue.async([probes = m_parts.probes, user_name = m_parts.user_name, path = m_parts.configuration(),
+                         &main_thread = m_parts.main_thread, shared = m_shared] {
+        Content content{
+            .kept = kept_configurations(probes, path), .users = {}, .installed = probes.read_file(path).value_or("")};
+        for (const auto& one : content.kept)
+            content.users.push_back(user_name(one.entry.user));
+        main_thread.main_async([content = std::move(content), shared] {
+            if (shared->window)
+                shared->window->show_content(content);
+        });
+    });
+}
+
+// The list is read again after a job: what was chosen stays so.
+int KeptConfigurationsWindow::place_of(std::uint64_t number) const {
+    const auto found =
+        std::ranges::find(m_content.kept, number, [](const KeptConfiguration& one) { return one.entry.number; });
+    return found == m_content.kept.end() ? 0 : static_cast<int>(found - m_content.kept.begin());
+}
+
+void KeptConfigurationsWindow::show_content(Content content) {
+    const auto* one = chosen();
+    const std::uint64_t before = one ? one->entry.number : 0;
+    m_content = std::move(content);
+    m_list->clear();
+    for (std::size_t at = 0; at < m_content.kept.size(); ++at) {
+        const auto& [entry, text, is_installed] = m_content.kept[at];
+        const QString reason = QCoreApplication::translate("history", reason_text(entry.reason));
+        //: former configurations: %1 is what happened to the configuration that chronyd uses now
+        const QString words = is_installed ? tr("%1 (in use)").arg(reason) : reason;
+        new QTreeWidgetItem(m_list, {QLocale().toString(static_cast<qulonglong>(entry.number)),
+                                     date_text(entry.seconds), QString::fromStdString(m_content.users[at]), words});
+    }
+    if (m_content.kept.empty())
+        //: former configurations: said where nothing was kept yet
+        m_words->setText(tr("No configuration has been kept yet: the first one is when you install one."));
+    else
+        m_list->setCurrentItem(m_list->topLevelItem(place_of(before)));
+    show_difference();
+}
+
+const KeptConfiguration* KeptConfigurationsWindow::chosen() const {
+    const int row = m_list->indexOfTopLevelItem(m_list->currentItem());
+    return row < 0 ? nullptr : &m_content.kept[static_cast<std::size_t>(row)];
+}
+
+void KeptConfigurationsWindow::show_difference() {
+    const auto* one = chosen();
+    const auto lines = one ? text_difference(m_content.installed, one->text) : std::vector<DifferenceLine>();
+    m_restore->setEnabled(!lines.empty());
+    m_difference->clear();
+    //: former configurations: above the lines that differ; the same where there are none
+    m_title->setText(one && lines.empty() ? tr("This is what is installed.") : tr("What would c&hange:"));
+    QTextCursor cursor(m_difference->document());
+    for (const auto& line : lines)
+        cursor.insertText(QString::fromStdString(difference_text({line})), format_of(line.sign, palette()));
+    m_difference->moveCursor(QTextCursor::Start);
+}
+
+void KeptConfigurationsWindow::restore() {
+    const auto* one = chosen();
+    if (!one)
+        return;
+    m_words->clear();
+    m_parts.restore(this, one->text, [shared = m_shared](const std::string& sentence) {
+        auto* window = shared->window;
+        if (!window)
+            return;
+        //: former configurations: said when one was brought back
+        window->m_words->setText(sentence.empty() ? tr("It is back, and chronyd runs with it.") : spoken(sentence));
+        set_alarmed(window->m_words, !sentence.empty());
+        window->load();
+    });
+}
+
+} // namespace tickervantage

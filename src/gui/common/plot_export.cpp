@@ -1,0 +1,187 @@
+#include "gui/common/plot_export.h"
+
+#include "draw/recorded_drawing.h"
+#include "qt/qt_canvas.h"
+#include "qt/spoken.h"
+
+#include <QAbstractScrollArea>
+#include <QAction>
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include <cmath>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(plot_export)
+};
+
+// A scroll area shows its plot on its viewport.
+const QWidget* surface_of(const QWidget* widget) {
+    const auto* area = qobject_cast<const QAbstractScrollArea*>(widget);
+    return area != nullptr ? area->viewport() : widget;
+}
+
+bool ends_in(const QString& path, const char* suffix) {
+    return path.endsWith(QLatin1String(suffix), Qt::CaseInsensitive);
+}
+
+} // namespace
+
+struct PlotExport::Shared {
+    PlotExport* exports = nullptr; // null: the window has gone
+};
+
+PlotExport::PlotExport(QWidget* window, PlotExportParts parts, ExportedPlot plot)
+    : m_window(window), m_parts(std::move(parts)), m_plot(std::move(plot)),
+      m_shared(std::make_shared<Shared>(Shared{this})) {
+    m_plot.widget->setContextMenuPolicy(Qt::ActionsContextMenu);
+    //: plot windows: menu item, the plot goes to the clipboard
+    m_copy = add_action("copy_picture", Texts::tr("&Copy Picture"), QKeySequence::Copy, &PlotExport::copy_picture);
+    //: plot windows: menu item, the plot or its numbers go to a file
+    m_export = add_action("export_action", Texts::tr("E&xport…"), QKeySequence::Save, &PlotExport::ask_for_file);
+}
+
+PlotExport::~PlotExport() {
+    m_shared->exports = nullptr;
+}
+
+QAction* PlotExport::add_action(const char* name, const QString& text, const QKeySequence& keys,
+                                void (PlotExport::*slot)()) {
+    auto* action = new QAction(text, m_window);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(keys);
+    action->setShortcutVisibleInContextMenu(true);
+    connect(action, &QAction::triggered, this, slot);
+    m_window->addAction(action);
+    m_plot.widget->addAction(action);
+    return action;
+}
+
+void PlotExport::set_enabled(bool enabled) {
+    m_copy->setEnabled(enabled);
+    m_export->setEnabled(enabled);
+}
+
+struct PlotExport::Picture {
+    QSize size; // points
+    CanvasColors colors;
+    std::function<void(Canvas&)> draw;
+};
+
+PlotExport::Picture PlotExport::picture() const {
+    const QSize plot = surface_of(m_plot.widget)->size();
+    const PlotCaption caption = m_plot.caption();
+    const QSize all(plot.width(), plot.height() + static_cast<int>(std::ceil(caption_height(caption, plot.width()))));
+    const Rect bounds{0, 0, static_cast<double>(all.width()), static_cast<double>(all.height())};
+    return {all, CanvasColors::from_palette(m_plot.widget->palette()),
+            [draw = m_plot.draw, caption, bounds](Canvas& canvas) {
+                draw_captioned(canvas, bounds, caption, draw);
+            }};
+}
+
+void PlotExport::copy_picture() {
+    const double scale = m_plot.widget->devicePixelRatioF();
+    const Picture wanted = picture();
+    QImage image(wanted.size * scale, QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    image.fill(wanted.colors.text_background);
+    QPainter painter(&image);
+    QtCanvas canvas(painter, wanted.size.height(), wanted.colors);
+    wanted.draw(canvas);
+    painter.end();
+    QGuiApplication::clipboard()->setImage(image);
+    //: plot windows: said after the plot was copied
+    m_plot.tell(Texts::tr("The picture is on the clipboard."));
+}
+
+void PlotExport::ask_for_file() {
+    //: plot windows: title of the dialog that asks for a file
+    auto* dialog = new QFileDialog(m_window, Texts::tr("Export"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    //: plot windows: kinds of file
+    dialog->setNameFilters({Texts::tr("Picture (*.png)"),
+                            //: file dialog: kind of file; the part in brackets stays
+                            Texts::tr("Vector picture (*.svg)"),
+                            //: file dialog: kind of file; the part in brackets stays
+                            Texts::tr("Table (*.csv)")});
+    dialog->setDefaultSuffix(QStringLiteral("png"));
+    connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
+        dialog->setDefaultSuffix(filter.section(QStringLiteral("*."), 1).chopped(1));
+    });
+    connect(dialog, &QFileDialog::fileSelected, this, &PlotExport::export_to);
+    dialog->open();
+}
+
+void PlotExport::export_to(const QString& path) {
+    if (ends_in(path, ".csv"))
+        export_table(path);
+    else if (ends_in(path, ".png") || ends_in(path, ".svg"))
+        export_picture(path);
+    else
+        //: plot windows: said when the chosen file's name says nothing about its kind
+        m_plot.tell(Texts::tr("The file's name must end in .png, .svg or .csv."));
+}
+
+void PlotExport::export_picture(const QString& path) {
+    const Picture wanted = picture();
+    const PictureFormat format{.width = wanted.size.width(), .height = wanted.size.height(), .colors = wanted.colors};
+    const auto drawing = std::make_shared<RecordedDrawing>(
+        format.scale, [colors = format.colors](const Color& line) { return colors.readable(line); });
+    wanted.draw(*drawing);
+    run(path, [write = m_parts.write_picture, file = path.toStdString(), format, drawing](std::string& sentence) {
+        return write(
+            file, format, [&](Canvas& canvas, Rect) { drawing->replay(canvas); }, sentence);
+    });
+}
+
+void PlotExport::export_table(const QString& path) {
+    take(std::make_shared<PlotTable>(m_plot.table()), path);
+}
+
+void PlotExport::take(const std::shared_ptr<PlotTable>& table, const QString& path) {
+    switch (table->take_slice()) {
+    case Taking::more:
+        //: plot windows: said while an export is under way
+        m_plot.tell(Texts::tr("Exporting…"));
+        m_parts.main_thread.main_async([shared = m_shared, table, path] {
+            if (shared->exports)
+                shared->exports->take(table, path);
+        });
+        return;
+    case Taking::all:
+        run(path, [write = m_parts.write_text, file = path.toStdString(), csv = table->csv](std::string& sentence) {
+            return write(file, csv(), sentence);
+        });
+        return;
+    case Taking::lost:
+        //: plot windows: said when the data changed from under an export
+        m_plot.tell(Texts::tr("The data changed meanwhile; export again."));
+    }
+}
+
+void PlotExport::run(const QString& path, std::function<int(std::string& sentence)> write) {
+    //: plot windows: said while an export is under way
+    m_plot.tell(Texts::tr("Exporting…"));
+    m_parts.queue.async([shared = m_shared, &main_thread = m_parts.main_thread, path, write = std::move(write)] {
+        std::string sentence;
+        const int result = write(sentence);
+        main_thread.main_async([shared, path, sentence, result] {
+            if (shared->exports)
+                shared->exports->m_plot.tell(result == 0
+                                                 //: plot windows: said after an export; %1 is a file
+                                                 ? Texts::tr("Exported to %1.").arg(path)
+                                                 : spoken(sentence));
+        });
+    });
+}
+
+} // namespace tickervantage

@@ -1,0 +1,253 @@
+// The configuration editor's work on its text: checking, saving, installing.
+#include "chrony/configuration/included_files.h"
+#include "gui/common/words.h"
+#include "gui/editor/config_editor_window.h"
+#include "gui/editor/config_sheets.h"
+#include "gui/editor/config_text.h"
+#include "qt/spoken.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QPushButton>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr const char* usual_name = "chrony.conf";
+constexpr int no_encoding = -4; // the number of this failure, for people who report it
+
+// Half a surrogate pair, which a text pasted from elsewhere may hold, has no UTF-8.
+int encode(const QString& text, std::string& bytes, std::string& sentence) {
+    if (!text.isValidUtf16()) {
+        sentence = "The text holds a character that cannot be written (error " + std::to_string(no_encoding) + ").";
+        return -1;
+    }
+    bytes = text.toStdString();
+    return 0;
+}
+
+} // namespace
+
+void ConfigEditor::check() {
+    if (m_controls.m_config->is_busy() || !m_controls.m_checksyntax->isEnabled())
+        return;
+    m_controls.m_checksyntax->setEnabled(false);
+    m_actions.at("check")->setEnabled(false);
+    //: configuration editor: said during a check
+    say(tr("Checking…"));
+    const auto work = [parts = m_parts.check, text = m_controls.m_config->whole_text(), path = m_path.toStdString()] {
+        ConfigurationCheck check;
+        std::string bytes;
+        if (encode(text, bytes, check.error.m_doubt) != 0) {
+            check.error.m_isok = false;
+            return check;
+        }
+        check = check_configuration(parts, bytes);
+        if (is_source_file(path))
+            std::ranges::copy(source_file_warnings(bytes), std::back_inserter(check.warnings));
+        return check;
+    };
+    const int edits = m_controls.m_config->edits();
+    in_background(work, [this, edits](const ConfigurationCheck& check) {
+        m_controls.m_checksyntax->setEnabled(true);
+        m_actions.at("check")->setEnabled(true);
+        say({});
+        if (m_controls.m_config->edits() == edits)
+            apply(check);
+        else
+            //: configuration editor: said when a check came too late
+            say(tr("The text changed during the check; check it again."));
+        Q_EMIT settled();
+    });
+}
+
+void ConfigEditor::apply(const ConfigurationCheck& check) {
+    const ConfigError& error = check.error;
+    show_warnings(check.warnings);
+    m_controls.m_install->setEnabled(error.passed());
+    m_actions.at("install")->setEnabled(error.passed());
+    if (error.passed()) {
+        show_image(CheckImage::available);
+        show_syntax_ok(this, check.warnings);
+        return;
+    }
+    if (error.m_isok) { // the sheet about a sound file would be a promise that the daemon does not keep
+        show_image(CheckImage::partially_available);
+        show_doubt(this, error);
+        return;
+    }
+    show_image(CheckImage::unavailable);
+    if (error.m_file.empty()) {
+        m_controls.m_config->select_line(error.m_line);
+        m_controls.m_config->mark_error_line(error.m_line);
+    }
+    say(from_std(error.m_msg));
+    show_syntax_error(this, error);
+}
+
+void ConfigEditor::save() {
+    save_then([](bool) {});
+}
+
+void ConfigEditor::save_as() {
+    save_as_then([](bool) {});
+}
+
+void ConfigEditor::save_to(const QString& path) {
+    write_to(path, true, [](bool) {});
+}
+
+// The copy of the live configuration goes with the program, so that a person who saves has to say where to.
+void ConfigEditor::save_then(const Saved& then) {
+    if (m_path.isEmpty() || isInstalledConfig)
+        save_as_then(then);
+    else
+        write_to(m_path, false, then);
+}
+
+void ConfigEditor::save_as_then(const Saved& then) {
+    const QString start =
+        m_path.isEmpty() || isInstalledConfig ? QDir::home().filePath(QLatin1String(usual_name)) : m_path;
+    //: title of the dialog that saves a configuration
+    auto* dialog = new QFileDialog(this, tr("Save Configuration"), QFileInfo(start).path());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->selectFile(QFileInfo(start).fileName());
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [this, then](const QString& path) { write_to(path, true, then); });
+    connect(dialog, &QDialog::rejected, this, [then] { then(false); });
+    dialog->open();
+}
+
+void ConfigEditor::write_to(const QString& path, bool overwrite, const Saved& then) {
+    if (m_controls.m_config->is_busy())
+        return when_ready([this, path, overwrite, then] { write_to(path, overwrite, then); });
+    if (m_saving)
+        return then(false);
+    m_saving = true;
+    SaveRequest request{.path = path.toStdString(), .text = {}, .line_ends = m_line_ends, .known = {}};
+    if (!overwrite)
+        request.known = m_stamp;
+    const auto work = [files = m_parts.files, request, text = m_controls.m_config->whole_text()]() mutable {
+        SaveAnswer answer;
+        return encode(text, request.text, answer.sentence) == 0 ? save_document(files, request) : answer;
+    };
+    const int edits = m_controls.m_config->edits();
+    in_background(work, [this, path, edits, then](const SaveAnswer& answer) {
+        m_saving = false;
+        const bool closing = std::exchange(m_closing, false);
+        apply_save(path, edits, answer, then);
+        if (closing && answer.outcome == SaveAnswer::Outcome::saved)
+            close();
+        Q_EMIT settled();
+    });
+}
+
+void ConfigEditor::apply_save(const QString& path, int edits, const SaveAnswer& answer, const Saved& then) {
+    switch (answer.outcome) {
+    case SaveAnswer::Outcome::changed_meanwhile:
+        return resolve_conflict(path, then);
+    case SaveAnswer::Outcome::failed:
+        //: alert: message above the reason
+        show_failure(this, tr("The configuration was not saved"), spoken(answer.sentence));
+        return then(false);
+    case SaveAnswer::Outcome::saved:
+        break;
+    }
+    m_stamp = answer.stamp;
+    if (m_controls.m_config->edits() == edits)
+        m_controls.m_config->document()->setModified(false);
+    //: configuration editor: said after saving; %1 a path
+    say(tr("Saved %1.").arg(path));
+    if (path != m_path) {
+        m_path = path;
+        isInstalledConfig = false;
+        show_title(QFileInfo(path).fileName());
+    }
+    if (m_requests.remember && !isInstalledConfig)
+        m_requests.remember(path);
+    then(true);
+}
+
+void ConfigEditor::resolve_conflict(const QString& path, const Saved& then) {
+    ask_about_conflict(this, path, [this, path, then](ConflictChoice choice) {
+        switch (choice) {
+        case ConflictChoice::overwrite:
+            return write_to(path, true, then);
+        case ConflictChoice::save_as:
+            return save_as_then(then);
+        case ConflictChoice::reload:
+            open_path(path, [this](const QString& sentence) {
+                if (!sentence.isEmpty())
+                    show_failure(this,
+                                 //: alert: message above the reason
+                                 tr("The configuration could not be read"), sentence);
+            });
+            return then(false);
+        case ConflictChoice::keep_editing:
+            return then(false);
+        }
+    });
+}
+
+void ConfigEditor::install() {
+    if (!m_parts.install) {
+        //: alert: message, and why
+        show_failure(this, tr("The configuration was not installed"),
+                     //: alert: informative text
+                     tr("Installing needs the root helper, which this program was started without."));
+        return;
+    }
+    unless_included([this] { ask_to_install(this, from_std(m_parts.config_path()), [this] { save_and_install(); }); });
+}
+
+void ConfigEditor::save_and_install() {
+    const auto then = [this](bool saved) {
+        if (saved)
+            hand_over_text();
+    };
+    // The copy of the live configuration is saved where it lies: nobody has to look for it, and it is ours alone.
+    isInstalledConfig ? write_to(m_path, true, then) : save_then(then);
+}
+
+void ConfigEditor::hand_over_text() {
+    if (!m_controls.m_install->isEnabled()) {
+        //: configuration editor: said when the text was edited while it was saved for an installation
+        say(tr("The text changed meanwhile, so it was not installed; check it again."));
+        return;
+    }
+    m_controls.m_install->setEnabled(false); // until it is done
+    m_actions.at("install")->setEnabled(false);
+    //: configuration editor: said during the installation
+    say(tr("Installing…"));
+    const int edits = m_controls.m_config->edits();
+    m_parts.install(m_controls.m_config->whole_text().toStdString(),
+                    [this, edits, self = std::weak_ptr(m_self)](const InstallOutcome& outcome) {
+                        if (self.lock())
+                            apply_install(outcome, edits);
+                    });
+    if (isInstalledConfig)
+        show_title(tr("Installed Chrony Configuration"));
+}
+
+void ConfigEditor::apply_install(const InstallOutcome& outcome, int edits) {
+    //: configuration editor: said after the installation
+    say(outcome.installed ? tr("Installed.")
+                          : /*: configuration editor: said after an installation that failed */ tr("Not installed."));
+    const bool is_as_checked = m_controls.m_config->edits() == edits;
+    m_controls.m_install->setEnabled(is_as_checked);
+    m_actions.at("install")->setEnabled(is_as_checked);
+    if (!outcome.installed) {
+        //: alert: message above the reason
+        show_failure(this, tr("The configuration was not installed"), spoken(outcome.sentence));
+    }
+    Q_EMIT settled();
+}
+
+} // namespace tickervantage

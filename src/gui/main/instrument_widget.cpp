@@ -1,0 +1,155 @@
+#include "gui/main/instrument_widget.h"
+
+#include "draw/bounds_canvas.h"
+#include "draw/instruments/dial.h"
+#include "qt/accessible_widgets.h"
+#include "qt/qt_canvas.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QPaintEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace tickervantage {
+
+namespace {
+
+constexpr int PREFERRED_SIDE = 200;
+constexpr int SMALLEST_SIDE = 150;
+
+} // namespace
+
+InstrumentWidget::InstrumentWidget(Draw draw_face, Draw draw_hands, QWidget* parent)
+    : QWidget(parent), m_draw_face(std::move(draw_face)), m_draw_hands(std::move(draw_hands)) {
+    announce_as(this, QAccessible::Graphic);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+void InstrumentWidget::redraw_hands() {
+    update(m_hands);
+    m_hands = hands_area();
+    update(m_hands);
+}
+
+void InstrumentWidget::redraw_all() {
+    m_face = {};
+    m_hands = hands_area();
+    update();
+}
+
+void InstrumentWidget::keep_hand_pictures(std::size_t count, std::function<std::size_t()> position) {
+    m_hand_pictures.assign(count, {});
+    m_position = std::move(position);
+}
+
+void InstrumentWidget::forget_hand_pictures() {
+    m_hand_pictures.assign(m_hand_pictures.size(), {});
+}
+
+void InstrumentWidget::set_value_text(const QString& text) {
+    if (text != accessibleDescription())
+        setAccessibleDescription(text); // tells those who listen, if any
+}
+
+QSize InstrumentWidget::sizeHint() const {
+    return {PREFERRED_SIDE, PREFERRED_SIDE};
+}
+
+QSize InstrumentWidget::minimumSizeHint() const {
+    return {SMALLEST_SIDE, SMALLEST_SIDE};
+}
+
+void InstrumentWidget::changeEvent(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::PaletteChange:
+    case QEvent::FontChange:
+    case QEvent::ApplicationFontChange:
+    case QEvent::StyleChange:
+        forget_hand_pictures();
+        redraw_all();
+        break;
+    default:
+        break;
+    }
+    QWidget::changeEvent(event);
+}
+
+void InstrumentWidget::resizeEvent(QResizeEvent* event) {
+    forget_hand_pictures();
+    QWidget::resizeEvent(event);
+}
+
+void InstrumentWidget::paintEvent(QPaintEvent* event) {
+    if (!face_is_current())
+        m_face = painted_face();
+    QPainter painter(this);
+    const QRect area = event->rect();
+    const double density = devicePixelRatioF();
+    painter.drawPixmap(area, m_face,
+                       QRectF(area.x() * density, area.y() * density, area.width() * density, area.height() * density));
+    paint_hands(painter);
+}
+
+// Painting a smooth line costs a good part of a millisecond, copying its picture a few microseconds.
+void InstrumentWidget::paint_hands(QPainter& painter) {
+    const std::size_t position = m_position ? m_position() : 0;
+    if (position >= m_hand_pictures.size()) {
+        paint(painter, m_draw_hands);
+        return;
+    }
+    HandPicture& kept = m_hand_pictures[position];
+    if (kept.picture.isNull() || kept.picture.devicePixelRatioF() != devicePixelRatioF()) {
+        kept.area = hands_area();
+        kept.picture = painted_hands(kept.area);
+    }
+    painter.drawPixmap(kept.area.topLeft(), kept.picture);
+}
+
+QPixmap InstrumentWidget::painted_hands(const QRect& area) const {
+    QPixmap picture(area.size() * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.translate(-area.topLeft());
+    paint(painter, m_draw_hands);
+    return picture;
+}
+
+bool InstrumentWidget::face_is_current() const {
+    return m_face.size() == size() * devicePixelRatioF() && m_face.devicePixelRatioF() == devicePixelRatioF();
+}
+
+QPixmap InstrumentWidget::painted_face() const {
+    QPixmap face(size() * devicePixelRatioF());
+    face.setDevicePixelRatio(devicePixelRatioF());
+    face.fill(Qt::transparent);
+    QPainter painter(&face);
+    paint(painter, m_draw_face);
+    return face;
+}
+
+QRect InstrumentWidget::hands_area() const {
+    constexpr double shadow = 4; // how far a needle's shadow reaches
+    const double magnification = dial_magnification(std::min(width(), height()));
+    const Rect bounds{0, 0, width() / magnification, height() / magnification};
+    BoundsCanvas canvas;
+    m_draw_hands(canvas, bounds);
+    const Rect box = canvas.bounds(shadow);
+    return QRectF(box.x * magnification, (bounds.height - box.y - box.height) * magnification,
+                  box.width * magnification, box.height * magnification)
+        .toAlignedRect();
+}
+
+void InstrumentWidget::paint(QPainter& painter, const Draw& draw) const {
+    const double magnification = dial_magnification(std::min(width(), height()));
+    painter.scale(magnification, magnification);
+    const Rect bounds{0, 0, width() / magnification, height() / magnification};
+    QtCanvas canvas(painter, bounds.height, CanvasColors::from_palette(palette()));
+    draw(canvas, bounds);
+}
+
+} // namespace tickervantage

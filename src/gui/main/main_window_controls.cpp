@@ -1,0 +1,283 @@
+#include "gui/main/main_window_controls.h"
+
+#include "chrony/reports/commands.h"
+#include "gui/main/command_output.h"
+#include "gui/main/instrument_widget.h"
+#include "gui/main/status_image.h"
+#include "qt/named_widget.h"
+#include "qt/text_scale.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+namespace tickervantage {
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(mainwindow)
+};
+
+QLabel* text_label(QWidget* parent, const char* object_name, const QString& accessible_name) {
+    auto* label = named(new QLabel(parent), object_name, accessible_name);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return label;
+}
+
+void build_readings(QWidget* central, MainWindowControls& controls) {
+    //: main window: name of the text that shows date and time
+    controls.localTime = text_label(central, "localTime", Texts::tr("Local time"));
+    controls.localTime->setAlignment(Qt::AlignCenter);
+    //: main window: name of the menu that chooses the meter's quantity
+    controls.meterSelect = named(new QComboBox(central), "meterSelect", Texts::tr("Quantity on the meter"));
+    //: main window: the meter's quantities, in chrony's words
+    controls.meterSelect->addItems({Texts::tr("System time"),
+                                    //: main window: quantity of the meter, in chrony's words
+                                    Texts::tr("Last offset"),
+                                    //: main window: quantity of the meter, in chrony's words
+                                    Texts::tr("RMS offset"),
+                                    //: main window: quantity of the meter, in chrony's words
+                                    Texts::tr("Root delay"),
+                                    //: main window: quantity of the meter, in chrony's words
+                                    Texts::tr("Root dispersion"),
+                                    //: main window: quantity of the meter, in chrony's words
+                                    Texts::tr("Frequency")});
+    fit_entries(controls.meterSelect);
+    controls.meterSelect->setToolTip(controls.meterSelect->accessibleName());
+    //: main window: name of the text that shows the meter's value
+    controls.meterValue = text_label(central, "meterValue", Texts::tr("Meter value"));
+    controls.meterValue->setAlignment(Qt::AlignHCenter);
+}
+
+void build_status(QWidget* central, MainWindowControls& controls) {
+    static constexpr std::array<const char*, 3> image_names{"status_chronyd_synchronised", "status_chronyd_notlocked",
+                                                            "status_chronyd_unavailable"};
+    for (std::size_t i = 0; i < image_names.size(); ++i) {
+        controls.status_images[i] = new StatusImage(static_cast<chronydStatus>(i), central);
+        controls.status_images[i]->setObjectName(QLatin1String(image_names[i]));
+        controls.status_images[i]->hide();
+    }
+    //: main window: name of the text beside the status image
+    controls.status_words = text_label(central, "status_words", Texts::tr("State of chronyd"));
+    QFont large = controls.status_words->font();
+    large.setPointSizeF(large.pointSizeF() * 1.4);
+    large.setBold(true);
+    controls.status_words->setFont(large);
+    //: main window: name of the notice that the clock is left alone
+    controls.adjustingClock = text_label(central, "adjustingClock", Texts::tr("Clock adjustment"));
+    //: main window: notice that chronyd was told not to adjust the system clock
+    controls.adjustingClock->setText(Texts::tr("chronyd does not adjust the system clock."));
+    controls.adjustingClock->setWordWrap(true);
+    controls.adjustingClock->setMinimumHeight(2 * controls.adjustingClock->fontMetrics().lineSpacing());
+    //: main window: button that opens the preferences
+    controls.m_preferences = named(new QPushButton(Texts::tr("Preferences…"), central), "m_preferences",
+                                   //: main window: name of the button that opens the preferences
+                                   Texts::tr("Preferences"));
+    //: main window: names of the version texts
+    controls.chronycversion = text_label(central, "chronycversion", Texts::tr("Version of chronyc"));
+    controls.chronydversion = text_label(central, "chronydversion",
+                                         //: main window: name of a version text
+                                         Texts::tr("Version of chronyd"));
+}
+
+void build_command_controls(QWidget* central, MainWindowControls& controls) {
+    //: main window: name of the menu that chooses the report
+    controls.commandMenu = named(new QComboBox(central), "commandMenu", Texts::tr("chronyc command"));
+    for (const auto& entry : status_commands) {
+        controls.commandMenu->addItem(from_std(entry.command));
+        controls.commandMenu->setItemData(controls.commandMenu->count() - 1,
+                                          QCoreApplication::translate("commands", entry.explanation), Qt::ToolTipRole);
+    }
+    fit_entries(controls.commandMenu);
+    controls.commandMenu->setMaxVisibleItems(static_cast<int>(status_commands.size()));
+    //: main window: tooltip of the command menu
+    controls.commandMenu->setToolTip(Texts::tr("The chronyc report shown below"));
+    //: main window: label of the server field, shown for the ntpdata report
+    controls.m_server_label = new QLabel(Texts::tr("&Server:"), central);
+    controls.m_server_label->setObjectName(QStringLiteral("m_server_label"));
+    //: main window: name of the server field
+    controls.m_server = named(new QComboBox(central), "m_server", Texts::tr("NTP server for ntpdata"));
+    controls.m_server->setEditable(true);
+    controls.m_server->lineEdit()->setAccessibleName(controls.m_server->accessibleName());
+    controls.m_server->setInsertPolicy(QComboBox::NoInsert);
+    controls.m_server->setMinimumContentsLength(18);
+    //: main window: tooltip of the server field
+    controls.m_server->setToolTip(Texts::tr("Server whose measurements are shown; empty for all of them"));
+    controls.m_server_label->setBuddy(controls.m_server);
+}
+
+void build_options(QWidget* central, MainWindowControls& controls) {
+    //: main window: checkbox, addresses are shown as numbers
+    controls.showIPaddress = named(new QCheckBox(Texts::tr("&IP addresses"), central), "showIPaddress",
+                                   //: main window: name of that checkbox
+                                   Texts::tr("IP addresses"));
+    //: main window: tooltip
+    controls.showIPaddress->setToolTip(Texts::tr("Show numeric addresses, without asking for names"));
+    //: main window: checkbox, sources by the names of the configuration
+    controls.showOriginalName = named(new QCheckBox(Texts::tr("&Original names"), central), "showOriginalName",
+                                      //: main window: name of that checkbox
+                                      Texts::tr("Original names"));
+    //: main window: tooltip
+    controls.showOriginalName->setToolTip(Texts::tr("Show the sources by the names written in the configuration"));
+    //: main window: name of the field with the seconds between two readings
+    controls.m_interval = named(new QSpinBox(central), "m_interval", Texts::tr("Update interval"));
+    controls.m_interval->setRange(1, 60);
+    controls.m_interval->setValue(4);
+    controls.m_interval->setKeyboardTracking(false); // "30" must not start with an interval of 3
+    //: main window: unit behind the interval, seconds
+    controls.m_interval->setSuffix(Texts::tr(" s"));
+    //: main window: tooltip of the interval
+    controls.m_interval->setToolTip(Texts::tr("Seconds between two readings, 1 to 60"));
+}
+
+QWidget* build_interval_holder(QWidget* central, QSpinBox* interval) {
+    auto* holder = new QWidget(central);
+    holder->setObjectName(QStringLiteral("ph_interval"));
+    //: main window: label of the interval
+    auto* label = new QLabel(Texts::tr("&Every"), holder);
+    label->setBuddy(interval);
+    auto* row = new QHBoxLayout(holder);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(label);
+    row->addWidget(interval);
+    return holder;
+}
+
+QLayout* meter_row(const MainWindowControls& controls) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(10);
+    row->addWidget(controls.meterSelect);
+    row->addWidget(controls.meterValue, 1, Qt::AlignVCenter);
+    return row;
+}
+
+QLayout* status_column(const MainWindowControls& controls) {
+    auto* state = new QHBoxLayout;
+    state->setSpacing(10);
+    for (auto* image : controls.status_images)
+        state->addWidget(image);
+    state->addWidget(controls.status_words, 1);
+    auto* column = new QVBoxLayout;
+    column->addLayout(state);
+    column->addSpacing(6);
+    column->addWidget(controls.adjustingClock);
+    column->addWidget(controls.m_preferences, 0, Qt::AlignLeft);
+    column->addStretch(1);
+    column->addWidget(controls.chronycversion);
+    column->addWidget(controls.chronydversion);
+    return column;
+}
+
+QLayout* dashboard(const MainWindowControls& controls) {
+    // Beyond this the room is better used by the report below.
+    const int largest_dial = controls.localTime->fontMetrics().height() * 18;
+    auto* grid = new QGridLayout;
+    int column = 0;
+    for (auto* instrument : {controls.analogClock, controls.clockPerformance}) {
+        instrument->setMaximumSize(largest_dial, largest_dial);
+        grid->addWidget(instrument, 0, column);
+        grid->setColumnStretch(column++, 2);
+    }
+    grid->addWidget(controls.localTime, 1, 0, Qt::AlignCenter);
+    grid->addLayout(meter_row(controls), 1, 1);
+    grid->addLayout(status_column(controls), 0, 2, 2, 1);
+    grid->setColumnStretch(2, 3);
+    grid->setHorizontalSpacing(18);
+    return grid;
+}
+
+QLayout* command_row(QWidget* central, const MainWindowControls& controls) {
+    //: main window: label of the command menu
+    auto* label = new QLabel(Texts::tr("&Report:"), central);
+    label->setBuddy(controls.commandMenu);
+    auto* row = new QHBoxLayout;
+    row->addWidget(label);
+    row->addWidget(controls.commandMenu);
+    row->addWidget(controls.m_server_label);
+    row->addWidget(controls.m_server);
+    row->addStretch(1);
+    row->addWidget(controls.showIPaddress);
+    row->addWidget(controls.showOriginalName);
+    row->addSpacing(6);
+    row->addWidget(build_interval_holder(central, controls.m_interval));
+    return row;
+}
+
+QLabel* build_banner(QWidget* central) {
+    //: main window: name of the banner with what holds for the whole run, such as demonstration mode
+    auto* banner = text_label(central, "standingNotice", Texts::tr("Notice"));
+    banner->setWordWrap(true);
+    constexpr int margin = 6;
+    banner->setMargin(margin);
+    // Room for a sentence that takes two lines: a window made small would take it from what is below.
+    banner->setMinimumHeight(2 * banner->fontMetrics().lineSpacing() + 2 * margin);
+    banner->setAutoFillBackground(true);
+    banner->setBackgroundRole(QPalette::ToolTipBase);
+    banner->setForegroundRole(QPalette::ToolTipText);
+    banner->hide();
+    return banner;
+}
+
+void build_wrong_program(QWidget* central, MainWindowControls& controls) {
+    controls.wrong_program = new QWidget(central);
+    controls.wrong_program->setObjectName(QStringLiteral("wrong_program"));
+    controls.wrong_program_words = text_label(controls.wrong_program, "wrong_program_words",
+                                              //: main window: name of the notice that a program is not chrony's
+                                              Texts::tr("Wrong program"));
+    controls.wrong_program_words->setWordWrap(true);
+    controls.wrong_program_words->setMinimumHeight(2 * controls.wrong_program_words->fontMetrics().lineSpacing());
+    controls.wrong_program_preferences =
+        //: main window: button that opens the preferences
+        named(new QPushButton(Texts::tr("Preferences…"), controls.wrong_program), "wrong_program_preferences",
+              //: main window: name of the button that opens the preferences
+              Texts::tr("Preferences"));
+    auto* row = new QHBoxLayout(controls.wrong_program);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(controls.wrong_program_words, 1);
+    row->addWidget(controls.wrong_program_preferences);
+    controls.wrong_program->hide();
+}
+
+} // namespace
+
+MainWindowControls build_main_window_controls(QWidget* central, InstrumentWidget* analog_clock,
+                                              InstrumentWidget* clock_performance) {
+    MainWindowControls controls;
+    controls.standing_notice = build_banner(central);
+    build_wrong_program(central, controls);
+    //: main window: names of the two instruments
+    controls.analogClock = named(analog_clock, "analogClock", Texts::tr("Clock"));
+    controls.clockPerformance = named(clock_performance, "clockPerformance",
+                                      //: main window: name of the meter beside the clock
+                                      Texts::tr("Performance meter"));
+    build_readings(central, controls);
+    build_status(central, controls);
+    build_command_controls(central, controls);
+    build_options(central, controls);
+    //: main window: name of the text view with chronyc's output
+    controls.m_textscroll = named(new CommandOutput(central), "m_textscroll", Texts::tr("Output of chronyc"));
+    //: main window: name of the line that says what stands in the way
+    controls.m_status = text_label(central, "m_status", Texts::tr("Status"));
+    controls.m_status->setWordWrap(true);
+
+    auto* column = new QVBoxLayout(central);
+    column->addWidget(controls.standing_notice);
+    column->addWidget(controls.wrong_program);
+    column->addSpacing(4);
+    column->addLayout(dashboard(controls));
+    column->addSpacing(4);
+    column->addLayout(command_row(central, controls));
+    column->addWidget(controls.m_textscroll, 1);
+    column->addWidget(controls.m_status);
+    return controls;
+}
+
+} // namespace tickervantage

@@ -1,0 +1,360 @@
+#include "gui/main/tickervantage_window.h"
+
+#include "gui/main/command_output.h"
+#include "gui/main/instrument_widget.h"
+#include "gui/main/local_time_text.h"
+#include "gui/main/status_image.h"
+#include "qt/local_number.h"
+#include "qt/spoken.h"
+#include "qt/text_scale.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDateTime>
+#include <QFontDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QToolBar>
+
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr const char* frame_key = "frame_Tickervantage";
+
+ClockTime local_clock_time() {
+    const QTime now = QTime::currentTime();
+    return {now.hour(), now.minute(), now.second()};
+}
+
+QString from_std(const std::string& text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace
+
+TickervantageWindow::TickervantageWindow(const StatusCycleParts& parts, StatusCycleOptions options,
+                                         MainWindowRequests requests)
+    : m_settings_store(parts.settings), m_requests(std::move(requests)), m_clock_view(local_clock_time),
+      m_cycle(std::make_unique<StatusCycle>(*this, parts, std::move(options))) {
+    setWindowTitle(QStringLiteral("Tickervantage"));
+    setObjectName(QStringLiteral("TickervantageWindow"));
+    auto* central = new QWidget(this);
+    auto* clock = new InstrumentWidget(
+        [this](Canvas& canvas, Rect bounds) {
+            m_clock_view.draw_face(canvas, bounds);
+            m_clock_view.draw_slow_hands(canvas, bounds);
+        },
+        [this](Canvas& canvas, Rect bounds) { m_clock_view.draw_second_hand(canvas, bounds); }, central);
+    clock->keep_hand_pictures(60, [] { return static_cast<std::size_t>(local_clock_time().second); });
+    auto* meter = new InstrumentWidget(
+        [this](Canvas& canvas, Rect bounds) { m_cycle->meter().draw_face(canvas, bounds); },
+        [this](Canvas& canvas, Rect bounds) { m_cycle->meter().draw_hands(canvas, bounds); }, central);
+    m_controls = build_main_window_controls(central, clock, meter);
+    setCentralWidget(central);
+    build_toolbar();
+    connect_controls();
+}
+
+TickervantageWindow::~TickervantageWindow() = default;
+
+void TickervantageWindow::build_toolbar() {
+    //: main window: toolbar item that launches the application which configures a GPS receiver
+    m_gpsd_toolbar = new QAction(tr("GPS Configuration"), this);
+    m_gpsd_toolbar->setObjectName(QStringLiteral("m_gpsd_toolbar"));
+    //: main window: tooltip of that item
+    m_gpsd_toolbar->setToolTip(tr("Open Meridianox to configure a GPS receiver"));
+    m_gpsd_toolbar->setEnabled(false);
+    m_gpsd_toolbar->setVisible(false);
+    //: main window: name of the toolbar
+    m_toolbar = addToolBar(tr("Main Toolbar"));
+    m_toolbar->setObjectName(QStringLiteral("toolbar"));
+    m_toolbar->setMovable(false);
+    m_toolbar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_toolbar->addAction(m_gpsd_toolbar);
+    m_toolbar->widgetForAction(m_gpsd_toolbar)->setObjectName(m_gpsd_toolbar->objectName());
+    connect(m_gpsd_toolbar, &QAction::triggered, this, [this] { m_requests.launch_gpsd_application(); });
+}
+
+void TickervantageWindow::add_toolbar_actions(const QList<QAction*>& actions) {
+    m_toolbar->insertActions(m_gpsd_toolbar, actions);
+}
+
+void TickervantageWindow::connect_preferences() {
+    for (auto* button : {m_controls.m_preferences, m_controls.wrong_program_preferences}) {
+        if (m_requests.show_preferences) {
+            connect(button, &QPushButton::clicked, this, [this] { m_requests.show_preferences(); });
+            continue;
+        }
+        button->setEnabled(false);
+        //: tooltip of a control that cannot be used
+        button->setToolTip(tr("Not part of this version"));
+    }
+}
+
+void TickervantageWindow::connect_controls() {
+    connect_preferences();
+    connect(m_controls.commandMenu, &QComboBox::textActivated, this,
+            [this](const QString& title) { m_cycle->chronycCommand(title.toStdString()); });
+    connect(m_controls.meterSelect, &QComboBox::activated, this, [this](int index) { m_cycle->selectMeter(index); });
+    connect(m_controls.showIPaddress, &QCheckBox::clicked, this, [this](bool on) { m_cycle->showIPaddresses(on); });
+    connect(m_controls.showOriginalName, &QCheckBox::clicked, this, [this](bool on) { m_cycle->showOriginalName(on); });
+    connect(m_controls.m_server, &QComboBox::textActivated, this,
+            [this](const QString& server) { m_cycle->selectNTPdataServer(server.trimmed().toStdString()); });
+    connect(m_controls.m_server->lineEdit(), &QLineEdit::editingFinished, this, [this] {
+        const std::string server = m_controls.m_server->currentText().trimmed().toStdString();
+        if (server != m_cycle->settings().m_server)
+            m_cycle->selectNTPdataServer(server);
+    });
+    connect(m_controls.m_interval, &QSpinBox::valueChanged, this, [this](int seconds) {
+        if (seconds != m_cycle->settings().m_interval)
+            m_cycle->intervalChanged(seconds);
+    });
+}
+
+void TickervantageWindow::windowDidLoad() {
+    restore_frame();
+    m_cycle->load();
+    show_settings();
+    redraw_clock();
+    fix_clock_text_size();
+}
+
+// A label whose size may change lays the whole window out again at every tick.
+void TickervantageWindow::fix_clock_text_size() {
+    auto* label = m_controls.localTime;
+    label->setFixedSize(label->sizeHint() + QSize(label->fontMetrics().averageCharWidth() * 6, 0));
+}
+
+void TickervantageWindow::show_settings() {
+    const MainWindowSettings& settings = m_cycle->settings();
+    const int command = m_controls.commandMenu->findText(from_std(settings.chronyCommand));
+    if (command < 0)
+        m_cycle->chronycCommand(m_controls.commandMenu->itemText(0).toStdString());
+    m_controls.commandMenu->setCurrentIndex(std::max(command, 0));
+    m_controls.meterSelect->setCurrentIndex(static_cast<int>(settings.m_meterview));
+    m_controls.showIPaddress->setChecked(settings.showIPaddress);
+    m_controls.showOriginalName->setChecked(settings.showOriginalName);
+    m_controls.m_interval->setValue(settings.m_interval);
+    m_controls.m_server->setEditText(from_std(settings.m_server));
+    m_controls.m_textscroll->set_font(settings.output_font);
+}
+
+void TickervantageWindow::settings_changed() {
+    if (m_cycle->settings_changed())
+        show_settings();
+}
+
+void TickervantageWindow::redraw_clock() {
+    // The slow hands are part of the kept picture: every ten seconds they are off by a pixel, or the clock was set.
+    constexpr int seconds_per_picture = 10;
+    const ClockTime now = local_clock_time();
+    const int picture = (now.hour * 3600 + now.minute * 60 + now.second) / seconds_per_picture;
+    if (std::exchange(m_clock_picture, picture) != picture)
+        m_controls.analogClock->redraw_all();
+    else
+        m_controls.analogClock->redraw_hands();
+    const QString time = local_time_text(QDateTime::currentDateTime(), locale());
+    m_controls.localTime->setText(time);
+    m_controls.analogClock->set_value_text(time);
+}
+
+void TickervantageWindow::redraw_meter() {
+    const std::string scale = m_cycle->meter().full_scale_text();
+    if (std::exchange(m_meter_scale, scale) != scale)
+        m_controls.clockPerformance->redraw_all(); // the labels changed with the scale
+    else
+        m_controls.clockPerformance->redraw_hands();
+}
+
+void TickervantageWindow::show_meter_value(const std::string& text) {
+    const QString shown = from_std(with_local_point(text));
+    if (shown == m_controls.meterValue->text())
+        return;
+    m_controls.meterValue->setText(shown);
+    m_controls.clockPerformance->set_value_text(shown);
+}
+
+void TickervantageWindow::show_status(chronydStatus status) {
+    if (std::exchange(m_shown_status, status) == status)
+        return; // hiding and showing lays the window out again
+    for (auto* image : m_controls.status_images)
+        image->hide();
+    m_controls.status_images.at(static_cast<std::size_t>(status))->show();
+    m_controls.status_words->setText(status_words(status));
+}
+
+void TickervantageWindow::show_clock_not_adjusted(bool shown) {
+    m_controls.adjustingClock->setVisible(shown);
+    m_controls.m_preferences->setVisible(shown);
+}
+
+void TickervantageWindow::show_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) {
+    const auto show = [this](QLabel* label, const char* program, const ProgramVersion& version) {
+        //: main window: in place of a version; %1 is a program that could not be asked for it
+        const QString missing = tr("%1: not available").arg(QLatin1String(program));
+        label->setText(version.failure.empty() ? from_std(version.label) : missing);
+        label->setToolTip(from_std(version.failure));
+    };
+    show(m_controls.chronycversion, "chronyc", chronyc);
+    show(m_controls.chronydversion, "chronyd", chronyd);
+    m_controls.wrong_program->hide();
+}
+
+void TickervantageWindow::show_original_name_choice(bool offered) {
+    if (!offered)
+        m_controls.showOriginalName->setChecked(false);
+    m_controls.showOriginalName->setEnabled(offered);
+    m_controls.showOriginalName->setVisible(offered);
+}
+
+void TickervantageWindow::show_server_field(bool shown) {
+    m_controls.m_server_label->setVisible(shown);
+    m_controls.m_server->setVisible(shown);
+}
+
+void TickervantageWindow::show_servers(const std::vector<std::string>& names, const std::string& current) {
+    m_controls.m_server->clear();
+    for (const auto& name : names)
+        m_controls.m_server->addItem(from_std(name));
+    m_controls.m_server->setCurrentIndex(-1);
+    m_controls.m_server->setEditText(from_std(current));
+}
+
+void TickervantageWindow::show_output(const std::string& text) {
+    m_controls.m_textscroll->show_text(text);
+}
+
+void TickervantageWindow::show_notice(const StatusNotice& notice) {
+    const auto words = [this, &notice]() -> QString {
+        const QString detail = spoken(notice.detail);
+        switch (notice.kind) {
+        case StatusNotice::Kind::none:
+            //: main window, status line: %1 is a time
+            return tr("Last reading: %1").arg(locale().toString(QTime::currentTime(), QLocale::LongFormat));
+        case StatusNotice::Kind::chronyc_failed:
+            //: main window, status line: %1 says what happened to chronyc
+            return tr("chronyc gave no answer: %1").arg(detail);
+        case StatusNotice::Kind::daemon_silent:
+            //: main window, status line: %1 is what chronyc printed instead of a report
+            return detail.isEmpty()
+                       ? tr("chronyd gave no answer.")
+                       : /*: main window, status line: %1 is what chronyc printed instead of a report */ tr(
+                             "chronyd gave no answer: %1")
+                             .arg(detail);
+        case StatusNotice::Kind::unusual_leap:
+            //: main window, status line: %1 is chrony's word for a leap second that is announced, such as "Delete
+            //: second"
+            return tr("chronyd answers, with the leap status “%1”.").arg(detail);
+        case StatusNotice::Kind::needs_helper:
+            //: main window, status line: %1 is a chronyc command
+            return tr("The report “%1” needs administrator rights, which were not given.").arg(detail);
+        case StatusNotice::Kind::report_incomplete:
+            //: main window, status line: %1 says why the shown report failed or was cut
+            return tr("The report is not complete: %1").arg(detail);
+        }
+        return {};
+    };
+    const QString sentence = words();
+    m_controls.m_status->setText(m_progress.isEmpty() ? sentence : m_progress);
+    // An empty report explains itself where the eye looks for it.
+    m_controls.m_textscroll->setPlaceholderText(notice.kind == StatusNotice::Kind::none ? QString() : sentence);
+}
+
+void TickervantageWindow::enable_gpsd_item(bool enabled) {
+    if (enabled && m_gpsd_toolbar->icon().isNull()) // looking for an icon costs start-up time: only where it is shown
+        m_gpsd_toolbar->setIcon(QIcon::fromTheme(QLatin1String(StatusCycle::GPSD_CONF_ID)));
+    m_gpsd_toolbar->setEnabled(enabled);
+    m_gpsd_toolbar->setVisible(enabled);
+}
+
+void TickervantageWindow::stop_program(const std::string& programming_error) {
+    m_requests.stop_program(from_std(programming_error));
+}
+
+void TickervantageWindow::stop_for_version(const std::string& program, const std::string& answer) {
+    const QString sentence =
+        //: main window, notice: %1 is chronyc or chronyd, %2 what it printed when asked for its version
+        tr("Asked for its version, %1 printed “%2”, which is not how chrony answers. "
+           "Please check the path of %1 in the preferences.")
+            .arg(from_std(program), from_std(answer));
+    if (!m_controls.wrong_program->isHidden() && m_controls.wrong_program_words->text() == sentence)
+        return; // each reading asks again
+    if (m_requests.log_error)
+        m_requests.log_error(sentence);
+    m_controls.wrong_program_words->setText(sentence);
+    m_controls.wrong_program->show();
+}
+
+void TickervantageWindow::set_standing_notice(const QString& text) {
+    m_controls.standing_notice->setText(text);
+    m_controls.standing_notice->setVisible(!text.isEmpty());
+}
+
+void TickervantageWindow::set_progress(const QString& text) {
+    m_progress = text;
+    if (!text.isEmpty())
+        m_controls.m_status->setText(text);
+}
+
+void TickervantageWindow::set_output_font(const Font& font) {
+    m_cycle->set_output_font(font);
+    m_controls.m_textscroll->set_font(font);
+}
+
+void TickervantageWindow::chooseFont() {
+    bool chosen = false;
+    //: title of the dialog that chooses the font of chronyc's output
+    const QFont font = QFontDialog::getFont(&chosen, m_controls.m_textscroll->font(), this, tr("Output Font"),
+                                            QFontDialog::MonospacedFonts);
+    if (chosen)
+        set_output_font({font.family().toStdString(), font.pointSizeF()});
+}
+
+void TickervantageWindow::defaultFont() {
+    set_output_font({});
+}
+
+void TickervantageWindow::restore_frame() {
+    const QByteArray frame =
+        QByteArray::fromBase64(QByteArray::fromStdString(m_settings_store.loadString(frame_key, {})));
+    if (frame.isEmpty() || !restoreGeometry(frame))
+        resize(sizeHint().expandedTo(scaled(QSize(780, 600), *this)));
+}
+
+void TickervantageWindow::save_frame() {
+    m_settings_store.saveString(frame_key, saveGeometry().toBase64().toStdString());
+}
+
+void TickervantageWindow::closeEvent(QCloseEvent* event) {
+    m_cycle->close();
+    save_frame();
+    QMainWindow::closeEvent(event);
+}
+
+void TickervantageWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    update_visibility();
+}
+
+void TickervantageWindow::hideEvent(QHideEvent* event) {
+    QMainWindow::hideEvent(event);
+    update_visibility();
+}
+
+void TickervantageWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange)
+        update_visibility();
+}
+
+void TickervantageWindow::update_visibility() {
+    m_cycle->set_visible(isVisible() && !isMinimized());
+}
+
+} // namespace tickervantage

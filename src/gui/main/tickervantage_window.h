@@ -1,0 +1,100 @@
+// The main window: the dashboard over one status cycle.
+#pragma once
+
+#include "chrony/status/status_cycle.h"
+#include "chrony/status/status_display.h"
+#include "draw/instruments/analog_clock_view.h"
+#include "gui/main/main_window_controls.h"
+
+#include <QMainWindow>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+class QAction;
+class QToolBar;
+
+namespace tickervantage {
+
+// What the window asks the application to do.
+struct MainWindowRequests {
+    std::function<void(const QString& sentence)> stop_program; // say it to the user and end the program
+    std::function<void()> launch_gpsd_application;
+    std::function<void()> show_preferences;                      // may be missing: then the button is disabled
+    std::function<void(const QString& sentence)> log_error = {}; // may be missing
+};
+
+class TickervantageWindow : public QMainWindow, public StatusDisplay {
+    Q_OBJECT
+
+public:
+    TickervantageWindow(const StatusCycleParts& parts, StatusCycleOptions options, MainWindowRequests requests);
+    ~TickervantageWindow() override;
+
+    // Reads the settings, fills the controls and starts the cycle. Once, before the window is shown.
+    void windowDidLoad();
+
+    [[nodiscard]] StatusCycle& cycle() { return *m_cycle; }
+
+    // The settings in the store may be others now: the controls follow.
+    void settings_changed();
+
+    // The banner above everything: for what holds for the whole run.
+    void set_standing_notice(const QString& text);
+
+    // In the status line, in place of the readings, until the text is empty again.
+    void set_progress(const QString& text);
+
+    // The toolbar's other items, before the one that is the window's own.
+    void add_toolbar_actions(const QList<QAction*>& actions);
+
+    void chooseFont();
+    void defaultFont();
+
+    void redraw_clock() override;
+    void redraw_meter() override;
+    void show_meter_value(const std::string& text) override;
+    void show_status(chronydStatus status) override;
+    void show_clock_not_adjusted(bool shown) override;
+    void show_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) override;
+    void show_original_name_choice(bool offered) override;
+    void show_server_field(bool shown) override;
+    void show_servers(const std::vector<std::string>& names, const std::string& current) override;
+    void show_output(const std::string& text) override;
+    void show_notice(const StatusNotice& notice) override;
+    void enable_gpsd_item(bool enabled) override;
+    void stop_program(const std::string& programming_error) override;
+    void stop_for_version(const std::string& program, const std::string& answer) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void build_toolbar();
+    void connect_controls();
+    void connect_preferences();
+    void show_settings();
+    void fix_clock_text_size();
+    void update_visibility();
+    void restore_frame();
+    void save_frame();
+    void set_output_font(const Font& font);
+
+    DefaultSettings& m_settings_store;
+    MainWindowRequests m_requests;
+    AnalogClockView m_clock_view;
+    std::unique_ptr<StatusCycle> m_cycle;
+    MainWindowControls m_controls;
+    QToolBar* m_toolbar = nullptr;
+    std::optional<chronydStatus> m_shown_status;
+    std::string m_meter_scale; // that the meter's kept face is labelled for
+    int m_clock_picture = -1;  // which of the day's pictures of the clock's slow hands is kept
+    QAction* m_gpsd_toolbar = nullptr;
+    QString m_progress; // a job that is under way
+};
+
+} // namespace tickervantage

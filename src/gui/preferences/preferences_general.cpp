@@ -1,0 +1,494 @@
+#include "gui/preferences/preferences_general.h"
+
+#include "base/text_lines.h"
+#include "gui/common/words.h"
+#include "qt/spoken.h"
+#include "qt/written_numbers.h"
+#include "settings/settings_keys.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QLocale>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr const char* adjust_warning = "AdjustClockAlert";
+constexpr std::size_t config_path = 0;
+constexpr std::size_t wake_path = 3;
+
+using Paths = std::array<std::string, 4>;
+
+Paths paths_of(const PreferencesGeneral& general) {
+    return {general.config, general.chronyc, general.chronyd, general.chronywake};
+}
+
+Paths default_paths() {
+    return {std::string(settings::file_config.fallback), std::string(settings::file_chronyc.fallback),
+            std::string(settings::file_chronyd.fallback), std::string(settings::file_chronywake.fallback)};
+}
+
+// Where distributions put chrony, the usual place first. chronywake comes with this program alone.
+const std::array<std::vector<std::string>, 4>& usual_paths() {
+    static const std::array<std::vector<std::string>, 4> paths{{{"/etc/chrony/chrony.conf", "/etc/chrony.conf"},
+                                                                {"/usr/bin/chronyc"},
+                                                                {"/usr/sbin/chronyd", "/usr/bin/chronyd"},
+                                                                {}}};
+    return paths;
+}
+
+bool read_field(const QLineEdit* field, const DoubleKey& key, double& value) {
+    const auto number = number_in(field->text());
+    if (!number || *number < key.minimum || *number > key.maximum)
+        return false;
+    value = *number;
+    return true;
+}
+
+bool read_field(const QLineEdit* field, const IntegerKey& key, std::int64_t& value) {
+    bool readable = false;
+    const qlonglong number = QLocale().toLongLong(field->text().trimmed(), &readable);
+    if (!readable || number < key.minimum || number > key.maximum)
+        return false;
+    value = number;
+    return true;
+}
+
+} // namespace
+
+// What work on the queue, and jobs, come home to; main thread only.
+struct PreferencesGeneralPane::Shared {
+    PreferencesGeneralPane* pane = nullptr;
+    unsigned looks = 0;  // number of the newest look at the paths
+    unsigned logins = 0; // number of the newest change of launch at login
+};
+
+PreferencesGeneralPane::PreferencesGeneralPane(const PreferencesParts& parts, QWidget* parent)
+    : QWidget(parent), m_parts(parts), m_shared(std::make_shared<Shared>()),
+      m_controls(build_preferences_general(this)) {
+    m_shared->pane = this;
+    setObjectName(QStringLiteral("PreferencesGeneral"));
+    connect_controls();
+}
+
+PreferencesGeneralPane::~PreferencesGeneralPane() {
+    m_shared->pane = nullptr;
+}
+
+QString PreferencesGeneralPane::toolbarItemTitle() {
+    //: preferences: name of a pane
+    return tr("General");
+}
+
+QIcon PreferencesGeneralPane::toolbarItemIcon() {
+    return QIcon::fromTheme(QStringLiteral("preferences-system"));
+}
+
+void PreferencesGeneralPane::connect_controls() {
+    connect(m_controls.m_launch_login, &QCheckBox::clicked, this, [this] { launchAtLogin(); });
+    connect(m_controls.m_adj_system, &QCheckBox::clicked, this, [this] { adjustClock(); });
+    connect(m_controls.m_install_wake, &QCheckBox::clicked, this, [this] { installChronyWake(); });
+    connect(m_controls.resetWarnings, &QPushButton::clicked, this, [this] { resetWarnings(); });
+    connect(m_controls.detect, &QPushButton::clicked, this, [this] { detect(); });
+    connect(m_controls.saveArguments, &QPushButton::clicked, this, [this] { saveArguments(); });
+    connect(m_controls.m_test_wake, &QPushButton::clicked, this, [this] { testChronywake(); });
+    connect(m_controls.restoreDefaults, &QPushButton::clicked, this, [this] { restoreDefaults(); });
+    for (std::size_t path = 0; path < m_controls.paths.size(); ++path) {
+        connect(m_controls.paths[path].field, &QLineEdit::textEdited, this, [this] { take_paths(); });
+        connect(m_controls.paths[path].field, &QLineEdit::editingFinished, this, [this] { finish_edit(); });
+        connect(m_controls.paths[path].choose, &QPushButton::clicked, this, [this, path] { find_path(path); });
+    }
+    for (auto* field : {m_controls.m_make_thresh, m_controls.m_make_limit, m_controls.m_burst_good,
+                        m_controls.m_burst_max, m_controls.m_burst_netmask}) {
+        connect(field, &QLineEdit::textEdited, this, [this] { take_arguments(); });
+        connect(field, &QLineEdit::editingFinished, this, [this] { finish_edit(); });
+    }
+}
+
+void PreferencesGeneralPane::show_record() {
+    const auto& general = m_parts.general;
+    m_controls.m_launch_login->setChecked(general.launch_login);
+    m_controls.m_adj_system->setChecked(general.adj_system);
+    m_controls.m_install_wake->setChecked(general.install_wake);
+    const Paths paths = paths_of(general);
+    for (std::size_t path = 0; path < paths.size(); ++path)
+        m_controls.paths[path].field->setText(from_std(paths[path]));
+    m_controls.m_make_thresh->setText(number_text(general.make_thresh));
+    m_controls.m_make_limit->setText(number_text(general.make_limit));
+    m_controls.m_burst_good->setText(number_text(general.burst_good));
+    m_controls.m_burst_max->setText(number_text(general.burst_max));
+    m_controls.m_burst_netmask->setText(from_std(general.burst_netmask));
+    m_controls.wake_words->clear();
+    update_wake();
+    look_at_paths();
+}
+
+void PreferencesGeneralPane::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || m_controls.status == nullptr)
+        return; // still being built
+    show_path_states(m_states);
+    set_alarmed(m_controls.wake_words, true);
+}
+
+void PreferencesGeneralPane::changed() {
+    if (m_parts.general_changed)
+        m_parts.general_changed();
+}
+
+// The programs of half a path are not for running.
+void PreferencesGeneralPane::finish_edit() {
+    save_settings();
+    changed();
+}
+
+void PreferencesGeneralPane::save_settings() {
+    m_parts.general.save(m_parts.settings);
+}
+
+void PreferencesGeneralPane::take_paths() {
+    auto& general = m_parts.general;
+    const auto text = [this](std::size_t path) {
+        return m_controls.paths.at(path).field->text().toStdString();
+    };
+    general.config = text(config_path);
+    general.chronyc = text(1);
+    general.chronyd = text(2);
+    general.chronywake = text(3);
+    look_at_paths();
+}
+
+// What is no number of the field's range stays in the field and is said; the record keeps the last good one.
+void PreferencesGeneralPane::take_arguments() {
+    auto& general = m_parts.general;
+    QString sentence;
+    const auto take = [&sentence](const QLineEdit* field, const auto& key, auto& value) {
+        if (!read_field(field, key, value) && sentence.isEmpty())
+            //: General preferences: %1 a field's name, %2 and %3 numbers
+            sentence = tr("%1: a number from %2 to %3.")
+                           .arg(field->accessibleName(), number_text(key.minimum), number_text(key.maximum));
+    };
+    take(m_controls.m_make_thresh, settings::make_thresh, general.make_thresh);
+    take(m_controls.m_make_limit, settings::make_limit, general.make_limit);
+    take(m_controls.m_burst_good, settings::burst_good, general.burst_good);
+    take(m_controls.m_burst_max, settings::burst_max, general.burst_max);
+    general.burst_netmask = trimmed(m_controls.m_burst_netmask->text().toStdString());
+    m_controls.wake_words->setText(sentence);
+    set_alarmed(m_controls.wake_words, true);
+    update_wake();
+}
+
+// Every look has a number: only the newest answer is shown.
+void PreferencesGeneralPane::look_at_paths() {
+    m_parts.queue.async([shared = m_shared, &main_thread = m_parts.main_thread, look = m_parts.path_state,
+                         paths = paths_of(m_parts.general), number = ++m_shared->looks] {
+        std::array<PathState, 4> states{};
+        for (std::size_t path = 0; path < paths.size(); ++path)
+            states.at(path) = paths.at(path).starts_with('/') ? look(paths.at(path)) : PathState::nothing;
+        main_thread.main_async([shared, states, number] {
+            if (shared->pane && shared->looks == number)
+                shared->pane->show_path_states(states);
+        });
+    });
+}
+
+void PreferencesGeneralPane::show_path_states(const std::array<PathState, 4>& states) {
+    m_states = states;
+    for (std::size_t path = 0; path < states.size(); ++path) {
+        const auto& controls = m_controls.paths.at(path);
+        QString words;
+        bool alarmed = true;
+        if (!controls.field->text().startsWith(QLatin1Char('/')))
+            //: General preferences: said below a path
+            words = tr("A path starts with a slash.");
+        else if (states.at(path) == PathState::nothing && path == wake_path) {
+            //: General preferences: said below the path of chronywake
+            words = tr("chronywake is not installed.");
+            alarmed = false; // a machine can do without
+        } else if (states.at(path) == PathState::nothing)
+            //: General preferences: said below a path
+            words = tr("There is no such file.");
+        else if (states.at(path) == PathState::folder)
+            //: General preferences: said below a path
+            words = tr("This is a folder.");
+        else if (path != config_path && states.at(path) != PathState::program)
+            //: General preferences: said below a path
+            words = tr("This is not a program that you may run.");
+        controls.words->setText(words);
+        set_alarmed(controls.words, alarmed);
+        controls.field->setAccessibleDescription(words);
+    }
+}
+
+void PreferencesGeneralPane::find_path(std::size_t path) {
+    const auto& controls = m_controls.paths.at(path);
+    const QString start = QFileInfo(from_std(default_paths().at(path))).path();
+    auto* dialog = new QFileDialog(this, controls.choose->accessibleName(), start);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    //: General preferences: button of the file chooser
+    dialog->setLabelText(QFileDialog::Accept, tr("Choose"));
+    connect(dialog, &QFileDialog::fileSelected, this, [this, path](const QString& chosen) {
+        m_controls.paths.at(path).field->setText(chosen);
+        take_paths();
+        finish_edit();
+    });
+    dialog->open();
+}
+
+void PreferencesGeneralPane::detect() {
+    m_parts.queue.async([shared = m_shared, &main_thread = m_parts.main_thread, look = m_parts.path_state] {
+        Paths found;
+        for (std::size_t path = 0; path < found.size(); ++path)
+            for (const auto& usual : usual_paths().at(path)) {
+                const PathState state = look(usual);
+                const bool fits = state == PathState::program || (path == config_path && state == PathState::file);
+                if (fits && found.at(path).empty())
+                    found.at(path) = usual;
+            }
+        main_thread.main_async([shared, found] {
+            if (shared->pane)
+                shared->pane->show_detected(found);
+        });
+    });
+}
+
+void PreferencesGeneralPane::show_detected(const Paths& found) {
+    bool any = false;
+    for (std::size_t path = 0; path < found.size(); ++path) {
+        any = any || !found.at(path).empty();
+        if (!found.at(path).empty())
+            m_controls.paths.at(path).field->setText(from_std(found.at(path)));
+    }
+    if (!any) {
+        //: General preferences: said when the button Detect found nothing
+        say(tr("This machine has no chrony of its distribution."));
+        return;
+    }
+    take_paths();
+    finish_edit();
+    //: General preferences: said when the button Detect filled in paths
+    say(tr("The paths of the distribution's chrony are filled in."));
+}
+
+void PreferencesGeneralPane::launchAtLogin() {
+    const bool on = m_controls.m_launch_login->isChecked();
+    const auto answer = std::make_shared<std::promise<bool>>();
+    m_login_changed = answer->get_future();
+    m_parts.queue.async([answer, shared = m_shared, &main_thread = m_parts.main_thread, agent = m_parts.launch_at_login,
+                         on, number = ++m_shared->logins] {
+        std::string sentence;
+        const int result = on ? agent.writePlist(sentence) : agent.unlinkAgent(sentence);
+        const bool valid = agent.agentIsValid();
+        std::string ignored; // the file is no use, and that is what is told
+        if (on && !valid)
+            (void)agent.unlinkAgent(ignored);
+        if (on && !valid && result == 0)
+            sentence = "The file in the autostart folder does not start the program.";
+        answer->set_value(valid);
+        main_thread.main_async([shared, valid, sentence, number] {
+            if (shared->pane && shared->logins == number)
+                shared->pane->show_login(valid, sentence);
+        });
+    });
+}
+
+bool PreferencesGeneralPane::finish(std::chrono::milliseconds patience) {
+    if (!m_login_changed.valid())
+        return true;
+    if (m_login_changed.wait_for(patience) != std::future_status::ready)
+        return false;
+    m_parts.general.launch_login = m_login_changed.get();
+    return true;
+}
+
+void PreferencesGeneralPane::show_login(bool on, const std::string& sentence) {
+    m_login_changed = {};
+    m_controls.m_launch_login->setChecked(on);
+    m_parts.general.launch_login = on;
+    save_settings();
+    say(spoken(sentence), true);
+}
+
+void PreferencesGeneralPane::adjustClock() {
+    if (m_controls.m_adj_system->isChecked() || m_parts.warnings.contains(adjust_warning)) {
+        apply_adjustment();
+        return;
+    }
+    //: alert before the daemon is told to leave the clock alone: title
+    auto* box = alert(tr("Warning"),
+                      //: alert before the daemon is told to leave the clock alone
+                      tr("When option Adjust System Clock is disabled, chronyd will no longer discipline the "
+                         "system clock to match NTP time. However, any clients connecting to this system will "
+                         "continue to be served with NTP time.\n"
+                         "\nFor further explanation see the documentation of the chronyd -x option."));
+    box->setObjectName(QLatin1String(adjust_warning));
+    //: buttons of that alert
+    auto* go_on = box->addButton(tr("Continue"), QMessageBox::AcceptRole);
+    box->setEscapeButton(box->addButton(
+        //: button of the alert before the daemon is told to leave the clock alone
+        tr("Cancel"), QMessageBox::RejectRole));
+    //: check box of an alert
+    auto* never = new QCheckBox(tr("Do not show this warning again"));
+    box->setCheckBox(never);
+    connect(box, &QMessageBox::finished, this, [this, box, go_on, never] {
+        if (never->isChecked())
+            m_parts.warnings.register_warning(adjust_warning);
+        if (box->clickedButton() == go_on)
+            apply_adjustment();
+        else
+            m_controls.m_adj_system->setChecked(true);
+    });
+    box->open();
+}
+
+void PreferencesGeneralPane::apply_adjustment() {
+    m_parts.general.adj_system = m_controls.m_adj_system->isChecked();
+    save_settings();
+    changed();
+    if (!m_parts.adjust_clock)
+        return;
+    m_controls.m_adj_system->setEnabled(false);
+    m_parts.adjust_clock([shared = m_shared](bool done, const std::string& sentence) {
+        if (shared->pane)
+            shared->pane->show_adjustment(done, sentence);
+    });
+}
+
+// The box says what the daemon does: where that could not be changed, it goes back.
+void PreferencesGeneralPane::show_adjustment(bool done, const std::string& sentence) {
+    m_controls.m_adj_system->setEnabled(true);
+    say(spoken(sentence), !done);
+    if (done)
+        return;
+    m_parts.general.adj_system = !m_parts.general.adj_system;
+    m_controls.m_adj_system->setChecked(m_parts.general.adj_system);
+    save_settings();
+    changed();
+}
+
+void PreferencesGeneralPane::installChronyWake() {
+    m_parts.general.install_wake = m_controls.m_install_wake->isChecked();
+    save_settings();
+    changed();
+    update_wake();
+    if (!m_parts.install_or_remove_wake)
+        return;
+    //: General preferences: said after the box "Install chronywake" was ticked, about the button Apply
+    const QString installs = tr("Apply installs chronywake.");
+    //: General preferences: said after that box was cleared
+    const QString removes = tr("Apply removes chronywake.");
+    say(m_parts.general.install_wake ? installs : removes);
+}
+
+void PreferencesGeneralPane::update_wake() {
+    const bool wanted = m_parts.general.install_wake;
+    for (auto* field : {m_controls.m_make_thresh, m_controls.m_make_limit, m_controls.m_burst_good,
+                        m_controls.m_burst_max, m_controls.m_burst_netmask})
+        field->setEnabled(wanted);
+    const bool can_save = static_cast<bool>(m_parts.install_or_remove_wake);
+    const bool can_run = static_cast<bool>(m_parts.run_chronywake);
+    //: General preferences: tooltip of a button that needs the root helper
+    const QString absent = tr("This version cannot do it: it has no root helper");
+    // Also without chronywake: the job then removes it.
+    m_controls.saveArguments->setEnabled(can_save && !m_saving && m_controls.wake_words->text().isEmpty());
+    //: General preferences: tooltip of the button that saves the arguments of chronywake
+    m_controls.saveArguments->setToolTip(can_save ? tr("Install chronywake's job with these arguments, or remove it")
+                                                  : absent);
+    m_controls.m_test_wake->setEnabled(wanted && can_run && !m_testing);
+    //: General preferences: tooltip of the button that runs chronywake
+    m_controls.m_test_wake->setToolTip(can_run ? tr("Run chronywake once and see what it answers") : absent);
+}
+
+void PreferencesGeneralPane::saveArguments() {
+    save_settings();
+    if (!m_parts.install_or_remove_wake)
+        return;
+    m_saving = true;
+    update_wake();
+    m_parts.install_or_remove_wake([shared = m_shared](const std::string& sentence) {
+        if (!shared->pane)
+            return;
+        shared->pane->m_saving = false;
+        shared->pane->update_wake();
+        const bool wanted = shared->pane->m_parts.general.install_wake;
+        //: General preferences: said when chronywake runs as a service with the arguments in the window
+        const QString installed = tr("chronywake is installed with these arguments.");
+        //: General preferences: said after the button Apply
+        const QString removed = tr("chronywake is removed.");
+        const QString success = wanted ? installed : removed;
+        shared->pane->say(sentence.empty() ? success : spoken(sentence), !sentence.empty());
+    });
+}
+
+void PreferencesGeneralPane::testChronywake() {
+    if (!m_parts.run_chronywake || m_testing)
+        return;
+    m_testing = true;
+    m_controls.m_testing_wake->show();
+    update_wake();
+    m_parts.run_chronywake([shared = m_shared](const std::string& reply) {
+        if (shared->pane)
+            shared->pane->show_test(reply);
+    });
+}
+
+void PreferencesGeneralPane::show_test(const std::string& reply) {
+    m_testing = false;
+    m_controls.m_testing_wake->hide();
+    update_wake();
+    const std::string answer(trimmed(reply));
+    const bool good = answer == "200 OK";
+    //: alert after a test of chronywake: title
+    auto* box =
+        alert(tr("chronywake"), good
+                                    //: alert after a test of chronywake
+                                    ? tr("chronywake works: chronyd has set the clock right.")
+                                    : /*: alert after a test of chronywake */ tr("chronywake did not succeed."));
+    if (!good)
+        //: alert after a test of chronywake that gave no answer
+        box->setInformativeText(answer.empty() ? tr("It gave no answer.") : spoken(answer));
+    box->setObjectName(QStringLiteral("chronywake_alert"));
+    box->setIcon(good ? QMessageBox::Information : QMessageBox::Warning);
+    //: button of an alert
+    box->addButton(tr("Dismiss"), QMessageBox::AcceptRole);
+    box->open();
+}
+
+void PreferencesGeneralPane::restoreDefaults() {
+    m_parts.general.restore_defaults(m_parts.settings,
+                                     m_parts.usual_paths ? m_parts.usual_paths() : documented_paths());
+    show_record();
+    save_settings();
+    changed();
+    //: General preferences: said after the button Restore Defaults
+    say(tr("The defaults are back."));
+}
+
+void PreferencesGeneralPane::resetWarnings() {
+    m_parts.warnings.resetWarnings();
+    //: General preferences: said after the button Reset Warnings
+    say(tr("Every warning is shown again."));
+}
+
+void PreferencesGeneralPane::say(const QString& text, bool alarmed) {
+    m_controls.status->setText(text);
+    set_alarmed(m_controls.status, alarmed);
+}
+
+QMessageBox* PreferencesGeneralPane::alert(const QString& title, const QString& text) {
+    auto* box = new QMessageBox(QMessageBox::Warning, title, text, QMessageBox::NoButton, window());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowModality(Qt::WindowModal);
+    return box;
+}
+
+} // namespace tickervantage

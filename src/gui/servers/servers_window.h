@@ -1,0 +1,111 @@
+// The window with the user's own list of NTP servers.
+//
+// Every change is stored in its row and saved at once, on the queue; a failure is said and leaves the window as it is.
+// A row that breaks a rule keeps the selection until it is put right or removed. When somebody else saved the list
+// meanwhile, their version is kept beside ours, or simply shown when there was nothing of ours to save.
+//
+// The parts outlive the window, and the main thread outlives the queue. Main thread only.
+#pragma once
+
+#include "chrony/configuration/server_list.h"
+#include "chrony/configuration/server_list_file.h"
+#include "gui/servers/servers_controls.h"
+
+#include <QMainWindow>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tickervantage {
+
+class GuardedSelection;
+class ServerListModel;
+
+struct ServersWindowParts {
+    std::shared_ptr<SharedText> list;
+    DispatchQueueSerial& queue;
+    MainThread& main_thread;
+    std::function<std::string()> configuration_path; // of the installed chrony.conf
+    // Reads a small text on the queue. 0, or -1 and one sentence.
+    std::function<int(const std::string& path, std::string& text, std::string& sentence)> read_text;
+    std::function<bool()> editor_is_open; // may be missing, as the next
+    std::function<bool(const QString& lines)> insert_into_editor;
+    std::function<bool(const QString& address)> open_page; // in the browser
+    std::function<void(std::string_view sentence)> log;    // may be missing
+};
+
+class ServersWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit ServersWindow(ServersWindowParts parts);
+    ~ServersWindow() override;
+    ServersWindow(const ServersWindow&) = delete;
+    ServersWindow& operator=(const ServersWindow&) = delete;
+
+    void windowDidLoad(); // once, before the window is shown
+
+    void enterText();                // a field was edited
+    void ServerControl(int segment); // 0 adds, 1 removes
+    void serverHelp();
+    void undo_removal();
+    void import_servers();
+    void copy_lines();
+    void insert_lines();
+
+    [[nodiscard]] const std::vector<server_data>& servers() const { return m_servers; }
+
+    // Waits until the list is on the disk: for the program's end.
+    [[nodiscard]] bool finish(std::chrono::milliseconds patience) { return m_file.finish(patience); }
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    struct Shared;
+
+    void build_actions();
+    void connect_controls();
+    [[nodiscard]] bool has_current() const;
+    [[nodiscard]] bool validate_current(); // says and selects what has to change
+    [[nodiscard]] ServerProblem typed_problem() const;
+    [[nodiscard]] bool selectionShouldChange();
+    void selectionDidChange();
+    void add();
+    void remove();
+    void go_to(int row);
+    void move_current(int by);
+    void show_record();
+    void show_problem(ServerProblem problem);
+    void show_notice(const QString& text, bool retry = false);
+    void log_selection(std::string_view moment) const;
+    void show_read(const SharedTextReading& reading);
+    void look_again();
+    void show_changed(const SharedTextReading& reading);
+    void save();
+    void show_saved(const ServerListSaved& saved);
+    void show_imported(const std::string& path, const std::string& text);
+    void update_buttons();
+
+    ServersWindowParts m_parts;
+    ServerListFile m_file;
+    std::vector<server_data> m_servers;
+    int m_currentindex = -1;
+    std::vector<std::pair<int, server_data>> m_removed; // with their rows; the last one comes back first
+    std::optional<std::string> m_made_from;             // the text on the disk that the rows were read from
+    unsigned m_saves = 0;                               // asked for
+    bool m_loaded = false;
+    bool m_unsaved = false;
+    bool m_failed = false; // the last save
+    ServersControls m_controls;
+    ServerListModel* m_model = nullptr;
+    GuardedSelection* m_selection = nullptr;
+    std::shared_ptr<Shared> m_shared;
+};
+
+} // namespace tickervantage

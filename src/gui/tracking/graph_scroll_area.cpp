@@ -1,0 +1,237 @@
+#include "gui/tracking/graph_scroll_area.h"
+
+#include "draw/plots/performance_graph.h"
+#include "qt/accessible_widgets.h"
+#include "qt/canvas_colors.h"
+
+#include <QKeyEvent>
+#include <QNativeGestureEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tickervantage {
+namespace {
+
+// Scroll bars count in whole numbers: beyond this many points one step of a bar is several points.
+constexpr double longest_bar = 1e6;
+
+double bar_unit(double length) {
+    return std::max(1.0, length / longest_bar);
+}
+
+} // namespace
+
+GraphScrollArea::GraphScrollArea(PerformanceGraph& graph, QWidget* parent)
+    : QAbstractScrollArea(parent), m_graph(graph) {
+    announce_as(this, QAccessible::Chart);
+    setMouseTracking(true);
+    viewport()->setMouseTracking(true);
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent); // the graph fills its background itself
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(240, 120);
+}
+
+Rect GraphScrollArea::visible() const {
+    const double width = viewport()->width();
+    const double height = viewport()->height();
+    return {m_frame.width - width - m_right_gap, (m_frame.height - height) / 2 - m_above_center, width, height};
+}
+
+void GraphScrollArea::resize_frame() {
+    m_frame = m_graph.resizeFrame(m_frame, visible());
+    keep_inside();
+    update_scroll_bars();
+    viewport()->update();
+}
+
+void GraphScrollArea::zoom_about(double viewport_x, const std::function<void()>& change) {
+    const double origin_right = m_graph.xaxis_offset;
+    const double from_origin =
+        visible().width - viewport_x + m_right_gap - origin_right; // points before the newest time
+    const double before = m_graph.xscale;
+    change();
+    const double moved = from_origin * (m_graph.xscale / before - 1);
+    m_right_gap += moved;
+    resize_frame();
+}
+
+void GraphScrollArea::keep_inside() {
+    const double most_right_gap = std::max(0.0, m_frame.width - viewport()->width());
+    m_right_gap = std::clamp(m_right_gap, 0.0, most_right_gap);
+    const double most_vertical = std::max(0.0, (m_frame.height - viewport()->height()) / 2);
+    m_above_center = std::clamp(m_above_center, -most_vertical, most_vertical);
+}
+
+void GraphScrollArea::update_scroll_bars() {
+    m_setting_bars = true;
+    const double across = std::max(0.0, m_frame.width - viewport()->width());
+    const double down = std::max(0.0, m_frame.height - viewport()->height());
+    const auto set = [](QScrollBar* bar, double length, double position, int page) {
+        const double unit = bar_unit(length);
+        bar->setRange(0, static_cast<int>(std::lround(length / unit)));
+        bar->setPageStep(std::max(1, static_cast<int>(page / unit)));
+        bar->setSingleStep(std::max(1, static_cast<int>(page / 20 / unit)));
+        bar->setValue(static_cast<int>(std::lround(position / unit)));
+    };
+    set(horizontalScrollBar(), across, across - m_right_gap, viewport()->width());
+    set(verticalScrollBar(), down, down / 2 + m_above_center, viewport()->height());
+    m_setting_bars = false;
+}
+
+void GraphScrollArea::take_scroll_bars() {
+    const double across = std::max(0.0, m_frame.width - viewport()->width());
+    const double down = std::max(0.0, m_frame.height - viewport()->height());
+    const auto* horizontal = horizontalScrollBar();
+    // At its end a bar means the end, whatever was lost by counting in whole steps.
+    m_right_gap = horizontal->value() == horizontal->maximum() ? 0 : across - horizontal->value() * bar_unit(across);
+    m_above_center = verticalScrollBar()->value() * bar_unit(down) - down / 2;
+    keep_inside();
+}
+
+void GraphScrollArea::scrollContentsBy(int, int) {
+    if (m_setting_bars)
+        return;
+    take_scroll_bars();
+    viewport()->update();
+}
+
+void GraphScrollArea::scroll_by(double dx, double dy) {
+    m_right_gap -= dx;
+    m_above_center += dy;
+    keep_inside();
+    update_scroll_bars();
+    viewport()->update();
+}
+
+void GraphScrollArea::scroll_to_newest() {
+    // In sight already when the present is: then the present is what people look for.
+    const double gap = m_newest_gap > viewport()->width() * 0.8 ? m_newest_gap : 0;
+    scroll_by(m_right_gap - gap, 0);
+}
+
+void GraphScrollArea::scroll_to_oldest() {
+    scroll_by(-m_frame.width, 0);
+}
+
+void GraphScrollArea::scroll_to_zero_line() {
+    scroll_by(0, -m_above_center);
+}
+
+void GraphScrollArea::draw(Canvas& canvas) {
+    m_graph.drawRect(canvas, {0, 0, m_frame.width, m_frame.height}, visible());
+}
+
+void GraphScrollArea::paintEvent(QPaintEvent*) {
+    QPainter painter(viewport());
+    QtCanvas canvas(painter, viewport()->height(), CanvasColors::from_palette(palette()), &m_canvas_memory);
+    draw(canvas);
+    paint_pointer_line(painter);
+}
+
+void GraphScrollArea::paint_pointer_line(QPainter& painter) const {
+    if (!m_pointer_x || m_drag_from)
+        return;
+    QColor faint = palette().color(QPalette::WindowText);
+    faint.setAlphaF(0.4F);
+    painter.setPen(faint);
+    painter.drawLine(QPointF(*m_pointer_x, 0), QPointF(*m_pointer_x, viewport()->height()));
+}
+
+void GraphScrollArea::resizeEvent(QResizeEvent*) {
+    resize_frame();
+}
+
+void GraphScrollArea::wheelEvent(QWheelEvent* event) {
+    constexpr double notch = 120;
+    const QPoint angle = event->angleDelta();
+    if (std::abs(angle.x()) > std::abs(angle.y()) || event->modifiers().testFlag(Qt::ShiftModifier))
+        scroll_by(-(angle.x() != 0 ? angle.x() : angle.y()), 0);
+    else if (event->modifiers().testFlag(Qt::ControlModifier))
+        Q_EMIT vertical_zoom_requested(angle.y() / notch);
+    else
+        Q_EMIT zoom_requested(angle.y() / notch, event->position().x());
+    event->accept();
+}
+
+bool GraphScrollArea::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::Leave) {
+        m_pointer_x.reset();
+        viewport()->update();
+        Q_EMIT pointer_left();
+    } else if (event->type() == QEvent::NativeGesture) {
+        const auto* gesture = static_cast<QNativeGestureEvent*>(event);
+        if (gesture->gestureType() == Qt::ZoomNativeGesture) {
+            constexpr double steps_per_doubling = 4;
+            Q_EMIT zoom_requested(gesture->value() * steps_per_doubling, gesture->position().x());
+            return true;
+        }
+    }
+    return QAbstractScrollArea::viewportEvent(event);
+}
+
+void GraphScrollArea::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        m_drag_from = event->position();
+        viewport()->setCursor(Qt::ClosedHandCursor);
+    }
+}
+
+void GraphScrollArea::mouseMoveEvent(QMouseEvent* event) {
+    if (m_drag_from) {
+        const QPointF moved = event->position() - *m_drag_from;
+        m_drag_from = event->position();
+        scroll_by(-moved.x(), -moved.y());
+        return;
+    }
+    m_pointer_x = event->position().x();
+    viewport()->update();
+    Q_EMIT pointed_at(visible().x + *m_pointer_x);
+}
+
+void GraphScrollArea::mouseReleaseEvent(QMouseEvent*) {
+    m_drag_from.reset();
+    viewport()->unsetCursor();
+}
+
+void GraphScrollArea::mouseDoubleClickEvent(QMouseEvent*) {
+    Q_EMIT fit_requested();
+}
+
+void GraphScrollArea::keyPressEvent(QKeyEvent* event) {
+    const double page = viewport()->width() * 0.9;
+    const double step = viewport()->width() * 0.1;
+    const double middle = viewport()->width() * 0.5;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return scroll_by(-step, 0);
+    case Qt::Key_Right:
+        return scroll_by(step, 0);
+    case Qt::Key_Up:
+        return scroll_by(0, -step);
+    case Qt::Key_Down:
+        return scroll_by(0, step);
+    case Qt::Key_PageUp:
+        return scroll_by(-page, 0);
+    case Qt::Key_PageDown:
+        return scroll_by(page, 0);
+    case Qt::Key_Home:
+        return scroll_to_oldest();
+    case Qt::Key_End:
+        return scroll_to_newest();
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+        Q_EMIT zoom_requested(1, middle);
+        return;
+    case Qt::Key_Minus:
+        Q_EMIT zoom_requested(-1, middle);
+        return;
+    default:
+        QAbstractScrollArea::keyPressEvent(event);
+    }
+}
+
+} // namespace tickervantage

@@ -1,0 +1,429 @@
+#include "gui/tracking/tracking_window.h"
+
+#include "gui/tracking/graph_scroll_area.h"
+#include "gui/tracking/legend.h"
+#include "gui/tracking/tracking_words.h"
+#include "qt/named_widget.h"
+#include "qt/spoken.h"
+#include "qt/text_scale.h"
+#include "studies/tracking/tracking_rows.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QEvent>
+#include <QLabel>
+#include <QLocale>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSlider>
+#include <QStatusBar>
+#include <QToolButton>
+
+#include <cerrno>
+#include <chrono>
+#include <cmath>
+#include <system_error>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+constexpr std::size_t ROWS_IN_A_SLICE = 20'000; // some milliseconds
+constexpr std::chrono::milliseconds first_lines_come(300);
+
+double slider_value(const QSlider* slider) {
+    return slider->value() / slider_steps;
+}
+
+void set_slider(QSlider* slider, double value) {
+    slider->setValue(static_cast<int>(std::lround(value * slider_steps)));
+}
+
+// The log's reader gives the system's reason, which speaks the user's language.
+bool says_forbidden(const std::string& problem) {
+    return problem.find("Permission denied") != std::string::npos ||
+           problem.find(std::generic_category().message(EACCES)) != std::string::npos;
+}
+
+} // namespace
+
+double seconds_of_this_machine() {
+    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+}
+
+TrackingWindow::TrackingWindow(TrackingWindowParts parts)
+    : m_parts(std::move(parts)), m_view({.master_timer = m_parts.timer,
+                                         .now = m_parts.now,
+                                         .redraw =
+                                             [this] {
+                                                 m_controls.trackingView->resize_frame();
+                                             }}),
+      m_self(std::make_shared<TrackingWindow*>(this)) {
+    setObjectName(QStringLiteral("TrackingWindow"));
+    auto* central = new QWidget(this);
+    m_controls = build_tracking_controls(central, m_view);
+    setCentralWidget(central);
+    build_exports();
+    connect_controls();
+    connect_graph();
+    resize(scaled(QSize(1000, 560), *this));
+}
+
+TrackingWindow::~TrackingWindow() = default;
+
+void TrackingWindow::build_exports() {
+    m_exports = std::make_unique<PlotExport>(
+        this, m_parts.exports,
+        ExportedPlot{.widget = m_controls.trackingView,
+                     .draw = [this](Canvas& canvas, Rect) { m_controls.trackingView->draw(canvas); },
+                     .caption = [this] { return caption(); },
+                     .table = [this] { return records_in_sight(); },
+                     .tell =
+                         [this](const QString& sentence) {
+                             statusBar()->showMessage(sentence);
+                         }});
+}
+
+void TrackingWindow::connect_controls() {
+    connect(m_controls.makeReadable, &QPushButton::clicked, this, &TrackingWindow::makeReadable);
+    for (auto* slider : {m_controls.hZoom, m_controls.vZoom, m_controls.vScale})
+        connect(slider, &QSlider::valueChanged, this, [this] { apply_sliders(); });
+    connect(m_controls.dataTimeRange, &QComboBox::activated, this, [this] { apply_legend(); });
+    connect(m_controls.showLegend, &QPushButton::clicked, this, [this] { showLegend(); });
+    connect(m_controls.showSpectrum, &QPushButton::clicked, this, [this] { m_parts.show_spectrum(); });
+    connect(m_controls.export_button, &QPushButton::clicked, this, [this] { m_exports->ask_for_file(); });
+    connect(m_controls.pause, &QToolButton::clicked, this, [this] { m_view.pause(true); });
+    connect(m_controls.play, &QToolButton::clicked, this, [this] {
+        m_view.pause(false);
+        m_controls.trackingView->resize_frame();
+    });
+    connect(m_controls.legend, &LegendView::changed, this, [this] { apply_legend(); });
+    connect(m_controls.legend, &LegendView::closed, this, [this] { closeLegend(); });
+    connect(m_controls.legend, &LegendView::cancelled, this, [this] { cancelLegend(); });
+    connect(m_controls.legend, &LegendView::defaulted, this, [this] {
+        m_controls.legend->set_settings(default_popover);
+        apply_legend();
+    });
+}
+
+void TrackingWindow::connect_graph() {
+    auto* area = m_controls.trackingView;
+    connect(area, &GraphScrollArea::zoom_requested, this, [this](double steps, double x) { zoom(steps, x); });
+    connect(area, &GraphScrollArea::vertical_zoom_requested, this,
+            [this](double steps) { set_slider(m_controls.vZoom, slider_value(m_controls.vZoom) + steps / 4); });
+    connect(area, &GraphScrollArea::fit_requested, this, &TrackingWindow::fit);
+    connect(m_controls.fit, &QPushButton::clicked, this, &TrackingWindow::fit);
+    connect(m_controls.fit_action, &QAction::triggered, this, &TrackingWindow::fit);
+    connect(m_controls.reset_action, &QAction::triggered, this, &TrackingWindow::reset_zoom);
+    connect(area, &GraphScrollArea::pointed_at, this, [this](double x) { show_readout(x); });
+    connect(area, &GraphScrollArea::pointer_left, this,
+            [this] { m_controls.readout->setText(spoken(m_empty.problem)); });
+    m_read_timer.setSingleShot(true);
+    connect(&m_read_timer, &QTimer::timeout, this, [this] {
+        m_is_read = true;
+        show_emptiness();
+    });
+}
+
+void TrackingWindow::windowDidLoad() {
+    load_settings();
+    m_view.awakeFromNib();
+    apply_sliders();
+    apply_legend();
+    update_spectrum_button();
+}
+
+void TrackingWindow::load_settings() {
+    const TrackingSettings settings = TrackingSettings::load(m_parts.settings);
+    set_slider(m_controls.vZoom, settings.vZoom);
+    set_slider(m_controls.hZoom, settings.hZoom);
+    m_controls.vScale->setValue(static_cast<int>(std::lround(settings.vScale)));
+    m_controls.dataTimeRange->setCurrentIndex(settings.dataTimeRange);
+    m_controls.legend->set_settings(settings.legend);
+}
+
+TrackingSettings TrackingWindow::current_settings() const {
+    TrackingSettings settings;
+    settings.legend = m_controls.legend->settings();
+    settings.dataTimeRange = m_controls.dataTimeRange->currentIndex();
+    settings.vZoom = slider_value(m_controls.vZoom);
+    settings.hZoom = slider_value(m_controls.hZoom);
+    settings.vScale = m_controls.vScale->value();
+    return settings;
+}
+
+void TrackingWindow::apply_sliders() {
+    m_view.set_vertical_zoom(slider_value(m_controls.vZoom));
+    m_view.set_vertical_scale(m_controls.vScale->value());
+    m_view.set_horizontal_zoom(slider_value(m_controls.hZoom));
+    m_controls.trackingView->resize_frame();
+    if (m_ends && !m_view.m_livetracking)
+        show_newest();
+}
+
+void TrackingWindow::zoom(double steps, double viewport_x) {
+    // The slider's own reaction would zoom about the right edge.
+    m_controls.trackingView->zoom_about(viewport_x, [this, steps] {
+        const QSignalBlocker quiet(m_controls.hZoom);
+        set_slider(m_controls.hZoom, slider_value(m_controls.hZoom) + steps / 4);
+        m_view.set_horizontal_zoom(slider_value(m_controls.hZoom));
+    });
+}
+
+void TrackingWindow::reset_zoom() {
+    set_slider(m_controls.hZoom, 0);
+    set_slider(m_controls.vZoom, 0);
+}
+
+void TrackingWindow::fit() {
+    auto* area = m_controls.trackingView;
+    const Rect frame = area->frame();
+    const auto fit = m_view.fit({0, 0, frame.width, frame.height}, area->visible());
+    if (!fit)
+        return;
+    {
+        const QSignalBlocker quiet_zoom(m_controls.vZoom); // all at once
+        const QSignalBlocker quiet_scale(m_controls.vScale);
+        set_slider(m_controls.vZoom, fit->vertical_zoom);
+        m_controls.vScale->setValue(static_cast<int>(std::lround(fit->vertical_scale)));
+    }
+    apply_sliders();
+    area->scroll_to_zero_line();
+}
+
+PlotCaption TrackingWindow::caption() const {
+    return caption_of(m_view, m_controls.trackingView->frame(), m_controls.trackingView->visible(), m_logname);
+}
+
+void TrackingWindow::apply_legend() {
+    const popover_settings legend = m_controls.legend->settings();
+    m_view.shown = legend.shown;
+    m_view.colors = legend.colors;
+    m_view.use_logscale = legend.use_logscale;
+    apply_time_range();
+    m_controls.trackingView->resize_frame();
+    describe_graph();
+}
+
+void TrackingWindow::apply_time_range() {
+    constexpr int seconds_per_hour = 3600;
+    const int hours = range_hours(m_controls.dataTimeRange->currentIndex());
+    if (hours == 0) {
+        if (std::exchange(m_view.filtertimestamps, false))
+            load_log();
+        return;
+    }
+    const bool was_filtered = std::exchange(m_view.filtertimestamps, true);
+    const bool same_range =
+        std::exchange(m_view.display_data_range, hours * seconds_per_hour) == hours * seconds_per_hour;
+    if (!was_filtered || !same_range)
+        load_log();
+}
+
+// Only a live log leaves out what is older than the range.
+void TrackingWindow::offer_time_range(bool live) {
+    m_controls.dataTimeRange->setEnabled(live);
+    //: tracking window: tooltip of the menu of time ranges while it is switched off
+    const QString why_not =
+        tr("Of a finished log all records are shown: the range is for a log that is still being written");
+    m_controls.dataTimeRange->setToolTip(live ? m_controls.dataTimeRange->accessibleName() : why_not);
+}
+
+void TrackingWindow::set_log(const QString& path, bool live) {
+    m_logname = path;
+    if (path.isEmpty())
+        return;
+    setWindowTitle(path);
+    m_controls.titleView->setText(path);
+    m_controls.pauseplay->setVisible(live);
+    offer_time_range(live);
+    m_view.pause(!live);
+    m_view.m_livetracking = live;
+    m_empty.is_live = live;
+    apply_legend();
+    if (!m_trackinglog)
+        load_log();
+}
+
+void TrackingWindow::load_log() {
+    if (m_logname.isEmpty())
+        return;
+    if (!m_trackinglog) {
+        m_queue = m_parts.lend_queue();
+        m_trackinglog = std::make_unique<LogReader>(
+            m_logname.toStdString(), m_parts.files, *m_queue, m_parts.main_thread,
+            LogReader::Handlers{.line = [this](std::string_view line, bool last) { take_line(line, last); },
+                                .problem =
+                                    [this](const std::string& sentence) {
+                                        show_problem(sentence);
+                                    }});
+    }
+    m_view.clear();
+    m_ends.reset();
+    m_newest_shown = false;
+    m_is_read = m_empty.has_older_records = false;
+    show_emptiness();
+    m_trackinglog->follow();
+}
+
+void TrackingWindow::take_line(std::string_view line, bool last) {
+    if (const auto ends = m_view.add_line(line))
+        m_ends = ends;
+    else if (m_view.filtertimestamps && !line.empty() && line.front() >= '0' && line.front() <= '9')
+        m_empty.has_older_records = true; // of those it keeps none
+    if (last)
+        end_of_block();
+    else if (!std::exchange(m_animated, true))
+        m_controls.loadingLog->show();
+}
+
+void TrackingWindow::end_of_block() {
+    if (std::exchange(m_animated, false))
+        m_controls.loadingLog->hide();
+    m_controls.trackingView->resize_frame();
+    if (m_ends && !m_view.m_livetracking)
+        show_newest();
+    if (m_ends) {
+        m_controls.startDate->setText(from_std(local_date_time(m_ends->first)));
+        m_controls.endDate->setText(from_std(local_date_time(m_ends->last)));
+    }
+    m_is_read = true;
+    show_emptiness();
+    describe_graph();
+    update_spectrum_button();
+    Q_EMIT block_arrived();
+}
+
+// For those who cannot see it.
+void TrackingWindow::describe_graph() {
+    m_controls.trackingView->setAccessibleDescription(
+        m_is_read && records().empty() ? empty_words(m_empty)
+                                       : description_of(m_view, m_controls.trackingView->frame(), m_ends, locale()));
+}
+
+void TrackingWindow::show_emptiness() {
+    const bool empty = m_is_read && records().empty() && !m_animated;
+    m_controls.empty->setVisible(empty);
+    if (!empty)
+        return;
+    m_controls.empty->setText(empty_words(m_empty));
+    describe_graph();
+    if (m_empty.is_live && !std::exchange(m_setting_asked, true))
+        ask_log_setting();
+}
+
+void TrackingWindow::ask_log_setting() {
+    if (!m_parts.ask_log_setting)
+        return;
+    m_parts.ask_log_setting([self = std::weak_ptr(m_self)](const LogSettingAnswer& answer) {
+        const auto alive = self.lock();
+        if (!alive)
+            return;
+        (*alive)->m_empty.setting = answer.setting;
+        (*alive)->m_empty.configuration = answer.configuration;
+        (*alive)->show_emptiness();
+    });
+}
+
+// Once a log: afterwards people have scrolled where they want to be.
+void TrackingWindow::show_newest() {
+    const double gap = (m_view.right_end() - static_cast<double>(m_ends->last)) * m_view.xscale;
+    m_controls.trackingView->set_newest_gap(gap);
+    if (!std::exchange(m_newest_shown, true))
+        m_controls.trackingView->scroll_to_newest();
+}
+
+void TrackingWindow::update_spectrum_button() {
+    m_controls.showSpectrum->setVisible(m_parts.spectrum_enabled());
+}
+
+void TrackingWindow::show_problem(const std::string& sentence) {
+    m_empty.problem = sentence;
+    m_controls.readout->setText(spoken(sentence));
+    m_controls.makeReadable->setVisible(m_empty.is_live && m_parts.make_log_readable && says_forbidden(sentence));
+    m_read_timer.start(sentence.empty() ? first_lines_come : std::chrono::milliseconds(0));
+}
+
+void TrackingWindow::makeReadable() {
+    m_controls.makeReadable->setEnabled(false);
+    m_parts.make_log_readable([self = std::weak_ptr(m_self)](bool done, const std::string& sentence) {
+        const auto alive = self.lock();
+        if (!alive)
+            return;
+        (*alive)->m_controls.makeReadable->setEnabled(true);
+        if (!sentence.empty())
+            (*alive)->statusBar()->showMessage(spoken(sentence));
+        if (done)
+            (*alive)->load_log();
+    });
+}
+
+void TrackingWindow::show_readout(double frame_x) {
+    const Rect frame = m_controls.trackingView->frame();
+    const auto found = m_view.readout(frame_x, {0, 0, frame.width, frame.height});
+    if (!found) {
+        m_controls.readout->setText(spoken(m_empty.problem));
+        return;
+    }
+    m_controls.readout->setText(words_of(*found, m_view.shown, locale()));
+}
+
+void TrackingWindow::showLegend() {
+    if (m_controls.legend->isVisible()) {
+        closeLegend();
+        return;
+    }
+    save_popover = m_controls.legend->settings();
+    m_controls.legend->show_below(m_controls.showLegend);
+}
+
+void TrackingWindow::closeLegend() {
+    apply_legend();
+    m_controls.legend->hide();
+}
+
+void TrackingWindow::cancelLegend() {
+    m_controls.legend->set_settings(save_popover);
+    closeLegend();
+}
+
+// The rows that were in sight at the start; a live log grows meanwhile.
+PlotTable TrackingWindow::records_in_sight() {
+    const Rect frame = m_controls.trackingView->frame();
+    const auto rows = std::make_shared<TrackingRows>(
+        m_view.in_sight({0, 0, frame.width, frame.height}, m_controls.trackingView->visible()), m_view.shown);
+    const auto take = [this, rows] {
+        if (!rows->are_still_in(records()))
+            return Taking::lost;
+        return rows->take(records(), ROWS_IN_A_SLICE) ? Taking::all : Taking::more;
+    };
+    const auto csv = [rows] {
+        std::string text;
+        const auto append = [&text](std::string_view piece) {
+            text += piece;
+            return true;
+        };
+        (void)rows->write(RowFormat::csv, append); // appending never says no
+        return text;
+    };
+    return {take, csv};
+}
+
+void TrackingWindow::closeEvent(QCloseEvent* event) {
+    current_settings().save(m_parts.settings);
+    m_trackinglog.reset();
+    m_queue.reset();
+    QMainWindow::closeEvent(event);
+    Q_EMIT windowWillClose();
+}
+
+void TrackingWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange || !isActiveWindow())
+        return;
+    Q_EMIT windowDidBecomeMain();
+    m_setting_asked = false; // the configuration may have been edited meanwhile
+    show_emptiness();
+}
+
+} // namespace tickervantage

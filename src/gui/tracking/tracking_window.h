@@ -1,0 +1,125 @@
+// One tracking log as a graph, with its controls. A finished log stands still at the moment it was opened; a live one
+// runs on while chronyd writes it.
+#pragma once
+
+#include "chrony/log/logreader.h"
+#include "gui/common/plot_export.h"
+#include "gui/tracking/tracking_controls.h"
+#include "gui/tracking/tracking_words.h"
+#include "settings/default_settings.h"
+#include "studies/tracking/tracking_settings.h"
+#include "studies/tracking/tracking_view.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tickervantage {
+
+struct LogSettingAnswer {
+    TrackingLogSetting setting = TrackingLogSetting::unknown;
+    std::string configuration; // path of the file asked
+};
+
+// Seconds since 1970, by the machine's clock.
+[[nodiscard]] double seconds_of_this_machine();
+
+// What the window works with; all of it outlives the window.
+struct TrackingWindowParts {
+    DefaultSettings& settings;
+    MainThread& main_thread;
+    MasterTimer& timer;
+    FollowedFiles& files;
+    std::function<std::shared_ptr<DispatchQueueSerial>()> lend_queue; // for one reader, given back at its end
+    std::function<bool()> spectrum_enabled;                           // as the preferences have it
+    std::function<void()> show_spectrum;
+    PlotExportParts exports;
+    // Whether chronyd writes the live log; comes back on the main thread. May be missing.
+    std::function<void(std::function<void(const LogSettingAnswer&)> done)> ask_log_setting = {};
+    // Lets everybody read the live log, as an administrator. Comes back on the main thread: whether it is done, and a
+    // sentence when there is something to say. May be missing.
+    std::function<void(std::function<void(bool done, const std::string& sentence)> done)> make_log_readable = {};
+    std::function<double()> now = seconds_of_this_machine; // since 1970
+};
+
+class TrackingWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit TrackingWindow(TrackingWindowParts parts);
+    ~TrackingWindow() override;
+
+    void windowDidLoad(); // once, before the window is shown
+    void set_log(const QString& path, bool live);
+
+    [[nodiscard]] const TrackingRecords& records() const { return m_view.records(); }
+    [[nodiscard]] TrackingView& view() { return m_view; }
+
+    // The spectrum's button follows the preferences.
+    void update_spectrum_button();
+
+    // Of what is in sight.
+    [[nodiscard]] PlotExport& exports() { return *m_exports; }
+
+Q_SIGNALS:
+    void windowDidBecomeMain();
+    void block_arrived();   // of lines, and was drawn
+    void windowWillClose(); // after the settings were saved
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void build_exports();
+    [[nodiscard]] PlotTable records_in_sight();
+    void connect_controls();
+    void connect_graph();
+    void load_settings();
+    [[nodiscard]] TrackingSettings current_settings() const;
+    void apply_sliders();
+    void apply_legend();
+    void apply_time_range();
+    void offer_time_range(bool live);
+    void load_log();
+    void take_line(std::string_view line, bool last);
+    void end_of_block();
+    void describe_graph();
+    void show_emptiness();
+    void ask_log_setting();
+    void show_newest();
+    void show_problem(const std::string& sentence);
+    void makeReadable();
+    void zoom(double steps, double viewport_x);
+    void fit();
+    void reset_zoom();
+    [[nodiscard]] PlotCaption caption() const;
+    void show_readout(double frame_x);
+    void showLegend();
+    void closeLegend();
+    void cancelLegend();
+
+    TrackingWindowParts m_parts;
+    TrackingView m_view;
+    TrackingControls m_controls;
+    std::unique_ptr<PlotExport> m_exports;
+    QString m_logname;
+    EmptyLog m_empty;
+    bool m_is_read = false;       // as far as the log goes
+    bool m_setting_asked = false; // for this look at an empty log
+    QTimer m_read_timer;          // an empty file has no last line to tell that it was read
+    bool m_newest_shown = false;  // of this log, once
+    bool m_animated = false;      // the busy indicator runs
+    std::optional<LogEnds> m_ends;
+    popover_settings save_popover;
+    popover_settings default_popover = TrackingSettings::defaults().legend;
+    std::shared_ptr<TrackingWindow*> m_self; // answers on their way back find out through it that the window has gone
+    std::shared_ptr<DispatchQueueSerial> m_queue;
+    std::unique_ptr<LogReader> m_trackinglog; // after the queue it runs on
+};
+
+} // namespace tickervantage
