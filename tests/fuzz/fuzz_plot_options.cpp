@@ -1,6 +1,6 @@
 // Any bytes as a picture's size and as the time on a clock: what is accepted can be drawn.
+#include "cli/plot_options.h"
 #include "fuzz/require.h"
-#include "programs/tickerctl/plot_options.h"
 
 using namespace tickervantage;
 

@@ -1,8 +1,8 @@
 #include "chrony/configuration/config_document.h"
 #include "chrony/configuration/configuration_check.h"
 #include "chrony/configuration/directives.h"
-#include "programs/tickerctl/check_command.h"
-#include "programs/tickerctl/config_command.h"
+#include "cli/check_command.h"
+#include "cli/config_command.h"
 #include "support/scripted_execute.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
+#include "cli/help_command.h"
 #include "help/help_pages.h"
 #include "help/help_search.h"
 #include "help/manual_page.h"
 #include "help/markdown_text.h"
-#include "programs/tickerctl/help_command.h"
 #include "support/scripted_execute.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // The figures of `tickerctl log --summary`, against figures worked out by hand.
-#include "programs/tickerctl/log_command.h"
+#include "cli/log_command.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>

@@ -1,8 +1,8 @@
 #include "chrony/configuration/local_host.h"
 #include "chrony/configuration/server_list.h"
+#include "cli/servers_command.h"
 #include "linux/autostart.h"
 #include "linux/shared_text_file.h"
-#include "programs/tickerctl/servers_command.h"
 #include "support/child_program.h"
 
 #include <gtest/gtest.h>

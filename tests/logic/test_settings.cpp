@@ -1,5 +1,5 @@
-#include "programs/tickerctl/settings_command.h"
-#include "programs/tickerctl/unasked_choice.h"
+#include "cli/settings_command.h"
+#include "cli/unasked_choice.h"
 #include "settings/preferences.h"
 #include "settings/settings_catalogue.h"
 #include "settings/warning_register.h"

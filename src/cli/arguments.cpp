@@ -1,0 +1,203 @@
+#include "cli/arguments.h"
+
+#include "cli/terminal.h"
+
+#include <CLI/CLI.hpp>
+
+#include <limits>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+struct CommandLine {
+    CLI::App app{"tickerctl: look at the clock and at chrony from the command line"};
+    std::vector<std::pair<CLI::App*, Job>> jobs;
+    CLI::App* report = nullptr;
+
+    CLI::App* add(CLI::App* above, Job job, const char* name, const char* description) {
+        jobs.emplace_back(above->add_subcommand(name, description), job);
+        return jobs.back().first;
+    }
+
+    [[nodiscard]] Job chosen() const {
+        for (const auto& [command, job] : jobs)
+            if (command->parsed())
+                return job;
+        return Job::status; // not reached: a command is required
+    }
+};
+
+// A limit that "nan" does not pass either.
+CLI::Validator number_within(double least, double most, const std::string& complaint) {
+    const auto check = [=](const std::string& text) {
+        double number = 0;
+        const bool fits = CLI::detail::lexical_cast(text, number) && number >= least && number <= most;
+        return fits ? std::string() : complaint;
+    };
+    return {check, ""};
+}
+
+void add_status(CommandLine& line, Arguments& arguments) {
+    auto* status =
+        line.add(&line.app, Job::status, "status", "Is the clock synchronised, and how well? (exit status 1: no)");
+    auto* from = status->add_option("--from", arguments.from, "a saved \"tracking\" report; - for standard input");
+    status->add_option("--meter", arguments.meter, "quantity on the meter, such as lastoffset or frequency");
+    status->add_flag("--json", arguments.json, "one JSON document; with --watch one a line");
+    status->add_option("--watch", arguments.watch_seconds, "again every so many seconds, until interrupted")
+        ->check(number_within(0.1, 86400, "give seconds, from 0.1 to 86400"))
+        ->excludes(from);
+}
+
+void add_report(CommandLine& line) {
+    line.report = line.add(&line.app, Job::report, "report", "A chronyc report, as it comes: report sources -v");
+    line.report->prefix_command();
+}
+
+void add_settings(CommandLine& line, Arguments& arguments) {
+    auto* settings = line.app.add_subcommand("settings", "The settings, shared with the desktop program");
+    settings->require_subcommand(1);
+    auto* list = line.add(settings, Job::settings_list, "list", "Every setting with its value and default");
+    auto* get = line.add(settings, Job::settings_get, "get", "One setting's value");
+    auto* set = line.add(settings, Job::settings_set, "set", "Change one setting");
+    line.add(settings, Job::settings_reset, "reset", "Back to the defaults");
+    for (auto* command : {list, get})
+        command->add_flag("--json", arguments.json, "as JSON");
+    for (auto* command : {get, set})
+        command->add_option("KEY", arguments.key, "the setting's key")->required();
+    set->add_option("VALUE", arguments.value, "its new value")->required();
+}
+
+void add_spectrum_options(CLI::App* command, Arguments& arguments) {
+    command->add_option("LOG", arguments.log, "the tracking log")->required();
+    command->add_option("--series", arguments.series, "offset, rem_cor or rms_offset")->capture_default_str();
+    command->add_option("--interval", arguments.interval, "seconds between two samples; default: as in the settings")
+        ->check(number_within(1e-9, 1e9, "give seconds, more than 0"));
+    command->add_option("--duration", arguments.duration, "seconds analysed; default: as in the settings")
+        ->check(number_within(0, 1e12, "give seconds"));
+}
+
+void add_spectrum(CommandLine& line, Arguments& arguments) {
+    auto* spectrum = line.add(&line.app, Job::spectrum, "spectrum", "The spectrum of a tracking log");
+    add_spectrum_options(spectrum, arguments);
+    spectrum->add_flag("--json", arguments.json, "one JSON document");
+}
+
+void add_log(CommandLine& line, Arguments& arguments) {
+    auto* log = line.add(&line.app, Job::log, "log", "The records of a tracking log (exit status 1: it has none)");
+    auto* follow = line.add(&line.app, Job::follow, "follow", "The lines of a log, and those that are added to it");
+    for (auto* command : {log, follow})
+        command->add_option("FILE", arguments.log, "a log, such as /var/log/chrony/tracking.log")->required();
+    auto* json = log->add_flag("--json", arguments.json, "one line of JSON a record; with --summary one document");
+    log->add_flag("--csv", arguments.csv, "comma-separated values")->excludes(json);
+    log->add_flag("--summary", arguments.summary, "what the values of every series are like");
+    follow->add_flag("--json", arguments.json, "one line of JSON a line");
+    follow->add_option("--for", arguments.for_seconds, "so many seconds; default: until interrupted")
+        ->check(number_within(0.1, 2000000, "give seconds, from 0.1 to 2000000"));
+}
+
+void add_picture_options(CLI::App* command, Arguments& arguments, std::string& size) {
+    command->add_option("-o,--output", arguments.output, "the picture, .png or .svg")->required();
+    command->add_option("--size", size, "width and height in pixels")->capture_default_str();
+    command->add_flag("--dark", arguments.dark, "on a dark background");
+}
+
+void add_chart_options(CLI::App* command, Arguments& arguments) {
+    add_picture_options(command, arguments, arguments.chart_size);
+    command->add_flag("--caption", arguments.caption, "with a title, dates and a legend around it");
+}
+
+void add_plot_tracking(CommandLine& line, CLI::App* plot, Arguments& arguments) {
+    auto* tracking = line.add(plot, Job::plot_tracking, "tracking", "The graph of a tracking log");
+    tracking->add_option("FILE", arguments.log, "a log, such as /var/log/chrony/tracking.log")->required();
+    tracking->add_option("--series", arguments.shown_series, "such as offset,rms_offset; default: as in the settings");
+    auto* linear = tracking->add_flag("--linear", arguments.linear, "linear scale");
+    tracking->add_flag("--log", arguments.logarithmic, "logarithmic scale")->excludes(linear);
+    const auto zoom = number_within(-10, 10, "give a zoom from -10 to 10");
+    auto* hzoom = tracking->add_option("--hzoom", arguments.hzoom, "doubles the width with every 1")->check(zoom);
+    tracking->add_option("--vzoom", arguments.vzoom, "doubles the height with every 1")->check(zoom);
+    tracking->add_option("--vscale", arguments.vscale, "0: microseconds, 3: nanoseconds")->check(zoom);
+    tracking->add_option("--hours", arguments.hours, "so much history over the whole width")
+        ->check(number_within(0.01, 1000000, "give hours, from 0.01 to 1000000"))
+        ->excludes(hzoom);
+    tracking->add_option("--end", arguments.end, "2026-11-21T02:15:03Z; default: the last record");
+    add_chart_options(tracking, arguments);
+}
+
+void add_freqtemp(CommandLine& line, Arguments& arguments) {
+    auto* sensors = line.add(&line.app, Job::sensors, "sensors", "The machine's temperature sensors");
+    auto* fit = line.add(&line.app, Job::fit, "fit", "Frequency fitted to temperature (exit status 1: no fit)");
+    auto* record = line.add(&line.app, Job::record, "record", "Record frequency against temperature");
+    for (auto* command : {sensors, fit})
+        command->add_flag("--json", arguments.json, "one JSON document");
+    add_fit_options(*fit, arguments.freqtemp);
+    add_record_options(*record, arguments.freqtemp);
+}
+
+void add_plot(CommandLine& line, Arguments& arguments) {
+    auto* plot = line.app.add_subcommand("plot", "The instruments and charts as pictures");
+    plot->require_subcommand(1);
+    auto* meter = line.add(plot, Job::plot_meter, "meter", "The performance meter");
+    meter->add_option("VALUE", arguments.meter_value, "nanoseconds")
+        ->required()
+        ->check(
+            number_within(std::numeric_limits<double>::lowest(), std::numeric_limits<double>::max(), "give a number"));
+    meter->add_flag("--per-second", arguments.per_second, "the value is a rate, in nanoseconds per second");
+    auto* clock = line.add(plot, Job::plot_clock, "clock", "The clock");
+    clock->add_option("TIME", arguments.clock_time, "such as 15:30:00; default: now");
+    for (auto* command : {meter, clock})
+        add_picture_options(command, arguments, arguments.size);
+    auto* spectrum = line.add(plot, Job::plot_spectrum, "spectrum", "The spectrum of a tracking log");
+    add_spectrum_options(spectrum, arguments);
+    add_chart_options(spectrum, arguments);
+    add_plot_tracking(line, plot, arguments);
+    auto* freqtemp = line.add(plot, Job::plot_freqtemp, "freqtemp", "Frequency against temperature");
+    add_plot_freqtemp_options(*freqtemp, arguments.freqtemp);
+    add_chart_options(freqtemp, arguments);
+}
+
+void add_all(CommandLine& line, Arguments& arguments) {
+    line.app.set_version_flag("--version", "tickerctl " TICKERVANTAGE_VERSION);
+    line.app.require_subcommand(1);
+    line.app.add_option("--host", arguments.host, "the daemon to ask, an address or the path of a socket");
+    line.app.add_flag("--demo", arguments.demo, "ask a demonstration daemon, started for this one command");
+    add_status(line, arguments);
+    add_report(line);
+    add_settings(line, arguments);
+    add_log(line, arguments);
+    add_spectrum(line, arguments);
+    add_plot(line, arguments);
+    add_freqtemp(line, arguments);
+    add_servers_options(
+        *line.add(&line.app, Job::servers, "servers", "The list of servers (exit status 1: one is invalid)"),
+        arguments.servers, arguments.json);
+    add_config_options(*line.add(&line.app, Job::config, "config", "The directives of a chrony.conf, or one's value"),
+                       arguments.config, arguments.json);
+    add_check_options(*line.add(&line.app, Job::check, "check", "Let chronyd check a chrony.conf (exit status 1: no)"),
+                      arguments.config, arguments.json);
+    add_help_options(*line.add(&line.app, Job::help, "help", "The program's and chrony's manuals"), arguments.help);
+    auto* admin = line.add(&line.app, Job::admin, "admin", "What needs administrator rights");
+    add_admin_jobs(*admin, arguments.admin, arguments.json);
+}
+
+} // namespace
+
+std::optional<Arguments> read_arguments(int argc, char** argv, int& exit_status) {
+    Arguments arguments;
+    CommandLine line;
+    add_all(line, arguments);
+    try {
+        line.app.parse(argc, argv);
+    } catch (const CLI::Success& help) {
+        exit_status = line.app.exit(help);
+        return std::nullopt;
+    } catch (const CLI::ParseError& error) {
+        exit_status = fail(std::string(error.what()) + "; see tickerctl --help.");
+        return std::nullopt;
+    }
+    arguments.job = line.chosen();
+    arguments.report = line.report->remaining();
+    return arguments;
+}
+
+} // namespace tickervantage

@@ -1,0 +1,90 @@
+#include "cli/fit_command.h"
+
+#include "base/user_files.h"
+#include "cli/terminal.h"
+#include "studies/freqtemp/scatter_csv.h"
+#include "studies/freqtemp/scatter_json.h"
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <filesystem>
+#include <ostream>
+#include <vector>
+
+namespace tickervantage {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+constexpr std::size_t LARGEST_FILE = std::size_t{4} << 30U;
+
+Json json_of(const QuadRegression& fit) {
+    return {{"result", fit.valid ? 0 : -1},
+            {"r", fit.r},
+            {"y_stddev", fit.y_stddev},
+            {"x_min", fit.x_min},
+            {"x_max", fit.x_max},
+            {"coefficients", fit.coefficients},
+            {"valid", fit.valid}};
+}
+
+int read_csv(const std::string& path, const std::string& text, ScatterMap& map, std::string& sentence) {
+    CsvDamage damage;
+    if (read_scatter_csv(text, std::filesystem::path(path).stem().string(), map, damage) != 0) {
+        sentence = fmt::format("There is no point in {}: a line has temperature,frequency.", path);
+        return failed;
+    }
+    if (damage.lines > 0)
+        complain(
+            fmt::format("{} lines of {} are no points, the first of them line {}.", damage.lines, path, damage.first));
+    std::vector<tempSensor> sensors;
+    for (const auto& [name, entry] : map)
+        sensors.push_back({name, name});
+    map = merged(fresh_map(sensors), std::move(map));
+    return 0;
+}
+
+} // namespace
+
+int read_points(UserFiles& files, const std::string& path, ScatterMap& map, std::string& sentence) {
+    std::string text;
+    if (files.read(path, LARGEST_FILE, text, sentence) != UserFiles::Found::text)
+        return failed;
+    if (path.ends_with(".csv"))
+        return read_csv(path, text, map, sentence);
+    if (read_scatter_json(text, map, sentence) == 0)
+        return 0;
+    sentence = fmt::format("{} is no scatter map. {}", path, sentence);
+    return failed;
+}
+
+bool fit_all(ScatterMap& map, int order) {
+    bool all_fit = !map.empty();
+    for (auto& [name, entry] : map)
+        all_fit = entry.quadRegression->fit(entry.points.spans(), order) == 0 && all_fit;
+    return all_fit;
+}
+
+void print_fits(const ScatterMap& map, int order, OutputForm form, std::ostream& out) {
+    if (form == OutputForm::json) {
+        Json document = Json::object();
+        for (const auto& [name, entry] : map)
+            document[name] = json_of(*entry.quadRegression);
+        out << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+        return;
+    }
+    for (const auto& [name, entry] : map) {
+        const auto& fit = *entry.quadRegression;
+        out << fmt::format("{}: {} points from {:.1f} to {:.1f} °C, order {}\n", one_line(name), entry.points.size(),
+                           fit.x_min, fit.x_max, order);
+        if (!fit.valid) {
+            out << "  no fit\n";
+            continue;
+        }
+        out << fmt::format("  r {:g}, residual standard deviation {:g} ppm\n", fit.r, fit.y_stddev);
+        out << fmt::format("  coefficients {}\n", fmt::join(fit.coefficients, " "));
+    }
+}
+
+} // namespace tickervantage

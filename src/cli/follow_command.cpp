@@ -1,0 +1,58 @@
+#include "cli/follow_command.h"
+
+#include "chrony/log/logreader.h"
+#include "cli/terminal.h"
+#include "linux/serial_queue.h"
+
+#include <nlohmann/json.hpp>
+
+#include <atomic>
+#include <ostream>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+// A program without a window has no event loop: lines are printed from a queue.
+class QueueAsMainThread : public MainThread {
+public:
+    void main_async(Work work) override { m_queue.async(std::move(work)); }
+
+private:
+    SerialQueue m_queue{"net.brisklane.tickerctl"};
+};
+
+void print(std::string_view line, bool last, FollowForm form, std::ostream& out) {
+    using Json = nlohmann::ordered_json;
+    if (form == FollowForm::json)
+        out << Json{{"line", line}, {"last", last}}.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+    else
+        out << line << '\n';
+    if (last)
+        out.flush();
+}
+
+} // namespace
+
+int follow_log(const std::string& name, FollowedFiles& files, FollowForm form, std::ostream& out,
+               const std::function<void()>& wait) {
+    std::atomic<bool> is_read = true;
+    {
+        QueueAsMainThread main_thread;
+        SerialQueue queue{std::string(LogReader::QUEUE_LABEL)};
+        const auto on_line = [&](std::string_view line, bool last) {
+            print(line, last, form, out);
+        };
+        const auto on_problem = [&](const std::string& sentence) {
+            is_read = sentence.empty();
+            if (!sentence.empty())
+                complain(sentence);
+        };
+        LogReader reader(name, files, queue, main_thread, {on_line, on_problem});
+        reader.follow();
+        wait();
+    } // lines end here
+    return is_read ? 0 : failed;
+}
+
+} // namespace tickervantage

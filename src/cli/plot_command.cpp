@@ -1,0 +1,41 @@
+#include "cli/plot_command.h"
+
+#include "draw/instruments/clock_performance.h"
+#include "draw/instruments/dial.h"
+#include "qt/picture_file.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace tickervantage {
+
+static_assert(largest_plot_side <= LARGEST_PICTURE_SIDE);
+
+namespace {
+
+int write_instrument(const PlotOptions& options, const std::function<void(Canvas&, Rect)>& draw,
+                     std::string& sentence) {
+    PictureFormat format;
+    format.width = options.width;
+    format.height = options.height;
+    format.scale = dial_magnification(std::min(options.width, options.height));
+    format.colors = options.dark ? CanvasColors::dark() : CanvasColors::light();
+    return write_picture(options.output, format, draw, sentence);
+}
+
+} // namespace
+
+int plot_meter(double value, bool per_second, const PlotOptions& options, std::string& sentence) {
+    ClockPerformance meter;
+    meter.setValue(value, per_second);
+    return write_instrument(
+        options, [&](Canvas& canvas, Rect bounds) { meter.draw(canvas, bounds); }, sentence);
+}
+
+int plot_clock(ClockTime time, const PlotOptions& options, std::string& sentence) {
+    AnalogClockView clock([time] { return time; });
+    return write_instrument(
+        options, [&](Canvas& canvas, Rect bounds) { clock.draw(canvas, bounds); }, sentence);
+}
+
+} // namespace tickervantage

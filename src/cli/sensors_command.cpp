@@ -1,0 +1,42 @@
+#include "cli/sensors_command.h"
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <ostream>
+
+namespace tickervantage {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json json_of(const SensorReading& reading) {
+    Json object{{"name", reading.name}, {"description", reading.description}, {"temperature", nullptr}};
+    if (reading.temperature > 0)
+        object["temperature"] = reading.temperature;
+    return object;
+}
+
+} // namespace
+
+void print_sensors(const std::vector<SensorReading>& readings, OutputForm form, std::ostream& out) {
+    if (form == OutputForm::json) {
+        Json document = Json::array();
+        for (const auto& reading : readings)
+            document.push_back(json_of(reading));
+        out << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+        return;
+    }
+    if (readings.empty())
+        out << "This machine has no temperature sensors.\n";
+    std::size_t width = 0;
+    for (const auto& reading : readings)
+        width = std::max(width, reading.name.size());
+    for (const auto& reading : readings)
+        out << fmt::format("{:<{}}  {:>8}  {}\n", reading.name, width,
+                           reading.temperature > 0 ? fmt::format("{:.1f} °C", reading.temperature) : "-",
+                           reading.description);
+}
+
+} // namespace tickervantage

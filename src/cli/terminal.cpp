@@ -1,0 +1,24 @@
+#include "cli/terminal.h"
+
+#include <iostream>
+#include <utility>
+
+namespace tickervantage {
+
+std::string one_line(std::string text) {
+    for (char& one : text)
+        if (static_cast<unsigned char>(one) < 0x20 || one == 0x7F)
+            one = '?';
+    return text;
+}
+
+void complain(const std::string& sentence) {
+    std::cerr << "tickerctl: " << one_line(sentence) << std::endl;
+}
+
+int fail(const std::string& sentence) {
+    complain(sentence);
+    return failed;
+}
+
+} // namespace tickervantage
