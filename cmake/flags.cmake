@@ -33,6 +33,6 @@ function(tv_windows name)
   target_link_libraries(${name} PUBLIC tv_flags)
   target_compile_definitions(${name} PUBLIC QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
   if(name MATCHES "_windows$") # the others do not link Qt's widgets
-    tv_precompile(${name} REUSE_FROM tv_platform_qt_access)
+    tv_precompile(${name} REUSE_FROM tv_qt_access)
   endif()
 endfunction()
