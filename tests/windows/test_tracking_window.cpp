@@ -116,10 +116,10 @@ struct TrackingWindowTest : ::testing::Test {
                     guarded.found = FollowedFiles::Found::file;
                     done(true, "");
                 },
-            .now =
-                [] {
-                    return end_of_log;
-                }});
+            .now = [] { return end_of_log; },
+            .log_timing = {.wait = [](auto& condition, auto& lock, auto) {
+                condition.wait_for(lock, std::chrono::milliseconds(1));
+            }}});
         QObject::connect(window.get(), &TrackingWindow::block_arrived, [this] { ++blocks; });
         window->windowDidLoad();
         window->set_log(QString::fromUtf8(path), live);
@@ -365,8 +365,11 @@ TEST_F(TrackingWindowTest, AnEmptyGraphSaysWhy) {
         open("some.log", one.live);
         auto* said = find<QLabel>("empty");
         EXPECT_FALSE(said->isVisible()) << "it is not known yet";
-        EXPECT_TRUE(eventually([&] { return said->text().contains(QString::fromUtf8(one.words)); }))
-            << one.words << ": " << said->text().toStdString();
+        EXPECT_TRUE(eventually([&] {
+            timer.advance(0.1);
+            return said->text().contains(QString::fromUtf8(one.words));
+        })) << one.words
+            << ": " << said->text().toStdString();
         EXPECT_TRUE(said->isVisible());
         EXPECT_EQ(find<GraphScrollArea>("trackingView")->accessibleDescription(), said->text());
     }

@@ -29,7 +29,7 @@ namespace tickervantage {
 namespace {
 
 constexpr std::size_t ROWS_IN_A_SLICE = 20'000; // some milliseconds
-constexpr std::chrono::milliseconds first_lines_come(300);
+constexpr double first_lines_come = 0.3;        // seconds
 
 double slider_value(const QSlider* slider) {
     return slider->value() / slider_steps;
@@ -58,6 +58,7 @@ TrackingWindow::TrackingWindow(TrackingWindowParts parts)
                                              [this] {
                                                  m_controls.trackingView->resize_frame();
                                              }}),
+      m_read_timer(m_parts.timer.make_repeater("first_lines", Pace::free)),
       m_self(std::make_shared<TrackingWindow*>(this)) {
     setObjectName(QStringLiteral("TrackingWindow"));
     auto* central = new QWidget(this);
@@ -118,11 +119,6 @@ void TrackingWindow::connect_graph() {
     connect(area, &GraphScrollArea::pointed_at, this, [this](double x) { show_readout(x); });
     connect(area, &GraphScrollArea::pointer_left, this,
             [this] { m_controls.readout->setText(spoken(m_empty.problem)); });
-    m_read_timer.setSingleShot(true);
-    connect(&m_read_timer, &QTimer::timeout, this, [this] {
-        m_is_read = true;
-        show_emptiness();
-    });
 }
 
 void TrackingWindow::windowDidLoad() {
@@ -256,7 +252,8 @@ void TrackingWindow::load_log() {
                                 .problem =
                                     [this](const std::string& sentence) {
                                         show_problem(sentence);
-                                    }});
+                                    }},
+            m_parts.log_timing);
     }
     m_view.clear();
     m_ends.reset();
@@ -341,7 +338,16 @@ void TrackingWindow::show_problem(const std::string& sentence) {
     m_empty.problem = sentence;
     m_controls.readout->setText(spoken(sentence));
     m_controls.makeReadable->setVisible(m_empty.is_live && m_parts.make_log_readable && says_forbidden(sentence));
-    m_read_timer.start(sentence.empty() ? first_lines_come : std::chrono::milliseconds(0));
+    if (sentence.empty())
+        m_read_timer->start(first_lines_come, [this] { read_so_far(); });
+    else
+        read_so_far();
+}
+
+void TrackingWindow::read_so_far() {
+    m_read_timer->stop();
+    m_is_read = true;
+    show_emptiness();
 }
 
 void TrackingWindow::makeReadable() {

@@ -11,7 +11,6 @@
 #include "studies/tracking/tracking_view.h"
 
 #include <QMainWindow>
-#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -44,6 +43,7 @@ struct TrackingWindowParts {
     // sentence when there is something to say. May be missing.
     std::function<void(std::function<void(bool done, const std::string& sentence)> done)> make_log_readable = {};
     std::function<double()> now = seconds_of_this_machine; // since 1970
+    LogReaderTiming log_timing = {};
 };
 
 class TrackingWindow : public QMainWindow {
@@ -93,6 +93,7 @@ private:
     void ask_log_setting();
     void show_newest();
     void show_problem(const std::string& sentence);
+    void read_so_far();
     void makeReadable();
     void zoom(double steps, double viewport_x);
     void fit();
@@ -111,10 +112,10 @@ private:
     EmptyLog m_empty;
     bool m_is_read = false;       // as far as the log goes
     bool m_setting_asked = false; // for this look at an empty log
-    QTimer m_read_timer;          // an empty file has no last line to tell that it was read
     bool m_newest_shown = false;  // of this log, once
     bool m_animated = false;      // the busy indicator runs
     std::optional<LogEnds> m_ends;
+    std::unique_ptr<Repeater> m_read_timer; // once: an empty file has no last line to tell that it was read
     popover_settings save_popover;
     popover_settings default_popover = TrackingSettings::defaults().legend;
     std::shared_ptr<TrackingWindow*> m_self; // answers on their way back find out through it that the window has gone
