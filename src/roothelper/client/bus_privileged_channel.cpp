@@ -1,5 +1,6 @@
 #include "roothelper/client/bus_privileged_channel.h"
 
+#include "base/failure_line.h"
 #include "roothelper/grammar/helper_names.h"
 
 #include <fmt/format.h>
@@ -78,6 +79,8 @@ HelperAnswer read_reply(sd_bus_message* message) {
             answer.reply = text;
         else if (name == helper::status_key && sd_bus_message_read(message, "v", "i", &status) > 0)
             answer.is_done = status == 0;
+        else if (name == helper::failure_key && sd_bus_message_read(message, "v", "s", &text) > 0)
+            answer.failure = failure_in(text);
         else if (sd_bus_message_skip(message, "v") < 0)
             return answer;
         if (sd_bus_message_exit_container(message) < 0)

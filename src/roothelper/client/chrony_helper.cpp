@@ -24,7 +24,11 @@ HelperAnswer ChronyHelper::send(const std::string& request) {
     auto answer = m_xpc.ask(request, authorisation());
     if (!answer.reply && m_logger != nullptr)
         m_logger->log(LogLevel::warning, "Received empty reply");
-    return {answer.reply.value_or(""), answer.is_done};
+    if (!answer.reply)
+        answer.reply = "";
+    if (!answer.is_done && !answer.failure)
+        answer.failure = said_by_others(*answer.reply); // of a helper that does not tell failures by name
+    return answer;
 }
 
 void ChronyHelper::quit() {

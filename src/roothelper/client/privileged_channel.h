@@ -5,6 +5,8 @@
 // no call waits for another one's answer.
 #pragma once
 
+#include "base/failure.h"
+
 #include <array>
 #include <optional>
 #include <string>
@@ -18,6 +20,7 @@ using HelperToken = std::array<unsigned char, 32>;
 struct HelperAnswer {
     std::optional<std::string> reply = {}; // none: the message brought no text
     bool is_done = false;                  // the helper did what it was asked
+    std::optional<Failure> failure = {};   // why it was not done; of ChronyHelper's answers those have it that are not
 };
 
 class PrivilegedChannel {

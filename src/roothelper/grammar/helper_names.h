@@ -2,7 +2,8 @@
 //
 // A message is a dictionary (a{sv}). The request carries "request", one line of text, and, once the administrator has
 // agreed, "auth", the 32 bytes that Authorise gave to this connection. The reply carries "reply", a text: what the
-// command printed, or one sentence that says why nothing was run; and "status", 0 when the command did its work.
+// command printed, or one sentence that says why nothing was run; "status", 0 when the command did its work; and
+// "failure", where there is one to tell by name, as a line of base/failure_line.h.
 #pragma once
 
 #include <array>
@@ -32,7 +33,8 @@ inline constexpr const char* package_bundle = "/usr/lib/tickervantage/Tickervant
 inline constexpr const char* request_key = "request";
 inline constexpr const char* auth_key = "auth";
 inline constexpr const char* reply_key = "reply";
-inline constexpr const char* status_key = "status"; // i: 0 done, 1 refused or failed
+inline constexpr const char* status_key = "status";   // i: 0 done, 1 refused or failed
+inline constexpr const char* failure_key = "failure"; // s: not where it was done, nor of a helper that knows of none
 
 inline constexpr const char* administer_action = "net.brisklane.tickervantage";
 inline constexpr const char* unsafe_config_action = "net.brisklane.tickervantage.unsafe-config";
