@@ -33,7 +33,7 @@ int read_csv(const std::string& path, const std::string& text, ScatterMap& map, 
     CsvDamage damage;
     if (read_scatter_csv(text, std::filesystem::path(path).stem().string(), map, damage) != 0) {
         sentence = fmt::format("There is no point in {}: a line has temperature,frequency.", path);
-        return failed;
+        return has_failed;
     }
     if (damage.lines > 0)
         complain(
@@ -50,13 +50,13 @@ int read_csv(const std::string& path, const std::string& text, ScatterMap& map, 
 int read_points(UserFiles& files, const std::string& path, ScatterMap& map, std::string& sentence) {
     std::string text;
     if (files.read(path, LARGEST_FILE, text, sentence) != UserFiles::Found::text)
-        return failed;
+        return has_failed;
     if (path.ends_with(".csv"))
         return read_csv(path, text, map, sentence);
     if (read_scatter_json(text, map, sentence) == 0)
         return 0;
     sentence = fmt::format("{} is no scatter map. {}", path, sentence);
-    return failed;
+    return has_failed;
 }
 
 bool fit_all(ScatterMap& map, int order) {

@@ -52,7 +52,7 @@ int follow_log(const std::string& name, FollowedFiles& files, FollowForm form, s
         reader.follow();
         wait();
     } // lines end here
-    return is_read ? 0 : failed;
+    return is_read ? 0 : has_failed;
 }
 
 } // namespace tickervantage

@@ -27,7 +27,7 @@ void qt_message(QtMsgType type, const QMessageLogContext&, const QString& messag
     if (type != QtFatalMsg)
         return;
     complain(message.toStdString());
-    std::_Exit(failed); // Qt would abort
+    std::_Exit(has_failed); // Qt would abort
 }
 
 ClockTime now() {

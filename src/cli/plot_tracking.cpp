@@ -101,7 +101,7 @@ int plot_tracking(FollowedFiles& files, const TrackingPlot& plot, const PlotOpti
         (void)view.add_line(line); // what is no data line is no record
     };
     if (read_log(files, plot.log, add, sentence) != 0)
-        return failed;
+        return has_failed;
     if (view.records().empty()) {
         sentence = fmt::format("The tracking log {} has no record.", plot.log);
         return answer_is_no;
@@ -110,7 +110,7 @@ int plot_tracking(FollowedFiles& files, const TrackingPlot& plot, const PlotOpti
     const auto draw = [&view](Canvas& canvas, Rect bounds) {
         draw_newest(view, canvas, bounds);
     };
-    return plot_chart(options, caption_of(view, plot.log, options.width), draw, sentence) == 0 ? 0 : failed;
+    return plot_chart(options, caption_of(view, plot.log, options.width), draw, sentence) == 0 ? 0 : has_failed;
 }
 
 } // namespace tickervantage

@@ -22,7 +22,7 @@ std::string quoted(std::string_view typed) {
 
 int fail(std::ostream& err, std::string_view sentence) {
     err << "tickerctl: " << sentence << '\n';
-    return failed;
+    return has_failed;
 }
 
 int unknown_key(std::ostream& err, std::string_view key) {

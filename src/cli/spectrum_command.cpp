@@ -16,7 +16,7 @@ int read_records(FollowedFiles& files, const std::string& log, TrackingRecords& 
         records.add_line(line);
     };
     if (read_log(files, log, add, sentence) != 0)
-        return failed;
+        return has_failed;
     if (records.size() >= 2)
         return 0;
     sentence = fmt::format("The tracking log {} has fewer than two records.", log);
@@ -35,7 +35,7 @@ int spectrum_of_log(FollowedFiles& files, const SpectrumChoice& choice, Computed
     if (!series) {
         sentence =
             fmt::format("There is no spectrum of \"{}\"; there are offset, rem_cor and rms_offset.", choice.series);
-        return failed;
+        return has_failed;
     }
     TrackingRecords records;
     if (const int result = read_records(files, choice.log, records, sentence); result != 0)
@@ -44,7 +44,7 @@ int spectrum_of_log(FollowedFiles& files, const SpectrumChoice& choice, Computed
     if (compute_spectrum(records, *series, choice.interval, choice.duration, spectrum, failure) == 0)
         return 0;
     sentence = sentence_of(failure);
-    return failure.problem == SpectrumProblem::absent ? answer_is_no : failed;
+    return failure.problem == SpectrumProblem::absent ? answer_is_no : has_failed;
 }
 
 void print_spectrum(const ComputedSpectrum& spectrum, const SpectrumChoice& choice, OutputForm form,

@@ -18,7 +18,7 @@ void complain(const std::string& sentence) {
 
 int fail(const std::string& sentence) {
     complain(sentence);
-    return failed;
+    return has_failed;
 }
 
 } // namespace tickervantage

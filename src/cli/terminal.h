@@ -7,7 +7,7 @@ namespace tickervantage {
 
 // Exit statuses. The answer "yes" is 0.
 inline constexpr int answer_is_no = 1; // not synchronised, refused, without a value
-inline constexpr int failed = 2;       // wrong usage, input that cannot be read, output that cannot be written
+inline constexpr int has_failed = 2;   // wrong usage, input that cannot be read, output that cannot be written
 inline constexpr int interrupted = -1; // by a signal, before there was an answer: main ends by that signal
 
 // Fit for one line of a terminal: control characters become question marks.
@@ -16,7 +16,7 @@ inline constexpr int interrupted = -1; // by a signal, before there was an answe
 // Writes the sentence as one line.
 void complain(const std::string& sentence);
 
-// The same; returns `failed`.
+// The same; returns `has_failed`.
 int fail(const std::string& sentence);
 
 } // namespace tickervantage

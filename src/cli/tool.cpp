@@ -158,7 +158,7 @@ int Tool::version_report() {
     const ExecuteResult chronyc = ask(bundle_chronyc);
     std::cout << version_text(chronyd.output, chronyc.output) << '\n';
     complain_of(chronyd.sentence.empty() ? chronyc : chronyd);
-    return chronyd.sentence.empty() && chronyc.sentence.empty() ? 0 : failed;
+    return chronyd.sentence.empty() && chronyc.sentence.empty() ? 0 : has_failed;
 }
 
 // Root reaches the daemon's socket itself; another machine's daemon, and a demonstration's, are not the helper's.
@@ -197,7 +197,7 @@ int Tool::report() {
     std::cout << result.output;
     complain_of(result);
     if (result.outcome != ExecuteOutcome::exited)
-        return failed;
+        return has_failed;
     return result.exit_status == 0 ? 0 : answer_is_no;
 }
 
