@@ -61,6 +61,14 @@ std::string filled(std::string_view words, const std::vector<std::string>& argum
     return text;
 }
 
+// What stands before a cause goes with it: "Cannot read a." in place of "Cannot read a: %c.".
+std::string without_place_of_cause(std::string words) {
+    constexpr std::string_view place = ": %c";
+    if (const auto at = words.find(place); at != std::string::npos)
+        words.erase(at, place.size());
+    return words;
+}
+
 } // namespace
 
 bool operator==(const Failure& one, const Failure& other) {
@@ -96,8 +104,10 @@ std::string put_into_words(const Failure& failure, const FailureLanguage& langua
         return language.system_words(number_in(failure));
     const std::string words = language.words(failure.code);
     const std::string cause = failure.cause == nullptr ? std::string() : put_into_words(*failure.cause, language);
+    if (cause.empty())
+        return filled(without_place_of_cause(words), failure.arguments, {});
     const std::string text = filled(words, failure.arguments, cause);
-    return cause.empty() || words.find("%c") != std::string::npos ? text : text + ' ' + cause;
+    return words.find("%c") != std::string::npos ? text : text + ' ' + cause;
 }
 
 std::string english(const Failure& failure) {

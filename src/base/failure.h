@@ -46,7 +46,8 @@ using Result = tl::expected<Value, Failure>;
 [[nodiscard]] const char* words_of(FailureCode code);
 
 // A failure's parts put into its words. `translate` gives the words of a code, `system_words` those of an errno; both
-// fronts share what is done with a cause: it stands in the place of %c without its full stop, else behind the sentence.
+// fronts share what is done with a cause: it stands in the place of %c without its full stop, else behind the sentence;
+// without a cause ": %c" goes.
 struct FailureLanguage {
     std::string (*words)(FailureCode code);
     std::string (*system_words)(int error);

@@ -3,8 +3,8 @@
 
 /* TRANSLATOR failures
    What the program says of its work, in alerts and in status lines. %1 to %9 stand for paths, numbers and the words of
-   chrony or of the system; %c stands for another of these sentences, without its full stop. Sentences that begin in
-   lower case follow a colon. */
+   chrony or of the system; %c stands for another of these sentences, without its full stop; where there is none, ": %c"
+   goes with it. Sentences that begin in lower case follow a colon. */
 
 // anything
 TV_FAILURE(others_words, "%1") // for said_by_others
@@ -34,6 +34,56 @@ TV_FAILURE(is_larger_than, TV_TEXT("failures", "it is larger than %1 bytes"))
 // the studies: logs, points, pictures
 
 // the client of the root helper, and its jobs
+TV_FAILURE(nothing_done, TV_TEXT("failures", "Nothing was done.")) // for want of the rights: that was told
+TV_FAILURE(job_under_way, TV_TEXT("failures", "Another administrative job is under way."))
+TV_FAILURE(no_such_job, TV_TEXT("failures", "There is no such job."))
+TV_FAILURE(cannot_prepare_files, TV_TEXT("failures", "The files to be installed cannot be written to %1."))
+TV_FAILURE(distribution_installed,
+           TV_TEXT("failures", "The preferences point to the distribution's chrony, which is installed already."))
+TV_FAILURE(distribution_removes,
+           TV_TEXT("failures",
+                   "The preferences point to the distribution's chrony, which its package manager removes."))
+TV_FAILURE(distribution_rotates,
+           TV_TEXT("failures", "The logs of the distribution's chrony are rotated by the distribution."))
+TV_FAILURE(not_installed_after_all, TV_TEXT("failures", "%1 was not installed."))
+TV_FAILURE(no_chronywake, TV_TEXT("failures", "There is no chronywake in the folders of programs."))
+TV_FAILURE(no_log_folder, TV_TEXT("failures", "The configuration names no folder of logs."))
+TV_FAILURE(no_gps_daemon, TV_TEXT("failures", "There is no service of a GPS daemon on this machine."))
+TV_FAILURE(no_configuration_to_install,
+           TV_TEXT("failures", "There is no configuration to be installed: %1 cannot be read."))
+TV_FAILURE(no_server_name, TV_TEXT("failures", "A server has a name or an address, without quotes or signs."))
+TV_FAILURE(other_configuration_in_use,
+           TV_TEXT("failures", "Nothing was changed: %1 reads %2, while the preferences name %3 as the configuration."))
+TV_FAILURE(configuration_refused, TV_TEXT("failures", "chronyd refuses this configuration: %c."))
+TV_FAILURE(configuration_not_checked,
+           TV_TEXT("failures", "This configuration could not be checked and is not installed: %c."))
+TV_FAILURE(configuration_not_installed, TV_TEXT("failures", "The configuration was not installed: %c."))
+TV_FAILURE(configuration_without_daemon,
+           TV_TEXT("failures", "The configuration is installed, but chronyd was not started: %c."))
+TV_FAILURE(chronyd_ended_soon, TV_TEXT("failures", "chronyd ended soon after it was started with this configuration."))
+TV_FAILURE(chronyd_ended_saying,
+           TV_TEXT("failures", "chronyd ended soon after it was started with this configuration: %1."))
+TV_FAILURE(no_former_configuration,
+           TV_TEXT("failures", "There was no configuration before it that could be put back: chronyd does not run."))
+TV_FAILURE(former_not_back, TV_TEXT("failures", "The former configuration did not come back: %c."))
+TV_FAILURE(former_does_not_run,
+           TV_TEXT("failures", "The former configuration is back, but chronyd does not run with it either: %c."))
+TV_FAILURE(former_is_back, TV_TEXT("failures", "The former configuration is back, and chronyd runs with it again."))
+TV_FAILURE(chrony_not_installed, TV_TEXT("failures", "chrony was not installed: %c."))
+TV_FAILURE(chrony_not_removed, TV_TEXT("failures", "chrony was not removed as a whole: %c."))
+TV_FAILURE(old_not_removed, TV_TEXT("failures", "The older installation was not removed as a whole: %c."))
+TV_FAILURE(chronyd_not_started, TV_TEXT("failures", "chronyd was not started: %c."))
+TV_FAILURE(chronyd_not_stopped, TV_TEXT("failures", "chronyd was not stopped: %c."))
+TV_FAILURE(clock_treated_as_before, TV_TEXT("failures", "chronyd still treats the clock as before: %c."))
+TV_FAILURE(chronywake_not_installed, TV_TEXT("failures", "chronywake was not installed: %c."))
+TV_FAILURE(chronywake_not_removed, TV_TEXT("failures", "chronywake was not removed: %c."))
+TV_FAILURE(chronywake_failed, TV_TEXT("failures", "chronywake did not correct the clock: %c."))
+TV_FAILURE(logs_not_rotated, TV_TEXT("failures", "The logs were not rotated: %c."))
+TV_FAILURE(log_not_readable, TV_TEXT("failures", "The tracking log was not made readable: %c."))
+TV_FAILURE(gps_daemon_not_restarted, TV_TEXT("failures", "The GPS daemon was not restarted: %c."))
+TV_FAILURE(clock_not_stepped, TV_TEXT("failures", "The clock was not stepped: %c."))
+TV_FAILURE(clock_not_synchronised, TV_TEXT("failures", "The clock was not synchronised."))
+TV_FAILURE(processes_not_listed, TV_TEXT("failures", "The processes could not be listed: %c."))
 
 // the root helper
 

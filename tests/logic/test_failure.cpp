@@ -22,7 +22,7 @@ TEST(Failure, IsPutIntoEnglishWithItsCause) {
     EXPECT_EQ(english(said_by_others("100% %1 %c")), "100% %1 %c");
     EXPECT_EQ(english(made(failed(FailureCode::cannot_read, {"%c %1 100%"}, said_by_others("no.")))),
               "Cannot read %c %1 100%: no.");
-    EXPECT_EQ(english(made(failed(FailureCode::cannot_read))), "Cannot read : .") << "nothing is read beyond the end";
+    EXPECT_EQ(english(made(failed(FailureCode::cannot_read))), "Cannot read .") << "nothing is read beyond the end";
 }
 
 TEST(Failure, TravelsAsALine) {
