@@ -122,19 +122,19 @@ Administration::Administration(AdministrationParts parts)
 
 Administration::~Administration() = default;
 
-void Administration::add_handlers(MenuHandlers& handlers) {
-    m_menu.add_handlers(handlers);
-    add_former_configurations_handler({.jobs = m_jobs,
-                                       .queue = m_parts.machine.queue("net.brisklane.history"),
-                                       .main_thread = m_parts.main_thread,
-                                       .probes = m_parts.machine.probes,
-                                       .configuration = [this] { return m_parts.general.config; },
-                                       .window = m_parts.window,
-                                       .changed =
-                                           [this] {
-                                               m_parts.cycle().refresh();
-                                           }},
-                                      handlers);
+void Administration::connect_items(const ApplicationMenus& menus) {
+    m_menu.connect_items(menus);
+    connect_former_configurations_item({.jobs = m_jobs,
+                                        .queue = m_parts.machine.queue("net.brisklane.history"),
+                                        .main_thread = m_parts.main_thread,
+                                        .probes = m_parts.machine.probes,
+                                        .configuration = [this] { return m_parts.general.config; },
+                                        .window = m_parts.window,
+                                        .changed =
+                                            [this] {
+                                                m_parts.cycle().refresh();
+                                            }},
+                                       menus);
 }
 
 ShowAlert Administration::show() {

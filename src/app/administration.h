@@ -49,8 +49,8 @@ public:
     [[nodiscard]] AdministrativeJobs& jobs() { return m_jobs; }
     [[nodiscard]] PrivilegedMenu& menu() { return m_menu; }
 
-    // Of the menu's items that administer.
-    void add_handlers(MenuHandlers& handlers);
+    // The menu's items that administer.
+    void connect_items(const ApplicationMenus& menus);
 
     // Once for each load of the main window.
     void offer_installation() { m_offers.start(); }

@@ -100,8 +100,8 @@ void AppDelegate::make_main_window() {
                 }});
     make_administration();
     make_help();
-    m_menus = build_application_menus(m_main_window.get(), menu_handlers(),
-                                      [this] { return m_parts.actions->action_in_progress(); });
+    m_menus = build_application_menus(m_main_window.get());
+    connect_items();
     m_window_menus = std::make_unique<WindowMenus>(*m_menus.m_windows, *m_menus.actions.at("quit"));
     auto* recent = new QMenu(m_main_window.get());
     fill_with_recent_files(recent, {[this] { return configurations().recent(); },
@@ -360,123 +360,66 @@ void AppDelegate::liveTracking() {
     });
 }
 
-MenuHandlers AppDelegate::menu_handlers() {
-    const QString log_folder = QString::fromStdString(m_parts.paths.state);
-    MenuHandlers handlers{{"showTickervantage",
-                           [this] {
-                               showTickervantage();
-                           }},
-                          {"openTrackingLog",
-                           [this] {
-                               openTrackingLog();
-                           }},
-                          {"liveTracking",
-                           [this] {
-                               liveTracking();
-                           }},
-                          {"showFreqTemp",
-                           [this] {
-                               analysis().showFreqTemp();
-                               m_main_window->cycle().go_on_for_listeners();
-                           }},
-                          {"showFreqInspector",
-                           [this] {
-                               analysis().showFreqInspector();
-                           }},
-                          {"showSpectrum",
-                           [this] {
-                               analysis().showSpectrum();
-                           }},
-                          {"showConfigEditor",
-                           [this] {
-                               configurations().show_installed();
-                           }},
-                          {"newConfiguration",
-                           [this] {
-                               configurations().new_document();
-                           }},
-                          {"openConfiguration",
-                           [this] {
-                               configurations().open_document();
-                           }},
-                          {"recentConfigurations",
-                           [] {
-                           }}, // has a menu of its own
-                          {"showLogs",
-                           [this] {
-                               showLogs();
-                           }},
-                          {"showServers",
-                           [this] {
-                               settings_windows().showServers();
-                           }},
-                          {"showPreferences",
-                           [this] {
-                               settings_windows().showPreferences(Preferences::Pane::general);
-                           }},
-                          {"checkForUpdates",
-                           [this] {
-                               settings_windows().showPreferences(Preferences::Pane::update);
-                           }},
-                          {"refresh",
-                           [this] {
-                               m_main_window->cycle().refresh();
-                           }},
-                          {"chooseFont",
-                           [this] {
-                               m_main_window->chooseFont();
-                           }},
-                          {"defaultFont",
-                           [this] {
-                               m_main_window->defaultFont();
-                           }},
-                          {"closeWindow",
-                           [this] {
-                               QWidget* active =
-                                   QApplication::activeWindow(); // none while another program has the keyboard
-                               (active != nullptr ? active : m_main_window.get())->close();
-                           }},
-                          {"quit",
-                           [] {
-                               QApplication::closeAllWindows();
-                           }},
-                          {"showLogFile",
-                           [this, log_folder] {
-                               if (!show_file(log_folder + QStringLiteral("/tickervantage.log")))
-                                   //: alert: %1 is a folder
-                                   say(Texts::tr("The log cannot be shown here. It lies in %1.").arg(log_folder));
-                           }},
-                          {"showLogFolder",
-                           [this, log_folder] {
-                               if (!reveal_folder(log_folder))
-                                   //: alert: %1 is a folder
-                                   say(Texts::tr("The folder %1 cannot be shown here.").arg(log_folder));
-                           }},
-                          {"siteTickervantage",
-                           [] {
-                               (void)open_page(QLatin1String(product_page));
-                           }}, // silent by design
-                          {"siteChrony",
-                           [] {
-                               (void)open_page(QLatin1String(chrony_page));
-                           }},
-                          {"showAbout", [this] {
-                               show_about(m_main_window.get());
-                           }}};
-    m_help->add_handlers(handlers);
-    if (m_administration) {
-        m_administration->add_handlers(handlers);
-        add_clock_setting_handlers({.jobs = m_administration->jobs(),
-                                    .settings = m_parts.cycle.settings,
-                                    .window = [this] { return m_main_window.get(); },
-                                    .changed = [this] { m_main_window->cycle().refresh(); },
-                                    .say =
-                                        [this](const QString& sentence) {
-                                            say(sentence);
-                                        }},
-                                   handlers);
-    }
-    return handlers;
+void AppDelegate::connect_items() {
+    m_menus.on("showTickervantage", [this] { showTickervantage(); });
+    m_menus.on("openTrackingLog", [this] { openTrackingLog(); });
+    m_menus.on("liveTracking", [this] { liveTracking(); });
+    m_menus.on("showFreqTemp", [this] {
+        analysis().showFreqTemp();
+        m_main_window->cycle().go_on_for_listeners();
+    });
+    m_menus.on("showFreqInspector", [this] { analysis().showFreqInspector(); });
+    m_menus.on("showSpectrum", [this] { analysis().showSpectrum(); });
+    m_menus.on("showConfigEditor", [this] { configurations().show_installed(); });
+    m_menus.on("newConfiguration", [this] { configurations().new_document(); });
+    m_menus.on("openConfiguration", [this] { configurations().open_document(); });
+    m_menus.on("recentConfigurations", [] {}); // has a menu of its own
+    m_menus.on("showLogs", [this] { showLogs(); });
+    m_menus.on("showServers", [this] { settings_windows().showServers(); });
+    m_menus.on("showPreferences", [this] { settings_windows().showPreferences(Preferences::Pane::general); });
+    m_menus.on("checkForUpdates", [this] { settings_windows().showPreferences(Preferences::Pane::update); });
+    m_menus.on("refresh", [this] { m_main_window->cycle().refresh(); });
+    m_menus.on("chooseFont", [this] { m_main_window->chooseFont(); });
+    m_menus.on("defaultFont", [this] { m_main_window->defaultFont(); });
+    m_menus.on("closeWindow", [this] {
+        QWidget* active = QApplication::activeWindow(); // none while another program has the keyboard
+        (active != nullptr ? active : m_main_window.get())->close();
+    });
+    m_menus.on("quit", [] { QApplication::closeAllWindows(); });
+    m_menus.on("siteTickervantage", [] { (void)open_page(QLatin1String(product_page)); }); // silent by design
+    m_menus.on("siteChrony", [] { (void)open_page(QLatin1String(chrony_page)); });
+    m_menus.on("showAbout", [this] { show_about(m_main_window.get()); });
+    connect_log_items();
+    m_help->connect_items(m_menus);
+    if (m_administration)
+        connect_administration_items();
+}
+
+void AppDelegate::connect_log_items() {
+    const QString folder = QString::fromStdString(m_parts.paths.state);
+    m_menus.on("showLogFile", [this, folder] {
+        if (!show_file(folder + QStringLiteral("/tickervantage.log")))
+            //: alert: %1 is a folder
+            say(Texts::tr("The log cannot be shown here. It lies in %1.").arg(folder));
+    });
+    m_menus.on("showLogFolder", [this, folder] {
+        if (!reveal_folder(folder))
+            //: alert: %1 is a folder
+            say(Texts::tr("The folder %1 cannot be shown here.").arg(folder));
+    });
+}
+
+void AppDelegate::connect_administration_items() {
+    m_administration->connect_items(m_menus);
+    connect_clock_setting_items({.jobs = m_administration->jobs(),
+                                 .settings = m_parts.cycle.settings,
+                                 .window = [this] { return m_main_window.get(); },
+                                 .changed = [this] { m_main_window->cycle().refresh(); },
+                                 .say =
+                                     [this](const QString& sentence) {
+                                         say(sentence);
+                                     }},
+                                m_menus);
 }
 
 void AppDelegate::say(const QString& sentence) {

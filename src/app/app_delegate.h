@@ -93,7 +93,9 @@ public:
     [[nodiscard]] bool is_stopping() const { return m_stopping; }
 
 private:
-    [[nodiscard]] MenuHandlers menu_handlers();
+    void connect_items();
+    void connect_log_items();
+    void connect_administration_items();
     [[nodiscard]] ChronyPaths usual_paths() const;
     [[nodiscard]] StatusCycleOptions cycle_options();
     void make_main_window();

@@ -6,7 +6,6 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include <utility>
 #include <vector>
 
 namespace tickervantage {
@@ -96,72 +95,55 @@ std::vector<Item> help_items() {
             {"showAbout", QT_TRANSLATE_NOOP("menus", "&About Tickervantage"), {}}};
 }
 
-class MenuBuilder {
-public:
-    MenuBuilder(QMainWindow* window, const MenuHandlers& handlers, ApplicationMenus& menus)
-        : m_window(window), m_handlers(handlers), m_menus(menus) {}
+void add_item(QMenu* menu, const Item& item, ApplicationMenus& menus) {
+    QAction* action = menu->addAction(Texts::tr(item.text));
+    action->setObjectName(QLatin1String(item.name));
+    action->setShortcut(item.shortcut);
+    action->setEnabled(false);
+    //: tooltip of a menu item that cannot be used
+    action->setToolTip(Texts::tr("Not part of this version"));
+    action->setVisible(QLatin1String(item.name) != QLatin1String("showDonate")); // it comes with its resource alone
+    menus.actions[item.name] = action;
+}
 
-    QMenu* add(const QString& title, const std::vector<Item>& items) {
-        QMenu* menu = m_window->menuBar()->addMenu(title);
-        menu->setToolTipsVisible(true);
-        for (const auto& item : items) {
-            if (item.name == nullptr)
-                menu->addSeparator();
-            else
-                add_item(menu, item);
-        }
-        return menu;
+QMenu* add_menu(QMainWindow* window, const QString& title, const std::vector<Item>& items, ApplicationMenus& menus) {
+    QMenu* menu = window->menuBar()->addMenu(title);
+    menu->setToolTipsVisible(true);
+    for (const auto& item : items) {
+        if (item.name == nullptr)
+            menu->addSeparator();
+        else
+            add_item(menu, item, menus);
     }
-
-private:
-    void add_item(QMenu* menu, const Item& item) {
-        QAction* action = menu->addAction(Texts::tr(item.text));
-        action->setObjectName(QLatin1String(item.name));
-        action->setShortcut(item.shortcut);
-        m_menus.actions[item.name] = action;
-        const auto handler = m_handlers.find(item.name);
-        if (handler != m_handlers.end()) {
-            QObject::connect(action, &QAction::triggered, m_window, handler->second);
-            return;
-        }
-        action->setEnabled(false);
-        //: tooltip of a menu item that cannot be used
-        action->setToolTip(Texts::tr("Not part of this version"));
-        action->setVisible(QLatin1String(item.name) != QLatin1String("showDonate")); // it comes with its resource alone
-    }
-
-    QMainWindow* m_window;
-    const MenuHandlers& m_handlers;
-    ApplicationMenus& m_menus;
-};
+    return menu;
+}
 
 } // namespace
 
-ApplicationMenus build_application_menus(QMainWindow* window, const MenuHandlers& handlers,
-                                         std::function<bool()> job_in_progress) {
+QAction* ApplicationMenus::offer(const char* name) const {
+    QAction* action = actions.at(name);
+    action->setEnabled(true);
+    action->setToolTip({});
+    action->setVisible(true);
+    return action;
+}
+
+ApplicationMenus build_application_menus(QMainWindow* window) {
     ApplicationMenus menus;
-    MenuBuilder builder(window, handlers, menus);
+    const auto add = [window, &menus](const QString& title, const std::vector<Item>& items) {
+        return add_menu(window, title, items, menus);
+    };
     //: titles of the menus
-    builder.add(Texts::tr("&File"), file_items());
-    builder.add(Texts::tr("&View"), view_items());
-    menus.m_action = builder.add(Texts::tr("&Chrony"), action_items());
-    menus.m_windows = builder.add(Texts::tr("&Window"), window_items());
-    builder.add(Texts::tr("&Help"), help_items());
+    add(Texts::tr("&File"), file_items());
+    add(Texts::tr("&View"), view_items());
+    menus.m_action = add(Texts::tr("&Chrony"), action_items());
+    menus.m_windows = add(Texts::tr("&Window"), window_items());
+    add(Texts::tr("&Help"), help_items());
     menus.m_frequency_item = menus.actions.at("showFreqTemp");
     menus.m_spectrum_item = menus.actions.at("showSpectrum");
     menus.m_action->setObjectName(QStringLiteral("m_action"));
     menus.m_frequency_item->setObjectName(QStringLiteral("m_frequency_item"));
     menus.m_spectrum_item->setObjectName(QStringLiteral("m_spectrum_item"));
-
-    std::vector<QAction*> exclusive; // items without a handler stay disabled whatever goes on
-    for (const char* name : exclusive_actions)
-        if (handlers.contains(name))
-            exclusive.push_back(menus.actions.at(name));
-    QObject::connect(menus.m_action, &QMenu::aboutToShow, window, [exclusive, busy = std::move(job_in_progress)] {
-        const bool enabled = !busy();
-        for (auto* action : exclusive)
-            action->setEnabled(enabled);
-    });
     return menus;
 }
 

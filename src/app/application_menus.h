@@ -1,35 +1,42 @@
-// The menu bar: every action of the program, by name. An action whose handler is not there is shown disabled.
+// The menu bar: every action of the program, by name. An item stays disabled until somebody answers to it.
 #pragma once
 
+#include <QAction>
+
 #include <array>
-#include <functional>
 #include <map>
 #include <string>
+#include <utility>
 
-class QAction;
 class QMainWindow;
 class QMenu;
 
 namespace tickervantage {
 
-// By the name of the action, which is also the object name of its menu item, but for the items and the menu that have a
-// field of their own below: their object name is the field's.
-using MenuHandlers = std::map<std::string, std::function<void()>>;
-
+// The name of an action is also the object name of its menu item, but for the items and the menu that have a field of
+// their own: their object name is the field's.
 struct ApplicationMenus {
     QMenu* m_action = nullptr;           // the administrative jobs
     QMenu* m_windows = nullptr;          // the windows that can be opened
     QAction* m_frequency_item = nullptr; // opens the frequency-temperature window
     QAction* m_spectrum_item = nullptr;  // opens the spectrum window
     std::map<std::string, QAction*> actions;
+
+    // Lets the item be chosen; `slot` is called then. What it uses outlives the menu bar.
+    template <class Slot>
+    void on(const char* name, Slot slot) const {
+        QAction* action = offer(name);
+        QObject::connect(action, &QAction::triggered, action, std::move(slot));
+    }
+
+private:
+    QAction* offer(const char* name) const;
 };
 
 // The five items of the action menu that are disabled while an administrative job is under way.
 inline constexpr std::array<const char*, 5> exclusive_actions{"installChrony", "uninstallChrony", "startChrony",
                                                               "stopChrony", "runChronywake"};
 
-// `job_in_progress` is asked whenever the action menu opens.
-[[nodiscard]] ApplicationMenus build_application_menus(QMainWindow* window, const MenuHandlers& handlers,
-                                                       std::function<bool()> job_in_progress);
+[[nodiscard]] ApplicationMenus build_application_menus(QMainWindow* window);
 
 } // namespace tickervantage

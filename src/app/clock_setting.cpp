@@ -38,13 +38,9 @@ void show_step_time(const ClockSettingParts& parts) {
 
 } // namespace
 
-void add_clock_setting_handlers(const ClockSettingParts& parts, MenuHandlers& handlers) {
-    handlers["synchServer"] = [parts] {
-        show_synchronize(parts);
-    };
-    handlers["stepTime"] = [parts] {
-        show_step_time(parts);
-    };
+void connect_clock_setting_items(const ClockSettingParts& parts, const ApplicationMenus& menus) {
+    menus.on("synchServer", [parts] { show_synchronize(parts); });
+    menus.on("stepTime", [parts] { show_step_time(parts); });
 }
 
 } // namespace tickervantage

@@ -23,7 +23,7 @@ struct ClockSettingParts {
     std::function<void(const QString& sentence)> say;
 };
 
-// Adds "synchServer" and "stepTime".
-void add_clock_setting_handlers(const ClockSettingParts& parts, MenuHandlers& handlers);
+// "synchServer" and "stepTime".
+void connect_clock_setting_items(const ClockSettingParts& parts, const ApplicationMenus& menus);
 
 } // namespace tickervantage

@@ -60,10 +60,8 @@ void show_window(const FormerConfigurationsParts& parts) {
 
 } // namespace
 
-void add_former_configurations_handler(const FormerConfigurationsParts& parts, MenuHandlers& handlers) {
-    handlers["formerConfigurations"] = [parts] {
-        show_window(parts);
-    };
+void connect_former_configurations_item(const FormerConfigurationsParts& parts, const ApplicationMenus& menus) {
+    menus.on("formerConfigurations", [parts] { show_window(parts); });
 }
 
 } // namespace tickervantage

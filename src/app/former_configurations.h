@@ -22,7 +22,7 @@ struct FormerConfigurationsParts {
     std::function<void()> changed; // the daemon
 };
 
-// Adds "formerConfigurations".
-void add_former_configurations_handler(const FormerConfigurationsParts& parts, MenuHandlers& handlers);
+// "formerConfigurations".
+void connect_former_configurations_item(const FormerConfigurationsParts& parts, const ApplicationMenus& menus);
 
 } // namespace tickervantage

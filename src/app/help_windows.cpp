@@ -56,7 +56,7 @@ void HelpWindows::show(const QString& page) {
     bring_to_front(*m_viewer);
 }
 
-void HelpWindows::add_handlers(MenuHandlers& handlers) {
+void HelpWindows::connect_items(const ApplicationMenus& menus) {
     constexpr std::array<std::pair<const char*, const char*>, 7> items{{{"helpFirstUse", first_page},
                                                                         {"helpWindows", "windows"},
                                                                         {"helpChronyConf", "chrony.conf"},
@@ -65,9 +65,7 @@ void HelpWindows::add_handlers(MenuHandlers& handlers) {
                                                                         {"helpChronywake", "chronywake"},
                                                                         {"helpFAQ", "faq"}}};
     for (const auto& [name, page] : items)
-        handlers[name] = [this, page = QString(QLatin1String(page))] {
-            show(page);
-        };
+        menus.on(name, [this, page = QString(QLatin1String(page))] { show(page); });
 }
 
 bool HelpWindows::eventFilter(QObject* receiver, QEvent* event) {

@@ -27,7 +27,7 @@ public:
     HelpWindows& operator=(const HelpWindows&) = delete;
 
     void show(const QString& page);
-    void add_handlers(MenuHandlers& handlers);
+    void connect_items(const ApplicationMenus& menus);
 
 protected:
     // Sees F1 only where the window has no use of its own for it.

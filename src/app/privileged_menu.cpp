@@ -4,6 +4,7 @@
 #include "qt/spoken.h"
 
 #include <QCoreApplication>
+#include <QMenu>
 
 #include <utility>
 
@@ -45,25 +46,23 @@ PrivilegedMenu::PrivilegedMenu(PrivilegedMenuParts parts) : m_parts(std::move(pa
     });
 }
 
-void PrivilegedMenu::add_handlers(MenuHandlers& handlers) {
-    handlers["installChrony"] = [this] {
-        install();
-    };
-    handlers["runChronywake"] = [this] {
+void PrivilegedMenu::connect_items(const ApplicationMenus& menus) {
+    menus.on("installChrony", [this] { install(); });
+    menus.on("runChronywake", [this] {
         run({AdminJob::run_wake}, [this](const JobResult& result) {
             //: alert after a run of chronywake: %1 is what it answered
             m_parts.say(Texts::tr("chronywake answered: %1").arg(QString::fromStdString(result.output)));
         });
-    };
-    handlers["uninstallChrony"] = [this] {
-        uninstall();
-    };
+    });
+    menus.on("uninstallChrony", [this] { uninstall(); });
     for (const auto& [name, job] : {std::pair{"startChrony", AdminJob::start},
                                     {"stopChrony", AdminJob::stop},
                                     {"rotateLogs", AdminJob::rotate_logs}})
-        handlers[name] = [this, job = job] {
-            run_and_tell({job});
-        };
+        menus.on(name, [this, job = job] { run_and_tell({job}); });
+    QObject::connect(menus.m_action, &QMenu::aboutToShow, menus.m_action, [this, menus] {
+        for (const char* name : exclusive_actions)
+            menus.actions.at(name)->setEnabled(!m_parts.jobs.busy());
+    });
 }
 
 void PrivilegedMenu::run(const AdminRequest& request, std::function<void(const JobResult& result)> done) {

@@ -32,7 +32,7 @@ class PrivilegedMenu {
 public:
     explicit PrivilegedMenu(PrivilegedMenuParts parts);
 
-    void add_handlers(MenuHandlers& handlers);
+    void connect_items(const ApplicationMenus& menus);
 
     // Installs chrony and starts it, while the status cycle rests.
     void install();

@@ -75,9 +75,8 @@ struct AdministrationTest : ::testing::Test {
             .show_progress = [this](const QString& text) { progress.push_back(text.toStdString()); },
             .say = [this](const QString& sentence) { said.push_back(sentence.toStdString()); },
             .stop_for_version = {}});
-        MenuHandlers handlers;
-        administration->menu().add_handlers(handlers);
-        menus = build_application_menus(window.get(), handlers, [this] { return fakes.actions->action_in_progress(); });
+        menus = build_application_menus(window.get());
+        administration->menu().connect_items(menus);
         window->windowDidLoad();
         window->show();
         settle();
@@ -107,6 +106,7 @@ TEST_F(AdministrationTest, JobTellsWhatItDoesAndDisablesTheOthersMeanwhile) {
         Q_EMIT menus.m_action->aboutToShow();
         for (const char* item : exclusive_actions)
             EXPECT_FALSE(menus.actions.at(item)->isEnabled()) << item << " during " << name;
+        EXPECT_TRUE(menus.actions.at("rotateLogs")->isEnabled());
         settle();
         Q_EMIT menus.m_action->aboutToShow();
         for (const char* item : exclusive_actions)

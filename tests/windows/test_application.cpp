@@ -146,26 +146,6 @@ TEST_F(ApplicationTest, EveryWindowIsUsedByKeysAlone) {
         EXPECT_TRUE(seen.contains(name)) << name;
 }
 
-TEST(ApplicationMenus, ActionMenuIsDisabledExactlyWhileAJobRuns) {
-    QMainWindow window;
-    bool busy = true;
-    MenuHandlers handlers;
-    for (const char* name : exclusive_actions)
-        handlers[name] = [] {
-        };
-    handlers["rotateLogs"] = [] {
-    };
-    const auto menus = build_application_menus(&window, handlers, [&busy] { return busy; });
-    Q_EMIT menus.m_action->aboutToShow();
-    for (const char* name : exclusive_actions)
-        EXPECT_FALSE(menus.actions.at(name)->isEnabled()) << name;
-    EXPECT_TRUE(menus.actions.at("rotateLogs")->isEnabled());
-    busy = false;
-    Q_EMIT menus.m_action->aboutToShow();
-    for (const char* name : exclusive_actions)
-        EXPECT_TRUE(menus.actions.at(name)->isEnabled()) << name;
-}
-
 TEST_F(ApplicationTest, ShutdownStopsTheTimersSavesWhatWasChangedAndClosesTheLog) {
     launch();
     item("showPreferences")->trigger();
