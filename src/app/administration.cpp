@@ -3,7 +3,7 @@
 #include "app/alert_sheet.h"
 #include "app/former_configurations.h"
 #include "chrony/status/status_cycle.h"
-#include "qt/spoken.h"
+#include "qt/in_words.h"
 #include "roothelper/jobs/distribution_chrony.h"
 #include "roothelper/jobs/job_environment.h"
 #include "settings/warning_register.h"
@@ -169,10 +169,10 @@ void Administration::ask_for_rights() {
     });
 }
 
-void Administration::show_problem(PrivilegedProblem problem, const std::string& detail) {
+void Administration::show_problem(PrivilegedProblem problem, const Failure& why) {
     if (problem == PrivilegedProblem::not_installed) {
         //: alert: %1 is a sentence with the reason
-        m_parts.say(Texts::tr("Helper install failed") + QStringLiteral("\n\n") + spoken(detail));
+        m_parts.say(Texts::tr("Helper install failed") + QStringLiteral("\n\n") + in_words(why));
         return;
     }
     const Alert alert{.identifier = "PasswordRequired",

@@ -59,7 +59,7 @@ public:
     void ask_for_rights();
 
     // Told by the shared actions.
-    void show_problem(PrivilegedProblem problem, const std::string& detail);
+    void show_problem(PrivilegedProblem problem, const Failure& why);
 
     // For the preferences and the configuration editor; each comes back on the main thread.
     void install_or_remove_wake(std::function<void(std::string sentence)> done);

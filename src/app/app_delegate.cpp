@@ -46,7 +46,6 @@ AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
     m_parts.logger.log(LogLevel::info, "Tickervantage " TICKERVANTAGE_VERSION " starts.");
-    m_parts.actions->prepare();
     remove_old_installations(m_parts.old_installation, m_parts.actions, m_parts.removal_queue);
     m_general = PreferencesGeneral::load(m_parts.cycle.settings, usual_paths());
     m_advanced = PreferencesAdvanced::load(m_parts.cycle.settings);
@@ -150,9 +149,9 @@ void AppDelegate::make_administration() {
                                 }});
 }
 
-void AppDelegate::show_problem(PrivilegedProblem problem, const std::string& detail) {
+void AppDelegate::show_problem(PrivilegedProblem problem, const Failure& why) {
     if (m_administration)
-        m_administration->show_problem(problem, detail);
+        m_administration->show_problem(problem, why);
 }
 
 InstallConfiguration AppDelegate::install_configuration() {

@@ -76,7 +76,7 @@ public:
     void settings_changed();
 
     // Told by the shared actions.
-    void show_problem(PrivilegedProblem problem, const std::string& detail);
+    void show_problem(PrivilegedProblem problem, const Failure& why);
 
     // The program was started once more: the main window comes up, and each finished tracking log in a window of its
     // own.

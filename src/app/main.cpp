@@ -149,8 +149,8 @@ std::unique_ptr<PrivilegedChannel> Program::make_channel(const Paths& paths, con
 }
 
 std::shared_ptr<PrivilegedActions> Program::make_actions() {
-    const auto tell = [this](PrivilegedProblem problem, const std::string& detail) {
-        m_main_thread.main_async([this, problem, detail] { m_delegate.show_problem(problem, detail); });
+    const auto tell = [this](PrivilegedProblem problem, const Failure& why) {
+        m_main_thread.main_async([this, problem, why] { m_delegate.show_problem(problem, why); });
     };
     return std::make_shared<PrivilegedActions>(*m_channel, PrivilegedReports{.logger = &m_logger, .problem = tell});
 }

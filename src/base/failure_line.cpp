@@ -13,6 +13,7 @@ namespace {
 
 constexpr char between_parts = '\t';
 constexpr char before_cause = '\x1e';
+constexpr char mark = '\x1d';
 constexpr std::size_t longest_line = 16384; // far more than any failure of ours has
 
 constexpr auto names = std::to_array<std::string_view>({
@@ -69,6 +70,19 @@ std::optional<Failure> failure_in(std::string_view line) {
         whole = std::move(failure);
     }
     return whole;
+}
+
+std::string marked_line(const Failure& failure) {
+    return mark + to_line(failure) + '\n';
+}
+
+std::optional<Failure> take_failure(std::string& output) {
+    const auto start = output.rfind(mark);
+    if (start == std::string::npos || (start > 0 && output[start - 1] != '\n') || !output.ends_with('\n'))
+        return std::nullopt;
+    auto failure = failure_in(std::string_view(output).substr(start + 1, output.size() - start - 2));
+    output.resize(start);
+    return failure;
 }
 
 } // namespace tickervantage

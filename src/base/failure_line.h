@@ -18,4 +18,13 @@ namespace tickervantage {
 // None for a text that is no such line, or that is caused by something this program has no name for.
 [[nodiscard]] std::optional<Failure> failure_in(std::string_view line);
 
+// Asks a program of ours to print, when it fails, its failure behind its words, as a line that begins with a mark.
+inline constexpr const char* failure_option = "--failure-line";
+
+// That line, with its end.
+[[nodiscard]] std::string marked_line(const Failure& failure);
+
+// Takes that line away from the end of what a program printed. None where there is no such line.
+std::optional<Failure> take_failure(std::string& output);
+
 } // namespace tickervantage

@@ -84,8 +84,28 @@ TV_FAILURE(gps_daemon_not_restarted, TV_TEXT("failures", "The GPS daemon was not
 TV_FAILURE(clock_not_stepped, TV_TEXT("failures", "The clock was not stepped: %c."))
 TV_FAILURE(clock_not_synchronised, TV_TEXT("failures", "The clock was not synchronised."))
 TV_FAILURE(processes_not_listed, TV_TEXT("failures", "The processes could not be listed: %c."))
+TV_FAILURE(helper_unreachable, TV_TEXT("failures", "The root helper cannot be reached: %c."))
+TV_FAILURE(bus_silent, TV_TEXT("failures", "the system bus does not answer"))
+TV_FAILURE(helper_not_installed, TV_TEXT("failures", "The root helper was not installed: %c."))
+TV_FAILURE(helper_of_other_version,
+           TV_TEXT("failures",
+                   "The root helper is of another version: start this program again, or install its package again."))
+TV_FAILURE(helper_missing,
+           TV_TEXT("failures", "The root helper is missing: install the package of this program again."))
+TV_FAILURE(helper_gave_no_authorisation, TV_TEXT("failures", "The root helper gave no authorisation."))
+TV_FAILURE(no_helper_here, TV_TEXT("failures", "There is no root helper here."))
 
 // the root helper
+TV_FAILURE(authorisation_needed, TV_TEXT("failures", "This needs an administrator's authorisation."))
+TV_FAILURE(authorisation_lapsed,
+           TV_TEXT("failures", "The authorisation does not hold for this connection, or holds no longer."))
+TV_FAILURE(authorisation_refused, TV_TEXT("failures", "The authorisation was not given."))
+TV_FAILURE(caller_unknown, TV_TEXT("failures", "The helper cannot find out who asks."))
+TV_FAILURE(refused_too_often,
+           TV_TEXT("failures", "This user was refused too often: it may be asked for again in a minute."))
+TV_FAILURE(asked_already, TV_TEXT("failures", "This user is being asked for a password already."))
+TV_FAILURE(polkit_silent, TV_TEXT("failures", "The authorisation service (polkit) does not answer."))
+TV_FAILURE(request_missing, TV_TEXT("failures", "The message holds no request."))
 
 // the tools that the root helper runs
 

@@ -9,8 +9,8 @@ namespace tickervantage {
 // Only a job asks for rights, and it wants to hear why there are none.
 DaemonAccess::DaemonAccess()
     : m_channel(m_execute, process_paths().bundle_program("chronyhelper")),
-      m_actions(m_channel, {.logger = nullptr, .problem = [](PrivilegedProblem, const std::string& detail) {
-                                complain(detail);
+      m_actions(m_channel, {.logger = nullptr, .problem = [](PrivilegedProblem, const Failure& why) {
+                                complain(english(why));
                             }}) {}
 
 int DaemonAccess::start_demonstration(const Paths& paths, std::string& sentence) {

@@ -1,6 +1,6 @@
+#include "base/failure_codes.h"
 #include "chrony/reports/running_check.h"
 #include "roothelper/client/privileged_actions.h"
-#include "roothelper/grammar/helper_names.h"
 #include "roothelper/jobs/administrative_jobs.h"
 #include "roothelper/jobs/daemon_watch.h"
 #include "roothelper/jobs/old_installation.h"
@@ -130,7 +130,7 @@ struct PrivilegedActionsTest : ::testing::Test {
     testing::MemoryLogger logger;
     std::vector<PrivilegedProblem> problems;
     std::shared_ptr<PrivilegedActions> actions = std::make_shared<PrivilegedActions>(
-        channel, PrivilegedReports{.logger = &logger, .problem = [this](PrivilegedProblem problem, const std::string&) {
+        channel, PrivilegedReports{.logger = &logger, .problem = [this](PrivilegedProblem problem, const Failure&) {
                                        problems.push_back(problem);
                                    }});
 };
@@ -155,6 +155,15 @@ TEST_F(PrivilegedActionsTest, ReplyWithoutTextIsLoggedAndEmpty) {
     EXPECT_EQ(logger.sentences, std::vector<std::string>{"Received empty reply"});
 }
 
+TEST_F(PrivilegedActionsTest, WhatWasNotDoneHasAFailureWhetherTheHelperNamesItOrOnlySpeaks) {
+    channel.reply = "No.";
+    EXPECT_FALSE(actions->execute_in_job("a").failure);
+    channel.failing = {"a"};
+    EXPECT_EQ(actions->execute_in_job("a").failure, said_by_others("No."));
+    channel.failure = Failure{.code = FailureCode::authorisation_needed};
+    EXPECT_EQ(actions->execute_in_job("a").failure, channel.failure);
+}
+
 TEST_F(PrivilegedActionsTest, RefusalAndMissingHelperAreReportedAndAskedForAgain) {
     channel.grants = false;
     EXPECT_FALSE(actions->blessHelper());
@@ -167,11 +176,12 @@ TEST_F(PrivilegedActionsTest, RefusalAndMissingHelperAreReportedAndAskedForAgain
 
 TEST_F(PrivilegedActionsTest, LapsedAuthorisationIsAskedForAgainByAJobButNotByAReport) {
     ASSERT_TRUE(actions->blessHelper());
+    const char* lapsed = words_of(FailureCode::authorisation_lapsed);
     int lapses = 2;
-    channel.answer = [&lapses](const std::string&) {
-        return lapses-- > 0 ? std::string(helper::lapsed_reply) : "done";
+    channel.answer = [&](const std::string&) {
+        return lapses-- > 0 ? std::string(lapsed) : "done";
     };
-    EXPECT_EQ(actions->execute("report"), helper::lapsed_reply);
+    EXPECT_EQ(actions->execute("report"), lapsed);
     EXPECT_FALSE(actions->helper_ready());
     EXPECT_EQ(channel.asked, 1);
     EXPECT_EQ(actions->execute_in_job("job").reply, "done");

@@ -1,6 +1,6 @@
+#include "base/failure_codes.h"
 #include "chrony/reports/current_frequency.h"
 #include "chrony/status/status_cycle.h"
-#include "roothelper/grammar/helper_names.h"
 #include "support/fake_main_window_parts.h"
 
 #include <gtest/gtest.h>
@@ -209,7 +209,7 @@ TEST_F(StatusCycleTest, ReadingsDoNotWaitForTheRootHelper) {
 
     cycle->chronycCommand("tracking");
     settle();
-    channel.reply = helper::lapsed_reply;
+    channel.reply = words_of(FailureCode::authorisation_lapsed);
     cycle->chronycCommand("clients");
     settle();
     EXPECT_EQ(display.output, "");

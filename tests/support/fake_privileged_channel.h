@@ -13,7 +13,6 @@ namespace tickervantage::testing {
 
 class FakePrivilegedChannel : public PrivilegedChannel {
 public:
-    bool prepared = false;
     bool disconnected = false;
     bool installs = true; // what install() answers
     bool grants = true;   // what authorise() answers
@@ -23,21 +22,19 @@ public:
     std::function<std::optional<std::string>(const std::string& command)> answer; // in place of `reply`
     std::vector<std::string> commands;                                            // that EXECUTE carried
     std::vector<std::string> failing;                                             // words of those that fail
+    std::optional<Failure> failure;                                               // of those
     std::vector<std::string> requests;                                            // whole
     std::optional<HelperToken> last_auth;                                         // of the latest message
 
     static constexpr HelperToken token{1, 2, 3};
 
-    void prepare() override { prepared = true; }
-    [[nodiscard]] int install(std::string& sentence) override {
+    [[nodiscard]] Result<> install() override {
         ++installed;
-        sentence = installs ? "" : "The helper cannot be installed.";
-        return installs ? 0 : -1;
+        return installs ? Result<>() : tl::unexpected(said_by_others("The helper cannot be installed."));
     }
-    [[nodiscard]] std::optional<HelperToken> authorise(std::string& sentence) override {
+    [[nodiscard]] Result<HelperToken> authorise() override {
         ++asked;
-        sentence = grants ? "" : "Not granted.";
-        return grants ? std::optional(token) : std::nullopt;
+        return grants ? Result<HelperToken>(token) : tl::unexpected(said_by_others("Not granted."));
     }
     [[nodiscard]] HelperAnswer ask(const std::string& request, const std::optional<HelperToken>& auth) override {
         requests.push_back(request);
@@ -49,7 +46,8 @@ public:
         const auto fails = [&](const std::string& word) {
             return commands.back().find(word) != std::string::npos;
         };
-        return {answer ? answer(commands.back()) : reply, std::ranges::none_of(failing, fails)};
+        const bool is_done = std::ranges::none_of(failing, fails);
+        return {answer ? answer(commands.back()) : reply, is_done, is_done ? std::nullopt : failure};
     }
     void disconnect() override { disconnected = true; }
     void cancel() override {}

@@ -35,8 +35,8 @@ struct AdministrationTest : ::testing::Test {
 
     void SetUp() override {
         fakes.actions = std::make_shared<PrivilegedActions>(
-            fakes.channel, PrivilegedReports{.problem = [this](PrivilegedProblem problem, const std::string& detail) {
-                administration->show_problem(problem, detail);
+            fakes.channel, PrivilegedReports{.problem = [this](PrivilegedProblem problem, const Failure& why) {
+                administration->show_problem(problem, why);
             }});
         window =
             std::make_unique<TickervantageWindow>(fakes.parts(),

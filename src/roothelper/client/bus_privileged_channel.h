@@ -21,18 +21,17 @@ public:
     // `execute` outlives the channel.
     BusPrivilegedChannel(Execute& execute, std::string installer);
 
-    void prepare() override {}
-    [[nodiscard]] int install(std::string& sentence) override;
-    [[nodiscard]] std::optional<HelperToken> authorise(std::string& sentence) override;
+    [[nodiscard]] Result<> install() override;
+    [[nodiscard]] Result<HelperToken> authorise() override;
     [[nodiscard]] HelperAnswer ask(const std::string& request, const std::optional<HelperToken>& auth) override;
     void disconnect() override;
     void cancel() override;
 
 private:
-    enum class Found : unsigned char { ours, other, absent, silent };
+    enum class Found : unsigned char { ours, other, absent };
 
-    [[nodiscard]] Found look(std::string& sentence); // which goes with `silent`
-    [[nodiscard]] int run_installer(std::string& sentence);
+    [[nodiscard]] Result<Found> look(); // a failure: it does not answer
+    [[nodiscard]] Result<> run_installer();
 
     Execute& m_execute;
     std::string m_installer;

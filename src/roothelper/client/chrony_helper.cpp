@@ -2,17 +2,13 @@
 
 namespace tickervantage {
 
-int ChronyHelper::install(std::string& sentence) {
-    return m_xpc.install(sentence);
-}
-
-std::optional<HelperToken> ChronyHelper::authorise(std::string& sentence) {
-    return m_xpc.authorise(sentence);
-}
-
-void ChronyHelper::set_authorisation(const std::optional<HelperToken>& auth) {
+Result<> ChronyHelper::authorise() {
+    auto granted = m_xpc.authorise();
+    if (!granted)
+        return tl::unexpected(granted.error());
     const std::lock_guard lock(m_mutex);
-    m_auth = auth;
+    m_auth = *granted;
+    return {};
 }
 
 std::optional<HelperToken> ChronyHelper::authorisation() const {
@@ -33,8 +29,9 @@ HelperAnswer ChronyHelper::send(const std::string& request) {
 
 void ChronyHelper::quit() {
     (void)m_xpc.send("QUIT", authorisation()); // a farewell needs no answer
-    set_authorisation(std::nullopt);
     m_xpc.disconnect();
+    const std::lock_guard lock(m_mutex);
+    m_auth.reset();
 }
 
 } // namespace tickervantage

@@ -18,23 +18,20 @@ public:
     // The channel, and the log where there is one, outlive the helper.
     explicit ChronyHelper(PrivilegedChannel& xpc, Logger* logger = nullptr) : m_xpc(xpc), m_logger(logger) {}
 
-    void prepare() { m_xpc.prepare(); }
-    [[nodiscard]] int install(std::string& sentence);
-    [[nodiscard]] std::optional<HelperToken> authorise(std::string& sentence);
+    // Asks for administrator rights; once they are given, every message carries them.
+    [[nodiscard]] Result<> authorise();
 
-    // From now on every message carries it; none: no message does.
-    void set_authorisation(const std::optional<HelperToken>& auth);
-
-    // One message. A reply without a text is logged and taken as the empty text.
+    // One message. A reply without a text is logged and taken as the empty text. What was not done has a failure.
     HelperAnswer send(const std::string& request);
 
-    // Says farewell and closes the connection.
+    // Says farewell, closes the connection and forgets the authorisation.
     void quit();
+
+    PrivilegedChannel& m_xpc;
 
 private:
     [[nodiscard]] std::optional<HelperToken> authorisation() const;
 
-    PrivilegedChannel& m_xpc;
     Logger* m_logger;
     mutable std::mutex m_mutex; // guards m_auth
     std::optional<HelperToken> m_auth;

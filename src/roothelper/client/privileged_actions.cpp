@@ -1,6 +1,6 @@
 #include "roothelper/client/privileged_actions.h"
 
-#include "roothelper/grammar/helper_names.h"
+#include "base/failure_codes.h"
 
 #include <utility>
 
@@ -9,11 +9,11 @@ namespace tickervantage {
 PrivilegedActions::PrivilegedActions(PrivilegedChannel& channel, PrivilegedReports reports)
     : m_reports(std::move(reports)), m_helper(channel, m_reports.logger) {}
 
-bool PrivilegedActions::report(PrivilegedProblem problem, const std::string& detail) const {
+bool PrivilegedActions::report(PrivilegedProblem problem, const Failure& why) const {
     if (m_reports.logger != nullptr)
-        m_reports.logger->log(LogLevel::warning, detail);
+        m_reports.logger->log(LogLevel::warning, english(why));
     if (m_reports.problem)
-        m_reports.problem(problem, detail);
+        m_reports.problem(problem, why);
     return false;
 }
 
@@ -23,27 +23,21 @@ bool PrivilegedActions::authorise() {
 }
 
 bool PrivilegedActions::ask() {
-    std::string sentence;
-    if (m_helper.install(sentence) != 0)
-        return report(PrivilegedProblem::not_installed, sentence);
-    m_auth = m_helper.authorise(sentence);
-    return m_auth.has_value() || report(PrivilegedProblem::refused, sentence);
+    if (const auto there = m_helper.m_xpc.install(); !there)
+        return report(PrivilegedProblem::not_installed, there.error());
+    const auto granted = m_helper.authorise();
+    return granted || report(PrivilegedProblem::refused, granted.error());
 }
 
 bool PrivilegedActions::blessHelper() {
     const std::lock_guard lock(m_asking);
-    if (m_blessed)
-        return true;
-    if (!ask())
-        return false;
-    m_helper.set_authorisation(m_auth);
-    m_blessed = true;
-    return true;
+    m_blessed = m_blessed || ask();
+    return m_blessed;
 }
 
 HelperAnswer PrivilegedActions::ask_helper(const std::string& command) {
     HelperAnswer answer = m_helper.send("EXECUTE " + command);
-    if (answer.reply == helper::lapsed_reply)
+    if (answer.reply == words_of(FailureCode::authorisation_lapsed)) // also of a helper that only speaks
         m_blessed = false;
     return answer;
 }
@@ -62,7 +56,6 @@ void PrivilegedActions::quit() {
         return;
     m_helper.quit();
     const std::lock_guard lock(m_asking);
-    m_auth.reset();
     m_blessed = false;
 }
 

@@ -23,8 +23,8 @@ enum class PrivilegedProblem : unsigned char {
 
 struct PrivilegedReports {
     Logger* logger = nullptr;
-    // Told of a problem, with one sentence of detail. Called on the thread that asked for the rights.
-    std::function<void(PrivilegedProblem problem, const std::string& detail)> problem;
+    // Told of a problem. Called on the thread that asked for the rights.
+    std::function<void(PrivilegedProblem problem, const Failure& why)> problem;
 };
 
 class PrivilegedActions {
@@ -32,8 +32,6 @@ public:
     static constexpr const char* m_chrony_right = "net.brisklane.tickervantage";
 
     explicit PrivilegedActions(PrivilegedChannel& channel, PrivilegedReports reports = {});
-
-    void prepare() { m_helper.prepare(); }
 
     // Whether the helper is there and carries the authorisation. Does not block.
     [[nodiscard]] bool helper_ready() const { return m_blessed; }
@@ -62,11 +60,10 @@ public:
 private:
     [[nodiscard]] bool ask();
     HelperAnswer ask_helper(const std::string& command);
-    bool report(PrivilegedProblem problem, const std::string& detail) const; // false, for the callers to return
+    bool report(PrivilegedProblem problem, const Failure& why) const; // false, for the callers to return
 
     PrivilegedReports m_reports;
-    std::mutex m_asking; // guards m_auth; held while the user is asked, so that two jobs do not ask at once
-    std::optional<HelperToken> m_auth;
+    std::mutex m_asking; // held while the user is asked, so that two jobs do not ask at once
     std::atomic<bool> m_blessed = false;
     ChronyHelper m_helper;
     mutable std::mutex m_mutex; // guards m_installer_busy: jobs end on their queues, menus ask on the main thread

@@ -27,16 +27,12 @@ class PrivilegedChannel {
 public:
     virtual ~PrivilegedChannel() = default;
 
-    // Makes the connection ready to be used; asks nobody for anything yet. Main thread, returns at once.
-    virtual void prepare() = 0;
-
     // Makes sure that a helper answers which this program can talk to, installing it where it is missing and no package
-    // brought it. Blocks. 0, or -1 and one sentence.
-    [[nodiscard]] virtual int install(std::string& sentence) = 0;
+    // brought it. Blocks.
+    [[nodiscard]] virtual Result<> install() = 0;
 
-    // Asks for administrator rights. Blocks for as long as a person takes to type a password. Nothing and one sentence
-    // when they were not given.
-    [[nodiscard]] virtual std::optional<HelperToken> authorise(std::string& sentence) = 0;
+    // Asks for administrator rights. Blocks for as long as a person takes to type a password.
+    [[nodiscard]] virtual Result<HelperToken> authorise() = 0;
 
     // Sends one message and waits for what comes of it. Blocks.
     [[nodiscard]] virtual HelperAnswer ask(const std::string& request, const std::optional<HelperToken>& auth) = 0;

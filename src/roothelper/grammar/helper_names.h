@@ -39,9 +39,6 @@ inline constexpr const char* failure_key = "failure"; // s: not where it was don
 inline constexpr const char* administer_action = "net.brisklane.tickervantage";
 inline constexpr const char* unsafe_config_action = "net.brisklane.tickervantage.unsafe-config";
 
-// The reply to a request whose authorisation is no longer worth anything.
-inline constexpr const char* lapsed_reply = "The authorisation does not hold for this connection, or holds no longer.";
-
 inline constexpr std::size_t token_size = 32;
 using Token = std::array<unsigned char, token_size>;
 

@@ -1,7 +1,9 @@
 #include "roothelper/service/authorisations.h"
 
+#include "base/failure_codes.h"
 #include "roothelper/grammar/helper_names.h"
 #include "roothelper/service/boot_time.h"
+#include "roothelper/service/bus_messages.h"
 #include "roothelper/service/journal.h"
 #include "roothelper/service/trusted_files.h"
 
@@ -25,7 +27,7 @@ void Authorisations::ask(sd_bus_message* message) {
         if (caller)
             decide(kept, *caller);
         else
-            refuse(kept, sender, "The helper cannot find out who asks.");
+            refuse(kept, sender, FailureCode::caller_unknown);
     });
 }
 
@@ -33,9 +35,9 @@ void Authorisations::decide(const Kept& message, const HelperCaller& caller) {
     if (const auto held = m_tokens.token_of(caller, seconds_since_boot()))
         grant(message, caller, *held);
     else if (!m_quota.may_ask(caller.user))
-        refuse(message, caller.name, "This user was refused too often: it may be asked for again in a minute.");
+        refuse(message, caller.name, FailureCode::refused_too_often);
     else if (!m_asking.insert(caller.user).second)
-        refuse(message, caller.name, "This user is being asked for a password already.");
+        refuse(message, caller.name, FailureCode::asked_already);
     else
         ask_polkit(message, caller);
 }
@@ -57,8 +59,7 @@ void Authorisations::answer(const Kept& message, const HelperCaller& caller, Pol
         return grant(message, caller, token);
     m_quota.note_refusal(caller.user);
     refuse(message, caller.name,
-           answer == PolkitAnswer::unreachable ? "The authorisation service (polkit) does not answer."
-                                               : "The authorisation was not given.");
+           answer == PolkitAnswer::unreachable ? FailureCode::polkit_silent : FailureCode::authorisation_refused);
 }
 
 void Authorisations::grant(const Kept& message, const HelperCaller& caller, const helper::Token& token) {
@@ -73,9 +74,9 @@ void Authorisations::grant(const Kept& message, const HelperCaller& caller, cons
         (void)sd_bus_send(m_parts.bus, made, nullptr); // a caller that has gone: no harm
 }
 
-void Authorisations::refuse(const Kept& message, const std::string& sender, const char* why) {
-    (void)sd_bus_reply_method_errorf(message.get(), helper::refused_error, "%s", why); // as above
-    m_parts.refusals.add(sender, "authorise", why);
+void Authorisations::refuse(const Kept& message, const std::string& sender, FailureCode why) {
+    (void)send_error(message.get(), {.code = why}); // as above
+    m_parts.refusals.add(sender, "authorise", {.code = why});
 }
 
 std::optional<HelperCaller> Authorisations::holder(const std::string& name, std::string_view bytes) {

@@ -58,7 +58,7 @@ private:
     void ask_polkit(const Kept& message, const HelperCaller& caller);
     void answer(const Kept& message, const HelperCaller& caller, PolkitAnswer answer);
     void grant(const Kept& message, const HelperCaller& caller, const helper::Token& token);
-    void refuse(const Kept& message, const std::string& sender, const char* why);
+    void refuse(const Kept& message, const std::string& sender, FailureCode why);
 
     AuthorisationParts m_parts;
     std::string m_file;

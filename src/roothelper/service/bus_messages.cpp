@@ -1,5 +1,6 @@
 #include "roothelper/service/bus_messages.h"
 
+#include "base/failure_line.h"
 #include "linux/bus_owners.h"
 #include "roothelper/grammar/helper_names.h"
 #include "roothelper/grammar/helper_words.h"
@@ -39,6 +40,10 @@ bool read_entry(sd_bus_message* message, RequestMessage& request) {
     return sd_bus_message_skip(message, "v") >= 0;
 }
 
+std::string line_of(const Failure& failure) {
+    return as_valid_text(to_line(failure), helper::reply_limit);
+}
+
 } // namespace
 
 bool read_request(sd_bus_message* message, RequestMessage& request) {
@@ -50,10 +55,26 @@ bool read_request(sd_bus_message* message, RequestMessage& request) {
     return !request.request.empty();
 }
 
-int send_reply(sd_bus_message* message, const std::string& text, bool is_done) {
+int send_reply(sd_bus_message* message, const std::string& text, bool is_done, const std::optional<Failure>& failure) {
     const auto fit = as_valid_text(text, helper::reply_limit);
-    return sd_bus_reply_method_return(message, "a{sv}", 2, helper::reply_key, "s", fit.c_str(), helper::status_key, "i",
-                                      is_done ? 0 : 1);
+    const int status = is_done ? 0 : 1;
+    if (!failure)
+        return sd_bus_reply_method_return(message, "a{sv}", 2, helper::reply_key, "s", fit.c_str(), helper::status_key,
+                                          "i", status);
+    const auto line = line_of(*failure);
+    return sd_bus_reply_method_return(message, "a{sv}", 3, helper::reply_key, "s", fit.c_str(), helper::status_key, "i",
+                                      status, helper::failure_key, "s", line.c_str());
+}
+
+int send_error(sd_bus_message* message, const Failure& failure) {
+    sd_bus_message* made = nullptr;
+    const auto line = line_of(failure);
+    const int result = sd_bus_message_new_method_errorf(message, &made, helper::refused_error, "%s",
+                                                        as_valid_text(english(failure), helper::reply_limit).c_str());
+    const BusMessage reply(made);
+    if (result < 0 || sd_bus_message_append(made, "s", line.c_str()) < 0)
+        return -1;
+    return sd_bus_send(sd_bus_message_get_bus(made), made, nullptr);
 }
 
 } // namespace tickervantage

@@ -1,5 +1,6 @@
 #include "roothelper/service/helper_service.h"
 
+#include "base/failure_codes.h"
 #include "roothelper/grammar/helper_names.h"
 #include "roothelper/service/bus_messages.h"
 #include "roothelper/service/journal.h"
@@ -163,27 +164,27 @@ int HelperService::on_withdraw(sd_bus_message* message, void* self, sd_bus_error
     return sd_bus_reply_method_return(message, "");
 }
 
-int HelperService::refuse(sd_bus_message* message, std::string_view verb, const std::string& sentence) {
-    const int sent = send_reply(message, sentence, false); // first: the journal may be slow
-    m_refusals.add(sd_bus_message_get_sender(message), verb, sentence);
+int HelperService::refuse(sd_bus_message* message, std::string_view verb, const Failure& why) {
+    const int sent = send_reply(message, english(why), false, why); // first: the journal may be slow
+    m_refusals.add(sd_bus_message_get_sender(message), verb, why);
     return sent;
 }
 
 int HelperService::request(sd_bus_message* message) {
     RequestMessage words;
     if (!read_request(message, words))
-        return refuse(message, "unknown", "The message holds no request.");
+        return refuse(message, "unknown", {.code = FailureCode::request_missing});
     if (words.request == "QUIT")
         return quit(message);
     if (!words.auth)
-        return refuse(message, "unknown", "This needs an administrator's authorisation.");
+        return refuse(message, "unknown", {.code = FailureCode::authorisation_needed});
     const auto caller = m_authorisations.holder(sd_bus_message_get_sender(message), *words.auth);
     if (!caller)
-        return refuse(message, "unknown", helper::lapsed_reply);
+        return refuse(message, "unknown", {.code = FailureCode::authorisation_lapsed});
     HelperRequest parsed;
     std::string sentence;
     if (parse_helper_request(words.request, m_rules, parsed, sentence) != 0)
-        return refuse(message, "unknown", sentence);
+        return refuse(message, "unknown", said_by_others(sentence));
     return do_request(message, *caller, std::move(parsed));
 }
 
@@ -255,7 +256,7 @@ int HelperService::execute(sd_bus_message* message, const HelperCaller& caller, 
     if (m_jobs.add(std::move(order), sentence) == 0)
         return 1;
     start_again(caller.name, m_interruptions.end(caller.name, {}, false, {}));
-    return refuse(message, verb, sentence);
+    return refuse(message, verb, said_by_others(sentence));
 }
 
 void HelperService::connection_gone(const std::string& name) {

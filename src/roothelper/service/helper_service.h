@@ -47,7 +47,7 @@ private:
 
     [[nodiscard]] int set_up();
     int request(sd_bus_message* message);
-    int refuse(sd_bus_message* message, std::string_view verb, const std::string& sentence);
+    int refuse(sd_bus_message* message, std::string_view verb, const Failure& why);
     int quit(sd_bus_message* message);
     int execute(sd_bus_message* message, const HelperCaller& caller, HelperRequest request);
     int do_request(sd_bus_message* message, const HelperCaller& caller, HelperRequest request);

@@ -11,12 +11,13 @@ HelperCaller nobody_known(const std::string& name) {
 
 } // namespace
 
-void Refusals::add(const std::string& sender, std::string_view verb, const std::string& sentence) {
+void Refusals::add(const std::string& sender, std::string_view verb, const Failure& why) {
     if (!m_counts.add(sender))
         return;
-    m_callers.find(sender, [sender, name = std::string(verb), sentence](const std::optional<HelperCaller>& caller) {
-        journal_decision(Decision::refused, caller.value_or(nobody_known(sender)), name, sentence);
-    });
+    m_callers.find(
+        sender, [sender, name = std::string(verb), sentence = english(why)](const std::optional<HelperCaller>& caller) {
+            journal_decision(Decision::refused, caller.value_or(nobody_known(sender)), name, sentence);
+        });
 }
 
 void Refusals::tell() {

@@ -2,6 +2,7 @@
 // more there were. Without this anybody could fill the journal, and push out of it what others did.
 #pragma once
 
+#include "base/failure.h"
 #include "roothelper/grammar/helper_quota.h"
 #include "roothelper/service/callers.h"
 
@@ -15,7 +16,7 @@ public:
     // The callers outlive the refusals.
     explicit Refusals(Callers& callers) : m_callers(callers) {}
 
-    void add(const std::string& sender, std::string_view verb, const std::string& sentence);
+    void add(const std::string& sender, std::string_view verb, const Failure& why);
 
     // Tells what was only counted. To be called every minute, and at the end.
     void tell();

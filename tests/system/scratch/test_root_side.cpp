@@ -1,5 +1,6 @@
 // The root helper as an ordinary user meets it, on a real bus with a real polkit. Run by root_side in a scratch
 // machine.
+#include "base/failure_codes.h"
 #include "linux/posix_execute.h"
 #include "roothelper/client/bus_privileged_channel.h"
 #include "roothelper/grammar/helper_names.h"
@@ -126,9 +127,9 @@ private:
 class RootSide : public ::testing::Test {
 protected:
     void authorise() {
-        std::string sentence;
-        token = channel.authorise(sentence);
-        ASSERT_TRUE(token.has_value()) << sentence;
+        const auto granted = channel.authorise();
+        ASSERT_TRUE(granted) << english(granted.error());
+        token = *granted;
     }
     std::string send(const std::string& request) { return channel.send(request, token).value_or("(no reply)"); }
     bool runs(const std::string& pattern) {
@@ -149,8 +150,8 @@ TEST_F(RootSide, ReportsOfTheDaemonComeBack) {
     authorise();
     EXPECT_TRUE(send(clients).starts_with("Hostname")) << send(clients);
     EXPECT_NE(send("EXECUTE /usr/bin/pgrep -l -f chronyd").find("/usr/sbin/chronyd -x"), std::string::npos);
-    std::string sentence;
-    EXPECT_EQ(channel.install(sentence), 0) << sentence;
+    const auto there = channel.install();
+    EXPECT_TRUE(there) << english(there.error());
 }
 
 TEST_F(RootSide, AuthorisationHoldsOnItsOwnConnectionOnly) {
@@ -319,12 +320,11 @@ TEST_F(RootSide, FloodHoldsNoAdministratorUp) {
     double longest = 0; // of the reports: polkit, which is asked for an authorisation, has its own share of the bus
     for (int round = 0; round < 5; ++round) {
         BusPrivilegedChannel own(execute, bundle + "chronyhelper");
-        std::string sentence;
-        const double authorised = seconds([&] { token = own.authorise(sentence); });
+        const double authorised = seconds([&] { token = own.authorise().value_or(HelperToken()); });
         std::string reply;
         const double reported = seconds([&] { reply = own.send(clients, token).value_or("(no reply)"); });
         std::printf("authorised after %.2f s, a report after %.2f s\n", authorised, reported);
-        EXPECT_TRUE(token && reply.starts_with("Hostname")) << sentence << reply;
+        EXPECT_TRUE(reply.starts_with("Hostname")) << reply;
         longest = std::max(longest, reported);
     }
     EXPECT_LE(longest, 2.0);
@@ -356,9 +356,7 @@ TEST_F(RootSide, DISABLED_Figures) {
 }
 
 TEST_F(BystanderRootSide, GetsNothing) {
-    std::string sentence;
-    EXPECT_FALSE(channel.authorise(sentence).has_value());
-    EXPECT_EQ(sentence, "The authorisation was not given.");
+    EXPECT_EQ(channel.authorise().error(), Failure{.code = FailureCode::authorisation_refused});
     EXPECT_TRUE(is_sentence(send(clients)));
     EXPECT_TRUE(is_sentence(send("EXECUTE \"" + tool + "\" stopchrony")));
     EXPECT_EQ(send("QUIT"), "quit");
@@ -391,10 +389,7 @@ TEST_F(AskedRootSide, NobodyWaitsForAPasswordWhenTheProgramEnds) {
         SilentAgent dialog;
         BusPrivilegedChannel own(execute, bundle + "chronyhelper");
         bool granted = true;
-        std::thread asking([&] {
-            std::string sentence;
-            granted = own.authorise(sentence).has_value();
-        });
+        std::thread asking([&] { granted = own.authorise().has_value(); });
         EXPECT_TRUE(dialog.opens());
         EXPECT_TRUE(is_sentence(own.send(clients, std::nullopt).value_or(""))) << "a request waits for no dialog";
         const auto start = Clock::now();
