@@ -74,32 +74,6 @@ bool meet(Rect one, Rect other) {
            other.y < upper_edge(one);
 }
 
-TEST_F(PerformanceGraphTest, StartsWithTheDocumentedValues) {
-    EXPECT_TRUE(graph.paused);
-    EXPECT_TRUE(graph.filtertimestamps);
-    EXPECT_TRUE(graph.use_logscale);
-    EXPECT_FALSE(graph.m_livetracking);
-    EXPECT_EQ(graph.display_data_range, 3600);
-    EXPECT_EQ(graph.xaxis_offset, 60);
-    EXPECT_EQ(graph.yscale, 1e6);
-    EXPECT_EQ(graph.yscale_default, 1e9);
-    EXPECT_EQ(graph.xscale, 1.0 / 15);
-    EXPECT_EQ(graph.title, "Chrony Tracking");
-    EXPECT_EQ(graph.axesColor, Ink(ColorRole::text));
-    EXPECT_EQ(graph.labelColor, Ink(ColorRole::blue));
-    ASSERT_NE(timer.find("PerformanceGraph"), nullptr);
-}
-
-TEST_F(PerformanceGraphTest, TicksStandEveryFiveMinutesAndShowTheHour) {
-    const auto ticks = time_ticks(drawn());
-    const std::map<long, double> expected{{0, 7},   {20, 4},  {40, 4},  {60, 5}, {80, 4},
-                                          {100, 4}, {120, 6}, {180, 5}, {240, 7}};
-    for (const auto& [distance, half] : expected)
-        EXPECT_EQ(ticks.contains(distance) ? ticks.at(distance) : 0, half) << distance;
-    EXPECT_EQ(ticks.size(), 47U); // from the origin to the last one right of the left edge
-    EXPECT_FALSE(ticks.contains(10));
-}
-
 TEST_F(PerformanceGraphTest, LabelsStandEveryQuarterOfAnHourAndKeepOffTheOrigin) {
     now = NOON + 120; // 12:00 is 8 points left of the origin: its label would cross it
     const auto canvas = drawn();
@@ -227,75 +201,11 @@ TEST_F(PerformanceGraphTest, LabelsStandEveryFourHoursWhereTicksOfTwentyFiveMinu
     EXPECT_NE(find_text(canvas, "2026-11-21"), nullptr);
 }
 
-TEST_F(PerformanceGraphTest, LogarithmicAxisLabelsDecadesOnBothSides) {
-    const auto canvas = drawn();
-    struct Case {
-        const char* text;
-        double y;
-        double alpha;
-    };
-    for (const auto& one : {Case{"0", 200, 0.75}, Case{"10 µs", 250, 0.75}, Case{"-10 µs", 150, 1},
-                            Case{"1 ms", 350, 0.75}, Case{"-1 ms", 50, 1}}) {
-        const auto* label = find_text(canvas, one.text);
-        ASSERT_NE(label, nullptr) << one.text;
-        EXPECT_NEAR(label->box.center().y, one.y, 1e-9);
-        EXPECT_EQ(label->box.x, ORIGIN.x + 10);
-        EXPECT_EQ(label->style.color.opacity, one.alpha);
-    }
-    EXPECT_EQ(find_text(canvas, "10 ms"), nullptr) << "400 points hold less than four decades a side";
-    std::map<long, double> lengths;
-    for (const auto& line : lines(canvas, false))
-        if (line.from.y == line.to.y && line.from.x == ORIGIN.x && line.to.x > line.from.x)
-            lengths[std::lround(line.from.y - ORIGIN.y)] = line.to.x - line.from.x;
-    const std::map<long, double> first_decade{{0, 8}, {15, 5}, {30, 5}, {39, 5}, {45, 5}, {50, 8}};
-    for (const auto& [offset, length] : first_decade) {
-        EXPECT_EQ(lengths[offset], length) << offset;
-        EXPECT_EQ(lengths[-offset], length) << -offset;
-    }
-    EXPECT_FALSE(lengths.contains(24)) << "3 has no tick";
-    EXPECT_EQ(canvas.styled_strokes.size(), 2U);
-    EXPECT_EQ(canvas.styled_strokes[0].style.ink, Ink(ColorRole::grey));
-    EXPECT_EQ(canvas.styled_strokes[0].style.dash, (std::vector<double>{3, 2}));
-    EXPECT_EQ(canvas.styled_strokes[1].style.width, 1.0);
-}
-
 TEST_F(PerformanceGraphTest, LogarithmicAxisEndsAfterTenDecades) {
     graph.decade_scale = 10;
     const auto canvas = drawn({0, 0, 1000, 4000});
     EXPECT_NE(find_text(canvas, "10000 s"), nullptr);
     EXPECT_EQ(find_text(canvas, "100000 s"), nullptr);
-}
-
-TEST_F(PerformanceGraphTest, LinearAxisLabelsEveryFiftyPoints) {
-    graph.use_logscale = false;
-    graph.linear_scale = 4;
-    const auto canvas = drawn();
-    struct Case {
-        const char* text;
-        double y;
-    };
-    for (const auto& one : {Case{"0 ns", 200}, Case{"13 µs", 250}, Case{"25 µs", 300}, Case{"-13000 ns", 150}}) {
-        const auto* label = find_text(canvas, one.text);
-        ASSERT_NE(label, nullptr) << one.text;
-        EXPECT_EQ(label->box.center().y, one.y);
-    }
-    const auto axis = lines(canvas, false);
-    const auto ticks = std::ranges::count_if(
-        axis, [](const auto& line) { return line.from.y == line.to.y && line.to.x > line.from.x; });
-    EXPECT_EQ(ticks, 40); // from 0 to 390
-}
-
-TEST_F(PerformanceGraphTest, ValueAxisMovesIntoSightWithTheUser) {
-    const Rect visible{100, 0, 500, 400};
-    const auto canvas = drawn(FRAME, visible);
-    const double axis_x = 600 - 60 - visible.x; // on the canvas
-    const auto axes = lines(canvas, false);
-    EXPECT_TRUE(std::ranges::any_of(axes, [&](const auto& line) {
-        return line.from == Point{axis_x, 0} && line.to == Point{axis_x, 400};
-    }));
-    ASSERT_NE(find_text(canvas, "10 µs"), nullptr);
-    EXPECT_EQ(find_text(canvas, "10 µs")->box.x, axis_x + 10);
-    EXPECT_EQ(find_text(canvas, "Chrony Tracking")->box.center(), (Point{250, 390}));
 }
 
 TEST_F(PerformanceGraphTest, PartInSightShowsWhatTheWholeFrameShows) {

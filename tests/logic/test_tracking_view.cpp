@@ -163,16 +163,6 @@ Coverage thinned(const RecordingCanvas& canvas, Rect visible) {
     return result;
 }
 
-TEST_F(TrackingViewTest, DrawsALineToEachOlderRecord) {
-    for (const int minute : {-30, -20, -10})
-        view.add_line(log_line(NOON + minute * 60, number(minute * 1e-6)));
-    const auto canvas = drawn({0, 0, 400, 200}, {0, 0, 400, 200});
-    ASSERT_EQ(canvas.polylines.size(), 1U);
-    EXPECT_EQ(canvas.polylines[0].points, (std::vector<Point>{{220, 70}, {260, 80}, {300, 90}}));
-    EXPECT_EQ(canvas.polylines[0].ink, Ink((Color{0, 0, 0, 0.9})));
-    EXPECT_EQ(canvas.polylines[0].width, 1);
-}
-
 TEST_F(TrackingViewTest, DrawsNothingOfOneRecordOrOfAnOldLog) {
     const Rect bounds{0, 0, 400, 200};
     view.add_line(log_line(NOON - 600, "1e-5"));
@@ -193,19 +183,6 @@ TEST_F(TrackingViewTest, StopsAfterTheFirstPointLeftOfTheFrame) {
     EXPECT_EQ(points.size(), 3U);
     EXPECT_LT(points.front().x, 0);
     EXPECT_EQ(points.back().x, 300);
-}
-
-TEST_F(TrackingViewTest, AbsentValuesBreakTheLineAndLoneValuesAreDots) {
-    for (const auto& [minute, offset] :
-         {std::pair{-50, "1e-6"}, {-45, "2e-6"}, {-40, "-"}, {-35, "3e-6"}, {-30, "-"}, {-25, "4e-6"}, {-20, "5e-6"}})
-        view.add_line(log_line(NOON + minute * 60, offset));
-    ASSERT_EQ(view.records().size(), 7U);
-    const auto canvas = drawn({0, 0, 400, 200}, {0, 0, 400, 200});
-    ASSERT_EQ(canvas.polylines.size(), 2U);
-    EXPECT_EQ(canvas.polylines[0].points, (std::vector<Point>{{140, 101}, {160, 102}}));
-    EXPECT_EQ(canvas.polylines[1].points, (std::vector<Point>{{240, 104}, {260, 105}}));
-    ASSERT_EQ(canvas.boxes.size(), 1U);
-    EXPECT_EQ(canvas.boxes[0].boxes, (std::vector<Rect>{{199.5, 102.5, 1, 1}}));
 }
 
 struct RandomLog {
