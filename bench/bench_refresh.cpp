@@ -74,10 +74,16 @@ public:
     void show_server_field(bool) override {}
     void show_servers(const std::vector<std::string>&, const std::string&) override {}
     void show_output(const std::string& text) override { m_output = text; }
-    void show_notice(const StatusNotice& notice) override { m_notice = notice; }
+    void show_notice(const StatusNotice& notice) override {
+        m_notice = notice;
+        applied = true;
+    }
     void enable_gpsd_item(bool) override {}
+    void ask_for_rights() override {}
     void stop_program(const std::string&) override {}
     void stop_for_version(const std::string&, const std::string&) override {}
+
+    bool applied = false; // a reading
 
 private:
     std::string m_meter_value;
@@ -115,15 +121,14 @@ public:
     explicit Plain(const Daemon& daemon)
         : m_parts(m_main_thread, m_timer, daemon.chronyc(), daemon.chronyd()),
           m_cycle(m_display, m_parts.parts(), m_parts.options(daemon.chronyc_arguments(), daemon.pidfile())) {
-        m_cycle.on_applied([this](const auto&...) { m_applied = true; });
         m_cycle.load();
-        m_main_thread.run_until(m_applied);
+        m_main_thread.run_until(m_display.applied);
     }
     [[nodiscard]] bool synchronised() const { return m_cycle.status() == chronydStatus::synchronised; }
     void refresh() {
-        m_applied = false;
+        m_display.applied = false;
         m_cycle.refresh();
-        m_main_thread.run_until(m_applied);
+        m_main_thread.run_until(m_display.applied);
     }
     void paint() {}
 
@@ -133,16 +138,14 @@ private:
     TextDisplay m_display;
     CycleParts m_parts;
     StatusCycle m_cycle;
-    bool m_applied = false;
 };
 
 class Window {
 public:
     explicit Window(const Daemon& daemon)
         : m_parts(m_main_thread, m_timer, daemon.chronyc(), daemon.chronyd()),
-          m_window(m_parts.parts(), m_parts.options(daemon.chronyc_arguments(), daemon.pidfile()),
-                   {}) { // nothing here asks the application for anything
-        m_window.cycle().on_applied([this](const auto&...) { m_applied = true; });
+          m_window(m_parts.parts(), m_parts.options(daemon.chronyc_arguments(), daemon.pidfile())) {
+        QObject::connect(&m_window, &TickervantageWindow::reading_applied, &m_window, [this] { m_applied = true; });
         m_window.windowDidLoad();
         m_window.show();
         wait();

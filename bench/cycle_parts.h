@@ -35,13 +35,10 @@ public:
         return {m_execute, m_actions, m_queue, m_report_queue, m_main_thread, m_timer, m_broadcast, m_settings};
     }
 
-    [[nodiscard]] StatusCycleOptions options(std::vector<std::string> chronyc_arguments, std::string pidfile) const {
-        const auto general = PreferencesGeneral::load(m_settings);
-        return {.programs =
-                    [general] {
-                        return ChronyPrograms{"", general.chronyc, general.chronyd};
-                    },
-                .adjusts_clock_by_preference = [] { return true; },
+    [[nodiscard]] StatusCycleOptions options(std::vector<std::string> chronyc_arguments, std::string pidfile) {
+        m_preferences = PreferencesGeneral::load(m_settings);
+        return {.preferences = m_preferences,
+                .bundle = {},
                 .gpsd_application_found =
                     [folders = process_paths().applications] {
                         return find_application(folders, StatusCycle::GPSD_CONF_ID).has_value();
@@ -55,6 +52,7 @@ public:
 private:
     testing::MemorySettingsStore m_store;
     DefaultSettings m_settings{m_store};
+    PreferencesGeneral m_preferences;
     MainThread& m_main_thread;
     MasterTimer& m_timer;
     PosixExecute m_execute;

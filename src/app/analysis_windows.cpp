@@ -78,16 +78,17 @@ void AnalysisWindows::showFreqTemp() {
 }
 
 void AnalysisWindows::showFreqInspector() {
-    if (!m_inspector)
+    if (!m_inspector) {
         m_inspector = std::make_unique<SensorInspector>(SensorInspectorParts{.broadcast = m_parts.freqtemp.broadcast,
                                                                              .files = m_parts.freqtemp.files,
                                                                              .queue = m_parts.freqtemp.file_queue,
                                                                              .main_thread = m_parts.main_thread,
-                                                                             .equation = m_parts.equation,
-                                                                             .ask_sensors = [this] {
-                                                                                 if (m_freqtemp)
-                                                                                     m_freqtemp->tell_inspector();
-                                                                             }});
+                                                                             .equation = m_parts.equation});
+        QObject::connect(m_inspector.get(), &SensorInspector::sensors_requested, m_inspector.get(), [this] {
+            if (m_freqtemp)
+                m_freqtemp->tell_inspector();
+        });
+    }
     m_inspector->windowDidLoad();
     bring_to_front(*m_inspector);
 }

@@ -40,7 +40,7 @@ constexpr const char* tracking_log_pattern = "*tracking?lo*";
 
 AppDelegate::AppDelegate(ApplicationParts parts, DaemonChoice daemon)
     : m_parts(std::move(parts)), m_daemon(std::move(daemon)), m_warnings(m_parts.cycle.settings),
-      m_self(std::make_shared<AppDelegate*>(this)) {}
+      m_background(m_parts.cycle.main_thread) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -87,16 +87,8 @@ void AppDelegate::settings_changed() {
 }
 
 void AppDelegate::make_main_window() {
-    m_main_window = std::make_unique<TickervantageWindow>(
-        m_parts.cycle, cycle_options(),
-        MainWindowRequests{
-            .stop_program = [this](const QString& sentence) { stop_program(sentence); },
-            .launch_gpsd_application = [this] { launchMeridianox(); },
-            .show_preferences = [this] { settings_windows().showPreferences(Preferences::Pane::general); },
-            .log_error =
-                [this](const QString& sentence) {
-                    m_parts.logger.log(LogLevel::error, sentence.toStdString());
-                }});
+    m_main_window = std::make_unique<TickervantageWindow>(m_parts.cycle, cycle_options());
+    connect_main_window();
     make_administration();
     make_help();
     m_menus = build_application_menus(m_main_window.get());
@@ -111,12 +103,26 @@ void AppDelegate::make_main_window() {
     m_main_window->add_toolbar_actions(
         {m_menus.actions.at("refresh"), m_menus.actions.at("liveTracking"), m_menus.actions.at("showConfigEditor")});
     m_main_window->set_standing_notice(m_daemon.standing_notice);
-    m_main_window->cycle().on_applied([this](const StatusNotice& notice) { log_change_of_state(notice); });
     m_main_window->windowDidLoad();
     if (m_administration)
         m_administration->offer_installation();
     else
         explain_missing_administration(m_menus);
+}
+
+void AppDelegate::connect_main_window() {
+    auto* window = m_main_window.get();
+    connect(window, &TickervantageWindow::stop_requested, this, &AppDelegate::stop_program);
+    connect(window, &TickervantageWindow::gpsd_application_requested, this, &AppDelegate::launchMeridianox);
+    connect(window, &TickervantageWindow::preferences_requested, this,
+            [this] { settings_windows().showPreferences(Preferences::Pane::general); });
+    connect(window, &TickervantageWindow::wrong_program_found, this,
+            [this](const QString& sentence) { m_parts.logger.log(LogLevel::error, sentence.toStdString()); });
+    connect(window, &TickervantageWindow::reading_applied, this, &AppDelegate::log_change_of_state);
+    connect(window, &TickervantageWindow::rights_requested, this, [this] {
+        if (m_administration)
+            m_administration->ask_for_rights();
+    });
 }
 
 void AppDelegate::make_help() {
@@ -187,22 +193,14 @@ TickervantageWindow& AppDelegate::main_window() {
 }
 
 StatusCycleOptions AppDelegate::cycle_options() {
-    return {.programs =
-                [this] {
-                    return ChronyPrograms{m_parts.paths.bundle, m_general.chronyc, m_general.chronyd};
-                },
-            .adjusts_clock_by_preference = [this] { return m_general.adj_system; },
+    return {.preferences = m_general,
+            .bundle = m_parts.paths.bundle,
             .gpsd_application_found =
                 [folders = m_parts.paths.applications] {
                     return find_application(folders, StatusCycle::GPSD_CONF_ID).has_value();
                 },
             .chronyc_arguments = m_daemon.chronyc_arguments,
-            .pidfile = m_daemon.pidfile,
-            .ask_for_rights =
-                [this] {
-                    if (m_administration)
-                        m_administration->ask_for_rights();
-                }};
+            .pidfile = m_daemon.pidfile};
 }
 
 void AppDelegate::update_optional_items() const {
@@ -261,10 +259,12 @@ AnalysisWindows& AppDelegate::analysis() {
 void AppDelegate::ask_log_setting(std::function<void(const LogSettingAnswer&)> done) {
     if (!m_daemon.tracking_log.empty())
         return;
-    m_parts.list_queue.async([path = m_general.config, done = std::move(done),
-                              &main_thread = m_parts.cycle.main_thread] {
-        main_thread.main_async([answer = LogSettingAnswer{tracking_log_setting(path), path}, done] { done(answer); });
-    });
+    m_background.start(
+        m_parts.list_queue,
+        [path = m_general.config] {
+            return LogSettingAnswer{tracking_log_setting(path), path};
+        },
+        std::move(done));
 }
 
 SettingsWindows& AppDelegate::settings_windows() {
@@ -329,16 +329,16 @@ void AppDelegate::openTrackingLog() {
 }
 
 // Reading chrony.conf waits for the disk, so it is done on a queue.
-void AppDelegate::with_log_folder(const std::function<void(const std::string& folder)>& use) {
-    m_parts.cycle.queue.async(
-        [path = m_general.config, use, &main_thread = m_parts.cycle.main_thread, self = std::weak_ptr(m_self)] {
+template <class Use>
+void AppDelegate::with_log_folder(Use use) {
+    m_background.start(
+        m_parts.cycle.queue,
+        [path = m_general.config] {
             Configuration configuration;
             configuration.load(path);
-            main_thread.main_async([folder = configuration.value("logdir").value_or(""), use, self] {
-                if (const auto alive = self.lock())
-                    use(folder);
-            });
-        });
+            return configuration.value("logdir").value_or("");
+        },
+        use);
 }
 
 void AppDelegate::showLogs() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/administration.h"
+#include "base/background.h"
 #include "base/logger.h"
 #include "base/paths.h"
 #include "chrony/status/status_cycle.h"
@@ -11,6 +12,7 @@
 #include "settings/warning_register.h"
 #include "studies/freqtemp/freqtemp_session.h"
 
+#include <QObject>
 #include <QString>
 #include <QStringList>
 
@@ -59,10 +61,12 @@ struct DaemonChoice {
     std::string tracking_log; // empty: in the folder that chrony.conf names
 };
 
-class AppDelegate {
+class AppDelegate : public QObject {
+    Q_OBJECT
+
 public:
     AppDelegate(ApplicationParts parts, DaemonChoice daemon);
-    ~AppDelegate();
+    ~AppDelegate() override;
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
 
@@ -99,11 +103,13 @@ private:
     [[nodiscard]] ChronyPaths usual_paths() const;
     [[nodiscard]] StatusCycleOptions cycle_options();
     void make_main_window();
+    void connect_main_window();
     void showTickervantage();
     void openTrackingLog();
     void liveTracking();
     void showLogs();
-    void with_log_folder(const std::function<void(const std::string& folder)>& use);
+    template <class Use>
+    void with_log_folder(Use use); // chrony's, empty where it names none
     [[nodiscard]] AnalysisWindows& analysis();
     void ask_log_setting(std::function<void(const LogSettingAnswer&)> done);
     [[nodiscard]] ConfigWindows& configurations();
@@ -128,7 +134,7 @@ private:
     ApplicationMenus m_menus;
     std::optional<chronydStatus> m_logged_status;
     bool m_stopping = false;
-    std::shared_ptr<AppDelegate*> m_self; // work on its way back finds out through it that the delegate has gone
+    Background m_background;
     std::unique_ptr<Administration> m_administration; // outlives the windows that use it
     std::unique_ptr<TickervantageWindow> m_main_window;
     std::unique_ptr<AnalysisWindows> m_analysis;

@@ -239,12 +239,14 @@ bool Program::write_status(const QString& folder, const DaemonChoice& daemon, co
 void Program::start_tour(const QString& folder, const DaemonChoice& daemon, const Paths& paths) {
     if (is_demonstration(daemon)) // a demonstration's data are its own
         write_sample_servers(paths);
-    m_tour = std::make_unique<ScreenshotTour>(m_delegate, folder, [this, folder, daemon, paths](bool complete) {
-        m_status_queue.async([this, folder, daemon, paths, complete] {
-            const bool written = write_status(folder, daemon, paths);
-            m_main_thread.main_async([complete, written] { QCoreApplication::exit(complete && written ? 0 : 1); });
+    m_tour = std::make_unique<ScreenshotTour>(m_delegate, folder);
+    QObject::connect(
+        m_tour.get(), &ScreenshotTour::finished, m_tour.get(), [this, folder, daemon, paths](bool complete) {
+            m_status_queue.async([this, folder, daemon, paths, complete] {
+                const bool written = write_status(folder, daemon, paths);
+                m_main_thread.main_async([complete, written] { QCoreApplication::exit(complete && written ? 0 : 1); });
+            });
         });
-    });
     m_tour->start();
 }
 

@@ -43,17 +43,18 @@ QPalette dark_palette() {
 
 } // namespace
 
-ScreenshotTour::ScreenshotTour(AppDelegate& application, QString folder, std::function<void(bool)> finished)
-    : m_application(application), m_folder(std::move(folder)), m_finished(std::move(finished)) {}
+ScreenshotTour::ScreenshotTour(AppDelegate& application, QString folder)
+    : m_application(application), m_folder(std::move(folder)) {}
 
 void ScreenshotTour::start() {
     plan();
     plan_analysis();
     plan_settings();
     plan_editor();
-    auto& cycle = m_application.main_window().cycle();
-    cycle.on_applied([this](const StatusNotice&) { QTimer::singleShot(0, this, [this] { reading_applied(); }); });
-    cycle.intervalChanged(1);
+    auto& window = m_application.main_window();
+    connect(&window, &TickervantageWindow::reading_applied, this, &ScreenshotTour::reading_applied,
+            Qt::QueuedConnection); // laid out first
+    window.cycle().intervalChanged(1);
 }
 
 void ScreenshotTour::plan() {
@@ -232,7 +233,7 @@ void ScreenshotTour::reading_applied() {
 void ScreenshotTour::next_stop() {
     if (m_stops.empty()) {
         if (!std::exchange(m_ended, true))
-            m_finished(m_complete);
+            Q_EMIT finished(m_complete);
         return;
     }
     m_stops.front().prepare();

@@ -18,11 +18,13 @@ class ScreenshotTour : public QObject {
     Q_OBJECT
 
 public:
-    // The folder must exist. `finished` gets whether every picture was written.
-    ScreenshotTour(AppDelegate& application, QString folder, std::function<void(bool complete)> finished);
+    ScreenshotTour(AppDelegate& application, QString folder); // which must exist
 
     // Starts when the daemon is synchronised, or goes on without it after a while and says so.
     void start();
+
+Q_SIGNALS:
+    void finished(bool complete); // whether every picture was written
 
 private:
     struct Stop {
@@ -44,7 +46,6 @@ private:
 
     AppDelegate& m_application;
     QString m_folder;
-    std::function<void(bool)> m_finished;
     std::deque<Stop> m_stops;
     bool m_touring = false;
     bool m_ended = false;

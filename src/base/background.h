@@ -5,14 +5,16 @@
 //         [path] { return read_document(path); },       // on the queue: takes values, gives one back (or nothing)
 //         [this](Document document) { show(document); } // main thread; not called when the owner has gone
 //     );
-//     m_background.start_newest(...);                   // likewise; drops what an earlier start_newest() brings
+//     m_background.start_newest(...);                   // likewise; only the newest is made and comes home
 //     ask(question, m_background.if_alive([this](int answer) { apply(answer); })); // an answer from elsewhere
 //
-// The work runs to its end whatever happens to the owner: a file half written is worse than one nobody asks about.
+// Work that has begun runs to its end, and that of start() runs in any case, whatever happens to the owner: a file half
+// written is worse than one nobody asks about.
 #pragma once
 
 #include "base/dispatch.h"
 
+#include <atomic>
 #include <memory>
 #include <type_traits>
 #include <utility>
@@ -23,45 +25,54 @@ class Background {
 public:
     // The main thread outlives the queues.
     explicit Background(MainThread& main_thread) : m_main_thread(main_thread) {}
-    ~Background() = default;
+    ~Background() { m_state->is_gone = true; }
     Background(const Background&) = delete;
     Background& operator=(const Background&) = delete;
 
     template <class Make, class Then>
     void start(DispatchQueueSerial& queue, Make make, Then then) {
-        send(queue, std::move(make), if_alive(std::move(then)));
+        send(queue, std::move(make), if_alive(std::move(then)), [] { return true; });
     }
 
     template <class Make, class Then>
     void start_newest(DispatchQueueSerial& queue, Make make, Then then) {
-        const unsigned number = ++*m_newest;
-        send(queue, std::move(make),
-             [then = std::move(then), number, newest = std::weak_ptr(m_newest)](auto&&... result) mutable {
-                 if (const auto alive = newest.lock(); alive && *alive == number)
-                     then(std::forward<decltype(result)>(result)...);
-             });
+        const auto is_wanted = [state = m_state, number = ++m_state->newest] {
+            return state->newest == number;
+        };
+        auto use = [is_wanted, then = std::move(then)](auto&&... result) mutable {
+            if (is_wanted())
+                then(std::forward<decltype(result)>(result)...);
+        };
+        send(queue, std::move(make), if_alive(std::move(use)), is_wanted);
     }
 
     // What start_newest() has under way is not wanted any more.
-    void forget_newest() { ++*m_newest; }
+    void forget_newest() { ++m_state->newest; }
 
     // `act`, which does nothing once the owner has gone. To be called on the main thread.
     template <class Act>
     [[nodiscard]] auto if_alive(Act act) const {
-        return [act = std::move(act), owner = std::weak_ptr(m_newest)](auto&&... arguments) mutable {
-            if (!owner.expired())
+        return [act = std::move(act), state = m_state](auto&&... arguments) mutable {
+            if (!state->is_gone)
                 act(std::forward<decltype(arguments)>(arguments)...);
         };
     }
 
 private:
+    struct State {
+        std::atomic<unsigned> newest{0}; // number of the latest start_newest()
+        bool is_gone = false;            // the owner; main thread only
+    };
+
     // What comes home is destroyed at home: `Then` may hold what belongs to the main thread.
-    template <class Make, class Then>
-    void send(DispatchQueueSerial& queue, Make make, Then then) {
+    template <class Make, class Then, class IsWanted>
+    void send(DispatchQueueSerial& queue, Make make, Then then, IsWanted is_wanted) {
         using Result = std::invoke_result_t<Make&>;
         auto trip = std::make_shared<std::pair<Make, Then>>(std::move(make), std::move(then));
-        queue.async([trip = std::move(trip), &main_thread = m_main_thread]() mutable {
-            if constexpr (std::is_void_v<Result>) {
+        queue.async([trip = std::move(trip), is_wanted, &main_thread = m_main_thread]() mutable {
+            if (!is_wanted()) {
+                main_thread.main_async([trip = std::move(trip)] {});
+            } else if constexpr (std::is_void_v<Result>) {
                 trip->first();
                 main_thread.main_async([trip = std::move(trip)] { trip->second(); });
             } else {
@@ -73,8 +84,7 @@ private:
     }
 
     MainThread& m_main_thread;
-    // The number of the latest start_newest(). Touched on the main thread only; gone with the owner.
-    std::shared_ptr<unsigned> m_newest = std::make_shared<unsigned>(0);
+    std::shared_ptr<State> m_state = std::make_shared<State>();
 };
 
 } // namespace tickervantage

@@ -88,6 +88,7 @@ TEST_F(BackgroundWork, OfWhichOnlyTheNewestIsWantedDropsTheOlder) {
     queue.turn();
     main_thread.turn();
     EXPECT_EQ(came, (std::vector{2, 3, 5}));
+    EXPECT_EQ(made, (std::vector{1, 2, 3, 5})) << "the fourth was not wanted any more before it began";
 }
 
 TEST_F(BackgroundWork, LetsAnAnswerThroughWhileTheOwnerIsThere) {

@@ -26,6 +26,7 @@ public:
     std::string output;
     StatusNotice notice;
     bool gpsd = false;
+    int asked_for_rights = 0; // times
     std::string stopped;
 
     void redraw_clock() override { ++clock_redraws; }
@@ -45,6 +46,7 @@ public:
     void show_output(const std::string& text) override { output = text; }
     void show_notice(const StatusNotice& shown) override { notice = shown; }
     void enable_gpsd_item(bool enabled) override { gpsd = enabled; }
+    void ask_for_rights() override { ++asked_for_rights; }
     void stop_program(const std::string& error) override { stopped = error; }
     void stop_for_version(const std::string& program, const std::string& answer) override {
         stopped = program + ": " + answer;
@@ -53,21 +55,10 @@ public:
 
 struct StatusCycleTest : ::testing::Test, testing::FakeMainWindowParts {
     FakeDisplay display;
-    bool preference_adjusts = true;
-    bool gpsd_found = false;
     std::unique_ptr<StatusCycle> cycle;
 
     void load() {
-        cycle = std::make_unique<StatusCycle>(
-            display, parts(),
-            StatusCycleOptions{.programs =
-                                   [] {
-                                       return ChronyPrograms{"/bundle", "", ""};
-                                   },
-                               .adjusts_clock_by_preference = [this] { return preference_adjusts; },
-                               .gpsd_application_found = [this] { return gpsd_found; },
-                               .chronyc_arguments = {},
-                               .pidfile = {}});
+        cycle = std::make_unique<StatusCycle>(display, parts(), options());
         cycle->load();
         settle();
     }
@@ -177,6 +168,9 @@ TEST_F(StatusCycleTest, PrivilegedReportsComeThroughTheHelperOrStayEmpty) {
         EXPECT_EQ(display.notice, (StatusNotice{StatusNotice::Kind::needs_helper, command}));
         EXPECT_EQ(calls(std::string("chronyc|") + command), 0);
     }
+    cycle->refresh();
+    settle();
+    EXPECT_EQ(display.asked_for_rights, 5) << "once for each that was chosen, not with every reading";
     ASSERT_TRUE(actions->blessHelper());
     channel.reply = "as root";
     cycle->chronycCommand("authdata");
@@ -356,7 +350,7 @@ TEST_F(StatusCycleTest, ClockNoticeFollowsTheDaemonAndThenThePreference) {
     cycle->refresh();
     settle();
     EXPECT_FALSE(display.not_adjusted);
-    preference_adjusts = false;
+    preferences.adj_system = false;
     cycle->refresh();
     settle();
     EXPECT_TRUE(display.not_adjusted);

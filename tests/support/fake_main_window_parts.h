@@ -22,6 +22,8 @@ struct FakeMainWindowParts {
     Broadcast broadcast{main_thread};
     MemorySettingsStore store;
     DefaultSettings settings{store};
+    PreferencesGeneral preferences; // without paths: the programs of the bundle
+    bool gpsd_found = false;
 
     FakeMainWindowParts() {
         execute.answer("chronyc tracking", tracking_text());
@@ -32,6 +34,12 @@ struct FakeMainWindowParts {
 
     [[nodiscard]] StatusCycleParts parts() {
         return {execute, *actions, queue, reports, main_thread, timer, broadcast, settings};
+    }
+
+    [[nodiscard]] StatusCycleOptions options() {
+        return {.preferences = preferences, .bundle = "/bundle", .gpsd_application_found = [this] {
+                    return gpsd_found;
+                }};
     }
 
     // Lets everything that is under way come to its end.

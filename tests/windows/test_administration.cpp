@@ -38,17 +38,7 @@ struct AdministrationTest : ::testing::Test {
             fakes.channel, PrivilegedReports{.problem = [this](PrivilegedProblem problem, const Failure& why) {
                 administration->show_problem(problem, why);
             }});
-        window =
-            std::make_unique<TickervantageWindow>(fakes.parts(),
-                                                  StatusCycleOptions{.programs =
-                                                                         [] {
-                                                                             return ChronyPrograms{"/bundle", "", ""};
-                                                                         },
-                                                                     .adjusts_clock_by_preference = [] { return true; },
-                                                                     .gpsd_application_found = [] { return false; },
-                                                                     .chronyc_arguments = {},
-                                                                     .pidfile = {}},
-                                                  MainWindowRequests{});
+        window = std::make_unique<TickervantageWindow>(fakes.parts(), fakes.options());
         administration = std::make_unique<Administration>(AdministrationParts{
             .machine = {.queue = [this](std::string_view) -> DispatchQueueSerial& { return jobs; },
                         .probes = {.file_exists = [this](const std::string& path) { return files.contains(path); },

@@ -65,10 +65,11 @@ struct FreqTempWindowTest : ::testing::Test {
 
     void open_inspector() {
         inspector = std::make_unique<SensorInspector>(
-            SensorInspectorParts{fakes.broadcast, fakes.files, fakes.queue, fakes.main_thread, EQUATION, [this] {
-                                     if (window)
-                                         window->tell_inspector();
-                                 }});
+            SensorInspectorParts{fakes.broadcast, fakes.files, fakes.queue, fakes.main_thread, EQUATION});
+        QObject::connect(inspector.get(), &SensorInspector::sensors_requested, inspector.get(), [this] {
+            if (window)
+                window->tell_inspector();
+        });
         inspector->windowDidLoad();
         inspector->show();
         fakes.settle();

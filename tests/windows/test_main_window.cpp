@@ -25,23 +25,13 @@ namespace {
 struct MainWindowTest : ::testing::Test {
     testing::FakeMainWindowParts fakes;
     QString stopped;
-    bool gpsd_found = true;
     std::unique_ptr<TickervantageWindow> window;
 
     void open() {
-        window = std::make_unique<TickervantageWindow>(
-            fakes.parts(),
-            StatusCycleOptions{.programs =
-                                   [] {
-                                       return ChronyPrograms{"/bundle", "", ""};
-                                   },
-                               .adjusts_clock_by_preference = [] { return true; },
-                               .gpsd_application_found = [this] { return gpsd_found; },
-                               .chronyc_arguments = {},
-                               .pidfile = {}},
-            MainWindowRequests{.stop_program = [this](const QString& sentence) { stopped = sentence; },
-                               .launch_gpsd_application = [] {},
-                               .show_preferences = {}});
+        fakes.gpsd_found = true;
+        window = std::make_unique<TickervantageWindow>(fakes.parts(), fakes.options());
+        QObject::connect(window.get(), &TickervantageWindow::stop_requested, window.get(),
+                         [this](const QString& sentence) { stopped = sentence; });
         window->windowDidLoad();
         window->show();
         fakes.settle();
@@ -157,7 +147,7 @@ TEST_F(MainWindowTest, ToolbarOffersTheGpsConfigurationOnlyWhereItIs) {
     open();
     const auto* item = window->findChild<QAction*>(QStringLiteral("m_gpsd_toolbar"));
     EXPECT_TRUE(item->isVisible() && item->isEnabled());
-    gpsd_found = false;
+    fakes.gpsd_found = false;
     window->cycle().refresh();
     fakes.settle();
     EXPECT_FALSE(item->isVisible());

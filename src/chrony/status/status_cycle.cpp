@@ -18,8 +18,7 @@ StatusCycle::StatusCycle(StatusDisplay& display, const StatusCycleParts& parts, 
       m_tools(std::make_shared<RefreshTools>(
           RefreshTools{RunningCheck(parts.execute, m_options.pidfile), m_options.gpsd_application_found})),
       m_updatetimer(parts.timer.make_repeater("updatetimer", Pace::free)),
-      m_clockTicker(parts.timer.make_repeater("clockTicker", Pace::wall_second)),
-      m_self(std::make_shared<StatusCycle*>(this)) {}
+      m_clockTicker(parts.timer.make_repeater("clockTicker", Pace::wall_second)), m_background(parts.main_thread) {}
 
 StatusCycle::~StatusCycle() = default;
 
@@ -47,8 +46,12 @@ bool StatusCycle::is_listened_to() const {
     return m_parts.broadcast.has_listeners(current_frequency_key);
 }
 
+ChronyPrograms StatusCycle::programs() const {
+    return {m_options.bundle, m_options.preferences.chronyc, m_options.preferences.chronyd};
+}
+
 void StatusCycle::programs_changed() {
-    if (m_options.programs() == m_programs)
+    if (programs() == m_programs)
         return;
     rebuild_runner();
     refresh();
@@ -82,8 +85,8 @@ void StatusCycle::chronycCommand(const std::string& command) {
     m_list_servers = ntpdata;
     m_display.show_server_field(ntpdata);
     refresh();
-    if (is_privileged_report(command) && !m_parts.privileged.helper_ready() && m_options.ask_for_rights)
-        m_options.ask_for_rights(); // only now, not with every reading: no is no until it is chosen again
+    if (is_privileged_report(command) && !m_parts.privileged.helper_ready())
+        m_display.ask_for_rights(); // only now, not with every reading: no is no until it is chosen again
 }
 
 void StatusCycle::selectMeter(int index) {
@@ -175,19 +178,17 @@ void StatusCycle::refresh() {
 }
 
 void StatusCycle::rebuild_runner() {
-    const ChronyPrograms programs = m_programs = m_options.programs();
-    m_chronyc = std::make_shared<Runchronyc>(m_parts.execute, m_parts.privileged, programs, !m_settings.showIPaddress,
+    m_programs = programs();
+    m_chronyc = std::make_shared<Runchronyc>(m_parts.execute, m_parts.privileged, m_programs, !m_settings.showIPaddress,
                                              m_settings.showOriginalName, m_options.chronyc_arguments);
     // Everything the piece of work needs travels with it: this object may be gone when it runs.
-    m_parts.queue.async(
-        [programs, &execute = m_parts.execute, &main_thread = m_parts.main_thread, self = std::weak_ptr(m_self)] {
-            auto chronyc = read_version(version_query(execute, programs, bundle_chronyc));
-            auto chronyd = read_version(version_query(execute, programs, bundle_chronyd));
-            main_thread.main_async([self, chronyc = std::move(chronyc), chronyd = std::move(chronyd)] {
-                if (const auto alive = self.lock())
-                    (*alive)->apply_versions(chronyc, chronyd);
-            });
-        });
+    m_background.start_newest(
+        m_parts.queue,
+        [programs = m_programs, &execute = m_parts.execute] {
+            return std::pair(read_version(version_query(execute, programs, bundle_chronyc)),
+                             read_version(version_query(execute, programs, bundle_chronyd)));
+        },
+        [this](const auto& versions) { apply_versions(versions.first, versions.second); });
 }
 
 void StatusCycle::start_reading() {
@@ -196,13 +197,9 @@ void StatusCycle::start_reading() {
     RefreshRequest wanted = request();
     wanted.list_servers = std::exchange(m_list_servers, false);
     start_report(wanted);
-    m_parts.queue.async([wanted = std::move(wanted), tools = m_tools, &main_thread = m_parts.main_thread,
-                         self = std::weak_ptr(m_self)] {
-        main_thread.main_async([reading = read_status(wanted, *tools), self] {
-            if (const auto alive = self.lock())
-                (*alive)->apply(reading);
-        });
-    });
+    m_background.start(
+        m_parts.queue, [wanted = std::move(wanted), tools = m_tools] { return read_status(wanted, *tools); },
+        [this](const RefreshReading& reading) { apply(reading); });
 }
 
 RefreshRequest StatusCycle::request() const {
@@ -218,12 +215,9 @@ void StatusCycle::start_report(const RefreshRequest& wanted) {
     const bool is_possible = is_privileged_report(wanted.command) && m_parts.privileged.helper_ready();
     if (!is_possible || std::exchange(m_reporting, true))
         return;
-    m_parts.report_queue.async([wanted, &main_thread = m_parts.main_thread, self = std::weak_ptr(m_self)] {
-        main_thread.main_async([wanted, text = read_privileged_report(wanted), self] {
-            if (const auto alive = self.lock())
-                (*alive)->apply_report(wanted, text);
-        });
-    });
+    m_background.start(
+        m_parts.report_queue, [wanted] { return read_privileged_report(wanted); },
+        [this, wanted](const ReportText& text) { apply_report(wanted, text); });
 }
 
 void StatusCycle::apply_report(const RefreshRequest& wanted, const ReportText& text) {
@@ -252,15 +246,12 @@ void StatusCycle::apply(const RefreshReading& reading) {
     show_output(reading);
     if (reading.servers)
         apply_servers(*reading.servers);
-    const StatusNotice shown = notice(reading);
-    m_display.show_notice(shown);
-    for (const auto& handler : m_applied)
-        handler(shown);
+    m_display.show_notice(notice(reading));
 }
 
 void StatusCycle::apply_tracking(const RefreshReading& reading) {
     const bool adjusted = reading.discipline == ClockDiscipline::not_running
-                              ? m_options.adjusts_clock_by_preference()
+                              ? m_options.preferences.adj_system
                               : reading.discipline == ClockDiscipline::adjusting;
     m_display.show_clock_not_adjusted(!adjusted);
     const TrackingReport& report = reading.report;

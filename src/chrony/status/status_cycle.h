@@ -6,6 +6,7 @@
 // not wait for the helper.
 #pragma once
 
+#include "base/background.h"
 #include "base/broadcast.h"
 #include "base/dispatch.h"
 #include "base/repeater.h"
@@ -15,6 +16,7 @@
 #include "chrony/status/status_display.h"
 #include "draw/instruments/clock_performance.h"
 #include "roothelper/client/privileged_actions.h"
+#include "settings/preferences.h"
 
 #include <functional>
 #include <memory>
@@ -37,12 +39,11 @@ struct StatusCycleParts {
 
 // What differs from machine to machine and from run to run.
 struct StatusCycleOptions {
-    std::function<ChronyPrograms()> programs;          // as the preferences have them now
-    std::function<bool()> adjusts_clock_by_preference; // asked when no daemon runs
-    std::function<bool()> gpsd_application_found;      // called on the queue
-    std::vector<std::string> chronyc_arguments;        // placed before every command
-    std::string pidfile;                               // of the daemon shown; empty: any
-    std::function<void()> ask_for_rights = {};         // when a report that needs them is chosen; may be missing
+    const PreferencesGeneral& preferences;           // as they are now: the programs, and who adjusts the clock
+    std::string bundle;                              // the folder of the application bundle, with programs of its own
+    std::function<bool()> gpsd_application_found;    // called on the queue
+    std::vector<std::string> chronyc_arguments = {}; // placed before every command
+    std::string pidfile = {};                        // of the daemon shown; empty: any
 };
 
 class StatusCycle {
@@ -96,10 +97,8 @@ public:
     [[nodiscard]] bool reading() const { return m_reading; }
     [[nodiscard]] ClockPerformance& meter() { return m_meter; }
 
-    // Called after each reading was applied, for as long as the cycle lives. Several may be added.
-    void on_applied(std::function<void(const StatusNotice&)> handler) { m_applied.push_back(std::move(handler)); }
-
 private:
+    [[nodiscard]] ChronyPrograms programs() const;
     void start_reading();
     [[nodiscard]] RefreshRequest request() const; // as the controls have it now
     void start_report(const RefreshRequest& wanted);
@@ -135,8 +134,7 @@ private:
     bool m_again = false;        // and is stale: another follows
     bool m_reporting = false;    // a report that needs root is under way
     ReportText m_root_report;    // the latest one
-    std::vector<std::function<void(const StatusNotice&)>> m_applied;
-    std::shared_ptr<StatusCycle*> m_self; // work on its way back finds out through it that the cycle has gone
+    Background m_background;
 };
 
 } // namespace tickervantage

@@ -37,10 +37,12 @@ public:
     virtual void show_original_name_choice(bool offered) = 0; // false: switched off, disabled and hidden
     virtual void show_server_field(bool shown) = 0;
     virtual void show_servers(const std::vector<std::string>& names, const std::string& current) = 0;
-    virtual void show_output(const std::string& text) = 0; // raw bytes; may hold anything
-    virtual void show_notice(const StatusNotice& notice) = 0;
+    virtual void show_output(const std::string& text) = 0;    // raw bytes; may hold anything
+    virtual void show_notice(const StatusNotice& notice) = 0; // the last of what each reading shows
     virtual void enable_gpsd_item(bool enabled) = 0;
 
+    // A report was chosen that needs administrator rights, which are not there.
+    virtual void ask_for_rights() = 0;
     // A fault of the program's own, which it cannot go on with.
     virtual void stop_program(const std::string& programming_error) = 0;
     // A program is not what its path says. Versions that are shown afterwards are those of programs that are.

@@ -22,7 +22,7 @@
 namespace tickervantage {
 
 FreqTempWindow::FreqTempWindow(FreqTempWindowParts parts)
-    : m_parts(std::move(parts)), m_self(std::make_shared<FreqTempWindow*>(this)) {
+    : m_parts(std::move(parts)), m_background(m_parts.session.main_thread) {
     setObjectName(QStringLiteral("FreqTempWindow"));
     //: frequency and temperature window: title
     setWindowTitle(tr("Frequency and Temperature"));
@@ -239,12 +239,9 @@ void FreqTempWindow::end_session() {
     m_session->settings().save(m_parts.settings);
     m_session->close();
     const FreqTempSession* ended = m_ended.emplace_back(std::move(m_session)).get();
-    m_parts.session.file_queue.async([&main_thread = m_parts.session.main_thread, self = std::weak_ptr(m_self), ended] {
-        main_thread.main_async([self, ended] {
-            if (const auto window = self.lock())
-                (*window)->m_ended.remove_if([ended](const auto& one) { return one.get() == ended; });
-        });
-    });
+    m_background.start(
+        m_parts.session.file_queue, [] {},
+        [this, ended] { m_ended.remove_if([ended](const auto& one) { return one.get() == ended; }); });
 }
 
 void FreqTempWindow::changeEvent(QEvent* event) {

@@ -5,6 +5,7 @@
 // closed. Main thread only.
 #pragma once
 
+#include "base/background.h"
 #include "gui/common/plot_export.h"
 #include "gui/freqtemp/freqtemp_controls.h"
 #include "settings/default_settings.h"
@@ -72,7 +73,7 @@ private:
     QString m_said;
     std::unique_ptr<FreqTempSession> m_session;          // null: closed
     std::list<std::unique_ptr<FreqTempSession>> m_ended; // closed, but their map may still be on its way to the disk
-    std::shared_ptr<FreqTempWindow*> m_self;             // work on its way back finds out that the window has gone
+    Background m_background;
 };
 
 } // namespace tickervantage

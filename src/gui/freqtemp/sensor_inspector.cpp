@@ -65,7 +65,7 @@ Equation read_equation(UserFiles& files, const std::string& path) {
 } // namespace
 
 SensorInspector::SensorInspector(SensorInspectorParts parts)
-    : m_parts(std::move(parts)), m_self(std::make_shared<SensorInspector*>(this)) {
+    : m_parts(std::move(parts)), m_background(m_parts.main_thread) {
     setObjectName(QStringLiteral("SensorInspector"));
     //: sensor inspector: title
     setWindowTitle(tr("Sensor Inspector"));
@@ -143,21 +143,18 @@ void SensorInspector::windowDidLoad() {
         }
     });
     load_equation();
-    m_parts.ask_sensors();
+    Q_EMIT sensors_requested();
 }
 
 void SensorInspector::load_equation() {
-    m_parts.queue.async([&files = m_parts.files, &main_thread = m_parts.main_thread, path = m_parts.equation,
-                         self = std::weak_ptr(m_self)] {
-        const auto equation = std::make_shared<const Equation>(read_equation(files, path));
-        main_thread.main_async([equation, self] {
-            if (!equation->failure.empty())
-                std::cout << "Got an error " << equation->failure << std::endl;
-            const auto window = self.lock();
-            if (window && equation->exists)
-                (*window)->show_equation(equation->text);
+    m_background.start(
+        m_parts.queue, [&files = m_parts.files, path = m_parts.equation] { return read_equation(files, path); },
+        [this](const Equation& equation) {
+            if (!equation.failure.empty())
+                std::cout << "Got an error " << equation.failure << std::endl;
+            if (equation.exists)
+                show_equation(equation.text);
         });
-    });
 }
 
 void SensorInspector::show_equation(const std::vector<RtfParagraph>& text) {

@@ -4,12 +4,11 @@
 // Main thread only.
 #pragma once
 
-#include "base/dispatch.h"
+#include "base/background.h"
 #include "studies/freqtemp/rtf_text.h"
 
 #include <QMainWindow>
 
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -28,8 +27,7 @@ struct SensorInspectorParts {
     UserFiles& files; // used on the queue
     DispatchQueueSerial& queue;
     MainThread& main_thread;
-    std::string equation;              // path of the text in Rich Text Format above the table
-    std::function<void()> ask_sensors; // asks for a notice soon: for what was known before the window opened
+    std::string equation; // path of the text in Rich Text Format above the table
 };
 
 class SensorInspector : public QMainWindow {
@@ -42,6 +40,9 @@ public:
     void windowDidLoad(); // before the window is shown, also after it was closed
 
     void copy_rows() const; // those selected, or all, with a heading; tabs between the cells
+
+Q_SIGNALS:
+    void sensors_requested(); // a notice soon: of what was known before the window opened
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -57,9 +58,9 @@ private:
     SensorTable* m_sensors = nullptr;
     QLabel* m_equation = nullptr;
     QTableView* m_sensors_table = nullptr;
-    QLabel* m_empty = nullptr;                // stands in for the table while that has no rows
-    bool m_is_listening = false;              // open
-    std::shared_ptr<SensorInspector*> m_self; // work on its way back finds out through it that the window has gone
+    QLabel* m_empty = nullptr;   // stands in for the table while that has no rows
+    bool m_is_listening = false; // open
+    Background m_background;
 };
 
 } // namespace tickervantage

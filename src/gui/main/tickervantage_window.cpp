@@ -38,9 +38,8 @@ QString from_std(const std::string& text) {
 
 } // namespace
 
-TickervantageWindow::TickervantageWindow(const StatusCycleParts& parts, StatusCycleOptions options,
-                                         MainWindowRequests requests)
-    : m_settings_store(parts.settings), m_requests(std::move(requests)), m_clock_view(local_clock_time),
+TickervantageWindow::TickervantageWindow(const StatusCycleParts& parts, StatusCycleOptions options)
+    : m_settings_store(parts.settings), m_clock_view(local_clock_time),
       m_cycle(std::make_unique<StatusCycle>(*this, parts, std::move(options))) {
     setWindowTitle(QStringLiteral("Tickervantage"));
     setObjectName(QStringLiteral("TickervantageWindow"));
@@ -78,27 +77,16 @@ void TickervantageWindow::build_toolbar() {
     m_toolbar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_toolbar->addAction(m_gpsd_toolbar);
     m_toolbar->widgetForAction(m_gpsd_toolbar)->setObjectName(m_gpsd_toolbar->objectName());
-    connect(m_gpsd_toolbar, &QAction::triggered, this, [this] { m_requests.launch_gpsd_application(); });
+    connect(m_gpsd_toolbar, &QAction::triggered, this, &TickervantageWindow::gpsd_application_requested);
 }
 
 void TickervantageWindow::add_toolbar_actions(const QList<QAction*>& actions) {
     m_toolbar->insertActions(m_gpsd_toolbar, actions);
 }
 
-void TickervantageWindow::connect_preferences() {
-    for (auto* button : {m_controls.m_preferences, m_controls.wrong_program_preferences}) {
-        if (m_requests.show_preferences) {
-            connect(button, &QPushButton::clicked, this, [this] { m_requests.show_preferences(); });
-            continue;
-        }
-        button->setEnabled(false);
-        //: tooltip of a control that cannot be used
-        button->setToolTip(tr("Not part of this version"));
-    }
-}
-
 void TickervantageWindow::connect_controls() {
-    connect_preferences();
+    for (auto* button : {m_controls.m_preferences, m_controls.wrong_program_preferences})
+        connect(button, &QPushButton::clicked, this, &TickervantageWindow::preferences_requested);
     connect(m_controls.commandMenu, &QComboBox::textActivated, this,
             [this](const QString& title) { m_cycle->chronycCommand(title.toStdString()); });
     connect(m_controls.meterSelect, &QComboBox::activated, this, [this](int index) { m_cycle->selectMeter(index); });
@@ -264,6 +252,7 @@ void TickervantageWindow::show_notice(const StatusNotice& notice) {
     m_controls.m_status->setText(m_progress.isEmpty() ? sentence : m_progress);
     // An empty report explains itself where the eye looks for it.
     m_controls.m_textscroll->setPlaceholderText(notice.kind == StatusNotice::Kind::none ? QString() : sentence);
+    Q_EMIT reading_applied(notice);
 }
 
 void TickervantageWindow::enable_gpsd_item(bool enabled) {
@@ -273,8 +262,12 @@ void TickervantageWindow::enable_gpsd_item(bool enabled) {
     m_gpsd_toolbar->setVisible(enabled);
 }
 
+void TickervantageWindow::ask_for_rights() {
+    Q_EMIT rights_requested();
+}
+
 void TickervantageWindow::stop_program(const std::string& programming_error) {
-    m_requests.stop_program(from_std(programming_error));
+    Q_EMIT stop_requested(from_std(programming_error));
 }
 
 void TickervantageWindow::stop_for_version(const std::string& program, const std::string& answer) {
@@ -285,10 +278,9 @@ void TickervantageWindow::stop_for_version(const std::string& program, const std
             .arg(from_std(program), from_std(answer));
     if (!m_controls.wrong_program->isHidden() && m_controls.wrong_program_words->text() == sentence)
         return; // each reading asks again
-    if (m_requests.log_error)
-        m_requests.log_error(sentence);
     m_controls.wrong_program_words->setText(sentence);
     m_controls.wrong_program->show();
+    Q_EMIT wrong_program_found(sentence);
 }
 
 void TickervantageWindow::set_standing_notice(const QString& text) {

@@ -8,7 +8,6 @@
 
 #include <QMainWindow>
 
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -17,19 +16,11 @@ class QToolBar;
 
 namespace tickervantage {
 
-// What the window asks the application to do.
-struct MainWindowRequests {
-    std::function<void(const QString& sentence)> stop_program; // say it to the user and end the program
-    std::function<void()> launch_gpsd_application;
-    std::function<void()> show_preferences;                      // may be missing: then the button is disabled
-    std::function<void(const QString& sentence)> log_error = {}; // may be missing
-};
-
 class TickervantageWindow : public QMainWindow, public StatusDisplay {
     Q_OBJECT
 
 public:
-    TickervantageWindow(const StatusCycleParts& parts, StatusCycleOptions options, MainWindowRequests requests);
+    TickervantageWindow(const StatusCycleParts& parts, StatusCycleOptions options);
     ~TickervantageWindow() override;
 
     // Reads the settings, fills the controls and starts the cycle. Once, before the window is shown.
@@ -64,8 +55,17 @@ public:
     void show_output(const std::string& text) override;
     void show_notice(const StatusNotice& notice) override;
     void enable_gpsd_item(bool enabled) override;
+    void ask_for_rights() override;
     void stop_program(const std::string& programming_error) override;
     void stop_for_version(const std::string& program, const std::string& answer) override;
+
+Q_SIGNALS:
+    void reading_applied(const StatusNotice& notice); // and shown
+    void rights_requested();                          // the administrator's
+    void preferences_requested();
+    void gpsd_application_requested();
+    void wrong_program_found(const QString& sentence); // is said in the window; to be logged
+    void stop_requested(const QString& sentence);      // say it to the user and end the program
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -76,7 +76,6 @@ protected:
 private:
     void build_toolbar();
     void connect_controls();
-    void connect_preferences();
     void show_settings();
     void fix_clock_text_size();
     void update_visibility();
@@ -85,7 +84,6 @@ private:
     void set_output_font(const Font& font);
 
     DefaultSettings& m_settings_store;
-    MainWindowRequests m_requests;
     AnalogClockView m_clock_view;
     std::unique_ptr<StatusCycle> m_cycle;
     MainWindowControls m_controls;

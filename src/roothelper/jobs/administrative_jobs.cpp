@@ -21,7 +21,7 @@ JobResult play_with_rights(const AdminRequest& request, const JobSetting& settin
 } // namespace
 
 AdministrativeJobs::AdministrativeJobs(AdministrativeJobsParts parts)
-    : m_parts(std::move(parts)), m_self(std::make_shared<AdministrativeJobs*>(this)) {}
+    : m_parts(std::move(parts)), m_background(m_parts.main_thread) {}
 
 AdministrativeJobs::~AdministrativeJobs() = default;
 
@@ -39,15 +39,14 @@ void AdministrativeJobs::run(const AdminRequest& request, Done done) {
     const JobSetting setting = m_parts.setting();
     show(progress_text(request.job, setting));
     // The job goes on when this object goes: half a job would be worse than one whose end nobody hears of.
-    m_parts.queue(entry_of(request.job).queue)
-        .async([request, setting, parts = m_parts, done = std::move(done), self = std::weak_ptr(m_self)] {
-            const JobResult result = play_with_rights(request, setting, parts);
+    m_background.start(
+        m_parts.queue(entry_of(request.job).queue),
+        [request, setting, parts = m_parts] {
+            JobResult result = play_with_rights(request, setting, parts);
             parts.actions->set_action_in_progress(false);
-            parts.main_thread.main_async([result, done, self] {
-                if (const auto alive = self.lock())
-                    (*alive)->end(result, done);
-            });
-        });
+            return result;
+        },
+        [this, done = std::move(done)](const JobResult& result) { end(result, done); });
 }
 
 void AdministrativeJobs::end(const JobResult& result, const Done& done) {
@@ -58,17 +57,11 @@ void AdministrativeJobs::end(const JobResult& result, const Done& done) {
 void AdministrativeJobs::obtain_rights(std::function<void(bool granted)> done) {
     if (std::exchange(m_asking, true))
         return; // the user is being asked already
-    m_parts.queue(rights_queue)
-        .async([actions = m_parts.actions, &main_thread = m_parts.main_thread, done = std::move(done),
-                self = std::weak_ptr(m_self)] {
-            const bool granted = actions->blessHelper();
-            main_thread.main_async([granted, done, self] {
-                const auto alive = self.lock();
-                if (!alive)
-                    return;
-                (*alive)->m_asking = false;
-                done(granted);
-            });
+    m_background.start(
+        m_parts.queue(rights_queue), [actions = m_parts.actions] { return actions->blessHelper(); },
+        [this, done = std::move(done)](bool granted) {
+            m_asking = false;
+            done(granted);
         });
 }
 

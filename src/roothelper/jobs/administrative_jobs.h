@@ -4,7 +4,7 @@
 // time; without them it ends before its first command. While one is under way the shared actions say so.
 #pragma once
 
-#include "base/dispatch.h"
+#include "base/background.h"
 #include "roothelper/client/privileged_actions.h"
 #include "roothelper/jobs/job_catalogue.h"
 #include "roothelper/jobs/sent_steps.h"
@@ -52,8 +52,8 @@ private:
 
     AdministrativeJobsParts m_parts;
     std::function<void(const std::string& text)> m_progress;
-    bool m_asking = false;                       // a request for rights is under way
-    std::shared_ptr<AdministrativeJobs*> m_self; // work on its way back finds out through it that the jobs have gone
+    bool m_asking = false; // a request for rights is under way
+    Background m_background;
 };
 
 } // namespace tickervantage

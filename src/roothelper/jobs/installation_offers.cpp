@@ -93,19 +93,17 @@ Alert unasked_choice_alert(const Translate& words, const DistributionChrony& chr
 }
 
 InstallationOffers::InstallationOffers(InstallationOffersParts parts)
-    : m_parts(std::move(parts)), m_self(std::make_shared<InstallationOffers*>(this)) {}
+    : m_parts(std::move(parts)), m_background(m_parts.main_thread) {}
 
 InstallationOffers::~InstallationOffers() = default;
 
 void InstallationOffers::start() {
-    m_parts.queue.async([paths = m_parts.paths(), bundle = m_parts.bundle, form = m_parts.form,
-                         exists = m_parts.file_exists, same = m_parts.same_files, &execute = m_parts.execute,
-                         &main_thread = m_parts.main_thread, self = std::weak_ptr(m_self)] {
-        main_thread.main_async([facts = look_at_installation(paths, bundle, form, exists, execute, same), self] {
-            if (const auto alive = self.lock())
-                (*alive)->offer(facts);
-        });
-    });
+    m_background.start(
+        m_parts.queue,
+        [paths = m_parts.paths(), bundle = m_parts.bundle, form = m_parts.form, exists = m_parts.file_exists,
+         same = m_parts.same_files,
+         &execute = m_parts.execute] { return look_at_installation(paths, bundle, form, exists, execute, same); },
+        [this](const InstallationFacts& facts) { offer(facts); });
 }
 
 void InstallationOffers::tell_unasked_choice(const DistributionChrony& chrony) {
@@ -123,29 +121,25 @@ void InstallationOffers::offer(const InstallationFacts& facts) {
         offer_installation(facts);
         return;
     }
-    const auto answered = [this, facts, self = std::weak_ptr(m_self)](std::size_t button) {
-        if (self.expired())
-            return;
+    const auto answered = m_background.if_alive([this, facts](std::size_t button) {
         m_parts.warnings.register_warning(system_chrony_identifier); // asked once, whatever the answer
         if (button == 0)
             m_parts.use_distribution(*facts.distribution);
         else
             offer_installation(facts);
-    };
+    });
     if (!show_unless_suppressed(m_parts.warnings, m_parts.show,
                                 system_chrony_alert(m_parts.translate, *facts.distribution), answered))
         offer_installation(facts);
 }
 
 void InstallationOffers::offer_installation(const InstallationFacts& facts) {
-    const auto answered = [this, facts, self = std::weak_ptr(m_self)](std::size_t button) {
-        if (self.expired())
-            return;
+    const auto answered = m_background.if_alive([this, facts](std::size_t button) {
         if (button == 0)
             m_parts.install();
         else
             offer_version(facts);
-    };
+    });
     if (facts.complete || !show_unless_suppressed(m_parts.warnings, m_parts.show,
                                                   first_run_alert(m_parts.translate, facts.distribution), answered))
         offer_version(facts);
@@ -161,10 +155,10 @@ void InstallationOffers::offer_version(const InstallationFacts& facts) {
     }
     if (facts.installed.label == facts.embedded.label && facts.same_programs)
         return;
-    const auto answered = [this, self = std::weak_ptr(m_self)](std::size_t button) {
-        if (button == 0 && !self.expired())
+    const auto answered = m_background.if_alive([this](std::size_t button) {
+        if (button == 0)
             m_parts.install();
-    };
+    });
     (void)show_unless_suppressed(
         m_parts.warnings, m_parts.show,
         version_alert(m_parts.translate, m_parts.paths().chronyd, facts.installed.label, facts.embedded.label),

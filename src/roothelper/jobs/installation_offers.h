@@ -6,7 +6,7 @@
 // the queue.
 #pragma once
 
-#include "base/dispatch.h"
+#include "base/background.h"
 #include "chrony/reports/runchronyc.h"
 #include "chrony/reports/versions.h"
 #include "chrony/services/service_definitions.h"
@@ -96,7 +96,7 @@ private:
     void offer_version(const InstallationFacts& facts);
 
     InstallationOffersParts m_parts;
-    std::shared_ptr<InstallationOffers*> m_self; // answers find out through it that the offers have gone
+    Background m_background;
 };
 
 } // namespace tickervantage

@@ -82,7 +82,7 @@ struct FreqTempSession::FitResult {
 FreqTempSession::FreqTempSession(FreqTempParts parts, FreqTempSettings settings, FreqTempEvents events)
     : m_parts(std::move(parts)), m_settings(settings), m_events(std::move(events)),
       m_store(std::make_shared<ScatterStore>(m_parts.files, m_parts.logger, m_parts.file_queue, m_parts.map)),
-      m_timer(m_parts.master_timer.make_repeater(TIMER, Pace::free)), m_self(std::make_shared<FreqTempSession*>(this)) {
+      m_timer(m_parts.master_timer.make_repeater(TIMER, Pace::free)), m_background(m_parts.main_thread) {
     set_max_samples(m_settings.max_samples);
 }
 
@@ -92,27 +92,10 @@ FreqTempSession::~FreqTempSession() {
     m_store->finish();
 }
 
-// Work for a queue whose result goes to a member function on the main thread, unless the session has gone by then.
-template <class Make, class Use>
-Work FreqTempSession::there_and_back(Make make, Use use) {
-    return [make = std::move(make), use = std::move(use), self = std::weak_ptr(m_self),
-            &main_thread = m_parts.main_thread] {
-        const auto result = std::make_shared<decltype(make())>(make());
-        main_thread.main_async([result, use, self] {
-            if (const auto session = self.lock())
-                use(**session, std::move(*result));
-        });
-    };
-}
-
 void FreqTempSession::start() {
-    const auto read = [&sensors = m_parts.sensors] {
-        return sensors.read();
-    };
-    m_parts.sensor_queue.async(
-        there_and_back(read, [](FreqTempSession& session, const std::vector<SensorReading>& readings) {
-            session.load(sensors_with_reading(readings));
-        }));
+    m_background.start(
+        m_parts.sensor_queue, [&sensors = m_parts.sensors] { return sensors_with_reading(sensors.read()); },
+        [this](std::vector<tempSensor> sensors) { load(std::move(sensors)); });
 }
 
 void FreqTempSession::load(std::vector<tempSensor> sensors) {
@@ -124,8 +107,8 @@ void FreqTempSession::load(std::vector<tempSensor> sensors) {
                 entry.digest = make_digest(entry.points);
         return stored;
     };
-    m_parts.file_queue.async(there_and_back(
-        read, [](FreqTempSession& session, std::optional<ScatterMap> stored) { session.begin(std::move(stored)); }));
+    m_background.start(m_parts.file_queue, read,
+                       [this](std::optional<ScatterMap> stored) { begin(std::move(stored)); });
 }
 
 void FreqTempSession::begin(std::optional<ScatterMap> stored) {
@@ -161,13 +144,9 @@ void FreqTempSession::close() {
 void FreqTempSession::read_temperatures() {
     if (std::exchange(m_is_reading, true))
         return; // a slow chip: its readings are on their way
-    const auto read = [&sensors = m_parts.sensors] {
-        return sensors.read();
-    };
-    m_parts.sensor_queue.async(
-        there_and_back(read, [](FreqTempSession& session, const std::vector<SensorReading>& readings) {
-            session.apply_temperatures(readings);
-        }));
+    m_background.start(
+        m_parts.sensor_queue, [&sensors = m_parts.sensors] { return sensors.read(); },
+        [this](const std::vector<SensorReading>& readings) { apply_temperatures(readings); });
 }
 
 void FreqTempSession::apply_temperatures(const std::vector<SensorReading>& readings) {
@@ -223,11 +202,9 @@ void FreqTempSession::request(FitJob job) {
 
 void FreqTempSession::start_job(FitJob job) {
     m_is_fitting = true;
-    const auto make = [job = std::make_shared<const FitJob>(std::move(job))] {
-        return FitResult(*job);
-    };
-    m_parts.fit_queue.async(
-        there_and_back(make, [](FreqTempSession& session, const FitResult& result) { session.apply(result); }));
+    m_background.start(
+        m_parts.fit_queue, [job = std::move(job)] { return FitResult(job); },
+        [this](const FitResult& result) { apply(result); });
 }
 
 void FreqTempSession::apply(const FitResult& result) {

@@ -8,7 +8,7 @@
 // them waits, but the destructor, which waits for the last save.
 #pragma once
 
-#include "base/dispatch.h"
+#include "base/background.h"
 #include "base/repeater.h"
 #include "studies/freqtemp/freqtemp_settings.h"
 #include "studies/freqtemp/inspector_sensor.h"
@@ -95,9 +95,6 @@ private:
     struct FitJob;
     struct FitResult;
 
-    template <class Make, class Use>
-    [[nodiscard]] Work there_and_back(Make make, Use use);
-
     void load(std::vector<tempSensor> sensors);
     void begin(std::optional<ScatterMap> stored);
     void read_temperatures();
@@ -124,7 +121,7 @@ private:
     std::unique_ptr<FitJob> m_waiting;     // behind the fit that is under way
     std::shared_ptr<ScatterStore> m_store; // shared with the work on its queue
     std::unique_ptr<Repeater> m_timer;
-    std::shared_ptr<FreqTempSession*> m_self; // work on its way back finds out through it that the session has gone
+    Background m_background;
 };
 
 } // namespace tickervantage
