@@ -25,7 +25,7 @@ NUMBER = re.compile(r"(?<![\w.'])(?:0[xX][0-9A-Fa-f']+|\d[\d']*(?:\.\d+)?(?:[eE]
 CONDITION = re.compile(r"\b(?:if|while) \(")
 CALL = re.compile(r"^\s*(?:\(void\))?[A-Za-z_][\w:]*(?:(?:\.|->)\w+|\[[^\]]*\]|\(\))*\(.*\);$")
 # Neither what the compiler alone reads nor what the tests are not meant to see.
-NO_STATEMENT = re.compile(r"^\s*(?:#|//|\*|/\*|using |namespace |template|static_assert|friend |class |struct |\[\[nodiscard\]\])")
+NO_STATEMENT = re.compile(r"^\s*(?:.*\.reserve\(|#|//|\*|/\*|using |namespace |template|static_assert|friend |class |struct |\[\[nodiscard\]\])")
 
 
 def mutations_of(path: str, number: int, line: str) -> list[Mutation]:
