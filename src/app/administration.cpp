@@ -185,26 +185,9 @@ void Administration::show_problem(PrivilegedProblem problem, const Failure& why)
     (void)show_unless_suppressed(m_parts.warnings, show(), alert, [](std::size_t) {});
 }
 
-void Administration::install_or_remove_wake(std::function<void(std::string sentence)> done) {
-    m_jobs.run({AdminJob::wake_tool}, [done = std::move(done)](const JobResult& result) { done(result.sentence); });
-}
-
-void Administration::adjust_clock(Heard done) {
-    m_jobs.run({AdminJob::adjust_clock}, [this, done = std::move(done)](const JobResult& result) {
-        done(result.done, result.sentence);
-        m_parts.cycle().refresh();
-    });
-}
-
 void Administration::make_log_readable(Heard done) {
     m_jobs.run({AdminJob::log_permission},
                [done = std::move(done)](const JobResult& result) { done(result.done, result.sentence); });
-}
-
-void Administration::run_chronywake(std::function<void(std::string reply)> done) {
-    m_jobs.run({AdminJob::run_wake}, [done = std::move(done)](const JobResult& result) {
-        done(result.sentence.empty() ? result.output : result.sentence);
-    });
 }
 
 void Administration::install_configuration(std::string text, std::function<void(const JobResult& result)> done) {

@@ -61,12 +61,9 @@ public:
     // Told by the shared actions.
     void show_problem(PrivilegedProblem problem, const Failure& why);
 
-    // For the preferences and the configuration editor; each comes back on the main thread.
-    void install_or_remove_wake(std::function<void(std::string sentence)> done);
+    // For the tracking windows and the configuration editor; each comes back on the main thread.
     using Heard = std::function<void(bool done, const std::string& sentence)>;
-    void adjust_clock(Heard done); // as the setting has it
     void make_log_readable(Heard done);
-    void run_chronywake(std::function<void(std::string reply)> done);
     void install_configuration(std::string text, std::function<void(const JobResult& result)> done);
 
 private:

@@ -170,22 +170,6 @@ InstallConfiguration AppDelegate::install_configuration() {
     };
 }
 
-std::function<void(std::function<void(std::string)>)> AppDelegate::install_or_remove_wake() {
-    if (!m_administration)
-        return {};
-    return [this](std::function<void(std::string)> done) {
-        m_administration->install_or_remove_wake(std::move(done));
-    };
-}
-
-std::function<void(std::function<void(std::string)>)> AppDelegate::run_chronywake() {
-    if (!m_administration)
-        return {};
-    return [this](std::function<void(std::string)> done) {
-        m_administration->run_chronywake(std::move(done));
-    };
-}
-
 TickervantageWindow& AppDelegate::main_window() {
     if (!m_main_window)
         make_main_window();
@@ -269,28 +253,37 @@ void AppDelegate::ask_log_setting(std::function<void(const LogSettingAnswer&)> d
 
 SettingsWindows& AppDelegate::settings_windows() {
     if (!m_settings_windows)
-        m_settings_windows = std::make_unique<SettingsWindows>(SettingsWindowsParts{
-            .settings = m_parts.cycle.settings,
-            .main_thread = m_parts.cycle.main_thread,
-            .queue = m_parts.list_queue,
-            .logger = m_parts.logger,
-            .paths = m_parts.paths,
-            .warnings = m_warnings,
-            .general = m_general,
-            .advanced = m_advanced,
-            .usual_paths = [this] { return usual_paths(); },
-            .general_changed = [this] { m_main_window->cycle().programs_changed(); },
-            .advanced_changed =
-                [this] {
-                    update_optional_items();
-                    analysis().update_spectrum_buttons();
-                },
-            .editor_is_open = [this] { return m_configurations && m_configurations->is_open(); },
-            .insert_into_editor = [this](const QString& lines) { return configurations().insert(lines); },
-            .install_or_remove_wake = install_or_remove_wake(),
-            .run_chronywake = run_chronywake(),
-            .adjust_clock = with_administration(&Administration::adjust_clock)});
+        make_settings_windows();
     return *m_settings_windows;
+}
+
+void AppDelegate::make_settings_windows() {
+    m_settings_windows = std::make_unique<SettingsWindows>(
+        SettingsWindowsParts{.settings = m_parts.cycle.settings,
+                             .main_thread = m_parts.cycle.main_thread,
+                             .queue = m_parts.list_queue,
+                             .logger = m_parts.logger,
+                             .paths = m_parts.paths,
+                             .warnings = m_warnings,
+                             .general = m_general,
+                             .advanced = m_advanced,
+                             .probes = m_parts.probes,
+                             .jobs = m_administration ? &m_administration->jobs() : nullptr,
+                             .editor_is_open = [this] { return m_configurations && m_configurations->is_open(); },
+                             .insert_into_editor =
+                                 [this](const QString& lines) {
+                                     return configurations().insert(lines);
+                                 }});
+    auto* windows = m_settings_windows.get();
+    QObject::connect(windows, &SettingsWindows::general_changed, windows,
+                     [this] { m_main_window->cycle().programs_changed(); });
+    QObject::connect(windows, &SettingsWindows::daemon_changed, windows, [this] { m_main_window->cycle().refresh(); });
+    QObject::connect(windows, &SettingsWindows::advanced_changed, windows, [this] {
+        update_optional_items();
+        analysis().update_spectrum_buttons();
+    });
+    QObject::connect(windows, &SettingsWindows::defaults_wanted, windows,
+                     [this] { m_general.restore_defaults(m_parts.cycle.settings, usual_paths()); });
 }
 
 ConfigWindows& AppDelegate::configurations() {
@@ -302,6 +295,7 @@ ConfigWindows& AppDelegate::configurations() {
                                .main_thread = m_parts.cycle.main_thread,
                                .settings = m_parts.cycle.settings,
                                .paths = m_parts.paths,
+                               .probes = m_parts.probes,
                                .config_path = [this] { return m_general.config; },
                                .install = install_configuration(),
                                .say = [this](const QString& sentence) { say(sentence); },

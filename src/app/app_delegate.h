@@ -4,6 +4,7 @@
 #include "app/administration.h"
 #include "base/background.h"
 #include "base/logger.h"
+#include "base/path_probes.h"
 #include "base/paths.h"
 #include "chrony/status/status_cycle.h"
 #include "gui/editor/config_editor_window.h"
@@ -50,6 +51,7 @@ struct ApplicationParts {
     Logger& logger;
     std::function<void()> close_log;
     Paths paths;
+    PathProbes& probes;
     std::optional<AdministrationMachine> administration = {}; // none: jobs that need rights are not offered
 };
 
@@ -114,11 +116,10 @@ private:
     void ask_log_setting(std::function<void(const LogSettingAnswer&)> done);
     [[nodiscard]] ConfigWindows& configurations();
     [[nodiscard]] SettingsWindows& settings_windows();
+    void make_settings_windows();
     void make_administration();
     void make_help();
     [[nodiscard]] InstallConfiguration install_configuration(); // empty where nothing can be installed
-    [[nodiscard]] std::function<void(std::function<void(std::string sentence)> done)> install_or_remove_wake();
-    [[nodiscard]] std::function<void(std::function<void(std::string reply)> done)> run_chronywake();
     // Missing where there is no administration.
     [[nodiscard]] std::function<void(Administration::Heard)>
     with_administration(void (Administration::*job)(Administration::Heard done));

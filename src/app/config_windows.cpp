@@ -5,7 +5,6 @@
 #include "gui/editor/config_sheets.h"
 #include "linux/environment.h"
 #include "linux/kept_files.h"
-#include "linux/posix_path_facts.h"
 #include "linux/small_file.h"
 #include "settings/settings_catalogue.h"
 
@@ -85,7 +84,7 @@ ConfigEditorParts ConfigWindows::editor_parts() {
                                      },
                                  .replace_file = replace_small_file,
                                  .temporary = m_parts.paths.temporary},
-                      .probes = {.look = look_at_path, .user_exists = user_exists}},
+                      .probes = m_parts.probes},
             .files = {.read = read_file, .replace = replace_small_file},
             .config_path = m_parts.config_path,
             .install = m_parts.install,

@@ -2,6 +2,7 @@
 // thread.
 #pragma once
 
+#include "base/path_probes.h"
 #include "base/paths.h"
 #include "chrony/configuration/kept_edit.h"
 #include "gui/editor/config_editor_window.h"
@@ -25,6 +26,7 @@ struct ConfigWindowsParts {
     MainThread& main_thread;
     DefaultSettings& settings;
     Paths paths;
+    PathProbes& probes;
     std::function<std::string()> config_path; // of the live configuration
     InstallConfiguration install;             // may be missing
     std::function<void(const QString& sentence)> say;

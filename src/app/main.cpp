@@ -12,6 +12,7 @@
 #include "linux/machine_sensors.h"
 #include "linux/posix_execute.h"
 #include "linux/posix_followed_file.h"
+#include "linux/posix_path_probes.h"
 #include "linux/posix_user_files.h"
 #include "linux/private_temporary.h"
 #include "linux/serial_queue.h"
@@ -117,6 +118,7 @@ private:
     SerialQueue m_export_queue{"net.brisklane.export"};
     MachineSensors m_sensors;
     PosixUserFiles m_user_files;
+    PosixPathProbes m_path_probes;
     SerialQueue m_sensor_queue{"net.brisklane.sensors"};
     SerialQueue m_freqtemp_queue{"net.brisklane.freqtemp"};
     SerialQueue m_map_queue{"net.brisklane.scattermap"};
@@ -199,6 +201,7 @@ ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) 
             .logger = m_logger,
             .close_log = [this] { m_logger.close(); },
             .paths = paths,
+            .probes = m_path_probes,
             .administration = is_demonstration(daemon) ? std::nullopt : std::optional(machine(paths))};
 }
 

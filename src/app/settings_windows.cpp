@@ -2,10 +2,14 @@
 
 #include "app/bring_to_front.h"
 #include "app/desktop_links.h"
+#include "gui/preferences/preferences_advanced.h"
+#include "gui/preferences/preferences_general.h"
 #include "linux/autostart.h"
-#include "linux/path_state.h"
 #include "linux/shared_text_file.h"
 #include "linux/small_file.h"
+#include "roothelper/jobs/administrative_jobs.h"
+
+#include <QPointer>
 
 #include <filesystem>
 #include <utility>
@@ -25,17 +29,37 @@ int read_text(const std::string& path, std::string& text, std::string& sentence)
     return 0;
 }
 
+class AutostartAgent : public LaunchAtLogin {
+public:
+    explicit AutostartAgent(Autostart file) : m_file(std::move(file)) {}
+
+    [[nodiscard]] int writePlist(Failure& failure) const override {
+        std::string sentence;
+        const int result = m_file.writePlist(sentence);
+        failure = said_by_others(sentence);
+        return result;
+    }
+    [[nodiscard]] int unlinkAgent(Failure& failure) const override {
+        std::string sentence;
+        const int result = m_file.unlinkAgent(sentence);
+        failure = said_by_others(sentence);
+        return result;
+    }
+    [[nodiscard]] bool agentIsValid() const override { return m_file.agentIsValid(); }
+
+private:
+    Autostart m_file;
+};
+
 // The settings lie in a folder of $XDG_CONFIG_HOME, in a demonstration in one that stands for it.
-LaunchAtLogin launch_at_login(const Paths& paths) {
+std::shared_ptr<const LaunchAtLogin> launch_at_login(const Paths& paths) {
     const auto config_home = std::filesystem::path(paths.settings).parent_path().parent_path();
-    const auto agent =
-        std::make_shared<const Autostart>((config_home / "autostart").string(), paths.bundle_program("tickervantage"));
-    return {.writePlist = [agent](std::string& sentence) { return agent->writePlist(sentence); },
-            .unlinkAgent = [agent](std::string& sentence) { return agent->unlinkAgent(sentence); },
-            .agentIsValid =
-                [agent] {
-                    return agent->agentIsValid();
-                }};
+    return std::make_shared<const AutostartAgent>(
+        Autostart((config_home / "autostart").string(), paths.bundle_program("tickervantage")));
+}
+
+Result<> outcome_of(const JobResult& result) {
+    return result.done ? Result<>() : tl::unexpected(said_by_others(result.sentence));
 }
 
 } // namespace
@@ -59,22 +83,45 @@ ServersWindowParts SettingsWindows::servers_parts() {
                 }};
 }
 
-PreferencesParts SettingsWindows::preferences_parts() {
-    return {.settings = m_parts.settings,
-            .queue = m_parts.queue,
-            .main_thread = m_parts.main_thread,
-            .warnings = m_parts.warnings,
-            .general = m_parts.general,
-            .advanced = m_parts.advanced,
-            .path_state = path_state,
-            .launch_at_login = launch_at_login(m_parts.paths),
-            .usual_paths = m_parts.usual_paths,
-            .general_changed = m_parts.general_changed,
-            .advanced_changed = m_parts.advanced_changed,
-            .install_or_remove_wake = m_parts.install_or_remove_wake,
-            .run_chronywake = m_parts.run_chronywake,
-            .adjust_clock = m_parts.adjust_clock,
-            .version = TICKERVANTAGE_VERSION};
+void SettingsWindows::make_preferences() {
+    m_preferences = std::make_unique<Preferences>(PreferencesParts{.settings = m_parts.settings,
+                                                                   .queue = m_parts.queue,
+                                                                   .main_thread = m_parts.main_thread,
+                                                                   .warnings = m_parts.warnings,
+                                                                   .general = m_parts.general,
+                                                                   .advanced = m_parts.advanced,
+                                                                   .probes = m_parts.probes,
+                                                                   .launch_at_login = launch_at_login(m_parts.paths),
+                                                                   .has_helper = m_parts.jobs != nullptr,
+                                                                   .version = TICKERVANTAGE_VERSION});
+    auto& general = m_preferences->general();
+    connect(&general, &PreferencesGeneralPane::changed, this, &SettingsWindows::general_changed);
+    connect(&general, &PreferencesGeneralPane::defaults_wanted, this, &SettingsWindows::defaults_wanted);
+    connect(&m_preferences->advanced(), &PreferencesAdvancedPane::changed, this, &SettingsWindows::advanced_changed);
+    if (m_parts.jobs != nullptr)
+        serve_wishes(general);
+}
+
+// The pane may have gone when a job comes to its end.
+void SettingsWindows::serve_wishes(PreferencesGeneralPane& pane) {
+    using Pane = PreferencesGeneralPane;
+    const auto serve = [this, &pane](auto wish, AdminJob job, auto show) {
+        connect(&pane, wish, &pane, [this, job, show, pane = QPointer(&pane)] {
+            m_parts.jobs->run({job}, [show, pane](const JobResult& result) {
+                if (pane)
+                    show(*pane, result);
+            });
+        });
+    };
+    serve(&Pane::wake_service_wanted, AdminJob::wake_tool,
+          [](Pane& shown, const JobResult& result) { shown.show_wake_service(outcome_of(result)); });
+    serve(&Pane::wake_test_wanted, AdminJob::run_wake, [](Pane& shown, const JobResult& result) {
+        shown.show_wake_test(outcome_of(result).map([&result] { return result.output; }));
+    });
+    serve(&Pane::adjustment_wanted, AdminJob::adjust_clock, [this](Pane& shown, const JobResult& result) {
+        shown.show_adjustment(outcome_of(result));
+        Q_EMIT daemon_changed();
+    });
 }
 
 void SettingsWindows::showServers() {
@@ -87,7 +134,7 @@ void SettingsWindows::showServers() {
 
 void SettingsWindows::showPreferences(Preferences::Pane pane) {
     if (!m_preferences)
-        m_preferences = std::make_unique<Preferences>(preferences_parts());
+        make_preferences();
     m_preferences->show_pane(pane);
 }
 

@@ -2,14 +2,19 @@
 #pragma once
 
 #include "base/logger.h"
+#include "base/path_probes.h"
 #include "base/paths.h"
 #include "gui/preferences/preferences_window.h"
 #include "gui/servers/servers_window.h"
+
+#include <QObject>
 
 #include <functional>
 #include <memory>
 
 namespace tickervantage {
+
+class AdministrativeJobs;
 
 // All of it outlives the windows. The functions may be missing.
 struct SettingsWindowsParts {
@@ -21,20 +26,17 @@ struct SettingsWindowsParts {
     WarningRegister& warnings;
     PreferencesGeneral& general;
     PreferencesAdvanced& advanced;
-    std::function<ChronyPaths()> usual_paths;
-    std::function<void()> general_changed;
-    std::function<void()> advanced_changed;
+    PathProbes& probes;
+    AdministrativeJobs* jobs = nullptr; // none: what needs them is not offered
     std::function<bool()> editor_is_open;
     std::function<bool(const QString& lines)> insert_into_editor;
-    std::function<void(std::function<void(std::string sentence)> done)> install_or_remove_wake;
-    std::function<void(std::function<void(std::string reply)> done)> run_chronywake;
-    std::function<void(std::function<void(bool done, const std::string& sentence)> done)> adjust_clock = {};
 };
 
-class SettingsWindows {
+class SettingsWindows : public QObject {
+    Q_OBJECT
 public:
     explicit SettingsWindows(SettingsWindowsParts parts);
-    ~SettingsWindows();
+    ~SettingsWindows() override;
     SettingsWindows(const SettingsWindows&) = delete;
     SettingsWindows& operator=(const SettingsWindows&) = delete;
 
@@ -48,9 +50,17 @@ public:
     // be written in time.
     [[nodiscard]] bool finish();
 
+Q_SIGNALS:
+    // By the user, in the preferences' records. The third asks for those that are right for this machine.
+    void general_changed();
+    void advanced_changed();
+    void defaults_wanted();
+    void daemon_changed(); // by a job
+
 private:
     [[nodiscard]] ServersWindowParts servers_parts();
-    [[nodiscard]] PreferencesParts preferences_parts();
+    void make_preferences();
+    void serve_wishes(PreferencesGeneralPane& pane); // that jobs fulfil
 
     SettingsWindowsParts m_parts;
     std::unique_ptr<ServersWindow> m_servers;

@@ -114,3 +114,4 @@ TV_FAILURE(request_missing, TV_TEXT("failures", "The message holds no request.")
 // tickerctl
 
 // windows
+TV_FAILURE(autostart_useless, TV_TEXT("failures", "The file in the autostart folder does not start the program."))

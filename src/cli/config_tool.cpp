@@ -5,7 +5,7 @@
 #include "cli/terminal.h"
 #include "cli/tool.h"
 #include "linux/environment.h"
-#include "linux/posix_path_facts.h"
+#include "linux/posix_path_probes.h"
 #include "linux/small_file.h"
 
 #include <iostream>
@@ -47,11 +47,12 @@ int Tool::check() {
     const auto chronyds = [this] {
         return find_chronyds(process_environment("PATH").value_or(""), m_paths.bundle_program("chronyd"));
     };
+    const PosixPathProbes probes;
     const ConfigurationCheckParts parts{.syntax = {.execute = m_daemon.execute(),
                                                    .chronyds = chronyds,
                                                    .replace_file = replace_small_file,
                                                    .temporary = m_paths.temporary},
-                                        .probes = {.look = look_at_path, .user_exists = user_exists}};
+                                        .probes = probes};
     const ConfigurationCheck check = check_configuration(parts, text);
     if (m_signals.asked())
         return interrupted;

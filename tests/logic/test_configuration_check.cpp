@@ -3,6 +3,7 @@
 #include "chrony/configuration/directives.h"
 #include "cli/check_command.h"
 #include "cli/config_command.h"
+#include "support/fake_path_probes.h"
 #include "support/scripted_execute.h"
 
 #include <gtest/gtest.h>
@@ -101,12 +102,7 @@ TEST_F(CheckTest, AChronydThatMayNotReadTheFileIsNotTheLastWord) {
 
 TEST_F(CheckTest, WithoutChronydTheTextPassesAndIsWarnedOf) {
     chronyds.clear();
-    const WarningProbes probes{.look = [](auto&, auto&) { return PathFacts(); },
-                               .user_exists =
-                                   [](auto&) {
-                                       return true;
-                                   }};
-    const ConfigurationCheck check = check_configuration({parts, probes}, "nonsense\n");
+    const ConfigurationCheck check = check_configuration({parts, testing::FakePathProbes()}, "nonsense\n");
     EXPECT_TRUE(check.error.passed());
     ASSERT_EQ(check.warnings.size(), 1U);
     EXPECT_TRUE(execute.calls.empty());
@@ -123,23 +119,11 @@ TEST_F(CheckTest, AFileThatCannotBeWrittenIsAFailedCheckWithoutAMessage) {
 
 TEST(Warnings, NameWhatTheDaemonWillMiss) {
     using Kind = PathFacts::Kind;
-    const std::map<std::string, PathFacts> paths{
-        {"/there", {Kind::file}},      {"/secret", {Kind::file, false, false}},
-        {"/folder", {Kind::folder}},   {"/locked", {Kind::folder, true, false}},
-        {"/dev/pps0", {Kind::device}}, {"/hidden", {Kind::unknown}}};
-    const WarningProbes probes{.look =
-                                   [&](const std::string& path, const std::string& user) {
-                                       const auto found = paths.find(path);
-                                       PathFacts facts =
-                                           found == paths.end() ? PathFacts{Kind::missing} : found->second;
-                                       facts.readable = facts.readable || user == "root";
-                                       facts.writable = facts.writable || user == "root";
-                                       return facts;
-                                   },
-                               .user_exists =
-                                   [](const std::string& user) {
-                                       return user == "_chrony";
-                                   }};
+    testing::FakePathProbes probes;
+    probes.facts = {{"/there", {Kind::file}},      {"/secret", {Kind::file, false, false}},
+                    {"/folder", {Kind::folder}},   {"/locked", {Kind::folder, true, false}},
+                    {"/dev/pps0", {Kind::device}}, {"/hidden", {Kind::unknown}}};
+    probes.users = {"_chrony"};
     for (const auto& [line, words] : std::initializer_list<std::pair<const char*, const char*>>{
              {"include /nope", "/nope does not exist"},
              {"include /nope/*.conf", ""},

@@ -8,6 +8,7 @@
 
 #include "app/app_delegate.h"
 #include "gui/main/tickervantage_window.h"
+#include "linux/posix_path_probes.h"
 #include "support/fake_followed_files.h"
 #include "support/fake_main_window_parts.h"
 #include "support/freqtemp_parts.h"
@@ -38,6 +39,7 @@ struct RealApplication : ::testing::Test {
     ManualQueue log_queue;
     ManualQueue job_queue;
     FakeFollowedFiles log_files;
+    PosixPathProbes path_probes;
     MemoryLogger logger;
     std::map<std::string, std::string> machine_files; // by path
     DaemonChoice daemon;
@@ -135,6 +137,7 @@ private:
                 .logger = logger,
                 .close_log = [this] { log_closed = true; },
                 .paths = paths,
+                .probes = path_probes,
                 .administration = administration};
     }
 };

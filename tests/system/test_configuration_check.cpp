@@ -3,7 +3,7 @@
 #include "chrony/configuration/configuration_check.h"
 #include "chrony/configuration/directives.h"
 #include "linux/posix_execute.h"
-#include "linux/posix_path_facts.h"
+#include "linux/posix_path_probes.h"
 #include "linux/small_file.h"
 #include "support/child_program.h"
 
@@ -54,7 +54,7 @@ TEST_F(RealChronyd, ErrorsAreFoundInTheLineWhereTheyAre) {
     };
     std::printf("| %-28s | %-56s | %-4s | %s\n", "text", "message", "line", "remark");
     for (const auto& row : rows) {
-        const auto [error, warnings] = check_configuration({parts, {look_at_path, user_exists}}, row.text);
+        const auto [error, warnings] = check_configuration({parts, PosixPathProbes()}, row.text);
         EXPECT_EQ(error.m_msg, row.message.empty() ? "" : "Fatal error : " + row.message) << row.text;
         EXPECT_EQ(error.m_line, row.line) << row.text;
         EXPECT_EQ(error.m_file.empty(), row.text.find(included) == std::string::npos) << row.text;
@@ -108,12 +108,13 @@ TEST(PathFactsOfThisMachine, SeeWhatAUserMayDo) {
     const testing::PrivateHome home; // mode 0700, and ours
     const std::string file = home.path("secret");
     testing::write_file(file, "", 0644);
-    EXPECT_EQ(look_at_path(file, "root").kind, PathFacts::Kind::file);
-    EXPECT_TRUE(look_at_path(file, "root").writable);
-    EXPECT_FALSE(look_at_path(file, "daemon").readable); // the folder above keeps others out
-    EXPECT_EQ(look_at_path(file + "/x", "root").kind, PathFacts::Kind::missing);
-    EXPECT_EQ(look_at_path("/dev/null", "daemon").kind, PathFacts::Kind::device);
-    EXPECT_FALSE(user_exists("no such user"));
+    const PosixPathProbes probes;
+    EXPECT_EQ(probes.look(file, "root").kind, PathFacts::Kind::file);
+    EXPECT_TRUE(probes.look(file, "root").writable);
+    EXPECT_FALSE(probes.look(file, "daemon").readable); // the folder above keeps others out
+    EXPECT_EQ(probes.look(file + "/x", "root").kind, PathFacts::Kind::missing);
+    EXPECT_EQ(probes.look("/dev/null", "daemon").kind, PathFacts::Kind::device);
+    EXPECT_FALSE(probes.user_exists("no such user"));
 }
 
 // A program killed in the middle of saving leaves one of the two texts, whole.

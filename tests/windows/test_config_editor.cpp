@@ -1,6 +1,7 @@
 #include "app/config_windows.h"
 #include "gui/editor/config_find_bar.h"
 #include "gui/editor/config_text.h"
+#include "linux/posix_path_probes.h"
 #include "support/child_program.h"
 #include "support/manual_dispatch.h"
 #include "support/memory_stores.h"
@@ -43,6 +44,7 @@ struct ConfigEditorTest : ::testing::Test {
     testing::ManualMainThread main_thread;
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
+    PosixPathProbes probes;
     QTemporaryDir folder;
     std::string installed_text;
     QStringList said;
@@ -72,6 +74,7 @@ struct ConfigEditorTest : ::testing::Test {
                                .main_thread = main_thread,
                                .settings = settings,
                                .paths = paths,
+                               .probes = probes,
                                .config_path = [this] { return file("installed.conf"); },
                                .install =
                                    [this](std::string text, std::function<void(InstallOutcome)> done) {

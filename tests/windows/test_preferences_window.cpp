@@ -2,6 +2,7 @@
 #include "gui/preferences/preferences_general.h"
 #include "gui/preferences/preferences_window.h"
 #include "settings/settings_catalogue.h"
+#include "support/fake_path_probes.h"
 #include "support/memory_stores.h"
 #include "support/window_test.h"
 
@@ -23,69 +24,59 @@
 namespace tickervantage {
 namespace {
 
+struct FakeLaunchAtLogin : LaunchAtLogin {
+    mutable bool written = false;
+    bool works = true;
+
+    int writePlist(Failure& /*failure*/) const override {
+        written = true;
+        return 0;
+    }
+    int unlinkAgent(Failure& /*failure*/) const override {
+        written = false;
+        return 0;
+    }
+    bool agentIsValid() const override { return written && works; }
+};
+
+const auto refused = tl::unexpected(said_by_others("The helper refused."));
+
 struct PreferencesTest : testing::WindowTest<Preferences> {
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
     WarningRegister warnings{settings};
     PreferencesGeneral general = PreferencesGeneral::load(settings);
     PreferencesAdvanced advanced = PreferencesAdvanced::load(settings);
-    std::map<std::string, PathState> machine{{"/usr/bin/chronyc", PathState::program}};
-    bool agent_written = false;
-    bool agent_works = true;
+    testing::FakePathProbes machine;
+    std::shared_ptr<FakeLaunchAtLogin> agent = std::make_shared<FakeLaunchAtLogin>();
     int advanced_changes = 0;
-    std::function<void(std::string)> wake_done;
-    std::function<void(bool done, const std::string& sentence)> adjust_done;
     std::optional<bool> adjusted; // as the record had it
-    std::function<void(std::string)> test_done;
+    int services_wanted = 0;
     bool has_helper = true;
 
     void open() {
-        PreferencesParts parts{.settings = settings,
-                               .queue = queue,
-                               .main_thread = main_thread,
-                               .warnings = warnings,
-                               .general = general,
-                               .advanced = advanced,
-                               .path_state =
-                                   [this](const std::string& path) {
-                                       return machine.contains(path) ? machine.at(path) : PathState::nothing;
-                                   },
-                               .launch_at_login = {.writePlist =
-                                                       [this](std::string&) {
-                                                           agent_written = true;
-                                                           return 0;
-                                                       },
-                                                   .unlinkAgent =
-                                                       [this](std::string&) {
-                                                           agent_written = false;
-                                                           return 0;
-                                                       },
-                                                   .agentIsValid =
-                                                       [this] {
-                                                           return agent_written && agent_works;
-                                                       }},
-                               .general_changed = {},
-                               .advanced_changed = [this] { ++advanced_changes; },
-                               .install_or_remove_wake = {},
-                               .run_chronywake = {},
-                               .version = "1.2.3"};
-        if (has_helper) {
-            parts.install_or_remove_wake = [this](auto done) {
-                wake_done = done;
-            };
-            parts.run_chronywake = [this](auto done) {
-                test_done = done;
-            };
-            parts.adjust_clock = [this](auto done) {
-                adjusted = general.adj_system;
-                adjust_done = done;
-            };
-        }
-        window = std::make_unique<Preferences>(parts);
+        machine.states.insert({"/usr/bin/chronyc", PathState::program});
+        window = std::make_unique<Preferences>(PreferencesParts{.settings = settings,
+                                                                .queue = queue,
+                                                                .main_thread = main_thread,
+                                                                .warnings = warnings,
+                                                                .general = general,
+                                                                .advanced = advanced,
+                                                                .probes = machine,
+                                                                .launch_at_login = agent,
+                                                                .has_helper = has_helper,
+                                                                .version = "1.2.3"});
+        using Pane = PreferencesGeneralPane;
+        QObject::connect(&pane(), &Pane::defaults_wanted, &pane(), [this] { general.restore_defaults(settings); });
+        QObject::connect(&pane(), &Pane::wake_service_wanted, &pane(), [this] { ++services_wanted; });
+        QObject::connect(&pane(), &Pane::adjustment_wanted, &pane(), [this] { adjusted = general.adj_system; });
+        QObject::connect(&window->advanced(), &PreferencesAdvancedPane::changed, &pane(),
+                         [this] { ++advanced_changes; });
         window->show_pane(Preferences::Pane::general);
         settle();
     }
 
+    PreferencesGeneralPane& pane() { return window->general(); }
     bool ticked(const char* box) { return find<QCheckBox>(box)->isChecked(); }
 
     // Answers the alert that is open; false when there is none.
@@ -176,11 +167,11 @@ TEST_F(PreferencesTest, TheClocksBoxSaysWhatTheDaemonDoes) {
     ASSERT_TRUE(answer("Continue"));
     EXPECT_EQ(adjusted, std::optional(false));
     EXPECT_FALSE(find<QCheckBox>("m_adj_system")->isEnabled()); // while the daemon is restarted
-    adjust_done(true, "");
+    pane().show_adjustment({});
     EXPECT_FALSE(ticked("m_adj_system") || load(settings, settings::adj_system));
     press("m_adj_system");
     EXPECT_EQ(adjusted, std::optional(true));
-    adjust_done(false, "The helper refused.");
+    pane().show_adjustment(refused);
     EXPECT_EQ(words("status"), "The helper refused.");
     EXPECT_FALSE(ticked("m_adj_system") || general.adj_system || load(settings, settings::adj_system));
     EXPECT_TRUE(find<QCheckBox>("m_adj_system")->isEnabled());
@@ -189,13 +180,13 @@ TEST_F(PreferencesTest, TheClocksBoxSaysWhatTheDaemonDoes) {
 TEST_F(PreferencesTest, LaunchAtLoginStaysOnlyWhenItWorks) {
     open();
     press("m_launch_login");
-    EXPECT_TRUE(agent_written && ticked("m_launch_login") && load(settings, settings::launch_login));
+    EXPECT_TRUE(agent->written && ticked("m_launch_login") && load(settings, settings::launch_login));
     press("m_launch_login");
-    EXPECT_FALSE(agent_written || ticked("m_launch_login") || load(settings, settings::launch_login));
-    agent_works = false;
+    EXPECT_FALSE(agent->written || ticked("m_launch_login") || load(settings, settings::launch_login));
+    agent->works = false;
     press("m_launch_login");
-    EXPECT_FALSE(agent_written || ticked("m_launch_login") || load(settings, settings::launch_login));
-    EXPECT_NE(words("status"), "");
+    EXPECT_FALSE(agent->written || ticked("m_launch_login") || load(settings, settings::launch_login));
+    EXPECT_EQ(words("status"), "The file in the autostart folder does not start the program.");
 }
 
 TEST_F(PreferencesTest, AClickRightBeforeTheProgramEndsIsNotLost) {
@@ -207,11 +198,11 @@ TEST_F(PreferencesTest, AClickRightBeforeTheProgramEndsIsNotLost) {
         const std::jthread disk([this] { queue.turn(); });
         EXPECT_TRUE(window->finish(1min));
     }
-    EXPECT_TRUE(agent_written && general.launch_login) << "though no answer reaches the window any more";
+    EXPECT_TRUE(agent->written && general.launch_login) << "though no answer reaches the window any more";
 }
 
 TEST_F(PreferencesTest, PathsAreLookedAtAndDetected) {
-    machine = {{"/there", PathState::program}, {"/text", PathState::file}, {"/folder", PathState::folder}};
+    machine.states = {{"/there", PathState::program}, {"/text", PathState::file}, {"/folder", PathState::folder}};
     open();
     for (const auto& [path, good] :
          {std::pair{"/there", true}, {"/text", false}, {"/folder", false}, {"/no", false}, {"there", false}}) {
@@ -226,7 +217,7 @@ TEST_F(PreferencesTest, PathsAreLookedAtAndDetected) {
         << "which is nothing to be alarmed about";
     press("detect");
     EXPECT_EQ(text("m_config"), "/text"); // nothing was found
-    machine = {{"/etc/chrony/chrony.conf", PathState::file}, {"/usr/bin/chronyc", PathState::program}};
+    machine.states = {{"/etc/chrony/chrony.conf", PathState::file}, {"/usr/bin/chronyc", PathState::program}};
     press("detect");
     EXPECT_EQ(general.config + general.chronyc + general.chronyd, "/etc/chrony/chrony.conf/usr/bin/chronycthere");
     EXPECT_EQ(load(settings, settings::file_chronyc), "/usr/bin/chronyc");
@@ -245,7 +236,8 @@ TEST_F(PreferencesTest, ArgumentsOutOfRangeAreSaidAndNotTaken) {
     EXPECT_EQ(general.burst_good, 7);
     press("saveArguments");
     EXPECT_FALSE(find<QPushButton>("saveArguments")->isEnabled());
-    wake_done("The helper refused.");
+    EXPECT_EQ(services_wanted, 1);
+    pane().show_wake_service(refused);
     EXPECT_EQ(words("status"), "The helper refused.");
     press("m_install_wake");
     EXPECT_FALSE(find<QLineEdit>("m_burst_good")->isEnabled() || load(settings, settings::install_wake));
@@ -253,21 +245,21 @@ TEST_F(PreferencesTest, ArgumentsOutOfRangeAreSaidAndNotTaken) {
 
 TEST_F(PreferencesTest, ChronywakeIsTested) {
     open();
-    for (const auto& [reply, good] : {std::pair{"200 OK\n", true}, {"506 Cannot talk to daemon", false}, {"", false}}) {
+    for (const auto& [reply, good] : {std::pair{Result<std::string>("200 OK\n"), true},
+                                      {"506 Cannot talk to daemon", false},
+                                      {"", false},
+                                      {refused, false}}) {
         press("m_test_wake");
         EXPECT_TRUE(find<QProgressBar>("m_testing_wake")->isVisible());
         EXPECT_FALSE(find<QPushButton>("m_test_wake")->isEnabled());
-        test_done(reply);
+        pane().show_wake_test(reply);
         EXPECT_FALSE(find<QProgressBar>("m_testing_wake")->isVisible());
         const auto* box = window->findChild<QMessageBox*>();
         ASSERT_NE(box, nullptr);
-        EXPECT_EQ(box->icon() == QMessageBox::Information, good) << reply;
+        EXPECT_EQ(box->icon() == QMessageBox::Information, good) << reply.value_or("refused");
         EXPECT_TRUE(answer("Dismiss"));
         EXPECT_TRUE(find<QPushButton>("m_test_wake")->isEnabled());
     }
-    press("m_test_wake");
-    window.reset();
-    test_done("200 OK"); // nobody is there any more
     has_helper = false;
     open();
     EXPECT_FALSE(find<QPushButton>("m_test_wake")->isEnabled());

@@ -8,7 +8,7 @@ namespace tickervantage {
 
 struct ConfigurationCheckParts {
     SyntaxCheckParts syntax;
-    WarningProbes probes;
+    const PathProbes& probes;
 };
 
 struct ConfigurationCheck {

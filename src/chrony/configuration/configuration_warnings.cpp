@@ -75,7 +75,7 @@ std::string folder_above(const std::string& path) {
 
 class Collector {
 public:
-    Collector(std::string_view text, const WarningProbes& probes) : m_probes(probes), m_user(user_in(text)) {
+    Collector(std::string_view text, const PathProbes& probes) : m_probes(probes), m_user(user_in(text)) {
         const bool usual_is_there = m_user != usual_user || probes.user_exists(m_user);
         m_user = usual_is_there ? m_user : std::string(root);
     }
@@ -215,7 +215,7 @@ private:
 
     void warn(const std::string& what) { warnings.push_back({m_line, std::string(m_directive) + ": " + what}); }
 
-    const WarningProbes& m_probes;
+    const PathProbes& m_probes;
     std::string m_user;
     std::size_t m_line = 0;
     std::string_view m_directive;
@@ -223,7 +223,7 @@ private:
 
 } // namespace
 
-std::vector<ConfigurationWarning> configuration_warnings(std::string_view text, const WarningProbes& probes) {
+std::vector<ConfigurationWarning> configuration_warnings(std::string_view text, const PathProbes& probes) {
     Collector collector(text, probes);
     std::size_t number = 0;
     for (std::size_t start = 0; start < text.size() && collector.warnings.size() < most_warnings;) {

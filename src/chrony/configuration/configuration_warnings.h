@@ -1,15 +1,14 @@
 // What a syntax check does not see: files, folders and devices that a configuration names and that are not there, or
 // that chronyd cannot use, and names that only fail when the daemon starts.
 //
-// Looking at files goes through a function, so that tests need no root and no devices; it waits for the disk, so not on
-// the main thread. Files that are included are not looked into. Warnings come line by line.
+// Looks at paths, so not on the main thread; nothing is warned of where we are not allowed to look. Files that are
+// included are not looked into. Warnings come line by line.
 // Source: chrony.conf(5) of chrony 4.3.
 #pragma once
 
-#include "base/path_facts.h"
+#include "base/path_probes.h"
 
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,15 +20,9 @@ struct ConfigurationWarning {
     std::string sentence;
 };
 
-struct WarningProbes {
-    // Nothing is warned of where we are not allowed to look.
-    std::function<PathFacts(const std::string& path, const std::string& user)> look;
-    std::function<bool(const std::string& user)> user_exists;
-};
-
 inline constexpr std::size_t most_warnings = 200; // a text full of errors is not worth more
 
 [[nodiscard]] std::vector<ConfigurationWarning> configuration_warnings(std::string_view text,
-                                                                       const WarningProbes& probes);
+                                                                       const PathProbes& probes);
 
 } // namespace tickervantage

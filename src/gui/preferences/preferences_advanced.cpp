@@ -67,8 +67,7 @@ void PreferencesAdvancedPane::show_record() {
 void PreferencesAdvancedPane::take(bool& value, const QCheckBox* box) {
     value = box->isChecked();
     m_parts.advanced.save(m_parts.settings);
-    if (m_parts.advanced_changed)
-        m_parts.advanced_changed();
+    Q_EMIT changed();
 }
 
 void PreferencesAdvancedPane::restartGPSD() {

@@ -23,6 +23,9 @@ public:
     void enableFrequency();
     void enableSpectrum();
 
+Q_SIGNALS:
+    void changed();
+
 private:
     void take(bool& value, const QCheckBox* box);
 

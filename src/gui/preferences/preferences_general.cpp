@@ -1,8 +1,9 @@
 #include "gui/preferences/preferences_general.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
 #include "gui/common/words.h"
-#include "qt/spoken.h"
+#include "qt/in_words.h"
 #include "qt/written_numbers.h"
 #include "settings/settings_keys.h"
 
@@ -62,25 +63,46 @@ bool read_field(const QLineEdit* field, const IntegerKey& key, std::int64_t& val
     return true;
 }
 
-} // namespace
-
-// What work on the queue, and jobs, come home to; main thread only.
-struct PreferencesGeneralPane::Shared {
-    PreferencesGeneralPane* pane = nullptr;
-    unsigned looks = 0;  // number of the newest look at the paths
-    unsigned logins = 0; // number of the newest change of launch at login
-};
-
-PreferencesGeneralPane::PreferencesGeneralPane(const PreferencesParts& parts, QWidget* parent)
-    : QWidget(parent), m_parts(parts), m_shared(std::make_shared<Shared>()),
-      m_controls(build_preferences_general(this)) {
-    m_shared->pane = this;
-    setObjectName(QStringLiteral("PreferencesGeneral"));
-    connect_controls();
+// What distributions usually have of chrony; empty where there is nothing.
+Paths look_for_usual(const PathProbes& probes) {
+    Paths found;
+    for (std::size_t path = 0; path < found.size(); ++path)
+        for (const auto& usual : usual_paths().at(path)) {
+            const PathState state = probes.state(usual);
+            const bool fits = state == PathState::program || (path == config_path && state == PathState::file);
+            if (fits && found.at(path).empty())
+                found.at(path) = usual;
+        }
+    return found;
 }
 
-PreferencesGeneralPane::~PreferencesGeneralPane() {
-    m_shared->pane = nullptr;
+// Whether the agent is there afterwards, and what went wrong.
+struct LoginChange {
+    bool on = false;
+    Result<> done;
+};
+
+LoginChange change_login(const LaunchAtLogin& agent, bool on) {
+    Failure failure;
+    Failure ignored; // a file that is no use is what is told
+    const int result = on ? agent.writePlist(failure) : agent.unlinkAgent(failure);
+    LoginChange change{.on = agent.agentIsValid(), .done = {}};
+    if (on && !change.on)
+        (void)agent.unlinkAgent(ignored);
+    if (result != 0)
+        change.done = tl::unexpected(failure);
+    else if (on && !change.on)
+        change.done = failed(FailureCode::autostart_useless);
+    return change;
+}
+
+} // namespace
+
+PreferencesGeneralPane::PreferencesGeneralPane(const PreferencesParts& parts, QWidget* parent)
+    : QWidget(parent), m_parts(parts), m_controls(build_preferences_general(this)), m_looks(parts.main_thread),
+      m_logins(parts.main_thread) {
+    setObjectName(QStringLiteral("PreferencesGeneral"));
+    connect_controls();
 }
 
 QString PreferencesGeneralPane::toolbarItemTitle() {
@@ -139,15 +161,10 @@ void PreferencesGeneralPane::changeEvent(QEvent* event) {
     set_alarmed(m_controls.wake_words, true);
 }
 
-void PreferencesGeneralPane::changed() {
-    if (m_parts.general_changed)
-        m_parts.general_changed();
-}
-
 // The programs of half a path are not for running.
 void PreferencesGeneralPane::finish_edit() {
     save_settings();
-    changed();
+    Q_EMIT changed();
 }
 
 void PreferencesGeneralPane::save_settings() {
@@ -186,18 +203,14 @@ void PreferencesGeneralPane::take_arguments() {
     update_wake();
 }
 
-// Every look has a number: only the newest answer is shown.
 void PreferencesGeneralPane::look_at_paths() {
-    m_parts.queue.async([shared = m_shared, &main_thread = m_parts.main_thread, look = m_parts.path_state,
-                         paths = paths_of(m_parts.general), number = ++m_shared->looks] {
+    const auto look = [&probes = m_parts.probes, paths = paths_of(m_parts.general)] {
         std::array<PathState, 4> states{};
         for (std::size_t path = 0; path < paths.size(); ++path)
-            states.at(path) = paths.at(path).starts_with('/') ? look(paths.at(path)) : PathState::nothing;
-        main_thread.main_async([shared, states, number] {
-            if (shared->pane && shared->looks == number)
-                shared->pane->show_path_states(states);
-        });
-    });
+            states.at(path) = paths.at(path).starts_with('/') ? probes.state(paths.at(path)) : PathState::nothing;
+        return states;
+    };
+    m_looks.start_newest(m_parts.queue, look, [this](const auto& states) { show_path_states(states); });
 }
 
 void PreferencesGeneralPane::show_path_states(const std::array<PathState, 4>& states) {
@@ -245,20 +258,9 @@ void PreferencesGeneralPane::find_path(std::size_t path) {
 }
 
 void PreferencesGeneralPane::detect() {
-    m_parts.queue.async([shared = m_shared, &main_thread = m_parts.main_thread, look = m_parts.path_state] {
-        Paths found;
-        for (std::size_t path = 0; path < found.size(); ++path)
-            for (const auto& usual : usual_paths().at(path)) {
-                const PathState state = look(usual);
-                const bool fits = state == PathState::program || (path == config_path && state == PathState::file);
-                if (fits && found.at(path).empty())
-                    found.at(path) = usual;
-            }
-        main_thread.main_async([shared, found] {
-            if (shared->pane)
-                shared->pane->show_detected(found);
-        });
-    });
+    m_looks.start(
+        m_parts.queue, [&probes = m_parts.probes] { return look_for_usual(probes); },
+        [this](const Paths& found) { show_detected(found); });
 }
 
 void PreferencesGeneralPane::show_detected(const Paths& found) {
@@ -283,22 +285,13 @@ void PreferencesGeneralPane::launchAtLogin() {
     const bool on = m_controls.m_launch_login->isChecked();
     const auto answer = std::make_shared<std::promise<bool>>();
     m_login_changed = answer->get_future();
-    m_parts.queue.async([answer, shared = m_shared, &main_thread = m_parts.main_thread, agent = m_parts.launch_at_login,
-                         on, number = ++m_shared->logins] {
-        std::string sentence;
-        const int result = on ? agent.writePlist(sentence) : agent.unlinkAgent(sentence);
-        const bool valid = agent.agentIsValid();
-        std::string ignored; // the file is no use, and that is what is told
-        if (on && !valid)
-            (void)agent.unlinkAgent(ignored);
-        if (on && !valid && result == 0)
-            sentence = "The file in the autostart folder does not start the program.";
-        answer->set_value(valid);
-        main_thread.main_async([shared, valid, sentence, number] {
-            if (shared->pane && shared->logins == number)
-                shared->pane->show_login(valid, sentence);
-        });
-    });
+    const auto work = [answer, agent = m_parts.launch_at_login, on] {
+        const LoginChange change = change_login(*agent, on);
+        answer->set_value(change.on);
+        return change;
+    };
+    m_logins.start_newest(m_parts.queue, work,
+                          [this](const LoginChange& change) { show_login(change.on, change.done); });
 }
 
 bool PreferencesGeneralPane::finish(std::chrono::milliseconds patience) {
@@ -310,12 +303,12 @@ bool PreferencesGeneralPane::finish(std::chrono::milliseconds patience) {
     return true;
 }
 
-void PreferencesGeneralPane::show_login(bool on, const std::string& sentence) {
+void PreferencesGeneralPane::show_login(bool on, const Result<>& done) {
     m_login_changed = {};
     m_controls.m_launch_login->setChecked(on);
     m_parts.general.launch_login = on;
     save_settings();
-    say(spoken(sentence), true);
+    say(done ? QString() : in_words(done.error()), true);
 }
 
 void PreferencesGeneralPane::adjustClock() {
@@ -353,34 +346,31 @@ void PreferencesGeneralPane::adjustClock() {
 void PreferencesGeneralPane::apply_adjustment() {
     m_parts.general.adj_system = m_controls.m_adj_system->isChecked();
     save_settings();
-    changed();
-    if (!m_parts.adjust_clock)
+    Q_EMIT changed();
+    if (!m_parts.has_helper)
         return;
     m_controls.m_adj_system->setEnabled(false);
-    m_parts.adjust_clock([shared = m_shared](bool done, const std::string& sentence) {
-        if (shared->pane)
-            shared->pane->show_adjustment(done, sentence);
-    });
+    Q_EMIT adjustment_wanted();
 }
 
 // The box says what the daemon does: where that could not be changed, it goes back.
-void PreferencesGeneralPane::show_adjustment(bool done, const std::string& sentence) {
+void PreferencesGeneralPane::show_adjustment(const Result<>& done) {
     m_controls.m_adj_system->setEnabled(true);
-    say(spoken(sentence), !done);
+    say(done ? QString() : in_words(done.error()), !done);
     if (done)
         return;
     m_parts.general.adj_system = !m_parts.general.adj_system;
     m_controls.m_adj_system->setChecked(m_parts.general.adj_system);
     save_settings();
-    changed();
+    Q_EMIT changed();
 }
 
 void PreferencesGeneralPane::installChronyWake() {
     m_parts.general.install_wake = m_controls.m_install_wake->isChecked();
     save_settings();
-    changed();
+    Q_EMIT changed();
     update_wake();
-    if (!m_parts.install_or_remove_wake)
+    if (!m_parts.has_helper)
         return;
     //: General preferences: said after the box "Install chronywake" was ticked, about the button Apply
     const QString installs = tr("Apply installs chronywake.");
@@ -394,59 +384,55 @@ void PreferencesGeneralPane::update_wake() {
     for (auto* field : {m_controls.m_make_thresh, m_controls.m_make_limit, m_controls.m_burst_good,
                         m_controls.m_burst_max, m_controls.m_burst_netmask})
         field->setEnabled(wanted);
-    const bool can_save = static_cast<bool>(m_parts.install_or_remove_wake);
-    const bool can_run = static_cast<bool>(m_parts.run_chronywake);
+    const bool able = m_parts.has_helper;
     //: General preferences: tooltip of a button that needs the root helper
     const QString absent = tr("This version cannot do it: it has no root helper");
     // Also without chronywake: the job then removes it.
-    m_controls.saveArguments->setEnabled(can_save && !m_saving && m_controls.wake_words->text().isEmpty());
+    m_controls.saveArguments->setEnabled(able && !m_saving && m_controls.wake_words->text().isEmpty());
     //: General preferences: tooltip of the button that saves the arguments of chronywake
-    m_controls.saveArguments->setToolTip(can_save ? tr("Install chronywake's job with these arguments, or remove it")
-                                                  : absent);
-    m_controls.m_test_wake->setEnabled(wanted && can_run && !m_testing);
+    m_controls.saveArguments->setToolTip(able ? tr("Install chronywake's job with these arguments, or remove it")
+                                              : absent);
+    m_controls.m_test_wake->setEnabled(wanted && able && !m_testing);
     //: General preferences: tooltip of the button that runs chronywake
-    m_controls.m_test_wake->setToolTip(can_run ? tr("Run chronywake once and see what it answers") : absent);
+    m_controls.m_test_wake->setToolTip(able ? tr("Run chronywake once and see what it answers") : absent);
 }
 
 void PreferencesGeneralPane::saveArguments() {
     save_settings();
-    if (!m_parts.install_or_remove_wake)
+    if (!m_parts.has_helper)
         return;
     m_saving = true;
     update_wake();
-    m_parts.install_or_remove_wake([shared = m_shared](const std::string& sentence) {
-        if (!shared->pane)
-            return;
-        shared->pane->m_saving = false;
-        shared->pane->update_wake();
-        const bool wanted = shared->pane->m_parts.general.install_wake;
-        //: General preferences: said when chronywake runs as a service with the arguments in the window
-        const QString installed = tr("chronywake is installed with these arguments.");
-        //: General preferences: said after the button Apply
-        const QString removed = tr("chronywake is removed.");
-        const QString success = wanted ? installed : removed;
-        shared->pane->say(sentence.empty() ? success : spoken(sentence), !sentence.empty());
-    });
+    Q_EMIT wake_service_wanted();
+}
+
+void PreferencesGeneralPane::show_wake_service(const Result<>& done) {
+    m_saving = false;
+    update_wake();
+    if (!done)
+        return say(in_words(done.error()), true);
+    //: General preferences: said when chronywake runs as a service with the arguments in the window
+    const QString installed = tr("chronywake is installed with these arguments.");
+    //: General preferences: said after the button Apply
+    const QString removed = tr("chronywake is removed.");
+    say(m_parts.general.install_wake ? installed : removed);
 }
 
 void PreferencesGeneralPane::testChronywake() {
-    if (!m_parts.run_chronywake || m_testing)
+    if (!m_parts.has_helper || m_testing)
         return;
     m_testing = true;
     m_controls.m_testing_wake->show();
     update_wake();
-    m_parts.run_chronywake([shared = m_shared](const std::string& reply) {
-        if (shared->pane)
-            shared->pane->show_test(reply);
-    });
+    Q_EMIT wake_test_wanted();
 }
 
-void PreferencesGeneralPane::show_test(const std::string& reply) {
+void PreferencesGeneralPane::show_wake_test(const Result<std::string>& answer) {
     m_testing = false;
     m_controls.m_testing_wake->hide();
     update_wake();
-    const std::string answer(trimmed(reply));
-    const bool good = answer == "200 OK";
+    const QString words = answer ? from_std(std::string(trimmed(*answer))) : in_words(answer.error());
+    const bool good = answer && words == QLatin1String("200 OK");
     //: alert after a test of chronywake: title
     auto* box =
         alert(tr("chronywake"), good
@@ -455,7 +441,7 @@ void PreferencesGeneralPane::show_test(const std::string& reply) {
                                     : /*: alert after a test of chronywake */ tr("chronywake did not succeed."));
     if (!good)
         //: alert after a test of chronywake that gave no answer
-        box->setInformativeText(answer.empty() ? tr("It gave no answer.") : spoken(answer));
+        box->setInformativeText(words.isEmpty() ? tr("It gave no answer.") : words);
     box->setObjectName(QStringLiteral("chronywake_alert"));
     box->setIcon(good ? QMessageBox::Information : QMessageBox::Warning);
     //: button of an alert
@@ -464,11 +450,10 @@ void PreferencesGeneralPane::show_test(const std::string& reply) {
 }
 
 void PreferencesGeneralPane::restoreDefaults() {
-    m_parts.general.restore_defaults(m_parts.settings,
-                                     m_parts.usual_paths ? m_parts.usual_paths() : documented_paths());
+    Q_EMIT defaults_wanted();
     show_record();
     save_settings();
-    changed();
+    Q_EMIT changed();
     //: General preferences: said after the button Restore Defaults
     say(tr("The defaults are back."));
 }

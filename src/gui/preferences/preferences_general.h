@@ -4,6 +4,7 @@
 // thread only; the parts outlive the pane.
 #pragma once
 
+#include "base/background.h"
 #include "gui/preferences/preferences_general_controls.h"
 #include "gui/preferences/preferences_parts.h"
 
@@ -13,7 +14,6 @@
 #include <array>
 #include <chrono>
 #include <future>
-#include <memory>
 #include <string>
 
 class QMessageBox;
@@ -24,9 +24,6 @@ class PreferencesGeneralPane : public QWidget {
     Q_OBJECT
 public:
     explicit PreferencesGeneralPane(const PreferencesParts& parts, QWidget* parent = nullptr);
-    ~PreferencesGeneralPane() override;
-    PreferencesGeneralPane(const PreferencesGeneralPane&) = delete;
-    PreferencesGeneralPane& operator=(const PreferencesGeneralPane&) = delete;
 
     [[nodiscard]] static QString toolbarItemTitle();
     [[nodiscard]] static QIcon toolbarItemIcon();
@@ -47,35 +44,43 @@ public:
     void resetWarnings();
     void detect();
 
+    // The answers to the wishes below. A failure without words was told elsewhere.
+    void show_wake_service(const Result<>& done);
+    void show_wake_test(const Result<std::string>& answer); // of chronywake, "200 OK" when all went well
+    void show_adjustment(const Result<>& done);
+
+Q_SIGNALS:
+    void changed();             // when an edit is finished, not at every letter
+    void defaults_wanted();     // in the record when this returns
+    void wake_service_wanted(); // chronywake's service installed with the record's arguments, or removed
+    void wake_test_wanted();    // chronywake run once
+    void adjustment_wanted();   // of the clock by the installed daemon, or none, as the record says
+
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    struct Shared;
-
     void connect_controls();
     void take_paths();
     void take_arguments();
     void finish_edit();
     void apply_adjustment();
-    void show_adjustment(bool done, const std::string& sentence);
-    void changed();
     void update_wake();
     void look_at_paths();
     void show_path_states(const std::array<PathState, 4>& states);
     void show_detected(const std::array<std::string, 4>& found);
-    void show_login(bool on, const std::string& sentence);
-    void show_test(const std::string& reply);
+    void show_login(bool on, const Result<>& done);
     void say(const QString& text, bool alarmed = false);
     QMessageBox* alert(const QString& title, const QString& text);
 
     const PreferencesParts& m_parts;
-    std::shared_ptr<Shared> m_shared;
     PreferencesGeneralControls m_controls;
     std::array<PathState, 4> m_states{PathState::program, PathState::program, PathState::program, PathState::program};
     std::future<bool> m_login_changed; // whether it is on then; invalid: no change is under way
     bool m_testing = false;
     bool m_saving = false;
+    Background m_looks;
+    Background m_logins;
 };
 
 } // namespace tickervantage

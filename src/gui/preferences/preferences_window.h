@@ -25,6 +25,9 @@ public:
 
     void show_pane(Pane pane); // and the window, in front; the controls show the records as they are now
 
+    [[nodiscard]] PreferencesGeneralPane& general() { return *prefsGeneral; }
+    [[nodiscard]] PreferencesAdvancedPane& advanced() { return *prefsAdvanced; }
+
     // The records are others now, not by this window.
     void show_records();
 

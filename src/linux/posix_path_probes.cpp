@@ -1,4 +1,4 @@
-#include "linux/posix_path_facts.h"
+#include "linux/posix_path_probes.h"
 
 #include <grp.h>
 #include <pwd.h>
@@ -68,7 +68,17 @@ PathFacts::Kind kind_of(mode_t mode) {
 
 } // namespace
 
-PathFacts look_at_path(const std::string& path, const std::string& user) {
+PathState PosixPathProbes::state(const std::string& path) const {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0)
+        return PathState::nothing;
+    if (S_ISDIR(status.st_mode))
+        return PathState::folder;
+    const bool runs = S_ISREG(status.st_mode) && ::access(path.c_str(), X_OK) == 0;
+    return runs ? PathState::program : PathState::file;
+}
+
+PathFacts PosixPathProbes::look(const std::string& path, const std::string& user) const {
     struct stat status {};
     if (::stat(path.c_str(), &status) != 0) {
         const bool is_missing = errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG;
@@ -84,7 +94,7 @@ PathFacts look_at_path(const std::string& path, const std::string& user) {
     return facts;
 }
 
-bool user_exists(const std::string& user) {
+bool PosixPathProbes::user_exists(const std::string& user) const {
     return user_named(user).has_value();
 }
 
