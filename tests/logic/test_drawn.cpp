@@ -1,4 +1,4 @@
-// What each kind of drawing consists of, to the tenth of a point: see support/told_canvas.h.
+// What each kind of drawing consists of, to the tenth of a point: see support/kept_text.h.
 #include "draw/bounds_canvas.h"
 #include "draw/instruments/analog_clock_view.h"
 #include "draw/instruments/clock_performance.h"
@@ -8,6 +8,7 @@
 #include "studies/freqtemp/freqtemp_view.h"
 #include "studies/spectrum/spectrum_view.h"
 #include "studies/tracking/tracking_view.h"
+#include "support/kept_text.h"
 #include "support/manual_timer.h"
 #include "support/told_canvas.h"
 
@@ -179,7 +180,7 @@ class Drawn : public ::testing::TestWithParam<Drawing> {};
 TEST_P(Drawn, IsAsItWasApproved) {
     ToldCanvas canvas;
     GetParam().draw(canvas);
-    expect_as_kept(canvas.told, std::string(KEPT_DRAWINGS) + "/" + GetParam().name + ".txt");
+    expect_as_kept(canvas.told, GetParam().name);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Drawn,

@@ -3,6 +3,7 @@
 #include "settings/preferences.h"
 #include "settings/settings_catalogue.h"
 #include "settings/warning_register.h"
+#include "support/kept_text.h"
 #include "support/memory_stores.h"
 
 #include <gtest/gtest.h>
@@ -135,19 +136,24 @@ TEST(PreferencesGeneral, UsualPathsCountOnlyWhereNoneWasEverSet) {
     EXPECT_EQ(PreferencesGeneral::load(settings, found).paths(), documented_paths());
 }
 
-TEST(SettingsCatalogue, KeysAreUniqueAndDefaultsPassTheirOwnCheck) {
+TEST(SettingsCatalogue, KeysDefaultsAndLimitsAreAsApproved) {
     std::set<std::string_view> keys;
+    std::string told;
     for (const auto& setting : all_settings()) {
         EXPECT_TRUE(keys.insert(key_of(setting)).second) << key_of(setting);
         EXPECT_EQ(find_setting(key_of(setting)), &setting);
-        EXPECT_FALSE(description_of(setting).empty());
         const auto text = default_text(setting);
         std::vector<std::string> value;
         std::string reason;
         if (text) {
             EXPECT_EQ(check_setting(setting, *text, value, reason), 0) << reason;
         }
+        reason = "anything";
+        (void)check_setting(setting, "?\n", value, reason);
+        told += std::string(key_of(setting)) + " = " + text.value_or("nothing") + "; takes " + reason + "; " +
+                std::string(description_of(setting)) + "\n";
     }
+    testing::expect_as_kept(told, "settings");
     EXPECT_EQ(find_setting("SystemChronyAlert"), nullptr);
 }
 

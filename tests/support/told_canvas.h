@@ -7,12 +7,8 @@
 #include "draw/canvas.h"
 
 #include <fmt/format.h>
-#include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <utility>
 
@@ -104,30 +100,5 @@ private:
                place(one.radius);
     }
 };
-
-// Whether two texts are the same but for roundings of their numbers.
-[[nodiscard]] inline bool are_alike(const std::string& one, const std::string& other) {
-    const char* a = one.c_str();
-    const char* b = other.c_str();
-    while (*a != '\0' && *b != '\0') {
-        char* after_a = nullptr;
-        char* after_b = nullptr;
-        const double x = std::strtod(a, &after_a);
-        const double y = std::strtod(b, &after_b);
-        if ((after_a == a) != (after_b == b) || (after_a == a && *a != *b) || std::abs(x - y) > 0.11)
-            return false;
-        a = after_a == a ? a + 1 : after_a;
-        b = after_b == b ? b + 1 : after_b;
-    }
-    return *a == *b;
-}
-
-inline void expect_as_kept(const std::string& told, const std::string& path) {
-    if (std::getenv("TICKERVANTAGE_APPROVE") != nullptr) // NOLINT(concurrency-mt-unsafe): nobody changes it
-        std::ofstream(path) << told;
-    std::ifstream file(path);
-    const std::string kept{std::istreambuf_iterator<char>(file), {}};
-    EXPECT_TRUE(are_alike(told, kept)) << path << " is not what is drawn now:\n" << told;
-}
 
 } // namespace tickervantage::testing
