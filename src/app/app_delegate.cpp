@@ -5,11 +5,11 @@
 #include "app/bring_to_front.h"
 #include "app/clock_setting.h"
 #include "app/config_windows.h"
-#include "app/desktop_links.h"
 #include "app/help_windows.h"
 #include "app/settings_windows.h"
 #include "app/window_menus.h"
 #include "chrony/configuration/configuration.h"
+#include "gui/common/desktop_links.h"
 #include "gui/main/tickervantage_window.h"
 #include "linux/desktop_applications.h"
 #include "qt/languages.h"
@@ -22,6 +22,7 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 
 #include <utility>
 
@@ -31,6 +32,10 @@ namespace {
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(application)
 };
+
+Result<> outcome_of(const JobResult& result) {
+    return result.done ? Result<>() : tl::unexpected(said_by_others(result.sentence));
+}
 
 constexpr const char* usual_log_folder = "/var/log/chrony/";
 // Any name in which "tracking", one character and "lo" follow each other, such as tracking.log.1.gz.
@@ -95,10 +100,7 @@ void AppDelegate::make_main_window() {
     connect_items();
     m_window_menus = std::make_unique<WindowMenus>(*m_menus.m_windows, *m_menus.actions.at("quit"));
     auto* recent = new QMenu(m_main_window.get());
-    fill_with_recent_files(recent, {[this] { return configurations().recent(); },
-                                    [this](const QString& path) {
-                                        configurations().open_path(path);
-                                    }});
+    configurations().recent().fill(recent);
     m_menus.actions.at("recentConfigurations")->setMenu(recent);
     m_main_window->add_toolbar_actions(
         {m_menus.actions.at("refresh"), m_menus.actions.at("liveTracking"), m_menus.actions.at("showConfigEditor")});
@@ -158,16 +160,6 @@ void AppDelegate::make_administration() {
 void AppDelegate::show_problem(PrivilegedProblem problem, const Failure& why) {
     if (m_administration)
         m_administration->show_problem(problem, why);
-}
-
-InstallConfiguration AppDelegate::install_configuration() {
-    if (!m_administration)
-        return {};
-    return [this](std::string text, std::function<void(InstallOutcome)> done) {
-        m_administration->install_configuration(std::move(text), [done = std::move(done)](const JobResult& result) {
-            done({result.done, result.sentence});
-        });
-    };
 }
 
 TickervantageWindow& AppDelegate::main_window() {
@@ -268,43 +260,47 @@ void AppDelegate::make_settings_windows() {
                              .general = m_general,
                              .advanced = m_advanced,
                              .probes = m_parts.probes,
-                             .jobs = m_administration ? &m_administration->jobs() : nullptr,
-                             .editor_is_open = [this] { return m_configurations && m_configurations->is_open(); },
-                             .insert_into_editor =
-                                 [this](const QString& lines) {
-                                     return configurations().insert(lines);
-                                 }});
+                             .editors = configurations(),
+                             .jobs = m_administration ? &m_administration->jobs() : nullptr});
     auto* windows = m_settings_windows.get();
-    QObject::connect(windows, &SettingsWindows::general_changed, windows,
-                     [this] { m_main_window->cycle().programs_changed(); });
-    QObject::connect(windows, &SettingsWindows::daemon_changed, windows, [this] { m_main_window->cycle().refresh(); });
-    QObject::connect(windows, &SettingsWindows::advanced_changed, windows, [this] {
+    connect(windows, &SettingsWindows::general_changed, this, [this] { m_main_window->cycle().programs_changed(); });
+    connect(windows, &SettingsWindows::daemon_changed, this, [this] { m_main_window->cycle().refresh(); });
+    connect(windows, &SettingsWindows::advanced_changed, this, [this] {
         update_optional_items();
         analysis().update_spectrum_buttons();
     });
-    QObject::connect(windows, &SettingsWindows::defaults_wanted, windows,
-                     [this] { m_general.restore_defaults(m_parts.cycle.settings, usual_paths()); });
+    connect(windows, &SettingsWindows::defaults_wanted, this,
+            [this] { m_general.restore_defaults(m_parts.cycle.settings, usual_paths()); });
 }
 
 ConfigWindows& AppDelegate::configurations() {
     if (!m_configurations)
-        m_configurations = std::make_unique<ConfigWindows>(
-            ConfigWindowsParts{.execute = m_parts.cycle.execute,
-                               .queue = m_parts.config_queue,
-                               .edit_queue = m_parts.list_queue,
-                               .main_thread = m_parts.cycle.main_thread,
-                               .settings = m_parts.cycle.settings,
-                               .paths = m_parts.paths,
-                               .probes = m_parts.probes,
-                               .config_path = [this] { return m_general.config; },
-                               .install = install_configuration(),
-                               .say = [this](const QString& sentence) { say(sentence); },
-                               .window = [this] { return m_main_window.get(); },
-                               .log =
-                                   [&logger = m_parts.logger](const auto& sentence) {
-                                       logger.log(LogLevel::warning, sentence);
-                                   }});
+        make_configurations();
     return *m_configurations;
+}
+
+void AppDelegate::make_configurations() {
+    m_configurations = std::make_unique<ConfigWindows>(ConfigWindowsParts{.execute = m_parts.cycle.execute,
+                                                                          .queue = m_parts.config_queue,
+                                                                          .edit_queue = m_parts.list_queue,
+                                                                          .main_thread = m_parts.cycle.main_thread,
+                                                                          .settings = m_parts.cycle.settings,
+                                                                          .paths = m_parts.paths,
+                                                                          .probes = m_parts.probes,
+                                                                          .general = m_general,
+                                                                          .logger = m_parts.logger,
+                                                                          .can_install = m_administration != nullptr,
+                                                                          .window = m_main_window.get()});
+    connect(m_configurations.get(), &ConfigWindows::not_opened, this, &AppDelegate::say);
+    connect(m_configurations.get(), &ConfigWindows::install_wanted, this, &AppDelegate::install_configuration);
+}
+
+// The editor may have gone when the job comes to its end.
+void AppDelegate::install_configuration(ConfigEditor* editor, const QString& text) {
+    m_administration->install_configuration(text.toStdString(), [editor = QPointer(editor)](const JobResult& result) {
+        if (editor)
+            editor->show_installation(outcome_of(result));
+    });
 }
 
 void AppDelegate::open_log(const QString& path) {

@@ -115,11 +115,12 @@ private:
     [[nodiscard]] AnalysisWindows& analysis();
     void ask_log_setting(std::function<void(const LogSettingAnswer&)> done);
     [[nodiscard]] ConfigWindows& configurations();
+    void make_configurations();
     [[nodiscard]] SettingsWindows& settings_windows();
     void make_settings_windows();
     void make_administration();
     void make_help();
-    [[nodiscard]] InstallConfiguration install_configuration(); // empty where nothing can be installed
+    void install_configuration(ConfigEditor* editor, const QString& text);
     // Missing where there is no administration.
     [[nodiscard]] std::function<void(Administration::Heard)>
     with_administration(void (Administration::*job)(Administration::Heard done));

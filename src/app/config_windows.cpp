@@ -1,12 +1,10 @@
 #include "app/config_windows.h"
 
 #include "app/bring_to_front.h"
-#include "app/desktop_links.h"
 #include "gui/editor/config_sheets.h"
 #include "linux/environment.h"
 #include "linux/kept_files.h"
 #include "linux/small_file.h"
-#include "settings/settings_catalogue.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -18,8 +16,6 @@
 
 namespace tickervantage {
 namespace {
-
-constexpr qsizetype MOST_RECENT_FILES = 10;
 
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(configwindows)
@@ -65,8 +61,12 @@ QString title_of(const KeptEdit& edit) {
 } // namespace
 
 ConfigWindows::ConfigWindows(ConfigWindowsParts parts)
-    : m_parts(std::move(parts)), m_keeper(kept_files(m_parts.paths), m_parts.edit_queue, m_parts.log),
-      m_self(std::make_shared<ConfigWindows*>(this)) {}
+    : m_parts(std::move(parts)),
+      m_keeper(kept_files(m_parts.paths), m_parts.edit_queue,
+               [&logger = m_parts.logger](const std::string& sentence) { logger.log(LogLevel::warning, sentence); }),
+      m_recent(m_parts.settings), m_background(m_parts.main_thread) {
+    connect(&m_recent, &RecentFiles::chosen, this, &ConfigWindows::open_path);
+}
 
 ConfigWindows::~ConfigWindows() {
     for (auto* editor : std::exchange(m_editors, {}))
@@ -74,7 +74,6 @@ ConfigWindows::~ConfigWindows() {
 }
 
 ConfigEditorParts ConfigWindows::editor_parts() {
-    const int document = ++m_documents;
     return {.queue = m_parts.queue,
             .main_thread = m_parts.main_thread,
             .check = {.syntax = {.execute = m_parts.execute,
@@ -86,70 +85,62 @@ ConfigEditorParts ConfigWindows::editor_parts() {
                                  .temporary = m_parts.paths.temporary},
                       .probes = m_parts.probes},
             .files = {.read = read_file, .replace = replace_small_file},
-            .config_path = m_parts.config_path,
-            .install = m_parts.install,
-            .open_page = [](const QString& address) { (void)open_page(address); }, // silent by design
-            .default_config = m_parts.paths.bundle_resource("chrony.conf"),
-            .keep_edit = [this, document](auto make) { m_keeper.keep(document, std::move(make)); },
-            .drop_edit =
-                [this, document] {
-                    m_keeper.drop(document);
-                }};
-}
-
-ConfigEditorRequests ConfigWindows::requests() {
-    return {.new_document = [this] { new_document(); },
-            .open_document = [this] { open_document(); },
-            .open_path = [this](const QString& path) { open_path(path); },
-            .open_installed = [this] { show_installed(); },
-            .recent = [this] { return recent(); },
-            .remember =
-                [this](const QString& path) {
-                    remember(path);
-                }};
+            .general = m_parts.general,
+            .keeper = m_keeper,
+            .document = ++m_documents,
+            .recent = m_recent,
+            .can_install = m_parts.can_install,
+            .default_config = m_parts.paths.bundle_resource("chrony.conf")};
 }
 
 ConfigEditor* ConfigWindows::make_editor() {
-    auto* editor = new ConfigEditor(editor_parts(), requests());
+    auto* editor = new ConfigEditor(editor_parts());
     editor->setAttribute(Qt::WA_DeleteOnClose);
     m_editors.push_back(editor);
-    QObject::connect(editor, &ConfigEditor::windowWillClose, editor, [this, editor] { m_editors.remove(editor); });
-    QObject::connect(editor, &ConfigEditor::windowDidBecomeMain, editor, [this, editor] {
-        m_editors.remove(editor);
-        m_editors.push_back(editor);
-    });
+    connect_editor(editor);
+    Q_EMIT is_open_changed(true);
     return editor;
 }
 
-// A document that does not open leaves no window behind.
-ConfigEditor::Opened ConfigWindows::when_opened(ConfigEditor* editor) {
-    return [this, editor](const QString& sentence) {
-        if (sentence.isEmpty()) {
-            bring_to_front(*editor);
-            return;
-        }
-        m_parts.say(sentence);
-        if (editor->isVisible())
-            return;
+void ConfigWindows::connect_editor(ConfigEditor* editor) {
+    connect(editor, &ConfigEditor::windowWillClose, this, [this, editor] { forget(editor); });
+    connect(editor, &ConfigEditor::windowDidBecomeMain, this, [this, editor] {
         m_editors.remove(editor);
+        m_editors.push_back(editor);
+    });
+    connect(editor, &ConfigEditor::opened, this, [editor] { bring_to_front(*editor); });
+    connect(editor, &ConfigEditor::not_opened, this, [this, editor](const QString& sentence) {
+        forget(editor); // a document that does not open leaves no window behind
         editor->deleteLater();
-    };
+        Q_EMIT not_opened(sentence);
+    });
+    connect(editor, &ConfigEditor::install_wanted, this,
+            [this, editor](const QString& text) { Q_EMIT install_wanted(editor, text); });
+    connect(editor, &ConfigEditor::new_document_wanted, this, &ConfigWindows::new_document);
+    connect(editor, &ConfigEditor::open_document_wanted, this, &ConfigWindows::open_document);
+    connect(editor, &ConfigEditor::open_installed_wanted, this, &ConfigWindows::show_installed);
+    connect(editor, &ConfigEditor::path_wanted, this, &ConfigWindows::open_path);
+}
+
+void ConfigWindows::forget(ConfigEditor* editor) {
+    m_editors.remove(editor);
+    Q_EMIT is_open_changed(is_open());
 }
 
 void ConfigWindows::new_document() {
     ConfigEditor* editor = make_editor();
     //: title of a new configuration; %1 is a number
-    editor->new_document(Texts::tr("Untitled %1").arg(++m_untitled), when_opened(editor));
+    editor->new_document(Texts::tr("Untitled %1").arg(++m_untitled));
 }
 
 void ConfigWindows::open_document() {
     auto* dialog =
         //: title of the dialog that opens a configuration
         new QFileDialog(QApplication::activeWindow(), Texts::tr("Open Configuration"),
-                        QFileInfo(QString::fromStdString(m_parts.config_path())).path());
+                        QFileInfo(QString::fromStdString(m_parts.general.config)).path());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);
-    QObject::connect(dialog, &QFileDialog::fileSelected, dialog, [this](const QString& path) { open_path(path); });
+    connect(dialog, &QFileDialog::fileSelected, this, &ConfigWindows::open_path);
     dialog->open();
 }
 
@@ -157,9 +148,8 @@ void ConfigWindows::open_path(const QString& path) {
     const auto open = std::ranges::find_if(
         m_editors, [&](const auto* editor) { return !editor->is_installed_config() && editor->path() == path; });
     if (open != m_editors.end())
-        return when_opened(*open)({});
-    ConfigEditor* editor = make_editor();
-    editor->open_path(path, when_opened(editor));
+        return bring_to_front(**open);
+    make_editor()->open_path(path);
 }
 
 // An open copy of it is read anew, unless it was edited.
@@ -167,17 +157,15 @@ void ConfigWindows::show_installed() {
     const auto open = std::ranges::find_if(m_editors, &ConfigEditor::is_installed_config);
     ConfigEditor* editor = open == m_editors.end() ? make_editor() : *open;
     if (editor->isWindowModified())
-        when_opened(editor)({});
+        bring_to_front(*editor);
     else
-        editor->open_installed(when_opened(editor));
+        editor->open_installed();
 }
 
 void ConfigWindows::offer_kept_edits() {
-    m_keeper.read_left([&main_thread = m_parts.main_thread, self = std::weak_ptr(m_self)](std::vector<LeftEdit> left) {
-        main_thread.main_async([left = std::move(left), self] {
-            if (const auto windows = self.lock(); windows && !left.empty())
-                (*windows)->ask_about(left);
-        });
+    m_keeper.read_left(m_background, [this](const std::vector<LeftEdit>& left) {
+        if (!left.empty())
+            ask_about(left);
     });
 }
 
@@ -185,23 +173,21 @@ void ConfigWindows::ask_about(const std::vector<LeftEdit>& left) {
     QStringList titles;
     for (const auto& one : left)
         titles.append(title_of(one.edit));
-    ask_about_kept_edits(m_parts.window ? m_parts.window() : nullptr, titles,
-                         [this, left, self = std::weak_ptr(m_self)](KeptChoice choice) {
-                             if (!self.lock())
-                                 return;
-                             for (const auto& one : left) {
-                                 if (choice == KeptChoice::open)
-                                     open_kept(one);
-                                 else if (choice == KeptChoice::discard)
-                                     m_keeper.remove(one.path);
-                             }
-                         });
+    const auto answer = [this, left](KeptChoice choice) {
+        for (const auto& one : left) {
+            if (choice == KeptChoice::open)
+                open_kept(one);
+            else if (choice == KeptChoice::discard)
+                m_keeper.remove(one.path);
+        }
+    };
+    ask_about_kept_edits(m_parts.window, titles, m_background.if_alive(answer));
 }
 
 void ConfigWindows::open_kept(const LeftEdit& left) {
     ConfigEditor* editor = make_editor();
     m_keeper.adopt(left.path, m_documents);
-    editor->open_kept(left.edit, when_opened(editor));
+    editor->open_kept(left.edit);
 }
 
 bool ConfigWindows::finish() {
@@ -211,29 +197,11 @@ bool ConfigWindows::finish() {
     return m_keeper.finish(patience);
 }
 
-QStringList ConfigWindows::recent() const {
-    QStringList paths;
-    for (const auto& path : load(m_parts.settings, settings::recent_configurations))
-        paths.append(QString::fromStdString(path));
-    return paths;
-}
-
-void ConfigWindows::remember(const QString& path) {
-    QStringList paths = recent();
-    paths.removeAll(path);
-    paths.prepend(path);
-    std::vector<std::string> kept;
-    for (const auto& one : paths.first(std::min(paths.size(), MOST_RECENT_FILES)))
-        kept.push_back(one.toStdString());
-    save(m_parts.settings, settings::recent_configurations, kept);
-}
-
-bool ConfigWindows::insert(const QString& lines) {
+void ConfigWindows::insert(const QString& lines) {
     if (m_editors.empty())
-        return false;
+        return;
     m_editors.back()->insert_lines(lines);
-    when_opened(m_editors.back())({});
-    return true;
+    bring_to_front(*m_editors.back());
 }
 
 } // namespace tickervantage

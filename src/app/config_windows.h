@@ -2,17 +2,16 @@
 // thread.
 #pragma once
 
+#include "base/logger.h"
 #include "base/path_probes.h"
 #include "base/paths.h"
 #include "chrony/configuration/kept_edit.h"
 #include "gui/editor/config_editor_window.h"
 #include "settings/default_settings.h"
 
-#include <QStringList>
+#include <QObject>
 
-#include <functional>
 #include <list>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -27,17 +26,17 @@ struct ConfigWindowsParts {
     DefaultSettings& settings;
     Paths paths;
     PathProbes& probes;
-    std::function<std::string()> config_path; // of the live configuration
-    InstallConfiguration install;             // may be missing
-    std::function<void(const QString& sentence)> say;
-    std::function<QWidget*()> window;                     // that asks questions; may be missing
-    std::function<void(const std::string& sentence)> log; // any thread
+    const PreferencesGeneral& general; // which name the live configuration
+    Logger& logger;
+    bool can_install = false;  // somebody answers to install_wanted
+    QWidget* window = nullptr; // that asks questions
 };
 
-class ConfigWindows {
+class ConfigWindows : public QObject {
+    Q_OBJECT
 public:
     explicit ConfigWindows(ConfigWindowsParts parts);
-    ~ConfigWindows();
+    ~ConfigWindows() override;
     ConfigWindows(const ConfigWindows&) = delete;
     ConfigWindows& operator=(const ConfigWindows&) = delete;
 
@@ -52,28 +51,32 @@ public:
     // Waits for the disk: for the program's end. False when what is not saved could not be kept in time.
     [[nodiscard]] bool finish();
 
-    [[nodiscard]] QStringList recent() const;
+    [[nodiscard]] RecentFiles& recent() { return m_recent; }
 
     [[nodiscard]] bool is_open() const { return !m_editors.empty(); } // an editor
 
-    // Puts lines into the editor used last. False: none is open.
-    [[nodiscard]] bool insert(const QString& lines);
+    void insert(const QString& lines); // into the editor used last, if one is open
+
+Q_SIGNALS:
+    void is_open_changed(bool is_open);
+    void not_opened(const QString& sentence);
+    void install_wanted(ConfigEditor* editor, const QString& text); // the editor hears how it ended
 
 private:
     [[nodiscard]] ConfigEditorParts editor_parts();
-    [[nodiscard]] ConfigEditorRequests requests();
     [[nodiscard]] ConfigEditor* make_editor();
-    [[nodiscard]] ConfigEditor::Opened when_opened(ConfigEditor* editor);
-    void remember(const QString& path);
+    void connect_editor(ConfigEditor* editor);
+    void forget(ConfigEditor* editor);
     void ask_about(const std::vector<LeftEdit>& left);
     void open_kept(const LeftEdit& left);
 
     ConfigWindowsParts m_parts;
     EditKeeper m_keeper;
+    RecentFiles m_recent;
     std::list<ConfigEditor*> m_editors; // open; the one used last stands last
     int m_untitled = 0;
-    int m_documents = 0;                    // ever opened
-    std::shared_ptr<ConfigWindows*> m_self; // work on its way back finds out through it that the windows have gone
+    int m_documents = 0; // ever opened
+    Background m_background;
 };
 
 } // namespace tickervantage

@@ -1,7 +1,7 @@
 #include "app/help_windows.h"
 
 #include "app/bring_to_front.h"
-#include "app/desktop_links.h"
+#include "gui/common/desktop_links.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 #include "app/settings_windows.h"
 
 #include "app/bring_to_front.h"
-#include "app/desktop_links.h"
+#include "app/config_windows.h"
 #include "gui/preferences/preferences_advanced.h"
 #include "gui/preferences/preferences_general.h"
 #include "linux/autostart.h"
@@ -68,19 +68,18 @@ SettingsWindows::SettingsWindows(SettingsWindowsParts parts) : m_parts(std::move
 
 SettingsWindows::~SettingsWindows() = default;
 
-ServersWindowParts SettingsWindows::servers_parts() {
-    return {.list = std::make_shared<SharedTextFile>(m_parts.paths.data_home + "/Tickervantage/servers.txt"),
-            .queue = m_parts.queue,
-            .main_thread = m_parts.main_thread,
-            .configuration_path = [this] { return m_parts.general.config; },
-            .read_text = read_text,
-            .editor_is_open = m_parts.editor_is_open,
-            .insert_into_editor = m_parts.insert_into_editor,
-            .open_page = open_page,
-            .log =
-                [this](std::string_view sentence) {
-                    m_parts.logger.log(LogLevel::info, sentence);
-                }};
+void SettingsWindows::make_servers() {
+    m_servers = std::make_unique<ServersWindow>(ServersWindowParts{
+        .list = std::make_shared<SharedTextFile>(m_parts.paths.data_home + "/Tickervantage/servers.txt"),
+        .queue = m_parts.queue,
+        .main_thread = m_parts.main_thread,
+        .general = m_parts.general,
+        .read_text = read_text,
+        .logger = m_parts.logger});
+    connect(&m_parts.editors, &ConfigWindows::is_open_changed, m_servers.get(), &ServersWindow::set_editor_open);
+    connect(m_servers.get(), &ServersWindow::insert_wanted, &m_parts.editors, &ConfigWindows::insert);
+    m_servers->windowDidLoad();
+    m_servers->set_editor_open(m_parts.editors.is_open());
 }
 
 void SettingsWindows::make_preferences() {
@@ -125,10 +124,8 @@ void SettingsWindows::serve_wishes(PreferencesGeneralPane& pane) {
 }
 
 void SettingsWindows::showServers() {
-    if (!m_servers) {
-        m_servers = std::make_unique<ServersWindow>(servers_parts());
-        m_servers->windowDidLoad();
-    }
+    if (!m_servers)
+        make_servers();
     bring_to_front(*m_servers);
 }
 

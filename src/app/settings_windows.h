@@ -9,14 +9,14 @@
 
 #include <QObject>
 
-#include <functional>
 #include <memory>
 
 namespace tickervantage {
 
 class AdministrativeJobs;
+class ConfigWindows;
 
-// All of it outlives the windows. The functions may be missing.
+// All of it outlives the windows.
 struct SettingsWindowsParts {
     DefaultSettings& settings;
     MainThread& main_thread;
@@ -27,9 +27,8 @@ struct SettingsWindowsParts {
     PreferencesGeneral& general;
     PreferencesAdvanced& advanced;
     PathProbes& probes;
+    ConfigWindows& editors;
     AdministrativeJobs* jobs = nullptr; // none: what needs them is not offered
-    std::function<bool()> editor_is_open;
-    std::function<bool(const QString& lines)> insert_into_editor;
 };
 
 class SettingsWindows : public QObject {
@@ -58,7 +57,7 @@ Q_SIGNALS:
     void daemon_changed(); // by a job
 
 private:
-    [[nodiscard]] ServersWindowParts servers_parts();
+    void make_servers();
     void make_preferences();
     void serve_wishes(PreferencesGeneralPane& pane); // that jobs fulfil
 

@@ -46,9 +46,10 @@ struct ConfigEditorTest : ::testing::Test {
     DefaultSettings settings{store};
     PosixPathProbes probes;
     QTemporaryDir folder;
+    PreferencesGeneral general;
+    testing::MemoryLogger logger;
     std::string installed_text;
     QStringList said;
-    std::vector<std::string> logged;
     std::string state_folder = file("state");
     QWidget desk; // the program's main window
     std::unique_ptr<ConfigWindows> windows;
@@ -67,26 +68,25 @@ struct ConfigEditorTest : ::testing::Test {
         paths.temporary = file("");
         paths.bundle = file("");
         paths.state = state_folder;
-        windows = std::make_unique<ConfigWindows>(
-            ConfigWindowsParts{.execute = execute,
-                               .queue = queue,
-                               .edit_queue = queue,
-                               .main_thread = main_thread,
-                               .settings = settings,
-                               .paths = paths,
-                               .probes = probes,
-                               .config_path = [this] { return file("installed.conf"); },
-                               .install =
-                                   [this](std::string text, std::function<void(InstallOutcome)> done) {
-                                       installed_text = std::move(text);
-                                       done({false, "The helper is not there."});
-                                   },
-                               .say = [this](const QString& sentence) { said.append(sentence); },
-                               .window = [this] { return &desk; },
-                               .log =
-                                   [this](const std::string& sentence) {
-                                       logged.push_back(sentence);
-                                   }});
+        windows = std::make_unique<ConfigWindows>(ConfigWindowsParts{.execute = execute,
+                                                                     .queue = queue,
+                                                                     .edit_queue = queue,
+                                                                     .main_thread = main_thread,
+                                                                     .settings = settings,
+                                                                     .paths = paths,
+                                                                     .probes = probes,
+                                                                     .general = general,
+                                                                     .logger = logger,
+                                                                     .can_install = true,
+                                                                     .window = &desk});
+        general.config = file("installed.conf");
+        QObject::connect(windows.get(), &ConfigWindows::install_wanted, windows.get(),
+                         [this](ConfigEditor* editor, const QString& text) {
+                             installed_text = text.toStdString();
+                             editor->show_installation(tl::unexpected(said_by_others("The helper is not there.")));
+                         });
+        QObject::connect(windows.get(), &ConfigWindows::not_opened, windows.get(),
+                         [this](const QString& sentence) { said.append(sentence); });
     }
 
     std::string file(const char* name) {
@@ -303,7 +303,7 @@ TEST_F(ConfigEditorTest, SavingNoticesOtherProgramsAndKeepsTheEditWhenItFails) {
     settle();
     EXPECT_EQ(read("a.conf"), "xone\r\ntwo\r\n");
     EXPECT_FALSE(editor()->isWindowModified());
-    EXPECT_EQ(windows->recent(), QStringList{path("a.conf")});
+    EXPECT_EQ(windows->recent().paths(), QStringList{path("a.conf")});
     text()->insertPlainText(QStringLiteral("y"));
     write("a.conf", "theirs\n");
     editor()->save();
@@ -371,7 +371,7 @@ TEST_F(ConfigEditorTest, ADroppedFileOpensAndLinesCanBeInserted) {
     (text()->*&Text::insertFromMimeData)(&dropped);
     settle();
     EXPECT_EQ(editors().size(), 2U);
-    EXPECT_TRUE(windows->insert(QStringLiteral("server c")));
+    windows->insert(QStringLiteral("server c"));
     const auto all = editors();
     EXPECT_TRUE(std::ranges::any_of(all, [](auto* one) {
         return one->template findChild<ConfigText*>()->whole_text().startsWith(QStringLiteral("server c\n"));
@@ -530,8 +530,8 @@ TEST_F(ConfigEditorTest, ADiskThatIsFullOrClosedCostsNothingButASentence) {
     fails("Read-only file system");
     editor()->keep_edit(); // there as well
     settle();
-    ASSERT_FALSE(logged.empty());
-    EXPECT_NE(logged.back().find("Read-only file system"), std::string::npos) << logged.back();
+    ASSERT_FALSE(logger.sentences.empty());
+    EXPECT_NE(logger.sentences.back().find("Read-only file system"), std::string::npos) << logger.sentences.back();
 }
 
 TEST_F(ConfigEditorTest, AnEditThatWasNotSavedIsOfferedByTheNextRuns) {

@@ -1,5 +1,6 @@
 #include "gui/servers/servers_list.h"
 #include "gui/servers/servers_window.h"
+#include "support/memory_stores.h"
 #include "support/window_test.h"
 
 #include <gtest/gtest.h>
@@ -7,11 +8,13 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QDesktopServices>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
 #include <QToolButton>
+#include <QUrl>
 
 namespace tickervantage {
 namespace {
@@ -43,13 +46,26 @@ private:
     std::optional<std::string> m_written;
 };
 
+// Stands for the browser while it lives.
+class OpenedPages : public QObject {
+    Q_OBJECT
+public:
+    OpenedPages() { QDesktopServices::setUrlHandler(QStringLiteral("https"), this, "open"); }
+    ~OpenedPages() override { QDesktopServices::unsetUrlHandler(QStringLiteral("https")); }
+    OpenedPages(const OpenedPages&) = delete;
+    OpenedPages& operator=(const OpenedPages&) = delete;
+
+    Q_INVOKABLE void open(const QUrl& page) { last = page.toString(); }
+
+    QString last;
+};
+
 struct ServersWindowTest : testing::WindowTest<ServersWindow> {
     std::shared_ptr<FakeSharedText> list = std::make_shared<FakeSharedText>();
-    std::vector<std::string> log;
+    testing::MemoryLogger logger;
+    PreferencesGeneral general;
     std::string configuration;
-    bool editor_is_open = false;
     QString inserted;
-    QString page;
 
     void open(const char* text) {
         if (text)
@@ -58,28 +74,16 @@ struct ServersWindowTest : testing::WindowTest<ServersWindow> {
             ServersWindowParts{.list = list,
                                .queue = queue,
                                .main_thread = main_thread,
-                               .configuration_path = [] { return std::string("/etc/chrony/chrony.conf"); },
+                               .general = general,
                                .read_text =
                                    [this](const std::string&, std::string& read, std::string& sentence) {
                                        read = configuration;
                                        sentence = "Cannot read it.";
                                        return configuration.empty() ? -1 : 0;
                                    },
-                               .editor_is_open = [this] { return editor_is_open; },
-                               .insert_into_editor =
-                                   [this](const QString& lines) {
-                                       inserted = lines;
-                                       return editor_is_open;
-                                   },
-                               .open_page =
-                                   [this](const QString& address) {
-                                       page = address;
-                                       return true;
-                                   },
-                               .log =
-                                   [this](std::string_view sentence) {
-                                       log.emplace_back(sentence);
-                                   }});
+                               .logger = logger});
+        QObject::connect(window.get(), &ServersWindow::insert_wanted, window.get(),
+                         [this](const QString& lines) { inserted = lines; });
         window->windowDidLoad();
         settle();
         window->show();
@@ -104,14 +108,14 @@ TEST_F(ServersWindowTest, ShowsAndSavesWhatIsTyped) {
     EXPECT_TRUE(find<QCheckBox>("m_iburst")->isChecked());
     EXPECT_EQ(words("minpoll_words"), "64 s at least");
     EXPECT_EQ(list->written, 0);
-    log.clear();
+    logger.sentences.clear();
     click_row(1);
     EXPECT_EQ(text("m_name"), "two.example");
     type("m_name", "new.example");
     type("m_maxpoll", "12");
     press("m_iburst");
     EXPECT_EQ(saved(), "One:one.example:10:6:true\nTwo:new.example:12:4:true\n");
-    EXPECT_EQ(log,
+    EXPECT_EQ(logger.sentences,
               (std::vector<std::string>{"shouldchange: current selection: 0", "proposedselection: current selection: 0",
                                         "ischanging: current selection: 0", "didchange: current selection: 1"}));
 }
@@ -268,10 +272,9 @@ TEST_F(ServersWindowTest, GoesToAndFromChrony) {
     const QString lines = QStringLiteral("server one.example iburst\nserver two.example minpoll 4 maxpoll 8\n");
     EXPECT_EQ(QApplication::clipboard()->text(), lines);
     EXPECT_FALSE(find<QPushButton>("insert_lines")->isEnabled());
-    editor_is_open = true;
-    window->hide();
-    window->show();
-    settle();
+    window->insert_lines();
+    EXPECT_EQ(words("notice"), "No configuration is open in the editor.");
+    window->set_editor_open(true);
     press("insert_lines");
     EXPECT_EQ(inserted, lines);
     press("import_servers");
@@ -281,8 +284,9 @@ TEST_F(ServersWindowTest, GoesToAndFromChrony) {
     EXPECT_EQ(window->servers().size(), 3U);
     EXPECT_EQ(text("m_name"), "three.example");
     EXPECT_NE(words("notice").find("IPv6"), std::string::npos);
+    const OpenedPages pages;
     press("serverHelp");
-    EXPECT_TRUE(page.endsWith(QStringLiteral("chrony.conf.html#server")));
+    EXPECT_TRUE(pages.last.endsWith(QStringLiteral("chrony.conf.html#server")));
 }
 
 TEST_F(ServersWindowTest, AnswersMayOutliveTheWindow) {
@@ -297,3 +301,5 @@ TEST_F(ServersWindowTest, AnswersMayOutliveTheWindow) {
 
 } // namespace
 } // namespace tickervantage
+
+#include "test_servers_window.moc"

@@ -93,18 +93,16 @@ void EditKeeper::drop(int document) {
     async([files = m_files, document] { files.drop(name_of(document)); });
 }
 
-void EditKeeper::read_left(std::function<void(std::vector<LeftEdit>)> found) {
-    m_queue.async([files = m_files, log = m_log, found = std::move(found)] {
-        std::vector<LeftEdit> edits;
-        for (const auto& file : files.left_behind()) {
-            LeftEdit one{.path = file.path, .edit = {}};
-            if (parse_kept_edit(file.bytes, one.edit) == 0)
-                edits.push_back(std::move(one));
-            else
-                log(file.path + " holds no edit that this version can read.");
-        }
-        found(std::move(edits));
-    });
+std::vector<LeftEdit> EditKeeper::left_edits(const KeptFilesParts& files, const Log& log) {
+    std::vector<LeftEdit> edits;
+    for (const auto& file : files.left_behind()) {
+        LeftEdit one{.path = file.path, .edit = {}};
+        if (parse_kept_edit(file.bytes, one.edit) == 0)
+            edits.push_back(std::move(one));
+        else
+            log(file.path + " holds no edit that this version can read.");
+    }
+    return edits;
 }
 
 void EditKeeper::adopt(const std::string& path, int document) {

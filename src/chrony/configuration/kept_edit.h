@@ -5,7 +5,7 @@
 // for it; so do all that `finish` waits for. Otherwise main thread only. The queue outlives the keeper.
 #pragma once
 
-#include "base/dispatch.h"
+#include "base/background.h"
 #include "chrony/configuration/config_document.h"
 
 #include <atomic>
@@ -64,8 +64,12 @@ public:
     void keep(int document, std::function<KeptEdit()> make);
     void drop(int document);
 
-    // On the queue: what runs that have ended left behind.
-    void read_left(std::function<void(std::vector<LeftEdit>)> found);
+    // What runs that have ended left behind; `found` gets it on the main thread.
+    template <class Found>
+    void read_left(Background& background, Found found) {
+        background.start(
+            m_queue, [files = m_files, log = m_log] { return left_edits(files, log); }, std::move(found));
+    }
     void adopt(const std::string& path, int document); // it is the kept copy of that document from now on
     void remove(const std::string& path);
 
@@ -75,6 +79,7 @@ public:
 private:
     using Newest = std::shared_ptr<std::atomic<unsigned>>; // number of the newest wish about a document
 
+    [[nodiscard]] static std::vector<LeftEdit> left_edits(const KeptFilesParts& files, const Log& log);
     void async(Work work);
     [[nodiscard]] std::pair<Newest, unsigned> next_wish(int document);
 

@@ -4,6 +4,7 @@
 #include "gui/editor/config_editor_window.h"
 #include "gui/editor/config_sheets.h"
 #include "gui/editor/config_text.h"
+#include "qt/in_words.h"
 #include "qt/spoken.h"
 
 #include <QAction>
@@ -54,7 +55,7 @@ void ConfigEditor::check() {
         return check;
     };
     const int edits = m_controls.m_config->edits();
-    in_background(work, [this, edits](const ConfigurationCheck& check) {
+    m_background.start(m_parts.queue, work, [this, edits](const ConfigurationCheck& check) {
         m_controls.m_checksyntax->setEnabled(true);
         m_actions.at("check")->setEnabled(true);
         say({});
@@ -92,26 +93,26 @@ void ConfigEditor::apply(const ConfigurationCheck& check) {
 }
 
 void ConfigEditor::save() {
-    save_then([](bool) {});
+    save_then(AfterSaving::stay);
 }
 
 void ConfigEditor::save_as() {
-    save_as_then([](bool) {});
+    save_as_then(AfterSaving::stay);
 }
 
 void ConfigEditor::save_to(const QString& path) {
-    write_to(path, true, [](bool) {});
+    write_to(path, true, AfterSaving::stay);
 }
 
 // The copy of the live configuration goes with the program, so that a person who saves has to say where to.
-void ConfigEditor::save_then(const Saved& then) {
+void ConfigEditor::save_then(AfterSaving next) {
     if (m_path.isEmpty() || isInstalledConfig)
-        save_as_then(then);
+        save_as_then(next);
     else
-        write_to(m_path, false, then);
+        write_to(m_path, false, next);
 }
 
-void ConfigEditor::save_as_then(const Saved& then) {
+void ConfigEditor::save_as_then(AfterSaving next) {
     const QString start =
         m_path.isEmpty() || isInstalledConfig ? QDir::home().filePath(QLatin1String(usual_name)) : m_path;
     //: title of the dialog that saves a configuration
@@ -120,43 +121,47 @@ void ConfigEditor::save_as_then(const Saved& then) {
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->selectFile(QFileInfo(start).fileName());
     connect(dialog, &QFileDialog::fileSelected, this,
-            [this, then](const QString& path) { write_to(path, true, then); });
-    connect(dialog, &QDialog::rejected, this, [then] { then(false); });
+            [this, next](const QString& path) { write_to(path, true, next); });
     dialog->open();
 }
 
-void ConfigEditor::write_to(const QString& path, bool overwrite, const Saved& then) {
-    if (m_controls.m_config->is_busy())
-        return when_ready([this, path, overwrite, then] { write_to(path, overwrite, then); });
+void ConfigEditor::write_to(const QString& path, bool overwrite, AfterSaving next) {
+    const auto* text = m_controls.m_config;
+    if (text->is_busy()) {
+        const auto again = [this, path, overwrite, next] {
+            write_to(path, overwrite, next);
+        };
+        connect(text, &ConfigText::ready, this, again, Qt::SingleShotConnection);
+        return;
+    }
     if (m_saving)
-        return then(false);
+        return;
     m_saving = true;
     SaveRequest request{.path = path.toStdString(), .text = {}, .line_ends = m_line_ends, .known = {}};
     if (!overwrite)
         request.known = m_stamp;
-    const auto work = [files = m_parts.files, request, text = m_controls.m_config->whole_text()]() mutable {
+    const auto work = [files = m_parts.files, request, whole = text->whole_text()]() mutable {
         SaveAnswer answer;
-        return encode(text, request.text, answer.sentence) == 0 ? save_document(files, request) : answer;
+        return encode(whole, request.text, answer.sentence) == 0 ? save_document(files, request) : answer;
     };
-    const int edits = m_controls.m_config->edits();
-    in_background(work, [this, path, edits, then](const SaveAnswer& answer) {
+    m_background.start(m_parts.queue, work, [this, path, edits = text->edits(), next](const SaveAnswer& answer) {
         m_saving = false;
         const bool closing = std::exchange(m_closing, false);
-        apply_save(path, edits, answer, then);
+        apply_save(path, edits, answer, next);
         if (closing && answer.outcome == SaveAnswer::Outcome::saved)
             close();
         Q_EMIT settled();
     });
 }
 
-void ConfigEditor::apply_save(const QString& path, int edits, const SaveAnswer& answer, const Saved& then) {
+void ConfigEditor::apply_save(const QString& path, int edits, const SaveAnswer& answer, AfterSaving next) {
     switch (answer.outcome) {
     case SaveAnswer::Outcome::changed_meanwhile:
-        return resolve_conflict(path, then);
+        return resolve_conflict(path, next);
     case SaveAnswer::Outcome::failed:
         //: alert: message above the reason
         show_failure(this, tr("The configuration was not saved"), spoken(answer.sentence));
-        return then(false);
+        return;
     case SaveAnswer::Outcome::saved:
         break;
     }
@@ -170,50 +175,39 @@ void ConfigEditor::apply_save(const QString& path, int edits, const SaveAnswer& 
         isInstalledConfig = false;
         show_title(QFileInfo(path).fileName());
     }
-    if (m_requests.remember && !isInstalledConfig)
-        m_requests.remember(path);
-    then(true);
+    if (!isInstalledConfig)
+        m_parts.recent.remember(path);
+    if (next == AfterSaving::close)
+        close();
+    else if (next == AfterSaving::install)
+        hand_over_text();
 }
 
-void ConfigEditor::resolve_conflict(const QString& path, const Saved& then) {
-    ask_about_conflict(this, path, [this, path, then](ConflictChoice choice) {
-        switch (choice) {
-        case ConflictChoice::overwrite:
-            return write_to(path, true, then);
-        case ConflictChoice::save_as:
-            return save_as_then(then);
-        case ConflictChoice::reload:
-            open_path(path, [this](const QString& sentence) {
-                if (!sentence.isEmpty())
-                    show_failure(this,
-                                 //: alert: message above the reason
-                                 tr("The configuration could not be read"), sentence);
-            });
-            return then(false);
-        case ConflictChoice::keep_editing:
-            return then(false);
-        }
+void ConfigEditor::resolve_conflict(const QString& path, AfterSaving next) {
+    ask_about_conflict(this, path, [this, path, next](ConflictChoice choice) {
+        if (choice == ConflictChoice::overwrite)
+            write_to(path, true, next);
+        else if (choice == ConflictChoice::save_as)
+            save_as_then(next);
+        else if (choice == ConflictChoice::reload)
+            open_path(path);
     });
 }
 
 void ConfigEditor::install() {
-    if (!m_parts.install) {
+    if (!m_parts.can_install) {
         //: alert: message, and why
         show_failure(this, tr("The configuration was not installed"),
                      //: alert: informative text
                      tr("Installing needs the root helper, which this program was started without."));
         return;
     }
-    unless_included([this] { ask_to_install(this, from_std(m_parts.config_path()), [this] { save_and_install(); }); });
+    offer_to_install();
 }
 
 void ConfigEditor::save_and_install() {
-    const auto then = [this](bool saved) {
-        if (saved)
-            hand_over_text();
-    };
     // The copy of the live configuration is saved where it lies: nobody has to look for it, and it is ours alone.
-    isInstalledConfig ? write_to(m_path, true, then) : save_then(then);
+    isInstalledConfig ? write_to(m_path, true, AfterSaving::install) : save_then(AfterSaving::install);
 }
 
 void ConfigEditor::hand_over_text() {
@@ -226,27 +220,22 @@ void ConfigEditor::hand_over_text() {
     m_actions.at("install")->setEnabled(false);
     //: configuration editor: said during the installation
     say(tr("Installing…"));
-    const int edits = m_controls.m_config->edits();
-    m_parts.install(m_controls.m_config->whole_text().toStdString(),
-                    [this, edits, self = std::weak_ptr(m_self)](const InstallOutcome& outcome) {
-                        if (self.lock())
-                            apply_install(outcome, edits);
-                    });
+    m_edits_installed = m_controls.m_config->edits();
+    Q_EMIT install_wanted(m_controls.m_config->whole_text());
     if (isInstalledConfig)
         show_title(tr("Installed Chrony Configuration"));
 }
 
-void ConfigEditor::apply_install(const InstallOutcome& outcome, int edits) {
+void ConfigEditor::show_installation(const Result<>& done) {
     //: configuration editor: said after the installation
-    say(outcome.installed ? tr("Installed.")
-                          : /*: configuration editor: said after an installation that failed */ tr("Not installed."));
-    const bool is_as_checked = m_controls.m_config->edits() == edits;
+    say(done ? tr("Installed.")
+             : /*: configuration editor: said after an installation that failed */ tr("Not installed."));
+    const bool is_as_checked = m_controls.m_config->edits() == m_edits_installed;
     m_controls.m_install->setEnabled(is_as_checked);
     m_actions.at("install")->setEnabled(is_as_checked);
-    if (!outcome.installed) {
+    if (!done)
         //: alert: message above the reason
-        show_failure(this, tr("The configuration was not installed"), spoken(outcome.sentence));
-    }
+        show_failure(this, tr("The configuration was not installed"), in_words(done.error()));
     Q_EMIT settled();
 }
 

@@ -1,5 +1,6 @@
 #include "gui/editor/config_editor_window.h"
 
+#include "gui/common/desktop_links.h"
 #include "gui/common/words.h"
 #include "gui/editor/config_find_bar.h"
 #include "gui/editor/config_sheets.h"
@@ -12,6 +13,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
+#include <QMenu>
 #include <QPushButton>
 #include <QTextBlock>
 
@@ -50,8 +52,7 @@ struct ConfigEditor::Loaded {
     void decode() { text = from_std(std::exchange(document.text, {})); }
 };
 
-ConfigEditor::ConfigEditor(ConfigEditorParts parts, ConfigEditorRequests requests)
-    : m_parts(std::move(parts)), m_requests(std::move(requests)), m_self(std::make_shared<ConfigEditor*>(this)) {
+ConfigEditor::ConfigEditor(ConfigEditorParts parts) : m_parts(std::move(parts)), m_background(m_parts.main_thread) {
     setObjectName(QStringLiteral("ConfigEditor"));
     auto* central = new QWidget(this);
     setCentralWidget(central);
@@ -68,87 +69,33 @@ ConfigEditor::~ConfigEditor() = default;
 void ConfigEditor::build_actions() {
     ConfigText* text = m_controls.m_config;
     FindBar* find = m_controls.find_bar;
-    m_actions = build_config_menus(this,
-                                   {{"newDocument", m_requests.new_document},
-                                    {"openDocument", m_requests.open_document},
-                                    {"openInstalled", m_requests.open_installed},
-                                    {"saveDocument",
-                                     [this] {
-                                         save();
-                                     }},
-                                    {"saveDocumentAs",
-                                     [this] {
-                                         save_as();
-                                     }},
-                                    {"closeEditor",
-                                     [this] {
-                                         close();
-                                     }},
-                                    {"undo",
-                                     [text] {
-                                         text->undo_step();
-                                     }},
-                                    {"redo",
-                                     [text] {
-                                         text->redo_step();
-                                     }},
-                                    {"cut",
-                                     [text] {
-                                         text->cut_selection();
-                                     }},
-                                    {"copy",
-                                     [text] {
-                                         text->copy();
-                                     }},
-                                    {"paste",
-                                     [text] {
-                                         text->paste();
-                                     }},
-                                    {"selectAll",
-                                     [text] {
-                                         text->selectAll();
-                                     }},
-                                    {"find",
-                                     [find] {
-                                         find->open();
-                                     }},
-                                    {"findNext",
-                                     [find] {
-                                         find->find_next();
-                                     }},
-                                    {"findPrevious",
-                                     [find] {
-                                         find->find_previous();
-                                     }},
-                                    {"complete",
-                                     [text] {
-                                         text->complete();
-                                     }},
-                                    {"zoomIn",
-                                     [text] {
-                                         text->zoom(1);
-                                     }},
-                                    {"zoomOut",
-                                     [text] {
-                                         text->zoom(-1);
-                                     }},
-                                    {"zoomBack",
-                                     [text] {
-                                         text->zoom_back();
-                                     }},
-                                    {"check",
-                                     [this] {
-                                         check();
-                                     }},
-                                    {"install",
-                                     [this] {
-                                         install();
-                                     }},
-                                    {"help",
-                                     [this] {
-                                         ShowHelpConfig();
-                                     }}},
-                                   {m_requests.recent, m_requests.open_path});
+    m_actions = build_config_menus(this);
+    const auto on = [this](const char* name, auto* receiver, auto slot) {
+        connect(m_actions.at(name), &QAction::triggered, receiver, slot);
+    };
+    on("newDocument", this, &ConfigEditor::new_document_wanted);
+    on("openDocument", this, &ConfigEditor::open_document_wanted);
+    on("openInstalled", this, &ConfigEditor::open_installed_wanted);
+    on("saveDocument", this, &ConfigEditor::save);
+    on("saveDocumentAs", this, &ConfigEditor::save_as);
+    on("closeEditor", this, &ConfigEditor::close);
+    on("undo", text, &ConfigText::undo_step);
+    on("redo", text, &ConfigText::redo_step);
+    on("cut", text, &ConfigText::cut_selection);
+    on("copy", text, &ConfigText::copy);
+    on("paste", text, &ConfigText::paste);
+    on("selectAll", text, &ConfigText::selectAll);
+    on("find", find, &FindBar::open);
+    on("findNext", find, &FindBar::find_next);
+    on("findPrevious", find, &FindBar::find_previous);
+    on("complete", text, &ConfigText::complete);
+    on("zoomIn", text, [text] { text->zoom(1); });
+    on("zoomOut", text, [text] { text->zoom(-1); });
+    on("zoomBack", text, &ConfigText::zoom_back);
+    on("check", this, &ConfigEditor::check);
+    on("install", this, &ConfigEditor::install);
+    on("help", this, &ConfigEditor::ShowHelpConfig);
+    m_parts.recent.fill(findChild<QMenu*>(QStringLiteral("openRecent")));
     for (const auto& [name, signal] : {std::pair{"undo", &QPlainTextEdit::undoAvailable},
                                        {"redo", &QPlainTextEdit::redoAvailable},
                                        {"cut", &QPlainTextEdit::copyAvailable},
@@ -171,10 +118,7 @@ void ConfigEditor::connect_controls() {
     });
     m_keep_timer.setSingleShot(true);
     connect(&m_keep_timer, &QTimer::timeout, this, &ConfigEditor::keep_edit);
-    connect(m_controls.m_config, &ConfigText::file_dropped, this, [this](const QString& path) {
-        if (m_requests.open_path)
-            m_requests.open_path(path);
-    });
+    connect(m_controls.m_config, &ConfigText::file_dropped, this, &ConfigEditor::path_wanted);
     connect(m_controls.warnings, &QListWidget::currentRowChanged, this, [this](int row) {
         if (const auto* item = m_controls.warnings->item(row))
             m_controls.m_config->select_line(item->data(Qt::UserRole).toLongLong());
@@ -182,7 +126,7 @@ void ConfigEditor::connect_controls() {
     m_actions.at("install")->setEnabled(false);
 }
 
-void ConfigEditor::new_document(const QString& title, const Opened& opened) {
+void ConfigEditor::new_document(const QString& title) {
     show_title(title);
     const auto read = [files = m_parts.files, path = m_parts.default_config] {
         Loaded loaded;
@@ -192,55 +136,49 @@ void ConfigEditor::new_document(const QString& title, const Opened& opened) {
         loaded.decode();
         return loaded;
     };
-    load_with(
-        read, [](bool) {}, opened);
+    load_with(read, [] {});
 }
 
-void ConfigEditor::open_path(const QString& path, const Opened& opened) {
+void ConfigEditor::open_path(const QString& path) {
     const auto read = [files = m_parts.files, path = path.toStdString()] {
         Loaded loaded;
         loaded.result = load_document(files, path, loaded.document, loaded.sentence);
         loaded.decode();
         return loaded;
     };
-    const auto then = [this, path](bool loaded) {
-        if (!loaded)
-            return;
+    const auto then = [this, path] {
         m_path = path;
         setisInstalledConfig(false);
         show_image(CheckImage::partially_available);
         show_title(QFileInfo(path).fileName());
-        if (m_requests.remember)
-            m_requests.remember(path);
+        m_parts.recent.remember(path);
     };
-    load_with(read, then, opened);
+    load_with(read, then);
 }
 
 QString ConfigEditor::copy_of_installed() const {
     return from_std(m_parts.check.syntax.temporary + "show_chrony.conf");
 }
 
-void ConfigEditor::open_installed(const Opened& opened) {
+void ConfigEditor::open_installed() {
     const std::string copy = copy_of_installed().toStdString();
-    const auto read = [files = m_parts.files, from = m_parts.config_path(), copy] {
+    const auto read = [files = m_parts.files, from = m_parts.general.config, copy] {
         Loaded loaded;
         if (copy_file(files, from, copy, loaded.sentence) == 0)
             loaded.result = load_document(files, copy, loaded.document, loaded.sentence);
         loaded.decode();
         return loaded;
     };
-    const auto then = [this, copy](bool loaded) {
-        if (!loaded)
-            return;
+    const auto then = [this, copy] {
         m_path = from_std(copy);
         //: Installed Configuration
         show_title(tr("Installed Chrony Configuration"));
         setisInstalledConfig(true);
     };
-    load_with(read, then, opened);
+    load_with(read, then);
 }
 
-void ConfigEditor::open_kept(KeptEdit edit, const Opened& opened) {
+void ConfigEditor::open_kept(KeptEdit edit) {
     m_path = edit.is_installed_config ? copy_of_installed() : from_std(edit.path);
     isInstalledConfig = edit.is_installed_config;
     m_restoring = true;
@@ -251,16 +189,22 @@ void ConfigEditor::open_kept(KeptEdit edit, const Opened& opened) {
     loaded.decode();
     show_loaded(loaded);
     show_modified();
-    opened({});
+    Q_EMIT opened();
 }
 
-void ConfigEditor::load_with(std::function<Loaded()> read, std::function<void(bool)> then, const Opened& opened) {
-    in_background(std::move(read), [this, then = std::move(then), opened](const Loaded& loaded) {
-        then(loaded.result == 0);
-        if (loaded.result == 0)
+template <class Read, class Then>
+void ConfigEditor::load_with(Read read, Then then) {
+    m_background.start(m_parts.queue, std::move(read), [this, then = std::move(then)](const Loaded& loaded) {
+        if (loaded.result == 0) {
+            then();
             show_loaded(loaded);
-        if (opened)
-            opened(spoken(loaded.sentence));
+            Q_EMIT opened();
+        } else if (isVisible()) {
+            //: alert: message above the reason
+            show_failure(this, tr("The configuration could not be read"), spoken(loaded.sentence));
+        } else {
+            Q_EMIT not_opened(spoken(loaded.sentence));
+        }
     });
 }
 
@@ -299,13 +243,13 @@ void ConfigEditor::show_modified() {
     setWindowModified(modified);
     if (!modified)
         drop_edit();
-    else if (m_parts.keep_edit && !m_keep_timer.isActive())
+    else if (!m_keep_timer.isActive())
         m_keep_timer.start(keep_after);
 }
 
 void ConfigEditor::keep_edit() {
     m_keep_timer.stop();
-    if (!m_parts.keep_edit || !isWindowModified() || m_discarded || m_controls.m_config->is_loading())
+    if (!isWindowModified() || m_discarded || m_controls.m_config->is_loading())
         return;
     m_edit_kept = true;
     KeptEdit edit{.path = m_path.toStdString(),
@@ -314,7 +258,7 @@ void ConfigEditor::keep_edit() {
                   .line_ends = m_line_ends,
                   .stamp = m_stamp,
                   .text = {}};
-    m_parts.keep_edit([edit = std::move(edit), text = m_controls.m_config->whole_text()]() mutable {
+    m_parts.keeper.keep(m_parts.document, [edit = std::move(edit), text = m_controls.m_config->whole_text()]() mutable {
         edit.text = text.toStdString();
         return edit;
     });
@@ -322,15 +266,8 @@ void ConfigEditor::keep_edit() {
 
 void ConfigEditor::drop_edit() {
     m_keep_timer.stop();
-    if (std::exchange(m_edit_kept, false) && m_parts.drop_edit)
-        m_parts.drop_edit();
-}
-
-void ConfigEditor::when_ready(const std::function<void()>& act) {
-    if (m_controls.m_config->is_busy())
-        connect(m_controls.m_config, &ConfigText::ready, this, act, Qt::SingleShotConnection);
-    else
-        act();
+    if (std::exchange(m_edit_kept, false))
+        m_parts.keeper.drop(m_parts.document);
 }
 
 void ConfigEditor::show_image(CheckImage image) {
@@ -349,16 +286,20 @@ void ConfigEditor::say(const QString& message) {
 }
 
 void ConfigEditor::insert_lines(const QString& lines) {
-    when_ready([this, lines] {
-        QTextCursor cursor = m_controls.m_config->textCursor();
-        cursor.movePosition(QTextCursor::StartOfBlock);
-        cursor.insertText(lines.endsWith(QLatin1Char('\n')) ? lines : lines + QLatin1Char('\n'));
-        m_controls.m_config->setTextCursor(cursor);
-    });
+    ConfigText* text = m_controls.m_config;
+    if (text->is_busy()) {
+        connect(
+            text, &ConfigText::ready, this, [this, lines] { insert_lines(lines); }, Qt::SingleShotConnection);
+        return;
+    }
+    QTextCursor cursor = text->textCursor();
+    cursor.movePosition(QTextCursor::StartOfBlock);
+    cursor.insertText(lines.endsWith(QLatin1Char('\n')) ? lines : lines + QLatin1Char('\n'));
+    text->setTextCursor(cursor);
 }
 
 void ConfigEditor::ShowHelpConfig() {
-    m_parts.open_page(QLatin1String(help_page));
+    (void)open_page(QLatin1String(help_page)); // silent by design
 }
 
 void ConfigEditor::show_warnings(const std::vector<ConfigurationWarning>& warnings) {
@@ -400,13 +341,8 @@ void ConfigEditor::close_after_question() {
     ask_about_unsaved(this, title, [this](UnsavedChoice choice) {
         if (choice == UnsavedChoice::keep_editing)
             return;
-        if (choice == UnsavedChoice::save) {
-            save_then([this](bool saved) {
-                if (saved)
-                    close();
-            });
-            return;
-        }
+        if (choice == UnsavedChoice::save)
+            return save_then(AfterSaving::close);
         m_discarded = true;
         close();
     });

@@ -8,74 +8,53 @@
 // The parts outlive the window, and the main thread outlives the queue.
 #pragma once
 
-#include "base/dispatch.h"
+#include "base/background.h"
+#include "base/failure.h"
 #include "chrony/configuration/config_document.h"
 #include "chrony/configuration/configuration_check.h"
 #include "chrony/configuration/kept_edit.h"
 #include "gui/editor/check_image.h"
 #include "gui/editor/config_controls.h"
 #include "gui/editor/config_menus.h"
+#include "gui/editor/recent_files.h"
+#include "settings/preferences.h"
 
 #include <QMainWindow>
 #include <QTimer>
 
-#include <functional>
-#include <memory>
 #include <string>
-#include <utility>
 
 class QMenu;
 
 namespace tickervantage {
-
-struct InstallOutcome {
-    bool installed = false;
-    std::string sentence; // why not
-};
-
-// Makes the text the live configuration, and comes back on the main thread.
-using InstallConfiguration = std::function<void(std::string text, std::function<void(InstallOutcome)> done)>;
 
 struct ConfigEditorParts {
     DispatchQueueSerial& queue; // one for all editors: they share a temporary file
     MainThread& main_thread;
     ConfigurationCheckParts check;
     DocumentFiles files;
-    std::function<std::string()> config_path; // of the live configuration, as the preferences have it
-    InstallConfiguration install;             // may be missing
-    std::function<void(const QString& address)> open_page;
+    const PreferencesGeneral& general; // which name the live configuration
+    EditKeeper& keeper;
+    int document = 0; // by which the keeper knows it
+    RecentFiles& recent;
+    bool can_install = false;   // somebody answers to install_wanted
     std::string default_config; // the file that a new document starts with
-    // Both may be missing. The first calls `make` on a queue.
-    std::function<void(std::function<KeptEdit()> make)> keep_edit;
-    std::function<void()> drop_edit;
-};
-
-// What goes beyond one document. Each may be missing.
-struct ConfigEditorRequests {
-    std::function<void()> new_document;
-    std::function<void()> open_document; // asks which
-    std::function<void(const QString& path)> open_path;
-    std::function<void()> open_installed;
-    std::function<QStringList()> recent;
-    std::function<void(const QString& path)> remember; // a file that was opened or saved
 };
 
 class ConfigEditor : public QMainWindow {
     Q_OBJECT
 
 public:
-    // Gets one sentence when the document did not open, none when it did.
-    using Opened = std::function<void(const QString& sentence)>;
-
-    ConfigEditor(ConfigEditorParts parts, ConfigEditorRequests requests);
+    explicit ConfigEditor(ConfigEditorParts parts);
     ~ConfigEditor() override;
     ConfigEditor(const ConfigEditor&) = delete;
     ConfigEditor& operator=(const ConfigEditor&) = delete;
 
-    void new_document(const QString& title, const Opened& opened);
-    void open_path(const QString& path, const Opened& opened);
-    void open_installed(const Opened& opened); // a copy of the live configuration
-    void open_kept(KeptEdit edit, const Opened& opened);
+    // Each ends in one of the signals `opened` and `not_opened`.
+    void new_document(const QString& title);
+    void open_path(const QString& path);
+    void open_installed(); // a copy of the live configuration
+    void open_kept(KeptEdit edit);
 
     // Keeps a copy now, of what is not saved: for the program's end.
     void keep_edit();
@@ -91,7 +70,17 @@ public:
     void save_as();
     void save_to(const QString& path);
 
+    void show_installation(const Result<>& done); // the answer to install_wanted
+
 Q_SIGNALS:
+    void opened();
+    void not_opened(const QString& sentence); // of a window that was not shown yet; others say so themselves
+    void install_wanted(const QString& text); // as the live configuration
+    // What goes beyond one document. The second asks which.
+    void new_document_wanted();
+    void open_document_wanted();
+    void open_installed_wanted();
+    void path_wanted(const QString& path);
     void windowDidBecomeMain();
     void windowWillClose();
     void settled(); // a text was loaded, or a check, save or installation came to its end
@@ -101,54 +90,39 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    using Saved = std::function<void(bool saved)>;
+    enum class AfterSaving : unsigned char { stay, close, install };
     struct Loaded;
 
     void build_actions();
     void connect_controls();
     void build_included_menu();
     void list_included(QMenu* menu);
-    void unless_included(const std::function<void()>& install);
-    // The answer of the work comes back to `then`, unless the window has gone.
-    template <class WorkOnQueue, class Then>
-    void in_background(WorkOnQueue work, Then then) {
-        m_parts.queue.async([work = std::move(work), then = std::move(then), &main_thread = m_parts.main_thread,
-                             self = std::weak_ptr(m_self)]() mutable {
-            const auto answer = std::make_shared<decltype(work())>(work());
-            main_thread.main_async([answer, then, self] {
-                if (self.lock())
-                    then(*answer);
-            });
-        });
-    }
-    void load_with(std::function<Loaded()> read, std::function<void(bool loaded)> then, const Opened& opened);
+    void offer_to_install();
+    template <class Read, class Then>
+    void load_with(Read read, Then then);
     void show_loaded(const Loaded& loaded);
     void setisInstalledConfig(bool value);
     void textDidChange();
     void show_modified();
     void drop_edit();
     [[nodiscard]] QString copy_of_installed() const; // path of it
-    void when_ready(const std::function<void()>& act);
     void show_image(CheckImage image);
     void show_title(const QString& title);
     void say(const QString& message);
     void show_warnings(const std::vector<ConfigurationWarning>& warnings);
     void apply(const ConfigurationCheck& check);
-    void save_then(const Saved& then);
-    void save_as_then(const Saved& then);
-    void write_to(const QString& path, bool overwrite, const Saved& then);
-    void apply_save(const QString& path, int edits, const SaveAnswer& answer, const Saved& then);
-    void resolve_conflict(const QString& path, const Saved& then);
+    void save_then(AfterSaving next);
+    void save_as_then(AfterSaving next);
+    void write_to(const QString& path, bool overwrite, AfterSaving next);
+    void apply_save(const QString& path, int edits, const SaveAnswer& answer, AfterSaving next);
+    void resolve_conflict(const QString& path, AfterSaving next);
     void save_and_install();
     void hand_over_text();
-    void apply_install(const InstallOutcome& outcome, int edits);
     void close_after_question();
 
     ConfigEditorParts m_parts;
-    ConfigEditorRequests m_requests;
     ConfigControls m_controls;
     ConfigActions m_actions;
-    std::shared_ptr<ConfigEditor*> m_self; // work on its way back finds out through it that the window has gone
     bool isInstalledConfig = false;
     bool m_saving = false;
     bool m_discarded = false; // closes without a further question
@@ -158,7 +132,9 @@ private:
     QTimer m_keep_timer;
     QString m_path;
     LineEnds m_line_ends = LineEnds::unix_style;
-    std::size_t m_stamp = 0; // of the file, as last read or saved
+    std::size_t m_stamp = 0;   // of the file, as last read or saved
+    int m_edits_installed = 0; // when the text was handed over
+    Background m_background;
 };
 
 } // namespace tickervantage

@@ -33,17 +33,15 @@ void ConfigEditor::list_included(QMenu* menu) {
     const auto look = [text = m_controls.m_config->whole_text()] {
         return included_files(text.toStdString());
     };
-    in_background(look, [this, menu](const std::vector<IncludedFile>& files) {
+    m_background.start(m_parts.queue, look, [this, menu](const std::vector<IncludedFile>& files) {
         menu->clear();
         for (const auto& file : files) {
             QString text = from_std(file.path).replace(QLatin1Char('&'), QLatin1String("&&"));
             if (file.is_read_only)
                 //: configuration editor: menu of included files; %1 is a file that only an administrator may change
                 text = tr("%1 (read-only)").arg(text);
-            connect(menu->addAction(text), &QAction::triggered, this, [this, path = from_std(file.path)] {
-                if (m_requests.open_path)
-                    m_requests.open_path(path);
-            });
+            connect(menu->addAction(text), &QAction::triggered, this,
+                    [this, path = from_std(file.path)] { Q_EMIT path_wanted(path); });
         }
         if (files.empty())
             //: configuration editor: menu of included files, when there are none
@@ -52,22 +50,26 @@ void ConfigEditor::list_included(QMenu* menu) {
 }
 
 // Whoever installs a part in place of the whole is left without sources, keys and access rules.
-void ConfigEditor::unless_included(const std::function<void()>& install) {
+void ConfigEditor::offer_to_install() {
+    const QString config = from_std(m_parts.general.config);
+    const auto ask = [this, config] {
+        ask_to_install(this, config, [this] { save_and_install(); });
+    };
     if (m_path.isEmpty() || isInstalledConfig)
-        return install();
-    const auto look = [files = m_parts.files, config = m_parts.config_path(), path = m_path.toStdString()] {
+        return ask();
+    const auto look = [files = m_parts.files, config = m_parts.general.config, path = m_path.toStdString()] {
         return is_source_file(path) || is_included(files.read(config, largest_document).bytes, path);
     };
-    in_background(look, [this, install](bool is_part) {
+    m_background.start(m_parts.queue, look, [this, ask, config](bool is_part) {
         if (!is_part)
-            return install();
+            return ask();
         //: alert: message above the reason
         show_failure(this, tr("The configuration was not installed"),
                      //: alert: %1 is the file that was to be installed, %2 the installed configuration
                      tr("%1 is a part of a configuration; installing it would put it in the place of the whole, %2. A "
                         "part belongs where it lies: save it there, or save a copy and put it there as an "
                         "administrator:\n\nsudo install -m 644 COPY %1\n\nThen restart chronyd.")
-                         .arg(m_path, from_std(m_parts.config_path())));
+                         .arg(m_path, config));
         Q_EMIT settled();
     });
 }

@@ -73,74 +73,36 @@ std::vector<Item> chrony_items() {
             {"help", QT_TRANSLATE_NOOP("configmenus", "&Help on Directives"), QKeySequence::HelpContents}};
 }
 
-QMenu* add_menu(QMenu* above, const Item& item) {
-    QMenu* menu = above->addMenu(Texts::tr(item.text));
-    menu->setObjectName(QLatin1String(item.name));
-    return menu;
+bool is_menu(const Item& item) {
+    return item.name == recent_files.name || item.name == included_files.name;
 }
 
-class Builder {
-public:
-    Builder(QMainWindow* window, const ConfigActionHandlers& handlers, const RecentFiles& recent)
-        : m_window(window), m_handlers(handlers), m_recent(recent) {}
-
-    void add(const QString& title, const std::vector<Item>& items) {
-        QMenu* menu = m_window->menuBar()->addMenu(title);
-        for (const auto& item : items) {
-            if (item.name == nullptr)
-                menu->addSeparator();
-            else if (item.name == recent_files.name)
-                fill_with_recent_files(add_menu(menu, item), m_recent);
-            else if (item.name == included_files.name)
-                (void)add_menu(menu, item); // filled by the window, which has the text
-            else
-                add_item(menu, item);
+void add(QMainWindow* window, const QString& title, const std::vector<Item>& items, ConfigActions& actions) {
+    QMenu* menu = window->menuBar()->addMenu(title);
+    for (const auto& item : items) {
+        if (item.name == nullptr) {
+            menu->addSeparator();
+        } else if (is_menu(item)) {
+            menu->addMenu(Texts::tr(item.text))->setObjectName(QLatin1String(item.name));
+        } else {
+            QAction* action = menu->addAction(Texts::tr(item.text));
+            action->setObjectName(QLatin1String(item.name));
+            action->setShortcut(item.shortcut);
+            actions[item.name] = action;
         }
     }
-
-    ConfigActions actions;
-
-private:
-    void add_item(QMenu* menu, const Item& item) {
-        QAction* action = menu->addAction(Texts::tr(item.text));
-        action->setObjectName(QLatin1String(item.name));
-        action->setShortcut(item.shortcut);
-        actions[item.name] = action;
-        const auto handler = m_handlers.find(item.name);
-        action->setEnabled(handler != m_handlers.end() && handler->second);
-        if (action->isEnabled())
-            QObject::connect(action, &QAction::triggered, m_window, handler->second);
-    }
-
-    QMainWindow* m_window;
-    const ConfigActionHandlers& m_handlers;
-    const RecentFiles& m_recent;
-};
+}
 
 } // namespace
 
-void fill_with_recent_files(QMenu* menu, const RecentFiles& recent) {
-    QObject::connect(menu, &QMenu::aboutToShow, menu, [menu, recent] {
-        menu->clear();
-        const QStringList files = recent.list ? recent.list() : QStringList();
-        for (const auto& file : files) {
-            const QString text = QString(file).replace(QLatin1Char('&'), QLatin1String("&&"));
-            QObject::connect(menu->addAction(text), &QAction::triggered, menu, [recent, file] { recent.open(file); });
-        }
-        if (files.isEmpty())
-            //: menu of recent files, when there are none
-            menu->addAction(Texts::tr("None"))->setEnabled(false);
-    });
-}
-
-ConfigActions build_config_menus(QMainWindow* window, const ConfigActionHandlers& handlers, const RecentFiles& recent) {
-    Builder builder(window, handlers, recent);
+ConfigActions build_config_menus(QMainWindow* window) {
+    ConfigActions actions;
     //: configuration editor: titles of the menus
-    builder.add(Texts::tr("&File"), file_items());
-    builder.add(Texts::tr("&Edit"), edit_items());
-    builder.add(Texts::tr("&View"), view_items());
-    builder.add(Texts::tr("Chron&y"), chrony_items());
-    return builder.actions;
+    add(window, Texts::tr("&File"), file_items(), actions);
+    add(window, Texts::tr("&Edit"), edit_items(), actions);
+    add(window, Texts::tr("&View"), view_items(), actions);
+    add(window, Texts::tr("Chron&y"), chrony_items(), actions);
+    return actions;
 }
 
 } // namespace tickervantage

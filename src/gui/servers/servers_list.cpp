@@ -91,13 +91,13 @@ bool ServerListModel::moveRows(const QModelIndex& from, int row, int count, cons
     return true;
 }
 
-GuardedSelection::GuardedSelection(QAbstractItemModel* model, std::function<bool(int)> may_change)
-    : QItemSelectionModel(model), m_may_change(std::move(may_change)) {}
-
-bool GuardedSelection::allows(const QModelIndex& index) const {
+bool GuardedSelection::allows(const QModelIndex& index) {
     if (m_free || index == currentIndex())
         return true;
-    return index.isValid() && m_may_change(index.row());
+    bool may = index.isValid();
+    if (may)
+        Q_EMIT leaving(may);
+    return may;
 }
 
 void GuardedSelection::select(const QItemSelection& selection, SelectionFlags command) {

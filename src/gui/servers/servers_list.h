@@ -10,7 +10,6 @@
 #include <QItemSelectionModel>
 #include <QListView>
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -41,11 +40,11 @@ private:
     std::vector<server_data>& m_servers;
 };
 
-// Lets the current row go only when `may_change` says so; a list with rows keeps one selected.
+// Lets the current row go only when nobody objects; a list with rows keeps one selected.
 class GuardedSelection : public QItemSelectionModel {
     Q_OBJECT
 public:
-    GuardedSelection(QAbstractItemModel* model, std::function<bool(int row)> may_change);
+    using QItemSelectionModel::QItemSelectionModel;
 
     using QItemSelectionModel::select; // the overload for one row, which comes to the one below
     void select(const QItemSelection& selection, SelectionFlags command) override;
@@ -54,10 +53,12 @@ public:
     // Without asking: for rows that the window itself put there.
     void go_to(int row);
 
-private:
-    [[nodiscard]] bool allows(const QModelIndex& index) const;
+Q_SIGNALS:
+    void leaving(bool& may); // the current row: a slot on the same thread may forbid it
 
-    std::function<bool(int)> m_may_change;
+private:
+    [[nodiscard]] bool allows(const QModelIndex& index);
+
     bool m_free = false;
 };
 

@@ -1,5 +1,6 @@
 #include "gui/servers/servers_window.h"
 
+#include "gui/common/desktop_links.h"
 #include "gui/common/words.h"
 #include "gui/servers/servers_list.h"
 #include "qt/spoken.h"
@@ -25,15 +26,9 @@ constexpr const char* manual_page = "https://chrony-project.org/doc/4.3/chrony.c
 
 } // namespace
 
-// What a text read for an import comes home to; main thread only.
-struct ServersWindow::Shared {
-    ServersWindow* window = nullptr;
-};
-
 ServersWindow::ServersWindow(ServersWindowParts parts)
     : m_parts(std::move(parts)), m_file(m_parts.list, m_parts.queue, m_parts.main_thread),
-      m_shared(std::make_shared<Shared>()) {
-    m_shared->window = this;
+      m_background(m_parts.main_thread) {
     setObjectName(QStringLiteral("ServersWindow"));
     //: server window: title
     setWindowTitle(tr("Servers"));
@@ -41,16 +36,11 @@ ServersWindow::ServersWindow(ServersWindowParts parts)
     m_controls = build_servers_controls(central);
     setCentralWidget(central);
     m_model = new ServerListModel(m_servers, this);
-    m_selection = new GuardedSelection(m_model, [this](int) { return selectionShouldChange(); });
-    m_selection->setParent(this);
+    m_selection = new GuardedSelection(m_model, this);
     m_controls.serverListView->setModel(m_model);
     m_controls.serverListView->setSelectionModel(m_selection);
     build_actions();
     connect_controls();
-}
-
-ServersWindow::~ServersWindow() {
-    m_shared->window = nullptr;
 }
 
 void ServersWindow::build_actions() {
@@ -80,6 +70,7 @@ void ServersWindow::connect_controls() {
     connect(m_controls.insert, &QPushButton::clicked, this, [this] { insert_lines(); });
     connect(m_controls.help, &QPushButton::clicked, this, [this] { serverHelp(); });
     connect(m_controls.retry, &QPushButton::clicked, this, [this] { save(); });
+    connect(m_selection, &GuardedSelection::leaving, this, &ServersWindow::selectionShouldChange);
     connect(m_selection, &QItemSelectionModel::currentChanged, this, [this] { selectionDidChange(); });
     connect(m_model, &ServerListModel::edited, this, [this] {
         m_currentindex = m_selection->currentIndex().row();
@@ -132,7 +123,6 @@ void ServersWindow::changeEvent(QEvent* event) {
 
 // Somebody else may have saved the list while we were away.
 void ServersWindow::look_again() {
-    update_buttons(); // an editor may have come or gone
     if (!m_loaded || m_unsaved)
         return;
     m_file.read([this, saves = m_saves](const SharedTextReading& reading) {
@@ -265,16 +255,14 @@ void ServersWindow::show_record() {
 }
 
 void ServersWindow::log_selection(std::string_view moment) const {
-    if (m_parts.log)
-        m_parts.log(std::string(moment) + ": current selection: " + std::to_string(m_currentindex));
+    m_parts.logger.log(LogLevel::info, std::string(moment) + ": current selection: " + std::to_string(m_currentindex));
 }
 
-bool ServersWindow::selectionShouldChange() {
+void ServersWindow::selectionShouldChange(bool& may) {
     log_selection("shouldchange");
-    const bool may = validate_current();
+    may = validate_current();
     if (may)
         log_selection("proposedselection");
-    return may;
 }
 
 void ServersWindow::selectionDidChange() {
@@ -336,7 +324,7 @@ void ServersWindow::move_current(int by) {
 }
 
 void ServersWindow::serverHelp() {
-    if (!m_parts.open_page(QLatin1String(manual_page)))
+    if (!open_page(QLatin1String(manual_page)))
         //: server window: %1 is the address of a page
         show_notice(tr("No browser could be started. The page is %1.").arg(QLatin1String(manual_page)));
 }
@@ -348,28 +336,37 @@ void ServersWindow::copy_lines() {
 }
 
 void ServersWindow::insert_lines() {
-    if (!m_parts.insert_into_editor || !m_parts.insert_into_editor(from_std(chrony_lines(m_servers))))
+    if (m_editor_is_open)
+        Q_EMIT insert_wanted(from_std(chrony_lines(m_servers)));
+    else
         //: server window: said when there is no editor to insert into
         show_notice(tr("No configuration is open in the editor."));
+}
+
+void ServersWindow::set_editor_open(bool is_open) {
+    m_editor_is_open = is_open;
     update_buttons();
 }
 
 void ServersWindow::import_servers() {
     if (!m_loaded || !validate_current())
         return;
-    m_parts.queue.async([shared = m_shared, &main_thread = m_parts.main_thread, read = m_parts.read_text,
-                         path = m_parts.configuration_path()] {
+    struct Text {
+        int result;
         std::string text;
         std::string sentence;
-        const int result = read(path, text, sentence);
-        main_thread.main_async([shared, path, text, sentence, result] {
-            if (!shared->window)
-                return;
-            if (result == 0)
-                shared->window->show_imported(path, text);
-            else
-                shared->window->show_notice(spoken(sentence));
-        });
+    };
+    const std::string path = m_parts.general.config;
+    const auto read = [read_text = m_parts.read_text, path] {
+        Text found;
+        found.result = read_text(path, found.text, found.sentence);
+        return found;
+    };
+    m_background.start(m_parts.queue, read, [this, path](const Text& found) {
+        if (found.result == 0)
+            show_imported(path, found.text);
+        else
+            show_notice(spoken(found.sentence));
     });
 }
 
@@ -407,12 +404,12 @@ void ServersWindow::update_buttons() {
     m_controls.undo->setVisible(!m_removed.empty());
     m_controls.import->setEnabled(m_loaded);
     m_controls.copy->setEnabled(!m_servers.empty());
-    const bool open = m_parts.editor_is_open && m_parts.editor_is_open();
-    m_controls.insert->setEnabled(open && !m_servers.empty());
+    m_controls.insert->setEnabled(m_editor_is_open && !m_servers.empty());
     //: server window: tooltips of the button that inserts the list into the editor
-    m_controls.insert->setToolTip(open ? tr("Insert the list as \"server\" lines where the cursor stands")
-                                       : /*: server window: tooltip of that button while the editor is closed */ tr(
-                                             "Open a configuration in the editor first"));
+    m_controls.insert->setToolTip(m_editor_is_open
+                                      ? tr("Insert the list as \"server\" lines where the cursor stands")
+                                      : /*: server window: tooltip of that button while the editor is closed */ tr(
+                                            "Open a configuration in the editor first"));
 }
 
 } // namespace tickervantage

@@ -7,9 +7,12 @@
 // The parts outlive the window, and the main thread outlives the queue. Main thread only.
 #pragma once
 
+#include "base/background.h"
+#include "base/logger.h"
 #include "chrony/configuration/server_list.h"
 #include "chrony/configuration/server_list_file.h"
 #include "gui/servers/servers_controls.h"
+#include "settings/preferences.h"
 
 #include <QMainWindow>
 
@@ -30,22 +33,16 @@ struct ServersWindowParts {
     std::shared_ptr<SharedText> list;
     DispatchQueueSerial& queue;
     MainThread& main_thread;
-    std::function<std::string()> configuration_path; // of the installed chrony.conf
+    const PreferencesGeneral& general; // which name the installed chrony.conf
     // Reads a small text on the queue. 0, or -1 and one sentence.
     std::function<int(const std::string& path, std::string& text, std::string& sentence)> read_text;
-    std::function<bool()> editor_is_open; // may be missing, as the next
-    std::function<bool(const QString& lines)> insert_into_editor;
-    std::function<bool(const QString& address)> open_page; // in the browser
-    std::function<void(std::string_view sentence)> log;    // may be missing
+    Logger& logger;
 };
 
 class ServersWindow : public QMainWindow {
     Q_OBJECT
 public:
     explicit ServersWindow(ServersWindowParts parts);
-    ~ServersWindow() override;
-    ServersWindow(const ServersWindow&) = delete;
-    ServersWindow& operator=(const ServersWindow&) = delete;
 
     void windowDidLoad(); // once, before the window is shown
 
@@ -57,24 +54,27 @@ public:
     void copy_lines();
     void insert_lines();
 
+    void set_editor_open(bool is_open); // lines can be inserted
+
     [[nodiscard]] const std::vector<server_data>& servers() const { return m_servers; }
 
     // Waits until the list is on the disk: for the program's end.
     [[nodiscard]] bool finish(std::chrono::milliseconds patience) { return m_file.finish(patience); }
+
+Q_SIGNALS:
+    void insert_wanted(const QString& lines); // into the editor
 
 protected:
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
-    struct Shared;
-
     void build_actions();
     void connect_controls();
     [[nodiscard]] bool has_current() const;
     [[nodiscard]] bool validate_current(); // says and selects what has to change
     [[nodiscard]] ServerProblem typed_problem() const;
-    [[nodiscard]] bool selectionShouldChange();
+    void selectionShouldChange(bool& may);
     void selectionDidChange();
     void add();
     void remove();
@@ -102,10 +102,11 @@ private:
     bool m_loaded = false;
     bool m_unsaved = false;
     bool m_failed = false; // the last save
+    bool m_editor_is_open = false;
     ServersControls m_controls;
     ServerListModel* m_model = nullptr;
     GuardedSelection* m_selection = nullptr;
-    std::shared_ptr<Shared> m_shared;
+    Background m_background;
 };
 
 } // namespace tickervantage

@@ -1,4 +1,4 @@
-#include "app/desktop_links.h"
+#include "gui/common/desktop_links.h"
 
 #include <QDesktopServices>
 #include <QFileInfo>
