@@ -1,5 +1,6 @@
 #include "roothelper/jobs/chrony_jobs.h"
 #include "roothelper/jobs/job_catalogue.h"
+#include "support/kept_text.h"
 #include "support/scripted_execute.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +19,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 // One line a step, short enough for a table: TOOL is the support tool in quotes, B/ the bundle, T/ the temporary
-// folder. The texts of written files are looked at elsewhere.
+// folder.
 std::string shortened(std::string text) {
     for (const auto& [from, to] : {std::pair{"\"/B.app/Contents/MacOS/chronysupport\"", "TOOL"},
                                    {" \"root:wheel\"", ""},
@@ -118,70 +119,57 @@ struct ChronyJobsTest : ::testing::Test {
     }
 };
 
-TEST_F(ChronyJobsTest, InstallationOnAnEmptyMachineInPropertyLists) {
-    EXPECT_EQ(series({AdminJob::install}),
-              (Lines{
-                  R"(TOOL checkitem "B/MacOS/chronyd" "/usr/local/sbin/chronyd" "0755")",
-                  R"(TOOL checkitem "B/MacOS/chronyc" "/usr/local/bin/chronyc" "0755")",
-                  R"(TOOL checkitem "B/Resources/chrony.conf" "/etc/chrony.d/chrony.conf" "0644")",
-                  "TOOL guardchrony",
-                  "TOOL stopchrony",
-                  R"(TOOL createdirectory "" "/etc/chrony.d")",
-                  R"(TOOL installitem "B/Resources/chrony.conf" "/etc/chrony.d/chrony.conf" "0644")",
-                  "TOOL createdirectory /var/log/chrony",
-                  "write T/chronyd.plist",
-                  R"(TOOL createdirectory "" "/Library/LaunchDaemons")",
-                  R"(TOOL installitem "T/chronyd.plist" "L/org.chrony-project.chronyd.plist" "0644")",
-                  R"(TOOL createdirectory "" "/usr/local/sbin")",
-                  R"(TOOL installitem "B/MacOS/chronyd" "/usr/local/sbin/chronyd" "0755")",
-                  R"(TOOL createdirectory "" "/usr/local/bin")",
-                  R"(TOOL installitem "B/MacOS/chronyc" "/usr/local/bin/chronyc" "0755")",
-                  "write T/chronylogrotate.plist",
-                  R"(TOOL installitem "T/chronylogrotate.plist" "L/org.chrony-project.chronyc.plist" "0644")",
-                  R"(TOOL installitem "B/Resources/chronylogrotate.sh" "/usr/local/bin/chronylogrotate.sh" "0755")",
-                  R"(TOOL createdirectory "" "/usr/local/bin")",
-                  R"(TOOL installitem "B/MacOS/chronywake" "/usr/local/bin/chronywake" "0755")",
-                  "write T/chronywake.plist",
-                  R"(TOOL installitem "T/chronywake.plist" "L/net.brisklane.chronywake.plist" "0644")",
-              }));
-    const std::string plist = written("T/chronylogrotate.plist");
-    EXPECT_NE(plist.find("<key>Label</key>\n\t<string>org.chrony-project.logrotate</string>"), std::string::npos);
-    EXPECT_NE(plist.find("<key>Minute</key>\n\t\t<integer>5</integer>\n\t\t<key>Hour</key>\n\t\t<integer>4<"),
-              std::string::npos);
-}
-
-TEST_F(ChronyJobsTest, InstallationOverAnExistingConfigurationInUnits) {
-    files[setting.config] = "user root\nlogdir /logs\n";
-    setting.form = ServiceForm::systemd;
-    setting.adj_system = false;
-    setting.install_wake = false;
-    EXPECT_EQ(series({AdminJob::install}),
-              (Lines{
-                  R"(TOOL checkitem "B/MacOS/chronyd" "/usr/local/sbin/chronyd" "0755")",
-                  R"(TOOL checkitem "B/MacOS/chronyc" "/usr/local/bin/chronyc" "0755")",
-                  "TOOL guardchrony",
-                  "TOOL stopchrony",
-                  "write T/chronyd.service",
-                  R"(TOOL createdirectory "" "/etc/systemd/system")",
-                  R"(TOOL installitem "T/chronyd.service" "S/org.chrony-project.chronyd.service" "0644")",
-                  "/bin/systemctl enable org.chrony-project.chronyd.service",
-                  R"(TOOL createdirectory "" "/usr/local/sbin")",
-                  R"(TOOL installitem "B/MacOS/chronyd" "/usr/local/sbin/chronyd" "0755")",
-                  R"(TOOL createdirectory "" "/usr/local/bin")",
-                  R"(TOOL installitem "B/MacOS/chronyc" "/usr/local/bin/chronyc" "0755")",
-                  "write T/chronylogrotate.service",
-                  R"(TOOL installitem "T/chronylogrotate.service" "S/org.chrony-project.logrotate.service" "0644")",
-                  "write T/chronylogrotate.timer",
-                  R"(TOOL installitem "T/chronylogrotate.timer" "S/org.chrony-project.logrotate.timer" "0644")",
-                  "/bin/systemctl enable --now org.chrony-project.logrotate.timer",
-                  R"(TOOL installitem "B/Resources/chronylogrotate.sh" "/usr/local/bin/chronylogrotate.sh" "0755")",
-                  R"(TOOL removeitem "S/net.brisklane.chronywake.service")",
-                  R"(TOOL removeitem "/usr/local/bin/chronywake")",
-                  "/bin/systemctl daemon-reload",
-                  "TOOL displaceservices",
-              }));
-    EXPECT_NE(written("T/chronyd.service").find("chronyd -n -f /etc/chrony.d/chrony.conf -x\n"), std::string::npos);
-    EXPECT_NE(written("T/chronylogrotate.timer").find("OnCalendar=*-*-* 04:05:00\n"), std::string::npos);
+// Every step, with the texts of the files, in both forms of services.
+TEST_F(ChronyJobsTest, SeriesAreAsApproved) {
+    std::string told;
+    const auto tell = [&](const std::string& what, const AdminRequest& request) {
+        steps = {};
+        told += "== " + what + "\n";
+        for (const auto& line : series(request))
+            told += line + "\n";
+        for (const auto& step : steps.steps())
+            if (const auto* write = std::get_if<RecordedSteps::Write>(&step))
+                told += "-- " + write->path + "\n" + write->text;
+    };
+    const AdminRequest sync{.job = AdminJob::synchronise, .server = "a b", .timeout_seconds = 120};
+    AdminRequest no_restart = sync;
+    no_restart.restart = false;
+    const auto empty_machine = files;
+    for (const auto form : {ServiceForm::launchd, ServiceForm::systemd}) {
+        const bool lists = form == ServiceForm::launchd;
+        const auto definition = [lists](const std::string& name) {
+            return (lists ? "/Library/LaunchDaemons/" : "/etc/systemd/system/") + name +
+                   (lists ? ".plist" : ".service");
+        };
+        files = empty_machine;
+        setting.form = form;
+        setting.adj_system = setting.install_wake = true;
+        tell("install on an empty machine", {AdminJob::install});
+        setting.adj_system = setting.install_wake = false;
+        files[setting.config] = "user root\nlogdir /logs\n";
+        tell("install over a configuration, without adjustment and chronywake", {AdminJob::install});
+        files[definition("net.brisklane.gpsdstart")] = "";
+        files[definition("org.tuxfamily.chronyd")] = "";
+        setting.restart_gpsd = true;
+        for (const auto& request : std::vector<AdminRequest>{{AdminJob::start},
+                                                             {AdminJob::stop},
+                                                             {AdminJob::uninstall},
+                                                             {AdminJob::wake_tool},
+                                                             {AdminJob::run_wake},
+                                                             {AdminJob::rotate_logs},
+                                                             {AdminJob::log_permission},
+                                                             {AdminJob::restart_gpsd},
+                                                             {AdminJob::remove_old},
+                                                             {.job = AdminJob::step, .offset_seconds = 0.0001},
+                                                             {.job = AdminJob::step, .offset_seconds = -1.5},
+                                                             {.job = AdminJob::step, .offset_seconds = 0},
+                                                             sync,
+                                                             no_restart,
+                                                             {AdminJob::running_check}})
+            tell(std::string(entry_of(request.job).name), request);
+        setting.restart_gpsd = false;
+    }
+    testing::expect_as_kept(told, "jobs");
 }
 
 TEST_F(ChronyJobsTest, OnlyAServiceThatIsThereIsDisabled) {
@@ -279,50 +267,6 @@ TEST_F(ChronyJobsTest, JobWhoseCommandFailsIsNotDoneAndSaysWhy) {
     }
     files.clear();
     EXPECT_FALSE(run({AdminJob::restart_gpsd}).done) << "there is none";
-}
-
-TEST_F(ChronyJobsTest, EachOtherJobIsItsOwnSeries) {
-    files[setting.config] = "logdir /logs\n";
-    files["/Library/LaunchDaemons/net.brisklane.gpsdstart.plist"] = "";
-    files["/Library/LaunchDaemons/org.tuxfamily.chronyd.plist"] = "";
-    setting.restart_gpsd = true;
-    const Lines gps{"/bin/launchctl bootout system L/net.brisklane.gpsdstart.plist", "sleep 2",
-                    "/bin/launchctl bootstrap system L/net.brisklane.gpsdstart.plist"};
-    const std::string once = R"(/bin/sh -c '/usr/local/sbin/chronyd -t 120 -q "server a b iburst"' 2>&1)";
-    const AdminRequest sync{.job = AdminJob::synchronise, .server = "a b", .timeout_seconds = 120};
-    AdminRequest no_restart = sync;
-    no_restart.restart = false;
-    for (const auto& [request, expected] : std::vector<std::pair<AdminRequest, Lines>>{
-             {{AdminJob::start}, {"TOOL startchrony", gps[0], gps[1], gps[2]}},
-             {{AdminJob::stop}, {"TOOL stopchrony"}},
-             {{AdminJob::uninstall},
-              {"TOOL stopchrony", R"(TOOL removeitem "L/org.chrony-project.chronyd.plist")",
-               R"(TOOL removeitem "L/org.chrony-project.chronyc.plist")",
-               R"(TOOL removeitem "L/net.brisklane.chronywake.plist")", R"(TOOL removeitem "/usr/local/sbin/chronyd")",
-               R"(TOOL removeitem "/usr/local/bin/chronyc")", R"(TOOL removeitem "/usr/local/bin/chronywake")",
-               R"(TOOL removeitem "/usr/local/bin/chronylogrotate.sh")"}},
-             {{AdminJob::wake_tool},
-              {"TOOL stopwake", R"(TOOL createdirectory "" "/usr/local/bin")",
-               R"(TOOL installitem "B/MacOS/chronywake" "/usr/local/bin/chronywake" "0755")",
-               "write T/chronywake.plist",
-               R"(TOOL installitem "T/chronywake.plist" "L/net.brisklane.chronywake.plist" "0644")", "TOOL startwake"}},
-             {{AdminJob::run_wake}, {"/opt/chronywake"}},
-             {{AdminJob::rotate_logs}, {R"(TOOL rotatelogs "/usr/local/bin/chronylogrotate.sh" "/logs")"}},
-             {{AdminJob::log_permission}, {"chmod 0755 /logs/tracking.log"}},
-             {{AdminJob::restart_gpsd}, gps},
-             {{AdminJob::remove_old},
-              {"/bin/launchctl bootout system L/org.tuxfamily.chronyd.plist", "sleep 2",
-               "rm -f L/org.tuxfamily.chronyd.plist", "sleep 1"}},
-             {{.job = AdminJob::step, .offset_seconds = 0.0001}, {"TOOL steptime 0.0001"}},
-             {{.job = AdminJob::step, .offset_seconds = -1.5}, {"TOOL steptime -1.5"}},
-             {{.job = AdminJob::step, .offset_seconds = 0}, {}},
-             {sync, {"TOOL guardchrony", "TOOL stopchrony", once, "TOOL startchrony"}},
-             {no_restart, {"TOOL stopchrony", once}},
-             {{AdminJob::running_check}, {"/usr/bin/pgrep -l -f chronyd"}},
-         }) {
-        steps = {};
-        EXPECT_EQ(series(request), expected) << entry_of(request.job).name;
-    }
 }
 
 TEST_F(ChronyJobsTest, NewConfigurationIsPreparedAndTheFormerOneComesBackWhenTheDaemonDies) {

@@ -180,7 +180,7 @@ class Drawn : public ::testing::TestWithParam<Drawing> {};
 TEST_P(Drawn, IsAsItWasApproved) {
     ToldCanvas canvas;
     GetParam().draw(canvas);
-    expect_as_kept(canvas.told, GetParam().name);
+    expect_as_kept(canvas.told, GetParam().name, 0.11);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Drawn,

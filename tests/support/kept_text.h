@@ -1,6 +1,6 @@
 // Texts that somebody looked at once, and that stay as they were until somebody looks again: tests/logic/kept.
 //
-// Numbers may differ by a rounding. Where a text is to change, run the tests with TICKERVANTAGE_APPROVE=1 in the
+// Where a text is to change, run the tests with TICKERVANTAGE_APPROVE=1 in the
 // environment, which writes it anew, and look at what changed.
 #pragma once
 
@@ -14,8 +14,8 @@
 
 namespace tickervantage::testing {
 
-// Whether two texts are the same but for roundings of their numbers.
-[[nodiscard]] inline bool are_alike(const std::string& one, const std::string& other) {
+// Whether two texts are the same, but that numbers may differ by so much.
+[[nodiscard]] inline bool are_alike(const std::string& one, const std::string& other, double rounding) {
     const char* a = one.c_str();
     const char* b = other.c_str();
     while (*a != '\0' && *b != '\0') {
@@ -23,7 +23,7 @@ namespace tickervantage::testing {
         char* after_b = nullptr;
         const double x = std::strtod(a, &after_a);
         const double y = std::strtod(b, &after_b);
-        if ((after_a == a) != (after_b == b) || (after_a == a && *a != *b) || std::abs(x - y) > 0.11)
+        if ((after_a == a) != (after_b == b) || (after_a == a && *a != *b) || std::abs(x - y) > rounding)
             return false;
         a = after_a == a ? a + 1 : after_a;
         b = after_b == b ? b + 1 : after_b;
@@ -31,13 +31,13 @@ namespace tickervantage::testing {
     return *a == *b;
 }
 
-inline void expect_as_kept(const std::string& told, const std::string& name) {
+inline void expect_as_kept(const std::string& told, const std::string& name, double rounding = 0) {
     const std::string path = std::string(KEPT_TEXTS) + "/" + name + ".txt";
     if (std::getenv("TICKERVANTAGE_APPROVE") != nullptr) // NOLINT(concurrency-mt-unsafe): nobody changes it
         std::ofstream(path) << told;
     std::ifstream file(path);
     const std::string kept{std::istreambuf_iterator<char>(file), {}};
-    EXPECT_TRUE(are_alike(told, kept)) << path << " is not what it is now:\n" << told;
+    EXPECT_TRUE(are_alike(told, kept, rounding)) << path << " is not what it is now:\n" << told;
 }
 
 } // namespace tickervantage::testing
