@@ -323,7 +323,8 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     }
     const DaemonChoice daemon = options.demo ? demonstration_choice(demonstration) : DaemonChoice{};
     Program program(paths, daemon);
-    instance.on_another_start([&program](const QStringList& logs) { program.another_start(logs); });
+    QObject::connect(&instance, &SingleInstance::started_again, &application,
+                     [&program](const QStringList& logs) { program.another_start(logs); });
     return program.run(options, daemon, paths);
 }
 

@@ -75,8 +75,7 @@ void SingleInstance::ActivateAction(const QString& /*name*/, const QVariantList&
 void SingleInstance::start_again(const QStringList& files, const QVariantMap& platform_data) {
     if (const auto token = platform_data.value(QLatin1String(token_key)).toString(); !token.isEmpty())
         qputenv(token_variable, token.toUtf8());
-    if (m_handler)
-        m_handler(files);
+    Q_EMIT started_again(files);
 }
 
 } // namespace tickervantage

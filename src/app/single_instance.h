@@ -10,8 +10,6 @@
 #include <QStringList>
 #include <QVariantMap>
 
-#include <functional>
-
 namespace tickervantage {
 
 class SingleInstance : public QObject {
@@ -19,7 +17,7 @@ class SingleInstance : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 public:
     enum class Role : unsigned char {
-        first,  // later starts come to on_another_start
+        first,  // later starts come by the signal started_again
         second, // the first one has the files and comes to the front: nothing is left to do
         alone,  // there is no bus, or the first one does not answer
     };
@@ -28,18 +26,17 @@ public:
     // paths, `activation_token` is what the desktop gave to this start so that a window may come to the front.
     [[nodiscard]] Role begin(const QStringList& files, const QString& activation_token);
 
-    void on_another_start(std::function<void(const QStringList& files)> handler) { m_handler = std::move(handler); }
-
     // Called over the bus.
     Q_INVOKABLE Q_SCRIPTABLE void Activate(const QVariantMap& platform_data);
     Q_INVOKABLE Q_SCRIPTABLE void Open(const QStringList& addresses, const QVariantMap& platform_data);
     Q_INVOKABLE Q_SCRIPTABLE void ActivateAction(const QString& name, const QVariantList& arguments,
                                                  const QVariantMap& platform_data); // there are none
 
+Q_SIGNALS:
+    void started_again(const QStringList& files);
+
 private:
     void start_again(const QStringList& files, const QVariantMap& platform_data);
-
-    std::function<void(const QStringList& files)> m_handler;
 };
 
 } // namespace tickervantage
