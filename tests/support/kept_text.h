@@ -1,11 +1,12 @@
 // Texts that somebody looked at once, and that stay as they were until somebody looks again: tests/logic/kept.
 //
-// Where a text is to change, run the tests with TICKERVANTAGE_APPROVE=1 in the
-// environment, which writes it anew, and look at what changed.
+// Where a text is to change, run the tests with TICKERVANTAGE_APPROVE=1 in the environment, which writes it anew, and look
+// at what changed.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
@@ -16,17 +17,22 @@ namespace tickervantage::testing {
 
 // Whether two texts are the same, but that numbers may differ by so much.
 [[nodiscard]] inline bool are_alike(const std::string& one, const std::string& other, double rounding) {
+    const auto begins_number = [](const char* at) {
+        return std::isdigit(static_cast<unsigned char>(at[*at == '-' ? 1 : 0])) != 0;
+    };
     const char* a = one.c_str();
     const char* b = other.c_str();
     while (*a != '\0' && *b != '\0') {
-        char* after_a = nullptr;
-        char* after_b = nullptr;
-        const double x = std::strtod(a, &after_a);
-        const double y = std::strtod(b, &after_b);
-        if ((after_a == a) != (after_b == b) || (after_a == a && *a != *b) || std::abs(x - y) > rounding)
+        if (begins_number(a) && begins_number(b)) {
+            char* after_a = nullptr;
+            char* after_b = nullptr;
+            if (std::abs(std::strtod(a, &after_a) - std::strtod(b, &after_b)) > rounding)
+                return false;
+            a = after_a;
+            b = after_b;
+        } else if (*a++ != *b++) {
             return false;
-        a = after_a == a ? a + 1 : after_a;
-        b = after_b == b ? b + 1 : after_b;
+        }
     }
     return *a == *b;
 }
