@@ -1,13 +1,42 @@
 #include "app/analysis_windows.h"
 
+#include "app/administration.h"
 #include "app/bring_to_front.h"
+#include "draw/recorded_drawing.h"
 #include "linux/small_file.h"
 #include "qt/picture_file.h"
+#include "qt/spoken.h"
+
+#include <QPointer>
 
 #include <utility>
 
 namespace tickervantage {
-AnalysisWindows::AnalysisWindows(AnalysisParts parts) : m_parts(std::move(parts)) {}
+namespace {
+
+class PlotFiles : public PlotWriter {
+    Result<> write_picture(const std::string& path, const PictureFormat& format,
+                           const RecordedDrawing& drawing) override {
+        std::string sentence;
+        const auto draw = [&drawing](Canvas& canvas, Rect) {
+            drawing.replay(canvas);
+        };
+        if (tickervantage::write_picture(path, format, draw, sentence) != 0)
+            return tl::unexpected(said_by_others(sentence));
+        return {};
+    }
+    Result<> write_table(const std::string& path, std::string_view csv) override {
+        std::string sentence;
+        if (replace_small_file(path, csv, sentence) != 0)
+            return tl::unexpected(said_by_others(sentence));
+        return {};
+    }
+};
+
+} // namespace
+
+AnalysisWindows::AnalysisWindows(AnalysisParts parts)
+    : m_parts(std::move(parts)), m_plot_writer(std::make_unique<PlotFiles>()), m_background(m_parts.main_thread) {}
 
 AnalysisWindows::~AnalysisWindows() {
     for (auto* window : std::exchange(m_tracking, {}))
@@ -15,10 +44,7 @@ AnalysisWindows::~AnalysisWindows() {
 }
 
 PlotExportParts AnalysisWindows::export_parts() {
-    return {.queue = m_parts.export_queue,
-            .main_thread = m_parts.main_thread,
-            .write_picture = write_picture,
-            .write_text = replace_small_file};
+    return {.queue = m_parts.export_queue, .main_thread = m_parts.main_thread, .writer = *m_plot_writer};
 }
 
 TrackingWindowParts AnalysisWindows::tracking_parts() {
@@ -26,31 +52,63 @@ TrackingWindowParts AnalysisWindows::tracking_parts() {
             .main_thread = m_parts.main_thread,
             .timer = m_parts.timer,
             .files = m_parts.files,
-            .lend_queue = m_parts.lend_queue,
-            .spectrum_enabled = m_parts.spectrum_enabled,
-            .show_spectrum = [this] { showSpectrum(); },
+            .queue = m_parts.log_queues.lend(),
+            .preferences = m_parts.advanced,
             .exports = export_parts(),
-            .ask_log_setting = m_parts.ask_log_setting,
-            .make_log_readable = m_parts.make_log_readable};
+            .can_make_log_readable = m_parts.administration != nullptr};
 }
 
 TrackingWindow* AnalysisWindows::open_log(const QString& path, bool live) {
     auto* window = new TrackingWindow(tracking_parts());
     window->setAttribute(Qt::WA_DeleteOnClose);
     m_tracking.push_back(window);
-    QObject::connect(window, &TrackingWindow::windowDidBecomeMain, window, [this, window] {
-        m_tracking.remove(window);
-        m_tracking.push_back(window);
-    });
-    QObject::connect(window, &TrackingWindow::windowWillClose, window, [this, window] { m_tracking.remove(window); });
+    connect_tracking(window);
+    tracking_changed();
     window->windowDidLoad();
     window->set_log(path, live);
     window->show();
     return window;
 }
 
-const TrackingRecords* AnalysisWindows::current_records() const {
-    return m_tracking.empty() ? nullptr : &m_tracking.back()->records();
+void AnalysisWindows::connect_tracking(TrackingWindow* window) {
+    connect(window, &TrackingWindow::windowDidBecomeMain, this, [this, window] {
+        m_tracking.remove(window);
+        m_tracking.push_back(window);
+        tracking_changed();
+    });
+    connect(window, &TrackingWindow::windowWillClose, this, [this, window] {
+        m_tracking.remove(window);
+        tracking_changed();
+    });
+    connect(window, &TrackingWindow::spectrum_requested, this, &AnalysisWindows::showSpectrum);
+    connect(window, &TrackingWindow::log_setting_requested, this, [this, window] { ask_log_setting(window); });
+    connect(window, &TrackingWindow::log_readable_requested, this, [this, window] { make_log_readable(window); });
+}
+
+void AnalysisWindows::ask_log_setting(TrackingWindow* window) {
+    if (m_parts.is_demonstration)
+        return;
+    m_background.start(
+        m_parts.configuration_queue,
+        [path = m_parts.general.config] {
+            return LogSettingAnswer{tracking_log_setting(path), path};
+        },
+        [window = QPointer(window)](const LogSettingAnswer& answer) {
+            if (window)
+                window->show_log_setting(answer);
+        });
+}
+
+void AnalysisWindows::make_log_readable(TrackingWindow* window) {
+    m_parts.administration->make_log_readable([window = QPointer(window)](bool done, const std::string& sentence) {
+        if (window)
+            window->show_log_readable(done, spoken(sentence));
+    });
+}
+
+void AnalysisWindows::tracking_changed() {
+    if (m_spectrum)
+        m_spectrum->set_records(m_tracking.empty() ? nullptr : &m_tracking.back()->records());
 }
 
 void AnalysisWindows::make_spectrum() {
@@ -58,7 +116,7 @@ void AnalysisWindows::make_spectrum() {
                                                                       .queue = m_parts.spectrum_queue,
                                                                       .main_thread = m_parts.main_thread,
                                                                       .exports = export_parts()});
-    m_spectrum->set_source([this] { return current_records(); });
+    tracking_changed();
     m_spectrum->windowDidLoad();
 }
 
@@ -77,18 +135,21 @@ void AnalysisWindows::showFreqTemp() {
     bring_to_front(*m_freqtemp);
 }
 
+void AnalysisWindows::make_inspector() {
+    m_inspector = std::make_unique<SensorInspector>(SensorInspectorParts{.broadcast = m_parts.freqtemp.broadcast,
+                                                                         .files = m_parts.freqtemp.files,
+                                                                         .queue = m_parts.freqtemp.file_queue,
+                                                                         .main_thread = m_parts.main_thread,
+                                                                         .equation = m_parts.equation});
+    connect(m_inspector.get(), &SensorInspector::sensors_requested, this, [this] {
+        if (m_freqtemp)
+            m_freqtemp->tell_inspector();
+    });
+}
+
 void AnalysisWindows::showFreqInspector() {
-    if (!m_inspector) {
-        m_inspector = std::make_unique<SensorInspector>(SensorInspectorParts{.broadcast = m_parts.freqtemp.broadcast,
-                                                                             .files = m_parts.freqtemp.files,
-                                                                             .queue = m_parts.freqtemp.file_queue,
-                                                                             .main_thread = m_parts.main_thread,
-                                                                             .equation = m_parts.equation});
-        QObject::connect(m_inspector.get(), &SensorInspector::sensors_requested, m_inspector.get(), [this] {
-            if (m_freqtemp)
-                m_freqtemp->tell_inspector();
-        });
-    }
+    if (!m_inspector)
+        make_inspector();
     m_inspector->windowDidLoad();
     bring_to_front(*m_inspector);
 }

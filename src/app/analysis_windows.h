@@ -2,18 +2,21 @@
 // one each for frequency against temperature and for its sensors.
 #pragma once
 
+#include "base/background.h"
+#include "base/queue_lender.h"
 #include "gui/freqtemp/freqtemp_window.h"
 #include "gui/freqtemp/sensor_inspector.h"
 #include "gui/spectrum/spectrum_window.h"
 #include "gui/tracking/tracking_window.h"
 
-#include <QPointer>
+#include <QObject>
 
-#include <functional>
 #include <list>
 #include <memory>
 
 namespace tickervantage {
+
+class Administration;
 
 // All of it outlives the windows.
 struct AnalysisParts {
@@ -23,18 +26,22 @@ struct AnalysisParts {
     FollowedFiles& files;
     DispatchQueueSerial& spectrum_queue;
     DispatchQueueSerial& export_queue;
-    std::function<std::shared_ptr<DispatchQueueSerial>()> lend_queue;
-    std::function<bool()> spectrum_enabled;
+    DispatchQueueSerial& configuration_queue; // where chrony.conf is read
+    QueueLender& log_queues;                  // one for each log that is followed
+    const PreferencesGeneral& general;        // as they are now
+    const PreferencesAdvanced& advanced;      // likewise
     FreqTempParts freqtemp;
-    std::string equation; // path of the inspector's text
-    std::function<void(std::function<void(const LogSettingAnswer&)> done)> ask_log_setting = {}; // may be missing
-    std::function<void(std::function<void(bool done, const std::string& sentence)> done)> make_log_readable = {}; // too
+    std::string equation;                     // path of the inspector's text
+    bool is_demonstration = false;            // its log is not the one that chrony.conf speaks of
+    Administration* administration = nullptr; // null: logs cannot be made readable
 };
 
-class AnalysisWindows {
+class AnalysisWindows : public QObject {
+    Q_OBJECT
+
 public:
     explicit AnalysisWindows(AnalysisParts parts);
-    ~AnalysisWindows();
+    ~AnalysisWindows() override;
     AnalysisWindows(const AnalysisWindows&) = delete;
     AnalysisWindows& operator=(const AnalysisWindows&) = delete;
 
@@ -54,14 +61,20 @@ public:
 private:
     PlotExportParts export_parts();
     TrackingWindowParts tracking_parts();
-    [[nodiscard]] const TrackingRecords* current_records() const;
+    void connect_tracking(TrackingWindow* window);
+    void ask_log_setting(TrackingWindow* window);
+    void make_log_readable(TrackingWindow* window);
+    void tracking_changed(); // another one is the last one used
     void make_spectrum();
+    void make_inspector();
 
     AnalysisParts m_parts;
+    std::unique_ptr<PlotWriter> m_plot_writer;
     std::list<TrackingWindow*> m_tracking; // open; the last one used stands last
     std::unique_ptr<SpectrumWindow> m_spectrum;
     std::unique_ptr<FreqTempWindow> m_freqtemp;
     std::unique_ptr<SensorInspector> m_inspector;
+    Background m_background;
 };
 
 } // namespace tickervantage

@@ -71,7 +71,6 @@ void AppDelegate::applicationWillTerminate() {
     m_general.save(m_parts.cycle.settings);
     m_advanced.save(m_parts.cycle.settings);
     m_parts.logger.log(LogLevel::info, "Tickervantage ends.");
-    m_parts.close_log();
 }
 
 ChronyPaths AppDelegate::usual_paths() const {
@@ -222,25 +221,15 @@ AnalysisWindows& AppDelegate::analysis() {
                           .files = m_parts.files,
                           .spectrum_queue = m_parts.spectrum_queue,
                           .export_queue = m_parts.export_queue,
-                          .lend_queue = m_parts.lend_queue,
-                          .spectrum_enabled = [this] { return m_advanced.spectrum; },
+                          .configuration_queue = m_parts.list_queue,
+                          .log_queues = m_parts.log_queues,
+                          .general = m_general,
+                          .advanced = m_advanced,
                           .freqtemp = m_parts.freqtemp,
                           .equation = local_file(m_parts.paths.bundle_resource("freqtemp.rtf")),
-                          .ask_log_setting = [this](auto done) { ask_log_setting(std::move(done)); },
-                          .make_log_readable = with_administration(&Administration::make_log_readable)});
+                          .is_demonstration = !m_daemon.tracking_log.empty(),
+                          .administration = m_administration.get()});
     return *m_analysis;
-}
-
-// A demonstration's log is not the one that chrony.conf speaks of.
-void AppDelegate::ask_log_setting(std::function<void(const LogSettingAnswer&)> done) {
-    if (!m_daemon.tracking_log.empty())
-        return;
-    m_background.start(
-        m_parts.list_queue,
-        [path = m_general.config] {
-            return LogSettingAnswer{tracking_log_setting(path), path};
-        },
-        std::move(done));
 }
 
 SettingsWindows& AppDelegate::settings_windows() {

@@ -26,10 +26,10 @@
 namespace tickervantage {
 
 class AnalysisWindows;
-struct LogSettingAnswer;
 class ConfigWindows;
 class FollowedFiles;
 class HelpWindows;
+class QueueLender;
 class SettingsWindows;
 class TickervantageWindow;
 class WindowMenus;
@@ -40,16 +40,15 @@ struct ApplicationParts {
     std::shared_ptr<PrivilegedActions> actions;
     DispatchQueueSerial& removal_queue; // "net.brisklane.removetuxfamily"
     OldInstallationRemoval old_installation;
-    FollowedFiles& files;                                             // logs
-    DispatchQueueSerial& spectrum_queue;                              // transforms
-    DispatchQueueSerial& config_queue;                                // "net.brisklane.config": checks, documents
-    DispatchQueueSerial& export_queue;                                // files that people ask for
-    FreqTempParts freqtemp;                                           // frequency against temperature
-    DispatchQueueSerial& list_queue;                                  // the server list, the preferences' paths
-    DispatchQueueSerial& help_queue;                                  // help pages: reading, rendering, searching
-    std::function<std::shared_ptr<DispatchQueueSerial>()> lend_queue; // one for each log that is followed
+    FollowedFiles& files;                // logs
+    DispatchQueueSerial& spectrum_queue; // transforms
+    DispatchQueueSerial& config_queue;   // "net.brisklane.config": checks, documents
+    DispatchQueueSerial& export_queue;   // files that people ask for
+    FreqTempParts freqtemp;              // frequency against temperature
+    DispatchQueueSerial& list_queue;     // the server list, the preferences' paths
+    DispatchQueueSerial& help_queue;     // help pages: reading, rendering, searching
+    QueueLender& log_queues;             // one for each log that is followed
     Logger& logger;
-    std::function<void()> close_log;
     Paths paths;
     PathProbes& probes;
     std::optional<AdministrationMachine> administration = {}; // none: jobs that need rights are not offered
@@ -113,7 +112,6 @@ private:
     template <class Use>
     void with_log_folder(Use use); // chrony's, empty where it names none
     [[nodiscard]] AnalysisWindows& analysis();
-    void ask_log_setting(std::function<void(const LogSettingAnswer&)> done);
     [[nodiscard]] ConfigWindows& configurations();
     void make_configurations();
     [[nodiscard]] SettingsWindows& settings_windows();

@@ -45,13 +45,13 @@ HelpWindows::HelpWindows(HelpWindowsParts parts) : m_parts(std::move(parts)) {
 HelpWindows::~HelpWindows() = default;
 
 void HelpWindows::show(const QString& page) {
-    if (!m_viewer)
+    if (!m_viewer) {
         m_viewer = std::make_unique<HelpViewer>(HelpViewerParts{.pages = std::make_shared<HelpPages>(m_parts.sources),
                                                                 .queue = m_parts.queue,
-                                                                .main_thread = m_parts.main_thread,
-                                                                .open_address = [](const QString& address) {
-                                                                    (void)open_page(address); // silent by design
-                                                                }});
+                                                                .main_thread = m_parts.main_thread});
+        connect(m_viewer.get(), &HelpViewer::address_requested, this,
+                [](const QString& address) { (void)open_page(address); }); // silent by design
+    }
     m_viewer->open_page(page);
     bring_to_front(*m_viewer);
 }

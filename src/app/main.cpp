@@ -197,9 +197,8 @@ ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) 
                          .map = scatter_map_path(paths.data_home.empty() ? "" : paths.data_home + "/Tickervantage")},
             .list_queue = m_list_queue,
             .help_queue = m_help_queue,
-            .lend_queue = [this] { return m_log_queues.lend(); },
+            .log_queues = m_log_queues,
             .logger = m_logger,
-            .close_log = [this] { m_logger.close(); },
             .paths = paths,
             .probes = m_path_probes,
             .administration = is_demonstration(daemon) ? std::nullopt : std::optional(machine(paths))};
@@ -273,6 +272,7 @@ int Program::run(const ProgramOptions& options, const DaemonChoice& daemon, cons
         start_tour(QString::fromStdString(options.screenshots), daemon, paths);
     const int status = QApplication::exec();
     m_delegate.applicationWillTerminate();
+    m_logger.close();
     constexpr std::chrono::seconds patience{5};
     std::string sentence;
     if (m_store.finish(patience, sentence) != 0)

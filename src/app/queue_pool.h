@@ -2,6 +2,7 @@
 // piece of work, which is why it is kept rather than waited for; the next borrower's work comes behind that.
 #pragma once
 
+#include "base/queue_lender.h"
 #include "linux/serial_queue.h"
 
 #include <memory>
@@ -10,12 +11,12 @@
 
 namespace tickervantage {
 
-class QueuePool {
+class QueuePool : public QueueLender {
 public:
     explicit QueuePool(std::string label) : m_label(std::move(label)) {}
 
-    // The pool must outlive the loan. Main thread only.
-    [[nodiscard]] std::shared_ptr<DispatchQueueSerial> lend() {
+    // Main thread only.
+    [[nodiscard]] std::shared_ptr<DispatchQueueSerial> lend() override {
         if (m_free.empty()) {
             m_all.push_back(std::make_unique<SerialQueue>(m_label));
             m_free.push_back(m_all.back().get());

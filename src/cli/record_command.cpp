@@ -72,28 +72,28 @@ private:
 };
 
 // Everything that a recording needs, in the order in which it may go again.
-struct Recording {
+struct Recording : FreqTempListener {
     Recording(const RecordOptions& options, const Runchronyc& chronyc)
-        : source(chronyc, timer, main_thread, broadcast),
-          session({.sensors = sensors,
-                   .files = files,
-                   .sensor_queue = sensor_queue,
-                   .fit_queue = fit_queue,
-                   .file_queue = file_queue,
-                   .main_thread = main_thread,
-                   .master_timer = timer,
-                   .broadcast = broadcast,
-                   .logger = logger,
-                   .map = options.map},
-                  options.settings, {.ready = [this] { ready(); }, .changed = {}}),
+        : source(chronyc, timer, main_thread, broadcast), session({.sensors = sensors,
+                                                                   .files = files,
+                                                                   .sensor_queue = sensor_queue,
+                                                                   .fit_queue = fit_queue,
+                                                                   .file_queue = file_queue,
+                                                                   .main_thread = main_thread,
+                                                                   .master_timer = timer,
+                                                                   .broadcast = broadcast,
+                                                                   .logger = logger,
+                                                                   .map = options.map},
+                                                                  options.settings, *this),
           interval(options.interval_seconds) {}
 
-    void ready() {
+    void session_ready() override {
         if (session.menu().sensors().empty())
             loop.quit();
         else
             source.start(interval);
     }
+    void session_changed() override {}
 
     ComplainingLogger logger;
     MachineSensors sensors;

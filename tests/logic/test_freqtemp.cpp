@@ -158,7 +158,7 @@ TEST(ScatterCsv, ComesBackAsItWasWritten) {
     EXPECT_EQ(read_scatter_csv("temperature,frequency\n", "stem", back, damage), -1);
 }
 
-class FreqTempSessionTest : public ::testing::Test {
+class FreqTempSessionTest : public ::testing::Test, public FreqTempListener {
 protected:
     FreqTempFakes m_fakes;
     std::shared_ptr<const Sensors> m_told;
@@ -172,11 +172,13 @@ protected:
     std::unique_ptr<FreqTempSession> started(std::int64_t most = 2000) {
         FreqTempSettings settings;
         settings.max_samples = most;
-        auto session = std::make_unique<FreqTempSession>(m_fakes.parts(), settings, FreqTempEvents{});
+        auto session = std::make_unique<FreqTempSession>(m_fakes.parts(), settings, *this);
         session->start();
         m_fakes.settle();
         return session;
     }
+    void session_ready() override {}
+    void session_changed() override {}
     [[nodiscard]] nlohmann::json stored() { return nlohmann::json::parse(m_fakes.files.texts.at(MAP)); }
 };
 

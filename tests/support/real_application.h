@@ -7,6 +7,7 @@
 #pragma once
 
 #include "app/app_delegate.h"
+#include "base/queue_lender.h"
 #include "gui/main/tickervantage_window.h"
 #include "linux/posix_path_probes.h"
 #include "support/fake_followed_files.h"
@@ -27,6 +28,15 @@
 
 namespace tickervantage::testing {
 
+// Lends the same queue to everybody.
+class OneQueue : public QueueLender {
+public:
+    std::shared_ptr<DispatchQueueSerial> lend() override { return m_queue; }
+
+private:
+    std::shared_ptr<ManualQueue> m_queue = std::make_shared<ManualQueue>();
+};
+
 struct RealApplication : ::testing::Test {
     FakeMainWindowParts fakes;
     FreqTempFakes freqtemp; // of which the timer, the broadcasts and the main thread are those of `fakes`
@@ -36,7 +46,7 @@ struct RealApplication : ::testing::Test {
     ManualQueue export_queue;
     ManualQueue list_queue;
     ManualQueue help_queue;
-    ManualQueue log_queue;
+    OneQueue log_queues;
     ManualQueue job_queue;
     FakeFollowedFiles log_files;
     PosixPathProbes path_probes;
@@ -45,7 +55,6 @@ struct RealApplication : ::testing::Test {
     DaemonChoice daemon;
     Paths paths;
     std::optional<AdministrationMachine> administration = {};
-    bool log_closed = false;
     std::unique_ptr<AppDelegate> application;
 
     // The jobs of an administrator on this machine; for `administration`.
@@ -133,9 +142,8 @@ private:
                 .freqtemp = sampling(),
                 .list_queue = list_queue,
                 .help_queue = help_queue,
-                .lend_queue = [this] { return std::shared_ptr<DispatchQueueSerial>(&log_queue, [](auto*) {}); },
+                .log_queues = log_queues,
                 .logger = logger,
-                .close_log = [this] { log_closed = true; },
                 .paths = paths,
                 .probes = path_probes,
                 .administration = administration};

@@ -270,17 +270,34 @@ bool is_painted(Canvas& canvas) {
     return dynamic_cast<BoundsCanvas*>(&canvas) == nullptr;
 }
 
-TEST(InstrumentWidget, KeepsTheFaceUntilSomethingChanges) {
+class CountedInstrument : public InstrumentWidget {
+public:
+    using InstrumentWidget::InstrumentWidget;
     int faces = 0;
-    int hands = 0;
-    const auto draw_hands = [&](Canvas& canvas, Rect) {
+    mutable int hands = 0;
+    std::size_t position = 0;
+    Rect seen; // of the face
+
+protected:
+    void draw_face(Canvas&, Rect bounds) override {
+        ++faces;
+        seen = bounds;
+    }
+    void draw_hands(Canvas& canvas, Rect bounds) const override {
         hands += is_painted(canvas) ? 1 : 0;
-    };
-    InstrumentWidget widget([&](Canvas&, Rect) { ++faces; }, draw_hands);
+        Path line;
+        line.add_line(bounds.center(), {position == 0 ? 10.0 : 190.0, 150});
+        canvas.stroke(line, ColorRole::red, 2, Shadow::soft);
+    }
+    [[nodiscard]] std::size_t hand_position() const override { return position; }
+};
+
+TEST(InstrumentWidget, KeepsTheFaceUntilSomethingChanges) {
+    CountedInstrument widget;
     const auto expect_after_paint = [&](int expected_faces, int expected_hands) {
         static_cast<void>(widget.grab()); // only the painting is wanted
-        EXPECT_EQ(faces, expected_faces);
-        EXPECT_EQ(hands, expected_hands);
+        EXPECT_EQ(widget.faces, expected_faces);
+        EXPECT_EQ(widget.hands, expected_hands);
     };
     widget.resize(200, 200);
     expect_after_paint(1, 1);
@@ -308,33 +325,24 @@ int largest_difference(const QImage& one, const QImage& other) {
 }
 
 TEST(InstrumentWidget, KeptHandPicturesLookLikePaintedHands) {
-    std::size_t position = 0;
-    int hands = 0;
-    const auto draw_hands = [&](Canvas& canvas, Rect bounds) {
-        hands += is_painted(canvas) ? 1 : 0;
-        Path line;
-        line.add_line(bounds.center(), {position == 0 ? 10.0 : 190.0, 150});
-        canvas.stroke(line, ColorRole::red, 2, Shadow::soft);
-    };
-    InstrumentWidget plain([](Canvas&, Rect) {}, draw_hands);
-    InstrumentWidget kept([](Canvas&, Rect) {}, draw_hands);
-    kept.keep_hand_pictures(2, [&position] { return position; });
+    CountedInstrument plain;
+    CountedInstrument kept(nullptr, 2);
     for (auto* widget : {&plain, &kept}) {
         widget->resize(200, 200);
         widget->show(); // a hidden widget is told its size before every grab, which counts as a change
     }
     for (const std::size_t now : {0U, 1U, 0U, 1U}) {
-        position = now;
+        plain.position = kept.position = now;
         kept.redraw_hands();
         EXPECT_LE(largest_difference(kept.grab().toImage(), plain.grab().toImage()), 4);
     }
-    hands = 0;
+    kept.hands = 0;
     static_cast<void>(kept.grab()); // both positions are known by now
-    EXPECT_EQ(hands, 0);
+    EXPECT_EQ(kept.hands, 0);
 }
 
 TEST(InstrumentWidget, ShowsScreenReadersAPictureWithItsValue) {
-    InstrumentWidget widget([](Canvas&, Rect) {}, [](Canvas&, Rect) {});
+    CountedInstrument widget;
     widget.setAccessibleName(QStringLiteral("Meter"));
     widget.set_value_text(QStringLiteral("12 ms fast"));
     const auto* accessible = QAccessible::queryAccessibleInterface(&widget);
@@ -345,11 +353,10 @@ TEST(InstrumentWidget, ShowsScreenReadersAPictureWithItsValue) {
 }
 
 TEST(InstrumentWidget, MagnifiesLargeDials) {
-    Rect seen;
-    InstrumentWidget widget([&](Canvas&, Rect bounds) { seen = bounds; }, [](Canvas&, Rect) {});
+    CountedInstrument widget;
     widget.resize(480, 480);
     static_cast<void>(widget.grab()); // only the painting is wanted
-    EXPECT_EQ(seen, (Rect{0, 0, 240, 240}));
+    EXPECT_EQ(widget.seen, (Rect{0, 0, 240, 240}));
 }
 
 } // namespace

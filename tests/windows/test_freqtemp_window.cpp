@@ -6,6 +6,7 @@
 #include "qt/qt_canvas.h"
 #include "settings/settings_catalogue.h"
 #include "support/freqtemp_parts.h"
+#include "support/kept_plots.h"
 #include "support/keyboard.h"
 
 #include <gtest/gtest.h>
@@ -37,23 +38,17 @@ struct FreqTempWindowTest : ::testing::Test {
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
     testing::FreqTempFakes fakes;
-    std::string exported;
+    testing::KeptPlots plots;
     std::unique_ptr<FreqTempWindow> window;
     std::unique_ptr<SensorInspector> inspector;
 
     void SetUp() override { fakes.sensors.readings = {{"cpu", "Package & cores", 45}, {"disk", "", 30}}; }
 
     void open() {
-        window = std::make_unique<FreqTempWindow>(FreqTempWindowParts{
-            .session = fakes.parts(),
-            .settings = settings,
-            .exports = {.queue = fakes.queue,
-                        .main_thread = fakes.main_thread,
-                        .write_picture = write_picture,
-                        .write_text = [this](const std::string&, std::string_view bytes, std::string&) {
-                            exported = bytes;
-                            return 0;
-                        }}});
+        window = std::make_unique<FreqTempWindow>(
+            FreqTempWindowParts{.session = fakes.parts(),
+                                .settings = settings,
+                                .exports = {.queue = fakes.queue, .main_thread = fakes.main_thread, .writer = plots}});
         window->windowDidLoad();
         window->show();
     }
@@ -164,7 +159,7 @@ TEST_F(FreqTempWindowTest, MenuShowsWhatIsDrawn) {
     EXPECT_FALSE(find<QLabel>("legend")->text().contains(QStringLiteral("cores")));
     window->exports().export_to(QStringLiteral("a.csv"));
     fakes.settle();
-    EXPECT_EQ(exported, "temperature,frequency,sensor\n30,-10,disk\n") << "what is shown";
+    EXPECT_EQ(plots.table, "temperature,frequency,sensor\n30,-10,disk\n") << "what is shown";
 }
 
 TEST_F(FreqTempWindowTest, ClearAsksFirst) {

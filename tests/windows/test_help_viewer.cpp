@@ -41,12 +41,10 @@ struct HelpViewerTest : testing::WindowTest<HelpViewer> {
             long_text += "line " + std::to_string(line) + "\n\n";
         write("faq.md", "# Questions\n\n" + long_text + "## Second part\n\nNeedles are here\n\n" + long_text);
         execute.answer("mandoc", "<p>By hand, see <b>chronyd(8)</b>.</p><img src=\"file:///etc/hostname\">");
-        window = std::make_unique<HelpViewer>(HelpViewerParts{.pages = std::make_shared<HelpPages>(sources()),
-                                                              .queue = queue,
-                                                              .main_thread = main_thread,
-                                                              .open_address = [this](const QString& address) {
-                                                                  opened << address;
-                                                              }});
+        window = std::make_unique<HelpViewer>(HelpViewerParts{
+            .pages = std::make_shared<HelpPages>(sources()), .queue = queue, .main_thread = main_thread});
+        QObject::connect(window.get(), &HelpViewer::address_requested, window.get(),
+                         [this](const QString& address) { opened << address; });
         window->show();
         open("first-use");
     }

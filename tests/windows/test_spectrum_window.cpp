@@ -3,6 +3,7 @@
 #include "gui/spectrum/spectrum_words.h"
 #include "qt/picture_file.h"
 #include "settings/settings_catalogue.h"
+#include "support/kept_plots.h"
 #include "support/memory_stores.h"
 #include "support/window_test.h"
 
@@ -28,7 +29,7 @@ struct SpectrumWindowTest : testing::WindowTest<SpectrumWindow> {
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
     TrackingRecords records;
-    bool log_is_open = true;
+    testing::KeptPlots plots;
     QTemporaryDir folder;
 
     void SetUp() override {
@@ -40,20 +41,12 @@ struct SpectrumWindowTest : testing::WindowTest<SpectrumWindow> {
     }
 
     void open() {
-        window = std::make_unique<SpectrumWindow>(SpectrumWindowParts{
-            .settings = settings,
-            .queue = queue,
-            .main_thread = main_thread,
-            .exports = {.queue = queue,
-                        .main_thread = main_thread,
-                        .write_picture = write_picture,
-                        .write_text = [](const std::string& path, std::string_view bytes, std::string& sentence) {
-                            std::ofstream file(path);
-                            file << bytes << std::flush;
-                            sentence = file ? "" : "The table cannot be written.";
-                            return file ? 0 : -1;
-                        }}});
-        window->set_source([this] { return log_is_open ? &records : nullptr; });
+        window = std::make_unique<SpectrumWindow>(
+            SpectrumWindowParts{.settings = settings,
+                                .queue = queue,
+                                .main_thread = main_thread,
+                                .exports = {.queue = queue, .main_thread = main_thread, .writer = plots}});
+        window->set_records(&records);
         window->windowDidLoad();
         window->show();
     }
@@ -110,14 +103,14 @@ TEST_F(SpectrumWindowTest, EveryControlComputes) {
 }
 
 TEST_F(SpectrumWindowTest, WithoutALogItSaysWhatToDoAndKeepsWhatItShows) {
-    log_is_open = false;
+    window->set_records(nullptr);
     compute();
     EXPECT_EQ(queue.waiting(), 0U);
     EXPECT_EQ(chart()->accessibleDescription(), QStringLiteral("Open a tracking log to see its spectrum"));
-    log_is_open = true;
+    window->set_records(&records);
     compute();
     const auto shown = chart()->view().spectrum();
-    log_is_open = false;
+    window->set_records(nullptr);
     compute();
     EXPECT_EQ(chart()->view().spectrum(), shown);
     EXPECT_TRUE(status().contains(QStringLiteral("No tracking log is open"))) << status().toStdString();
@@ -221,11 +214,11 @@ TEST_F(SpectrumWindowTest, ExportsPicturesAndTheTable) {
     EXPECT_EQ(picture.width(), chart()->width());
     EXPECT_GT(picture.height(), chart()->height()) << "with a caption";
     export_to("a.csv");
-    std::ifstream table(folder.filePath(QStringLiteral("a.csv")).toStdString());
-    EXPECT_EQ(std::count(std::istreambuf_iterator<char>(table), {}, '\n'), 257);
+    EXPECT_EQ(std::ranges::count(plots.table, '\n'), 257);
     EXPECT_TRUE(status().startsWith(QStringLiteral("Exported"))) << status().toStdString();
-    export_to("no/such.csv");
-    EXPECT_EQ(status(), QStringLiteral("The table cannot be written."));
+    plots.is_full = true;
+    export_to("b.csv");
+    EXPECT_EQ(status(), QStringLiteral("The disk is full."));
     window->findChild<QAction*>(QStringLiteral("copy_picture"))->trigger();
     EXPECT_EQ(QApplication::clipboard()->image().convertToFormat(picture.format()), picture) << "one and the same";
 }

@@ -6,6 +6,7 @@
 #include "qt/qt_main_thread.h"
 #include "settings/settings_catalogue.h"
 #include "support/fake_followed_files.h"
+#include "support/kept_plots.h"
 #include "support/manual_timer.h"
 #include "support/memory_stores.h"
 #include "support/recording_canvas.h"
@@ -68,6 +69,19 @@ private:
     FollowedFiles& m_files;
 };
 
+// Keeps the texts of a picture.
+struct KeptTexts : testing::KeptPlots {
+    Result<> write_picture(const std::string& file, const PictureFormat& format,
+                           const RecordedDrawing& drawing) override {
+        testing::RecordingCanvas canvas;
+        drawing.replay(canvas);
+        table = fmt::format("{} {}x{}\n", file, format.width, format.height);
+        for (const auto& text : canvas.texts)
+            table += text.text + '\n';
+        return {};
+    }
+};
+
 struct TrackingWindowTest : ::testing::Test {
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
@@ -77,9 +91,9 @@ struct TrackingWindowTest : ::testing::Test {
     GuardedFiles guarded{files};
     SerialQueue queue{"net.brisklane.test"};
     SerialQueue export_queue{"net.brisklane.test"};
-    bool spectrum = false;
+    PreferencesAdvanced preferences;
     int blocks = 0;
-    std::string written;
+    KeptTexts plots;
     TrackingLogSetting setting = TrackingLogSetting::unknown;
     std::unique_ptr<TrackingWindow> window;
 
@@ -90,51 +104,31 @@ struct TrackingWindowTest : ::testing::Test {
     }
 
     void open(const char* path = "tracking.log", bool live = false) {
-        window = std::make_unique<TrackingWindow>(TrackingWindowParts{
-            .settings = settings,
-            .main_thread = main_thread,
-            .timer = timer,
-            .files = guarded,
-            .lend_queue = [this] { return std::shared_ptr<DispatchQueueSerial>(&queue, [](auto*) {}); },
-            .spectrum_enabled = [this] { return spectrum; },
-            .show_spectrum = [] {},
-            .exports = {.queue = export_queue,
-                        .main_thread = main_thread,
-                        .write_picture = [this](const std::string& file, const PictureFormat& format, const auto& draw,
-                                                std::string&) { return keep_picture(file, format, draw); },
-                        .write_text =
-                            [this](const std::string&, std::string_view bytes, std::string&) {
-                                written = bytes;
-                                return 0;
-                            }},
-            .ask_log_setting =
-                [this](const auto& done) {
-                    done({setting, "/etc/chrony.conf"});
-                },
-            .make_log_readable =
-                [this](const auto& done) {
-                    guarded.found = FollowedFiles::Found::file;
-                    done(true, "");
-                },
-            .now = [] { return end_of_log; },
-            .log_timing = {.wait = [](auto& condition, auto& lock, auto) {
-                condition.wait_for(lock, std::chrono::milliseconds(1));
-            }}});
+        window = std::make_unique<TrackingWindow>(
+            TrackingWindowParts{.settings = settings,
+                                .main_thread = main_thread,
+                                .timer = timer,
+                                .files = guarded,
+                                .queue = std::shared_ptr<DispatchQueueSerial>(&queue, [](auto*) {}),
+                                .preferences = preferences,
+                                .exports = {.queue = export_queue, .main_thread = main_thread, .writer = plots},
+                                .can_make_log_readable = true,
+                                .now = [] { return end_of_log; },
+                                .log_timing = {.wait = [](auto& condition, auto& lock, auto) {
+                                    condition.wait_for(lock, std::chrono::milliseconds(1));
+                                }}});
         QObject::connect(window.get(), &TrackingWindow::block_arrived, [this] { ++blocks; });
+        QObject::connect(window.get(), &TrackingWindow::log_setting_requested, window.get(), [this] {
+            window->show_log_setting({setting, "/etc/chrony.conf"});
+        });
+        QObject::connect(window.get(), &TrackingWindow::log_readable_requested, window.get(), [this] {
+            guarded.found = FollowedFiles::Found::file;
+            window->show_log_readable(true, {});
+        });
         window->windowDidLoad();
         window->set_log(QString::fromUtf8(path), live);
         window->resize(1000, 560);
         window->show();
-    }
-
-    int keep_picture(const std::string& file, const PictureFormat& format,
-                     const std::function<void(Canvas&, Rect)>& draw) {
-        testing::RecordingCanvas canvas;
-        draw(canvas, {0, 0, static_cast<double>(format.width), static_cast<double>(format.height)});
-        written = fmt::format("{} {}x{}\n", file, format.width, format.height);
-        for (const auto& text : canvas.texts)
-            written += text.text + '\n';
-        return 0;
     }
 
     // What the export handed over to be written.
@@ -142,7 +136,7 @@ struct TrackingWindowTest : ::testing::Test {
         window->exports().export_to(QLatin1String(file));
         EXPECT_EQ(window->statusBar()->currentMessage(), QStringLiteral("Exporting…"));
         EXPECT_TRUE(eventually([this] { return window->statusBar()->currentMessage().startsWith(u"Exported"); }));
-        return written;
+        return plots.table;
     }
 
     // Lets the reader and the main thread work until it is so.
@@ -176,7 +170,7 @@ TEST_F(TrackingWindowTest, FinishedLogIsReadAndStandsStill) {
     EXPECT_NE(find<QLabel>("startDate")->text(), find<QLabel>("endDate")->text());
     EXPECT_FALSE(find<QWidget>("loadingLog")->isVisible());
     EXPECT_FALSE(find<QWidget>("showSpectrum")->isVisible());
-    spectrum = true;
+    preferences.spectrum = true;
     window->update_spectrum_button();
     EXPECT_TRUE(find<QWidget>("showSpectrum")->isVisible());
 }

@@ -1,8 +1,8 @@
 #include "gui/common/plot_export.h"
 
 #include "draw/recorded_drawing.h"
+#include "qt/in_words.h"
 #include "qt/qt_canvas.h"
-#include "qt/spoken.h"
 
 #include <QAbstractScrollArea>
 #include <QAction>
@@ -35,22 +35,13 @@ bool ends_in(const QString& path, const char* suffix) {
 
 } // namespace
 
-struct PlotExport::Shared {
-    PlotExport* exports = nullptr; // null: the window has gone
-};
-
-PlotExport::PlotExport(QWidget* window, PlotExportParts parts, ExportedPlot plot)
-    : m_window(window), m_parts(std::move(parts)), m_plot(std::move(plot)),
-      m_shared(std::make_shared<Shared>(Shared{this})) {
-    m_plot.widget->setContextMenuPolicy(Qt::ActionsContextMenu);
+PlotExport::PlotExport(QWidget* window, QWidget* widget, ExportedPlot& plot, const PlotExportParts& parts)
+    : m_window(window), m_widget(widget), m_plot(plot), m_parts(parts), m_background(parts.main_thread) {
+    m_widget->setContextMenuPolicy(Qt::ActionsContextMenu);
     //: plot windows: menu item, the plot goes to the clipboard
     m_copy = add_action("copy_picture", Texts::tr("&Copy Picture"), QKeySequence::Copy, &PlotExport::copy_picture);
     //: plot windows: menu item, the plot or its numbers go to a file
     m_export = add_action("export_action", Texts::tr("E&xport…"), QKeySequence::Save, &PlotExport::ask_for_file);
-}
-
-PlotExport::~PlotExport() {
-    m_shared->exports = nullptr;
 }
 
 QAction* PlotExport::add_action(const char* name, const QString& text, const QKeySequence& keys,
@@ -61,7 +52,7 @@ QAction* PlotExport::add_action(const char* name, const QString& text, const QKe
     action->setShortcutVisibleInContextMenu(true);
     connect(action, &QAction::triggered, this, slot);
     m_window->addAction(action);
-    m_plot.widget->addAction(action);
+    m_widget->addAction(action);
     return action;
 }
 
@@ -77,18 +68,18 @@ struct PlotExport::Picture {
 };
 
 PlotExport::Picture PlotExport::picture() const {
-    const QSize plot = surface_of(m_plot.widget)->size();
-    const PlotCaption caption = m_plot.caption();
+    const QSize plot = surface_of(m_widget)->size();
+    const PlotCaption caption = m_plot.plot_caption();
     const QSize all(plot.width(), plot.height() + static_cast<int>(std::ceil(caption_height(caption, plot.width()))));
     const Rect bounds{0, 0, static_cast<double>(all.width()), static_cast<double>(all.height())};
-    return {all, CanvasColors::from_palette(m_plot.widget->palette()),
-            [draw = m_plot.draw, caption, bounds](Canvas& canvas) {
-                draw_captioned(canvas, bounds, caption, draw);
+    return {all, CanvasColors::from_palette(m_widget->palette()), [this, caption, bounds](Canvas& canvas) {
+                draw_captioned(canvas, bounds, caption,
+                               [this](Canvas& plain, Rect area) { m_plot.draw_plot(plain, area); });
             }};
 }
 
 void PlotExport::copy_picture() {
-    const double scale = m_plot.widget->devicePixelRatioF();
+    const double scale = m_widget->devicePixelRatioF();
     const Picture wanted = picture();
     QImage image(wanted.size * scale, QImage::Format_RGB32);
     image.setDevicePixelRatio(scale);
@@ -99,7 +90,7 @@ void PlotExport::copy_picture() {
     painter.end();
     QGuiApplication::clipboard()->setImage(image);
     //: plot windows: said after the plot was copied
-    m_plot.tell(Texts::tr("The picture is on the clipboard."));
+    Q_EMIT said(Texts::tr("The picture is on the clipboard."));
 }
 
 void PlotExport::ask_for_file() {
@@ -128,7 +119,17 @@ void PlotExport::export_to(const QString& path) {
         export_picture(path);
     else
         //: plot windows: said when the chosen file's name says nothing about its kind
-        m_plot.tell(Texts::tr("The file's name must end in .png, .svg or .csv."));
+        Q_EMIT said(Texts::tr("The file's name must end in .png, .svg or .csv."));
+}
+
+template <class Write>
+void PlotExport::run(const QString& path, Write write) {
+    //: plot windows: said while an export is under way
+    Q_EMIT said(Texts::tr("Exporting…"));
+    m_background.start(m_parts.queue, std::move(write), [this, path](const Result<>& done) {
+        //: plot windows: said after an export; %1 is a file
+        Q_EMIT said(done ? Texts::tr("Exported to %1.").arg(path) : in_words(done.error()));
+    });
 }
 
 void PlotExport::export_picture(const QString& path) {
@@ -137,51 +138,31 @@ void PlotExport::export_picture(const QString& path) {
     const auto drawing = std::make_shared<RecordedDrawing>(
         format.scale, [colors = format.colors](const Color& line) { return colors.readable(line); });
     wanted.draw(*drawing);
-    run(path, [write = m_parts.write_picture, file = path.toStdString(), format, drawing](std::string& sentence) {
-        return write(
-            file, format, [&](Canvas& canvas, Rect) { drawing->replay(canvas); }, sentence);
+    run(path, [&writer = m_parts.writer, file = path.toStdString(), format, drawing] {
+        return writer.write_picture(file, format, *drawing);
     });
 }
 
 void PlotExport::export_table(const QString& path) {
-    take(std::make_shared<PlotTable>(m_plot.table()), path);
+    take(m_plot.plot_table(), path);
 }
 
 void PlotExport::take(const std::shared_ptr<PlotTable>& table, const QString& path) {
     switch (table->take_slice()) {
     case Taking::more:
         //: plot windows: said while an export is under way
-        m_plot.tell(Texts::tr("Exporting…"));
-        m_parts.main_thread.main_async([shared = m_shared, table, path] {
-            if (shared->exports)
-                shared->exports->take(table, path);
-        });
+        Q_EMIT said(Texts::tr("Exporting…"));
+        m_parts.main_thread.main_async(m_background.if_alive([this, table, path] { take(table, path); }));
         return;
     case Taking::all:
-        run(path, [write = m_parts.write_text, file = path.toStdString(), csv = table->csv](std::string& sentence) {
-            return write(file, csv(), sentence);
+        run(path, [&writer = m_parts.writer, file = path.toStdString(), table] {
+            return writer.write_table(file, table->csv());
         });
         return;
     case Taking::lost:
         //: plot windows: said when the data changed from under an export
-        m_plot.tell(Texts::tr("The data changed meanwhile; export again."));
+        Q_EMIT said(Texts::tr("The data changed meanwhile; export again."));
     }
-}
-
-void PlotExport::run(const QString& path, std::function<int(std::string& sentence)> write) {
-    //: plot windows: said while an export is under way
-    m_plot.tell(Texts::tr("Exporting…"));
-    m_parts.queue.async([shared = m_shared, &main_thread = m_parts.main_thread, path, write = std::move(write)] {
-        std::string sentence;
-        const int result = write(sentence);
-        main_thread.main_async([shared, path, sentence, result] {
-            if (shared->exports)
-                shared->exports->m_plot.tell(result == 0
-                                                 //: plot windows: said after an export; %1 is a file
-                                                 ? Texts::tr("Exported to %1.").arg(path)
-                                                 : spoken(sentence));
-        });
-    });
 }
 
 } // namespace tickervantage

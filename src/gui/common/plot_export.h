@@ -9,7 +9,8 @@
 // Main thread only. The parts outlive the window, and the main thread outlives the queue.
 #pragma once
 
-#include "base/dispatch.h"
+#include "base/background.h"
+#include "base/failure.h"
 #include "draw/canvas.h"
 #include "draw/plots/plot_caption.h"
 #include "qt/picture_file.h"
@@ -17,7 +18,6 @@
 #include <QObject>
 #include <QString>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -27,41 +27,54 @@ class QWidget;
 
 namespace tickervantage {
 
-// What exports work with, the same for all windows. The two functions replace a file and are called on the queue: 0, or
-// -1 and one sentence. They are handed in, because whoever links the first loads the SVG library.
+class RecordedDrawing;
+
+// Replaces files, on the queue. Handed in, because whoever links what writes pictures loads the SVG library.
+class PlotWriter {
+public:
+    virtual ~PlotWriter() = default;
+    [[nodiscard]] virtual Result<> write_picture(const std::string& path, const PictureFormat& format,
+                                                 const RecordedDrawing& drawing) = 0;
+    [[nodiscard]] virtual Result<> write_table(const std::string& path, std::string_view csv) = 0;
+};
+
+// What exports work with, the same for all windows.
 struct PlotExportParts {
     DispatchQueueSerial& queue;
     MainThread& main_thread;
-    std::function<int(const std::string& path, const PictureFormat& format,
-                      const std::function<void(Canvas&, Rect)>& draw, std::string& sentence)>
-        write_picture;
-    std::function<int(const std::string& path, std::string_view bytes, std::string& sentence)> write_text;
+    PlotWriter& writer;
 };
 
 enum class Taking : unsigned char { more, all, lost }; // lost: what was being taken is no longer there
 
 // The numbers behind a plot, on their way to a file.
-struct PlotTable {
-    std::function<Taking()> take_slice; // some milliseconds of work on the main thread, until it does not say `more`
-    std::function<std::string()> csv;   // on the queue, afterwards; must hold all that it needs
+class PlotTable {
+public:
+    virtual ~PlotTable() = default;
+    // Some milliseconds of work on the main thread, until it does not say `more`.
+    [[nodiscard]] virtual Taking take_slice() { return Taking::all; }
+    // On the queue, afterwards: from what this object holds.
+    [[nodiscard]] virtual std::string csv() const = 0;
 };
 
-// What a window says about its plot. Called while the window lives.
-struct ExportedPlot {
-    QWidget* widget = nullptr;                 // gives size and palette, and gets the commands as its context menu
-    std::function<void(Canvas&, Rect)> draw;   // as on the screen, without what follows the pointer
-    std::function<PlotCaption()> caption = {}; // makes the picture so much higher than the widget
-    std::function<PlotTable()> table;          // starts anew with every call
-    std::function<void(const QString&)> tell;  // one sentence for the window's status line
+// What a window says about its plot; called while the window lives.
+class ExportedPlot {
+public:
+    virtual ~ExportedPlot() = default;
+    // As on the screen, without what follows the pointer.
+    virtual void draw_plot(Canvas& canvas, Rect bounds) const = 0;
+    // Makes the picture so much higher than the widget.
+    [[nodiscard]] virtual PlotCaption plot_caption() const = 0;
+    [[nodiscard]] virtual std::shared_ptr<PlotTable> plot_table() = 0;
 };
 
 class PlotExport : public QObject {
     Q_OBJECT
 
 public:
-    // Gives the window and the plot's widget the two commands, called "copy_picture" and "export_action".
-    PlotExport(QWidget* window, PlotExportParts parts, ExportedPlot plot);
-    ~PlotExport() override;
+    // Gives the window and the plot's widget the two commands, called "copy_picture" and "export_action". The widget
+    // gives size and palette, and gets the commands as its context menu.
+    PlotExport(QWidget* window, QWidget* widget, ExportedPlot& plot, const PlotExportParts& parts);
 
     void set_enabled(bool enabled); // without a plot there is nothing to export
 
@@ -71,23 +84,26 @@ public:
     // By the suffix: .png and .svg the plot as it is shown, .csv its numbers.
     void export_to(const QString& path);
 
-private:
-    struct Shared;
+Q_SIGNALS:
+    void said(const QString& sentence); // for the window's status line
 
+private:
     QAction* add_action(const char* name, const QString& text, const QKeySequence& keys, void (PlotExport::*slot)());
     struct Picture;
     [[nodiscard]] Picture picture() const;
     void export_picture(const QString& path);
     void export_table(const QString& path);
     void take(const std::shared_ptr<PlotTable>& table, const QString& path);
-    void run(const QString& path, std::function<int(std::string& sentence)> write);
+    template <class Write>
+    void run(const QString& path, Write write);
 
     QWidget* m_window;
+    QWidget* m_widget;
+    ExportedPlot& m_plot;
     PlotExportParts m_parts;
-    ExportedPlot m_plot;
     QAction* m_copy = nullptr;
     QAction* m_export = nullptr;
-    std::shared_ptr<Shared> m_shared; // work on its way back finds out through it that the window has gone
+    Background m_background;
 };
 
 } // namespace tickervantage

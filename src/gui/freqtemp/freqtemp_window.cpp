@@ -39,17 +39,12 @@ FreqTempWindow::~FreqTempWindow() {
 }
 
 void FreqTempWindow::build_exports() {
-    m_exports = std::make_unique<PlotExport>(
-        this, m_parts.exports,
-        ExportedPlot{
-            .widget = m_controls.m_scatterplot,
-            .draw = [this](Canvas& canvas, Rect bounds) { m_controls.m_scatterplot->view().draw(canvas, bounds); },
-            .caption = [this] { return caption(); },
-            .table = [this] { return shown_points(); },
-            .tell =
-                [this](const QString& sentence) {
-                    say(sentence);
-                }});
+    m_exports = std::make_unique<PlotExport>(this, m_controls.m_scatterplot, *this, m_parts.exports);
+    connect(m_exports.get(), &PlotExport::said, this, &FreqTempWindow::say);
+}
+
+void FreqTempWindow::draw_plot(Canvas& canvas, Rect bounds) const {
+    m_controls.m_scatterplot->view().draw(canvas, bounds);
 }
 
 void FreqTempWindow::connect_controls() {
@@ -67,12 +62,7 @@ void FreqTempWindow::windowDidLoad() {
     if (m_session)
         return;
     const FreqTempSettings settings = FreqTempSettings::load(m_parts.settings);
-    m_session = std::make_unique<FreqTempSession>(m_parts.session, settings,
-                                                  FreqTempEvents{.ready = [this] { fill_menu(); },
-                                                                 .changed =
-                                                                     [this] {
-                                                                         session_changed();
-                                                                     }});
+    m_session = std::make_unique<FreqTempSession>(m_parts.session, settings, *this);
     show_settings(settings);
     fill_menu();
     session_changed();
@@ -87,6 +77,10 @@ void FreqTempWindow::show_settings(const FreqTempSettings& settings) {
     const QSignalBlocker quiet(m_controls.m_maxsamples);
     m_controls.m_maxsamples->setValue(static_cast<int>(settings.max_samples));
     m_controls.m_order->setCurrentIndex(static_cast<int>(settings.regression_order));
+}
+
+void FreqTempWindow::session_ready() {
+    fill_menu();
 }
 
 // The menu's items have the numbers that the session gives them; the title and the line have no action.
@@ -187,30 +181,33 @@ void FreqTempWindow::clear() {
     box->open();
 }
 
-PlotCaption FreqTempWindow::caption() const {
+PlotCaption FreqTempWindow::plot_caption() const {
     if (!m_session)
         return {};
     return caption_of(m_controls.m_scatterplot->view(), SensorNames(m_session->menu().sensors()),
                       m_controls.m_order->currentText());
 }
 
-// Of the selected sensors. A copy of a map shares its points with the map.
-PlotTable FreqTempWindow::shown_points() const {
-    const auto shown = std::make_shared<ScatterMap>();
+// A copy of a map shares its points with the map.
+std::shared_ptr<PlotTable> FreqTempWindow::plot_table() {
+    struct Table : PlotTable {
+        ScatterMap shown;
+        [[nodiscard]] std::string csv() const override {
+            std::string text;
+            const auto append = [&text](std::string_view piece) {
+                text += piece;
+                return 0;
+            };
+            (void)write_scatter_csv(shown, append); // appending never says no
+            return text;
+        }
+    };
+    auto table = std::make_shared<Table>();
     if (m_session)
         for (const auto& [name, entry] : m_session->scatter())
             if (entry.selected)
-                (*shown)[name].points = entry.points;
-    return {[] { return Taking::all; },
-            [shown] {
-                std::string text;
-                const auto append = [&text](std::string_view piece) {
-                    text += piece;
-                    return 0;
-                };
-                (void)write_scatter_csv(*shown, append); // appending never says no
-                return text;
-            }};
+                table->shown[name].points = entry.points;
+    return table;
 }
 
 void FreqTempWindow::tell_inspector() {

@@ -27,7 +27,7 @@ struct FreqTempWindowParts {
     PlotExportParts exports;
 };
 
-class FreqTempWindow : public QMainWindow {
+class FreqTempWindow : public QMainWindow, public FreqTempListener, public ExportedPlot {
     Q_OBJECT
 
 public:
@@ -54,18 +54,20 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void session_ready() override;
+    void session_changed() override;
+    void draw_plot(Canvas& canvas, Rect bounds) const override;
+    [[nodiscard]] PlotCaption plot_caption() const override;
+    [[nodiscard]] std::shared_ptr<PlotTable> plot_table() override; // of the selected sensors
     void build_exports();
     void connect_controls();
     void show_settings(const FreqTempSettings& settings);
     void fill_menu();
     void show_marks();
-    void session_changed();
     void show_legend();
     void say(const QString& sentence); // stays until the next; a reading stands before it for a while
     void show_reading(const std::optional<FreqTempReading>& reading);
     void end_session();
-    [[nodiscard]] PlotCaption caption() const;
-    [[nodiscard]] PlotTable shown_points() const;
 
     FreqTempWindowParts m_parts;
     FreqTempControls m_controls;

@@ -71,15 +71,15 @@ void HelpViewer::build() {
     connect(m_contents, &HelpContents::wordsEdited, this, &HelpViewer::search);
 }
 
-QAction* HelpViewer::add_tool(const char* name, const QString& text, const QList<QKeySequence>& keys,
-                              const std::function<void()>& act) {
+template <class Slot>
+QAction* HelpViewer::add_tool(const char* name, const QString& text, const QList<QKeySequence>& keys, Slot slot) {
     auto* tools = findChild<QToolBar*>();
     QAction* action = tools->addAction(text);
     action->setObjectName(QLatin1String(name));
     action->setShortcuts(keys);
     action->setToolTip(text + QStringLiteral(" (") + action->shortcut().toString(QKeySequence::NativeText) +
                        QLatin1Char(')'));
-    connect(action, &QAction::triggered, this, act);
+    connect(action, &QAction::triggered, this, slot);
     return action;
 }
 
@@ -124,7 +124,7 @@ void HelpViewer::follow(const QUrl& link) {
     if (target.is_in_help)
         visit({target.topic != nullptr ? target.topic : m_shown, QString::fromStdString(target.place), 0});
     else if (link.scheme() == QLatin1String("https") || link.scheme() == QLatin1String("http"))
-        m_parts.open_address(link.toString());
+        Q_EMIT address_requested(link.toString());
 }
 
 void HelpViewer::visit(const Visit& where) {

@@ -13,7 +13,6 @@
 #include <QMainWindow>
 
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -31,7 +30,6 @@ struct HelpViewerParts {
     std::shared_ptr<const HelpPages> pages;
     DispatchQueueSerial& queue;
     MainThread& main_thread;
-    std::function<void(const QString& address)> open_address; // shows a page of the web in the browser
 };
 
 class HelpViewer : public QMainWindow {
@@ -46,6 +44,9 @@ public:
     // nothing.
     void open_page(const QString& name);
 
+Q_SIGNALS:
+    void address_requested(const QString& address); // of a page of the web
+
 protected:
     void changeEvent(QEvent* event) override;
 
@@ -59,8 +60,8 @@ private:
 
     void build();
     void build_tools();
-    QAction* add_tool(const char* name, const QString& text, const QList<QKeySequence>& keys,
-                      const std::function<void()>& act);
+    template <class Slot>
+    QAction* add_tool(const char* name, const QString& text, const QList<QKeySequence>& keys, Slot slot);
     void visit(const Visit& where);
     void follow(const QUrl& link);
     void step(int by);

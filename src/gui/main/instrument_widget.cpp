@@ -10,7 +10,6 @@
 #include <QPaintEvent>
 
 #include <algorithm>
-#include <utility>
 
 namespace tickervantage {
 
@@ -21,8 +20,8 @@ constexpr int SMALLEST_SIDE = 150;
 
 } // namespace
 
-InstrumentWidget::InstrumentWidget(Draw draw_face, Draw draw_hands, QWidget* parent)
-    : QWidget(parent), m_draw_face(std::move(draw_face)), m_draw_hands(std::move(draw_hands)) {
+InstrumentWidget::InstrumentWidget(QWidget* parent, std::size_t hand_positions)
+    : QWidget(parent), m_hand_pictures(hand_positions) {
     announce_as(this, QAccessible::Graphic);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
@@ -39,11 +38,6 @@ void InstrumentWidget::redraw_all() {
     m_face = {};
     m_hands = hands_area();
     update();
-}
-
-void InstrumentWidget::keep_hand_pictures(std::size_t count, std::function<std::size_t()> position) {
-    m_hand_pictures.assign(count, {});
-    m_position = std::move(position);
 }
 
 void InstrumentWidget::forget_hand_pictures() {
@@ -94,11 +88,20 @@ void InstrumentWidget::paintEvent(QPaintEvent* event) {
     paint_hands(painter);
 }
 
+template <class Draw>
+void InstrumentWidget::paint(QPainter& painter, const Draw& draw) const {
+    const double magnification = dial_magnification(std::min(width(), height()));
+    painter.scale(magnification, magnification);
+    const Rect bounds{0, 0, width() / magnification, height() / magnification};
+    QtCanvas canvas(painter, bounds.height, CanvasColors::from_palette(palette()));
+    draw(canvas, bounds);
+}
+
 // Painting a smooth line costs a good part of a millisecond, copying its picture a few microseconds.
 void InstrumentWidget::paint_hands(QPainter& painter) {
-    const std::size_t position = m_position ? m_position() : 0;
+    const std::size_t position = hand_position();
     if (position >= m_hand_pictures.size()) {
-        paint(painter, m_draw_hands);
+        paint(painter, [this](Canvas& canvas, Rect bounds) { draw_hands(canvas, bounds); });
         return;
     }
     HandPicture& kept = m_hand_pictures[position];
@@ -115,7 +118,7 @@ QPixmap InstrumentWidget::painted_hands(const QRect& area) const {
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.translate(-area.topLeft());
-    paint(painter, m_draw_hands);
+    paint(painter, [this](Canvas& canvas, Rect bounds) { draw_hands(canvas, bounds); });
     return picture;
 }
 
@@ -123,12 +126,12 @@ bool InstrumentWidget::face_is_current() const {
     return m_face.size() == size() * devicePixelRatioF() && m_face.devicePixelRatioF() == devicePixelRatioF();
 }
 
-QPixmap InstrumentWidget::painted_face() const {
+QPixmap InstrumentWidget::painted_face() {
     QPixmap face(size() * devicePixelRatioF());
     face.setDevicePixelRatio(devicePixelRatioF());
     face.fill(Qt::transparent);
     QPainter painter(&face);
-    paint(painter, m_draw_face);
+    paint(painter, [this](Canvas& canvas, Rect bounds) { draw_face(canvas, bounds); });
     return face;
 }
 
@@ -137,19 +140,11 @@ QRect InstrumentWidget::hands_area() const {
     const double magnification = dial_magnification(std::min(width(), height()));
     const Rect bounds{0, 0, width() / magnification, height() / magnification};
     BoundsCanvas canvas;
-    m_draw_hands(canvas, bounds);
+    draw_hands(canvas, bounds);
     const Rect box = canvas.bounds(shadow);
     return QRectF(box.x * magnification, (bounds.height - box.y - box.height) * magnification,
                   box.width * magnification, box.height * magnification)
         .toAlignedRect();
-}
-
-void InstrumentWidget::paint(QPainter& painter, const Draw& draw) const {
-    const double magnification = dial_magnification(std::min(width(), height()));
-    painter.scale(magnification, magnification);
-    const Rect bounds{0, 0, width() / magnification, height() / magnification};
-    QtCanvas canvas(painter, bounds.height, CanvasColors::from_palette(palette()));
-    draw(canvas, bounds);
 }
 
 } // namespace tickervantage

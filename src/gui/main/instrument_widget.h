@@ -2,7 +2,7 @@
 //
 // The face is painted once and kept as a picture until the size, the screen's density or the colours change or the
 // owner asks; a redraw paints the needles over it, and only where they are and were. Large dials are magnified as a
-// whole. Main thread. The draw functions are called while painting and must stay valid as long as the widget lives.
+// whole. Main thread.
 #pragma once
 
 #include "draw/canvas.h"
@@ -10,7 +10,6 @@
 #include <QPixmap>
 #include <QWidget>
 
-#include <functional>
 #include <vector>
 
 class QPainter;
@@ -20,16 +19,12 @@ namespace tickervantage {
 class InstrumentWidget : public QWidget {
     Q_OBJECT
 public:
-    using Draw = std::function<void(Canvas&, Rect)>;
-
-    InstrumentWidget(Draw draw_face, Draw draw_hands, QWidget* parent = nullptr);
+    // Of needles that only stand in `hand_positions` places, such as a second hand, the picture of each is painted once
+    // and kept. 0: they may stand anywhere.
+    explicit InstrumentWidget(QWidget* parent = nullptr, std::size_t hand_positions = 0);
 
     void redraw_hands(); // as the clock does every second
     void redraw_all();   // also the face, as when the meter's scale changed
-
-    // For needles that only stand in so many positions, such as a second hand: the picture of each is painted once and
-    // kept. `position` tells, from 0 to count - 1, where they stand now.
-    void keep_hand_pictures(std::size_t count, std::function<std::size_t()> position);
 
     // What the instrument shows, in words, for screen readers. They are told when it changes, so a clock's owner
     // should not set it every second.
@@ -41,22 +36,26 @@ public:
     [[nodiscard]] int heightForWidth(int width) const override { return width; }
 
 protected:
+    virtual void draw_face(Canvas& canvas, Rect bounds) = 0;
+    virtual void draw_hands(Canvas& canvas, Rect bounds) const = 0;
+    // In which of the places the needles stand now, from 0.
+    [[nodiscard]] virtual std::size_t hand_position() const { return 0; }
+
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    template <class Draw>
     void paint(QPainter& painter, const Draw& draw) const;
     [[nodiscard]] bool face_is_current() const;
-    [[nodiscard]] QPixmap painted_face() const;
+    [[nodiscard]] QPixmap painted_face();
 
     [[nodiscard]] QRect hands_area() const;
     void paint_hands(QPainter& painter);
     [[nodiscard]] QPixmap painted_hands(const QRect& area) const;
     void forget_hand_pictures();
 
-    Draw m_draw_face;
-    Draw m_draw_hands;
     QPixmap m_face; // null: to be painted
     QRect m_hands;  // where the needles stand on the screen
 
@@ -65,7 +64,6 @@ private:
         QPixmap picture; // null: to be painted
     };
     std::vector<HandPicture> m_hand_pictures; // by position; empty: none are kept
-    std::function<std::size_t()> m_position;
 };
 
 } // namespace tickervantage

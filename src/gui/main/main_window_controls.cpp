@@ -1,8 +1,9 @@
 #include "gui/main/main_window_controls.h"
 
 #include "chrony/reports/commands.h"
+#include "gui/main/clock_widget.h"
 #include "gui/main/command_output.h"
-#include "gui/main/instrument_widget.h"
+#include "gui/main/meter_widget.h"
 #include "gui/main/status_image.h"
 #include "qt/named_widget.h"
 #include "qt/text_scale.h"
@@ -181,7 +182,7 @@ QLayout* dashboard(const MainWindowControls& controls) {
     const int largest_dial = controls.localTime->fontMetrics().height() * 18;
     auto* grid = new QGridLayout;
     int column = 0;
-    for (auto* instrument : {controls.analogClock, controls.clockPerformance}) {
+    for (auto* instrument : std::initializer_list<QWidget*>{controls.analogClock, controls.clockPerformance}) {
         instrument->setMaximumSize(largest_dial, largest_dial);
         grid->addWidget(instrument, 0, column);
         grid->setColumnStretch(column++, 2);
@@ -248,14 +249,13 @@ void build_wrong_program(QWidget* central, MainWindowControls& controls) {
 
 } // namespace
 
-MainWindowControls build_main_window_controls(QWidget* central, InstrumentWidget* analog_clock,
-                                              InstrumentWidget* clock_performance) {
+MainWindowControls build_main_window_controls(QWidget* central, ClockPerformance& meter) {
     MainWindowControls controls;
     controls.standing_notice = build_banner(central);
     build_wrong_program(central, controls);
     //: main window: names of the two instruments
-    controls.analogClock = named(analog_clock, "analogClock", Texts::tr("Clock"));
-    controls.clockPerformance = named(clock_performance, "clockPerformance",
+    controls.analogClock = named(new ClockWidget(central), "analogClock", Texts::tr("Clock"));
+    controls.clockPerformance = named(new MeterWidget(meter, central), "clockPerformance",
                                       //: main window: name of the meter beside the clock
                                       Texts::tr("Performance meter"));
     build_readings(central, controls);

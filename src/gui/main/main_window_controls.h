@@ -14,8 +14,10 @@ class QWidget;
 
 namespace tickervantage {
 
+class ClockPerformance;
+class ClockWidget;
 class CommandOutput;
-class InstrumentWidget;
+class MeterWidget;
 class StatusImage;
 
 struct MainWindowControls {
@@ -23,9 +25,9 @@ struct MainWindowControls {
     QWidget* wrong_program = nullptr;  // the two below, shown while a program is not what its path says
     QLabel* wrong_program_words = nullptr;
     QPushButton* wrong_program_preferences = nullptr;
-    InstrumentWidget* analogClock = nullptr;
+    ClockWidget* analogClock = nullptr;
     QLabel* localTime = nullptr;
-    InstrumentWidget* clockPerformance = nullptr;
+    MeterWidget* clockPerformance = nullptr;
     QComboBox* meterSelect = nullptr;
     QLabel* meterValue = nullptr;
     std::array<StatusImage*, 3> status_images{}; // by chronydStatus
@@ -44,9 +46,7 @@ struct MainWindowControls {
     QLabel* m_status = nullptr;
 };
 
-// Makes the controls as children of `central` and lays them out in it. The instruments are made by the caller, who
-// knows what they draw.
-[[nodiscard]] MainWindowControls build_main_window_controls(QWidget* central, InstrumentWidget* analog_clock,
-                                                            InstrumentWidget* clock_performance);
+// Makes the controls as children of `central` and lays them out in it. The meter outlives them.
+[[nodiscard]] MainWindowControls build_main_window_controls(QWidget* central, ClockPerformance& meter);
 
 } // namespace tickervantage

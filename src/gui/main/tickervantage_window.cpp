@@ -1,8 +1,9 @@
 #include "gui/main/tickervantage_window.h"
 
+#include "gui/main/clock_widget.h"
 #include "gui/main/command_output.h"
-#include "gui/main/instrument_widget.h"
 #include "gui/main/local_time_text.h"
+#include "gui/main/meter_widget.h"
 #include "gui/main/status_image.h"
 #include "qt/local_number.h"
 #include "qt/spoken.h"
@@ -27,11 +28,6 @@ namespace {
 
 constexpr const char* frame_key = "frame_Tickervantage";
 
-ClockTime local_clock_time() {
-    const QTime now = QTime::currentTime();
-    return {now.hour(), now.minute(), now.second()};
-}
-
 QString from_std(const std::string& text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
@@ -39,22 +35,11 @@ QString from_std(const std::string& text) {
 } // namespace
 
 TickervantageWindow::TickervantageWindow(const StatusCycleParts& parts, StatusCycleOptions options)
-    : m_settings_store(parts.settings), m_clock_view(local_clock_time),
-      m_cycle(std::make_unique<StatusCycle>(*this, parts, std::move(options))) {
+    : m_settings_store(parts.settings), m_cycle(std::make_unique<StatusCycle>(*this, parts, std::move(options))) {
     setWindowTitle(QStringLiteral("Tickervantage"));
     setObjectName(QStringLiteral("TickervantageWindow"));
     auto* central = new QWidget(this);
-    auto* clock = new InstrumentWidget(
-        [this](Canvas& canvas, Rect bounds) {
-            m_clock_view.draw_face(canvas, bounds);
-            m_clock_view.draw_slow_hands(canvas, bounds);
-        },
-        [this](Canvas& canvas, Rect bounds) { m_clock_view.draw_second_hand(canvas, bounds); }, central);
-    clock->keep_hand_pictures(60, [] { return static_cast<std::size_t>(local_clock_time().second); });
-    auto* meter = new InstrumentWidget(
-        [this](Canvas& canvas, Rect bounds) { m_cycle->meter().draw_face(canvas, bounds); },
-        [this](Canvas& canvas, Rect bounds) { m_cycle->meter().draw_hands(canvas, bounds); }, central);
-    m_controls = build_main_window_controls(central, clock, meter);
+    m_controls = build_main_window_controls(central, m_cycle->meter());
     setCentralWidget(central);
     build_toolbar();
     connect_controls();
@@ -139,25 +124,14 @@ void TickervantageWindow::settings_changed() {
 }
 
 void TickervantageWindow::redraw_clock() {
-    // The slow hands are part of the kept picture: every ten seconds they are off by a pixel, or the clock was set.
-    constexpr int seconds_per_picture = 10;
-    const ClockTime now = local_clock_time();
-    const int picture = (now.hour * 3600 + now.minute * 60 + now.second) / seconds_per_picture;
-    if (std::exchange(m_clock_picture, picture) != picture)
-        m_controls.analogClock->redraw_all();
-    else
-        m_controls.analogClock->redraw_hands();
+    m_controls.analogClock->show_now();
     const QString time = local_time_text(QDateTime::currentDateTime(), locale());
     m_controls.localTime->setText(time);
     m_controls.analogClock->set_value_text(time);
 }
 
 void TickervantageWindow::redraw_meter() {
-    const std::string scale = m_cycle->meter().full_scale_text();
-    if (std::exchange(m_meter_scale, scale) != scale)
-        m_controls.clockPerformance->redraw_all(); // the labels changed with the scale
-    else
-        m_controls.clockPerformance->redraw_hands();
+    m_controls.clockPerformance->show_now();
 }
 
 void TickervantageWindow::show_meter_value(const std::string& text) {

@@ -3,7 +3,6 @@
 
 #include "chrony/status/status_cycle.h"
 #include "chrony/status/status_display.h"
-#include "draw/instruments/analog_clock_view.h"
 #include "gui/main/main_window_controls.h"
 
 #include <QMainWindow>
@@ -84,13 +83,10 @@ private:
     void set_output_font(const Font& font);
 
     DefaultSettings& m_settings_store;
-    AnalogClockView m_clock_view;
     std::unique_ptr<StatusCycle> m_cycle;
     MainWindowControls m_controls;
     QToolBar* m_toolbar = nullptr;
     std::optional<chronydStatus> m_shown_status;
-    std::string m_meter_scale; // that the meter's kept face is labelled for
-    int m_clock_picture = -1;  // which of the day's pictures of the clock's slow hands is kept
     QAction* m_gpsd_toolbar = nullptr;
     QString m_progress; // a job that is under way
 };

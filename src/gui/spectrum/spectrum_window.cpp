@@ -14,7 +14,6 @@
 #include <QPushButton>
 
 #include <algorithm>
-#include <atomic>
 #include <utility>
 
 namespace tickervantage {
@@ -32,20 +31,12 @@ struct SpectrumWindow::Answer {
 };
 
 struct SpectrumWindow::Gathering {
-    std::uint64_t number;
     SpectrumInput input; // all but the records
     ReachableRecords reachable;
 };
 
-// What an answer comes home to; it may outlive the window.
-struct SpectrumWindow::Shared {
-    std::atomic<std::uint64_t> latest{0}; // number of the newest request; the queue looks whether it still matters
-    SpectrumWindow* window = nullptr;     // main thread only
-};
-
 SpectrumWindow::SpectrumWindow(SpectrumWindowParts parts)
-    : m_parts(std::move(parts)), m_shared(std::make_shared<Shared>()) {
-    m_shared->window = this;
+    : m_parts(std::move(parts)), m_background(m_parts.main_thread) {
     setObjectName(QStringLiteral("SpectrumWindow"));
     //: spectrum window: title
     setWindowTitle(tr("Spectrum"));
@@ -57,33 +48,32 @@ SpectrumWindow::SpectrumWindow(SpectrumWindowParts parts)
 }
 
 SpectrumWindow::~SpectrumWindow() {
-    m_shared->window = nullptr;
-    ++m_shared->latest;
+    m_background.forget_newest(); // nobody waits for a transform that has not begun
 }
 
 void SpectrumWindow::build_exports() {
-    const auto table = [this] {
-        return PlotTable{[] { return Taking::all; },
-                         [spectrum = m_controls.m_spectrum->view().spectrum()] {
-                             return csv_of(*spectrum);
-                         }};
-    };
-    m_exports = std::make_unique<PlotExport>(
-        this, m_parts.exports,
-        ExportedPlot{
-            .widget = m_controls.m_spectrum,
-            .draw = [this](Canvas& canvas, Rect bounds) { m_controls.m_spectrum->view().draw(canvas, bounds); },
-            .caption =
-                [this] {
-                    const auto& spectrum = *m_controls.m_spectrum->view().spectrum();
-                    return caption_of(spectrum, title_of(spectrum.series));
-                },
-            .table = table,
-            .tell =
-                [this](const QString& sentence) {
-                    show_status(sentence);
-                }});
+    m_exports = std::make_unique<PlotExport>(this, m_controls.m_spectrum, *this, m_parts.exports);
+    connect(m_exports.get(), &PlotExport::said, this, &SpectrumWindow::show_status);
     m_exports->set_enabled(false);
+}
+
+void SpectrumWindow::draw_plot(Canvas& canvas, Rect bounds) const {
+    m_controls.m_spectrum->view().draw(canvas, bounds);
+}
+
+PlotCaption SpectrumWindow::plot_caption() const {
+    const auto& spectrum = *m_controls.m_spectrum->view().spectrum();
+    return caption_of(spectrum, title_of(spectrum.series));
+}
+
+std::shared_ptr<PlotTable> SpectrumWindow::plot_table() {
+    struct Table : PlotTable {
+        std::shared_ptr<const ComputedSpectrum> spectrum;
+        [[nodiscard]] std::string csv() const override { return csv_of(*spectrum); }
+    };
+    auto table = std::make_shared<Table>();
+    table->spectrum = m_controls.m_spectrum->view().spectrum();
+    return table;
 }
 
 void SpectrumWindow::connect_controls() {
@@ -117,19 +107,13 @@ void SpectrumWindow::save_settings() {
         save(m_parts.settings, settings::SPECTRUM_duration, *duration);
 }
 
-void SpectrumWindow::set_source(TrackingSource source) {
-    m_source = std::move(source);
+void SpectrumWindow::set_records(const TrackingRecords* records) {
+    m_records = records;
     update_empty_text();
 }
 
-void SpectrumWindow::changeEvent(QEvent* event) {
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange) // a tracking window may have come or gone
-        update_empty_text();
-}
-
 void SpectrumWindow::update_empty_text() {
-    const bool has_log = m_source && m_source() != nullptr;
+    const bool has_log = m_records != nullptr;
     //: spectrum window: shown in place of the chart while no tracking window is open
     const QString open_one = tr("Open a tracking log to see its spectrum");
     //: spectrum window: shown in place of the chart while a tracking window is open, before the first computation
@@ -140,10 +124,8 @@ void SpectrumWindow::update_empty_text() {
 }
 
 void SpectrumWindow::TrackingSelector() {
-    const TrackingRecords* records = m_source ? m_source() : nullptr;
-    update_empty_text();
-    if (records)
-        computeSpectrum(*records);
+    if (m_records)
+        computeSpectrum(*m_records);
     else if (m_controls.m_spectrum->view().spectrum())
         //: spectrum window: said below the chart when it cannot be computed anew
         show_status(tr("No tracking log is open; the chart shows the last spectrum."));
@@ -166,9 +148,9 @@ void SpectrumWindow::computeSpectrum(const TrackingRecords& records) {
         show_status(words_of(failure, m_controls.m_selector->currentText()));
         return;
     }
-    const std::uint64_t number = ++m_shared->latest;
-    m_gathering = std::make_unique<Gathering>(
-        Gathering{number, {series, *interval, count, {}}, ReachableRecords(records, series, count, *interval)});
+    m_background.forget_newest(); // what is being computed is stale
+    m_gathering = std::make_shared<Gathering>(
+        Gathering{{series, *interval, count, {}}, ReachableRecords(records, series, count, *interval)});
     gather(records);
 }
 
@@ -176,22 +158,20 @@ void SpectrumWindow::computeSpectrum(const TrackingRecords& records) {
 void SpectrumWindow::gather(const TrackingRecords& records) {
     if (m_gathering->reachable.read(records, RECORDS_IN_A_SLICE)) {
         m_gathering->input.records = m_gathering->reachable.take();
-        const auto gathered = std::exchange(m_gathering, nullptr);
-        transform(gathered->number, std::make_shared<SpectrumInput>(std::move(gathered->input)));
+        transform(std::move(std::exchange(m_gathering, nullptr)->input));
         return;
     }
     //: spectrum window: said while a long log is being read
     show_status(tr("Computing…"));
-    m_parts.main_thread.main_async([shared = m_shared, number = m_gathering->number] {
-        if (shared->latest == number && shared->window)
-            shared->window->gather_on();
-    });
+    m_parts.main_thread.main_async(m_background.if_alive([this, begun = m_gathering] {
+        if (begun == m_gathering) // else another one has been asked for meanwhile
+            gather_on();
+    }));
 }
 
 void SpectrumWindow::gather_on() {
-    const TrackingRecords* records = m_source ? m_source() : nullptr;
-    if (records && m_gathering->reachable.are_still_in(*records)) {
-        gather(*records);
+    if (m_records && m_gathering->reachable.are_still_in(*m_records)) {
+        gather(*m_records);
         return;
     }
     m_gathering.reset();
@@ -199,18 +179,16 @@ void SpectrumWindow::gather_on() {
     show_status(tr("The tracking log changed meanwhile; compute again."));
 }
 
-void SpectrumWindow::transform(std::uint64_t number, std::shared_ptr<const SpectrumInput> input) {
-    m_parts.queue.async([shared = m_shared, &main_thread = m_parts.main_thread, number, input = std::move(input)] {
-        if (shared->latest != number)
-            return;
-        auto answer = std::make_shared<Answer>();
-        answer->result = transform_spectrum(*input, *answer->spectrum, answer->failure);
-        answer->has_records = input->records.size() >= 2;
-        main_thread.main_async([shared, number, answer] {
-            if (shared->latest == number && shared->window)
-                shared->window->apply(*answer);
-        });
-    });
+void SpectrumWindow::transform(SpectrumInput input) {
+    m_background.start_newest(
+        m_parts.queue,
+        [input = std::move(input)] {
+            Answer answer;
+            answer.result = transform_spectrum(input, *answer.spectrum, answer.failure);
+            answer.has_records = input.records.size() >= 2;
+            return answer;
+        },
+        [this](const Answer& answer) { apply(answer); });
 }
 
 void SpectrumWindow::apply(const Answer& answer) {

@@ -9,7 +9,7 @@
 // dies.
 #pragma once
 
-#include "base/dispatch.h"
+#include "base/background.h"
 #include "gui/common/plot_export.h"
 #include "gui/spectrum/spectrum_controls.h"
 #include "settings/default_settings.h"
@@ -19,15 +19,10 @@
 
 #include <QMainWindow>
 
-#include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 
 namespace tickervantage {
-
-// The records of the open tracking window; null when none is open. Asked anew each time the event loop comes round.
-using TrackingSource = std::function<const TrackingRecords*()>;
 
 struct SpectrumWindowParts {
     DefaultSettings& settings;
@@ -36,7 +31,7 @@ struct SpectrumWindowParts {
     PlotExportParts exports;
 };
 
-class SpectrumWindow : public QMainWindow {
+class SpectrumWindow : public QMainWindow, public ExportedPlot {
     Q_OBJECT
 public:
     explicit SpectrumWindow(SpectrumWindowParts parts);
@@ -46,8 +41,8 @@ public:
 
     void windowDidLoad(); // once, before the window is shown
 
-    // Where the records come from from now on. Nothing is computed anew.
-    void set_source(TrackingSource source);
+    // The records of the open tracking window from now on; null when none is open. Nothing is computed anew.
+    void set_records(const TrackingRecords* records);
 
     // The action of the selector: computes when a tracking window is open, and does nothing otherwise.
     void TrackingSelector();
@@ -60,18 +55,19 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     struct Answer;
     struct Gathering;
-    struct Shared;
 
+    void draw_plot(Canvas& canvas, Rect bounds) const override;
+    [[nodiscard]] PlotCaption plot_caption() const override;
+    [[nodiscard]] std::shared_ptr<PlotTable> plot_table() override;
     void build_exports();
     void connect_controls();
     void gather(const TrackingRecords& records);
     void gather_on();
-    void transform(std::uint64_t number, std::shared_ptr<const SpectrumInput> input);
+    void transform(SpectrumInput input);
     void apply(const Answer& answer);
     void show_answer_text(const Answer& answer);
     void save_settings();
@@ -81,12 +77,12 @@ private:
     void show_reading(const std::optional<SpectrumReading>& reading);
 
     SpectrumWindowParts m_parts;
-    TrackingSource m_source;
+    const TrackingRecords* m_records = nullptr;
     SpectrumControls m_controls;
     std::unique_ptr<PlotExport> m_exports; // disabled until there is a spectrum
     QString m_status;
-    std::shared_ptr<Shared> m_shared;
-    std::unique_ptr<Gathering> m_gathering; // null: none under way
+    std::shared_ptr<Gathering> m_gathering; // null: none under way
+    Background m_background;
 };
 
 } // namespace tickervantage

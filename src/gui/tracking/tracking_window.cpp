@@ -58,8 +58,7 @@ TrackingWindow::TrackingWindow(TrackingWindowParts parts)
                                              [this] {
                                                  m_controls.trackingView->resize_frame();
                                              }}),
-      m_read_timer(m_parts.timer.make_repeater("first_lines", Pace::free)),
-      m_self(std::make_shared<TrackingWindow*>(this)) {
+      m_read_timer(m_parts.timer.make_repeater("first_lines", Pace::free)) {
     setObjectName(QStringLiteral("TrackingWindow"));
     auto* central = new QWidget(this);
     m_controls = build_tracking_controls(central, m_view);
@@ -73,16 +72,12 @@ TrackingWindow::TrackingWindow(TrackingWindowParts parts)
 TrackingWindow::~TrackingWindow() = default;
 
 void TrackingWindow::build_exports() {
-    m_exports = std::make_unique<PlotExport>(
-        this, m_parts.exports,
-        ExportedPlot{.widget = m_controls.trackingView,
-                     .draw = [this](Canvas& canvas, Rect) { m_controls.trackingView->draw(canvas); },
-                     .caption = [this] { return caption(); },
-                     .table = [this] { return records_in_sight(); },
-                     .tell =
-                         [this](const QString& sentence) {
-                             statusBar()->showMessage(sentence);
-                         }});
+    m_exports = std::make_unique<PlotExport>(this, m_controls.trackingView, *this, m_parts.exports);
+    connect(m_exports.get(), &PlotExport::said, this, [this](const QString& said) { statusBar()->showMessage(said); });
+}
+
+void TrackingWindow::draw_plot(Canvas& canvas, Rect /*bounds*/) const {
+    m_controls.trackingView->draw(canvas);
 }
 
 void TrackingWindow::connect_controls() {
@@ -91,7 +86,7 @@ void TrackingWindow::connect_controls() {
         connect(slider, &QSlider::valueChanged, this, [this] { apply_sliders(); });
     connect(m_controls.dataTimeRange, &QComboBox::activated, this, [this] { apply_legend(); });
     connect(m_controls.showLegend, &QPushButton::clicked, this, [this] { showLegend(); });
-    connect(m_controls.showSpectrum, &QPushButton::clicked, this, [this] { m_parts.show_spectrum(); });
+    connect(m_controls.showSpectrum, &QPushButton::clicked, this, &TrackingWindow::spectrum_requested);
     connect(m_controls.export_button, &QPushButton::clicked, this, [this] { m_exports->ask_for_file(); });
     connect(m_controls.pause, &QToolButton::clicked, this, [this] { m_view.pause(true); });
     connect(m_controls.play, &QToolButton::clicked, this, [this] {
@@ -187,7 +182,7 @@ void TrackingWindow::fit() {
     area->scroll_to_zero_line();
 }
 
-PlotCaption TrackingWindow::caption() const {
+PlotCaption TrackingWindow::plot_caption() const {
     return caption_of(m_view, m_controls.trackingView->frame(), m_controls.trackingView->visible(), m_logname);
 }
 
@@ -245,9 +240,8 @@ void TrackingWindow::load_log() {
     if (m_logname.isEmpty())
         return;
     if (!m_trackinglog) {
-        m_queue = m_parts.lend_queue();
         m_trackinglog = std::make_unique<LogReader>(
-            m_logname.toStdString(), m_parts.files, *m_queue, m_parts.main_thread,
+            m_logname.toStdString(), m_parts.files, *m_parts.queue, m_parts.main_thread,
             LogReader::Handlers{.line = [this](std::string_view line, bool last) { take_line(line, last); },
                                 .problem =
                                     [this](const std::string& sentence) {
@@ -306,20 +300,13 @@ void TrackingWindow::show_emptiness() {
     m_controls.empty->setText(empty_words(m_empty));
     describe_graph();
     if (m_empty.is_live && !std::exchange(m_setting_asked, true))
-        ask_log_setting();
+        Q_EMIT log_setting_requested();
 }
 
-void TrackingWindow::ask_log_setting() {
-    if (!m_parts.ask_log_setting)
-        return;
-    m_parts.ask_log_setting([self = std::weak_ptr(m_self)](const LogSettingAnswer& answer) {
-        const auto alive = self.lock();
-        if (!alive)
-            return;
-        (*alive)->m_empty.setting = answer.setting;
-        (*alive)->m_empty.configuration = answer.configuration;
-        (*alive)->show_emptiness();
-    });
+void TrackingWindow::show_log_setting(const LogSettingAnswer& answer) {
+    m_empty.setting = answer.setting;
+    m_empty.configuration = answer.configuration;
+    show_emptiness();
 }
 
 // Once a log: afterwards people have scrolled where they want to be.
@@ -331,13 +318,13 @@ void TrackingWindow::show_newest() {
 }
 
 void TrackingWindow::update_spectrum_button() {
-    m_controls.showSpectrum->setVisible(m_parts.spectrum_enabled());
+    m_controls.showSpectrum->setVisible(m_parts.preferences.spectrum);
 }
 
 void TrackingWindow::show_problem(const std::string& sentence) {
     m_empty.problem = sentence;
     m_controls.readout->setText(spoken(sentence));
-    m_controls.makeReadable->setVisible(m_empty.is_live && m_parts.make_log_readable && says_forbidden(sentence));
+    m_controls.makeReadable->setVisible(m_empty.is_live && m_parts.can_make_log_readable && says_forbidden(sentence));
     if (sentence.empty())
         m_read_timer->start(first_lines_come, [this] { read_so_far(); });
     else
@@ -352,16 +339,15 @@ void TrackingWindow::read_so_far() {
 
 void TrackingWindow::makeReadable() {
     m_controls.makeReadable->setEnabled(false);
-    m_parts.make_log_readable([self = std::weak_ptr(m_self)](bool done, const std::string& sentence) {
-        const auto alive = self.lock();
-        if (!alive)
-            return;
-        (*alive)->m_controls.makeReadable->setEnabled(true);
-        if (!sentence.empty())
-            (*alive)->statusBar()->showMessage(spoken(sentence));
-        if (done)
-            (*alive)->load_log();
-    });
+    Q_EMIT log_readable_requested();
+}
+
+void TrackingWindow::show_log_readable(bool done, const QString& sentence) {
+    m_controls.makeReadable->setEnabled(true);
+    if (!sentence.isEmpty())
+        statusBar()->showMessage(sentence);
+    if (done)
+        load_log();
 }
 
 void TrackingWindow::show_readout(double frame_x) {
@@ -393,32 +379,45 @@ void TrackingWindow::cancelLegend() {
     closeLegend();
 }
 
+namespace {
+
 // The rows that were in sight at the start; a live log grows meanwhile.
-PlotTable TrackingWindow::records_in_sight() {
-    const Rect frame = m_controls.trackingView->frame();
-    const auto rows = std::make_shared<TrackingRows>(
-        m_view.in_sight({0, 0, frame.width, frame.height}, m_controls.trackingView->visible()), m_view.shown);
-    const auto take = [this, rows] {
-        if (!rows->are_still_in(records()))
+class RowsInSight : public PlotTable {
+public:
+    RowsInSight(const TrackingWindow& window, TrackingRows rows) : m_window(window), m_rows(std::move(rows)) {}
+
+    Taking take_slice() override {
+        if (!m_rows.are_still_in(m_window.records()))
             return Taking::lost;
-        return rows->take(records(), ROWS_IN_A_SLICE) ? Taking::all : Taking::more;
-    };
-    const auto csv = [rows] {
+        return m_rows.take(m_window.records(), ROWS_IN_A_SLICE) ? Taking::all : Taking::more;
+    }
+    [[nodiscard]] std::string csv() const override {
         std::string text;
         const auto append = [&text](std::string_view piece) {
             text += piece;
             return true;
         };
-        (void)rows->write(RowFormat::csv, append); // appending never says no
+        (void)m_rows.write(RowFormat::csv, append); // appending never says no
         return text;
-    };
-    return {take, csv};
+    }
+
+private:
+    const TrackingWindow& m_window; // main thread only
+    TrackingRows m_rows;
+};
+
+} // namespace
+
+std::shared_ptr<PlotTable> TrackingWindow::plot_table() {
+    const Rect frame = m_controls.trackingView->frame();
+    return std::make_shared<RowsInSight>(
+        *this, TrackingRows(m_view.in_sight({0, 0, frame.width, frame.height}, m_controls.trackingView->visible()),
+                            m_view.shown));
 }
 
 void TrackingWindow::closeEvent(QCloseEvent* event) {
     current_settings().save(m_parts.settings);
     m_trackinglog.reset();
-    m_queue.reset();
     QMainWindow::closeEvent(event);
     Q_EMIT windowWillClose();
 }

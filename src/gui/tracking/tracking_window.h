@@ -7,12 +7,12 @@
 #include "gui/tracking/tracking_controls.h"
 #include "gui/tracking/tracking_words.h"
 #include "settings/default_settings.h"
+#include "settings/preferences.h"
 #include "studies/tracking/tracking_settings.h"
 #include "studies/tracking/tracking_view.h"
 
 #include <QMainWindow>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -33,20 +33,15 @@ struct TrackingWindowParts {
     MainThread& main_thread;
     MasterTimer& timer;
     FollowedFiles& files;
-    std::function<std::shared_ptr<DispatchQueueSerial>()> lend_queue; // for one reader, given back at its end
-    std::function<bool()> spectrum_enabled;                           // as the preferences have it
-    std::function<void()> show_spectrum;
+    std::shared_ptr<DispatchQueueSerial> queue; // lent for the log's reader
+    const PreferencesAdvanced& preferences;     // as they are now: whether the spectrum is offered
     PlotExportParts exports;
-    // Whether chronyd writes the live log; comes back on the main thread. May be missing.
-    std::function<void(std::function<void(const LogSettingAnswer&)> done)> ask_log_setting = {};
-    // Lets everybody read the live log, as an administrator. Comes back on the main thread: whether it is done, and a
-    // sentence when there is something to say. May be missing.
-    std::function<void(std::function<void(bool done, const std::string& sentence)> done)> make_log_readable = {};
-    std::function<double()> now = seconds_of_this_machine; // since 1970
+    bool can_make_log_readable = false;        // as an administrator
+    double (*now)() = seconds_of_this_machine; // since 1970
     LogReaderTiming log_timing = {};
 };
 
-class TrackingWindow : public QMainWindow {
+class TrackingWindow : public QMainWindow, public ExportedPlot {
     Q_OBJECT
 
 public:
@@ -62,6 +57,10 @@ public:
     // The spectrum's button follows the preferences.
     void update_spectrum_button();
 
+    // The answers to the requests below.
+    void show_log_setting(const LogSettingAnswer& answer);
+    void show_log_readable(bool done, const QString& sentence); // empty: there is nothing to say
+
     // Of what is in sight.
     [[nodiscard]] PlotExport& exports() { return *m_exports; }
 
@@ -69,14 +68,19 @@ Q_SIGNALS:
     void windowDidBecomeMain();
     void block_arrived();   // of lines, and was drawn
     void windowWillClose(); // after the settings were saved
+    void spectrum_requested();
+    void log_setting_requested();  // whether chronyd writes the live log
+    void log_readable_requested(); // let everybody read the live log, as an administrator
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    void draw_plot(Canvas& canvas, Rect bounds) const override;
+    [[nodiscard]] PlotCaption plot_caption() const override;
+    [[nodiscard]] std::shared_ptr<PlotTable> plot_table() override; // of what is in sight
     void build_exports();
-    [[nodiscard]] PlotTable records_in_sight();
     void connect_controls();
     void connect_graph();
     void load_settings();
@@ -90,7 +94,6 @@ private:
     void end_of_block();
     void describe_graph();
     void show_emptiness();
-    void ask_log_setting();
     void show_newest();
     void show_problem(const std::string& sentence);
     void read_so_far();
@@ -98,7 +101,6 @@ private:
     void zoom(double steps, double viewport_x);
     void fit();
     void reset_zoom();
-    [[nodiscard]] PlotCaption caption() const;
     void show_readout(double frame_x);
     void showLegend();
     void closeLegend();
@@ -118,8 +120,6 @@ private:
     std::unique_ptr<Repeater> m_read_timer; // once: an empty file has no last line to tell that it was read
     popover_settings save_popover;
     popover_settings default_popover = TrackingSettings::defaults().legend;
-    std::shared_ptr<TrackingWindow*> m_self; // answers on their way back find out through it that the window has gone
-    std::shared_ptr<DispatchQueueSerial> m_queue;
     std::unique_ptr<LogReader> m_trackinglog; // after the queue it runs on
 };
 

@@ -79,8 +79,8 @@ struct FreqTempSession::FitResult {
     }
 };
 
-FreqTempSession::FreqTempSession(FreqTempParts parts, FreqTempSettings settings, FreqTempEvents events)
-    : m_parts(std::move(parts)), m_settings(settings), m_events(std::move(events)),
+FreqTempSession::FreqTempSession(FreqTempParts parts, FreqTempSettings settings, FreqTempListener& listener)
+    : m_parts(std::move(parts)), m_settings(settings), m_listener(listener),
       m_store(std::make_shared<ScatterStore>(m_parts.files, m_parts.logger, m_parts.file_queue, m_parts.map)),
       m_timer(m_parts.master_timer.make_repeater(TIMER, Pace::free)), m_background(m_parts.main_thread) {
     set_max_samples(m_settings.max_samples);
@@ -125,9 +125,8 @@ void FreqTempSession::begin(std::optional<ScatterMap> stored) {
         if (const auto* frequency = std::any_cast<current_frequency>(&object))
             frequency_event(frequency->freq);
     });
-    if (m_events.ready)
-        m_events.ready();
-    tell_changed();
+    m_listener.session_ready();
+    m_listener.session_changed();
 }
 
 void FreqTempSession::close() {
@@ -215,18 +214,13 @@ void FreqTempSession::apply(const FitResult& result) {
         if (const auto entry = m_scatter.find(name); entry != m_scatter.end())
             entry->second.digest = digest;
     m_is_fitting = false;
-    tell_changed();
+    m_listener.session_changed();
     if (result.is_saved && !m_is_closed)
         m_store->request_save(snapshot(m_scatter));
     if (result.is_told)
         m_parts.broadcast.post(sensor_inspector_key, inspector_sensors(), Delivery::later);
     if (const auto next = std::move(m_waiting))
         start_job(std::move(*next));
-}
-
-void FreqTempSession::tell_changed() const {
-    if (m_events.changed)
-        m_events.changed();
 }
 
 std::shared_ptr<const Sensors> FreqTempSession::inspector_sensors() const {
@@ -250,7 +244,7 @@ std::shared_ptr<const Sensors> FreqTempSession::inspector_sensors() const {
 void FreqTempSession::selectSensor(std::size_t item) {
     m_menu.toggle(item);
     m_menu.apply(m_scatter);
-    tell_changed();
+    m_listener.session_changed();
 }
 
 void FreqTempSession::selectOrder(std::int64_t item) {
@@ -264,7 +258,7 @@ void FreqTempSession::showDisplayOptions(bool points, bool mean, bool bounds, bo
     m_settings.show_mean_frequency = mean;
     m_settings.show_freq_bounds = bounds;
     m_settings.show_last_record = last;
-    tell_changed();
+    m_listener.session_changed();
 }
 
 void FreqTempSession::set_max_samples(std::int64_t count) {

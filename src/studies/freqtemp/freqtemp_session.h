@@ -50,15 +50,18 @@ struct FreqTempParts {
 // The map's path in the application-support folder; empty for an empty folder.
 [[nodiscard]] std::string scatter_map_path(const std::string& folder);
 
-// What the session tells, on the main thread.
-struct FreqTempEvents {
-    std::function<void()> ready = {};   // once: sensors are listed, the stored map is merged, sampling has begun
-    std::function<void()> changed = {}; // points, fits, or what is selected: draw again, and show samples()
+// Told of a session, on the main thread.
+class FreqTempListener {
+public:
+    virtual ~FreqTempListener() = default;
+    virtual void session_ready() = 0;   // once: sensors are listed, the stored map is merged, sampling has begun
+    virtual void session_changed() = 0; // points, fits, or what is selected: draw again, and show samples()
 };
 
 class FreqTempSession {
 public:
-    FreqTempSession(FreqTempParts parts, FreqTempSettings settings, FreqTempEvents events);
+    // The listener outlives the session.
+    FreqTempSession(FreqTempParts parts, FreqTempSettings settings, FreqTempListener& listener);
     ~FreqTempSession();
     FreqTempSession(const FreqTempSession&) = delete;
     FreqTempSession& operator=(const FreqTempSession&) = delete;
@@ -103,11 +106,10 @@ private:
     void request(FitJob job);
     void start_job(FitJob job);
     void apply(const FitResult& result);
-    void tell_changed() const;
 
     FreqTempParts m_parts;
     FreqTempSettings m_settings;
-    FreqTempEvents m_events;
+    FreqTempListener& m_listener;
     std::vector<tempSensor> m_sensors;
     std::map<std::string, double> m_temperatures;
     ScatterMap m_scatter;

@@ -1,0 +1,36 @@
+// What windows export: tables stay in memory, pictures are written as the program writes them.
+#pragma once
+
+#include "draw/recorded_drawing.h"
+#include "gui/common/plot_export.h"
+
+#include <string>
+
+namespace tickervantage::testing {
+
+class KeptPlots : public PlotWriter {
+public:
+    std::string path; // of the table that was written last
+    std::string table;
+    bool is_full = false;
+
+    Result<> write_picture(const std::string& file, const PictureFormat& format,
+                           const RecordedDrawing& drawing) override {
+        std::string sentence;
+        const auto draw = [&drawing](Canvas& canvas, Rect) {
+            drawing.replay(canvas);
+        };
+        if (tickervantage::write_picture(file, format, draw, sentence) != 0)
+            return tl::unexpected(said_by_others(sentence));
+        return {};
+    }
+    Result<> write_table(const std::string& file, std::string_view csv) override {
+        if (is_full)
+            return tl::unexpected(said_by_others("The disk is full."));
+        path = file;
+        table = csv;
+        return {};
+    }
+};
+
+} // namespace tickervantage::testing
