@@ -74,19 +74,24 @@ protected:
         fs::create_directories(fs::path(at(path)).parent_path());
         write_file(at(path), text, mode);
     }
-    bool run(const std::vector<std::string>& words) { return run_verb(words, m_parts, m_line) == VerbResult::done; }
+    bool run(const std::vector<std::string>& words) {
+        const auto said = run_verb(words, m_parts);
+        m_line = answer_line(said);
+        return said.has_value();
+    }
 
     PrivateHome m_home;
     UnitsOnPaper m_systemd;
     struct NoClock : SteppedClock {
         [[nodiscard]] int step(const ClockOffset&) override { return -1; }
     } m_clock;
+    struct NoPause : Pause {
+        void pause(std::chrono::milliseconds) override {}
+    } m_pause;
     SupportParts m_parts{.rules = {.self = ::geteuid()},
-                         .units = {m_systemd,
-                                   [](auto) {
-                                   }},
+                         .units = {m_systemd, m_pause},
                          .clock = m_clock,
-                         .configurations = [] { return std::vector<std::string>(); },
+                         .configurations = {},
                          .root = at(""),
                          .bundle = m_home.path("config/bundle")};
     std::string m_line;

@@ -44,5 +44,21 @@ TEST(Failure, TravelsAsALine) {
     EXPECT_FALSE(failure_in("cannot_read\t" + std::string(20000, 'a')));
 }
 
+TEST(Failure, IsTakenOutOfWhatAProgramPrinted) {
+    const Failure failure = made(failed(FailureCode::cannot_write, {"/etc/a"}, ENOSPC));
+    for (const std::string words : {"", "Cannot write /etc/a.\n", "two\nlines\n"}) {
+        std::string output = words + marked_line(failure);
+        EXPECT_EQ(take_failure(output), failure) << words;
+        EXPECT_EQ(output, words);
+    }
+    const std::string line = marked_line(failure);
+    for (const std::string& output : {std::string(), std::string("Cannot write.\n"), "in the middle " + line,
+                                      line + "more", line.substr(0, line.size() - 1)}) {
+        auto left = output;
+        EXPECT_FALSE(take_failure(left)) << output;
+        EXPECT_EQ(left, output);
+    }
+}
+
 } // namespace
 } // namespace tickervantage

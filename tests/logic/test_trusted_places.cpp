@@ -1,4 +1,5 @@
 // Places that only we, or only root, can change; and what happens at those that others can.
+#include "base/failure_codes.h"
 #include "chrony/configuration/config_error.h"
 #include "linux/private_temporary.h"
 #include "roothelper/support/install_file.h"
@@ -37,20 +38,19 @@ TEST(PathRules, OnlyOwnersAndRootsGroupMayWriteToAFolderOfRootsFiles) {
 
 class InstallFileTest : public ::testing::Test {
 protected:
-    int install(const std::string& source, const std::string& mode) {
+    Result<> install(const std::string& source, const std::string& mode) {
         const std::string owner = std::string(getpwuid(::geteuid())->pw_name) + ":" + getgrgid(::getegid())->gr_name;
-        return install_file({source, m_home.path("config/new"), owner, mode}, {.self = ::geteuid()}, m_sentence);
+        return install_file({source, m_home.path("config/new"), owner, mode}, {.self = ::geteuid()});
     }
     PrivateHome m_home;
-    std::string m_sentence;
 };
 
 TEST_F(InstallFileTest, NobodyElseMayWriteToWhatRootInstallsAndNothingRunsAsItsOwner) {
     write_file(m_home.path("source"), "x");
     for (const auto* mode : {"0664", "0646", "0620", "0602", "2755", "1755", "4755"})
-        EXPECT_EQ(install(m_home.path("source"), mode), -1) << mode;
+        EXPECT_FALSE(install(m_home.path("source"), mode)) << mode;
     EXPECT_TRUE(m_home.found_in("config").empty());
-    EXPECT_EQ(install(m_home.path("source"), "0755"), 0) << m_sentence;
+    EXPECT_TRUE(install(m_home.path("source"), "0755"));
 }
 
 // Files of the kernel are longer or shorter than they say, as one is that somebody writes meanwhile.
@@ -60,7 +60,7 @@ TEST_F(InstallFileTest, ASourceThatGrowsOrShrinksWhileItIsCopiedIsRefused) {
             continue;
         const auto holds = static_cast<std::uintmax_t>(contents(source).size());
         ASSERT_NE(fs::file_size(source), holds) << source;
-        EXPECT_EQ(install(source, "0644"), -1) << source;
+        EXPECT_EQ(install(source, "0644").error().code, FailureCode::cannot_write) << source;
         EXPECT_TRUE(m_home.found_in("config").empty()) << source;
     }
 }

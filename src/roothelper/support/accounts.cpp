@@ -1,5 +1,6 @@
 #include "roothelper/support/accounts.h"
 
+#include "base/failure_codes.h"
 #include "roothelper/support/one_line.h"
 
 #include <grp.h>
@@ -42,37 +43,29 @@ std::optional<Account> find_account(const std::string& name) {
     return found ? std::optional(Account{found->pw_uid, found->pw_gid}) : std::nullopt;
 }
 
-int find_owner(const std::string& text, Account& owner, std::string& sentence) {
+Result<Account> find_owner(const std::string& text) {
     const auto colon = text.find(':');
     const auto user = find_account(text.substr(0, colon));
     const auto group_name = colon == std::string::npos ? std::string() : text.substr(colon + 1);
     auto group = find_group(group_name);
     if (user && !group && group_name == "wheel")
         group = user->gid;
-    if (!user || !group) {
-        sentence = fmt::format("There is no owner {} here.", text);
-        return -1;
-    }
-    owner = {user->uid, *group};
-    return 0;
+    if (!user || !group)
+        return failed(FailureCode::no_such_owner, {text});
+    return Account{user->uid, *group};
 }
 
-int add_system_user(Execute& execute, const std::string& name, std::string& sentence) {
-    if (!fits_a_system_user(name)) {
-        sentence = fmt::format("{} is no name for a system user.", name);
-        return -1;
-    }
-    if (find_account(name)) {
-        sentence = fmt::format("The user {} is there already.", name);
-        return 0;
-    }
+Result<std::string> add_system_user(Execute& execute, const std::string& name) {
+    if (!fits_a_system_user(name))
+        return failed(FailureCode::no_name_of_user, {name});
+    if (find_account(name))
+        return fmt::format("The user {} is there already.", name);
     const auto result = execute.run({.program = "/usr/sbin/useradd",
                                      .arguments = {"--system", "--user-group", "--no-create-home", "--home-dir",
                                                    "/nonexistent", "--shell", "/usr/sbin/nologin", name}});
-    const bool added = result.outcome == ExecuteOutcome::exited && result.exit_status == 0;
-    sentence = added ? fmt::format("Added the user {}.", name)
-                     : fmt::format("Cannot add the user {}: {}", name, last_words(result));
-    return added ? 0 : -1;
+    if (!succeeded(result))
+        return failed(FailureCode::cannot_add_user, {name}, last_words(result));
+    return fmt::format("Added the user {}.", name);
 }
 
 } // namespace tickervantage

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/execute.h"
+#include "base/failure.h"
 
 #include <sys/types.h>
 
@@ -19,11 +20,11 @@ struct Account {
 [[nodiscard]] std::optional<Account> find_account(const std::string& name);
 
 // Reads "user:group". Where there is no group "wheel", which holds the administrators on other systems, the user's
-// primary group takes its place. -1 and one sentence.
-[[nodiscard]] int find_owner(const std::string& text, Account& owner, std::string& sentence);
+// primary group takes its place.
+[[nodiscard]] Result<Account> find_owner(const std::string& text);
 
 // Adds a system user without shell and home, with a group of the same name; one that is there already stays as it is.
-// Blocks while useradd(8) runs. 0 or -1, and one sentence either way.
-[[nodiscard]] int add_system_user(Execute& execute, const std::string& name, std::string& sentence);
+// Blocks while useradd(8) runs. One sentence.
+[[nodiscard]] Result<std::string> add_system_user(Execute& execute, const std::string& name);
 
 } // namespace tickervantage

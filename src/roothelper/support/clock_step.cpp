@@ -1,10 +1,11 @@
 #include "roothelper/support/clock_step.h"
 
+#include "base/failure_codes.h"
+
 #include <fmt/format.h>
 
 #include <charconv>
 #include <cmath>
-#include <system_error>
 
 namespace tickervantage {
 namespace {
@@ -21,18 +22,15 @@ ClockOffset to_offset(double seconds) {
 
 } // namespace
 
-int step_clock(SteppedClock& clock, const std::string& text, std::string& sentence) {
+Result<std::string> step_clock(SteppedClock& clock, const std::string& text) {
     double seconds = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
     // Written so that it also refuses what is no number.
-    if (error != std::errc() || end != text.data() + text.size() || !(std::abs(seconds) <= largest_seconds)) {
-        sentence = fmt::format("{} is no number of seconds to step the clock by.", text);
-        return -1;
-    }
-    const int failed = seconds == 0 ? 0 : clock.step(to_offset(seconds));
-    sentence = failed == 0 ? fmt::format("Stepped the clock by {:g} s.", seconds)
-                           : fmt::format("Cannot step the clock: {}.", std::generic_category().message(failed));
-    return failed == 0 ? 0 : -1;
+    if (error != std::errc() || end != text.data() + text.size() || !(std::abs(seconds) <= largest_seconds))
+        return failed(FailureCode::no_step, {text});
+    if (const int why = seconds == 0 ? 0 : clock.step(to_offset(seconds)); why != 0)
+        return failed(FailureCode::cannot_step_clock, {}, why);
+    return fmt::format("Stepped the clock by {:g} s.", seconds);
 }
 
 } // namespace tickervantage

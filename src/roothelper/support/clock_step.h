@@ -1,6 +1,8 @@
 // Stepping the system clock by an offset. Positive: the clock goes forward.
 #pragma once
 
+#include "base/failure.h"
+
 #include <cstdint>
 #include <string>
 
@@ -20,7 +22,7 @@ public:
     [[nodiscard]] virtual int step(const ClockOffset& offset) = 0;
 };
 
-// Steps the clock by the number of seconds in the text. 0 or -1, and one sentence either way.
-[[nodiscard]] int step_clock(SteppedClock& clock, const std::string& text, std::string& sentence);
+// Steps the clock by the number of seconds in the text. One sentence.
+[[nodiscard]] Result<std::string> step_clock(SteppedClock& clock, const std::string& text);
 
 } // namespace tickervantage

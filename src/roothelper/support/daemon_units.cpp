@@ -1,5 +1,6 @@
 #include "roothelper/support/daemon_units.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
 #include "chrony/services/chrony_services.h"
 #include "roothelper/support/one_line.h"
@@ -25,17 +26,8 @@ ExecuteResult systemctl(const DaemonUnits& units, std::vector<std::string> argum
     return systemctl(units.execute, std::move(arguments));
 }
 
-int fail(std::string& sentence, std::string text) {
-    sentence = std::move(text);
-    return -1;
-}
-
-int look_at(const DaemonUnits& units, const std::string& unit, UnitStatus& status, std::string& sentence) {
-    return look_at_unit(units.execute, unit, status, sentence);
-}
-
 // What a daemon, or the service manager about it, said last; a complaint rather than a farewell.
-std::string last_journal_words(const DaemonUnits& units, const UnitStatus& status) {
+Failure last_journal_words(const DaemonUnits& units, const UnitStatus& status) {
     const auto journal = [&](std::vector<std::string> arguments) {
         return units.execute.run({.program = "/bin/journalctl", .arguments = std::move(arguments)});
     };
@@ -58,104 +50,95 @@ std::string last_journal_words(const DaemonUnits& units, const UnitStatus& statu
         if (succeeded(result) && !trimmed(result.output).empty())
             return last_words(result);
     }
-    return "it said nothing.";
+    return {.code = FailureCode::said_nothing};
 }
 
-int died(const DaemonUnits& units, const UnitStatus& status, std::string& sentence) {
-    return fail(sentence, fmt::format("{} does not stay up: {}", status["Id"], last_journal_words(units, status)));
+tl::unexpected<Failure> died(const DaemonUnits& units, const UnitStatus& status) {
+    return failed(FailureCode::unit_dies, {status["Id"]}, last_journal_words(units, status));
 }
 
-int start_unit(const DaemonUnits& units, const UnitStatus& status, std::string& sentence) {
+Result<> start_unit(const DaemonUnits& units, const UnitStatus& status) {
     const auto unit = status["Id"];
     if (status["NeedDaemonReload"] == "yes")
         (void)systemctl(units, {"daemon-reload"});  // what it does not know of yet, the start complains about
     (void)systemctl(units, {"reset-failed", unit}); // only lifts a limit of earlier failures, where there is one
-    const auto result = systemctl(units, {"start", unit});
-    return succeeded(result) ? 0 : fail(sentence, fmt::format("Cannot start {}: {}", unit, last_words(result)));
+    return manage_unit(units.execute, {"start", unit}, FailureCode::cannot_start_unit);
 }
 
-int watch(const DaemonUnits& units, const std::string& unit, std::string& sentence) {
-    UnitStatus first;
-    if (look_at(units, unit, first, sentence) != 0)
-        return -1;
-    UnitStatus now = first;
-    for (int look = 0; now.is_up() && now.run() == first.run(); ++look) {
-        if (look == looks) {
-            sentence = fmt::format("{} is {} ({}).", unit, now["ActiveState"], now["SubState"]);
-            return 0;
-        }
-        units.pause(between_looks);
-        if (look_at(units, unit, now, sentence) != 0)
-            return -1;
+Result<std::string> watch(const DaemonUnits& units, const std::string& unit) {
+    const auto first = look_at_unit(units.execute, unit);
+    auto now = first;
+    for (int look = 0; now && now->is_up() && now->run() == first->run(); ++look) {
+        if (look == looks)
+            return fmt::format("{} is {} ({}).", unit, (*now)["ActiveState"], (*now)["SubState"]);
+        units.pause.pause(between_looks);
+        now = look_at_unit(units.execute, unit);
     }
-    return died(units, first, sentence);
+    if (!now)
+        return tl::unexpected(now.error());
+    return died(units, *first);
 }
 
-int start_and_watch(const DaemonUnits& units, const UnitStatus& status, std::string& sentence) {
-    if (start_unit(units, status, sentence) == 0)
-        return watch(units, status["Id"], sentence);
+Result<std::string> start_and_watch(const DaemonUnits& units, const UnitStatus& status) {
+    const auto started = start_unit(units, status);
+    if (started)
+        return watch(units, status["Id"]);
     // A unit that says when it is ready fails to start where others die later: the daemon's own words tell more.
-    UnitStatus now;
-    std::string ignored;
-    if (look_at(units, status["Id"], now, ignored) == 0 && now["Result"] == "exit-code")
-        return died(units, now, sentence);
-    return -1;
+    const auto now = look_at_unit(units.execute, status["Id"]);
+    if (now && (*now)["Result"] == "exit-code")
+        return died(units, *now);
+    return tl::unexpected(started.error());
 }
 
-int stop_units(const DaemonUnits& units, const std::vector<std::string>& candidates, std::string& sentence) {
+Result<std::string> stop_units(const DaemonUnits& units, const std::vector<std::string>& candidates) {
     std::vector<std::string> running;
     for (const auto& unit : candidates) {
-        UnitStatus status;
-        if (look_at(units, unit, status, sentence) != 0)
-            return -1;
-        if (status.is_there() && !status.is_down() && std::ranges::find(running, status["Id"]) == running.end())
-            running.push_back(status["Id"]); // one unit may have two names
+        const auto status = look_at_unit(units.execute, unit);
+        if (!status)
+            return tl::unexpected(status.error());
+        const auto name = (*status)["Id"];
+        if (status->is_there() && !status->is_down() && std::ranges::find(running, name) == running.end())
+            running.push_back(name); // one unit may have two names
     }
-    if (running.empty()) {
-        sentence = fmt::format("{} was not running.", candidates.front());
-        return 0;
-    }
+    if (running.empty())
+        return fmt::format("{} was not running.", candidates.front());
     std::vector<std::string> arguments{"stop"};
     arguments.insert(arguments.end(), running.begin(), running.end());
     const auto result = systemctl(units, std::move(arguments));
     const auto names = fmt::format("{}", fmt::join(running, " and "));
     if (!succeeded(result))
-        return fail(sentence, fmt::format("Cannot stop {}: {}", names, last_words(result)));
-    sentence = fmt::format("Stopped {}.", names);
-    return 0;
+        return failed(FailureCode::cannot_stop_unit, {names}, last_words(result));
+    return fmt::format("Stopped {}.", names);
 }
 
 } // namespace
 
-int start_chrony(const DaemonUnits& units, std::string& sentence) {
+Result<std::string> start_chrony(const DaemonUnits& units) {
     for (const auto& unit : daemon_units) {
-        UnitStatus status;
-        if (look_at(units, unit, status, sentence) != 0)
-            return -1;
-        if (status.is_there())
-            return start_and_watch(units, status, sentence);
+        const auto status = look_at_unit(units.execute, unit);
+        if (!status)
+            return tl::unexpected(status.error());
+        if (status->is_there())
+            return start_and_watch(units, *status);
     }
-    return fail(sentence, "No service for chronyd is installed.");
+    return failed(FailureCode::no_chronyd_service);
 }
 
-int stop_chrony(const DaemonUnits& units, std::string& sentence) {
-    return stop_units(units, daemon_units, sentence);
+Result<std::string> stop_chrony(const DaemonUnits& units) {
+    return stop_units(units, daemon_units);
 }
 
-int start_wake(const DaemonUnits& units, std::string& sentence) {
-    UnitStatus status;
-    if (look_at(units, wake_unit, status, sentence) != 0)
-        return -1;
-    if (!status.is_there())
-        return fail(sentence, "The service of chronywake is not installed.");
-    if (start_unit(units, status, sentence) != 0)
-        return -1;
-    sentence = fmt::format("Started {}.", wake_unit);
-    return 0;
+Result<std::string> start_wake(const DaemonUnits& units) {
+    const auto status = look_at_unit(units.execute, wake_unit);
+    if (!status)
+        return tl::unexpected(status.error());
+    if (!status->is_there())
+        return failed(FailureCode::no_wake_service);
+    return start_unit(units, *status).map([] { return fmt::format("Started {}.", wake_unit); });
 }
 
-int stop_wake(const DaemonUnits& units, std::string& sentence) {
-    return stop_units(units, {wake_unit}, sentence);
+Result<std::string> stop_wake(const DaemonUnits& units) {
+    return stop_units(units, {wake_unit});
 }
 
 } // namespace tickervantage

@@ -1,5 +1,6 @@
 #include "roothelper/support/distribution_options.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
 #include "roothelper/support/folders.h"
 #include "roothelper/support/install_file.h"
@@ -34,19 +35,13 @@ bool is_there(const std::string& path) {
     return ::lstat(path.c_str(), &status) == 0;
 }
 
-int fail(std::string& sentence, std::string text) {
-    sentence = std::move(text);
-    return -1;
-}
-
-int find_unit(const Machine& machine, UnitStatus& status, std::string& sentence) {
+Result<UnitStatus> find_unit(const Machine& machine) {
     for (const char* unit : {"chrony.service", "chronyd.service"}) {
-        if (look_at_unit(machine.execute, unit, status, sentence) != 0)
-            return -1;
-        if (status.is_there())
-            return 0;
+        auto status = look_at_unit(machine.execute, unit);
+        if (!status || status->is_there())
+            return status;
     }
-    return fail(sentence, "The distribution's chrony is not installed.");
+    return failed(FailureCode::no_distribution_chrony);
 }
 
 // "# /path" before each file in the service manager's listing.
@@ -55,10 +50,10 @@ bool is_file_name(std::string_view line) {
 }
 
 // The command that starts the daemon, as the unit and its drop-ins say it without ours.
-int command_of(const Machine& machine, const std::string& unit, std::string& command, std::string& sentence) {
+Result<std::string> command_of(const Machine& machine, const std::string& unit) {
     const auto listing = systemctl(machine.execute, {"cat", "--no-pager", unit});
     if (!succeeded(listing))
-        return fail(sentence, fmt::format("Cannot read {}: {}", unit, last_words(listing)));
+        return failed(FailureCode::cannot_read, {unit}, last_words(listing));
     constexpr std::string_view key = "ExecStart=";
     std::vector<std::string> commands;
     bool ours = false;
@@ -74,109 +69,101 @@ int command_of(const Machine& machine, const std::string& unit, std::string& com
             commands.emplace_back(value);
     }
     if (commands.size() != 1 || commands[0].ends_with('\\') || commands[0].find("chronyd") == std::string::npos)
-        return fail(sentence, fmt::format("{} does not start chronyd by a single command line.", unit));
-    command = commands[0];
-    return 0;
+        return failed(FailureCode::unit_has_other_command, {unit});
+    return commands[0];
 }
 
-int reload(const Machine& machine, std::string& sentence) {
+Result<> reload(const Machine& machine) {
     const auto result = systemctl(machine.execute, {"daemon-reload"});
-    return succeeded(result) ? 0 : fail(sentence, "systemd cannot read its units again: " + last_words(result));
+    return succeeded(result) ? Result<>() : failed(FailureCode::units_not_read_again, {}, last_words(result));
 }
 
-int restart(const Machine& machine, const std::string& unit, std::string& sentence) {
-    const auto result = systemctl(machine.execute, {"try-restart", unit});
-    return succeeded(result) ? 0 : fail(sentence, fmt::format("Cannot restart {}: {}", unit, last_words(result)));
+Result<> restart(const Machine& machine, const std::string& unit) {
+    return manage_unit(machine.execute, {"try-restart", unit}, FailureCode::cannot_restart_unit);
 }
 
-int write_clock_option(const Machine& machine, const std::string& unit, std::string& sentence) {
-    std::string command;
-    if (command_of(machine, unit, command, sentence) != 0)
-        return -1;
-    const auto text = fmt::format("{}ExecStart=\nExecStart={} -x\n", heading, command);
-    return install_text(path_of(machine, unit, clock_name), text, machine.rules, sentence);
+Result<> write_clock_option(const Machine& machine, const std::string& unit) {
+    return command_of(machine, unit).and_then([&](const std::string& command) {
+        const auto text = fmt::format("{}ExecStart=\nExecStart={} -x\n", heading, command);
+        return install_text(path_of(machine, unit, clock_name), text, machine.rules);
+    });
 }
 
-// `removed` when it was there.
-int remove_option(const Machine& machine, const std::string& unit, const char* name, bool& removed,
-                  std::string& sentence) {
+// Whether it was there.
+Result<bool> remove_option(const Machine& machine, const std::string& unit, const char* name) {
     const auto path = path_of(machine, unit, name);
-    removed = is_there(path);
-    if (removed && remove_item(path, machine.rules, sentence) != 0)
-        return -1;
+    const bool was_there = is_there(path);
+    if (was_there)
+        if (const auto removed = remove_item(path, machine.rules); !removed)
+            return tl::unexpected(removed.error());
     (void)::rmdir(folder_of(machine, unit).c_str()); // stays where the administrator keeps more in it
-    return 0;
+    return was_there;
 }
 
-int leave_clock_alone(const Machine& machine, const UnitStatus& status, std::string& sentence) {
+Result<std::string> leave_clock_alone(const Machine& machine, const UnitStatus& status) {
     const auto unit = status["Id"];
-    if (write_clock_option(machine, unit, sentence) != 0 || reload(machine, sentence) != 0)
-        return -1;
-    if (restart(machine, unit, sentence) == 0) {
-        sentence = fmt::format("{} leaves the clock alone.", unit);
-        return 0;
-    }
-    bool removed = false;
-    std::string ignored; // the first failure is the one to tell
-    (void)remove_option(machine, unit, clock_name, removed, ignored);
-    (void)reload(machine, ignored);
+    const auto written = write_clock_option(machine, unit).and_then([&] { return reload(machine); });
+    if (!written)
+        return tl::unexpected(written.error());
+    const auto restarted = restart(machine, unit);
+    if (restarted)
+        return fmt::format("{} leaves the clock alone.", unit);
+    (void)remove_option(machine, unit, clock_name); // the first failure is the one to tell
+    (void)reload(machine);
     if (status.is_up())
         (void)systemctl(machine.execute, {"start", unit});
-    return -1;
+    return tl::unexpected(restarted.error());
+}
+
+Result<std::string> adjust_again(const Machine& machine, const std::string& unit) {
+    return remove_option(machine, unit, clock_name)
+        .and_then([&](bool removed) {
+            return reload(machine).and_then([&] { return removed ? restart(machine, unit) : Result<>(); });
+        })
+        .map([&] { return fmt::format("{} adjusts the clock.", unit); });
 }
 
 } // namespace
 
-int adjust_clock(const Machine& machine, bool on, std::string& sentence) {
-    UnitStatus status;
-    bool removed = false;
-    if (find_unit(machine, status, sentence) != 0)
-        return -1;
-    if (!on)
-        return leave_clock_alone(machine, status, sentence);
-    const auto unit = status["Id"];
-    if (remove_option(machine, unit, clock_name, removed, sentence) != 0 || reload(machine, sentence) != 0 ||
-        (removed && restart(machine, unit, sentence) != 0))
-        return -1;
-    sentence = fmt::format("{} adjusts the clock.", unit);
-    return 0;
+Result<std::string> adjust_clock(const Machine& machine, bool on) {
+    return find_unit(machine).and_then([&](const UnitStatus& status) {
+        return on ? adjust_again(machine, status["Id"]) : leave_clock_alone(machine, status);
+    });
 }
 
-int open_log_folder(const Machine& machine, std::string& sentence) {
-    UnitStatus status;
-    if (find_unit(machine, status, sentence) != 0)
-        return -1;
-    const auto unit = status["Id"];
-    const auto text = std::string(heading) + "LogsDirectoryMode=0755\n";
-    if (install_text(path_of(machine, unit, logs_name), text, machine.rules, sentence) != 0 ||
-        reload(machine, sentence) != 0)
-        return -1;
-    sentence = fmt::format("{} lets everybody read its logs.", unit);
-    return 0;
+Result<std::string> open_log_folder(const Machine& machine) {
+    return find_unit(machine).and_then([&](const UnitStatus& status) {
+        const auto unit = status["Id"];
+        return install_text(path_of(machine, unit, logs_name), std::string(heading) + "LogsDirectoryMode=0755\n",
+                            machine.rules)
+            .and_then([&] { return reload(machine); })
+            .map([&] { return fmt::format("{} lets everybody read its logs.", unit); });
+    });
 }
 
-int renew_options(const Machine& machine, std::string& sentence) {
-    UnitStatus status;
-    if (find_unit(machine, status, sentence) != 0 || !is_there(path_of(machine, status["Id"], clock_name)))
-        return 0;
-    if (write_clock_option(machine, status["Id"], sentence) != 0 || reload(machine, sentence) != 0)
-        return -1;
-    return restart(machine, status["Id"], sentence);
+Result<> renew_options(const Machine& machine) {
+    const auto status = find_unit(machine);
+    if (!status || !is_there(path_of(machine, (*status)["Id"], clock_name)))
+        return {};
+    const auto unit = (*status)["Id"];
+    return write_clock_option(machine, unit).and_then([&] { return reload(machine); }).and_then([&] {
+        return restart(machine, unit);
+    });
 }
 
-int remove_options(const Machine& machine, std::string& sentence) {
-    bool clock = false;
-    bool logs = false;
+Result<> remove_options(const Machine& machine) {
     for (const std::string unit : {"chrony.service", "chronyd.service"}) {
-        if (remove_option(machine, unit, clock_name, clock, sentence) != 0 ||
-            remove_option(machine, unit, logs_name, logs, sentence) != 0)
-            return -1;
-        if ((clock || logs) && reload(machine, sentence) != 0)
-            return -1;
-        if (clock && restart(machine, unit, sentence) != 0)
-            return -1;
+        const auto clock = remove_option(machine, unit, clock_name);
+        const auto logs = clock ? remove_option(machine, unit, logs_name) : clock;
+        auto done = logs ? Result<>() : tl::unexpected(logs.error());
+        if (done && (*clock || *logs))
+            done = reload(machine);
+        if (done && *clock)
+            done = restart(machine, unit);
+        if (!done)
+            return done;
     }
-    return 0;
+    return {};
 }
 
 } // namespace tickervantage

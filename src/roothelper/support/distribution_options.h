@@ -1,5 +1,5 @@
 // What the distribution's chrony does differently, through drop-ins for its unit: the packages' own files stay as they
-// are, and each drop-in can be taken away again. Results are 0, or -1 and one sentence; one sentence either way.
+// are, and each drop-in can be taken away again. What returns a text returns one sentence.
 // Source: systemd.unit(5).
 #pragma once
 
@@ -11,15 +11,15 @@ namespace tickervantage {
 
 // Off: chronyd leaves the clock alone (its option -x). Restarts the daemon where it runs; a daemon that does not come
 // up with the option runs without it again, and that is a failure.
-[[nodiscard]] int adjust_clock(const Machine& machine, bool on, std::string& sentence);
+[[nodiscard]] Result<std::string> adjust_clock(const Machine& machine, bool on);
 
 // Everybody may enter the folder of logs, also after the unit has set it up anew at its start.
-[[nodiscard]] int open_log_folder(const Machine& machine, std::string& sentence);
+[[nodiscard]] Result<std::string> open_log_folder(const Machine& machine);
 
 // After the package of chrony has changed its unit: what was derived from the unit is derived again.
-[[nodiscard]] int renew_options(const Machine& machine, std::string& sentence);
+[[nodiscard]] Result<> renew_options(const Machine& machine);
 
 // Takes both away. The daemon is restarted where that changes what it does.
-[[nodiscard]] int remove_options(const Machine& machine, std::string& sentence);
+[[nodiscard]] Result<> remove_options(const Machine& machine);
 
 } // namespace tickervantage

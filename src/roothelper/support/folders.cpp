@@ -1,11 +1,10 @@
 #include "roothelper/support/folders.h"
 
+#include "base/failure_codes.h"
 #include "chrony/configuration/configuration.h"
 #include "roothelper/support/accounts.h"
 
 #include <fcntl.h>
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
@@ -69,8 +68,8 @@ Account usual_account(const PathRules& rules) {
     return ours(rules);
 }
 
-int owner_of_daemon_folder(const std::string& path, const std::vector<std::string>& configurations,
-                           const PathRules& rules, Account& owner, std::string& sentence) {
+Result<Account> owner_of_daemon_folder(const std::string& path, const std::vector<std::string>& configurations,
+                                       const PathRules& rules) {
     for (const auto& file : configurations) {
         Configuration configuration;
         configuration.load(file);
@@ -78,19 +77,13 @@ int owner_of_daemon_folder(const std::string& path, const std::vector<std::strin
             continue;
         const auto user = configuration.value("user");
         const auto account = user ? find_account(*user) : usual_account(rules);
-        if (!account) {
-            sentence = fmt::format("There is no user {}, to whom {} would belong.", *user, path);
-            return -1;
-        }
-        owner = *account;
-        return 0;
+        return account ? Result<Account>(*account) : failed(FailureCode::no_such_folder_owner, {*user, path});
     }
-    owner = ours(rules);
-    return 0;
+    return ours(rules);
 }
 
 // Under another name first, so that no run that was killed leaves a folder of the wrong owner.
-int make_finished(const Place& place, const Account& owner, mode_t mode, std::string& sentence) {
+Result<> make_finished(const Place& place, const Account& owner, mode_t mode) {
     const int folder = place.folder.get();
     const std::string draft = "." + place.name + ".new";
     ::unlinkat(folder, draft.c_str(), AT_REMOVEDIR); // left over from a run that was killed
@@ -99,38 +92,34 @@ int make_finished(const Place& place, const Account& owner, mode_t mode, std::st
                       ::fchmodat(folder, draft.c_str(), mode, 0) == 0 &&
                       ::renameat2(folder, draft.c_str(), folder, place.name.c_str(), RENAME_NOREPLACE) == 0;
     if (made)
-        return flush_folder_of(place, sentence);
+        return flush_folder_of(place);
     const int error = errno;
     ::unlinkat(folder, draft.c_str(), AT_REMOVEDIR);
-    return error == EEXIST ? 0 : fail_with(sentence, "Cannot make the folder", place.path, error);
+    return error == EEXIST ? Result<>() : failed(FailureCode::cannot_make_folder, {place.path}, error);
 }
 
-int make_with_owner(const std::string& path, const Account& owner, mode_t mode, const PathRules& rules,
-                    std::string& sentence) {
-    Place place;
-    if (open_place(path, rules, Missing::create, place, sentence) != 0)
-        return -1;
+Result<> make_with_owner(const std::string& path, const Account& owner, mode_t mode, const PathRules& rules) {
+    const auto place = open_place(path, rules, Missing::create);
+    if (!place)
+        return tl::unexpected(place.error());
     struct stat there {};
-    if (::fstatat(place.folder.get(), place.name.c_str(), &there, 0) == 0)
-        return S_ISDIR(there.st_mode) ? 0 : fail_with(sentence, "Cannot make the folder", path, ENOTDIR);
-    if (require_own_folder(place, rules, sentence) != 0)
-        return -1;
-    return make_finished(place, owner, mode, sentence);
+    if (::fstatat(place->folder.get(), place->name.c_str(), &there, 0) == 0)
+        return S_ISDIR(there.st_mode) ? Result<>() : failed(FailureCode::cannot_make_folder, {path}, ENOTDIR);
+    return require_own_folder(*place, rules).and_then([&] { return make_finished(*place, owner, mode); });
 }
 
 } // namespace
 
-int make_folder(const std::string& path, const PathRules& rules, std::string& sentence) {
-    return make_with_owner(path, ours(rules), for_everybody, rules, sentence);
+Result<> make_folder(const std::string& path, const PathRules& rules) {
+    return make_with_owner(path, ours(rules), for_everybody, rules);
 }
 
-int make_daemon_folder(const std::string& path, const std::vector<std::string>& configurations, const PathRules& rules,
-                       std::string& sentence) {
-    Account owner;
-    if (owner_of_daemon_folder(path, configurations, rules, owner, sentence) != 0)
-        return -1;
-    const bool logs = path.starts_with("/var/log/");
-    return make_with_owner(path, owner, logs ? for_everybody : for_the_daemon, rules, sentence);
+Result<> make_daemon_folder(const std::string& path, const std::vector<std::string>& configurations,
+                            const PathRules& rules) {
+    const auto mode = path.starts_with("/var/log/") ? for_everybody : for_the_daemon;
+    return owner_of_daemon_folder(path, configurations, rules).and_then([&](const Account& owner) {
+        return make_with_owner(path, owner, mode, rules);
+    });
 }
 
 std::vector<std::string> installed_configurations() {
@@ -153,19 +142,19 @@ std::vector<std::string> installed_configurations() {
     return files;
 }
 
-int remove_item(const std::string& path, const PathRules& rules, std::string& sentence) {
-    Place place;
-    if (open_place(path, rules, Missing::refuse, place, sentence) != 0)
-        return -1;
-    if (!place.folder.valid())
-        return 0;
-    const bool only_ours = rules.only_ours(place.folder_status);
-    if (!only_ours && place.folder_status.st_uid == 0)
-        return require_own_folder(place, rules, sentence);
-    const InTheNameOf owner(place.folder_status);
-    if (owner.done() && ::unlinkat(place.folder.get(), place.name.c_str(), 0) == 0)
-        return only_ours ? flush_folder_of(place, sentence) : 0;
-    return errno == ENOENT ? 0 : fail_with(sentence, "Cannot remove", path, errno);
+Result<> remove_item(const std::string& path, const PathRules& rules) {
+    const auto place = open_place(path, rules, Missing::refuse);
+    if (!place)
+        return tl::unexpected(place.error());
+    if (!place->folder.valid())
+        return {};
+    const bool only_ours = rules.only_ours(place->folder_status);
+    if (!only_ours && place->folder_status.st_uid == 0)
+        return require_own_folder(*place, rules);
+    const InTheNameOf owner(place->folder_status);
+    if (owner.done() && ::unlinkat(place->folder.get(), place->name.c_str(), 0) == 0)
+        return only_ours ? flush_folder_of(*place) : Result<>();
+    return errno == ENOENT ? Result<>() : failed(FailureCode::cannot_remove, {path}, errno);
 }
 
 } // namespace tickervantage

@@ -1,5 +1,6 @@
 #include "roothelper/support/install_file.h"
 
+#include "base/failure_codes.h"
 #include "linux/write_all.h"
 #include "roothelper/support/accounts.h"
 #include "roothelper/support/folders.h"
@@ -10,8 +11,6 @@
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <fmt/format.h>
 
 #include <array>
 #include <cerrno>
@@ -27,28 +26,30 @@ namespace {
 constexpr off_t largest_file = off_t{64} << 20U;
 using Buffer = std::array<char, 65536>;
 
-int read_mode(const std::string& text, mode_t& mode, std::string& sentence) {
+Result<mode_t> read_mode(const std::string& text) {
     constexpr mode_t never = 07022; // set-id bits, the sticky bit, writing by group and others
     unsigned number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, 8);
-    if (text.size() != 4 || error != std::errc() || end != text.data() + text.size() || (number & never) != 0) {
-        sentence = fmt::format("{} is no mode for a file that root installs.", text);
-        return -1;
-    }
-    mode = number;
-    return 0;
+    if (text.size() != 4 || error != std::errc() || end != text.data() + text.size() || (number & never) != 0)
+        return failed(FailureCode::no_mode_of_roots, {text});
+    return number;
 }
 
-int open_source(const std::string& path, FileDescriptor& file, struct stat& status, std::string& sentence) {
-    FileDescriptor opened(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (!opened.valid() || ::fstat(opened.get(), &status) != 0)
-        return fail_with(sentence, "Cannot read", path, errno);
+struct Source {
+    FileDescriptor file;
+    off_t size = 0;
+};
+
+Result<Source> open_source(const std::string& path) {
+    FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat status {};
+    if (!file.valid() || ::fstat(file.get(), &status) != 0)
+        return failed(FailureCode::cannot_read, {path}, errno);
     if (!S_ISREG(status.st_mode))
-        return fail_with(sentence, "Cannot install what is no ordinary file,", path, EINVAL);
+        return failed(FailureCode::cannot_install, {path}, Failure{.code = FailureCode::is_no_ordinary_file});
     if (status.st_size > largest_file)
-        return fail_with(sentence, "Cannot install", path, EFBIG);
-    file = std::move(opened);
-    return 0;
+        return failed(FailureCode::cannot_install, {path}, EFBIG);
+    return Source{std::move(file), status.st_size};
 }
 
 ssize_t read_some(int fd, char* to, std::size_t size) {
@@ -105,33 +106,42 @@ bool same_bytes(int one, int other) {
 }
 
 // Held until the descriptor is closed, so also a killed run gives it back.
-int lock_folder(const Place& place, FileDescriptor& lock, std::string& sentence) {
+Result<FileDescriptor> lock_folder(const Place& place) {
     FileDescriptor folder(::openat(place.folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!folder.valid())
-        return fail_with(sentence, "Cannot open the folder of", place.path, errno);
+        return failed(FailureCode::cannot_lock_folder, {place.path}, errno);
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     while (::flock(folder.get(), LOCK_EX | LOCK_NB) != 0) {
         if ((errno != EWOULDBLOCK && errno != EINTR) || std::chrono::steady_clock::now() >= end)
-            return fail_with(sentence, "Cannot lock the folder of", place.path, errno);
+            return failed(FailureCode::cannot_lock_folder, {place.path}, errno);
         ::poll(nullptr, 0, 10); // the kernel has no lock with a deadline
     }
-    lock = std::move(folder);
-    return 0;
+    return folder;
 }
 
-// The folder of a destination, only ours and locked; the destination is missing or an ordinary file.
-int open_destination(const std::string& path, const PathRules& rules, Place& place, FileDescriptor& lock,
-                     std::string& sentence) {
-    if (open_place(path, rules, Missing::refuse, place, sentence) != 0)
-        return -1;
-    if (!place.folder.valid())
-        return fail_with(sentence, "Cannot install", path, ENOENT);
-    if (require_own_folder(place, rules, sentence) != 0 || lock_folder(place, lock, sentence) != 0)
-        return -1;
+bool is_something_else(const Place& place, const std::string& name) {
     struct stat there {};
-    if (::fstatat(place.folder.get(), place.name.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0 && !S_ISREG(there.st_mode))
-        return fail_with(sentence, "Something that is no ordinary file lies at", path, EEXIST);
-    return 0;
+    return ::fstatat(place.folder.get(), name.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0 && !S_ISREG(there.st_mode);
+}
+
+struct Destination {
+    Place place;
+    FileDescriptor lock;
+};
+
+// The folder of a destination, only ours and locked; the destination is missing or an ordinary file.
+Result<Destination> open_destination(const std::string& path, const PathRules& rules) {
+    auto place = open_place(path, rules, Missing::refuse);
+    if (!place)
+        return tl::unexpected(place.error());
+    if (!place->folder.valid())
+        return failed(FailureCode::cannot_install, {path}, ENOENT);
+    auto lock = require_own_folder(*place, rules).and_then([&] { return lock_folder(*place); });
+    if (!lock)
+        return tl::unexpected(lock.error());
+    if (is_something_else(*place, place->name))
+        return failed(FailureCode::no_ordinary_file_there, {path});
+    return Destination{*std::move(place), *std::move(lock)};
 }
 
 // The new file beside the old one, taken away again unless it got into place.
@@ -192,41 +202,43 @@ int keep_former(const Place& place, int replacement) {
 
 } // namespace
 
-int install_file(const Installation& what, const PathRules& rules, std::string& sentence) {
-    Account owner;
-    mode_t mode = 0;
-    FileDescriptor source;
-    struct stat status {};
-    Place place;
-    FileDescriptor lock;
-    if (find_owner(what.owner, owner, sentence) != 0 || read_mode(what.mode, mode, sentence) != 0 ||
-        open_source(what.source, source, status, sentence) != 0 ||
-        open_destination(what.destination, rules, place, lock, sentence) != 0)
-        return -1;
+Result<> install_file(const Installation& what, const PathRules& rules) {
+    const auto owner = find_owner(what.owner);
+    if (!owner)
+        return tl::unexpected(owner.error());
+    const auto mode = read_mode(what.mode);
+    if (!mode)
+        return tl::unexpected(mode.error());
+    const auto source = open_source(what.source);
+    if (!source)
+        return tl::unexpected(source.error());
+    const auto destination = open_destination(what.destination, rules);
+    if (!destination)
+        return tl::unexpected(destination.error());
+    const Place& place = destination->place;
     Draft draft(place);
-    if (draft.write(source.get(), status.st_size, owner, mode) != 0)
-        return fail_with(sentence, "Cannot write", what.destination, errno);
+    if (draft.write(source->file.get(), source->size, *owner, *mode) != 0)
+        return failed(FailureCode::cannot_write, {what.destination}, errno);
     if (place.name.ends_with(".conf") && keep_former(place, draft.get()) != 0)
-        return fail_with(sentence, "Cannot keep the former", what.destination, errno);
+        return failed(FailureCode::cannot_keep_former, {what.destination}, errno);
     if (draft.put_in_place() != 0)
-        return fail_with(sentence, "Cannot replace", what.destination, errno);
-    return flush_folder_of(place, sentence);
+        return failed(FailureCode::cannot_replace, {what.destination}, errno);
+    return flush_folder_of(place);
 }
 
-int install_text(const std::string& path, std::string_view text, const PathRules& rules, std::string& sentence) {
-    Place place;
-    FileDescriptor lock;
-    FileDescriptor source(::memfd_create("text", MFD_CLOEXEC));
+Result<> install_text(const std::string& path, std::string_view text, const PathRules& rules) {
+    const FileDescriptor source(::memfd_create("text", MFD_CLOEXEC));
     if (!source.valid() || write_all(source.get(), text) != 0 || ::lseek(source.get(), 0, SEEK_SET) != 0)
-        return fail_with(sentence, "Cannot prepare", path, errno);
-    if (make_folder(path.substr(0, path.rfind('/')), rules, sentence) != 0 ||
-        open_destination(path, rules, place, lock, sentence) != 0)
-        return -1;
-    Draft draft(place);
+        return failed(FailureCode::cannot_write, {path}, errno);
+    const auto destination =
+        make_folder(path.substr(0, path.rfind('/')), rules).and_then([&] { return open_destination(path, rules); });
+    if (!destination)
+        return tl::unexpected(destination.error());
+    Draft draft(destination->place);
     if (draft.write(source.get(), static_cast<off_t>(text.size()), {rules.self, ::getegid()}, 0644) != 0 ||
         draft.put_in_place() != 0)
-        return fail_with(sentence, "Cannot write", path, errno);
-    return flush_folder_of(place, sentence);
+        return failed(FailureCode::cannot_write, {path}, errno);
+    return flush_folder_of(destination->place);
 }
 
 bool same_files(const std::string& one, const std::string& other) {
@@ -235,18 +247,17 @@ bool same_files(const std::string& one, const std::string& other) {
     return first.valid() && second.valid() && same_bytes(first.get(), second.get());
 }
 
-int restore_former(const std::string& destination, const PathRules& rules, std::string& sentence) {
-    Place place;
-    FileDescriptor lock;
-    if (open_destination(destination, rules, place, lock, sentence) != 0)
-        return -1;
+Result<> restore_former(const std::string& path, const PathRules& rules) {
+    const auto destination = open_destination(path, rules);
+    if (!destination)
+        return tl::unexpected(destination.error());
+    const Place& place = destination->place;
     const std::string former = place.name + ".former";
-    struct stat there {};
-    if (::fstatat(place.folder.get(), former.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0 && !S_ISREG(there.st_mode))
-        return fail_with(sentence, "Something that is no ordinary file lies at", destination + ".former", EEXIST);
+    if (is_something_else(place, former))
+        return failed(FailureCode::no_ordinary_file_there, {path + ".former"});
     if (::renameat(place.folder.get(), former.c_str(), place.folder.get(), place.name.c_str()) != 0)
-        return fail_with(sentence, "Cannot bring back the former", destination, errno);
-    return flush_folder_of(place, sentence);
+        return failed(FailureCode::cannot_restore_former, {path}, errno);
+    return flush_folder_of(place);
 }
 
 } // namespace tickervantage

@@ -8,7 +8,7 @@
 // until the next one: so a daemon that does not start with the new one can have the old one back.
 //
 // Whether the person who asks may read the source is not known here: whoever offers a source for somebody else reads it
-// in that person's name first. Results are 0, or -1 and one sentence.
+// in that person's name first.
 #pragma once
 
 #include "roothelper/support/path_rules.h"
@@ -25,16 +25,15 @@ struct Installation {
     std::string mode;        // four octal digits: nothing that runs as its owner or that others may write
 };
 
-[[nodiscard]] int install_file(const Installation& what, const PathRules& rules, std::string& sentence);
+[[nodiscard]] Result<> install_file(const Installation& what, const PathRules& rules);
 
 // Puts a text of root's in its place, readable by everybody; missing folders on the way are made.
-[[nodiscard]] int install_text(const std::string& path, std::string_view text, const PathRules& rules,
-                               std::string& sentence);
+[[nodiscard]] Result<> install_text(const std::string& path, std::string_view text, const PathRules& rules);
 
 // Whether both can be read and hold the same bytes.
 [[nodiscard]] bool same_files(const std::string& one, const std::string& other);
 
 // Puts "<destination>.former" back in the destination's place.
-[[nodiscard]] int restore_former(const std::string& destination, const PathRules& rules, std::string& sentence);
+[[nodiscard]] Result<> restore_former(const std::string& destination, const PathRules& rules);
 
 } // namespace tickervantage

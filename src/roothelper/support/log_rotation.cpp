@@ -1,5 +1,6 @@
 #include "roothelper/support/log_rotation.h"
 
+#include "base/failure_codes.h"
 #include "roothelper/support/one_line.h"
 
 #include <fcntl.h>
@@ -12,39 +13,45 @@
 namespace tickervantage {
 namespace {
 
-int check_script(const std::string& script, const PathRules& rules, std::string& sentence) {
-    Place place;
-    if (open_place(script, rules, Missing::refuse, place, sentence) != 0)
-        return -1;
-    struct stat status {};
-    if (!place.folder.valid() || ::fstatat(place.folder.get(), place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
-        return fail_with(sentence, "Cannot find the script", script, place.folder.valid() ? errno : ENOENT);
-    if (S_ISREG(status.st_mode) && rules.only_ours(place.folder_status) && rules.only_ours(status))
-        return 0;
-    sentence = fmt::format("{} is not run: others can change it.", script);
-    return -1;
+// `otherwise`: what is said where there is nothing at the path.
+Result<Place> find(const std::string& path, const PathRules& rules, struct stat& status, FailureCode otherwise) {
+    auto place = open_place(path, rules, Missing::refuse);
+    if (!place)
+        return place;
+    if (!place->folder.valid() ||
+        ::fstatat(place->folder.get(), place->name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return failed(otherwise, {path}, place->folder.valid() ? errno : ENOENT);
+    return place;
 }
 
-int find_log_folder(const std::string& folder, const PathRules& rules, struct stat& status, std::string& sentence) {
-    Place place;
-    if (open_place(folder, rules, Missing::refuse, place, sentence) != 0)
-        return -1;
-    if (!place.folder.valid() || ::fstatat(place.folder.get(), place.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
-        return fail_with(sentence, "Cannot find the log folder", folder, place.folder.valid() ? errno : ENOENT);
-    if (!S_ISDIR(status.st_mode))
-        return fail_with(sentence, "Cannot rotate logs in", folder, ENOTDIR);
-    const bool root_among_others = status.st_uid == 0 && !rules.only_ours(status);
-    return root_among_others ? fail_with(sentence, "Others can write to the log folder", folder, EPERM)
-                             : require_own_folder(place, rules, sentence);
+Result<> check_script(const std::string& script, const PathRules& rules) {
+    struct stat status {};
+    return find(script, rules, status, FailureCode::cannot_find_script).and_then([&](const Place& place) -> Result<> {
+        if (S_ISREG(status.st_mode) && rules.only_ours(place.folder_status) && rules.only_ours(status))
+            return {};
+        return failed(FailureCode::script_open_to_others, {script});
+    });
+}
+
+Result<> check_log_folder(const std::string& folder, const PathRules& rules, struct stat& status) {
+    return find(folder, rules, status, FailureCode::cannot_find_log_folder)
+        .and_then([&](const Place& place) -> Result<> {
+            if (!S_ISDIR(status.st_mode))
+                return failed(FailureCode::cannot_find_log_folder, {folder}, ENOTDIR);
+            const bool root_among_others = status.st_uid == 0 && !rules.only_ours(status);
+            return root_among_others ? failed(FailureCode::log_folder_open_to_others, {folder})
+                                     : require_own_folder(place, rules);
+        });
 }
 
 } // namespace
 
-int rotate_logs(Execute& execute, const std::string& script, const std::string& folder, const PathRules& rules,
-                std::string& sentence) {
+Result<std::string> rotate_logs(Execute& execute, const std::string& script, const std::string& folder,
+                                const PathRules& rules) {
     struct stat status {};
-    if (check_script(script, rules, sentence) != 0 || find_log_folder(folder, rules, status, sentence) != 0)
-        return -1;
+    const auto checked = check_script(script, rules).and_then([&] { return check_log_folder(folder, rules, status); });
+    if (!checked)
+        return tl::unexpected(checked.error());
     const auto chronyc = script.substr(0, script.rfind('/')) + "/chronyc";
     ExecuteRequest request{.program = "/usr/bin/env", .arguments = {"-C", folder, "/bin/sh", script, chronyc, folder}};
     if (status.st_uid != rules.self) {
@@ -61,10 +68,9 @@ int rotate_logs(Execute& execute, const std::string& script, const std::string& 
         request.arguments = std::move(words);
     }
     const auto result = execute.run(request);
-    const bool rotated = result.outcome == ExecuteOutcome::exited && result.exit_status == 0;
-    sentence = rotated ? fmt::format("Rotated the logs in {}.", folder)
-                       : fmt::format("Cannot rotate the logs in {}: {}", folder, last_words(result));
-    return rotated ? 0 : -1;
+    if (!succeeded(result))
+        return failed(FailureCode::cannot_rotate_logs, {folder}, last_words(result));
+    return fmt::format("Rotated the logs in {}.", folder);
 }
 
 } // namespace tickervantage

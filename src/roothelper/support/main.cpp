@@ -1,4 +1,7 @@
-// chronysupport: one piece of work of root for the application. Prints one line.
+// chronysupport: one piece of work of root for the application. Prints one line, and with the option --failure-line
+// before the verb a second one that names what went wrong.
+#include "base/failure_codes.h"
+#include "base/failure_line.h"
 #include "linux/posix_execute.h"
 #include "roothelper/support/folders.h"
 #include "roothelper/support/kernel_clock.h"
@@ -12,7 +15,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string>
-#include <thread>
+#include <vector>
 
 namespace {
 
@@ -22,27 +25,37 @@ std::string own_bundle() {
     return std::filesystem::read_symlink("/proc/self/exe", unknown).parent_path().parent_path().parent_path();
 }
 
+constexpr int has_failed = 1;
+constexpr int usage = 2;
+
+int status_of(const tickervantage::Failure& failure) {
+    return failure.code == tickervantage::FailureCode::no_such_verb ? usage : has_failed;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     using namespace tickervantage;
     // Whatever the caller's surroundings, root works in its own.
     if (::clearenv() != 0 || ::setenv("PATH", "/usr/sbin:/usr/bin:/sbin:/bin", 1) != 0 || ::chdir("/") != 0)
-        return static_cast<int>(VerbResult::failed);
+        return has_failed;
     ::umask(022);
+    std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+    const bool tells_failure = !words.empty() && words.front() == failure_option;
+    if (tells_failure)
+        words.erase(words.begin());
     PosixExecute execute;
     KernelClock clock;
-    const SupportParts parts{.rules = {.self = ::geteuid()},
-                             .units = {execute,
-                                       [](auto time) {
-                                           std::this_thread::sleep_for(time);
-                                       }},
-                             .clock = clock,
-                             .configurations = installed_configurations,
-                             .root = {},
-                             .bundle = own_bundle()};
-    std::string line;
-    const auto result = run_verb({argv + std::min(argc, 1), argv + argc}, parts, line);
-    (void)std::printf("%s\n", line.c_str()); // whoever went away before the answer does not need it
-    return static_cast<int>(result);
+    SleepingPause pause;
+    const auto said = run_verb(words, {.rules = {.self = ::geteuid()},
+                                       .units = {execute, pause},
+                                       .clock = clock,
+                                       .configurations = installed_configurations(),
+                                       .root = {},
+                                       .bundle = own_bundle()});
+    // Whoever went away before the answer does not need it.
+    (void)std::printf("%s\n", answer_line(said).c_str());
+    if (!said && tells_failure)
+        (void)std::fputs(marked_line(said.error()).c_str(), stdout);
+    return said ? 0 : status_of(said.error());
 }

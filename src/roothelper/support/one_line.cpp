@@ -1,8 +1,7 @@
 #include "roothelper/support/one_line.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
 
@@ -16,12 +15,18 @@ std::string one_line(std::string_view text) {
     return std::string(trimmed(line));
 }
 
-std::string last_words(const ExecuteResult& result) {
+Failure last_words(const ExecuteResult& result) {
     const auto lines = non_empty_lines(result.output);
     const auto spoken = std::find_if(lines.rbegin(), lines.rend(), [](auto line) { return !trimmed(line).empty(); });
     if (spoken != lines.rend())
-        return one_line(*spoken);
-    return result.outcome == ExecuteOutcome::exited ? fmt::format("status {}.", result.exit_status) : result.sentence;
+        return said_by_others(one_line(*spoken));
+    if (result.outcome == ExecuteOutcome::exited)
+        return {.code = FailureCode::ended_with_status, .arguments = {std::to_string(result.exit_status)}};
+    return said_by_others(result.sentence);
+}
+
+bool succeeded(const ExecuteResult& result) {
+    return result.outcome == ExecuteOutcome::exited && result.exit_status == 0;
 }
 
 } // namespace tickervantage

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/execute.h"
+#include "base/failure.h"
 
 #include <string>
 #include <string_view>
@@ -12,6 +13,8 @@ namespace tickervantage {
 [[nodiscard]] std::string one_line(std::string_view text);
 
 // The last line that a program printed, or what became of it when it printed nothing.
-[[nodiscard]] std::string last_words(const ExecuteResult& result);
+[[nodiscard]] Failure last_words(const ExecuteResult& result);
+
+[[nodiscard]] bool succeeded(const ExecuteResult& result);
 
 } // namespace tickervantage

@@ -1,12 +1,12 @@
 #include "roothelper/support/own_installation.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
 #include "chrony/services/chrony_services.h"
 #include "linux/small_file.h"
 #include "roothelper/support/distribution_options.h"
 #include "roothelper/support/folders.h"
 #include "roothelper/support/install_file.h"
-#include "roothelper/support/one_line.h"
 #include "roothelper/support/unit_status.h"
 
 #include <fmt/format.h>
@@ -90,59 +90,51 @@ std::vector<std::string> installed_units(const Machine& machine) {
 // Whatever fails, the rest is still done; the first failure is told.
 class Series {
 public:
-    void add(int result, const std::string& sentence) {
-        if (result != 0 && m_failure.empty())
-            m_failure = sentence;
+    void add(Result<> step) {
+        if (m_done)
+            m_done = std::move(step);
     }
-    [[nodiscard]] int end(std::string success, std::string& sentence) const {
-        sentence = m_failure.empty() ? std::move(success) : m_failure;
-        return m_failure.empty() ? 0 : -1;
+    [[nodiscard]] Result<std::string> end(std::string success) const {
+        return m_done.map([&] { return std::move(success); });
     }
 
 private:
-    std::string m_failure;
+    Result<> m_done;
 };
 
 void remove_units(const Machine& machine, const std::vector<std::string>& units, Series& series) {
-    std::string sentence;
     for (const auto& unit : units) {
-        const auto result = systemctl(machine.execute, {"disable", "--now", unit});
-        series.add(succeeded(result) ? 0 : -1, fmt::format("Cannot stop {}: {}", unit, last_words(result)));
-        series.add(remove_item(unit_path(machine, unit), machine.rules, sentence), sentence);
+        series.add(manage_unit(machine.execute, {"disable", "--now", unit}, FailureCode::cannot_stop_unit));
+        series.add(remove_item(unit_path(machine, unit), machine.rules));
     }
     (void)systemctl(machine.execute, {"daemon-reload"}); // forgotten at the next boot at the latest
 }
 
 } // namespace
 
-int refresh_programs(const Machine& machine, std::string& sentence) {
+Result<std::string> refresh_programs(const Machine& machine) {
     Series series;
     std::vector<std::string> replaced;
-    std::string why;
     for (const auto& program : installed_programs(machine)) {
         const auto path = machine.root + program.installed;
         if (!is_there(program.bundled) || same_files(path, program.bundled))
             continue;
-        const int result = install_file({program.bundled, path, "root:wheel", "0755"}, machine.rules, why);
-        series.add(result, why);
-        if (result != 0)
+        const auto installed = install_file({program.bundled, path, "root:wheel", "0755"}, machine.rules);
+        series.add(installed);
+        if (!installed)
             continue;
         replaced.push_back(program.installed);
-        if (program.service.empty())
-            continue;
-        const auto restarted = systemctl(machine.execute, {"try-restart", program.service});
-        series.add(succeeded(restarted) ? 0 : -1,
-                   fmt::format("Cannot restart {}: {}", program.service, last_words(restarted)));
+        if (!program.service.empty())
+            series.add(
+                manage_unit(machine.execute, {"try-restart", program.service}, FailureCode::cannot_restart_unit));
     }
-    series.add(renew_options(machine, why), why);
+    series.add(renew_options(machine));
     return series.end(replaced.empty() ? "The installed programs are those of the bundle."
-                                       : fmt::format("Replaced {}.", fmt::join(replaced, " and ")),
-                      sentence);
+                                       : fmt::format("Replaced {}.", fmt::join(replaced, " and ")));
 }
 
-int remove_installation(const Machine& machine, std::string& sentence) {
+Result<std::string> remove_installation(const Machine& machine) {
     Series series;
-    std::string why;
     const auto units = installed_units(machine);
     const auto programs = installed_programs(machine);
     const bool displaced =
@@ -150,12 +142,11 @@ int remove_installation(const Machine& machine, std::string& sentence) {
     if (!units.empty())
         remove_units(machine, units, series);
     for (const auto& program : programs)
-        series.add(remove_item(machine.root + program.installed, machine.rules, why), why);
-    series.add(remove_options(machine, why), why);
+        series.add(remove_item(machine.root + program.installed, machine.rules));
+    series.add(remove_options(machine));
     if (displaced)
-        series.add(restore_services(machine, why), why);
-    return series.end(units.empty() ? "There is no installation of ours." : "The installation of chrony is removed.",
-                      sentence);
+        series.add(restore_services(machine).map([](const std::string&) {}));
+    return series.end(units.empty() ? "There is no installation of ours." : "The installation of chrony is removed.");
 }
 
 } // namespace tickervantage

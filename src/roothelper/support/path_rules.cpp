@@ -1,15 +1,14 @@
 #include "roothelper/support/path_rules.h"
 
-#include <fcntl.h>
+#include "base/failure_codes.h"
 
-#include <fmt/format.h>
+#include <fcntl.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
 #include <deque>
-#include <system_error>
 
 namespace tickervantage {
 namespace {
@@ -19,49 +18,48 @@ constexpr mode_t written_by_group_or_others = 022;
 // One walk from the root folder down.
 class Walk {
 public:
-    Walk(const PathRules& rules, Missing missing, const std::string& path, std::string& sentence)
-        : m_rules(rules), m_missing(missing), m_path(path), m_sentence(sentence) {}
+    Walk(const PathRules& rules, Missing missing, const std::string& path)
+        : m_rules(rules), m_missing(missing), m_path(path) {}
 
-    [[nodiscard]] int go(std::deque<std::string> names, FileDescriptor& folder, struct stat& status) {
-        m_left = std::move(names);
-        if (enter(FileDescriptor(::open("/", O_PATH | O_DIRECTORY | O_CLOEXEC))) != 0)
-            return -1;
-        while (!m_left.empty() && m_current.valid()) {
+    // To the folder that the last of the names lies in.
+    [[nodiscard]] Result<Place> go(const std::vector<std::string>& names) {
+        m_left = {names.begin(), names.end() - 1};
+        auto done = enter_root();
+        while (done && !m_left.empty() && m_current.valid()) {
             const auto name = m_left.front();
             m_left.pop_front();
-            if (check_current() != 0 || step(name) != 0)
-                return -1;
+            done = check_current().and_then([&] { return step(name); });
         }
-        folder = std::move(m_current);
-        status = m_status;
-        return 0;
+        return done.map([&] {
+            return Place{
+                .folder = std::move(m_current), .folder_status = m_status, .name = names.back(), .path = m_path};
+        });
     }
 
 private:
-    [[nodiscard]] int fail(int error) const { return fail_with(m_sentence, "Cannot reach", m_path, error); }
+    [[nodiscard]] Result<> fail(int error) const { return failed(FailureCode::cannot_reach, {m_path}, error); }
 
-    [[nodiscard]] int enter(FileDescriptor folder) {
+    [[nodiscard]] Result<> enter_root() { return enter(FileDescriptor(::open("/", O_PATH | O_DIRECTORY | O_CLOEXEC))); }
+
+    [[nodiscard]] Result<> enter(FileDescriptor folder) {
         if (!folder.valid() || ::fstat(folder.get(), &m_status) != 0)
             return fail(errno);
         m_current = std::move(folder);
-        return 0;
+        return {};
     }
 
     // Sticky folders of root: what others put there they can move, but not what is ours.
     [[nodiscard]] bool sticky() const { return m_status.st_uid == 0 && (m_status.st_mode & S_ISVTX) != 0; }
 
-    [[nodiscard]] int check_current() const {
-        if (m_rules.only_ours(m_status) || sticky())
-            return 0;
-        m_sentence = fmt::format("The way to {} leads through a folder that others can change.", m_path);
-        return -1;
+    [[nodiscard]] Result<> check_current() const {
+        return m_rules.only_ours(m_status) || sticky() ? Result<>() : failed(FailureCode::way_open_to_others, {m_path});
     }
 
-    [[nodiscard]] int step(const std::string& name) {
+    [[nodiscard]] Result<> step(const std::string& name) {
         FileDescriptor next(::openat(m_current.get(), name.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
         if (!next.valid() && errno == ENOENT && m_missing == Missing::refuse) {
             m_current.reset();
-            return 0;
+            return {};
         }
         if (!next.valid() && errno == ENOENT)
             return make(name);
@@ -73,11 +71,9 @@ private:
         return S_ISDIR(status.st_mode) ? enter(std::move(next)) : fail(ENOTDIR);
     }
 
-    [[nodiscard]] int make(const std::string& name) {
-        if (!m_rules.only_ours(m_status)) {
-            m_sentence = fmt::format("No folder for {} is made where others can write.", m_path);
-            return -1;
-        }
+    [[nodiscard]] Result<> make(const std::string& name) {
+        if (!m_rules.only_ours(m_status))
+            return failed(FailureCode::no_folder_among_others, {m_path});
         if (::mkdirat(m_current.get(), name.c_str(), 0755) != 0 && errno != EEXIST)
             return fail(errno);
         const FileDescriptor readable(::openat(m_current.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -87,22 +83,20 @@ private:
             FileDescriptor(::openat(m_current.get(), name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)));
     }
 
-    [[nodiscard]] int follow(int link, const struct stat& status) {
+    [[nodiscard]] Result<> follow(int link, const struct stat& status) {
         constexpr int most_links = 8;
         std::array<char, PATH_MAX> text{};
         if (++m_links > most_links)
             return fail(ELOOP);
-        if (sticky() || (status.st_uid != 0 && status.st_uid != m_rules.self)) {
-            m_sentence = fmt::format("The way to {} leads through a symbolic link that others made.", m_path);
-            return -1;
-        }
+        if (sticky() || (status.st_uid != 0 && status.st_uid != m_rules.self))
+            return failed(FailureCode::way_through_link_of_others, {m_path});
         const ssize_t length = ::readlinkat(link, "", text.data(), text.size());
         if (length <= 0 || static_cast<std::size_t>(length) == text.size())
             return fail(length < 0 ? errno : ENAMETOOLONG);
         return prepend({text.data(), static_cast<std::size_t>(length)});
     }
 
-    [[nodiscard]] int prepend(const std::string& target) {
+    [[nodiscard]] Result<> prepend(const std::string& target) {
         std::deque<std::string> names;
         for (std::size_t at = 0; at < target.size();) {
             const auto end = std::min(target.find('/', at), target.size());
@@ -111,23 +105,17 @@ private:
             at = end + 1;
         }
         m_left.insert(m_left.begin(), names.begin(), names.end());
-        return target.front() == '/' ? enter(FileDescriptor(::open("/", O_PATH | O_DIRECTORY | O_CLOEXEC))) : 0;
+        return target.front() == '/' ? enter_root() : Result<>();
     }
 
     const PathRules& m_rules;
     Missing m_missing;
     const std::string& m_path;
-    std::string& m_sentence;
     std::deque<std::string> m_left;
     FileDescriptor m_current;
     struct stat m_status {};
     int m_links = 0;
 };
-
-int refuse(std::string& sentence, const std::string& path) {
-    sentence = fmt::format("{} is not a path that can be used here.", path);
-    return -1;
-}
 
 } // namespace
 
@@ -138,55 +126,41 @@ bool PathRules::only_ours(const struct stat& status) const {
     return group_is_roots || (status.st_mode & written_by_group_or_others) == 0;
 }
 
-int split_path(const std::string& path, std::vector<std::string>& names, std::string& sentence) {
+Result<std::vector<std::string>> split_path(const std::string& path) {
     const auto control = [](unsigned char c) {
         return c < 0x20 || c == 0x7f;
     };
+    const auto refused = failed(FailureCode::unusable_path, {path.substr(0, 200)});
     if (!path.starts_with('/') || path.size() >= PATH_MAX || std::ranges::any_of(path, control))
-        return refuse(sentence, path.substr(0, 200));
-    std::vector<std::string> found;
+        return refused;
+    std::vector<std::string> names;
     for (std::size_t at = 1; at < path.size();) {
         const auto end = std::min(path.find('/', at), path.size());
         const auto name = path.substr(at, end - at);
         if (name == ".." || name.size() > NAME_MAX)
-            return refuse(sentence, path.substr(0, 200));
+            return refused;
         if (!name.empty() && name != ".")
-            found.push_back(name);
+            names.push_back(name);
         at = end + 1;
     }
-    if (found.empty())
-        return refuse(sentence, path);
-    names = std::move(found);
-    return 0;
+    if (names.empty())
+        return refused;
+    return names;
 }
 
-int open_place(const std::string& path, const PathRules& rules, Missing missing, Place& place, std::string& sentence) {
-    std::vector<std::string> names;
-    if (split_path(path, names, sentence) != 0)
-        return -1;
-    place.path = path;
-    place.name = names.back();
-    return Walk(rules, missing, place.path, sentence)
-        .go({names.begin(), names.end() - 1}, place.folder, place.folder_status);
+Result<Place> open_place(const std::string& path, const PathRules& rules, Missing missing) {
+    return split_path(path).and_then([&](const auto& names) { return Walk(rules, missing, path).go(names); });
 }
 
-int require_own_folder(const Place& place, const PathRules& rules, std::string& sentence) {
-    if (rules.only_ours(place.folder_status))
-        return 0;
-    sentence = fmt::format("{} stays as it is: others can write to its folder.", place.path);
-    return -1;
+Result<> require_own_folder(const Place& place, const PathRules& rules) {
+    return rules.only_ours(place.folder_status) ? Result<>() : failed(FailureCode::folder_open_to_others, {place.path});
 }
 
-int flush_folder_of(const Place& place, std::string& sentence) {
+Result<> flush_folder_of(const Place& place) {
     const FileDescriptor readable(::openat(place.folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (readable.valid() && (::fsync(readable.get()) == 0 || errno == EINVAL)) // EINVAL: there is no such thing here
-        return 0;
-    return fail_with(sentence, "Cannot flush the folder of", place.path, errno);
-}
-
-int fail_with(std::string& sentence, const char* what, const std::string& path, int error) {
-    sentence = fmt::format("{} {}: {}.", what, path, std::generic_category().message(error));
-    return -1;
+        return {};
+    return failed(FailureCode::cannot_flush_folder, {place.path}, errno);
 }
 
 } // namespace tickervantage

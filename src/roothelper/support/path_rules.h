@@ -5,10 +5,9 @@
 // folder like /tmp, where only a file's owner can move it, may lie on the way but is no destination. Symbolic links on
 // the way are followed only when root made them (/var/run is one), never at the end. What is opened stays opened: later
 // steps act on the descriptor, not on the path.
-//
-// Results are 0, or -1 and one sentence.
 #pragma once
 
+#include "base/failure.h"
 #include "linux/file_descriptor.h"
 
 #include <sys/stat.h>
@@ -31,28 +30,24 @@ struct Place {
     FileDescriptor folder; // O_PATH
     struct stat folder_status {};
     std::string name;
-    std::string path; // for sentences
+    std::string path; // for failures
 };
 
 enum class Missing : unsigned char { refuse, create }; // folders on the way
 
 // Cuts an absolute path into names. Refuses "..", control characters and overlong paths; "//", "." and a "/" at the end
 // say nothing.
-[[nodiscard]] int split_path(const std::string& path, std::vector<std::string>& names, std::string& sentence);
+[[nodiscard]] Result<std::vector<std::string>> split_path(const std::string& path);
 
 // Opens the folder that a path lies in. Whether that last folder is only ours is for the caller to check. With
-// Missing::create missing folders are made, for everybody to read. Without, `place.folder` is not valid when one is
-// missing: that is no failure.
-[[nodiscard]] int open_place(const std::string& path, const PathRules& rules, Missing missing, Place& place,
-                             std::string& sentence);
+// Missing::create missing folders are made, for everybody to read. Without, the place's `folder` is not valid when one
+// is missing: that is no failure.
+[[nodiscard]] Result<Place> open_place(const std::string& path, const PathRules& rules, Missing missing);
 
-// -1 and the sentence that says why, unless the place's folder is only ours.
-[[nodiscard]] int require_own_folder(const Place& place, const PathRules& rules, std::string& sentence);
+// A failure unless the place's folder is only ours.
+[[nodiscard]] Result<> require_own_folder(const Place& place, const PathRules& rules);
 
 // Makes what happened in a folder last through a power cut.
-[[nodiscard]] int flush_folder_of(const Place& place, std::string& sentence);
-
-// "<what> <path>: <the error's words>."
-[[nodiscard]] int fail_with(std::string& sentence, const char* what, const std::string& path, int error);
+[[nodiscard]] Result<> flush_folder_of(const Place& place);
 
 } // namespace tickervantage

@@ -1,11 +1,11 @@
 #include "roothelper/support/time_services.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
 #include "chrony/services/chrony_services.h"
 #include "linux/small_file.h"
 #include "roothelper/support/folders.h"
 #include "roothelper/support/install_file.h"
-#include "roothelper/support/one_line.h"
 #include "roothelper/support/unit_status.h"
 
 #include <fmt/format.h>
@@ -38,11 +38,6 @@ bool is_time_service(std::string_view unit) {
     return std::ranges::find(other_time_services(), unit) != other_time_services().end();
 }
 
-int fail(std::string& sentence, const std::string& what, const ExecuteResult& result) {
-    sentence = fmt::format("{}: {}", what, last_words(result));
-    return -1;
-}
-
 // What was displaced before, which counts however the machine looks now.
 std::optional<Services> read_displaced(const Machine& machine) {
     const SmallFile file = read_small_file(machine.root + displaced_file, largest_note);
@@ -58,24 +53,25 @@ std::optional<Services> read_displaced(const Machine& machine) {
     return noted;
 }
 
-int write_displaced(const Machine& machine, const Services& services, std::string& sentence) {
+Result<> write_displaced(const Machine& machine, const Services& services) {
     std::string text;
     for (const auto& service : services)
         text += service.unit + (service.enabled ? " enabled" : "") + (service.active ? " active" : "") + '\n';
-    return install_text(machine.root + displaced_file, text, machine.rules, sentence);
+    return install_text(machine.root + displaced_file, text, machine.rules);
 }
 
 // Those that are installed, each by its first name.
-int installed_services(const Machine& machine, Services& services, std::string& sentence) {
+Result<Services> installed_services(const Machine& machine) {
+    Services services;
     for (const auto& unit : other_time_services()) {
-        UnitStatus status;
-        if (look_at_unit(machine.execute, unit, status, sentence) != 0)
-            return -1;
-        const auto name = status["Id"];
-        if (status.is_there() && is_time_service(name) && find(services, name) == nullptr)
-            services.push_back({name, status.is_enabled(), status.is_up()});
+        const auto status = look_at_unit(machine.execute, unit);
+        if (!status)
+            return tl::unexpected(status.error());
+        const auto name = (*status)["Id"];
+        if (status->is_there() && is_time_service(name) && find(services, name) == nullptr)
+            services.push_back({name, status->is_enabled(), status->is_up()});
     }
-    return 0;
+    return services;
 }
 
 void add_to(Services& displaced, const Services& present) {
@@ -90,87 +86,82 @@ void add_to(Services& displaced, const Services& present) {
 }
 
 // With its folder, unless somebody else keeps something there.
-int remove_ntp_units(const Machine& machine, std::string& sentence) {
+Result<> remove_ntp_units(const Machine& machine) {
     const auto path = machine.root + ntp_units_file;
-    if (remove_item(path, machine.rules, sentence) != 0)
-        return -1;
-    (void)::rmdir(path.substr(0, path.rfind('/')).c_str());
-    return 0;
+    return remove_item(path, machine.rules).map([&] { (void)::rmdir(path.substr(0, path.rfind('/')).c_str()); });
 }
 
-int enable_again(const Machine& machine, const Services& noted, const Services& present, std::string& sentence) {
+Result<> enable_again(const Machine& machine, const Services& noted, const Services& present) {
+    Result<> done;
     for (const auto& service : noted) {
         const auto now = std::ranges::find(present, service.unit, &TimeService::unit);
-        if (!service.enabled || now == present.end() || now->enabled)
-            continue;
-        const auto result = systemctl(machine.execute, {"enable", service.unit});
-        if (!succeeded(result))
-            return fail(sentence, fmt::format("Cannot enable {}", service.unit), result);
+        if (done && service.enabled && now != present.end() && !now->enabled)
+            done = manage_unit(machine.execute, {"enable", service.unit}, FailureCode::cannot_enable_unit);
     }
-    return 0;
+    return done;
 }
 
-int start_one(const Machine& machine, const Services& noted, const Services& present, std::string& sentence) {
+// Of those that cannot be started, the last is told.
+Result<std::string> start_one(const Machine& machine, const Services& noted, const Services& present) {
     Services candidates;
     for (const auto& service : noted)
         if (std::ranges::find(present, service.unit, &TimeService::unit) != present.end())
             candidates.push_back(service);
     std::ranges::stable_sort(candidates, std::ranges::greater(), &TimeService::active);
-    sentence = "No other time service was in use before.";
+    Result<std::string> said = "No other time service was in use before.";
     for (const auto& service : candidates) {
-        const auto result = systemctl(machine.execute, {"start", service.unit});
-        if (!succeeded(result)) {
-            (void)fail(sentence, fmt::format("Cannot start {}", service.unit), result);
-            continue;
-        }
-        sentence = fmt::format("{} runs again.", service.unit);
-        return 0;
+        said = manage_unit(machine.execute, {"start", service.unit}, FailureCode::cannot_start_unit).map([&] {
+            return fmt::format("{} runs again.", service.unit);
+        });
+        if (said)
+            break;
     }
-    return candidates.empty() ? 0 : -1;
+    return said;
 }
 
-} // namespace
-
-int displace_services(const Machine& machine, std::string& sentence) {
-    Services present;
-    if (installed_services(machine, present, sentence) != 0)
-        return -1;
-    Services displaced = read_displaced(machine).value_or(Services());
-    add_to(displaced, present);
-    const auto own = fmt::format("{}.service\n", daemon_label);
-    if (write_displaced(machine, displaced, sentence) != 0 ||
-        install_text(machine.root + ntp_units_file, own, machine.rules, sentence) != 0)
-        return -1;
+Result<std::string> disable(const Machine& machine, const Services& present) {
     std::vector<std::string> names;
     for (const auto& service : present) {
         if (!service.enabled)
             continue;
-        const auto result = systemctl(machine.execute, {"disable", service.unit});
-        if (!succeeded(result))
-            return fail(sentence, fmt::format("Cannot disable {}", service.unit), result);
+        const auto done = manage_unit(machine.execute, {"disable", service.unit}, FailureCode::cannot_disable_unit);
+        if (!done)
+            return tl::unexpected(done.error());
         names.push_back(service.unit);
     }
-    sentence =
-        names.empty() ? "No other time service is enabled." : fmt::format("Disabled {}.", fmt::join(names, " and "));
-    return 0;
+    return names.empty() ? "No other time service is enabled." : fmt::format("Disabled {}.", fmt::join(names, " and "));
 }
 
-int restore_services(const Machine& machine, std::string& sentence) {
-    Services present;
-    if (remove_ntp_units(machine, sentence) != 0 || installed_services(machine, present, sentence) != 0)
-        return -1;
-    Services noted = read_displaced(machine).value_or(present);
-    std::erase_if(noted, [](const TimeService& service) { return !service.enabled && !service.active; });
-    if (enable_again(machine, noted, present, sentence) != 0)
-        return -1;
+Result<std::string> run_one_again(const Machine& machine, const Services& noted, const Services& present) {
     const auto running = std::ranges::find_if(present, &TimeService::active);
-    if (running != present.end())
-        sentence = fmt::format("{} is running.", running->unit);
-    else if (start_one(machine, noted, present, sentence) != 0)
-        return -1;
-    std::string ignored; // noted once more than needed does no harm
-    (void)remove_item(machine.root + displaced_file, machine.rules, ignored);
-    return 0;
+    return running != present.end() ? Result<std::string>(fmt::format("{} is running.", running->unit))
+                                    : start_one(machine, noted, present);
+}
+
+} // namespace
+
+Result<std::string> displace_services(const Machine& machine) {
+    return installed_services(machine).and_then([&](const Services& present) {
+        Services displaced = read_displaced(machine).value_or(Services());
+        add_to(displaced, present);
+        const auto own = fmt::format("{}.service\n", daemon_label);
+        return write_displaced(machine, displaced)
+            .and_then([&] { return install_text(machine.root + ntp_units_file, own, machine.rules); })
+            .and_then([&] { return disable(machine, present); });
+    });
+}
+
+Result<std::string> restore_services(const Machine& machine) {
+    const auto present = remove_ntp_units(machine).and_then([&] { return installed_services(machine); });
+    if (!present)
+        return tl::unexpected(present.error());
+    Services noted = read_displaced(machine).value_or(*present);
+    std::erase_if(noted, [](const TimeService& service) { return !service.enabled && !service.active; });
+    auto said =
+        enable_again(machine, noted, *present).and_then([&] { return run_one_again(machine, noted, *present); });
+    if (said)
+        (void)remove_item(machine.root + displaced_file, machine.rules); // noted once more than needed does no harm
+    return said;
 }
 
 } // namespace tickervantage

@@ -3,7 +3,7 @@
 // Two daemons must not fight over the clock. A unit that is only stopped comes back at the next boot, at its package's
 // upgrade, or with "timedatectl set-ntp true"; so those that are enabled are disabled, and ours becomes the one that
 // timedatectl switches. What was enabled and what ran is kept in a file of root's, so that it can come back exactly.
-// Both functions may be run again after they were interrupted. 0, or -1 and one sentence; one sentence either way.
+// Both functions may be run again after they were interrupted, and return one sentence.
 // Sources: systemctl(1), systemd-timedated.service(8).
 #pragma once
 
@@ -25,10 +25,10 @@ inline constexpr const char* displaced_file = "/var/lib/chronyhelper/displaced-s
 inline constexpr const char* ntp_units_file = "/etc/systemd/ntp-units.d/10-tickervantage.list";
 
 // Nothing is stopped: our daemon's unit does that when it starts.
-[[nodiscard]] int displace_services(const Machine& machine, std::string& sentence);
+[[nodiscard]] Result<std::string> displace_services(const Machine& machine);
 
 // Enables what was enabled, and starts one of them: the one that ran, else the first that was enabled. Where nothing
 // was noted, the first that is enabled is started.
-[[nodiscard]] int restore_services(const Machine& machine, std::string& sentence);
+[[nodiscard]] Result<std::string> restore_services(const Machine& machine);
 
 } // namespace tickervantage

@@ -1,9 +1,8 @@
 #include "roothelper/support/unit_status.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
 #include "roothelper/support/one_line.h"
-
-#include <fmt/format.h>
 
 #include <chrono>
 
@@ -27,25 +26,25 @@ bool UnitStatus::is_down() const {
     return state == "inactive" || state == "failed" || state.empty();
 }
 
-bool succeeded(const ExecuteResult& result) {
-    return result.outcome == ExecuteOutcome::exited && result.exit_status == 0;
-}
-
 ExecuteResult systemctl(Execute& execute, std::vector<std::string> arguments) {
     return execute.run({.program = "/bin/systemctl", .arguments = std::move(arguments), .time_limit = job_limit});
 }
 
-int look_at_unit(Execute& execute, const std::string& unit, UnitStatus& status, std::string& sentence) {
+Result<> manage_unit(Execute& execute, std::vector<std::string> arguments, FailureCode otherwise) {
+    const std::string unit = arguments.back();
+    const auto result = systemctl(execute, std::move(arguments));
+    return succeeded(result) ? Result<>() : failed(otherwise, {unit}, last_words(result));
+}
+
+Result<UnitStatus> look_at_unit(Execute& execute, const std::string& unit) {
     const auto result = systemctl(execute, {"show", properties, unit});
-    if (!succeeded(result)) {
-        sentence = fmt::format("Cannot ask for {}: {}", unit, last_words(result));
-        return -1;
-    }
-    status.values.clear();
+    if (!succeeded(result))
+        return failed(FailureCode::cannot_ask_for_unit, {unit}, last_words(result));
+    UnitStatus status;
     for (const auto line : non_empty_lines(result.output))
         if (const auto equals = line.find('='); equals != std::string_view::npos)
             status.values.insert_or_assign(std::string(line.substr(0, equals)), trimmed(line.substr(equals + 1)));
-    return 0;
+    return status;
 }
 
 } // namespace tickervantage

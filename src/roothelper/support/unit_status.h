@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/execute.h"
+#include "base/failure.h"
 
 #include <map>
 #include <string>
@@ -22,12 +23,13 @@ struct UnitStatus {
     [[nodiscard]] std::string run() const { return (*this)["InvocationID"] + " " + (*this)["MainPID"]; }
 };
 
-[[nodiscard]] bool succeeded(const ExecuteResult& result);
-
 // Blocks, for a minute at most.
 ExecuteResult systemctl(Execute& execute, std::vector<std::string> arguments);
 
-// A unit that is not installed is no failure: it is not there. 0, or -1 and one sentence.
-[[nodiscard]] int look_at_unit(Execute& execute, const std::string& unit, UnitStatus& status, std::string& sentence);
+// The same for one unit, the last argument; `otherwise` names the failure, which is told with the unit's name.
+[[nodiscard]] Result<> manage_unit(Execute& execute, std::vector<std::string> arguments, FailureCode otherwise);
+
+// A unit that is not installed is no failure: it is not there.
+[[nodiscard]] Result<UnitStatus> look_at_unit(Execute& execute, const std::string& unit);
 
 } // namespace tickervantage

@@ -1,5 +1,6 @@
 #include "roothelper/support/verbs.h"
 
+#include "base/failure_codes.h"
 #include "roothelper/support/accounts.h"
 #include "roothelper/support/distribution_options.h"
 #include "roothelper/support/folders.h"
@@ -18,66 +19,73 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 
-// The work of a verb: 0 or -1. What it leaves in `line` is its answer; nothing with 0 means "200 OK".
+// The work of a verb and what it answers; nothing means "200 OK".
 struct Verb {
     std::string_view name;
     std::size_t count; // of arguments
-    int (*run)(const Arguments& arguments, const SupportParts& parts, std::string& line);
+    Result<std::string> (*run)(const Arguments& arguments, const SupportParts& parts);
 };
 
-int create_inside(const Arguments& arguments, const SupportParts& parts, std::string& line) {
-    if (arguments[0].empty())
-        return make_folder(arguments[1], parts.rules, line);
-    line = "The first argument of createdirectory stays empty when there are two.";
-    return -1;
+Result<std::string> without_words(const Result<>& done) {
+    return done.map([] { return std::string(); });
+}
+
+Result<std::string> create_inside(const Arguments& arguments, const SupportParts& parts) {
+    if (!arguments[0].empty())
+        return failed(FailureCode::first_argument_not_empty);
+    return without_words(make_folder(arguments[1], parts.rules));
 }
 
 Machine machine_of(const SupportParts& parts) {
     return {parts.units.execute, parts.rules, parts.root, parts.bundle};
 }
 
-int set_clock_option(const Arguments& arguments, const SupportParts& parts, std::string& line) {
-    if (arguments[0] == "on" || arguments[0] == "off")
-        return adjust_clock(machine_of(parts), arguments[0] == "on", line);
-    line = "adjustclock takes on or off.";
-    return -1;
+Result<std::string> set_clock_option(const Arguments& arguments, const SupportParts& parts) {
+    if (arguments[0] != "on" && arguments[0] != "off")
+        return failed(FailureCode::neither_on_nor_off);
+    return adjust_clock(machine_of(parts), arguments[0] == "on");
 }
 
-// A verb without arguments that works on the machine.
-template <int (*work)(const Machine&, std::string&)>
-int on_machine(const Arguments&, const SupportParts& parts, std::string& line) {
-    return work(machine_of(parts), line);
+// Verbs without arguments that work on the machine, and on the units of daemons.
+template <Result<std::string> (*work)(const Machine&)>
+Result<std::string> on_machine(const Arguments&, const SupportParts& parts) {
+    return work(machine_of(parts));
+}
+
+template <Result<std::string> (*work)(const DaemonUnits&)>
+Result<std::string> on_units(const Arguments&, const SupportParts& parts) {
+    return work(parts.units);
 }
 
 constexpr std::array verbs{
     Verb{"installitem", 4,
-         [](const Arguments& a, const SupportParts& parts, std::string& line) {
-             return install_file({a[0], a[1], a[2], a[3]}, parts.rules, line);
+         [](const Arguments& a, const SupportParts& parts) {
+             return without_words(install_file({a[0], a[1], a[2], a[3]}, parts.rules));
          }},
     Verb{"restoreformer", 1,
-         [](const Arguments& a, const SupportParts& parts, std::string& line) {
-             return restore_former(a[0], parts.rules, line);
+         [](const Arguments& a, const SupportParts& parts) {
+             return without_words(restore_former(a[0], parts.rules));
          }},
     Verb{"removeitem", 1,
-         [](const Arguments& a, const SupportParts& parts, std::string& line) {
-             return remove_item(a[0], parts.rules, line);
+         [](const Arguments& a, const SupportParts& parts) {
+             return without_words(remove_item(a[0], parts.rules));
          }},
     Verb{"createdirectory", 2, create_inside},
     Verb{"createdirectory", 1,
-         [](const Arguments& a, const SupportParts& parts, std::string& line) {
-             return make_daemon_folder(a[0], parts.configurations(), parts.rules, line);
+         [](const Arguments& a, const SupportParts& parts) {
+             return without_words(make_daemon_folder(a[0], parts.configurations, parts.rules));
          }},
     Verb{"adduser", 1,
-         [](const Arguments& a, const SupportParts& parts, std::string& line) {
-             return add_system_user(parts.units.execute, a[0], line);
+         [](const Arguments& a, const SupportParts& parts) {
+             return add_system_user(parts.units.execute, a[0]);
          }},
     Verb{"steptime", 1,
-         [](const Arguments& a, const SupportParts& parts, std::string& line) {
-             return step_clock(parts.clock, a[0], line);
+         [](const Arguments& a, const SupportParts& parts) {
+             return step_clock(parts.clock, a[0]);
          }},
     Verb{"rotatelogs", 2,
-         [](const Arguments& a, const SupportParts& parts, std::string& line) {
-             return rotate_logs(parts.units.execute, a[0], a[1], parts.rules, line);
+         [](const Arguments& a, const SupportParts& parts) {
+             return rotate_logs(parts.units.execute, a[0], a[1], parts.rules);
          }},
     Verb{"adjustclock", 1, set_clock_option},
     Verb{"openlogs", 0, on_machine<open_log_folder>},
@@ -85,38 +93,27 @@ constexpr std::array verbs{
     Verb{"restoreservices", 0, on_machine<restore_services>},
     Verb{"refreshprograms", 0, on_machine<refresh_programs>},
     Verb{"removeinstallation", 0, on_machine<remove_installation>},
-    Verb{"startchrony", 0,
-         [](const Arguments&, const SupportParts& parts, std::string& line) {
-             return start_chrony(parts.units, line);
-         }},
-    Verb{"stopchrony", 0,
-         [](const Arguments&, const SupportParts& parts, std::string& line) {
-             return stop_chrony(parts.units, line);
-         }},
-    Verb{"startwake", 0,
-         [](const Arguments&, const SupportParts& parts, std::string& line) {
-             return start_wake(parts.units, line);
-         }},
-    Verb{"stopwake", 0,
-         [](const Arguments&, const SupportParts& parts, std::string& line) {
-             return stop_wake(parts.units, line);
-         }},
+    Verb{"startchrony", 0, on_units<start_chrony>},
+    Verb{"stopchrony", 0, on_units<stop_chrony>},
+    Verb{"startwake", 0, on_units<start_wake>},
+    Verb{"stopwake", 0, on_units<stop_wake>},
 };
 
 } // namespace
 
-VerbResult run_verb(const std::vector<std::string>& words, const SupportParts& parts, std::string& line) {
+Result<std::string> run_verb(const std::vector<std::string>& words, const SupportParts& parts) {
     const auto* const verb = std::ranges::find_if(verbs, [&](const Verb& one) {
         return !words.empty() && one.name == words.front() && one.count == words.size() - 1;
     });
-    if (verb == verbs.end()) {
-        line = "There is no such verb with so many arguments.";
-        return VerbResult::usage;
-    }
-    std::string answer;
-    const int result = verb->run({words.begin() + 1, words.end()}, parts, answer);
-    line = answer.empty() ? "200 OK" : one_line(answer);
-    return result == 0 ? VerbResult::done : VerbResult::failed;
+    if (verb == verbs.end())
+        return failed(FailureCode::no_such_verb);
+    return verb->run({words.begin() + 1, words.end()}, parts);
+}
+
+std::string answer_line(const Result<std::string>& said) {
+    if (!said)
+        return one_line(english(said.error()));
+    return said->empty() ? "200 OK" : one_line(*said);
 }
 
 } // namespace tickervantage

@@ -24,14 +24,16 @@ struct SupportParts {
     PathRules rules;
     DaemonUnits units;
     SteppedClock& clock;
-    std::function<std::vector<std::string>()> configurations; // of chrony, the latest first
-    std::string root = {};                                    // see Machine
+    std::vector<std::string> configurations; // of chrony, the latest first
+    std::string root = {};                   // see Machine
     std::string bundle = {};
 };
 
-enum class VerbResult : int { done = 0, failed = 1, usage = 2 }; // also the exit status
+// `words`: the verb and its arguments. The line says what was done. Words that are no verb fail as no_such_verb.
+// Blocks.
+[[nodiscard]] Result<std::string> run_verb(const std::vector<std::string>& words, const SupportParts& parts);
 
-// `words`: the verb and its arguments. The line says what was done, or in one sentence why not. Blocks.
-[[nodiscard]] VerbResult run_verb(const std::vector<std::string>& words, const SupportParts& parts, std::string& line);
+// One line, whatever came of it.
+[[nodiscard]] std::string answer_line(const Result<std::string>& said);
 
 } // namespace tickervantage
