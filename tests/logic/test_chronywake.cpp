@@ -2,6 +2,7 @@
 #include "roothelper/grammar/wake_arguments.h"
 #include "roothelper/wake/wake_correction.h"
 #include "roothelper/wake/wake_keeper.h"
+#include "support/memory_stores.h"
 #include "support/scripted_execute.h"
 
 #include <gtest/gtest.h>
@@ -20,13 +21,14 @@ TEST(ChronywakeTest, ArgumentsOfTheServiceReadBack) {
                          .burst_netmask = "255.255.0.0/1.2.0.0",
                          .chronyc = "/usr/bin/chronyc",
                          .socket = "/run/x y.sock"};
-    WakeArguments read;
-    std::string sentence;
-    ASSERT_EQ(parse_wake_arguments(wake_service_arguments(wanted), read, sentence), 0) << sentence;
-    EXPECT_TRUE(read.stays);
-    EXPECT_EQ(wake_service_arguments(read), wake_service_arguments(wanted));
-    ASSERT_EQ(parse_wake_arguments({"--socket", "/s"}, read, sentence), 0) << sentence;
-    EXPECT_FALSE(read.stays);
+    const auto read = parse_wake_arguments(wake_service_arguments(wanted));
+    ASSERT_TRUE(read) << english(read.error());
+    EXPECT_TRUE(read->stays);
+    EXPECT_EQ(wake_service_arguments(*read), wake_service_arguments(wanted));
+    const auto once = parse_wake_arguments({"--socket", "/s"});
+    ASSERT_TRUE(once) << english(once.error());
+    EXPECT_FALSE(once->stays);
+    EXPECT_EQ(once->socket, "/s");
     for (const std::vector<std::string>& words : {std::vector<std::string>{"--make-thresh"},
                                                   {"--make-thresh", "-1"},
                                                   {"--make-thresh", "nan"},
@@ -37,8 +39,7 @@ TEST(ChronywakeTest, ArgumentsOfTheServiceReadBack) {
                                                   {"--chronyc", "chronyc"},
                                                   {"4"},
                                                   {"--make-limits", "4"}})
-        EXPECT_EQ(parse_wake_arguments(words, read, sentence), -1) << words.front();
-    EXPECT_EQ(read.socket, "/s");
+        EXPECT_FALSE(parse_wake_arguments(words)) << words.front();
 }
 
 TEST(ChronywakeTest, AsksForAStepThenForABurstAndTellsTheFirstComplaint) {
@@ -55,9 +56,8 @@ TEST(ChronywakeTest, AsksForAStepThenForABurstAndTellsTheFirstComplaint) {
           Case{"506 Cannot talk to daemon\n506 Cannot talk to daemon\n", 1, "506 Cannot talk to daemon"},
           Case{"", 1, "chronyc ended with status 1 and said nothing."}}) {
         execute.answer("chronyc", one.output, one.status);
-        std::string answer;
-        EXPECT_EQ(correction.correct(answer), one.status == 0 ? 0 : -1);
-        EXPECT_EQ(answer, one.answer);
+        const auto done = correction.correct();
+        EXPECT_EQ(done ? "200 OK" : english(done.error()), one.answer);
     }
     EXPECT_EQ(execute.calls.front(), "chronyc|-n|-m|makestep 0.1 3|burst 4/4 1.2.3.0/24");
 }
@@ -65,13 +65,12 @@ TEST(ChronywakeTest, AsksForAStepThenForABurstAndTellsTheFirstComplaint) {
 // Plays a script: each turn takes the next answer.
 class ScriptedSignals : public SleepSignals {
 public:
-    std::vector<int> connections;
+    std::vector<bool> connections;
     std::vector<News> news;
     std::vector<std::optional<std::chrono::milliseconds>> limits;
 
-    [[nodiscard]] int connect(std::string& sentence) override {
-        sentence = "no bus";
-        return take(connections);
+    [[nodiscard]] Result<> connect() override {
+        return take(connections) ? Result<>() : tl::unexpected(said_by_others("no bus"));
     }
     [[nodiscard]] News wait(std::optional<std::chrono::milliseconds> limit) override {
         limits.push_back(limit);
@@ -89,30 +88,38 @@ private:
 
 TEST(ChronywakeTest, KeepsAtItThroughABusThatGoesAndADaemonThatIsDown) {
     ScriptedSignals signals;
-    signals.connections = {-1, -1, 0, -1, 0};
+    signals.connections = {false, false, true, false, true};
     signals.news = {News::woke,    News::nothing, News::nothing, News::nothing, News::nothing,
                     News::nothing, News::lost,    News::woke,    News::nothing, News::woke};
-    std::vector<int> answers{-1, -1, -1, -1, -1, -1, -1, 0, 0};
-    std::vector<std::chrono::milliseconds> pauses;
-    std::string lines;
-    WakeKeeper keeper({.signals = signals,
-                       .correct =
-                           [&](std::string& answer) {
-                               const int result = answers.at(0);
-                               answers.erase(answers.begin());
-                               answer = result == 0 ? "OK" : "down";
-                               return result;
-                           },
-                       .pause = [&](auto time) { pauses.push_back(time); },
-                       .report =
-                           [&](const std::string& line) {
-                               lines += line.substr(line.rfind(' ') + 1) + ' ';
-                           }});
+    // chronyc is asked nine times, and answers the last two.
+    class AnswersAtLast : public Execute {
+    public:
+        [[nodiscard]] ExecuteResult run(const ExecuteRequest&) override {
+            const bool answers = ++m_count > 7;
+            return {.outcome = ExecuteOutcome::exited,
+                    .exit_status = answers ? 0 : 1,
+                    .output = answers ? "200 OK\n" : "down\n",
+                    .sentence = {}};
+        }
+
+    private:
+        int m_count = 0;
+    } execute;
+    const WakeCorrection correction(execute, "/x/chronyc", {});
+    struct Pauses : Pause {
+        std::vector<std::chrono::milliseconds> all;
+        void pause(std::chrono::milliseconds time) override { all.push_back(time); }
+    } pauses;
+    MemoryLogger log;
+    WakeKeeper keeper({.signals = signals, .correction = correction, .pause = pauses, .log = log});
     for (int turn = 0; turn < 15; ++turn)
         keeper.turn();
-    EXPECT_EQ(pauses, (std::vector<std::chrono::milliseconds>{1s, 2s, 1s}));
+    EXPECT_EQ(pauses.all, (std::vector<std::chrono::milliseconds>{1s, 2s, 1s}));
     const std::vector<std::optional<std::chrono::milliseconds>> limits{{}, 1s, 2s, 4s, 8s, 16s, {}, {}, 1s, {}};
     EXPECT_EQ(signals.limits, limits); // asked again while nobody answered, but not for ever
+    std::string lines;
+    for (const auto& line : log.sentences)
+        lines += line.substr(line.rfind(' ') + 1) + ' ';
     EXPECT_EQ(lines, "bus up. down down down down down down it. bus up. down OK OK ");
 }
 

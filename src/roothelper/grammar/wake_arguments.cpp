@@ -1,5 +1,7 @@
 #include "roothelper/grammar/wake_arguments.h"
 
+#include "base/failure_codes.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -82,11 +84,6 @@ const std::array options{
            }},
 };
 
-int fail(std::string& sentence, std::string text) {
-    sentence = std::move(text);
-    return -1;
-}
-
 } // namespace
 
 std::vector<std::string> wake_service_arguments(const WakeArguments& arguments) {
@@ -104,20 +101,19 @@ std::vector<std::string> wake_service_arguments(const WakeArguments& arguments) 
     return words;
 }
 
-int parse_wake_arguments(const std::vector<std::string>& words, WakeArguments& arguments, std::string& sentence) {
+Result<WakeArguments> parse_wake_arguments(const std::vector<std::string>& words) {
     WakeArguments read;
     for (std::size_t i = 0; i < words.size(); i += 2) {
         const auto option = std::ranges::find(options, words[i], &Option::name);
         if (option == options.end())
-            return fail(sentence, fmt::format("There is no option {}.", words[i]));
+            return failed(FailureCode::no_wake_option, {words[i]});
         if (i + 1 == words.size())
-            return fail(sentence, fmt::format("{} needs a value.", words[i]));
+            return failed(FailureCode::wake_option_without_value, {words[i]});
         if (!option->read(words[i + 1], read))
-            return fail(sentence, fmt::format("{} does not take the value {}.", words[i], words[i + 1]));
+            return failed(FailureCode::wake_option_with_bad_value, {words[i], words[i + 1]});
         read.stays = read.stays || option->stays;
     }
-    arguments = read;
-    return 0;
+    return read;
 }
 
 } // namespace tickervantage

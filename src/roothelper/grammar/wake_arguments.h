@@ -11,6 +11,8 @@
 // chronyc(1), commands makestep and burst.
 #pragma once
 
+#include "base/failure.h"
+
 #include <string>
 #include <vector>
 
@@ -31,8 +33,7 @@ struct WakeArguments {
 // empty left out.
 [[nodiscard]] std::vector<std::string> wake_service_arguments(const WakeArguments& arguments);
 
-// Reads the arguments behind the program's name. -1 and one sentence, `arguments` untouched, when they make no sense.
-[[nodiscard]] int parse_wake_arguments(const std::vector<std::string>& words, WakeArguments& arguments,
-                                       std::string& sentence);
+// Reads the arguments behind the program's name.
+[[nodiscard]] Result<WakeArguments> parse_wake_arguments(const std::vector<std::string>& words);
 
 } // namespace tickervantage

@@ -1,11 +1,11 @@
 #include "roothelper/wake/logind_signals.h"
 
-#include <fmt/format.h>
+#include "base/failure_codes.h"
+
 #include <systemd/sd-bus.h>
 
 #include <cerrno>
 #include <cstdint>
-#include <system_error>
 #include <utility>
 
 namespace tickervantage {
@@ -27,7 +27,7 @@ void LogindSignals::Close::operator()(sd_bus* bus) const {
     sd_bus_close_unref(bus);
 }
 
-int LogindSignals::connect(std::string& sentence) {
+Result<> LogindSignals::connect() {
     m_bus.reset();
     m_woke = false;
     sd_bus* bus = nullptr;
@@ -37,10 +37,9 @@ int LogindSignals::connect(std::string& sentence) {
         result = sd_bus_match_signal(bus, nullptr, "org.freedesktop.login1", "/org/freedesktop/login1",
                                      "org.freedesktop.login1.Manager", "PrepareForSleep", note_wake_up, &m_woke);
     if (result >= 0)
-        return 0;
+        return {};
     m_bus.reset();
-    sentence = fmt::format("Cannot listen on the system bus: {}.", std::generic_category().message(-result));
-    return -1;
+    return failed(FailureCode::cannot_listen, {}, -result);
 }
 
 SleepSignals::News LogindSignals::wait(std::optional<std::chrono::milliseconds> limit) {

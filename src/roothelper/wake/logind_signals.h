@@ -18,7 +18,7 @@ public:
     LogindSignals();
     ~LogindSignals() override;
 
-    [[nodiscard]] int connect(std::string& sentence) override;
+    [[nodiscard]] Result<> connect() override;
     [[nodiscard]] News wait(std::optional<std::chrono::milliseconds> limit) override;
 
 private:

@@ -10,7 +10,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
-#include <thread>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -18,10 +19,14 @@ using namespace tickervantage;
 
 constexpr int usage_error = 2;
 
-void say(const std::string& line) {
-    (void)std::printf("%s\n", line.c_str()); // a journal that is gone leaves nobody to tell
-    (void)std::fflush(stdout);
-}
+class StandardOutput : public Logger {
+public:
+    void log(LogLevel, std::string_view line) override {
+        // A journal that is gone leaves nobody to tell.
+        (void)std::printf("%.*s\n", static_cast<int>(line.size()), line.data());
+        (void)std::fflush(stdout);
+    }
+};
 
 std::string find_chronyc(const WakeArguments& arguments) {
     if (!arguments.chronyc.empty())
@@ -34,24 +39,22 @@ std::string find_chronyc(const WakeArguments& arguments) {
 } // namespace
 
 int main(int argc, char** argv) {
-    WakeArguments arguments;
-    std::string sentence;
-    if (parse_wake_arguments({argv + std::min(argc, 1), argv + argc}, arguments, sentence) != 0) {
-        (void)std::fprintf(stderr, "chronywake: %s\n", sentence.c_str());
+    const auto arguments = parse_wake_arguments({argv + std::min(argc, 1), argv + argc});
+    if (!arguments) {
+        (void)std::fprintf(stderr, "chronywake: %s\n", english(arguments.error()).c_str());
         return usage_error;
     }
+    StandardOutput output;
     PosixExecute execute;
-    const WakeCorrection correction(execute, find_chronyc(arguments), arguments);
-    if (!arguments.stays) {
-        const int result = correction.correct(sentence);
-        say(sentence);
-        return result == 0 ? 0 : 1;
+    const WakeCorrection correction(execute, find_chronyc(*arguments), *arguments);
+    if (!arguments->stays) {
+        const auto done = correction.correct();
+        output.log(LogLevel::info, done ? "200 OK" : english(done.error()));
+        return done ? 0 : 1;
     }
     LogindSignals signals;
-    WakeKeeper keeper({.signals = signals,
-                       .correct = [&](std::string& answer) { return correction.correct(answer); },
-                       .pause = [](auto time) { std::this_thread::sleep_for(time); },
-                       .report = say});
+    SleepingPause pause;
+    WakeKeeper keeper({.signals = signals, .correction = correction, .pause = pause, .log = output});
     while (true)
         keeper.turn();
 }

@@ -1,9 +1,10 @@
 // Word that the machine has woken up.
 #pragma once
 
+#include "base/failure.h"
+
 #include <chrono>
 #include <optional>
-#include <string>
 
 namespace tickervantage {
 
@@ -17,8 +18,8 @@ public:
 
     virtual ~SleepSignals() = default;
 
-    // -1 and one sentence when there is nobody to listen to.
-    [[nodiscard]] virtual int connect(std::string& sentence) = 0;
+    // A failure when there is nobody to listen to.
+    [[nodiscard]] virtual Result<> connect() = 0;
 
     // Blocks until there is news, for ever without a limit.
     [[nodiscard]] virtual News wait(std::optional<std::chrono::milliseconds> limit) = 0;

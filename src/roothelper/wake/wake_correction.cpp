@@ -1,5 +1,6 @@
 #include "roothelper/wake/wake_correction.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
 
 #include <fmt/format.h>
@@ -12,13 +13,13 @@ namespace {
 constexpr std::string_view good = "200 OK";
 
 // With several commands chronyc prints an answer each; the first that is not good tells what went wrong.
-std::string complaint(const ExecuteResult& result) {
+Failure complaint(const ExecuteResult& result) {
     for (const auto line : non_empty_lines(result.output))
         if (const auto text = trimmed(line); !text.empty() && text != good)
-            return std::string(text);
+            return said_by_others(std::string(text));
     if (result.outcome != ExecuteOutcome::exited)
-        return result.sentence;
-    return fmt::format("chronyc ended with status {} and said nothing.", result.exit_status);
+        return said_by_others(result.sentence);
+    return {.code = FailureCode::chronyc_said_nothing, .arguments = {std::to_string(result.exit_status)}};
 }
 
 } // namespace
@@ -36,14 +37,11 @@ WakeCorrection::WakeCorrection(Execute& execute, std::string chronyc, WakeArgume
         {"-m", fmt::format("makestep {} {}", arguments.make_thresh, arguments.make_limit), burst});
 }
 
-int WakeCorrection::correct(std::string& answer) const {
+Result<> WakeCorrection::correct() const {
     const auto result = m_execute.run(m_request);
-    if (result.outcome == ExecuteOutcome::exited && result.exit_status == 0) {
-        answer = good;
-        return 0;
-    }
-    answer = complaint(result);
-    return -1;
+    if (result.outcome == ExecuteOutcome::exited && result.exit_status == 0)
+        return {};
+    return tl::unexpected(complaint(result));
 }
 
 } // namespace tickervantage

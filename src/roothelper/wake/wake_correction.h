@@ -5,6 +5,7 @@
 #pragma once
 
 #include "base/execute.h"
+#include "base/failure.h"
 #include "roothelper/grammar/wake_arguments.h"
 
 #include <string>
@@ -16,9 +17,8 @@ public:
     // `chronyc` is the program's path.
     WakeCorrection(Execute& execute, std::string chronyc, WakeArguments arguments);
 
-    // Blocks for as long as chronyc takes. 0 with the answer "200 OK", or -1 with what went wrong, in chronyc's words
-    // where it has some. The answer is one line.
-    [[nodiscard]] int correct(std::string& answer) const;
+    // Blocks for as long as chronyc takes. A failure is in chronyc's words where it has some: one line.
+    [[nodiscard]] Result<> correct() const;
 
 private:
     Execute& m_execute;

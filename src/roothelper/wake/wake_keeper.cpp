@@ -28,31 +28,32 @@ void WakeKeeper::turn() {
         break;
     case SleepSignals::News::lost:
         m_connected = false;
-        m_parts.report("The system bus has gone; waiting for it.");
+        report("The system bus has gone; waiting for it.");
         break;
     }
 }
 
 void WakeKeeper::connect() {
-    std::string sentence;
-    m_connected = m_parts.signals.connect(sentence) == 0;
-    if (m_connected) {
+    const auto connected = m_parts.signals.connect();
+    m_connected = connected.has_value();
+    if (connected) {
         m_complaint.clear();
         m_pause = {};
-        m_parts.report("Waiting for the machine to wake up.");
+        report("Waiting for the machine to wake up.");
         return;
     }
-    if (sentence != m_complaint)
-        m_parts.report(sentence);
-    m_complaint = sentence;
+    const auto complaint = english(connected.error());
+    if (complaint != m_complaint)
+        report(complaint);
+    m_complaint = complaint;
     m_pause = std::clamp(m_pause * 2, shortest, longest);
-    m_parts.pause(m_pause);
+    m_parts.pause.pause(m_pause);
 }
 
 void WakeKeeper::ask() {
-    std::string answer;
-    m_tries = m_parts.correct(answer) == 0 ? 0 : m_tries - 1;
-    m_parts.report("After waking up: " + answer);
+    const auto done = m_parts.correction.correct();
+    m_tries = done ? 0 : m_tries - 1;
+    report("After waking up: " + (done ? "200 OK" : english(done.error())));
 }
 
 } // namespace tickervantage

@@ -4,10 +4,12 @@
 // again a few times after a wake-up that chronyd did not answer, because right then both may still be on their way up.
 #pragma once
 
+#include "base/logger.h"
+#include "base/pause.h"
 #include "roothelper/wake/sleep_signals.h"
+#include "roothelper/wake/wake_correction.h"
 
 #include <chrono>
-#include <functional>
 #include <string>
 #include <utility>
 
@@ -15,9 +17,9 @@ namespace tickervantage {
 
 struct WakeKeeperParts {
     SleepSignals& signals;
-    std::function<int(std::string& answer)> correct;
-    std::function<void(std::chrono::milliseconds)> pause;
-    std::function<void(const std::string& line)> report;
+    const WakeCorrection& correction;
+    Pause& pause;
+    Logger& log; // what happened, a line each
 };
 
 class WakeKeeper {
@@ -30,6 +32,7 @@ public:
 private:
     void connect();
     void ask();
+    void report(const std::string& line) { m_parts.log.log(LogLevel::info, line); }
 
     WakeKeeperParts m_parts;
     bool m_connected = false;
