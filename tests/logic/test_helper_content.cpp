@@ -1,3 +1,4 @@
+#include "base/failure_codes.h"
 #include "chrony/services/chrony_services.h"
 #include "roothelper/grammar/helper_content.h"
 #include "roothelper/grammar/helper_displaced.h"
@@ -24,15 +25,14 @@ TEST(HelperContent, OwnServiceDefinitionsPassAndEveryChangeOfThemFails) {
     for (const auto& service : services)
         for (const auto form : {ServiceForm::launchd, ServiceForm::systemd})
             for (const auto& file : definition_files(form, service)) {
-                std::string sentence;
-                EXPECT_EQ(check_service_definition(file.path, file.text, rules, sentence), 0) << file.text;
-                EXPECT_EQ(check_service_definition(file.path, file.text + "\n", rules, sentence), -1);
-                EXPECT_EQ(check_service_definition("/etc/systemd/system/x.service", file.text, rules, sentence), -1);
+                EXPECT_TRUE(check_service_definition(file.path, file.text, rules)) << file.text;
+                EXPECT_FALSE(check_service_definition(file.path, file.text + "\n", rules));
+                EXPECT_FALSE(check_service_definition("/etc/systemd/system/x.service", file.text, rules));
                 for (std::size_t at = 0; at < file.text.size(); ++at) {
                     auto changed = file.text;
                     changed.erase(at, 1);
                     // A log folder may lose its last slash: another permitted spelling of the same one.
-                    if (check_service_definition(file.path, changed, rules, sentence) == 0) {
+                    if (check_service_definition(file.path, changed, rules)) {
                         EXPECT_EQ(changed.find("/var/log/chrony/"), std::string::npos) << changed;
                     }
                 }
@@ -53,9 +53,10 @@ TEST(HelperContent, ServicesOfOtherProgramsAndFoldersAreRefused) {
     for (const auto& service : services)
         for (const auto form : {ServiceForm::launchd, ServiceForm::systemd}) {
             const auto file = definition_files(form, service).front();
-            std::string sentence;
-            EXPECT_EQ(check_service_definition(file.path, file.text, rules, sentence), -1) << file.text;
-            EXPECT_TRUE(sentence.ends_with('.')) << sentence;
+            const auto checked = check_service_definition(file.path, file.text, rules);
+            ASSERT_FALSE(checked) << file.text;
+            EXPECT_EQ(english(checked.error()),
+                      "The file is not the service definition that belongs at " + file.path + ".");
         }
 }
 
@@ -124,24 +125,22 @@ TEST(HelperContent, ConfigurationLinesThatReachFurtherAreFound) {
         {"newdirective /etc/x", false},
     };
     for (const auto& [line, is_safe] : cases) {
-        std::vector<ConfigurationLine> lines;
-        std::string sentence;
         const auto text = std::string("# first\n") + line + "\n";
-        ASSERT_EQ(find_unsafe_lines(text, "", {}, lines, sentence), 0) << line;
-        EXPECT_EQ(lines.empty(), is_safe) << line;
-        EXPECT_TRUE(is_safe || lines.at(0).number == 2) << line;
-        ASSERT_EQ(find_unsafe_lines(text, "a b\n  " + std::string(line), {}, lines, sentence), 0);
-        EXPECT_TRUE(lines.empty()) << line << ": what is installed already needs no second permission";
+        const auto lines = find_unsafe_lines(text, "", {});
+        ASSERT_TRUE(lines) << line;
+        EXPECT_EQ(lines->empty(), is_safe) << line;
+        EXPECT_TRUE(is_safe || lines->at(0).number == 2) << line;
+        const auto left = find_unsafe_lines(text, "a b\n  " + std::string(line), {});
+        EXPECT_TRUE(left && left->empty()) << line << ": what is installed already needs no second permission";
     }
 }
 
 TEST(HelperContent, ConfigurationThatChronydWouldReadOtherwiseIsRefused) {
-    std::vector<ConfigurationLine> lines;
-    std::string sentence;
     const auto hidden = "#" + std::string(2046, ' ') + "user root\n";
-    EXPECT_EQ(find_unsafe_lines("server x\n" + hidden, "", {}, lines, sentence), -1);
-    EXPECT_EQ(sentence, "Line 2 of the configuration is longer than chronyd reads.");
-    EXPECT_EQ(find_unsafe_lines(std::string_view("server x\0\n", 10), "", {}, lines, sentence), -1);
+    const auto lines = find_unsafe_lines("server x\n" + hidden, "", {});
+    ASSERT_FALSE(lines);
+    EXPECT_EQ(english(lines.error()), "Line 2 of the configuration is longer than chronyd reads.");
+    EXPECT_FALSE(find_unsafe_lines(std::string_view("server x\0\n", 10), "", {}));
 }
 
 // polkitd expands "$(", agents read markup, and some characters turn, hide or divide what stands beside them.
@@ -163,27 +162,23 @@ TEST(HelperContent, QuestionsAreMadeOfPlainSignsOrNotAsked) {
                                    "include /home/me/'x'",
                                    "include /home/me/\xFF"};
     for (const auto& line : hostile) {
-        std::vector<ConfigurationLine> lines;
-        std::string sentence;
-        std::string question = "untouched";
-        EXPECT_EQ(find_unsafe_lines("server x\n" + line + "\nuser root\n", "", {}, lines, sentence), -1) << line;
-        EXPECT_EQ(sentence, "Line 2 of the configuration needs an authorisation of its own, but holds characters that "
-                            "a question cannot show safely.");
-        EXPECT_EQ(question_about({{1, "user root"}, {2, line}}, question, sentence), -1) << line;
-        EXPECT_EQ(question, "untouched");
-        EXPECT_EQ(find_unsafe_lines(line + "\n", line, {}, lines, sentence), 0) << "installed already: not asked";
+        const auto lines = find_unsafe_lines("server x\n" + line + "\nuser root\n", "", {});
+        ASSERT_FALSE(lines) << line;
+        EXPECT_EQ(english(lines.error()),
+                  "Line 2 of the configuration needs an authorisation of its own, but holds characters that "
+                  "a question cannot show safely.");
+        EXPECT_FALSE(question_about({{1, "user root"}, {2, line}})) << line;
+        EXPECT_TRUE(find_unsafe_lines(line + "\n", line, {})) << "installed already: not asked";
     }
 }
 
 TEST(HelperContent, QuestionsShowEveryLineWholeOrAreNotAsked) {
-    std::string question;
-    std::string sentence;
-    ASSERT_EQ(question_about({{2, "user root"}, {7, "driftfile /etc/cron.d/x"}}, question, sentence), 0);
-    EXPECT_EQ(question, "This configuration lets chronyd, which starts as root, do more than usual:\n"
-                        "line 2: user root\nline 7: driftfile /etc/cron.d/x");
-    EXPECT_EQ(question_about({{1, "include /" + std::string(240, 'x')}}, question, sentence), -1);
-    EXPECT_EQ(question_about(std::vector<ConfigurationLine>(13, {1, "user root"}), question, sentence), -1);
-    EXPECT_EQ(sentence, "This configuration has more or longer unusual lines than a question can show.");
+    EXPECT_EQ(question_about({{2, "user root"}, {7, "driftfile /etc/cron.d/x"}}),
+              "This configuration lets chronyd, which starts as root, do more than usual:\n"
+              "line 2: user root\nline 7: driftfile /etc/cron.d/x");
+    EXPECT_FALSE(question_about({{1, "include /" + std::string(240, 'x')}}));
+    EXPECT_EQ(question_about(std::vector<ConfigurationLine>(13, {1, "user root"})).error(),
+              Failure{.code = FailureCode::configuration_unshowable});
 }
 
 // What a machine holds, by path; a pattern of the tests' ends in a star.
@@ -274,7 +269,7 @@ TEST(HelperContent, RefusalsOfChronydTellNothingOfFilesThatTheCallerMayNotRead) 
         {"", "chronyd does not accept this configuration."},
     };
     for (const auto& [errors, sentence] : cases)
-        EXPECT_EQ(chronyd_refusal(errors, path, text), sentence);
+        EXPECT_EQ(english(chronyd_refusal(errors, path, text)), sentence);
 }
 
 TEST(HelperContent, FormerConfigurationIsConsentOnlyWithinItsJob) {

@@ -1,5 +1,6 @@
 #include "roothelper/grammar/helper_content.h"
 
+#include "base/failure_codes.h"
 #include "roothelper/grammar/helper_words.h"
 
 namespace tickervantage {
@@ -17,15 +18,18 @@ bool names_own_paths_only(std::string_view message, std::string_view text) {
     return true;
 }
 
+Failure because(FailureCode code, Failure cause) {
+    return {.code = code, .cause = std::make_shared<const Failure>(std::move(cause))};
+}
+
 } // namespace
 
-std::string chronyd_refusal(std::string_view errors, std::string_view path, std::string_view text) {
+Failure chronyd_refusal(std::string_view errors, std::string_view path, std::string_view text) {
     constexpr std::string_view mark = "Fatal error : ";
     constexpr std::string_view place = " in file ";
-    const std::string start = "chronyd does not accept this configuration";
     const auto from = errors.find(mark);
     if (from == std::string_view::npos)
-        return start + ".";
+        return {.code = FailureCode::chronyd_rejects};
     auto message = errors.substr(from);
     message = message.substr(0, message.find('\n'));
     const auto at = message.rfind(place);
@@ -33,9 +37,9 @@ std::string chronyd_refusal(std::string_view errors, std::string_view path, std:
     if (at != std::string_view::npos)
         message = message.substr(0, at); // the name of the file on its way says nothing
     if (!is_printable(message) || !names_own_paths_only(message, text))
-        return start + ": a file that it includes is missing or cannot be read.";
-    return (is_elsewhere ? "chronyd does not accept a file that this configuration includes" : start) + ": " +
-           std::string(message) + ".";
+        return because(FailureCode::chronyd_rejects, {.code = FailureCode::included_file_unreadable});
+    return because(is_elsewhere ? FailureCode::chronyd_rejects_included : FailureCode::chronyd_rejects,
+                   said_by_others(std::string(message)));
 }
 
 } // namespace tickervantage

@@ -1,11 +1,13 @@
 #include "roothelper/grammar/helper_content.h"
 
+#include "base/failure_codes.h"
 #include "roothelper/grammar/helper_question.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <set>
+#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -212,55 +214,47 @@ void each_line(std::string_view text, Visit visit) {
 
 std::set<std::string> directives_of(std::string_view text) {
     std::set<std::string> found;
-    each_line(text, [&found](int, std::string_view line) { found.insert(joined(directive(line))); });
+    for (const auto& one : directives_in(text))
+        found.insert(joined(one.words));
     return found;
 }
 
 } // namespace
 
-int find_unsafe_lines(std::string_view text, std::string_view installed, const HelperRules& rules,
-                      std::vector<ConfigurationLine>& lines, std::string& sentence) {
-    if (text.find('\0') != std::string_view::npos) {
-        sentence = "The configuration is not a text.";
-        return -1;
-    }
+Result<std::vector<ConfigurationLine>> find_unsafe_lines(std::string_view text, std::string_view installed,
+                                                         const HelperRules& rules) {
+    if (text.find('\0') != std::string_view::npos)
+        return failed(FailureCode::configuration_is_no_text);
     const auto known = directives_of(installed);
-    std::vector<ConfigurationLine> found;
-    std::string fault;
+    Result<std::vector<ConfigurationLine>> found;
     each_line(text, [&](int number, std::string_view line) {
         const auto words = directive(line);
         const auto whole = joined(words);
         const bool is_unsafe = !words.empty() && !is_safe(words, rules) && !known.contains(whole);
-        if (is_unsafe)
-            found.push_back({number, whole});
         if (line.size() > longest_line)
-            fault = "Line " + std::to_string(number) + " of the configuration is longer than chronyd reads.";
+            found = failed(FailureCode::line_too_long, {std::to_string(number)});
         else if (is_unsafe && !is_plain_line(whole)) // nobody can agree to what cannot be shown
-            fault = "Line " + std::to_string(number) +
-                    " of the configuration needs an authorisation of its own, but holds characters that a question "
-                    "cannot show safely.";
+            found = failed(FailureCode::line_unshowable, {std::to_string(number)});
+        else if (is_unsafe && found)
+            found->push_back({number, whole});
     });
-    if (!fault.empty()) {
-        sentence = fault;
-        return -1;
-    }
-    lines = std::move(found);
-    return 0;
+    return found;
 }
 
-void each_directive(std::string_view text, const std::function<void(int number, const DirectiveWords& words)>& visit) {
-    each_line(text, [&visit](int number, std::string_view line) {
-        if (const auto words = directive(line); !words.empty())
-            visit(number, words);
+std::vector<Directive> directives_in(std::string_view text) {
+    std::vector<Directive> found;
+    each_line(text, [&found](int number, std::string_view line) {
+        if (auto words = directive(line); !words.empty())
+            found.push_back({number, std::move(words)});
     });
+    return found;
 }
 
 std::string configured_daemon_user(std::string_view text) {
     std::string user;
-    each_directive(text, [&user](int, const Words& words) {
+    for (const auto& [number, words] : directives_in(text))
         if (words.size() == 2 && words[0] == "user")
             user = words[1];
-    });
     return user;
 }
 

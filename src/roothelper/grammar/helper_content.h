@@ -5,18 +5,18 @@
 // and how chronyd 4.3 divides a file into lines.
 #pragma once
 
+#include "base/failure.h"
 #include "roothelper/grammar/helper_rules.h"
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tickervantage {
 
-// 0, or -1 and one sentence: the text is not the definition that belongs at this path.
-[[nodiscard]] int check_service_definition(const std::string& path, std::string_view text, const HelperRules& rules,
-                                           std::string& sentence);
+// A failure where the text is not the definition that belongs at this path.
+[[nodiscard]] Result<> check_service_definition(const std::string& path, std::string_view text,
+                                                const HelperRules& rules);
 
 struct ConfigurationLine {
     int number = 0; // counted from 1
@@ -24,20 +24,25 @@ struct ConfigurationLine {
 };
 
 // The lines that give chronyd more than its own folders and its own user, leaving out those that the installed
-// configuration says already. 0, or -1 and one sentence where chronyd would read other lines than we do, or where such
-// a line holds what no question can show (see helper_question.h).
-[[nodiscard]] int find_unsafe_lines(std::string_view text, std::string_view installed, const HelperRules& rules,
-                                    std::vector<ConfigurationLine>& lines, std::string& sentence);
+// configuration says already. A failure where chronyd would read other lines than we do, or where such a line holds
+// what no question can show (see helper_question.h).
+[[nodiscard]] Result<std::vector<ConfigurationLine>>
+find_unsafe_lines(std::string_view text, std::string_view installed, const HelperRules& rules);
 
 // The words of a line as chronyd divides it, the directive's name in lower case.
 using DirectiveWords = std::vector<std::string>;
 
-// Visits every line that is neither blank nor a comment, with its number, counted from 1.
-void each_directive(std::string_view text, const std::function<void(int number, const DirectiveWords& words)>& visit);
+struct Directive {
+    int number = 0; // of its line, counted from 1
+    DirectiveWords words;
+};
 
-// Why chronyd refuses the text at `path`, as one sentence, out of what it wrote to its standard error. Nothing of the
-// files that the text includes is passed on but the place of a fault.
-[[nodiscard]] std::string chronyd_refusal(std::string_view errors, std::string_view path, std::string_view text);
+// Every line that is neither blank nor a comment.
+[[nodiscard]] std::vector<Directive> directives_in(std::string_view text);
+
+// Why chronyd refuses the text at `path`, out of what it wrote to its standard error. Nothing of the files that the
+// text includes is passed on but the place of a fault.
+[[nodiscard]] Failure chronyd_refusal(std::string_view errors, std::string_view path, std::string_view text);
 
 // The user that a configuration gives the daemon; empty where it names none.
 [[nodiscard]] std::string configured_daemon_user(std::string_view text);

@@ -1,5 +1,6 @@
 #include "roothelper/grammar/helper_content.h"
 
+#include "base/failure_codes.h"
 #include "chrony/services/chrony_services.h"
 #include "roothelper/grammar/helper_definitions.h"
 
@@ -114,12 +115,8 @@ bool is_written_by_us(const std::string& path, std::string_view text, const Help
 
 } // namespace
 
-int check_service_definition(const std::string& path, std::string_view text, const HelperRules& rules,
-                             std::string& sentence) {
-    if (is_written_by_us(path, text, rules))
-        return 0;
-    sentence = "The file is not the service definition that belongs at " + path + ".";
-    return -1;
+Result<> check_service_definition(const std::string& path, std::string_view text, const HelperRules& rules) {
+    return is_written_by_us(path, text, rules) ? Result<>() : failed(FailureCode::unlike_definition, {path});
 }
 
 } // namespace tickervantage

@@ -2,6 +2,7 @@
 // Only for helper_request.cpp and its siblings.
 #pragma once
 
+#include "base/failure_codes.h"
 #include "roothelper/grammar/helper_request.h"
 #include "roothelper/grammar/helper_words.h"
 
@@ -15,14 +16,12 @@ namespace tickervantage::helper_grammar {
 
 using Words = std::vector<CommandWord>;
 
-inline constexpr std::string_view not_admitted = "This command is not one that the helper runs.";
-
 struct Parser {
     const HelperRules& rules;
     HelperRequest request;
-    std::string_view why = not_admitted; // of the refusal
+    FailureCode why = FailureCode::command_not_admitted; // of the refusal
 
-    bool refuse(std::string_view reason) {
+    bool refuse(FailureCode reason) {
         why = reason;
         return false;
     }

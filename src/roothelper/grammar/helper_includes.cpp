@@ -44,13 +44,11 @@ public:
     }
 
     int line_in(std::string_view text, int depth = 0) {
-        int found = 0;
-        each_directive(text, [&](int number, const DirectiveWords& words) {
+        for (const auto& [number, words] : directives_in(text))
             for (const auto& pattern : patterns_in(words))
-                if (found == 0 && leads_back(pattern, depth))
-                    found = number;
-        });
-        return found;
+                if (leads_back(pattern, depth))
+                    return number;
+        return 0;
     }
 
 private:

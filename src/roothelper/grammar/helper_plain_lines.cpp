@@ -32,21 +32,20 @@ bool is_systemctl_line(const std::vector<std::string>& argv) {
 }
 
 bool service_manager_line(const Words& words, Parser& parser) {
-    constexpr std::string_view refused = "This is no service that the helper manages.";
     std::vector<std::string> argv;
     for (const auto& word : words)
         argv.push_back(word.text);
     if (argv[0] == "/bin/launchctl") {
         return is_launchctl_line(argv) ? parser.accept(HelperVerb::service_manager, std::move(argv))
-                                       : parser.refuse(refused);
+                                       : parser.refuse(FailureCode::service_not_managed);
     }
     return is_systemctl_line(argv) ? parser.accept(HelperVerb::service_manager, std::move(argv))
-                                   : parser.refuse(refused);
+                                   : parser.refuse(FailureCode::service_not_managed);
 }
 
 bool remove_line(const Words& words, Parser& parser) {
     if (words.size() != 3 || words[1].text != "-f" || !is_removable_definition(words[2].text))
-        return parser.refuse("Nothing may be removed there.");
+        return parser.refuse(FailureCode::no_removal_there);
     return parser.accept(HelperVerb::remove_definition, {"/bin/rm", "-f", words[2].text});
 }
 
@@ -58,7 +57,7 @@ bool chmod_line(const Words& words, Parser& parser) {
     const auto folder = without_spare_slashes(path.ends_with(log) ? path.substr(0, path.size() - log.size()) : path);
     const bool holds_sockets = folder.starts_with("/run/") || folder.starts_with("/var/run/");
     if (words.size() != 3 || words[1].text != "0755" || holds_sockets || !is_daemon_folder(parser.rules, folder))
-        return parser.refuse("Only chrony's tracking log can be made readable.");
+        return parser.refuse(FailureCode::no_tracking_log);
     return parser.accept(HelperVerb::make_readable, {"/bin/chmod", "0755", path});
 }
 
@@ -66,7 +65,7 @@ bool chmod_line(const Words& words, Parser& parser) {
 
 bool plain_line(const Words& words, Parser& parser) {
     if (std::ranges::any_of(words, [](const auto& word) { return word.is_quoted; }))
-        return parser.refuse(not_admitted);
+        return parser.refuse(FailureCode::command_not_admitted);
     const auto& program = words[0].text;
     if (program == "/bin/launchctl" || program == "/bin/systemctl")
         return service_manager_line(words, parser);
@@ -79,7 +78,7 @@ bool plain_line(const Words& words, Parser& parser) {
     if (words.size() == 4 && program == "/usr/bin/pgrep" && words[1].text == "-l" && words[2].text == "-f" &&
         words[3].text == "chronyd") // by the program's name: the word may stand in anybody's command line
         return parser.accept(HelperVerb::list_daemons, {program, "-a", "-x", "chronyd"});
-    return parser.refuse(not_admitted);
+    return parser.refuse(FailureCode::command_not_admitted);
 }
 
 } // namespace tickervantage::helper_grammar

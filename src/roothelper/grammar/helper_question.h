@@ -16,8 +16,7 @@ namespace tickervantage {
 // Whether the line is made of ASCII letters, digits, blanks and the signs that paths, hosts and numbers need.
 [[nodiscard]] bool is_plain_line(std::string_view line);
 
-// 0 and the question, with every line whole; or -1 and one sentence.
-[[nodiscard]] int question_about(const std::vector<ConfigurationLine>& lines, std::string& question,
-                                 std::string& sentence);
+// With every line whole.
+[[nodiscard]] Result<std::string> question_about(const std::vector<ConfigurationLine>& lines);
 
 } // namespace tickervantage

@@ -18,25 +18,25 @@ bool command_line(std::string_view line, Parser& parser) {
     if (line.starts_with(shell_start)) {
         line.remove_prefix(shell_start.size());
         if (!line.ends_with(shell_end) || line.find('\'') != line.size() - shell_end.size())
-            return parser.refuse("A shell's line must be one command in single quotes, with its errors joined.");
+            return parser.refuse(FailureCode::no_shell_line);
         line.remove_suffix(shell_end.size());
         return shell_line(line, parser);
     }
     Words words;
     if (split_command_line(line, words) != 0 || words.empty())
-        return parser.refuse("The words of the command are not divided as they should be.");
+        return parser.refuse(FailureCode::words_not_divided);
     return words[0].is_quoted ? tool_line(words, parser) : plain_line(words, parser);
 }
 
 bool whole_line(std::string_view line, Parser& parser) {
     if (line.size() > helper::request_limit)
-        return parser.refuse("The request is too long.");
+        return parser.refuse(FailureCode::request_too_long);
     if (!is_printable(line))
-        return parser.refuse("The request holds characters that cannot be printed.");
+        return parser.refuse(FailureCode::request_unprintable);
     if (line == "QUIT")
         return parser.accept(HelperVerb::quit, {});
     if (!line.starts_with(execute))
-        return parser.refuse("A request is EXECUTE with a command, or QUIT.");
+        return parser.refuse(FailureCode::no_request);
     return command_line(line.substr(execute.size()), parser);
 }
 
@@ -72,15 +72,11 @@ std::string_view helper_verb_name(HelperVerb verb) {
     return names.at(static_cast<std::size_t>(verb));
 }
 
-int parse_helper_request(std::string_view line, const HelperRules& rules, HelperRequest& request,
-                         std::string& sentence) {
+Result<HelperRequest> parse_helper_request(std::string_view line, const HelperRules& rules) {
     Parser parser{rules, {}};
-    if (!whole_line(line, parser)) {
-        sentence = parser.why;
-        return -1;
-    }
-    request = std::move(parser.request);
-    return 0;
+    if (!whole_line(line, parser))
+        return failed(parser.why);
+    return std::move(parser.request);
 }
 
 } // namespace tickervantage

@@ -1,7 +1,7 @@
 // The closed set of requests that the root helper admits, each parsed once into what is run.
 //
 // Nothing here is ever handed to a shell: the lines that look like a shell's are templates, and what they stand for
-// becomes arguments of one program. What is not in the set is refused with one sentence. Sources: chronyc(1),
+// becomes arguments of one program. Sources: chronyc(1),
 // chronyd(8), launchctl(1), systemctl(1).
 #pragma once
 
@@ -56,8 +56,7 @@ struct HelperRequest {
     std::string destination;
 };
 
-// 0, or -1 and one sentence; the request is then untouched.
-[[nodiscard]] int parse_helper_request(std::string_view line, const HelperRules& rules, HelperRequest& request,
-                                       std::string& sentence);
+// A failure for what is not in the set.
+[[nodiscard]] Result<HelperRequest> parse_helper_request(std::string_view line, const HelperRules& rules);
 
 } // namespace tickervantage

@@ -1,5 +1,6 @@
 #include "roothelper/grammar/helper_rules.h"
 
+#include "base/failure_codes.h"
 #include "roothelper/grammar/helper_definitions.h"
 
 #include <algorithm>
@@ -19,11 +20,6 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-int fail(std::string& sentence, std::size_t number, std::string_view why) {
-    sentence = "Line " + std::to_string(number) + " of the helper's rules " + std::string(why) + ".";
-    return -1;
-}
-
 std::vector<std::string>* paths_of(HelperRules& rules, std::string_view word) {
     if (word == "tool")
         return &rules.tools;
@@ -38,31 +34,34 @@ std::vector<std::string>* paths_of(HelperRules& rules, std::string_view word) {
     return word == "log-folder" ? &rules.log_folders : nullptr;
 }
 
-int set_idle(std::string_view value, HelperRules& rules) {
+bool set_idle(std::string_view value, HelperRules& rules) {
     unsigned seconds = 0;
     const auto end = value.data() + value.size();
     const auto [stop, error] = std::from_chars(value.data(), end, seconds);
     if (error != std::errc{} || stop != end || seconds == 0 || seconds > 86'400)
-        return -1;
+        return false;
     rules.idle = std::chrono::seconds(seconds);
-    return 0;
+    return true;
 }
 
-int add_rule(std::string_view line, std::size_t number, HelperRules& rules, std::string& sentence) {
+Result<> add_rule(std::string_view line, std::size_t number, HelperRules& rules) {
+    const auto refused = [number](FailureCode why) {
+        return failed(why, {std::to_string(number)});
+    };
     const auto word = line.substr(0, line.find_first_of(blanks));
     const auto value = trimmed(line.substr(word.size()));
     if (word == "idle-seconds")
-        return set_idle(value, rules) == 0 ? 0 : fail(sentence, number, "needs a number of seconds up to 86400");
+        return set_idle(value, rules) ? Result<>() : refused(FailureCode::rule_needs_seconds);
     auto* paths = paths_of(rules, word);
     if (paths == nullptr && word != "bundle")
-        return fail(sentence, number, "begins with a word that is none of theirs");
+        return refused(FailureCode::rule_unknown);
     if (!is_plain_path(value))
-        return fail(sentence, number, "needs an absolute path without \"..\"");
+        return refused(FailureCode::rule_needs_path);
     if (paths != nullptr)
         paths->push_back(without_spare_slashes(value));
     else
         rules.bundle = without_spare_slashes(value);
-    return 0;
+    return {};
 }
 
 // What the distribution's packages own is used, but never replaced or removed.
@@ -138,17 +137,19 @@ bool holds_path(const std::vector<std::string>& paths, std::string_view path) {
     return std::ranges::find(paths, path) != paths.end();
 }
 
-int add_rules(std::string_view text, HelperRules& rules, std::string& sentence) {
+Result<> add_rules(std::string_view text, HelperRules& rules) {
     HelperRules changed = rules;
     for (std::size_t number = 1; !text.empty(); ++number) {
         const auto end = std::min(text.find('\n'), text.size());
         const auto line = trimmed(text.substr(0, end));
         text.remove_prefix(std::min(end + 1, text.size()));
-        if (!line.empty() && line.front() != '#' && add_rule(line, number, changed, sentence) != 0)
-            return -1;
+        if (line.empty() || line.front() == '#')
+            continue;
+        if (auto added = add_rule(line, number, changed); !added)
+            return added;
     }
     rules = std::move(changed);
-    return 0;
+    return {};
 }
 
 bool find_item(const HelperRules& rules, std::string_view destination, Item& item) {

@@ -5,6 +5,8 @@
 // are passed over. Who reads the file makes sure that only root can have written it.
 #pragma once
 
+#include "base/failure.h"
+
 #include <array>
 #include <chrono>
 #include <string>
@@ -35,8 +37,8 @@ struct HelperRules {
     [[nodiscard]] std::string tool() const { return bundle_program("chronysupport"); }
 };
 
-// Adds a file's rules. At the first line that is none: -1 and a sentence that names it; the rules are then untouched.
-[[nodiscard]] int add_rules(std::string_view text, HelperRules& rules, std::string& sentence);
+// Adds a file's rules. At the first line that is none: a failure that names it; the rules are then untouched.
+[[nodiscard]] Result<> add_rules(std::string_view text, HelperRules& rules);
 
 // What may be installed where, and what its content is compared with.
 enum class ItemKind : unsigned char { program, script, configuration, service_definition };

@@ -39,7 +39,7 @@ bool report_line(std::string_view text, const std::string& chronyc, Parser& pars
     if (take(text, " -N"))
         argv.emplace_back("-N");
     if (!take(text, " ") || !add_report(text, argv))
-        return parser.refuse("This is no report of chronyc that the helper runs.");
+        return parser.refuse(FailureCode::no_report);
     return parser.accept(HelperVerb::chronyc_report, std::move(argv));
 }
 
@@ -65,7 +65,7 @@ bool synchronise_line(std::string_view text, const std::string& chronyd, Parser&
     const bool is_shaped = take(text, " ") && split_command_line(text, words) == 0 && are(words, 0, "uuuq") &&
                            words[0].text == "-t" && words[2].text == "-q" && is_server_directive(words[3].text);
     if (!is_shaped || !read_number(words[1].text, seconds) || seconds < 1 || seconds > longest_synchronisation)
-        return parser.refuse("A synchronisation takes one server, and 1 to 120 seconds.");
+        return parser.refuse(FailureCode::no_synchronisation);
     return parser.accept(HelperVerb::synchronise, {chronyd, "-t", std::to_string(seconds), "-q", words[3].text});
 }
 
@@ -78,7 +78,7 @@ bool shell_line(std::string_view inside, Parser& parser) {
     for (const auto& path : parser.rules.chronyd)
         if (inside.starts_with(path + ' '))
             return synchronise_line(inside.substr(path.size()), path, parser);
-    return parser.refuse("The helper runs a chronyc or chronyd of its own list only.");
+    return parser.refuse(FailureCode::program_not_listed);
 }
 
 } // namespace tickervantage::helper_grammar

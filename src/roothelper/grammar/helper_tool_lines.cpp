@@ -11,21 +11,18 @@ namespace {
 
 constexpr double longest_step = 4e9; // seconds: farther than any clock is off
 
-constexpr std::string_view source_refused = "The file to be installed must be named by a plain absolute path.";
-constexpr std::string_view destination_refused = "Nothing may be installed there.";
-
 bool item_line(HelperVerb verb, const Words& words, Parser& parser) {
     if (!are(words, 2, "qqqq"))
-        return parser.refuse("Installing takes four arguments in quotes.");
+        return parser.refuse(FailureCode::install_takes_four);
     const auto& [source, destination] = std::pair(words[2].text, words[3].text);
     if (!is_plain_path(source))
-        return parser.refuse(source_refused);
+        return parser.refuse(FailureCode::no_plain_source);
     if (!find_item(parser.rules, destination, parser.request.item))
-        return parser.refuse(destination_refused);
+        return parser.refuse(FailureCode::no_installation_there);
     const auto kind = parser.request.item.kind;
     const bool is_run = kind == ItemKind::program || kind == ItemKind::script;
     if (words[4].text != "root:wheel" || words[5].text != (is_run ? "0755" : "0644"))
-        return parser.refuse("What is installed there has another owner or mode.");
+        return parser.refuse(FailureCode::other_owner_or_mode);
     parser.request.source = source;
     parser.request.destination = destination;
     return parser.accept_tool(verb, words);
@@ -52,11 +49,11 @@ bool is_command_socket(std::string_view path) {
 bool remove_item(const Words& words, Parser& parser) {
     Item item;
     if (!are(words, 2, "q"))
-        return parser.refuse("Removing takes one path in quotes.");
+        return parser.refuse(FailureCode::remove_takes_one);
     const auto& path = words[2].text;
     const bool is_item = find_item(parser.rules, path, item) && item.kind != ItemKind::configuration;
     if (!is_plain_path(path) || !(is_item || is_removable_definition(path) || is_command_socket(path)))
-        return parser.refuse("Nothing may be removed there.");
+        return parser.refuse(FailureCode::no_removal_there);
     return parser.accept_tool(HelperVerb::remove_item, words);
 }
 
@@ -73,25 +70,24 @@ bool is_item_folder(const HelperRules& rules, std::string_view folder) {
 }
 
 bool create_directory(const Words& words, Parser& parser) {
-    constexpr std::string_view refused = "No folder may be made there.";
     if (are(words, 2, "qq") && words[2].text.empty())
         return is_item_folder(parser.rules, words[3].text) ? parser.accept_tool(HelperVerb::create_directory, words)
-                                                           : parser.refuse(refused);
+                                                           : parser.refuse(FailureCode::no_folder_there);
     if (are(words, 2, "u") && is_daemon_folder(parser.rules, words[2].text))
         return parser.accept_tool(HelperVerb::create_directory, words);
-    return parser.refuse(refused);
+    return parser.refuse(FailureCode::no_folder_there);
 }
 
 bool add_user(const Words& words, Parser& parser) {
     if (!are(words, 2, "u") || std::ranges::find(daemon_users, words[2].text) == daemon_users.end())
-        return parser.refuse("The helper adds only the users _chrony, chrony and ntp.");
+        return parser.refuse(FailureCode::no_daemon_user);
     return parser.accept_tool(HelperVerb::add_user, words);
 }
 
 bool restore_former(const Words& words, Parser& parser) {
     Item item;
     if (!are(words, 2, "q") || !find_item(parser.rules, words[2].text, item) || item.kind != ItemKind::configuration)
-        return parser.refuse("Only a configuration has a former one.");
+        return parser.refuse(FailureCode::nothing_former_there);
     parser.request.destination = words[2].text;
     return parser.accept_tool(HelperVerb::restore_former, words);
 }
@@ -100,29 +96,28 @@ bool step_time(const Words& words, Parser& parser) {
     double offset = 0;
     if (!are(words, 2, "u") || !read_number(words[2].text, offset) || !std::isfinite(offset) || offset == 0 ||
         std::abs(offset) > longest_step)
-        return parser.refuse("The clock is stepped by a number of seconds other than 0.");
+        return parser.refuse(FailureCode::step_not_admitted);
     return parser.accept_tool(HelperVerb::step_time, words);
 }
 
 bool rotate_logs(const Words& words, Parser& parser) {
     Item item;
-    constexpr std::string_view refused = "Logs are rotated by the installed script in chrony's log folder.";
     if (words.size() != 4 || words[2].is_quoted != words[3].is_quoted)
-        return parser.refuse(refused);
+        return parser.refuse(FailureCode::no_rotation_there);
     if (!find_item(parser.rules, words[2].text, item) || item.kind != ItemKind::script ||
         !is_daemon_folder(parser.rules, words[3].text))
-        return parser.refuse(refused);
+        return parser.refuse(FailureCode::no_rotation_there);
     return parser.accept_tool(HelperVerb::rotate_logs, words);
 }
 
 bool adjust_clock(const Words& words, Parser& parser) {
     if (!are(words, 2, "u") || (words[2].text != "on" && words[2].text != "off"))
-        return parser.refuse("Adjusting the clock is switched on or off.");
+        return parser.refuse(FailureCode::clock_not_switched);
     return parser.accept_tool(HelperVerb::adjust_clock, words);
 }
 
 bool bare_verb(HelperVerb verb, const Words& words, Parser& parser) {
-    return words.size() == 2 ? parser.accept_tool(verb, words) : parser.refuse("This verb takes no arguments.");
+    return words.size() == 2 ? parser.accept_tool(verb, words) : parser.refuse(FailureCode::verb_takes_none);
 }
 
 } // namespace
@@ -134,9 +129,9 @@ bool is_daemon_folder(const HelperRules& rules, std::string_view folder) {
 bool tool_line(const Words& words, Parser& parser) {
     const auto& tool = words[0].text;
     if (tool != parser.rules.tool() && !holds_path(parser.rules.tools, tool))
-        return parser.refuse("This is not the support tool that the helper was installed with.");
+        return parser.refuse(FailureCode::other_tool);
     if (words.size() < 2 || words[1].is_quoted)
-        return parser.refuse("The support tool needs a verb.");
+        return parser.refuse(FailureCode::verb_missing);
     using Handler = bool (*)(const Words&, Parser&);
     constexpr std::array<std::pair<std::string_view, Handler>, 9> handlers{{{"installitem", install_item},
                                                                             {"checkitem", check_item},
@@ -163,7 +158,7 @@ bool tool_line(const Words& words, Parser& parser) {
     for (const auto& [name, verb] : bare)
         if (words[1].text == name)
             return bare_verb(verb, words, parser);
-    return parser.refuse("The support tool has no such verb.");
+    return parser.refuse(FailureCode::verb_unknown);
 }
 
 } // namespace tickervantage::helper_grammar

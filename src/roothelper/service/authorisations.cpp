@@ -95,11 +95,7 @@ bool Authorisations::drop(const std::string& name) {
 }
 
 void Authorisations::restore() {
-    std::string text;
-    std::string sentence;
-    if (read_roots_file(m_file, file_limit, text, sentence) != 0)
-        return;
-    m_tokens.read(text);
+    m_tokens.read(bytes_of_roots_file(m_file, file_limit));
     for (const auto& caller : m_tokens.callers())
         if (m_parts.callers.find_now(caller.name) != caller)
             (void)m_tokens.drop(caller.name);

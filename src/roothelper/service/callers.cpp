@@ -48,10 +48,8 @@ bool read_credentials(sd_bus_message* answer, HelperCaller& caller) {
 // Source: proc(5), field 22 of stat.
 std::uint64_t start_of_process(std::int32_t process) {
     constexpr std::size_t longest = 4096;
-    std::string text;
-    std::string ignored;
-    if (read_file("/proc/" + std::to_string(process) + "/stat", longest, text, ignored) != 0)
-        return 0;
+    const auto text =
+        read_file("/proc/" + std::to_string(process) + "/stat", longest).value_or(FileBytes()).value_or("");
     auto at = text.rfind(')'); // the program's name may hold anything
     for (int field = 2; field < 22 && at != std::string::npos; ++field)
         at = text.find(' ', at + 1);

@@ -1,5 +1,7 @@
 #include "roothelper/service/child_process.h"
 
+#include "base/failure_codes.h"
+
 #include <fcntl.h>
 #include <grp.h>
 #include <sys/prctl.h>
@@ -10,7 +12,6 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
-#include <system_error>
 #include <utility>
 
 namespace tickervantage {
@@ -54,7 +55,7 @@ int run_program(std::vector<std::string>& argv) {
     const auto arguments = pointers(argv);
     const auto variables = pointers(environment);
     ::execve(arguments[0], arguments.data(), variables.data());
-    const auto text = argv[0] + " cannot be started: " + std::generic_category().message(errno) + ".\n";
+    const auto text = english(failed(FailureCode::program_not_started, {argv[0]}, errno).value()) + '\n';
     (void)!::write(STDOUT_FILENO, text.data(), text.size()); // nobody else to tell
     return cannot_start;
 }
@@ -65,7 +66,7 @@ int run_program(std::vector<std::string>& argv) {
     forget_signals();
     if (task.identity && !take_identity(*task.identity))
         ::_exit(cannot_start);
-    ::_exit(task.body ? task.body() : run_program(task.argv));
+    ::_exit(task.body != nullptr ? task.body(task) : run_program(task.argv));
 }
 
 std::uint64_t microseconds(std::chrono::seconds time) {
@@ -78,7 +79,7 @@ ChildProcess::ChildProcess(sd_event* event, ChildTask task, Done done)
     : m_task(std::move(task)), m_done(std::move(done)) {
     if (start(event) == 0 && watch(event) == 0)
         return;
-    m_end.sentence = "The helper cannot start a process.";
+    m_end.failure = Failure{.code = FailureCode::no_process};
     sd_event_source* source = nullptr;
     sd_event_add_defer(
         event, &source,
@@ -128,8 +129,9 @@ int ChildProcess::watch(sd_event* event) {
     const auto on_end = [](sd_event_source*, const siginfo_t* info, void* self) {
         auto* child = static_cast<ChildProcess*>(self);
         child->m_end.status = info->si_code == CLD_EXITED ? info->si_status : -1;
-        if (child->m_end.status < 0 && child->m_end.sentence.empty())
-            child->m_end.sentence = "The command was ended by signal " + std::to_string(info->si_status) + ".";
+        if (child->m_end.status < 0 && !child->m_end.failure)
+            child->m_end.failure =
+                Failure{.code = FailureCode::command_ended_by_signal, .arguments = {std::to_string(info->si_status)}};
         child->finish();
         return 0;
     };
@@ -138,8 +140,8 @@ int ChildProcess::watch(sd_event* event) {
     m_child_source.reset(source);
     const auto on_time = [](sd_event_source*, std::uint64_t, void* self) {
         auto* child = static_cast<ChildProcess*>(self);
-        child->end_because("The command did not end within " + std::to_string(child->m_task.time_limit.count()) +
-                           " s.");
+        child->end_because(
+            {.code = FailureCode::command_too_slow, .arguments = {std::to_string(child->m_task.time_limit.count())}});
         return 0;
     };
     if (sd_event_add_time_relative(event, &source, CLOCK_MONOTONIC, microseconds(m_task.time_limit), 0, on_time, this) <
@@ -159,12 +161,12 @@ bool ChildProcess::read_output() {
     if (m_end.output.size() <= m_task.output_limit)
         return true;
     m_end.output.resize(m_task.output_limit);
-    end_because("The command printed too much.");
+    end_because({.code = FailureCode::command_too_long});
     return false;
 }
 
-void ChildProcess::end_because(const std::string& why) {
-    m_end.sentence = why;
+void ChildProcess::end_because(Failure why) {
+    m_end.failure = std::move(why);
     ::kill(-m_pid, SIGKILL);
 }
 

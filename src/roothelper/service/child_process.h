@@ -4,6 +4,7 @@
 // the whole group is killed. The helper has one thread, so that a fork may do what it likes.
 #pragma once
 
+#include "base/failure.h"
 #include "linux/bus_owners.h"
 #include "linux/file_descriptor.h"
 
@@ -26,7 +27,7 @@ struct ChildIdentity {
 
 struct ChildTask {
     std::vector<std::string> argv;         // the program to run
-    std::function<int()> body;             // or what the fork does itself: its result is the exit status
+    int (*body)(const ChildTask&) = {};    // or what the fork does itself: its result is the exit status
     std::optional<ChildIdentity> identity; // nothing: root
     bool errors_only = false;              // what it prints as its result is thrown away
     std::chrono::seconds time_limit{30};
@@ -34,9 +35,9 @@ struct ChildTask {
 };
 
 struct ChildEnd {
-    int status = -1;      // exit status; -1 when it did not end by itself
-    std::string output;   // both streams as they came, or the errors alone
-    std::string sentence; // what went wrong with the running of it; empty when it ended by itself
+    int status = -1;                // exit status; -1 when it did not end by itself
+    std::string output;             // both streams as they came, or the errors alone
+    std::optional<Failure> failure; // of the running of it; none when it ended by itself
 };
 
 class ChildProcess {
@@ -53,7 +54,7 @@ private:
     [[nodiscard]] int start(sd_event* event);
     [[nodiscard]] int watch(sd_event* event);
     bool read_output();
-    void end_because(const std::string& why);
+    void end_because(Failure why);
     void finish();
 
     ChildTask m_task;

@@ -1,5 +1,6 @@
 #include "roothelper/service/commands.h"
 
+#include "base/failure_line.h"
 #include "roothelper/grammar/helper_content.h"
 #include "roothelper/service/trusted_files.h"
 
@@ -28,11 +29,10 @@ std::optional<ChildIdentity> identity_named(const std::string& name) {
 
 std::optional<ChildIdentity> configured_user(const HelperRules& rules) {
     for (const auto& path : rules.configurations) {
-        std::string text;
-        std::string ignored; // a file that others can change has no say
-        if (const int found = read_roots_file(path, configuration_limit, text, ignored); found > 0)
+        const auto text = read_roots_file(path, configuration_limit);
+        if (text && !*text)
             continue;
-        const auto user = configured_daemon_user(text);
+        const auto user = text ? configured_daemon_user(**text) : ""; // a file that others can change has no say
         return user.empty() ? std::nullopt : identity_named(user);
     }
     return std::nullopt;
@@ -126,12 +126,18 @@ ChildIdentity user_identity(uid_t user) {
     return found.value_or(ChildIdentity{user, 65534, {}});
 }
 
+bool speaks_of_failures(const HelperRequest& request, const HelperRules& rules) {
+    return !request.argv.empty() && request.argv.front() == rules.tool();
+}
+
 ChildTask task_for(const HelperRequest& request, const HelperRules& rules) {
     ChildTask task;
     task.time_limit = time_limit_of(request);
     task.argv = request.argv;
     if (runs_as_daemon(request.verb))
         task.identity = daemon_identity(rules);
+    if (speaks_of_failures(request, rules))
+        task.argv.insert(task.argv.begin() + 1, failure_option);
     if (runs_in_own_unit(request))
         move_to_own_unit(task);
     return task;

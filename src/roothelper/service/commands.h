@@ -14,6 +14,9 @@ namespace tickervantage {
 // The user behind a connection. Asks the user database.
 [[nodiscard]] ChildIdentity user_identity(uid_t user);
 
+// Whether the command is the support tool, which names its failures behind its words when it is asked to.
+[[nodiscard]] bool speaks_of_failures(const HelperRequest& request, const HelperRules& rules);
+
 // Reports and everything in the daemon's own folders run as the daemon's user: a link that it left there must not lead
 // root astray, and chronyc reaches the command socket as that user. What sets the clock for good, adds a user or works
 // outside the folders that the helper may write to runs in a unit of its own, outside the helper's sandbox.

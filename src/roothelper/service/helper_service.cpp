@@ -68,40 +68,32 @@ int HelperService::set_up() {
     return 0;
 }
 
-int HelperService::run(std::string& sentence) {
+Result<> HelperService::run() {
     m_authorisations.restore();
-    if (set_up() != 0) {
-        sentence = "The helper cannot set itself up.";
-        return -1;
-    }
-    if (sd_bus_request_name(m_bus, helper::bus_name, 0) < 0) {
-        sentence = "The helper cannot take its name on the bus: another one runs, or its bus policy is not installed.";
-        return -1;
-    }
+    if (set_up() != 0)
+        return failed(FailureCode::helper_not_set_up);
+    if (sd_bus_request_name(m_bus, helper::bus_name, 0) < 0)
+        return failed(FailureCode::helper_without_name);
     remove_staged_files(m_folder); // of a helper that was killed: now that the name is ours, none is at work
     (void)sd_notify(0, "READY=1");
     while (!m_ends)
-        if (sd_event_run(m_event, UINT64_MAX) < 0) {
-            sentence = "The helper lost the bus.";
-            return -1;
-        }
-    return drain(sentence);
+        if (sd_event_run(m_event, UINT64_MAX) < 0)
+            return failed(FailureCode::helper_lost_bus);
+    return drain();
 }
 
 // From the moment the name is given back the bus starts another helper for new messages; those that it had sent us
 // before still have to be answered here.
-int HelperService::drain(std::string& sentence) {
-    if (sd_bus_release_name(m_bus, helper::bus_name) < 0) {
-        sentence = "The helper cannot give its name back.";
-        return -1;
-    }
+Result<> HelperService::drain() {
+    if (sd_bus_release_name(m_bus, helper::bus_name) < 0)
+        return failed(FailureCode::helper_keeps_name);
     (void)sd_notify(0, "STOPPING=1");
     while (sd_bus_process(m_bus, nullptr) > 0 || has_work())
         if (has_work() && sd_event_run(m_event, UINT64_MAX) < 0)
             break;
     m_refusals.tell();
     m_authorisations.keep();
-    return 0;
+    return {};
 }
 
 // The time of the last message is compared only here: moving a timer for each would cost more than its answer.
@@ -181,11 +173,8 @@ int HelperService::request(sd_bus_message* message) {
     const auto caller = m_authorisations.holder(sd_bus_message_get_sender(message), *words.auth);
     if (!caller)
         return refuse(message, "unknown", {.code = FailureCode::authorisation_lapsed});
-    HelperRequest parsed;
-    std::string sentence;
-    if (parse_helper_request(words.request, m_rules, parsed, sentence) != 0)
-        return refuse(message, "unknown", said_by_others(sentence));
-    return do_request(message, *caller, std::move(parsed));
+    auto parsed = parse_helper_request(words.request, m_rules);
+    return parsed ? do_request(message, *caller, *std::move(parsed)) : refuse(message, "unknown", parsed.error());
 }
 
 int HelperService::do_request(sd_bus_message* message, const HelperCaller& caller, HelperRequest request) {
@@ -212,12 +201,11 @@ void HelperService::start_again(const std::string& name, const HelperInterruptio
     HelperCaller caller;
     caller.name = name;
     JobOrder order{.request = start_request(units), .caller = caller, .may_ask = false, .done = {}};
-    order.done = [caller](Decision decision, const std::string& text) {
-        journal_decision(decision, caller, helper_verb_name(HelperVerb::resume_chrony), text);
+    order.done = [caller](const JobEnd& end) {
+        journal_decision(end.decision, caller, helper_verb_name(HelperVerb::resume_chrony), end.text);
     };
-    std::string sentence;
-    if (m_jobs.add(std::move(order), sentence) != 0)
-        journal_note(sentence);
+    if (const auto added = m_jobs.add(std::move(order)); !added)
+        journal_note(english(added.error()));
 }
 
 // Ends the caller's authorisation, and the helper where no other caller is left.
@@ -243,20 +231,19 @@ int HelperService::execute(sd_bus_message* message, const HelperCaller& caller, 
                    .may_ask = sd_bus_message_get_allow_interactive_authorization(message) > 0,
                    .done = {}};
     order.done = [this, caller, verb, asked = order.request,
-                  kept = std::shared_ptr<sd_bus_message>(sd_bus_message_ref(message), BusUnref())](
-                     Decision decision, const std::string& text) {
-        const bool is_done = decision == Decision::done;
-        (void)send_reply(kept.get(), text, is_done); // a caller that has gone does not need it
-        journal_decision(decision, caller, verb, decision == Decision::refused ? text : std::string());
-        start_again(caller.name, m_interruptions.end(caller.name, asked, is_done, text));
+                  kept = std::shared_ptr<sd_bus_message>(sd_bus_message_ref(message), BusUnref())](const JobEnd& end) {
+        const bool is_done = end.decision == Decision::done;
+        (void)send_reply(kept.get(), end.text, is_done, end.failure); // a caller that has gone does not need it
+        journal_decision(end.decision, caller, verb, end.decision == Decision::refused ? end.text : std::string());
+        start_again(caller.name, m_interruptions.end(caller.name, asked, is_done, end.text));
         note_activity();
     };
-    std::string sentence;
     m_interruptions.begin(caller.name); // first: it may be over at once
-    if (m_jobs.add(std::move(order), sentence) == 0)
+    const auto added = m_jobs.add(std::move(order));
+    if (added)
         return 1;
     start_again(caller.name, m_interruptions.end(caller.name, {}, false, {}));
-    return refuse(message, verb, said_by_others(sentence));
+    return refuse(message, verb, added.error());
 }
 
 void HelperService::connection_gone(const std::string& name) {

@@ -27,8 +27,8 @@ public:
     // `folder` is the helper's own, for what outlives a run and for files on their way.
     HelperService(sd_bus* bus, sd_event* event, HelperRules rules, std::string folder);
 
-    // Takes the name and works until there is nothing to do any more. 0, or -1 and one sentence.
-    [[nodiscard]] int run(std::string& sentence);
+    // Takes the name and works until there is nothing to do any more.
+    [[nodiscard]] Result<> run();
 
     // Makes `run` finish what is under way and return.
     void end() { m_ends = true; }
@@ -58,7 +58,7 @@ private:
         return !m_jobs.empty() || m_authorisations.is_asking() || m_callers.is_asking();
     }
     void note_activity();
-    int drain(std::string& sentence);
+    Result<> drain();
 
     sd_bus* m_bus;
     sd_event* m_event;

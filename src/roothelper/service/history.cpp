@@ -68,9 +68,9 @@ bool put(const std::string& path, std::string_view text, unsigned mode) {
            ::rename(draft.c_str(), path.c_str()) == 0 && flush(folder);
 }
 
-bool read_installed(const std::string& configuration, std::string& text) {
-    std::string ignored; // one that others can change is none of ours
-    return read_roots_file(configuration, largest_text, text, ignored) == 0;
+// One that others can change is none of ours.
+FileBytes installed_text(const std::string& configuration) {
+    return read_roots_file(configuration, largest_text).value_or(FileBytes());
 }
 
 } // namespace
@@ -80,10 +80,7 @@ std::string History::folder_of(const std::string& configuration) const {
 }
 
 std::string History::text_of(const std::string& folder, const HistoryEntry& entry) const {
-    std::string text;
-    std::string ignored; // counts as another text
-    (void)read_roots_file(folder + '/' + history_name(entry), largest_text, text, ignored);
-    return text;
+    return bytes_of_roots_file(folder + '/' + history_name(entry), largest_text);
 }
 
 void History::add(const std::string& configuration, const Entries& entries, HistoryEntry entry,
@@ -100,21 +97,21 @@ void History::add(const std::string& configuration, const Entries& entries, Hist
 void History::before(const std::string& configuration) const {
     const auto folder = folder_of(configuration);
     const auto entries = entries_in(folder);
-    std::string text;
-    if (read_installed(configuration, text) && (entries.empty() || text_of(folder, entries.back()) != text))
-        add(configuration, entries, {.reason = HistoryReason::found}, text);
+    const auto text = installed_text(configuration);
+    if (text && (entries.empty() || text_of(folder, entries.back()) != text))
+        add(configuration, entries, {.reason = HistoryReason::found}, *text);
 }
 
 void History::after(const std::string& configuration, std::uint32_t user) const {
     const auto folder = folder_of(configuration);
     const auto entries = entries_in(folder);
-    std::string text;
-    if (!read_installed(configuration, text) || (!entries.empty() && text_of(folder, entries.back()) == text))
+    const auto text = installed_text(configuration);
+    if (!text || (!entries.empty() && text_of(folder, entries.back()) == text))
         return;
     const bool was_there =
         std::ranges::any_of(entries, [&](const auto& entry) { return text_of(folder, entry) == text; });
     add(configuration, entries,
-        {.user = user, .reason = was_there ? HistoryReason::rolled_back : HistoryReason::installed}, text);
+        {.user = user, .reason = was_there ? HistoryReason::rolled_back : HistoryReason::installed}, *text);
 }
 
 void History::remove() const {

@@ -1,5 +1,7 @@
 #include "roothelper/service/job.h"
 
+#include "base/failure_codes.h"
+#include "base/failure_line.h"
 #include "roothelper/grammar/helper_includes.h"
 #include "roothelper/grammar/helper_names.h"
 #include "roothelper/grammar/helper_question.h"
@@ -29,15 +31,12 @@ std::string bundled(const Item& item, const HelperRules& rules) {
                                           : rules.bundle + "/Contents/Resources/" + item.name;
 }
 
-std::string bytes_of_roots_file(const std::string& path) {
-    std::string bytes;
-    std::string ignored; // one that others can change counts as none
-    (void)read_roots_file(path, text_limit, bytes, ignored);
-    return bytes;
+std::string text_at(const std::string& path) {
+    return bytes_of_roots_file(path, text_limit);
 }
 
 const IncludedFiles& included_files() {
-    static const IncludedFiles files{matching_roots_files, bytes_of_roots_file};
+    static const IncludedFiles files{matching_roots_files, text_at};
     return files;
 }
 
@@ -69,9 +68,13 @@ void Job::run_child(ChildTask task, Next next) {
     });
 }
 
-void Job::end(Decision decision, std::string text) {
+void Job::refuse(const Failure& why) {
+    end({Decision::refused, english(why), why});
+}
+
+void Job::end(const JobEnd& end) {
     const auto done = std::move(m_order.done);
-    done(decision, std::move(text));
+    done(end);
 }
 
 void Job::read_source() {
@@ -84,9 +87,9 @@ void Job::source_was_read(ChildEnd result) {
     if (result.status == 0)
         check_content(result.output);
     else if (result.status == source_refused_status)
-        end(Decision::refused, result.output);
+        refuse(failure_in(result.output).value_or(Failure{.code = FailureCode::source_not_opened}));
     else
-        end(Decision::refused, "The file to be installed could not be read in time.");
+        refuse({.code = FailureCode::source_not_read});
 }
 
 void Job::check_content(const std::string& bytes) {
@@ -95,9 +98,8 @@ void Job::check_content(const std::string& bytes) {
         return check_program(bytes);
     if (request.item.kind == ItemKind::configuration)
         return check_configuration(bytes);
-    std::string sentence;
-    if (check_service_definition(request.destination, bytes, m_parts.rules, sentence) != 0)
-        return end(Decision::refused, sentence);
+    if (const auto checked = check_service_definition(request.destination, bytes, m_parts.rules); !checked)
+        return refuse(checked.error());
     if (stage(bytes))
         take_next_step();
 }
@@ -105,14 +107,13 @@ void Job::check_content(const std::string& bytes) {
 // What will run as root must be what root holds already.
 void Job::check_program(const std::string& bytes) {
     const auto path = bundled(m_order.request.item, m_parts.rules);
-    std::string own;
-    std::string sentence;
-    const int found = read_roots_file(path, program_limit, own, sentence);
-    if (found != 0)
-        return end(Decision::refused, found > 0 ? path + " is missing." : sentence);
-    if (own != bytes)
-        return end(Decision::refused, "The program is another one than the helper was installed with: install the "
-                                      "helper again.");
+    const auto own = read_roots_file(path, program_limit);
+    if (!own)
+        return refuse(own.error());
+    if (!*own)
+        return refuse({.code = FailureCode::program_missing, .arguments = {path}});
+    if (*own != bytes)
+        return refuse({.code = FailureCode::other_program});
     m_order.request.argv[2] = path;
     take_next_step();
 }
@@ -120,30 +121,27 @@ void Job::check_program(const std::string& bytes) {
 // A former configuration is consent for what it says only while the caller takes back what it installed a moment ago.
 void Job::check_former() {
     const auto& destination = m_order.request.destination;
-    std::string sentence;
-    std::string former;
-    const int found = read_roots_file(destination + ".former", text_limit, former, sentence);
-    if (found < 0)
-        return end(Decision::refused, sentence);
-    const ConfigurationExchange exchange{destination, former, bytes_of_roots_file(destination)};
-    if (found == 0 && !m_parts.displaced.take(m_order.caller, exchange, seconds_since_boot()))
-        return check_configuration(former);
-    m_checked = former;
+    const auto former = read_roots_file(destination + ".former", text_limit);
+    if (!former)
+        return refuse(former.error());
+    m_checked = former->value_or("");
+    const ConfigurationExchange exchange{destination, m_checked, text_at(destination)};
+    if (*former && !m_parts.displaced.take(m_order.caller, exchange, seconds_since_boot()))
+        return check_configuration(**former);
     do_it();
 }
 
 // Judges a text that is to become the configuration at the destination, wherever it comes from.
 void Job::check_configuration(const std::string& bytes) {
-    std::string sentence;
     const auto& destination = m_order.request.destination;
     m_checked = bytes;
-    m_displaced = bytes_of_roots_file(destination);
-    if (find_unsafe_lines(bytes, m_displaced, m_parts.rules, m_unsafe_lines, sentence) != 0)
-        return end(Decision::refused, sentence);
+    m_displaced = text_at(destination);
+    auto unsafe = find_unsafe_lines(bytes, m_displaced, m_parts.rules);
+    if (!unsafe)
+        return refuse(unsafe.error());
+    m_unsafe_lines = *std::move(unsafe);
     if (const int line = line_that_includes_itself(bytes, destination, included_files()); line > 0)
-        return end(Decision::refused, "Line " + std::to_string(line) +
-                                          " of the configuration includes the "
-                                          "configuration itself, and chronyd would not start with it.");
+        return refuse({.code = FailureCode::includes_itself, .arguments = {std::to_string(line)}});
     if (!stage(bytes))
         return;
     auto task = syntax_check_task(m_staged, m_parts.rules);
@@ -159,22 +157,22 @@ void Job::ask_about_unsafe_lines() {
         m_parts.consents.erase(agreed); // to be installed once
     if (m_unsafe_lines.empty() || is_agreed)
         return take_next_step();
-    std::string question;
-    std::string sentence;
-    if (question_about(m_unsafe_lines, question, sentence) != 0)
-        return end(Decision::refused, sentence);
-    const auto first = "Line " + std::to_string(m_unsafe_lines[0].number) + " (" + m_unsafe_lines[0].text + ")";
+    const auto question = question_about(m_unsafe_lines);
+    if (!question)
+        return refuse(question.error());
     m_parts.polkit.ask({.sender = m_order.caller.name,
                         .action = helper::unsafe_config_action,
-                        .message = question,
+                        .message = *question,
                         .may_ask = m_order.may_ask},
-                       [this, alive = std::weak_ptr(m_alive), first](PolkitAnswer answer) {
+                       [this, alive = std::weak_ptr(m_alive)](PolkitAnswer answer) {
                            if (alive.expired())
                                return;
                            if (answer == PolkitAnswer::yes)
                                take_next_step();
                            else
-                               end(Decision::refused, first + " needs an authorisation of its own.");
+                               refuse(
+                                   {.code = FailureCode::line_unauthorised,
+                                    .arguments = {std::to_string(m_unsafe_lines[0].number), m_unsafe_lines[0].text}});
                        });
 }
 
@@ -185,20 +183,21 @@ bool Job::stage(const std::string& bytes) {
         m_order.request.argv[2] = m_staged;
     if (!m_staged.empty())
         return true;
-    end(Decision::failed, "The helper cannot keep the file to be installed.");
+    const Failure why{.code = FailureCode::item_not_kept};
+    end({Decision::failed, english(why), why});
     return false;
 }
 
 void Job::syntax_was_checked(ChildEnd result) {
     if (result.status == 0)
         return ask_about_unsafe_lines();
-    end(Decision::refused, chronyd_refusal(result.output, m_staged, m_checked));
+    refuse(chronyd_refusal(result.output, m_staged, m_checked));
 }
 
 // Somebody else may have installed one while a question stood open.
 bool Job::former_is_unchanged() const {
     return m_order.request.verb != HelperVerb::restore_former ||
-           bytes_of_roots_file(m_order.request.destination + ".former") == m_checked;
+           text_at(m_order.request.destination + ".former") == m_checked;
 }
 
 std::string Job::changed_configuration() const {
@@ -218,15 +217,16 @@ void Job::take_next_step() {
         return do_it();
     if (!m_unsafe_lines.empty())
         m_parts.consents[m_order.caller.name] = consent();
-    end(Decision::done, "200 OK");
+    end({Decision::done, "200 OK"});
 }
 
 void Job::do_it() {
     auto task = task_for(m_order.request, m_parts.rules);
-    if (!is_roots_own(task.argv[0]) || !is_roots_own(m_order.request.argv[0]))
-        return end(Decision::refused, m_order.request.argv[0] + " is missing, or others than root can change it.");
+    const auto& program = m_order.request.argv[0];
+    if (!is_roots_own(task.argv[0]) || !is_roots_own(program))
+        return refuse({.code = FailureCode::program_not_roots, .arguments = {program}});
     if (!former_is_unchanged())
-        return end(Decision::refused, "The former configuration has changed meanwhile.");
+        return refuse({.code = FailureCode::former_has_changed});
     if (const auto path = changed_configuration(); !path.empty())
         m_parts.history.before(path);
     run_child(std::move(task), &Job::was_done);
@@ -245,14 +245,20 @@ void Job::note_change(bool is_done) {
 void Job::was_done(ChildEnd result) {
     note_change(result.status == 0);
     const bool found_none = m_order.request.verb == HelperVerb::list_daemons && result.status == 1; // of pgrep
-    if (found_none)
-        return end(Decision::done, std::move(result.output));
+    const bool is_done = result.status == 0 || found_none;
     auto text = std::move(result.output);
-    if (!result.sentence.empty())
-        text += (text.empty() || text.back() == '\n' ? "" : "\n") + result.sentence;
-    else if (result.status != 0 && text.empty())
-        text = "The command ended with status " + std::to_string(result.status) + ".";
-    end(result.status == 0 ? Decision::done : Decision::failed, std::move(text));
+    auto failure = std::move(result.failure);
+    if (!is_done && !failure && speaks_of_failures(m_order.request, m_parts.rules))
+        failure = take_failure(text);
+    else if (failure)
+        text += (text.empty() || text.back() == '\n' ? "" : "\n") + english(*failure);
+    if (!is_done && text.empty()) {
+        failure = Failure{.code = FailureCode::command_failed, .arguments = {std::to_string(result.status)}};
+        text = english(*failure);
+    }
+    if (is_done)
+        failure.reset();
+    end({is_done ? Decision::done : Decision::failed, std::move(text), std::move(failure)});
 }
 
 } // namespace tickervantage

@@ -13,6 +13,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,11 +30,17 @@ struct JobParts {
     History history = History();
 };
 
+struct JobEnd {
+    Decision decision = Decision::failed;
+    std::string text;                    // what the command printed; what was not done, in English
+    std::optional<Failure> failure = {}; // what was not done, where it has a name
+};
+
 struct JobOrder {
     HelperRequest request;
     HelperCaller caller;
     bool may_ask = false; // a password dialog may be shown
-    std::function<void(Decision, std::string text)> done;
+    std::function<void(const JobEnd& end)> done;
 };
 
 class Job {
@@ -67,7 +74,8 @@ private:
     void do_it();
     void note_change(bool is_done);
     void was_done(ChildEnd end);
-    void end(Decision decision, std::string text);
+    void refuse(const Failure& why);
+    void end(const JobEnd& end);
 
     const JobParts& m_parts;
     JobOrder m_order;

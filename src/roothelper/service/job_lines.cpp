@@ -1,5 +1,7 @@
 #include "roothelper/service/job_lines.h"
 
+#include "base/failure_codes.h"
+
 namespace tickervantage {
 namespace {
 
@@ -12,22 +14,20 @@ JobLines::Lane JobLines::lane_of(HelperVerb verb) {
     return verb == HelperVerb::chronyc_report || verb == HelperVerb::list_daemons ? Lane::report : Lane::change;
 }
 
-int JobLines::add(JobOrder order, std::string& sentence) {
+Result<> JobLines::add(JobOrder order) {
     const Key key{order.caller.user, lane_of(order.request.verb)};
     const auto found = m_lines.find(key);
-    if (found == m_lines.end() ? m_lines.size() >= most_lines : found->second.size() >= longest_line) {
-        sentence = "Too many requests are waiting.";
-        return -1;
-    }
-    order.done = [this, key, done = std::move(order.done)](Decision decision, std::string text) {
-        done(decision, std::move(text));
+    if (found == m_lines.end() ? m_lines.size() >= most_lines : found->second.size() >= longest_line)
+        return failed(FailureCode::too_much_waiting);
+    order.done = [this, key, done = std::move(order.done)](const JobEnd& end) {
+        done(end);
         finish(key);
     };
     auto& line = m_lines[key];
     line.push_back(std::make_unique<Job>(m_parts, std::move(order)));
     if (line.size() == 1)
         line.front()->start();
-    return 0;
+    return {};
 }
 
 void JobLines::finish(Key key) {

@@ -16,8 +16,8 @@ class JobLines {
 public:
     explicit JobLines(JobParts parts) : m_parts(std::move(parts)) {}
 
-    // 0, or -1 and one sentence when too much is waiting already; `order.done` is then not called.
-    [[nodiscard]] int add(JobOrder order, std::string& sentence);
+    // A failure when too much is waiting already; `order.done` is then not called.
+    [[nodiscard]] Result<> add(JobOrder order);
 
     [[nodiscard]] bool empty() const { return m_lines.empty(); }
 

@@ -3,6 +3,9 @@
 //   chronyhelper              serves; started by the bus
 //   chronyhelper --install    puts itself in place, as root
 //   chronyhelper --uninstall  takes itself away, as root
+// With --failure-line behind either, a second line names what went wrong.
+#include "base/failure_codes.h"
+#include "base/failure_line.h"
 #include "roothelper/service/helper_service.h"
 #include "roothelper/service/journal.h"
 #include "roothelper/service/self_install.h"
@@ -33,11 +36,11 @@ std::string own_bundle() {
 HelperRules read_rules() {
     HelperRules rules;
     rules.bundle = own_bundle();
-    std::string text;
-    std::string sentence;
-    const int found = read_roots_file(rules_file, rules_limit, text, sentence);
-    if (found < 0 || (found == 0 && add_rules(text, rules, sentence) != 0))
-        journal_note(sentence + " The built-in rules are used alone.");
+    const auto added = read_roots_file(rules_file, rules_limit).and_then([&](const FileBytes& text) {
+        return add_rules(text.value_or(""), rules);
+    });
+    if (!added)
+        journal_note(english(added.error()) + " The built-in rules are used alone.");
     return rules;
 }
 
@@ -60,51 +63,52 @@ int on_end(sd_event_source*, const signalfd_siginfo*, void* service) {
     return 0;
 }
 
-int serve(std::string& sentence) {
+Result<> serve() {
     block_signals();
     ::umask(022);
     (void)::mkdir(own_folder().c_str(), 0711); // there already when systemd started us
     sd_event* event = nullptr;
     sd_bus* bus = nullptr;
-    if (sd_event_new(&event) < 0 || sd_bus_open_system_with_description(&bus, "chronyhelper") < 0) {
-        sentence = "The helper cannot reach the system bus.";
-        return -1;
-    }
+    if (sd_event_new(&event) < 0 || sd_bus_open_system_with_description(&bus, "chronyhelper") < 0)
+        return failed(FailureCode::helper_without_bus);
     const Event event_owner(event);
     const Bus bus_owner(bus);
     (void)sd_bus_set_exit_on_disconnect(bus, 1);
-    if (sd_bus_attach_event(bus, event, SD_EVENT_PRIORITY_NORMAL) < 0) {
-        sentence = "The helper cannot set itself up.";
-        return -1;
-    }
+    if (sd_bus_attach_event(bus, event, SD_EVENT_PRIORITY_NORMAL) < 0)
+        return failed(FailureCode::helper_not_set_up);
     HelperService service(bus, event, read_rules(), own_folder());
     (void)sd_event_add_signal(event, nullptr, SIGTERM, on_end, &service);
     (void)sd_event_add_signal(event, nullptr, SIGINT, on_end, &service);
-    return service.run(sentence);
+    return service.run();
 }
 
-int run(std::string_view what, std::string& sentence) {
-    if (::geteuid() != 0) {
-        sentence = "This must run as root.";
-        return -1;
-    }
+Result<> run(std::string_view what) {
+    if (::geteuid() != 0)
+        return failed(FailureCode::not_root);
     if (what == "--install")
-        return install_helper(own_bundle(), sentence);
-    return what == "--uninstall" ? uninstall_helper(sentence) : serve(sentence);
+        return install_helper(own_bundle());
+    return what == "--uninstall" ? uninstall_helper() : serve();
+}
+
+bool is_usage(int count, std::string_view what, std::string_view second) {
+    const bool installs = what == "--install" || what == "--uninstall";
+    return count == 1 || (installs && (count == 2 || (count == 3 && second == failure_option)));
 }
 
 } // namespace
 } // namespace tickervantage
 
 int main(int argc, char** argv) {
+    using namespace tickervantage;
     const std::string_view what = argc > 1 ? argv[1] : "";
-    if (argc > 2 || (!what.empty() && what != "--install" && what != "--uninstall")) {
+    if (!is_usage(argc, what, argc > 2 ? argv[2] : "")) {
         (void)std::fputs("usage: chronyhelper [--install | --uninstall]\n", stderr);
         return 2;
     }
-    std::string sentence;
-    if (tickervantage::run(what, sentence) == 0)
+    const auto done = run(what);
+    if (done)
         return 0;
-    (void)std::fprintf(stderr, "chronyhelper: %s\n", sentence.c_str());
+    (void)std::fprintf(stderr, "chronyhelper: %s\n%s", english(done.error()).c_str(),
+                       argc > 2 ? marked_line(done.error()).c_str() : "");
     return 1;
 }

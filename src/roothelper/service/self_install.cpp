@@ -1,5 +1,6 @@
 #include "roothelper/service/self_install.h"
 
+#include "base/failure_codes.h"
 #include "helper_files.h"
 #include "roothelper/grammar/helper_names.h"
 #include "roothelper/service/history.h"
@@ -14,7 +15,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <string_view>
-#include <system_error>
 #include <vector>
 
 namespace tickervantage {
@@ -55,52 +55,54 @@ std::string with_program(std::string_view text, const std::string& program) {
     return result;
 }
 
-int fail(const std::string& path, std::string_view what, std::string& sentence) {
-    sentence = path + ' ' + std::string(what) + ": " + std::generic_category().message(errno) + ".";
-    return -1;
-}
-
-int make_folder(const std::string& path, std::string& sentence) {
+Result<> make_folder(const std::string& path) {
     if (file_exists(path))
-        return 0;
-    if (make_folder(parent_folder(path), sentence) != 0)
-        return -1;
-    return ::mkdir(path.c_str(), 0755) == 0 ? 0 : fail(path, "cannot be made", sentence);
+        return {};
+    return make_folder(parent_folder(path)).and_then([&]() -> Result<> {
+        return ::mkdir(path.c_str(), 0755) == 0 ? Result<>() : failed(FailureCode::cannot_make_folder, {path}, errno);
+    });
 }
 
 // Beside first, so that a program that runs meanwhile is the old one or the new one.
-int put(const std::string& path, std::string_view bytes, mode_t mode, std::string& sentence) {
+Result<> put(const std::string& path, std::string_view bytes, mode_t mode) {
     const auto draft = path + ".new";
-    if (make_folder(parent_folder(path), sentence) != 0)
-        return -1;
-    if (write_new_file(draft, bytes, mode) == 0 && ::rename(draft.c_str(), path.c_str()) == 0)
-        return 0;
-    return fail(path, "cannot be written", sentence);
+    return make_folder(parent_folder(path)).and_then([&]() -> Result<> {
+        if (write_new_file(draft, bytes, mode) == 0 && ::rename(draft.c_str(), path.c_str()) == 0)
+            return {};
+        return failed(FailureCode::cannot_write, {path}, errno);
+    });
 }
 
-int copy_bundle(const std::string& bundle, std::string& sentence) {
-    for (const std::string name : bundle_files) {
-        std::string bytes;
-        const int found = read_file(bundle + '/' + name, largest_file, bytes, sentence);
-        if (found > 0)
-            continue; // a bundle need not carry chrony's own programs
-        if (found < 0 || put(std::string(own_bundle) + '/' + name, bytes, 0755, sentence) != 0)
-            return -1;
-    }
-    return 0;
+// A bundle need not carry chrony's own programs.
+Result<> copy_bundle(const std::string& bundle) {
+    Result<> done;
+    for (const std::string name : bundle_files)
+        done = done.and_then([&] { return read_file(bundle + '/' + name, largest_file); })
+                   .and_then([&](const FileBytes& bytes) {
+                       return bytes ? put(std::string(own_bundle) + '/' + name, *bytes, 0755) : Result<>();
+                   });
+    return done;
 }
 
 // The rule that lets requests name the bundle's support tool, beside what the administrator wrote.
-int note_tool(const std::string& bundle, std::string& sentence) {
-    std::string text;
-    if (read_roots_file(rules_file, largest_file, text, sentence) < 0)
-        return -1;
-    const std::string rule = "tool " + bundle + "/Contents/MacOS/chronysupport\n";
-    if (('\n' + text).find('\n' + rule) != std::string::npos)
-        return 0;
-    if (!text.empty() && text.back() != '\n')
-        text += '\n';
-    return put(rules_file, text + rule, 0644, sentence);
+Result<> note_tool(const std::string& bundle) {
+    return read_roots_file(rules_file, largest_file).and_then([&](const FileBytes& bytes) {
+        auto text = bytes.value_or("");
+        const std::string rule = "tool " + bundle + "/Contents/MacOS/chronysupport\n";
+        if (('\n' + text).find('\n' + rule) != std::string::npos)
+            return Result<>();
+        if (!text.empty() && text.back() != '\n')
+            text += '\n';
+        return put(rules_file, text + rule, 0644);
+    });
+}
+
+Result<> put_system_files() {
+    const auto program = std::string(own_bundle) + "/Contents/MacOS/chronyhelper";
+    Result<> done;
+    for (const auto& file : system_files)
+        done = done.and_then([&] { return put(file.path, with_program(file.text, program), 0644); });
+    return done;
 }
 
 void systemctl(std::vector<const char*> words) {
@@ -124,26 +126,17 @@ void stop_helper() {
 
 } // namespace
 
-int install_helper(const std::string& bundle, std::string& sentence) {
-    if (bundle == helper::package_bundle || is_packaged()) {
-        sentence =
-            "The root helper belongs to the package tickervantage, which has put it in place: a second one would "
-            "hide it, and its updates.";
-        return -1;
-    }
+Result<> install_helper(const std::string& bundle) {
+    if (bundle == helper::package_bundle || is_packaged())
+        return failed(FailureCode::helper_of_package);
     ::umask(022);
-    if (copy_bundle(bundle, sentence) != 0 || note_tool(bundle, sentence) != 0)
-        return -1;
-    const auto program = std::string(own_bundle) + "/Contents/MacOS/chronyhelper";
-    for (const auto& file : system_files)
-        if (put(file.path, with_program(file.text, program), 0644, sentence) != 0)
-            return -1;
-    make_known();
-    stop_helper();
-    return 0;
+    return copy_bundle(bundle).and_then([&] { return note_tool(bundle); }).and_then(put_system_files).map([] {
+        make_known();
+        stop_helper();
+    });
 }
 
-int uninstall_helper(std::string& sentence) {
+Result<> uninstall_helper() {
     if (file_exists(system_files[2].path))
         stop_helper();
     const bool packaged = is_packaged();
@@ -164,10 +157,7 @@ int uninstall_helper(std::string& sentence) {
         ::rmdir(parent_folder(rules_file).c_str()); // stays where the administrator keeps more in it
     }
     make_known();
-    if (!file_exists(own_bundle))
-        return 0;
-    sentence = std::string(own_bundle) + " cannot be removed.";
-    return -1;
+    return file_exists(own_bundle) ? failed(FailureCode::cannot_remove, {own_bundle}) : Result<>();
 }
 
 } // namespace tickervantage

@@ -3,8 +3,10 @@
 // Run as root through pkexec. The bundle's programs are copied to a folder of root's, since nothing that an ordinary
 // user can change may run as root; the path of the bundle's own support tool is noted in the rules, so that requests
 // may name it. Every step may be repeated. Where a package brought its helper nothing is installed, and taking away
-// leaves that one alone. 0, or -1 and one sentence.
+// leaves that one alone.
 #pragma once
+
+#include "base/failure.h"
 
 #include <string>
 
@@ -12,7 +14,7 @@ namespace tickervantage {
 
 inline constexpr const char* rules_file = "/etc/tickervantage/helper.conf";
 
-[[nodiscard]] int install_helper(const std::string& bundle, std::string& sentence);
-[[nodiscard]] int uninstall_helper(std::string& sentence);
+[[nodiscard]] Result<> install_helper(const std::string& bundle);
+[[nodiscard]] Result<> uninstall_helper();
 
 } // namespace tickervantage

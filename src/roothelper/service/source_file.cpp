@@ -1,5 +1,7 @@
 #include "roothelper/service/source_file.h"
 
+#include "base/failure_codes.h"
+#include "base/failure_line.h"
 #include "linux/write_all.h"
 
 #include <fcntl.h>
@@ -8,26 +10,27 @@
 
 #include <array>
 #include <cerrno>
-#include <string_view>
+#include <optional>
 
 namespace tickervantage {
 namespace {
 
 constexpr std::chrono::seconds patience{2};
 
-int refuse(std::string_view sentence) {
-    (void)write_all(STDOUT_FILENO, sentence); // the status alone says no, too
+int refuse(FailureCode why) {
+    (void)write_all(STDOUT_FILENO, to_line({.code = why})); // the status alone says no, too
     return source_refused_status;
 }
 
-std::string_view fault_of(const struct stat& status, uid_t caller, std::size_t limit) {
+std::optional<FailureCode> fault_of(const struct stat& status, uid_t caller, std::size_t limit) {
     if (!S_ISREG(status.st_mode))
-        return "What is to be installed is not an ordinary file.";
+        return FailureCode::source_is_no_file;
     if (status.st_uid != caller && status.st_uid != 0)
-        return "The file to be installed belongs to somebody else.";
+        return FailureCode::source_of_others;
     if (status.st_uid == caller && status.st_nlink != 1)
-        return "The file to be installed has more than one name.";
-    return static_cast<std::size_t>(status.st_size) > limit ? "The file to be installed is too large." : "";
+        return FailureCode::source_with_names;
+    return static_cast<std::size_t>(status.st_size) > limit ? std::optional(FailureCode::source_too_large)
+                                                            : std::nullopt;
 }
 
 int copy_out(int file, std::size_t limit) {
@@ -45,22 +48,22 @@ int copy_out(int file, std::size_t limit) {
     }
 }
 
-int read_source(const std::string& path, uid_t caller, std::size_t limit) {
-    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+int read_source(const ChildTask& task) {
+    const FileDescriptor file(
+        ::open(task.argv.front().c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat status {};
     if (!file.valid() || ::fstat(file.get(), &status) != 0)
-        return refuse("The file to be installed cannot be opened by its user.");
-    const auto fault = fault_of(status, caller, limit);
-    return fault.empty() ? copy_out(file.get(), limit) : refuse(fault);
+        return refuse(FailureCode::source_not_opened);
+    const auto fault = fault_of(status, task.identity->user, task.output_limit);
+    return fault ? refuse(*fault) : copy_out(file.get(), task.output_limit);
 }
 
 } // namespace
 
 ChildTask read_source_task(const std::string& path, const ChildIdentity& caller, std::size_t limit) {
     ChildTask task;
-    task.body = [path, user = caller.user, limit] {
-        return read_source(path, user, limit);
-    };
+    task.argv = {path};
+    task.body = read_source;
     task.identity = caller;
     task.time_limit = patience;
     task.output_limit = limit;

@@ -8,7 +8,7 @@
 
 namespace tickervantage {
 
-inline constexpr int source_refused_status = 3; // the output is then a sentence, otherwise the file's bytes
+inline constexpr int source_refused_status = 3; // the output is then a failure's line, otherwise the file's bytes
 
 // A task that takes the caller's identity and only then opens the file: it must be an ordinary file of the caller with
 // no second name, or one of root's, and not larger than the limit. Two seconds are enough for any honest disk.

@@ -1,5 +1,6 @@
 #include "roothelper/service/trusted_files.h"
 
+#include "base/failure_codes.h"
 #include "linux/file_descriptor.h"
 #include "linux/write_all.h"
 
@@ -12,7 +13,6 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
-#include <system_error>
 
 namespace tickervantage {
 namespace {
@@ -26,41 +26,33 @@ bool only_root_writes(const std::string& path) {
     return !others && !group;
 }
 
-int read_all(int file, std::size_t limit, std::string& bytes) {
+Result<std::string> read_all(const FileDescriptor& file, const std::string& path, std::size_t limit) {
     std::array<char, 16384> buffer{};
-    while (true) {
-        const ssize_t got = ::read(file, buffer.data(), buffer.size());
+    std::string bytes;
+    while (bytes.size() <= limit) {
+        const ssize_t got = ::read(file.get(), buffer.data(), buffer.size());
         if (got < 0 && errno == EINTR)
             continue;
-        if (got <= 0)
-            return static_cast<int>(got);
+        if (got < 0)
+            return failed(FailureCode::cannot_read, {path}, errno);
+        if (got == 0)
+            return bytes;
         bytes.append(buffer.data(), static_cast<std::size_t>(got));
-        if (bytes.size() > limit) {
-            errno = EFBIG;
-            return -1;
-        }
     }
+    return failed(FailureCode::cannot_read, {path}, EFBIG);
 }
 
-int fail(const std::string& path, std::string& sentence) {
-    sentence = path + " cannot be read: " + std::generic_category().message(errno) + ".";
-    return -1;
-}
-
-int open_file(const std::string& path, FileDescriptor& file, std::string& sentence) {
-    file.reset(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    if (file.valid())
-        return 0;
-    return errno == ENOENT ? 1 : fail(path, sentence);
-}
-
-int read_open_file(const FileDescriptor& file, const std::string& path, std::size_t limit, std::string& bytes,
-                   std::string& sentence) {
-    std::string found;
-    if (read_all(file.get(), limit, found) != 0)
-        return fail(path, sentence);
-    bytes = std::move(found);
-    return 0;
+// `is_heeded` judges the open file.
+template <class IsHeeded>
+Result<FileBytes> read_if(const std::string& path, std::size_t limit, IsHeeded is_heeded) {
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file.valid() && errno == ENOENT)
+        return FileBytes();
+    if (!file.valid())
+        return failed(FailureCode::cannot_read, {path}, errno);
+    if (!is_heeded(file))
+        return failed(FailureCode::file_open_to_others, {path});
+    return read_all(file, path, limit);
 }
 
 } // namespace
@@ -85,22 +77,19 @@ bool is_roots_own(const std::string& path) {
     return only_root_writes(part);
 }
 
-int read_file(const std::string& path, std::size_t limit, std::string& bytes, std::string& sentence) {
-    FileDescriptor file;
-    const int found = open_file(path, file, sentence);
-    return found == 0 ? read_open_file(file, path, limit, bytes, sentence) : found;
+Result<FileBytes> read_file(const std::string& path, std::size_t limit) {
+    return read_if(path, limit, [](const FileDescriptor&) { return true; });
 }
 
 // Where the file that was opened lies, not what may meanwhile have come to lie at its path.
-int read_roots_file(const std::string& path, std::size_t limit, std::string& bytes, std::string& sentence) {
-    FileDescriptor file;
-    if (const int found = open_file(path, file, sentence); found != 0)
-        return found;
-    if (!is_roots_own("/proc/self/fd/" + std::to_string(file.get()))) {
-        sentence = path + " can be changed by others than root, so it is not heeded.";
-        return -1;
-    }
-    return read_open_file(file, path, limit, bytes, sentence);
+Result<FileBytes> read_roots_file(const std::string& path, std::size_t limit) {
+    return read_if(path, limit, [](const FileDescriptor& file) {
+        return is_roots_own("/proc/self/fd/" + std::to_string(file.get()));
+    });
+}
+
+std::string bytes_of_roots_file(const std::string& path, std::size_t limit) {
+    return read_roots_file(path, limit).value_or(FileBytes()).value_or("");
 }
 
 std::vector<std::string> matching_roots_files(const std::string& pattern) {

@@ -1,7 +1,10 @@
 // Files that nobody but root can have changed, and how root writes such files.
 #pragma once
 
+#include "base/failure.h"
+
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,12 +19,17 @@ namespace tickervantage {
 // The path without its last name; "/" at the top.
 [[nodiscard]] std::string parent_folder(const std::string& path);
 
-// Reads a file. 0 with its bytes; 1 when it does not exist; -1 and one sentence, also when it is larger than the limit.
-[[nodiscard]] int read_file(const std::string& path, std::size_t limit, std::string& bytes, std::string& sentence);
+// A file's bytes; none where there is no such file.
+using FileBytes = std::optional<std::string>;
+
+// A failure also for one that is larger than the limit.
+[[nodiscard]] Result<FileBytes> read_file(const std::string& path, std::size_t limit);
 
 // The same for one that must be root's own.
-[[nodiscard]] int read_roots_file(const std::string& path, std::size_t limit, std::string& bytes,
-                                  std::string& sentence);
+[[nodiscard]] Result<FileBytes> read_roots_file(const std::string& path, std::size_t limit);
+
+// The same where it makes no difference whether there is no such file, or one that others can change: then empty.
+[[nodiscard]] std::string bytes_of_roots_file(const std::string& path, std::size_t limit);
 
 // The files that match a pattern of glob(7), links resolved; none outside chrony's folders in /etc, since in others
 // somebody else may keep root waiting.
