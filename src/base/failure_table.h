@@ -23,7 +23,19 @@ TV_FAILURE(is_larger_than, TV_TEXT("failures", "it is larger than %1 bytes"))
 
 // running programs
 
-// settings
+// settings, as tickerctl sets them
+TV_FAILURE(setting_takes, "%1 takes %c.")
+TV_FAILURE(a_boolean, "true or false")
+TV_FAILURE(an_integer, "a whole number from %1 to %2")
+TV_FAILURE(an_integer_but, "a whole number from %1 to %2 other than %3")
+TV_FAILURE(a_number, "a number from %1 to %2")
+TV_FAILURE(an_absolute_path, "a path that starts with /")
+TV_FAILURE(a_line_of_text, "one line of text in UTF-8")
+TV_FAILURE(a_list_of_texts, "one line of texts in UTF-8, separated by commas")
+TV_FAILURE(a_colour, "a colour as #rrggbb or #rrggbbaa")
+TV_FAILURE(a_font, "a font as family, comma, size in points up to 1000")
+
+// settings, as a file
 
 // chrony's reports and logs
 

@@ -29,45 +29,24 @@ int unknown_key(std::ostream& err, std::string_view key) {
     return fail(err, fmt::format("There is no setting {}; \"tickerctl settings list\" names them all.", quoted(key)));
 }
 
-Json json_value(const DefaultSettings& settings, const BooleanKey& key) {
-    return load(settings, key);
-}
-Json json_value(const DefaultSettings& settings, const IntegerKey& key) {
-    return load(settings, key);
-}
-Json json_value(const DefaultSettings& settings, const DoubleKey& key) {
-    return load(settings, key);
-}
-Json json_value(const DefaultSettings& settings, const TextKey& key) {
-    return load(settings, key);
-}
-Json json_value(const DefaultSettings& settings, const TextListKey& key) {
-    return load(settings, key);
-}
-Json json_value(const DefaultSettings& settings, const ColorKey& key) {
-    return text_from_color(load(settings, key)).value_or("");
-}
-Json json_value(const DefaultSettings& settings, const FontKey& key) {
-    const auto text = text_from_font(load(settings, key));
-    return text ? Json(*text) : Json();
+// Null where there is no value; colours and fonts as texts.
+template <class Value>
+Json json_of(const Value& value) {
+    if constexpr (std::is_constructible_v<Json, Value>) {
+        return value;
+    } else {
+        const auto text = text_of(value);
+        return text ? Json(*text) : Json();
+    }
 }
 
 Json json_value(const DefaultSettings& settings, const SettingKey& setting) {
-    return std::visit([&](const auto& key) { return json_value(settings, key); }, setting);
+    return std::visit([&](const auto& key) { return json_of(load(settings, key)); }, setting);
 }
 
-// A store with nothing in it: what is loaded from it is the default.
-class EmptyStore : public SettingsStore {
-public:
-    [[nodiscard]] std::optional<std::vector<std::string>> read(std::string_view) const override { return {}; }
-    void write(std::string_view, const std::vector<std::string>&) override {}
-    void remove(std::string_view) override {}
-};
-
 Json json_entry(const SettingsStore& store, const DefaultSettings& settings, const SettingKey& setting) {
-    EmptyStore empty;
     return {{"value", json_value(settings, setting)},
-            {"default", json_value(DefaultSettings(empty), setting)},
+            {"default", std::visit([](const auto& key) { return json_of(default_of(key)); }, setting)},
             {"stored", store.read(key_of(setting)).has_value()},
             {"kind", kind_of(setting)},
             {"description", description_of(setting)}};
@@ -116,11 +95,11 @@ int SettingsCommand::set(std::string_view key, std::string_view value) const {
     const auto* const setting = find_setting(key);
     if (setting == nullptr)
         return unknown_key(err, key);
-    std::vector<std::string> normal;
+    const auto normal = check_setting(*setting, value);
+    if (!normal)
+        return fail(err, fmt::format("{} Not {}.", english(normal.error()), quoted(value)));
+    store.write(key, *normal);
     std::string sentence;
-    if (check_setting(*setting, value, normal, sentence) != 0)
-        return fail(err, fmt::format("{} Not {}.", sentence, quoted(value)));
-    store.write(key, normal);
     return finish_saving(sentence) == 0 ? done : fail(err, sentence);
 }
 

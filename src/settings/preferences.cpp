@@ -12,88 +12,87 @@ namespace {
 constexpr std::array path_keys{&settings::file_config, &settings::file_chronyc, &settings::file_chronyd,
                                &settings::file_chronywake};
 
-} // namespace
-
-ChronyPaths documented_paths() {
-    return {.config = std::string(settings::file_config.fallback),
-            .chronyc = std::string(settings::file_chronyc.fallback),
-            .chronyd = std::string(settings::file_chronyd.fallback),
-            .chronywake = std::string(settings::file_chronywake.fallback)};
+template <class Paths, class Visit>
+void each_path(Paths& paths, const Visit& visit) {
+    visit(settings::file_config, paths.config);
+    visit(settings::file_chronyc, paths.chronyc);
+    visit(settings::file_chronyd, paths.chronyd);
+    visit(settings::file_chronywake, paths.chronywake);
 }
 
-PreferencesGeneral PreferencesGeneral::load(const DefaultSettings& settings, const ChronyPaths& usual) {
-    const auto read = [&settings](const auto& key) {
-        return tickervantage::load(settings, key);
-    };
+// The rest of General, but launch_login, which has no default to go back to: a file says whether it is so.
+template <class General, class Visit>
+void each_choice(General& general, const Visit& visit) {
+    visit(settings::make_thresh, general.make_thresh);
+    visit(settings::make_limit, general.make_limit);
+    visit(settings::burst_good, general.burst_good);
+    visit(settings::burst_max, general.burst_max);
+    visit(settings::burst_netmask, general.burst_netmask);
+    visit(settings::adj_system, general.adj_system);
+    visit(settings::install_wake, general.install_wake);
+}
+
+template <class Advanced, class Visit>
+void each_field(Advanced& advanced, const Visit& visit) {
+    visit(settings::restart_gpsd, advanced.restart_gpsd);
+    visit(settings::enable_frequency_win, advanced.frequency);
+    visit(settings::enable_spectrum_win, advanced.spectrum);
+}
+
+void load_paths(PreferencesGeneral& general, const DefaultSettings& settings, const ChronyPaths& usual) {
     const auto is_set = [&settings](const TextKey* key) {
         return settings.is_stored(key->key);
     };
-    const ChronyPaths paths = std::ranges::any_of(path_keys, is_set) ? documented_paths() : usual;
-    return {.config = settings.loadString(settings::file_config.key, paths.config),
-            .chronyc = settings.loadString(settings::file_chronyc.key, paths.chronyc),
-            .chronyd = settings.loadString(settings::file_chronyd.key, paths.chronyd),
-            .chronywake = settings.loadString(settings::file_chronywake.key, paths.chronywake),
-            .make_thresh = read(settings::make_thresh),
-            .make_limit = read(settings::make_limit),
-            .burst_good = read(settings::burst_good),
-            .burst_max = read(settings::burst_max),
-            .burst_netmask = read(settings::burst_netmask),
-            .launch_login = read(settings::launch_login),
-            .adj_system = read(settings::adj_system),
-            .install_wake = read(settings::install_wake),
-            .usual = paths};
+    general.usual = std::ranges::any_of(path_keys, is_set) ? documented_paths() : usual;
+    general.config = general.usual.config;
+    general.chronyc = general.usual.chronyc;
+    general.chronyd = general.usual.chronyd;
+    general.chronywake = general.usual.chronywake;
+    each_path(general,
+              [&settings](const TextKey& key, std::string& path) { path = settings.loadString(key.key, path); });
+}
+
+} // namespace
+
+ChronyPaths documented_paths() {
+    ChronyPaths paths;
+    each_path(paths, restoring());
+    return paths;
+}
+
+PreferencesGeneral PreferencesGeneral::load(const DefaultSettings& settings, const ChronyPaths& usual) {
+    PreferencesGeneral loaded;
+    load_paths(loaded, settings, usual);
+    each_choice(loaded, loading(settings));
+    loaded.launch_login = tickervantage::load(settings, settings::launch_login);
+    return loaded;
 }
 
 void PreferencesGeneral::save(DefaultSettings& settings) const {
-    const auto write = [&settings](const auto& key, const auto& value) {
-        tickervantage::save(settings, key, value);
-    };
     if (usual.from_distribution && paths() != usual)
         for (const TextKey* key : path_keys)
             if (!settings.is_stored(key->key))
                 settings.forget(key->key);
-    write(settings::file_config, config);
-    write(settings::file_chronyc, chronyc);
-    write(settings::file_chronyd, chronyd);
-    write(settings::file_chronywake, chronywake);
-    write(settings::make_thresh, make_thresh);
-    write(settings::make_limit, make_limit);
-    write(settings::burst_good, burst_good);
-    write(settings::burst_max, burst_max);
-    write(settings::burst_netmask, burst_netmask);
-    write(settings::launch_login, launch_login);
-    write(settings::adj_system, adj_system);
-    write(settings::install_wake, install_wake);
+    each_path(*this, saving(settings));
+    each_choice(*this, saving(settings));
+    tickervantage::save(settings, settings::launch_login, launch_login);
 }
 
 void PreferencesGeneral::restore_defaults(DefaultSettings& settings, const ChronyPaths& former) {
     for (const TextKey* key : path_keys)
         settings.reset(key->key);
-    const auto fresh = load(settings, former);
-    usual = fresh.usual;
-    config = fresh.config;
-    chronyc = fresh.chronyc;
-    chronyd = fresh.chronyd;
-    chronywake = fresh.chronywake;
-    adj_system = settings::adj_system.fallback;
-    install_wake = settings::install_wake.fallback;
-    make_thresh = settings::make_thresh.fallback;
-    make_limit = settings::make_limit.fallback;
-    burst_good = settings::burst_good.fallback;
-    burst_max = settings::burst_max.fallback;
-    burst_netmask = settings::burst_netmask.fallback;
+    load_paths(*this, settings, former);
+    each_choice(*this, restoring());
 }
 
 PreferencesAdvanced PreferencesAdvanced::load(const DefaultSettings& settings) {
-    return {.restart_gpsd = tickervantage::load(settings, settings::restart_gpsd),
-            .frequency = tickervantage::load(settings, settings::enable_frequency_win),
-            .spectrum = tickervantage::load(settings, settings::enable_spectrum_win)};
+    PreferencesAdvanced loaded;
+    each_field(loaded, loading(settings));
+    return loaded;
 }
 
 void PreferencesAdvanced::save(DefaultSettings& settings) const {
-    tickervantage::save(settings, settings::restart_gpsd, restart_gpsd);
-    tickervantage::save(settings, settings::enable_frequency_win, frequency);
-    tickervantage::save(settings, settings::enable_spectrum_win, spectrum);
+    each_field(*this, saving(settings));
 }
 
 } // namespace tickervantage

@@ -1,18 +1,16 @@
-// All settings as one list, and loading and saving through a typed key.
+// Loading and saving by a setting's key, and all settings as one list.
 //
 // For windows: load(settings, settings::chronyc_interval), save(settings, settings::chronyc_interval, 5). For tools
 // that take keys and values as text: find_setting, default_text, check_setting. Main thread where a store is involved.
 #pragma once
 
+#include "base/failure.h"
 #include "settings/default_settings.h"
 #include "settings/settings_keys.h"
 
-#include <optional>
+#include <algorithm>
 #include <span>
-#include <string>
-#include <string_view>
 #include <variant>
-#include <vector>
 
 namespace tickervantage {
 
@@ -32,24 +30,61 @@ using SettingKey = std::variant<BooleanKey, IntegerKey, DoubleKey, TextKey, Text
 // windows limit it. No text where there is no value.
 [[nodiscard]] std::optional<std::string> current_text(const DefaultSettings& settings, const SettingKey& setting);
 
-// Reads a text that someone typed. 0: `value` is what to store. -1: `reason` is one sentence that names kind and range.
-[[nodiscard]] int check_setting(const SettingKey& setting, std::string_view text, std::vector<std::string>& value,
-                                std::string& reason);
+// What to store for a text that someone typed. The failure names kind and range.
+[[nodiscard]] Result<SettingList> check_setting(const SettingKey& setting, std::string_view text);
 
-[[nodiscard]] bool load(const DefaultSettings& settings, const BooleanKey& key);
-[[nodiscard]] std::int64_t load(const DefaultSettings& settings, const IntegerKey& key);
-[[nodiscard]] double load(const DefaultSettings& settings, const DoubleKey& key);
-[[nodiscard]] std::string load(const DefaultSettings& settings, const TextKey& key);
-[[nodiscard]] std::vector<std::string> load(const DefaultSettings& settings, const TextListKey& key);
-[[nodiscard]] Color load(const DefaultSettings& settings, const ColorKey& key);
-[[nodiscard]] Font load(const DefaultSettings& settings, const FontKey& key);
+template <class Key>
+[[nodiscard]] typename Key::Value default_of(const Key& key) {
+    if constexpr (std::same_as<decltype(key.fallback), NoDefault>)
+        return {};
+    else
+        return typename Key::Value(key.fallback);
+}
 
-void save(DefaultSettings& settings, const BooleanKey& key, bool value);
-void save(DefaultSettings& settings, const IntegerKey& key, std::int64_t value);
-void save(DefaultSettings& settings, const DoubleKey& key, double value);
-void save(DefaultSettings& settings, const TextKey& key, const std::string& value);
-void save(DefaultSettings& settings, const TextListKey& key, const std::vector<std::string>& value);
-void save(DefaultSettings& settings, const ColorKey& key, Color value);
-void save(DefaultSettings& settings, const FontKey& key, const Font& value);
+// As it is compared and stored.
+template <class Key>
+[[nodiscard]] typename Key::Value normal(const Key& key, typename Key::Value value) {
+    if constexpr (std::same_as<Key, TextKey>)
+        return key.rule == TextRule::trimmed ? std::string(trimmed(value)) : value;
+    return value;
+}
+
+template <class Key>
+[[nodiscard]] typename Key::Value load(const DefaultSettings& settings, const Key& key) {
+    return normal(key, settings.load(key.key, default_of(key)));
+}
+
+template <class Number>
+[[nodiscard]] Number load(const DefaultSettings& settings, const NumberKey<Number>& key) {
+    const Number stored = settings.load(key.key, key.fallback);
+    if (key.limit == Limit::when_set)
+        return stored;
+    return stored == key.gap ? key.fallback : std::clamp(stored, key.minimum, key.maximum);
+}
+
+template <class Key>
+void save(DefaultSettings& settings, const Key& key, const typename Key::Value& value) {
+    settings.save(key.key, normal(key, value));
+}
+
+// For records whose fields are listed once, each with its key: `visit(settings::chronyc_interval, record.m_interval)`.
+// What to visit them with to load, to save, or to put the defaults into them.
+[[nodiscard]] inline auto loading(const DefaultSettings& settings) {
+    return [&settings]<class Field>(const auto& key, Field& field) {
+        field = static_cast<Field>(load(settings, key));
+    };
+}
+
+[[nodiscard]] inline auto saving(DefaultSettings& settings) {
+    return [&settings]<class Key>(const Key& key, const auto& field) {
+        save(settings, key, static_cast<typename Key::Value>(field));
+    };
+}
+
+[[nodiscard]] inline auto restoring() {
+    return []<class Field>(const auto& key, Field& field) {
+        field = static_cast<Field>(default_of(key));
+    };
+}
 
 } // namespace tickervantage

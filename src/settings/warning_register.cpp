@@ -1,15 +1,11 @@
 #include "settings/warning_register.h"
 
+#include "settings/settings_keys.h"
+
 namespace tickervantage {
 
-namespace {
-
-constexpr std::string_view key = "IgnoreWarnings";
-
-} // namespace
-
 void WarningRegister::load() {
-    for (auto& identifier : m_settings.loadStringArray(key))
+    for (auto& identifier : m_settings.loadStringArray(settings::IgnoreWarnings.key))
         m_register.insert(std::move(identifier));
 }
 
@@ -28,7 +24,7 @@ void WarningRegister::resetWarnings() {
 }
 
 void WarningRegister::save() {
-    m_settings.saveStringArray(key, {m_register.begin(), m_register.end()});
+    m_settings.saveStringArray(settings::IgnoreWarnings.key, {m_register.begin(), m_register.end()});
 }
 
 } // namespace tickervantage

@@ -7,16 +7,9 @@ using namespace tickervantage;
 namespace {
 
 void check_one(const SettingKey& setting, std::string_view text) {
-    std::vector<std::string> value;
-    std::string reason;
-    if (check_setting(setting, text, value, reason) != 0) {
-        require(!reason.empty() && value.empty());
-        return;
-    }
-    if (value.size() != 1)
-        return; // a list
-    std::vector<std::string> again;
-    require(check_setting(setting, value.front(), again, reason) == 0 && again == value);
+    const auto value = check_setting(setting, text);
+    if (value && value->size() == 1) // else a list
+        require(check_setting(setting, value->front()) == value);
 }
 
 } // namespace

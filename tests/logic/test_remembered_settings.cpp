@@ -17,14 +17,10 @@ using testing::MemorySettingsStore;
 
 // A value that the setting takes and does not start with.
 std::vector<std::string> another_value(const SettingKey& setting) {
-    std::vector<std::string> usual;
-    std::vector<std::string> value;
-    std::string reason;
-    if (const auto text = default_text(setting))
-        (void)check_setting(setting, *text, usual, reason); // shown elsewhere to be fit
+    const auto usual = check_setting(setting, default_text(setting).value_or(""));
     for (const auto* candidate : {"true", "false", "5", "2", "0", "/other", "#010203", "Sans,12"})
-        if (check_setting(setting, candidate, value, reason) == 0 && value != usual)
-            return value;
+        if (const auto value = check_setting(setting, candidate); value && value != usual)
+            return *value;
     ADD_FAILURE() << key_of(setting) << " takes none of these";
     return {};
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "chrony/status/status_cycle.h"
+#include "settings/default_settings.h"
 #include "support/fake_privileged_channel.h"
 #include "support/manual_dispatch.h"
 #include "support/manual_timer.h"

@@ -140,8 +140,8 @@ void build_max_samples(QWidget* parent, FreqTempControls& controls) {
     controls.m_maxsamples = named(new QSpinBox(controls.m_ph_maxsamples), "m_maxsamples", Texts::tr("Most samples"),
                                   //: frequency and temperature window: tooltip of the field with the most points
                                   Texts::tr("The most points kept for a sensor; the oldest go first"));
-    controls.m_maxsamples->setRange(static_cast<int>(FreqTempSettings::FEWEST_SAMPLES),
-                                    static_cast<int>(FreqTempSettings::MOST_SAMPLES));
+    controls.m_maxsamples->setRange(static_cast<int>(settings::max_samples.minimum),
+                                    static_cast<int>(settings::max_samples.maximum));
     controls.m_maxsamples->setKeyboardTracking(false); // half a number would drop points for good
     row->addWidget(controls.m_maxsamples);
 }

@@ -28,13 +28,8 @@ constexpr std::size_t wake_path = 3;
 
 using Paths = std::array<std::string, 4>;
 
-Paths paths_of(const PreferencesGeneral& general) {
-    return {general.config, general.chronyc, general.chronyd, general.chronywake};
-}
-
-Paths default_paths() {
-    return {std::string(settings::file_config.fallback), std::string(settings::file_chronyc.fallback),
-            std::string(settings::file_chronyd.fallback), std::string(settings::file_chronywake.fallback)};
+Paths in_order(const ChronyPaths& paths) {
+    return {paths.config, paths.chronyc, paths.chronyd, paths.chronywake};
 }
 
 // Where distributions put chrony, the usual place first. chronywake comes with this program alone.
@@ -140,7 +135,7 @@ void PreferencesGeneralPane::show_record() {
     m_controls.m_launch_login->setChecked(general.launch_login);
     m_controls.m_adj_system->setChecked(general.adj_system);
     m_controls.m_install_wake->setChecked(general.install_wake);
-    const Paths paths = paths_of(general);
+    const Paths paths = in_order(general.paths());
     for (std::size_t path = 0; path < paths.size(); ++path)
         m_controls.paths[path].field->setText(from_std(paths[path]));
     m_controls.m_make_thresh->setText(number_text(general.make_thresh));
@@ -204,7 +199,7 @@ void PreferencesGeneralPane::take_arguments() {
 }
 
 void PreferencesGeneralPane::look_at_paths() {
-    const auto look = [&probes = m_parts.probes, paths = paths_of(m_parts.general)] {
+    const auto look = [&probes = m_parts.probes, paths = in_order(m_parts.general.paths())] {
         std::array<PathState, 4> states{};
         for (std::size_t path = 0; path < paths.size(); ++path)
             states.at(path) = paths.at(path).starts_with('/') ? probes.state(paths.at(path)) : PathState::nothing;
@@ -243,7 +238,7 @@ void PreferencesGeneralPane::show_path_states(const std::array<PathState, 4>& st
 
 void PreferencesGeneralPane::find_path(std::size_t path) {
     const auto& controls = m_controls.paths.at(path);
-    const QString start = QFileInfo(from_std(default_paths().at(path))).path();
+    const QString start = QFileInfo(from_std(in_order(documented_paths()).at(path))).path();
     auto* dialog = new QFileDialog(this, controls.choose->accessibleName(), start);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFile);

@@ -262,7 +262,7 @@ void FreqTempSession::showDisplayOptions(bool points, bool mean, bool bounds, bo
 }
 
 void FreqTempSession::set_max_samples(std::int64_t count) {
-    m_settings.max_samples = std::clamp(count, FreqTempSettings::FEWEST_SAMPLES, FreqTempSettings::MOST_SAMPLES);
+    m_settings.max_samples = std::clamp(count, settings::max_samples.minimum, settings::max_samples.maximum);
     if (m_is_ready)
         update({});
 }

@@ -4,24 +4,28 @@
 
 namespace tickervantage {
 
+namespace {
+
+template <class Settings, class Visit>
+void each_field(Settings& record, const Visit& visit) {
+    visit(settings::show_scatter_points, record.show_scatter_points);
+    visit(settings::show_mean_frequency, record.show_mean_frequency);
+    visit(settings::show_freq_bounds, record.show_freq_bounds);
+    visit(settings::show_last_record, record.show_last_record);
+    visit(settings::max_samples, record.max_samples);
+    visit(settings::regression_order, record.regression_order);
+}
+
+} // namespace
+
 FreqTempSettings FreqTempSettings::load(const DefaultSettings& settings) {
-    using tickervantage::load;
-    return {.show_scatter_points = load(settings, settings::show_scatter_points),
-            .show_mean_frequency = load(settings, settings::show_mean_frequency),
-            .show_freq_bounds = load(settings, settings::show_freq_bounds),
-            .show_last_record = load(settings, settings::show_last_record),
-            .max_samples = load(settings, settings::max_samples),
-            .regression_order = load(settings, settings::regression_order)};
+    FreqTempSettings loaded;
+    each_field(loaded, loading(settings));
+    return loaded;
 }
 
 void FreqTempSettings::save(DefaultSettings& settings) const {
-    using tickervantage::save;
-    save(settings, settings::show_scatter_points, show_scatter_points);
-    save(settings, settings::show_mean_frequency, show_mean_frequency);
-    save(settings, settings::show_freq_bounds, show_freq_bounds);
-    save(settings, settings::show_last_record, show_last_record);
-    save(settings, settings::max_samples, max_samples);
-    save(settings, settings::regression_order, regression_order);
+    each_field(*this, saving(settings));
 }
 
 } // namespace tickervantage
