@@ -11,7 +11,6 @@
 #include "chrony/configuration/configuration.h"
 #include "gui/common/desktop_links.h"
 #include "gui/main/tickervantage_window.h"
-#include "linux/desktop_applications.h"
 #include "qt/languages.h"
 #include "roothelper/jobs/distribution_chrony.h"
 
@@ -170,10 +169,7 @@ TickervantageWindow& AppDelegate::main_window() {
 StatusCycleOptions AppDelegate::cycle_options() {
     return {.preferences = m_general,
             .bundle = m_parts.paths.bundle,
-            .gpsd_application_found =
-                [folders = m_parts.paths.applications] {
-                    return find_application(folders, StatusCycle::GPSD_CONF_ID).has_value();
-                },
+            .gpsd_application_found = [] { return has_application(QLatin1String(StatusCycle::GPSD_CONF_ID)); },
             .chronyc_arguments = m_daemon.chronyc_arguments,
             .pidfile = m_daemon.pidfile};
 }
@@ -203,13 +199,11 @@ AppDelegate::with_administration(void (Administration::*job)(Administration::Hea
 }
 
 void AppDelegate::launchMeridianox() {
-    const auto application = find_application(m_parts.paths.applications, StatusCycle::GPSD_CONF_ID);
-    std::string sentence;
-    if (application && launch(application->argv, sentence) == 0)
-        return;
-    m_parts.logger.log(LogLevel::warning, sentence);
-    //: alert: the sibling application could not be started
-    say(Texts::tr("Meridianox could not be started."));
+    launch_application(QLatin1String(StatusCycle::GPSD_CONF_ID), m_main_window.get(), [this] {
+        m_parts.logger.log(LogLevel::warning, "Meridianox could not be started.");
+        //: alert: the sibling application could not be started
+        say(Texts::tr("Meridianox could not be started."));
+    });
 }
 
 AnalysisWindows& AppDelegate::analysis() {

@@ -6,12 +6,11 @@
 namespace tickervantage {
 
 struct Paths {
-    std::string bundle;       // the application bundle, without a slash at its end
-    std::string settings;     // the settings file
-    std::string data_home;    // the application-support folder; the program's own folder "Tickervantage" lies in it
-    std::string state;        // the folder of the program's own log
-    std::string temporary;    // a private folder, WITH a slash at its end: file names are appended as they are
-    std::string applications; // folders of desktop files, joined by ":", the user's own first
+    std::string bundle;    // the application bundle, without a slash at its end
+    std::string settings;  // the settings file
+    std::string data_home; // the application-support folder; the program's own folder "Tickervantage" lies in it
+    std::string state;     // the folder of the program's own log
+    std::string temporary; // a private folder, WITH a slash at its end: file names are appended as they are
 
     [[nodiscard]] std::string bundle_program(const std::string& name) const {
         return bundle + "/Contents/MacOS/" + name;

@@ -1,7 +1,6 @@
 #include "linux/autostart.h"
 
 #include "base/text_lines.h"
-#include "linux/desktop_applications.h"
 #include "linux/small_file.h"
 
 #include <unistd.h>
@@ -10,6 +9,7 @@
 #include <cerrno>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace tickervantage {
 namespace {
@@ -32,42 +32,52 @@ std::string exec_word(std::string_view program) {
     return word + '"';
 }
 
-// Whether the line is one of the two switches that desktops know.
-bool is_switch(std::string_view line) {
-    const auto key = trimmed(line.substr(0, std::min(line.find('='), line.size())));
-    return key == "Hidden" || key == "X-GNOME-Autostart-enabled";
-}
+struct Line {
+    std::string_view text;
+    std::string_view key = {}; // of the main group; none: the line belongs to another, or holds no value
+    std::string_view value = {};
 
-// Calls `visit` with every line, and whether it is one of the two switches of the main group.
-template <typename Visit>
-void visit_lines(std::string_view text, Visit visit) {
+    [[nodiscard]] bool is_group() const { return trimmed(text) == group; }
+    // Desktops know two keys that switch a file off.
+    [[nodiscard]] bool is_switch() const { return key == "Hidden" || key == "X-GNOME-Autostart-enabled"; }
+    [[nodiscard]] bool switches_off() const { return is_switch() && value == (key == "Hidden" ? "true" : "false"); }
+};
+
+std::vector<Line> lines_of(std::string_view text) {
+    std::vector<Line> lines;
     bool in_group = false;
     while (!text.empty()) {
         const auto end = std::min(text.find('\n'), text.size());
-        const auto line = text.substr(0, end);
+        Line line{text.substr(0, end)};
         text.remove_prefix(std::min(end + 1, text.size()));
-        if (trimmed(line).starts_with('['))
-            in_group = trimmed(line) == group;
-        visit(line, in_group && is_switch(line));
+        const auto equals = line.text.find('=');
+        if (trimmed(line.text).starts_with('['))
+            in_group = line.is_group();
+        else if (in_group && equals != std::string_view::npos)
+            line = {line.text, trimmed(line.text.substr(0, equals)), trimmed(line.text.substr(equals + 1))};
+        lines.push_back(line);
     }
+    return lines;
 }
 
-bool is_switched_on(std::string_view text) {
-    bool on = true;
-    visit_lines(text, [&on](std::string_view line, bool is_a_switch) {
-        const auto value = trimmed(line.substr(std::min(line.find('=') + 1, line.size())));
-        if (is_a_switch && value == (trimmed(line).starts_with("Hidden") ? "true" : "false"))
-            on = false;
-    });
-    return on;
+// Whether the program of a key Exec can be run. A name on the search path and a name with signs of quoting are
+// believed.
+bool is_runnable(std::string_view exec, std::string_view own_program) {
+    std::string program(own_program);
+    if (exec != exec_word(own_program)) {
+        const bool quoted = exec.starts_with('"');
+        exec.remove_prefix(quoted ? 1 : 0);
+        program = exec.substr(0, exec.find_first_of(quoted ? "\"" : " \t"));
+    }
+    const bool is_path = program.starts_with('/') && program.find('\\') == std::string::npos;
+    return !program.empty() && (!is_path || ::access(program.c_str(), X_OK) == 0);
 }
 
-bool starts_something(std::string_view text, const std::string& path) {
-    const auto application = parse_desktop_file(text, path);
-    if (!application || !is_switched_on(text))
-        return false;
-    const auto& program = application->argv.front();
-    return !program.starts_with('/') || ::access(program.c_str(), X_OK) == 0;
+bool starts_something(std::string_view text, std::string_view own_program) {
+    const auto lines = lines_of(text);
+    const auto exec = std::ranges::find(lines, "Exec", &Line::key);
+    return std::ranges::none_of(lines, &Line::switches_off) && exec != lines.end() &&
+           is_runnable(exec->value, own_program);
 }
 
 } // namespace
@@ -84,13 +94,13 @@ std::string autostart_text(std::string_view program) {
 
 std::string switched(std::string_view text, bool on) {
     std::string result;
-    visit_lines(text, [&](std::string_view line, bool is_a_switch) {
-        if (is_a_switch)
-            return;
-        result.append(line).append("\n");
-        if (!on && trimmed(line) == group)
+    for (const auto& line : lines_of(text)) {
+        if (line.is_switch())
+            continue;
+        result.append(line.text).append("\n");
+        if (!on && line.is_group())
             result += "Hidden=true\n";
-    });
+    }
     return result;
 }
 
@@ -104,7 +114,7 @@ int Autostart::writePlist(std::string& sentence) const {
     if (there.outcome == SmallFile::Outcome::missing)
         return replace_small_file(m_path, autostart_text(m_program), sentence);
     const std::string kept = switched(there.bytes, true);
-    if (there.outcome == SmallFile::Outcome::read && starts_something(kept, m_path))
+    if (there.outcome == SmallFile::Outcome::read && starts_something(kept, m_program))
         return kept == there.bytes ? 0 : replace_small_file(m_path, kept, sentence);
     std::string kept_as; // beside the new file, where the user finds it
     return set_file_aside(m_path, kept_as, sentence) == 0
@@ -114,7 +124,7 @@ int Autostart::writePlist(std::string& sentence) const {
 
 bool Autostart::agentIsValid() const {
     const SmallFile file = read_small_file(m_path, size_limit);
-    return file.outcome == SmallFile::Outcome::read && starts_something(file.bytes, m_path);
+    return file.outcome == SmallFile::Outcome::read && starts_something(file.bytes, m_program);
 }
 
 int Autostart::unlinkAgent(std::string& sentence) const {

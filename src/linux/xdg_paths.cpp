@@ -3,11 +3,9 @@
 #include <pwd.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <string_view>
-#include <vector>
 
 namespace tickervantage {
 namespace {
@@ -57,30 +55,6 @@ std::string bundle_folder(const std::string& program) {
     return fits ? bundle.string() : std::string(installed_bundle);
 }
 
-std::vector<std::string> split_absolute(std::string_view list) {
-    std::vector<std::string> result;
-    while (!list.empty()) {
-        const auto end = std::min(list.find(':'), list.size());
-        if (is_absolute(list))
-            result.push_back(without_slash(std::string(list.substr(0, end))));
-        list.remove_prefix(std::min(end + 1, list.size()));
-    }
-    return result;
-}
-
-std::string application_folders(const EnvironmentLookup& environment, const std::string& data_home) {
-    const auto value = environment("XDG_DATA_DIRS");
-    auto folders = split_absolute(value && !value->empty() ? *value : "/usr/local/share:/usr/share");
-    folders.insert(folders.begin(), data_home);
-    std::string result;
-    for (auto folder = folders.begin(); folder != folders.end(); ++folder) {
-        if (std::find(folders.begin(), folder, *folder) != folder)
-            continue;
-        result += (result.empty() ? "" : ":") + with_slash(*folder) + "applications";
-    }
-    return result;
-}
-
 std::string running_program() {
     std::error_code error;
     auto program = std::filesystem::read_symlink("/proc/self/exe", error).string();
@@ -112,7 +86,6 @@ Paths work_out_paths(const PathsOrigin& origin) {
     paths.state = folder_of(environment, "XDG_STATE_HOME", home + ".local/state");
     paths.state.append(own_folder);
     paths.temporary = temporary_folder(environment);
-    paths.applications = application_folders(environment, paths.data_home);
     return paths;
 }
 

@@ -1,5 +1,4 @@
-// Where the program's files lie, its private temporary folder, its log, and desktop files.
-#include "linux/desktop_applications.h"
+// Where the program's files lie, its private temporary folder, and its log.
 #include "linux/file_logger.h"
 #include "linux/private_temporary.h"
 #include "linux/xdg_paths.h"
@@ -70,42 +69,36 @@ TEST(XdgPaths, FollowTheBaseDirectoryRules) {
     struct Case {
         const char* what;
         Variables variables;
-        std::string settings, data_home, state, applications, temporary;
+        std::string settings, data_home, state, temporary;
     };
-    const std::string system = ":/usr/local/share/applications:/usr/share/applications";
     const Case cases[] = {
         {"defaults",
          {{"HOME", "/home/a"}},
          "/home/a/.config/Tickervantage/Tickervantage.ini",
          "/home/a/.local/share",
          "/home/a/.local/state/Tickervantage",
-         "/home/a/.local/share/applications" + system,
          "/tmp/"},
         {"absolute values count, slashes at their end do not",
          {{"HOME", "/home/a"},
           {"XDG_CONFIG_HOME", "/c/"},
           {"XDG_DATA_HOME", "/d"},
           {"XDG_STATE_HOME", "/s"},
-          {"XDG_DATA_DIRS", "/x/:relative:/d::/x"},
           {"TMPDIR", "/t"}},
          "/c/Tickervantage/Tickervantage.ini",
          "/d",
          "/s/Tickervantage",
-         "/d/applications:/x/applications",
          "/t/"},
         {"relative and empty values are passed over",
-         {{"HOME", "/home/a"}, {"XDG_CONFIG_HOME", "c"}, {"XDG_DATA_HOME", ""}, {"XDG_DATA_DIRS", ""}, {"TMPDIR", ""}},
+         {{"HOME", "/home/a"}, {"XDG_CONFIG_HOME", "c"}, {"XDG_DATA_HOME", ""}, {"TMPDIR", ""}},
          "/home/a/.config/Tickervantage/Tickervantage.ini",
          "/home/a/.local/share",
          "/home/a/.local/state/Tickervantage",
-         "/home/a/.local/share/applications" + system,
          "/tmp/"},
         {"without HOME the user database decides",
          {{"TMPDIR", "/t/"}},
          "/home/b/.config/Tickervantage/Tickervantage.ini",
          "/home/b/.local/share",
          "/home/b/.local/state/Tickervantage",
-         "/home/b/.local/share/applications" + system,
          "/t/"},
     };
     for (const auto& c : cases) {
@@ -113,7 +106,6 @@ TEST(XdgPaths, FollowTheBaseDirectoryRules) {
         EXPECT_EQ(paths.settings, c.settings) << c.what;
         EXPECT_EQ(paths.data_home, c.data_home) << c.what;
         EXPECT_EQ(paths.state, c.state) << c.what;
-        EXPECT_EQ(paths.applications, c.applications) << c.what;
         EXPECT_EQ(paths.temporary, c.temporary) << c.what;
     }
 }
@@ -244,73 +236,6 @@ TEST(FileLogger, ComplainsOnceWhenTheFileCannotBeWritten) {
     const auto complaint = ::testing::internal::GetCapturedStderr();
     EXPECT_NE(complaint.find("/proc/nowhere/tickervantage.log cannot be written"), std::string::npos);
     EXPECT_EQ(std::count(complaint.begin(), complaint.end(), '\n'), 1);
-}
-
-std::string desktop_file(const std::string& more) {
-    return "# comment\n[Desktop Entry]\nType=Application\nName=Meridianox\nIcon=globe\n" + more;
-}
-
-TEST(DesktopFile, GivesTheCommandLine) {
-    struct Case {
-        std::string exec;
-        std::vector<std::string> argv; // empty: no application
-    };
-    const Case cases[] = {
-        {"app", {"app"}},
-        {"  app   --x  y ", {"app", "--x", "y"}},
-        {"app %f %F %u %U", {"app"}},
-        {"app --file=%f 100%%", {"app", "--file=", "100%"}},
-        {"app %i %c %k", {"app", "--icon", "globe", "Meridianox", "/p"}},
-        {R"("/opt/my app/x" "a \\$b \\"c\\" \\\\" "")", {"/opt/my app/x", R"(a $b "c" \)", ""}},
-        {R"(app "open)", {}},
-        {"app %", {}},
-        {"app %y", {}},
-        {"%f", {}},
-        {"A=b app", {}},
-        {"", {}},
-    };
-    for (const auto& c : cases) {
-        const auto found = parse_desktop_file(desktop_file("Exec=" + c.exec + "\n"), "/p");
-        ASSERT_EQ(found.has_value(), !c.argv.empty()) << c.exec;
-        if (found) {
-            EXPECT_EQ(found->argv, c.argv) << c.exec;
-        }
-    }
-}
-
-TEST(DesktopFile, DecidesWhetherTheApplicationExists) {
-    const std::pair<std::string, bool> cases[] = {
-        {"Exec=a\n", true},
-        {"NoDisplay=true\nExec=a\n", true},
-        {"Hidden=true\nExec=a\n", false},
-        {"Hidden = true\r\nExec=a\r\n", false},
-        {"TryExec=/nonexistent\nExec=a\n", false},
-        {"TryExec=sh\nExec=a\n", true},
-        {"[Desktop Action x]\nExec=a\nHidden=true\n", false},
-        {"Exec=a\n[Desktop Action x]\nHidden=true\nExec=b\n", true},
-        {"", false},
-    };
-    for (const auto& [more, exists] : cases)
-        EXPECT_EQ(parse_desktop_file(desktop_file(more), "/p").has_value(), exists) << more;
-    EXPECT_FALSE(parse_desktop_file("[Desktop Entry]\nType=Link\nName=x\nExec=a\n", "/p"));
-}
-
-TEST(FindApplication, TakesTheFirstFolderThatHasTheFile) {
-    const Folder own;
-    const Folder system;
-    const auto folders = own.path() + ":/nonexistent:" + system.path();
-    const std::string name = "net.brisklane.Meridianox.desktop";
-    EXPECT_FALSE(find_application(folders, "net.brisklane.Meridianox"));
-    std::ofstream(system.file(name)) << desktop_file("Exec=system\n");
-    ASSERT_TRUE(find_application(folders, "net.brisklane.Meridianox"));
-    std::ofstream(own.file(name)) << desktop_file("Exec=own\n");
-    EXPECT_EQ(find_application(folders, "net.brisklane.Meridianox")->argv.front(), "own");
-    EXPECT_EQ(find_application(folders, "net.brisklane.Meridianox")->desktop_file, own.file(name));
-    std::ofstream(own.file(name)) << desktop_file("Exec=own\nHidden=true\n");
-    EXPECT_FALSE(find_application(folders, "net.brisklane.Meridianox"));
-    std::ofstream(own.file(name)) << desktop_file("Exec=own\n#" + std::string(256U << 10U, 'x') + "\n");
-    EXPECT_FALSE(find_application(folders, "net.brisklane.Meridianox"));
-    EXPECT_FALSE(find_application(folders, "../" + own.file("x")));
 }
 
 } // namespace

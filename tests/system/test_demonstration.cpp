@@ -1,6 +1,5 @@
-// The pair of real daemons on loopback, and what becomes of it however the program ends; programs started detached.
+// The pair of real daemons on loopback, and what becomes of it however the program ends.
 #include "chrony/demonstration/demonstration.h"
-#include "linux/desktop_applications.h"
 #include "linux/posix_execute.h"
 #include "support/child_program.h"
 
@@ -163,33 +162,6 @@ TEST_F(DemonstrationTest, WhatFailsIsSaidInOneSentence) {
         EXPECT_FALSE(fs::exists(m_base + "/demo"));
     }
     EXPECT_TRUE(fs::exists(m_base + "/taken"));
-}
-
-TEST(Launch, StartsAProgramThatIsNobodysChild) {
-    std::string fifo = "/tmp/tv-test-XXXXXX";
-    ASSERT_NE(mkdtemp(fifo.data()), nullptr);
-    const auto folder = fifo;
-    fifo += "/said";
-    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
-    setenv("TMPDIR", "/tmp/private/", 1);
-    std::string sentence;
-    ASSERT_EQ(launch({"sh", "-c", "echo \"$0 ${TMPDIR:-none} $(ps -o sid= -p $$) $$\" > " + fifo, "a b"}, sentence), 0)
-        << sentence;
-    unsetenv("TMPDIR");
-    std::ifstream said(fifo); // opens when the program does
-    std::string a;
-    std::string b;
-    std::string temporary;
-    pid_t session = -1;
-    said >> a >> b >> temporary >> session;
-    EXPECT_EQ(a + " " + b, "a b");
-    EXPECT_EQ(temporary, "none");
-    EXPECT_NE(session, getsid(0));
-    EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child is left to be waited for";
-    fs::remove_all(folder);
-
-    EXPECT_EQ(launch({"/nonexistent/program"}, sentence), -1);
-    EXPECT_EQ(sentence, "/nonexistent/program cannot be found.");
 }
 
 } // namespace

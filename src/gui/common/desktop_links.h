@@ -1,6 +1,10 @@
-// Files, folders and pages shown by the desktop's own programs. Main thread; each returns at once.
+// Files, folders, pages and other applications, shown and started by the desktop's own programs. Main thread; each
+// returns at once.
 #pragma once
 
+#include <functional>
+
+class QObject;
 class QString;
 
 namespace tickervantage {
@@ -16,5 +20,13 @@ inline constexpr const char* chrony_page = "https://chrony-project.org/";
 
 // Opens the page in the default browser. False also for what is no address.
 [[nodiscard]] bool open_page(const QString& address);
+
+// Whether the desktop offers the application with that id, the name of its desktop file. Reads a small file: any
+// thread.
+[[nodiscard]] bool has_application(const QString& id);
+
+// Starts it in a session of its own: it outlives us and does not use our private temporary folder, which goes when we
+// do. `failed` hears once, as long as `context` lives, that it could not be started.
+void launch_application(const QString& id, const QObject* context, const std::function<void()>& failed);
 
 } // namespace tickervantage
