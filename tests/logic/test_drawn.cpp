@@ -44,6 +44,14 @@ void fill(TrackingView& view, int records = 60) {
     }
 }
 
+// The records in sight.
+std::string description(const TrackingView& view, Rect bounds, Rect visible) {
+    std::string spans;
+    for (const RecordSpan& span : view.in_sight(bounds, visible))
+        spans += fmt::format("records {} to {} ", span.first, span.end);
+    return spans;
+}
+
 template <class Prepare>
 void draw_graph(ToldCanvas& canvas, Rect visible, Prepare prepare) {
     ManualMasterTimer timer;
@@ -58,7 +66,18 @@ void draw_graph(ToldCanvas& canvas, Rect visible, Prepare prepare) {
     prepare(view);
     const Rect frame = view.resizeFrame({0, 0, 600, 400}, {0, 0, 600, 400});
     canvas.tell("frame {}", ToldCanvas::box(frame));
-    view.drawRect(canvas, {0, 0, frame.width, frame.height}, visible);
+    const Rect bounds{0, 0, frame.width, frame.height};
+    view.drawRect(canvas, bounds, visible);
+    if (const auto fit = view.fit(bounds, visible))
+        canvas.tell("fit {} {:.3f}", fit->vertical_scale, fit->vertical_zoom);
+    for (const double x : {-100.0, 300.0, 301.5, 403.9, 404.1, 405.0, 600.0})
+        if (const auto found = view.readout(x, bounds)) {
+            canvas.tell("at {}: record {} at {} {}", x, found->record, found->time - static_cast<LogTime>(NOON),
+                        ToldCanvas::number(found->x));
+            for (const double value : found->values)
+                canvas.tell("  {:.4e}", value);
+        }
+    canvas.tell("{}", description(view, bounds, visible));
 }
 
 void draw_tracking(ToldCanvas& canvas) {
@@ -117,7 +136,20 @@ void draw_freqtemp(ToldCanvas& canvas) {
     map["hidden"].selected = false;
     FreqTempView view;
     view.set_scatter(map);
-    view.draw(canvas, {0, 0, 470, 338});
+    constexpr Rect visible{0, 0, 470, 338};
+    view.draw(canvas, visible);
+    view.for_each_shown([&](const auto& name, const Color& color) { canvas.tell("{} {:.2f}", name, color.green); });
+    for (const Point at : {Point{270, 109}, {263, 103}, {290, 132}, {70, 110}, {53.9, 100}, {446, 334}, {447, 334}})
+        if (const auto found = view.reading_at(at, visible)) {
+            canvas.tell("at {}: {:.3f} {:.3f}", ToldCanvas::place(at), found->temperature, found->frequency);
+            if (found->near) {
+                canvas.tell("  near {} {:.3f} {:.3f}", found->near->sensor, found->near->point.temperature,
+                            found->near->point.frequency);
+                view.draw_marker(canvas, visible, *found->near);
+            }
+            for (const auto& fit : found->fits)
+                canvas.tell("  fit {} {:.4f} {:.4f}", fit.sensor, fit.frequency, fit.y_stddev);
+        }
     view.m_show_last_record = view.m_show_freq_bounds = view.m_show_scatter_points = view.m_show_mean_frequency = false;
     view.draw(canvas, {20, 10, 300, 200});
     view.set_scatter({});

@@ -3,6 +3,7 @@
 #include "help/help_search.h"
 #include "help/manual_page.h"
 #include "help/markdown_text.h"
+#include "support/kept_text.h"
 #include "support/scripted_execute.h"
 
 #include <gtest/gtest.h>
@@ -57,7 +58,7 @@ TEST_F(HelpPagesTest, ManualsAreRenderedFromTheInstalledFileCompressedOrNot) {
 TEST_F(HelpPagesTest, CommandPrintsTopicsAPageOrPassagesAndRefusesTheRest) {
     std::ostringstream out;
     EXPECT_EQ(print_help(pages, {}, 78, out), 0);
-    EXPECT_NE(out.str().find("chrony.conf"), std::string::npos);
+    testing::expect_as_kept(out.str(), "topics");
     out.str("");
     EXPECT_EQ(print_help(pages, {.topic = "faq", .words = {}}, 78, out), 0);
     EXPECT_EQ(out.str(), "Questions\n=========\n\nSteps\n");

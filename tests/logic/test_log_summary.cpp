@@ -1,5 +1,8 @@
 // The figures of `tickerctl log --summary`, against figures worked out by hand.
+#include "chrony/log/log_pieces.h"
 #include "cli/log_command.h"
+#include "support/fake_followed_files.h"
+#include "support/kept_text.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -40,12 +43,35 @@ TEST(LogSummary, PercentilesStandOnTheLineBetweenTwoValues) {
     }
 }
 
-TEST(LogSummary, WithoutAValueThereIsNoFigure) {
-    const auto document = summary_of({"-"});
-    EXPECT_EQ(document.at("count"), 1);
-    EXPECT_TRUE(document.at("offset").at("p95").is_null());
-    EXPECT_EQ(document.at("frequency").at("median"), -1.5e-6);
-    EXPECT_TRUE(summary_of({}).at("first").is_null());
+// From the file to the terminal, in every form.
+TEST(LogCommand, PrintsRecordsAndTheirSummaries) {
+    testing::FakeFollowedFiles files;
+    files.create("a.log", "====\n"
+                          "2026-11-21 05:20:26 192.0.2.1 2 -1.5 0.02 1.25e-5 N 1 1e-6 1e-6 1e-3 2e-3 4e-3\n"
+                          "2026-11-21 23:59:59 a,\"b\" 3 -2.5 - - ? 2 2e-6 3e-6 - 3e-3\n"
+                          "2026-12-01 00:00:00 192.0.2.1 2 3.5 0.03 -2e-5 N 1 4e-6 5e-6 3e-3 4e-3 4e-3\n");
+    TrackingRecords records;
+    std::string sentence;
+    const auto read = [&](const char* name) {
+        return read_log(
+            files, name, [&](std::string_view line) { (void)records.add_line(line); }, sentence);
+    };
+    ASSERT_EQ(read("a.log"), 0) << sentence;
+    std::ostringstream out;
+    for (const auto form : {LogForm::text, LogForm::json, LogForm::csv}) {
+        EXPECT_EQ(print_log(records, form, out), 0);
+        EXPECT_EQ(print_log_summary(records, form, out), 0);
+        EXPECT_EQ(print_log({}, form, out), 1);
+        EXPECT_EQ(print_log_summary({}, form, out), 1);
+    }
+    testing::expect_as_kept(out.str(), "log", 1e-12);
+    files.at("a.log").damage = "its end is missing";
+    EXPECT_EQ(read("a.log"), -1);
+    EXPECT_EQ(sentence, "a.log cannot be read: its end is missing.");
+    files.at("a.log").fails_when_read = true;
+    EXPECT_EQ(read("a.log"), -1);
+    EXPECT_EQ(sentence, "a.log cannot be read: Input/output error.");
+    EXPECT_EQ(read("b.log"), -1);
 }
 
 } // namespace

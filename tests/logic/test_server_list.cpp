@@ -4,10 +4,9 @@
 #include "linux/autostart.h"
 #include "linux/shared_text_file.h"
 #include "support/child_program.h"
+#include "support/kept_text.h"
 
 #include <gtest/gtest.h>
-
-#include <nlohmann/json.hpp>
 
 #include <sstream>
 
@@ -63,9 +62,6 @@ TEST(ServerList, TheFirstBrokenRuleIsNamed) {
     EXPECT_EQ(field_of(maxpoll_below_minpoll), ServerField::minpoll);
     for (const auto& [title, problem] : {std::pair{"ä title", none}, {" ", title_missing}, {"a:b", title_has_colon}})
         EXPECT_EQ(check_title(title), problem) << title;
-    for (const auto problem : {address_missing, address_has_colon, maxpoll_no_number, minpoll_no_number,
-                               maxpoll_too_large, minpoll_too_large, title_missing, title_has_colon})
-        EXPECT_NE(std::string_view(sentence_of(problem)), "");
 }
 
 TEST(ServerList, ChronyLinesLeaveOutWhatChronyDoesItself) {
@@ -92,12 +88,6 @@ TEST(ServerList, OnlyServersOfTheLocalNetworkAreAskedOften) {
                              "fec0::1", "a.example", "local.example", "notlocal.org"})
         EXPECT_TRUE(asks_too_often(host, 5)) << host;
     EXPECT_FALSE(asks_too_often("a.example", 6));
-
-    std::ostringstream text;
-    EXPECT_EQ(print_servers({{"New", "a.example"}, {"Greedy", "b.example", 10, 3}}, ServersForm::text, text), 0);
-    EXPECT_EQ(text.str().find("TOO OFTEN"), text.str().rfind("TOO OFTEN"));
-    EXPECT_GT(text.str().find("TOO OFTEN"), text.str().find("b.example"));
-    EXPECT_NE(text.str().find("TOO OFTEN"), std::string::npos);
 }
 
 TEST(ServerList, ImportsServersAndPoolsOnce) {
@@ -116,21 +106,22 @@ TEST(ServerList, ImportsServersAndPoolsOnce) {
     EXPECT_EQ(imported.colons, 1U);
 }
 
-TEST(ServerList, TheToolTellsWhetherEveryServerIsValid) {
-    const std::vector<server_data> list{{"Lab", "a.example", 10, 6, true}, {"Bad", "b.example", 4, 6}};
-    std::ostringstream json;
-    EXPECT_EQ(print_servers(list, ServersForm::json, json), 1);
-    const auto document = nlohmann::json::parse(json.str());
-    EXPECT_EQ(document.at(0), (nlohmann::json{{"title", "Lab"},
-                                              {"address", "a.example"},
-                                              {"maxpoll", 10},
-                                              {"minpoll", 6},
-                                              {"iburst", true},
-                                              {"valid", true}}));
-    EXPECT_EQ(document.at(1).at("valid"), false);
-    std::ostringstream config;
-    EXPECT_EQ(print_servers({list.front()}, ServersForm::config, config), 0);
-    EXPECT_EQ(config.str(), "server a.example iburst\n");
+TEST(ServerList, TheToolPrintsEveryServerAndWhatIsWrong) {
+    std::vector<server_data> list{{"Lab", "a.example", 10, 6, true}, {"Greedy", "b.example", 10, 3}};
+    std::ostringstream out;
+    EXPECT_EQ(print_servers(list, ServersForm::text, out), 0);
+    list.insert(list.end(), {{"Low", "b.example", 4, 6},
+                             {"High", "b.example", 17, 6},
+                             {"Higher", "b.example", 16, 17},
+                             {"None", ""},
+                             {"V6", "::1", 10, 6},
+                             {"Words", "two words"}});
+    for (const auto form : {ServersForm::text, ServersForm::json, ServersForm::config})
+        EXPECT_EQ(print_servers(list, form, out), 1);
+    for (const auto problem : {ServerProblem::maxpoll_no_number, ServerProblem::minpoll_no_number,
+                               ServerProblem::title_missing, ServerProblem::title_has_colon})
+        out << sentence_of(problem) << '\n';
+    testing::expect_as_kept(out.str(), "servers");
 }
 
 struct SharedTextTest : ::testing::Test {
@@ -197,6 +188,7 @@ struct AutostartTest : ::testing::Test {
 TEST_F(AutostartTest, IsWrittenAndRemoved) {
     EXPECT_FALSE(agent.agentIsValid());
     ASSERT_EQ(agent.writePlist(sentence), 0) << sentence;
+    testing::expect_as_kept(testing::contents(path), "autostart");
     EXPECT_TRUE(agent.agentIsValid());
     EXPECT_EQ(agent.unlinkAgent(sentence), 0);
     EXPECT_FALSE(std::filesystem::exists(path));
