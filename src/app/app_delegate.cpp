@@ -189,15 +189,6 @@ void AppDelegate::come_to_front(const QStringList& logs) {
         open_log(log);
 }
 
-std::function<void(Administration::Heard)>
-AppDelegate::with_administration(void (Administration::*job)(Administration::Heard done)) {
-    if (!m_administration)
-        return {};
-    return [this, job](Administration::Heard done) {
-        (m_administration.get()->*job)(std::move(done));
-    };
-}
-
 void AppDelegate::launchMeridianox() {
     launch_application(QLatin1String(StatusCycle::GPSD_CONF_ID), m_main_window.get(), [this] {
         m_parts.logger.log(LogLevel::warning, "Meridianox could not be started.");

@@ -119,9 +119,6 @@ private:
     void make_administration();
     void make_help();
     void install_configuration(ConfigEditor* editor, const QString& text);
-    // Missing where there is no administration.
-    [[nodiscard]] std::function<void(Administration::Heard)>
-    with_administration(void (Administration::*job)(Administration::Heard done));
     void launchMeridianox();
     void say(const QString& sentence); // a failure, with one "Dismiss" button
     void log_change_of_state(const StatusNotice& notice);

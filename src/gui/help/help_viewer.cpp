@@ -26,16 +26,14 @@ constexpr int fewest_letters = 2;
 
 } // namespace
 
-// What answers come home to; it may outlive the window.
-struct HelpViewer::Shared {
-    std::atomic<std::uint64_t> page{0};            // number of the newest request for a page
-    std::atomic<std::uint64_t> search{0};          // and of the newest search
-    HelpViewer* window = nullptr;                  // main thread only
+// Shared with the search that is under way.
+struct HelpViewer::Searched {
+    std::atomic<std::uint64_t> newest{0};          // its number: an older one stops between two pages
     std::map<std::string_view, std::string> texts; // of the pages that were searched; queue only
 };
 
-HelpViewer::HelpViewer(HelpViewerParts parts) : m_parts(std::move(parts)), m_shared(std::make_shared<Shared>()) {
-    m_shared->window = this;
+HelpViewer::HelpViewer(HelpViewerParts parts)
+    : m_parts(std::move(parts)), m_searched(std::make_shared<Searched>()), m_background(m_parts.main_thread) {
     setObjectName(QStringLiteral("HelpViewer"));
     //: help window: title
     setWindowTitle(tr("Help"));
@@ -46,9 +44,8 @@ HelpViewer::HelpViewer(HelpViewerParts parts) : m_parts(std::move(parts)), m_sha
 }
 
 HelpViewer::~HelpViewer() {
-    m_shared->window = nullptr;
-    ++m_shared->page;
-    ++m_shared->search;
+    m_background.forget_newest();
+    ++m_searched->newest;
 }
 
 void HelpViewer::build() {
@@ -150,7 +147,7 @@ void HelpViewer::show_current() {
     m_back->setEnabled(m_at > 0);
     m_forward->setEnabled(m_at + 1 < m_visits.size());
     m_contents->mark(topic);
-    ++m_shared->page; // an answer under way is for another page
+    m_background.forget_newest(); // a page under way is another one
     if (m_shown == &topic)
         arrive();
     else if (const auto read = m_read.find(topic.name); read != m_read.end())
@@ -160,18 +157,13 @@ void HelpViewer::show_current() {
 }
 
 void HelpViewer::request(const HelpTopic& topic) {
-    m_parts.queue.async([shared = m_shared, number = m_shared->page.load(), pages = m_parts.pages,
-                         &main_thread = m_parts.main_thread, &topic] {
-        if (shared->page != number)
-            return;
-        main_thread.main_async([shared, number, &topic, page = pages->for_window(topic)] {
-            if (shared->page != number || shared->window == nullptr)
-                return;
+    m_background.start_newest(
+        m_parts.queue, [pages = m_parts.pages, &topic] { return pages->for_window(topic); },
+        [this, &topic](const HelpPage& page) {
             if (page.absence == HelpAbsence::none)
-                shared->window->m_read[topic.name] = page;
-            shared->window->apply(topic, page);
+                m_read[topic.name] = page;
+            apply(topic, page);
         });
-    });
 }
 
 void HelpViewer::apply(const HelpTopic& topic, const HelpPage& page) {
@@ -193,29 +185,29 @@ void HelpViewer::arrive() {
 }
 
 void HelpViewer::search(const QString& words) {
-    const std::uint64_t number = ++m_shared->search;
+    const std::uint64_t number = ++m_searched->newest;
     m_words = words.simplified();
     if (m_words.size() < fewest_letters) {
         m_contents->hide_hits();
         return;
     }
-    m_parts.queue.async(
-        [shared = m_shared, number, pages = m_parts.pages, &main_thread = m_parts.main_thread, words = m_words] {
-            std::vector<FoundPassage> hits;
-            for (const auto& topic : help_topics()) {
-                if (shared->search != number)
-                    return;
-                auto& text = shared->texts[topic.name];
-                if (text.empty())
-                    text = pages->for_terminal(topic, search_width).text;
-                for (const auto& excerpt : search_page(text, words.toStdString(), most_hits_in_a_page))
-                    hits.push_back({&topic, QString::fromStdString(excerpt)});
-            }
-            main_thread.main_async([shared, number, words, hits = std::move(hits)] {
-                if (shared->search == number && shared->window != nullptr)
-                    shared->window->m_contents->show_hits(words, hits);
-            });
-        });
+    const auto find = [searched = m_searched, number, pages = m_parts.pages, words = m_words.toStdString()] {
+        std::vector<FoundPassage> hits;
+        for (const auto& topic : help_topics()) {
+            if (searched->newest != number)
+                break;
+            auto& text = searched->texts[topic.name];
+            if (text.empty())
+                text = pages->for_terminal(topic, search_width).text;
+            for (const auto& excerpt : search_page(text, words, most_hits_in_a_page))
+                hits.push_back({&topic, QString::fromStdString(excerpt)});
+        }
+        return hits;
+    };
+    m_background.start(m_parts.queue, find, [this, number](const std::vector<FoundPassage>& hits) {
+        if (m_searched->newest == number)
+            m_contents->show_hits(m_words, hits);
+    });
 }
 
 void HelpViewer::changeEvent(QEvent* event) {

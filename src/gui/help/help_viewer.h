@@ -7,7 +7,7 @@
 // dies.
 #pragma once
 
-#include "base/dispatch.h"
+#include "base/background.h"
 #include "help/help_pages.h"
 
 #include <QMainWindow>
@@ -56,7 +56,7 @@ private:
         QString place;
         int scroll = 0;
     };
-    struct Shared;
+    struct Searched;
 
     void build();
     void build_tools();
@@ -84,7 +84,8 @@ private:
     const HelpTopic* m_shown = nullptr;
     QString m_words;   // of the last search
     QString m_excerpt; // to be found in the page that is on its way
-    std::shared_ptr<Shared> m_shared;
+    std::shared_ptr<Searched> m_searched;
+    Background m_background;
 };
 
 } // namespace tickervantage
