@@ -59,26 +59,11 @@ std::uint64_t start_of_process(std::int32_t process) {
     return ticks;
 }
 
-Callers::Callers(sd_bus* bus, std::function<void(const std::string& name)> gone) : m_bus(bus), m_gone(std::move(gone)) {
-    sd_bus_slot* slot = nullptr;
-    (void)sd_bus_add_match(bus, &slot,
-                           "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
-                           "member='NameOwnerChanged',arg2=''",
-                           on_change, this); // without it tokens still fail by the process that is not there
-    m_slot.reset(slot);
-}
-
 Callers::~Callers() = default;
 
-int Callers::on_change(sd_bus_message* message, void* self, sd_bus_error*) {
-    const char* name = nullptr;
-    if (sd_bus_message_read(message, "s", &name) < 0 || name == nullptr || *name != ':')
-        return 0;
-    auto* callers = static_cast<Callers*>(self);
-    callers->m_known.erase(name);
-    callers->cancel(name);
-    callers->m_gone(name);
-    return 0;
+void Callers::forget(const std::string& name) {
+    m_known.erase(name);
+    cancel(name);
 }
 
 std::optional<HelperCaller> Callers::known(const std::string& name) const {

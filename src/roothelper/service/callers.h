@@ -1,4 +1,4 @@
-// Who is behind a name on the bus, and when the name goes.
+// Who is behind a name on the bus.
 #pragma once
 
 #include "linux/bus_owners.h"
@@ -17,8 +17,7 @@ class Callers {
 public:
     using Done = std::function<void(const std::optional<HelperCaller>& caller)>;
 
-    // `gone` is told of every connection that leaves the bus.
-    Callers(sd_bus* bus, std::function<void(const std::string& name)> gone);
+    explicit Callers(sd_bus* bus) : m_bus(bus) {}
     ~Callers();
     Callers(const Callers&) = delete;
     Callers& operator=(const Callers&) = delete;
@@ -36,6 +35,9 @@ public:
     // Whoever waits for news of this connection gets none.
     void cancel(const std::string& name);
 
+    // It has left the bus.
+    void forget(const std::string& name);
+
     [[nodiscard]] bool is_asking() const { return !m_questions.empty(); }
 
 private:
@@ -45,16 +47,13 @@ private:
         std::vector<Done> waiting;
         BusSlot slot;
     };
-    static int on_change(sd_bus_message* message, void* self, sd_bus_error* error);
     static int on_answer(sd_bus_message* answer, void* data, sd_bus_error* error);
     [[nodiscard]] bool ask(const std::string& name, const Done& done);
     std::optional<HelperCaller> keep(const std::string& name, sd_bus_message* answer);
 
     sd_bus* m_bus;
-    std::function<void(const std::string& name)> m_gone;
     std::map<std::string, HelperCaller> m_known; // a name belongs to one connection for good
     std::map<std::string, std::unique_ptr<Question>> m_questions;
-    BusSlot m_slot;
 };
 
 // When a process was started, in clock ticks; 0 when it is not there.

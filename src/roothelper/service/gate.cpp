@@ -3,8 +3,6 @@
 #include <linux/sockios.h>
 #include <sys/ioctl.h>
 
-#include <utility>
-
 namespace tickervantage {
 namespace {
 
@@ -13,8 +11,7 @@ constexpr int jammed_bytes = 8192; // of the kernel's memory: some ten answers t
 
 } // namespace
 
-Gate::Gate(sd_bus* bus, std::function<bool(const std::string& name)> is_welcome)
-    : m_bus(bus), m_is_welcome(std::move(is_welcome)) {
+Gate::Gate(sd_bus* bus, const Authorisations& authorisations) : m_bus(bus), m_authorisations(authorisations) {
     sd_bus_slot* slot = nullptr;
     (void)sd_bus_add_filter(bus, &slot, on_message, this); // without it everybody is answered
     m_slot.reset(slot);
@@ -29,7 +26,7 @@ int Gate::on_message(sd_bus_message* message, void* self, sd_bus_error*) {
 }
 
 bool Gate::lets_in(const std::string& sender) {
-    return !is_jammed() || m_is_welcome(sender) || ++m_heard[sender] <= heard_in_a_minute;
+    return !is_jammed() || m_authorisations.knows(sender) || ++m_heard[sender] <= heard_in_a_minute;
 }
 
 // Source: SIOCOUTQ in unix(7) and tcp(7): what the other end has not read.

@@ -7,8 +7,8 @@
 #pragma once
 
 #include "linux/bus_owners.h"
+#include "roothelper/service/authorisations.h"
 
-#include <functional>
 #include <map>
 #include <string>
 
@@ -16,8 +16,8 @@ namespace tickervantage {
 
 class Gate {
 public:
-    // `is_welcome` tells of a connection whether it holds an authorisation.
-    Gate(sd_bus* bus, std::function<bool(const std::string& name)> is_welcome);
+    // The authorisations outlive the gate.
+    Gate(sd_bus* bus, const Authorisations& authorisations);
 
     void new_minute() { m_heard.clear(); }
     void forget(const std::string& name) { m_heard.erase(name); }
@@ -28,7 +28,7 @@ private:
     [[nodiscard]] bool is_jammed() const;
 
     sd_bus* m_bus;
-    std::function<bool(const std::string& name)> m_is_welcome;
+    const Authorisations& m_authorisations;
     std::map<std::string, unsigned> m_heard; // messages of each connection while the way was jammed, in this minute
     BusSlot m_slot;
 };

@@ -46,11 +46,9 @@ const sd_bus_vtable HelperService::vtable[] = {
     SD_BUS_VTABLE_END};
 
 HelperService::HelperService(sd_bus* bus, sd_event* event, HelperRules rules, std::string folder)
-    : m_bus(bus), m_event(event), m_rules(std::move(rules)), m_folder(std::move(folder)), m_polkit(bus),
-      m_callers(bus, [this](const std::string& name) { connection_gone(name); }), m_refusals(m_callers),
-      m_authorisations({bus, m_polkit, m_callers, m_refusals}, m_folder + token_file),
-      m_gate(bus, [this](const std::string& name) { return m_authorisations.knows(name); }),
-      m_jobs({event, m_polkit, m_displaced, m_rules, m_folder, m_consents}) {}
+    : m_bus(bus), m_event(event), m_rules(std::move(rules)), m_folder(std::move(folder)), m_polkit(bus), m_callers(bus),
+      m_refusals(m_callers), m_authorisations({bus, m_polkit, m_callers, m_refusals}, m_folder + token_file),
+      m_gate(bus, m_authorisations), m_jobs({event, m_polkit, m_displaced, m_rules, m_folder, m_consents}) {}
 
 int HelperService::set_up() {
     sd_bus_slot* slot = nullptr;
@@ -59,6 +57,12 @@ int HelperService::set_up() {
     if (sd_bus_add_object_vtable(m_bus, &slot, helper::object_path, helper::interface_name, vtable, this) < 0)
         return -1;
     m_slot.reset(slot);
+    slot = nullptr;
+    (void)sd_bus_add_match(m_bus, &slot,
+                           "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
+                           "member='NameOwnerChanged',arg2=''",
+                           on_name_gone, this); // without it tokens still fail by the process that is not there
+    m_names.reset(slot);
     if (sd_event_add_time_relative(m_event, &idle, CLOCK_MONOTONIC, microseconds(m_rules.idle), 0, on_idle, this) < 0)
         return -1;
     m_idle.reset(idle);
@@ -69,9 +73,9 @@ int HelperService::set_up() {
 }
 
 Result<> HelperService::run() {
-    m_authorisations.restore();
     if (set_up() != 0)
         return failed(FailureCode::helper_not_set_up);
+    m_authorisations.restore();
     if (sd_bus_request_name(m_bus, helper::bus_name, 0) < 0)
         return failed(FailureCode::helper_without_name);
     remove_staged_files(m_folder); // of a helper that was killed: now that the name is ours, none is at work
@@ -94,6 +98,16 @@ Result<> HelperService::drain() {
     m_refusals.tell();
     m_authorisations.keep();
     return {};
+}
+
+int HelperService::on_name_gone(sd_bus_message* message, void* self, sd_bus_error*) {
+    const char* name = nullptr;
+    if (sd_bus_message_read(message, "s", &name) < 0 || name == nullptr || *name != ':')
+        return 0;
+    auto* service = static_cast<HelperService*>(self);
+    service->m_callers.forget(name);
+    service->connection_gone(name);
+    return 0;
 }
 
 // The time of the last message is compared only here: moving a timer for each would cost more than its answer.

@@ -41,6 +41,7 @@ private:
                           sd_bus_message* reply, void* self, sd_bus_error* error);
     static int on_protocol(sd_bus* bus, const char* path, const char* interface, const char* property,
                            sd_bus_message* reply, void* self, sd_bus_error* error);
+    static int on_name_gone(sd_bus_message* message, void* self, sd_bus_error* error);
     static int on_idle(sd_event_source* source, std::uint64_t time, void* data);
     static int on_minute(sd_event_source* source, std::uint64_t time, void* data);
     static const sd_bus_vtable vtable[];
@@ -75,6 +76,7 @@ private:
     HelperInterruptions m_interruptions;
     std::uint64_t m_last_activity = 0; // microseconds, CLOCK_MONOTONIC
     bool m_ends = false;
+    BusSlot m_names;
     EventSource m_idle;
     EventSource m_minute;
     BusSlot m_slot;

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -174,6 +175,16 @@ TEST_F(RootSide, AuthorisationOutlivesAHelperThatEnds) {
     ASSERT_TRUE(send(clients).starts_with("Hostname"));
     EXPECT_TRUE(eventually(patience, [this] { return !runs("chronyhelper$"); })); // it is told to end after a second
     EXPECT_TRUE(send(clients).starts_with("Hostname"));
+}
+
+TEST_F(RootSide, WhatWasNotDoneIsNamedBesideItsWords) {
+    EXPECT_EQ(channel.ask(clients, std::nullopt).failure, Failure{.code = FailureCode::authorisation_needed});
+    authorise();
+    EXPECT_FALSE(channel.ask(clients, token).failure);
+    const auto answer = channel.ask("EXECUTE \"" + tool + "\" restoreformer \"/etc/chrony.conf\"", token);
+    EXPECT_FALSE(answer.is_done);
+    EXPECT_EQ(answer.reply, "Cannot bring back the former /etc/chrony.conf: No such file or directory.\n");
+    EXPECT_EQ(answer.failure, failed(FailureCode::cannot_restore_former, {"/etc/chrony.conf"}, ENOENT).value());
 }
 
 TEST_F(RootSide, HostileRequestsAreRefused) {
