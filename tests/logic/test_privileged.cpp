@@ -156,7 +156,7 @@ TEST_F(PrivilegedActionsTest, ReplyWithoutTextIsLoggedAndEmpty) {
 }
 
 TEST_F(PrivilegedActionsTest, WhatWasNotDoneHasAFailureWhetherTheHelperNamesItOrOnlySpeaks) {
-    channel.reply = "No.";
+    channel.reply = "\n No.\nSee the manual.\n";
     EXPECT_FALSE(actions->execute_in_job("a").failure);
     channel.failing = {"a"};
     EXPECT_EQ(actions->execute_in_job("a").failure, said_by_others("No."));

@@ -1,6 +1,17 @@
 #include "roothelper/client/chrony_helper.h"
 
+#include "base/text_lines.h"
+
 namespace tickervantage {
+namespace {
+
+// The first line says most: programs put their hints behind it.
+Failure words_of_others(const std::string& reply) {
+    const auto lines = non_empty_lines(reply);
+    return said_by_others(lines.empty() ? std::string() : std::string(trimmed(lines.front())));
+}
+
+} // namespace
 
 Result<> ChronyHelper::authorise() {
     auto granted = m_xpc.authorise();
@@ -23,7 +34,7 @@ HelperAnswer ChronyHelper::send(const std::string& request) {
     if (!answer.reply)
         answer.reply = "";
     if (!answer.is_done && !answer.failure)
-        answer.failure = said_by_others(*answer.reply); // of a helper that does not tell failures by name
+        answer.failure = words_of_others(*answer.reply); // or of a helper that does not name its failures
     return answer;
 }
 
