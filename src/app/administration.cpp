@@ -1,8 +1,9 @@
 #include "app/administration.h"
 
 #include "app/alert_sheet.h"
+#include "app/clock_setting.h"
 #include "app/former_configurations.h"
-#include "chrony/status/status_cycle.h"
+#include "gui/main/tickervantage_window.h"
 #include "qt/in_words.h"
 #include "roothelper/jobs/distribution_chrony.h"
 #include "roothelper/jobs/job_environment.h"
@@ -50,10 +51,6 @@ struct MarkedText {
      QT_TRANSLATE_NOOP3("offers", "Preferences has other paths.", "system chrony in use: last line"),
      QT_TRANSLATE_NOOP3("offers", "Dismiss", "system chrony in use: button")}};
 
-std::string translate_offer(const char* text, const char* comment) {
-    return QCoreApplication::translate("offers", text, comment).toStdString();
-}
-
 Alert removal_question(const JobSetting& setting) {
     const std::string removed = setting.chronyd + '\n' + setting.chronyc + '\n' + setting.chronywake;
     const QString text =
@@ -71,86 +68,74 @@ Alert removal_question(const JobSetting& setting) {
             .buttons = {Texts::tr("Remove").toStdString(), Texts::tr("Cancel").toStdString()}};
 }
 
-// What cannot be read is not known to differ.
-SameFiles same_bytes(const JobProbes& probes) {
-    return [read = probes.read_file](const std::string& one, const std::string& other) {
-        const auto first = read(one);
-        const auto second = read(other);
-        return !first || !second || *first == *second;
-    };
-}
-
-AdministrativeJobsParts jobs_parts(const AdministrationParts& parts) {
-    return {.actions = parts.actions,
-            .main_thread = parts.main_thread,
-            .queue = parts.machine.queue,
-            .setting = [&general = parts.general, &advanced = parts.advanced,
-                        paths = parts.paths] { return make_job_setting(general, advanced, paths); },
-            .probes = parts.machine.probes,
-            .steps = parts.machine.steps};
-}
-
 } // namespace
 
 Administration::Administration(AdministrationParts parts)
-    : m_parts(std::move(parts)), m_jobs(jobs_parts(m_parts)), m_menu({.jobs = m_jobs,
-                                                                      .cycle = m_parts.cycle,
-                                                                      .show_progress = m_parts.show_progress,
-                                                                      .say = m_parts.say,
-                                                                      .confirm_removal =
-                                                                          [this](auto remove) {
-                                                                              confirm_removal(std::move(remove));
-                                                                          }}),
-      m_offers(
-          {.warnings = m_parts.warnings,
-           .execute = m_parts.execute,
-           .queue = m_parts.machine.queue("net.brisklane.offers"),
-           .main_thread = m_parts.main_thread,
-           .bundle = m_parts.paths.bundle,
-           .file_exists = m_parts.machine.probes.file_exists,
-           .paths =
-               [&general = m_parts.general] {
-                   return InstalledPaths{general.config, general.chronyc, general.chronyd};
-               },
-           .uses_distribution_unasked = [&general = m_parts.general] { return general.uses_distribution_unasked(); },
-           .show = show(),
-           .translate = translate_offer,
-           .install = [this] { m_menu.install(); },
-           .use_distribution = [this](const DistributionChrony& chrony) { use_distribution(chrony); },
-           .stop_for_version = m_parts.stop_for_version,
-           .same_files = same_bytes(m_parts.machine.probes)}) {}
-
-Administration::~Administration() = default;
+    : m_parts(std::move(parts)), m_jobs({.actions = m_parts.actions,
+                                         .main_thread = m_parts.main_thread,
+                                         .queues = m_parts.queues,
+                                         .machine = m_parts.machine,
+                                         .owner = *this}),
+      m_menu(m_jobs, m_parts.window.cycle()), m_offers({.warnings = m_parts.warnings,
+                                                        .execute = m_parts.execute,
+                                                        .machine = m_parts.machine,
+                                                        .queue = m_parts.queues.queue("net.brisklane.offers"),
+                                                        .main_thread = m_parts.main_thread,
+                                                        .bundle = m_parts.paths.bundle,
+                                                        .owner = *this}) {
+    connect(&m_menu, &PrivilegedMenu::complained, this, &Administration::complained);
+    connect(&m_menu, &PrivilegedMenu::removal_wanted, this, &Administration::confirm_removal);
+}
 
 void Administration::connect_items(const ApplicationMenus& menus) {
     m_menu.connect_items(menus);
     connect_former_configurations_item({.jobs = m_jobs,
-                                        .queue = m_parts.machine.queue("net.brisklane.history"),
+                                        .queue = m_parts.queues.queue("net.brisklane.history"),
                                         .main_thread = m_parts.main_thread,
-                                        .probes = m_parts.machine.probes,
-                                        .configuration = [this] { return m_parts.general.config; },
-                                        .window = m_parts.window,
-                                        .changed =
-                                            [this] {
-                                                m_parts.cycle().refresh();
-                                            }},
+                                        .machine = m_parts.machine,
+                                        .general = m_parts.general,
+                                        .window = m_parts.window},
                                        menus);
+    connect_clock_setting_items(
+        {.jobs = m_jobs, .menu = m_menu, .settings = m_parts.settings, .window = m_parts.window}, menus);
 }
 
-ShowAlert Administration::show() {
-    return [this](const Alert& alert, std::function<void(AlertAnswer)> answered) {
-        show_alert(m_parts.window(), alert, std::move(answered));
-    };
+JobSetting Administration::job_setting() {
+    return make_job_setting(m_parts.general, m_parts.advanced, m_parts.paths);
+}
+
+void Administration::show_progress(const std::string& text) {
+    m_parts.window.set_progress(translated_progress(text));
+}
+
+InstalledPaths Administration::installed_paths() {
+    return {m_parts.general.config, m_parts.general.chronyc, m_parts.general.chronyd};
+}
+
+bool Administration::uses_distribution_unasked() {
+    return m_parts.general.uses_distribution_unasked();
+}
+
+std::string Administration::translate(const char* text, const char* comment) {
+    return QCoreApplication::translate("offers", text, comment).toStdString();
+}
+
+void Administration::show(const Alert& alert, std::function<void(AlertAnswer)> answered) {
+    show_alert(&m_parts.window, alert, std::move(answered));
+}
+
+void Administration::stop_for_version(const std::string& program, const std::string& answer) {
+    m_parts.window.stop_for_version(program, answer);
 }
 
 // The distribution's chrony is not ours to remove: the job says so, there is nothing to ask.
-void Administration::confirm_removal(std::function<void()> remove) const {
-    const JobSetting setting = make_job_setting(m_parts.general, m_parts.advanced, m_parts.paths);
-    if (!distribution_unit(setting.chronyd, m_parts.machine.probes.file_exists).empty())
-        return remove();
-    show_question(m_parts.window(), removal_question(setting), [remove = std::move(remove)](std::size_t button) {
+void Administration::confirm_removal() {
+    const JobSetting setting = job_setting();
+    if (!distribution_unit(setting.chronyd, m_parts.machine.looks_for_files()).empty())
+        return m_menu.uninstall();
+    show_question(&m_parts.window, removal_question(setting), [this](std::size_t button) {
         if (button == 0)
-            remove();
+            m_menu.uninstall();
     });
 }
 
@@ -159,20 +144,17 @@ void Administration::use_distribution(const DistributionChrony& chrony) {
     m_parts.general.chronyc = chrony.chronyc;
     m_parts.general.chronyd = chrony.chronyd;
     m_parts.general.save(m_parts.settings);
-    m_parts.cycle().programs_changed();
+    m_parts.window.cycle().programs_changed();
 }
 
 void Administration::ask_for_rights() {
-    m_jobs.obtain_rights([this](bool granted) {
-        if (granted)
-            m_parts.cycle().refresh();
-    });
+    m_jobs.obtain_rights([this] { m_parts.window.cycle().refresh(); });
 }
 
 void Administration::show_problem(PrivilegedProblem problem, const Failure& why) {
     if (problem == PrivilegedProblem::not_installed) {
         //: alert: %1 is a sentence with the reason
-        m_parts.say(Texts::tr("Helper install failed") + QStringLiteral("\n\n") + in_words(why));
+        Q_EMIT complained(Texts::tr("Helper install failed") + QStringLiteral("\n\n") + in_words(why));
         return;
     }
     const Alert alert{.identifier = "PasswordRequired",
@@ -182,20 +164,17 @@ void Administration::show_problem(PrivilegedProblem problem, const Failure& why)
                       .informative = Texts::tr("An admin login/password is required").toStdString(),
                       //: button of an alert
                       .buttons = {Texts::tr("Dismiss").toStdString()}};
-    (void)show_unless_suppressed(m_parts.warnings, show(), alert, [](std::size_t) {});
+    const auto show_it = [this](const Alert& shown, auto answered) {
+        show(shown, std::move(answered));
+    };
+    (void)show_unless_suppressed(m_parts.warnings, show_it, alert, [](std::size_t) {});
 }
 
-void Administration::make_log_readable(Heard done) {
-    m_jobs.run({AdminJob::log_permission},
-               [done = std::move(done)](const JobResult& result) { done(result.done, result.sentence); });
-}
-
-void Administration::install_configuration(std::string text, std::function<void(const JobResult& result)> done) {
-    m_jobs.run({.job = AdminJob::install_config, .configuration = std::move(text)},
-               [this, done = std::move(done)](const JobResult& result) {
-                   done(result);
-                   m_parts.cycle().refresh();
-               });
+void Administration::run(const AdminRequest& request, AdministrativeJobs::Done done) {
+    m_jobs.run(request, [this, done = std::move(done)](const JobResult& result) {
+        done(result);
+        m_parts.window.cycle().refresh();
+    });
 }
 
 void explain_missing_administration(const ApplicationMenus& menus) {

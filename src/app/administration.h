@@ -9,21 +9,16 @@
 
 #include <functional>
 #include <memory>
-
-class QWidget;
+#include <string>
 
 namespace tickervantage {
 
-// How the jobs reach the machine. Missing in a demonstration, which leaves the machine alone.
-struct AdministrationMachine {
-    std::function<DispatchQueueSerial&(std::string_view label)> queue;
-    JobProbes probes;
-    SentStepsParts steps;
-};
+class TickervantageWindow;
 
 // All of it outlives the object.
 struct AdministrationParts {
-    AdministrationMachine machine;
+    JobQueues& queues;
+    JobMachine& machine; // on the queues
     std::shared_ptr<PrivilegedActions> actions;
     MainThread& main_thread;
     Execute& execute;
@@ -32,22 +27,16 @@ struct AdministrationParts {
     PreferencesGeneral& general;
     PreferencesAdvanced& advanced;
     Paths paths;
-    std::function<StatusCycle&()> cycle;
-    std::function<QWidget*()> window; // sheets hang on it
-    std::function<void(const QString& text)> show_progress;
-    std::function<void(const QString& sentence)> say;
-    std::function<void(const std::string& program, const std::string& answer)> stop_for_version;
+    TickervantageWindow& window; // sheets hang on it
 };
 
-class Administration {
+class Administration : public QObject, private JobsOwner, private OffersOwner {
+    Q_OBJECT
+
 public:
     explicit Administration(AdministrationParts parts);
-    ~Administration();
-    Administration(const Administration&) = delete;
-    Administration& operator=(const Administration&) = delete;
 
     [[nodiscard]] AdministrativeJobs& jobs() { return m_jobs; }
-    [[nodiscard]] PrivilegedMenu& menu() { return m_menu; }
 
     // The menu's items that administer.
     void connect_items(const ApplicationMenus& menus);
@@ -61,15 +50,25 @@ public:
     // Told by the shared actions.
     void show_problem(PrivilegedProblem problem, const Failure& why);
 
-    // For the tracking windows and the configuration editor; each comes back on the main thread.
-    using Heard = std::function<void(bool done, const std::string& sentence)>;
-    void make_log_readable(Heard done);
-    void install_configuration(std::string text, std::function<void(const JobResult& result)> done);
+    // For the windows: `done` comes back on the main thread, and the daemon is looked at again.
+    void run(const AdminRequest& request, AdministrativeJobs::Done done);
+
+Q_SIGNALS:
+    void complained(const QString& sentence);
 
 private:
-    [[nodiscard]] ShowAlert show();
-    void confirm_removal(std::function<void()> remove) const;
-    void use_distribution(const DistributionChrony& chrony);
+    void confirm_removal();
+
+    [[nodiscard]] JobSetting job_setting() override;
+    void show_progress(const std::string& text) override;
+
+    [[nodiscard]] InstalledPaths installed_paths() override;
+    [[nodiscard]] bool uses_distribution_unasked() override;
+    [[nodiscard]] std::string translate(const char* text, const char* comment) override;
+    void show(const Alert& alert, std::function<void(AlertAnswer)> answered) override;
+    void install() override { m_menu.install(); }
+    void use_distribution(const DistributionChrony& chrony) override;
+    void stop_for_version(const std::string& program, const std::string& answer) override;
 
     AdministrationParts m_parts;
     AdministrativeJobs m_jobs;

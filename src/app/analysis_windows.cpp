@@ -5,7 +5,6 @@
 #include "draw/recorded_drawing.h"
 #include "linux/small_file.h"
 #include "qt/picture_file.h"
-#include "qt/spoken.h"
 
 #include <QPointer>
 
@@ -100,9 +99,9 @@ void AnalysisWindows::ask_log_setting(TrackingWindow* window) {
 }
 
 void AnalysisWindows::make_log_readable(TrackingWindow* window) {
-    m_parts.administration->make_log_readable([window = QPointer(window)](bool done, const std::string& sentence) {
+    m_parts.administration->run({AdminJob::log_permission}, [window = QPointer(window)](const JobResult& result) {
         if (window)
-            window->show_log_readable(done, spoken(sentence));
+            window->show_log_readable(result.outcome);
     });
 }
 

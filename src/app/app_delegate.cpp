@@ -3,7 +3,6 @@
 #include "app/about_box.h"
 #include "app/analysis_windows.h"
 #include "app/bring_to_front.h"
-#include "app/clock_setting.h"
 #include "app/config_windows.h"
 #include "app/help_windows.h"
 #include "app/settings_windows.h"
@@ -13,6 +12,7 @@
 #include "gui/main/tickervantage_window.h"
 #include "qt/languages.h"
 #include "roothelper/jobs/distribution_chrony.h"
+#include "roothelper/jobs/old_installation.h"
 
 #include <QAction>
 #include <QApplication>
@@ -32,10 +32,6 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(application)
 };
 
-Result<> outcome_of(const JobResult& result) {
-    return result.done ? Result<>() : tl::unexpected(said_by_others(result.sentence));
-}
-
 constexpr const char* usual_log_folder = "/var/log/chrony/";
 // Any name in which "tracking", one character and "lo" follow each other, such as tracking.log.1.gz.
 constexpr const char* tracking_log_pattern = "*tracking?lo*";
@@ -50,7 +46,7 @@ AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
     m_parts.logger.log(LogLevel::info, "Tickervantage " TICKERVANTAGE_VERSION " starts.");
-    remove_old_installations(m_parts.old_installation, m_parts.actions, m_parts.removal_queue);
+    remove_old_installations(m_parts.machine, native_service_form, m_parts.actions, m_parts.removal_queue);
     m_general = PreferencesGeneral::load(m_parts.cycle.settings, usual_paths());
     m_advanced = PreferencesAdvanced::load(m_parts.cycle.settings);
     m_warnings.load();
@@ -73,7 +69,7 @@ void AppDelegate::applicationWillTerminate() {
 }
 
 ChronyPaths AppDelegate::usual_paths() const {
-    return usual_chrony_paths(m_parts.old_installation.file_exists);
+    return usual_chrony_paths(m_parts.machine.looks_for_files());
 }
 
 // What was typed and not saved yet is newer than what the store holds of it.
@@ -133,26 +129,20 @@ void AppDelegate::make_help() {
 }
 
 void AppDelegate::make_administration() {
-    if (!m_parts.administration)
+    if (m_parts.job_queues == nullptr)
         return;
-    m_administration = std::make_unique<Administration>(
-        AdministrationParts{.machine = *m_parts.administration,
-                            .actions = m_parts.actions,
-                            .main_thread = m_parts.cycle.main_thread,
-                            .execute = m_parts.cycle.execute,
-                            .settings = m_parts.cycle.settings,
-                            .warnings = m_warnings,
-                            .general = m_general,
-                            .advanced = m_advanced,
-                            .paths = m_parts.paths,
-                            .cycle = [this]() -> StatusCycle& { return m_main_window->cycle(); },
-                            .window = [this] { return m_main_window.get(); },
-                            .show_progress = [this](const QString& text) { m_main_window->set_progress(text); },
-                            .say = [this](const QString& sentence) { say(sentence); },
-                            .stop_for_version =
-                                [this](const std::string& program, const std::string& answer) {
-                                    m_main_window->stop_for_version(program, answer);
-                                }});
+    m_administration = std::make_unique<Administration>(AdministrationParts{.queues = *m_parts.job_queues,
+                                                                            .machine = m_parts.machine,
+                                                                            .actions = m_parts.actions,
+                                                                            .main_thread = m_parts.cycle.main_thread,
+                                                                            .execute = m_parts.cycle.execute,
+                                                                            .settings = m_parts.cycle.settings,
+                                                                            .warnings = m_warnings,
+                                                                            .general = m_general,
+                                                                            .advanced = m_advanced,
+                                                                            .paths = m_parts.paths,
+                                                                            .window = *m_main_window});
+    connect(m_administration.get(), &Administration::complained, this, &AppDelegate::say);
 }
 
 void AppDelegate::show_problem(PrivilegedProblem problem, const Failure& why) {
@@ -271,10 +261,11 @@ void AppDelegate::make_configurations() {
 
 // The editor may have gone when the job comes to its end.
 void AppDelegate::install_configuration(ConfigEditor* editor, const QString& text) {
-    m_administration->install_configuration(text.toStdString(), [editor = QPointer(editor)](const JobResult& result) {
-        if (editor)
-            editor->show_installation(outcome_of(result));
-    });
+    m_administration->run({.job = AdminJob::install_config, .configuration = text.toStdString()},
+                          [editor = QPointer(editor)](const JobResult& result) {
+                              if (editor)
+                                  editor->show_installation(result.outcome);
+                          });
 }
 
 void AppDelegate::open_log(const QString& path) {
@@ -355,7 +346,7 @@ void AppDelegate::connect_items() {
     connect_log_items();
     m_help->connect_items(m_menus);
     if (m_administration)
-        connect_administration_items();
+        m_administration->connect_items(m_menus);
 }
 
 void AppDelegate::connect_log_items() {
@@ -370,19 +361,6 @@ void AppDelegate::connect_log_items() {
             //: alert: %1 is a folder
             say(Texts::tr("The folder %1 cannot be shown here.").arg(folder));
     });
-}
-
-void AppDelegate::connect_administration_items() {
-    m_administration->connect_items(m_menus);
-    connect_clock_setting_items({.jobs = m_administration->jobs(),
-                                 .settings = m_parts.cycle.settings,
-                                 .window = [this] { return m_main_window.get(); },
-                                 .changed = [this] { m_main_window->cycle().refresh(); },
-                                 .say =
-                                     [this](const QString& sentence) {
-                                         say(sentence);
-                                     }},
-                                m_menus);
 }
 
 void AppDelegate::say(const QString& sentence) {

@@ -8,7 +8,6 @@
 #include "base/paths.h"
 #include "chrony/status/status_cycle.h"
 #include "gui/editor/config_editor_window.h"
-#include "roothelper/jobs/old_installation.h"
 #include "settings/preferences.h"
 #include "settings/warning_register.h"
 #include "studies/freqtemp/freqtemp_session.h"
@@ -38,8 +37,8 @@ class WindowMenus;
 struct ApplicationParts {
     StatusCycleParts cycle;
     std::shared_ptr<PrivilegedActions> actions;
-    DispatchQueueSerial& removal_queue; // "net.brisklane.removetuxfamily"
-    OldInstallationRemoval old_installation;
+    JobMachine& machine;                 // on its queues
+    DispatchQueueSerial& removal_queue;  // "net.brisklane.removetuxfamily"
     FollowedFiles& files;                // logs
     DispatchQueueSerial& spectrum_queue; // transforms
     DispatchQueueSerial& config_queue;   // "net.brisklane.config": checks, documents
@@ -51,7 +50,7 @@ struct ApplicationParts {
     Logger& logger;
     Paths paths;
     PathProbes& probes;
-    std::optional<AdministrationMachine> administration = {}; // none: jobs that need rights are not offered
+    JobQueues* job_queues = nullptr; // none: jobs that need rights are not offered
 };
 
 // What differs in demonstration mode; empty for the machine's own daemon.
@@ -100,7 +99,6 @@ public:
 private:
     void connect_items();
     void connect_log_items();
-    void connect_administration_items();
     [[nodiscard]] ChronyPaths usual_paths() const;
     [[nodiscard]] StatusCycleOptions cycle_options();
     void make_main_window();

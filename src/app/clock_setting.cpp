@@ -1,39 +1,40 @@
 #include "app/clock_setting.h"
 
+#include "app/privileged_menu.h"
 #include "gui/administration/step_time_window.h"
 #include "gui/administration/synchronize_window.h"
-#include "qt/spoken.h"
+#include "gui/main/tickervantage_window.h"
+
+#include <QPointer>
 
 namespace tickervantage {
 namespace {
 
+// The window may have gone when the job comes to its end.
 void show_synchronize(const ClockSettingParts& parts) {
-    const auto synchronise = [parts](const Synchronisation& what, auto done) {
-        AdminRequest request{AdminJob::synchronise};
-        request.server = what.server;
-        request.timeout_seconds = what.timeout_seconds;
-        request.restart = what.restart_chronyd;
-        parts.jobs.run(request, [parts, done](const JobResult& result) {
-            done(SynchronizeOutcome{.output = result.output, .sentence = result.sentence, .done = result.done});
-            parts.changed();
-        });
-    };
-    auto* window = new Synchronize({.settings = parts.settings, .synchronise = synchronise}, parts.window());
+    auto* window = new Synchronize(parts.settings, &parts.window);
+    QObject::connect(window, &Synchronize::wanted, window,
+                     [parts, window = QPointer(window)](const Synchronisation& what) {
+                         const AdminRequest request{.job = AdminJob::synchronise,
+                                                    .server = what.server,
+                                                    .timeout_seconds = what.timeout_seconds,
+                                                    .restart = what.restart_chronyd};
+                         parts.jobs.run(request, [parts, window](const JobResult& result) {
+                             if (window)
+                                 window->show_result(result);
+                             parts.window.cycle().refresh();
+                         });
+                     });
     window->windowDidLoad();
     window->show();
 }
 
 void show_step_time(const ClockSettingParts& parts) {
-    const auto step_by = [parts](double offset_seconds) {
-        AdminRequest request{AdminJob::step};
-        request.offset_seconds = offset_seconds;
-        parts.jobs.run(request, [parts](const JobResult& result) {
-            if (!result.done && !result.sentence.empty())
-                parts.say(spoken(result.sentence));
-            parts.changed();
-        });
-    };
-    (new StepTime(step_by, parts.window()))->show(); // deletes itself
+    auto* window = new StepTime(&parts.window); // deletes itself
+    QObject::connect(window, &StepTime::wanted, &parts.menu, [&menu = parts.menu](double offset_seconds) {
+        menu.run({.job = AdminJob::step, .offset_seconds = offset_seconds});
+    });
+    window->show();
 }
 
 } // namespace

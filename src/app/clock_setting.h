@@ -4,23 +4,18 @@
 #include "app/application_menus.h"
 #include "roothelper/jobs/administrative_jobs.h"
 
-#include <QString>
-
-#include <functional>
-
-class QWidget;
-
 namespace tickervantage {
 
 class DefaultSettings;
+class PrivilegedMenu;
+class TickervantageWindow;
 
 // All of it outlives the windows.
 struct ClockSettingParts {
     AdministrativeJobs& jobs;
+    PrivilegedMenu& menu;
     DefaultSettings& settings;
-    std::function<QWidget*()> window;
-    std::function<void()> changed; // the clock, or the daemon
-    std::function<void(const QString& sentence)> say;
+    TickervantageWindow& window;
 };
 
 // "synchServer" and "stepTime".

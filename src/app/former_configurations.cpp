@@ -2,11 +2,11 @@
 
 #include "app/alert_sheet.h"
 #include "gui/administration/kept_configurations_window.h"
-#include "linux/user_name.h"
+#include "gui/main/tickervantage_window.h"
+#include "settings/preferences.h"
 
 #include <QCoreApplication>
-
-#include <utility>
+#include <QPointer>
 
 namespace tickervantage {
 namespace {
@@ -28,32 +28,27 @@ Alert question(const std::string& configuration) {
             .buttons = {Texts::tr("Bring Back").toStdString(), Texts::tr("Cancel").toStdString()}};
 }
 
-void bring_back(const FormerConfigurationsParts& parts, const std::string& text,
-                std::function<void(std::string sentence)> done) {
-    AdminRequest request{AdminJob::restore_config};
-    request.configuration = text;
-    parts.jobs.run(request, [parts, done = std::move(done)](const JobResult& result) {
-        if (result.done || !result.sentence.empty()) // rights that were refused were reported already
-            done(result.sentence);
-        parts.changed();
+// The window may have gone when the job comes to its end.
+void bring_back(const FormerConfigurationsParts& parts, const QPointer<KeptConfigurationsWindow>& window,
+                const std::string& text) {
+    parts.jobs.run({.job = AdminJob::restore_config, .configuration = text}, [parts, window](const JobResult& result) {
+        if (window && (result.outcome || is_untold_failure(result.outcome)))
+            window->show_outcome(result.outcome);
+        parts.window.cycle().refresh();
     });
 }
 
 void show_window(const FormerConfigurationsParts& parts) {
-    const auto restore = [parts](QWidget* window, const std::string& text, auto done) {
-        show_question(window, question(parts.configuration()), [parts, text, done](std::size_t button) {
-            if (button == 0)
-                bring_back(parts, text, done);
-        });
-    };
+    const std::string path = parts.general.config;
     auto* window = new KeptConfigurationsWindow(
-        {.queue = parts.queue,
-         .main_thread = parts.main_thread,
-         .probes = {.file_names = parts.probes.file_names, .read_file = parts.probes.read_file},
-         .user_name = user_name,
-         .configuration = parts.configuration,
-         .restore = restore},
-        parts.window());
+        {.queue = parts.queue, .main_thread = parts.main_thread, .machine = parts.machine, .configuration = path},
+        &parts.window);
+    QObject::connect(window, &KeptConfigurationsWindow::wanted, window, [parts, window, path](const std::string& text) {
+        show_question(window, question(path), [parts, window = QPointer(window), text](std::size_t button) {
+            if (button == 0)
+                bring_back(parts, window, text);
+        });
+    });
     window->load();
     window->show(); // deletes itself
 }

@@ -4,22 +4,19 @@
 #include "app/application_menus.h"
 #include "roothelper/jobs/administrative_jobs.h"
 
-#include <functional>
-#include <string>
-
-class QWidget;
-
 namespace tickervantage {
+
+class TickervantageWindow;
+struct PreferencesGeneral;
 
 // All of it outlives the window.
 struct FormerConfigurationsParts {
     AdministrativeJobs& jobs;
     DispatchQueueSerial& queue;
     MainThread& main_thread;
-    JobProbes probes;                           // of which those that read are used, on the queue
-    std::function<std::string()> configuration; // its path
-    std::function<QWidget*()> window;
-    std::function<void()> changed; // the daemon
+    const JobMachine& machine; // on the queue
+    const PreferencesGeneral& general;
+    TickervantageWindow& window;
 };
 
 // "formerConfigurations".

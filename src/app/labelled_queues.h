@@ -2,6 +2,7 @@
 #pragma once
 
 #include "linux/serial_queue.h"
+#include "roothelper/jobs/administrative_jobs.h"
 
 #include <map>
 #include <memory>
@@ -10,9 +11,9 @@
 
 namespace tickervantage {
 
-class LabelledQueues {
+class LabelledQueues : public JobQueues {
 public:
-    [[nodiscard]] DispatchQueueSerial& queue(std::string_view label) {
+    [[nodiscard]] DispatchQueueSerial& queue(std::string_view label) override {
         auto& found = m_queues[std::string(label)];
         if (!found)
             found = std::make_unique<SerialQueue>(std::string(label));

@@ -17,7 +17,6 @@
 #include "linux/private_temporary.h"
 #include "linux/serial_queue.h"
 #include "linux/shared_text_file.h"
-#include "linux/small_file.h"
 #include "linux/xdg_paths.h"
 #include "qt/accessible_widgets.h"
 #include "qt/languages.h"
@@ -27,7 +26,7 @@
 #include "qt/spoken.h"
 #include "roothelper/client/bus_privileged_channel.h"
 #include "roothelper/client/no_privileged_channel.h"
-#include "roothelper/jobs/job_environment.h"
+#include "roothelper/jobs/this_machine.h"
 #include "settings/settings_catalogue.h"
 
 #include "gui/main/tickervantage_window.h"
@@ -38,10 +37,8 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <thread>
 
 namespace tickervantage {
 namespace {
@@ -68,10 +65,16 @@ DaemonChoice demonstration_choice(const Demonstration& demonstration) {
             .tracking_log = demonstration.tracking_log()};
 }
 
+std::string search_path() {
+    const char* path = std::getenv("PATH"); // NOLINT(concurrency-mt-unsafe): nobody changes it
+    return path == nullptr ? "" : path;
+}
+
 class Program {
 public:
     Program(const Paths& paths, const DaemonChoice& daemon)
-        : m_logger(m_log_queue, paths.state), m_store(paths.settings, m_settings_queue, m_logger), m_settings(m_store),
+        : m_machine(m_execute, paths, search_path()), m_logger(m_log_queue, paths.state),
+          m_store(paths.settings, m_settings_queue, m_logger), m_settings(m_store),
           m_channel(make_channel(paths, daemon)), m_actions(make_actions()), m_broadcast(m_main_thread),
           m_delegate(parts(paths, daemon), daemon) {}
 
@@ -90,7 +93,6 @@ private:
     ApplicationParts parts(const Paths& paths, const DaemonChoice& daemon);
     std::unique_ptr<PrivilegedChannel> make_channel(const Paths& paths, const DaemonChoice& daemon);
     std::shared_ptr<PrivilegedActions> make_actions();
-    AdministrationMachine machine(const Paths& paths);
     void show_problems();
     void start_tour(const QString& folder, const DaemonChoice& daemon, const Paths& paths);
     [[nodiscard]] bool write_status(const QString& folder, const DaemonChoice& daemon, const Paths& paths);
@@ -98,6 +100,7 @@ private:
     // What the queues' work comes back to lives longest.
     QtMainThread m_main_thread;
     PosixExecute m_execute;
+    ThisMachine m_machine;
     SerialQueue m_log_queue{"net.brisklane.log"};
     FileLogger m_logger;
     SerialQueue m_settings_queue{"net.brisklane.settings"};
@@ -133,16 +136,6 @@ bool is_demonstration(const DaemonChoice& daemon) {
     return !daemon.standing_notice.isEmpty();
 }
 
-std::optional<std::string> read_text(const std::string& path) {
-    constexpr std::size_t largest = 1U << 20U;
-    SmallFile file = read_small_file(path, largest);
-    return file.outcome == SmallFile::Outcome::read ? std::optional(std::move(file.bytes)) : std::nullopt;
-}
-
-void pause(int seconds) {
-    std::this_thread::sleep_for(std::chrono::seconds(seconds));
-}
-
 // A demonstration leaves the system as it is.
 std::unique_ptr<PrivilegedChannel> Program::make_channel(const Paths& paths, const DaemonChoice& daemon) {
     if (is_demonstration(daemon))
@@ -157,30 +150,12 @@ std::shared_ptr<PrivilegedActions> Program::make_actions() {
     return std::make_shared<PrivilegedActions>(*m_channel, PrivilegedReports{.logger = &m_logger, .problem = tell});
 }
 
-AdministrationMachine Program::machine(const Paths& paths) {
-    const char* search_path = std::getenv("PATH"); // NOLINT(concurrency-mt-unsafe): nobody changes it
-    return {.queue = [this](std::string_view label) -> DispatchQueueSerial& { return m_job_queues.queue(label); },
-            .probes = make_job_probes({.execute = m_execute,
-                                       .paths = paths,
-                                       .search_path = search_path == nullptr ? "" : search_path,
-                                       .read_file = read_text,
-                                       .replace_file = replace_small_file,
-                                       .pause = pause}),
-            .steps = {.pause = pause, .replace_file = replace_small_file, .heard = {}}};
-}
-
 ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) {
     return {.cycle = {m_execute, *m_actions, m_status_queue, m_report_queue, m_main_thread, m_timer, m_broadcast,
                       m_settings},
             .actions = m_actions,
+            .machine = m_machine,
             .removal_queue = m_removal_queue,
-            .old_installation = {.form = native_service_form,
-                                 .file_exists =
-                                     [](const std::string& path) {
-                                         std::error_code ignored; // what cannot be looked at cannot be removed either
-                                         return std::filesystem::exists(path, ignored);
-                                     },
-                                 .pause = pause},
             .files = m_files,
             .spectrum_queue = m_spectrum_queue,
             .config_queue = m_config_queue,
@@ -201,7 +176,7 @@ ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) 
             .logger = m_logger,
             .paths = paths,
             .probes = m_path_probes,
-            .administration = is_demonstration(daemon) ? std::nullopt : std::optional(machine(paths))};
+            .job_queues = is_demonstration(daemon) ? nullptr : &m_job_queues};
 }
 
 void Program::show_problems() {

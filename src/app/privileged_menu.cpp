@@ -1,7 +1,7 @@
 #include "app/privileged_menu.h"
 
 #include "chrony/status/status_cycle.h"
-#include "qt/spoken.h"
+#include "qt/in_words.h"
 
 #include <QCoreApplication>
 #include <QMenu>
@@ -35,74 +35,63 @@ struct Texts {
 } // namespace
 
 QString translated_progress(const std::string& text) {
-    return text.empty() ? QString() : Texts::tr(text.c_str());
-}
-
-PrivilegedMenu::PrivilegedMenu(PrivilegedMenuParts parts) : m_parts(std::move(parts)) {
-    m_parts.jobs.on_progress([show = m_parts.show_progress](const std::string& text) {
-        const QString words = translated_progress(text);
-        //: main window, status line: %1 is a job that needs administrator rights and is under way
-        show(words.isEmpty() ? QString() : Texts::tr("%1…").arg(words));
-    });
+    if (text.empty())
+        return {};
+    //: main window, status line: %1 is a job that needs administrator rights and is under way
+    return Texts::tr("%1…").arg(Texts::tr(text.c_str()));
 }
 
 void PrivilegedMenu::connect_items(const ApplicationMenus& menus) {
     menus.on("installChrony", [this] { install(); });
-    menus.on("runChronywake", [this] {
-        run({AdminJob::run_wake}, [this](const JobResult& result) {
-            //: alert after a run of chronywake: %1 is what it answered
-            m_parts.say(Texts::tr("chronywake answered: %1").arg(QString::fromStdString(result.output)));
-        });
-    });
-    menus.on("uninstallChrony", [this] { uninstall(); });
+    menus.on("runChronywake", [this] { run_chronywake(); });
+    menus.on("uninstallChrony", [this] { Q_EMIT removal_wanted(); });
     for (const auto& [name, job] : {std::pair{"startChrony", AdminJob::start},
                                     {"stopChrony", AdminJob::stop},
                                     {"rotateLogs", AdminJob::rotate_logs}})
-        menus.on(name, [this, job = job] { run_and_tell({job}); });
-    QObject::connect(menus.m_action, &QMenu::aboutToShow, menus.m_action, [this, menus] {
+        menus.on(name, [this, job = job] { run({job}); });
+    connect(menus.m_action, &QMenu::aboutToShow, this, [this, menus] {
         for (const char* name : exclusive_actions)
-            menus.actions.at(name)->setEnabled(!m_parts.jobs.busy());
+            menus.actions.at(name)->setEnabled(!m_jobs.busy());
     });
 }
 
-void PrivilegedMenu::run(const AdminRequest& request, std::function<void(const JobResult& result)> done) {
-    m_parts.jobs.run(request, [this, done = std::move(done)](const JobResult& result) {
-        if (result.done)
-            done(result);
-        else
-            tell(result);
-        m_parts.cycle().refresh();
+void PrivilegedMenu::run(const AdminRequest& request) {
+    m_jobs.run(request, [this](const JobResult& result) {
+        tell(result);
+        m_cycle.refresh();
     });
 }
 
-void PrivilegedMenu::run_and_tell(const AdminRequest& request) {
-    run(request, [](const JobResult&) {});
+void PrivilegedMenu::run_chronywake() {
+    m_jobs.run({AdminJob::run_wake}, [this](const JobResult& result) {
+        tell(result);
+        if (result.outcome)
+            //: alert after a run of chronywake: %1 is what it answered
+            Q_EMIT complained(Texts::tr("chronywake answered: %1").arg(QString::fromStdString(result.output)));
+        m_cycle.refresh();
+    });
 }
 
 void PrivilegedMenu::tell(const JobResult& result) {
-    if (!result.sentence.empty())
-        m_parts.say(spoken(result.sentence));
+    if (is_untold_failure(result.outcome))
+        Q_EMIT complained(in_words(result.outcome.error()));
 }
 
 void PrivilegedMenu::install() {
-    if (m_parts.jobs.busy())
+    if (m_jobs.busy())
         return;
-    m_parts.cycle().begin_installation();
-    m_parts.jobs.run({AdminJob::install}, [this](const JobResult& installed) { start_installed(installed); });
-}
-
-void PrivilegedMenu::uninstall() {
-    m_parts.confirm_removal([this] { run_and_tell({AdminJob::uninstall}); });
+    m_cycle.begin_installation();
+    m_jobs.run({AdminJob::install}, [this](const JobResult& installed) { start_installed(installed); });
 }
 
 void PrivilegedMenu::start_installed(const JobResult& installed) {
     const auto end = [this](const JobResult& result) {
         tell(result);
-        m_parts.cycle().rebuild_runner(); // another program may lie at the configured path now
-        m_parts.cycle().end_installation();
+        m_cycle.rebuild_runner(); // another program may lie at the configured path now
+        m_cycle.end_installation();
     };
-    if (installed.done)
-        m_parts.jobs.run({AdminJob::start}, end);
+    if (installed.outcome)
+        m_jobs.run({AdminJob::start}, end);
     else
         end(installed);
 }

@@ -6,10 +6,10 @@
 #include "app/application_menus.h"
 #include "roothelper/jobs/administrative_jobs.h"
 
+#include <QObject>
 #include <QString>
 
 #include <array>
-#include <functional>
 #include <string>
 
 namespace tickervantage {
@@ -20,33 +20,33 @@ class StatusCycle;
 inline constexpr std::array<const char*, 6> job_actions{"installChrony", "uninstallChrony", "startChrony",
                                                         "stopChrony",    "runChronywake",   "rotateLogs"};
 
-struct PrivilegedMenuParts {
-    AdministrativeJobs& jobs; // lives longer
-    std::function<StatusCycle&()> cycle;
-    std::function<void(const QString& text)> show_progress; // empty text: no longer
-    std::function<void(const QString& sentence)> say;
-    std::function<void(std::function<void()> remove)> confirm_removal; // calls back when the user agrees
-};
+class PrivilegedMenu : public QObject {
+    Q_OBJECT
 
-class PrivilegedMenu {
 public:
-    explicit PrivilegedMenu(PrivilegedMenuParts parts);
+    // Both live longer.
+    PrivilegedMenu(AdministrativeJobs& jobs, StatusCycle& cycle) : m_jobs(jobs), m_cycle(cycle) {}
 
     void connect_items(const ApplicationMenus& menus);
 
     // Installs chrony and starts it, while the status cycle rests.
     void install();
+    void uninstall() { run({AdminJob::uninstall}); }
 
-    // A job of which only the end matters; `done` hears the sentence that says what went wrong, or an empty one.
-    void run(const AdminRequest& request, std::function<void(const JobResult& result)> done);
+    // A job of which only the end matters; what it was about may have changed then.
+    void run(const AdminRequest& request);
+
+Q_SIGNALS:
+    void removal_wanted(); // by the user, who was not asked yet whether it is meant
+    void complained(const QString& sentence);
 
 private:
-    void run_and_tell(const AdminRequest& request);
-    void uninstall();
+    void run_chronywake();
     void start_installed(const JobResult& installed);
     void tell(const JobResult& result);
 
-    PrivilegedMenuParts m_parts;
+    AdministrativeJobs& m_jobs;
+    StatusCycle& m_cycle;
 };
 
 // The progress text of a job in the user's language.

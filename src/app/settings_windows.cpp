@@ -58,10 +58,6 @@ std::shared_ptr<const LaunchAtLogin> launch_at_login(const Paths& paths) {
         Autostart((config_home / "autostart").string(), paths.bundle_program("tickervantage")));
 }
 
-Result<> outcome_of(const JobResult& result) {
-    return result.done ? Result<>() : tl::unexpected(said_by_others(result.sentence));
-}
-
 } // namespace
 
 SettingsWindows::SettingsWindows(SettingsWindowsParts parts) : m_parts(std::move(parts)) {}
@@ -113,12 +109,12 @@ void SettingsWindows::serve_wishes(PreferencesGeneralPane& pane) {
         });
     };
     serve(&Pane::wake_service_wanted, AdminJob::wake_tool,
-          [](Pane& shown, const JobResult& result) { shown.show_wake_service(outcome_of(result)); });
+          [](Pane& shown, const JobResult& result) { shown.show_wake_service(result.outcome); });
     serve(&Pane::wake_test_wanted, AdminJob::run_wake, [](Pane& shown, const JobResult& result) {
-        shown.show_wake_test(outcome_of(result).map([&result] { return result.output; }));
+        shown.show_wake_test(result.outcome.map([&result] { return result.output; }));
     });
     serve(&Pane::adjustment_wanted, AdminJob::adjust_clock, [this](Pane& shown, const JobResult& result) {
-        shown.show_adjustment(outcome_of(result));
+        shown.show_adjustment(result.outcome);
         Q_EMIT daemon_changed();
     });
 }

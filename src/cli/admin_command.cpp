@@ -2,6 +2,7 @@
 
 #include "base/text_lines.h"
 #include "cli/terminal.h"
+#include "roothelper/jobs/sent_steps.h"
 
 #include <nlohmann/json.hpp>
 
@@ -44,20 +45,52 @@ void print(const RecordedSteps::Step& step, std::ostream& out) {
     }
 }
 
-int tell(const JobResult& result, std::ostream& err) {
-    if (!result.sentence.empty())
-        err << "tickerctl: " << result.sentence << '\n';
-    return result.done ? 0 : answer_is_no;
+Json sentence_or_null(const Result<>& outcome) {
+    return outcome ? Json() : Json(english(outcome.error()));
 }
+
+int tell(const Result<>& outcome, std::ostream& err) {
+    if (!outcome)
+        err << "tickerctl: " << english(outcome.error()) << '\n';
+    return outcome ? 0 : answer_is_no;
+}
+
+// Tells of every command what it answered.
+class HeardSteps : public SentSteps {
+public:
+    HeardSteps(PrivilegedActions& actions, JobMachine& machine, OutputForm form, std::ostream& out)
+        : SentSteps(actions, machine), m_form(form), m_out(out) {}
+
+    StepReply execute(const std::string& command) override {
+        StepReply reply = SentSteps::execute(command);
+        hear(command, reply.text);
+        return reply;
+    }
+    [[nodiscard]] Result<> write(const std::string& path, const std::string& text) override {
+        auto written = SentSteps::write(path, text);
+        if (!written)
+            hear("write " + path, english(written.error()));
+        return written;
+    }
+    [[nodiscard]] const Json& replies() const { return m_replies; }
+
+private:
+    void hear(const std::string& command, const std::string& reply) {
+        m_replies.push_back({{"request", "EXECUTE " + command}, {"reply", reply}});
+        if (m_form == OutputForm::text && !reply.empty())
+            m_out << trimmed(reply) << '\n' << std::flush;
+    }
+
+    OutputForm m_form;
+    std::ostream& m_out;
+    Json m_replies = Json::array();
+};
 
 } // namespace
 
 int AdminCommand::dry_run(const AdminRequest& request) const {
-    JobProbes looking = probes;
-    looking.carried_out = false;
     RecordedSteps steps;
-    ChronyJobs jobs(setting, looking, steps);
-    const JobResult result = play(request, jobs);
+    const JobResult result = play(request, setting, machine, steps);
     if (form == OutputForm::json) {
         Json series = Json::array();
         for (const auto& step : steps.steps())
@@ -67,32 +100,25 @@ int AdminCommand::dry_run(const AdminRequest& request) const {
         for (const auto& step : steps.steps())
             print(step, out);
     }
-    return tell(result, err);
+    return tell(result.outcome, err);
 }
 
-int AdminCommand::carry_out(const AdminRequest& request, PrivilegedActions& actions, SentStepsParts parts) const {
-    if (const JobResult rehearsed = rehearse(request, setting, probes); !rehearsed.done)
-        return tell(rehearsed, err); // nobody types a password for that
+int AdminCommand::carry_out(const AdminRequest& request, PrivilegedActions& actions) const {
+    if (const JobResult rehearsed = rehearse(request, setting, machine); !rehearsed.outcome)
+        return tell(rehearsed.outcome, err); // nobody types a password for that
     if (!actions.blessHelper())
         return answer_is_no; // the reason was told when it came up
-    Json replies = Json::array();
-    parts.heard = [&](const std::string& command, const std::string& reply) {
-        replies.push_back({{"request", "EXECUTE " + command}, {"reply", reply}});
-        if (form == OutputForm::text && !reply.empty())
-            out << trimmed(reply) << '\n' << std::flush;
-    };
-    SentSteps steps(actions, parts);
-    ChronyJobs jobs(setting, probes, steps);
-    const JobResult result = play(request, jobs);
+    HeardSteps steps(actions, machine, form, out);
+    const JobResult result = play(request, setting, machine, steps);
     actions.quit(); // a farewell: what the job left stopped is to stay so
     if (form == OutputForm::json)
-        out << document({{"done", result.done},
-                         {"sentence", text_or_null(result.sentence)},
+        out << document({{"done", result.outcome.has_value()},
+                         {"sentence", sentence_or_null(result.outcome)},
                          {"output", text_or_null(result.output)},
-                         {"replies", replies}});
-    if (form == OutputForm::text && result.done && request.job == AdminJob::install)
+                         {"replies", steps.replies()}});
+    if (form == OutputForm::text && result.outcome && request.job == AdminJob::install)
         out << "chrony is installed; it runs once you start it: tickerctl admin start\n";
-    return tell(result, err);
+    return tell(result.outcome, err);
 }
 
 } // namespace tickervantage

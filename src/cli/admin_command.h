@@ -7,7 +7,6 @@
 #include "cli/settings_command.h"
 #include "roothelper/client/privileged_actions.h"
 #include "roothelper/jobs/job_catalogue.h"
-#include "roothelper/jobs/sent_steps.h"
 
 #include <iosfwd>
 
@@ -15,15 +14,15 @@ namespace tickervantage {
 
 struct AdminCommand {
     JobSetting setting;
-    JobProbes probes;
+    JobMachine& machine;
     OutputForm form = OutputForm::text;
     std::ostream& out;
     std::ostream& err;
 
     [[nodiscard]] int dry_run(const AdminRequest& request) const;
 
-    // Asks for the rights first. Blocks until the job has ended. `heard` of the parts is not used.
-    [[nodiscard]] int carry_out(const AdminRequest& request, PrivilegedActions& actions, SentStepsParts parts) const;
+    // Asks for the rights first. Blocks until the job has ended.
+    [[nodiscard]] int carry_out(const AdminRequest& request, PrivilegedActions& actions) const;
 };
 
 } // namespace tickervantage

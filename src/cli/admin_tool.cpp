@@ -2,50 +2,30 @@
 #include "cli/admin_command.h"
 #include "cli/terminal.h"
 #include "cli/tool.h"
-#include "linux/small_file.h"
-#include "linux/user_name.h"
 #include "roothelper/client/terminal_agent.h"
 #include "roothelper/jobs/job_environment.h"
+#include "roothelper/jobs/this_machine.h"
 #include "settings/preferences.h"
 #include "settings/settings_catalogue.h"
 
-#include <chrono>
 #include <cstdlib>
 #include <iostream>
-#include <thread>
 
 namespace tickervantage {
 namespace {
 
-constexpr std::size_t largest_configuration = 1U << 20U;
-
-std::optional<std::string> read_text(const std::string& path) {
-    SmallFile file = read_small_file(path, largest_configuration);
-    return file.outcome == SmallFile::Outcome::read ? std::optional(std::move(file.bytes)) : std::nullopt;
-}
-
-void pause(int seconds) {
-    std::this_thread::sleep_for(std::chrono::seconds(seconds));
-}
-
-JobMachine this_machine(PosixExecute& execute, const Paths& paths, ServiceForm form) {
+ThisMachine machine_of(DaemonAccess& daemon, const Paths& paths, ServiceForm form) {
     const char* search_path = std::getenv("PATH"); // NOLINT(concurrency-mt-unsafe): nobody changes it
-    return {.execute = execute,
-            .paths = paths,
-            .search_path = search_path == nullptr ? "" : search_path,
-            .read_file = read_text,
-            .replace_file = replace_small_file,
-            .pause = pause,
-            .form = form};
+    return {daemon.execute(), paths, search_path == nullptr ? "" : search_path, form};
 }
 
 } // namespace
 
 KeptCommand Tool::kept_command() {
+    const ThisMachine machine = machine_of(m_daemon, m_paths, native_service_form);
     const std::string path = general().config;
-    return {.kept = kept_configurations({.file_names = file_names_in, .read_file = read_text}, path),
-            .installed = read_text(path).value_or(""),
-            .user_name = user_name,
+    return {.kept = kept_configurations(machine, path),
+            .installed = machine.read_file(path).value_or(""),
             .form = m_arguments.json ? OutputForm::json : OutputForm::text,
             .out = std::cout};
 }
@@ -84,7 +64,7 @@ int Tool::admin_request(AdminRequest& request) {
         return find_kept_text(request.configuration);
     if (asked.job != AdminJob::install_config)
         return 0;
-    auto text = read_text(asked.file);
+    auto text = machine_of(m_daemon, m_paths, asked.form).read_file(asked.file);
     if (!text)
         return fail("The file " + asked.file + " cannot be read.");
     request.configuration = std::move(*text);
@@ -99,10 +79,10 @@ int Tool::admin() {
     if (const int result = admin_request(request); result != 0)
         return result;
     const ServiceForm form = m_arguments.admin.form;
-    const JobMachine machine = this_machine(m_daemon.execute(), m_paths, form);
+    ThisMachine machine = machine_of(m_daemon, m_paths, form);
     const AdminCommand command{.setting =
                                    make_job_setting(general(), PreferencesAdvanced::load(m_settings), m_paths, form),
-                               .probes = make_job_probes(machine),
+                               .machine = machine,
                                .form = m_arguments.json ? OutputForm::json : OutputForm::text,
                                .out = std::cout,
                                .err = std::cerr};
@@ -113,8 +93,7 @@ int Tool::admin() {
     if (m_arguments.demo)
         return fail("A demonstration leaves the system as it is; there is --dry-run.");
     const TerminalAgent agent;
-    return command.carry_out(request, m_daemon.actions(),
-                             {.pause = pause, .replace_file = replace_small_file, .heard = {}});
+    return command.carry_out(request, m_daemon.actions());
 }
 
 } // namespace tickervantage

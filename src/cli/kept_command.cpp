@@ -20,9 +20,8 @@ std::string document(const Json& json) {
 
 void KeptCommand::list() const {
     Json array = Json::array();
-    for (const auto& [entry, text, is_installed] : kept) {
+    for (const auto& [entry, text, user, is_installed] : kept) {
         const auto date = local_date_text(entry.seconds);
-        const auto user = user_name(entry.user);
         array.push_back({{"number", entry.number},
                          {"date", date},
                          {"user", user},

@@ -4,7 +4,6 @@
 #include "cli/settings_command.h"
 #include "roothelper/jobs/kept_configurations.h"
 
-#include <functional>
 #include <iosfwd>
 
 namespace tickervantage {
@@ -12,7 +11,6 @@ namespace tickervantage {
 struct KeptCommand {
     std::vector<KeptConfiguration> kept; // the newest first
     std::string installed;               // the text that is in its place
-    std::function<std::string(std::uint32_t user)> user_name;
     OutputForm form = OutputForm::text;
     std::ostream& out;
 

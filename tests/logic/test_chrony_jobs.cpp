@@ -1,5 +1,8 @@
+#include "base/failure_codes.h"
 #include "roothelper/jobs/chrony_jobs.h"
 #include "roothelper/jobs/job_catalogue.h"
+#include "roothelper/jobs/started_daemon.h"
+#include "support/fake_job_machine.h"
 #include "support/kept_text.h"
 #include "support/scripted_execute.h"
 
@@ -9,6 +12,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -43,22 +47,28 @@ class AnsweringSteps : public RecordedSteps {
 public:
     std::function<std::string(const std::string& command)> answer;
     std::map<std::string, std::string> failing; // words of a command, and what it fails with
-    int fail_writes = 0;
+    std::optional<Failure> why;                 // in place of the words
+    bool disk_is_full = false;
+    bool carried_out = false;
 
     StepReply execute(const std::string& command) override {
         (void)RecordedSteps::execute(command);
         for (const auto& [words, reply] : failing)
             if (command.find(words) != std::string::npos)
-                return {reply, false};
+                return {reply, tl::unexpected(why.value_or(said_by_others(reply)))};
         return {answer ? answer(command) : std::string()};
     }
-    int write(const std::string& path, const std::string& text) override {
-        return fail_writes != 0 ? -1 : RecordedSteps::write(path, text);
+    Result<> write(const std::string& path, const std::string& text) override {
+        if (disk_is_full)
+            return failed(FailureCode::cannot_write, {path}, ENOSPC);
+        return RecordedSteps::write(path, text);
     }
+    [[nodiscard]] bool carries_out() const override { return carried_out; }
 };
 
 struct ChronyJobsTest : ::testing::Test {
-    std::map<std::string, std::string> files{{"/B.app/Contents/Resources/chrony.conf", "logdir /var/log/chrony\n"}};
+    testing::FakeJobMachine machine;
+    std::map<std::string, std::string>& files = machine.files;
     JobSetting setting{.config = "/etc/chrony.d/chrony.conf",
                        .chronyc = "/usr/local/bin/chronyc",
                        .chronyd = "/usr/local/sbin/chronyd",
@@ -68,37 +78,27 @@ struct ChronyJobsTest : ::testing::Test {
                        .temporary = "T/",
                        .form = ServiceForm::launchd};
     AnsweringSteps steps;
-    bool carried_out = false;
-    std::optional<StartedDaemon> started;
     std::vector<bool> survivals; // what the daemon does, start by start; then it stays up
 
-    JobResult run(const AdminRequest& request) {
-        ChronyJobs jobs(setting,
-                        {.file_exists = [this](const std::string& path) { return files.contains(path); },
-                         .read_file =
-                             [this](const std::string& path) {
-                                 const auto found = files.find(path);
-                                 return found == files.end() ? std::nullopt : std::optional(found->second);
-                             },
-                         .check_syntax =
-                             [](const std::string& text) {
-                                 auto error = parse_check_answer(
-                                     text.starts_with("bad") ? "1 Fatal error : Invalid at line 1 in file x" : "");
-                                 error.m_doubt = text.starts_with("doubtful") ? "No chronyd may read it." : "";
-                                 return error;
-                             },
-                         .find_chronywake = [] { return "/opt/chronywake"; },
-                         .daemon_survives =
-                             [this](const std::string&) {
-                                 const bool up = survivals.empty() || survivals.front();
-                                 if (!survivals.empty())
-                                     survivals.erase(survivals.begin());
-                                 return up;
-                             },
-                         .started_daemon = [this](const std::string&) { return started; },
-                         .carried_out = carried_out},
-                        steps);
-        return play(request, jobs);
+    void SetUp() override {
+        files["/B.app/Contents/Resources/chrony.conf"] = "logdir /var/log/chrony\n";
+        machine.checked = [](const std::string& text) {
+            auto error =
+                parse_check_answer(text.starts_with("bad") ? "1 Fatal error : Invalid at line 1 in file x" : "");
+            error.m_doubt = text.starts_with("doubtful") ? "No chronyd may read it." : "";
+            return error;
+        };
+        machine.survives = [this] {
+            const bool up = survivals.empty() || survivals.front();
+            if (!survivals.empty())
+                survivals.erase(survivals.begin());
+            return up;
+        };
+    }
+    // What the job did not do; empty: nothing.
+    std::string run(const AdminRequest& request) {
+        const JobResult result = play(request, setting, machine, steps);
+        return result.outcome ? "" : english(result.outcome.error());
     }
     Lines series(const AdminRequest& request) {
         (void)run(request);
@@ -182,27 +182,24 @@ TEST_F(ChronyJobsTest, OnlyAServiceThatIsThereIsDisabled) {
 
 TEST_F(ChronyJobsTest, ConfigurationWithoutLogsInstallsNoRotation) {
     files["/B.app/Contents/Resources/chrony.conf"] = "local\n";
-    EXPECT_TRUE(run({AdminJob::install}).done);
+    EXPECT_EQ(run({AdminJob::install}), "");
     EXPECT_EQ(written("T/chronylogrotate.plist"), "not written");
 }
 
 TEST_F(ChronyJobsTest, WhatMayNotBeInstalledStopsNothing) {
-    const JobResult bad = [this] {
-        files["/B.app/Contents/Resources/chrony.conf"] = "bad\n";
-        return run({AdminJob::install});
-    }();
-    EXPECT_EQ(bad.sentence, "chronyd refuses this configuration: Fatal error : Invalid at line 1.");
+    files["/B.app/Contents/Resources/chrony.conf"] = "bad\n";
+    EXPECT_EQ(run({AdminJob::install}), "chronyd refuses this configuration: Fatal error : Invalid at line 1.");
     files.erase("/B.app/Contents/Resources/chrony.conf");
-    EXPECT_EQ(run({AdminJob::install}).sentence,
+    EXPECT_EQ(run({AdminJob::install}),
               "There is no configuration to be installed: /B.app/Contents/Resources/chrony.conf cannot be read.");
     EXPECT_TRUE(steps.steps().empty());
 
     files["/B.app/Contents/Resources/chrony.conf"] = "local\n";
     steps.failing = {{"checkitem", "The configuration was not installed: line 1 (user foo) needs an authorisation."}};
     const AdminRequest request{.job = AdminJob::install_config, .configuration = "user foo\nlogdir /logs\n"};
-    EXPECT_EQ(run(request).sentence, steps.failing["checkitem"]) << "the words are not doubled";
-    EXPECT_FALSE(run({AdminJob::install}).done);
-    EXPECT_FALSE(run({.job = AdminJob::synchronise, .server = "bad\"name", .restart = false}).done);
+    EXPECT_EQ(run(request), steps.failing["checkitem"]) << "the words are not doubled";
+    EXPECT_NE(run({AdminJob::install}), "");
+    EXPECT_NE(run({.job = AdminJob::synchronise, .server = "bad\"name", .restart = false}), "");
     for (const auto& line : series())
         for (const char* verb : {"stopchrony", "adduser", "createdirectory", "installitem", " -q "})
             EXPECT_EQ(line.find(verb), std::string::npos) << line;
@@ -210,9 +207,7 @@ TEST_F(ChronyJobsTest, WhatMayNotBeInstalledStopsNothing) {
 
 TEST_F(ChronyJobsTest, InstallationThatFailsMidwayStartsAgainWhatItStopped) {
     steps.failing = {{"installitem", "Cannot write: No space left on device."}};
-    const JobResult result = run({AdminJob::install});
-    EXPECT_FALSE(result.done);
-    EXPECT_EQ(result.sentence, "chrony was not installed: Cannot write: No space left on device.");
+    EXPECT_EQ(run({AdminJob::install}), "chrony was not installed: Cannot write: No space left on device.");
     EXPECT_EQ(series().back(), "TOOL resumechrony");
     for (const auto& line : series())
         EXPECT_EQ(line.find("TOOL createdirectory /var"), std::string::npos)
@@ -221,7 +216,7 @@ TEST_F(ChronyJobsTest, InstallationThatFailsMidwayStartsAgainWhatItStopped) {
 
 TEST_F(ChronyJobsTest, ConfigurationThatCannotBePlacedIsNotPreparedAndTheDaemonRunsAgain) {
     steps.failing = {{"installitem", "Cannot write: No space left on device."}};
-    EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = "user ntp\nlogdir /logs\n"}).sentence,
+    EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = "user ntp\nlogdir /logs\n"}),
               "The configuration was not installed: Cannot write: No space left on device.");
     for (const auto& line : series())
         EXPECT_TRUE(line.find("adduser") == std::string::npos && line.find("createdirectory") == std::string::npos);
@@ -261,12 +256,22 @@ TEST_F(ChronyJobsTest, JobWhoseCommandFailsIsNotDoneAndSaysWhy) {
     for (const auto& [request, command, reply, sentence] : cases) {
         steps = {};
         steps.failing = {{command, reply}};
-        const JobResult result = run(request);
-        EXPECT_FALSE(result.done) << command;
-        EXPECT_EQ(result.sentence, sentence);
+        EXPECT_EQ(run(request), sentence) << command;
     }
     files.clear();
-    EXPECT_FALSE(run({AdminJob::restart_gpsd}).done) << "there is none";
+    EXPECT_NE(run({AdminJob::restart_gpsd}), "") << "there is none";
+}
+
+TEST_F(ChronyJobsTest, WhyACommandFailedStaysARecordAndIsNotSaidTwice) {
+    steps.failing = {{"checkitem", "words"}, {"stopchrony", "words"}};
+    const Failure full = failed(FailureCode::cannot_write, {"/x"}, ENOSPC).value();
+    const Failure refused = failed(FailureCode::configuration_not_installed, {}, full).value();
+    const AdminRequest request{.job = AdminJob::install_config, .configuration = "local\n"};
+    steps.why = full;
+    EXPECT_EQ(play(request, setting, machine, steps).outcome.error(), refused);
+    EXPECT_EQ(run({AdminJob::stop}), "chronyd was not stopped: Cannot write /x: No space left on device.");
+    steps.why = refused;
+    EXPECT_EQ(play(request, setting, machine, steps).outcome.error(), refused);
 }
 
 TEST_F(ChronyJobsTest, NewConfigurationIsPreparedAndTheFormerOneComesBackWhenTheDaemonDies) {
@@ -288,11 +293,11 @@ TEST_F(ChronyJobsTest, NewConfigurationIsPreparedAndTheFormerOneComesBackWhenThe
     EXPECT_EQ(series(request), placed);
 
     // Carried out, by a helper that does install what it is asked to.
-    carried_out = true;
     files[setting.config] = "local stratum 10\n";
     files["/Library/LaunchDaemons/org.chrony-project.chronyd.plist"] = "";
     survivals = {false};
     steps = {};
+    steps.carried_out = true;
     steps.answer = [&](const std::string& command) {
         if (command.find("installitem") != std::string::npos)
             files[setting.config] = request.configuration;
@@ -300,9 +305,7 @@ TEST_F(ChronyJobsTest, NewConfigurationIsPreparedAndTheFormerOneComesBackWhenThe
                    ? "x chronyd[9]: start\nx chronyd[9]: Fatal error : Could not open /dev/pps9\nx systemd[1]: Failed\n"
                    : "";
     };
-    const JobResult result = run(request);
-    EXPECT_FALSE(result.done);
-    EXPECT_EQ(result.sentence,
+    EXPECT_EQ(run(request),
               "chronyd ended soon after it was started with this configuration: Could not open /dev/pps9. "
               "The former configuration is back, and chronyd runs with it again.");
     Lines expected = placed;
@@ -313,16 +316,16 @@ TEST_F(ChronyJobsTest, NewConfigurationIsPreparedAndTheFormerOneComesBackWhenThe
 
     survivals = {false};
     steps.failing = {{"restoreformer", "There is none."}};
-    EXPECT_EQ(run(request).sentence,
+    EXPECT_EQ(run(request),
               "chronyd ended soon after it was started with this configuration: Could not open /dev/pps9. "
               "The former configuration did not come back: There is none.");
 }
 
 TEST_F(ChronyJobsTest, FileThatIsNotThereAfterwardsWasNotInstalledWhateverTheReplies) {
-    carried_out = true;
-    EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = "local\n"}).sentence,
+    steps.carried_out = true;
+    EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = "local\n"}),
               "The configuration was not installed.");
-    EXPECT_EQ(run({AdminJob::install}).sentence, "/etc/chrony.d/chrony.conf was not installed.");
+    EXPECT_EQ(run({AdminJob::install}), "/etc/chrony.d/chrony.conf was not installed.");
 }
 
 TEST(Complaint, IsTheDaemonsOwnWords) {
@@ -336,14 +339,14 @@ TEST_F(ChronyJobsTest, NothingIsTouchedWhenTheConfigurationIsBadOrTheFileCannotB
     for (const auto& [text, sentence] :
          {std::pair{"bad", "chronyd refuses this configuration: Fatal error : Invalid at line 1."},
           {"doubtful", "This configuration could not be checked and is not installed: No chronyd may read it."}}) {
-        const JobResult result = run({.job = AdminJob::install_config, .configuration = text});
-        EXPECT_FALSE(result.done);
-        EXPECT_EQ(result.sentence, sentence);
+        EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = text}), sentence);
         files["/B.app/Contents/Resources/chrony.conf"] = text;
-        EXPECT_EQ(run({AdminJob::install}).sentence, sentence);
+        EXPECT_EQ(run({AdminJob::install}), sentence);
     }
-    steps.fail_writes = 1;
-    EXPECT_FALSE(run({.job = AdminJob::install_config, .configuration = "good"}).done);
+    steps.disk_is_full = true;
+    EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = "good"}),
+              "The files to be installed cannot be written to T/. "
+              "Cannot write T/to_be_installed_chrony.conf: No space left on device.");
     EXPECT_TRUE(steps.steps().empty());
 }
 
@@ -352,20 +355,20 @@ TEST_F(ChronyJobsTest, DistributionsChronyIsStartedByItsUnitAndNeverReplaced) {
     setting.chronyd = "/usr/sbin/chronyd";
     for (const char* path : {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd"})
         files[path] = "";
-    EXPECT_FALSE(find_distribution_chrony([&](const auto& path) { return files.contains(path); }));
+    EXPECT_FALSE(find_distribution_chrony(machine.looks_for_files()));
     files["/lib/systemd/system/chrony.service"] = "";
     EXPECT_EQ(
-        find_distribution_chrony([&](const auto& path) { return files.contains(path); }),
+        find_distribution_chrony(machine.looks_for_files()),
         (DistributionChrony{"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "chrony.service"}));
     EXPECT_EQ(series({AdminJob::start}), Lines{"/bin/systemctl start chrony.service"});
-    EXPECT_FALSE(run({AdminJob::install}).done);
-    EXPECT_FALSE(run({AdminJob::uninstall}).done);
+    EXPECT_NE(run({AdminJob::install}), "");
+    EXPECT_NE(run({AdminJob::uninstall}), "");
     EXPECT_EQ(steps.steps().size(), 1U);
 }
 
 TEST_F(ChronyJobsTest, UsualPathsAreTheDistributionsWhereNoneIsOfOurs) {
     const auto usual = [this] {
-        return usual_chrony_paths([this](const auto& path) { return files.contains(path); });
+        return usual_chrony_paths(machine.looks_for_files());
     };
     EXPECT_EQ(usual(), documented_paths());
     for (const char* path : {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd",
@@ -384,19 +387,19 @@ TEST_F(ChronyJobsTest, UsualPathsAreTheDistributionsWhereNoneIsOfOurs) {
 }
 
 TEST_F(ChronyJobsTest, ConfigurationThatNobodyReadsIsNotInstalled) {
-    carried_out = true;
-    started = StartedDaemon{"chrony.service", "/etc/chrony/chrony.conf"};
-    const auto result = run({.job = AdminJob::install_config, .configuration = "good"});
-    EXPECT_FALSE(result.done);
-    EXPECT_EQ(result.sentence, "Nothing was changed: chrony.service reads /etc/chrony/chrony.conf, while the "
-                               "preferences name /etc/chrony.d/chrony.conf as the configuration.");
+    steps.carried_out = true;
+    machine.started = StartedDaemon{"chrony.service", "/etc/chrony/chrony.conf"};
+    EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = "good"}),
+              "Nothing was changed: chrony.service reads /etc/chrony/chrony.conf, while the "
+              "preferences name /etc/chrony.d/chrony.conf as the configuration.");
     EXPECT_TRUE(steps.steps().empty());
     for (const auto& daemon :
          {std::optional<StartedDaemon>{}, std::optional(StartedDaemon{"own.service", "/etc/chrony.d//chrony.conf"})}) {
-        started = daemon;
+        machine.started = daemon;
         (void)run({.job = AdminJob::install_config, .configuration = "good"});
         EXPECT_FALSE(steps.steps().empty());
         steps = {};
+        steps.carried_out = true;
     }
 }
 
@@ -423,11 +426,7 @@ TEST_F(ChronyJobsTest, StartedDaemonIsToldByItsProcessOrItsUnit) {
         std::ofstream(proc / "7" / "cmdline") << words;
         testing::ScriptedExecute execute;
         execute.answer("systemctl chrony.service", shown);
-        const StartedDaemonLook look{execute, [this](const std::string& path) { return files.contains(path); },
-                                     [this](const std::string& path) {
-                                         return files.contains(path) ? std::optional(files.at(path)) : std::nullopt;
-                                     },
-                                     proc.string()};
+        const StartedDaemonLook look{execute, machine, proc.string()};
         const auto daemon = look.started_daemon(""); // there is none of ours
         EXPECT_EQ(daemon ? daemon->config : "", config) << shown << process;
         EXPECT_EQ(daemon ? daemon->unit : "", *config == '\0' ? "" : "chrony.service");

@@ -1,5 +1,6 @@
 #include "base/text_difference.h"
 #include "roothelper/jobs/kept_configurations.h"
+#include "support/fake_job_machine.h"
 
 #include <gtest/gtest.h>
 
@@ -30,27 +31,15 @@ TEST(ConfigurationHistory, EachPathHasAFolderOfItsOwn) {
 }
 
 TEST(ConfigurationHistory, NewestComesFirstAndTheOneInUseIsMarkedOnce) {
-    std::map<std::string, std::string> files{{"/etc/c.conf", "b\n"},
-                                             {"/H/etc-c.conf/9-100-0-found.conf", "a\n"},
-                                             {"/H/etc-c.conf/10-200-5-installed.conf", "b\n"},
-                                             {"/H/etc-c.conf/11-300-5-installed.conf", "c\n"},
-                                             {"/H/etc-c.conf/12-400-5-rolledback.conf", "b\n"}};
-    const HistoryProbes probes{
-        .file_names =
-            [&](const std::string& folder) {
-                std::vector<std::string> names{"strange", "8-1-1-installed.conf"}; // the second cannot be read
-                for (const auto& [path, text] : files)
-                    if (path.starts_with(folder + '/'))
-                        names.push_back(path.substr(folder.size() + 1));
-                return names;
-            },
-        .read_file =
-            [&](const std::string& path) {
-                const auto found = files.find(path);
-                return found == files.end() ? std::nullopt : std::optional(found->second);
-            },
-        .folder = "/H"};
-    const auto kept = kept_configurations(probes, "/etc/c.conf");
+    testing::FakeJobMachine machine;
+    machine.files = {{"/etc/c.conf", "b\n"},
+                     {"/H/etc-c.conf/9-100-0-found.conf", "a\n"},
+                     {"/H/etc-c.conf/10-200-5-installed.conf", "b\n"},
+                     {"/H/etc-c.conf/11-300-5-installed.conf", "c\n"},
+                     {"/H/etc-c.conf/12-400-5-rolledback.conf", "b\n"},
+                     {"/H/etc-c.conf/strange", "d\n"}};
+    machine.unreadable = {"8-1-1-installed.conf"};
+    const auto kept = kept_configurations(machine, "/etc/c.conf", "/H");
     Numbers numbers;
     Numbers in_use;
     for (const auto& one : kept) {
@@ -62,6 +51,7 @@ TEST(ConfigurationHistory, NewestComesFirstAndTheOneInUseIsMarkedOnce) {
     EXPECT_EQ(in_use, Numbers{12});
     ASSERT_NE(find_kept(kept, 9), nullptr);
     EXPECT_EQ(find_kept(kept, 9)->text, "a\n");
+    EXPECT_EQ(find_kept(kept, 9)->user, "root");
     EXPECT_EQ(find_kept(kept, 8), nullptr);
 }
 

@@ -1,34 +1,35 @@
 #include "roothelper/jobs/installation_offers.h"
 #include "settings/warning_register.h"
+#include "support/fake_job_machine.h"
 #include "support/manual_dispatch.h"
 #include "support/memory_stores.h"
 #include "support/scripted_execute.h"
 
 #include <gtest/gtest.h>
 
-#include <set>
-
 namespace tickervantage {
 namespace {
 
-struct InstallationOffersTest : ::testing::Test {
+struct InstallationOffersTest : ::testing::Test, OffersOwner {
     testing::ScriptedExecute execute;
     testing::ManualQueue queue;
     testing::ManualMainThread main_thread;
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
     WarningRegister warnings{settings};
-    std::set<std::string> files{"/c/chronyd", "/etc/systemd/system/org.chrony-project.chronyd.service", "/c/chronyc",
-                                "/c/chrony.conf"};
+    testing::FakeJobMachine machine;
     std::vector<std::string> events; // alerts shown and what followed
     std::vector<std::size_t> answers;
     bool suppress = false;
     bool unasked = false;
-    bool same_programs = true;
     InstalledPaths paths{"/c/chrony.conf", "/c/chronyc", "/c/chronyd"};
     Alert last;
 
-    void SetUp() override { answer_versions("1", "1"); }
+    void SetUp() override {
+        machine.put(
+            {"/c/chronyd", "/etc/systemd/system/org.chrony-project.chronyd.service", "/c/chronyc", "/c/chrony.conf"});
+        answer_versions("1", "1");
+    }
     // Both programs have the same name: the installed one is asked first.
     void answer_versions(const std::string& installed, const std::string& embedded) {
         execute.answers.clear();
@@ -52,37 +53,33 @@ struct InstallationOffersTest : ::testing::Test {
     std::vector<std::string> run(std::vector<std::size_t> buttons = {}) {
         answers = std::move(buttons);
         events.clear();
-        InstallationOffers offers(
-            {.warnings = warnings,
-             .execute = programs,
-             .queue = queue,
-             .main_thread = main_thread,
-             .bundle = "/B.app",
-             .file_exists = [this](const std::string& path) { return files.contains(path); },
-             .paths = [this] { return paths; },
-             .uses_distribution_unasked = [this] { return unasked; },
-             .show =
-                 [this](const Alert& alert, const std::function<void(AlertAnswer)>& answered) {
-                     events.push_back(alert.identifier);
-                     last = alert;
-                     const std::size_t button = answers.empty() ? 1 : answers.front();
-                     if (!answers.empty())
-                         answers.erase(answers.begin());
-                     answered({.button = button, .suppress = suppress});
-                 },
-             .translate = [](const char* text, const char*) { return std::string(text); },
-             .install = [this] { events.emplace_back("install"); },
-             .use_distribution = [this](const DistributionChrony& chrony) { events.push_back(chrony.unit); },
-             .stop_for_version = [this](const std::string&, const std::string&) { events.emplace_back("stop"); },
-             .same_files =
-                 [this](const std::string&, const std::string&) {
-                     return same_programs;
-                 }});
+        InstallationOffers offers({.warnings = warnings,
+                                   .execute = programs,
+                                   .machine = machine,
+                                   .queue = queue,
+                                   .main_thread = main_thread,
+                                   .bundle = "/B.app",
+                                   .owner = *this});
         offers.start();
         queue.turn();
         main_thread.turn();
         return events;
     }
+
+    InstalledPaths installed_paths() override { return paths; }
+    bool uses_distribution_unasked() override { return unasked; }
+    std::string translate(const char* text, const char*) override { return text; }
+    void show(const Alert& alert, std::function<void(AlertAnswer)> answered) override {
+        events.push_back(alert.identifier);
+        last = alert;
+        const std::size_t button = answers.empty() ? 1 : answers.front();
+        if (!answers.empty())
+            answers.erase(answers.begin());
+        answered({.button = button, .suppress = suppress});
+    }
+    void install() override { events.emplace_back("install"); }
+    void use_distribution(const DistributionChrony& chrony) override { events.push_back(chrony.unit); }
+    void stop_for_version(const std::string&, const std::string&) override { events.emplace_back("stop"); }
 };
 
 using Events = std::vector<std::string>;
@@ -92,10 +89,10 @@ TEST_F(InstallationOffersTest, CompleteInstallationOfTheSameVersionGetsNoOffer) 
 }
 
 TEST_F(InstallationOffersTest, AnyMissingFileLeadsToTheFirstRunOffer) {
-    const auto all = files;
-    for (const auto& missing : all) {
-        files = all;
-        files.erase(missing);
+    const auto all = machine.files;
+    for (const auto& [missing, text] : all) {
+        machine.files = all;
+        machine.files.erase(missing);
         EXPECT_EQ(run({0}), (Events{"FirstRunAlert", "install"})) << missing;
     }
     EXPECT_EQ(last.informative, "The chronyd ntp daemon is not configured/installed."
@@ -111,7 +108,7 @@ TEST_F(InstallationOffersTest, OtherVersionIsOfferedAlsoAfterADeclinedFirstRun) 
     EXPECT_EQ(last.informative, "Installed: /c/chronyd chronyd (chrony) version 4.2\n\n"
                                 " Embedded: /Contents/MacOS/chronyd chronyd (chrony) version 4.3\n\n"
                                 "Do you wish to re-install chronyd");
-    files.erase("/c/chrony.conf");
+    machine.files.erase("/c/chrony.conf");
     EXPECT_EQ(run({1, 0}), (Events{"FirstRunAlert", "VersionCompareAlert", "install"}));
     second = "no version\n";
     EXPECT_EQ(run({1}), (Events{"FirstRunAlert", "stop"}));
@@ -120,7 +117,9 @@ TEST_F(InstallationOffersTest, OtherVersionIsOfferedAlsoAfterADeclinedFirstRun) 
 }
 
 TEST_F(InstallationOffersTest, DistributionsChronyThatIsUsedUnaskedIsToldOnceAndOffersNothing) {
-    files = {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"};
+    machine.files.clear();
+    machine.put(
+        {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"});
     unasked = true;
     EXPECT_EQ(run({0}), Events{"SystemChronyAlert"});
     EXPECT_EQ(last.buttons, std::vector<std::string>{"Dismiss"});
@@ -129,7 +128,9 @@ TEST_F(InstallationOffersTest, DistributionsChronyThatIsUsedUnaskedIsToldOnceAnd
 }
 
 TEST_F(InstallationOffersTest, DistributionsChronyIsOfferedOnce) {
-    files = {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"};
+    machine.files.clear();
+    machine.put(
+        {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"});
     EXPECT_EQ(run({1, 1}), (Events{"SystemChronyAlert", "FirstRunAlert"}));
     EXPECT_NE(last.informative.find("give up what its packages provide"), std::string::npos);
     EXPECT_EQ(run({1}), Events{"FirstRunAlert"});
@@ -138,9 +139,12 @@ TEST_F(InstallationOffersTest, DistributionsChronyIsOfferedOnce) {
 }
 
 TEST_F(InstallationOffersTest, OnlyOurOwnProgramsAreCompared) {
-    same_programs = false; // a security update need not change the version
+    machine.files["/c/chronyd"] = "mended"; // a security update need not change the version
+    machine.files["/B.app//Contents/MacOS/chronyd"] = "as it was";
     EXPECT_EQ(run({0}), (Events{"VersionCompareAlert", "install"}));
-    files = {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"};
+    machine.files.clear();
+    machine.put(
+        {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"});
     paths = {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd"};
     answer_versions("4.2", "4.3");
     EXPECT_EQ(run({0}), Events{});

@@ -6,6 +6,7 @@
 #include "roothelper/jobs/old_installation.h"
 #include "settings/suppressible_alert.h"
 #include "settings/warning_register.h"
+#include "support/fake_job_machine.h"
 #include "support/fake_privileged_channel.h"
 #include "support/manual_dispatch.h"
 #include "support/memory_stores.h"
@@ -84,29 +85,25 @@ struct OldInstallationTest : ::testing::Test {
     testing::FakePrivilegedChannel channel;
     std::shared_ptr<PrivilegedActions> actions = std::make_shared<PrivilegedActions>(channel);
     testing::ManualQueue queue;
-    std::set<std::string> files;
-    std::vector<std::string> events;
+    testing::FakeJobMachine machine;
 
-    OldInstallationRemoval how(ServiceForm form) {
-        return {.form = form,
-                .file_exists = [this](const std::string& path) { return files.contains(path); },
-                .pause =
-                    [this](int seconds) {
-                        channel.commands.push_back("pause " + std::to_string(seconds));
-                    }};
+    void SetUp() override {
+        machine.paused = [this](int seconds) {
+            channel.commands.push_back("pause " + std::to_string(seconds));
+        };
     }
 };
 
 TEST_F(OldInstallationTest, NothingRunsWhereNothingIsInstalled) {
-    remove_old_installations(how(ServiceForm::systemd), actions, queue);
+    remove_old_installations(machine, ServiceForm::systemd, actions, queue);
     EXPECT_EQ(queue.waiting(), 0U);
 }
 
 TEST_F(OldInstallationTest, ServiceIsStoppedThenItsDefinitionRemoved) {
-    files = {"/Library/LaunchDaemons/org.tuxfamily.chronyd.plist"};
-    remove_old_installations(how(ServiceForm::launchd), actions, queue);
-    files = {"/etc/systemd/system/org.tuxfamily.chronyc.service"};
-    remove_old_installations(how(ServiceForm::systemd), actions, queue);
+    machine.put({"/Library/LaunchDaemons/org.tuxfamily.chronyd.plist"});
+    remove_old_installations(machine, ServiceForm::launchd, actions, queue);
+    machine.put({"/etc/systemd/system/org.tuxfamily.chronyc.service"});
+    remove_old_installations(machine, ServiceForm::systemd, actions, queue);
     queue.turn();
     EXPECT_EQ(channel.commands, (std::vector<std::string>{
                                     "/bin/launchctl bootout system /Library/LaunchDaemons/org.tuxfamily.chronyd.plist",
@@ -117,8 +114,9 @@ TEST_F(OldInstallationTest, ServiceIsStoppedThenItsDefinitionRemoved) {
 }
 
 TEST_F(OldInstallationTest, ClientIsRemovedFirstAndNothingRunsOnceTheActionsAreGone) {
-    files = {"/etc/systemd/system/org.tuxfamily.chronyc.service", "/etc/systemd/system/org.tuxfamily.chronyd.service"};
-    remove_old_installations(how(ServiceForm::systemd), actions, queue);
+    machine.put(
+        {"/etc/systemd/system/org.tuxfamily.chronyc.service", "/etc/systemd/system/org.tuxfamily.chronyd.service"});
+    remove_old_installations(machine, ServiceForm::systemd, actions, queue);
     EXPECT_EQ(queue.waiting(), 2U);
     actions.reset();
     queue.turn();
@@ -188,30 +186,23 @@ TEST_F(PrivilegedActionsTest, LapsedAuthorisationIsAskedForAgainByAJobButNotByAR
     EXPECT_EQ(channel.asked, 2);
 }
 
-struct AdministrativeJobsTest : PrivilegedActionsTest {
-    testing::ManualQueue queue;
+struct AdministrativeJobsTest : PrivilegedActionsTest, JobsOwner, JobQueues {
+    testing::ManualQueue one_queue;
     testing::ManualMainThread main_thread;
+    testing::FakeJobMachine machine;
     std::vector<std::string> events;
-    std::unique_ptr<AdministrativeJobs> jobs = std::make_unique<AdministrativeJobs>(
-        AdministrativeJobsParts{.actions = actions,
-                                .main_thread = main_thread,
-                                .queue = [this](std::string_view label) -> DispatchQueueSerial& {
-                                    events.emplace_back(label);
-                                    return queue;
-                                },
-                                .setting = [] { return JobSetting{.bundle = "/B.app"}; },
-                                .probes = {.file_exists =
-                                               [](const std::string&) {
-                                                   return false;
-                                               }},
-                                .steps = {}});
+    std::unique_ptr<AdministrativeJobs> jobs = std::make_unique<AdministrativeJobs>(AdministrativeJobsParts{
+        .actions = actions, .main_thread = main_thread, .queues = *this, .machine = machine, .owner = *this});
 
-    void SetUp() override {
-        jobs->on_progress([this](const std::string& text) { events.push_back(text); });
+    DispatchQueueSerial& queue(std::string_view label) override {
+        events.emplace_back(label);
+        return one_queue;
     }
+    JobSetting job_setting() override { return {.bundle = "/B.app"}; }
+    void show_progress(const std::string& text) override { events.push_back(text); }
     AdministrativeJobs::Done done() {
         return [this](const JobResult& result) {
-            events.push_back(result.done ? "done" : "not done " + result.sentence);
+            events.push_back(result.outcome ? "done" : "not done: " + english(result.outcome.error()));
         };
     }
 };
@@ -220,21 +211,21 @@ TEST_F(AdministrativeJobsTest, JobRunsOnItsQueueWhileOthersAreRefused) {
     jobs->run({AdminJob::stop}, done());
     EXPECT_TRUE(jobs->busy());
     jobs->run({AdminJob::start}, done());
-    queue.turn();
+    one_queue.turn();
     EXPECT_FALSE(jobs->busy());
     EXPECT_EQ(channel.commands, std::vector<std::string>{"\"/B.app/Contents/MacOS/chronysupport\" stopchrony"});
     main_thread.turn();
     EXPECT_EQ(events, (std::vector<std::string>{"Stopping chronyd daemon", "net.brisklane.stopchrony",
-                                                "not done Another administrative job is under way.", "", "done"}));
+                                                "not done: Another administrative job is under way.", "", "done"}));
 }
 
 TEST_F(AdministrativeJobsTest, RefusedRightsEndTheJobBeforeItsFirstCommand) {
     channel.grants = false;
     jobs->run({AdminJob::stop}, done());
-    queue.turn();
+    one_queue.turn();
     main_thread.turn();
     EXPECT_TRUE(channel.commands.empty());
-    EXPECT_EQ(events.back(), "not done ");
+    EXPECT_EQ(events.back(), "not done: Nothing was done.");
     EXPECT_FALSE(jobs->busy());
 }
 
@@ -243,7 +234,7 @@ TEST_F(AdministrativeJobsTest, JobIsFinishedThoughNobodyHearsOfItAndTheHelperIsK
     actions->quit();
     EXPECT_FALSE(channel.disconnected);
     jobs.reset();
-    queue.turn();
+    one_queue.turn();
     main_thread.turn();
     EXPECT_EQ(channel.commands.size(), 1U);
     EXPECT_EQ(events.back(), "net.brisklane.stopchrony");
@@ -252,9 +243,11 @@ TEST_F(AdministrativeJobsTest, JobIsFinishedThoughNobodyHearsOfItAndTheHelperIsK
 TEST(DaemonWatch, OurOwnIsLookedAtOnceAndTheDistributionsForAWhile) {
     testing::ScriptedExecute execute;
     int pauses = 0;
-    const DaemonWatch watch{.execute = execute, .pause = [&pauses](int seconds) {
-                                pauses += seconds;
-                            }};
+    testing::FakeJobMachine machine;
+    machine.paused = [&pauses](int seconds) {
+        pauses += seconds;
+    };
+    const DaemonWatch watch{execute, machine};
     execute.answer("systemctl", "", 3);
     EXPECT_FALSE(watch.daemon_survives(""));
     execute.answer("systemctl", "");

@@ -2,7 +2,7 @@
 // user's way through several windows; what one class does is tested at that class.
 //
 // Everything may be changed before launch(): answers of programs in `fakes.execute`, settings in `fakes.store`,
-// temperatures in `freqtemp.sensors`, `daemon`. With `administration` set the jobs that need rights are there, over
+// temperatures in `freqtemp.sensors`, `daemon`. With `has_administration` the jobs that need rights are there, over
 // `fakes.channel`, and the machine's files are those in `machine_files`.
 #pragma once
 
@@ -11,6 +11,7 @@
 #include "gui/main/tickervantage_window.h"
 #include "linux/posix_path_probes.h"
 #include "support/fake_followed_files.h"
+#include "support/fake_job_machine.h"
 #include "support/fake_main_window_parts.h"
 #include "support/freqtemp_parts.h"
 
@@ -48,30 +49,16 @@ struct RealApplication : ::testing::Test {
     ManualQueue help_queue;
     OneQueue log_queues;
     ManualQueue job_queue;
+    OneJobQueue job_queues{job_queue};
     FakeFollowedFiles log_files;
     PosixPathProbes path_probes;
     MemoryLogger logger;
-    std::map<std::string, std::string> machine_files; // by path
+    FakeJobMachine machine;
+    std::map<std::string, std::string>& machine_files = machine.files;
     DaemonChoice daemon;
     Paths paths;
-    std::optional<AdministrationMachine> administration = {};
+    bool has_administration = false; // whether there is an administrator on this machine
     std::unique_ptr<AppDelegate> application;
-
-    // The jobs of an administrator on this machine; for `administration`.
-    [[nodiscard]] AdministrationMachine machine() {
-        return {.queue = [this](std::string_view) -> DispatchQueueSerial& { return job_queue; },
-                .probes = {.file_exists = [this](const std::string& path) { return machine_files.contains(path); },
-                           .read_file = [this](const std::string& path) { return text_of(path); },
-                           .check_syntax = [](const std::string&) { return ConfigError{}; },
-                           .find_chronywake = [] { return std::string("/usr/local/bin/chronywake"); },
-                           .daemon_survives =
-                               [](const std::string&) {
-                                   return true;
-                               }},
-                .steps = {.pause = [](int) {},
-                          .replace_file = [](const auto&, const auto&, auto&) { return 0; },
-                          .heard = {}}};
-    }
 
     // Ends the application that was launched before, if any.
     void launch() {
@@ -116,11 +103,6 @@ struct RealApplication : ::testing::Test {
     }
 
 private:
-    [[nodiscard]] std::optional<std::string> text_of(const std::string& path) const {
-        const auto found = machine_files.find(path);
-        return found == machine_files.end() ? std::nullopt : std::optional(found->second);
-    }
-
     [[nodiscard]] FreqTempParts sampling() {
         return {freqtemp.sensors,  freqtemp.files, freqtemp.queue,  freqtemp.queue, freqtemp.queue,
                 fakes.main_thread, fakes.timer,    fakes.broadcast, logger,         scatter_map_path("/data/T")};
@@ -129,12 +111,8 @@ private:
     [[nodiscard]] ApplicationParts parts() {
         return {.cycle = fakes.parts(),
                 .actions = fakes.actions,
+                .machine = machine,
                 .removal_queue = removal_queue,
-                .old_installation = {.form = ServiceForm::systemd,
-                                     .file_exists = [this](const auto& path) { return machine_files.contains(path); },
-                                     .pause =
-                                         [](int) {
-                                         }},
                 .files = log_files,
                 .spectrum_queue = spectrum_queue,
                 .config_queue = config_queue,
@@ -146,7 +124,7 @@ private:
                 .logger = logger,
                 .paths = paths,
                 .probes = path_probes,
-                .administration = administration};
+                .job_queues = has_administration ? &job_queues : nullptr};
     }
 };
 

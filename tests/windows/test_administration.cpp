@@ -1,6 +1,7 @@
 #include "app/administration.h"
 #include "gui/main/tickervantage_window.h"
 #include "settings/warning_register.h"
+#include "support/fake_job_machine.h"
 #include "support/fake_main_window_parts.h"
 
 #include <gtest/gtest.h>
@@ -14,20 +15,17 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-#include <set>
-
 namespace tickervantage {
 namespace {
 
 struct AdministrationTest : ::testing::Test {
     testing::FakeMainWindowParts fakes;
     testing::ManualQueue jobs;
-    std::set<std::string> files{"/usr/local/sbin/chronyd", "/usr/local/bin/chronyc", "/etc/chrony.d/chrony.conf",
-                                "/etc/systemd/system/org.chrony-project.chronyd.service"};
+    testing::OneJobQueue queues{jobs};
+    testing::FakeJobMachine machine;
     WarningRegister warnings{fakes.settings};
     PreferencesGeneral general = PreferencesGeneral::load(fakes.settings);
     PreferencesAdvanced advanced;
-    std::vector<std::string> progress;
     std::vector<std::string> said;
     std::unique_ptr<TickervantageWindow> window;
     std::unique_ptr<Administration> administration;
@@ -39,34 +37,23 @@ struct AdministrationTest : ::testing::Test {
                 administration->show_problem(problem, why);
             }});
         window = std::make_unique<TickervantageWindow>(fakes.parts(), fakes.options());
-        administration = std::make_unique<Administration>(AdministrationParts{
-            .machine = {.queue = [this](std::string_view) -> DispatchQueueSerial& { return jobs; },
-                        .probes = {.file_exists = [this](const std::string& path) { return files.contains(path); },
-                                   .read_file = [](const std::string&) { return std::optional<std::string>(""); },
-                                   .check_syntax = [](const std::string&) { return ConfigError{}; },
-                                   .find_chronywake = [] { return std::string("/usr/local/bin/chronywake"); },
-                                   .daemon_survives =
-                                       [](const std::string&) {
-                                           return true;
-                                       }},
-                        .steps = {.pause = [](int) {},
-                                  .replace_file = [](const auto&, const auto&, auto&) { return 0; },
-                                  .heard = {}}},
-            .actions = fakes.actions,
-            .main_thread = fakes.main_thread,
-            .execute = fakes.execute,
-            .settings = fakes.settings,
-            .warnings = warnings,
-            .general = general,
-            .advanced = advanced,
-            .paths = {},
-            .cycle = [this]() -> StatusCycle& { return window->cycle(); },
-            .window = [this] { return window.get(); },
-            .show_progress = [this](const QString& text) { progress.push_back(text.toStdString()); },
-            .say = [this](const QString& sentence) { said.push_back(sentence.toStdString()); },
-            .stop_for_version = {}});
+        machine.put({"/usr/local/sbin/chronyd", "/usr/local/bin/chronyc", "/etc/chrony.d/chrony.conf",
+                     "/etc/systemd/system/org.chrony-project.chronyd.service"});
+        administration = std::make_unique<Administration>(AdministrationParts{.queues = queues,
+                                                                              .machine = machine,
+                                                                              .actions = fakes.actions,
+                                                                              .main_thread = fakes.main_thread,
+                                                                              .execute = fakes.execute,
+                                                                              .settings = fakes.settings,
+                                                                              .warnings = warnings,
+                                                                              .general = general,
+                                                                              .advanced = advanced,
+                                                                              .paths = {},
+                                                                              .window = *window});
+        QObject::connect(administration.get(), &Administration::complained,
+                         [this](const QString& sentence) { said.push_back(sentence.toStdString()); });
         menus = build_application_menus(window.get());
-        administration->menu().connect_items(menus);
+        administration->connect_items(menus);
         window->windowDidLoad();
         window->show();
         settle();
@@ -82,6 +69,7 @@ struct AdministrationTest : ::testing::Test {
         box->buttons().at(button)->click();
         delete box; // what the event loop would do
     }
+    std::string status_line() { return window->findChild<QLabel*>(QStringLiteral("m_status"))->text().toStdString(); }
     void trigger(const char* name) { menus.actions.at(name)->trigger(); }
 };
 
@@ -90,9 +78,8 @@ TEST_F(AdministrationTest, JobTellsWhatItDoesAndDisablesTheOthersMeanwhile) {
                                      {"stopChrony", "Stopping chronyd daemon…"},
                                      {"rotateLogs", "Rotating chrony's logs…"},
                                      {"runChronywake", "Running chronywake…"}}) {
-        progress.clear();
         trigger(name);
-        EXPECT_EQ(progress, std::vector<std::string>{text});
+        EXPECT_EQ(status_line(), text);
         Q_EMIT menus.m_action->aboutToShow();
         for (const char* item : exclusive_actions)
             EXPECT_FALSE(menus.actions.at(item)->isEnabled()) << item << " during " << name;
@@ -101,7 +88,7 @@ TEST_F(AdministrationTest, JobTellsWhatItDoesAndDisablesTheOthersMeanwhile) {
         Q_EMIT menus.m_action->aboutToShow();
         for (const char* item : exclusive_actions)
             EXPECT_TRUE(menus.actions.at(item)->isEnabled()) << item << " after " << name;
-        EXPECT_EQ(progress.back(), "");
+        EXPECT_NE(status_line(), text);
     }
 }
 
@@ -154,7 +141,7 @@ TEST_F(AdministrationTest, ChronyIsRemovedOnlyWhenTheQuestionIsAnswered) {
 }
 
 TEST_F(AdministrationTest, OfferIsSilencedWhicheverButtonWasPressed) {
-    files.clear();
+    machine.files.clear();
     for (const bool suppress : {false, true}) {
         administration->offer_installation();
         settle();

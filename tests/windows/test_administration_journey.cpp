@@ -21,27 +21,13 @@ struct AdministrationJourney : testing::RealApplication {
         for (const char* program : {"chronyd", "chronyc", "chronywake"})
             machine_files["/B.app/Contents/MacOS/" + std::string(program)] = program;
         machine_files["/B.app/Contents/Resources/chrony.conf"] = "logdir /logs\n";
-        administration = machine();
-        administration->probes.file_names = [this](const std::string& folder) {
-            return names_in(folder);
-        };
-        administration->steps.replace_file = [this](const auto& path, const auto& bytes, auto&) {
-            machine_files[path] = bytes;
-            return 0;
-        };
+        has_administration = true;
         fakes.channel.answer = [this](const std::string& command) {
             const auto words = quoted_words(command);
             if (command.find("installitem") != std::string::npos)
                 machine_files[words.at(2)] = machine_files[words.at(1)];
             return std::string("200 OK");
         };
-    }
-    [[nodiscard]] std::vector<std::string> names_in(const std::string& folder) const {
-        std::vector<std::string> names;
-        for (const auto& [path, text] : machine_files)
-            if (path.starts_with(folder + '/'))
-                names.push_back(path.substr(folder.size() + 1));
-        return names;
     }
     static std::vector<std::string> quoted_words(std::string_view line) {
         std::vector<std::string> words;

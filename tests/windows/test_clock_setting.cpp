@@ -1,3 +1,4 @@
+#include "base/failure_codes.h"
 #include "gui/administration/step_time_window.h"
 #include "gui/administration/synchronize_window.h"
 #include "settings/settings_catalogue.h"
@@ -23,17 +24,11 @@ struct SynchronizeTest : ::testing::Test {
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
     Synchronisation asked;
-    std::function<void(const SynchronizeOutcome&)> done;
     QPointer<Synchronize> window;
 
     void SetUp() override {
-        window = new Synchronize({.settings = settings,
-                                  .synchronise =
-                                      [this](const Synchronisation& what, auto finished) {
-                                          asked = what;
-                                          done = finished;
-                                      }},
-                                 nullptr);
+        window = new Synchronize(settings, nullptr);
+        QObject::connect(window, &Synchronize::wanted, [this](const Synchronisation& what) { asked = what; });
         window->windowDidLoad();
         window->show();
     }
@@ -64,19 +59,20 @@ TEST_F(SynchronizeTest, AsksSavesAndShowsWhatWasPrinted) {
     EXPECT_EQ(load(settings, settings::sync_ntp_server), "ntp.example port 1123");
     EXPECT_TRUE(find<QProgressBar>("m_busy")->isVisible() && find<QLabel>("m_busy_msg")->isVisible());
     EXPECT_FALSE(find<QPushButton>("m_sync")->isEnabled() || find<QCheckBox>("m_restart_chronyd")->isEnabled());
-    done({.output = "System clock wrong by 0.1 s\n", .sentence = {}, .done = true});
+    window->show_result({.output = "System clock wrong by 0.1 s\n"});
     EXPECT_TRUE(find<QPlainTextEdit>("m_output")->toPlainText().contains(QStringLiteral("wrong by")));
     EXPECT_TRUE(find<QPushButton>("m_sync")->isEnabled());
     EXPECT_FALSE(find<QProgressBar>("m_busy")->isVisible() || find<QLabel>("m_busy_msg")->isVisible());
 }
 
-TEST_F(SynchronizeTest, ARefusalIsSaidAndAnAnswerMayComeTooLate) {
+TEST_F(SynchronizeTest, WhatFailedIsSaidBesideWhatWasPrinted) {
     find<QPushButton>("m_sync")->click();
-    done({});
+    window->show_result({.outcome = failed(FailureCode::nothing_done)});
     EXPECT_EQ(find<QLabel>("words")->text(), QStringLiteral("Nothing was done."));
     find<QPushButton>("m_sync")->click();
-    delete window;
-    done({});
+    window->show_result({.outcome = failed(FailureCode::clock_not_synchronised), .output = "No suitable source\n"});
+    EXPECT_EQ(find<QLabel>("words")->text(), QStringLiteral("The clock was not synchronised."));
+    EXPECT_TRUE(find<QPlainTextEdit>("m_output")->toPlainText().contains(QStringLiteral("suitable")));
 }
 
 TEST_F(SynchronizeTest, WhatIsNoServerIsNotAskedFor) {
@@ -105,7 +101,8 @@ TEST(StepTime, SaysInWordsWhatWillHappenAndSendsIt) {
                        {"soon", "This is no number of seconds.", NAN}};
     for (const auto& c : cases) {
         double sent = NAN;
-        const QPointer<StepTime> window = new StepTime([&](double offset) { sent = offset; }, nullptr);
+        const QPointer<StepTime> window = new StepTime(nullptr);
+        QObject::connect(window, &StepTime::wanted, [&](double offset) { sent = offset; });
         window->show();
         auto* field = window->findChild<QLineEdit*>(QStringLiteral("m_offset"));
         EXPECT_EQ(field->text().toDouble(), 0);

@@ -1,6 +1,7 @@
 // The German translation, as built: it loads, and says what the sources say.
+#include "base/failure_codes.h"
+#include "qt/in_words.h"
 #include "qt/languages.h"
-#include "qt/spoken.h"
 #include "support/keyboard.h"
 #include "support/real_application.h"
 
@@ -11,6 +12,8 @@
 #include <QTranslator>
 #include <QXmlStreamReader>
 
+#include <cerrno>
+#include <map>
 #include <set>
 
 namespace tickervantage {
@@ -53,34 +56,65 @@ TEST(Languages, TellSingularFromPluralInGermanAndInEverythingElse) {
     }
 }
 
-TEST(Languages, SentencesOfTheLogicKeepWhatStandsInThem) {
-    const struct {
-        const char* said;
-        const char* shown;
-    } cases[] = {
-        {"The root helper was not installed.", "Der Root-Helfer wurde nicht installiert."},
-        {"Cannot write /a b/c: No space left on device.",
-         "/a b/c kann nicht geschrieben werden: No space left on device."},
-        // a sentence in a sentence, and the more exact of two that fit
-        {"The root helper was not installed: /usr/bin/pkexec cannot be started: No such file or directory.",
-         "Der Root-Helfer wurde nicht installiert: /usr/bin/pkexec kann nicht gestartet werden: No such file or "
-         "directory."},
-        {"hwclockfile: /etc/adjtime does not exist.", "hwclockfile: /etc/adjtime gibt es nicht."},
-        {"Cannot read /x: it is a folder.", "/x kann nicht gelesen werden: es ist ein Ordner."},
-        {"506 Cannot talk to daemon", "506 Cannot talk to daemon"},
-        {"", ""},
+// German for some failures, as a file of translations would have it.
+class SomeGerman : public QTranslator {
+public:
+    SomeGerman() { QCoreApplication::installTranslator(this); }
+    ~SomeGerman() override { QCoreApplication::removeTranslator(this); }
+
+    [[nodiscard]] bool isEmpty() const override { return false; }
+    [[nodiscard]] QString translate(const char* context, const char* source, const char*, int) const override {
+        static const std::map<std::string, const char*> german{
+            {words_of(FailureCode::cannot_write), "%1 kann nicht geschrieben werden: %c."},
+            {words_of(FailureCode::configuration_not_installed), "Die Konfiguration wurde nicht installiert: %c."},
+            {words_of(FailureCode::chronyd_ended_saying), "chronyd endete bald nach dem Start: %1."},
+            {words_of(FailureCode::former_is_back), "Die frühere Konfiguration ist wieder da."},
+            {words_of(FailureCode::is_larger_than), "sie ist größer als %1 Byte"}};
+        const auto found = german.find(source);
+        return std::string_view(context) == "failures" && found != german.end() ? QString::fromUtf8(found->second)
+                                                                                : QString();
+    }
+};
+
+TEST(Languages, FailuresArePutTogetherFromTheirTranslatedParts) {
+    const auto made = [](tl::unexpected<Failure> failure) {
+        return std::move(failure).value();
     };
-    for (const auto& [said, shown] : cases) {
-        EXPECT_EQ(spoken(said).toStdString(), said);
-        const InLanguage german("de_DE");
-        EXPECT_EQ(spoken(said).toStdString(), shown);
+    const Failure full = made(failed(FailureCode::cannot_write, {"/a b/%1"}, ENOSPC));
+    const struct {
+        Failure failure;
+        const char* english;
+        const char* german;
+    } cases[] = {
+        {made(failed(FailureCode::configuration_not_installed, {}, full)),
+         "The configuration was not installed: Cannot write /a b/%1: No space left on device.",
+         "Die Konfiguration wurde nicht installiert: /a b/%1 kann nicht geschrieben werden: No space left on device."},
+        {made(failed(FailureCode::configuration_not_installed)), "The configuration was not installed.",
+         "Die Konfiguration wurde nicht installiert."},
+        {made(failed(FailureCode::configuration_not_installed, {}, said_by_others("Invalid command."))),
+         "The configuration was not installed: Invalid command.",
+         "Die Konfiguration wurde nicht installiert: Invalid command."},
+        {made(failed(FailureCode::chronyd_ended_saying, {"No /dev/pps9"}, {.code = FailureCode::former_is_back})),
+         "chronyd ended soon after it was started with this configuration: No /dev/pps9. "
+         "The former configuration is back, and chronyd runs with it again.",
+         "chronyd endete bald nach dem Start: No /dev/pps9. Die frühere Konfiguration ist wieder da."},
+        {made(failed(FailureCode::cannot_write, {"c"}, made(failed(FailureCode::is_larger_than, {"9"})))),
+         "Cannot write c: it is larger than 9 bytes.", "c kann nicht geschrieben werden: sie ist größer als 9 Byte."},
+        {said_by_others("506 Cannot talk to daemon"), "506 Cannot talk to daemon", "506 Cannot talk to daemon"},
+    };
+    for (const auto& [failure, english_words, german_words] : cases) {
+        EXPECT_EQ(english(failure), english_words);
+        EXPECT_EQ(in_words(failure).toStdString(), english_words);
+        const SomeGerman german;
+        EXPECT_EQ(in_words(failure).toStdString(), german_words);
+        EXPECT_EQ(english(failure), english_words) << "logs and the command line stay English";
     }
 }
 
 std::multiset<QString> placeholders(const QString& text) {
     std::multiset<QString> found;
     for (qsizetype i = 0; i + 1 < text.size(); ++i)
-        if (text[i] == QLatin1Char('%') && (text[i + 1].isDigit() || text[i + 1] == QLatin1Char('n')))
+        if (text[i] == QLatin1Char('%') && (text[i + 1].isDigit() || QLatin1String("nc").contains(text[i + 1])))
             found.insert(text.mid(i, 2));
     return found;
 }
@@ -122,10 +156,7 @@ using GermanApplication = testing::RealApplication;
 
 TEST_F(GermanApplication, NoKeyReachesTwoThings) {
     const InLanguage german("de_DE");
-    administration = machine();
-    administration->probes.file_names = [](const std::string&) {
-        return std::vector<std::string>();
-    };
+    has_administration = true;
     launch();
     settle();
     for (const char* name : {"showPreferences", "showServers", "liveTracking", "showSpectrum", "showFreqTemp",

@@ -100,7 +100,7 @@ TEST_F(PathsInUse, WhatIsSetElsewhereIsFollowedAndNotUndone) {
 
 TEST_F(PathsInUse, DistributionsChronyIsUsedUnaskedAndThatIsToldOnce) {
     install_distributions_chrony();
-    administration = machine();
+    has_administration = true;
     launch();
     settle();
     const auto told = [this] {

@@ -123,7 +123,7 @@ struct TrackingWindowTest : ::testing::Test {
         });
         QObject::connect(window.get(), &TrackingWindow::log_readable_requested, window.get(), [this] {
             guarded.found = FollowedFiles::Found::file;
-            window->show_log_readable(true, {});
+            window->show_log_readable({});
         });
         window->windowDidLoad();
         window->set_log(QString::fromUtf8(path), live);

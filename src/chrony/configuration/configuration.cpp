@@ -38,4 +38,10 @@ std::optional<std::string> Configuration::value(const std::string& directive) co
     return found == m_config.end() ? std::nullopt : std::optional(found->second);
 }
 
+std::string directive_in(std::string_view text, const std::string& directive) {
+    Configuration map;
+    map.read(text);
+    return map.value(directive).value_or("");
+}
+
 } // namespace tickervantage

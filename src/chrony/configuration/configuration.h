@@ -25,4 +25,7 @@ private:
     std::map<std::string, std::string> m_config;
 };
 
+// The value of one directive in a text; empty: none.
+[[nodiscard]] std::string directive_in(std::string_view text, const std::string& directive);
+
 } // namespace tickervantage

@@ -2,8 +2,9 @@
 
 #include "base/text_difference.h"
 #include "gui/common/words.h"
-#include "qt/spoken.h"
+#include "qt/in_words.h"
 #include "qt/text_scale.h"
+#include "roothelper/jobs/job_machine.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -44,14 +45,8 @@ QTextCharFormat format_of(char sign, const QPalette& palette) {
 /* TRANSLATOR tickervantage::KeptConfigurationsWindow
    former configurations: the window that lists them and brings one back. */
 
-// What was read comes home to it; main thread only.
-struct KeptConfigurationsWindow::Shared {
-    KeptConfigurationsWindow* window = nullptr;
-};
-
 KeptConfigurationsWindow::KeptConfigurationsWindow(KeptConfigurationsParts parts, QWidget* parent)
-    : QDialog(parent), m_parts(std::move(parts)), m_shared(std::make_shared<Shared>()) {
-    m_shared->window = this;
+    : QDialog(parent), m_parts(std::move(parts)), m_background(m_parts.main_thread) {
     setObjectName(QStringLiteral("KeptConfigurations"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::WindowModal);
@@ -60,10 +55,6 @@ KeptConfigurationsWindow::KeptConfigurationsWindow(KeptConfigurationsParts parts
     build();
     connect(m_list, &QTreeWidget::itemSelectionChanged, this, [this] { show_difference(); });
     connect(m_restore, &QPushButton::clicked, this, [this] { restore(); });
-}
-
-KeptConfigurationsWindow::~KeptConfigurationsWindow() {
-    m_shared->window = nullptr;
 }
 
 void KeptConfigurationsWindow::build_list() {
@@ -121,17 +112,13 @@ void KeptConfigurationsWindow::build() {
 }
 
 void KeptConfigurationsWindow::load() {
-    m_parts.queue.async([probes = m_parts.probes, user_name = m_parts.user_name, path = m_parts.configuration(),
-                         &main_thread = m_parts.main_thread, shared = m_shared] {
-        Content content{
-            .kept = kept_configurations(probes, path), .users = {}, .installed = probes.read_file(path).value_or("")};
-        for (const auto& one : content.kept)
-            content.users.push_back(user_name(one.entry.user));
-        main_thread.main_async([content = std::move(content), shared] {
-            if (shared->window)
-                shared->window->show_content(content);
-        });
-    });
+    m_background.start(
+        m_parts.queue,
+        [&machine = m_parts.machine, path = m_parts.configuration] {
+            return Content{.kept = kept_configurations(machine, path),
+                           .installed = machine.read_file(path).value_or("")};
+        },
+        [this](Content content) { show_content(std::move(content)); });
 }
 
 // The list is read again after a job: what was chosen stays so.
@@ -146,13 +133,12 @@ void KeptConfigurationsWindow::show_content(Content content) {
     const std::uint64_t before = one ? one->entry.number : 0;
     m_content = std::move(content);
     m_list->clear();
-    for (std::size_t at = 0; at < m_content.kept.size(); ++at) {
-        const auto& [entry, text, is_installed] = m_content.kept[at];
+    for (const auto& [entry, text, user, is_installed] : m_content.kept) {
         const QString reason = QCoreApplication::translate("history", reason_text(entry.reason));
         //: former configurations: %1 is what happened to the configuration that chronyd uses now
         const QString words = is_installed ? tr("%1 (in use)").arg(reason) : reason;
         new QTreeWidgetItem(m_list, {QLocale().toString(static_cast<qulonglong>(entry.number)),
-                                     date_text(entry.seconds), QString::fromStdString(m_content.users[at]), words});
+                                     date_text(entry.seconds), QString::fromStdString(user), words});
     }
     if (m_content.kept.empty())
         //: former configurations: said where nothing was kept yet
@@ -185,15 +171,14 @@ void KeptConfigurationsWindow::restore() {
     if (!one)
         return;
     m_words->clear();
-    m_parts.restore(this, one->text, [shared = m_shared](const std::string& sentence) {
-        auto* window = shared->window;
-        if (!window)
-            return;
-        //: former configurations: said when one was brought back
-        window->m_words->setText(sentence.empty() ? tr("It is back, and chronyd runs with it.") : spoken(sentence));
-        set_alarmed(window->m_words, !sentence.empty());
-        window->load();
-    });
+    Q_EMIT wanted(one->text);
+}
+
+void KeptConfigurationsWindow::show_outcome(const Result<>& outcome) {
+    //: former configurations: said when one was brought back
+    m_words->setText(outcome ? tr("It is back, and chronyd runs with it.") : in_words(outcome.error()));
+    set_alarmed(m_words, !outcome);
+    load();
 }
 
 } // namespace tickervantage

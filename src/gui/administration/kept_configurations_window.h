@@ -3,14 +3,13 @@
 // Main thread only. The files are read on a queue; the window may go meanwhile.
 #pragma once
 
-#include "base/dispatch.h"
+#include "base/background.h"
+#include "base/failure.h"
 #include "roothelper/jobs/kept_configurations.h"
 
 #include <QDialog>
 
 #include <cstdint>
-#include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -21,16 +20,12 @@ class QTreeWidget;
 
 namespace tickervantage {
 
+// All of it outlives the window.
 struct KeptConfigurationsParts {
-    DispatchQueueSerial& queue; // these two outlive the window
+    DispatchQueueSerial& queue;
     MainThread& main_thread;
-    HistoryProbes probes;                                     // used on the queue
-    std::function<std::string(std::uint32_t user)> user_name; // likewise
-    std::function<std::string()> configuration;               // its path
-    // Asks whether it is meant, and brings the text back. `done` hears one sentence, empty when all went well; it is
-    // not called when nothing was done.
-    std::function<void(QWidget* window, const std::string& text, std::function<void(std::string sentence)> done)>
-        restore;
+    const JobMachine& machine; // used on the queue
+    std::string configuration; // its path
 };
 
 class KeptConfigurationsWindow : public QDialog {
@@ -38,18 +33,22 @@ class KeptConfigurationsWindow : public QDialog {
 
 public:
     KeptConfigurationsWindow(KeptConfigurationsParts parts, QWidget* parent);
-    ~KeptConfigurationsWindow() override;
 
     // Reads what was kept and shows it.
     void load();
 
+    // Of the job that brought one back.
+    void show_outcome(const Result<>& outcome);
+
+Q_SIGNALS:
+    // To be asked about, and to be brought back.
+    void wanted(const std::string& text);
+
 private:
     struct Content {
         std::vector<KeptConfiguration> kept;
-        std::vector<std::string> users; // of each
         std::string installed;
     };
-    struct Shared;
 
     void build();
     void build_list();
@@ -67,7 +66,7 @@ private:
     QPlainTextEdit* m_difference = nullptr;
     QLabel* m_words = nullptr;
     QPushButton* m_restore = nullptr;
-    std::shared_ptr<Shared> m_shared; // work on its way back finds out through it that the window has gone
+    Background m_background;
 };
 
 } // namespace tickervantage

@@ -53,8 +53,7 @@ QString step_words(double offset_seconds) {
     return (offset_seconds < 0 ? back : forward).arg(length_words(offset_seconds));
 }
 
-StepTime::StepTime(std::function<void(double)> step_by, QWidget* parent)
-    : QDialog(parent), m_step_by(std::move(step_by)) {
+StepTime::StepTime(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("StepTime"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::WindowModal);
@@ -116,7 +115,7 @@ void StepTime::step() {
     if (!seconds)
         return;
     if (*seconds != 0)
-        m_step_by(*seconds);
+        Q_EMIT wanted(*seconds);
     close();
 }
 

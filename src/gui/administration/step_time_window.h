@@ -1,10 +1,8 @@
-// The window that steps the clock by a number of seconds, said in words before it happens. Main thread only; the parts
-// outlive the window.
+// The window that steps the clock by a number of seconds, said in words before it happens. Main thread only.
 #pragma once
 
 #include <QDialog>
 
-#include <functional>
 #include <optional>
 
 class QLabel;
@@ -16,17 +14,19 @@ namespace tickervantage {
 class StepTime : public QDialog {
     Q_OBJECT
 public:
-    // A sheet of the parent; deletes itself when it closes. `step_by` is never called with 0.
-    StepTime(std::function<void(double offset_seconds)> step_by, QWidget* parent);
+    // A sheet of the parent; deletes itself when it closes.
+    explicit StepTime(QWidget* parent);
 
     void step();
     void cancel();
+
+Q_SIGNALS:
+    void wanted(double offset_seconds); // never 0
 
 private:
     [[nodiscard]] std::optional<double> offset() const;
     void show_words();
 
-    std::function<void(double)> m_step_by;
     QLineEdit* m_offset = nullptr;
     QLabel* m_words = nullptr;
     QPushButton* m_step = nullptr;

@@ -1,7 +1,7 @@
 #include "gui/administration/synchronize_window.h"
 
 #include "gui/common/words.h"
-#include "qt/spoken.h"
+#include "qt/in_words.h"
 #include "qt/text_scale.h"
 #include "settings/settings_catalogue.h"
 
@@ -16,18 +16,9 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-#include <utility>
-
 namespace tickervantage {
 
-// What a run comes home to; main thread only.
-struct Synchronize::Shared {
-    Synchronize* window = nullptr;
-};
-
-Synchronize::Synchronize(SynchronizeParts parts, QWidget* parent)
-    : QDialog(parent), m_parts(std::move(parts)), m_shared(std::make_shared<Shared>()) {
-    m_shared->window = this;
+Synchronize::Synchronize(DefaultSettings& settings, QWidget* parent) : QDialog(parent), m_settings(settings) {
     setObjectName(QStringLiteral("Synchronize"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowModality(Qt::WindowModal);
@@ -37,10 +28,6 @@ Synchronize::Synchronize(SynchronizeParts parts, QWidget* parent)
     connect(m_sync, &QPushButton::clicked, this, [this] { synchronize(); });
     connect(m_close, &QPushButton::clicked, this, [this] { cancelSync(); });
     connect(m_server, &QLineEdit::textChanged, this, [this] { update_button(); });
-}
-
-Synchronize::~Synchronize() {
-    m_shared->window = nullptr;
 }
 
 void Synchronize::build_options() {
@@ -134,9 +121,9 @@ void Synchronize::build() {
 }
 
 void Synchronize::windowDidLoad() {
-    m_server->setText(from_std(load(m_parts.settings, settings::sync_ntp_server)));
-    m_timeout->setValue(static_cast<int>(load(m_parts.settings, settings::sync_timeout)));
-    m_restart_chronyd->setChecked(load(m_parts.settings, settings::sync_restart_chronyd));
+    m_server->setText(from_std(load(m_settings, settings::sync_ntp_server)));
+    m_timeout->setValue(static_cast<int>(load(m_settings, settings::sync_timeout)));
+    m_restart_chronyd->setChecked(load(m_settings, settings::sync_restart_chronyd));
     set_busy(false);
 }
 
@@ -161,26 +148,22 @@ void Synchronize::update_button() {
 void Synchronize::synchronize() {
     const Synchronisation what{m_server->text().trimmed().toStdString(), m_timeout->value(),
                                m_restart_chronyd->isChecked()};
-    save(m_parts.settings, settings::sync_ntp_server, what.server);
-    save(m_parts.settings, settings::sync_timeout, what.timeout_seconds);
-    save(m_parts.settings, settings::sync_restart_chronyd, what.restart_chronyd);
+    save(m_settings, settings::sync_ntp_server, what.server);
+    save(m_settings, settings::sync_timeout, what.timeout_seconds);
+    save(m_settings, settings::sync_restart_chronyd, what.restart_chronyd);
     m_output->clear();
     set_busy(true);
     //: synchronise window: said meanwhile; %1 is a number
     m_busy_msg->setText(tr("Synchronising; this may take %1 s…").arg(what.timeout_seconds));
-    m_parts.synchronise(what, [shared = m_shared](const SynchronizeOutcome& outcome) {
-        if (shared->window)
-            shared->window->show_outcome(outcome);
-    });
+    Q_EMIT wanted(what);
 }
 
-void Synchronize::show_outcome(const SynchronizeOutcome& outcome) {
+void Synchronize::show_result(const JobResult& result) {
     set_busy(false);
-    m_output->setPlainText(from_std(outcome.output));
-    if (outcome.done)
+    m_output->setPlainText(from_std(result.output));
+    if (result.outcome)
         return;
-    //: synchronise window: said when the user did not give administrator rights
-    m_words->setText(outcome.sentence.empty() ? tr("Nothing was done.") : spoken(outcome.sentence));
+    m_words->setText(in_words(result.outcome.error()));
     set_alarmed(m_words, true);
 }
 

@@ -1,4 +1,5 @@
 // The configuration editor's work on its text: checking, saving, installing.
+#include "base/failure_codes.h"
 #include "chrony/configuration/included_files.h"
 #include "gui/common/words.h"
 #include "gui/editor/config_editor_window.h"
@@ -19,6 +20,12 @@
 
 namespace tickervantage {
 namespace {
+
+// The alert says already that the configuration was not installed.
+const Failure& behind_headline(const Failure& failure) {
+    const bool repeats = failure.code == FailureCode::configuration_not_installed && failure.cause != nullptr;
+    return repeats ? *failure.cause : failure;
+}
 
 constexpr const char* usual_name = "chrony.conf";
 constexpr int no_encoding = -4; // the number of this failure, for people who report it
@@ -235,7 +242,7 @@ void ConfigEditor::show_installation(const Result<>& done) {
     m_actions.at("install")->setEnabled(is_as_checked);
     if (!done)
         //: alert: message above the reason
-        show_failure(this, tr("The configuration was not installed"), in_words(done.error()));
+        show_failure(this, tr("The configuration was not installed"), in_words(behind_headline(done.error())));
     Q_EMIT settled();
 }
 

@@ -3,6 +3,7 @@
 #include "gui/tracking/graph_scroll_area.h"
 #include "gui/tracking/legend.h"
 #include "gui/tracking/tracking_words.h"
+#include "qt/in_words.h"
 #include "qt/named_widget.h"
 #include "qt/spoken.h"
 #include "qt/text_scale.h"
@@ -342,12 +343,12 @@ void TrackingWindow::makeReadable() {
     Q_EMIT log_readable_requested();
 }
 
-void TrackingWindow::show_log_readable(bool done, const QString& sentence) {
+void TrackingWindow::show_log_readable(const Result<>& outcome) {
     m_controls.makeReadable->setEnabled(true);
-    if (!sentence.isEmpty())
-        statusBar()->showMessage(sentence);
-    if (done)
+    if (outcome)
         load_log();
+    else
+        statusBar()->showMessage(in_words(outcome.error()));
 }
 
 void TrackingWindow::show_readout(double frame_x) {

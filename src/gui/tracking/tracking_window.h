@@ -2,6 +2,7 @@
 // runs on while chronyd writes it.
 #pragma once
 
+#include "base/failure.h"
 #include "chrony/log/logreader.h"
 #include "gui/common/plot_export.h"
 #include "gui/tracking/tracking_controls.h"
@@ -59,7 +60,7 @@ public:
 
     // The answers to the requests below.
     void show_log_setting(const LogSettingAnswer& answer);
-    void show_log_readable(bool done, const QString& sentence); // empty: there is nothing to say
+    void show_log_readable(const Result<>& outcome);
 
     // Of what is in sight.
     [[nodiscard]] PlotExport& exports() { return *m_exports; }

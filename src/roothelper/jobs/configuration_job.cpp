@@ -1,8 +1,8 @@
 #include "roothelper/jobs/chrony_jobs.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
-
-#include <fmt/format.h>
+#include "chrony/configuration/configuration.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -18,7 +18,11 @@ std::string behind(std::string_view line, std::string_view words) {
     return at == std::string_view::npos ? std::string() : std::string(trimmed(line.substr(at + words.size())));
 }
 
-constexpr const char* not_installed = "The configuration was not installed";
+std::string without_full_stop(std::string sentence) {
+    if (sentence.ends_with('.'))
+        sentence.pop_back();
+    return sentence;
+}
 
 // Also where a link leads to the other, or neither is there yet.
 bool is_same_file(const std::string& one, const std::string& other) {
@@ -31,18 +35,9 @@ bool is_same_file(const std::string& one, const std::string& other) {
 
 } // namespace
 
-std::string job_sentence(std::string_view words, std::string_view detail) {
-    const auto lines = non_empty_lines(detail);
-    const std::string_view said = lines.empty() ? std::string_view() : trimmed(lines.front());
-    if (said.starts_with(words))
-        return std::string(said);
-    const std::string_view end = said.ends_with('.') ? "" : ".";
-    return said.empty() ? fmt::format("{}.", words) : fmt::format("{}: {}{}", words, said, end);
-}
-
-std::string not_accepted(const ConfigError& error) {
-    return error.m_isok ? job_sentence("This configuration could not be checked and is not installed", error.m_doubt)
-                        : job_sentence("chronyd refuses this configuration", error.m_msg);
+Failure not_accepted(const ConfigError& error) {
+    return error.m_isok ? because(FailureCode::configuration_not_checked, said_by_others(error.m_doubt)).value()
+                        : because(FailureCode::configuration_refused, said_by_others(error.m_msg)).value();
 }
 
 std::string complaint_in(const std::string& report) {
@@ -60,87 +55,99 @@ std::string ChronyJobs::daemon_complaint() {
     if (auto said = complaint_in(m_start_reply.text); !said.empty())
         return said;
     const auto label = m_unit.empty() ? std::string(daemon_label) : m_unit.substr(0, m_unit.rfind('.'));
-    return complaint_in(m_steps.execute(status_line(m_setting.form, label)).text);
+    return complaint_in(m_commands.attempt(status_line(m_setting.form, label)).text);
+}
+
+// What fails here the daemon complains of when it is started.
+void ChronyJobs::prepare_configuration(const std::string& text) {
+    const SupportTool& tool = m_commands.tool();
+    const std::string user = directive_in(text, "user");
+    if (!user.empty() && user != "root")
+        (void)m_commands.attempt(tool.add_user(user));
+    for (const char* name : {"logdir", "dumpdir"})
+        if (const std::string folder = directive_in(text, name); !folder.empty())
+            (void)m_commands.attempt(tool.create_directory(folder));
+    if (const std::string socket = directive_in(text, "bindcmdaddress"); !socket.empty())
+        (void)m_commands.attempt(tool.remove_item(socket)); // a stale one
 }
 
 StepReply ChronyJobs::place_configuration(const std::string& temporary, const std::string& text) {
     guard();
     stop_daemon();
-    auto placed = install_item(temporary, m_setting.config, SupportTool::file_mode, false);
-    if (placed.is_done) // what was refused must not leave a user or a folder behind
+    auto placed = m_commands.install_item(temporary, m_setting.config, SupportTool::file_mode, false);
+    if (placed.outcome) // what was refused must not leave a user or a folder behind
         prepare_configuration(text);
     start_daemon();
     return placed;
 }
 
-std::string ChronyJobs::read_by_nobody() const {
-    if (!m_probes.carried_out || !m_probes.started_daemon)
+// A file that nobody reads is not worth installing.
+Result<> ChronyJobs::read_by_its_daemon() const {
+    if (!m_commands.are_carried_out())
         return {};
-    const auto daemon = m_probes.started_daemon(m_unit);
+    const auto daemon = m_machine.started_daemon(m_unit);
     if (!daemon || is_same_file(daemon->config, m_setting.config))
         return {};
-    return fmt::format("Nothing was changed: {} reads {}, while the preferences name {} as the configuration.",
-                       daemon->unit, daemon->config, m_setting.config);
+    return failed(FailureCode::other_configuration_in_use, {daemon->unit, daemon->config, m_setting.config});
 }
 
 bool ChronyJobs::holds(const std::string& text) const {
-    return !m_probes.carried_out || m_probes.read_file(m_setting.config) == text;
+    return !m_commands.are_carried_out() || m_machine.read_file(m_setting.config) == text;
 }
 
 bool ChronyJobs::has_service() const {
-    return !m_unit.empty() || m_probes.file_exists(definition_path(m_setting.form, daemon_label));
+    return !m_unit.empty() || m_machine.file_exists(definition_path(m_setting.form, daemon_label));
 }
 
 // A service that is not there cannot come up, and no configuration is to blame for that.
 bool ChronyJobs::comes_up() {
-    return !m_probes.carried_out || !has_service() || (m_start_reply.is_done && m_probes.daemon_survives(m_unit));
+    return !m_commands.are_carried_out() || !has_service() ||
+           (m_start_reply.outcome && m_machine.daemon_survives(m_unit));
 }
 
-JobResult ChronyJobs::install_configuration(const std::string& text) {
-    if (const ConfigError error = m_probes.check_syntax(text); !error.passed())
-        return {.done = false, .sentence = not_accepted(error)};
-    if (auto sentence = read_by_nobody(); !sentence.empty())
-        return {.done = false, .sentence = std::move(sentence)};
-    const bool had_former = m_probes.file_exists(m_setting.config);
-    const std::string temporary = m_setting.temporary + "to_be_installed_chrony.conf";
-    if (m_steps.write(temporary, text) != 0)
-        return cannot_write();
-    (void)run(m_tool.check_item(temporary, m_setting.config, SupportTool::file_mode));
-    if (auto judged = outcome(not_installed); !judged.done)
+Result<> ChronyJobs::install_configuration(const std::string& text) {
+    if (const ConfigError error = m_machine.check_syntax(text); !error.passed())
+        return tl::unexpected(not_accepted(error));
+    if (auto read = read_by_its_daemon(); !read)
+        return read;
+    const bool had_former = m_machine.file_exists(m_setting.config);
+    const auto temporary = m_commands.prepare_file("to_be_installed_chrony.conf", text);
+    if (!temporary)
+        return tl::unexpected(temporary.error());
+    (void)m_commands.run(m_commands.tool().check_item(*temporary, m_setting.config, SupportTool::file_mode));
+    if (auto judged = m_commands.outcome(FailureCode::configuration_not_installed); !judged)
         return judged;
-    const StepReply placed = place_configuration(temporary, text);
-    if (!placed.is_done || !holds(text))
-        return {.done = false, .sentence = job_sentence(not_installed, placed.text)};
+    const StepReply placed = place_configuration(*temporary, text);
+    if (!placed.outcome)
+        return because(FailureCode::configuration_not_installed, placed.outcome.error());
+    if (!holds(text))
+        return failed(FailureCode::configuration_not_installed);
     if (!comes_up())
-        return recover(had_former);
-    if (!m_start_reply.is_done)
-        return {.done = false,
-                .sentence =
-                    job_sentence("The configuration is installed, but chronyd was not started", m_start_reply.text)};
+        return tl::unexpected(recover(had_former));
+    if (!m_start_reply.outcome)
+        return because(FailureCode::configuration_without_daemon, m_start_reply.outcome.error());
     return restart_gpsd_if_there();
 }
 
-JobResult ChronyJobs::recover(bool had_former) {
-    const std::string ended =
-        job_sentence("chronyd ended soon after it was started with this configuration", daemon_complaint());
-    if (!had_former)
-        return {.done = false,
-                .sentence =
-                    ended + " There was no configuration before it that could be put back: chronyd does not run."};
+Failure ChronyJobs::recover(bool had_former) {
+    const std::string complaint = daemon_complaint();
+    Failure end = had_former ? bring_back_former() : Failure{.code = FailureCode::no_former_configuration};
+    if (complaint.empty())
+        return failed(FailureCode::chronyd_ended_soon, {}, std::move(end)).value();
+    return failed(FailureCode::chronyd_ended_saying, {without_full_stop(complaint)}, std::move(end)).value();
+}
+
+Failure ChronyJobs::bring_back_former() {
     guard();
     stop_daemon();
-    const StepReply restored = m_steps.execute(m_tool.restore_former(m_setting.config));
+    const StepReply restored = m_commands.attempt(m_commands.tool().restore_former(m_setting.config));
     start_daemon();
-    (void)restart_gpsd_if_there(); // the sentence tells of chronyd
-    if (!restored.is_done)
-        return {.done = false,
-                .sentence = ended + ' ' + job_sentence("The former configuration did not come back", restored.text)};
+    (void)restart_gpsd_if_there(); // the words tell of chronyd
+    if (!restored.outcome)
+        return because(FailureCode::former_not_back, restored.outcome.error()).value();
     if (!comes_up())
-        return {.done = false,
-                .sentence = ended + ' ' +
-                            job_sentence("The former configuration is back, but chronyd does not run with it either",
-                                         daemon_complaint())};
-    return {.done = false, .sentence = ended + " The former configuration is back, and chronyd runs with it again."};
+        return because(FailureCode::former_does_not_run, said_by_others(daemon_complaint())).value();
+    return {.code = FailureCode::former_is_back};
 }
 
 } // namespace tickervantage

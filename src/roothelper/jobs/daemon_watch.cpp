@@ -2,6 +2,7 @@
 
 #include "chrony/reports/running_check.h"
 #include "chrony/services/chrony_services.h"
+#include "roothelper/jobs/job_machine.h"
 
 namespace tickervantage {
 
@@ -17,7 +18,7 @@ bool DaemonWatch::daemon_survives(const std::string& unit) const {
     if (form == ServiceForm::systemd && unit.empty())
         return is_up(unit);
     for (int second = 0; second < watch_seconds; ++second) {
-        pause(1);
+        machine.pause(1);
         if (!is_up(unit))
             return false;
     }

@@ -21,10 +21,18 @@ ProgramVersion version_of(const std::string& program, Execute& execute) {
     return read_version(execute.run({.program = program, .arguments = {"-n", "-v"}}));
 }
 
+// What cannot be read is not known to differ.
+bool have_same_bytes(const JobMachine& machine, const std::string& one, const std::string& other) {
+    const auto first = machine.read_file(one);
+    const auto second = machine.read_file(other);
+    return !first || !second || *first == *second;
+}
+
 } // namespace
 
 InstallationFacts look_at_installation(const InstalledPaths& paths, const std::string& bundle, ServiceForm form,
-                                       const FileExists& file_exists, Execute& execute, const SameFiles& same_files) {
+                                       const JobMachine& machine, Execute& execute) {
+    const FileExists file_exists = machine.looks_for_files();
     InstallationFacts facts;
     facts.complete = is_complete(paths, form, file_exists);
     facts.has_daemon = file_exists(paths.chronyd);
@@ -35,7 +43,7 @@ InstallationFacts look_at_installation(const InstalledPaths& paths, const std::s
         const auto embedded = bundle + "/" + embedded_suffix;
         facts.installed = version_of(paths.chronyd, execute);
         facts.embedded = version_of(embedded, execute);
-        facts.same_programs = !same_files || same_files(paths.chronyd, embedded);
+        facts.same_programs = have_same_bytes(machine, paths.chronyd, embedded);
     }
     return facts;
 }
@@ -95,25 +103,35 @@ Alert unasked_choice_alert(const Translate& words, const DistributionChrony& chr
 InstallationOffers::InstallationOffers(InstallationOffersParts parts)
     : m_parts(std::move(parts)), m_background(m_parts.main_thread) {}
 
-InstallationOffers::~InstallationOffers() = default;
-
 void InstallationOffers::start() {
     m_background.start(
         m_parts.queue,
-        [paths = m_parts.paths(), bundle = m_parts.bundle, form = m_parts.form, exists = m_parts.file_exists,
-         same = m_parts.same_files,
-         &execute = m_parts.execute] { return look_at_installation(paths, bundle, form, exists, execute, same); },
+        [paths = m_parts.owner.installed_paths(), bundle = m_parts.bundle, form = m_parts.form,
+         &machine = m_parts.machine,
+         &execute = m_parts.execute] { return look_at_installation(paths, bundle, form, machine, execute); },
         [this](const InstallationFacts& facts) { offer(facts); });
 }
 
+Translate InstallationOffers::translate() {
+    return [this](const char* text, const char* comment) {
+        return m_parts.owner.translate(text, comment);
+    };
+}
+
+bool InstallationOffers::show(const Alert& alert, std::function<void(std::size_t button)> answered) {
+    const auto show_alert = [this](const Alert& shown, std::function<void(AlertAnswer)> done) {
+        m_parts.owner.show(shown, std::move(done));
+    };
+    return show_unless_suppressed(m_parts.warnings, show_alert, alert, m_background.if_alive(std::move(answered)));
+}
+
 void InstallationOffers::tell_unasked_choice(const DistributionChrony& chrony) {
-    if (show_unless_suppressed(m_parts.warnings, m_parts.show, unasked_choice_alert(m_parts.translate, chrony),
-                               [](std::size_t) {}))
+    if (show(unasked_choice_alert(translate(), chrony), [](std::size_t) {}))
         m_parts.warnings.register_warning(system_chrony_identifier);
 }
 
 void InstallationOffers::offer(const InstallationFacts& facts) {
-    if (facts.distribution && m_parts.uses_distribution_unasked && m_parts.uses_distribution_unasked()) {
+    if (facts.distribution && m_parts.owner.uses_distribution_unasked()) {
         tell_unasked_choice(*facts.distribution);
         return;
     }
@@ -121,27 +139,25 @@ void InstallationOffers::offer(const InstallationFacts& facts) {
         offer_installation(facts);
         return;
     }
-    const auto answered = m_background.if_alive([this, facts](std::size_t button) {
+    const auto answered = [this, facts](std::size_t button) {
         m_parts.warnings.register_warning(system_chrony_identifier); // asked once, whatever the answer
         if (button == 0)
-            m_parts.use_distribution(*facts.distribution);
+            m_parts.owner.use_distribution(*facts.distribution);
         else
             offer_installation(facts);
-    });
-    if (!show_unless_suppressed(m_parts.warnings, m_parts.show,
-                                system_chrony_alert(m_parts.translate, *facts.distribution), answered))
+    };
+    if (!show(system_chrony_alert(translate(), *facts.distribution), answered))
         offer_installation(facts);
 }
 
 void InstallationOffers::offer_installation(const InstallationFacts& facts) {
-    const auto answered = m_background.if_alive([this, facts](std::size_t button) {
+    const auto answered = [this, facts](std::size_t button) {
         if (button == 0)
-            m_parts.install();
+            m_parts.owner.install();
         else
             offer_version(facts);
-    });
-    if (facts.complete || !show_unless_suppressed(m_parts.warnings, m_parts.show,
-                                                  first_run_alert(m_parts.translate, facts.distribution), answered))
+    };
+    if (facts.complete || !show(first_run_alert(translate(), facts.distribution), answered))
         offer_version(facts);
 }
 
@@ -150,19 +166,17 @@ void InstallationOffers::offer_version(const InstallationFacts& facts) {
         !facts.embedded.failure.empty())
         return;
     if (facts.embedded.meaningless) {
-        m_parts.stop_for_version("chronyd", facts.embedded.label);
+        m_parts.owner.stop_for_version("chronyd", facts.embedded.label);
         return;
     }
     if (facts.installed.label == facts.embedded.label && facts.same_programs)
         return;
-    const auto answered = m_background.if_alive([this](std::size_t button) {
-        if (button == 0)
-            m_parts.install();
-    });
-    (void)show_unless_suppressed(
-        m_parts.warnings, m_parts.show,
-        version_alert(m_parts.translate, m_parts.paths().chronyd, facts.installed.label, facts.embedded.label),
-        answered);
+    (void)show(version_alert(translate(), m_parts.owner.installed_paths().chronyd, facts.installed.label,
+                             facts.embedded.label),
+               [this](std::size_t button) {
+                   if (button == 0)
+                       m_parts.owner.install();
+               });
 }
 
 } // namespace tickervantage

@@ -10,11 +10,10 @@
 #include "chrony/reports/runchronyc.h"
 #include "chrony/reports/versions.h"
 #include "chrony/services/service_definitions.h"
-#include "roothelper/jobs/distribution_chrony.h"
+#include "roothelper/jobs/job_machine.h"
 #include "settings/suppressible_alert.h"
 
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -41,13 +40,9 @@ struct InstallationFacts {
 // In the register of warnings: the distribution's chrony was offered, or its use was told.
 inline constexpr const char* system_chrony_identifier = "SystemChronyAlert";
 
-// Whether two files hold the same bytes.
-using SameFiles = std::function<bool(const std::string& one, const std::string& other)>;
-
-// Blocks while two chronyd tell their version. Without `same_files` programs of one version count as the same.
+// Blocks while two chronyd tell their version.
 [[nodiscard]] InstallationFacts look_at_installation(const InstalledPaths& paths, const std::string& bundle,
-                                                     ServiceForm form, const FileExists& file_exists, Execute& execute,
-                                                     const SameFiles& same_files = {});
+                                                     ServiceForm form, const JobMachine& machine, Execute& execute);
 
 // Finds a text in the user's language, by the text and a comment for translators.
 using Translate = std::function<std::string(const char* text, const char* comment)>;
@@ -60,31 +55,37 @@ using Translate = std::function<std::string(const char* text, const char* commen
 [[nodiscard]] Alert system_chrony_alert(const Translate& translate, const DistributionChrony& chrony);
 [[nodiscard]] Alert unasked_choice_alert(const Translate& translate, const DistributionChrony& chrony);
 
+// To whom the offers are made.
+class OffersOwner {
+public:
+    virtual ~OffersOwner() = default;
+
+    [[nodiscard]] virtual InstalledPaths installed_paths() = 0; // as the preferences have them
+    // Whether they are the distribution's because nobody has set any: that is told, once.
+    [[nodiscard]] virtual bool uses_distribution_unasked() = 0;
+    [[nodiscard]] virtual std::string translate(const char* text, const char* comment) = 0;
+    virtual void show(const Alert& alert, std::function<void(AlertAnswer)> answered) = 0;
+    virtual void install() = 0;
+    virtual void use_distribution(const DistributionChrony& chrony) = 0;
+    // A chronyd does not tell its version; what it answered.
+    virtual void stop_for_version(const std::string& program, const std::string& answer) = 0;
+};
+
+// All of it outlives the offers and the queue.
 struct InstallationOffersParts {
     WarningRegister& warnings;
-    Execute& execute;
+    Execute& execute; // on the queue, as the machine
+    const JobMachine& machine;
     DispatchQueueSerial& queue;
     MainThread& main_thread;
     std::string bundle;
+    OffersOwner& owner;
     ServiceForm form = native_service_form;
-    FileExists file_exists;                // on the queue
-    std::function<InstalledPaths()> paths; // as the preferences have them
-    // Whether they are the distribution's because nobody has set any: that is told, once. May be missing.
-    std::function<bool()> uses_distribution_unasked = {};
-    ShowAlert show;
-    Translate translate;
-    std::function<void()> install;
-    std::function<void(const DistributionChrony&)> use_distribution;
-    std::function<void(const std::string& program, const std::string& answer)> stop_for_version;
-    SameFiles same_files = {}; // on the queue
 };
 
 class InstallationOffers {
 public:
     explicit InstallationOffers(InstallationOffersParts parts);
-    ~InstallationOffers();
-    InstallationOffers(const InstallationOffers&) = delete;
-    InstallationOffers& operator=(const InstallationOffers&) = delete;
 
     // Once for each load of the window. Offers come one after the other.
     void start();
@@ -94,6 +95,9 @@ private:
     void tell_unasked_choice(const DistributionChrony& chrony);
     void offer_installation(const InstallationFacts& facts);
     void offer_version(const InstallationFacts& facts);
+
+    [[nodiscard]] bool show(const Alert& alert, std::function<void(std::size_t button)> answered);
+    [[nodiscard]] Translate translate();
 
     InstallationOffersParts m_parts;
     Background m_background;

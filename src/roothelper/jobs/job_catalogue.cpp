@@ -1,5 +1,7 @@
 #include "roothelper/jobs/job_catalogue.h"
 
+#include "base/failure_codes.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -42,14 +44,14 @@ std::string progress_text(AdminJob job, const JobSetting& setting) {
     return std::string(entry_of(job).progress);
 }
 
-JobResult rehearse(const AdminRequest& request, const JobSetting& setting, JobProbes probes) {
-    probes.carried_out = false;
+JobResult rehearse(const AdminRequest& request, const JobSetting& setting, const JobMachine& machine) {
     RecordedSteps unheard;
-    ChronyJobs jobs(setting, std::move(probes), unheard);
-    return play(request, jobs);
+    return play(request, setting, machine, unheard);
 }
 
-JobResult play(const AdminRequest& request, ChronyJobs& jobs) {
+namespace {
+
+Result<> play(const AdminRequest& request, ChronyJobs& jobs) {
     switch (request.job) {
     case AdminJob::install:
         return jobs.install();
@@ -83,7 +85,19 @@ JobResult play(const AdminRequest& request, ChronyJobs& jobs) {
     case AdminJob::adjust_clock:
         return jobs.adjust_clock();
     }
-    return {.done = false, .sentence = "There is no such job."};
+    return failed(FailureCode::no_such_job);
+}
+
+} // namespace
+
+JobResult play(const AdminRequest& request, const JobSetting& setting, const JobMachine& machine, JobSteps& steps) {
+    ChronyJobs jobs(setting, machine, steps);
+    auto outcome = play(request, jobs);
+    return {.outcome = std::move(outcome), .output = jobs.output()};
+}
+
+bool is_untold_failure(const Result<>& outcome) {
+    return !outcome && outcome.error().code != FailureCode::nothing_done;
 }
 
 } // namespace tickervantage

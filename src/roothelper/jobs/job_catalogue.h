@@ -2,6 +2,7 @@
 #pragma once
 
 #include "roothelper/jobs/chrony_jobs.h"
+#include "roothelper/jobs/job_result.h"
 
 #include <span>
 #include <string>
@@ -52,9 +53,10 @@ struct AdminJobEntry {
 [[nodiscard]] std::string progress_text(AdminJob job, const JobSetting& setting);
 
 // What is against the job whatever the rights, found without asking anybody for them: done when nothing is.
-[[nodiscard]] JobResult rehearse(const AdminRequest& request, const JobSetting& setting, JobProbes probes);
+[[nodiscard]] JobResult rehearse(const AdminRequest& request, const JobSetting& setting, const JobMachine& machine);
 
 // Plays the job. Blocks for as long as its steps do.
-[[nodiscard]] JobResult play(const AdminRequest& request, ChronyJobs& jobs);
+[[nodiscard]] JobResult play(const AdminRequest& request, const JobSetting& setting, const JobMachine& machine,
+                             JobSteps& steps);
 
 } // namespace tickervantage

@@ -4,6 +4,8 @@
 // a test. One job at a time; off the main thread where the steps are carried out.
 #pragma once
 
+#include "base/failure.h"
+
 #include <string>
 #include <utility>
 #include <variant>
@@ -12,8 +14,8 @@
 namespace tickervantage {
 
 struct StepReply {
-    std::string text;    // what the command printed, or why it was not run
-    bool is_done = true; // it did its work
+    std::string text = {}; // what the command printed
+    Result<> outcome = {}; // whether it did its work
 };
 
 class JobSteps {
@@ -23,8 +25,10 @@ public:
     // Has the helper run a command line as root.
     virtual StepReply execute(const std::string& command) = 0;
     virtual void sleep(int seconds) = 0;
-    // Writes a file as the user, in place of any older one. 0/-1.
-    [[nodiscard]] virtual int write(const std::string& path, const std::string& text) = 0;
+    // Writes a file as the user, in place of any older one.
+    [[nodiscard]] virtual Result<> write(const std::string& path, const std::string& text) = 0;
+    // False: the steps are only written down, and what they would change is not looked for.
+    [[nodiscard]] virtual bool carries_out() const = 0;
 };
 
 // Keeps the series and carries out nothing. Every command does its work without a word.
@@ -50,10 +54,11 @@ public:
         return {};
     }
     void sleep(int seconds) override { m_steps.emplace_back(Sleep{seconds}); }
-    [[nodiscard]] int write(const std::string& path, const std::string& text) override {
+    [[nodiscard]] Result<> write(const std::string& path, const std::string& text) override {
         m_steps.emplace_back(Write{path, text});
-        return 0;
+        return {};
     }
+    [[nodiscard]] bool carries_out() const override { return false; }
 
     [[nodiscard]] const std::vector<Step>& steps() const { return m_steps; }
 

@@ -1,23 +1,24 @@
 #include "roothelper/jobs/kept_configurations.h"
 
 #include "base/translatable.h"
+#include "roothelper/jobs/job_machine.h"
 
 #include <algorithm>
 #include <array>
 #include <ctime>
-#include <filesystem>
 
 namespace tickervantage {
 
-std::vector<KeptConfiguration> kept_configurations(const HistoryProbes& probes, const std::string& configuration) {
-    const std::string folder = probes.folder + '/' + history_folder_of(configuration);
-    const auto installed = probes.read_file(configuration);
+std::vector<KeptConfiguration> kept_configurations(const JobMachine& machine, const std::string& configuration,
+                                                   const std::string& history) {
+    const std::string folder = history + '/' + history_folder_of(configuration);
+    const auto installed = machine.read_file(configuration);
     std::vector<KeptConfiguration> kept;
-    for (const auto& name : probes.file_names(folder)) {
+    for (const auto& name : machine.file_names(folder)) {
         const auto entry = parse_history_name(name);
-        auto text = entry ? probes.read_file(folder + '/' + name) : std::nullopt;
+        auto text = entry ? machine.read_file(folder + '/' + name) : std::nullopt;
         if (text)
-            kept.push_back({*entry, std::move(*text), false});
+            kept.push_back({*entry, std::move(*text), machine.user_name(entry->user), false});
     }
     std::ranges::sort(kept, std::ranges::greater(), [](const auto& one) { return one.entry.number; });
     const auto present = std::ranges::find_if(kept, [&](const auto& one) { return one.text == installed; });
@@ -52,14 +53,6 @@ const char* reason_text(HistoryReason reason) {
         return TV_TEXT("history", "rolled back");
     }
     return "";
-}
-
-std::vector<std::string> file_names_in(const std::string& folder) {
-    std::vector<std::string> names;
-    std::error_code error; // a folder that cannot be read holds nothing for us
-    for (std::filesystem::directory_iterator file(folder, error), end; !error && file != end; file.increment(error))
-        names.push_back(file->path().filename().string());
-    return names;
 }
 
 } // namespace tickervantage

@@ -5,28 +5,25 @@
 
 #include "roothelper/grammar/helper_history.h"
 
-#include <functional>
-#include <optional>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace tickervantage {
 
+class JobMachine;
+
 struct KeptConfiguration {
     HistoryEntry entry;
     std::string text;
+    std::string user;
     bool is_installed = false; // it is what lies in its place
 };
 
-struct HistoryProbes {
-    std::function<std::vector<std::string>(const std::string& folder)> file_names; // none where there is no folder
-    std::function<std::optional<std::string>(const std::string& path)> read_file;
-    std::string folder = history_folder;
-};
-
 // Those of the configuration at this path, the newest first. One that cannot be read is left out.
-[[nodiscard]] std::vector<KeptConfiguration> kept_configurations(const HistoryProbes& probes,
-                                                                 const std::string& configuration);
+[[nodiscard]] std::vector<KeptConfiguration> kept_configurations(const JobMachine& machine,
+                                                                 const std::string& configuration,
+                                                                 const std::string& history = history_folder);
 
 [[nodiscard]] const KeptConfiguration* find_kept(const std::vector<KeptConfiguration>& kept, std::uint64_t number);
 
@@ -35,7 +32,5 @@ struct HistoryProbes {
 
 // Why it was kept, in a few words.
 [[nodiscard]] const char* reason_text(HistoryReason reason);
-
-[[nodiscard]] std::vector<std::string> file_names_in(const std::string& folder);
 
 } // namespace tickervantage

@@ -1,18 +1,19 @@
 #include "roothelper/jobs/old_installation.h"
 
 #include "roothelper/client/privileged_actions.h"
+#include "roothelper/jobs/job_machine.h"
 
 namespace tickervantage {
 namespace {
 
 // What a line answers is not looked at: a service that is not loaded cannot be stopped, which does no harm.
-void remove_service(const OldInstallationRemoval& how, PrivilegedActions& actions, const std::string& label) {
+void remove_service(JobMachine& machine, ServiceForm form, PrivilegedActions& actions, const std::string& label) {
     if (!actions.blessHelper())
         return;
-    for (const auto& line : removal_lines(how.form, label)) {
+    for (const auto& line : removal_lines(form, label)) {
         (void)actions.execute(line.command);
         if (line.pause_seconds > 0)
-            how.pause(line.pause_seconds);
+            machine.pause(line.pause_seconds);
     }
 }
 
@@ -23,14 +24,14 @@ const std::vector<std::string>& old_installation_labels() {
     return labels;
 }
 
-void remove_old_installations(const OldInstallationRemoval& how, const std::shared_ptr<PrivilegedActions>& actions,
+void remove_old_installations(JobMachine& machine, ServiceForm form, const std::shared_ptr<PrivilegedActions>& actions,
                               DispatchQueueSerial& queue) {
     for (const auto& label : old_installation_labels()) {
-        if (!how.file_exists(definition_path(how.form, label)))
+        if (!machine.file_exists(definition_path(form, label)))
             continue;
-        queue.async([how, label, weak = std::weak_ptr(actions)] {
+        queue.async([&machine, form, label, weak = std::weak_ptr(actions)] {
             if (const auto alive = weak.lock())
-                remove_service(how, *alive, label);
+                remove_service(machine, form, *alive, label);
         });
     }
 }

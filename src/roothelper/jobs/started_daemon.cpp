@@ -48,7 +48,7 @@ std::string StartedDaemonLook::running_line(const std::string& pid) const {
 }
 
 std::string StartedDaemonLook::with_variables(const std::string& line, const std::string& environment_file) const {
-    const std::string assignments = '\n' + read_file(environment_file).value_or("");
+    const std::string assignments = '\n' + machine.read_file(environment_file).value_or("");
     std::istringstream words(line);
     std::string result;
     for (std::string word; words >> word;) {
@@ -77,7 +77,7 @@ std::optional<StartedDaemon> StartedDaemonLook::look_at(const std::string& unit)
         return std::nullopt;
     auto config = config_in(line);
     if (config.empty())
-        config = distribution_configuration(file_exists);
+        config = distribution_configuration(machine.looks_for_files());
     return config.empty() ? std::nullopt : std::optional(StartedDaemon{unit, config});
 }
 

@@ -4,23 +4,16 @@
 #pragma once
 
 #include "base/execute.h"
-#include "roothelper/jobs/distribution_chrony.h"
+#include "roothelper/jobs/job_machine.h"
 
-#include <functional>
 #include <optional>
 #include <string>
 
 namespace tickervantage {
 
-struct StartedDaemon {
-    std::string unit;
-    std::string config; // the file that it reads
-};
-
 struct StartedDaemonLook {
     Execute& execute;
-    FileExists file_exists;
-    std::function<std::optional<std::string>(const std::string& path)> read_file;
+    const JobMachine& machine; // whose files are looked at
     std::string proc = "/proc";
 
     // By the words of the daemon that runs, else by those of its unit. `unit` is empty for the one that the support
