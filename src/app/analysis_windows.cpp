@@ -34,8 +34,7 @@ class PlotFiles : public PlotWriter {
 
 } // namespace
 
-AnalysisWindows::AnalysisWindows(AnalysisParts parts)
-    : m_parts(std::move(parts)), m_plot_writer(std::make_unique<PlotFiles>()), m_background(m_parts.main_thread) {}
+AnalysisWindows::AnalysisWindows(AnalysisParts parts) : m_parts(std::move(parts)), m_background(m_parts.main_thread) {}
 
 AnalysisWindows::~AnalysisWindows() {
     for (auto* window : std::exchange(m_tracking, {}))
@@ -43,7 +42,8 @@ AnalysisWindows::~AnalysisWindows() {
 }
 
 PlotExportParts AnalysisWindows::export_parts() {
-    return {.queue = m_parts.export_queue, .main_thread = m_parts.main_thread, .writer = *m_plot_writer};
+    static PlotFiles files; // an export may be under way when the windows go
+    return {.queue = m_parts.export_queue, .main_thread = m_parts.main_thread, .writer = files};
 }
 
 TrackingWindowParts AnalysisWindows::tracking_parts() {

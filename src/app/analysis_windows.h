@@ -69,7 +69,6 @@ private:
     void make_inspector();
 
     AnalysisParts m_parts;
-    std::unique_ptr<PlotWriter> m_plot_writer;
     std::list<TrackingWindow*> m_tracking; // open; the last one used stands last
     std::unique_ptr<SpectrumWindow> m_spectrum;
     std::unique_ptr<FreqTempWindow> m_freqtemp;

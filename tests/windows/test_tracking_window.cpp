@@ -90,10 +90,10 @@ struct TrackingWindowTest : ::testing::Test {
     testing::FakeFollowedFiles files;
     GuardedFiles guarded{files};
     SerialQueue queue{"net.brisklane.test"};
+    KeptTexts plots;
     SerialQueue export_queue{"net.brisklane.test"};
     PreferencesAdvanced preferences;
     int blocks = 0;
-    KeptTexts plots;
     TrackingLogSetting setting = TrackingLogSetting::unknown;
     std::unique_ptr<TrackingWindow> window;
 

@@ -6,7 +6,7 @@
 // however much the plot holds. The window may close meanwhile: what has left the main thread by then is still written,
 // the rest is dropped and no file is touched.
 //
-// Main thread only. The parts outlive the window, and the main thread outlives the queue.
+// Main thread only. The parts outlive the window, and the main thread and the writer outlive the queue.
 #pragma once
 
 #include "base/background.h"
