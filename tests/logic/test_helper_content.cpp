@@ -182,18 +182,21 @@ TEST(HelperContent, QuestionsShowEveryLineWholeOrAreNotAsked) {
 }
 
 // What a machine holds, by path; a pattern of the tests' ends in a star.
-IncludedFiles files_of(const std::map<std::string, std::string>& machine) {
-    const auto matching = [&machine](const std::string& pattern) {
+class FilesOnPaper : public IncludedFiles {
+public:
+    explicit FilesOnPaper(std::map<std::string, std::string> machine) : m_machine(std::move(machine)) {}
+    [[nodiscard]] std::vector<std::string> matching(const std::string& pattern) const override {
         std::vector<std::string> paths;
-        for (const auto& [path, text] : machine)
+        for (const auto& [path, text] : m_machine)
             if (::fnmatch(pattern.c_str(), path.c_str(), FNM_PATHNAME) == 0)
                 paths.push_back(path == "/etc/chrony/link.conf" ? "/etc/chrony/chrony.conf" : path);
         return paths;
-    };
-    return {matching, [&machine](const std::string& path) {
-                return machine.at(path);
-            }};
-}
+    }
+    [[nodiscard]] std::string read(const std::string& path) const override { return m_machine.at(path); }
+
+private:
+    std::map<std::string, std::string> m_machine;
+};
 
 TEST(HelperContent, ConfigurationsThatIncludeThemselvesAreFound) {
     const std::map<std::string, std::string> machine{
@@ -225,27 +228,30 @@ TEST(HelperContent, ConfigurationsThatIncludeThemselvesAreFound) {
     };
     for (const auto& [line, comes_back] : cases)
         EXPECT_EQ(line_that_includes_itself(std::string("server a\n") + line + "\n", "/etc/chrony/chrony.conf",
-                                            files_of(machine)),
+                                            FilesOnPaper(machine)),
                   comes_back ? 2 : 0)
             << line;
-    EXPECT_EQ(line_that_includes_itself("confdir /etc/chrony.d\n", "/etc/chrony.d/chrony.conf", files_of(machine)), 1)
+    EXPECT_EQ(line_that_includes_itself("confdir /etc/chrony.d\n", "/etc/chrony.d/chrony.conf", FilesOnPaper(machine)),
+              1)
         << "also where nothing is installed yet";
 }
 
 TEST(HelperContent, NoPatternOfACallerLeadsASearchOutOfTheConfigurations) {
-    std::vector<std::string> searched;
-    const IncludedFiles files{[&searched](const std::string& pattern) {
-                                  searched.push_back(pattern);
-                                  return std::vector<std::string>();
-                              },
-                              [](const std::string&) {
-                                  return std::string();
-                              }};
+    class Searches : public IncludedFiles {
+    public:
+        mutable std::vector<std::string> patterns;
+        [[nodiscard]] std::vector<std::string> matching(const std::string& pattern) const override {
+            patterns.push_back(pattern);
+            return {};
+        }
+        [[nodiscard]] std::string read(const std::string&) const override { return {}; }
+    } files;
     for (const char* pattern : {"/etc/chrony/../../*/*/*/*", "/etc/chrony/.*/.*/*/*", "/etc/chrony/\\.*/\\.*/*",
                                 "/etc/chrony*/.?/*", "/etc/chrony/*/../../*"})
         EXPECT_EQ(line_that_includes_itself(std::string("include ") + pattern + "\n", "/etc/chrony/chrony.conf", files),
                   0);
-    EXPECT_EQ(searched, std::vector<std::string>(5, "/etc/chrony/chrony.conf")) << "the destination's other names only";
+    EXPECT_EQ(files.patterns, std::vector<std::string>(5, "/etc/chrony/chrony.conf"))
+        << "the destination's other names only";
 }
 
 TEST(HelperContent, RefusalsOfChronydTellNothingOfFilesThatTheCallerMayNotRead) {

@@ -3,17 +3,20 @@
 // Source: chrony.conf(5), "confdir", "include", "sourcedir".
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tickervantage {
 
-struct IncludedFiles {
+class IncludedFiles {
+public:
+    virtual ~IncludedFiles() = default;
+
     // The files that match a pattern of chronyd's, links resolved; none where nobody but root should look for them.
-    std::function<std::vector<std::string>(const std::string& pattern)> matching;
-    std::function<std::string(const std::string& path)> read; // empty where it cannot be read
+    [[nodiscard]] virtual std::vector<std::string> matching(const std::string& pattern) const = 0;
+    // Empty where it cannot be read.
+    [[nodiscard]] virtual std::string read(const std::string& path) const = 0;
 };
 
 // The number of the line, counted from 1, through which `text`, installed at `destination`, would include itself:

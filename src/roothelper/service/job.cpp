@@ -35,10 +35,13 @@ std::string text_at(const std::string& path) {
     return bytes_of_roots_file(path, text_limit);
 }
 
-const IncludedFiles& included_files() {
-    static const IncludedFiles files{matching_roots_files, text_at};
-    return files;
-}
+class RootsFiles : public IncludedFiles {
+public:
+    [[nodiscard]] std::vector<std::string> matching(const std::string& pattern) const override {
+        return matching_roots_files(pattern);
+    }
+    [[nodiscard]] std::string read(const std::string& path) const override { return text_at(path); }
+};
 
 } // namespace
 
@@ -140,7 +143,7 @@ void Job::check_configuration(const std::string& bytes) {
     if (!unsafe)
         return refuse(unsafe.error());
     m_unsafe_lines = *std::move(unsafe);
-    if (const int line = line_that_includes_itself(bytes, destination, included_files()); line > 0)
+    if (const int line = line_that_includes_itself(bytes, destination, RootsFiles()); line > 0)
         return refuse({.code = FailureCode::includes_itself, .arguments = {std::to_string(line)}});
     if (!stage(bytes))
         return;

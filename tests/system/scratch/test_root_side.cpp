@@ -367,7 +367,9 @@ TEST_F(RootSide, DISABLED_Figures) {
 }
 
 TEST_F(BystanderRootSide, GetsNothing) {
-    EXPECT_EQ(channel.authorise().error(), Failure{.code = FailureCode::authorisation_refused});
+    const auto refused = channel.authorise();
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error(), Failure{.code = FailureCode::authorisation_refused}) << english(refused.error());
     EXPECT_TRUE(is_sentence(send(clients)));
     EXPECT_TRUE(is_sentence(send("EXECUTE \"" + tool + "\" stopchrony")));
     EXPECT_EQ(send("QUIT"), "quit");
