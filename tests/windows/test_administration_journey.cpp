@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTreeWidget>
 
 namespace tickervantage {
@@ -99,6 +100,29 @@ TEST_F(AdministrationJourney, InstallationThatIsRefusedSaysSoStopsNothingAndRead
     EXPECT_EQ(place_of("startchrony"), -1);
     wait(60);
     EXPECT_GT(runs_of("chronyc", "tracking"), readings + 1);
+}
+
+TEST_F(AdministrationJourney, ALogIsMadeReadableFromItsWindow) {
+    machine_files["/etc/chrony.d/chrony.conf"] = "logdir /logs\n";
+    launch();
+    settle();
+    application->open_log(QStringLiteral("/logs/tracking.log"));
+    auto* button = window("TrackingWindow")->findChild<QPushButton*>(QStringLiteral("makeReadable"));
+    for (const char* failing : {"none", "chmod"}) {
+        commands.clear();
+        fakes.channel.failing = {failing};
+        button->click();
+        EXPECT_FALSE(button->isEnabled());
+        settle();
+        EXPECT_TRUE(button->isEnabled());
+        EXPECT_NE(place_of("/logs/tracking.log"), -1);
+        const auto* said = window("TrackingWindow")->findChild<QStatusBar*>();
+        EXPECT_EQ(said != nullptr && !said->currentMessage().isEmpty(), fakes.channel.failing.front() == "chmod");
+    }
+    button->click();
+    window("TrackingWindow")->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    settle(); // the answer finds nobody
 }
 
 TEST_F(AdministrationJourney, FormerConfigurationIsShownComparedAndBroughtBack) {

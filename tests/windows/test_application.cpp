@@ -85,6 +85,18 @@ TEST_F(ApplicationTest, FrequencyAndItsInspectorAreOneWindowEach) {
         EXPECT_EQ(std::ranges::count(windows, QLatin1String(name), &QWidget::objectName), 1) << name;
 }
 
+TEST_F(ApplicationTest, TheSpectrumIsOfTheTrackingWindowThatIsOpen) {
+    launch();
+    item("showSpectrum")->trigger();
+    const auto* chart = window("SpectrumWindow")->findChild<QWidget*>(QStringLiteral("m_spectrum"));
+    const QString nothing = chart->accessibleDescription();
+    application->open_log(QStringLiteral("/var/log/chrony/tracking.log"));
+    EXPECT_NE(chart->accessibleDescription(), nothing);
+    window("TrackingWindow")->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(chart->accessibleDescription(), nothing);
+}
+
 TEST_F(ApplicationTest, LiveTrackingFollowsTheLogOfTheConfiguredFolder) {
     const QTemporaryDir folder;
     const std::string configuration = folder.filePath(QStringLiteral("chrony.conf")).toStdString();
