@@ -13,6 +13,7 @@
 #include "support/told_canvas.h"
 
 #include <cmath>
+#include <limits>
 
 namespace tickervantage::testing {
 namespace {
@@ -20,16 +21,35 @@ namespace {
 constexpr double NOON = 1'795'262'400; // 2026-11-21 12:00:00 UTC
 
 void draw_meter(ToldCanvas& canvas) {
-    ClockPerformance meter;
+    int redraws = 0;
+    ClockPerformance meter([&redraws] { ++redraws; });
     meter.setValue(-250, true);
     meter.draw(canvas, {0, 0, 200, 200});
     meter.setValue(2e15, false);
     meter.draw(canvas, {10, 0, 480, 500});
+    constexpr double infinite = std::numeric_limits<double>::infinity();
+    for (const double value : {0.0, 100.0, -100.0, std::nextafter(100, 101), 101.0, 999.9, 1000.0, 1001.0, 99'999.0,
+                               1e6, 1.2e7, 1e9, -5e13, 1e15, 2e15, -1e300, infinite, -infinite, std::nan("")}) {
+        meter.setValue(value, value == 1001);
+        canvas.tell("{}: {} {} {} {:.4f}", value, meter.full_scale_text(), meter.scale(), meter.scale_exp(),
+                    meter.deflection());
+        ToldCanvas marks;
+        meter.draw(marks, {0, 0, 200, 200});
+        for (std::size_t at = marks.told.find("text \""); at != std::string::npos;
+             at = marks.told.find("text \"", at + 1))
+            canvas.told += marks.told.substr(at + 5, marks.told.find('"', at + 6) - at - 4);
+        canvas.tell("");
+    }
+    canvas.tell("{} redraws", redraws);
 }
 
 void draw_clock(ToldCanvas& canvas) {
-    AnalogClockView clock([] { return ClockTime{10, 9, 36}; });
-    clock.draw(canvas, {0, 0, 200, 200});
+    ClockTime time{10, 9, 36};
+    AnalogClockView clock([&time] { return time; });
+    for (const ClockTime next : {ClockTime{15, 30, 0}, {23, 59, 60}, {0, 0, 0}}) {
+        clock.draw(canvas, {0, 0, 200, 200});
+        time = next;
+    }
 }
 
 // An hour of records, one a minute; half an hour ago one alone between two without an offset.
@@ -99,6 +119,19 @@ void draw_packed_tracking(ToldCanvas& canvas) {
         fill(view, 700);
         view.set_horizontal_zoom(-5);
     });
+}
+
+void draw_dense_tracking(ToldCanvas& canvas) {
+    draw_graph(canvas, {0, 0, 600, 400}, [](auto& view) {
+        fill(view, 300);
+        view.set_horizontal_zoom(-2.5);
+    });
+}
+
+// So far out that no tick has room, and right of the origin, where there is nothing.
+void draw_far_tracking(ToldCanvas& canvas) {
+    draw_graph(canvas, {0, 0, 600, 400}, [](auto& view) { view.set_horizontal_zoom(-60); });
+    draw_graph(canvas, {560, 0, 40, 400}, [](auto& view) { fill(view); });
 }
 
 std::shared_ptr<ComputedSpectrum> spectrum_of(std::size_t bins) {
@@ -220,6 +253,8 @@ INSTANTIATE_TEST_SUITE_P(All, Drawn,
                                            Drawing{"tracking", draw_tracking},
                                            Drawing{"linear_tracking", draw_linear_tracking},
                                            Drawing{"packed_tracking", draw_packed_tracking},
+                                           Drawing{"dense_tracking", draw_dense_tracking},
+                                           Drawing{"far_tracking", draw_far_tracking},
                                            Drawing{"spectrum", draw_spectrum}, Drawing{"freqtemp", draw_freqtemp},
                                            Drawing{"caption", draw_caption}, Drawing{"elsewhere", draw_elsewhere}),
                          [](const auto& instance) { return std::string(instance.param.name); });

@@ -362,22 +362,6 @@ TEST_F(FreqTempSessionTest, ChecksSensorsOrNoSensor) {
 
 constexpr Rect VISIBLE{0, 0, 470, 338}; // the drawing area is 392 by 300, from (54, 34)
 
-TEST(FreqTempView, ReadsOffWhatIsSelectedUnderThePointer) {
-    FreqTempView view;
-    scatterEntry hidden = entry_of(5);
-    hidden.selected = false;
-    hidden.points.append({99, 99});
-    view.set_scatter({{"a", entry_of(100, true)}, {"b", hidden}});
-    RecordingCanvas canvas;
-    view.draw(canvas, VISIBLE);
-    ASSERT_EQ(canvas.boxes.size(), 1U);
-    const auto reading = view.reading_at(canvas.boxes[0].boxes[7].center(), VISIBLE);
-    ASSERT_TRUE(reading && reading->near);
-    EXPECT_EQ(reading->near->sensor, "a");
-    EXPECT_EQ(reading->fits.size(), 1U);
-    EXPECT_FALSE(view.reading_at({10, 10}, VISIBLE));
-}
-
 TEST(FreqTempView, StaysFiniteAtOneTemperatureAndWithoutPoints) {
     scatterEntry entry;
     for (int i = 0; i < 5; ++i)

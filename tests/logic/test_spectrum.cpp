@@ -304,15 +304,6 @@ testing::RecordingCanvas drawn(const SpectrumView& view, Rect bounds = BOUNDS, d
     return canvas;
 }
 
-TEST(SpectrumView, ReadsOffTheBarUnderThePointer) {
-    SpectrumView view;
-    view.set_spectrum(spectrum_with({1, 0.5, 0, 0.25}));
-    EXPECT_EQ(view.reading_at(300, BOUNDS), (SpectrumReading{1, 0.0625, 0.5, 16.0, false}));
-    EXPECT_EQ(view.reading_at(700, BOUNDS), (SpectrumReading{3, 0.0625, 0.25, 16.0, true}));
-    EXPECT_EQ(view.reading_at(23, BOUNDS), std::nullopt);
-    EXPECT_EQ(view.reading_at(824, BOUNDS), std::nullopt);
-}
-
 TEST(SpectrumView, StopsAtTheFirstBinThatIsNotFinite) {
     SpectrumView view;
     view.set_spectrum(spectrum_with({1, 0.5, NOT_A_NUMBER, 0.25}));

@@ -174,17 +174,6 @@ TEST_F(TrackingViewTest, DrawsNothingOfOneRecordOrOfAnOldLog) {
     EXPECT_TRUE(drawn(bounds, bounds).boxes.empty());
 }
 
-TEST_F(TrackingViewTest, StopsAfterTheFirstPointLeftOfTheFrame) {
-    for (const int second : {-20000, -3000, -5200, -3000, -600}) // the clock was stepped back in between
-        view.add_line(log_line(NOON + second, number(-second * 1e-9)));
-    const auto canvas = drawn({0, 0, 400, 200}, {0, 0, 400, 200});
-    const auto& points = canvas.polylines.at(0).points;
-    ASSERT_EQ(canvas.polylines.size(), 1U);
-    EXPECT_EQ(points.size(), 3U);
-    EXPECT_LT(points.front().x, 0);
-    EXPECT_EQ(points.back().x, 300);
-}
-
 struct RandomLog {
     const char* name;
     int records;
@@ -315,25 +304,6 @@ TEST_F(TrackingViewTest, FrameHoldsTheFirstRecordAndAllShownValues) {
     EXPECT_TRUE(drawn(visible, visible).polylines.empty()) << "every series hidden";
     view.clear();
     EXPECT_EQ(view.resizeFrame(visible, visible), visible);
-}
-
-TEST_F(TrackingViewTest, ReadsOffTheNearestRecord) {
-    const Rect bounds{0, 0, 400, 200};
-    EXPECT_FALSE(view.readout(100, bounds));
-    for (const int second : {-3000, -1500, -600})
-        view.add_line(log_line(NOON + second, number(-second * 1e-9)));
-    struct Case {
-        double x;
-        LogTime age;
-    };
-    for (const auto& one :
-         {Case{-50, 3000}, Case{189, 3000}, Case{191, 1500}, Case{269, 1500}, Case{271, 600}, Case{400, 600}}) {
-        const auto readout = view.readout(one.x, bounds);
-        ASSERT_TRUE(readout) << one.x;
-        EXPECT_EQ(readout->time, NOON - one.age) << one.x;
-        EXPECT_DOUBLE_EQ(readout->values[0], static_cast<double>(one.age) * 1e-9);
-        EXPECT_DOUBLE_EQ(readout->x, 340 - static_cast<double>(one.age) / 15);
-    }
 }
 
 TEST_F(TrackingViewTest, RowsOfWhatIsInSight) {

@@ -5,12 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include <fcntl.h>
-#include <poll.h>
-#include <spawn.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -19,13 +15,10 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <array>
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iterator>
-#include <random>
 
 namespace tickervantage {
 namespace {
@@ -301,77 +294,6 @@ TEST_F(SettingsStoreTest, AFullDiskLeavesTheOldFileWhole) {
     }
     EXPECT_NE(bytes_of(file).find("b=small"), std::string::npos);
     EXPECT_EQ(::umount(folder.c_str()), 0);
-}
-
-constexpr int report_fd = 99;
-
-// The other side of the test below: saves two keys that belong together, again and again, until it is killed.
-TEST(DISABLED_SettingsStoreWriter, SavesUntilKilled) {
-    const char* const path = std::getenv("SETTINGS_UNDER_FIRE");
-    ASSERT_NE(path, nullptr);
-    MemoryLogger logger;
-    ManualQueue queue;
-    QtSettingsStore store(path, queue, logger);
-    for (unsigned long round = 1;; ++round) {
-        const auto size = static_cast<std::size_t>(round * 7919 % 30'000);
-        store.write("first", {std::to_string(round) + std::string(size, 'x')});
-        store.write("second", {std::to_string(round) + std::string(size, 'x')});
-        queue.turn();
-        if (round == 1) {
-            ASSERT_EQ(::write(report_fd, "!", 1), 1);
-        }
-    }
-}
-
-pid_t start_writer(int report) {
-    const std::string self = fs::read_symlink("/proc/self/exe").string();
-    std::array<const char*, 4> arguments{self.c_str(), "--gtest_also_run_disabled_tests",
-                                         "--gtest_filter=*SavesUntilKilled", nullptr};
-    posix_spawn_file_actions_t actions;
-    ::posix_spawn_file_actions_init(&actions);
-    ::posix_spawn_file_actions_adddup2(&actions, report, report_fd);
-    ::posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    ::posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    pid_t child = -1;
-    EXPECT_EQ(::posix_spawn(&child, self.c_str(), &actions, nullptr, const_cast<char**>(arguments.data()), environ), 0);
-    ::posix_spawn_file_actions_destroy(&actions);
-    return child;
-}
-
-TEST_F(SettingsStoreTest, AWriterKilledAtAnyMomentLeavesAWholeFile) {
-    const QTemporaryDir scratch; // what the killed leave behind
-    ::setenv("SETTINGS_UNDER_FIRE", file.c_str(), 1);
-    ::setenv("TMPDIR", scratch.path().toUtf8().constData(), 1);
-    std::mt19937 random(20261121);
-    std::uniform_int_distribution<int> pause_us(0, 30'000);
-    Texts found;
-    for (int kill = 0; kill < 100; ++kill) {
-        std::array<int, 2> ends{};
-        ASSERT_EQ(::pipe2(ends.data(), O_CLOEXEC), 0);
-        const pid_t child = start_writer(ends[1]);
-        pollfd started{.fd = ends[0], .events = POLLIN, .revents = 0};
-        ASSERT_EQ(::poll(&started, 1, 20'000), 1);
-        // On a busy disk a round takes longer than that: the pauses grow until one was over.
-        const bool varies = std::ranges::adjacent_find(found, std::not_equal_to()) != found.end();
-        const auto pause = std::chrono::microseconds(pause_us(random)) * (varies ? 1 : kill + 1);
-        const auto end = std::chrono::steady_clock::now() + pause;
-        while (std::chrono::steady_clock::now() < end) {
-        }
-        ::kill(child, SIGKILL);
-        ::waitpid(child, nullptr, 0);
-        ::close(ends[0]);
-        ::close(ends[1]);
-        const QtSettingsStore store(file.string(), queue, logger);
-        ASSERT_EQ(store.load_problem(), "") << kill;
-        ASSERT_TRUE(store.read("first"));
-        ASSERT_EQ(store.read("first"), store.read("second")) << kill;
-        found.push_back(store.read("first")->front());
-    }
-    ::unsetenv("TMPDIR");
-    std::ranges::sort(found);
-    const auto repeated = std::ranges::unique(found);
-    EXPECT_GT(repeated.begin() - found.begin(), 1); // it was killed at different rounds
-    EXPECT_LE(names().size(), 3U);                  // the file, its lock, at most one draft
 }
 
 } // namespace
