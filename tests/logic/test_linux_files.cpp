@@ -207,6 +207,8 @@ TEST(FileLogger, WritesOnTheQueueAndTheRestAtClose) {
                              "2026-11-21T05:20:32Z info three\n");
     EXPECT_EQ(mode_of(file), 0600U);
     EXPECT_EQ(mode_of(folder.file("state")), 0700U);
+    FileLogger(queue, folder.file("gone"), [] { return november; }).log(LogLevel::info, "last words");
+    EXPECT_EQ(text_of(folder.file("gone/tickervantage.log")), "2026-11-21T05:20:32Z info last words\n");
 }
 
 TEST(FileLogger, KeepsOneOldFileAndBoundsItsBacklog) {

@@ -38,9 +38,9 @@ TEST(PathRules, OnlyOwnersAndRootsGroupMayWriteToAFolderOfRootsFiles) {
 
 class InstallFileTest : public ::testing::Test {
 protected:
-    Result<> install(const std::string& source, const std::string& mode) {
+    Result<> install(const std::string& source, const std::string& mode, const std::string& to = "config/new") {
         const std::string owner = std::string(getpwuid(::geteuid())->pw_name) + ":" + getgrgid(::getegid())->gr_name;
-        return install_file({source, m_home.path("config/new"), owner, mode}, {.self = ::geteuid()});
+        return install_file({source, m_home.path(to), owner, mode}, {.self = ::geteuid()});
     }
     PrivateHome m_home;
 };
@@ -51,6 +51,21 @@ TEST_F(InstallFileTest, NobodyElseMayWriteToWhatRootInstallsAndNothingRunsAsItsO
         EXPECT_FALSE(install(m_home.path("source"), mode)) << mode;
     EXPECT_TRUE(m_home.found_in("config").empty());
     EXPECT_TRUE(install(m_home.path("source"), "0755"));
+}
+
+TEST_F(InstallFileTest, NoWayLeadsThroughALinkThatSomebodyElseCanMove) {
+    write_file(m_home.path("source"), "x");
+    fs::create_directory_symlink(m_home.path("data"), m_home.path("run/link"));
+    fs::create_directory_symlink("link", m_home.path("run/second"));
+    EXPECT_TRUE(install(m_home.path("source"), "0644", "run/second/new"));
+    EXPECT_EQ(contents(m_home.path("data/new")), "x");
+    ASSERT_EQ(chmod(m_home.path("run").c_str(), 01777), 0);
+    const auto refused = install(m_home.path("source"), "0644", "run/link/other");
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().code,
+              ::geteuid() == 0 ? FailureCode::way_through_link_of_others : FailureCode::way_open_to_others);
+    fs::create_directory_symlink("loop", m_home.path("state/loop"));
+    EXPECT_FALSE(install(m_home.path("source"), "0644", "state/loop/new"));
 }
 
 // Files of the kernel are longer or shorter than they say, as one is that somebody writes meanwhile.
