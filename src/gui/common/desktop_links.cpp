@@ -45,9 +45,11 @@ bool open_page(const QString& address) {
 
 bool has_application(const QString& id) {
     const QString file = desktop_file_of(id);
+    if (file.isEmpty())
+        return false;
     const QSettings entry(file, QSettings::IniFormat);
     const QString needed = entry.value(QStringLiteral("Desktop Entry/TryExec")).toString();
-    return !file.isEmpty() && !entry.value(QStringLiteral("Desktop Entry/Hidden")).toBool() &&
+    return !entry.value(QStringLiteral("Desktop Entry/Hidden")).toBool() &&
            (needed.isEmpty() || !QStandardPaths::findExecutable(needed).isEmpty());
 }
 
