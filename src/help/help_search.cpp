@@ -1,5 +1,7 @@
 #include "help/help_search.h"
 
+#include "base/text_lines.h"
+
 #include <algorithm>
 #include <cctype>
 
@@ -16,17 +18,6 @@ std::string lower_case(std::string_view text) {
     return lower;
 }
 
-std::vector<std::string> words_in(std::string_view text) {
-    std::vector<std::string> words;
-    for (std::size_t at = text.find_first_not_of(" \t\n"); at != std::string_view::npos;
-         at = text.find_first_not_of(" \t\n", at)) {
-        const auto end = std::min(text.find_first_of(" \t\n", at), text.size());
-        words.emplace_back(text.substr(at, end - at));
-        at = end;
-    }
-    return words;
-}
-
 bool is_underline(std::string_view word) {
     return word.size() > 2 && word.find_first_not_of("-=") == std::string_view::npos;
 }
@@ -34,7 +25,7 @@ bool is_underline(std::string_view word) {
 // Line ends and runs of blanks become one blank: a paragraph is searched as it is read, not as it is folded.
 std::string joined(std::string_view paragraph) {
     std::string line;
-    for (const auto& word : words_in(paragraph))
+    for (const auto word : words(paragraph))
         if (!is_underline(word)) // of a heading
             line.append(line.empty() ? "" : " ").append(word);
     return line;
@@ -59,8 +50,9 @@ std::string excerpt_of(std::string_view paragraph, std::size_t at) {
 
 } // namespace
 
-std::vector<std::string> search_page(std::string_view text, std::string_view words, std::size_t limit) {
-    const auto wanted = words_in(lower_case(words));
+std::vector<std::string> search_page(std::string_view text, std::string_view query, std::size_t limit) {
+    const std::string lower_query = lower_case(query);
+    const auto wanted = words(lower_query);
     std::vector<std::string> hits;
     while (!wanted.empty() && !text.empty() && hits.size() < limit) {
         const auto end = std::min(text.find("\n\n"), text.size());

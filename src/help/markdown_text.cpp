@@ -50,16 +50,12 @@ std::string plain_words(std::string_view text) {
     return plain;
 }
 
-struct Marker {
-    std::size_t length = 0; // with the blank behind it; 0: no list item
-};
-
-Marker marker_of(std::string_view line) {
+// The length of a list item's marker with the blank behind it; 0: no list item.
+std::size_t marker_length(std::string_view line) {
     if (line.starts_with("- "))
-        return {2};
-    const auto digits = std::ranges::find_if(line, [](char c) { return c < '0' || c > '9'; }) - line.begin();
-    const auto count = static_cast<std::size_t>(digits);
-    return count > 0 && line.substr(count).starts_with(". ") ? Marker{count + 2} : Marker{};
+        return 2;
+    const auto digits = std::min(line.find_first_not_of("0123456789"), line.size());
+    return digits > 0 && line.substr(digits).starts_with(". ") ? digits + 2 : 0;
 }
 
 class TextWriter {
@@ -87,7 +83,7 @@ private:
     void add_flowing(std::string_view line) {
         const auto start = std::min(line.find_first_not_of(' '), line.size());
         const std::string_view words = line.substr(start);
-        const Marker marker = marker_of(words);
+        const std::size_t marker = marker_length(words);
         if (words.empty()) {
             flush();
             add_gap();
@@ -98,9 +94,9 @@ private:
         } else if (words.starts_with('|')) {
             add_row(words);
         } else {
-            if (marker.length != 0)
-                begin_item(words.substr(0, marker.length), start);
-            m_words.append(m_words.empty() ? "" : " ").append(words.substr(marker.length));
+            if (marker != 0)
+                begin_item(words.substr(0, marker), start);
+            m_words.append(m_words.empty() ? "" : " ").append(words.substr(marker));
         }
     }
 
