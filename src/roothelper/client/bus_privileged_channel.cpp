@@ -165,8 +165,8 @@ HelperAnswer BusPrivilegedChannel::ask(const std::string& request, const std::op
         m_calls.call(request_call, [&](sd_bus_message* message) { return append_request(message, request, auth); });
     if (is_answer(answer))
         return read_reply(answer.get());
-    Failure failure = failure_of(answer);
-    return {.reply = english(failure), .failure = std::move(failure)};
+    const Failure failure = failure_of(answer);
+    return {.reply = english(failure), .failure = failure};
 }
 
 void BusPrivilegedChannel::disconnect() {

@@ -247,16 +247,16 @@ bool same_files(const std::string& one, const std::string& other) {
     return first.valid() && second.valid() && same_bytes(first.get(), second.get());
 }
 
-Result<> restore_former(const std::string& path, const PathRules& rules) {
-    const auto destination = open_destination(path, rules);
-    if (!destination)
-        return tl::unexpected(destination.error());
-    const Place& place = destination->place;
+Result<> restore_former(const std::string& destination, const PathRules& rules) {
+    const auto there = open_destination(destination, rules);
+    if (!there)
+        return tl::unexpected(there.error());
+    const Place& place = there->place;
     const std::string former = place.name + ".former";
     if (is_something_else(place, former))
-        return failed(FailureCode::no_ordinary_file_there, {path + ".former"});
+        return failed(FailureCode::no_ordinary_file_there, {destination + ".former"});
     if (::renameat(place.folder.get(), former.c_str(), place.folder.get(), place.name.c_str()) != 0)
-        return failed(FailureCode::cannot_restore_former, {path}, errno);
+        return failed(FailureCode::cannot_restore_former, {destination}, errno);
     return flush_folder_of(place);
 }
 
