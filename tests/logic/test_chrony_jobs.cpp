@@ -2,6 +2,7 @@
 #include "roothelper/jobs/chrony_jobs.h"
 #include "roothelper/jobs/job_catalogue.h"
 #include "roothelper/jobs/started_daemon.h"
+#include "roothelper/jobs/synchronize.h"
 #include "support/fake_job_machine.h"
 #include "support/kept_text.h"
 #include "support/scripted_execute.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -169,6 +171,14 @@ TEST_F(ChronyJobsTest, SeriesAreAsApproved) {
             tell(std::string(entry_of(request.job).name), request);
         setting.restart_gpsd = false;
     }
+    told += "== steps and servers\n";
+    for (const double seconds : {0.0, 1.5, -59.999, 61.0, 3600.0, -90'061.5, 4e9, 4.1e9, 1e-5, std::nan("")}) {
+        const auto length = length_of_step(std::isfinite(seconds) ? seconds : 0);
+        told += fmt::format("{} is sent as {}: {} d {} h {} min {:.3f} s\n", seconds, step_offset(seconds).value_or(0),
+                            length.days, length.hours, length.minutes, length.seconds);
+    }
+    for (const char* name : {"a", "a b", "a  b", " a", "a ", "", "fe80::1%eth0", "a.example nts", "a;b", "-a"})
+        told += fmt::format("\"{}\" {}\n", name, is_server_name(name));
     testing::expect_as_kept(told, "jobs");
 }
 

@@ -393,6 +393,27 @@ TEST_F(StatusCycleTest, IntervalChangeReadsAtOnceAndPacesTheRest) {
     EXPECT_EQ(calls("chronyc|tracking"), 5);
 }
 
+TEST_F(StatusCycleTest, WhatIsChangedElsewhereIsTakenOverAtOnce) {
+    load();
+    EXPECT_FALSE(cycle->settings_changed());
+    cycle->programs_changed(); // they did not
+    settle();
+    EXPECT_EQ(calls("chronyc|tracking"), 1);
+    store.values = {{"chronyc_command", {"ntpdata"}}, {"chronyc_interval", {"3"}}, {"ip_address", {"true"}}};
+    EXPECT_TRUE(cycle->settings_changed());
+    settle();
+    EXPECT_TRUE(display.server_field);
+    EXPECT_EQ(timer.find("updatetimer")->interval(), 3);
+    EXPECT_EQ(calls("chronyc|-n|tracking"), 1);
+    preferences.chronyc = "/opt/chronyc";
+    cycle->programs_changed();
+    settle();
+    EXPECT_EQ(calls("chronyc|-n|tracking"), 2);
+    cycle->close();
+    cycle->go_on_for_listeners();
+    EXPECT_TRUE(timer.find("updatetimer")->is_running());
+}
+
 TEST_F(StatusCycleTest, HiddenWindowRestsUnlessItsFrequencyIsWanted) {
     load();
     const int redraws = display.clock_redraws;

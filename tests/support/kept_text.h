@@ -1,7 +1,7 @@
 // Texts that somebody looked at once, and that stay as they were until somebody looks again: tests/logic/kept.
 //
-// Where a text is to change, run the tests with TICKERVANTAGE_APPROVE=1 in the environment, which writes it anew, and look
-// at what changed.
+// Where a text is to change, run the tests with TICKERVANTAGE_APPROVE=1 in the environment, which writes it anew, and
+// look at what changed.
 #pragma once
 
 #include <gtest/gtest.h>

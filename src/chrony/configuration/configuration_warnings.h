@@ -22,7 +22,6 @@ struct ConfigurationWarning {
 
 inline constexpr std::size_t most_warnings = 200; // a text full of errors is not worth more
 
-[[nodiscard]] std::vector<ConfigurationWarning> configuration_warnings(std::string_view text,
-                                                                       const PathProbes& probes);
+[[nodiscard]] std::vector<ConfigurationWarning> configuration_warnings(std::string_view text, const PathProbes& probes);
 
 } // namespace tickervantage
