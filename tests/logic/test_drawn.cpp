@@ -189,6 +189,20 @@ void draw_freqtemp(ToldCanvas& canvas) {
     view.draw(canvas, {0, 0, 470, 338});
 }
 
+// Points that lie over each other, singly, as a cloud, and put together in a digest.
+void draw_clouds(ToldCanvas& canvas) {
+    for (const int count : {3000, 12'000, 30'000}) {
+        scatterEntry entry;
+        for (int i = 0; i < count; ++i)
+            entry.points.append({20 + i * 37 % 1009 * 0.01, i * 61 % 997 * 0.002 - 1});
+        entry.digest = make_digest(entry.points);
+        FreqTempView view;
+        view.set_scatter({{"a", entry}});
+        canvas.tell("{} points, {} dots", count, entry.digest ? entry.digest->dots.size() : 0);
+        view.draw(canvas, {0, 0, 470, 338});
+    }
+}
+
 void draw_caption(ToldCanvas& canvas) {
     PlotCaption caption{.title = "Chrony Tracking", .lines = {"a.log", "2026-11-21 to 2026-11-22"}, .legend = {}};
     for (const auto* name : {"Offset", "RMS offset", "Frequency", "Root dispersion"})
@@ -248,16 +262,15 @@ TEST_P(Drawn, IsAsItWasApproved) {
     expect_as_kept(canvas.told, GetParam().name, 0.11);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Drawn,
-                         ::testing::Values(Drawing{"meter", draw_meter}, Drawing{"clock", draw_clock},
-                                           Drawing{"tracking", draw_tracking},
-                                           Drawing{"linear_tracking", draw_linear_tracking},
-                                           Drawing{"packed_tracking", draw_packed_tracking},
-                                           Drawing{"dense_tracking", draw_dense_tracking},
-                                           Drawing{"far_tracking", draw_far_tracking},
-                                           Drawing{"spectrum", draw_spectrum}, Drawing{"freqtemp", draw_freqtemp},
-                                           Drawing{"caption", draw_caption}, Drawing{"elsewhere", draw_elsewhere}),
-                         [](const auto& instance) { return std::string(instance.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    All, Drawn,
+    ::testing::Values(Drawing{"meter", draw_meter}, Drawing{"clock", draw_clock}, Drawing{"tracking", draw_tracking},
+                      Drawing{"linear_tracking", draw_linear_tracking},
+                      Drawing{"packed_tracking", draw_packed_tracking}, Drawing{"dense_tracking", draw_dense_tracking},
+                      Drawing{"far_tracking", draw_far_tracking}, Drawing{"spectrum", draw_spectrum},
+                      Drawing{"freqtemp", draw_freqtemp}, Drawing{"clouds", draw_clouds},
+                      Drawing{"caption", draw_caption}, Drawing{"elsewhere", draw_elsewhere}),
+    [](const auto& instance) { return std::string(instance.param.name); });
 
 } // namespace
 } // namespace tickervantage::testing
