@@ -47,14 +47,6 @@ std::string write_configuration(const std::string& folder, int lines) {
     return path;
 }
 
-FoundFile read_file(const std::string& path, std::size_t limit) {
-    SmallFile file = read_small_file(path, limit);
-    return {.outcome =
-                file.outcome == SmallFile::Outcome::read ? FoundFile::Outcome::read : FoundFile::Outcome::unreadable,
-            .bytes = std::move(file.bytes),
-            .sentence = std::move(file.reason)};
-}
-
 class Stage {
 public:
     explicit Stage(const std::string& folder)
@@ -66,7 +58,7 @@ public:
                                                      .replace_file = replace_small_file,
                                                      .temporary = folder},
                                           .probes = {}},
-                                .files = {.read = read_file, .replace = replace_small_file},
+                                .files = {.read = read_small_file, .replace = replace_small_file},
                                 .config_path = [] { return std::string(); },
                                 .install = {},
                                 .open_page = {},

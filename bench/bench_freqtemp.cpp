@@ -144,9 +144,7 @@ void bench_map() {
     };
     write(text);
     const double saving = milliseconds(3, [&] { write(text); });
-    ScatterMap loaded;
-    std::string sentence;
-    const double loading = milliseconds(3, [&] { (void)read_scatter_json(text, loaded, sentence); });
+    const double loading = milliseconds(3, [&] { (void)read_scatter_json(text); });
     nlohmann::json tree;
     const double parsing = milliseconds(2, [&] { tree = nlohmann::json::parse(text); });
     std::size_t length = 0;

@@ -16,19 +16,13 @@ namespace {
 class PlotFiles : public PlotWriter {
     Result<> write_picture(const std::string& path, const PictureFormat& format,
                            const RecordedDrawing& drawing) override {
-        std::string sentence;
         const auto draw = [&drawing](Canvas& canvas, Rect) {
             drawing.replay(canvas);
         };
-        if (tickervantage::write_picture(path, format, draw, sentence) != 0)
-            return tl::unexpected(said_by_others(sentence));
-        return {};
+        return tickervantage::write_picture(path, format, draw);
     }
     Result<> write_table(const std::string& path, std::string_view csv) override {
-        std::string sentence;
-        if (replace_small_file(path, csv, sentence) != 0)
-            return tl::unexpected(said_by_others(sentence));
-        return {};
+        return replace_small_file(path, csv);
     }
 };
 

@@ -21,22 +21,9 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(configwindows)
 };
 
-FoundFile read_file(const std::string& path, std::size_t limit) {
-    SmallFile file = read_small_file(path, limit);
-    FoundFile found{.outcome = FoundFile::Outcome::unreadable, .bytes = std::move(file.bytes), .sentence = {}};
-    if (file.outcome == SmallFile::Outcome::read)
-        found.outcome = FoundFile::Outcome::read;
-    else if (file.outcome == SmallFile::Outcome::missing)
-        found.outcome = FoundFile::Outcome::missing;
-    if (file.outcome != SmallFile::Outcome::read)
-        found.sentence = path + " cannot be read: " + file.reason + ".";
-    return found;
-}
-
 KeptFilesParts kept_files(const Paths& paths) {
     const auto files = std::make_shared<KeptFiles>(paths.state.empty() ? "" : paths.state + "/unsaved");
-    return {.keep = [files](const std::string& name, std::string_view bytes,
-                            std::string& sentence) { return files->keep(name, bytes, sentence); },
+    return {.keep = [files](const std::string& name, std::string_view bytes) { return files->keep(name, bytes); },
             .drop = [files](const std::string& name) { files->drop(name); },
             .left_behind =
                 [files] {
@@ -46,8 +33,7 @@ KeptFilesParts kept_files(const Paths& paths) {
                     });
                     return left;
                 },
-            .adopt = [files](const std::string& path, const std::string& name,
-                             std::string& sentence) { return files->adopt(path, name, sentence); },
+            .adopt = [files](const std::string& path, const std::string& name) { return files->adopt(path, name); },
             .remove =
                 [files](const std::string& path) {
                     files->remove(path);
@@ -84,7 +70,7 @@ ConfigEditorParts ConfigWindows::editor_parts() {
                                  .replace_file = replace_small_file,
                                  .temporary = m_parts.paths.temporary},
                       .probes = m_parts.probes},
-            .files = {.read = read_file, .replace = replace_small_file},
+            .files = {.read = read_small_file, .replace = replace_small_file},
             .general = m_parts.general,
             .keeper = m_keeper,
             .document = ++m_documents,

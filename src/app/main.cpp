@@ -19,11 +19,11 @@
 #include "linux/shared_text_file.h"
 #include "linux/xdg_paths.h"
 #include "qt/accessible_widgets.h"
+#include "qt/in_words.h"
 #include "qt/languages.h"
 #include "qt/qt_main_thread.h"
 #include "qt/qt_master_timer.h"
 #include "qt/qt_settings_store.h"
-#include "qt/spoken.h"
 #include "roothelper/client/bus_privileged_channel.h"
 #include "roothelper/client/no_privileged_channel.h"
 #include "roothelper/jobs/this_machine.h"
@@ -180,11 +180,11 @@ ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) 
 }
 
 void Program::show_problems() {
-    const auto show = [this](const std::string& sentence) {
-        if (!sentence.empty())
-            m_delegate.main_window().set_standing_notice(spoken(sentence));
+    const auto show = [this](const Failure& failure) {
+        m_delegate.main_window().set_standing_notice(in_words(failure));
     };
-    show(m_store.load_problem());
+    if (const auto problem = m_store.load_problem())
+        show(*problem);
     m_store.set_problem_handler(m_main_thread, show);
 }
 
@@ -249,9 +249,8 @@ int Program::run(const ProgramOptions& options, const DaemonChoice& daemon, cons
     m_delegate.applicationWillTerminate();
     m_logger.close();
     constexpr std::chrono::seconds patience{5};
-    std::string sentence;
-    if (m_store.finish(patience, sentence) != 0)
-        std::fprintf(stderr, "tickervantage: %s\n", sentence.c_str());
+    if (const auto saved = m_store.finish(patience); !saved)
+        std::fprintf(stderr, "tickervantage: %s\n", english(saved.error()).c_str());
     return m_delegate.is_stopping() ? 1 : status;
 }
 

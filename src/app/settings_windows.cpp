@@ -2,6 +2,7 @@
 
 #include "app/bring_to_front.h"
 #include "app/config_windows.h"
+#include "base/failure_codes.h"
 #include "gui/preferences/preferences_advanced.h"
 #include "gui/preferences/preferences_general.h"
 #include "linux/autostart.h"
@@ -19,32 +20,19 @@ namespace {
 
 constexpr std::size_t largest_configuration = 16U << 20U;
 
-int read_text(const std::string& path, std::string& text, std::string& sentence) {
-    SmallFile file = read_small_file(path, largest_configuration);
-    if (file.outcome != SmallFile::Outcome::read) {
-        sentence = "Cannot read " + path + ": " + file.reason + ".";
-        return -1;
-    }
-    text = std::move(file.bytes);
-    return 0;
+Result<std::string> read_text(const std::string& path) {
+    FileReading file = read_small_file(path, largest_configuration);
+    if (file.outcome != FileReading::Outcome::read)
+        return failed(FailureCode::cannot_read, {path}, std::move(file.reason));
+    return std::move(file.bytes);
 }
 
 class AutostartAgent : public LaunchAtLogin {
 public:
     explicit AutostartAgent(Autostart file) : m_file(std::move(file)) {}
 
-    [[nodiscard]] int writePlist(Failure& failure) const override {
-        std::string sentence;
-        const int result = m_file.writePlist(sentence);
-        failure = said_by_others(sentence);
-        return result;
-    }
-    [[nodiscard]] int unlinkAgent(Failure& failure) const override {
-        std::string sentence;
-        const int result = m_file.unlinkAgent(sentence);
-        failure = said_by_others(sentence);
-        return result;
-    }
+    [[nodiscard]] int writePlist(Failure& failure) const override { return m_file.writePlist(failure); }
+    [[nodiscard]] int unlinkAgent(Failure& failure) const override { return m_file.unlinkAgent(failure); }
     [[nodiscard]] bool agentIsValid() const override { return m_file.agentIsValid(); }
 
 private:

@@ -87,8 +87,11 @@ tl::unexpected<Failure> failed(FailureCode code, std::vector<std::string> argume
 }
 
 tl::unexpected<Failure> failed(FailureCode code, std::vector<std::string> arguments, int error) {
-    return failed(code, std::move(arguments),
-                  Failure{.code = FailureCode::system_error, .arguments = {std::to_string(error)}});
+    return failed(code, std::move(arguments), system_failure(error));
+}
+
+Failure system_failure(int error) {
+    return {.code = FailureCode::system_error, .arguments = {std::to_string(error)}};
 }
 
 Failure said_by_others(std::string words) {

@@ -11,4 +11,7 @@ enum class FailureCode : unsigned short {
 #undef TV_FAILURE
 };
 
+// An errno, for records that are kept before anybody returns them.
+[[nodiscard]] Failure system_failure(int error);
+
 } // namespace tickervantage

@@ -17,6 +17,12 @@ TV_FAILURE(cannot_rename, TV_TEXT("failures", "Cannot rename %1: %c."))
 TV_FAILURE(cannot_lock, TV_TEXT("failures", "Cannot lock %1: %c."))
 TV_FAILURE(cannot_make_folder, TV_TEXT("failures", "Cannot make the folder %1: %c."))
 TV_FAILURE(cannot_flush_folder, TV_TEXT("failures", "Cannot flush the folder of %1: %c."))
+TV_FAILURE(cannot_make_folder_in, TV_TEXT("failures", "Cannot make a folder in %1: %c."))
+TV_FAILURE(cannot_remove, TV_TEXT("failures", "Cannot remove %1: %c."))
+TV_FAILURE(no_such_file, TV_TEXT("failures", "There is no file \"%1\"."))
+TV_FAILURE(file_unreadable, TV_TEXT("failures", "%1 cannot be read: %c."))
+TV_FAILURE(no_folder_to_keep_in, TV_TEXT("failures", "There is no folder to keep it in."))
+TV_FAILURE(is_no_utf8, TV_TEXT("failures", "it is no text in UTF-8"))
 TV_FAILURE(is_folder, TV_TEXT("failures", "it is a folder"))
 TV_FAILURE(is_no_ordinary_file, TV_TEXT("failures", "it is not an ordinary file"))
 TV_FAILURE(is_larger_than, TV_TEXT("failures", "it is larger than %1 bytes"))
@@ -36,14 +42,37 @@ TV_FAILURE(a_colour, "a colour as #rrggbb or #rrggbbaa")
 TV_FAILURE(a_font, "a font as family, comma, size in points up to 1000")
 
 // settings, as a file
+TV_FAILURE(settings_damaged, TV_TEXT("failures", "The settings file %1 is damaged (%c)."))
+TV_FAILURE(settings_kept_aside, TV_TEXT("failures", "%c. It is kept as %1."))
+TV_FAILURE(settings_damaged_in_place, TV_TEXT("failures", "The settings file %1 is damaged."))
+TV_FAILURE(settings_unreadable, TV_TEXT("failures", "The settings file %1 cannot be read (%c)."))
+TV_FAILURE(defaults_used, TV_TEXT("failures", "%c. The defaults are used."))
+TV_FAILURE(lines_are_no_settings, TV_TEXT("failures", "it has lines that are no settings"))
+TV_FAILURE(no_scratch_file, TV_TEXT("failures", "there is no room for a temporary file"))
+TV_FAILURE(value_does_not_read_back, TV_TEXT("failures", "a value does not read back"))
+TV_FAILURE(settings_not_saved_in_time, TV_TEXT("failures", "The settings could not be saved in time."))
 
 // chrony's reports and logs
 
 // the configuration of chrony
+TV_FAILURE(cannot_open_document, TV_TEXT("failures", "%1 cannot be opened."))
+TV_FAILURE(document_is_no_utf8, TV_TEXT("failures", "It is no text in UTF-8."))
+TV_FAILURE(line_has_zero, TV_TEXT("failures", "Line %1 holds a zero byte, which no configuration may."))
+TV_FAILURE(text_cannot_be_written, TV_TEXT("failures", "The text holds a character that cannot be written (error %1)."))
 
 // the list of servers
 
 // the studies: logs, points, pictures
+TV_FAILURE(picture_not_written, TV_TEXT("failures", "The picture %1 could not be written: %c."))
+TV_FAILURE(picture_of_no_kind, TV_TEXT("failures", "The picture %1 must end in .png or .svg."))
+TV_FAILURE(picture_too_large, TV_TEXT("failures", "A picture must be from 1 to %1 pixels wide and high."))
+TV_FAILURE(picture_not_drawn, TV_TEXT("failures", "The picture %1 could not be drawn."))
+TV_FAILURE(no_point_in, TV_TEXT("failures", "There is no point in %1: a line has temperature,frequency."))
+TV_FAILURE(file_is_no_scatter_map, TV_TEXT("failures", "%1 is no scatter map."))
+TV_FAILURE(no_json_at, TV_TEXT("failures", "There is no JSON at byte %1."))
+TV_FAILURE(is_no_scatter_map, TV_TEXT("failures", "It is no object of sensors."))
+TV_FAILURE(scatter_entry_unfit, TV_TEXT("failures", "The entry \"%1\" is not as it should be."))
+TV_FAILURE(cannot_be_taken_in, TV_TEXT("failures", "It cannot be taken in: %c."))
 
 // the client of the root helper, and its jobs
 TV_FAILURE(nothing_done, TV_TEXT("failures", "Nothing was done.")) // for want of the rights: that was told
@@ -219,7 +248,6 @@ TV_FAILURE(no_ordinary_file_there, TV_TEXT("failures", "Something that is no ord
 TV_FAILURE(cannot_keep_former, TV_TEXT("failures", "Cannot keep the former %1: %c."))
 TV_FAILURE(cannot_replace, TV_TEXT("failures", "Cannot replace %1: %c."))
 TV_FAILURE(cannot_restore_former, TV_TEXT("failures", "Cannot bring back the former %1: %c."))
-TV_FAILURE(cannot_remove, TV_TEXT("failures", "Cannot remove %1: %c."))
 TV_FAILURE(no_such_folder_owner, TV_TEXT("failures", "There is no user %1, to whom %2 would belong."))
 TV_FAILURE(no_name_of_user, TV_TEXT("failures", "%1 is no name for a system user."))
 TV_FAILURE(cannot_add_user, TV_TEXT("failures", "Cannot add the user %1:"))

@@ -1,8 +1,10 @@
 // Files of the user that must never be lost, of any size: whole reads with a limit, replacement in one step.
 //
-// A replaced file is at every moment, also after a crash or on a full disk, either the old one or the new one. Results
-// are 0, or -1 and one sentence. Calls wait for the disk; any thread.
+// A replaced file is at every moment, also after a crash or on a full disk, either the old one or the new one. Calls
+// wait for the disk; any thread.
 #pragma once
+
+#include "base/failure.h"
 
 #include <cstddef>
 #include <functional>
@@ -11,31 +13,39 @@
 
 namespace tickervantage {
 
+// What was found where a file was looked for.
+struct FileReading {
+    enum class Outcome : unsigned char {
+        read,
+        missing,
+        unfit,      // nothing that we wrote: a folder, larger than the limit
+        unreadable, // permissions, a broken disk, a device
+    };
+    Outcome outcome = Outcome::missing;
+    std::string bytes = {}; // with `read`
+    Failure reason = {};    // otherwise: words that fit after a colon
+};
+
 // Takes the next piece of a text; -1: no more is wanted.
 using TextSink = std::function<int(std::string_view)>;
 
+// Hands a text to the sink piece by piece. -1: it gave up, or the sink did.
+using WriteText = std::function<int(const TextSink&)>;
+
+// Puts a whole file in the place of another one.
+using ReplaceFile = std::function<Result<>(const std::string& path, std::string_view bytes)>;
+
 class UserFiles {
 public:
-    enum class Found : unsigned char {
-        text,
-        missing,
-        unfit,      // a folder, or larger than the limit: nothing that we wrote
-        unreadable, // permissions, a broken disk
-    };
-
     virtual ~UserFiles() = default;
 
-    // `sentence` goes with `unfit` and `unreadable`.
-    [[nodiscard]] virtual Found read(const std::string& path, std::size_t limit, std::string& text,
-                                     std::string& sentence) = 0;
+    [[nodiscard]] virtual FileReading read(const std::string& path, std::size_t limit) = 0;
 
-    // `write` hands the new text to the sink piece by piece and returns 0; -1 from it leaves the old file.
-    // Folders above the file are made.
-    [[nodiscard]] virtual int replace(const std::string& path, const std::function<int(const TextSink&)>& write,
-                                      std::string& sentence) = 0;
+    // When `write` gives up, the old file stays. Folders above the file are made.
+    [[nodiscard]] virtual Result<> replace(const std::string& path, const WriteText& write) = 0;
 
-    // Renames a file that cannot be used, so that the next replacement does not destroy it.
-    [[nodiscard]] virtual int set_aside(const std::string& path, std::string& kept_as, std::string& sentence) = 0;
+    // Renames a file that cannot be used, so that the next replacement does not destroy it. The new name.
+    [[nodiscard]] virtual Result<std::string> set_aside(const std::string& path) = 0;
 
     // Without a word when the file is missing or cannot be removed.
     virtual void remove(const std::string& path) = 0;

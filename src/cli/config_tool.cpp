@@ -15,16 +15,13 @@ namespace tickervantage {
 namespace {
 
 int read_text(const std::string& path, std::string& text) {
-    SmallFile file = read_small_file(path, largest_document);
-    if (file.outcome == SmallFile::Outcome::missing)
-        return fail("There is no file \"" + path + "\".");
-    if (file.outcome != SmallFile::Outcome::read)
-        return fail(path + " cannot be read: " + file.reason + ".");
-    DocumentText document;
-    std::string reason;
-    if (decode_document(std::move(file.bytes), document, reason) != 0)
-        return fail(path + " cannot be read. " + reason);
-    text = std::move(document.text);
+    FileReading file = read_small_file(path, largest_document);
+    if (file.outcome != FileReading::Outcome::read)
+        return fail_to_read(path, file);
+    auto document = decode_document(std::move(file.bytes));
+    if (!document)
+        return fail(path + " cannot be read. " + english(document.error()));
+    text = std::move(document->text);
     return 0;
 }
 

@@ -1,5 +1,6 @@
 #include "cli/fit_command.h"
 
+#include "base/failure_codes.h"
 #include "base/user_files.h"
 #include "cli/terminal.h"
 #include "studies/freqtemp/scatter_csv.h"
@@ -29,34 +30,31 @@ Json json_of(const QuadRegression& fit) {
             {"valid", fit.valid}};
 }
 
-int read_csv(const std::string& path, const std::string& text, ScatterMap& map, std::string& sentence) {
+Result<ScatterMap> read_csv(const std::string& path, const std::string& text) {
     CsvDamage damage;
-    if (read_scatter_csv(text, std::filesystem::path(path).stem().string(), map, damage) != 0) {
-        sentence = fmt::format("There is no point in {}: a line has temperature,frequency.", path);
-        return has_failed;
-    }
+    ScatterMap map;
+    if (read_scatter_csv(text, std::filesystem::path(path).stem().string(), map, damage) != 0)
+        return failed(FailureCode::no_point_in, {path});
     if (damage.lines > 0)
         complain(
             fmt::format("{} lines of {} are no points, the first of them line {}.", damage.lines, path, damage.first));
     std::vector<tempSensor> sensors;
     for (const auto& [name, entry] : map)
         sensors.push_back({name, name});
-    map = merged(fresh_map(sensors), std::move(map));
-    return 0;
+    return merged(fresh_map(sensors), std::move(map));
 }
 
 } // namespace
 
-int read_points(UserFiles& files, const std::string& path, ScatterMap& map, std::string& sentence) {
-    std::string text;
-    if (files.read(path, LARGEST_FILE, text, sentence) != UserFiles::Found::text)
-        return has_failed;
+Result<ScatterMap> read_points(UserFiles& files, const std::string& path) {
+    const FileReading file = files.read(path, LARGEST_FILE);
+    if (file.outcome != FileReading::Outcome::read)
+        return failed(FailureCode::cannot_read, {path}, file.reason);
     if (path.ends_with(".csv"))
-        return read_csv(path, text, map, sentence);
-    if (read_scatter_json(text, map, sentence) == 0)
-        return 0;
-    sentence = fmt::format("{} is no scatter map. {}", path, sentence);
-    return has_failed;
+        return read_csv(path, file.bytes);
+    return read_scatter_json(file.bytes).or_else([&path](const Failure& cause) -> Result<ScatterMap> {
+        return failed(FailureCode::file_is_no_scatter_map, {path}, cause);
+    });
 }
 
 bool fit_all(ScatterMap& map, int order) {

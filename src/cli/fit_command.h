@@ -1,8 +1,9 @@
 // What `tickerctl fit` does: the polynomials through the points of a scatter map or of a .csv.
 //
-// Results are exit statuses; with any but 0 there is one sentence. Waits for the disk.
+// Waits for the disk.
 #pragma once
 
+#include "base/failure.h"
 #include "cli/settings_command.h"
 #include "studies/freqtemp/scatter_map.h"
 
@@ -14,7 +15,7 @@ namespace tickervantage {
 class UserFiles;
 
 // Reads a scatter map; from a file that ends in .csv points, whose sensor is the file's stem where they name none.
-[[nodiscard]] int read_points(UserFiles& files, const std::string& path, ScatterMap& map, std::string& sentence);
+[[nodiscard]] Result<ScatterMap> read_points(UserFiles& files, const std::string& path);
 
 // Fits every sensor anew. False: one failed at least, or there is none.
 [[nodiscard]] bool fit_all(ScatterMap& map, int order);

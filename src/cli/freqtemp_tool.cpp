@@ -22,14 +22,13 @@ int Tool::sensors() const {
 
 int Tool::fit() const {
     PosixUserFiles files;
-    ScatterMap map;
-    std::string sentence;
-    if (const int result = read_points(files, m_arguments.freqtemp.file, map, sentence); result != 0)
-        return fail(sentence);
+    auto map = read_points(files, m_arguments.freqtemp.file);
+    if (!map)
+        return fail(english(map.error()));
     const int order =
         m_arguments.freqtemp.order.value_or(static_cast<int>(load(m_settings, settings::regression_order)) + 1);
-    const bool all_fit = fit_all(map, order);
-    print_fits(map, order, m_arguments.json ? OutputForm::json : OutputForm::text, std::cout);
+    const bool all_fit = fit_all(*map, order);
+    print_fits(*map, order, m_arguments.json ? OutputForm::json : OutputForm::text, std::cout);
     return all_fit ? 0 : answer_is_no;
 }
 
@@ -46,19 +45,18 @@ int Tool::freqtemp_view(FreqTempView& view) const {
     const FreqTempArguments& asked = m_arguments.freqtemp;
     const auto stored = FreqTempSettings::load(m_settings);
     PosixUserFiles files;
-    ScatterMap map;
-    std::string sentence;
-    if (const int result = read_points(files, asked.file, map, sentence); result != 0)
-        return fail(sentence);
+    auto map = read_points(files, asked.file);
+    if (!map)
+        return fail(english(map.error()));
     if (asked.order || asked.file.ends_with(".csv")) // a .csv brings no fits of its own
-        (void)fit_all(map, asked.order.value_or(static_cast<int>(stored.regression_order) + 1));
-    for (auto& [name, entry] : map)
+        (void)fit_all(*map, asked.order.value_or(static_cast<int>(stored.regression_order) + 1));
+    for (auto& [name, entry] : *map)
         entry.digest = make_digest(entry.points);
     view.m_show_scatter_points = stored.show_scatter_points && !asked.hide_points;
     view.m_show_mean_frequency = stored.show_mean_frequency && !asked.hide_means;
     view.m_show_freq_bounds = stored.show_freq_bounds && !asked.hide_bounds;
     view.m_show_last_record = stored.show_last_record && !asked.hide_last;
-    view.set_scatter(map);
+    view.set_scatter(*map);
     return 0;
 }
 

@@ -35,15 +35,17 @@ ClockTime now() {
     return {time.hour(), time.minute(), time.second()};
 }
 
+int exit_status(const Result<>& done) {
+    return done ? 0 : fail(english(done.error()));
+}
+
 int plot_instrument(const Arguments& arguments, const PlotOptions& options) {
     const auto time = arguments.clock_time ? parse_clock_time(*arguments.clock_time) : now();
     if (!time)
         return fail("A time is written as 15:30:00, not \"" + *arguments.clock_time + "\".");
-    std::string sentence;
-    const int result = arguments.job == Job::plot_clock
-                           ? plot_clock(*time, options, sentence)
-                           : plot_meter(arguments.meter_value, arguments.per_second, options, sentence);
-    return result == 0 ? 0 : fail(sentence);
+    return exit_status(arguments.job == Job::plot_clock
+                           ? plot_clock(*time, options)
+                           : plot_meter(arguments.meter_value, arguments.per_second, options));
 }
 
 int plot_graph(const Tool& tool, const PlotOptions& options) {
@@ -62,8 +64,7 @@ int plot_scatter(const Tool& tool, const PlotOptions& options) {
     FreqTempView view;
     if (const int result = tool.freqtemp_view(view); result != 0)
         return result;
-    std::string sentence;
-    return plot_freqtemp(view, options, sentence) == 0 ? 0 : fail(sentence);
+    return exit_status(plot_freqtemp(view, options));
 }
 
 int plot_log(const Arguments& arguments, const PlotOptions& options) {
@@ -77,8 +78,7 @@ int plot_log(const Arguments& arguments, const PlotOptions& options) {
     ComputedSpectrum spectrum;
     if (const int result = tool.read_spectrum(spectrum); result != 0)
         return result;
-    std::string sentence;
-    return plot_spectrum(std::move(spectrum), options, sentence) == 0 ? 0 : fail(sentence);
+    return exit_status(plot_spectrum(std::move(spectrum), options));
 }
 
 int plot(const Arguments& arguments, int argc, char** argv) {

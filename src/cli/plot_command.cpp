@@ -13,29 +13,26 @@ static_assert(largest_plot_side <= LARGEST_PICTURE_SIDE);
 
 namespace {
 
-int write_instrument(const PlotOptions& options, const std::function<void(Canvas&, Rect)>& draw,
-                     std::string& sentence) {
+Result<> write_instrument(const PlotOptions& options, const std::function<void(Canvas&, Rect)>& draw) {
     PictureFormat format;
     format.width = options.width;
     format.height = options.height;
     format.scale = dial_magnification(std::min(options.width, options.height));
     format.colors = options.dark ? CanvasColors::dark() : CanvasColors::light();
-    return write_picture(options.output, format, draw, sentence);
+    return write_picture(options.output, format, draw);
 }
 
 } // namespace
 
-int plot_meter(double value, bool per_second, const PlotOptions& options, std::string& sentence) {
+Result<> plot_meter(double value, bool per_second, const PlotOptions& options) {
     ClockPerformance meter;
     meter.setValue(value, per_second);
-    return write_instrument(
-        options, [&](Canvas& canvas, Rect bounds) { meter.draw(canvas, bounds); }, sentence);
+    return write_instrument(options, [&](Canvas& canvas, Rect bounds) { meter.draw(canvas, bounds); });
 }
 
-int plot_clock(ClockTime time, const PlotOptions& options, std::string& sentence) {
+Result<> plot_clock(ClockTime time, const PlotOptions& options) {
     AnalogClockView clock([time] { return time; });
-    return write_instrument(
-        options, [&](Canvas& canvas, Rect bounds) { clock.draw(canvas, bounds); }, sentence);
+    return write_instrument(options, [&](Canvas& canvas, Rect bounds) { clock.draw(canvas, bounds); });
 }
 
 } // namespace tickervantage

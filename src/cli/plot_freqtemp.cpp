@@ -4,7 +4,7 @@
 
 namespace tickervantage {
 
-int plot_freqtemp(const FreqTempView& view, const PlotOptions& options, std::string& sentence) {
+Result<> plot_freqtemp(const FreqTempView& view, const PlotOptions& options) {
     PlotCaption caption{.title = "Frequency against temperature", .lines = {}, .legend = {}};
     view.for_each_shown([&](const std::string& sensor, const Color& color) {
         caption.legend.push_back({color, sensor});
@@ -12,7 +12,7 @@ int plot_freqtemp(const FreqTempView& view, const PlotOptions& options, std::str
     const auto draw = [&view](Canvas& canvas, Rect bounds) {
         view.draw(canvas, bounds);
     };
-    return plot_chart(options, caption, draw, sentence);
+    return plot_chart(options, caption, draw);
 }
 
 } // namespace tickervantage

@@ -1,8 +1,9 @@
 // What `tickerctl plot freqtemp` does: the plot of the frequency-temperature window as a picture file.
 //
-// 0; or -1 with one sentence. Needs a QGuiApplication. Main thread; waits for the disk.
+// Needs a QGuiApplication. Main thread; waits for the disk.
 #pragma once
 
+#include "base/failure.h"
 #include "cli/plot_options.h"
 #include "studies/freqtemp/freqtemp_view.h"
 
@@ -10,6 +11,6 @@
 
 namespace tickervantage {
 
-[[nodiscard]] int plot_freqtemp(const FreqTempView& view, const PlotOptions& options, std::string& sentence);
+[[nodiscard]] Result<> plot_freqtemp(const FreqTempView& view, const PlotOptions& options);
 
 } // namespace tickervantage

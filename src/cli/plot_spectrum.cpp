@@ -26,14 +26,14 @@ PlotCaption caption_of(const ComputedSpectrum& spectrum) {
 
 } // namespace
 
-int plot_spectrum(ComputedSpectrum spectrum, const PlotOptions& options, std::string& sentence) {
+Result<> plot_spectrum(ComputedSpectrum spectrum, const PlotOptions& options) {
     const PlotCaption caption = caption_of(spectrum);
     SpectrumView view;
     view.set_spectrum(std::make_shared<const ComputedSpectrum>(std::move(spectrum)));
     const auto draw = [&view](Canvas& canvas, Rect bounds) {
         view.draw(canvas, bounds);
     };
-    return plot_chart(options, caption, draw, sentence);
+    return plot_chart(options, caption, draw);
 }
 
 } // namespace tickervantage

@@ -110,7 +110,11 @@ int plot_tracking(FollowedFiles& files, const TrackingPlot& plot, const PlotOpti
     const auto draw = [&view](Canvas& canvas, Rect bounds) {
         draw_newest(view, canvas, bounds);
     };
-    return plot_chart(options, caption_of(view, plot.log, options.width), draw, sentence) == 0 ? 0 : has_failed;
+    const auto plotted = plot_chart(options, caption_of(view, plot.log, options.width), draw);
+    if (plotted)
+        return 0;
+    sentence = english(plotted.error());
+    return has_failed;
 }
 
 } // namespace tickervantage

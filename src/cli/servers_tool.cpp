@@ -9,18 +9,16 @@ namespace tickervantage {
 
 // Nobody who never made a list has made a mistake: that one is empty.
 int Tool::servers() const {
-    using Outcome = SharedTextReading::Outcome;
+    using Outcome = FileReading::Outcome;
     const auto& named = m_arguments.servers.file;
     const std::string path = named.value_or(m_paths.data_home + "/Tickervantage/servers.txt");
-    const SharedTextReading list = SharedTextFile(path).read();
-    if (list.outcome == Outcome::missing && named)
-        return fail("There is no file \"" + path + "\".");
-    if (list.outcome == Outcome::unfit || list.outcome == Outcome::unreadable)
-        return fail(path + " cannot be read: " + list.reason + ".");
+    const FileReading list = SharedTextFile(path).read();
+    if (list.outcome != Outcome::read && (list.outcome != Outcome::missing || named))
+        return fail_to_read(path, list);
     const ServersForm form = m_arguments.json                ? ServersForm::json
                              : m_arguments.servers.as_config ? ServersForm::config
                                                              : ServersForm::text;
-    return print_servers(parse_servers(list.text), form, std::cout);
+    return print_servers(parse_servers(list.bytes), form, std::cout);
 }
 
 } // namespace tickervantage

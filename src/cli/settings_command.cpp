@@ -25,6 +25,10 @@ int fail(std::ostream& err, std::string_view sentence) {
     return has_failed;
 }
 
+int saved(const Result<>& finished, std::ostream& err) {
+    return finished ? done : fail(err, english(finished.error()));
+}
+
 int unknown_key(std::ostream& err, std::string_view key) {
     return fail(err, fmt::format("There is no setting {}; \"tickerctl settings list\" names them all.", quoted(key)));
 }
@@ -99,15 +103,13 @@ int SettingsCommand::set(std::string_view key, std::string_view value) const {
     if (!normal)
         return fail(err, fmt::format("{} Not {}.", english(normal.error()), quoted(value)));
     store.write(key, *normal);
-    std::string sentence;
-    return finish_saving(sentence) == 0 ? done : fail(err, sentence);
+    return saved(finish_saving(), err);
 }
 
 int SettingsCommand::reset() const {
     for (const auto& setting : all_settings())
         store.remove(key_of(setting));
-    std::string sentence;
-    return finish_saving(sentence) == 0 ? done : fail(err, sentence);
+    return saved(finish_saving(), err);
 }
 
 } // namespace tickervantage

@@ -5,6 +5,7 @@
 // a setting without a value is null. Main thread.
 #pragma once
 
+#include "base/failure.h"
 #include "settings/settings_catalogue.h"
 
 #include <functional>
@@ -16,8 +17,8 @@ namespace tickervantage {
 
 enum class OutputForm : unsigned char { text, json };
 
-// Blocks until what was changed is on the disk: 0, or -1 and one sentence.
-using FinishSaving = std::function<int(std::string& sentence)>;
+// Blocks until what was changed is on the disk.
+using FinishSaving = std::function<Result<>()>;
 
 struct SettingsCommand {
     SettingsStore& store;

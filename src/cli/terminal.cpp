@@ -1,5 +1,7 @@
 #include "cli/terminal.h"
 
+#include "base/failure_codes.h"
+
 #include <iostream>
 #include <utility>
 
@@ -19,6 +21,12 @@ void complain(const std::string& sentence) {
 int fail(const std::string& sentence) {
     complain(sentence);
     return has_failed;
+}
+
+int fail_to_read(const std::string& path, const FileReading& file) {
+    return fail(english(file.outcome == FileReading::Outcome::missing
+                            ? failed(FailureCode::no_such_file, {path}).value()
+                            : failed(FailureCode::file_unreadable, {path}, file.reason).value()));
 }
 
 } // namespace tickervantage

@@ -1,6 +1,8 @@
 // What tickerctl says on standard error: one line for every failure, whatever bytes the words of the user hold.
 #pragma once
 
+#include "base/user_files.h"
+
 #include <string>
 
 namespace tickervantage {
@@ -18,5 +20,8 @@ void complain(const std::string& sentence);
 
 // The same; returns `has_failed`.
 int fail(const std::string& sentence);
+
+// The same of a file that was not read.
+int fail_to_read(const std::string& path, const FileReading& file);
 
 } // namespace tickervantage

@@ -37,12 +37,10 @@ void complain_of(const ExecuteResult& result) {
 }
 
 int read_file(const std::string& path, std::string& text) {
-    const SmallFile file = read_small_file(path, largest_report);
-    if (file.outcome == SmallFile::Outcome::missing)
-        return fail("There is no file \"" + path + "\".");
-    if (file.outcome != SmallFile::Outcome::read)
-        return fail(path + " cannot be read: " + file.reason + ".");
-    text = file.bytes;
+    FileReading file = read_small_file(path, largest_report);
+    if (file.outcome != FileReading::Outcome::read)
+        return fail_to_read(path, file);
+    text = std::move(file.bytes);
     return 0;
 }
 
@@ -73,9 +71,8 @@ PreferencesGeneral Tool::general() {
     };
     auto general = PreferencesGeneral::load(m_settings, usual_chrony_paths(file_exists));
     WarningRegister warnings(m_settings);
-    std::string ignored; // a note that cannot be kept is told again, which is no failure of what was asked for
     if (::isatty(STDERR_FILENO) == 1 && tell_unasked_choice(general, warnings, std::cerr))
-        (void)m_store.finish(std::chrono::seconds(1), ignored);
+        (void)m_store.finish(std::chrono::seconds(1)); // a note that cannot be kept is told again, which is no failure
     return general;
 }
 
@@ -275,10 +272,10 @@ int Tool::follow() const {
 }
 
 SettingsCommand Tool::settings_command() {
-    const auto finish = [this](std::string& sentence) {
-        const int result = m_store.finish(std::chrono::seconds(5), sentence);
-        m_logger.tell(result == 0 ? std::string_view() : sentence);
-        return result;
+    const auto finish = [this] {
+        auto saved = m_store.finish(std::chrono::seconds(5));
+        m_logger.tell(saved ? std::string() : english(saved.error()));
+        return saved;
     };
     return {m_store, finish, std::cout, std::cerr};
 }

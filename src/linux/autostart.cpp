@@ -1,5 +1,6 @@
 #include "linux/autostart.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
 #include "linux/small_file.h"
 
@@ -7,7 +8,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -80,6 +80,13 @@ bool starts_something(std::string_view text, std::string_view own_program) {
            is_runnable(exec->value, own_program);
 }
 
+int reported(const Result<>& done, Failure& failure) {
+    if (done)
+        return 0;
+    failure = done.error();
+    return -1;
+}
+
 } // namespace
 
 std::string autostart_text(std::string_view program) {
@@ -107,36 +114,42 @@ std::string switched(std::string_view text, bool on) {
 Autostart::Autostart(const std::string& folder, std::string program)
     : m_folder(folder), m_path(folder + "/net.brisklane.tickervantage.desktop"), m_program(std::move(program)) {}
 
-int Autostart::writePlist(std::string& sentence) const {
-    if (make_private_folder(m_folder, sentence) != 0)
-        return -1;
-    const SmallFile there = read_small_file(m_path, size_limit);
-    if (there.outcome == SmallFile::Outcome::missing)
-        return replace_small_file(m_path, autostart_text(m_program), sentence);
+int Autostart::writePlist(Failure& failure) const {
+    return reported(write(), failure);
+}
+
+Result<> Autostart::write() const {
+    if (auto made = make_private_folder(m_folder); !made)
+        return made;
+    const FileReading there = read_small_file(m_path, size_limit);
+    if (there.outcome == FileReading::Outcome::missing)
+        return replace_small_file(m_path, autostart_text(m_program));
     const std::string kept = switched(there.bytes, true);
-    if (there.outcome == SmallFile::Outcome::read && starts_something(kept, m_program))
-        return kept == there.bytes ? 0 : replace_small_file(m_path, kept, sentence);
-    std::string kept_as; // beside the new file, where the user finds it
-    return set_file_aside(m_path, kept_as, sentence) == 0
-               ? replace_small_file(m_path, autostart_text(m_program), sentence)
-               : -1;
+    if (there.outcome == FileReading::Outcome::read && starts_something(kept, m_program))
+        return kept == there.bytes ? Result<>() : replace_small_file(m_path, kept);
+    return set_file_aside(m_path).and_then([&](const std::string&) { // beside the new file, where the user finds it
+        return replace_small_file(m_path, autostart_text(m_program));
+    });
 }
 
 bool Autostart::agentIsValid() const {
-    const SmallFile file = read_small_file(m_path, size_limit);
-    return file.outcome == SmallFile::Outcome::read && starts_something(file.bytes, m_program);
+    const FileReading file = read_small_file(m_path, size_limit);
+    return file.outcome == FileReading::Outcome::read && starts_something(file.bytes, m_program);
 }
 
-int Autostart::unlinkAgent(std::string& sentence) const {
-    const SmallFile file = read_small_file(m_path, size_limit);
-    if (file.outcome == SmallFile::Outcome::missing)
-        return 0;
-    if (file.outcome == SmallFile::Outcome::read && file.bytes != autostart_text(m_program))
-        return replace_small_file(m_path, switched(file.bytes, false), sentence);
-    if (::unlink(m_path.c_str()) == 0)
-        return 0;
-    sentence = "Cannot remove " + m_path + ": " + std::generic_category().message(errno) + ".";
-    return -1;
+int Autostart::unlinkAgent(Failure& failure) const {
+    return reported(remove(), failure);
+}
+
+Result<> Autostart::remove() const {
+    const FileReading file = read_small_file(m_path, size_limit);
+    if (file.outcome == FileReading::Outcome::missing)
+        return {};
+    if (file.outcome == FileReading::Outcome::read && file.bytes != autostart_text(m_program))
+        return replace_small_file(m_path, switched(file.bytes, false));
+    if (::unlink(m_path.c_str()) != 0)
+        return failed(FailureCode::cannot_remove, {m_path}, errno);
+    return {};
 }
 
 } // namespace tickervantage

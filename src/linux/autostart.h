@@ -5,6 +5,8 @@
 // Source: the desktop application autostart rules, version 0.5 (freedesktop.org).
 #pragma once
 
+#include "base/failure.h"
+
 #include <string>
 #include <string_view>
 
@@ -15,14 +17,17 @@ public:
     // The folder is $XDG_CONFIG_HOME/autostart; it is made before the first write. `program` is an absolute path.
     Autostart(const std::string& folder, std::string program);
 
-    // Both: 0, or -1 and one sentence.
-    [[nodiscard]] int writePlist(std::string& sentence) const;
-    [[nodiscard]] int unlinkAgent(std::string& sentence) const;
+    // Both: 0, or -1 and why.
+    [[nodiscard]] int writePlist(Failure& failure) const;
+    [[nodiscard]] int unlinkAgent(Failure& failure) const;
 
     // Whether the file is there, can be read, is switched on, and names a program.
     [[nodiscard]] bool agentIsValid() const;
 
 private:
+    [[nodiscard]] Result<> write() const;
+    [[nodiscard]] Result<> remove() const;
+
     std::string m_folder;
     std::string m_path;
     std::string m_program;

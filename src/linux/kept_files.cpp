@@ -1,5 +1,7 @@
 #include "linux/kept_files.h"
 
+#include "base/failure_codes.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -50,32 +52,32 @@ KeptFiles::~KeptFiles() {
         remove_if_empty(taken.folder);
 }
 
-int KeptFiles::make_own(std::string& sentence) {
+Result<> KeptFiles::make_own() {
     std::string folder = m_folder + "/XXXXXX";
-    sentence = "There is no folder to keep it in.";
-    if (m_folder.empty() || make_private_folder(m_folder, sentence) != 0)
-        return -1;
-    if (::mkdtemp(folder.data()) == nullptr) {
-        sentence = "Cannot make a folder in " + m_folder + ": " + std::generic_category().message(errno) + ".";
-        return -1;
-    }
+    if (m_folder.empty())
+        return failed(FailureCode::no_folder_to_keep_in);
+    if (auto made = make_private_folder(m_folder); !made)
+        return made;
+    if (::mkdtemp(folder.data()) == nullptr)
+        return failed(FailureCode::cannot_make_folder_in, {m_folder}, errno);
     FileLock lock;
-    if (lock.lock(folder + locked_name, {}, sentence) != 0)
-        return -1;
+    if (auto locked = lock.lock(folder + locked_name, {}); !locked)
+        return locked;
     m_lock = std::move(lock);
     m_own = std::move(folder);
-    return 0;
+    return {};
+}
+
+Result<> KeptFiles::keep_once(const std::string& name, std::string_view bytes) {
+    if (::access(m_own.c_str(), W_OK) != 0)
+        if (auto made = make_own(); !made)
+            return made;
+    return replace_small_file(path_of(name), bytes);
 }
 
 // Twice: another run that starts may take a folder for an empty one before its lock is there.
-int KeptFiles::keep(const std::string& name, std::string_view bytes, std::string& sentence) {
-    for (int attempt = 0; attempt < 2; ++attempt) {
-        if (::access(m_own.c_str(), W_OK) != 0 && make_own(sentence) != 0)
-            continue;
-        if (replace_small_file(path_of(name), bytes, sentence) == 0)
-            return 0;
-    }
-    return -1;
+Result<> KeptFiles::keep(const std::string& name, std::string_view bytes) {
+    return keep_once(name, bytes).or_else([&](const Failure&) { return keep_once(name, bytes); });
 }
 
 void KeptFiles::drop(const std::string& name) {
@@ -89,8 +91,7 @@ bool KeptFiles::take(const std::string& folder) {
     if (std::ranges::find(m_taken, folder, &Taken::folder) != m_taken.end())
         return true;
     FileLock lock;
-    std::string in_use;
-    if (lock.lock(folder + locked_name, {}, in_use) != 0)
+    if (!lock.lock(folder + locked_name, {})) // in use
         return false;
     if (entries(folder).empty())
         remove_if_empty(folder);
@@ -106,17 +107,17 @@ void KeptFiles::visit_left(const std::function<void(const std::string&, std::str
             std::ranges::copy(entries(folder.string()), std::back_inserter(files));
     std::ranges::sort(files, {}, changed_at);
     for (const auto& path : files)
-        if (SmallFile file = read_small_file(path.string(), largest); file.outcome == SmallFile::Outcome::read)
+        if (FileReading file = read_small_file(path.string(), largest); file.outcome == FileReading::Outcome::read)
             visit(path.string(), std::move(file.bytes));
 }
 
-int KeptFiles::adopt(const std::string& path, const std::string& name, std::string& sentence) {
-    if (m_own.empty() && make_own(sentence) != 0)
-        return -1;
-    if (std::rename(path.c_str(), path_of(name).c_str()) == 0)
-        return 0;
-    sentence = "Cannot rename " + path + ": " + std::generic_category().message(errno) + ".";
-    return -1;
+Result<> KeptFiles::adopt(const std::string& path, const std::string& name) {
+    if (m_own.empty())
+        if (auto made = make_own(); !made)
+            return made;
+    if (std::rename(path.c_str(), path_of(name).c_str()) != 0)
+        return failed(FailureCode::cannot_rename, {path}, errno);
+    return {};
 }
 
 void KeptFiles::remove(const std::string& path) {

@@ -22,15 +22,15 @@ public:
     KeptFiles(const KeptFiles&) = delete;
     KeptFiles& operator=(const KeptFiles&) = delete;
 
-    // A name is that of a file without folders. 0, or -1 and one sentence.
-    [[nodiscard]] int keep(const std::string& name, std::string_view bytes, std::string& sentence);
+    // A name is that of a file without folders.
+    [[nodiscard]] Result<> keep(const std::string& name, std::string_view bytes);
     void drop(const std::string& name);
 
     // Tells of each file of runs that have ended, oldest first. A file that cannot be read stays where it is.
     void visit_left(const std::function<void(const std::string& path, std::string bytes)>& visit);
 
     // Of a file that was left behind: makes it one of this run's, or removes it.
-    [[nodiscard]] int adopt(const std::string& path, const std::string& name, std::string& sentence);
+    [[nodiscard]] Result<> adopt(const std::string& path, const std::string& name);
     void remove(const std::string& path);
 
 private:
@@ -39,7 +39,8 @@ private:
         FileLock lock;
     };
 
-    [[nodiscard]] int make_own(std::string& sentence);
+    [[nodiscard]] Result<> make_own();
+    [[nodiscard]] Result<> keep_once(const std::string& name, std::string_view bytes);
     [[nodiscard]] bool take(const std::string& folder);
     [[nodiscard]] std::string path_of(const std::string& name) const { return m_own + "/" + name; }
 

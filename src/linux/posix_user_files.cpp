@@ -2,45 +2,27 @@
 
 #include "linux/small_file.h"
 
-#include <fmt/format.h>
-
 #include <chrono>
 #include <filesystem>
 #include <system_error>
-#include <utility>
 
 namespace tickervantage {
 
-UserFiles::Found PosixUserFiles::read(const std::string& path, std::size_t limit, std::string& text,
-                                      std::string& sentence) {
-    SmallFile file = read_small_file(path, limit);
-    if (file.outcome == SmallFile::Outcome::read) {
-        text = std::move(file.bytes);
-        return Found::text;
-    }
-    sentence = fmt::format("Cannot read {}: {}.", path, file.reason);
-    switch (file.outcome) {
-    case SmallFile::Outcome::missing:
-        return Found::missing;
-    case SmallFile::Outcome::unfit:
-        return Found::unfit;
-    default:
-        return Found::unreadable;
-    }
+FileReading PosixUserFiles::read(const std::string& path, std::size_t limit) {
+    return read_small_file(path, limit);
 }
 
-int PosixUserFiles::replace(const std::string& path, const std::function<int(const TextSink&)>& write,
-                            std::string& sentence) {
+Result<> PosixUserFiles::replace(const std::string& path, const WriteText& write) {
     constexpr std::chrono::seconds patience{5};
     FileLock lock;
     const auto folder = std::filesystem::path(path).parent_path().string();
-    if ((!folder.empty() && make_private_folder(folder, sentence) != 0) || lock.lock(path, patience, sentence) != 0)
-        return -1;
-    return replace_file(path, write, sentence);
+    return (folder.empty() ? Result<>() : make_private_folder(folder))
+        .and_then([&] { return lock.lock(path, patience); })
+        .and_then([&] { return replace_file(path, write); });
 }
 
-int PosixUserFiles::set_aside(const std::string& path, std::string& kept_as, std::string& sentence) {
-    return set_file_aside(path, kept_as, sentence);
+Result<std::string> PosixUserFiles::set_aside(const std::string& path) {
+    return set_file_aside(path);
 }
 
 void PosixUserFiles::remove(const std::string& path) {

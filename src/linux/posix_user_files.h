@@ -9,11 +9,9 @@ namespace tickervantage {
 
 class PosixUserFiles : public UserFiles {
 public:
-    [[nodiscard]] Found read(const std::string& path, std::size_t limit, std::string& text,
-                             std::string& sentence) override;
-    [[nodiscard]] int replace(const std::string& path, const std::function<int(const TextSink&)>& write,
-                              std::string& sentence) override;
-    [[nodiscard]] int set_aside(const std::string& path, std::string& kept_as, std::string& sentence) override;
+    [[nodiscard]] FileReading read(const std::string& path, std::size_t limit) override;
+    [[nodiscard]] Result<> replace(const std::string& path, const WriteText& write) override;
+    [[nodiscard]] Result<std::string> set_aside(const std::string& path) override;
     void remove(const std::string& path) override;
 };
 

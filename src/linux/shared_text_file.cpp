@@ -1,5 +1,6 @@
 #include "linux/shared_text_file.h"
 
+#include "base/failure_codes.h"
 #include "base/setting_text.h"
 #include "linux/small_file.h"
 
@@ -32,58 +33,43 @@ std::string free_name(const std::string& path) {
 
 SharedTextFile::SharedTextFile(std::string path, std::size_t limit) : m_path(std::move(path)), m_limit(limit) {}
 
-SharedTextReading SharedTextFile::read() {
-    using Outcome = SharedTextReading::Outcome;
-    SmallFile file = read_small_file(m_path, m_limit);
-    switch (file.outcome) {
-    case SmallFile::Outcome::missing:
-        return {};
-    case SmallFile::Outcome::unfit:
-        return {Outcome::unfit, {}, file.reason};
-    case SmallFile::Outcome::unreadable:
-        return {Outcome::unreadable, {}, file.reason};
-    default:
-        break;
-    }
-    if (!is_plain_utf8(file.bytes))
-        return {Outcome::unfit, {}, "it is no text in UTF-8"};
-    return {Outcome::read, std::move(file.bytes), {}};
+FileReading SharedTextFile::read() {
+    FileReading file = read_small_file(m_path, m_limit);
+    if (file.outcome == FileReading::Outcome::read && !is_plain_utf8(file.bytes))
+        return {.outcome = FileReading::Outcome::unfit, .reason = {.code = FailureCode::is_no_utf8}};
+    return file;
 }
 
-int SharedTextFile::keep_other(std::string_view text, const std::optional<std::string>& made_from, std::string& kept_as,
-                               std::string& sentence) const {
-    const SmallFile file = read_small_file(m_path, m_limit);
+Result<std::string> SharedTextFile::keep_other(std::string_view text,
+                                               const std::optional<std::string>& made_from) const {
+    const FileReading file = read_small_file(m_path, m_limit);
     switch (file.outcome) {
-    case SmallFile::Outcome::missing:
-        return 0;
-    case SmallFile::Outcome::unfit:
-        return set_file_aside(m_path, kept_as, sentence);
-    case SmallFile::Outcome::unreadable:
-        sentence = fmt::format("Cannot read {}: {}.", m_path, file.reason);
-        return -1;
-    default:
+    case FileReading::Outcome::missing:
+        return {};
+    case FileReading::Outcome::unfit:
+        return set_file_aside(m_path);
+    case FileReading::Outcome::unreadable:
+        return failed(FailureCode::cannot_read, {m_path}, file.reason);
+    case FileReading::Outcome::read:
         break;
     }
     if (file.bytes == text || file.bytes == made_from || file.bytes == m_written)
-        return 0;
-    const std::string name = free_name(m_path);
-    if (replace_small_file(name, file.bytes, sentence) != 0)
-        return -1;
-    kept_as = name;
-    return 0;
+        return {};
+    auto name = free_name(m_path);
+    return replace_small_file(name, file.bytes).map([&] { return std::move(name); });
 }
 
-int SharedTextFile::replace(std::string_view text, const std::optional<std::string>& made_from, std::string& kept_as,
-                            std::string& sentence) {
-    kept_as.clear();
+Result<std::string> SharedTextFile::replace(std::string_view text, const std::optional<std::string>& made_from) {
     FileLock lock;
-    if (make_private_folder(std::filesystem::path(m_path).parent_path().string(), sentence) != 0 ||
-        lock.lock(m_path, lock_patience, sentence) != 0 || keep_other(text, made_from, kept_as, sentence) != 0)
-        return -1;
-    const int result = replace_small_file(m_path, text, sentence);
-    if (result == 0 || read_small_file(m_path, m_limit).bytes == text) // the second: in place, but not flushed for sure
+    auto kept_as = make_private_folder(std::filesystem::path(m_path).parent_path().string())
+                       .and_then([&] { return lock.lock(m_path, lock_patience); })
+                       .and_then([&] { return keep_other(text, made_from); });
+    if (!kept_as)
+        return kept_as;
+    const auto done = replace_small_file(m_path, text);
+    if (done || read_small_file(m_path, m_limit).bytes == text) // the second: in place, but not flushed for sure
         m_written = text;
-    return result;
+    return done ? kept_as : tl::unexpected(done.error());
 }
 
 } // namespace tickervantage

@@ -17,13 +17,13 @@ public:
     // The folder is made before the first write.
     explicit SharedTextFile(std::string path, std::size_t limit = 4U << 20U);
 
-    [[nodiscard]] SharedTextReading read() override;
-    [[nodiscard]] int replace(std::string_view text, const std::optional<std::string>& made_from, std::string& kept_as,
-                              std::string& sentence) override;
+    [[nodiscard]] FileReading read() override;
+    [[nodiscard]] Result<std::string> replace(std::string_view text,
+                                              const std::optional<std::string>& made_from) override;
 
 private:
-    [[nodiscard]] int keep_other(std::string_view text, const std::optional<std::string>& made_from,
-                                 std::string& kept_as, std::string& sentence) const;
+    [[nodiscard]] Result<std::string> keep_other(std::string_view text,
+                                                 const std::optional<std::string>& made_from) const;
 
     std::string m_path;
     std::size_t m_limit;

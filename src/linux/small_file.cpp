@@ -1,5 +1,6 @@
 #include "linux/small_file.h"
 
+#include "base/failure_codes.h"
 #include "linux/write_all.h"
 
 #include <fcntl.h>
@@ -17,7 +18,6 @@
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
-#include <system_error>
 #include <vector>
 
 namespace tickervantage {
@@ -26,15 +26,6 @@ namespace {
 
 constexpr mode_t private_file = 0600;
 constexpr mode_t permission_bits = 07777;
-
-std::string words(int error) {
-    return std::generic_category().message(error);
-}
-
-int fail(std::string& sentence, std::string_view what, const std::string& path, int error) {
-    sentence = fmt::format("{} {}: {}.", what, path, words(error));
-    return -1;
-}
 
 std::string folder_of(const std::string& path) {
     const auto folder = std::filesystem::path(path).parent_path().string();
@@ -124,8 +115,6 @@ int flush_folder(const std::string& folder) {
     return ::fsync(fd.get()) == 0 || errno == EINVAL ? 0 : -1; // EINVAL: a file system that has no such thing
 }
 
-using WriteText = std::function<int(const TextSink&)>;
-
 int write_beside(const std::string& path, const std::string& draft, const WriteText& write) {
     ::unlink(draft.c_str()); // left over from a process that was killed
     const FileDescriptor fd(::open(draft.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, private_file));
@@ -161,89 +150,98 @@ std::string time_stamp() {
     return fmt::format("{:%Y%m%d-%H%M%S}", local);
 }
 
-} // namespace
-
-SmallFile read_small_file(const std::string& path, std::size_t limit) {
-    using Outcome = SmallFile::Outcome;
-    const FileDescriptor fd(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)); // a pipe must not hold us up
-    if (!fd.valid())
-        return {
-            .outcome = errno == ENOENT ? Outcome::missing : Outcome::unreadable, .bytes = {}, .reason = words(errno)};
-    struct stat status {};
-    if (::fstat(fd.get(), &status) != 0)
-        return {.outcome = Outcome::unreadable, .bytes = {}, .reason = words(errno)};
-    if (S_ISDIR(status.st_mode))
-        return {.outcome = Outcome::unfit, .bytes = {}, .reason = "it is a folder"};
-    if (!S_ISREG(status.st_mode))
-        return {.outcome = Outcome::unreadable, .bytes = {}, .reason = "it is not an ordinary file"};
-    SmallFile file{.outcome = Outcome::read, .bytes = {}, .reason = {}};
-    if (read_all(fd.get(), limit, file.bytes) == 0)
-        return file;
-    if (errno == EFBIG)
-        return {.outcome = Outcome::unfit, .bytes = {}, .reason = fmt::format("it is larger than {} bytes", limit)};
-    return {.outcome = Outcome::unreadable, .bytes = {}, .reason = words(errno)};
+FileReading unfit(FailureCode code, std::vector<std::string> arguments = {}) {
+    return {.outcome = FileReading::Outcome::unfit, .reason = {.code = code, .arguments = std::move(arguments)}};
 }
 
-int replace_file(const std::string& path, const WriteText& write, std::string& sentence) {
+FileReading unreadable(Failure reason) {
+    return {.outcome = FileReading::Outcome::unreadable, .reason = std::move(reason)};
+}
+
+} // namespace
+
+FileReading read_small_file(const std::string& path, std::size_t limit) {
+    using Outcome = FileReading::Outcome;
+    const FileDescriptor fd(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)); // a pipe must not hold us up
+    if (!fd.valid())
+        return {.outcome = errno == ENOENT ? Outcome::missing : Outcome::unreadable, .reason = system_failure(errno)};
+    struct stat status {};
+    if (::fstat(fd.get(), &status) != 0)
+        return unreadable(system_failure(errno));
+    if (S_ISDIR(status.st_mode))
+        return unfit(FailureCode::is_folder);
+    if (!S_ISREG(status.st_mode))
+        return unreadable({.code = FailureCode::is_no_ordinary_file});
+    FileReading file{.outcome = Outcome::read};
+    if (read_all(fd.get(), limit, file.bytes) == 0)
+        return file;
+    return errno == EFBIG ? unfit(FailureCode::is_larger_than, {std::to_string(limit)})
+                          : unreadable(system_failure(errno));
+}
+
+Result<> replace_file(const std::string& path, const WriteText& write) {
     const std::string draft = beside(path, ".new");
     if (write_beside(path, draft, write) != 0 || ::rename(draft.c_str(), path.c_str()) != 0) {
         const int error = errno;
         ::unlink(draft.c_str());
-        return fail(sentence, "Cannot write", path, error);
+        return failed(FailureCode::cannot_write, {path}, error);
     }
-    return flush_folder(folder_of(path)) == 0 ? 0 : fail(sentence, "Cannot flush the folder of", path, errno);
+    if (flush_folder(folder_of(path)) != 0)
+        return failed(FailureCode::cannot_flush_folder, {path}, errno);
+    return {};
 }
 
-int replace_small_file(const std::string& path, std::string_view bytes, std::string& sentence) {
-    return replace_file(
-        path, [bytes](const TextSink& sink) { return sink(bytes); }, sentence);
+Result<> replace_small_file(const std::string& path, std::string_view bytes) {
+    return replace_file(path, [bytes](const TextSink& sink) { return sink(bytes); });
 }
 
-int set_file_aside(const std::string& path, std::string& kept_as, std::string& sentence) {
+Result<std::string> set_file_aside(const std::string& path) {
     const std::string name = path + ".damaged-" + time_stamp();
     for (int number = 1; number <= 100; ++number) {
-        const std::string candidate = number == 1 ? name : fmt::format("{}-{}", name, number);
-        if (rename_without_replacing(path, candidate) == 0) {
-            kept_as = candidate;
-            return 0;
-        }
+        auto candidate = number == 1 ? name : fmt::format("{}-{}", name, number);
+        if (rename_without_replacing(path, candidate) == 0)
+            return candidate;
         if (errno != EEXIST)
             break;
     }
-    return fail(sentence, "Cannot rename", path, errno);
+    return failed(FailureCode::cannot_rename, {path}, errno);
 }
 
-int make_private_folder(const std::string& path, std::string& sentence) {
+Result<> make_private_folder(const std::string& path) {
     struct stat there {};
-    if (::stat(path.c_str(), &there) == 0)
-        return S_ISDIR(there.st_mode) ? 0 : fail(sentence, "Cannot make the folder", path, ENOTDIR);
+    if (::stat(path.c_str(), &there) == 0) {
+        if (S_ISDIR(there.st_mode))
+            return {};
+        return failed(FailureCode::cannot_make_folder, {path}, ENOTDIR);
+    }
     const std::string parent = folder_of(path);
-    if (parent != path && make_private_folder(parent, sentence) != 0)
-        return -1;
+    if (parent != path)
+        if (auto made = make_private_folder(parent); !made)
+            return made;
     if (::mkdir(path.c_str(), 0700) != 0 && errno != EEXIST)
-        return fail(sentence, "Cannot make the folder", path, errno);
+        return failed(FailureCode::cannot_make_folder, {path}, errno);
     const FileDescriptor fd(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     if (fd.valid())
         give_to_owner_of(parent, fd.get());
-    return 0;
+    return {};
 }
 
-int FileLock::lock(const std::string& path, std::chrono::milliseconds time_limit, std::string& sentence) {
+Result<> FileLock::lock(const std::string& path, std::chrono::milliseconds time_limit) {
     const std::string name = beside(path, ".lock");
     FileDescriptor file(::open(name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, private_file));
     if (!file.valid())
-        return fail(sentence, "Cannot lock", path, errno);
+        return failed(FailureCode::cannot_lock, {path}, errno);
     give_to_owner_of(folder_of(path), file.get());
     const auto end = std::chrono::steady_clock::now() + time_limit;
     while (::flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
         if (errno == ENOLCK || errno == EOPNOTSUPP)
             break;
         if ((errno != EWOULDBLOCK && errno != EINTR) || std::chrono::steady_clock::now() >= end)
-            return fail(sentence, "Cannot lock", path, errno);
+            return failed(FailureCode::cannot_lock, {path}, errno);
         ::poll(nullptr, 0, 5); // the kernel has no lock with a deadline
     }
     m_file = std::move(file);
-    return 0;
+    return {};
 }
 
 } // namespace tickervantage

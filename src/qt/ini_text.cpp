@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include "base/failure_codes.h"
 #include "base/setting_text.h"
 
 #include <algorithm>
@@ -15,10 +16,6 @@
 namespace tickervantage {
 
 namespace {
-
-QString without_scratch() {
-    return QStringLiteral("there is no room for a temporary file");
-}
 
 QStringList scratch_parents(const QString& other_folder) {
     return {QDir::tempPath(), other_folder};
@@ -71,44 +68,36 @@ bool same_values(const IniValues& one, const IniValues& other) {
 
 } // namespace
 
-IniReading parse_ini(const QByteArray& text, const QString& other_folder, IniValues& values, QString& reason) {
-    if (!is_plain_utf8({text.constData(), static_cast<std::size_t>(text.size())})) {
-        reason = QStringLiteral("it is not UTF-8 text");
-        return IniReading::damaged;
-    }
+Result<IniValues> parse_ini(const QByteArray& text, const QString& other_folder) {
+    if (!is_plain_utf8({text.constData(), static_cast<std::size_t>(text.size())}))
+        return failed(FailureCode::is_no_utf8);
     for (const auto& parent : scratch_parents(other_folder)) {
         const QTemporaryDir folder(parent + QStringLiteral("/.tickervantage-XXXXXX"));
         if (!folder.isValid() || !put(scratch_file(folder), text))
             continue;
         const QSettings settings(scratch_file(folder), QSettings::IniFormat);
-        const IniValues found = values_of(settings); // before the status: sections are not looked at earlier
+        IniValues found = values_of(settings); // before the status: sections are not looked at earlier
         if (settings.status() == QSettings::AccessError)
             continue;
-        if (settings.status() == QSettings::FormatError) {
-            reason = QStringLiteral("it has lines that are no settings");
-            return IniReading::damaged;
-        }
-        values = found;
-        return IniReading::read;
+        if (settings.status() == QSettings::FormatError)
+            return failed(FailureCode::lines_are_no_settings);
+        return found;
     }
-    reason = without_scratch();
-    return IniReading::no_scratch;
+    return failed(FailureCode::no_scratch_file);
 }
 
-int format_ini(const IniValues& values, const QString& other_folder, QByteArray& text, QString& reason) {
-    reason = without_scratch();
+Result<QByteArray> format_ini(const IniValues& values, const QString& other_folder) {
+    Result<QByteArray> result = failed(FailureCode::no_scratch_file);
     for (const auto& parent : scratch_parents(other_folder)) {
-        const auto made = format_in(parent, values);
-        IniValues found;
-        if (!made || parse_ini(*made, other_folder, found, reason) != IniReading::read)
+        auto made = format_in(parent, values);
+        if (!made)
             continue;
-        if (same_values(found, values)) {
-            text = *made;
-            return 0;
-        }
-        reason = QStringLiteral("a value does not read back");
+        const auto found = parse_ini(*made, other_folder);
+        if (found && same_values(*found, values))
+            return *std::move(made);
+        result = found ? failed(FailureCode::value_does_not_read_back) : tl::unexpected(found.error());
     }
-    return -1;
+    return result;
 }
 
 QVariant ini_value(const std::vector<std::string>& texts) {

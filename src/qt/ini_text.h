@@ -5,6 +5,8 @@
 // colon. Any thread; waits for the disk.
 #pragma once
 
+#include "base/failure.h"
+
 #include <QByteArray>
 #include <QMap>
 #include <QString>
@@ -17,17 +19,12 @@ namespace tickervantage {
 
 using IniValues = QMap<QString, QVariant>;
 
-enum class IniReading : unsigned char {
-    read,
-    damaged,   // not well-formed UTF-8, a zero byte, or lines that are no settings
-    no_scratch // nothing is known about the text: no scratch folder could be used
-};
+// Fails with no_scratch_file when nothing is known about the text; otherwise it is damaged: not well-formed UTF-8, a
+// zero byte, or lines that are no settings.
+[[nodiscard]] Result<IniValues> parse_ini(const QByteArray& text, const QString& other_folder);
 
-[[nodiscard]] IniReading parse_ini(const QByteArray& text, const QString& other_folder, IniValues& values,
-                                   QString& reason);
-
-// 0, or -1 and the reason. Reads what it made, and is content only when every value came back.
-[[nodiscard]] int format_ini(const IniValues& values, const QString& other_folder, QByteArray& text, QString& reason);
+// Reads what it made, and is content only when every value came back.
+[[nodiscard]] Result<QByteArray> format_ini(const IniValues& values, const QString& other_folder);
 
 // A list of one text and a plain text are the same thing; of no texts, a value that is there and empty.
 [[nodiscard]] QVariant ini_value(const std::vector<std::string>& texts);

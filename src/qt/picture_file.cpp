@@ -1,8 +1,7 @@
 #include "qt/picture_file.h"
 
+#include "base/failure_codes.h"
 #include "qt/qt_canvas.h"
-
-#include <fmt/format.h>
 
 #include <QBuffer>
 #include <QImage>
@@ -47,14 +46,13 @@ using Draw = std::function<void(Canvas&, Rect)>;
 
 // A full disk shows itself at the flush: QSaveFile::commit() alone has been seen to put a file that was cut short in
 // the place of a good one.
-[[nodiscard]] int replace_file(const QString& path, const QByteArray& bytes, std::string& sentence) {
+[[nodiscard]] Result<> replace_file(const QString& path, const QByteArray& bytes) {
     QSaveFile file(path);
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() && file.commit())
-        return 0;
-    const QString reason = file.errorString();
+        return {};
+    Failure reason = said_by_others(file.errorString().toStdString());
     file.cancelWriting();
-    sentence = fmt::format("The picture {} could not be written: {}.", path.toStdString(), reason.toStdString());
-    return -1;
+    return failed(FailureCode::picture_not_written, {path.toStdString()}, std::move(reason));
 }
 
 [[nodiscard]] bool is_sensible(const PictureFormat& format) {
@@ -66,26 +64,20 @@ using Draw = std::function<void(Canvas&, Rect)>;
 
 } // namespace
 
-int write_picture(const std::string& path, const PictureFormat& format, const Draw& draw, std::string& sentence) {
+Result<> write_picture(const std::string& path, const PictureFormat& format, const Draw& draw) {
     const QString file = QString::fromStdString(path);
     const bool png = file.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
-    if (!png && !file.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive)) {
-        sentence = fmt::format("The picture {} must end in .png or .svg.", path);
-        return -1;
-    }
-    if (!is_sensible(format)) {
-        sentence = fmt::format("A picture must be from 1 to {} pixels wide and high.", LARGEST_PICTURE_SIDE);
-        return -1;
-    }
+    if (!png && !file.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive))
+        return failed(FailureCode::picture_of_no_kind, {path});
+    if (!is_sensible(format))
+        return failed(FailureCode::picture_too_large, {std::to_string(LARGEST_PICTURE_SIDE)});
     QByteArray bytes;
     QBuffer buffer(&bytes);
     if (!buffer.open(QIODevice::WriteOnly) ||
-        !(png ? render_png(buffer, format, draw) : render_svg(buffer, format, draw))) {
-        sentence = fmt::format("The picture {} could not be drawn.", path);
-        return -1;
-    }
+        !(png ? render_png(buffer, format, draw) : render_svg(buffer, format, draw)))
+        return failed(FailureCode::picture_not_drawn, {path});
     buffer.close();
-    return replace_file(file, bytes, sentence);
+    return replace_file(file, bytes);
 }
 
 } // namespace tickervantage

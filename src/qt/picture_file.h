@@ -4,6 +4,7 @@
 // drawing may be drawn.
 #pragma once
 
+#include "base/failure.h"
 #include "draw/canvas.h"
 #include "qt/canvas_colors.h"
 
@@ -22,8 +23,8 @@ struct PictureFormat {
 inline constexpr int LARGEST_PICTURE_SIDE = 16384;
 
 // Draws over the text background's colour and writes beside the file before taking its place, so that a file that was
-// there stays whole if anything fails. 0; or -1 with one sentence for people.
-[[nodiscard]] int write_picture(const std::string& path, const PictureFormat& format,
-                                const std::function<void(Canvas&, Rect)>& draw, std::string& sentence);
+// there stays whole if anything fails.
+[[nodiscard]] Result<> write_picture(const std::string& path, const PictureFormat& format,
+                                     const std::function<void(Canvas&, Rect)>& draw);
 
 } // namespace tickervantage

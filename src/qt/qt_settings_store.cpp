@@ -3,6 +3,7 @@
 #include <QFileSystemWatcher>
 #include <QString>
 
+#include "base/failure_codes.h"
 #include "linux/small_file.h"
 #include "qt/settings_file.h"
 
@@ -26,7 +27,7 @@ struct QtSettingsStore::Shared {
 
     const SettingsFile file;
     Logger& logger;
-    std::string load_problem;
+    std::optional<Failure> load_problem;
     ProblemHandler handler;            // main thread only
     std::function<void()> changed;     // likewise
     std::atomic<bool> looking = false; // a look at the file is on its way
@@ -36,19 +37,19 @@ struct QtSettingsStore::Shared {
     SettingValues values;
     SettingChanges pending;
     bool scheduled = false;
-    std::string save_problem;
+    std::optional<Failure> save_problem;
     MainThread* main_thread = nullptr;
 
     static void save_all(const std::shared_ptr<Shared>& shared);
-    static void report(const std::shared_ptr<Shared>& shared, const std::string& sentence);
+    static void report(const std::shared_ptr<Shared>& shared, const std::optional<Failure>& problem);
 
-    bool save_once(std::string& sentence);
+    bool save_once(std::optional<Failure>& problem);
     bool take_changes();
     [[nodiscard]] bool rest_or_more(bool saved);
 };
 
 // The locks are held while copying only, never while the disk works.
-bool QtSettingsStore::Shared::save_once(std::string& sentence) {
+bool QtSettingsStore::Shared::save_once(std::optional<Failure>& problem) {
     SettingChanges changes;
     SettingValues known;
     {
@@ -56,7 +57,9 @@ bool QtSettingsStore::Shared::save_once(std::string& sentence) {
         changes = pending;
         known = values;
     }
-    if (file.save(changes, known, sentence) != 0)
+    const auto done = file.save(changes, known);
+    problem = done ? *done : done.error();
+    if (!done)
         return false;
     const std::lock_guard lock(mutex);
     std::erase_if(pending, [&](const auto& one) {
@@ -96,37 +99,37 @@ bool QtSettingsStore::Shared::rest_or_more(bool saved) {
 void QtSettingsStore::Shared::save_all(const std::shared_ptr<Shared>& shared) {
     bool saved = true;
     do {
-        std::string sentence;
-        saved = shared->save_once(sentence);
-        report(shared, sentence);
+        std::optional<Failure> problem;
+        saved = shared->save_once(problem);
+        report(shared, problem);
     } while (shared->rest_or_more(saved));
 }
 
-void QtSettingsStore::Shared::report(const std::shared_ptr<Shared>& shared, const std::string& sentence) {
+void QtSettingsStore::Shared::report(const std::shared_ptr<Shared>& shared, const std::optional<Failure>& problem) {
     MainThread* main_thread = nullptr;
     {
         const std::lock_guard lock(shared->mutex);
-        if (std::exchange(shared->save_problem, sentence) == sentence)
+        if (std::exchange(shared->save_problem, problem) == problem)
             return;
         main_thread = shared->main_thread;
     }
-    if (sentence.empty()) {
+    if (!problem) {
         shared->logger.log(LogLevel::info, "Settings are saved again.");
         return;
     }
-    shared->logger.log(LogLevel::error, sentence);
+    shared->logger.log(LogLevel::error, english(*problem));
     if (main_thread != nullptr)
-        main_thread->main_async([weak = std::weak_ptr(shared), sentence] {
+        main_thread->main_async([weak = std::weak_ptr(shared), problem = *problem] {
             const auto alive = weak.lock();
             if (alive && alive->handler)
-                alive->handler(sentence);
+                alive->handler(problem);
         });
 }
 
 QtSettingsStore::QtSettingsStore(const std::string& path, DispatchQueueSerial& queue, Logger& logger)
     : m_shared(std::make_shared<Shared>(path, logger)), m_queue(queue) {
-    if (!m_shared->load_problem.empty())
-        logger.log(LogLevel::error, m_shared->load_problem);
+    if (m_shared->load_problem)
+        logger.log(LogLevel::error, english(*m_shared->load_problem));
 }
 
 QtSettingsStore::~QtSettingsStore() {
@@ -177,11 +180,11 @@ void QtSettingsStore::schedule() {
     m_queue.async([shared = m_shared] { Shared::save_all(shared); });
 }
 
-std::string QtSettingsStore::load_problem() const {
+std::optional<Failure> QtSettingsStore::load_problem() const {
     return m_shared->load_problem;
 }
 
-std::string QtSettingsStore::save_problem() const {
+std::optional<Failure> QtSettingsStore::save_problem() const {
     const std::lock_guard lock(m_shared->mutex);
     return m_shared->save_problem;
 }
@@ -198,8 +201,7 @@ void QtSettingsStore::watch(MainThread& main_thread, std::function<void()> chang
     m_watcher = std::make_unique<QFileSystemWatcher>();
     QObject::connect(m_watcher.get(), &QFileSystemWatcher::directoryChanged, m_watcher.get(), [this] { look_again(); });
     QObject::connect(m_watcher.get(), &QFileSystemWatcher::fileChanged, m_watcher.get(), [this] { look_again(); });
-    std::string ignored; // what cannot be made cannot be watched; a save tells
-    (void)make_private_folder(m_shared->file.folder(), ignored);
+    (void)make_private_folder(m_shared->file.folder()); // what cannot be made cannot be watched; a save tells
     watch_paths();
 }
 
@@ -227,17 +229,14 @@ void QtSettingsStore::look_again() {
     });
 }
 
-int QtSettingsStore::finish(std::chrono::milliseconds time_limit, std::string& sentence) {
+Result<> QtSettingsStore::finish(std::chrono::milliseconds time_limit) {
     schedule(); // also what failed before
     std::unique_lock lock(m_shared->mutex);
-    if (!m_shared->rest.wait_for(lock, time_limit, [&] { return !m_shared->scheduled; })) {
-        sentence = "The settings could not be saved in time.";
-        return -1;
-    }
+    if (!m_shared->rest.wait_for(lock, time_limit, [&] { return !m_shared->scheduled; }))
+        return failed(FailureCode::settings_not_saved_in_time);
     if (m_shared->pending.empty())
-        return 0;
-    sentence = m_shared->save_problem;
-    return -1;
+        return {};
+    return tl::unexpected(m_shared->save_problem.value_or(Failure{.code = FailureCode::settings_not_saved_in_time}));
 }
 
 } // namespace tickervantage

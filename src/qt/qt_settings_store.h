@@ -7,6 +7,7 @@
 #pragma once
 
 #include "base/dispatch.h"
+#include "base/failure.h"
 #include "base/logger.h"
 #include "settings/settings_store.h"
 
@@ -21,7 +22,7 @@ namespace tickervantage {
 
 class QtSettingsStore : public SettingsStore {
 public:
-    using ProblemHandler = std::function<void(const std::string& sentence)>;
+    using ProblemHandler = std::function<void(const Failure& failure)>;
 
     QtSettingsStore(const std::string& path, DispatchQueueSerial& queue, Logger& logger);
     ~QtSettingsStore() override;
@@ -33,9 +34,9 @@ public:
                const std::vector<std::string>& value) override; // bytes that are no UTF-8 are replaced
     void remove(std::string_view key) override;
 
-    // What was wrong with the file when it was read, and with the last save; empty: nothing.
-    [[nodiscard]] std::string load_problem() const;
-    [[nodiscard]] std::string save_problem() const;
+    // What was wrong with the file when it was read, and with the last save.
+    [[nodiscard]] std::optional<Failure> load_problem() const;
+    [[nodiscard]] std::optional<Failure> save_problem() const;
 
     // Calls the handler on the main thread with each new problem of a save. An empty handler ends that.
     void set_problem_handler(MainThread& main_thread, ProblemHandler handler);
@@ -44,8 +45,8 @@ public:
     // each such change. Needs an event loop.
     void watch(MainThread& main_thread, std::function<void()> changed);
 
-    // For the end of the program: blocks until every change is on the disk. 0, or -1 and one sentence.
-    [[nodiscard]] int finish(std::chrono::milliseconds time_limit, std::string& sentence);
+    // For the end of the program: blocks until every change is on the disk.
+    [[nodiscard]] Result<> finish(std::chrono::milliseconds time_limit);
 
 private:
     struct Shared;

@@ -1,7 +1,6 @@
 #include "qt/settings_file.h"
 
-#include <fmt/format.h>
-
+#include "base/failure_codes.h"
 #include "linux/small_file.h"
 #include "qt/ini_text.h"
 
@@ -52,7 +51,7 @@ struct SettingsFile::Content {
     enum class State : unsigned char { good, damaged, unknown };
     State state = State::good;
     IniValues values;
-    std::string reason;
+    Failure reason = {};
 };
 
 SettingsFile::SettingsFile(const std::string& path) {
@@ -65,46 +64,56 @@ SettingsFile::SettingsFile(const std::string& path) {
 SettingsFile::Content SettingsFile::read() const {
     using State = Content::State;
     const auto file = read_small_file(m_path, size_limit);
-    if (file.outcome == SmallFile::Outcome::missing)
+    if (file.outcome == FileReading::Outcome::missing)
         return {};
-    if (file.outcome != SmallFile::Outcome::read) {
-        const bool unfit = file.outcome == SmallFile::Outcome::unfit;
+    if (file.outcome != FileReading::Outcome::read) {
+        const bool unfit = file.outcome == FileReading::Outcome::unfit;
         return {.state = unfit ? State::damaged : State::unknown, .values = {}, .reason = file.reason};
     }
-    Content content;
-    QString reason;
-    const auto reading = parse_ini(QByteArray::fromStdString(file.bytes), qt_text(m_folder), content.values, reason);
-    if (reading != IniReading::read)
-        content.state = reading == IniReading::damaged ? State::damaged : State::unknown;
-    content.reason = reason.toStdString();
-    return content;
+    const auto values = parse_ini(QByteArray::fromStdString(file.bytes), qt_text(m_folder));
+    if (values)
+        return {.values = *values};
+    const bool is_unknown = values.error().code == FailureCode::no_scratch_file;
+    return {.state = is_unknown ? State::unknown : State::damaged, .values = {}, .reason = values.error()};
 }
 
-bool SettingsFile::keep_aside(const Content& damaged, std::string& sentence) const {
-    std::string kept_as;
-    std::string failure;
-    const bool kept = set_file_aside(m_path, kept_as, failure) == 0;
-    sentence = fmt::format("The settings file {} is damaged ({}). {}", m_path, damaged.reason,
-                           kept ? "It is kept as " + kept_as + "." : failure);
-    return kept;
+Failure SettingsFile::problem(FailureCode code, Failure cause) const {
+    return failed(code, {m_path}, std::move(cause)).value();
 }
 
-SettingValues SettingsFile::load(std::string& sentence) const {
+Result<Failure> SettingsFile::keep_aside(const Content& damaged) const {
+    return set_file_aside(m_path)
+        .map([&](const std::string& name) {
+            return failed(FailureCode::settings_kept_aside, {name},
+                          problem(FailureCode::settings_damaged, damaged.reason))
+                .value();
+        })
+        .map_error([&](Failure cause) { return problem(FailureCode::settings_damaged_in_place, std::move(cause)); });
+}
+
+// Two programs that start at once must not put aside each other's new file.
+std::optional<Failure> SettingsFile::put_in_order(Content& content) const {
     using State = Content::State;
-    sentence.clear();
-    Content content = read();
-    FileLock lock; // two programs that start at once must not put aside each other's new file
-    if (content.state == State::damaged && lock.lock(m_path, lock_limit_at_start, sentence) == 0) {
+    FileLock lock;
+    if (content.state == State::damaged) {
+        if (auto locked = lock.lock(m_path, lock_limit_at_start); !locked)
+            return problem(FailureCode::settings_damaged_in_place, std::move(locked.error()));
         content = read();
-        if (content.state == State::damaged)
-            (void)keep_aside(content, sentence); // the sentence says how it went
-    } else if (content.state == State::damaged) {
-        sentence = fmt::format("The settings file {} is damaged ({}). {}", m_path, content.reason, sentence);
+    }
+    if (content.state == State::damaged) {
+        auto kept = keep_aside(content);
+        return kept ? *kept : kept.error();
     }
     if (content.state == State::unknown)
-        sentence = fmt::format("The settings file {} cannot be read ({}).", m_path, content.reason);
-    if (!sentence.empty())
-        sentence += " The defaults are used.";
+        return problem(FailureCode::settings_unreadable, content.reason);
+    return std::nullopt;
+}
+
+SettingValues SettingsFile::load(std::optional<Failure>& failure) const {
+    Content content = read();
+    failure = put_in_order(content);
+    if (failure)
+        failure = failed(FailureCode::defaults_used, {}, *std::move(failure)).value();
     return setting_values(content.values);
 }
 
@@ -116,30 +125,27 @@ int SettingsFile::look_again(SettingValues& values) const {
     return 0;
 }
 
-int SettingsFile::save(const SettingChanges& changes, const SettingValues& known, std::string& sentence) const {
-    using State = Content::State;
-    sentence.clear();
+Result<std::optional<Failure>> SettingsFile::save(const SettingChanges& changes, const SettingValues& known) const {
     FileLock lock;
-    if (make_private_folder(m_folder, sentence) != 0 || lock.lock(m_path, lock_limit, sentence) != 0)
-        return -1;
-    Content content = read();
-    if (content.state == State::unknown) {
-        sentence = fmt::format("The settings file {} cannot be read ({}).", m_path, content.reason);
-        return -1;
+    if (auto locked = make_private_folder(m_folder).and_then([&] { return lock.lock(m_path, lock_limit); }); !locked)
+        return tl::unexpected(std::move(locked.error()));
+    const Content content = read();
+    if (content.state == Content::State::unknown)
+        return tl::unexpected(problem(FailureCode::settings_unreadable, content.reason));
+    std::optional<Failure> kept_aside;
+    if (content.state == Content::State::damaged) {
+        auto kept = keep_aside(content);
+        if (!kept)
+            return tl::unexpected(std::move(kept.error()));
+        kept_aside = *std::move(kept);
     }
-    if (content.state == State::damaged && !keep_aside(content, sentence))
-        return -1;
-    const bool damaged = content.state == State::damaged;
-    const IniValues wanted = laid_over(damaged ? ini_values(known) : content.values, changes);
-    if (!damaged && wanted == content.values)
-        return 0;
-    QByteArray text;
-    QString reason;
-    if (format_ini(wanted, qt_text(m_folder), text, reason) != 0) {
-        sentence = fmt::format("Cannot write {}: {}.", m_path, reason.toStdString());
-        return -1;
-    }
-    return replace_small_file(m_path, {text.constData(), static_cast<std::size_t>(text.size())}, sentence);
+    const IniValues wanted = laid_over(kept_aside ? ini_values(known) : content.values, changes);
+    if (!kept_aside && wanted == content.values)
+        return kept_aside;
+    return format_ini(wanted, qt_text(m_folder))
+        .map_error([&](Failure cause) { return problem(FailureCode::cannot_write, std::move(cause)); })
+        .and_then([&](const QByteArray& text) { return replace_small_file(m_path, text.toStdString()); })
+        .map([&] { return kept_aside; });
 }
 
 } // namespace tickervantage

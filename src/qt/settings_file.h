@@ -5,6 +5,8 @@
 // time.
 #pragma once
 
+#include "base/failure.h"
+
 #include <chrono>
 #include <functional>
 #include <map>
@@ -22,13 +24,13 @@ class SettingsFile {
 public:
     explicit SettingsFile(const std::string& path); // a link is followed, and stays a link
 
-    // The values, none when there is no file or it cannot be used. The sentence is empty when all is well. A damaged
-    // file is kept aside under another name.
-    [[nodiscard]] SettingValues load(std::string& sentence) const;
+    // The values, none when there is no file or it cannot be used; then with why. A damaged file is kept aside under
+    // another name.
+    [[nodiscard]] SettingValues load(std::optional<Failure>& failure) const;
 
-    // 0: saved; the sentence, when there is one, says what else happened. -1: not saved, and why; the file is as it
-    // was. `known` is what the program works with: should the file turn out damaged, it takes the place of it.
-    [[nodiscard]] int save(const SettingChanges& changes, const SettingValues& known, std::string& sentence) const;
+    // What else is to be told of a file that was saved. One that was not saved is as it was. `known` is what the
+    // program works with: should the file turn out damaged, it takes the place of it.
+    [[nodiscard]] Result<std::optional<Failure>> save(const SettingChanges& changes, const SettingValues& known) const;
 
     // The values once more. -1: the file cannot be used just now; it stays as it is.
     [[nodiscard]] int look_again(SettingValues& values) const;
@@ -40,7 +42,9 @@ private:
     struct Content;
 
     [[nodiscard]] Content read() const;
-    [[nodiscard]] bool keep_aside(const Content& damaged, std::string& sentence) const;
+    [[nodiscard]] Failure problem(FailureCode code, Failure cause) const;
+    [[nodiscard]] Result<Failure> keep_aside(const Content& damaged) const; // what is told of it
+    [[nodiscard]] std::optional<Failure> put_in_order(Content& content) const;
 
     std::string m_path;
     std::string m_folder;

@@ -38,19 +38,16 @@ void read_for_warnings(const std::string& text) {
 }
 
 void read_as_document(const std::string& text) {
-    DocumentText document;
-    std::string sentence;
-    if (decode_document(text, document, sentence) != 0) {
-        require(!sentence.empty());
+    const auto document = decode_document(text);
+    if (!document)
         return;
-    }
-    require(document.text.find("\r\n") == std::string::npos || text.find("\r\r\n") != std::string::npos);
+    require(document->text.find("\r\n") == std::string::npos || text.find("\r\r\n") != std::string::npos);
     std::string saved;
-    const DocumentFiles files{.read = {}, .replace = [&](const std::string&, std::string_view bytes, std::string&) {
+    const DocumentFiles files{.read = {}, .replace = [&](const std::string&, std::string_view bytes) {
                                   saved = bytes;
-                                  return 0;
+                                  return Result<>();
                               }};
-    const SaveAnswer answer = save_document(files, {"/no/such", document.text, document.line_ends, {}});
+    const SaveAnswer answer = save_document(files, {"/no/such", document->text, document->line_ends, {}});
     require(answer.outcome == SaveAnswer::Outcome::saved);
     if (text.find('\r') == std::string::npos)
         require(saved == text);

@@ -26,14 +26,13 @@ std::string written(const ScatterMap& map, const Write& write) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view text(reinterpret_cast<const char*>(data), size);
-    ScatterMap map;
-    ScatterMap again;
-    std::string sentence;
-    if (read_scatter_json(text, map, sentence) == 0) {
-        const std::string once = written(map, write_scatter_json);
-        require(read_scatter_json(once, again, sentence) == 0);
-        require(written(again, write_scatter_json) == once);
+    if (const auto read = read_scatter_json(text)) {
+        const std::string once = written(*read, write_scatter_json);
+        const auto again = read_scatter_json(once);
+        require(again.has_value());
+        require(written(*again, write_scatter_json) == once);
     }
+    ScatterMap map;
     CsvDamage damage;
     if (read_scatter_csv(text, "sensor", map, damage) == 0)
         require(largest_count(map) > 0);

@@ -1,3 +1,4 @@
+#include "base/failure_codes.h"
 #include "chrony/configuration/config_document.h"
 #include "chrony/configuration/configuration_check.h"
 #include "chrony/configuration/directives.h"
@@ -50,15 +51,15 @@ struct CheckTest : ::testing::Test {
     testing::ScriptedExecute execute;
     std::vector<std::string> chronyds{"/one/chronyd"};
     std::string written;
-    int write_result = 0;
+    bool is_full = false;
     SyntaxCheckParts parts{.execute = execute,
                            .chronyds = [this] { return chronyds; },
-                           .replace_file =
-                               [this](const std::string& path, std::string_view bytes, std::string& sentence) {
-                                   written = path + "|" + std::string(bytes);
-                                   sentence = write_result == 0 ? "" : "The disk is full.";
-                                   return write_result;
-                               },
+                           .replace_file = [this](const std::string& path, std::string_view bytes) -> Result<> {
+                               written = path + "|" + std::string(bytes);
+                               if (is_full)
+                                   return failed(FailureCode::cannot_write, {path}, ENOSPC);
+                               return {};
+                           },
                            .temporary = "/no/such/folder/"};
 
     void outcome(ExecuteOutcome what, const std::string& sentence) {
@@ -111,12 +112,12 @@ TEST_F(CheckTest, WithoutChronydTheTextPassesAndIsWarnedOf) {
 }
 
 TEST_F(CheckTest, AFileThatCannotBeWrittenIsAFailedCheckWithoutAMessage) {
-    write_result = -1;
+    is_full = true;
     const ConfigError error = checkSyntax(parts, "x");
     EXPECT_FALSE(error.m_isok);
     EXPECT_EQ(error.m_msg, "");
     EXPECT_EQ(error.m_line, 0);
-    EXPECT_EQ(error.m_doubt, "The disk is full.");
+    EXPECT_EQ(error.m_doubt, "Cannot write /no/such/folder/check_chrony.conf: No space left on device.");
 }
 
 TEST(Warnings, NameWhatTheDaemonWillMiss) {
@@ -179,13 +180,13 @@ struct DocumentTest : ::testing::Test {
     DocumentFiles files{.read =
                             [this](const std::string& path, std::size_t) {
                                 const auto found = disk.find(path);
-                                return found == disk.end() ? FoundFile{FoundFile::Outcome::missing, "", "It is gone."}
-                                                           : FoundFile{FoundFile::Outcome::read, found->second, ""};
+                                return found == disk.end() ? FileReading{.reason = system_failure(ENOENT)}
+                                                           : FileReading{FileReading::Outcome::read, found->second, {}};
                             },
                         .replace =
-                            [this](const std::string& path, std::string_view bytes, std::string&) {
+                            [this](const std::string& path, std::string_view bytes) {
                                 disk[path] = bytes;
-                                return 0;
+                                return Result<>();
                             }};
 };
 
@@ -193,25 +194,21 @@ TEST_F(DocumentTest, ComesBackAsItWas) {
     for (const std::string bytes :
          {"a\nb\n", "a\r\nb\r\n", "", "no end", "\n\n", "a\r\nb", "\xc3\xa4\xe2\x80\xa8 \xc2\xa0x\n"}) {
         disk["f"] = bytes;
-        DocumentText document;
-        std::string sentence;
-        ASSERT_EQ(load_document(files, "f", document, sentence), 0) << sentence;
-        EXPECT_EQ(document.text.find('\r'), std::string::npos);
-        const SaveAnswer answer = save_document(files, {"f", document.text, document.line_ends, document.stamp});
+        const auto document = load_document(files, "f");
+        ASSERT_TRUE(document) << english(document.error());
+        EXPECT_EQ(document->text.find('\r'), std::string::npos);
+        const SaveAnswer answer = save_document(files, {"f", document->text, document->line_ends, document->stamp});
         EXPECT_EQ(answer.outcome, SaveAnswer::Outcome::saved);
         EXPECT_EQ(disk["f"], bytes);
-        EXPECT_EQ(answer.stamp, document.stamp);
+        EXPECT_EQ(answer.stamp, document->stamp);
     }
 }
 
 TEST_F(DocumentTest, WhatIsNoTextDoesNotOpen) {
-    DocumentText document;
-    std::string sentence;
-    EXPECT_EQ(decode_document("a\n\xff\n", document, sentence), -1);
-    EXPECT_EQ(decode_document(std::string("a\nb\0c", 5), document, sentence), -1);
-    EXPECT_EQ(sentence, "Line 2 holds a zero byte, which no configuration may.");
-    EXPECT_EQ(load_document(files, "nope", document, sentence), -1);
-    EXPECT_EQ(sentence, "It is gone.");
+    EXPECT_EQ(decode_document("a\n\xff\n").error().code, FailureCode::document_is_no_utf8);
+    EXPECT_EQ(english(decode_document(std::string("a\nb\0c", 5)).error()),
+              "Line 2 holds a zero byte, which no configuration may.");
+    EXPECT_EQ(english(load_document(files, "nope").error()), "nope cannot be read: No such file or directory.");
     const SaveAnswer answer = save_document(files, {"f", std::string("\0", 1), LineEnds::unix_style, {}});
     EXPECT_EQ(answer.outcome, SaveAnswer::Outcome::failed);
     EXPECT_TRUE(disk.empty());
@@ -219,11 +216,10 @@ TEST_F(DocumentTest, WhatIsNoTextDoesNotOpen) {
 
 TEST_F(DocumentTest, AnotherProgramsWorkIsNotOverwrittenUnasked) {
     disk["f"] = "mine\n";
-    DocumentText document;
-    std::string sentence;
-    ASSERT_EQ(load_document(files, "f", document, sentence), 0);
+    const auto document = load_document(files, "f");
+    ASSERT_TRUE(document);
     disk["f"] = "theirs\n";
-    SaveRequest request{"f", "edited\n", document.line_ends, document.stamp};
+    SaveRequest request{"f", "edited\n", document->line_ends, document->stamp};
     EXPECT_EQ(save_document(files, request).outcome, SaveAnswer::Outcome::changed_meanwhile);
     EXPECT_EQ(disk["f"], "theirs\n");
     disk.clear();

@@ -1,3 +1,4 @@
+#include "base/failure_codes.h"
 #include "chrony/configuration/kept_edit.h"
 #include "chrony/configuration/tracking_log_setting.h"
 #include "linux/kept_files.h"
@@ -34,7 +35,6 @@ TEST(KeptEdit, ReadsBackWhateverItHoldsAndNothingThatWasCut) {
 TEST(KeptFiles, ARunFindsThoseOfRunsThatHaveEndedAndNoOthers) {
     const testing::PrivateHome home;
     const std::string folder = home.path("state/unsaved");
-    std::string sentence;
     const auto left_for = [](KeptFiles& run) {
         std::vector<std::string> bytes;
         std::string last;
@@ -45,8 +45,8 @@ TEST(KeptFiles, ARunFindsThoseOfRunsThatHaveEndedAndNoOthers) {
         return std::pair(bytes, last);
     };
     auto first = std::make_unique<KeptFiles>(folder);
-    ASSERT_EQ(first->keep("1.edit", "one", sentence), 0) << sentence;
-    ASSERT_EQ(first->keep("2.edit", "two", sentence), 0) << sentence;
+    ASSERT_TRUE(first->keep("1.edit", "one"));
+    ASSERT_TRUE(first->keep("2.edit", "two"));
     first->drop("2.edit");
     auto second = std::make_unique<KeptFiles>(folder);
     EXPECT_TRUE(left_for(*second).first.empty()) << "the first still lives";
@@ -56,7 +56,7 @@ TEST(KeptFiles, ARunFindsThoseOfRunsThatHaveEndedAndNoOthers) {
     EXPECT_EQ(bytes, std::vector<std::string>{"one"});
     KeptFiles third(folder);
     EXPECT_TRUE(left_for(third).first.empty()) << "the second has them";
-    ASSERT_EQ(second->adopt(path, "7.edit", sentence), 0) << sentence;
+    ASSERT_TRUE(second->adopt(path, "7.edit"));
     EXPECT_TRUE(left_for(*second).first.empty());
     second->drop("7.edit");
     second.reset();
@@ -67,12 +67,12 @@ TEST(EditKeeper, OfCopiesThatWaitOnlyTheNewestIsWritten) {
     testing::ManualQueue queue;
     std::vector<std::string> done;
     std::vector<std::string> log;
-    EditKeeper keeper({.keep =
-                           [&](const std::string& name, std::string_view bytes, std::string& sentence) {
-                               done.push_back(name + std::string(bytes.substr(bytes.rfind('\n'))));
-                               sentence = "The disk is full.";
-                               return name == "2.edit" ? -1 : 0;
-                           },
+    EditKeeper keeper({.keep = [&](const std::string& name, std::string_view bytes) -> Result<> {
+                           done.push_back(name + std::string(bytes.substr(bytes.rfind('\n'))));
+                           if (name == "2.edit")
+                               return failed(FailureCode::cannot_write, {name}, ENOSPC);
+                           return {};
+                       },
                        .drop = [&](const std::string& name) { done.push_back("drop " + name); },
                        .left_behind = {},
                        .adopt = {},
@@ -93,7 +93,7 @@ TEST(EditKeeper, OfCopiesThatWaitOnlyTheNewestIsWritten) {
     queue.turn();
     EXPECT_EQ(done, (std::vector<std::string>{"1.edit\nnew", "2.edit\nother", "drop 3.edit"}));
     ASSERT_EQ(log.size(), 1U);
-    EXPECT_TRUE(log[0].ends_with("The disk is full.")) << log[0];
+    EXPECT_TRUE(log[0].ends_with("No space left on device.")) << log[0];
 }
 
 TEST(TrackingLogSetting, FollowsWhatTheConfigurationTakesIn) {

@@ -1,3 +1,4 @@
+#include "base/failure_codes.h"
 #include "chrony/configuration/local_host.h"
 #include "chrony/configuration/server_list.h"
 #include "cli/servers_command.h"
@@ -130,16 +131,19 @@ struct SharedTextTest : ::testing::Test {
     SharedTextFile ours{path};
     SharedTextFile theirs{path};
     std::string kept_as;
-    std::string sentence;
+    Failure failure;
 
     int save(SharedTextFile& file, const char* text, const std::optional<std::string>& made_from) {
-        return file.replace(text, made_from, kept_as, sentence);
+        const auto saved = file.replace(text, made_from);
+        kept_as = saved.value_or("");
+        failure = saved ? Failure() : saved.error();
+        return saved ? 0 : -1;
     }
 };
 
 TEST_F(SharedTextTest, WhatSomebodyElseSavedIsKept) {
-    EXPECT_EQ(ours.read().outcome, SharedTextReading::Outcome::missing);
-    ASSERT_EQ(save(ours, "a\n", std::nullopt), 0) << sentence;
+    EXPECT_EQ(ours.read().outcome, FileReading::Outcome::missing);
+    ASSERT_EQ(save(ours, "a\n", std::nullopt), 0) << english(failure);
     ASSERT_EQ(save(ours, "b\n", std::nullopt), 0); // made from what we wrote ourselves
     EXPECT_EQ(kept_as, "");
     ASSERT_EQ(save(theirs, "c\n", "b\n"), 0);
@@ -152,28 +156,28 @@ TEST_F(SharedTextTest, WhatSomebodyElseSavedIsKept) {
     EXPECT_NE(kept_as, first);
     ASSERT_EQ(save(ours, "e\n", std::nullopt), 0); // both the same
     EXPECT_EQ(kept_as, "");
-    EXPECT_EQ(ours.read().text, "e\n");
+    EXPECT_EQ(ours.read().bytes, "e\n");
 }
 
 TEST_F(SharedTextTest, WhatIsNoTextIsKeptAsItIs) {
     ASSERT_EQ(save(ours, "a\n", std::nullopt), 0);
     for (const std::string& damaged : {std::string("\xff\xfe"), std::string("a\0b", 3)}) {
         testing::write_file(path, damaged);
-        EXPECT_EQ(theirs.read().outcome, SharedTextReading::Outcome::unfit);
-        ASSERT_EQ(save(theirs, "b\n", std::nullopt), 0) << sentence;
+        EXPECT_EQ(theirs.read().outcome, FileReading::Outcome::unfit);
+        ASSERT_EQ(save(theirs, "b\n", std::nullopt), 0) << english(failure);
         EXPECT_EQ(testing::contents(kept_as), damaged);
     }
     std::filesystem::remove(path);
     std::filesystem::create_directory(path);
-    ASSERT_EQ(save(ours, "c\n", std::nullopt), 0) << sentence;
+    ASSERT_EQ(save(ours, "c\n", std::nullopt), 0) << english(failure);
     EXPECT_TRUE(std::filesystem::is_directory(kept_as));
     EXPECT_EQ(testing::contents(path), "c\n");
 }
 
-TEST_F(SharedTextTest, AFailureIsOneSentenceAndLeavesTheFile) {
+TEST_F(SharedTextTest, AFailureLeavesTheFile) {
     testing::write_file(home.path("data/Tickervantage"), "in the way");
     EXPECT_EQ(save(ours, "a\n", std::nullopt), -1);
-    EXPECT_TRUE(sentence.starts_with("Cannot make the folder") && sentence.ends_with('.')) << sentence;
+    EXPECT_EQ(failure.code, FailureCode::cannot_make_folder);
     SharedTextFile on_full_disk("/dev/full/servers.txt");
     EXPECT_EQ(save(on_full_disk, "a\n", std::nullopt), -1);
 }
@@ -182,34 +186,34 @@ struct AutostartTest : ::testing::Test {
     testing::PrivateHome home;
     std::string path = home.path("config/autostart/net.brisklane.tickervantage.desktop");
     Autostart agent{home.path("config/autostart"), "/bin/sh"};
-    std::string sentence;
+    Failure failure;
 };
 
 TEST_F(AutostartTest, IsWrittenAndRemoved) {
     EXPECT_FALSE(agent.agentIsValid());
-    ASSERT_EQ(agent.writePlist(sentence), 0) << sentence;
+    ASSERT_EQ(agent.writePlist(failure), 0) << english(failure);
     testing::expect_as_kept(testing::contents(path), "autostart");
     EXPECT_TRUE(agent.agentIsValid());
-    EXPECT_EQ(agent.unlinkAgent(sentence), 0);
+    EXPECT_EQ(agent.unlinkAgent(failure), 0);
     EXPECT_FALSE(std::filesystem::exists(path));
-    EXPECT_EQ(agent.unlinkAgent(sentence), 0);
+    EXPECT_EQ(agent.unlinkAgent(failure), 0);
     const Autostart absent(home.path("config/autostart"), home.path("no/such program"));
-    ASSERT_EQ(absent.writePlist(sentence), 0);
+    ASSERT_EQ(absent.writePlist(failure), 0);
     EXPECT_FALSE(absent.agentIsValid());
 }
 
 TEST_F(AutostartTest, EditsOfTheUserSurvive) {
-    ASSERT_EQ(agent.writePlist(sentence), 0);
+    ASSERT_EQ(agent.writePlist(failure), 0);
     const std::string edited =
         testing::contents(path) + "X-GNOME-Autostart-Delay=10\n[Desktop Action a]\nHidden=true\n";
     testing::write_file(path, edited);
-    EXPECT_EQ(agent.unlinkAgent(sentence), 0);
+    EXPECT_EQ(agent.unlinkAgent(failure), 0);
     EXPECT_FALSE(agent.agentIsValid());
     EXPECT_NE(testing::contents(path).find("Delay=10"), std::string::npos);
-    ASSERT_EQ(agent.writePlist(sentence), 0);
+    ASSERT_EQ(agent.writePlist(failure), 0);
     EXPECT_EQ(testing::contents(path), edited);
     testing::write_file(path, "nonsense");
-    ASSERT_EQ(agent.writePlist(sentence), 0);
+    ASSERT_EQ(agent.writePlist(failure), 0);
     EXPECT_TRUE(agent.agentIsValid());
     EXPECT_EQ(home.found_in("config/autostart").size(), 2U); // the nonsense is kept
 }
@@ -218,7 +222,7 @@ TEST_F(AutostartTest, AnyPathCanBeStarted) {
     const std::string program = home.path("a \"$`\\%b'.sh");
     testing::write_file(program, "#!/bin/sh\n", 0700);
     const Autostart odd(home.path("config/autostart"), program);
-    ASSERT_EQ(odd.writePlist(sentence), 0);
+    ASSERT_EQ(odd.writePlist(failure), 0);
     EXPECT_TRUE(odd.agentIsValid()) << testing::contents(path);
 }
 

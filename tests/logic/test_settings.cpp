@@ -1,3 +1,4 @@
+#include "base/failure_codes.h"
 #include "cli/settings_command.h"
 #include "cli/unasked_choice.h"
 #include "settings/preferences.h"
@@ -192,11 +193,12 @@ struct SettingsCommandTest : ::testing::Test {
     MemorySettingsStore store;
     std::ostringstream out;
     std::ostringstream err;
-    int finish_result = 0;
+    bool is_full = false;
     SettingsCommand command{store,
-                            [this](std::string& sentence) {
-                                sentence = finish_result == 0 ? "" : "The disk is full.";
-                                return finish_result;
+                            [this]() -> Result<> {
+                                if (is_full)
+                                    return failed(FailureCode::cannot_write, {"it"}, ENOSPC);
+                                return {};
                             },
                             out, err};
 };
@@ -227,7 +229,7 @@ TEST_F(SettingsCommandTest, SetStoresTheNormalFormOrSaysWhatIsWanted) {
     }
     EXPECT_EQ(command.set("IgnoreWarnings", "A, B,"), 0);
     EXPECT_EQ(store.values["IgnoreWarnings"], (std::vector<std::string>{"A", "B"}));
-    finish_result = -1;
+    is_full = true;
     EXPECT_EQ(command.set("sync_timeout", "60"), 2);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/broadcast.h"
+#include "base/failure_codes.h"
 #include "base/sensors.h"
 #include "base/user_files.h"
 #include "chrony/reports/current_frequency.h"
@@ -10,6 +11,7 @@
 #include "support/manual_timer.h"
 #include "support/memory_stores.h"
 
+#include <cerrno>
 #include <map>
 #include <string>
 #include <vector>
@@ -31,33 +33,30 @@ public:
     bool is_full = false;
     bool holds_fast = false; // nothing can be renamed
 
-    [[nodiscard]] Found read(const std::string& path, std::size_t, std::string& text, std::string&) override {
+    [[nodiscard]] FileReading read(const std::string& path, std::size_t) override {
         const auto found = texts.find(path);
         if (found == texts.end())
-            return Found::missing;
-        text = found->second;
-        return Found::text;
+            return {};
+        return {.outcome = FileReading::Outcome::read, .bytes = found->second};
     }
-    [[nodiscard]] int replace(const std::string& path, const std::function<int(const TextSink&)>& write,
-                              std::string& sentence) override {
+    [[nodiscard]] Result<> replace(const std::string& path, const WriteText& write) override {
         std::string text;
         ++writes;
-        sentence = "The disk is full.";
         if (is_full || write([&text](std::string_view piece) {
                            text += piece;
                            return 0;
                        }) != 0)
-            return -1;
+            return failed(FailureCode::cannot_write, {path}, ENOSPC);
         texts[path] = text;
-        return 0;
+        return {};
     }
-    [[nodiscard]] int set_aside(const std::string& path, std::string& kept_as, std::string&) override {
+    [[nodiscard]] Result<std::string> set_aside(const std::string& path) override {
         if (holds_fast)
-            return -1;
-        kept_as = path + ".damaged";
+            return failed(FailureCode::cannot_rename, {path}, EACCES);
+        auto kept_as = path + ".damaged";
         texts[kept_as] = texts[path];
         texts.erase(path);
-        return 0;
+        return kept_as;
     }
     void remove(const std::string& path) override { texts.erase(path); }
 };

@@ -16,13 +16,10 @@ public:
 
     Result<> write_picture(const std::string& file, const PictureFormat& format,
                            const RecordedDrawing& drawing) override {
-        std::string sentence;
         const auto draw = [&drawing](Canvas& canvas, Rect) {
             drawing.replay(canvas);
         };
-        if (tickervantage::write_picture(file, format, draw, sentence) != 0)
-            return tl::unexpected(said_by_others(sentence));
-        return {};
+        return tickervantage::write_picture(file, format, draw);
     }
     Result<> write_table(const std::string& file, std::string_view csv) override {
         if (is_full)

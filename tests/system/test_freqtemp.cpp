@@ -41,10 +41,8 @@ protected:
     }
 };
 
-int save(const std::string& path, const ScatterMap& map, std::string& sentence) {
-    PosixUserFiles files;
-    return files.replace(
-        path, [&map](const TextSink& sink) { return write_scatter_json(map, sink); }, sentence);
+Result<> save(const std::string& path, const ScatterMap& map) {
+    return PosixUserFiles().replace(path, [&map](const TextSink& sink) { return write_scatter_json(map, sink); });
 }
 
 ScatterMap map_of(std::size_t points, double frequency) {
@@ -56,36 +54,31 @@ ScatterMap map_of(std::size_t points, double frequency) {
 
 TEST_F(FreqTempSystemTest, AKilledWriterLeavesTheOldOrTheNewMap) {
     const std::string path = m_folder / "scattermap.json";
-    std::string sentence;
     std::mt19937 random(1);
     std::uniform_int_distribution<int> delay(0, 6000); // microseconds; a save takes about half of that
     int changed = 0;
     double last = 0;
-    ASSERT_EQ(save(path, map_of(3000, 0), sentence), 0) << sentence;
+    ASSERT_TRUE(save(path, map_of(3000, 0)));
     for (int round = 1; round <= 120; ++round) {
         const ScatterMap next = map_of(3000, round);
         const pid_t writer = fork();
-        if (writer == 0) {
-            std::string ignored;
-            _exit(save(path, next, ignored) == 0 ? 0 : 1);
-        }
+        if (writer == 0)
+            _exit(save(path, next) ? 0 : 1);
         std::this_thread::sleep_for(std::chrono::microseconds(delay(random)));
         kill(writer, SIGKILL);
         ASSERT_EQ(waitpid(writer, nullptr, 0), writer);
-        PosixUserFiles files;
-        std::string text;
-        ScatterMap found;
-        ASSERT_EQ(files.read(path, 1U << 24U, text, sentence), UserFiles::Found::text) << sentence;
-        ASSERT_EQ(read_scatter_json(text, found, sentence), 0) << sentence;
-        ASSERT_EQ(found.at("cpu").points.size(), 3000U);
-        const double frequency = found.at("cpu").points.back().frequency;
-        ASSERT_EQ(found.at("cpu").points[0].frequency, frequency);
+        const auto found = read_scatter_json(PosixUserFiles().read(path, 1U << 24U).bytes);
+        ASSERT_TRUE(found) << english(found.error());
+        const auto& points = found->at("cpu").points;
+        ASSERT_EQ(points.size(), 3000U);
+        const double frequency = points.back().frequency;
+        ASSERT_EQ(points[0].frequency, frequency);
         ASSERT_TRUE(frequency == last || frequency == round);
         changed += frequency == round ? 1 : 0;
         last = frequency;
     }
     RecordProperty("new_maps", changed);
-    ASSERT_EQ(save(path, map_of(1, 7), sentence), 0) << "a killed writer stands in the way: " << sentence;
+    ASSERT_TRUE(save(path, map_of(1, 7))) << "a killed writer stands in the way";
 }
 
 // Runs `look` in a process whose /sys/class is a folder of this test, on a real sysfs, which libsensors insists on. (A
@@ -164,17 +157,20 @@ TEST_F(FreqTempSystemTest, ADiskThatIsFullOrClosedLeavesTheOldMap) {
             mount("none", disk.c_str(), "tmpfs", 0, "size=256k") != 0)
             _exit(77);
         const std::string path = disk / "scattermap.json";
-        std::string sentence;
+        const auto refusal = [&path](int number) {
+            const auto saved = save(path, map_of(20'000, number));
+            return saved ? std::string() : english(saved.error());
+        };
         const auto is_old = [&path] {
             return fs::file_size(path) < 1000 && !fs::exists(fs::path(path).parent_path() / ".scattermap.json.new");
         };
-        _exit(save(path, map_of(1, 1), sentence) != 0                                                           ? 1
-              : save(path, map_of(20'000, 2), sentence) == 0 || sentence.find("space") == std::string::npos     ? 2
-              : !is_old()                                                                                       ? 3
-              : mount("none", disk.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) != 0                      ? 77
-              : save(path, map_of(2, 2), sentence) == 0 || sentence.find("Read-only file") == std::string::npos ? 4
-              : !is_old()                                                                                       ? 5
-                                                                                                                : 0);
+        _exit(!save(path, map_of(1, 1))                                                    ? 1
+              : refusal(2).find("space") == std::string::npos                              ? 2
+              : !is_old()                                                                  ? 3
+              : mount("none", disk.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) != 0 ? 77
+              : refusal(3).find("Read-only file") == std::string::npos                     ? 4
+              : !is_old()                                                                  ? 5
+                                                                                           : 0);
     }
     int status = 0;
     ASSERT_EQ(waitpid(child, &status, 0), child);

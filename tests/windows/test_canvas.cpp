@@ -1,3 +1,4 @@
+#include "base/failure_codes.h"
 #include "draw/bounds_canvas.h"
 #include "gui/main/instrument_widget.h"
 #include "qt/picture_file.h"
@@ -188,19 +189,15 @@ TEST(CanvasColors, HuesCanBeReadOnEveryBackground) {
 class PictureFile : public ::testing::Test {
 protected:
     QTemporaryDir folder;
-    std::string sentence;
 
     [[nodiscard]] std::string path(const char* name) const {
         return folder.filePath(QString::fromUtf8(name)).toStdString();
     }
-    int write(const std::string& file, PictureFormat format = {.width = 60, .height = 40}) {
-        return write_picture(
-            file, format,
-            [](Canvas& canvas, Rect bounds) {
-                canvas.fill(disc(bounds), ColorRole::blue, FillRule::nonzero);
-                canvas.text("5 \xC2\xB5s < 1 ms", bounds, {});
-            },
-            sentence);
+    static Result<> write(const std::string& file, PictureFormat format = {.width = 60, .height = 40}) {
+        return write_picture(file, format, [](Canvas& canvas, Rect bounds) {
+            canvas.fill(disc(bounds), ColorRole::blue, FillRule::nonzero);
+            canvas.text("5 \xC2\xB5s < 1 ms", bounds, {});
+        });
     }
     static QByteArray content(const std::string& file) {
         QFile reader(QString::fromStdString(file));
@@ -209,7 +206,7 @@ protected:
 };
 
 TEST_F(PictureFile, PngHasTheSizeAndTheDrawing) {
-    ASSERT_EQ(write(path("a.PNG"), {.width = 60, .height = 40, .scale = 2, .colors = CanvasColors::dark()}), 0);
+    ASSERT_TRUE(write(path("a.PNG"), {.width = 60, .height = 40, .scale = 2, .colors = CanvasColors::dark()}));
     const QImage image(QString::fromStdString(path("a.PNG")));
     EXPECT_EQ(image.size(), QSize(60, 40));
     EXPECT_EQ(image.pixelColor(30, 36), CanvasColors::dark().blue);
@@ -217,7 +214,7 @@ TEST_F(PictureFile, PngHasTheSizeAndTheDrawing) {
 }
 
 TEST_F(PictureFile, SvgIsWellFormedAndKeepsItsText) {
-    ASSERT_EQ(write(path("a.svg")), 0);
+    ASSERT_TRUE(write(path("a.svg")));
     QXmlStreamReader xml(content(path("a.svg")));
     QString text;
     while (!xml.atEnd())
@@ -231,23 +228,23 @@ TEST_F(PictureFile, RefusalsSayWhy) {
     struct Case {
         std::string file;
         PictureFormat format;
-        const char* reason;
+        FailureCode code;
     };
-    const Case cases[] = {{path("a.gif"), {.width = 10, .height = 10}, "must end in .png or .svg"},
-                          {path("png"), {.width = 10, .height = 10}, "must end in .png or .svg"},
-                          {path("a.png"), {.width = 0, .height = 10}, "from 1 to 16384 pixels"},
-                          {path("a.svg"), {.width = 10, .height = 16385}, "from 1 to 16384 pixels"},
-                          {path("missing/a.png"), {.width = 10, .height = 10}, "could not be written"},
-                          {"/proc/a.svg", {.width = 10, .height = 10}, "could not be written"}};
+    const Case cases[] = {{path("a.gif"), {.width = 10, .height = 10}, FailureCode::picture_of_no_kind},
+                          {path("png"), {.width = 10, .height = 10}, FailureCode::picture_of_no_kind},
+                          {path("a.png"), {.width = 0, .height = 10}, FailureCode::picture_too_large},
+                          {path("a.svg"), {.width = 10, .height = 16385}, FailureCode::picture_too_large},
+                          {path("missing/a.png"), {.width = 10, .height = 10}, FailureCode::picture_not_written},
+                          {"/proc/a.svg", {.width = 10, .height = 10}, FailureCode::picture_not_written}};
     for (const auto& one : cases) {
-        sentence.clear();
-        EXPECT_EQ(write(one.file, one.format), -1) << one.file;
-        EXPECT_NE(sentence.find(one.reason), std::string::npos) << sentence;
+        const auto written = write(one.file, one.format);
+        ASSERT_FALSE(written) << one.file;
+        EXPECT_EQ(written.error().code, one.code) << english(written.error());
     }
 }
 
 TEST_F(PictureFile, FailedWriteLeavesTheOldFile) {
-    ASSERT_EQ(write(path("a.svg")), 0);
+    ASSERT_TRUE(write(path("a.svg")));
     const QByteArray before = content(path("a.svg"));
 
     rlimit limit{};
@@ -255,12 +252,11 @@ TEST_F(PictureFile, FailedWriteLeavesTheOldFile) {
     const auto old_handler = std::signal(SIGXFSZ, SIG_IGN);
     const rlimit nothing{.rlim_cur = 0, .rlim_max = limit.rlim_max}; // every write fails, as on a full disk
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &nothing), 0);
-    const int result = write(path("a.svg"), {.width = 90, .height = 90});
+    const auto result = write(path("a.svg"), {.width = 90, .height = 90});
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
     std::signal(SIGXFSZ, old_handler);
 
-    EXPECT_EQ(result, -1);
-    EXPECT_FALSE(sentence.empty());
+    EXPECT_FALSE(result);
     EXPECT_EQ(content(path("a.svg")), before);
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "a half-written file was left behind";
 }

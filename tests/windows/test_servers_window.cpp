@@ -1,3 +1,4 @@
+#include "base/failure_codes.h"
 #include "gui/servers/servers_list.h"
 #include "gui/servers/servers_window.h"
 #include "support/memory_stores.h"
@@ -22,25 +23,24 @@ namespace {
 // A list in memory that others can change and that can refuse to be written.
 class FakeSharedText : public SharedText {
 public:
-    SharedTextReading on_disk;
-    std::string failure;
+    FileReading on_disk;
+    bool is_full = false;
     int written = 0;
 
-    SharedTextReading read() override { return on_disk; }
-    int replace(std::string_view text, const std::optional<std::string>& made_from, std::string& kept_as,
-                std::string& sentence) override {
-        sentence = failure;
-        if (!failure.empty())
-            return -1;
-        const bool ours = m_written && on_disk.text == *m_written;
-        if (on_disk.outcome != SharedTextReading::Outcome::missing && !ours && on_disk.text != made_from)
+    FileReading read() override { return on_disk; }
+    Result<std::string> replace(std::string_view text, const std::optional<std::string>& made_from) override {
+        if (is_full)
+            return failed(FailureCode::cannot_write, {"servers.txt"}, ENOSPC);
+        std::string kept_as;
+        const bool ours = m_written && on_disk.bytes == *m_written;
+        if (on_disk.outcome != FileReading::Outcome::missing && !ours && on_disk.bytes != made_from)
             kept_as = "servers.txt.other";
         set(std::string(text));
-        m_written = on_disk.text;
+        m_written = on_disk.bytes;
         ++written;
-        return 0;
+        return kept_as;
     }
-    void set(const std::string& text) { on_disk = {SharedTextReading::Outcome::read, text, {}}; }
+    void set(const std::string& text) { on_disk = {.outcome = FileReading::Outcome::read, .bytes = text}; }
 
 private:
     std::optional<std::string> m_written;
@@ -75,12 +75,11 @@ struct ServersWindowTest : testing::WindowTest<ServersWindow> {
                                .queue = queue,
                                .main_thread = main_thread,
                                .general = general,
-                               .read_text =
-                                   [this](const std::string&, std::string& read, std::string& sentence) {
-                                       read = configuration;
-                                       sentence = "Cannot read it.";
-                                       return configuration.empty() ? -1 : 0;
-                                   },
+                               .read_text = [this](const std::string& path) -> Result<std::string> {
+                                   if (configuration.empty())
+                                       return failed(FailureCode::cannot_read, {path}, ENOENT);
+                                   return configuration;
+                               },
                                .logger = logger});
         QObject::connect(window.get(), &ServersWindow::insert_wanted, window.get(),
                          [this](const QString& lines) { inserted = lines; });
@@ -95,7 +94,7 @@ struct ServersWindowTest : testing::WindowTest<ServersWindow> {
         view->selectionModel()->setCurrentIndex(view->model()->index(row, 0), QItemSelectionModel::ClearAndSelect);
     }
     int row() { return find<ServerListView>("serverListView")->currentIndex().row(); }
-    std::string saved() { return list->on_disk.text; }
+    std::string saved() { return list->on_disk.bytes; }
 };
 
 constexpr const char* two = "One:one.example:10:6:true\nTwo:two.example:8:4:false\n";
@@ -224,15 +223,15 @@ TEST_F(ServersWindowTest, ARowIsMovedByKeys) {
 
 TEST_F(ServersWindowTest, AFailureIsSaidAndTheEditStays) {
     open(two);
-    list->failure = "Cannot write servers.txt: No space left on device.";
+    list->is_full = true;
     type("m_name", "new.example");
-    EXPECT_TRUE(words("notice").starts_with(list->failure)) << words("notice");
+    EXPECT_TRUE(words("notice").starts_with("Cannot write servers.txt: No space left on device.")) << words("notice");
     EXPECT_EQ(text("m_name"), "new.example");
     window->close();
     window->show(); // the list on the disk is older than the one here
     settle();
     EXPECT_EQ(text("m_name"), "new.example");
-    list->failure.clear();
+    list->is_full = false;
     press("retry");
     EXPECT_EQ(saved(), "One:new.example:10:6:true\nTwo:two.example:8:4:false\n");
     EXPECT_FALSE(find<QLabel>("notice")->isVisible());
@@ -260,7 +259,7 @@ TEST_F(ServersWindowTest, TheListOfSomebodyElseIsKeptOrShown) {
 }
 
 TEST_F(ServersWindowTest, AFileThatIsNoListIsNotLostSilently) {
-    list->on_disk = {SharedTextReading::Outcome::unfit, {}, "it is a folder"};
+    list->on_disk = {.outcome = FileReading::Outcome::unfit, .reason = {.code = FailureCode::is_folder}};
     open(nullptr);
     EXPECT_NE(words("notice").find("it is a folder"), std::string::npos);
     EXPECT_TRUE(window->servers().empty());
@@ -278,7 +277,7 @@ TEST_F(ServersWindowTest, GoesToAndFromChrony) {
     press("insert_lines");
     EXPECT_EQ(inserted, lines);
     press("import_servers");
-    EXPECT_EQ(words("notice"), "Cannot read it.");
+    EXPECT_EQ(words("notice"), "Cannot read /etc/chrony/chrony.conf: No such file or directory.");
     configuration = "pool three.example iburst\nserver one.example\nserver 2001:db8::1\n";
     press("import_servers");
     EXPECT_EQ(window->servers().size(), 3U);

@@ -1,3 +1,4 @@
+#include "base/failure_codes.h"
 #include "linux/serial_queue.h"
 #include "qt/qt_settings_store.h"
 #include "support/manual_dispatch.h"
@@ -90,7 +91,7 @@ TEST_F(SettingsStoreTest, EveryTextComesBackFromANewStore) {
             store.write("key" + std::to_string(index), values[index]);
         EXPECT_EQ(queue.waiting(), 1U); // one save for all
         queue.turn();
-        EXPECT_EQ(store.save_problem(), "");
+        EXPECT_FALSE(store.save_problem());
     }
     const QtSettingsStore again(file.string(), queue, logger);
     for (std::size_t index = 0; index < values.size(); ++index)
@@ -155,15 +156,14 @@ TEST_F(SettingsStoreTest, StoresThatSaveAtTheSameTimeLoseNothing) {
     SerialQueue right_queue("right");
     QtSettingsStore left(file.string(), left_queue, logger);
     QtSettingsStore right(file.string(), right_queue, logger);
-    std::string sentence;
     for (int round = 0; round < 20; ++round) {
         for (int count = 0; count < 5; ++count) {
             left.write("left" + std::to_string(round * 5 + count), {"1"});
             right.write("right" + std::to_string(round * 5 + count), {"1"});
         }
-        ASSERT_EQ(left.finish(std::chrono::seconds(20), sentence), 0) << sentence;
+        ASSERT_TRUE(left.finish(std::chrono::seconds(20)));
     }
-    ASSERT_EQ(right.finish(std::chrono::seconds(20), sentence), 0) << sentence;
+    ASSERT_TRUE(right.finish(std::chrono::seconds(20)));
     const QSettings seen(QString::fromStdString(file.string()), QSettings::IniFormat);
     EXPECT_EQ(seen.allKeys().size(), 200);
 }
@@ -186,11 +186,11 @@ TEST_F(SettingsStoreTest, DamagedFilesAreKeptAsideUnderNamesOfTheirOwn) {
         put(file, damaged[index]);
         QtSettingsStore store(file.string(), queue, logger);
         EXPECT_FALSE(store.read("a")) << index;
-        EXPECT_NE(store.load_problem(), "") << index;
+        EXPECT_TRUE(store.load_problem()) << index;
         EXPECT_EQ(kept_aside().size(), index + 1);
         store.write("b", {"1"});
         queue.turn();
-        EXPECT_EQ(store.save_problem(), "");
+        EXPECT_FALSE(store.save_problem());
     }
     Texts kept;
     for (const auto& name : kept_aside())
@@ -201,7 +201,9 @@ TEST_F(SettingsStoreTest, DamagedFilesAreKeptAsideUnderNamesOfTheirOwn) {
 TEST_F(SettingsStoreTest, AFolderInPlaceOfTheFileIsKeptAside) {
     fs::create_directories(file / "inside");
     const QtSettingsStore store(file.string(), queue, logger);
-    EXPECT_NE(store.load_problem().find("it is a folder"), std::string::npos) << store.load_problem();
+    ASSERT_TRUE(store.load_problem());
+    EXPECT_NE(english(*store.load_problem()).find("it is a folder"), std::string::npos)
+        << english(*store.load_problem());
     ASSERT_EQ(kept_aside().size(), 1U);
     EXPECT_TRUE(fs::exists(folder / kept_aside().front() / "inside"));
 }
@@ -212,7 +214,7 @@ TEST_F(SettingsStoreTest, AFileDamagedByOthersMeanwhileIsReplacedByWhatIsKnown) 
     put(file, "rubbish");
     ManualMainThread main_thread;
     Texts shown;
-    store.set_problem_handler(main_thread, [&](const std::string& sentence) { shown.push_back(sentence); });
+    store.set_problem_handler(main_thread, [&](const Failure& failure) { shown.push_back(english(failure)); });
     store.write("b", {"2"});
     queue.turn();
     main_thread.turn();
@@ -228,8 +230,8 @@ TEST_F(SettingsStoreTest, AFileThatIsNoFileIsNeitherReadNorWritten) {
     QtSettingsStore store(file.string(), queue, logger);
     store.write("a", {"1"});
     queue.turn();
-    EXPECT_NE(store.load_problem(), "");
-    EXPECT_NE(store.save_problem(), "");
+    EXPECT_TRUE(store.load_problem());
+    EXPECT_TRUE(store.save_problem());
     EXPECT_EQ(store.read("a"), Texts{"1"}); // the program goes on with it
     EXPECT_TRUE(fs::is_fifo(file));
 }
@@ -242,8 +244,8 @@ TEST_F(SettingsStoreTest, WithoutPermissionNothingIsWrittenAndTheNextSaveMakesUp
     QtSettingsStore unreadable(file.string(), queue, logger);
     unreadable.write("b", {"2"});
     queue.turn();
-    EXPECT_NE(unreadable.load_problem(), "");
-    EXPECT_NE(unreadable.save_problem(), "");
+    EXPECT_TRUE(unreadable.load_problem());
+    EXPECT_TRUE(unreadable.save_problem());
     fs::permissions(file, fs::perms(0600));
     EXPECT_EQ(bytes_of(file), "[General]\na=1\n");
     fs::permissions(folder, fs::perms(0500));
@@ -251,30 +253,28 @@ TEST_F(SettingsStoreTest, WithoutPermissionNothingIsWrittenAndTheNextSaveMakesUp
     EXPECT_EQ(store.read("a"), Texts{"1"});
     store.write("c", {"3"});
     queue.turn();
-    EXPECT_NE(store.save_problem(), "");
+    EXPECT_TRUE(store.save_problem());
     fs::permissions(folder, fs::perms(0700));
     store.write("d", {"4"});
     queue.turn();
-    EXPECT_EQ(store.save_problem(), "");
+    EXPECT_FALSE(store.save_problem());
     EXPECT_EQ(QtSettingsStore(file.string(), queue, logger).read("c"), Texts{"3"});
 }
 
 TEST_F(SettingsStoreTest, FinishWaitsForTheDiskAndGivesUpAtItsLimit) {
-    std::string sentence;
     {
         SerialQueue thread("settings");
         QtSettingsStore store((folder / "new/folder/file.ini").string(), thread, logger);
-        EXPECT_EQ(store.finish(std::chrono::seconds(10), sentence), 0); // nothing to do
+        EXPECT_TRUE(store.finish(std::chrono::seconds(10))); // nothing to do
         for (int count = 0; count < 200; ++count)
             store.write("count", {std::to_string(count)});
-        EXPECT_EQ(store.finish(std::chrono::seconds(10), sentence), 0) << sentence;
+        EXPECT_TRUE(store.finish(std::chrono::seconds(10)));
         EXPECT_EQ(QtSettingsStore((folder / "new/folder/file.ini").string(), queue, logger).read("count"),
                   Texts{"199"});
     }
     QtSettingsStore stuck(file.string(), queue, logger); // its queue does not turn
     stuck.write("a", {"1"});
-    EXPECT_EQ(stuck.finish(std::chrono::milliseconds(1), sentence), -1);
-    EXPECT_NE(sentence, "");
+    EXPECT_EQ(stuck.finish(std::chrono::milliseconds(1)).error().code, FailureCode::settings_not_saved_in_time);
 }
 
 TEST_F(SettingsStoreTest, AFullDiskLeavesTheOldFileWhole) {
@@ -286,11 +286,13 @@ TEST_F(SettingsStoreTest, AFullDiskLeavesTheOldFileWhole) {
         QtSettingsStore store(file.string(), queue, logger);
         store.write("b", {std::string(100'000, 'x')});
         queue.turn();
-        EXPECT_NE(store.save_problem().find("No space left"), std::string::npos) << store.save_problem();
+        ASSERT_TRUE(store.save_problem());
+        EXPECT_NE(english(*store.save_problem()).find("No space left"), std::string::npos)
+            << english(*store.save_problem());
         EXPECT_EQ(bytes_of(file), old);
         store.write("b", {"small"});
         queue.turn();
-        EXPECT_EQ(store.save_problem(), "");
+        EXPECT_FALSE(store.save_problem());
     }
     EXPECT_NE(bytes_of(file).find("b=small"), std::string::npos);
     EXPECT_EQ(::umount(folder.c_str()), 0);

@@ -1,3 +1,4 @@
+#include "base/failure_codes.h"
 #include "gui/spectrum/spectrum_chart.h"
 #include "gui/spectrum/spectrum_window.h"
 #include "gui/spectrum/spectrum_words.h"

@@ -1,5 +1,6 @@
 #include "chrony/configuration/config_document.h"
 
+#include "base/failure_codes.h"
 #include "base/setting_text.h"
 
 #include <algorithm>
@@ -18,11 +19,10 @@ std::size_t line_of_zero(std::string_view text) {
     return 1 + static_cast<std::size_t>(std::ranges::count(text.substr(0, zero), '\n'));
 }
 
-int refuse_zero(std::string_view text, std::string& sentence) {
+Result<> refuse_zero(std::string_view text) {
     if (text.find('\0') == std::string_view::npos)
-        return 0;
-    sentence = "Line " + std::to_string(line_of_zero(text)) + " holds a zero byte, which no configuration may.";
-    return -1;
+        return {};
+    return failed(FailureCode::line_has_zero, {std::to_string(line_of_zero(text))});
 }
 
 LineEnds usual_line_ends(std::string_view bytes) {
@@ -60,52 +60,40 @@ std::string behind_links(const std::string& path) {
 bool changed(const DocumentFiles& files, const SaveRequest& request) {
     if (!request.known)
         return false;
-    const FoundFile now = files.read(request.path, largest_document);
-    return now.outcome != FoundFile::Outcome::read || stamp_of(now.bytes) != *request.known;
+    const FileReading now = files.read(request.path, largest_document);
+    return now.outcome != FileReading::Outcome::read || stamp_of(now.bytes) != *request.known;
 }
 
 } // namespace
 
-int decode_document(std::string bytes, DocumentText& document, std::string& sentence) {
-    if (refuse_zero(bytes, sentence) != 0)
-        return -1;
-    if (!is_plain_utf8(bytes)) {
-        sentence = "It is no text in UTF-8.";
-        return -1;
-    }
-    document.stamp = stamp_of(bytes);
-    document.line_ends = usual_line_ends(bytes);
+Result<DocumentText> decode_document(std::string bytes) {
+    if (auto passed = refuse_zero(bytes); !passed)
+        return tl::unexpected(std::move(passed.error()));
+    if (!is_plain_utf8(bytes))
+        return failed(FailureCode::document_is_no_utf8);
+    DocumentText document{.line_ends = usual_line_ends(bytes), .stamp = stamp_of(bytes)};
     document.text = bytes.find('\r') == std::string::npos ? std::move(bytes) : with_plain_line_ends(bytes);
-    return 0;
+    return document;
 }
 
-int load_document(const DocumentFiles& files, const std::string& path, DocumentText& document, std::string& sentence) {
-    FoundFile found = files.read(path, largest_document);
-    if (found.outcome != FoundFile::Outcome::read) {
-        sentence = std::move(found.sentence);
-        return -1;
-    }
-    std::string reason;
-    if (decode_document(std::move(found.bytes), document, reason) == 0)
-        return 0;
-    sentence = path + " cannot be opened. " + reason;
-    return -1;
+Result<DocumentText> load_document(const DocumentFiles& files, const std::string& path) {
+    FileReading found = files.read(path, largest_document);
+    if (found.outcome != FileReading::Outcome::read)
+        return failed(FailureCode::file_unreadable, {path}, std::move(found.reason));
+    return decode_document(std::move(found.bytes)).or_else([&path](const Failure& cause) -> Result<DocumentText> {
+        return failed(FailureCode::cannot_open_document, {path}, cause);
+    });
 }
 
 SaveAnswer save_document(const DocumentFiles& files, const SaveRequest& request) {
-    SaveAnswer answer;
-    if (refuse_zero(request.text, answer.sentence) != 0)
-        return answer;
-    if (changed(files, request)) {
-        answer.outcome = SaveAnswer::Outcome::changed_meanwhile;
-        return answer;
-    }
+    if (auto passed = refuse_zero(request.text); !passed)
+        return {.failure = std::move(passed.error())};
+    if (changed(files, request))
+        return {.outcome = SaveAnswer::Outcome::changed_meanwhile};
     const std::string bytes = encoded(request);
-    if (files.replace(behind_links(request.path), bytes, answer.sentence) != 0)
-        return answer;
-    answer.outcome = SaveAnswer::Outcome::saved;
-    answer.stamp = stamp_of(bytes);
-    return answer;
+    if (auto written = files.replace(behind_links(request.path), bytes); !written)
+        return {.failure = std::move(written.error())};
+    return {.outcome = SaveAnswer::Outcome::saved, .stamp = stamp_of(bytes)};
 }
 
 } // namespace tickervantage

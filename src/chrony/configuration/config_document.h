@@ -2,8 +2,9 @@
 //
 // The text has "\n" at the end of its lines. A file in which most lines end with "\r\n" gets them back when it is
 // saved. Files are read and replaced through functions handed in; those wait for the disk, so not on the main thread.
-// Results are 0, or -1 with one sentence.
 #pragma once
+
+#include "base/user_files.h"
 
 #include <cstddef>
 #include <functional>
@@ -13,16 +14,9 @@
 
 namespace tickervantage {
 
-struct FoundFile {
-    enum class Outcome : unsigned char { read, missing, unreadable };
-    Outcome outcome = Outcome::missing;
-    std::string bytes;    // with `read`
-    std::string sentence; // otherwise
-};
-
 struct DocumentFiles {
-    std::function<FoundFile(const std::string& path, std::size_t limit)> read;
-    std::function<int(const std::string& path, std::string_view bytes, std::string& sentence)> replace;
+    std::function<FileReading(const std::string& path, std::size_t limit)> read;
+    ReplaceFile replace;
 };
 
 inline constexpr std::size_t largest_document = 64U << 20U; // bytes
@@ -30,14 +24,13 @@ inline constexpr std::size_t largest_document = 64U << 20U; // bytes
 enum class LineEnds : unsigned char { unix_style, dos_style };
 
 struct DocumentText {
-    std::string text;
+    std::string text = {};
     LineEnds line_ends = LineEnds::unix_style;
     std::size_t stamp = 0; // tells these bytes of the file from others
 };
 
-[[nodiscard]] int decode_document(std::string bytes, DocumentText& document, std::string& sentence);
-[[nodiscard]] int load_document(const DocumentFiles& files, const std::string& path, DocumentText& document,
-                                std::string& sentence);
+[[nodiscard]] Result<DocumentText> decode_document(std::string bytes);
+[[nodiscard]] Result<DocumentText> load_document(const DocumentFiles& files, const std::string& path);
 
 struct SaveRequest {
     std::string path;
@@ -50,7 +43,7 @@ struct SaveAnswer {
     enum class Outcome : unsigned char { saved, changed_meanwhile, failed };
     Outcome outcome = Outcome::failed;
     std::size_t stamp = 0; // with `saved`
-    std::string sentence;  // with `failed`
+    Failure failure = {};  // with `failed`
 };
 
 // A file that is a link is replaced where it lies; the link stays. With `changed_meanwhile` nothing was written: the

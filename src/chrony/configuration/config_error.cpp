@@ -98,8 +98,10 @@ ConfigError checkSyntax(const SyntaxCheckParts& parts, std::string_view text) {
     std::filesystem::remove(file, ignored);
     ConfigError error;
     error.m_isok = false;
-    if (parts.replace_file(file, text, error.m_doubt) != 0)
+    if (const auto written = parts.replace_file(file, text); !written) {
+        error.m_doubt = english(written.error());
         return error;
+    }
     const auto chronyds = parts.chronyds();
     ExecuteResult result;
     result.outcome = ExecuteOutcome::exited;

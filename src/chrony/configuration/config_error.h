@@ -6,6 +6,7 @@
 #pragma once
 
 #include "base/execute.h"
+#include "base/user_files.h"
 
 #include <functional>
 #include <string>
@@ -34,7 +35,7 @@ struct SyntaxCheckParts {
     // Paths of chronyd, the one to be asked first in front; empty: there is none. The others are asked when one is not
     // allowed to read the file: where AppArmor confines chronyd by its path, it reads only its own folders.
     std::function<std::vector<std::string>()> chronyds;
-    std::function<int(const std::string& path, std::string_view bytes, std::string& sentence)> replace_file;
+    ReplaceFile replace_file;
     std::string temporary; // WITH a slash at its end
     std::chrono::milliseconds patience{10'000};
 };

@@ -82,9 +82,10 @@ std::pair<EditKeeper::Newest, unsigned> EditKeeper::next_wish(int document) {
 void EditKeeper::keep(int document, std::function<KeptEdit()> make) {
     auto wish = next_wish(document);
     async([files = m_files, log = m_log, newest = wish.first, number = wish.second, document, make = std::move(make)] {
-        std::string sentence;
-        if (*newest == number && files.keep(name_of(document), format_kept_edit(make()), sentence) != 0)
-            log("An edit that is not saved could not be kept for the next run. " + sentence);
+        if (*newest != number)
+            return;
+        if (const auto kept = files.keep(name_of(document), format_kept_edit(make())); !kept)
+            log("An edit that is not saved could not be kept for the next run. " + english(kept.error()));
     });
 }
 
@@ -107,9 +108,8 @@ std::vector<LeftEdit> EditKeeper::left_edits(const KeptFilesParts& files, const 
 
 void EditKeeper::adopt(const std::string& path, int document) {
     async([files = m_files, log = m_log, path, document] {
-        std::string sentence;
-        if (files.adopt(path, name_of(document), sentence) != 0)
-            log(sentence);
+        if (const auto adopted = files.adopt(path, name_of(document)); !adopted)
+            log(english(adopted.error()));
     });
 }
 

@@ -40,13 +40,13 @@ struct LeftFile {
     std::string bytes;
 };
 
-// Names are those of this run's own files. The functions that return an int: 0, or -1 and one sentence.
+// Names are those of this run's own files.
 struct KeptFilesParts {
-    std::function<int(const std::string& name, std::string_view bytes, std::string& sentence)> keep;
+    ReplaceFile keep;
     std::function<void(const std::string& name)> drop;
-    std::function<std::vector<LeftFile>()> left_behind; // by runs that have ended
-    std::function<int(const std::string& path, const std::string& name, std::string& sentence)> adopt; // one of those
-    std::function<void(const std::string& path)> remove;                                               // one of those
+    std::function<std::vector<LeftFile>()> left_behind;                              // by runs that have ended
+    std::function<Result<>(const std::string& path, const std::string& name)> adopt; // one of those
+    std::function<void(const std::string& path)> remove;                             // one of those
 };
 
 struct LeftEdit {

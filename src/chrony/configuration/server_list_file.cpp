@@ -13,7 +13,7 @@ struct ServerListFile::State {
 ServerListFile::ServerListFile(std::shared_ptr<SharedText> file, DispatchQueueSerial& queue, MainThread& main_thread)
     : m_queue(queue), m_main_thread(main_thread), m_file(std::move(file)), m_state(std::make_shared<State>()) {}
 
-void ServerListFile::read(std::function<void(const SharedTextReading&)> done) {
+void ServerListFile::read(std::function<void(const FileReading&)> done) {
     m_queue.async(
         [file = m_file, state = std::weak_ptr(m_state), &main_thread = m_main_thread, done = std::move(done)] {
             main_thread.main_async([reading = file->read(), state, done] {
@@ -30,9 +30,7 @@ void ServerListFile::save(std::string text, std::optional<std::string> made_from
                    text = std::move(text), made_from = std::move(made_from), done = std::move(done)] {
         if (const auto alive = state.lock(); alive && alive->newest != number)
             return;
-        ServerListSaved saved;
-        saved.result = file->replace(text, made_from, saved.kept_as, saved.sentence);
-        main_thread.main_async([saved, state, done] {
+        main_thread.main_async([saved = file->replace(text, made_from), state, done] {
             if (!state.expired())
                 done(saved);
         });

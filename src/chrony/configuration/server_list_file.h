@@ -16,17 +16,13 @@
 
 namespace tickervantage {
 
-struct ServerListSaved {
-    int result = -1;
-    std::string kept_as;  // where the version of somebody else was kept; empty: there was none
-    std::string sentence; // why nothing was saved
-};
+using ServerListSaved = Result<std::string>; // as SharedText::replace has it
 
 class ServerListFile {
 public:
     ServerListFile(std::shared_ptr<SharedText> file, DispatchQueueSerial& queue, MainThread& main_thread);
 
-    void read(std::function<void(const SharedTextReading& reading)> done);
+    void read(std::function<void(const FileReading& reading)> done);
     // `made_from` as SharedText has it.
     void save(std::string text, std::optional<std::string> made_from,
               std::function<void(const ServerListSaved& saved)> done);

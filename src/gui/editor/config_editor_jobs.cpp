@@ -31,13 +31,10 @@ constexpr const char* usual_name = "chrony.conf";
 constexpr int no_encoding = -4; // the number of this failure, for people who report it
 
 // Half a surrogate pair, which a text pasted from elsewhere may hold, has no UTF-8.
-int encode(const QString& text, std::string& bytes, std::string& sentence) {
-    if (!text.isValidUtf16()) {
-        sentence = "The text holds a character that cannot be written (error " + std::to_string(no_encoding) + ").";
-        return -1;
-    }
-    bytes = text.toStdString();
-    return 0;
+Result<std::string> encoded(const QString& text) {
+    if (!text.isValidUtf16())
+        return failed(FailureCode::text_cannot_be_written, {std::to_string(no_encoding)});
+    return text.toStdString();
 }
 
 } // namespace
@@ -51,14 +48,14 @@ void ConfigEditor::check() {
     say(tr("Checking…"));
     const auto work = [parts = m_parts.check, text = m_controls.m_config->whole_text(), path = m_path.toStdString()] {
         ConfigurationCheck check;
-        std::string bytes;
-        if (encode(text, bytes, check.error.m_doubt) != 0) {
-            check.error.m_isok = false;
+        const auto bytes = encoded(text);
+        if (!bytes) {
+            check.error = {.m_isok = false, .m_msg = {}, .m_doubt = english(bytes.error())};
             return check;
         }
-        check = check_configuration(parts, bytes);
+        check = check_configuration(parts, *bytes);
         if (is_source_file(path))
-            std::ranges::copy(source_file_warnings(bytes), std::back_inserter(check.warnings));
+            std::ranges::copy(source_file_warnings(*bytes), std::back_inserter(check.warnings));
         return check;
     };
     const int edits = m_controls.m_config->edits();
@@ -148,8 +145,11 @@ void ConfigEditor::write_to(const QString& path, bool overwrite, AfterSaving nex
     if (!overwrite)
         request.known = m_stamp;
     const auto work = [files = m_parts.files, request, whole = text->whole_text()]() mutable {
-        SaveAnswer answer;
-        return encode(whole, request.text, answer.sentence) == 0 ? save_document(files, request) : answer;
+        auto bytes = encoded(whole);
+        if (!bytes)
+            return SaveAnswer{.failure = bytes.error()};
+        request.text = *std::move(bytes);
+        return save_document(files, request);
     };
     m_background.start(m_parts.queue, work, [this, path, edits = text->edits(), next](const SaveAnswer& answer) {
         m_saving = false;
@@ -167,7 +167,7 @@ void ConfigEditor::apply_save(const QString& path, int edits, const SaveAnswer& 
         return resolve_conflict(path, next);
     case SaveAnswer::Outcome::failed:
         //: alert: message above the reason
-        show_failure(this, tr("The configuration was not saved"), spoken(answer.sentence));
+        show_failure(this, tr("The configuration was not saved"), in_words(answer.failure));
         return;
     case SaveAnswer::Outcome::saved:
         break;

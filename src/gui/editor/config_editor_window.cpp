@@ -1,11 +1,12 @@
 #include "gui/editor/config_editor_window.h"
 
+#include "base/failure_codes.h"
 #include "gui/common/desktop_links.h"
 #include "gui/common/words.h"
 #include "gui/editor/config_find_bar.h"
 #include "gui/editor/config_sheets.h"
 #include "gui/editor/config_text.h"
-#include "qt/spoken.h"
+#include "qt/in_words.h"
 #include "qt/text_scale.h"
 
 #include <QAction>
@@ -30,26 +31,25 @@ constexpr QSize usual_size(820, 640);
 constexpr std::chrono::seconds keep_after(3); // from the first edit that is not kept yet
 
 // As "cp" does it, without a shell: the bytes, whatever they are.
-int copy_file(const DocumentFiles& files, const std::string& from, const std::string& to, std::string& sentence) {
-    FoundFile found = files.read(from, largest_document);
-    if (found.outcome != FoundFile::Outcome::read) {
-        sentence = std::move(found.sentence);
-        return -1;
-    }
+Result<> copy_file(const DocumentFiles& files, const std::string& from, const std::string& to) {
+    const FileReading found = files.read(from, largest_document);
+    if (found.outcome != FileReading::Outcome::read)
+        return failed(FailureCode::file_unreadable, {from}, found.reason);
     std::error_code ignored; // what cannot be removed cannot be replaced either
     std::filesystem::remove(to, ignored);
-    return files.replace(to, found.bytes, sentence);
+    return files.replace(to, found.bytes);
 }
 
 } // namespace
 
 struct ConfigEditor::Loaded {
-    int result = -1;
-    DocumentText document;
-    QString text;
-    std::string sentence;
+    explicit Loaded(Result<DocumentText> found) : document(std::move(found)) {
+        if (document)
+            text = from_std(std::exchange(document->text, {}));
+    }
 
-    void decode() { text = from_std(std::exchange(document.text, {})); }
+    Result<DocumentText> document;
+    QString text;
 };
 
 ConfigEditor::ConfigEditor(ConfigEditorParts parts) : m_parts(std::move(parts)), m_background(m_parts.main_thread) {
@@ -129,22 +129,14 @@ void ConfigEditor::connect_controls() {
 void ConfigEditor::new_document(const QString& title) {
     show_title(title);
     const auto read = [files = m_parts.files, path = m_parts.default_config] {
-        Loaded loaded;
-        std::string ignored; // without that file the document starts empty
-        (void)load_document(files, path, loaded.document, ignored);
-        loaded.result = 0;
-        loaded.decode();
-        return loaded;
+        return Loaded(load_document(files, path).value_or(DocumentText{})); // without that file it starts empty
     };
     load_with(read, [] {});
 }
 
 void ConfigEditor::open_path(const QString& path) {
     const auto read = [files = m_parts.files, path = path.toStdString()] {
-        Loaded loaded;
-        loaded.result = load_document(files, path, loaded.document, loaded.sentence);
-        loaded.decode();
-        return loaded;
+        return Loaded(load_document(files, path));
     };
     const auto then = [this, path] {
         m_path = path;
@@ -163,11 +155,7 @@ QString ConfigEditor::copy_of_installed() const {
 void ConfigEditor::open_installed() {
     const std::string copy = copy_of_installed().toStdString();
     const auto read = [files = m_parts.files, from = m_parts.general.config, copy] {
-        Loaded loaded;
-        if (copy_file(files, from, copy, loaded.sentence) == 0)
-            loaded.result = load_document(files, copy, loaded.document, loaded.sentence);
-        loaded.decode();
-        return loaded;
+        return Loaded(copy_file(files, from, copy).and_then([&] { return load_document(files, copy); }));
     };
     const auto then = [this, copy] {
         m_path = from_std(copy);
@@ -184,10 +172,7 @@ void ConfigEditor::open_kept(KeptEdit edit) {
     m_restoring = true;
     m_edit_kept = true;
     show_title(from_std(edit.title));
-    Loaded loaded;
-    loaded.document = {.text = std::move(edit.text), .line_ends = edit.line_ends, .stamp = edit.stamp};
-    loaded.decode();
-    show_loaded(loaded);
+    show_loaded(Loaded(DocumentText{.text = std::move(edit.text), .line_ends = edit.line_ends, .stamp = edit.stamp}));
     show_modified();
     Q_EMIT opened();
 }
@@ -195,22 +180,22 @@ void ConfigEditor::open_kept(KeptEdit edit) {
 template <class Read, class Then>
 void ConfigEditor::load_with(Read read, Then then) {
     m_background.start(m_parts.queue, std::move(read), [this, then = std::move(then)](const Loaded& loaded) {
-        if (loaded.result == 0) {
+        if (loaded.document) {
             then();
             show_loaded(loaded);
             Q_EMIT opened();
         } else if (isVisible()) {
             //: alert: message above the reason
-            show_failure(this, tr("The configuration could not be read"), spoken(loaded.sentence));
+            show_failure(this, tr("The configuration could not be read"), in_words(loaded.document.error()));
         } else {
-            Q_EMIT not_opened(spoken(loaded.sentence));
+            Q_EMIT not_opened(in_words(loaded.document.error()));
         }
     });
 }
 
 void ConfigEditor::show_loaded(const Loaded& loaded) {
-    m_line_ends = loaded.document.line_ends;
-    m_stamp = loaded.document.stamp;
+    m_line_ends = loaded.document->line_ends;
+    m_stamp = loaded.document->stamp;
     m_controls.m_install->setEnabled(false);
     m_actions.at("install")->setEnabled(false);
     show_warnings({});

@@ -1,6 +1,7 @@
 #include "gui/freqtemp/sensor_inspector.h"
 
 #include "base/broadcast.h"
+#include "base/failure_codes.h"
 #include "base/user_files.h"
 #include "gui/freqtemp/sensor_table.h"
 #include "qt/text_scale.h"
@@ -47,18 +48,11 @@ struct Equation {
 
 Equation read_equation(UserFiles& files, const std::string& path) {
     Equation equation;
-    std::string bytes;
-    switch (files.read(path, LARGEST_RTF, bytes, equation.failure)) {
-    case UserFiles::Found::missing:
-        equation.failure.clear();
-        break;
-    case UserFiles::Found::text:
-        equation.exists = read_rtf(bytes, equation.text, equation.failure) == 0;
-        break;
-    case UserFiles::Found::unfit:
-    case UserFiles::Found::unreadable:
-        break;
-    }
+    const FileReading file = files.read(path, LARGEST_RTF);
+    if (file.outcome == FileReading::Outcome::read)
+        equation.exists = read_rtf(file.bytes, equation.text, equation.failure) == 0;
+    else if (file.outcome != FileReading::Outcome::missing)
+        equation.failure = english(failed(FailureCode::cannot_read, {path}, file.reason).value());
     return equation;
 }
 

@@ -3,7 +3,7 @@
 #include "gui/common/desktop_links.h"
 #include "gui/common/words.h"
 #include "gui/servers/servers_list.h"
-#include "qt/spoken.h"
+#include "qt/in_words.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -85,24 +85,24 @@ void ServersWindow::windowDidLoad() {
     update_buttons();
     show_record();
     m_controls.serverListView->setEnabled(false); // until the list was read
-    m_file.read([this](const SharedTextReading& reading) { show_read(reading); });
+    m_file.read([this](const FileReading& reading) { show_read(reading); });
 }
 
-void ServersWindow::show_read(const SharedTextReading& reading) {
-    using Outcome = SharedTextReading::Outcome;
+void ServersWindow::show_read(const FileReading& reading) {
+    using Outcome = FileReading::Outcome;
     m_loaded = true;
     m_controls.serverListView->setEnabled(true);
     if (reading.outcome == Outcome::read) {
-        m_made_from = reading.text;
-        m_model->replace_all(parse_servers(reading.text));
+        m_made_from = reading.bytes;
+        m_model->replace_all(parse_servers(reading.bytes));
     } else if (reading.outcome == Outcome::unfit) {
         //: server window: %1 is a reason, such as "it is a folder"
         show_notice(
             tr("The saved list is none: %1. It is kept under another name as soon as you change something here.")
-                .arg(spoken(reading.reason)));
+                .arg(in_words(reading.reason)));
     } else if (reading.outcome == Outcome::unreadable) {
         //: server window: %1 is a reason, such as "Permission denied"
-        show_notice(tr("The saved list cannot be read: %1.").arg(spoken(reading.reason)));
+        show_notice(tr("The saved list cannot be read: %1.").arg(in_words(reading.reason)));
     }
     go_to(0);
     update_buttons();
@@ -125,17 +125,17 @@ void ServersWindow::changeEvent(QEvent* event) {
 void ServersWindow::look_again() {
     if (!m_loaded || m_unsaved)
         return;
-    m_file.read([this, saves = m_saves](const SharedTextReading& reading) {
+    m_file.read([this, saves = m_saves](const FileReading& reading) {
         if (m_saves == saves)
             show_changed(reading);
     });
 }
 
-void ServersWindow::show_changed(const SharedTextReading& reading) {
-    if (reading.outcome != SharedTextReading::Outcome::read)
+void ServersWindow::show_changed(const FileReading& reading) {
+    if (reading.outcome != FileReading::Outcome::read)
         return; // what we have here is better
-    m_made_from = reading.text;
-    auto servers = parse_servers(reading.text);
+    m_made_from = reading.bytes;
+    auto servers = parse_servers(reading.bytes);
     if (servers == m_servers)
         return;
     const int row = std::max(m_currentindex, 0);
@@ -149,23 +149,23 @@ void ServersWindow::show_changed(const SharedTextReading& reading) {
 void ServersWindow::save() {
     m_unsaved = true;
     m_file.save(format_servers(m_servers), m_made_from, [this, number = ++m_saves](const ServerListSaved& saved) {
-        m_unsaved = number != m_saves || saved.result != 0;
+        m_unsaved = number != m_saves || !saved;
         show_saved(saved);
     });
     update_buttons();
 }
 
 void ServersWindow::show_saved(const ServerListSaved& saved) {
-    if (saved.result != 0)
+    if (!saved)
         //: server window: %1 is a sentence that says why
-        show_notice(tr("%1 The change stays here, but it is not saved yet.").arg(spoken(saved.sentence)), true);
-    else if (!saved.kept_as.empty())
+        show_notice(tr("%1 The change stays here, but it is not saved yet.").arg(in_words(saved.error())), true);
+    else if (!saved->empty())
         //: server window: %1 is a file
-        show_notice(tr("Another window or program had changed the list. Its version was kept as %1.")
-                        .arg(from_std(saved.kept_as)));
+        show_notice(
+            tr("Another window or program had changed the list. Its version was kept as %1.").arg(from_std(*saved)));
     else if (m_failed)
         show_notice({});
-    m_failed = saved.result != 0;
+    m_failed = !saved;
 }
 
 bool ServersWindow::has_current() const {
@@ -351,22 +351,15 @@ void ServersWindow::set_editor_open(bool is_open) {
 void ServersWindow::import_servers() {
     if (!m_loaded || !validate_current())
         return;
-    struct Text {
-        int result;
-        std::string text;
-        std::string sentence;
-    };
     const std::string path = m_parts.general.config;
     const auto read = [read_text = m_parts.read_text, path] {
-        Text found;
-        found.result = read_text(path, found.text, found.sentence);
-        return found;
+        return read_text(path);
     };
-    m_background.start(m_parts.queue, read, [this, path](const Text& found) {
-        if (found.result == 0)
-            show_imported(path, found.text);
+    m_background.start(m_parts.queue, read, [this, path](const Result<std::string>& text) {
+        if (text)
+            show_imported(path, *text);
         else
-            show_notice(spoken(found.sentence));
+            show_notice(in_words(text.error()));
     });
 }
 

@@ -34,8 +34,7 @@ struct ServersWindowParts {
     DispatchQueueSerial& queue;
     MainThread& main_thread;
     const PreferencesGeneral& general; // which name the installed chrony.conf
-    // Reads a small text on the queue. 0, or -1 and one sentence.
-    std::function<int(const std::string& path, std::string& text, std::string& sentence)> read_text;
+    std::function<Result<std::string>(const std::string& path)> read_text; // on the queue
     Logger& logger;
 };
 
@@ -84,9 +83,9 @@ private:
     void show_problem(ServerProblem problem);
     void show_notice(const QString& text, bool retry = false);
     void log_selection(std::string_view moment) const;
-    void show_read(const SharedTextReading& reading);
+    void show_read(const FileReading& reading);
     void look_again();
-    void show_changed(const SharedTextReading& reading);
+    void show_changed(const FileReading& reading);
     void save();
     void show_saved(const ServerListSaved& saved);
     void show_imported(const std::string& path, const std::string& text);

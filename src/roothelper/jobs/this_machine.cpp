@@ -23,8 +23,8 @@ bool ThisMachine::file_exists(const std::string& path) const {
 
 std::optional<std::string> ThisMachine::read_file(const std::string& path) const {
     constexpr std::size_t largest = 1U << 20U; // bytes
-    SmallFile file = read_small_file(path, largest);
-    return file.outcome == SmallFile::Outcome::read ? std::optional(std::move(file.bytes)) : std::nullopt;
+    FileReading file = read_small_file(path, largest);
+    return file.outcome == FileReading::Outcome::read ? std::optional(std::move(file.bytes)) : std::nullopt;
 }
 
 std::vector<std::string> ThisMachine::file_names(const std::string& folder) const {
@@ -72,10 +72,7 @@ bool ThisMachine::filters_calls() const {
 }
 
 Result<> ThisMachine::replace_file(const std::string& path, std::string_view bytes) {
-    std::string sentence;
-    if (replace_small_file(path, bytes, sentence) != 0)
-        return tl::unexpected(said_by_others(sentence));
-    return {};
+    return replace_small_file(path, bytes);
 }
 
 void ThisMachine::pause(int seconds) const {

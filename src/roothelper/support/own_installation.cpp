@@ -40,7 +40,7 @@ bool is_there(const std::string& path) {
 std::vector<std::string> command_of(const Machine& machine, const std::string& label) {
     constexpr std::string_view key = "ExecStart=";
     std::vector<std::string> command;
-    const SmallFile unit = read_small_file(unit_path(machine, label + ".service"), largest_unit);
+    const FileReading unit = read_small_file(unit_path(machine, label + ".service"), largest_unit);
     for (const auto line : non_empty_lines(unit.bytes))
         if (line.starts_with(key))
             for (const auto word : words(line.substr(key.size())))

@@ -40,8 +40,8 @@ bool is_time_service(std::string_view unit) {
 
 // What was displaced before, which counts however the machine looks now.
 std::optional<Services> read_displaced(const Machine& machine) {
-    const SmallFile file = read_small_file(machine.root + displaced_file, largest_note);
-    if (file.outcome != SmallFile::Outcome::read)
+    const FileReading file = read_small_file(machine.root + displaced_file, largest_note);
+    if (file.outcome != FileReading::Outcome::read)
         return std::nullopt;
     Services noted;
     for (const auto line : non_empty_lines(file.bytes)) {

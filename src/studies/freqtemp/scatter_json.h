@@ -14,9 +14,8 @@
 
 namespace tickervantage {
 
-// -1 and a sentence when the text is no JSON or a known member is missing or of the wrong kind; the map then stays as
-// it is.
-[[nodiscard]] int read_scatter_json(std::string_view text, ScatterMap& map, std::string& sentence);
+// Fails when the text is no JSON or a known member is missing or of the wrong kind.
+[[nodiscard]] Result<ScatterMap> read_scatter_json(std::string_view text);
 
 // Hands over the text in pieces, indented for people; -1 as soon as the sink wants no more.
 [[nodiscard]] int write_scatter_json(const ScatterMap& map, const TextSink& sink);

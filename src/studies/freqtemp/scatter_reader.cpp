@@ -1,7 +1,7 @@
+#include "base/failure_codes.h"
 #include "studies/freqtemp/json_value_builder.h"
 #include "studies/freqtemp/scatter_json.h"
 
-#include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -47,7 +47,7 @@ std::span<const std::string_view> members_of(Level level) {
 class MapReader final : public nlohmann::json_sax<Json> {
 public:
     ScatterMap map;
-    std::string sentence; // why an event was refused
+    Failure failure; // why an event was refused
 
     bool null() override { return m_is_unknown ? finish(m_builder.value(nullptr)) : refuse(); }
     bool boolean(bool value) override;
@@ -68,7 +68,7 @@ public:
     bool start_array(std::size_t) override;
     bool end_array() override;
     bool parse_error(std::size_t position, const std::string&, const nlohmann::detail::exception&) override {
-        sentence = fmt::format("There is no JSON at byte {}.", position);
+        failure = {.code = FailureCode::no_json_at, .arguments = {std::to_string(position)}};
         return false;
     }
 
@@ -99,8 +99,8 @@ private:
 };
 
 bool MapReader::refuse() {
-    sentence = m_level <= Level::map ? "It is no object of sensors."
-                                     : fmt::format("The entry \"{}\" is not as it should be.", m_sensor);
+    failure = m_level <= Level::map ? Failure{.code = FailureCode::is_no_scatter_map}
+                                    : Failure{.code = FailureCode::scatter_entry_unfit, .arguments = {m_sensor}};
     return false;
 }
 
@@ -252,18 +252,15 @@ bool MapReader::end_array() {
 
 } // namespace
 
-int read_scatter_json(std::string_view text, ScatterMap& map, std::string& sentence) {
+Result<ScatterMap> read_scatter_json(std::string_view text) {
     MapReader reader;
     try {
-        if (Json::sax_parse(text, &reader)) {
-            map = std::move(reader.map);
-            return 0;
-        }
-        sentence = reader.sentence;
+        if (Json::sax_parse(text, &reader))
+            return std::move(reader.map);
+        return tl::unexpected(std::move(reader.failure));
     } catch (const std::exception& error) { // memory, for one
-        sentence = fmt::format("It cannot be taken in: {}.", error.what());
+        return failed(FailureCode::cannot_be_taken_in, {}, said_by_others(error.what()));
     }
-    return -1;
 }
 
 } // namespace tickervantage

@@ -1,7 +1,7 @@
 #include "studies/freqtemp/scatter_store.h"
 
+#include "base/failure_codes.h"
 #include "base/logger.h"
-#include "base/user_files.h"
 #include "studies/freqtemp/scatter_json.h"
 
 #include <fmt/format.h>
@@ -32,29 +32,32 @@ ScatterStore::ScatterStore(UserFiles& files, Logger& logger, DispatchQueueSerial
 std::optional<ScatterMap> ScatterStore::load() {
     if (m_path.empty())
         return std::nullopt;
-    std::string text;
-    std::string sentence;
-    const auto found = m_files.read(m_path, LARGEST_FILE, text, sentence);
-    if (found == UserFiles::Found::missing)
+    const FileReading file = m_files.read(m_path, LARGEST_FILE);
+    if (file.outcome == FileReading::Outcome::missing)
         return std::nullopt;
-    ScatterMap map;
-    if (found == UserFiles::Found::text && read_scatter_json(text, map, sentence) == 0)
-        return map;
-    keep_aside(sentence);
+    auto map = map_in(file);
+    if (map)
+        return *std::move(map);
+    keep_aside(map.error());
     return std::nullopt;
 }
 
-void ScatterStore::keep_aside(const std::string& reason) {
-    std::string kept_as;
-    std::string sentence;
-    const int result = m_files.set_aside(m_path, kept_as, sentence);
+Result<ScatterMap> ScatterStore::map_in(const FileReading& file) const {
+    if (file.outcome == FileReading::Outcome::read)
+        return read_scatter_json(file.bytes);
+    return failed(FailureCode::cannot_read, {m_path}, file.reason);
+}
+
+void ScatterStore::keep_aside(const Failure& failure) {
+    const auto kept_as = m_files.set_aside(m_path);
+    const std::string reason = english(failure);
     m_logger.log(LogLevel::warning,
-                 result == 0
-                     ? fmt::format("The scatter map {} cannot be used and was kept as {}: {}", m_path, kept_as, reason)
+                 kept_as
+                     ? fmt::format("The scatter map {} cannot be used and was kept as {}: {}", m_path, *kept_as, reason)
                      : fmt::format("The scatter map {} cannot be used and will not be written: {} {}", m_path, reason,
-                                   sentence));
+                                   english(kept_as.error())));
     const std::lock_guard lock(m_mutex);
-    m_is_locked = result != 0;
+    m_is_locked = !kept_as;
 }
 
 void ScatterStore::request_save(ScatterMap map) {
@@ -83,11 +86,7 @@ void ScatterStore::write_waiting() {
 
 // A map without entries would keep every sensor out for good, since none is added to a map that is stored.
 void ScatterStore::remove_empty() {
-    std::string text;
-    std::string sentence;
-    ScatterMap stored;
-    if (m_files.read(m_path, LARGEST_FILE, text, sentence) == UserFiles::Found::text &&
-        read_scatter_json(text, stored, sentence) == 0 && stored.empty())
+    if (const auto stored = map_in(m_files.read(m_path, LARGEST_FILE)); stored && stored->empty())
         m_files.remove(m_path);
 }
 
@@ -96,12 +95,9 @@ void ScatterStore::write(const ScatterMap& map) {
         return remove_empty();
     if (const auto old = old_map(m_path); !old.empty())
         m_files.remove(old);
-    std::string sentence;
-    const auto text = [&map](const TextSink& sink) {
-        return write_scatter_json(map, sink);
-    };
-    if (m_files.replace(m_path, text, sentence) != 0)
-        m_logger.log(LogLevel::warning, "The scatter map was not saved. " + sentence);
+    const auto saved = m_files.replace(m_path, [&map](const TextSink& sink) { return write_scatter_json(map, sink); });
+    if (!saved)
+        m_logger.log(LogLevel::warning, "The scatter map was not saved. " + english(saved.error()));
 }
 
 void ScatterStore::finish() {

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "base/dispatch.h"
+#include "base/user_files.h"
 #include "studies/freqtemp/scatter_map.h"
 
 #include <condition_variable>
@@ -18,7 +19,6 @@
 namespace tickervantage {
 
 class Logger;
-class UserFiles;
 
 class ScatterStore : public std::enable_shared_from_this<ScatterStore> {
 public:
@@ -37,7 +37,8 @@ private:
     void write_waiting();
     void write(const ScatterMap& map);
     void remove_empty();
-    void keep_aside(const std::string& reason);
+    [[nodiscard]] Result<ScatterMap> map_in(const FileReading& file) const;
+    void keep_aside(const Failure& failure);
 
     UserFiles& m_files;
     Logger& m_logger;
