@@ -1,4 +1,4 @@
-// A canvas that keeps what was drawn on it, for tests to read.
+// A canvas that keeps lines, boxes and texts that were drawn on it, for tests to read.
 #pragma once
 
 #include "draw/canvas.h"
@@ -11,17 +11,6 @@ namespace tickervantage::testing {
 
 class RecordingCanvas : public Canvas {
 public:
-    struct Fill {
-        Path path;
-        ColorRole color;
-        FillRule rule;
-    };
-    struct Stroke {
-        Path path;
-        ColorRole color;
-        double width;
-        Shadow shadow;
-    };
     struct StyledStroke {
         Path path;
         LineStyle style;
@@ -35,29 +24,20 @@ public:
         std::vector<Rect> boxes;
         Ink ink;
     };
-    struct Polygon {
-        std::vector<Point> corners;
-        Ink ink;
-    };
     struct Text {
         std::string text;
         Rect box;
         TextStyle style;
     };
 
-    std::vector<Fill> fills;
-    std::vector<Stroke> strokes;
     std::vector<StyledStroke> styled_strokes;
     std::vector<Polyline> polylines;
     std::vector<Boxes> boxes;
-    std::vector<Polygon> polygons;
     std::vector<Text> texts;
     double pixel_side = 1;
 
-    void fill(const Path& path, ColorRole color, FillRule rule) override { fills.push_back({path, color, rule}); }
-    void stroke(const Path& path, ColorRole color, double width, Shadow shadow) override {
-        strokes.push_back({path, color, width, shadow});
-    }
+    void fill(const Path&, ColorRole, FillRule) override {}
+    void stroke(const Path&, ColorRole, double, Shadow) override {}
     void stroke(const Path& path, const LineStyle& style) override { styled_strokes.push_back({path, style}); }
     void polyline(std::span<const Point> points, const Ink& ink, double width) override {
         polylines.push_back({{points.begin(), points.end()}, ink, width});
@@ -65,9 +45,7 @@ public:
     void fill_rects(std::span<const Rect> all, const Ink& ink) override {
         boxes.push_back({{all.begin(), all.end()}, ink});
     }
-    void fill_polygon(std::span<const Point> corners, const Ink& ink) override {
-        polygons.push_back({{corners.begin(), corners.end()}, ink});
-    }
+    void fill_polygon(std::span<const Point>, const Ink&) override {}
     [[nodiscard]] double pixel() const override { return pixel_side; }
     void text(std::string_view text, Rect box, const TextStyle& style) override {
         texts.push_back({std::string(text), box, style});
