@@ -3,14 +3,16 @@
 
 #include "base/broadcast.h"
 #include "chrony/status/status_cycle.h"
-#include "linux/desktop_applications.h"
+#include "gui/common/desktop_links.h"
 #include "linux/posix_execute.h"
 #include "linux/serial_queue.h"
-#include "linux/xdg_paths.h"
 #include "roothelper/client/no_privileged_channel.h"
+#include "settings/default_settings.h"
 #include "settings/preferences.h"
 #include "settings/settings_keys.h"
 #include "support/memory_stores.h"
+
+#include <QLatin1String>
 
 #include <string>
 #include <utility>
@@ -39,10 +41,7 @@ public:
         m_preferences = PreferencesGeneral::load(m_settings);
         return {.preferences = m_preferences,
                 .bundle = {},
-                .gpsd_application_found =
-                    [folders = process_paths().applications] {
-                        return find_application(folders, StatusCycle::GPSD_CONF_ID).has_value();
-                    },
+                .gpsd_application_found = [] { return has_application(QLatin1String(StatusCycle::GPSD_CONF_ID)); },
                 .chronyc_arguments = std::move(chronyc_arguments),
                 .pidfile = std::move(pidfile)};
     }
