@@ -27,23 +27,11 @@ Result<std::string> read_text(const std::string& path) {
     return std::move(file.bytes);
 }
 
-class AutostartAgent : public LaunchAtLogin {
-public:
-    explicit AutostartAgent(Autostart file) : m_file(std::move(file)) {}
-
-    [[nodiscard]] int writePlist(Failure& failure) const override { return m_file.writePlist(failure); }
-    [[nodiscard]] int unlinkAgent(Failure& failure) const override { return m_file.unlinkAgent(failure); }
-    [[nodiscard]] bool agentIsValid() const override { return m_file.agentIsValid(); }
-
-private:
-    Autostart m_file;
-};
-
 // The settings lie in a folder of $XDG_CONFIG_HOME, in a demonstration in one that stands for it.
 std::shared_ptr<const LaunchAtLogin> launch_at_login(const Paths& paths) {
     const auto config_home = std::filesystem::path(paths.settings).parent_path().parent_path();
-    return std::make_shared<const AutostartAgent>(
-        Autostart((config_home / "autostart").string(), paths.bundle_program("tickervantage")));
+    return std::make_shared<const Autostart>((config_home / "autostart").string(),
+                                             paths.bundle_program("tickervantage"));
 }
 
 } // namespace

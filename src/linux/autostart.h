@@ -5,24 +5,21 @@
 // Source: the desktop application autostart rules, version 0.5 (freedesktop.org).
 #pragma once
 
-#include "base/failure.h"
+#include "base/launch_at_login.h"
 
 #include <string>
 #include <string_view>
 
 namespace tickervantage {
 
-class Autostart {
+class Autostart : public LaunchAtLogin {
 public:
     // The folder is $XDG_CONFIG_HOME/autostart; it is made before the first write. `program` is an absolute path.
     Autostart(const std::string& folder, std::string program);
 
-    // Both: 0, or -1 and why.
-    [[nodiscard]] int writePlist(Failure& failure) const;
-    [[nodiscard]] int unlinkAgent(Failure& failure) const;
-
-    // Whether the file is there, can be read, is switched on, and names a program.
-    [[nodiscard]] bool agentIsValid() const;
+    [[nodiscard]] int writePlist(Failure& failure) const override;
+    [[nodiscard]] int unlinkAgent(Failure& failure) const override;
+    [[nodiscard]] bool agentIsValid() const override;
 
 private:
     [[nodiscard]] Result<> write() const;
