@@ -191,14 +191,14 @@ void Program::show_problems() {
 // A list such as users have, so that its window has something to show.
 void write_sample_servers(const Paths& paths) {
     SharedTextFile file(paths.data_home + "/Tickervantage/servers.txt");
-    std::string kept_as;
-    std::string sentence;
-    if (file.replace("Debian pool:2.debian.pool.ntp.org:10:6:true\n"
+    const auto written =
+        file.replace("Debian pool:2.debian.pool.ntp.org:10:6:true\n"
                      "Lab clock, first floor:clock1.lab.example:8:3:true\n"
                      "A neighbour's server with a rather long title:time.neighbour.example:12:6:false\n"
                      "Gateway:192.0.2.1:10:4:true\n",
-                     std::nullopt, kept_as, sentence) != 0)
-        std::fprintf(stderr, "%s\n", sentence.c_str());
+                     std::nullopt);
+    if (!written)
+        std::fprintf(stderr, "%s\n", english(written.error()).c_str());
 }
 
 bool Program::write_status(const QString& folder, const DaemonChoice& daemon, const Paths& paths) {
