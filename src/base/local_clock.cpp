@@ -5,6 +5,7 @@
 #include <array>
 #include <chrono>
 #include <ctime>
+#include <string_view>
 
 namespace tickervantage {
 namespace {
@@ -19,6 +20,13 @@ std::int64_t days_in(std::int64_t seconds) {
 bool machine_time(std::int64_t moment, std::tm& parts) {
     const auto time = static_cast<std::time_t>(moment);
     return localtime_r(&time, &parts) != nullptr;
+}
+
+std::string utc_text(std::int64_t moment, std::string_view between, std::string_view end) {
+    const std::int64_t day = days_in(moment);
+    const std::int64_t second = moment - day * DAY;
+    return fmt::format("{}{}{:02}:{:02}:{:02}{}", date_of_day(day), between, second / 3600, second / 60 % 60,
+                       second % 60, end);
 }
 
 } // namespace
@@ -56,6 +64,14 @@ std::string date_of_day(std::int64_t day) {
     const std::chrono::year_month_day date{std::chrono::sys_days{std::chrono::days{day}}};
     return fmt::format("{:04}-{:02}-{:02}", static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
                        static_cast<unsigned>(date.day()));
+}
+
+std::string utc_date_time(std::int64_t moment) {
+    return utc_text(moment, " ", "");
+}
+
+std::string utc_stamp(std::int64_t moment) {
+    return utc_text(moment, "T", "Z");
 }
 
 std::string local_date_time(std::int64_t moment) {

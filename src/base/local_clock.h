@@ -25,6 +25,12 @@ using ZoneOffset = std::function<std::int64_t(std::int64_t)>;
 // "2026-11-21"
 [[nodiscard]] std::string date_of_day(std::int64_t day);
 
+// "2026-11-21 14:05:33", in UTC.
+[[nodiscard]] std::string utc_date_time(std::int64_t moment);
+
+// "2026-11-21T14:05:33Z", as ISO 8601 has it.
+[[nodiscard]] std::string utc_stamp(std::int64_t moment);
+
 // "2026-11-21 14:05:33 CET", in the machine's own time zone.
 [[nodiscard]] std::string local_date_time(std::int64_t moment);
 

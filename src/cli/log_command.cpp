@@ -1,13 +1,12 @@
 #include "cli/log_command.h"
 
-#include "base/setting_text.h"
+#include "base/local_clock.h"
 #include "cli/terminal.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <ostream>
 #include <span>
@@ -29,7 +28,7 @@ Json json_of(const std::optional<Value>& value) {
 }
 
 Json json_of(const tracking& record) {
-    return {{"timestamp", log_time_text(record.timestamp)},
+    return {{"timestamp", utc_stamp(record.timestamp)},
             {"address", record.address},
             {"stratum", json_of(record.stratum)},
             {"frequency", json_of(record.frequency)},
@@ -134,8 +133,8 @@ std::pair<LogTime, LogTime> first_and_last(const TrackingRecords& records) {
 Json summary(const TrackingRecords& records) {
     Json document{{"count", records.size()}, {"first", nullptr}, {"last", nullptr}};
     if (!records.empty()) {
-        document["first"] = log_time_text(first_and_last(records).first);
-        document["last"] = log_time_text(first_and_last(records).second);
+        document["first"] = utc_stamp(first_and_last(records).first);
+        document["last"] = utc_stamp(first_and_last(records).second);
     }
     for (std::size_t series = 0; series < series_count; ++series)
         document[std::string(series_names[series])] = series_summary(records, static_cast<Series>(series));
@@ -165,17 +164,6 @@ void print_summary_table(const Json& document, LogForm form, std::ostream& out) 
 }
 
 } // namespace
-
-std::string log_time_text(LogTime time) {
-    using namespace std::chrono;
-    const sys_seconds point{seconds(time)};
-    const auto day = floor<days>(point);
-    const year_month_day date(day);
-    const hh_mm_ss clock(point - day);
-    return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}Z", static_cast<int>(date.year()),
-                       static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()), clock.hours().count(),
-                       clock.minutes().count(), clock.seconds().count());
-}
 
 int print_log(const TrackingRecords& records, LogForm form, std::ostream& out) {
     if (form != LogForm::json)

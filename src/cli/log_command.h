@@ -17,7 +17,4 @@ enum class LogForm : unsigned char { text, json, csv };
 // 99th percentile (between two values: on the straight line between them).
 [[nodiscard]] int print_log_summary(const TrackingRecords& records, LogForm form, std::ostream& out);
 
-// "2026-11-21T02:15:03Z"
-[[nodiscard]] std::string log_time_text(LogTime time);
-
 } // namespace tickervantage

@@ -1,6 +1,7 @@
 #include "linux/file_logger.h"
 
-#include "base/setting_text.h"
+#include "base/local_clock.h"
+#include "base/utf8.h"
 #include "linux/file_descriptor.h"
 #include "linux/write_all.h"
 
@@ -38,16 +39,8 @@ const char* name_of(LogLevel level) {
 
 // Bytes of the printable character at the start of the text; 0 when there is none.
 std::size_t printable_length(std::string_view text) {
-    const auto at = [&](std::size_t i) {
-        return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
-    };
-    const unsigned first = at(0);
-    if (first < 0x80)
-        return first >= 0x20 && first != 0x7f ? 1 : 0;
-    if (first < 0xc2 || first > 0xf4 || (first == 0xc2 && at(1) < 0xa0)) // C2 80 to C2 9F: control characters too
-        return 0;
-    const std::size_t length = first < 0xe0 ? 2 : first < 0xf0 ? 3 : 4;
-    return is_plain_utf8(text.substr(0, length)) ? length : 0;
+    const std::size_t length = character_length(text);
+    return is_control(text.substr(0, length)) ? 0 : length;
 }
 
 void append_harmless(std::string& line, std::string_view text) {
@@ -73,13 +66,8 @@ std::string_view cut(std::string_view sentence) {
 } // namespace
 
 std::string log_line(std::chrono::system_clock::time_point time, LogLevel level, std::string_view sentence) {
-    const auto second = std::chrono::floor<std::chrono::seconds>(time);
-    const auto day = std::chrono::floor<std::chrono::days>(second);
-    const std::chrono::year_month_day date(day);
-    const std::chrono::hh_mm_ss clock(second - day);
-    auto line = fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}Z {} ", static_cast<int>(date.year()),
-                            static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
-                            clock.hours().count(), clock.minutes().count(), clock.seconds().count(), name_of(level));
+    const auto second = std::chrono::floor<std::chrono::seconds>(time).time_since_epoch().count();
+    auto line = fmt::format("{} {} ", utc_stamp(second), name_of(level));
     append_harmless(line, cut(sentence));
     if (sentence.size() > sentence_limit)
         line += "...";

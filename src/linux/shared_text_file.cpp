@@ -1,7 +1,7 @@
 #include "linux/shared_text_file.h"
 
 #include "base/failure_codes.h"
-#include "base/setting_text.h"
+#include "base/utf8.h"
 #include "linux/small_file.h"
 
 #include <fmt/chrono.h>

@@ -1,13 +1,12 @@
 #include "linux/thermal_zones.h"
 
-#include "base/setting_text.h"
+#include "base/number_text.h"
 #include "base/text_lines.h"
 #include "linux/small_file.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -28,9 +27,7 @@ std::vector<int> zones() {
     for (auto entry = std::filesystem::directory_iterator(FOLDER, error);
          !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
         const std::string name = entry->path().filename().string();
-        int number = 0;
-        const char* const end = name.data() + name.size();
-        if (name.starts_with(ZONE) && std::from_chars(name.data() + ZONE.size(), end, number).ptr == end)
+        if (int number = 0; name.starts_with(ZONE) && read_number(std::string_view(name).substr(ZONE.size()), number))
             numbers.push_back(number);
     }
     std::ranges::sort(numbers);
@@ -53,7 +50,7 @@ std::vector<SensorReading> ThermalZones::read() {
             continue;
         const int number = ++seen[type];
         const std::string name = number == 1 ? type : fmt::format("{} {}", type, number);
-        const auto thousandths = integer_from_text(value(zone, "temp")); // none while the zone is off
+        const auto thousandths = number_from_text<std::int64_t>(value(zone, "temp")); // none while the zone is off
         readings.push_back({.name = name,
                             .description = fmt::format("{} (thermal zone)", name),
                             .temperature = static_cast<double>(thousandths.value_or(0)) / 1000});

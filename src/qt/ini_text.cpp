@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 
 #include "base/failure_codes.h"
-#include "base/setting_text.h"
+#include "base/utf8.h"
 
 #include <algorithm>
 #include <optional>

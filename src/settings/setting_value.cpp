@@ -1,5 +1,7 @@
 #include "settings/setting_value.h"
 
+#include "base/text_lines.h"
+
 #include <fmt/ranges.h>
 
 #include <algorithm>

@@ -2,10 +2,15 @@
 // std::int64_t, double, std::string, SettingList, Color, Font. Pure functions, any thread.
 #pragma once
 
-#include "base/setting_text.h"
-#include "base/text_lines.h"
+#include "base/number_text.h"
+#include "settings/setting_text.h"
 
 #include <concepts>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace tickervantage {
 
@@ -20,10 +25,8 @@ template <class Value>
 [[nodiscard]] std::optional<Value> value_from_text(std::string_view text) {
     if constexpr (std::same_as<Value, bool>)
         return bool_from_text(text);
-    else if constexpr (std::same_as<Value, std::int64_t>)
-        return integer_from_text(text);
-    else if constexpr (std::same_as<Value, double>)
-        return double_from_text(text);
+    else if constexpr (std::same_as<Value, std::int64_t> || std::same_as<Value, double>)
+        return number_from_text<Value>(text);
     else if constexpr (std::same_as<Value, SettingList>)
         return list_from_text(text);
     else if constexpr (std::same_as<Value, Color>)
@@ -40,7 +43,7 @@ template <class Value>
     if constexpr (std::same_as<Value, bool>)
         return text_from_bool(value);
     else if constexpr (std::same_as<Value, std::int64_t>)
-        return text_from_integer(value);
+        return std::to_string(value);
     else if constexpr (std::same_as<Value, double>)
         return text_from_double(value);
     else if constexpr (std::same_as<Value, SettingList>)

@@ -1,6 +1,7 @@
 #include "settings/settings_catalogue.h"
 
 #include "base/failure_codes.h"
+#include "base/utf8.h"
 
 #include <fmt/format.h>
 
@@ -53,7 +54,9 @@ Failure wish(const BooleanKey&) {
     return {Code::a_boolean};
 }
 Failure wish(const IntegerKey& key) {
-    const auto text = text_from_integer;
+    const auto text = [](std::int64_t number) {
+        return std::to_string(number);
+    };
     if (key.gap)
         return {Code::an_integer_but, {text(key.minimum), text(key.maximum), text(*key.gap)}};
     return {Code::an_integer, {text(key.minimum), text(key.maximum)}};

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "base/failure.h"
+#include "base/text_lines.h"
 #include "settings/default_settings.h"
 #include "settings/settings_keys.h"
 

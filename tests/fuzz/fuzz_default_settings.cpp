@@ -1,4 +1,6 @@
 // Any bytes as the text of a setting: nothing crashes, and what is accepted has a normal form that stays as it is.
+#include "base/number_text.h"
+#include "base/utf8.h"
 #include "fuzz/require.h"
 #include "settings/settings_catalogue.h"
 
@@ -18,8 +20,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string text(data, data + size);
     for (const auto& setting : all_settings())
         check_one(setting, text);
-    if (const auto number = double_from_text(text))
-        require(double_from_text(text_from_double(*number).value_or("")) == number);
+    if (const auto number = number_from_text<double>(text))
+        require(number_from_text<double>(text_from_double(*number).value_or("")) == number);
     (void)is_plain_utf8(text);
     return 0;
 }

@@ -1,5 +1,5 @@
 // Any bytes as a sentence of the log: one line of whole characters comes out, whatever came in, and never a long one.
-#include "base/setting_text.h"
+#include "base/utf8.h"
 #include "fuzz/require.h"
 #include "linux/file_logger.h"
 

@@ -1,5 +1,6 @@
 // Any bytes as a log that grows, is cut and replaced, in any order: only lines that somebody wrote arrive, all of them
 // UTF-8, and the last of every block bears the flag. The first bytes say how much is written at a time.
+#include "base/utf8.h"
 #include "chrony/log/log_pieces.h"
 #include "chrony/log/logreader.h"
 #include "fuzz/require.h"

@@ -1,4 +1,6 @@
 #include "base/failure_codes.h"
+#include "base/number_text.h"
+#include "base/utf8.h"
 #include "cli/settings_command.h"
 #include "cli/unasked_choice.h"
 #include "settings/preferences.h"
@@ -25,16 +27,16 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(SettingText, TakesTheWholeTextOrNothing) {
     for (const auto* bad : {"", " 1", "1 ", "+1", "0x10", "1,5", "1e", "--1", "9223372036854775808", "TRUE", "1.5.2"}) {
-        EXPECT_FALSE(integer_from_text(bad)) << bad;
+        EXPECT_FALSE(number_from_text<std::int64_t>(bad)) << bad;
         EXPECT_FALSE(bool_from_text(bad)) << bad;
     }
     for (const auto* bad : {"", "inf", "-nan", "1,5", "1e999", "0x1p3", "1 ", "+1"})
-        EXPECT_FALSE(double_from_text(bad)) << bad;
+        EXPECT_FALSE(number_from_text<double>(bad)) << bad;
     for (const auto* bad : {"", "#12345", "#1234567", "123456", "#12345g", "#-12345", "#+1+1+1", "#123456789"})
         EXPECT_FALSE(color_from_text(bad)) << bad;
     for (const auto* bad : {"", "Sans", ",10", "Sans,", "Sans,0", "Sans,-1", "Sans,inf", "Sans,1e9"})
         EXPECT_FALSE(font_from_text(bad)) << bad;
-    EXPECT_EQ(integer_from_text("-9223372036854775808"), std::numeric_limits<std::int64_t>::min());
+    EXPECT_EQ(number_from_text<std::int64_t>("-9223372036854775808"), std::numeric_limits<std::int64_t>::min());
     EXPECT_EQ(font_from_text("A, B,9.5"), (Font{"A, B", 9.5}));
     EXPECT_EQ(color_from_text("#FF000080"), (Color{1, 0, 0, 128 / 255.0}));
 }
@@ -44,7 +46,7 @@ TEST(SettingText, DoublesReadBackExactlyInEveryLocale) {
     for (const auto* locale : {"C", "de_DE.UTF-8", "fr_FR.UTF-8"}) {
         (void)std::setlocale(LC_ALL, locale); // where it is not installed, the round before is repeated
         for (const double value : {0.1, -0.0, 1e-300, 5e-324, 1.7976931348623157e308, 1.0 / 3, 123456789.125})
-            EXPECT_EQ(double_from_text(text_from_double(value).value_or("")), value);
+            EXPECT_EQ(number_from_text<double>(text_from_double(value).value_or("")), value);
     }
     (void)std::setlocale(LC_ALL, before.c_str());
     EXPECT_EQ(text_from_double(0.1), "0.1");

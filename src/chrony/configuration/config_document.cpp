@@ -1,7 +1,7 @@
 #include "chrony/configuration/config_document.h"
 
 #include "base/failure_codes.h"
-#include "base/setting_text.h"
+#include "base/utf8.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,7 +1,7 @@
 #include "chrony/configuration/configuration.h"
 
-#include "base/setting_text.h"
 #include "base/text_lines.h"
+#include "base/utf8.h"
 
 #include <filesystem>
 #include <fstream>

@@ -1,5 +1,6 @@
 #include "chrony/configuration/server_list.h"
 
+#include "base/number_text.h"
 #include "base/text_lines.h"
 #include "base/translatable.h"
 #include "chrony/configuration/local_host.h"
@@ -7,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <charconv>
 
 namespace tickervantage {
 namespace {
@@ -78,9 +78,7 @@ std::optional<std::int64_t> poll_in(std::string_view text) {
     text = trimmed(text);
     if (text.starts_with('+') && !text.starts_with("+-"))
         text.remove_prefix(1);
-    std::int64_t number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
+    return number_from_text<std::int64_t>(text);
 }
 
 server_data parse_server(std::string_view line) {

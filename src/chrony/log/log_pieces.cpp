@@ -1,51 +1,11 @@
 #include "chrony/log/log_pieces.h"
 
-#include "base/setting_text.h"
+#include "base/utf8.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <memory>
 
 namespace tickervantage {
-namespace {
-
-bool is_ascii(char byte) {
-    return static_cast<unsigned char>(byte) < 0x80;
-}
-
-// Where the first character that is not ASCII stands; the size of the text when all are.
-std::size_t ascii_length(std::string_view text) {
-    constexpr std::uint64_t high_bits = 0x8080808080808080U;
-    std::array<std::uint64_t, 8> words{};
-    std::size_t at = 0;
-    for (; at + sizeof words <= text.size(); at += sizeof words) {
-        std::memcpy(words.data(), text.data() + at, sizeof words);
-        std::uint64_t all = 0;
-        for (const auto word : words)
-            all |= word;
-        if ((all & high_bits) != 0)
-            break;
-    }
-    while (at < text.size() && is_ascii(text[at]))
-        ++at;
-    return at;
-}
-
-} // namespace
-
-bool is_utf8(std::string_view text) {
-    while (true) {
-        text.remove_prefix(ascii_length(text));
-        if (text.empty())
-            return true;
-        const auto* const end = std::ranges::find_if(text, is_ascii);
-        const auto length = static_cast<std::size_t>(end - text.begin());
-        if (!is_plain_utf8(text.substr(0, length)))
-            return false;
-        text.remove_prefix(length);
-    }
-}
 
 std::string_view take_line(std::string_view& text) {
     while (text.starts_with('\n'))

@@ -54,9 +54,6 @@ private:
 // The last line of the text that is not empty.
 [[nodiscard]] std::string_view last_line_of(std::string_view text);
 
-// The zero character passes: a log may hold it, and what it stands in is no number.
-[[nodiscard]] bool is_utf8(std::string_view text);
-
 // Reads a whole log, line by line. -1: `sentence` says why, with `name`.
 using LogLine = std::function<void(std::string_view line)>;
 [[nodiscard]] int read_log(FollowedFiles& files, const std::string& name, const LogLine& line, std::string& sentence);

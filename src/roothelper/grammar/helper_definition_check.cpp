@@ -1,12 +1,12 @@
 #include "roothelper/grammar/helper_content.h"
 
 #include "base/failure_codes.h"
+#include "base/number_text.h"
 #include "chrony/services/chrony_services.h"
 #include "roothelper/grammar/helper_definitions.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <optional>
 
 namespace tickervantage {
@@ -65,17 +65,10 @@ std::optional<ServiceDescription> rotation_from(const Arguments& words, const He
     return rotation_service(words[1], words[2], words[3]);
 }
 
-bool is_number(std::string_view text) {
-    double value = 0;
-    const auto end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
-    return error == std::errc{} && stop == end;
-}
-
 bool is_wake_value(std::string_view option, const std::string& value, const HelperRules& rules) {
     constexpr std::array<std::string_view, 4> numbers{"--make-thresh", "--make-limit", "--burst-good", "--burst-max"};
     if (std::ranges::find(numbers, option) != numbers.end())
-        return is_number(value);
+        return number_from_text<double>(value).has_value();
     if (option == "--burst-netmask")
         return value.find_first_not_of("0123456789abcdefABCDEF.:/") == std::string::npos;
     return option == "--chronyc" && holds_path(rules.chronyc, value);

@@ -6,7 +6,6 @@
 #include "roothelper/grammar/helper_request.h"
 #include "roothelper/grammar/helper_words.h"
 
-#include <charconv>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -46,13 +45,6 @@ inline bool are(const Words& words, std::size_t from, std::string_view quoted) {
         if (words[from + at].is_quoted != (quoted[at] == 'q'))
             return false;
     return true;
-}
-
-template <class Number>
-bool read_number(std::string_view text, Number& number) {
-    const auto end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    return error == std::errc{} && stop == end;
 }
 
 // A folder that the daemon writes in.

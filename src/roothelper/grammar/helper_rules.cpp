@@ -1,24 +1,17 @@
 #include "roothelper/grammar/helper_rules.h"
 
 #include "base/failure_codes.h"
+#include "base/number_text.h"
+#include "base/text_lines.h"
 #include "roothelper/grammar/helper_definitions.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace tickervantage {
 namespace {
 
-constexpr std::string_view blanks = " \t\r";
 constexpr std::string_view distribution = "/usr/";
 constexpr std::string_view local = "/usr/local/";
-
-std::string_view trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
 
 std::vector<std::string>* paths_of(HelperRules& rules, std::string_view word) {
     if (word == "tool")
@@ -36,9 +29,7 @@ std::vector<std::string>* paths_of(HelperRules& rules, std::string_view word) {
 
 bool set_idle(std::string_view value, HelperRules& rules) {
     unsigned seconds = 0;
-    const auto end = value.data() + value.size();
-    const auto [stop, error] = std::from_chars(value.data(), end, seconds);
-    if (error != std::errc{} || stop != end || seconds == 0 || seconds > 86'400)
+    if (!read_number(value, seconds) || seconds == 0 || seconds > 86'400)
         return false;
     rules.idle = std::chrono::seconds(seconds);
     return true;
@@ -48,7 +39,7 @@ Result<> add_rule(std::string_view line, std::size_t number, HelperRules& rules)
     const auto refused = [number](FailureCode why) {
         return failed(why, {std::to_string(number)});
     };
-    const auto word = line.substr(0, line.find_first_of(blanks));
+    const auto word = line.substr(0, line.find_first_of(" \t\r"));
     const auto value = trimmed(line.substr(word.size()));
     if (word == "idle-seconds")
         return set_idle(value, rules) ? Result<>() : refused(FailureCode::rule_needs_seconds);

@@ -1,5 +1,7 @@
 #include "roothelper/grammar/helper_grammar.h"
 
+#include "base/number_text.h"
+
 #include <algorithm>
 
 namespace tickervantage::helper_grammar {

@@ -1,45 +1,18 @@
 #include "roothelper/grammar/helper_tokens.h"
 
+#include "base/hexadecimal.h"
+#include "base/number_text.h"
+
 #include <algorithm>
-#include <charconv>
 
 namespace tickervantage {
 namespace {
-
-std::string hexadecimal(const helper::Token& token) {
-    constexpr std::string_view digits = "0123456789abcdef";
-    std::string text;
-    for (const auto byte : token) {
-        text += digits[byte >> 4U];
-        text += digits[byte & 0xFU];
-    }
-    return text;
-}
-
-bool read_hexadecimal(std::string_view text, helper::Token& token) {
-    if (text.size() != 2 * token.size())
-        return false;
-    for (std::size_t at = 0; at < token.size(); ++at) {
-        const auto* from = text.data() + 2 * at;
-        const auto [stop, error] = std::from_chars(from, from + 2, token[at], 16);
-        if (error != std::errc{} || stop != from + 2)
-            return false;
-    }
-    return true;
-}
 
 // The first word, taken off the line together with its blank.
 std::string_view take_word(std::string_view& line) {
     const auto word = line.substr(0, line.find(' '));
     line.remove_prefix(std::min(word.size() + 1, line.size()));
     return word;
-}
-
-template <class Number>
-bool read_number(std::string_view text, Number& number) {
-    const auto* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    return error == std::errc{} && stop == end;
 }
 
 } // namespace

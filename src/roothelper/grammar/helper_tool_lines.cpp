@@ -1,5 +1,6 @@
 #include "roothelper/grammar/helper_grammar.h"
 
+#include "base/number_text.h"
 #include "roothelper/grammar/helper_definitions.h"
 
 #include <algorithm>

@@ -1,42 +1,13 @@
 #include "roothelper/grammar/helper_words.h"
 
+#include "base/utf8.h"
+
 #include <algorithm>
-#include <cstdint>
 
 namespace tickervantage {
 namespace {
 
 constexpr std::string_view replacement = "\xEF\xBF\xBD";
-
-bool continues(std::string_view bytes, std::size_t at, unsigned char lowest, unsigned char highest) {
-    const auto byte = at < bytes.size() ? static_cast<unsigned char>(bytes[at]) : std::uint8_t{0};
-    return byte >= lowest && byte <= highest;
-}
-
-// The length of the character that begins here, 0 when none does. Source: the Unicode Standard, table 3-7.
-std::size_t character_length(std::string_view bytes) {
-    const auto lead = static_cast<unsigned char>(bytes.front());
-    if (lead < 0x80)
-        return 1;
-    if (lead >= 0xC2 && lead <= 0xDF)
-        return continues(bytes, 1, 0x80, 0xBF) ? 2 : 0;
-    if (lead >= 0xE0 && lead <= 0xEF) {
-        const bool second = continues(bytes, 1, lead == 0xE0 ? 0xA0 : 0x80, lead == 0xED ? 0x9F : 0xBF);
-        return second && continues(bytes, 2, 0x80, 0xBF) ? 3 : 0;
-    }
-    if (lead >= 0xF0 && lead <= 0xF4) {
-        const bool second = continues(bytes, 1, lead == 0xF0 ? 0x90 : 0x80, lead == 0xF4 ? 0x8F : 0xBF);
-        return second && continues(bytes, 2, 0x80, 0xBF) && continues(bytes, 3, 0x80, 0xBF) ? 4 : 0;
-    }
-    return 0;
-}
-
-bool is_control(std::string_view character) {
-    const auto first = static_cast<unsigned char>(character[0]);
-    if (character.size() == 2)
-        return first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0;
-    return character.size() == 1 && (first < 0x20 || first == 0x7F);
-}
 
 // The word at the line's start, taken off it. -1 when its quotes are not in order.
 int take_word(std::string_view& line, CommandWord& word) {

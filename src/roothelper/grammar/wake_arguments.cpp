@@ -1,12 +1,12 @@
 #include "roothelper/grammar/wake_arguments.h"
 
 #include "base/failure_codes.h"
+#include "base/number_text.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <string_view>
 #include <utility>
@@ -19,12 +19,11 @@ constexpr int largest_limit = 1'000'000;
 constexpr int largest_burst = 1000;
 
 template <class Number>
-bool read_number(std::string_view text, Number low, Number high, Number& result) {
-    Number number{};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc() || end != text.data() + text.size() || !(number >= low && number <= high))
+bool read_within(std::string_view text, Number low, Number high, Number& result) {
+    const auto number = number_from_text<Number>(text);
+    if (!number || *number < low || *number > high)
         return false;
-    result = number;
+    result = *number;
     return true;
 }
 
@@ -56,19 +55,19 @@ struct Option {
 const std::array options{
     Option{"--make-thresh", true,
            [](auto text, auto& to) {
-               return read_number(text, 0.0, largest_threshold, to.make_thresh);
+               return read_within(text, 0.0, largest_threshold, to.make_thresh);
            }},
     Option{"--make-limit", true,
            [](auto text, auto& to) {
-               return read_number(text, -1, largest_limit, to.make_limit);
+               return read_within(text, -1, largest_limit, to.make_limit);
            }},
     Option{"--burst-good", true,
            [](auto text, auto& to) {
-               return read_number(text, 1, largest_burst, to.burst_good);
+               return read_within(text, 1, largest_burst, to.burst_good);
            }},
     Option{"--burst-max", true,
            [](auto text, auto& to) {
-               return read_number(text, 1, largest_burst, to.burst_max);
+               return read_within(text, 1, largest_burst, to.burst_max);
            }},
     Option{"--burst-netmask", true,
            [](auto text, auto& to) {

@@ -1,6 +1,6 @@
 #include "studies/freqtemp/scatter_csv.h"
 
-#include "base/setting_text.h"
+#include "base/number_text.h"
 #include "base/text_lines.h"
 
 #include <algorithm>
@@ -45,8 +45,8 @@ std::string quoted(const std::string& name) {
 }
 
 std::optional<freqPoint> take_point(std::string_view& line) {
-    const auto temperature = double_from_text(trimmed(take(line, ',')));
-    const auto frequency = double_from_text(trimmed(take(line, ',')));
+    const auto temperature = number_from_text<double>(trimmed(take(line, ',')));
+    const auto frequency = number_from_text<double>(trimmed(take(line, ',')));
     if (!temperature || !frequency)
         return std::nullopt;
     return freqPoint{*temperature, *frequency};

@@ -1,12 +1,12 @@
 #include "studies/spectrum/spectrum.h"
 
+#include "base/local_clock.h"
 #include "studies/spectrum/transform.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <bit>
-#include <chrono>
 #include <cmath>
 #include <limits>
 #include <new>
@@ -16,17 +16,6 @@ namespace tickervantage {
 namespace {
 
 constexpr std::array<std::string_view, spectrum_series.size()> series_names{"offset", "rem_cor", "rms_offset"};
-
-// "2026-11-21 02:15:03", as the log has it.
-std::string utc_text(LogTime time) {
-    const std::chrono::sys_seconds moment{std::chrono::seconds(time)};
-    const auto day = std::chrono::floor<std::chrono::days>(moment);
-    const std::chrono::year_month_day date(day);
-    const std::chrono::hh_mm_ss clock(moment - day);
-    return fmt::format("{}-{:02}-{:02} {:02}:{:02}:{:02}", static_cast<int>(date.year()),
-                       static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()), clock.hours().count(),
-                       clock.minutes().count(), clock.seconds().count());
-}
 
 int fail(SpectrumProblem problem, SpectrumFailure& failure) {
     failure = {.problem = problem};
@@ -92,7 +81,7 @@ std::string sentence_of(const SpectrumFailure& failure) {
         return fmt::format("A spectrum has at most {} samples: shorten the duration or lengthen the interval.",
                            longest_transform);
     case SpectrumProblem::absent:
-        return fmt::format("The record of {} UTC has no {}.", utc_text(failure.time),
+        return fmt::format("The record of {} UTC has no {}.", utc_date_time(failure.time),
                            spectrum_series_name(failure.series));
     case SpectrumProblem::memory:
         break;

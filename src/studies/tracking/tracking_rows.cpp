@@ -1,9 +1,10 @@
 #include "studies/tracking/tracking_rows.h"
 
+#include "base/local_clock.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <iterator>
 #include <span>
@@ -34,7 +35,7 @@ public:
     }
 
     void row(LogTime time, std::span<const double> values) {
-        add_time(time);
+        text += m_csv ? utc_stamp(time) : utc_date_time(time);
         for (const double value : values)
             add_value(value);
         text += '\n';
@@ -44,16 +45,6 @@ private:
     template <typename... Values>
     void add(std::string_view pattern, const Values&... values) {
         fmt::format_to(std::back_inserter(text), fmt::runtime(pattern), values...);
-    }
-
-    void add_time(LogTime time) {
-        const std::chrono::sys_seconds moment{std::chrono::seconds{time}};
-        const auto day = std::chrono::floor<std::chrono::days>(moment);
-        const std::chrono::year_month_day date{day};
-        const std::chrono::hh_mm_ss clock{moment - day};
-        add(m_csv ? "{:04}-{:02}-{:02}T{:02}:{:02}:{:02}Z" : "{:04}-{:02}-{:02} {:02}:{:02}:{:02}",
-            static_cast<int>(date.year()), static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
-            clock.hours().count(), clock.minutes().count(), clock.seconds().count());
     }
 
     void add_value(double value) {
