@@ -12,8 +12,8 @@ using namespace tickervantage;
 
 namespace {
 
-bool is_same(const LogNumber& one, const LogNumber& other) {
-    return std::bit_cast<std::uint64_t>(one.value) == std::bit_cast<std::uint64_t>(other.value);
+bool is_same(double one, double other) {
+    return std::bit_cast<std::uint64_t>(one) == std::bit_cast<std::uint64_t>(other);
 }
 
 void require_same_when_moved(std::string_view text) {

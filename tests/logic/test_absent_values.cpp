@@ -1,12 +1,10 @@
-// Averages and drawing where a tracking log lacks values, or begins without any.
-#include "draw/plots/value_scale.h"
+// Averages where a tracking log lacks values, or begins without any.
 #include "studies/tracking/rolling_statistics.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
-#include <vector>
 
 namespace tickervantage {
 namespace {
@@ -36,26 +34,6 @@ TEST(RollingStatistics, StartOnlyWhereBothValuesHaveGrown) {
             EXPECT_DOUBLE_EQ(averages.mean_rem_cor, expected(one.first_rem_cor, one.rem_cor)) << one.what;
         }
     }
-}
-
-TEST(ValueScale, WhatIsAbsentHasNoPlaceInAMultitudeEither) {
-    const std::vector<double> some{absent, 0, 1e-9, -1e-6, 3e-6, absent, -2e-3, 5e20, 1e300, -absent};
-    for (const bool logarithmic : {true, false})
-        for (const std::size_t kinds : {7U, 8U, 10U}) { // all ordinary, one too large for the quick way, all
-            const ValueScale scale{.use_logscale = logarithmic};
-            std::vector<double> values;
-            for (std::size_t i = 0; i < 200; ++i)
-                values.push_back(some[i % kinds]);
-            auto offsets = values;
-            scale.to_offsets(offsets);
-            for (std::size_t i = 0; i < values.size(); ++i) {
-                const double expected = scale.offset(values[i]);
-                EXPECT_EQ(std::isnan(offsets[i]), std::isnan(expected)) << values[i];
-                if (!std::isnan(expected)) {
-                    EXPECT_NEAR(offsets[i], expected, 0.01) << values[i];
-                }
-            }
-        }
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
 
 namespace tickervantage {
@@ -21,9 +20,6 @@ struct ValueScale {
     // Grows with the value, and is finite for every number; a value that is not a number stays one. On the logarithmic
     // axis values below one plotted unit rest on the zero line, because their logarithm would lead past it.
     [[nodiscard]] double offset(double value) const;
-
-    // The same for many, in their places.
-    void to_offsets(std::span<double> values) const;
 };
 
 // Truncated, and held within the type's limits; 0 for what is not a number.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <span>
 
 namespace tickervantage {
 
@@ -17,6 +18,17 @@ ColumnSpan empty_span(std::int64_t column) {
 void widen(ColumnSpan& span, double y) { // an absent value compares false
     span.low = y < span.low ? y : span.low;
     span.high = y > span.high ? y : span.high;
+}
+
+// Offsets grow with their values: only those of the lowest and the highest one are needed.
+void widen(ColumnSpan& span, std::span<const double> values, const ValueScale& scale) {
+    ColumnSpan extent = empty_span(span.column);
+    for (const double value : values)
+        widen(extent, value);
+    if (extent.low > extent.high)
+        return;
+    widen(span, scale.offset(extent.low));
+    widen(span, scale.offset(extent.high));
 }
 
 // Writes on, over memory that is there.
@@ -50,29 +62,31 @@ void follow(ColumnSpan& span, const Cell& cell, double from, double to, SpanWrit
 } // namespace
 
 DenseStrand::DenseStrand(const TrackingRecords& records, const Strand& strand, TrackingRecords::AllValues& values)
-    : m_strand(strand), m_values(values), m_first(values.front().size()),
-      m_count(strand.cells.back().records.end - strand.cells.front().records.first) {
+    : m_strand(strand), m_values(values), m_first(values.front().size()) {
     records.read(strand.cells.front().records.first, strand.cells.back().records.end, values);
 }
 
-void DenseStrand::find_spans(Series series, const ValueScale& scale, std::vector<ColumnSpan>& spans) {
-    const auto offsets = std::span(m_values[static_cast<std::size_t>(series)]).subspan(m_first, m_count);
-    scale.to_offsets(offsets);
-    const double* at = offsets.data();
+void DenseStrand::find_spans(Series series, const ValueScale& scale, std::vector<ColumnSpan>& spans) const {
+    const double* at = m_values[static_cast<std::size_t>(series)].data() + m_first;
     double last = std::numeric_limits<double>::quiet_NaN(); // of the cell before
     ColumnSpan span = empty_span(m_strand.cells.front().column);
     spans.resize(static_cast<std::size_t>(m_strand.cells.back().column - span.column) + m_strand.cells.size() + 1);
     SpanWriter writer(spans.data());
     for (const Cell& cell : m_strand.cells) {
-        if (std::isnan(last) || std::isnan(*at)) {
+        const auto values = std::span(at, cell.records.end - cell.records.first);
+        const double first = scale.offset(values.front());
+        if (std::isnan(last) || std::isnan(first)) {
             writer.add(span);
             span = empty_span(cell.column);
         } else {
-            follow(span, cell, last, *at, writer);
+            follow(span, cell, last, first, writer);
         }
-        for (const double* const end = at + (cell.records.end - cell.records.first); at != end; ++at)
-            widen(span, *at);
-        last = at[-1];
+        last = values.size() == 1 ? first : scale.offset(values.back());
+        widen(span, first);
+        widen(span, last);
+        if (values.size() > 2)
+            widen(span, values.subspan(1, values.size() - 2), scale);
+        at += values.size();
     }
     writer.add(span);
     spans.resize(static_cast<std::size_t>(writer.end() - spans.data()));

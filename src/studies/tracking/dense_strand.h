@@ -19,15 +19,14 @@ public:
     // The strand is dense. Its values are appended to those of others; both outlive this.
     DenseStrand(const TrackingRecords& records, const Strand& strand, TrackingRecords::AllValues& values);
 
-    // Once for each series: the values are used up. `spans` holds nothing else afterwards. Columns without a present
-    // one are left out. Heights in points from the zero line.
-    void find_spans(Series series, const ValueScale& scale, std::vector<ColumnSpan>& spans);
+    // `spans` holds nothing else afterwards. Columns without a present value are left out. Heights in points from the
+    // zero line.
+    void find_spans(Series series, const ValueScale& scale, std::vector<ColumnSpan>& spans) const;
 
 private:
     const Strand& m_strand;
-    TrackingRecords::AllValues& m_values;
+    const TrackingRecords::AllValues& m_values;
     std::size_t m_first; // of the strand's values
-    std::size_t m_count;
 };
 
 } // namespace tickervantage

@@ -69,7 +69,7 @@ void SeriesPainter::draw_strand(const Strand& strand) {
     lift();
 }
 
-void SeriesPainter::draw_dense_strand(DenseStrand& strand) {
+void SeriesPainter::draw_dense_strand(const DenseStrand& strand) {
     strand.find_spans(m_series, m_scale, m_spans);
     const double zero_line = m_axis.origin.y;
     const double lowest = m_sight.y - zero_line;

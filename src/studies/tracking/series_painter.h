@@ -32,7 +32,7 @@ private:
     };
 
     void draw_strand(const Strand& strand);
-    void draw_dense_strand(DenseStrand& strand);
+    void draw_dense_strand(const DenseStrand& strand);
     void draw_step_back(std::size_t later);
     void fill_columns_only();
 

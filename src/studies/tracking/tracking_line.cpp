@@ -1,14 +1,38 @@
 #include "studies/tracking/tracking_line.h"
 
+#include "base/number_text.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <chrono>
+#include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 
 namespace tickervantage {
 namespace {
+
+constexpr int largest_power = 22; // of ten, that a double holds exactly
+
+// digits × 10^power, for at most 15 digits and a power within the largest: it is rounded once, and so is the same
+// double as reading the number's text.
+double scaled(bool negative, std::int64_t digits, int power) {
+    constexpr std::array<double, largest_power + 1> powers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                           1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                           1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    const auto whole = static_cast<double>(digits);
+    const double number =
+        power < 0 ? whole / powers[static_cast<std::size_t>(-power)] : whole * powers[static_cast<std::size_t>(power)];
+    return std::copysign(number, negative ? -1.0 : 1.0); // offsets change their sign at random: no branches
+}
+
+double read_log_number(std::string_view text) {
+    if (text.starts_with('+'))
+        text.remove_prefix(1);
+    return number_from_text<double>(text).value_or(std::numeric_limits<double>::quiet_NaN());
+}
 
 constexpr std::size_t column_count = 13;
 using Columns = std::array<std::string_view, column_count>;
@@ -101,7 +125,7 @@ constexpr std::size_t blanks[] = {0, 3, 14, 25, 36, 38, 41, 52, 63, 74};
 } // namespace layout
 
 // "%10.3e", such as "-1.234e-05": eight of its characters at once.
-bool read_scientific(const char* at, LogNumber& number) {
+bool read_scientific(const char* at, double& number) {
     if constexpr (std::endian::native != std::endian::little)
         return false;
     std::uint64_t text = 0;
@@ -126,14 +150,14 @@ bool read_scientific(const char* at, LogNumber& number) {
     };
     const int exponent = place(7) * 10 + static_cast<int>(last);
     const int power = (sign == 0 ? -exponent : exponent) - 3;
-    if (std::abs(power) > LARGEST_POWER)
+    if (std::abs(power) > largest_power)
         return false;
-    number = log_number(at[0] == '-', place(0) * 1000 + place(2) * 100 + place(3) * 10 + place(4), power);
+    number = scaled(at[0] == '-', place(0) * 1000 + place(2) * 100 + place(3) * 10 + place(4), power);
     return true;
 }
 
 // "%10.3f", such as "   -12.345"
-bool read_fixed(const char* at, LogNumber& number) {
+bool read_fixed(const char* at, double& number) {
     unsigned digits = digit(at[7]) * 100 + digit(at[8]) * 10 + digit(at[9]);
     bool fits = at[6] == '.' && digit(at[5]) <= 9 && digit(at[7]) <= 9 && digit(at[8]) <= 9 && digit(at[9]) <= 9;
     int place = 5;
@@ -143,7 +167,7 @@ bool read_fixed(const char* at, LogNumber& number) {
     for (place -= negative ? 1 : 0; place >= 0; --place)
         fits &= at[place] == ' ';
     if (fits)
-        number = log_number(negative, digits, -3);
+        number = scaled(negative, digits, -3);
     return fits;
 }
 
@@ -174,7 +198,7 @@ bool read_layout(std::string_view line, TrackingLine& read) {
         fits &= at[blank] == ' ';
     if (!fits || is_white(at[layout::el]))
         return false;
-    LogNumber rootdelay; // only for the columns to be where they should
+    double rootdelay = 0; // only for the columns to be where they should
     read.timestamp = *timestamp;
     read.address = line.substr(layout::address, address_end - layout::address);
     read.el = line.substr(start + layout::el, 1);

@@ -5,27 +5,26 @@
 // the right. Pure functions, any thread. Source: chrony.conf(5), directive log, option tracking.
 #pragma once
 
-#include "studies/tracking/log_number.h"
-
 #include <cstdint>
 #include <optional>
 #include <string_view>
 
 namespace tickervantage {
 
-// The texts point into the line. Numbers in the log's own units: ppm for frequency and skew, otherwise seconds.
+// The texts point into the line. Numbers in the log's own units: ppm for frequency and skew, otherwise seconds;
+// NaN where they are absent: neither a number nor one that a double holds.
 struct TrackingLine {
     std::int64_t timestamp = 0; // seconds since 1970-01-01 00:00:00 UTC
     std::string_view address;
     std::string_view stratum;
     std::string_view el;
     std::string_view co;
-    LogNumber frequency;
-    LogNumber skew;
-    LogNumber offset;
-    LogNumber offset_sd;
-    LogNumber rem_cor;
-    LogNumber rootdispersion;
+    double frequency = 0;
+    double skew = 0;
+    double offset = 0;
+    double offset_sd = 0;
+    double rem_cor = 0;
+    double rootdispersion = 0;
 };
 
 inline constexpr std::size_t largest_log_name = 255; // bytes of a column that is text: as long as a host's name can be

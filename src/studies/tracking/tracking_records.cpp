@@ -1,5 +1,6 @@
 #include "studies/tracking/tracking_records.h"
 
+#include "base/number_text.h"
 #include "studies/tracking/tracking_line.h"
 
 #include <algorithm>
@@ -61,13 +62,8 @@ std::optional<double> present(double value) {
     return value == value ? std::optional(value) : std::nullopt;
 }
 
-std::optional<int> whole_number(std::string_view text) {
-    int number = 0;
-    return read_whole_number(text, number) ? std::optional(number) : std::nullopt;
-}
-
 bool is_zero(std::string_view text) {
-    return whole_number(text) == 0;
+    return number_from_text<int>(text) == 0;
 }
 
 std::string_view next_word(std::string_view& text) {
@@ -103,8 +99,7 @@ struct TrackingRecords::Block {
 struct TrackingRecords::Piece {
     std::array<LogTime, RECORDS_PER_PIECE> times;
     std::array<std::uint32_t, RECORDS_PER_PIECE> sources;
-    std::array<std::array<PackedNumber, RECORDS_PER_PIECE>, column_count> numbers;
-    std::vector<double> other_numbers;
+    std::array<std::array<double, RECORDS_PER_PIECE>, column_count> numbers;
     std::array<Block, blocks_per_piece> blocks;
     std::array<Extent, series_count> extents; // these two: of the full blocks
     LogTime earliest = std::numeric_limits<LogTime>::max();
@@ -112,10 +107,10 @@ struct TrackingRecords::Piece {
     void put(std::size_t at, const TrackingLine& line, std::uint32_t source) {
         times[at] = line.timestamp;
         sources[at] = source;
-        const std::array<const LogNumber*, column_count> read{&line.frequency, &line.skew,    &line.offset,
-                                                              &line.offset_sd, &line.rem_cor, &line.rootdispersion};
+        const std::array<double, column_count> read{line.frequency, line.skew,    line.offset,
+                                                    line.offset_sd, line.rem_cor, line.rootdispersion};
         for (std::size_t column = 0; column < column_count; ++column)
-            numbers[column][at] = PackedNumber(*read[column], other_numbers);
+            numbers[column][at] = read[column];
     }
 
     void widen(std::size_t at, const std::array<double, series_count>& values) {
@@ -172,18 +167,15 @@ TrackingRecords::Added TrackingRecords::add_line(std::string_view text, std::opt
         block.before = m_rolling;
     const bool lost = m_sources[source].is_lost;
     block.sources_lost |= std::uint64_t{lost} << (at % block_size);
-    const auto averages = m_rolling.add(line.offset.value, line.rem_cor.value, lost);
-    piece.widen(at,
-                {line.offset.value, averages.mean_offset, averages.rms_offset, line.offset_sd.value, line.rem_cor.value,
-                 averages.mean_rem_cor, averages.rms_rem_cor, line.rootdispersion.value, line.frequency.value / ppm});
+    const auto averages = m_rolling.add(line.offset, line.rem_cor, lost);
+    piece.widen(at, {line.offset, averages.mean_offset, averages.rms_offset, line.offset_sd, line.rem_cor,
+                     averages.mean_rem_cor, averages.rms_rem_cor, line.rootdispersion, line.frequency / ppm});
     ++m_size;
     return Added::record;
 }
 
 TrackingRecords::Piece& TrackingRecords::piece_for_next() {
     if (m_size == m_pieces.size() * RECORDS_PER_PIECE) {
-        if (!m_pieces.empty())
-            m_pieces.back()->other_numbers.shrink_to_fit();
         m_pieces.push_back(std::make_unique<Piece>());
     }
     return *m_pieces.back();
@@ -209,7 +201,7 @@ LogTime TrackingRecords::time(std::size_t index) const {
 
 double TrackingRecords::logged_value(Series series, std::size_t index) const {
     const Piece& piece = *m_pieces[index / RECORDS_PER_PIECE];
-    const double value = piece.numbers[column_of(series)][index % RECORDS_PER_PIECE].value(piece.other_numbers);
+    const double value = piece.numbers[column_of(series)][index % RECORDS_PER_PIECE];
     return series == Series::frequency ? value / ppm : value;
 }
 
@@ -243,7 +235,7 @@ void TrackingRecords::read(std::size_t first, std::size_t end, AllValues& values
         if (at % block_size == 0)
             rolling = block.before;
         const auto number = [&](Column column) {
-            return piece.numbers[column][at].value(piece.other_numbers);
+            return piece.numbers[column][at];
         };
         const double offset = number(column_offset);
         const double rem_cor = number(column_rem_cor);
@@ -275,11 +267,11 @@ tracking TrackingRecords::record(std::size_t index) const {
     tracking record;
     record.timestamp = piece.times[at];
     record.address = next_word(source);
-    record.stratum = whole_number(next_word(source));
+    record.stratum = number_from_text<int>(next_word(source));
     record.el = next_word(source);
-    record.co = whole_number(next_word(source));
+    record.co = number_from_text<int>(next_word(source));
     record.frequency = present(logged_value(Series::frequency, index));
-    record.skew = present(piece.numbers[column_skew][at].value(piece.other_numbers));
+    record.skew = present(piece.numbers[column_skew][at]);
     record.offset = present(logged_value(Series::offset, index));
     record.offset_sd = present(logged_value(Series::offset_sd, index));
     record.rem_cor = present(logged_value(Series::rem_cor, index));
@@ -341,7 +333,7 @@ std::optional<std::size_t> TrackingRecords::newest_before(LogTime time) const {
 std::size_t TrackingRecords::memory() const {
     std::size_t bytes = sizeof *this + sizeof *m_averages + m_pieces.capacity() * sizeof m_pieces.front();
     for (const auto& piece : m_pieces)
-        bytes += sizeof *piece + piece->other_numbers.capacity() * sizeof(double);
+        bytes += sizeof *piece;
     // A node holds the text, its number, its hash and a link to the next.
     constexpr std::size_t node = sizeof(std::pair<const std::string, std::uint32_t>) + 2 * sizeof(void*);
     bytes += m_source_numbers.bucket_count() * sizeof(void*) + m_sources.capacity() * sizeof m_sources.front();

@@ -1,8 +1,8 @@
 // The records of a chrony tracking log, with rolling statistics, kept so that a log of years fits into memory and can
 // be drawn without touching every record.
 //
-// Records are kept in columns, in pieces of RECORDS_PER_PIECE, so that memory grows evenly: about 40 bytes a record.
-// Numbers are packed without loss, texts are kept once, and the rolling statistics are kept for every 64th record and
+// Records are kept in columns, in pieces of RECORDS_PER_PIECE, so that memory grows evenly: about 64 bytes a record.
+// Texts are kept once, and the rolling statistics are kept for every 64th record and
 // computed again from there when they are asked for; asked for in the order of the log, or backwards, each costs a few
 // nanoseconds. An absent number is a quiet NaN here and an empty optional in a `tracking` record. Records stand in the
 // order of the log, which is not always the order of time: a clock that is stepped back makes later records carry
