@@ -73,6 +73,8 @@ TV_FAILURE(no_json_at, TV_TEXT("failures", "There is no JSON at byte %1."))
 TV_FAILURE(is_no_scatter_map, TV_TEXT("failures", "It is no object of sensors."))
 TV_FAILURE(scatter_entry_unfit, TV_TEXT("failures", "The entry \"%1\" is not as it should be."))
 TV_FAILURE(cannot_be_taken_in, TV_TEXT("failures", "It cannot be taken in: %c."))
+TV_FAILURE(no_rich_text, TV_TEXT("failures", "it is not in the Rich Text Format"))
+TV_FAILURE(ends_in_the_middle, TV_TEXT("failures", "it ends in the middle"))
 
 // the client of the root helper, and its jobs
 TV_FAILURE(nothing_done, TV_TEXT("failures", "Nothing was done.")) // for want of the rights: that was told

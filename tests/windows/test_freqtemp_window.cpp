@@ -1,5 +1,6 @@
 #include "gui/freqtemp/freqtemp_plot.h"
 #include "gui/freqtemp/freqtemp_window.h"
+#include "gui/freqtemp/rtf_html.h"
 #include "gui/freqtemp/sensor_inspector.h"
 #include "gui/freqtemp/sensor_table.h"
 #include "qt/picture_file.h"
@@ -371,6 +372,32 @@ TEST_F(FreqTempWindowTest, EquationIsShownOrItsFailureToldOnStandardOutput) {
     fakes.files.texts[EQUATION] = "{\\rtf1 f < {\\i T\\super 2}}";
     open_inspector();
     EXPECT_TRUE(equation().contains(QStringLiteral("f &lt; <i>T</i><sup><i>2</i></sup>"))) << equation().toStdString();
+}
+
+TEST(RtfHtml, HasTheParagraphsAndStylesOfTheRichText) {
+    const auto bodies = [](const std::string& rtf) {
+        auto html = html_of_rtf(rtf);
+        if (!html)
+            return english(html.error());
+        return html->replace(QStringLiteral("<p style=\"margin-top:2px; margin-bottom:2px\">"), QStringLiteral("["))
+            .replace(QStringLiteral("</p>"), QStringLiteral("]"))
+            .toStdString();
+    };
+    for (const auto& [rtf, expected] : {
+             std::pair{R"({\rtf1\ansi one\par two})", "[one][two]"},
+             {R"({\rtf1{\fonttbl{\f0 Arial;}}{\*\generator X;}{\info{\title T\par}}\f0 shown\par})", "[shown]"},
+             {R"({\rtf1 a{\b b{\i c}d}e\b f\b0 g\b\i\plain h})", "[a<b>b</b><i><b>c</b></i><b>d</b>e<b>f</b>gh]"},
+             {R"({\rtf1 T\super 2\nosupersub  x{\sub i}\par\par y})", "[T<sup>2</sup> x<sub>i</sub>][][y]"},
+             {R"({\rtf1 \'b0C \{\}\\ <})", "[°C {}\\ &lt;]"},
+             {R"({\rtf1 \u183 ?\u176?C \u-10179 ?\u-8704 ?.})", "[·°C 😀.]"},
+             {R"({\rtf1\uc2 \u955 ab{\uc0\u955 c}\u955\'41\'42d})", "[λλcλd]"},
+             {"{\\rtf1 split\r\n line}", "[split line]"},
+             {"{\\rtf1}", ""},
+             {"", "it is not in the Rich Text Format"},
+             {"{\\rtf1 open", "it ends in the middle"},
+             {"{\\rtf1 \\", "it ends in the middle"},
+         })
+        EXPECT_EQ(bodies(rtf), expected) << rtf;
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "base/broadcast.h"
 #include "base/failure_codes.h"
 #include "base/user_files.h"
+#include "gui/freqtemp/rtf_html.h"
 #include "gui/freqtemp/sensor_table.h"
 #include "qt/text_scale.h"
 #include "studies/freqtemp/inspector_sensor.h"
@@ -24,36 +25,14 @@ namespace {
 
 constexpr const char* LISTENER = "sensorinspector.listener";
 
-QString html_of(const RtfRun& run) {
-    QString text = QString::fromStdString(run.text).toHtmlEscaped();
-    text.replace(QLatin1Char('\n'), QStringLiteral("<br>"));
-    const auto enclose = [&text](const char* tag) {
-        text = QStringLiteral("<%1>%2</%1>").arg(QLatin1String(tag), text);
-    };
-    if (run.style.bold)
-        enclose("b");
-    if (run.style.italic)
-        enclose("i");
-    if (run.style.script != RtfScript::normal)
-        enclose(run.style.script == RtfScript::superscript ? "sup" : "sub");
-    return text;
-}
-
-// The equation as read on the queue.
-struct Equation {
-    bool exists = false;
-    std::vector<RtfParagraph> text;
-    std::string failure; // empty: none
-};
-
-Equation read_equation(UserFiles& files, const std::string& path) {
-    Equation equation;
+// On the queue; empty when there is no such file.
+Result<QString> read_equation(UserFiles& files, const std::string& path) {
     const FileReading file = files.read(path, LARGEST_RTF);
+    if (file.outcome == FileReading::Outcome::missing)
+        return QString();
     if (file.outcome == FileReading::Outcome::read)
-        equation.exists = read_rtf(file.bytes, equation.text, equation.failure) == 0;
-    else if (file.outcome != FileReading::Outcome::missing)
-        equation.failure = english(failed(FailureCode::cannot_read, {path}, file.reason).value());
-    return equation;
+        return html_of_rtf(file.bytes);
+    return failed(FailureCode::cannot_read, {path}, file.reason);
 }
 
 } // namespace
@@ -143,23 +122,12 @@ void SensorInspector::windowDidLoad() {
 void SensorInspector::load_equation() {
     m_background.start(
         m_parts.queue, [&files = m_parts.files, path = m_parts.equation] { return read_equation(files, path); },
-        [this](const Equation& equation) {
-            if (!equation.failure.empty())
-                std::cout << "Got an error " << equation.failure << std::endl;
-            if (equation.exists)
-                show_equation(equation.text);
+        [this](const Result<QString>& equation) {
+            if (!equation)
+                std::cout << "Got an error " << english(equation.error()) << std::endl;
+            else if (!equation->isEmpty())
+                m_equation->setText(*equation);
         });
-}
-
-void SensorInspector::show_equation(const std::vector<RtfParagraph>& text) {
-    QString html;
-    for (const auto& paragraph : text) {
-        html += QStringLiteral("<p style=\"margin-top:2px; margin-bottom:2px\">");
-        for (const auto& run : paragraph)
-            html += html_of(run);
-        html += QStringLiteral("</p>");
-    }
-    m_equation->setText(html);
 }
 
 void SensorInspector::rows_changed() {

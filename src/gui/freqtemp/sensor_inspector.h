@@ -5,7 +5,6 @@
 #pragma once
 
 #include "base/background.h"
-#include "studies/freqtemp/rtf_text.h"
 
 #include <QMainWindow>
 
@@ -50,7 +49,6 @@ protected:
 private:
     void build();
     void build_table();
-    void show_equation(const std::vector<RtfParagraph>& text);
     void load_equation();
     void rows_changed();
 

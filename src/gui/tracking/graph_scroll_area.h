@@ -27,7 +27,6 @@ public:
     // The frame follows the graph's data and scales. What stands at the point `about` of the viewport (from its left
     // edge) keeps its time; without it the right edge stays.
     void resize_frame();
-    void repaint_graph() { viewport()->update(); }
 
     // Changes a horizontal scale with `change`, keeping the time under the pointer where it is.
     void zoom_about(double viewport_x, const std::function<void()>& change);

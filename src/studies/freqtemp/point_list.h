@@ -60,7 +60,6 @@ public:
     // point.
     void set_unknown(std::map<std::uint64_t, std::string> members);
     [[nodiscard]] const std::string* unknown(std::size_t index) const; // null: none
-    [[nodiscard]] bool has_unknown() const { return m_unknown != nullptr; }
 
 private:
     struct Piece;

@@ -15,8 +15,7 @@ class SensorMenu {
 public:
     // Items by index; 0 is the menu's title.
     static constexpr std::size_t NO_SENSOR = 1;
-    static constexpr std::size_t SEPARATOR = 2;
-    static constexpr std::size_t FIRST_SENSOR = 3;
+    static constexpr std::size_t FIRST_SENSOR = 3; // after a separator
 
     // The marks of sensors with an entry follow its flag; the item for no sensor is checked when none of them is.
     void set_sensors(std::vector<tempSensor> sensors, const ScatterMap& map);
