@@ -1,10 +1,9 @@
 #include "cli/admin_command.h"
 
 #include "base/text_lines.h"
+#include "cli/json_text.h"
 #include "cli/terminal.h"
 #include "roothelper/jobs/sent_steps.h"
-
-#include <nlohmann/json.hpp>
 
 #include <ostream>
 #include <utility>
@@ -12,15 +11,8 @@
 namespace tickervantage {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 Json text_or_null(const std::string& text) {
     return text.empty() ? Json() : Json(text);
-}
-
-// What came back from a command may be any bytes.
-std::string document(const Json& json) {
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
 Json as_json(const RecordedSteps::Step& step) {
@@ -95,7 +87,7 @@ int AdminCommand::dry_run(const AdminRequest& request) const {
         Json series = Json::array();
         for (const auto& step : steps.steps())
             series.push_back(as_json(step));
-        out << document(series);
+        out << json_text(series);
     } else {
         for (const auto& step : steps.steps())
             print(step, out);
@@ -112,10 +104,10 @@ int AdminCommand::carry_out(const AdminRequest& request, PrivilegedActions& acti
     const JobResult result = play(request, setting, machine, steps);
     actions.quit(); // a farewell: what the job left stopped is to stay so
     if (form == OutputForm::json)
-        out << document({{"done", result.outcome.has_value()},
-                         {"sentence", sentence_or_null(result.outcome)},
-                         {"output", text_or_null(result.output)},
-                         {"replies", steps.replies()}});
+        out << json_text({{"done", result.outcome.has_value()},
+                          {"sentence", sentence_or_null(result.outcome)},
+                          {"output", text_or_null(result.output)},
+                          {"replies", steps.replies()}});
     if (form == OutputForm::text && result.outcome && request.job == AdminJob::install)
         out << "chrony is installed; it runs once you start it: tickerctl admin start\n";
     return tell(result.outcome, err);

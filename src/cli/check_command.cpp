@@ -1,21 +1,18 @@
 #include "cli/check_command.h"
 
+#include "cli/json_text.h"
 #include "cli/terminal.h"
-
-#include <nlohmann/json.hpp>
 
 #include <ostream>
 
 namespace tickervantage {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 void print_json(const ConfigError& error, const std::vector<ConfigurationWarning>& warnings, std::ostream& out) {
     Json document{{"isok", error.m_isok}, {"msg", error.m_msg}, {"line", error.m_line}, {"warnings", Json::array()}};
     for (const auto& warning : warnings)
         document["warnings"].push_back({{"line", warning.line}, {"sentence", warning.sentence}});
-    out << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    out << json_text(document);
 }
 
 std::string words_of(const ConfigError& error) {

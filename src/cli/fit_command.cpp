@@ -2,12 +2,12 @@
 
 #include "base/failure_codes.h"
 #include "base/user_files.h"
+#include "cli/json_text.h"
 #include "cli/terminal.h"
 #include "studies/freqtemp/scatter_csv.h"
 #include "studies/freqtemp/scatter_json.h"
 
 #include <fmt/format.h>
-#include <nlohmann/json.hpp>
 
 #include <filesystem>
 #include <ostream>
@@ -15,8 +15,6 @@
 
 namespace tickervantage {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr std::size_t LARGEST_FILE = std::size_t{4} << 30U;
 
@@ -69,7 +67,7 @@ void print_fits(const ScatterMap& map, int order, OutputForm form, std::ostream&
         Json document = Json::object();
         for (const auto& [name, entry] : map)
             document[name] = json_of(*entry.quadRegression);
-        out << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+        out << json_text(document);
         return;
     }
     for (const auto& [name, entry] : map) {

@@ -1,10 +1,9 @@
 #include "cli/follow_command.h"
 
 #include "chrony/log/logreader.h"
+#include "cli/json_text.h"
 #include "cli/terminal.h"
 #include "linux/serial_queue.h"
-
-#include <nlohmann/json.hpp>
 
 #include <atomic>
 #include <ostream>
@@ -23,9 +22,8 @@ private:
 };
 
 void print(std::string_view line, bool last, FollowForm form, std::ostream& out) {
-    using Json = nlohmann::ordered_json;
     if (form == FollowForm::json)
-        out << Json{{"line", line}, {"last", last}}.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n';
+        out << json_text(Json{{"line", line}, {"last", last}}, -1);
     else
         out << line << '\n';
     if (last)

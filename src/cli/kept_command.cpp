@@ -1,22 +1,13 @@
 #include "cli/kept_command.h"
 
 #include "base/text_difference.h"
+#include "cli/json_text.h"
 
 #include <fmt/format.h>
-#include <nlohmann/json.hpp>
 
 #include <ostream>
 
 namespace tickervantage {
-namespace {
-
-using Json = nlohmann::ordered_json;
-
-std::string document(const Json& json) {
-    return json.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
-}
-
-} // namespace
 
 void KeptCommand::list() const {
     Json array = Json::array();
@@ -32,7 +23,7 @@ void KeptCommand::list() const {
                                is_installed ? " (in use)" : "");
     }
     if (form == OutputForm::json)
-        out << document(array);
+        out << json_text(array);
     else if (kept.empty())
         out << "No configuration has been kept yet.\n";
 }
@@ -47,7 +38,7 @@ void KeptCommand::difference(const KeptConfiguration& one) const {
     for (const auto& line : lines)
         if (line.sign != '@')
             array.push_back(line.sign + line.text);
-    out << document(array);
+    out << json_text(array);
 }
 
 } // namespace tickervantage

@@ -1,10 +1,10 @@
 #include "cli/log_command.h"
 
 #include "base/local_clock.h"
+#include "cli/json_text.h"
 #include "cli/terminal.h"
 
 #include <fmt/format.h>
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <cmath>
@@ -15,8 +15,6 @@
 
 namespace tickervantage {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr std::array<std::string_view, series_count> series_names{"offset",      "mean_offset",    "rms_offset",
                                                                   "offset_sd",   "rem_cor",        "mean_rem_cor",
@@ -43,10 +41,6 @@ Json json_of(const tracking& record) {
             {"mean_offset", json_of(record.mean_offset)},
             {"mean_rem_cor", json_of(record.mean_rem_cor)},
             {"rms_rem_cor", json_of(record.rms_rem_cor)}};
-}
-
-std::string compact(const Json& document, int indent = -1) {
-    return document.dump(indent, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
 // A text of the log as one field of CSV.
@@ -171,7 +165,7 @@ int print_log(const TrackingRecords& records, LogForm form, std::ostream& out) {
     for (std::size_t index = 0; index < records.size() && out; ++index) {
         const Json record = json_of(records.record(index));
         if (form == LogForm::json)
-            out << compact(record);
+            out << json_text(record, -1);
         else
             print_row(record, form, out);
     }
@@ -181,7 +175,7 @@ int print_log(const TrackingRecords& records, LogForm form, std::ostream& out) {
 int print_log_summary(const TrackingRecords& records, LogForm form, std::ostream& out) {
     const Json document = summary(records);
     if (form == LogForm::json)
-        out << compact(document, 2);
+        out << json_text(document);
     else
         print_summary_table(document, form, out);
     return records.empty() ? answer_is_no : 0;

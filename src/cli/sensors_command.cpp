@@ -1,15 +1,13 @@
 #include "cli/sensors_command.h"
 
+#include "cli/json_text.h"
 #include <fmt/format.h>
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <ostream>
 
 namespace tickervantage {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 Json json_of(const SensorReading& reading) {
     Json object{{"name", reading.name}, {"description", reading.description}, {"temperature", nullptr}};
@@ -25,7 +23,7 @@ void print_sensors(const std::vector<SensorReading>& readings, OutputForm form, 
         Json document = Json::array();
         for (const auto& reading : readings)
             document.push_back(json_of(reading));
-        out << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+        out << json_text(document);
         return;
     }
     if (readings.empty())

@@ -1,16 +1,13 @@
 #include "cli/servers_command.h"
 
+#include "cli/json_text.h"
 #include "cli/terminal.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <ostream>
 
 namespace tickervantage {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 bool is_valid(const server_data& server) {
     return check_server(server) == ServerProblem::none;
@@ -42,7 +39,7 @@ void print_line(const server_data& server, std::ostream& out) {
 
 int print_servers(const std::vector<server_data>& servers, ServersForm form, std::ostream& out) {
     if (form == ServersForm::json)
-        out << json_of(servers).dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+        out << json_text(json_of(servers));
     else if (form == ServersForm::config)
         out << chrony_lines(servers);
     else

@@ -1,17 +1,15 @@
 #include "cli/status_command.h"
 
+#include "cli/json_text.h"
 #include "cli/terminal.h"
 #include "draw/instruments/clock_performance.h"
 
 #include <fmt/format.h>
-#include <nlohmann/json.hpp>
 
 #include <ostream>
 
 namespace tickervantage {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 Json meter_json(ClockPerformance& meter, meterView view, const MeterInput& input, const std::string& text) {
     return {{"view", name_of(view)},
@@ -72,7 +70,7 @@ int print_status(const std::string& tracking_output, meterView view, StatusForm 
         Json document = report_json(status, report);
         document["meter"] = meter_json(meter, view, input, text);
         const int indent = form == StatusForm::json ? 2 : -1;
-        out << document.dump(indent, ' ', false, Json::error_handler_t::replace) << '\n';
+        out << json_text(document, indent);
     }
     out.flush();
     return status == chronydStatus::synchronised ? 0 : 1;
