@@ -118,7 +118,8 @@ public:
     // fill_rects, but quicker on a layer whose columns are pixels.
     virtual void fill_columns(Point origin, double column_width, std::span<const ColumnSpan> spans, const Ink& ink);
 
-    // The closed shape with these corners, filled, its edges smooth. Not on a layer.
+    // The closed shape with these corners, filled, its edges smooth; on a layer those that are not upright. Edges do
+    // not cross.
     virtual void fill_polygon(std::span<const Point> corners, const Ink& ink) = 0;
 
     // Polylines, boxes, and upright and level lines between the two may be put on the canvas together, at the end:

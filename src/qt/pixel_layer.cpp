@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 namespace tickervantage {
@@ -157,6 +158,28 @@ void PixelLayer::add_columns(Point origin, double column_width, std::span<const 
     for (const ColumnSpan& span : spans)
         add_box({origin.x + static_cast<double>(span.column) * column_width, origin.y + span.low, column_width,
                  span.high - span.low});
+}
+
+// A box in each column of pixels from where the column's middle enters the shape to where it leaves it.
+void PixelLayer::add_polygon(std::span<const Point> corners) {
+    std::vector<std::pair<int, double>> crossings; // column, height
+    const auto column = [this](double at) {
+        return static_cast<int>(std::clamp(at, 0.0, static_cast<double>(m_pixels.width())) + 0.5);
+    };
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        auto from = corners[i];
+        auto to = corners[(i + 1) % corners.size()];
+        if (from.x > to.x)
+            std::swap(from, to);
+        const double rise = (y(to.y) - y(from.y)) / (x(to.x) - x(from.x));
+        const int end = column(x(to.x));
+        for (int at = column(x(from.x)); at < end; ++at)
+            crossings.emplace_back(at, y(from.y) + (at + 0.5 - x(from.x)) * rise);
+    }
+    std::ranges::sort(crossings);
+    for (std::size_t i = 0; i + 1 < crossings.size(); i += 2)
+        m_coverage.add_box({static_cast<double>(crossings[i].first), crossings[i].second, 1,
+                            crossings[i + 1].second - crossings[i].second});
 }
 
 // Straight onto the pixels: a grid has as many dashes as a graph has columns.

@@ -35,6 +35,8 @@ public:
     // An upright box a column wide for each span, as Canvas::fill_columns has it.
     void add_columns(Point origin, double column_width, std::span<const ColumnSpan> spans);
 
+    void add_polygon(std::span<const Point> corners); // its edges do not cross
+
     // Upright and level lines as whole pixels, dashed from their starts on.
     void add_straight_lines(std::span<const Path::Element> lines, const QColor& color, double width,
                             std::span<const double> dash);

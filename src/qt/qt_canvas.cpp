@@ -232,6 +232,11 @@ void QtCanvas::fill_columns(Point origin, double column_width, std::span<const C
 }
 
 void QtCanvas::fill_polygon(std::span<const Point> corners, const Ink& ink) {
+    if (m_memory.layer.is_open()) {
+        m_memory.layer.use(color_of(ink));
+        m_memory.layer.add_polygon(corners);
+        return;
+    }
     const SavedPainter saved(m_painter);
     std::vector<QPointF> flipped;
     flipped.reserve(corners.size());

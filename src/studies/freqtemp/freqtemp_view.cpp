@@ -1,6 +1,5 @@
 #include "studies/freqtemp/freqtemp_view.h"
 
-#include "draw/canvas_pixels.h"
 #include "draw/clipping.h"
 #include "draw/graph_geometry.h"
 #include "studies/freqtemp/freqtemp_axes.h"
@@ -199,12 +198,7 @@ void FreqTempView::draw(Canvas& canvas, Rect visible) const {
     draw_freqtemp_axes(canvas, plot, scale);
     if (scale.area.width <= 0 || scale.area.height <= 0)
         return;
-    if (const auto pixels = canvas.begin_pixels(scale.area)) {
-        draw_entries(canvas, *shapes_on_pixels(*pixels, scale), scale);
-        canvas.end_pixels();
-    } else {
-        draw_entries(canvas, *shapes_on_canvas(canvas, scale), scale);
-    }
+    draw_entries(canvas, scale);
     draw_emphasis(canvas, scale);
 }
 
@@ -228,20 +222,22 @@ void FreqTempView::for_each_shown(const std::function<void(const std::string&, c
             tell(name, entry.color.color());
 }
 
-void FreqTempView::draw_entries(const Canvas& canvas, PlotShapes& shapes, const FreqTempScale& scale) const {
+void FreqTempView::draw_entries(Canvas& canvas, const FreqTempScale& scale) const {
+    PlotShapes shapes(canvas, scale);
     for (const auto& [name, entry] : m_scatter) {
         if (!is_shown(entry))
             continue;
         EntryPainter painter(shapes, scale, entry, canvas.readable(entry.color.color()));
         if (m_show_scatter_points)
             painter.points();
+        canvas.begin_layer(scale.area);
         if (has_drawn_fit(entry))
             painter.fit(m_show_freq_bounds);
         if (m_show_mean_frequency && m_max_temp != m_min_temp)
             painter.means();
         if (m_show_last_record)
             painter.newest();
-        shapes.end_entry();
+        canvas.end_layer();
     }
 }
 

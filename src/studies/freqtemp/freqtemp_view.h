@@ -13,7 +13,6 @@
 
 namespace tickervantage {
 
-class PlotShapes;
 struct FreqTempScale;
 
 // What lies under a position.
@@ -74,7 +73,7 @@ public:
 
 private:
     void draw_emphasis(Canvas& canvas, const FreqTempScale& scale) const;
-    void draw_entries(const Canvas& canvas, PlotShapes& shapes, const FreqTempScale& scale) const;
+    void draw_entries(Canvas& canvas, const FreqTempScale& scale) const;
 
     ScatterMap m_scatter;
     double m_min_temp = 0; // whole degrees
