@@ -16,7 +16,7 @@ std::string_view words_before_cause(FailureCode code) {
 tl::unexpected<Failure> because(FailureCode code, const Failure& answer) {
     if (answer.code == code)
         return tl::unexpected(answer);
-    if (answer.code != FailureCode::others_words)
+    if (answer.code != FailureCode::others_words || answer.arguments.empty())
         return failed(code, {}, answer);
     const auto lines = non_empty_lines(answer.arguments.front());
     if (lines.empty())
