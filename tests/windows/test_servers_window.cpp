@@ -68,6 +68,7 @@ struct ServersWindowTest : testing::WindowTest<ServersWindow> {
     QString inserted;
 
     void open(const char* text) {
+        general.config = "/etc/chrony/chrony.conf";
         if (text)
             list->set(text);
         window = std::make_unique<ServersWindow>(
