@@ -33,7 +33,7 @@ struct ServersWindowParts {
     std::shared_ptr<SharedText> list;
     DispatchQueueSerial& queue;
     MainThread& main_thread;
-    const PreferencesGeneral& general; // which name the installed chrony.conf
+    const PreferencesGeneral& general;                                     // which name the installed chrony.conf
     std::function<Result<std::string>(const std::string& path)> read_text; // on the queue
     Logger& logger;
 };
