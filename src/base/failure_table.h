@@ -59,6 +59,28 @@ TV_FAILURE(cannot_open_document, TV_TEXT("failures", "%1 cannot be opened."))
 TV_FAILURE(document_is_no_utf8, TV_TEXT("failures", "It is no text in UTF-8."))
 TV_FAILURE(line_has_zero, TV_TEXT("failures", "Line %1 holds a zero byte, which no configuration may."))
 TV_FAILURE(text_cannot_be_written, TV_TEXT("failures", "The text holds a character that cannot be written (error %1)."))
+TV_FAILURE(chronyd_too_slow,
+           TV_TEXT("failures", "chronyd did not end in time, so the syntax is not known to be right."))
+TV_FAILURE(chronyd_not_run, TV_TEXT("failures", "chronyd could not be run."))
+TV_FAILURE(no_chronyd_to_check,
+           TV_TEXT("failures", "chronyd was not found on this machine, so the syntax was not checked."))
+TV_FAILURE(directive_without_effect, TV_TEXT("failures", "%1 is no longer supported and has no effect."))
+TV_FAILURE(directive_out_of_place,
+           TV_TEXT("failures", "%1 has no effect in a file of a sourcedir, which holds server, pool and peer only."))
+TV_FAILURE(named_user_missing, TV_TEXT("failures", "%1: there is no user %2, so chronyd would not start."))
+TV_FAILURE(named_driver_missing,
+           TV_TEXT("failures",
+                   "%1: there is no driver %2 (PPS, SHM, SOCK and PHC there are), so chronyd would not start."))
+TV_FAILURE(polls_too_often,
+           TV_TEXT("failures", "%1: minpoll %2 asks %3 too often; outside the local network 6, a request every 64 "
+                               "seconds, is the least."))
+TV_FAILURE(named_path_missing, TV_TEXT("failures", "%1: %2 does not exist."))
+TV_FAILURE(named_path_no_file, TV_TEXT("failures", "%1: %2 is no file."))
+TV_FAILURE(named_path_no_device, TV_TEXT("failures", "%1: %2 is no device."))
+TV_FAILURE(named_path_no_folder, TV_TEXT("failures", "%1: %2 is no folder."))
+TV_FAILURE(daemon_cannot_read, TV_TEXT("failures", "%1: the user %2, as whom chronyd runs, cannot read %3."))
+TV_FAILURE(daemon_cannot_write,
+           TV_TEXT("failures", "%1: the user %2, as whom chronyd runs, cannot write in the folder %3."))
 
 // the list of servers
 

@@ -34,7 +34,7 @@ void read_for_warnings(const std::string& text) {
     const HashedPaths probes;
     const auto lines = static_cast<std::size_t>(std::ranges::count(text, '\n')) + 1;
     for (const auto& warning : configuration_warnings(text, probes))
-        require(warning.line >= 1 && warning.line <= lines && !warning.sentence.empty());
+        require(warning.line >= 1 && warning.line <= lines && !english(warning.what).empty());
 }
 
 void read_as_document(const std::string& text) {

@@ -87,7 +87,8 @@ struct ChronyJobsTest : ::testing::Test {
         machine.checked = [](const std::string& text) {
             auto error =
                 parse_check_answer(text.starts_with("bad") ? "1 Fatal error : Invalid at line 1 in file x" : "");
-            error.m_doubt = text.starts_with("doubtful") ? "No chronyd may read it." : "";
+            if (text.starts_with("doubtful"))
+                error.m_doubt = said_by_others("No chronyd may read it.");
             return error;
         };
         machine.survives = [this] {

@@ -16,6 +16,10 @@
 namespace tickervantage {
 namespace {
 
+std::string words_of(const std::optional<Failure>& doubt) {
+    return doubt ? english(*doubt) : "";
+}
+
 struct RealChronyd : ::testing::Test {
     testing::PrivateHome home;
     PosixExecute execute;
@@ -58,15 +62,15 @@ TEST_F(RealChronyd, ErrorsAreFoundInTheLineWhereTheyAre) {
         EXPECT_EQ(error.m_msg, row.message.empty() ? "" : "Fatal error : " + row.message) << row.text;
         EXPECT_EQ(error.m_line, row.line) << row.text;
         EXPECT_EQ(error.m_file.empty(), row.text.find(included) == std::string::npos) << row.text;
-        EXPECT_EQ(error.m_doubt.empty(), row.text.find("/nope") == std::string::npos) << error.m_doubt;
+        EXPECT_EQ(!error.m_doubt, row.text.find("/nope") == std::string::npos) << words_of(error.m_doubt);
         const bool is_doubtful = row.text.starts_with("refclock FOO") || row.text.find("/nope") != std::string::npos;
         EXPECT_EQ(warnings.empty(), !is_doubtful) << row.text;
         std::string text = row.text.substr(0, 28);
         std::ranges::replace(text, '\n', '/');
         std::printf("| %-28s | %-56s | %-4lld | %s%s\n", text.c_str(), error.m_msg.c_str(), error.m_line,
-                    error.m_file.c_str(), error.m_doubt.c_str());
+                    error.m_file.c_str(), words_of(error.m_doubt).c_str());
         for (const auto& warning : warnings)
-            std::printf("| %-28s | %-56s | %-4zu | %s\n", "", "warning", warning.line, warning.sentence.c_str());
+            std::printf("| %-28s | %-56s | %-4zu | %s\n", "", "warning", warning.line, english(warning.what).c_str());
     }
     EXPECT_FALSE(std::filesystem::exists(home.path("check_chrony.conf")));
 }
@@ -101,7 +105,7 @@ TEST_F(RealChronyd, AHangingChronydIsADoubt) {
     };
     const ConfigError error = checkSyntax(parts, "x\n");
     EXPECT_TRUE(error.m_isok);
-    EXPECT_EQ(error.m_doubt, "chronyd did not end in time, so the syntax is not known to be right.");
+    EXPECT_EQ(words_of(error.m_doubt), "chronyd did not end in time, so the syntax is not known to be right.");
 }
 
 TEST(PathFactsOfThisMachine, SeeWhatAUserMayDo) {

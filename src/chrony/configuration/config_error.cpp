@@ -1,5 +1,6 @@
 #include "chrony/configuration/config_error.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
 
 #include <unistd.h>
@@ -38,19 +39,19 @@ std::string complaint_in(std::string_view answer) {
 
 // An exit status other than 0 without words that the scanner knows: the daemon would not start with this text, although
 // the scanner finds no error. A file that cannot be included is the usual case.
-std::string doubt_about(const ExecuteResult& result) {
+std::optional<Failure> doubt_about(const ExecuteResult& result) {
     switch (result.outcome) {
     case ExecuteOutcome::exited:
         break;
     case ExecuteOutcome::timed_out:
-        return "chronyd did not end in time, so the syntax is not known to be right.";
+        return Failure{.code = FailureCode::chronyd_too_slow};
     default:
-        return result.sentence.empty() ? "chronyd could not be run." : result.sentence;
+        return result.sentence.empty() ? Failure{.code = FailureCode::chronyd_not_run}
+                                       : said_by_others(result.sentence);
     }
     if (result.exit_status == 0)
-        return {};
-    const std::string complaint = complaint_in(result.output);
-    return "chronyd refuses this configuration" + (complaint.empty() ? "." : ": " + complaint + ".");
+        return std::nullopt;
+    return failed(FailureCode::configuration_refused, {}, said_by_others(complaint_in(result.output))).value();
 }
 
 bool cannot_read(const ExecuteResult& result, const std::string& file) {
@@ -99,7 +100,7 @@ ConfigError checkSyntax(const SyntaxCheckParts& parts, std::string_view text) {
     ConfigError error;
     error.m_isok = false;
     if (const auto written = parts.replace_file(file, text); !written) {
-        error.m_doubt = english(written.error());
+        error.m_doubt = written.error();
         return error;
     }
     const auto chronyds = parts.chronyds();

@@ -6,9 +6,11 @@
 #pragma once
 
 #include "base/execute.h"
+#include "base/failure.h"
 #include "base/user_files.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,13 +19,13 @@ namespace tickervantage {
 
 struct ConfigError {
     bool m_isok = true;
-    std::string m_msg;        // the error, from "Fatal error : " on; empty: none
-    long long m_line = 0;     // counted from 1; 0: unknown
-    std::string m_file = {};  // an included file that m_line counts in; empty: the text itself
-    std::string m_doubt = {}; // why m_isok says less than it seems to, one sentence; empty: it does not
+    std::string m_msg;                   // the error, from "Fatal error : " on; empty: none
+    long long m_line = 0;                // counted from 1; 0: unknown
+    std::string m_file = {};             // an included file that m_line counts in; empty: the text itself
+    std::optional<Failure> m_doubt = {}; // why m_isok says less than it seems to; none: it does not
 
     // What may be installed: no error was found, and nothing casts doubt on that.
-    [[nodiscard]] bool passed() const { return m_isok && m_doubt.empty(); }
+    [[nodiscard]] bool passed() const { return m_isok && !m_doubt; }
 };
 
 // The message and line in chronyd's answer. No such words, or an answer that begins with them: message "", line 0. The

@@ -1,5 +1,6 @@
 #include "chrony/configuration/configuration_warnings.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
 #include "chrony/configuration/directives.h"
 #include "chrony/configuration/local_host.h"
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -73,6 +75,12 @@ std::string folder_above(const std::string& path) {
     return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
 }
 
+FailureCode is_not(Kind kind) {
+    return kind == Kind::file     ? FailureCode::named_path_no_file
+           : kind == Kind::device ? FailureCode::named_path_no_device
+                                  : FailureCode::named_path_no_folder;
+}
+
 class Collector {
 public:
     Collector(std::string_view text, const PathProbes& probes) : m_probes(probes), m_user(user_in(text)) {
@@ -108,7 +116,7 @@ private:
 
     void check(const Directive& directive, const std::vector<std::string_view>& arguments) {
         if (directive.state == DirectiveState::ignored)
-            warnings.push_back({m_line, std::string(m_directive) + " is no longer supported and has no effect."});
+            warn(FailureCode::directive_without_effect);
         for (const auto& rule : rules)
             if (rule.directive == directive.name)
                 apply(rule, arguments);
@@ -124,7 +132,7 @@ private:
         else if (directive.name == "leapsectz" && !arguments.empty())
             check_path("/usr/share/zoneinfo/" + std::string(arguments[0]), Need::read_by_root);
         else if (directive.name == "user" && !arguments.empty() && !m_probes.user_exists(std::string(arguments[0])))
-            warn("there is no user " + std::string(arguments[0]) + ", so chronyd would not start.");
+            warn(FailureCode::named_user_missing, {std::string(arguments[0])});
         else if (directive.name == "tempcomp" && arguments.size() == 3)
             check_path(absolute(arguments[2]), Need::read_by_user);
     }
@@ -141,8 +149,7 @@ private:
                 continue;
             const auto minpoll = poll_in(arguments[i + 1]);
             if (minpoll && asks_too_often(arguments[0], *minpoll))
-                warn("minpoll " + std::to_string(*minpoll) + " asks " + std::string(arguments[0]) +
-                     " too often; outside the local network 6, a request every 64 seconds, is the least.");
+                warn(FailureCode::polls_too_often, {std::to_string(*minpoll), std::string(arguments[0])});
         }
     }
 
@@ -153,29 +160,28 @@ private:
         else if (driver == "SOCK")
             check_path(path, Need::folder_above_of_root);
         else if (driver != "SHM")
-            warn("there is no driver " + std::string(driver) +
-                 " (PPS, SHM, SOCK and PHC there are), so chronyd would not start.");
+            warn(FailureCode::named_driver_missing, {std::string(driver)});
     }
 
     void check_path(const std::string& path, Need need) {
         switch (need) {
         case Need::file_or_pattern:
             if (path.find_first_of("*?[") == std::string::npos)
-                expect(path, root, Kind::file, " is no file.");
+                expect(path, root, Kind::file);
             return;
         case Need::read_by_root:
-            return expect(path, root, Kind::file, " is no file.");
+            return expect(path, root, Kind::file);
         case Need::read_by_user:
-            return expect(path, m_user, Kind::file, " is no file.");
+            return expect(path, m_user, Kind::file);
         case Need::file_or_folder:
-            return expect(path, m_user, Kind::unknown, "");
+            return expect(path, m_user, Kind::unknown);
         case Need::device:
-            return expect(path, root, Kind::device, " is no device.");
+            return expect(path, root, Kind::device);
         case Need::folder:
-            return expect(path, root, Kind::folder, " is no folder.");
+            return expect(path, root, Kind::folder);
         case Need::folder_if_there:
             if (m_probes.look(path, std::string(root)).kind != Kind::missing)
-                expect(path, root, Kind::folder, " is no folder.");
+                expect(path, root, Kind::folder);
             return;
         case Need::made_folder:
             return expect_made_folder(path);
@@ -186,34 +192,37 @@ private:
         }
     }
 
-    void expect(const std::string& path, std::string_view user, Kind kind, std::string_view otherwise) {
+    void expect(const std::string& path, std::string_view user, Kind kind) {
         const PathFacts facts = m_probes.look(path, std::string(user));
         if (facts.kind == Kind::unknown)
             return;
         if (facts.kind == Kind::missing)
-            warn(path + " does not exist.");
+            warn(FailureCode::named_path_missing, {path});
         else if (kind != Kind::unknown && facts.kind != kind)
-            warn(path + std::string(otherwise));
+            warn(is_not(kind), {path});
         else if (!facts.readable)
-            warn("the user " + std::string(user) + ", as whom chronyd runs, cannot read " + path + ".");
+            warn(FailureCode::daemon_cannot_read, {std::string(user), path});
     }
 
     void expect_made_folder(const std::string& path) {
         const PathFacts facts = m_probes.look(path, m_user);
         if (facts.kind == Kind::missing)
-            return expect(folder_above(path), root, Kind::folder, " is no folder.");
+            return expect(folder_above(path), root, Kind::folder);
         expect_writable(path, m_user);
     }
 
     void expect_writable(const std::string& folder, std::string_view user) {
-        expect(folder, root, Kind::folder, " is no folder.");
+        expect(folder, root, Kind::folder);
         const PathFacts facts = m_probes.look(folder, std::string(user));
         if (facts.kind == Kind::folder && !facts.writable)
-            warn("the user " + std::string(user) + ", as whom chronyd runs, cannot write in the folder " + folder +
-                 ".");
+            warn(FailureCode::daemon_cannot_write, {std::string(user), folder});
     }
 
-    void warn(const std::string& what) { warnings.push_back({m_line, std::string(m_directive) + ": " + what}); }
+    // The directive is the first argument of each of these.
+    void warn(FailureCode code, std::vector<std::string> arguments = {}) {
+        arguments.emplace(arguments.begin(), m_directive);
+        warnings.push_back({m_line, Failure{.code = code, .arguments = std::move(arguments)}});
+    }
 
     const PathProbes& m_probes;
     std::string m_user;

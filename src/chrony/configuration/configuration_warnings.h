@@ -6,10 +6,10 @@
 // Source: chrony.conf(5) of chrony 4.3.
 #pragma once
 
+#include "base/failure.h"
 #include "base/path_probes.h"
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -17,7 +17,7 @@ namespace tickervantage {
 
 struct ConfigurationWarning {
     std::size_t line = 0; // counted from 1; 0: the text as a whole
-    std::string sentence;
+    Failure what;
 };
 
 inline constexpr std::size_t most_warnings = 200; // a text full of errors is not worth more

@@ -1,5 +1,6 @@
 #include "chrony/configuration/included_files.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
 #include "chrony/configuration/directives.h"
 
@@ -104,8 +105,8 @@ std::vector<ConfigurationWarning> source_file_warnings(std::string_view text) {
         const auto name = name_in(text.substr(start, end - start));
         ++number;
         if (!name.empty() && name != "server" && name != "pool" && name != "peer")
-            warnings.push_back({number, std::string(name) + " has no effect in a file of a sourcedir, which holds "
-                                                            "server, pool and peer only."});
+            warnings.push_back(
+                {number, {.code = FailureCode::directive_out_of_place, .arguments = {std::string(name)}}});
         start = end + 1;
     }
     return warnings;

@@ -50,7 +50,7 @@ void ConfigEditor::check() {
         ConfigurationCheck check;
         const auto bytes = encoded(text);
         if (!bytes) {
-            check.error = {.m_isok = false, .m_msg = {}, .m_doubt = english(bytes.error())};
+            check.error = {.m_isok = false, .m_msg = {}, .m_doubt = bytes.error()};
             return check;
         }
         check = check_configuration(parts, *bytes);

@@ -1,7 +1,7 @@
 #include "gui/editor/config_sheets.h"
 
 #include "gui/common/words.h"
-#include "qt/spoken.h"
+#include "qt/in_words.h"
 
 #include <QCoreApplication>
 #include <QMessageBox>
@@ -66,7 +66,7 @@ void ask(QMessageBox* box, const std::vector<std::pair<QPushButton*, Choice>>& b
 } // namespace
 
 QString words_of(const ConfigurationWarning& warning) {
-    const QString sentence = spoken(warning.sentence);
+    const QString sentence = in_words(warning.what);
     //: warning of the configuration editor: %1 a line number, %2 a sentence
     return warning.line == 0 ? sentence : Texts::tr("Line %1: %2").arg(warning.line).arg(sentence);
 }
@@ -82,8 +82,8 @@ void show_syntax_ok(QWidget* window, const std::vector<ConfigurationWarning>& wa
 
 void show_syntax_error(QWidget* window, const ConfigError& error) {
     QString text = from_std(error.m_msg);
-    if (!error.m_doubt.empty())
-        text = spoken(error.m_doubt);
+    if (error.m_doubt)
+        text = in_words(*error.m_doubt);
     if (!error.m_file.empty())
         //: syntax sheet: the error lies in another file; %1 its path
         text += QLatin1Char('\n') + Texts::tr("The line is one of the file %1.").arg(from_std(error.m_file));
@@ -95,7 +95,7 @@ void show_syntax_error(QWidget* window, const ConfigError& error) {
 void show_doubt(QWidget* window, const ConfigError& error) {
     //: syntax sheet: message, when chronyd found no error in a line but refuses the file
     const QString message = Texts::tr("Chrony configuration file could not be checked");
-    show_with_dismiss(sheet(window, "syntax_doubt", QMessageBox::Warning, message, spoken(error.m_doubt)));
+    show_with_dismiss(sheet(window, "syntax_doubt", QMessageBox::Warning, message, in_words(*error.m_doubt)));
 }
 
 void show_failure(QWidget* window, const QString& what, const QString& sentence) {

@@ -36,8 +36,9 @@ bool is_same_file(const std::string& one, const std::string& other) {
 } // namespace
 
 Failure not_accepted(const ConfigError& error) {
-    return error.m_isok ? because(FailureCode::configuration_not_checked, said_by_others(error.m_doubt)).value()
-                        : because(FailureCode::configuration_refused, said_by_others(error.m_msg)).value();
+    if (!error.m_isok)
+        return error.m_doubt.value_or(because(FailureCode::configuration_refused, said_by_others(error.m_msg)).value());
+    return failed(FailureCode::configuration_not_checked, {}, *error.m_doubt).value();
 }
 
 std::string complaint_in(const std::string& report) {
