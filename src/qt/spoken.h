@@ -1,5 +1,5 @@
-// What the logic says, in the language of the windows. The logic speaks English and knows no languages, since the same
-// sentences go to logs and to the command line; a window shows spoken(sentence) in place of the sentence.
+// What running a program and reading a log say, in the language of the windows: these two still hand out English
+// sentences, which a window shows as spoken(sentence). Everything else that fails is a Failure (in_words.h).
 //
 // A sentence is found again by its fixed words, and what stands between them (a path, a number, another sentence) is
 // put into the translation; another sentence in there is translated too. A value that holds the words which follow it
