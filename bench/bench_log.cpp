@@ -48,11 +48,9 @@ void print(const Result& result) {
 Result load(const std::string& name) {
     PosixFollowedFiles files;
     TrackingRecords records;
-    std::string sentence;
     const auto start = Clock::now();
-    if (read_log(
-            files, name, [&](std::string_view line) { records.add_line(line); }, sentence) != 0)
-        std::fprintf(stderr, "%s\n", sentence.c_str());
+    if (const auto read = read_log(files, name, [&](std::string_view line) { records.add_line(line); }); !read)
+        std::fprintf(stderr, "%s\n", english(read.error()).c_str());
     return {.seconds = seconds_since(start), .records = records.size(), .bytes = records.memory()};
 }
 

@@ -101,7 +101,6 @@ chrony ist ein eigenes Programm unter der GNU General Public License, Version 2.
     </message>
     <message>
         <source>chronywake answered: %1</source>
-        <extracomment>alert after a run of chronywake: %1 is what it answered</extracomment>
         <translation>chronywake hat geantwortet: %1</translation>
     </message>
     <message>
@@ -684,6 +683,7 @@ unsaved changes: button</extracomment>
     </message>
     <message>
         <source>None</source>
+        <extracomment>menu of recent files, when there are none</extracomment>
         <translation>Keine</translation>
     </message>
     <message>
@@ -1087,6 +1087,886 @@ unsaved changes: button</extracomment>
     <message>
         <source>User that the daemon runs as once it has started</source>
         <translation>Benutzer, unter dem der Daemon nach dem Start läuft</translation>
+    </message>
+</context>
+<context>
+    <name>failures</name>
+    <message>
+        <source></source>
+        <comment>What the program says of its work, in alerts and in status lines. %1 to %9 stand for paths, numbers and the words of chrony or of the system; %c stands for another of these sentences, without its full stop; where there is none, &quot;: %c&quot; goes with it. Sentences that begin in lower case follow a colon.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>Cannot read %1: %c.</source>
+        <translation>%1 kann nicht gelesen werden: %c.</translation>
+    </message>
+    <message>
+        <source>Cannot write %1: %c.</source>
+        <translation>%1 kann nicht geschrieben werden: %c.</translation>
+    </message>
+    <message>
+        <source>Cannot rename %1: %c.</source>
+        <translation>%1 kann nicht umbenannt werden: %c.</translation>
+    </message>
+    <message>
+        <source>Cannot lock %1: %c.</source>
+        <translation>%1 kann nicht gesperrt werden: %c.</translation>
+    </message>
+    <message>
+        <source>Cannot make the folder %1: %c.</source>
+        <translation>Der Ordner %1 kann nicht angelegt werden: %c.</translation>
+    </message>
+    <message>
+        <source>Cannot flush the folder of %1: %c.</source>
+        <translation>Der Ordner von %1 kann nicht auf die Platte geschrieben werden: %c.</translation>
+    </message>
+    <message>
+        <source>Cannot make a folder in %1: %c.</source>
+        <translation>In %1 kann kein Ordner angelegt werden: %c.</translation>
+    </message>
+    <message>
+        <source>Cannot remove %1: %c.</source>
+        <translation>%1 kann nicht entfernt werden: %c.</translation>
+    </message>
+    <message>
+        <source>There is no file &quot;%1&quot;.</source>
+        <translation>Es gibt keine Datei „%1“.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %c.</source>
+        <translation>%1 kann nicht gelesen werden: %c.</translation>
+    </message>
+    <message>
+        <source>There is no folder to keep it in.</source>
+        <translation>Es gibt keinen Ordner, in dem es aufbewahrt werden könnte.</translation>
+    </message>
+    <message>
+        <source>it is no text in UTF-8</source>
+        <translation>es ist kein Text in UTF-8</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>it is damaged</source>
+        <translation>sie ist beschädigt</translation>
+    </message>
+    <message>
+        <source>it cannot be read again</source>
+        <translation>die Datei kann nicht noch einmal gelesen werden</translation>
+    </message>
+    <message>
+        <source>its end is missing</source>
+        <translation>das Ende fehlt</translation>
+    </message>
+    <message>
+        <source>it is not an ordinary file</source>
+        <translation>es ist keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>it is larger than %1 bytes</source>
+        <translation>die Datei ist größer als %1 Bytes</translation>
+    </message>
+    <message>
+        <source>%1 cannot be started: %c.</source>
+        <translation>%1 kann nicht gestartet werden: %c.</translation>
+    </message>
+    <message>
+        <source>%1 did not end within %2 s and was ended.</source>
+        <translation>%1 endete nicht innerhalb von %2 s und wurde beendet.</translation>
+    </message>
+    <message>
+        <source>%1 printed more than %2 KiB and was ended; the rest is missing.</source>
+        <translation>%1 gab mehr als %2 KiB aus und wurde beendet; der Rest fehlt.</translation>
+    </message>
+    <message>
+        <source>%1 was ended by signal %2 (%3).</source>
+        <translation>%1 wurde durch Signal %2 (%3) beendet.</translation>
+    </message>
+    <message>
+        <source>%1 was ended because the program closes.</source>
+        <translation>%1 wurde beendet, weil das Programm schließt.</translation>
+    </message>
+    <message>
+        <source>only the first %1 lines are shown.</source>
+        <translation>Nur die ersten %1 Zeilen werden gezeigt.</translation>
+    </message>
+    <message>
+        <source>The settings file %1 is damaged (%c).</source>
+        <translation>Die Einstellungsdatei %1 ist beschädigt (%c).</translation>
+    </message>
+    <message>
+        <source>%c. It is kept as %1.</source>
+        <translation>%c. Sie ist als %1 aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>The settings file %1 is damaged.</source>
+        <translation>Die Einstellungsdatei %1 ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The settings file %1 cannot be read (%c).</source>
+        <translation>Die Einstellungsdatei %1 kann nicht gelesen werden (%c).</translation>
+    </message>
+    <message>
+        <source>%c. The defaults are used.</source>
+        <translation>%c. Es gelten die Voreinstellungen.</translation>
+    </message>
+    <message>
+        <source>it has lines that are no settings</source>
+        <translation>sie hat Zeilen, die keine Einstellungen sind</translation>
+    </message>
+    <message>
+        <source>there is no room for a temporary file</source>
+        <translation>es ist kein Platz für eine temporäre Datei</translation>
+    </message>
+    <message>
+        <source>a value does not read back</source>
+        <translation>ein Wert lässt sich nicht zurücklesen</translation>
+    </message>
+    <message>
+        <source>The settings could not be saved in time.</source>
+        <translation>Die Einstellungen konnten nicht rechtzeitig gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened.</source>
+        <translation>%1 kann nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>It is no text in UTF-8.</source>
+        <translation>Es ist kein Text in UTF-8.</translation>
+    </message>
+    <message>
+        <source>Line %1 holds a zero byte, which no configuration may.</source>
+        <translation>Zeile %1 enthält ein Nullbyte, das in keiner Konfiguration stehen darf.</translation>
+    </message>
+    <message>
+        <source>The text holds a character that cannot be written (error %1).</source>
+        <translation>Der Text enthält ein Zeichen, das nicht geschrieben werden kann (Fehler %1).</translation>
+    </message>
+    <message>
+        <source>chronyd did not end in time, so the syntax is not known to be right.</source>
+        <translation>chronyd wurde nicht rechtzeitig fertig; ob die Syntax stimmt, ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>chronyd could not be run.</source>
+        <translation>chronyd konnte nicht ausgeführt werden.</translation>
+    </message>
+    <message>
+        <source>chronyd was not found on this machine, so the syntax was not checked.</source>
+        <translation>chronyd wurde auf diesem Rechner nicht gefunden; die Syntax wurde nicht geprüft.</translation>
+    </message>
+    <message>
+        <source>%1 is no longer supported and has no effect.</source>
+        <translation>%1 wird nicht mehr unterstützt und hat keine Wirkung.</translation>
+    </message>
+    <message>
+        <source>%1 has no effect in a file of a sourcedir, which holds server, pool and peer only.</source>
+        <translation>%1 hat in einer Datei eines sourcedir keine Wirkung; dort stehen nur server, pool und peer.</translation>
+    </message>
+    <message>
+        <source>%1: there is no user %2, so chronyd would not start.</source>
+        <translation>%1: Es gibt keinen Benutzer %2; chronyd würde nicht starten.</translation>
+    </message>
+    <message>
+        <source>%1: there is no driver %2 (PPS, SHM, SOCK and PHC there are), so chronyd would not start.</source>
+        <translation>%1: Es gibt keinen Treiber %2 (es gibt PPS, SHM, SOCK und PHC); chronyd würde nicht starten.</translation>
+    </message>
+    <message>
+        <source>%1: minpoll %2 asks %3 too often; outside the local network 6, a request every 64 seconds, is the least.</source>
+        <translation>%1: minpoll %2 fragt %3 zu oft; außerhalb des lokalen Netzes ist 6 das Mindeste, eine Anfrage alle 64 Sekunden.</translation>
+    </message>
+    <message>
+        <source>%1: %2 does not exist.</source>
+        <translation>%1: %2 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no file.</source>
+        <translation>%1: %2 ist keine Datei.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no device.</source>
+        <translation>%1: %2 ist keine Gerätedatei.</translation>
+    </message>
+    <message>
+        <source>%1: %2 is no folder.</source>
+        <translation>%1: %2 ist kein Ordner.</translation>
+    </message>
+    <message>
+        <source>%1: the user %2, as whom chronyd runs, cannot read %3.</source>
+        <translation>%1: Der Benutzer %2, unter dem chronyd läuft, kann %3 nicht lesen.</translation>
+    </message>
+    <message>
+        <source>%1: the user %2, as whom chronyd runs, cannot write in the folder %3.</source>
+        <translation>%1: Der Benutzer %2, unter dem chronyd läuft, kann im Ordner %3 nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>The picture %1 could not be written: %c.</source>
+        <translation>Das Bild %1 konnte nicht geschrieben werden: %c.</translation>
+    </message>
+    <message>
+        <source>The picture %1 must end in .png or .svg.</source>
+        <translation>Der Name des Bildes %1 muss auf .png oder .svg enden.</translation>
+    </message>
+    <message>
+        <source>A picture must be from 1 to %1 pixels wide and high.</source>
+        <translation>Ein Bild muss 1 bis %1 Pixel breit und hoch sein.</translation>
+    </message>
+    <message>
+        <source>The picture %1 could not be drawn.</source>
+        <translation>Das Bild %1 konnte nicht gezeichnet werden.</translation>
+    </message>
+    <message>
+        <source>There is no point in %1: a line has temperature,frequency.</source>
+        <translation>In %1 ist kein Punkt: eine Zeile hat temperature,frequency.</translation>
+    </message>
+    <message>
+        <source>%1 is no scatter map.</source>
+        <translation>%1 ist keine Punktwolke.</translation>
+    </message>
+    <message>
+        <source>There is no JSON at byte %1.</source>
+        <translation>Bei Byte %1 steht kein JSON.</translation>
+    </message>
+    <message>
+        <source>It is no object of sensors.</source>
+        <translation>Sie ist kein Objekt aus Sensoren.</translation>
+    </message>
+    <message>
+        <source>The entry &quot;%1&quot; is not as it should be.</source>
+        <translation>Der Eintrag „%1“ ist nicht, wie er sein soll.</translation>
+    </message>
+    <message>
+        <source>It cannot be taken in: %c.</source>
+        <translation>Sie kann nicht aufgenommen werden: %c.</translation>
+    </message>
+    <message>
+        <source>it is not in the Rich Text Format</source>
+        <translation>sie liegt nicht im Rich-Text-Format vor</translation>
+    </message>
+    <message>
+        <source>it ends in the middle</source>
+        <translation>sie endet mittendrin</translation>
+    </message>
+    <message>
+        <source>Nothing was done.</source>
+        <translation>Es wurde nichts getan.</translation>
+    </message>
+    <message>
+        <source>Another administrative job is under way.</source>
+        <translation>Eine andere Verwaltungsaufgabe läuft noch.</translation>
+    </message>
+    <message>
+        <source>There is no such job.</source>
+        <translation>Eine solche Aufgabe gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The files to be installed cannot be written to %1.</source>
+        <translation>Die zu installierenden Dateien können nicht nach %1 geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The preferences point to the distribution&apos;s chrony, which is installed already.</source>
+        <translation>Die Einstellungen verweisen auf das chrony der Distribution, das schon installiert ist.</translation>
+    </message>
+    <message>
+        <source>The preferences point to the distribution&apos;s chrony, which its package manager removes.</source>
+        <translation>Die Einstellungen verweisen auf das chrony der Distribution, das deren Paketverwaltung entfernt.</translation>
+    </message>
+    <message>
+        <source>The logs of the distribution&apos;s chrony are rotated by the distribution.</source>
+        <translation>Die Protokolle des chrony der Distribution rotiert die Distribution selbst.</translation>
+    </message>
+    <message>
+        <source>%1 was not installed.</source>
+        <translation>%1 wurde nicht installiert.</translation>
+    </message>
+    <message>
+        <source>There is no chronywake in the folders of programs.</source>
+        <translation>In den Programmordnern gibt es kein chronywake.</translation>
+    </message>
+    <message>
+        <source>The configuration names no folder of logs.</source>
+        <translation>Die Konfiguration nennt keinen Ordner für Protokolle.</translation>
+    </message>
+    <message>
+        <source>There is no service of a GPS daemon on this machine.</source>
+        <translation>Auf diesem Rechner gibt es keinen Dienst eines GPS-Daemons.</translation>
+    </message>
+    <message>
+        <source>There is no configuration to be installed: %1 cannot be read.</source>
+        <translation>Es gibt keine Konfiguration zu installieren: %1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>A server has a name or an address, without quotes or signs.</source>
+        <translation>Ein Server hat einen Namen oder eine Adresse, ohne Anführungs- oder Sonderzeichen.</translation>
+    </message>
+    <message>
+        <source>Nothing was changed: %1 reads %2, while the preferences name %3 as the configuration.</source>
+        <translation>Nichts wurde geändert: %1 liest %2, während die Einstellungen %3 als Konfiguration nennen.</translation>
+    </message>
+    <message>
+        <source>chronyd refuses this configuration: %c.</source>
+        <translation>chronyd lehnt diese Konfiguration ab: %c.</translation>
+    </message>
+    <message>
+        <source>This configuration could not be checked and is not installed: %c.</source>
+        <translation>Diese Konfiguration konnte nicht geprüft werden und ist nicht installiert: %c.</translation>
+    </message>
+    <message>
+        <source>The configuration was not installed: %c.</source>
+        <translation>Die Konfiguration wurde nicht installiert: %c.</translation>
+    </message>
+    <message>
+        <source>The configuration is installed, but chronyd was not started: %c.</source>
+        <translation>Die Konfiguration ist installiert, aber chronyd wurde nicht gestartet: %c.</translation>
+    </message>
+    <message>
+        <source>chronyd ended soon after it was started with this configuration.</source>
+        <translation>chronyd endete bald nach dem Start mit dieser Konfiguration.</translation>
+    </message>
+    <message>
+        <source>chronyd ended soon after it was started with this configuration: %1.</source>
+        <translation>chronyd endete bald nach dem Start mit dieser Konfiguration: %1.</translation>
+    </message>
+    <message>
+        <source>There was no configuration before it that could be put back: chronyd does not run.</source>
+        <translation>Vorher gab es keine Konfiguration, die zurückgestellt werden könnte: chronyd läuft nicht.</translation>
+    </message>
+    <message>
+        <source>The former configuration did not come back: %c.</source>
+        <translation>Die frühere Konfiguration kam nicht zurück: %c.</translation>
+    </message>
+    <message>
+        <source>The former configuration is back, but chronyd does not run with it either: %c.</source>
+        <translation>Die frühere Konfiguration ist wieder da, aber auch mit ihr läuft chronyd nicht: %c.</translation>
+    </message>
+    <message>
+        <source>The former configuration is back, and chronyd runs with it again.</source>
+        <translation>Die frühere Konfiguration ist wieder da, und chronyd läuft wieder mit ihr.</translation>
+    </message>
+    <message>
+        <source>chrony was not installed: %c.</source>
+        <translation>chrony wurde nicht installiert: %c.</translation>
+    </message>
+    <message>
+        <source>chrony was not removed as a whole: %c.</source>
+        <translation>chrony wurde nicht vollständig entfernt: %c.</translation>
+    </message>
+    <message>
+        <source>The older installation was not removed as a whole: %c.</source>
+        <translation>Die ältere Installation wurde nicht vollständig entfernt: %c.</translation>
+    </message>
+    <message>
+        <source>chronyd was not started: %c.</source>
+        <translation>chronyd wurde nicht gestartet: %c.</translation>
+    </message>
+    <message>
+        <source>chronyd was not stopped: %c.</source>
+        <translation>chronyd wurde nicht angehalten: %c.</translation>
+    </message>
+    <message>
+        <source>chronyd still treats the clock as before: %c.</source>
+        <translation>chronyd behandelt die Uhr weiter wie bisher: %c.</translation>
+    </message>
+    <message>
+        <source>chronywake was not installed: %c.</source>
+        <translation>chronywake wurde nicht installiert: %c.</translation>
+    </message>
+    <message>
+        <source>chronywake was not removed: %c.</source>
+        <translation>chronywake wurde nicht entfernt: %c.</translation>
+    </message>
+    <message>
+        <source>chronywake did not correct the clock: %c.</source>
+        <translation>chronywake hat die Uhr nicht korrigiert: %c.</translation>
+    </message>
+    <message>
+        <source>The logs were not rotated: %c.</source>
+        <translation>Die Protokolle wurden nicht rotiert: %c.</translation>
+    </message>
+    <message>
+        <source>The tracking log was not made readable: %c.</source>
+        <translation>Das Tracking-Protokoll wurde nicht lesbar gemacht: %c.</translation>
+    </message>
+    <message>
+        <source>The GPS daemon was not restarted: %c.</source>
+        <translation>Der GPS-Daemon wurde nicht neu gestartet: %c.</translation>
+    </message>
+    <message>
+        <source>The clock was not stepped: %c.</source>
+        <translation>Die Uhr wurde nicht gestellt: %c.</translation>
+    </message>
+    <message>
+        <source>The clock was not synchronised.</source>
+        <translation>Die Uhr wurde nicht synchronisiert.</translation>
+    </message>
+    <message>
+        <source>The processes could not be listed: %c.</source>
+        <translation>Die Prozesse konnten nicht aufgelistet werden: %c.</translation>
+    </message>
+    <message>
+        <source>The root helper cannot be reached: %c.</source>
+        <translation>Der Root-Helfer ist nicht erreichbar: %c.</translation>
+    </message>
+    <message>
+        <source>the system bus does not answer</source>
+        <translation>der Systembus antwortet nicht</translation>
+    </message>
+    <message>
+        <source>The root helper was not installed: %c.</source>
+        <translation>Der Root-Helfer wurde nicht installiert: %c.</translation>
+    </message>
+    <message>
+        <source>The root helper is of another version: start this program again, or install its package again.</source>
+        <translation>Der Root-Helfer hat eine andere Version: Starten Sie dieses Programm neu, oder installieren Sie sein Paket noch einmal.</translation>
+    </message>
+    <message>
+        <source>The root helper is missing: install the package of this program again.</source>
+        <translation>Der Root-Helfer fehlt: Installieren Sie das Paket dieses Programms noch einmal.</translation>
+    </message>
+    <message>
+        <source>The root helper gave no authorisation.</source>
+        <translation>Der Root-Helfer hat keine Berechtigung erteilt.</translation>
+    </message>
+    <message>
+        <source>There is no root helper here.</source>
+        <translation>Hier gibt es keinen Root-Helfer.</translation>
+    </message>
+    <message>
+        <source>This needs an administrator&apos;s authorisation.</source>
+        <translation>Dazu muss ein Administrator berechtigen.</translation>
+    </message>
+    <message>
+        <source>The authorisation does not hold for this connection, or holds no longer.</source>
+        <translation>Die Berechtigung gilt nicht für diese Verbindung, oder sie gilt nicht mehr.</translation>
+    </message>
+    <message>
+        <source>The authorisation was not given.</source>
+        <translation>Die Berechtigung wurde nicht erteilt.</translation>
+    </message>
+    <message>
+        <source>The helper cannot find out who asks.</source>
+        <translation>Der Root-Helfer kann nicht herausfinden, wer fragt.</translation>
+    </message>
+    <message>
+        <source>This user was refused too often: it may be asked for again in a minute.</source>
+        <translation>Dieser Benutzer wurde zu oft abgewiesen: In einer Minute kann er wieder fragen.</translation>
+    </message>
+    <message>
+        <source>This user is being asked for a password already.</source>
+        <translation>Dieser Benutzer wird schon nach einem Passwort gefragt.</translation>
+    </message>
+    <message>
+        <source>The authorisation service (polkit) does not answer.</source>
+        <translation>Der Berechtigungsdienst (polkit) antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The message holds no request.</source>
+        <translation>Die Nachricht enthält keine Anfrage.</translation>
+    </message>
+    <message>
+        <source>This command is not one that the helper runs.</source>
+        <translation>Diesen Befehl führt der Root-Helfer nicht aus.</translation>
+    </message>
+    <message>
+        <source>A shell&apos;s line must be one command in single quotes, with its errors joined.</source>
+        <translation>Die Zeile einer Shell muss ein einziger Befehl in einfachen Anführungszeichen sein, mit der Fehlerausgabe dabei.</translation>
+    </message>
+    <message>
+        <source>The words of the command are not divided as they should be.</source>
+        <translation>Die Wörter des Befehls sind nicht so getrennt, wie sie es sein sollen.</translation>
+    </message>
+    <message>
+        <source>The request is too long.</source>
+        <translation>Die Anfrage ist zu lang.</translation>
+    </message>
+    <message>
+        <source>The request holds characters that cannot be printed.</source>
+        <translation>Die Anfrage enthält Zeichen, die sich nicht drucken lassen.</translation>
+    </message>
+    <message>
+        <source>A request is EXECUTE with a command, or QUIT.</source>
+        <translation>Eine Anfrage ist EXECUTE mit einem Befehl, oder QUIT.</translation>
+    </message>
+    <message>
+        <source>The file to be installed must be named by a plain absolute path.</source>
+        <translation>Die zu installierende Datei muss mit einem einfachen absoluten Pfad genannt werden.</translation>
+    </message>
+    <message>
+        <source>Nothing may be installed there.</source>
+        <translation>Dort darf nichts installiert werden.</translation>
+    </message>
+    <message>
+        <source>Installing takes four arguments in quotes.</source>
+        <translation>Zum Installieren gehören vier Argumente in Anführungszeichen.</translation>
+    </message>
+    <message>
+        <source>What is installed there has another owner or mode.</source>
+        <translation>Was dort installiert wird, hat einen anderen Besitzer oder andere Rechte.</translation>
+    </message>
+    <message>
+        <source>Removing takes one path in quotes.</source>
+        <translation>Zum Entfernen gehört ein Pfad in Anführungszeichen.</translation>
+    </message>
+    <message>
+        <source>Nothing may be removed there.</source>
+        <translation>Dort darf nichts entfernt werden.</translation>
+    </message>
+    <message>
+        <source>The helper adds only the users _chrony, chrony and ntp.</source>
+        <translation>Der Root-Helfer legt nur die Benutzer _chrony, chrony und ntp an.</translation>
+    </message>
+    <message>
+        <source>Only a configuration has a former one.</source>
+        <translation>Nur zu einer Konfiguration gibt es eine frühere.</translation>
+    </message>
+    <message>
+        <source>The clock is stepped by a number of seconds other than 0.</source>
+        <translation>Die Uhr wird um eine Zahl von Sekunden gestellt, die nicht 0 ist.</translation>
+    </message>
+    <message>
+        <source>Adjusting the clock is switched on or off.</source>
+        <translation>Das Nachstellen der Uhr wird mit on oder off geschaltet.</translation>
+    </message>
+    <message>
+        <source>This verb takes no arguments.</source>
+        <translation>Dieses Verb hat keine Argumente.</translation>
+    </message>
+    <message>
+        <source>This is not the support tool that the helper was installed with.</source>
+        <translation>Das ist nicht das Hilfsprogramm, mit dem der Root-Helfer installiert wurde.</translation>
+    </message>
+    <message>
+        <source>The support tool needs a verb.</source>
+        <translation>Das Hilfsprogramm braucht ein Verb.</translation>
+    </message>
+    <message>
+        <source>The support tool has no such verb.</source>
+        <translation>Das Hilfsprogramm hat kein solches Verb.</translation>
+    </message>
+    <message>
+        <source>No folder may be made there.</source>
+        <translation>Dort darf kein Ordner angelegt werden.</translation>
+    </message>
+    <message>
+        <source>Logs are rotated by the installed script in chrony&apos;s log folder.</source>
+        <translation>Protokolle rotiert das installierte Skript, und zwar im Protokollordner von chrony.</translation>
+    </message>
+    <message>
+        <source>Only chrony&apos;s tracking log can be made readable.</source>
+        <translation>Nur das Tracking-Protokoll von chrony kann lesbar gemacht werden.</translation>
+    </message>
+    <message>
+        <source>This is no service that the helper manages.</source>
+        <translation>Diesen Dienst verwaltet der Root-Helfer nicht.</translation>
+    </message>
+    <message>
+        <source>This is no report of chronyc that the helper runs.</source>
+        <translation>Diesen Bericht von chronyc ruft der Root-Helfer nicht ab.</translation>
+    </message>
+    <message>
+        <source>A synchronisation takes one server, and 1 to 120 seconds.</source>
+        <translation>Zu einer Synchronisation gehören ein Server und 1 bis 120 Sekunden.</translation>
+    </message>
+    <message>
+        <source>The helper runs a chronyc or chronyd of its own list only.</source>
+        <translation>Der Root-Helfer führt nur chronyc und chronyd aus seiner eigenen Liste aus.</translation>
+    </message>
+    <message>
+        <source>Line %1 of the helper&apos;s rules needs a number of seconds up to 86400.</source>
+        <translation>In Zeile %1 der Regeln des Root-Helfers fehlt eine Zahl von Sekunden bis 86400.</translation>
+    </message>
+    <message>
+        <source>Line %1 of the helper&apos;s rules begins with a word that is none of theirs.</source>
+        <translation>Zeile %1 der Regeln des Root-Helfers beginnt mit einem unbekannten Wort.</translation>
+    </message>
+    <message>
+        <source>Line %1 of the helper&apos;s rules needs an absolute path without &quot;..&quot;.</source>
+        <translation>In Zeile %1 der Regeln des Root-Helfers fehlt ein absoluter Pfad ohne „..“.</translation>
+    </message>
+    <message>
+        <source>The file is not the service definition that belongs at %1.</source>
+        <translation>Die Datei ist nicht die Dienstdefinition, die nach %1 gehört.</translation>
+    </message>
+    <message>
+        <source>The configuration is not a text.</source>
+        <translation>Die Konfiguration ist kein Text.</translation>
+    </message>
+    <message>
+        <source>Line %1 of the configuration is longer than chronyd reads.</source>
+        <translation>Zeile %1 der Konfiguration ist länger, als chronyd liest.</translation>
+    </message>
+    <message>
+        <source>Line %1 of the configuration needs an authorisation of its own, but holds characters that a question cannot show safely.</source>
+        <translation>Zeile %1 der Konfiguration braucht eine eigene Berechtigung, enthält aber Zeichen, die eine Frage nicht sicher zeigen kann.</translation>
+    </message>
+    <message>
+        <source>This configuration has more or longer unusual lines than a question can show.</source>
+        <translation>Diese Konfiguration hat mehr oder längere ungewöhnliche Zeilen, als eine Frage zeigen kann.</translation>
+    </message>
+    <message>
+        <source>chronyd does not accept this configuration: %c.</source>
+        <translation>chronyd nimmt diese Konfiguration nicht an: %c.</translation>
+    </message>
+    <message>
+        <source>chronyd does not accept a file that this configuration includes: %c.</source>
+        <translation>chronyd nimmt eine Datei nicht an, die diese Konfiguration einbindet: %c.</translation>
+    </message>
+    <message>
+        <source>a file that it includes is missing or cannot be read</source>
+        <translation>eine Datei, die sie einbindet, fehlt oder kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>%1 can be changed by others than root, so it is not heeded.</source>
+        <translation>%1 kann nicht nur von root geändert werden und wird darum nicht beachtet.</translation>
+    </message>
+    <message>
+        <source>Too many requests are waiting.</source>
+        <translation>Es warten zu viele Anfragen.</translation>
+    </message>
+    <message>
+        <source>The helper cannot start a process.</source>
+        <translation>Der Root-Helfer kann keinen Prozess starten.</translation>
+    </message>
+    <message>
+        <source>The command was ended by signal %1.</source>
+        <translation>Der Befehl wurde durch Signal %1 beendet.</translation>
+    </message>
+    <message>
+        <source>The command did not end within %1 s.</source>
+        <translation>Der Befehl war nach %1 s nicht zu Ende.</translation>
+    </message>
+    <message>
+        <source>The command printed too much.</source>
+        <translation>Der Befehl hat zu viel ausgegeben.</translation>
+    </message>
+    <message>
+        <source>The command ended with status %1.</source>
+        <translation>Der Befehl endete mit dem Status %1.</translation>
+    </message>
+    <message>
+        <source>What is to be installed is not an ordinary file.</source>
+        <translation>Was installiert werden soll, ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>The file to be installed belongs to somebody else.</source>
+        <translation>Die zu installierende Datei gehört jemand anderem.</translation>
+    </message>
+    <message>
+        <source>The file to be installed has more than one name.</source>
+        <translation>Die zu installierende Datei hat mehr als einen Namen.</translation>
+    </message>
+    <message>
+        <source>The file to be installed is too large.</source>
+        <translation>Die zu installierende Datei ist zu groß.</translation>
+    </message>
+    <message>
+        <source>The file to be installed cannot be opened by its user.</source>
+        <translation>Die zu installierende Datei kann von ihrem Benutzer nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>The file to be installed could not be read in time.</source>
+        <translation>Die zu installierende Datei konnte nicht rechtzeitig gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 is missing.</source>
+        <translation>%1 fehlt.</translation>
+    </message>
+    <message>
+        <source>The program is another one than the helper was installed with: install the helper again.</source>
+        <translation>Das Programm ist ein anderes als das, mit dem der Root-Helfer installiert wurde: Installieren Sie den Root-Helfer noch einmal.</translation>
+    </message>
+    <message>
+        <source>Line %1 of the configuration includes the configuration itself, and chronyd would not start with it.</source>
+        <translation>Zeile %1 der Konfiguration bindet die Konfiguration selbst ein; chronyd würde damit nicht starten.</translation>
+    </message>
+    <message>
+        <source>Line %1 (%2) needs an authorisation of its own.</source>
+        <translation>Zeile %1 (%2) braucht eine eigene Berechtigung.</translation>
+    </message>
+    <message>
+        <source>The helper cannot keep the file to be installed.</source>
+        <translation>Der Root-Helfer kann die zu installierende Datei nicht ablegen.</translation>
+    </message>
+    <message>
+        <source>%1 is missing, or others than root can change it.</source>
+        <translation>%1 fehlt oder kann nicht nur von root geändert werden.</translation>
+    </message>
+    <message>
+        <source>The former configuration has changed meanwhile.</source>
+        <translation>Die frühere Konfiguration hat sich inzwischen geändert.</translation>
+    </message>
+    <message>
+        <source>The root helper belongs to the package tickervantage, which has put it in place: a second one would hide it, and its updates.</source>
+        <translation>Der Root-Helfer gehört zum Paket tickervantage, das ihn eingerichtet hat: Ein zweiter würde ihn und seine Aktualisierungen verdecken.</translation>
+    </message>
+    <message>
+        <source>There is no such verb with so many arguments.</source>
+        <translation>Ein Verb mit so vielen Argumenten gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The first argument of createdirectory stays empty when there are two.</source>
+        <translation>Das erste von zwei Argumenten von createdirectory bleibt leer.</translation>
+    </message>
+    <message>
+        <source>adjustclock takes on or off.</source>
+        <translation>adjustclock braucht on oder off.</translation>
+    </message>
+    <message>
+        <source>%1 is not a path that can be used here.</source>
+        <translation>%1 ist kein Pfad, der hier verwendet werden kann.</translation>
+    </message>
+    <message>
+        <source>Cannot reach %1: %c.</source>
+        <translation>%1 ist nicht erreichbar: %c.</translation>
+    </message>
+    <message>
+        <source>The way to %1 leads through a folder that others can change.</source>
+        <translation>Der Weg zu %1 führt durch einen Ordner, den andere ändern können.</translation>
+    </message>
+    <message>
+        <source>The way to %1 leads through a symbolic link that others made.</source>
+        <translation>Der Weg zu %1 führt über einen symbolischen Link, den andere angelegt haben.</translation>
+    </message>
+    <message>
+        <source>No folder for %1 is made where others can write.</source>
+        <translation>Für %1 wird kein Ordner angelegt, wo andere schreiben können.</translation>
+    </message>
+    <message>
+        <source>%1 stays as it is: others can write to its folder.</source>
+        <translation>%1 bleibt, wie es ist: Andere können in seinem Ordner schreiben.</translation>
+    </message>
+    <message>
+        <source>Cannot lock the folder of %1: %c.</source>
+        <translation>Der Ordner von %1 kann nicht gesperrt werden: %c.</translation>
+    </message>
+    <message>
+        <source>There is no owner %1 here.</source>
+        <translation>Hier gibt es keinen Besitzer %1.</translation>
+    </message>
+    <message>
+        <source>%1 is no mode for a file that root installs.</source>
+        <translation>%1 sind keine Rechte für eine Datei, die root installiert.</translation>
+    </message>
+    <message>
+        <source>Cannot install %1: %c.</source>
+        <translation>%1 kann nicht installiert werden: %c.</translation>
+    </message>
+    <message>
+        <source>Something that is no ordinary file lies at %1.</source>
+        <translation>Bei %1 liegt etwas, das keine gewöhnliche Datei ist.</translation>
+    </message>
+    <message>
+        <source>Cannot keep the former %1: %c.</source>
+        <translation>Das frühere %1 kann nicht aufgehoben werden: %c.</translation>
+    </message>
+    <message>
+        <source>Cannot replace %1: %c.</source>
+        <translation>%1 kann nicht ersetzt werden: %c.</translation>
+    </message>
+    <message>
+        <source>Cannot bring back the former %1: %c.</source>
+        <translation>Das frühere %1 kann nicht zurückgeholt werden: %c.</translation>
+    </message>
+    <message>
+        <source>There is no user %1, to whom %2 would belong.</source>
+        <translation>Es gibt keinen Benutzer %1, dem %2 gehören würde.</translation>
+    </message>
+    <message>
+        <source>%1 is no name for a system user.</source>
+        <translation>%1 ist kein Name für einen Systembenutzer.</translation>
+    </message>
+    <message>
+        <source>Cannot add the user %1:</source>
+        <translation>Der Benutzer %1 kann nicht angelegt werden:</translation>
+    </message>
+    <message>
+        <source>%1 is no number of seconds to step the clock by.</source>
+        <translation>%1 ist keine Zahl von Sekunden, um die die Uhr gestellt werden kann.</translation>
+    </message>
+    <message>
+        <source>Cannot step the clock: %c.</source>
+        <translation>Die Uhr kann nicht gestellt werden: %c.</translation>
+    </message>
+    <message>
+        <source>Cannot find the script %1: %c.</source>
+        <translation>Das Skript %1 ist nicht zu finden: %c.</translation>
+    </message>
+    <message>
+        <source>%1 is not run: others can change it.</source>
+        <translation>%1 wird nicht ausgeführt: Andere können es ändern.</translation>
+    </message>
+    <message>
+        <source>Cannot find the log folder %1: %c.</source>
+        <translation>Der Protokollordner %1 ist nicht zu finden: %c.</translation>
+    </message>
+    <message>
+        <source>Others can write to the log folder %1.</source>
+        <translation>Andere können im Protokollordner %1 schreiben.</translation>
+    </message>
+    <message>
+        <source>Cannot rotate the logs in %1:</source>
+        <translation>Die Protokolle in %1 können nicht rotiert werden:</translation>
+    </message>
+    <message>
+        <source>Cannot ask for %1:</source>
+        <translation>Nach %1 kann nicht gefragt werden:</translation>
+    </message>
+    <message>
+        <source>Cannot start %1:</source>
+        <translation>%1 kann nicht gestartet werden:</translation>
+    </message>
+    <message>
+        <source>Cannot stop %1:</source>
+        <translation>%1 kann nicht angehalten werden:</translation>
+    </message>
+    <message>
+        <source>Cannot restart %1:</source>
+        <translation>%1 kann nicht neu gestartet werden:</translation>
+    </message>
+    <message>
+        <source>Cannot enable %1:</source>
+        <translation>%1 kann nicht aktiviert werden:</translation>
+    </message>
+    <message>
+        <source>Cannot disable %1:</source>
+        <translation>%1 kann nicht deaktiviert werden:</translation>
+    </message>
+    <message>
+        <source>systemd cannot read its units again:</source>
+        <translation>systemd kann seine Units nicht neu einlesen:</translation>
+    </message>
+    <message>
+        <source>%1 does not stay up:</source>
+        <translation>%1 bleibt nicht am Laufen:</translation>
+    </message>
+    <message>
+        <source>it said nothing.</source>
+        <translation>es hat nichts gesagt.</translation>
+    </message>
+    <message>
+        <source>status %1.</source>
+        <translation>Status %1.</translation>
+    </message>
+    <message>
+        <source>No service for chronyd is installed.</source>
+        <translation>Es ist kein Dienst für chronyd installiert.</translation>
+    </message>
+    <message>
+        <source>The service of chronywake is not installed.</source>
+        <translation>Der Dienst von chronywake ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>The distribution&apos;s chrony is not installed.</source>
+        <translation>Das chrony der Distribution ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>%1 does not start chronyd by a single command line.</source>
+        <translation>%1 startet chronyd nicht mit einer einzigen Befehlszeile.</translation>
+    </message>
+    <message>
+        <source>The file in the autostart folder does not start the program.</source>
+        <translation>Die Datei im Autostart-Ordner startet das Programm nicht.</translation>
     </message>
 </context>
 <context>
@@ -2272,446 +3152,6 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <comment>What the program says of its work, in alerts and in status lines. A placeholder stands for a path, a number, words of chrony or of the system, or another of these sentences; sentences that begin in lower case follow a colon.</comment>
         <translation></translation>
     </message>
-    <message>
-        <source>%1 cannot be started: %2.</source>
-        <translation>%1 kann nicht gestartet werden: %2.</translation>
-    </message>
-    <message>
-        <source>%1 cannot be found.</source>
-        <translation>%1 wurde nicht gefunden.</translation>
-    </message>
-    <message>
-        <source>%1 did not end within %2 s and was ended.</source>
-        <translation>%1 endete nicht innerhalb von %2 s und wurde beendet.</translation>
-    </message>
-    <message>
-        <source>%1 printed more than %2 KiB and was ended; the rest is missing.</source>
-        <translation>%1 gab mehr als %2 KiB aus und wurde beendet; der Rest fehlt.</translation>
-    </message>
-    <message>
-        <source>%1 was ended by signal %2 (%3).</source>
-        <translation>%1 wurde durch Signal %2 (%3) beendet.</translation>
-    </message>
-    <message>
-        <source>%1 was ended because the program closes.</source>
-        <translation>%1 wurde beendet, weil das Programm schließt.</translation>
-    </message>
-    <message>
-        <source>only the first %1 lines are shown.</source>
-        <translation>Nur die ersten %1 Zeilen werden gezeigt.</translation>
-    </message>
-    <message>
-        <source>Cannot read %1: %2.</source>
-        <translation>%1 kann nicht gelesen werden: %2.</translation>
-    </message>
-    <message>
-        <source>Cannot write %1: %2.</source>
-        <translation>%1 kann nicht geschrieben werden: %2.</translation>
-    </message>
-    <message>
-        <source>Cannot rename %1: %2.</source>
-        <translation>%1 kann nicht umbenannt werden: %2.</translation>
-    </message>
-    <message>
-        <source>Cannot lock %1: %2.</source>
-        <translation>%1 kann nicht gesperrt werden: %2.</translation>
-    </message>
-    <message>
-        <source>Cannot remove %1: %2.</source>
-        <translation>%1 kann nicht entfernt werden: %2.</translation>
-    </message>
-    <message>
-        <source>Cannot make the folder %1: %2.</source>
-        <translation>Der Ordner %1 kann nicht angelegt werden: %2.</translation>
-    </message>
-    <message>
-        <source>Cannot flush the folder of %1: %2.</source>
-        <translation>Der Ordner von %1 kann nicht auf die Platte geschrieben werden: %2.</translation>
-    </message>
-    <message>
-        <source>There is no file &quot;%1&quot;.</source>
-        <translation>Es gibt keine Datei „%1“.</translation>
-    </message>
-    <message>
-        <source>%1 cannot be read: %2.</source>
-        <translation>%1 kann nicht gelesen werden: %2.</translation>
-    </message>
-    <message>
-        <source>it is a folder</source>
-        <translation>es ist ein Ordner</translation>
-    </message>
-    <message>
-        <source>it is not an ordinary file</source>
-        <translation>es ist keine gewöhnliche Datei</translation>
-    </message>
-    <message>
-        <source>it is larger than %1 bytes</source>
-        <translation>die Datei ist größer als %1 Bytes</translation>
-    </message>
-    <message>
-        <source>it is no text in UTF-8</source>
-        <translation>es ist kein Text in UTF-8</translation>
-    </message>
-    <message>
-        <source>it cannot be read again</source>
-        <translation>die Datei kann nicht noch einmal gelesen werden</translation>
-    </message>
-    <message>
-        <source>its end is missing</source>
-        <translation>das Ende fehlt</translation>
-    </message>
-    <message>
-        <source>The picture %1 could not be written: %2.</source>
-        <translation>Das Bild %1 konnte nicht geschrieben werden: %2.</translation>
-    </message>
-    <message>
-        <source>The picture %1 must end in .png or .svg.</source>
-        <translation>Der Name des Bildes %1 muss auf .png oder .svg enden.</translation>
-    </message>
-    <message>
-        <source>The picture %1 could not be drawn.</source>
-        <translation>Das Bild %1 konnte nicht gezeichnet werden.</translation>
-    </message>
-    <message>
-        <source>The settings file %1 is damaged (%2). %3</source>
-        <translation>Die Einstellungsdatei %1 ist beschädigt (%2). %3</translation>
-    </message>
-    <message>
-        <source>The settings file %1 cannot be read (%2).</source>
-        <translation>Die Einstellungsdatei %1 kann nicht gelesen werden (%2).</translation>
-    </message>
-    <message>
-        <source>%1 The defaults are used.</source>
-        <translation>%1 Es gelten die Vorgaben.</translation>
-    </message>
-    <message>
-        <source>It is kept as %1.</source>
-        <translation>Sie wird als %1 aufbewahrt.</translation>
-    </message>
-    <message>
-        <source>it has lines that are no settings</source>
-        <translation>sie hat Zeilen, die keine Einstellungen sind</translation>
-    </message>
-    <message>
-        <source>a value does not read back</source>
-        <translation>ein Wert lässt sich nicht zurücklesen</translation>
-    </message>
-    <message>
-        <source>%1 cannot be opened. %2</source>
-        <translation>%1 kann nicht geöffnet werden. %2</translation>
-    </message>
-    <message>
-        <source>It is no text in UTF-8.</source>
-        <translation>Es ist kein Text in UTF-8.</translation>
-    </message>
-    <message>
-        <source>Line %1 holds a zero byte, which no configuration may.</source>
-        <translation>Zeile %1 enthält ein Nullbyte, das in keiner Konfiguration stehen darf.</translation>
-    </message>
-    <message>
-        <source>chronyd did not end in time, so the syntax is not known to be right.</source>
-        <translation>chronyd wurde nicht rechtzeitig fertig; ob die Syntax stimmt, ist nicht bekannt.</translation>
-    </message>
-    <message>
-        <source>chronyd could not be run.</source>
-        <translation>chronyd konnte nicht ausgeführt werden.</translation>
-    </message>
-    <message>
-        <source>chronyd refuses this configuration.</source>
-        <translation>chronyd lehnt diese Konfiguration ab.</translation>
-    </message>
-    <message>
-        <source>chronyd refuses this configuration: %1.</source>
-        <translation>chronyd lehnt diese Konfiguration ab: %1.</translation>
-    </message>
-    <message>
-        <source>chronyd was not found on this machine, so the syntax was not checked.</source>
-        <translation>chronyd wurde auf diesem Rechner nicht gefunden; die Syntax wurde nicht geprüft.</translation>
-    </message>
-    <message>
-        <source>%1 is no longer supported and has no effect.</source>
-        <translation>%1 wird nicht mehr unterstützt und hat keine Wirkung.</translation>
-    </message>
-    <message>
-        <source>%1: there is no user %2, so chronyd would not start.</source>
-        <translation>%1: Es gibt keinen Benutzer %2; chronyd würde nicht starten.</translation>
-    </message>
-    <message>
-        <source>%1: there is no driver %2 (PPS, SHM, SOCK and PHC there are), so chronyd would not start.</source>
-        <translation>%1: Es gibt keinen Treiber %2 (es gibt PPS, SHM, SOCK und PHC); chronyd würde nicht starten.</translation>
-    </message>
-    <message>
-        <source>%1: %2 does not exist.</source>
-        <translation>%1: %2 gibt es nicht.</translation>
-    </message>
-    <message>
-        <source>%1: %2 is no file.</source>
-        <translation>%1: %2 ist keine Datei.</translation>
-    </message>
-    <message>
-        <source>%1: %2 is no device.</source>
-        <translation>%1: %2 ist keine Gerätedatei.</translation>
-    </message>
-    <message>
-        <source>%1: %2 is no folder.</source>
-        <translation>%1: %2 ist kein Ordner.</translation>
-    </message>
-    <message>
-        <source>%1: the user %2, as whom chronyd runs, cannot read %3.</source>
-        <translation>%1: Der Benutzer %2, unter dem chronyd läuft, kann %3 nicht lesen.</translation>
-    </message>
-    <message>
-        <source>%1: the user %2, as whom chronyd runs, cannot write in the folder %3.</source>
-        <translation>%1: Der Benutzer %2, unter dem chronyd läuft, kann im Ordner %3 nicht schreiben.</translation>
-    </message>
-    <message>
-        <source>The root helper cannot be reached: %1.</source>
-        <translation>Der Root-Helfer ist nicht erreichbar: %1.</translation>
-    </message>
-    <message>
-        <source>The root helper was not installed.</source>
-        <translation>Der Root-Helfer wurde nicht installiert.</translation>
-    </message>
-    <message>
-        <source>The root helper was not installed: %1</source>
-        <translation>Der Root-Helfer wurde nicht installiert: %1</translation>
-    </message>
-    <message>
-        <source>The root helper gave no authorisation.</source>
-        <translation>Der Root-Helfer hat keine Berechtigung erteilt.</translation>
-    </message>
-    <message>
-        <source>There is no root helper here.</source>
-        <translation>Hier gibt es keinen Root-Helfer.</translation>
-    </message>
-    <message>
-        <source>the system bus does not answer</source>
-        <translation>der Systembus antwortet nicht</translation>
-    </message>
-    <message>
-        <source>Another administrative job is under way.</source>
-        <translation>Eine andere Verwaltungsaufgabe läuft noch.</translation>
-    </message>
-    <message>
-        <source>The files to be installed cannot be written to %1.</source>
-        <translation>Die zu installierenden Dateien können nicht nach %1 geschrieben werden.</translation>
-    </message>
-    <message>
-        <source>The preferences point to the distribution&apos;s chrony, which is installed already.</source>
-        <translation>Die Einstellungen verweisen auf das chrony der Distribution, das schon installiert ist.</translation>
-    </message>
-    <message>
-        <source>The preferences point to the distribution&apos;s chrony, which its package manager removes.</source>
-        <translation>Die Einstellungen verweisen auf das chrony der Distribution, das deren Paketverwaltung entfernt.</translation>
-    </message>
-    <message>
-        <source>%1 was not installed.</source>
-        <translation>%1 wurde nicht installiert.</translation>
-    </message>
-    <message>
-        <source>There is no chronywake in the folders of programs.</source>
-        <translation>In den Programmordnern gibt es kein chronywake.</translation>
-    </message>
-    <message>
-        <source>The configuration names no folder of logs.</source>
-        <translation>Die Konfiguration nennt keinen Ordner für Protokolle.</translation>
-    </message>
-    <message>
-        <source>The logs of the distribution&apos;s chrony are rotated by the distribution.</source>
-        <translation>Die Protokolle des chrony der Distribution rotiert die Distribution selbst.</translation>
-    </message>
-    <message>
-        <source>The configuration was not installed.</source>
-        <translation>Die Konfiguration wurde nicht installiert.</translation>
-    </message>
-    <message>
-        <source>The configuration was not installed: %1.</source>
-        <translation>Die Konfiguration wurde nicht installiert: %1.</translation>
-    </message>
-    <message>
-        <source>%1 The former configuration is back, and chronyd runs with it again.</source>
-        <translation>%1 Die vorige Konfiguration ist wieder da, und chronyd läuft wieder mit ihr.</translation>
-    </message>
-    <message>
-        <source>%1 There was no configuration before it that could be put back: chronyd does not run.</source>
-        <translation>%1 Vorher gab es keine Konfiguration, die sich wiederherstellen ließe: chronyd läuft nicht.</translation>
-    </message>
-    <message>
-        <source>%1 The former configuration is back, but chronyd does not run with it either.</source>
-        <translation>%1 Die vorige Konfiguration ist wieder da, aber auch mit ihr läuft chronyd nicht.</translation>
-    </message>
-    <message>
-        <source>%1 The former configuration is back, but chronyd does not run with it either: %2.</source>
-        <translation>%1 Die vorige Konfiguration ist wieder da, aber auch mit ihr läuft chronyd nicht: %2.</translation>
-    </message>
-    <message>
-        <source>chronyd ended soon after it was started with this configuration.</source>
-        <translation>chronyd endete bald nach dem Start mit dieser Konfiguration.</translation>
-    </message>
-    <message>
-        <source>chronyd ended soon after it was started with this configuration: %1.</source>
-        <translation>chronyd endete bald nach dem Start mit dieser Konfiguration: %1.</translation>
-    </message>
-    <message>
-        <source>%1 has no effect in a file of a sourcedir, which holds server, pool and peer only.</source>
-        <translation>%1 hat in einer Datei eines sourcedir keine Wirkung; dort stehen nur server, pool und peer.</translation>
-    </message>
-    <message>
-        <source>%1: minpoll %2 asks %3 too often; outside the local network 6, a request every 64 seconds, is the least.</source>
-        <translation>%1: minpoll %2 fragt %3 zu oft; außerhalb des lokalen Netzes ist 6 das Mindeste, eine Anfrage alle 64 Sekunden.</translation>
-    </message>
-    <message>
-        <source>Nothing was changed: %1 reads %2, while the preferences name %3 as the configuration.</source>
-        <translation>Nichts wurde geändert: %1 liest %2, während die Einstellungen %3 als Konfiguration nennen.</translation>
-    </message>
-    <message>
-        <source>%1 The former configuration did not come back.</source>
-        <translation>%1 Die vorige Konfiguration kam nicht zurück.</translation>
-    </message>
-    <message>
-        <source>%1 The former configuration did not come back: %2.</source>
-        <translation>%1 Die vorige Konfiguration kam nicht zurück: %2.</translation>
-    </message>
-    <message>
-        <source>chrony was not installed.</source>
-        <translation>chrony wurde nicht installiert.</translation>
-    </message>
-    <message>
-        <source>chrony was not installed: %1.</source>
-        <translation>chrony wurde nicht installiert: %1.</translation>
-    </message>
-    <message>
-        <source>chronyd was not started.</source>
-        <translation>chronyd wurde nicht gestartet.</translation>
-    </message>
-    <message>
-        <source>chronyd was not started: %1.</source>
-        <translation>chronyd wurde nicht gestartet: %1.</translation>
-    </message>
-    <message>
-        <source>chronyd was not stopped.</source>
-        <translation>chronyd wurde nicht angehalten.</translation>
-    </message>
-    <message>
-        <source>chronyd was not stopped: %1.</source>
-        <translation>chronyd wurde nicht angehalten: %1.</translation>
-    </message>
-    <message>
-        <source>chrony was not removed as a whole.</source>
-        <translation>chrony wurde nicht vollständig entfernt.</translation>
-    </message>
-    <message>
-        <source>chrony was not removed as a whole: %1.</source>
-        <translation>chrony wurde nicht vollständig entfernt: %1.</translation>
-    </message>
-    <message>
-        <source>chronywake was not installed.</source>
-        <translation>chronywake wurde nicht installiert.</translation>
-    </message>
-    <message>
-        <source>chronywake was not installed: %1.</source>
-        <translation>chronywake wurde nicht installiert: %1.</translation>
-    </message>
-    <message>
-        <source>chronywake was not removed.</source>
-        <translation>chronywake wurde nicht entfernt.</translation>
-    </message>
-    <message>
-        <source>chronywake was not removed: %1.</source>
-        <translation>chronywake wurde nicht entfernt: %1.</translation>
-    </message>
-    <message>
-        <source>chronywake did not correct the clock.</source>
-        <translation>chronywake hat die Uhr nicht korrigiert.</translation>
-    </message>
-    <message>
-        <source>chronywake did not correct the clock: %1.</source>
-        <translation>chronywake hat die Uhr nicht korrigiert: %1.</translation>
-    </message>
-    <message>
-        <source>The logs were not rotated.</source>
-        <translation>Die Protokolle wurden nicht rotiert.</translation>
-    </message>
-    <message>
-        <source>The logs were not rotated: %1.</source>
-        <translation>Die Protokolle wurden nicht rotiert: %1.</translation>
-    </message>
-    <message>
-        <source>The tracking log was not made readable.</source>
-        <translation>Das Tracking-Protokoll wurde nicht lesbar gemacht.</translation>
-    </message>
-    <message>
-        <source>The tracking log was not made readable: %1.</source>
-        <translation>Das Tracking-Protokoll wurde nicht lesbar gemacht: %1.</translation>
-    </message>
-    <message>
-        <source>The GPS daemon was not restarted.</source>
-        <translation>Der GPS-Daemon wurde nicht neu gestartet.</translation>
-    </message>
-    <message>
-        <source>The GPS daemon was not restarted: %1.</source>
-        <translation>Der GPS-Daemon wurde nicht neu gestartet: %1.</translation>
-    </message>
-    <message>
-        <source>The clock was not stepped.</source>
-        <translation>Die Uhr wurde nicht gestellt.</translation>
-    </message>
-    <message>
-        <source>The clock was not stepped: %1.</source>
-        <translation>Die Uhr wurde nicht gestellt: %1.</translation>
-    </message>
-    <message>
-        <source>The configuration is installed, but chronyd was not started.</source>
-        <translation>Die Konfiguration ist installiert, aber chronyd wurde nicht gestartet.</translation>
-    </message>
-    <message>
-        <source>The configuration is installed, but chronyd was not started: %1.</source>
-        <translation>Die Konfiguration ist installiert, aber chronyd wurde nicht gestartet: %1.</translation>
-    </message>
-    <message>
-        <source>There is no service of a GPS daemon on this machine.</source>
-        <translation>Auf diesem Rechner gibt es keinen Dienst eines GPS-Daemons.</translation>
-    </message>
-    <message>
-        <source>The clock was not synchronised.</source>
-        <translation>Die Uhr wurde nicht synchronisiert.</translation>
-    </message>
-    <message>
-        <source>There is no configuration to be installed: %1 cannot be read.</source>
-        <translation>Es gibt keine Konfiguration zu installieren: %1 kann nicht gelesen werden.</translation>
-    </message>
-    <message>
-        <source>A server has a name or an address, without quotes or signs.</source>
-        <translation>Ein Server hat einen Namen oder eine Adresse, ohne Anführungs- oder Sonderzeichen.</translation>
-    </message>
-    <message>
-        <source>The older installation was not removed as a whole.</source>
-        <translation>Die ältere Installation wurde nicht vollständig entfernt.</translation>
-    </message>
-    <message>
-        <source>The older installation was not removed as a whole: %1.</source>
-        <translation>Die ältere Installation wurde nicht vollständig entfernt: %1.</translation>
-    </message>
-    <message>
-        <source>The processes could not be listed.</source>
-        <translation>Die Prozesse konnten nicht aufgelistet werden.</translation>
-    </message>
-    <message>
-        <source>The processes could not be listed: %1.</source>
-        <translation>Die Prozesse konnten nicht aufgelistet werden: %1.</translation>
-    </message>
-    <message>
-        <source>chronyd still treats the clock as before: %1</source>
-        <translation>chronyd behandelt die Uhr weiter wie zuvor: %1</translation>
-    </message>
-    <message>
-        <source>The root helper is of another version: start this program again, or install its package again.</source>
-        <translation>Der Root-Helfer hat eine andere Version: Starten Sie dieses Programm neu, oder installieren Sie sein Paket noch einmal.</translation>
-    </message>
-    <message>
-        <source>The root helper is missing: install the package of this program again.</source>
-        <translation>Der Root-Helfer fehlt: Installieren Sie das Paket dieses Programms noch einmal.</translation>
-    </message>
 </context>
 <context>
     <name>servers</name>
@@ -3203,11 +3643,6 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <source>Saved %1.</source>
         <extracomment>configuration editor: said after saving; %1 a path</extracomment>
         <translation>%1 gespeichert.</translation>
-    </message>
-    <message>
-        <source>The configuration could not be read</source>
-        <extracomment>alert: message above the reason</extracomment>
-        <translation>Die Konfiguration konnte nicht gelesen werden</translation>
     </message>
     <message>
         <source>The configuration was not installed</source>
@@ -4089,10 +4524,13 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <extracomment>synchronise window: said meanwhile; %1 is a number</extracomment>
         <translation>Die Uhr wird synchronisiert; das kann %1 s dauern …</translation>
     </message>
+</context>
+<context>
+    <name>tickervantage::Then</name>
     <message>
-        <source>Nothing was done.</source>
-        <extracomment>synchronise window: said when the user did not give administrator rights</extracomment>
-        <translation>Es wurde nichts getan.</translation>
+        <source>The configuration could not be read</source>
+        <extracomment>alert: message above the reason</extracomment>
+        <translation>Die Konfiguration konnte nicht gelesen werden</translation>
     </message>
 </context>
 <context>
@@ -4111,11 +4549,6 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <source>Main Toolbar</source>
         <extracomment>main window: name of the toolbar</extracomment>
         <translation>Werkzeugleiste</translation>
-    </message>
-    <message>
-        <source>Not part of this version</source>
-        <extracomment>tooltip of a control that cannot be used</extracomment>
-        <translation>Nicht in dieser Version</translation>
     </message>
     <message>
         <source>%1: not available</source>

@@ -352,14 +352,16 @@ void AppDelegate::connect_items() {
 void AppDelegate::connect_log_items() {
     const QString folder = QString::fromStdString(m_parts.paths.state);
     m_menus.on("showLogFile", [this, folder] {
+        //: alert: %1 is a folder
+        const QString words = Texts::tr("The log cannot be shown here. It lies in %1.");
         if (!show_file(folder + QStringLiteral("/tickervantage.log")))
-            //: alert: %1 is a folder
-            say(Texts::tr("The log cannot be shown here. It lies in %1.").arg(folder));
+            say(words.arg(folder));
     });
     m_menus.on("showLogFolder", [this, folder] {
+        //: alert: %1 is a folder
+        const QString words = Texts::tr("The folder %1 cannot be shown here.");
         if (!reveal_folder(folder))
-            //: alert: %1 is a folder
-            say(Texts::tr("The folder %1 cannot be shown here.").arg(folder));
+            say(words.arg(folder));
     });
 }
 

@@ -207,7 +207,7 @@ bool Program::write_status(const QString& folder, const DaemonChoice& daemon, co
         request.arguments = {"--host", daemon.chronyc_arguments.back()};
     request.arguments.emplace_back("status");
     const ExecuteResult result = m_execute.run(request);
-    std::cout << result.output << result.sentence << std::flush;
+    std::cout << result.output << (result.failure ? english(*result.failure) : std::string()) << std::flush;
     std::ofstream file((folder + QStringLiteral("/status.txt")).toStdString());
     file << result.output << std::flush;
     return result.outcome == ExecuteOutcome::exited && file.good();

@@ -5,8 +5,11 @@
 // the children it started.
 #pragma once
 
+#include "base/failure.h"
+
 #include <chrono>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,9 +33,9 @@ enum class ExecuteOutcome : unsigned char {
 
 struct ExecuteResult {
     ExecuteOutcome outcome = ExecuteOutcome::not_started;
-    int exit_status = -1; // valid with `exited`
-    std::string output;   // standard output and standard error as they came, raw bytes
-    std::string sentence; // what went wrong, for people; empty with `exited`
+    int exit_status = -1;           // valid with `exited`
+    std::string output;             // standard output and standard error as they came, raw bytes
+    std::optional<Failure> failure; // none with `exited`
 };
 
 class Execute {

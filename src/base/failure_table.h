@@ -24,10 +24,19 @@ TV_FAILURE(file_unreadable, TV_TEXT("failures", "%1 cannot be read: %c."))
 TV_FAILURE(no_folder_to_keep_in, TV_TEXT("failures", "There is no folder to keep it in."))
 TV_FAILURE(is_no_utf8, TV_TEXT("failures", "it is no text in UTF-8"))
 TV_FAILURE(is_folder, TV_TEXT("failures", "it is a folder"))
+TV_FAILURE(is_damaged, TV_TEXT("failures", "it is damaged"))
+TV_FAILURE(cannot_be_read_again, TV_TEXT("failures", "it cannot be read again"))
+TV_FAILURE(its_end_is_missing, TV_TEXT("failures", "its end is missing"))
 TV_FAILURE(is_no_ordinary_file, TV_TEXT("failures", "it is not an ordinary file"))
 TV_FAILURE(is_larger_than, TV_TEXT("failures", "it is larger than %1 bytes"))
 
 // running programs
+TV_FAILURE(cannot_be_started, TV_TEXT("failures", "%1 cannot be started: %c."))
+TV_FAILURE(did_not_end, TV_TEXT("failures", "%1 did not end within %2 s and was ended."))
+TV_FAILURE(printed_too_much, TV_TEXT("failures", "%1 printed more than %2 KiB and was ended; the rest is missing."))
+TV_FAILURE(ended_by_signal, TV_TEXT("failures", "%1 was ended by signal %2 (%3)."))
+TV_FAILURE(ended_for_closing, TV_TEXT("failures", "%1 was ended because the program closes."))
+TV_FAILURE(lines_left_out, TV_TEXT("failures", "only the first %1 lines are shown."))
 
 // settings, as tickerctl sets them
 TV_FAILURE(setting_takes, "%1 takes %c.")

@@ -4,10 +4,13 @@
 // file holds it compressed. A file is used by one thread at a time; calls may wait for the disk.
 #pragma once
 
+#include "base/failure.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -31,11 +34,11 @@ public:
 
     // The length of the text as it is now. A compressed file is read through for it, unless `go_on` says no: then the
     // result is -1 without a reason. 0 with a reason: the file is damaged behind that length.
-    [[nodiscard]] virtual int length(const GoOn& go_on, std::uint64_t& bytes, std::string& reason) = 0;
+    [[nodiscard]] virtual int length(const GoOn& go_on, std::uint64_t& bytes, std::optional<Failure>& reason) = 0;
 
     // Fills the buffer from the offset; `count` is smaller than the buffer only at the end of the text.
     [[nodiscard]] virtual int read(std::uint64_t offset, std::span<char> buffer, std::size_t& count,
-                                   std::string& reason) = 0;
+                                   std::optional<Failure>& reason) = 0;
 };
 
 class FollowedFiles {
@@ -45,11 +48,11 @@ public:
     virtual ~FollowedFiles() = default;
 
     // `reason` goes with `unreadable`.
-    [[nodiscard]] virtual Found status(const std::string& name, FileStatus& status, std::string& reason) = 0;
+    [[nodiscard]] virtual Found status(const std::string& name, FileStatus& status, std::optional<Failure>& reason) = 0;
 
     // The status is that of the opened file, whatever bears its name meanwhile.
     [[nodiscard]] virtual int open(const std::string& name, std::unique_ptr<FollowedFile>& file, FileStatus& status,
-                                   std::string& reason) = 0;
+                                   std::optional<Failure>& reason) = 0;
 };
 
 } // namespace tickervantage

@@ -41,10 +41,10 @@ int follow_log(const std::string& name, FollowedFiles& files, FollowForm form, s
         const auto on_line = [&](std::string_view line, bool last) {
             print(line, last, form, out);
         };
-        const auto on_problem = [&](const std::string& sentence) {
-            is_read = sentence.empty();
-            if (!sentence.empty())
-                complain(sentence);
+        const auto on_problem = [&](const std::optional<Failure>& problem) {
+            is_read = !problem;
+            if (problem)
+                complain(english(*problem));
         };
         LogReader reader(name, files, queue, main_thread, {on_line, on_problem});
         reader.follow();

@@ -100,8 +100,10 @@ int plot_tracking(FollowedFiles& files, const TrackingPlot& plot, const PlotOpti
     const auto add = [&view](std::string_view line) {
         (void)view.add_line(line); // what is no data line is no record
     };
-    if (read_log(files, plot.log, add, sentence) != 0)
+    if (const auto read = read_log(files, plot.log, add); !read) {
+        sentence = english(read.error());
         return has_failed;
+    }
     if (view.records().empty()) {
         sentence = fmt::format("The tracking log {} has no record.", plot.log);
         return answer_is_no;

@@ -15,8 +15,10 @@ int read_records(FollowedFiles& files, const std::string& log, TrackingRecords& 
     const auto add = [&records](std::string_view line) {
         records.add_line(line);
     };
-    if (read_log(files, log, add, sentence) != 0)
+    if (const auto read = read_log(files, log, add); !read) {
+        sentence = english(read.error());
         return has_failed;
+    }
     if (records.size() >= 2)
         return 0;
     sentence = fmt::format("The tracking log {} has fewer than two records.", log);

@@ -32,8 +32,8 @@ constexpr std::size_t largest_report = 1U << 20U; // bytes
 
 // A program that was ended because of a signal is no news to whoever sent the signal.
 void complain_of(const ExecuteResult& result) {
-    if (!result.sentence.empty() && result.outcome != ExecuteOutcome::cancelled)
-        complain(result.sentence);
+    if (result.failure && result.outcome != ExecuteOutcome::cancelled)
+        complain(english(*result.failure));
 }
 
 int read_file(const std::string& path, std::string& text) {
@@ -113,7 +113,7 @@ int Tool::read_tracking(std::string& text) {
     const ExecuteResult result = m_daemon.runner(m_settings, programs()).run("tracking");
     complain_of(result);
     text = result.output;
-    if (result.sentence.empty())
+    if (!result.failure)
         tell_silence(text);
     return 0;
 }
@@ -154,8 +154,8 @@ int Tool::version_report() {
     const ExecuteResult chronyd = ask(bundle_chronyd);
     const ExecuteResult chronyc = ask(bundle_chronyc);
     std::cout << version_text(chronyd.output, chronyc.output) << '\n';
-    complain_of(chronyd.sentence.empty() ? chronyc : chronyd);
-    return chronyd.sentence.empty() && chronyc.sentence.empty() ? 0 : has_failed;
+    complain_of(chronyd.failure ? chronyd : chronyc);
+    return chronyd.failure || chronyc.failure ? has_failed : 0;
 }
 
 // Root reaches the daemon's socket itself; another machine's daemon, and a demonstration's, are not the helper's.
@@ -175,8 +175,8 @@ int Tool::privileged_report() {
         return answer_is_no; // the reason was told when it came up
     const ReportText report = read_privileged_report(request);
     std::cout << report.output;
-    if (!report.problem.empty())
-        complain(report.problem);
+    if (report.problem)
+        complain(english(*report.problem));
     return is_report(report.output) ? 0 : answer_is_no;
 }
 
@@ -246,15 +246,13 @@ int Tool::spectrum() {
 int Tool::log() const {
     PosixFollowedFiles files;
     TrackingRecords records;
-    std::string sentence;
-    const int read = read_log(
-        files, m_arguments.log, [&](std::string_view line) { (void)records.add_line(line); }, sentence);
-    if (read != 0 && records.empty())
-        return fail(sentence);
+    const auto read = read_log(files, m_arguments.log, [&](std::string_view line) { (void)records.add_line(line); });
+    if (!read && records.empty())
+        return fail(english(read.error()));
     const LogForm form = m_arguments.json ? LogForm::json : m_arguments.csv ? LogForm::csv : LogForm::text;
     const int answer =
         m_arguments.summary ? print_log_summary(records, form, std::cout) : print_log(records, form, std::cout);
-    return read == 0 ? answer : fail(sentence); // damaged behind the records that were printed
+    return read ? answer : fail(english(read.error())); // damaged behind the records that were printed
 }
 
 int Tool::follow() const {

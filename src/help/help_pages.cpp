@@ -49,7 +49,7 @@ HelpPage HelpPages::render(const HelpTopic& topic, const std::vector<std::string
     request.arguments.push_back(*file);
     ExecuteResult result = m_sources.execute.run(request);
     if (result.outcome != ExecuteOutcome::exited)
-        return absent(HelpAbsence::unreadable, result.sentence);
+        return absent(HelpAbsence::unreadable, result.failure ? english(*result.failure) : std::string());
     if (result.exit_status >= least_hard_failure || result.output.empty())
         return absent(HelpAbsence::unreadable, "mandoc cannot render " + *file + ".");
     return {.text = std::move(result.output), .absence = HelpAbsence::none, .reason = {}};

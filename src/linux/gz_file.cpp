@@ -1,5 +1,6 @@
 #include "linux/gz_file.h"
 
+#include "base/failure_codes.h"
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -46,7 +47,7 @@ void GzFile::keep(std::span<const char> read) {
 
 int GzFile::measure(const GoOn& go_on) {
     m_end.clear();
-    m_damage.clear();
+    m_damage.reset();
     if (start_over() != 0)
         return -1;
     std::array<char, step> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): filled by gzread
@@ -56,7 +57,8 @@ int GzFile::measure(const GoOn& go_on) {
             int error = Z_OK;
             const char* words = gzerror(m_stream, &error);
             if (got < 0 || error != Z_OK)
-                m_damage = error == Z_BUF_ERROR ? "its end is missing" : words;
+                m_damage =
+                    error == Z_BUF_ERROR ? Failure{.code = FailureCode::its_end_is_missing} : said_by_others(words);
             m_length = m_at;
             return 0;
         }
@@ -66,10 +68,10 @@ int GzFile::measure(const GoOn& go_on) {
     return -1;
 }
 
-int GzFile::length(const GoOn& go_on, std::uint64_t& bytes, std::string& reason) {
+int GzFile::length(const GoOn& go_on, std::uint64_t& bytes, std::optional<Failure>& reason) {
     struct stat found {};
     if (::fstat(m_fd.get(), &found) != 0) {
-        reason = std::generic_category().message(errno);
+        reason = system_failure(errno);
         return -1;
     }
     if (const auto size = static_cast<std::uint64_t>(found.st_size); size != m_compressed) {
@@ -83,7 +85,7 @@ int GzFile::length(const GoOn& go_on, std::uint64_t& bytes, std::string& reason)
     return 0;
 }
 
-int GzFile::read(std::uint64_t offset, std::span<char> buffer, std::size_t& count, std::string& reason) {
+int GzFile::read(std::uint64_t offset, std::span<char> buffer, std::size_t& count, std::optional<Failure>& reason) {
     count = 0;
     if (offset >= m_length)
         return 0;
@@ -94,18 +96,18 @@ int GzFile::read(std::uint64_t offset, std::span<char> buffer, std::size_t& coun
         return 0;
     }
     if ((m_stream == nullptr || offset < m_at || m_at >= m_length) && start_over() != 0) {
-        reason = "it cannot be read again";
+        reason = Failure{.code = FailureCode::cannot_be_read_again};
         return -1;
     }
     if (m_at != offset && gzseek(m_stream, static_cast<z_off_t>(offset), SEEK_SET) < 0) {
-        reason = "it is damaged";
+        reason = Failure{.code = FailureCode::is_damaged};
         return -1;
     }
     m_at = offset;
     const auto wanted = static_cast<unsigned>(std::min<std::uint64_t>(buffer.size(), m_length - offset));
     const int got = gzread(m_stream, buffer.data(), wanted);
     if (got < 0) {
-        reason = "it is damaged";
+        reason = Failure{.code = FailureCode::is_damaged};
         return -1;
     }
     count = static_cast<std::size_t>(got);

@@ -18,9 +18,9 @@ public:
     GzFile(const GzFile&) = delete;
     GzFile& operator=(const GzFile&) = delete;
 
-    [[nodiscard]] int length(const GoOn& go_on, std::uint64_t& bytes, std::string& reason) override;
+    [[nodiscard]] int length(const GoOn& go_on, std::uint64_t& bytes, std::optional<Failure>& reason) override;
     [[nodiscard]] int read(std::uint64_t offset, std::span<char> buffer, std::size_t& count,
-                           std::string& reason) override;
+                           std::optional<Failure>& reason) override;
 
 private:
     [[nodiscard]] int measure(const GoOn& go_on);
@@ -32,8 +32,8 @@ private:
     std::uint64_t m_at = 0;         // where the stream stands
     std::uint64_t m_compressed = 0; // the size of the file when it was measured; 0: it was not
     std::uint64_t m_length = 0;
-    std::string m_damage; // of the file behind m_length
-    std::string m_end;    // the last bytes of the text
+    std::optional<Failure> m_damage; // of the file behind m_length
+    std::string m_end;               // the last bytes of the text
 };
 
 } // namespace tickervantage

@@ -1,5 +1,7 @@
 #include "linux/posix_execute.h"
 
+#include "base/failure_codes.h"
+
 #include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
@@ -148,8 +150,10 @@ void finish(ExecuteResult& result, int status, const std::string& program) {
         result.exit_status = WEXITSTATUS(status);
     } else {
         result.outcome = ExecuteOutcome::signalled;
-        result.sentence = fmt::format("{} was ended by signal {} ({}).", program, WTERMSIG(status),
-                                      sigdescr_np(WTERMSIG(status)) ? sigdescr_np(WTERMSIG(status)) : "unknown");
+        const char* name = sigdescr_np(WTERMSIG(status));
+        result.failure = failed(FailureCode::ended_by_signal,
+                                {program, std::to_string(WTERMSIG(status)), name != nullptr ? name : "unknown"})
+                             .value();
     }
 }
 
@@ -166,8 +170,9 @@ void collect(const ExecuteRequest& request, int cancelled, FileDescriptor output
             }
             if (result.output.size() >= request.output_limit) {
                 result.outcome = ExecuteOutcome::too_long;
-                result.sentence = fmt::format("{} printed more than {} KiB and was ended; the rest is missing.",
-                                              request.program, request.output_limit / 1024);
+                result.failure = failed(FailureCode::printed_too_much,
+                                        {request.program, std::to_string(request.output_limit / 1024)})
+                                     .value();
                 return;
             }
             break;
@@ -179,12 +184,14 @@ void collect(const ExecuteRequest& request, int cancelled, FileDescriptor output
             return;
         case Ready::timeout:
             result.outcome = ExecuteOutcome::timed_out;
-            result.sentence = fmt::format("{} did not end within {:.3g} s and was ended.", request.program,
-                                          std::chrono::duration<double>(request.time_limit).count());
+            result.failure = failed(FailureCode::did_not_end,
+                                    {request.program,
+                                     fmt::format("{:.3g}", std::chrono::duration<double>(request.time_limit).count())})
+                                 .value();
             return;
         case Ready::cancelled:
             result.outcome = ExecuteOutcome::cancelled;
-            result.sentence = fmt::format("{} was ended because the program closes.", request.program);
+            result.failure = failed(FailureCode::ended_for_closing, {request.program}).value();
             return;
         }
     }
@@ -192,8 +199,7 @@ void collect(const ExecuteRequest& request, int cancelled, FileDescriptor output
 
 ExecuteResult not_started(const std::string& program, int error) {
     ExecuteResult result;
-    result.sentence = fmt::format("{} cannot be started: {}.", program,
-                                  std::strerror(error)); // NOLINT(concurrency-mt-unsafe): glibc's is
+    result.failure = failed(FailureCode::cannot_be_started, {program}, error).value();
     return result;
 }
 

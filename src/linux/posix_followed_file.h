@@ -7,9 +7,9 @@ namespace tickervantage {
 
 class PosixFollowedFiles : public FollowedFiles {
 public:
-    [[nodiscard]] Found status(const std::string& name, FileStatus& status, std::string& reason) override;
+    [[nodiscard]] Found status(const std::string& name, FileStatus& status, std::optional<Failure>& reason) override;
     [[nodiscard]] int open(const std::string& name, std::unique_ptr<FollowedFile>& file, FileStatus& status,
-                           std::string& reason) override;
+                           std::optional<Failure>& reason) override;
 };
 
 } // namespace tickervantage

@@ -27,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string text(data, data + size);
     check_names(text);
     const auto version =
-        read_version({.outcome = ExecuteOutcome::exited, .exit_status = 0, .output = text, .sentence = {}});
+        read_version({.outcome = ExecuteOutcome::exited, .exit_status = 0, .output = text, .failure = {}});
     require(version.text == text);
     require(version.meaningless == (std::ranges::count(version.label, ' ') < 3));
     (void)knows_original_names(version.label);

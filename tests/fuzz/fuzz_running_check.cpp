@@ -11,7 +11,7 @@ class Answers : public Execute {
 public:
     explicit Answers(std::string output) : m_output(std::move(output)) {}
     [[nodiscard]] ExecuteResult run(const ExecuteRequest&) override {
-        return {.outcome = ExecuteOutcome::exited, .exit_status = 0, .output = m_output, .sentence = {}};
+        return {.outcome = ExecuteOutcome::exited, .exit_status = 0, .output = m_output, .failure = {}};
     }
 
 private:

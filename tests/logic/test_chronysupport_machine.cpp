@@ -49,7 +49,7 @@ public:
 
 private:
     static ExecuteResult said(std::string output, int status = 0) {
-        return {.outcome = ExecuteOutcome::exited, .exit_status = status, .output = std::move(output), .sentence = {}};
+        return {.outcome = ExecuteOutcome::exited, .exit_status = status, .output = std::move(output), .failure = {}};
     }
     static std::string shown(const std::string& name, const Unit& unit) {
         return "Id=" + name + "\nLoadState=loaded\nActiveState=" + (unit.active ? "active" : "inactive") +

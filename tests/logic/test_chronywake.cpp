@@ -99,7 +99,7 @@ TEST(ChronywakeTest, KeepsAtItThroughABusThatGoesAndADaemonThatIsDown) {
             return {.outcome = ExecuteOutcome::exited,
                     .exit_status = answers ? 0 : 1,
                     .output = answers ? "200 OK\n" : "down\n",
-                    .sentence = {}};
+                    .failure = {}};
         }
 
     private:

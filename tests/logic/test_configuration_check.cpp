@@ -62,8 +62,8 @@ struct CheckTest : ::testing::Test {
                            },
                            .temporary = "/no/such/folder/"};
 
-    void outcome(ExecuteOutcome what, const std::string& sentence) {
-        execute.answers["chronyd"] = {what, -1, "", sentence};
+    void outcome(ExecuteOutcome what, const std::string& words) {
+        execute.answers["chronyd"] = {what, -1, "", said_by_others(words)};
     }
 };
 

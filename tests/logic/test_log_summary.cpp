@@ -19,12 +19,10 @@ TEST(LogCommand, PrintsRecordsAndTheirSummaries) {
                           "2026-11-21 23:59:59 a,\"b\" 3 -2.5 - - ? 2 2e-6 3e-6 - 3e-3\n"
                           "2026-12-01 00:00:00 192.0.2.1 2 3.5 0.03 -2e-5 N 1 4e-6 5e-6 3e-3 4e-3 4e-3\n");
     TrackingRecords records;
-    std::string sentence;
     const auto read = [&](const char* name) {
-        return read_log(
-            files, name, [&](std::string_view line) { (void)records.add_line(line); }, sentence);
+        return read_log(files, name, [&](std::string_view line) { (void)records.add_line(line); });
     };
-    ASSERT_EQ(read("a.log"), 0) << sentence;
+    ASSERT_TRUE(read("a.log"));
     std::ostringstream out;
     for (const auto form : {LogForm::text, LogForm::json, LogForm::csv}) {
         EXPECT_EQ(print_log(records, form, out), 0);
@@ -33,13 +31,11 @@ TEST(LogCommand, PrintsRecordsAndTheirSummaries) {
         EXPECT_EQ(print_log_summary({}, form, out), 1);
     }
     testing::expect_as_kept(out.str(), "log", 1e-12);
-    files.at("a.log").damage = "its end is missing";
-    EXPECT_EQ(read("a.log"), -1);
-    EXPECT_EQ(sentence, "a.log cannot be read: its end is missing.");
+    files.at("a.log").damage = Failure{.code = FailureCode::its_end_is_missing};
+    EXPECT_EQ(english(read("a.log").error()), "a.log cannot be read: its end is missing.");
     files.at("a.log").fails_when_read = true;
-    EXPECT_EQ(read("a.log"), -1);
-    EXPECT_EQ(sentence, "a.log cannot be read: Input/output error.");
-    EXPECT_EQ(read("b.log"), -1);
+    EXPECT_EQ(english(read("a.log").error()), "a.log cannot be read: Input/output error.");
+    EXPECT_FALSE(read("b.log"));
 }
 
 } // namespace

@@ -35,8 +35,8 @@ protected:
             if (m_on_line)
                 m_on_line();
         };
-        const auto on_problem = [this](const std::string& sentence) {
-            m_problems.push_back(sentence);
+        const auto on_problem = [this](const std::optional<Failure>& problem) {
+            m_problems.push_back(problem ? english(*problem) : std::string());
         };
         m_reader = std::make_unique<LogReader>("log", m_files, m_queue, m_main,
                                                LogReader::Handlers{on_line, on_problem}, timing);
@@ -243,7 +243,7 @@ TEST_F(LogReaderTest, AnUnfinishedLineIsGivenTimeToBeFinished) {
 
 TEST_F(LogReaderTest, DamageBehindTheTextIsSaid) {
     m_files.create("log", "1\n");
-    m_files.at("log").damage = "its end is missing";
+    m_files.at("log").damage = Failure{.code = FailureCode::its_end_is_missing};
     follow();
     EXPECT_EQ(texts(), Texts{"1"});
     EXPECT_EQ(m_problems, Texts{"log cannot be read: its end is missing."});
@@ -300,7 +300,7 @@ TEST(LogPieces, FindTheLastLineWhereverItStands) {
         std::unique_ptr<FollowedFile> file;
         FileStatus status;
         std::string line;
-        std::string reason;
+        std::optional<Failure> reason;
         ASSERT_EQ(files.open("log", file, status, reason), 0);
         EXPECT_EQ(LogPieces(*file, 0, text.size()).last_line(line, reason), 0);
         EXPECT_EQ(line, expected);

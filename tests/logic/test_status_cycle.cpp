@@ -35,7 +35,10 @@ public:
     void show_status(chronydStatus status) override { states.push_back(status); }
     void show_clock_not_adjusted(bool shown) override { not_adjusted = shown; }
     void show_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) override {
-        version_labels = chronyc.label + chronyc.failure + "; " + chronyd.label + chronyd.failure;
+        const auto words = [](const ProgramVersion& version) {
+            return version.label + (version.failure ? english(*version.failure) : std::string());
+        };
+        version_labels = words(chronyc) + "; " + words(chronyd);
     }
     void show_original_name_choice(bool offered) override { original_offered = offered; }
     void show_server_field(bool shown) override { server_field = shown; }
@@ -332,11 +335,12 @@ TEST(LimitLines, FoldsLongLinesAndEndsLongTexts) {
 
 TEST_F(StatusCycleTest, HangingChronycIsNotRunForTheReportAsWell) {
     load();
-    execute.answers["chronyc tracking"] = {ExecuteOutcome::timed_out, -1, "", "too slow"};
+    execute.answers["chronyc tracking"] = {ExecuteOutcome::timed_out, -1, "", said_by_others("too slow")};
     cycle->chronycCommand("sources");
     settle();
     EXPECT_EQ(calls("chronyc|sources"), 0);
-    EXPECT_EQ(display.notice, (StatusNotice{StatusNotice::Kind::chronyc_failed, "too slow"}));
+    EXPECT_EQ(display.notice,
+              (StatusNotice{.kind = StatusNotice::Kind::chronyc_failed, .failure = said_by_others("too slow")}));
     cycle->chronycCommand("ntpdata"); // which lists the servers, too
     settle();
     EXPECT_EQ(calls("chronyc|sourcestats"), 0);

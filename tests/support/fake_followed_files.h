@@ -1,9 +1,11 @@
 // Files for a follower, in memory: they can be rotated, cut, taken away and made unreadable at any moment.
 #pragma once
 
+#include "base/failure_codes.h"
 #include "base/followed_file.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <map>
 #include <memory>
 #include <string>
@@ -17,7 +19,7 @@ public:
         std::string text;
         bool readable = true;
         bool fails_when_read = false;
-        std::string damage; // reported with the length
+        std::optional<Failure> damage; // reported with the length
     };
 
     // Under a new inode.
@@ -33,7 +35,7 @@ public:
 
     [[nodiscard]] int asked() const { return m_asked; } // for a status
 
-    Found status(const std::string& name, FileStatus& status, std::string&) override {
+    Found status(const std::string& name, FileStatus& status, std::optional<Failure>&) override {
         ++m_asked;
         const auto found = m_files.find(name);
         if (found == m_files.end())
@@ -43,10 +45,10 @@ public:
     }
 
     int open(const std::string& name, std::unique_ptr<FollowedFile>& file, FileStatus& status,
-             std::string& reason) override {
+             std::optional<Failure>& reason) override {
         const auto found = m_files.find(name);
         if (found == m_files.end() || !found->second->readable) {
-            reason = found == m_files.end() ? "No such file" : "Permission denied";
+            reason = system_failure(found == m_files.end() ? ENOENT : EACCES);
             return -1;
         }
         status = {1, found->second->inode, found->second->text.size()};
@@ -58,14 +60,15 @@ private:
     class File : public FollowedFile {
     public:
         explicit File(std::shared_ptr<Content> content) : m_content(std::move(content)) {}
-        int length(const GoOn&, std::uint64_t& bytes, std::string& reason) override {
+        int length(const GoOn&, std::uint64_t& bytes, std::optional<Failure>& reason) override {
             bytes = m_content->text.size();
             reason = m_content->damage;
             return 0;
         }
-        int read(std::uint64_t offset, std::span<char> buffer, std::size_t& count, std::string& reason) override {
+        int read(std::uint64_t offset, std::span<char> buffer, std::size_t& count,
+                 std::optional<Failure>& reason) override {
             if (m_content->fails_when_read) {
-                reason = "Input/output error";
+                reason = system_failure(EIO);
                 return -1;
             }
             const auto& text = m_content->text;

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "base/execute.h"
+#include "base/failure_codes.h"
 
+#include <cerrno>
 #include <map>
 #include <string>
 #include <vector>
@@ -17,7 +19,7 @@ public:
 
     void answer(const std::string& call, const std::string& output, int exit_status = 0) {
         answers[call] = {
-            .outcome = ExecuteOutcome::exited, .exit_status = exit_status, .output = output, .sentence = {}};
+            .outcome = ExecuteOutcome::exited, .exit_status = exit_status, .output = output, .failure = {}};
     }
 
     [[nodiscard]] ExecuteResult run(const ExecuteRequest& request) override {
@@ -31,7 +33,7 @@ public:
             if (const auto found = answers.find(key); found != answers.end())
                 return found->second;
         ExecuteResult missing;
-        missing.sentence = request.program + " cannot be started: No such file or directory.";
+        missing.failure = failed(FailureCode::cannot_be_started, {request.program}, ENOENT).value();
         return missing;
     }
 };

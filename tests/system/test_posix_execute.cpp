@@ -1,3 +1,4 @@
+#include "base/failure_codes.h"
 #include "linux/posix_execute.h"
 #include "linux/serial_queue.h"
 
@@ -37,7 +38,7 @@ TEST(PosixExecute, ReturnsBothStreamsAndTheExitStatusInTheCLocale) {
     EXPECT_EQ(result.outcome, ExecuteOutcome::exited);
     EXPECT_EQ(result.exit_status, 3);
     EXPECT_EQ(result.output, "out\nerr\nC\n");
-    EXPECT_EQ(result.sentence, "");
+    EXPECT_FALSE(result.failure);
 }
 
 TEST(PosixExecute, ArgumentsArriveAsTheyAreAndInputIsEmpty) {
@@ -55,7 +56,7 @@ TEST(PosixExecute, ProgramThatCannotBeStartedSaysWhy) {
     for (const auto& program : {std::string("/no/such/program"), std::string("/tmp"), file.string(), std::string()}) {
         const auto result = execute.run({.program = program, .arguments = {}});
         EXPECT_EQ(result.outcome, ExecuteOutcome::not_started) << program;
-        EXPECT_NE(result.sentence.find("cannot be started"), std::string::npos) << result.sentence;
+        EXPECT_EQ(result.failure.value_or(Failure()).code, FailureCode::cannot_be_started);
     }
     std::filesystem::remove(file);
 }
@@ -65,7 +66,7 @@ TEST(PosixExecute, KilledProgramIsReported) {
     const auto result = execute.run(shell("echo before; kill -SEGV $$"));
     EXPECT_EQ(result.outcome, ExecuteOutcome::signalled);
     EXPECT_EQ(result.output, "before\n");
-    EXPECT_NE(result.sentence.find("signal 11"), std::string::npos) << result.sentence;
+    EXPECT_NE(english(result.failure.value()).find("signal 11"), std::string::npos);
 }
 
 TEST(PosixExecute, HangingProgramIsEndedWithItsChildren) {
@@ -86,7 +87,7 @@ TEST(PosixExecute, EndlessOutputIsCutAtTheLimit) {
     const auto result = execute.run(request);
     EXPECT_EQ(result.outcome, ExecuteOutcome::too_long);
     EXPECT_EQ(result.output.size(), 100'000U);
-    EXPECT_FALSE(result.sentence.empty());
+    EXPECT_TRUE(result.failure);
 }
 
 TEST(PosixExecute, ChildThatKeepsThePipeOpenIsNotWaitedFor) {

@@ -1,3 +1,4 @@
+#include "base/failure_codes.h"
 #include "gui/tracking/color_well.h"
 #include "gui/tracking/graph_scroll_area.h"
 #include "gui/tracking/legend.h"
@@ -29,6 +30,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <cmath>
 #include <regex>
 
@@ -55,13 +57,13 @@ public:
 
     std::atomic<Found> found = Found::file;
 
-    Found status(const std::string& name, FileStatus& status, std::string& reason) override {
+    Found status(const std::string& name, FileStatus& status, std::optional<Failure>& reason) override {
         const Found now = found;
-        reason = "Permission denied";
+        reason = system_failure(EACCES);
         return now == Found::file ? m_files.status(name, status, reason) : now;
     }
     int open(const std::string& name, std::unique_ptr<FollowedFile>& file, FileStatus& status,
-             std::string& reason) override {
+             std::optional<Failure>& reason) override {
         return m_files.open(name, file, status, reason);
     }
 

@@ -46,8 +46,7 @@ std::optional<Failure> doubt_about(const ExecuteResult& result) {
     case ExecuteOutcome::timed_out:
         return Failure{.code = FailureCode::chronyd_too_slow};
     default:
-        return result.sentence.empty() ? Failure{.code = FailureCode::chronyd_not_run}
-                                       : said_by_others(result.sentence);
+        return result.failure.value_or(Failure{.code = FailureCode::chronyd_not_run});
     }
     if (result.exit_status == 0)
         return std::nullopt;

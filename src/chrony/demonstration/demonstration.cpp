@@ -180,7 +180,7 @@ int Demonstration::wait_until_synchronised(Execute& execute, const std::string& 
     sentence = result.outcome == ExecuteOutcome::exited
                    ? fmt::format("The demonstration was not synchronised within {:.3g} s.",
                                  std::chrono::duration<double>(time_limit).count())
-                   : result.sentence;
+                   : english(result.failure.value_or(Failure()));
     return -1;
 }
 

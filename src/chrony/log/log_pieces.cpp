@@ -1,5 +1,6 @@
 #include "chrony/log/log_pieces.h"
 
+#include "base/failure_codes.h"
 #include "base/utf8.h"
 
 #include <algorithm>
@@ -26,7 +27,7 @@ std::string_view last_line_of(std::string_view text) {
 LogPieces::LogPieces(FollowedFile& file, std::uint64_t from, std::uint64_t end)
     : m_file(file), m_from(from), m_read(from), m_end(end), m_position(from) {}
 
-int LogPieces::last_line(std::string& line, std::string& reason) {
+int LogPieces::last_line(std::string& line, std::optional<Failure>& reason) {
     line.clear();
     std::size_t window = 4096;
     std::string tail;
@@ -54,7 +55,7 @@ int LogPieces::last_line(std::string& line, std::string& reason) {
     return 0;
 }
 
-int LogPieces::fill(std::string& reason) {
+int LogPieces::fill(std::optional<Failure>& reason) {
     const std::size_t before = m_text.size();
     const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(PIECE_SIZE, m_end - m_read));
     m_text.resize(before + wanted);
@@ -96,7 +97,7 @@ bool LogPieces::cut(std::string& text) {
     return true;
 }
 
-LogPieces::Next LogPieces::next(std::string& text, std::string& reason) {
+LogPieces::Next LogPieces::next(std::string& text, std::optional<Failure>& reason) {
     while (m_position < m_end) {
         if (m_read < m_end && fill(reason) != 0)
             return Next::failed;
@@ -109,19 +110,18 @@ LogPieces::Next LogPieces::next(std::string& text, std::string& reason) {
     return Next::end;
 }
 
-int read_log(FollowedFiles& files, const std::string& name, const LogLine& line, std::string& sentence) {
+Result<> read_log(FollowedFiles& files, const std::string& name, const LogLine& line) {
     std::unique_ptr<FollowedFile> file;
     FileStatus status;
     std::uint64_t length = 0;
-    std::string reason;
-    const auto fail = [&] {
-        sentence = name + " cannot be read: " + reason + ".";
-        return -1;
+    std::optional<Failure> reason;
+    const auto unreadable = [&name](std::optional<Failure> why) {
+        return failed(FailureCode::file_unreadable, {name}, std::move(why).value_or(Failure()));
     };
     if (files.open(name, file, status, reason) != 0 || file->length([] { return true; }, length, reason) != 0)
-        return fail();
+        return unreadable(std::move(reason));
     LogPieces pieces(*file, 0, length);
-    std::string read_reason;
+    std::optional<Failure> read_reason;
     std::string text;
     auto next = LogPieces::Next::piece;
     while ((next = pieces.next(text, read_reason)) == LogPieces::Next::piece) {
@@ -130,8 +130,10 @@ int read_log(FollowedFiles& files, const std::string& name, const LogLine& line,
             line(one);
     }
     if (next == LogPieces::Next::failed)
-        reason = read_reason;
-    return reason.empty() ? 0 : fail(); // also for a file that is damaged behind what was handed out
+        reason = std::move(read_reason);
+    if (reason) // also for a file that is damaged behind what was handed out
+        return unreadable(std::move(reason));
+    return {};
 }
 
 } // namespace tickervantage

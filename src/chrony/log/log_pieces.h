@@ -24,17 +24,17 @@ public:
 
     // The last line of the whole stretch that is not empty; empty when there is none, or when it is too long. May be
     // asked before the pieces.
-    [[nodiscard]] int last_line(std::string& line, std::string& reason);
+    [[nodiscard]] int last_line(std::string& line, std::optional<Failure>& reason);
 
     enum class Next : signed char { failed = -1, end, piece };
-    [[nodiscard]] Next next(std::string& text, std::string& reason);
+    [[nodiscard]] Next next(std::string& text, std::optional<Failure>& reason);
 
     // Up to here the file has been handed out or dropped.
     [[nodiscard]] std::uint64_t position() const { return m_position; }
     [[nodiscard]] std::uint64_t dropped() const { return m_dropped; } // bytes
 
 private:
-    [[nodiscard]] int fill(std::string& reason);
+    [[nodiscard]] int fill(std::optional<Failure>& reason);
     [[nodiscard]] bool cut(std::string& text);
     void drop(std::size_t bytes);
 
@@ -54,8 +54,8 @@ private:
 // The last line of the text that is not empty.
 [[nodiscard]] std::string_view last_line_of(std::string_view text);
 
-// Reads a whole log, line by line. -1: `sentence` says why, with `name`.
+// Reads a whole log, line by line. A failure names `name`.
 using LogLine = std::function<void(std::string_view line)>;
-[[nodiscard]] int read_log(FollowedFiles& files, const std::string& name, const LogLine& line, std::string& sentence);
+[[nodiscard]] Result<> read_log(FollowedFiles& files, const std::string& name, const LogLine& line);
 
 } // namespace tickervantage

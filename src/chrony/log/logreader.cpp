@@ -1,5 +1,6 @@
 #include "chrony/log/logreader.h"
 
+#include "base/failure_codes.h"
 #include "chrony/log/log_pieces.h"
 
 #include <atomic>
@@ -77,11 +78,11 @@ private:
     [[nodiscard]] bool open_current();
     void read_block();
     void let_line_be_finished(std::uint64_t& length);
-    void deliver(std::uint64_t end, std::string& reason);
+    void deliver(std::uint64_t end, std::optional<Failure>& reason);
     void hand(Piece piece);
     void await_room_for(std::size_t pieces, std::unique_lock<std::mutex>& lock);
-    void report(const std::string& sentence);
-    void report_unreadable(const std::string& reason);
+    void report(const std::optional<Failure>& problem);
+    void report_unreadable(const Failure& reason);
 
     // On the main thread.
     void run_slice();
@@ -98,8 +99,8 @@ private:
 
     // Of the loop only.
     std::uint64_t m_offset = 0;
-    bool m_has_read = false;              // from the open file, in this run
-    std::optional<std::string> m_problem; // reported last
+    bool m_has_read = false;                         // from the open file, in this run
+    std::optional<std::optional<Failure>> m_problem; // reported last; none: nothing was
 };
 
 void LogReader::Run::stop() {
@@ -123,19 +124,19 @@ void LogReader::Run::loop() {
     }
 }
 
-void LogReader::Run::report(const std::string& sentence) {
-    if (m_problem == sentence)
+void LogReader::Run::report(const std::optional<Failure>& problem) {
+    if (m_problem.has_value() && *m_problem == problem)
         return;
-    m_problem = sentence;
-    m_source->m_main_thread.main_async([self = shared_from_this(), sentence] {
+    m_problem.emplace(problem);
+    m_source->m_main_thread.main_async([self = shared_from_this(), problem] {
         const auto handlers = self->m_handlers.lock();
         if (self->m_run && handlers && handlers->problem)
-            handlers->problem(sentence);
+            handlers->problem(problem);
     });
 }
 
-void LogReader::Run::report_unreadable(const std::string& reason) {
-    report(m_source->m_name + " cannot be read: " + reason + ".");
+void LogReader::Run::report_unreadable(const Failure& reason) {
+    report(failed(FailureCode::file_unreadable, {m_source->m_name}, reason).value());
 }
 
 void LogReader::Run::poll() {
@@ -149,13 +150,13 @@ void LogReader::Run::poll() {
 bool LogReader::Run::open_current() {
     Source& source = *m_source;
     FileStatus status;
-    std::string reason;
+    std::optional<Failure> reason;
     switch (source.m_files.status(source.m_name, status, reason)) {
     case FollowedFiles::Found::nothing:
-        report("There is no file \"" + source.m_name + "\".");
+        report(Failure{.code = FailureCode::no_such_file, .arguments = {source.m_name}});
         return false;
     case FollowedFiles::Found::unreadable:
-        report_unreadable(reason);
+        report_unreadable(reason.value_or(Failure()));
         return false;
     case FollowedFiles::Found::file:
         break;
@@ -168,30 +169,30 @@ bool LogReader::Run::open_current() {
     m_offset = 0;
     if (source.m_files.open(source.m_name, source.m_file, source.m_inode, reason) == 0)
         return true;
-    report_unreadable(reason);
+    report_unreadable(reason.value_or(Failure()));
     return false;
 }
 
 void LogReader::Run::read_block() {
     std::uint64_t length = 0;
-    std::string reason;
+    std::optional<Failure> reason;
     if (m_source->m_file->length([this] { return m_run.load(); }, length, reason) == 0 && m_offset < length) {
         let_line_be_finished(length);
         deliver(length, reason);
     }
     if (!m_run)
         return;
-    if (reason.empty())
-        report({});
+    if (!reason)
+        report(std::nullopt);
     else
-        report_unreadable(reason);
+        report_unreadable(*reason);
 }
 
 void LogReader::Run::let_line_be_finished(std::uint64_t& length) {
     for (int i = 0; i < steps_for_half_line && m_run; ++i) {
         char last = 0;
         std::size_t count = 0;
-        std::string reason; // the reading that follows meets it again
+        std::optional<Failure> reason; // the reading that follows meets it again
         if (m_source->m_file->read(length - 1, {&last, 1}, count, reason) != 0 || count == 0 || last == '\n')
             return;
         pause(step);
@@ -204,7 +205,7 @@ void LogReader::Run::let_line_be_finished(std::uint64_t& length) {
 
 // The last piece is held back until it is known that none follows: when the rest of the block is dropped, its own last
 // line takes the place of the block's.
-void LogReader::Run::deliver(std::uint64_t end, std::string& reason) {
+void LogReader::Run::deliver(std::uint64_t end, std::optional<Failure>& reason) {
     LogPieces pieces(*m_source->m_file, m_offset, end);
     std::string last;
     std::optional<Piece> held;

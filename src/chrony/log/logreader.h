@@ -49,7 +49,7 @@ public:
     static constexpr std::string_view QUEUE_LABEL = "net.brisklane.chrony.logger";
 
     using LineHandler = std::function<void(std::string_view line, bool last)>;
-    using ProblemHandler = std::function<void(const std::string& sentence)>;
+    using ProblemHandler = std::function<void(const std::optional<Failure>& problem)>;
     struct Handlers {
         LineHandler line;
         ProblemHandler problem = {};

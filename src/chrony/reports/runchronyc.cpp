@@ -19,7 +19,7 @@ ExecuteResult version_query(Execute& execute, const ChronyPrograms& programs, st
     if (program != bundle_chronyc && program != bundle_chronyd) {
         ExecuteResult unknown;
         unknown.output = "Unknown program: " + std::string(program);
-        unknown.sentence = unknown.output;
+        unknown.failure = said_by_others(unknown.output);
         return unknown;
     }
     const auto& configured = program == bundle_chronyc ? programs.chronyc : programs.chronyd;

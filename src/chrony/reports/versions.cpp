@@ -9,7 +9,7 @@ ProgramVersion read_version(const ExecuteResult& answer) {
     ProgramVersion version;
     version.text = answer.output;
     if (answer.outcome != ExecuteOutcome::exited) {
-        version.failure = answer.sentence;
+        version.failure = answer.failure;
         return version;
     }
     version.label = first_words(answer.output, label_words);

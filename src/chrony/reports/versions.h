@@ -8,10 +8,10 @@
 namespace tickervantage {
 
 struct ProgramVersion {
-    std::string text;         // the full output
-    std::string label;        // its first four words; empty when the program could not be asked
-    std::string failure;      // why it could not be asked
-    bool meaningless = false; // the program is there, ended by itself, and said fewer than four words
+    std::string text;               // the full output
+    std::string label;              // its first four words; empty when the program could not be asked
+    std::optional<Failure> failure; // why it could not be asked
+    bool meaningless = false;       // the program is there, ended by itself, and said fewer than four words
 };
 
 [[nodiscard]] ProgramVersion read_version(const ExecuteResult& answer);

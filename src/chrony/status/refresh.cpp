@@ -1,5 +1,6 @@
 #include "chrony/status/refresh.h"
 
+#include "base/failure_codes.h"
 #include "base/text_lines.h"
 
 #include <algorithm>
@@ -9,9 +10,9 @@
 namespace tickervantage {
 namespace {
 
-ReportText shortened(std::string output, std::string problem) {
-    if (limit_lines(output) && problem.empty())
-        problem = "only the first " + std::to_string(most_lines) + " lines are shown.";
+ReportText shortened(std::string output, std::optional<Failure> problem) {
+    if (limit_lines(output) && !problem)
+        problem = Failure{.code = FailureCode::lines_left_out, .arguments = {std::to_string(most_lines)}};
     return {std::move(output), std::move(problem)};
 }
 
@@ -23,7 +24,7 @@ ReportText run_command(const RefreshRequest& request, const ExecuteResult& track
         tracking.outcome != ExecuteOutcome::exited)
         return {};
     ExecuteResult result = request.runner->run(request.command);
-    return shortened(std::move(result.output), std::move(result.sentence));
+    return shortened(std::move(result.output), std::move(result.failure));
 }
 
 } // namespace

@@ -31,8 +31,8 @@ struct RefreshRequest {
 
 // The text of the report that is shown.
 struct ReportText {
-    std::string output;  // empty for "version", whose text is known, and for the reports that need root
-    std::string problem; // why the output is missing or cut, for people
+    std::string output;             // empty for "version", whose text is known, and for the reports that need root
+    std::optional<Failure> problem; // why the output is missing or cut
 };
 
 struct RefreshReading {

@@ -272,8 +272,8 @@ void StatusCycle::show_output(const RefreshReading& reading) {
 
 StatusNotice StatusCycle::notice(const RefreshReading& reading) const {
     using Kind = StatusNotice::Kind;
-    if (!reading.tracking.sentence.empty())
-        return {Kind::chronyc_failed, reading.tracking.sentence};
+    if (reading.tracking.failure)
+        return {.kind = Kind::chronyc_failed, .failure = reading.tracking.failure};
     if (m_chronydStatus == chronydStatus::unavailable && !reading.report.leapstatus.empty())
         return {Kind::unusual_leap, reading.report.leapstatus.substr(0, longest_detail)};
     if (m_chronydStatus == chronydStatus::unavailable)
@@ -281,8 +281,8 @@ StatusNotice StatusCycle::notice(const RefreshReading& reading) const {
     const bool needs_root = is_privileged_report(m_settings.chronyCommand);
     if (needs_root && !m_parts.privileged.helper_ready())
         return {Kind::needs_helper, m_settings.chronyCommand};
-    const std::string& problem = needs_root ? m_root_report.problem : reading.report_text.problem;
-    return problem.empty() ? StatusNotice{} : StatusNotice{Kind::report_incomplete, problem};
+    const auto& problem = needs_root ? m_root_report.problem : reading.report_text.problem;
+    return problem ? StatusNotice{.kind = Kind::report_incomplete, .failure = problem} : StatusNotice{};
 }
 
 void StatusCycle::apply_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) {

@@ -9,7 +9,7 @@
 
 namespace tickervantage {
 
-// What stands in the way of a full reading. The window finds the words; the detail is what the system said.
+// What stands in the way of a full reading. The window finds the words; the detail is what chrony said.
 struct StatusNotice {
     enum class Kind : unsigned char {
         none,
@@ -20,7 +20,8 @@ struct StatusNotice {
         report_incomplete, // the shown report failed or was cut; the status is good
     };
     Kind kind = Kind::none;
-    std::string detail;
+    std::string detail = {};
+    std::optional<Failure> failure = {}; // with chronyc_failed and report_incomplete
     friend bool operator==(const StatusNotice&, const StatusNotice&) = default;
 };
 

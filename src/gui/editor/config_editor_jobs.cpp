@@ -6,7 +6,6 @@
 #include "gui/editor/config_sheets.h"
 #include "gui/editor/config_text.h"
 #include "qt/in_words.h"
-#include "qt/spoken.h"
 
 #include <QAction>
 #include <QDir>

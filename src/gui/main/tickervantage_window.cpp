@@ -5,8 +5,8 @@
 #include "gui/main/local_time_text.h"
 #include "gui/main/meter_widget.h"
 #include "gui/main/status_image.h"
+#include "qt/in_words.h"
 #include "qt/local_number.h"
-#include "qt/spoken.h"
 #include "qt/text_scale.h"
 
 #include <QAction>
@@ -160,8 +160,8 @@ void TickervantageWindow::show_versions(const ProgramVersion& chronyc, const Pro
     const auto show = [this](QLabel* label, const char* program, const ProgramVersion& version) {
         //: main window: in place of a version; %1 is a program that could not be asked for it
         const QString missing = tr("%1: not available").arg(QLatin1String(program));
-        label->setText(version.failure.empty() ? from_std(version.label) : missing);
-        label->setToolTip(from_std(version.failure));
+        label->setText(version.failure ? missing : from_std(version.label));
+        label->setToolTip(version.failure ? in_words(*version.failure) : QString());
     };
     show(m_controls.chronycversion, "chronyc", chronyc);
     show(m_controls.chronydversion, "chronyd", chronyd);
@@ -194,7 +194,7 @@ void TickervantageWindow::show_output(const std::string& text) {
 
 void TickervantageWindow::show_notice(const StatusNotice& notice) {
     const auto words = [this, &notice]() -> QString {
-        const QString detail = spoken(notice.detail);
+        const QString detail = notice.failure ? in_words(*notice.failure) : from_std(notice.detail);
         switch (notice.kind) {
         case StatusNotice::Kind::none:
             //: main window, status line: %1 is a time

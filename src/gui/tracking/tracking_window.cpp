@@ -1,11 +1,11 @@
 #include "gui/tracking/tracking_window.h"
 
+#include "base/failure_codes.h"
 #include "gui/tracking/graph_scroll_area.h"
 #include "gui/tracking/legend.h"
 #include "gui/tracking/tracking_words.h"
 #include "qt/in_words.h"
 #include "qt/named_widget.h"
-#include "qt/spoken.h"
 #include "qt/text_scale.h"
 #include "studies/tracking/tracking_rows.h"
 
@@ -40,10 +40,8 @@ void set_slider(QSlider* slider, double value) {
     slider->setValue(static_cast<int>(std::lround(value * slider_steps)));
 }
 
-// The log's reader gives the system's reason, which speaks the user's language.
-bool says_forbidden(const std::string& problem) {
-    return problem.find("Permission denied") != std::string::npos ||
-           problem.find(std::generic_category().message(EACCES)) != std::string::npos;
+bool is_forbidden(const std::optional<Failure>& problem) {
+    return problem && problem->cause != nullptr && *problem->cause == system_failure(EACCES);
 }
 
 } // namespace
@@ -113,8 +111,7 @@ void TrackingWindow::connect_graph() {
     connect(m_controls.fit_action, &QAction::triggered, this, &TrackingWindow::fit);
     connect(m_controls.reset_action, &QAction::triggered, this, &TrackingWindow::reset_zoom);
     connect(area, &GraphScrollArea::pointed_at, this, [this](double x) { show_readout(x); });
-    connect(area, &GraphScrollArea::pointer_left, this,
-            [this] { m_controls.readout->setText(spoken(m_empty.problem)); });
+    connect(area, &GraphScrollArea::pointer_left, this, &TrackingWindow::show_no_readout);
 }
 
 void TrackingWindow::windowDidLoad() {
@@ -245,8 +242,8 @@ void TrackingWindow::load_log() {
             m_logname.toStdString(), m_parts.files, *m_parts.queue, m_parts.main_thread,
             LogReader::Handlers{.line = [this](std::string_view line, bool last) { take_line(line, last); },
                                 .problem =
-                                    [this](const std::string& sentence) {
-                                        show_problem(sentence);
+                                    [this](const std::optional<Failure>& problem) {
+                                        show_problem(problem);
                                     }},
             m_parts.log_timing);
     }
@@ -322,11 +319,15 @@ void TrackingWindow::update_spectrum_button() {
     m_controls.showSpectrum->setVisible(m_parts.preferences.spectrum);
 }
 
-void TrackingWindow::show_problem(const std::string& sentence) {
-    m_empty.problem = sentence;
-    m_controls.readout->setText(spoken(sentence));
-    m_controls.makeReadable->setVisible(m_empty.is_live && m_parts.can_make_log_readable && says_forbidden(sentence));
-    if (sentence.empty())
+void TrackingWindow::show_no_readout() {
+    m_controls.readout->setText(m_empty.problem ? in_words(*m_empty.problem) : QString());
+}
+
+void TrackingWindow::show_problem(const std::optional<Failure>& problem) {
+    m_empty.problem = problem;
+    show_no_readout();
+    m_controls.makeReadable->setVisible(m_empty.is_live && m_parts.can_make_log_readable && is_forbidden(problem));
+    if (!problem)
         m_read_timer->start(first_lines_come, [this] { read_so_far(); });
     else
         read_so_far();
@@ -355,7 +356,7 @@ void TrackingWindow::show_readout(double frame_x) {
     const Rect frame = m_controls.trackingView->frame();
     const auto found = m_view.readout(frame_x, {0, 0, frame.width, frame.height});
     if (!found) {
-        m_controls.readout->setText(spoken(m_empty.problem));
+        show_no_readout();
         return;
     }
     m_controls.readout->setText(words_of(*found, m_view.shown, locale()));

@@ -96,7 +96,8 @@ private:
     void describe_graph();
     void show_emptiness();
     void show_newest();
-    void show_problem(const std::string& sentence);
+    void show_problem(const std::optional<Failure>& problem);
+    void show_no_readout(); // the log's problem, where there is one
     void read_so_far();
     void makeReadable();
     void zoom(double steps, double viewport_x);

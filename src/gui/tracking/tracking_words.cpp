@@ -1,8 +1,8 @@
 #include "gui/tracking/tracking_words.h"
 
 #include "gui/tracking/legend.h"
+#include "qt/in_words.h"
 #include "qt/named_widget.h"
-#include "qt/spoken.h"
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -56,8 +56,8 @@ QString empty_words(const EmptyLog& log) {
                          "Add a line such as “logdir /var/log/chrony” in the configuration editor, check it, and "
                          "install it.")
             .arg(configuration);
-    if (!log.problem.empty())
-        return spoken(log.problem);
+    if (log.problem)
+        return in_words(*log.problem);
     if (log.has_older_records)
         //: tracking window: shown in place of the graph
         return Texts::tr("All records of this log are older than the time range shown.\n"

@@ -1,6 +1,8 @@
 // What a tracking graph shows, in words: below it for those who point at a record, and for screen readers.
 #pragma once
 
+#include "base/failure.h"
+
 #include "chrony/configuration/tracking_log_setting.h"
 #include "draw/plots/plot_caption.h"
 #include "studies/tracking/tracking_view.h"
@@ -24,8 +26,8 @@ namespace tickervantage {
 // What is known of a log without a record to show.
 struct EmptyLog {
     bool is_live = false;
-    bool has_older_records = false; // than the range of time that is shown
-    std::string problem;            // why it cannot be read; empty: it can
+    bool has_older_records = false;      // than the range of time that is shown
+    std::optional<Failure> problem = {}; // why it cannot be read
     TrackingLogSetting setting = TrackingLogSetting::unknown;
     std::string configuration; // path of the chrony.conf that says so
 };

@@ -129,9 +129,9 @@ Result<> BusPrivilegedChannel::run_installer() {
                                  .time_limit = helper::dialog_limit});
     if (result.outcome == ExecuteOutcome::exited && result.exit_status == 0 && look() == Found::ours)
         return {};
-    auto why = take_failure(result.output);
-    const std::string words(trimmed(result.sentence.empty() ? result.output : result.sentence));
-    return failed(FailureCode::helper_not_installed, {}, why ? *std::move(why) : said_by_others(words));
+    auto why = result.failure ? std::move(result.failure) : take_failure(result.output);
+    return failed(FailureCode::helper_not_installed, {},
+                  why ? *std::move(why) : said_by_others(std::string(trimmed(result.output))));
 }
 
 Result<> BusPrivilegedChannel::install() {

@@ -163,7 +163,7 @@ void InstallationOffers::offer_installation(const InstallationFacts& facts) {
 
 void InstallationOffers::offer_version(const InstallationFacts& facts) {
     if (m_parts.warnings.contains("VersionCompareAlert") || !facts.has_daemon || facts.installed.label.empty() ||
-        !facts.embedded.failure.empty())
+        facts.embedded.failure)
         return;
     if (facts.embedded.meaningless) {
         m_parts.owner.stop_for_version("chronyd", facts.embedded.label);

@@ -22,7 +22,7 @@ Failure last_words(const ExecuteResult& result) {
         return said_by_others(one_line(*spoken));
     if (result.outcome == ExecuteOutcome::exited)
         return {.code = FailureCode::ended_with_status, .arguments = {std::to_string(result.exit_status)}};
-    return said_by_others(result.sentence);
+    return result.failure.value_or(said_by_others({}));
 }
 
 bool succeeded(const ExecuteResult& result) {

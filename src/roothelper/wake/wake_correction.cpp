@@ -18,7 +18,7 @@ Failure complaint(const ExecuteResult& result) {
         if (const auto text = trimmed(line); !text.empty() && text != good)
             return said_by_others(std::string(text));
     if (result.outcome != ExecuteOutcome::exited)
-        return said_by_others(result.sentence);
+        return result.failure.value_or(said_by_others({}));
     return {.code = FailureCode::chronyc_said_nothing, .arguments = {std::to_string(result.exit_status)}};
 }
 
