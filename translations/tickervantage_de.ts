@@ -1090,6 +1090,206 @@ unsaved changes: button</extracomment>
     </message>
 </context>
 <context>
+    <name>explanations</name>
+    <message>
+        <source></source>
+        <comment>Why chrony uses a time source or does not, and what would change that. %1, %2, … stand for addresses, numbers with their units and words of chrony. Directives of chrony&apos;s configuration (maxdistance, iburst) stay as they are.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>By its last measurement our clock is off by %1, ± %2.</source>
+        <translation>Nach der letzten Messung geht unsere Uhr um %1 falsch, ± %2.</translation>
+    </message>
+    <message>
+        <source>It has never answered: %1 requests were sent, and no packet came back.</source>
+        <translation>Sie hat nie geantwortet: %1 Anfragen wurden gesendet, und kein Paket kam zurück.</translation>
+    </message>
+    <message>
+        <source>No measurement of it has succeeded since chronyd was started.</source>
+        <translation>Seit dem Start von chronyd ist keine Messung gelungen.</translation>
+    </message>
+    <message>
+        <source>It answers (%1 packets so far), but says itself that it has no time: stratum %2.</source>
+        <translation>Sie antwortet (bisher %1 Pakete), sagt aber selbst, dass sie keine Zeit hat: Stratum %2.</translation>
+    </message>
+    <message>
+        <source>It answers, but says itself that it is not synchronised.</source>
+        <translation>Sie antwortet, sagt aber selbst, dass sie nicht synchronisiert ist.</translation>
+    </message>
+    <message>
+        <source>chronyd has %1 usable measurements of it, too few to judge it by.</source>
+        <translation>chronyd hat %1 brauchbare Messungen von ihr, zu wenige für ein Urteil.</translation>
+    </message>
+    <message>
+        <source>None of the last eight requests was answered; it was heard %1 ago for the last time.</source>
+        <translation>Keine der letzten acht Anfragen wurde beantwortet; zuletzt gehört vor %1.</translation>
+    </message>
+    <message>
+        <source>Its time may be off by more than maxdistance (%1) allows: the path to its reference alone has a delay of %2 and a dispersion of %3.</source>
+        <translation>Ihre Zeit kann um mehr falsch sein, als maxdistance (%1) erlaubt: Schon der Weg zu ihrer Referenz hat eine Laufzeit von %2 und eine Dispersion von %3.</translation>
+    </message>
+    <message>
+        <source>Its time may be off by more than maxdistance (%1) allows.</source>
+        <translation>Ihre Zeit kann um mehr falsch sein, als maxdistance (%1) erlaubt.</translation>
+    </message>
+    <message>
+        <source>Its measurements scatter too much: their standard deviation is %1, and maxjitter allows %2.</source>
+        <translation>Ihre Messungen streuen zu sehr: Die Standardabweichung ist %1, maxjitter erlaubt %2.</translation>
+    </message>
+    <message>
+        <source>Its measurements scatter by more than maxjitter (%1) allows.</source>
+        <translation>Ihre Messungen streuen um mehr, als maxjitter (%1) erlaubt.</translation>
+    </message>
+    <message>
+        <source>Its time cannot be true if that of the majority is.</source>
+        <translation>Ihre Zeit kann nicht stimmen, wenn die der Mehrheit stimmt.</translation>
+    </message>
+    <message>
+        <source>Its interval, %1 to %2, does not touch the one that %3 of %4 others share, %5 to %6.</source>
+        <translation>Ihr Intervall, %1 bis %2, berührt nicht das, welches %3 von %4 anderen teilen, %5 bis %6.</translation>
+    </message>
+    <message>
+        <source>%1 sources contradict each other, and no majority tells which are right; this one says %2 to %3.</source>
+        <translation>%1 Quellen widersprechen einander, und keine Mehrheit sagt, welche recht haben; diese sagt %2 bis %3.</translation>
+    </message>
+    <message>
+        <source>%1 sources contradict each other, and no majority tells which are right.</source>
+        <translation>%1 Quellen widersprechen einander, und keine Mehrheit sagt, welche recht haben.</translation>
+    </message>
+    <message>
+        <source>It could be used, but minsources asks for %1 sources at once, and there are %2.</source>
+        <translation>Sie wäre brauchbar, aber minsources verlangt %1 Quellen zugleich, und es gibt %2.</translation>
+    </message>
+    <message>
+        <source>It could be used, but a source with the option require cannot be used yet.</source>
+        <translation>Sie wäre brauchbar, aber eine Quelle mit der Option require ist es noch nicht.</translation>
+    </message>
+    <message>
+        <source>Its stratum, %1, is not below the stratum that this machine takes for itself (local stratum … orphan).</source>
+        <translation>Ihr Stratum, %1, liegt nicht unter dem, das dieser Rechner für sich selbst annimmt (local stratum … orphan).</translation>
+    </message>
+    <message>
+        <source>chrony gives it the state &quot;%1&quot;, which this program does not know.</source>
+        <translation>chrony gibt ihr den Zustand „%1“, den dieses Programm nicht kennt.</translation>
+    </message>
+    <message>
+        <source>chronyd follows it: of all that agree it is the closest to true time.</source>
+        <translation>chronyd folgt ihr: Von allen, die übereinstimmen, ist sie der wahren Zeit am nächsten.</translation>
+    </message>
+    <message>
+        <source>chronyd uses it together with the best source.</source>
+        <translation>chronyd verwendet sie zusammen mit der besten Quelle.</translation>
+    </message>
+    <message>
+        <source>It is measured only: its line in the configuration has noselect.</source>
+        <translation>Sie wird nur gemessen: Ihre Zeile in der Konfiguration hat noselect.</translation>
+    </message>
+    <message>
+        <source>It waits until the other sources have been measured often enough.</source>
+        <translation>Sie wartet, bis die anderen Quellen oft genug gemessen sind.</translation>
+    </message>
+    <message>
+        <source>Another source that can be used has the option prefer.</source>
+        <translation>Eine andere brauchbare Quelle hat die Option prefer.</translation>
+    </message>
+    <message>
+        <source>Another source became the best one; this one waits for its next measurement.</source>
+        <translation>Eine andere Quelle wurde die beste; diese wartet auf ihre nächste Messung.</translation>
+    </message>
+    <message>
+        <source>It is, or was a moment ago, much further from true time than the best source, so that combining the two would not help.</source>
+        <translation>Sie ist oder war eben noch viel weiter von der wahren Zeit entfernt als die beste Quelle, sodass beide zusammen nichts brächten.</translation>
+    </message>
+    <message>
+        <source>Its time lies at the edge of those that agree, and it is left out for that.</source>
+        <translation>Ihre Zeit liegt am Rand derer, die übereinstimmen, und wird deshalb ausgelassen.</translation>
+    </message>
+    <message>
+        <source>Another source of a lower stratum is preferred.</source>
+        <translation>Eine andere Quelle mit niedrigerem Stratum wird vorgezogen.</translation>
+    </message>
+    <message>
+        <source>Its measurements are older than those of the other sources.</source>
+        <translation>Ihre Messungen sind älter als die der anderen Quellen.</translation>
+    </message>
+    <message>
+        <source>It does not fully agree with the sources that have the option trust.</source>
+        <translation>Sie stimmt nicht ganz mit den Quellen überein, die die Option trust haben.</translation>
+    </message>
+    <message>
+        <source>No address is known for %1.</source>
+        <translation>Für %1 ist keine Adresse bekannt.</translation>
+    </message>
+    <message>
+        <source>Take noselect from its line to let chronyd use it.</source>
+        <translation>Nehmen Sie noselect aus ihrer Zeile, damit chronyd sie verwenden darf.</translation>
+    </message>
+    <message>
+        <source>Look for a misspelling on its line (server, pool), and whether this machine&apos;s name server answers; chronyd asks again by itself, and at once after &quot;chronyc refresh&quot;.</source>
+        <translation>Suchen Sie in ihrer Zeile (server, pool) nach einem Schreibfehler, und sehen Sie nach, ob der Nameserver dieses Rechners antwortet; chronyd fragt von selbst wieder, nach „chronyc refresh“ sofort.</translation>
+    </message>
+    <message>
+        <source>See whether the host is up and whether a firewall lets UDP port 123 through; &quot;tickerctl probe&quot; tries it. If it stays silent, replace its line (server, pool).</source>
+        <translation>Sehen Sie nach, ob der Rechner läuft und eine Firewall den UDP-Port 123 durchlässt; „tickerctl probe“ versucht es. Bleibt er stumm, ersetzen Sie seine Zeile (server, pool).</translation>
+    </message>
+    <message>
+        <source>Its keeper has to look after it; until then, another server line brings a source with a time.</source>
+        <translation>Darum muss sich ihr Betreiber kümmern; bis dahin bringt eine weitere server-Zeile eine Quelle mit Zeit.</translation>
+    </message>
+    <message>
+        <source>Wait for some more polls; iburst on its line makes the first four at once.</source>
+        <translation>Warten Sie einige Abfragen ab; iburst in ihrer Zeile macht die ersten vier sofort.</translation>
+    </message>
+    <message>
+        <source>See whether this machine&apos;s network is up and the host still answers; &quot;chronyc burst 2/4&quot; asks at once. A second server line makes one silence harmless.</source>
+        <translation>Sehen Sie nach, ob das Netz dieses Rechners läuft und der Server noch antwortet; „chronyc burst 2/4“ fragt sofort. Mit einer zweiten server-Zeile schadet ein Schweigen nicht.</translation>
+    </message>
+    <message>
+        <source>Choose a nearer server, or allow more by maxdistance.</source>
+        <translation>Wählen Sie einen näheren Server, oder erlauben Sie mit maxdistance mehr.</translation>
+    </message>
+    <message>
+        <source>Choose a server over a steadier network, or allow more by maxjitter.</source>
+        <translation>Wählen Sie einen Server über ein ruhigeres Netz, oder erlauben Sie mit maxjitter mehr.</translation>
+    </message>
+    <message>
+        <source>Wait for some more polls; iburst on the other sources&apos; lines shortens it.</source>
+        <translation>Warten Sie einige Abfragen ab; iburst in den Zeilen der anderen Quellen kürzt das ab.</translation>
+    </message>
+    <message>
+        <source>Do not use it: take its line (server, pool, refclock) out, or give a reference clock its offset by the option offset.</source>
+        <translation>Verwenden Sie sie nicht: Nehmen Sie ihre Zeile (server, pool, refclock) heraus, oder geben Sie einer Referenzuhr mit der Option offset ihren Versatz.</translation>
+    </message>
+    <message>
+        <source>Add server lines: four sources let chronyd tell one wrong clock from three right ones. If you know which is right, give its line the option trust.</source>
+        <translation>Fügen Sie server-Zeilen hinzu: Mit vier Quellen erkennt chronyd eine falsche Uhr neben drei richtigen. Wissen Sie, welche stimmt, geben Sie ihrer Zeile die Option trust.</translation>
+    </message>
+    <message>
+        <source>Bring the missing sources back, or lower minsources (or take require from the other&apos;s line).</source>
+        <translation>Bringen Sie die fehlenden Quellen zurück, oder senken Sie minsources (oder nehmen Sie require aus der anderen Zeile).</translation>
+    </message>
+    <message>
+        <source>Take prefer from the other&apos;s line, or give it to this one too.</source>
+        <translation>Nehmen Sie prefer aus der anderen Zeile, oder geben Sie es auch dieser.</translation>
+    </message>
+    <message>
+        <source>Nothing has to be done; combinelimit says how much further a source may be.</source>
+        <translation>Es ist nichts zu tun; combinelimit sagt, wie viel weiter eine Quelle entfernt sein darf.</translation>
+    </message>
+    <message>
+        <source>A smaller maxpoll on its line keeps its measurements as fresh as those of the others.</source>
+        <translation>Ein kleineres maxpoll in ihrer Zeile hält ihre Messungen so frisch wie die der anderen.</translation>
+    </message>
+    <message>
+        <source>Use a server of a lower stratum, or raise the stratum of the directive local.</source>
+        <translation>Verwenden Sie einen Server mit niedrigerem Stratum, oder erhöhen Sie das Stratum der Direktive local.</translation>
+    </message>
+    <message>
+        <source>Give its line the option trust if it deserves it, or look why the trusted sources differ.</source>
+        <translation>Geben Sie ihrer Zeile die Option trust, wenn sie es verdient, oder sehen Sie nach, warum die vertrauten Quellen abweichen.</translation>
+    </message>
+</context>
+<context>
     <name>failures</name>
     <message>
         <source></source>
@@ -1967,6 +2167,22 @@ unsaved changes: button</extracomment>
     <message>
         <source>The file in the autostart folder does not start the program.</source>
         <translation>Die Datei im Autostart-Ordner startet das Programm nicht.</translation>
+    </message>
+    <message>
+        <source>%1 gave no answer: %c.</source>
+        <translation>%1 gab keine Antwort: %c.</translation>
+    </message>
+    <message>
+        <source>A line of the report &quot;%1&quot; has %2 columns instead of %3: %4</source>
+        <translation>Eine Zeile des Berichts „%1“ hat %2 Spalten statt %3: %4</translation>
+    </message>
+    <message>
+        <source>This is no capture: it does not begin with &quot;# tickervantage capture 1&quot;.</source>
+        <translation>Dies ist keine Aufzeichnung: Sie beginnt nicht mit „# tickervantage capture 1“.</translation>
+    </message>
+    <message>
+        <source>Line %1 of the capture belongs to no report.</source>
+        <translation>Zeile %1 der Aufzeichnung gehört zu keinem Bericht.</translation>
     </message>
 </context>
 <context>

@@ -62,6 +62,10 @@ TV_FAILURE(value_does_not_read_back, TV_TEXT("failures", "a value does not read 
 TV_FAILURE(settings_not_saved_in_time, TV_TEXT("failures", "The settings could not be saved in time."))
 
 // chrony's reports and logs
+TV_FAILURE(no_answer_from, TV_TEXT("failures", "%1 gave no answer: %c."))
+TV_FAILURE(odd_report_line, TV_TEXT("failures", "A line of the report \"%1\" has %2 columns instead of %3: %4"))
+TV_FAILURE(no_capture, TV_TEXT("failures", "This is no capture: it does not begin with \"# tickervantage capture 1\"."))
+TV_FAILURE(no_capture_line, TV_TEXT("failures", "Line %1 of the capture belongs to no report."))
 
 // the configuration of chrony
 TV_FAILURE(cannot_open_document, TV_TEXT("failures", "%1 cannot be opened."))

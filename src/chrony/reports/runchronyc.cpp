@@ -53,6 +53,15 @@ ExecuteResult Runchronyc::run_for_values(const std::string& command) const {
     return run_with(std::move(options), command);
 }
 
+ExecuteResult Runchronyc::run_for_data(const std::vector<std::string>& commands, SourceNames names) const {
+    std::vector<std::string> options = m_extra;
+    options.emplace_back(names == SourceNames::addresses ? "-n" : "-N");
+    options.insert(options.end(), {"-c", "-m"});
+    options.insert(options.end(), commands.begin(), commands.end());
+    return m_execute.run(
+        {.program = choose_program(m_programs.chronyc, m_programs, bundle_chronyc), .arguments = std::move(options)});
+}
+
 std::string Runchronyc::run_privileged(bool resolve, bool original, const std::string& command,
                                        const std::string& extra) const {
     if (!m_privileged.helper_ready())

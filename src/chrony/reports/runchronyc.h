@@ -31,6 +31,8 @@ inline constexpr std::string_view bundle_chronyd = "/Contents/MacOS/chronyd";
 // "Unknown program: " and the name, and nothing is run. Blocks.
 [[nodiscard]] ExecuteResult version_query(Execute& execute, const ChronyPrograms& programs, std::string_view program);
 
+enum class SourceNames : unsigned char { addresses, of_configuration };
+
 // Not changed after construction: another choice of names is another runner. Every run blocks until chronyc ends; the
 // functions may be called from any thread but the main one.
 class Runchronyc {
@@ -44,6 +46,11 @@ public:
     // The same as comma-separated values, chronyc's option -c: nothing is cut, and without -N addresses stand for
     // names.
     [[nodiscard]] ExecuteResult run_for_values(const std::string& command) const;
+
+    // Several reports of one run as comma-separated values, addresses as addresses (options -n, -c, -m); with the
+    // configuration's names in their place (option -N).
+    [[nodiscard]] ExecuteResult run_for_data(const std::vector<std::string>& commands,
+                                             SourceNames names = SourceNames::addresses) const;
 
     // As administrator through the helper: what chronyc printed on both its streams; empty text when the helper is not
     // ready. Uses the configured program, whether it exists or not.

@@ -1,0 +1,41 @@
+// A sentence for people that is put together away from any language: words with %1, %2, …, marked for translators with
+// TV_TEXT, and the values that go into them. Pure functions, any thread.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace tickervantage {
+
+enum class QuantityKind : unsigned char {
+    seconds,        // "2.81 µs"
+    signed_seconds, // "+2.81 µs"
+    duration,       // "2 h 4 min"
+    parts_per_million,
+    count,
+};
+
+struct Quantity {
+    double value = 0;
+    QuantityKind kind = QuantityKind::count;
+    double resolution = 0; // of seconds: a difference that has to be seen, such as an interval's width; 0: none
+};
+
+struct Sentence {
+    const char* context = ""; // of the translation
+    const char* words = "";
+    std::vector<std::variant<std::string, Quantity>> values = {};
+};
+
+// Three significant digits, more where the resolution asks for them, and one unit.
+[[nodiscard]] std::string text_of(const Quantity& quantity, std::string_view decimal_point = ".");
+
+// `words` are those of the sentence, in whatever language. Texts of others are cut at 100 characters, and control
+// characters become dots: a server may call itself anything.
+[[nodiscard]] std::string filled(std::string_view words, const Sentence& sentence, std::string_view decimal_point);
+
+[[nodiscard]] std::string english(const Sentence& sentence);
+
+} // namespace tickervantage

@@ -1,0 +1,27 @@
+// What chronyd says now, as a capture: two runs of chronyc for what everybody may ask, a third for what root may ask.
+// Blocks for as long as chronyc takes: not on the main thread.
+#pragma once
+
+#include "chrony/data/capture.h"
+
+#include <string>
+#include <vector>
+
+namespace tickervantage {
+
+class Runchronyc;
+
+enum class CaptureDepth : unsigned char {
+    open,       // tracking, sources, sourcestats, activity
+    with_names, // and the configuration's names of the sources: one run more
+    with_root,  // and selectdata, authdata, ntpdata, serverstats, refused unless chronyd admits this user
+};
+
+// Without the facts that chronyc does not know, but for the time. A chronyc that could not be run is a refusal of
+// "tracking" in the words of this program.
+[[nodiscard]] Capture read_capture(const Runchronyc& chronyc, CaptureDepth depth);
+
+// The configuration and the files that it takes in, as far as they can be read, at most 1 MiB each.
+[[nodiscard]] std::vector<CapturedFile> read_configuration(const std::string& path);
+
+} // namespace tickervantage

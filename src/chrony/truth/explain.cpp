@@ -1,0 +1,331 @@
+#include "chrony/truth/explain.h"
+
+#include "base/translatable.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+using Values = std::vector<std::variant<std::string, Quantity>>;
+
+/* TRANSLATOR explanations
+   Why chrony uses a time source or does not, and what would change that. %1, %2, … stand for addresses, numbers with
+   their units and words of chrony. Directives of chrony's configuration (maxdistance, iburst) stay as they are. */
+constexpr const char* context = "explanations";
+
+// What is known of all sources together, for the sentences of one.
+struct Selection {
+    const std::vector<JudgedSource>& sources;
+    const std::vector<CapturedFile>& configuration;
+};
+
+Quantity seconds(double value) {
+    return {.value = value, .kind = QuantityKind::seconds};
+}
+
+Quantity signed_seconds(double value) {
+    return {.value = value, .kind = QuantityKind::signed_seconds};
+}
+
+// The ends of an interval, precise enough to be told apart.
+Quantity end_of(double value, double low, double high) {
+    return {.value = value, .kind = QuantityKind::signed_seconds, .resolution = std::abs(high - low)};
+}
+
+Quantity count(double value) {
+    return {.value = value, .kind = QuantityKind::count};
+}
+
+Quantity duration(double value) {
+    return {.value = value, .kind = QuantityKind::duration};
+}
+
+Sentence say(const char* words, Values values = {}) {
+    return {.context = context, .words = words, .values = std::move(values)};
+}
+
+std::string host_of(const JudgedSource& source) {
+    return source.name.value_or(source.data.source);
+}
+
+bool agrees(const JudgedSource& source) {
+    using enum SelectionRule;
+    static constexpr std::array agreeing{best,         combined, required, not_preferred, new_measurement,
+                                         not_combined, outlier,  stratum};
+    return std::ranges::find(agreeing, source.rule) != agreeing.end();
+}
+
+struct SharedInterval {
+    double low = 0;
+    double high = 0;
+    int sharing = 0;
+    int others = 0; // with an interval at all
+};
+
+// What those that agree have in common. None where nobody has an interval.
+std::optional<SharedInterval> shared_interval(const std::vector<JudgedSource>& sources, const JudgedSource& left_out) {
+    std::optional<SharedInterval> shared;
+    int others = 0;
+    for (const JudgedSource& source : sources) {
+        if (!source.selection || !source.selection->low || source.data.source == left_out.data.source)
+            continue;
+        ++others;
+        if (!agrees(source))
+            continue;
+        const double low = *source.selection->low;
+        const double high = *source.selection->high;
+        shared = shared ? SharedInterval{std::max(low, shared->low), std::min(high, shared->high), shared->sharing + 1}
+                        : SharedInterval{low, high, 1};
+    }
+    if (shared)
+        shared->others = others;
+    return shared;
+}
+
+// Sentences: what decided -----------------------------------------------------------------------------------------
+
+void add_offset(const JudgedSource& source, std::vector<Sentence>& sentences) {
+    if (source.data.offset && source.data.error)
+        sentences.push_back(say(TV_TEXT("explanations", "By its last measurement our clock is off by %1, ± %2."),
+                                {signed_seconds(*source.data.offset), seconds(*source.data.error)}));
+}
+
+Sentence say_unanswered(const JudgedSource& source) {
+    if (source.ntp)
+        return say(TV_TEXT("explanations", "It has never answered: %1 requests were sent, and no packet came back."),
+                   {count(static_cast<double>(source.ntp->sent))});
+    return say(TV_TEXT("explanations", "No measurement of it has succeeded since chronyd was started."));
+}
+
+Sentence say_unsynchronised(const JudgedSource& source) {
+    if (source.ntp && source.ntp->received > 0)
+        return say(
+            TV_TEXT("explanations", "It answers (%1 packets so far), but says itself that it has no time: stratum %2."),
+            {count(static_cast<double>(source.ntp->received)), count(source.ntp->stratum)});
+    return say(TV_TEXT("explanations", "It answers, but says itself that it is not synchronised."));
+}
+
+Sentence say_few(const JudgedSource& source) {
+    const int samples = source.statistics ? source.statistics->samples : 0;
+    return say(TV_TEXT("explanations", "chronyd has %1 usable measurements of it, too few to judge it by."),
+               {count(samples)});
+}
+
+Sentence say_unreachable(const JudgedSource& source) {
+    return say(
+        TV_TEXT("explanations", "None of the last eight requests was answered; it was heard %1 ago for the last time."),
+        {duration(source.data.last_rx.value_or(0))});
+}
+
+Sentence say_distant(const JudgedSource& source, const Selection& selection) {
+    constexpr double default_distance = 3; // s, chrony.conf(5)
+    const double limit = last_number(selection.configuration, "maxdistance").value_or(default_distance);
+    if (source.ntp)
+        return say(TV_TEXT("explanations", "Its time may be off by more than maxdistance (%1) allows: the path to its "
+                                           "reference alone has a delay of %2 and a dispersion of %3."),
+                   {seconds(limit), seconds(source.ntp->root_delay), seconds(source.ntp->root_dispersion)});
+    return say(TV_TEXT("explanations", "Its time may be off by more than maxdistance (%1) allows."), {seconds(limit)});
+}
+
+Sentence say_jittery(const JudgedSource& source, const Selection& selection) {
+    constexpr double default_jitter = 1; // s, chrony.conf(5)
+    const double limit = last_number(selection.configuration, "maxjitter").value_or(default_jitter);
+    if (source.statistics && source.statistics->std_dev)
+        return say(TV_TEXT("explanations", "Its measurements scatter too much: their standard deviation is %1, and "
+                                           "maxjitter allows %2."),
+                   {seconds(*source.statistics->std_dev), seconds(limit)});
+    return say(TV_TEXT("explanations", "Its measurements scatter by more than maxjitter (%1) allows."),
+               {seconds(limit)});
+}
+
+Sentence say_falseticker(const JudgedSource& source, const Selection& selection) {
+    const auto shared = shared_interval(selection.sources, source);
+    if (!shared || !source.selection || !source.selection->low)
+        return say(TV_TEXT("explanations", "Its time cannot be true if that of the majority is."));
+    const double low = *source.selection->low;
+    const double high = *source.selection->high;
+    return say(
+        TV_TEXT("explanations", "Its interval, %1 to %2, does not touch the one that %3 of %4 others share, %5 to %6."),
+        {end_of(low, low, high), end_of(high, low, high), count(shared->sharing), count(shared->others),
+         end_of(shared->low, shared->low, shared->high), end_of(shared->high, shared->low, shared->high)});
+}
+
+Sentence say_no_majority(const JudgedSource& source, const Selection& selection) {
+    const auto disagreeing = std::ranges::count(selection.sources, SelectionRule::no_majority, &JudgedSource::rule);
+    if (source.selection && source.selection->low)
+        return say(TV_TEXT("explanations",
+                           "%1 sources contradict each other, and no majority tells which are right; this "
+                           "one says %2 to %3."),
+                   {count(static_cast<double>(disagreeing)), signed_seconds(*source.selection->low),
+                    signed_seconds(*source.selection->high)});
+    return say(TV_TEXT("explanations", "%1 sources contradict each other, and no majority tells which are right."),
+               {count(static_cast<double>(disagreeing))});
+}
+
+Sentence say_required(const JudgedSource&, const Selection& selection) {
+    const double needed = last_number(selection.configuration, "minsources").value_or(1);
+    const auto selectable = std::ranges::count(selection.sources, SelectionRule::required, &JudgedSource::rule);
+    if (needed > static_cast<double>(selectable))
+        return say(
+            TV_TEXT("explanations", "It could be used, but minsources asks for %1 sources at once, and there are %2."),
+            {count(needed), count(static_cast<double>(selectable))});
+    return say(TV_TEXT("explanations", "It could be used, but a source with the option require cannot be used yet."));
+}
+
+Sentence say_orphan(const JudgedSource& source) {
+    return say(TV_TEXT("explanations", "Its stratum, %1, is not below the stratum that this machine takes for itself "
+                                       "(local stratum … orphan)."),
+               {count(source.data.stratum)});
+}
+
+Sentence say_unknown(const JudgedSource& source) {
+    return say(TV_TEXT("explanations", "chrony gives it the state \"%1\", which this program does not know."),
+               {std::string(1, source.letter)});
+}
+
+struct PlainWords {
+    SelectionRule rule;
+    const char* sentence;
+};
+
+// What needs no numbers.
+constexpr auto plain_sentences = std::to_array<PlainWords>({
+    {SelectionRule::best,
+     TV_TEXT("explanations", "chronyd follows it: of all that agree it is the closest to true time.")},
+    {SelectionRule::combined, TV_TEXT("explanations", "chronyd uses it together with the best source.")},
+    {SelectionRule::noselect,
+     TV_TEXT("explanations", "It is measured only: its line in the configuration has noselect.")},
+    {SelectionRule::waiting,
+     TV_TEXT("explanations", "It waits until the other sources have been measured often enough.")},
+    {SelectionRule::not_preferred, TV_TEXT("explanations", "Another source that can be used has the option prefer.")},
+    {SelectionRule::new_measurement,
+     TV_TEXT("explanations", "Another source became the best one; this one waits for its next measurement.")},
+    {SelectionRule::not_combined,
+     TV_TEXT("explanations", "It is, or was a moment ago, much further from true time than the best source, so that "
+                             "combining the two would not help.")},
+    {SelectionRule::outlier,
+     TV_TEXT("explanations", "Its time lies at the edge of those that agree, and it is left out for that.")},
+    {SelectionRule::stratum, TV_TEXT("explanations", "Another source of a lower stratum is preferred.")},
+    {SelectionRule::stale, TV_TEXT("explanations", "Its measurements are older than those of the other sources.")},
+    {SelectionRule::untrusted,
+     TV_TEXT("explanations", "It does not fully agree with the sources that have the option trust.")},
+});
+
+Sentence main_sentence(const JudgedSource& source, const Selection& selection) {
+    switch (source.rule) {
+    case SelectionRule::unresolved:
+        return say(TV_TEXT("explanations", "No address is known for %1."), {host_of(source)});
+    case SelectionRule::unanswered:
+        return say_unanswered(source);
+    case SelectionRule::unsynchronised:
+        return say_unsynchronised(source);
+    case SelectionRule::few_measurements:
+        return say_few(source);
+    case SelectionRule::unreachable:
+        return say_unreachable(source);
+    case SelectionRule::distant:
+        return say_distant(source, selection);
+    case SelectionRule::jittery:
+        return say_jittery(source, selection);
+    case SelectionRule::falseticker:
+        return say_falseticker(source, selection);
+    case SelectionRule::no_majority:
+        return say_no_majority(source, selection);
+    case SelectionRule::required:
+        return say_required(source, selection);
+    case SelectionRule::orphan:
+        return say_orphan(source);
+    default:
+        break;
+    }
+    const auto* const plain = std::ranges::find(plain_sentences, source.rule, &PlainWords::rule);
+    return plain == plain_sentences.end() ? say_unknown(source) : say(plain->sentence);
+}
+
+// Remedies: what would change it -----------------------------------------------------------------------------------
+
+constexpr auto plain_remedies = std::to_array<PlainWords>({
+    {SelectionRule::noselect, TV_TEXT("explanations", "Take noselect from its line to let chronyd use it.")},
+    {SelectionRule::unresolved,
+     TV_TEXT("explanations", "Look for a misspelling on its line (server, pool), and whether this machine's name "
+                             "server answers; chronyd asks again by itself, and at once after \"chronyc refresh\".")},
+    {SelectionRule::unanswered,
+     TV_TEXT("explanations", "See whether the host is up and whether a firewall lets UDP port 123 through; \"tickerctl "
+                             "probe\" tries it. If it stays silent, replace its line (server, pool).")},
+    {SelectionRule::unsynchronised,
+     TV_TEXT("explanations",
+             "Its keeper has to look after it; until then, another server line brings a source with a time.")},
+    {SelectionRule::few_measurements,
+     TV_TEXT("explanations", "Wait for some more polls; iburst on its line makes the first four at once.")},
+    {SelectionRule::unreachable,
+     TV_TEXT("explanations", "See whether this machine's network is up and the host still answers; \"chronyc burst "
+                             "2/4\" asks at once. A second server line makes one silence harmless.")},
+    {SelectionRule::distant, TV_TEXT("explanations", "Choose a nearer server, or allow more by maxdistance.")},
+    {SelectionRule::jittery,
+     TV_TEXT("explanations", "Choose a server over a steadier network, or allow more by maxjitter.")},
+    {SelectionRule::waiting,
+     TV_TEXT("explanations", "Wait for some more polls; iburst on the other sources' lines shortens it.")},
+    {SelectionRule::falseticker, TV_TEXT("explanations", "Do not use it: take its line (server, pool, refclock) out, "
+                                                         "or give a reference clock its offset by the option offset.")},
+    {SelectionRule::no_majority,
+     TV_TEXT("explanations", "Add server lines: four sources let chronyd tell one wrong clock from three right ones. "
+                             "If you know which is right, give its line the option trust.")},
+    {SelectionRule::required,
+     TV_TEXT("explanations",
+             "Bring the missing sources back, or lower minsources (or take require from the other's line).")},
+    {SelectionRule::not_preferred,
+     TV_TEXT("explanations", "Take prefer from the other's line, or give it to this one too.")},
+    {SelectionRule::not_combined,
+     TV_TEXT("explanations", "Nothing has to be done; combinelimit says how much further a source may be.")},
+    {SelectionRule::stale,
+     TV_TEXT("explanations", "A smaller maxpoll on its line keeps its measurements as fresh as those of the others.")},
+    {SelectionRule::orphan,
+     TV_TEXT("explanations", "Use a server of a lower stratum, or raise the stratum of the directive local.")},
+    {SelectionRule::untrusted,
+     TV_TEXT("explanations",
+             "Give its line the option trust if it deserves it, or look why the trusted sources differ.")},
+});
+
+std::vector<Sentence> remedies_for(const JudgedSource& source) {
+    const auto* const plain = std::ranges::find(plain_remedies, source.rule, &PlainWords::rule);
+    return plain == plain_remedies.end() ? std::vector<Sentence>() : std::vector{say(plain->sentence)};
+}
+
+Explanation explanation_of(const JudgedSource& source, const Selection& selection) {
+    Explanation explanation{
+        .source = source.data.source,
+        .name = source.name,
+        .letter = source.letter,
+        .rule = source.rule,
+        .sentences = {main_sentence(source, selection)},
+        .remedies = remedies_for(source),
+        .line = line_of_source(selection.configuration, source.data.source, source.name.value_or(std::string()))};
+    add_offset(source, explanation.sentences);
+    return explanation;
+}
+
+} // namespace
+
+std::vector<Explanation> explain(const ChronyReports& reports, const std::vector<CapturedFile>& configuration) {
+    const std::vector<JudgedSource> sources = judged_sources(reports);
+    const Selection selection{.sources = sources, .configuration = configuration};
+    std::vector<Explanation> explanations;
+    explanations.reserve(sources.size());
+    for (const JudgedSource& source : sources)
+        explanations.push_back(explanation_of(source, selection));
+    return explanations;
+}
+
+std::vector<Explanation> explanations_of(std::vector<Explanation> explanations, std::string_view source) {
+    std::erase_if(explanations, [source](const Explanation& one) {
+        return one.source != source && one.name.value_or(std::string()) != source;
+    });
+    return explanations;
+}
+
+} // namespace tickervantage

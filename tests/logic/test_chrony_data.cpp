@@ -1,0 +1,168 @@
+#include "chrony/data/reports.h"
+#include "support/chrony_reports.h"
+
+#include <gtest/gtest.h>
+
+namespace tickervantage {
+namespace {
+
+using testing::capture_of;
+
+// Printed by chronyc 4.3.
+const char* const open_lines =
+    "7F000001,127.0.0.1,6,1795329879.384664781,0.000000344,0.000000056,0.000001408,-0.156,0.003,"
+    "0.247,0.000002897,0.000001397,0.3,Normal\n"
+    "^,*,127.0.0.1,5,-2,377,0,0.000002026,0.000002082,0.000003248\n"
+    "#,?,PPS0,0,4,17,4294967295,0.000000000,0.000000000,0.000000000\n"
+    "127.0.0.1,26,12,6,0.003,0.235,0.000000000,0.000000541\n"
+    "PPS0,0,0,0,0.000,2000.000,0.000000000,4.000000000\n"
+    "2,0,0,0,1\n";
+
+Capture divided(std::string_view output) {
+    Capture capture;
+    capture.reports = divided_reports(output, open_reports);
+    return capture;
+}
+
+TEST(ChronyData, ReadsTheOpenReportsOfOneRun) {
+    const ChronyReports reports = reports_in(divided(open_lines));
+    EXPECT_TRUE(reports.problems.empty());
+    ASSERT_TRUE(reports.tracking && reports.sources && reports.statistics && reports.activity);
+    EXPECT_EQ(reports.tracking->reference_id, 0x7F000001U);
+    EXPECT_EQ(reports.tracking->stratum, 6);
+    EXPECT_NEAR(reports.tracking->reference_time.value_or(0), 1795329879.384664781, 1e-6);
+    EXPECT_EQ(reports.tracking->system_time, -0.000000344) << "behind is negative";
+    EXPECT_EQ(reports.tracking->skew_ppm, 0.247);
+    EXPECT_EQ(reports.tracking->leap_status, "Normal");
+    ASSERT_EQ(reports.sources->size(), 2U);
+    const SourceData& server = reports.sources->front();
+    EXPECT_EQ(server.reach, 255U) << "octal";
+    EXPECT_EQ(server.poll, -2);
+    EXPECT_EQ(server.last_rx, 0.0);
+    EXPECT_EQ(server.measured, 0.000002082);
+    const SourceData& clock = reports.sources->back();
+    EXPECT_EQ(clock.mode, SourceMode::refclock);
+    EXPECT_FALSE(clock.last_rx || clock.offset || clock.measured || clock.error) << "never is not 0";
+    ASSERT_EQ(reports.statistics->size(), 2U);
+    EXPECT_EQ(reports.statistics->front().std_dev, 0.000000541);
+    EXPECT_FALSE(reports.statistics->back().skew_ppm || reports.statistics->back().std_dev);
+    EXPECT_EQ(reports.activity->unresolved, 1);
+}
+
+TEST(ChronyData, ReadsTheReportsForRoot) {
+    Capture capture;
+    capture.reports["selectdata"].text =
+        "*,127.0.0.1,Y,-,P,-,-,-,-,P,T,-,-,0,1.5,-0.000001879,0.000003026,Normal\n"
+        "s,127.0.0.2,N,-,-,-,-,-,-,-,-,-,-,4294967295,1.0,0.000000000,0.000000000,Not synchronised\n";
+    capture.reports["authdata"].text = "127.0.0.1,NTS,1,15,256,3600,0,0,8,100\n";
+    capture.reports["ntpdata"].text =
+        "127.0.0.1,7F000001,11123,127.0.0.1,7F000001,Normal,4,Server,5,-2,0,-25,0.000000030,0.000015,0.000016,7F7F0101,"
+        ",1795329872.631639300,-0.000002082,0.000006393,0.000000052,0.000063469,0.48,111,111,1111,No,No,Kernel,Kernel,"
+        "29,28,27,26\n";
+    capture.reports["serverstats"].text = "1598,8,19,1,2,3,0,189,43,44,120\n";
+    const ChronyReports reports = reports_in(capture);
+    EXPECT_TRUE(reports.problems.empty());
+    ASSERT_TRUE(reports.selection && reports.authentication && reports.ntp && reports.server);
+    const SelectionData& first = reports.selection->front();
+    EXPECT_TRUE(first.authenticated);
+    EXPECT_EQ(first.configured_options, "P");
+    EXPECT_EQ(first.effective_options, "PT");
+    EXPECT_EQ(first.low, -0.000001879);
+    EXPECT_FALSE(reports.selection->back().low || reports.selection->back().last);
+    EXPECT_EQ(reports.authentication->front().mode, "NTS");
+    EXPECT_EQ(reports.authentication->front().cookies, 8);
+    const NtpData& ntp = reports.ntp->front();
+    EXPECT_EQ(ntp.root_delay, 0.000015);
+    EXPECT_EQ(ntp.root_dispersion, 0.000016);
+    EXPECT_EQ(ntp.reference_id, 0x7F7F0101U);
+    EXPECT_EQ((std::array{ntp.sent, ntp.received, ntp.valid, ntp.good}),
+              (std::array<std::uint64_t, 4>{29, 28, 27, 26}));
+    EXPECT_EQ(reports.server->command_dropped, 1U);
+}
+
+TEST(ChronyData, KeepsLinesThatDoNotFitAndGoesOn) {
+    Capture capture = capture_of({}, {{.address = "192.0.2.1"}});
+    capture.reports["sources"].text += "^,*,192.0.2.2,5,-2,377\n^,*,192.0.2.3,5,x,377,0,0.0,0.0,0.0\n";
+    const ChronyReports reports = reports_in(capture);
+    ASSERT_TRUE(reports.sources);
+    EXPECT_EQ(reports.sources->size(), 1U);
+    ASSERT_EQ(reports.problems.size(), 2U);
+    EXPECT_EQ(english(reports.problems[0]),
+              "A line of the report \"sources\" has 6 columns instead of 10: ^,*,192.0.2.2,5,-2,377");
+}
+
+TEST(ChronyData, ARefusalEndsTheListAndBelongsToWhatWasAskedNext) {
+    for (const auto& [output, refused] :
+         {std::pair{std::string("506 Cannot talk to daemon\n"), "tracking"},
+          std::pair{std::string(open_lines).substr(0, std::string(open_lines).find('\n') + 1) + "501 Not authorised\n",
+                    "sources"}}) {
+        const auto reports = divided_reports(output, open_reports);
+        ASSERT_TRUE(reports.contains(refused)) << output;
+        EXPECT_FALSE(reports.at(refused).refusal.empty());
+        EXPECT_FALSE(reports.contains("activity")) << "nobody knows";
+    }
+    const auto empty = divided_reports(
+        std::string(open_lines).substr(0, std::string(open_lines).find('\n') + 1) + "0,0,0,0,0\n", open_reports);
+    ASSERT_TRUE(empty.contains("sources"));
+    EXPECT_TRUE(reports_in(divided("")).sources == std::nullopt);
+    Capture capture;
+    capture.reports = empty;
+    EXPECT_TRUE(reports_in(capture).sources->empty()) << "no source is not the same as not known";
+}
+
+TEST(ChronyData, NamesAreJoinedOnlyWhereTheRowsAreTheSame) {
+    Capture capture = capture_of({}, {{.address = "192.0.2.1"}, {.address = "192.0.2.2", .poll = "7"}});
+    capture.reports["sources -N"].text = testing::ReportedSource{.address = "one"}.in_sources() +
+                                         testing::ReportedSource{.address = "two", .poll = "7"}.in_sources();
+    EXPECT_EQ(reports_in(capture).names.at("192.0.2.2"), "two");
+    capture.reports["sources -N"].text = testing::ReportedSource{.address = "two", .poll = "7"}.in_sources();
+    EXPECT_TRUE(reports_in(capture).names.empty());
+}
+
+TEST(Capture, SurvivesBeingWritten) {
+    Capture capture = capture_of({}, {{.address = "192.0.2.1", .selected = '*'}});
+    capture.facts["steers"] = "no";
+    capture.reports["ntpdata"].refusal = "501 Not authorised";
+    capture.configuration = {{.path = "/etc/chrony/chrony.conf", .text = "server 192.0.2.1\n\n! no\n> tracking\n"},
+                             {.path = "/etc/b", .text = "| x\n"}};
+    const std::string text = to_text(capture);
+    EXPECT_TRUE(is_capture(text));
+    const auto back = parse_capture(text);
+    ASSERT_TRUE(back) << english(back.error());
+    EXPECT_EQ(to_text(*back), text);
+    EXPECT_EQ(back->configuration[0].text, capture.configuration[0].text);
+    EXPECT_EQ(back->reports.at("ntpdata").refusal, "501 Not authorised");
+    EXPECT_EQ(reports_in(*back).steers, false);
+    EXPECT_EQ(reports_in(*back).sources->size(), 1U);
+}
+
+TEST(Capture, TakesWhatItDoesNotKnowAndRefusesWhatIsNone) {
+    const auto lines = [](const std::string& text) {
+        return parse_capture("# tickervantage capture 1\r\n" + text);
+    };
+    const auto unknown = lines("@ weather fine\n\n# a remark\n> frobnicate -v\na,b\n@ host h\n@ time never\n");
+    ASSERT_TRUE(unknown);
+    EXPECT_EQ(unknown->facts.at("host"), "h");
+    EXPECT_FALSE(reports_in(*unknown).now);
+    const auto astray = lines("@ host h\na,b,c\n");
+    ASSERT_FALSE(astray);
+    EXPECT_EQ(english(astray.error()), "Line 3 of the capture belongs to no report.");
+    EXPECT_FALSE(parse_capture("# tickervantage capture 2\n"));
+    EXPECT_FALSE(parse_capture(""));
+    EXPECT_FALSE(parse_capture("# tickervantage capture 1\n" + std::string(largest_capture, ' ')));
+}
+
+TEST(Capture, MomentsAreUtc) {
+    for (const auto& [text, seconds] :
+         {std::pair{"1970-01-01T00:00:00Z", 0.0}, std::pair{"2026-11-22T05:23:20Z", 1795325000.0}}) {
+        EXPECT_EQ(moment_in(text), seconds);
+        EXPECT_EQ(text_of_moment(seconds), text);
+    }
+    EXPECT_EQ(moment_in("1970-01-01T00:00:01.25Z"), 1.25);
+    for (const char* text : {"", "1970-01-01", "1970-13-01T00:00:00Z", "1970-02-30T00:00:00Z", "1970-01-01T24:00:00Z",
+                             "1970-01-01T00:00:00", "1970-01-01T00:00:00+01:00", "-970-01-01T00:00:00Z"})
+        EXPECT_FALSE(moment_in(text)) << text;
+}
+
+} // namespace
+} // namespace tickervantage
