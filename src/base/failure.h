@@ -45,7 +45,7 @@ using Result = tl::expected<Value, Failure>;
 // The words of a code, as translators see them: "Cannot read %1: %c.".
 [[nodiscard]] const char* words_of(FailureCode code);
 
-// A failure's parts put into its words. `translate` gives the words of a code, `system_words` those of an errno; both
+// A failure's parts put into its words. `words` gives the words of a code, `system_words` those of an errno; both
 // fronts share what is done with a cause: it stands in the place of %c without its full stop, else behind the sentence;
 // without a cause ": %c" goes.
 struct FailureLanguage {
