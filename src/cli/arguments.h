@@ -1,11 +1,11 @@
 // The command line of tickerctl.
 #pragma once
 
-#include "cli/admin_arguments.h"
-#include "cli/config_arguments.h"
-#include "cli/freqtemp_arguments.h"
-#include "cli/help_arguments.h"
-#include "cli/servers_arguments.h"
+#include "cli/admin/admin_arguments.h"
+#include "cli/configuration/config_arguments.h"
+#include "cli/configuration/servers_arguments.h"
+#include "cli/freqtemp/freqtemp_arguments.h"
+#include "cli/help/help_arguments.h"
 
 #include <optional>
 #include <string>

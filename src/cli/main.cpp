@@ -1,8 +1,8 @@
 // tickerctl: the program's logic without a window.
 #include "cli/arguments.h"
-#include "cli/plot_command.h"
-#include "cli/plot_freqtemp.h"
-#include "cli/plot_spectrum.h"
+#include "cli/logs/plot_command.h"
+#include "cli/logs/plot_freqtemp.h"
+#include "cli/logs/plot_spectrum.h"
 #include "cli/terminal.h"
 #include "cli/tool.h"
 #include "linux/posix_followed_file.h"

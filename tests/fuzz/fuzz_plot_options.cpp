@@ -1,5 +1,5 @@
 // Any bytes as a picture's size and as the time on a clock: what is accepted can be drawn.
-#include "cli/plot_options.h"
+#include "cli/logs/plot_options.h"
 #include "fuzz/require.h"
 
 using namespace tickervantage;

@@ -1,4 +1,4 @@
-#include "cli/help_command.h"
+#include "cli/help/help_command.h"
 #include "help/help_pages.h"
 #include "help/help_search.h"
 #include "help/manual_page.h"

@@ -1,6 +1,6 @@
 // What `tickerctl log` prints.
 #include "chrony/log/log_pieces.h"
-#include "cli/log_command.h"
+#include "cli/logs/log_command.h"
 #include "support/fake_followed_files.h"
 #include "support/kept_text.h"
 

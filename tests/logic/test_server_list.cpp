@@ -1,7 +1,7 @@
 #include "base/failure_codes.h"
 #include "chrony/configuration/local_host.h"
 #include "chrony/configuration/server_list.h"
-#include "cli/servers_command.h"
+#include "cli/configuration/servers_command.h"
 #include "linux/autostart.h"
 #include "linux/shared_text_file.h"
 #include "support/child_program.h"

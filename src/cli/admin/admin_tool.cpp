@@ -1,0 +1,99 @@
+// `tickerctl admin`, put together for this machine.
+#include "cli/admin/admin_command.h"
+#include "cli/terminal.h"
+#include "cli/tool.h"
+#include "roothelper/client/terminal_agent.h"
+#include "roothelper/jobs/job_environment.h"
+#include "roothelper/jobs/this_machine.h"
+#include "settings/preferences.h"
+#include "settings/settings_catalogue.h"
+
+#include <cstdlib>
+#include <iostream>
+
+namespace tickervantage {
+namespace {
+
+ThisMachine machine_of(DaemonAccess& daemon, const Paths& paths, ServiceForm form) {
+    const char* search_path = std::getenv("PATH"); // NOLINT(concurrency-mt-unsafe): nobody changes it
+    return {daemon.execute(), paths, search_path == nullptr ? "" : search_path, form};
+}
+
+} // namespace
+
+KeptCommand Tool::kept_command() {
+    const ThisMachine machine = machine_of(m_daemon, m_paths, native_service_form);
+    const std::string path = general().config;
+    return {.kept = kept_configurations(machine, path),
+            .installed = machine.read_file(path).value_or(""),
+            .form = m_arguments.json ? OutputForm::json : OutputForm::text,
+            .out = std::cout};
+}
+
+int Tool::find_kept_text(std::string& text) {
+    const auto command = kept_command();
+    const auto* one = find_kept(command.kept, m_arguments.admin.number.value_or(0));
+    if (one == nullptr)
+        return fail("No configuration has that number: tickerctl admin restore-config lists what there is.");
+    text = one->text;
+    return 0;
+}
+
+int Tool::show_kept() {
+    const auto command = kept_command();
+    if (!m_arguments.admin.difference) {
+        command.list();
+        return 0;
+    }
+    const auto* one = find_kept(command.kept, m_arguments.admin.number.value_or(0));
+    if (one == nullptr)
+        return fail("No configuration has that number: tickerctl admin restore-config lists what there is.");
+    command.difference(*one);
+    return 0;
+}
+
+int Tool::admin_request(AdminRequest& request) {
+    const AdminArguments& asked = m_arguments.admin;
+    request = {.job = asked.job,
+               .server = asked.server,
+               .timeout_seconds =
+                   asked.timeout_seconds.value_or(static_cast<int>(load(m_settings, settings::sync_timeout))),
+               .restart = !asked.no_restart && load(m_settings, settings::sync_restart_chronyd),
+               .offset_seconds = asked.offset_seconds};
+    if (asked.job == AdminJob::restore_config)
+        return find_kept_text(request.configuration);
+    if (asked.job != AdminJob::install_config)
+        return 0;
+    auto text = machine_of(m_daemon, m_paths, asked.form).read_file(asked.file);
+    if (!text)
+        return fail("The file " + asked.file + " cannot be read.");
+    request.configuration = std::move(*text);
+    return 0;
+}
+
+int Tool::admin() {
+    const AdminArguments& asked = m_arguments.admin;
+    if (asked.job == AdminJob::restore_config && (asked.list || asked.difference || !asked.number))
+        return show_kept();
+    AdminRequest request;
+    if (const int result = admin_request(request); result != 0)
+        return result;
+    const ServiceForm form = m_arguments.admin.form;
+    ThisMachine machine = machine_of(m_daemon, m_paths, form);
+    const AdminCommand command{.setting =
+                                   make_job_setting(general(), PreferencesAdvanced::load(m_settings), m_paths, form),
+                               .machine = machine,
+                               .form = m_arguments.json ? OutputForm::json : OutputForm::text,
+                               .out = std::cout,
+                               .err = std::cerr};
+    if (m_arguments.admin.dry_run)
+        return command.dry_run(request);
+    if (form != native_service_form)
+        return fail("Services of another system can be shown with --dry-run, not installed here.");
+    if (m_arguments.demo)
+        return fail("A demonstration leaves the system as it is; there is --dry-run.");
+    const TerminalAgent agent;
+    return command.carry_out(request, m_daemon.actions());
+}
+
+} // namespace tickervantage
