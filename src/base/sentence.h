@@ -23,6 +23,21 @@ struct Quantity {
     double resolution = 0; // of seconds: a difference that has to be seen, such as an interval's width; 0: none
 };
 
+namespace quantity {
+[[nodiscard]] inline Quantity seconds(double value) {
+    return {.value = value, .kind = QuantityKind::seconds};
+}
+[[nodiscard]] inline Quantity signed_seconds(double value) {
+    return {.value = value, .kind = QuantityKind::signed_seconds};
+}
+[[nodiscard]] inline Quantity duration(double value) {
+    return {.value = value, .kind = QuantityKind::duration};
+}
+[[nodiscard]] inline Quantity count(double value) {
+    return {.value = value, .kind = QuantityKind::count};
+}
+} // namespace quantity
+
 struct Sentence {
     const char* context = ""; // of the translation
     const char* words = "";

@@ -1,4 +1,5 @@
 #include "chrony/truth/explain.h"
+#include "chrony/truth/headline.h"
 #include "chrony/truth/verdict.h"
 #include "support/chrony_reports.h"
 
@@ -100,6 +101,74 @@ TEST(Verdict, ExpectedErrorIsThatOfMostOffsets) {
         offsets.push_back(i % 2 == 0 ? i : -i);
     EXPECT_DOUBLE_EQ(expected_error(reports, offsets).value(), 61) << "the 61st of the newest 64";
     EXPECT_FALSE(expected_error({}));
+}
+
+TEST(Headline, SaysEachVerdictWithItsReasonAndTheErrorInTwoNumbers) {
+    struct Case {
+        TrackingLine tracking;
+        std::vector<ReportedSource> sources;
+        std::string words;
+        std::string error;
+    };
+    const ReportedSource silent{.address = "192.0.2.2", .letter = '?', .reach = "0", .last = "5000"};
+    const ReportedSource wrong{.address = "192.0.2.3", .letter = 'x', .selected = 'x'};
+    const ReportedSource good{.address = "192.0.2.1", .selected = '*'};
+    const std::string unknown = "Nothing tells how far off the clock is.";
+    const std::string sure = "Certainly within ±2.00 ms, probably within ±2.82 µs.";
+    const std::string growing = "Certainly within ±2.00 ms, growing 4.50 ms an hour.";
+    const std::vector<Case> cases{
+        {{}, {good}, "Synchronised: chronyd follows 192.0.2.1.", sure},
+        {{},
+         {good, {.address = "b", .letter = '+', .selected = '+'}, silent},
+         "Synchronised: chronyd follows 192.0.2.1, the best of 2 that it uses together.",
+         sure},
+        {{.root_delay = "0.000000001", .root_dispersion = "0.000000001"},
+         {good},
+         "Synchronised: chronyd follows 192.0.2.1.",
+         "Certainly within ±346 ns."},
+        {{}, {silent}, "Holdover since 06:23: its only source, 192.0.2.2, does not answer.", growing},
+        {{.time = "1795289400.0"},
+         {silent, silent, silent},
+         "Holdover since 2026-11-21 20:30: none of 3 sources answers.",
+         growing},
+        {{}, {wrong, silent}, "Holdover since 06:23: none of 2 sources can be used.", growing},
+        {{},
+         {{.address = "a", .letter = '?', .selected = 'd'}},
+         "Holdover since 06:23: its only source, a, cannot be used.",
+         growing},
+        {{.system_time = "0.5"},
+         {good},
+         "Correcting, 500 ms left: the clock is behind, and chronyd makes it run faster until it is right.",
+         "Certainly within ±502 ms, probably within ±2.82 µs."},
+        {{.leap = "Delete second"},
+         {good},
+         "Synchronised, leap second pending: a second is left out at the end of this month (UTC).",
+         sure},
+        {{.id = "7F7F0101"},
+         {silent},
+         "Own time only: chronyd takes this machine's own clock for right (directive local).",
+         unknown},
+        {{.id = "00000000"}, {silent, silent}, "Not synchronised: none of 2 sources answers.", unknown},
+        {{.id = "00000000"},
+         {wrong, wrong},
+         "Not synchronised: 2 sources contradict each other, and no majority tells "
+         "which are right.",
+         unknown},
+    };
+    for (const Case& one : cases) {
+        const ChronyReports reports = reports_of(one.tracking, one.sources);
+        const auto answer = headline(reports, error_budget(reports), expected_error(reports),
+                                     [](std::int64_t) { return std::int64_t{3600}; });
+        ASSERT_TRUE(answer.reason) << one.words;
+        EXPECT_EQ(english(answer.name) + ": " + english(*answer.reason), one.words);
+        EXPECT_EQ(english(answer.error), one.error) << one.words;
+        EXPECT_FALSE(answer.caution);
+    }
+    ChronyReports unasked = reports_of({}, {});
+    EXPECT_FALSE(headline(unasked, {}, {}).reason) << "a saved report knows no sources";
+    unasked.steers = false;
+    EXPECT_TRUE(headline(unasked, {}, {}).caution);
+    EXPECT_EQ(english(headline({}, {}, {}).name), "Not available");
 }
 
 TEST(JudgedSource, HasTheRuleOfItsLetterAndItsReports) {

@@ -11,6 +11,10 @@
 namespace tickervantage {
 namespace {
 
+using quantity::count;
+using quantity::duration;
+using quantity::seconds;
+using quantity::signed_seconds;
 using Values = std::vector<std::variant<std::string, Quantity>>;
 
 /* TRANSLATOR explanations
@@ -24,25 +28,9 @@ struct Selection {
     const std::vector<CapturedFile>& configuration;
 };
 
-Quantity seconds(double value) {
-    return {.value = value, .kind = QuantityKind::seconds};
-}
-
-Quantity signed_seconds(double value) {
-    return {.value = value, .kind = QuantityKind::signed_seconds};
-}
-
 // The ends of an interval, precise enough to be told apart.
 Quantity end_of(double value, double low, double high) {
     return {.value = value, .kind = QuantityKind::signed_seconds, .resolution = std::abs(high - low)};
-}
-
-Quantity count(double value) {
-    return {.value = value, .kind = QuantityKind::count};
-}
-
-Quantity duration(double value) {
-    return {.value = value, .kind = QuantityKind::duration};
 }
 
 Sentence say(const char* words, Values values = {}) {

@@ -22,11 +22,6 @@ bool is_synchronised_word(std::string_view leap) {
     return leap == "Normal" || is_leap_announced(leap);
 }
 
-bool was_heard_lately(const SourceData& source) {
-    const double patience = std::max(least_silence, polls_missed * std::exp2(source.poll));
-    return source.last_rx && *source.last_rx <= patience;
-}
-
 bool is_held_over(const ChronyReports& reports) {
     const auto keeps_time = [](const SourceData& source) {
         return is_used(source) && was_heard_lately(source);
@@ -62,6 +57,11 @@ bool follows_time(Verdict verdict) {
 
 bool is_used(const SourceData& source) {
     return source.letter == '*' || source.letter == '+';
+}
+
+bool was_heard_lately(const SourceData& source) {
+    const double patience = std::max(least_silence, polls_missed * std::exp2(source.poll));
+    return source.last_rx && *source.last_rx <= patience;
 }
 
 Verdict judge(const ChronyReports& reports) {

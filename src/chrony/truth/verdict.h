@@ -36,6 +36,9 @@ inline constexpr std::array verdicts{Verdict::unavailable, Verdict::local, Verdi
 // Whether chronyd uses this source for the clock.
 [[nodiscard]] bool is_used(const SourceData& source);
 
+// Not silent for more than four polls. A server that was killed may keep its place in use for a while.
+[[nodiscard]] bool was_heard_lately(const SourceData& source);
+
 // The first that fits. Without the report of the sources, as from a saved tracking report, holdover is never said.
 [[nodiscard]] Verdict judge(const ChronyReports& reports);
 
