@@ -2,6 +2,7 @@
 // when it is parsed again. Then the same bytes as a configuration and as a service definition.
 #include "fuzz/require.h"
 #include "roothelper/grammar/helper_content.h"
+#include "roothelper/grammar/helper_names.h"
 #include "roothelper/grammar/helper_request.h"
 #include "roothelper/grammar/helper_words.h"
 
@@ -34,6 +35,8 @@ void check_request(const std::string& line) {
     for (const auto& word : request.argv)
         require(is_printable(word) && word.find("/../") == std::string::npos && !word.ends_with("/.."));
     require(request.argv[0] != rules.tool() || request.argv.size() > 1);
+    const bool has_several = std::ranges::find(request.argv, "-m") != request.argv.end(); // of chronyc's reports
+    require(!has_several || line.find(helper::data_reports) != std::string::npos);
 }
 
 } // namespace

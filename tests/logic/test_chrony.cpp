@@ -1,4 +1,5 @@
 #include "base/text_lines.h"
+#include "chrony/data/live_capture.h"
 #include "chrony/reports/runchronyc.h"
 #include "chrony/reports/tracking_report.h"
 #include "roothelper/client/privileged_actions.h"
@@ -118,6 +119,33 @@ TEST_F(RunnerTest, PrivilegedRunIsOneShellLineAndEmptyWithoutTheHelper) {
                                     "/bin/sh -c '/usr/local/bin/chronyc -n  -N authdata -a' 2>&1",
                                 }));
     EXPECT_TRUE(execute.calls.empty());
+}
+
+TEST_F(RunnerTest, RootsDataComeThroughTheHelperWhereItIsReady) {
+    execute.answer("true", "501 Not authorised\n", 1);
+    const auto asked = [this](std::vector<std::string> extra = {}) {
+        return read_capture(runner(false, false, std::move(extra)), CaptureDepth::with_root).reports;
+    };
+    EXPECT_EQ(asked()["selectdata"].refusal, "501 Not authorised");
+    EXPECT_TRUE(channel.commands.empty());
+    ASSERT_TRUE(actions.blessHelper());
+    channel.reply = "192.0.2.1,NTS,1,15,256,3600,0,0,8,100\n501 Not authorised\n";
+    channel.failing = {"-c"}; // chronyc's exit status says that it refused something
+    channel.failure = said_by_others("192.0.2.1,NTS,1,15,256,3600,0,0,8,100");
+    auto reports = asked();
+    EXPECT_EQ(channel.commands, std::vector<std::string>{"/bin/sh -c '/bin/true -n -c -m \"selectdata -a\" \"authdata "
+                                                         "-a\" ntpdata serverstats' 2>&1"});
+    EXPECT_TRUE(reports["selectdata"].text.empty() && reports["selectdata"].refusal.empty()) << "no source";
+    EXPECT_EQ(reports["authdata"].text, "192.0.2.1,NTS,1,15,256,3600,0,0,8,100\n");
+    EXPECT_EQ(reports["ntpdata"].refusal, "501 Not authorised");
+    EXPECT_FALSE(reports.contains("serverstats"));
+    channel.reply = "This is no report of chronyc that the helper runs.";
+    channel.failure = failed(FailureCode::no_report).value();
+    reports = asked();
+    EXPECT_EQ(reports["selectdata"].refusal, channel.reply) << "the helper's words, not a report's line";
+    EXPECT_TRUE(reports["selectdata"].text.empty());
+    (void)asked({"-h", "/a socket"});
+    EXPECT_EQ(channel.commands.size(), 2U) << "the helper asks the machine's own daemon";
 }
 
 } // namespace

@@ -46,6 +46,7 @@ TOOL rotatelogs "/usr/local/bin/chronylogrotate.sh" "/var/log/chrony"
 /bin/sh -c '/usr/bin/chronyc -n  -N authdata -a' 2>&1
 /bin/sh -c '/usr/bin/chronyc -N selectdata' 2>&1
 /bin/sh -c '/usr/bin/chronyc clients' 2>&1
+/bin/sh -c '/usr/bin/chronyc -n -c -m "selectdata -a" "authdata -a" ntpdata serverstats' 2>&1
 /bin/sh -c '/usr/local/sbin/chronyd -t 120 -q "server fe80::1%eth0 iburst"' 2>&1
 /bin/sh -c '/usr/sbin/chronyd -t 1 -q "server a.example nts iburst"' 2>&1
 /usr/local/bin/chronywake

@@ -103,6 +103,17 @@ inline std::vector<std::string> hostile_requests(const std::string& tool) {
         "EXECUTE /bin/sh -c '/usr/bin/chronyc ntpdata ' 2>&1", "EXECUTE /bin/sh -c '/usr/bin/chronyc -n ntpdata' 2>&1",
         "EXECUTE /bin/sh -c '/usr/bin/chronyc  -n  ntpdata' 2>&1",
         "EXECUTE /bin/sh -c '/usr/bin/chronyc ntpdata " + std::string(254, 'h') + "' 2>&1",
+        "EXECUTE /bin/sh -c '/usr/bin/chronyc -n -c -m selectdata authdata ntpdata serverstats' 2>&1",
+        "EXECUTE /bin/sh -c '/usr/bin/chronyc -n -c -m \"selectdata -a\" \"authdata -a\" ntpdata serverstats ' 2>&1",
+        "EXECUTE /bin/sh -c '/usr/bin/chronyc -n -c -m \"selectdata -a\" \"authdata -a\" ntpdata shutdown' 2>&1",
+        "EXECUTE /bin/sh -c '/usr/bin/chronyc -n -c -m \"selectdata -a\" \"makestep\" ntpdata serverstats' 2>&1",
+        "EXECUTE /bin/sh -c '/usr/bin/chronyc -n -c -m \"selectdata -a\" \"authdata -a\" ntpdata serverstats quit' "
+        "2>&1",
+        "EXECUTE /bin/sh -c '/usr/bin/chronyc -h /tmp/s -n -c -m \"selectdata -a\" \"authdata -a\" ntpdata "
+        "serverstats' 2>&1",
+        "EXECUTE /bin/sh -c '/tmp/chronyc -n -c -m \"selectdata -a\" \"authdata -a\" ntpdata serverstats' 2>&1",
+        "EXECUTE /bin/sh -c '/usr/sbin/chronyd -n -c -m \"selectdata -a\" \"authdata -a\" ntpdata serverstats' 2>&1",
+        "EXECUTE /bin/sh -c '/usr/bin/chronyc -n -c -m \"selectdata -a\" \"authdata -a\" ntpdata serverstats' 2>/x",
         "EXECUTE /bin/sh -c '/usr/sbin/chronyd' 2>&1", "EXECUTE /bin/sh -c '/usr/sbin/chronyd -t 30 -q' 2>&1",
         "EXECUTE /bin/sh -c '/usr/sbin/chronyd -t 0 -q \"server h iburst\"' 2>&1",
         "EXECUTE /bin/sh -c '/usr/sbin/chronyd -t 121 -q \"server h iburst\"' 2>&1",

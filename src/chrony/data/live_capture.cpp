@@ -52,6 +52,12 @@ void add_names(const Runchronyc& chronyc, Capture& capture) {
         named.refusal = first_line(result.output);
 }
 
+ExecuteResult root_data(const Runchronyc& chronyc) {
+    if (auto through_helper = chronyc.run_privileged_for_data())
+        return *std::move(through_helper);
+    return chronyc.run_for_data(of_all_sources(root_reports));
+}
+
 std::string text_of_file(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     std::string text(largest_file, '\0');
@@ -69,7 +75,7 @@ Capture read_capture(const Runchronyc& chronyc, CaptureDepth depth) {
     if (depth != CaptureDepth::open)
         add_names(chronyc, capture);
     if (depth == CaptureDepth::with_root)
-        add(chronyc.run_for_data(of_all_sources(root_reports)), root_reports, capture);
+        add(root_data(chronyc), root_reports, capture);
     return capture;
 }
 

@@ -14,7 +14,8 @@ class Runchronyc;
 enum class CaptureDepth : unsigned char {
     open,       // tracking, sources, sourcestats, activity
     with_names, // and the configuration's names of the sources: one run more
-    with_root,  // and selectdata, authdata, ntpdata, serverstats, refused unless chronyd admits this user
+    with_root,  // and selectdata, authdata, ntpdata, serverstats: through the root helper where it is ready, else they
+                // are refused unless chronyd admits this user
 };
 
 // Without the facts that chronyc does not know, but for the time. A chronyc that could not be run is a refusal of

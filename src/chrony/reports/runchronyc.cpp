@@ -1,5 +1,6 @@
 #include "chrony/reports/runchronyc.h"
 
+#include "base/failure_codes.h"
 #include "roothelper/client/privileged_actions.h"
 
 #include <filesystem>
@@ -72,6 +73,19 @@ std::string Runchronyc::run_privileged(bool resolve, bool original, const std::s
     line += " " + command;
     line += extra.empty() ? "" : " " + extra;
     return m_privileged.execute(line + "' 2>&1");
+}
+
+std::optional<ExecuteResult> Runchronyc::run_privileged_for_data() const {
+    if (!m_privileged.helper_ready() || !m_extra.empty())
+        return std::nullopt;
+    HelperAnswer answer = m_privileged.data_reports(m_programs.chronyc);
+    const bool is_chronycs = answer.is_done || !answer.failure || answer.failure->code == FailureCode::others_words;
+    if (!is_chronycs)
+        return ExecuteResult{.output = {}, .failure = std::move(answer.failure)};
+    return ExecuteResult{.outcome = ExecuteOutcome::exited,
+                         .exit_status = answer.is_done ? 0 : 1,
+                         .output = std::move(answer.reply).value_or(""),
+                         .failure = {}};
 }
 
 } // namespace tickervantage

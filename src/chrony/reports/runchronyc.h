@@ -3,6 +3,7 @@
 
 #include "base/execute.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,6 +57,10 @@ public:
     // ready. Uses the configured program, whether it exists or not.
     [[nodiscard]] std::string run_privileged(bool resolve, bool original, const std::string& command,
                                              const std::string& extra) const;
+
+    // The reports that need root as comma-separated values in one run, through the helper. None when the helper is not
+    // ready, and for a daemon that only this runner's extra options reach: the helper knows the machine's own.
+    [[nodiscard]] std::optional<ExecuteResult> run_privileged_for_data() const;
 
 private:
     [[nodiscard]] ExecuteResult run_with(std::vector<std::string> options, const std::string& command) const;

@@ -1,6 +1,7 @@
 #include "roothelper/client/privileged_actions.h"
 
 #include "base/failure_codes.h"
+#include "roothelper/grammar/helper_names.h"
 
 #include <utility>
 
@@ -44,6 +45,10 @@ HelperAnswer PrivilegedActions::ask_helper(const std::string& command) {
 
 std::string PrivilegedActions::execute(const std::string& command) {
     return ask_helper(command).reply.value_or("");
+}
+
+HelperAnswer PrivilegedActions::data_reports(const std::string& chronyc) {
+    return ask_helper("/bin/sh -c '" + chronyc + std::string(helper::data_reports) + "' 2>&1");
 }
 
 HelperAnswer PrivilegedActions::execute_in_job(const std::string& command) {

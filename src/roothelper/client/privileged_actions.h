@@ -47,7 +47,12 @@ public:
     // longer ready.
     std::string execute(const std::string& command);
 
-    // The same for a job that somebody waits for: when the authorisation has lapsed the user is asked again.
+    // The reports that need root, as data in one run of this chronyc: "selectdata -a", "authdata -a", "ntpdata" and
+    // "serverstats". Refusals of chronyc stand in the reply as they came; what the helper itself refused is a failure
+    // of its own.
+    [[nodiscard]] HelperAnswer data_reports(const std::string& chronyc);
+
+    // As execute, for a job that somebody waits for: when the authorisation has lapsed the user is asked again.
     HelperAnswer execute_in_job(const std::string& command);
 
     // Says farewell to the helper and gives the authorisation back. While a job is under way it keeps both: the job

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 namespace tickervantage::helper {
 
@@ -25,7 +26,7 @@ inline constexpr const char* protocol_property = "Protocol"; // u
 inline constexpr const char* refused_error = "net.brisklane.chronyhelper.Error.Refused";
 
 // Goes up when a message or the list of requests changes: only then a helper and a program do not fit together.
-inline constexpr std::uint32_t protocol = 1;
+inline constexpr std::uint32_t protocol = 2;
 
 // The bundle that packages install. They bring the helper's files along, and nobody else changes those.
 inline constexpr const char* package_bundle = "/usr/lib/tickervantage/Tickervantage.app";
@@ -38,6 +39,10 @@ inline constexpr const char* failure_key = "failure"; // s: not where it was don
 
 inline constexpr const char* administer_action = "net.brisklane.tickervantage";
 inline constexpr const char* unsafe_config_action = "net.brisklane.tickervantage.unsafe-config";
+
+// What stands behind chronyc's path when all reports that need root are asked for as data: one run for all of them,
+// these words and no others.
+inline constexpr std::string_view data_reports = R"( -n -c -m "selectdata -a" "authdata -a" ntpdata serverstats)";
 
 inline constexpr std::size_t token_size = 32;
 using Token = std::array<unsigned char, token_size>;

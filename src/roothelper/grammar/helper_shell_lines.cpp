@@ -1,8 +1,10 @@
 #include "roothelper/grammar/helper_grammar.h"
 
 #include "base/number_text.h"
+#include "roothelper/grammar/helper_names.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace tickervantage::helper_grammar {
 namespace {
@@ -36,6 +38,10 @@ bool add_report(std::string_view text, std::vector<std::string>& argv) {
 
 bool report_line(std::string_view text, const std::string& chronyc, Parser& parser) {
     std::vector<std::string> argv{chronyc};
+    if (Words words; text == helper::data_reports && split_command_line(text.substr(1), words) == 0) {
+        std::ranges::transform(words, std::back_inserter(argv), &CommandWord::text);
+        return parser.accept(HelperVerb::chronyc_report, std::move(argv));
+    }
     if (take(text, " -n "))
         argv.emplace_back("-n");
     if (take(text, " -N"))

@@ -1,8 +1,10 @@
 // The root helper as an ordinary user meets it, on a real bus with a real polkit. Run by root_side in a scratch
 // machine.
 #include "base/failure_codes.h"
+#include "base/text_lines.h"
 #include "linux/posix_execute.h"
 #include "roothelper/client/bus_privileged_channel.h"
+#include "roothelper/client/privileged_actions.h"
 #include "roothelper/grammar/helper_names.h"
 #include "support/child_program.h"
 #include "support/hostile_requests.h"
@@ -153,6 +155,19 @@ TEST_F(RootSide, ReportsOfTheDaemonComeBack) {
     EXPECT_NE(send("EXECUTE /usr/bin/pgrep -l -f chronyd").find("/usr/sbin/chronyd -x"), std::string::npos);
     const auto there = channel.install();
     EXPECT_TRUE(there) << english(there.error());
+}
+
+TEST_F(RootSide, ReportsAsDataComeInOneRun) {
+    PrivilegedActions actions(channel);
+    const auto refused = actions.data_reports("/usr/bin/chronyc");
+    EXPECT_EQ(refused.failure, Failure{.code = FailureCode::authorisation_needed});
+    ASSERT_TRUE(actions.blessHelper());
+    const auto answer = actions.data_reports("/usr/bin/chronyc");
+    EXPECT_TRUE(answer.is_done) << answer.reply.value_or("");
+    const auto lines = non_empty_lines(*answer.reply);
+    ASSERT_FALSE(lines.empty());
+    EXPECT_EQ(std::ranges::count(lines.back(), ','), 10) << "serverstats of chrony 4.3 has eleven columns";
+    EXPECT_EQ(actions.data_reports("/opt/scratch/chronyc").failure, Failure{.code = FailureCode::program_not_listed});
 }
 
 TEST_F(RootSide, AuthorisationHoldsOnItsOwnConnectionOnly) {
