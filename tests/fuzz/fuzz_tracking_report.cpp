@@ -1,5 +1,6 @@
 // Any bytes as a "tracking" report: every number on the dashboard stays finite or inside the meter, every text
-// readable.
+// readable; the record of the same text says the same.
+#include "chrony/data/records.h"
 #include "chrony/reports/tracking_report.h"
 #include "chrony/status/status_values.h"
 #include "draw/instruments/clock_performance.h"
@@ -9,6 +10,21 @@
 
 using namespace tickervantage;
 
+namespace {
+
+void require_same(const TrackingReport& report, const std::optional<TrackingData>& record) {
+    require(record.has_value() == !report.leapstatus.empty());
+    if (!record)
+        return;
+    require(record->leap_status == report.leapstatus && record->frequency_ppm.value_or(0) == report.frequency &&
+            record->system_time.value_or(0) == report.systemtime &&
+            record->last_offset.value_or(0) == report.lastoffset &&
+            record->rms_offset.value_or(0) == report.rmsoffset && record->root_delay.value_or(0) == report.rootdelay &&
+            record->root_dispersion.value_or(0) == report.rootdispersion);
+}
+
+} // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(data, data + size);
     const TrackingReport report = parse_tracking(text);
@@ -16,6 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                 report.rootdelay, report.rootdispersion})
         require(std::isfinite(number));
     require(text.find(report.leapstatus) != std::string::npos);
+    require_same(report, tracking_in_text(text));
     const auto status = status_from_leap(report.leapstatus);
     for (int view = 0; view < meter_view_count; ++view) {
         ClockPerformance meter;

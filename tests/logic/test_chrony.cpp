@@ -1,5 +1,6 @@
 #include "base/text_lines.h"
 #include "chrony/data/live_capture.h"
+#include "chrony/data/records.h"
 #include "chrony/reports/runchronyc.h"
 #include "chrony/reports/tracking_report.h"
 #include "roothelper/client/privileged_actions.h"
@@ -60,6 +61,25 @@ TEST(TrackingReport, KeyEndsAtTheFirstColonAndTheLastLineCounts) {
     const auto report = parse_tracking("Leap status : a: b\r\n\n\n  Last offset:1e-3x\nLast offset\t:  2.5e-3 s\n");
     EXPECT_EQ(report.leapstatus, "a: b");
     EXPECT_EQ(report.lastoffset, 2.5e-3);
+}
+
+TEST(TrackingReport, AsARecordLacksWhatTheTextLacks) {
+    const auto whole = tracking_in_text(tracking_text());
+    ASSERT_TRUE(whole);
+    EXPECT_EQ(whole->reference_id, 0x7F000001U);
+    EXPECT_EQ(whole->address, "127.0.0.1");
+    EXPECT_EQ(whole->stratum, 6);
+    EXPECT_EQ(whole->reference_time, 1795238432.0); // date -ud '2026-11-21 05:20:32' +%s
+    EXPECT_EQ(whole->system_time, -0.000000806);
+    EXPECT_EQ(whole->residual_frequency_ppm, -0.001);
+    EXPECT_EQ(whole->skew_ppm, 0.128);
+    const auto poor = tracking_in_text("Leap status : Normal\nRoot delay : none\nReference ID : ()\n");
+    ASSERT_TRUE(poor);
+    EXPECT_FALSE(poor->reference_id || poor->stratum || poor->reference_time || poor->system_time || poor->root_delay);
+    EXPECT_FALSE(tracking_in_text("506 Cannot talk to daemon\n"));
+    for (const char* time : {"Sat Nov 31 05:20:32 2026", "Sat Nov 21 24:20:32 2026", "Thu Jan 01 00:00:00 1970", "-1"})
+        EXPECT_FALSE(tracking_in_text("Leap status : Normal\nRef time (UTC) : " + std::string(time))->reference_time)
+            << time;
 }
 
 TEST(TextLines, WordsAndLinesSkipWhatIsEmpty) {

@@ -1,6 +1,8 @@
 #include "chrony/truth/explain.h"
 #include "chrony/truth/headline.h"
+#include "chrony/truth/newest_offsets.h"
 #include "chrony/truth/verdict.h"
+#include "support/child_program.h"
 #include "support/chrony_reports.h"
 
 #include <gtest/gtest.h>
@@ -73,7 +75,7 @@ TEST(Verdict, BudgetAddsUpToTheBound) {
     EXPECT_DOUBLE_EQ(budget->correction, 0.003);
     EXPECT_DOUBLE_EQ(budget->delay, 0.001);
     EXPECT_DOUBLE_EQ(budget->growth, (0.247 + 0.003 + 2) * 1e-6);
-    EXPECT_DOUBLE_EQ(budget->age, 10);
+    EXPECT_DOUBLE_EQ(budget->age.value_or(0), 10);
     EXPECT_DOUBLE_EQ(budget->dispersion_growth, 10 * budget->growth);
     EXPECT_EQ(budget->bound,
               budget->correction + budget->delay + budget->dispersion_measured + budget->dispersion_growth);
@@ -100,7 +102,27 @@ TEST(Verdict, ExpectedErrorIsThatOfMostOffsets) {
     for (int i = 1; i <= 64; ++i)
         offsets.push_back(i % 2 == 0 ? i : -i);
     EXPECT_DOUBLE_EQ(expected_error(reports, offsets).value(), 61) << "the 61st of the newest 64";
-    EXPECT_FALSE(expected_error({}));
+    EXPECT_FALSE(expected_error({}, offsets));
+}
+
+TEST(Verdict, NewestOffsetsAreThoseAtTheEndOfTheLog) {
+    const testing::PrivateHome home;
+    std::string log = "=====\n   Date (UTC) Time     IP Address   St   Freq ppm   Skew ppm     Offset L Co\n";
+    for (int record = 1; record <= 1000; ++record)
+        log += "2026-11-22 05:23:20 192.0.2.1        3     -0.156      0.247 " + std::to_string(record) +
+               "e-06 N  1  1.0e-06  1.0e-06  2.0e-03  1.0e-03  1.0e-03\n";
+    testing::write_file(home.path("tracking.log"), log);
+    const auto offsets_with = [&](const std::string& configuration) {
+        return newest_offsets({{.path = "c", .text = configuration}});
+    };
+    const std::string folder = "LogDir " + home.path() + "\n";
+    const auto offsets = offsets_with(folder + "log statistics\nlog rtc tracking\n");
+    ASSERT_EQ(offsets.size(), 64U);
+    EXPECT_DOUBLE_EQ(offsets.front(), 937e-6);
+    EXPECT_DOUBLE_EQ(offsets.back(), 1000e-6);
+    for (const std::string& none : {folder, folder + "log measurements\n", std::string("log tracking\n"),
+                                    std::string("log tracking\nlogdir /nonexistent\n"), std::string()})
+        EXPECT_TRUE(offsets_with(none).empty()) << none;
 }
 
 TEST(Headline, SaysEachVerdictWithItsReasonAndTheErrorInTwoNumbers) {

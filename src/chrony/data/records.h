@@ -1,7 +1,8 @@
 // chrony's reports as data: one record for a row of each report, in SI units unless a name says otherwise.
 //
 // What chronyc prints in place of a value that there is none of ("never", the placeholders of a source that was not
-// heard yet) is an absent optional, never 0. Source: chronyc(1), the monitoring commands with the option -c.
+// heard yet) is an absent optional, never 0; so is what a damaged text lacks. Source: chronyc(1), the monitoring
+// commands with the option -c.
 #pragma once
 
 #include <cstdint>
@@ -12,20 +13,20 @@
 namespace tickervantage {
 
 struct TrackingData {
-    std::uint32_t reference_id = 0; // 0: not synchronised
-    std::string address;            // of the source followed; empty for the clock itself and for none
-    int stratum = 0;
+    std::optional<std::uint32_t> reference_id; // 0: not synchronised
+    std::string address;                       // of the source followed; empty for the clock itself and for none
+    std::optional<int> stratum;
     std::optional<double> reference_time; // seconds since 1970, UTC: the last update from a source
-    double system_time = 0;               // s; negative: the system time is behind NTP time
-    double last_offset = 0;               // s
-    double rms_offset = 0;                // s
-    double frequency_ppm = 0;             // positive: the clock would run fast if it were not corrected
-    double residual_frequency_ppm = 0;
-    double skew_ppm = 0;
-    double root_delay = 0;      // s
-    double root_dispersion = 0; // s
-    double update_interval = 0; // s
-    std::string leap_status;    // "Normal", "Insert second", "Delete second", "Not synchronised"
+    std::optional<double> system_time;    // s; negative: the system time is behind NTP time
+    std::optional<double> last_offset;    // s
+    std::optional<double> rms_offset;     // s
+    std::optional<double> frequency_ppm;  // positive: the clock would run fast if it were not corrected
+    std::optional<double> residual_frequency_ppm;
+    std::optional<double> skew_ppm;
+    std::optional<double> root_delay;      // s
+    std::optional<double> root_dispersion; // s
+    std::optional<double> update_interval; // s
+    std::string leap_status;               // "Normal", "Insert second", "Delete second", "Not synchronised"
 };
 
 enum class SourceMode : unsigned char { server, peer, refclock };

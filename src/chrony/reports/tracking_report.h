@@ -1,10 +1,13 @@
 // The report of "chronyc tracking" as a record. Source: chronyc(1), command tracking.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace tickervantage {
+
+struct TrackingData;
 
 struct TrackingReport {
     double frequency = 0;       // ppm; positive: the clock would run fast if it were not corrected
@@ -20,5 +23,9 @@ struct TrackingReport {
 // Never fails: what is missing or no number is 0, a missing leap status is empty. A line that comes twice counts the
 // second time. Expects the C locale's decimal point.
 [[nodiscard]] TrackingReport parse_tracking(std::string_view output);
+
+// The same text as a record, with nothing where it is lacking. None where it is no tracking report: without a leap
+// status.
+[[nodiscard]] std::optional<TrackingData> tracking_in_text(std::string_view output);
 
 } // namespace tickervantage

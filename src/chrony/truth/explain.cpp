@@ -22,12 +22,6 @@ using Values = std::vector<std::variant<std::string, Quantity>>;
    their units and words of chrony. Directives of chrony's configuration (maxdistance, iburst) stay as they are. */
 constexpr const char* context = "explanations";
 
-// What is known of all sources together, for the sentences of one.
-struct Selection {
-    const std::vector<JudgedSource>& sources;
-    const std::vector<CapturedFile>& configuration;
-};
-
 // The ends of an interval, precise enough to be told apart.
 Quantity end_of(double value, double low, double high) {
     return {.value = value, .kind = QuantityKind::signed_seconds, .resolution = std::abs(high - low)};
@@ -48,31 +42,43 @@ bool agrees(const JudgedSource& source) {
     return std::ranges::find(agreeing, source.rule) != agreeing.end();
 }
 
+// What those that agree have in common.
 struct SharedInterval {
     double low = 0;
     double high = 0;
     int sharing = 0;
-    int others = 0; // with an interval at all
 };
 
-// What those that agree have in common. None where nobody has an interval.
-std::optional<SharedInterval> shared_interval(const std::vector<JudgedSource>& sources, const JudgedSource& left_out) {
-    std::optional<SharedInterval> shared;
-    int others = 0;
+// What is known of all sources together, for the sentences of one.
+struct Selection {
+    const ConfigurationLines& lines;
+    std::optional<SharedInterval> shared; // none where none of those that agree has an interval
+    int with_interval = 0;                // sources
+    int disagreeing = 0;                  // without a majority
+    int selectable = 0;                   // that wait for others
+};
+
+void add_interval(const JudgedSource& source, Selection& selection) {
+    if (!source.selection || !source.selection->low)
+        return;
+    ++selection.with_interval;
+    if (!agrees(source))
+        return;
+    const SharedInterval before =
+        selection.shared.value_or(SharedInterval{*source.selection->low, *source.selection->high});
+    selection.shared = {.low = std::max(*source.selection->low, before.low),
+                        .high = std::min(*source.selection->high, before.high),
+                        .sharing = before.sharing + 1};
+}
+
+Selection selection_of(const std::vector<JudgedSource>& sources, const ConfigurationLines& lines) {
+    Selection selection{.lines = lines, .shared = {}};
     for (const JudgedSource& source : sources) {
-        if (!source.selection || !source.selection->low || source.data.source == left_out.data.source)
-            continue;
-        ++others;
-        if (!agrees(source))
-            continue;
-        const double low = *source.selection->low;
-        const double high = *source.selection->high;
-        shared = shared ? SharedInterval{std::max(low, shared->low), std::min(high, shared->high), shared->sharing + 1}
-                        : SharedInterval{low, high, 1};
+        add_interval(source, selection);
+        selection.disagreeing += source.rule == SelectionRule::no_majority ? 1 : 0;
+        selection.selectable += source.rule == SelectionRule::required ? 1 : 0;
     }
-    if (shared)
-        shared->others = others;
-    return shared;
+    return selection;
 }
 
 // Sentences: what decided -----------------------------------------------------------------------------------------
@@ -112,7 +118,7 @@ Sentence say_unreachable(const JudgedSource& source) {
 
 Sentence say_distant(const JudgedSource& source, const Selection& selection) {
     constexpr double default_distance = 3; // s, chrony.conf(5)
-    const double limit = last_number(selection.configuration, "maxdistance").value_or(default_distance);
+    const double limit = selection.lines.number("maxdistance").value_or(default_distance);
     if (source.ntp)
         return say(TV_TEXT("explanations", "Its time may be off by more than maxdistance (%1) allows: the path to its "
                                            "reference alone has a delay of %2 and a dispersion of %3."),
@@ -122,7 +128,7 @@ Sentence say_distant(const JudgedSource& source, const Selection& selection) {
 
 Sentence say_jittery(const JudgedSource& source, const Selection& selection) {
     constexpr double default_jitter = 1; // s, chrony.conf(5)
-    const double limit = last_number(selection.configuration, "maxjitter").value_or(default_jitter);
+    const double limit = selection.lines.number("maxjitter").value_or(default_jitter);
     if (source.statistics && source.statistics->std_dev)
         return say(TV_TEXT("explanations", "Its measurements scatter too much: their standard deviation is %1, and "
                                            "maxjitter allows %2."),
@@ -132,36 +138,34 @@ Sentence say_jittery(const JudgedSource& source, const Selection& selection) {
 }
 
 Sentence say_falseticker(const JudgedSource& source, const Selection& selection) {
-    const auto shared = shared_interval(selection.sources, source);
+    const auto& shared = selection.shared;
     if (!shared || !source.selection || !source.selection->low)
         return say(TV_TEXT("explanations", "Its time cannot be true if that of the majority is."));
     const double low = *source.selection->low;
     const double high = *source.selection->high;
     return say(
         TV_TEXT("explanations", "Its interval, %1 to %2, does not touch the one that %3 of %4 others share, %5 to %6."),
-        {end_of(low, low, high), end_of(high, low, high), count(shared->sharing), count(shared->others),
+        {end_of(low, low, high), end_of(high, low, high), count(shared->sharing), count(selection.with_interval - 1),
          end_of(shared->low, shared->low, shared->high), end_of(shared->high, shared->low, shared->high)});
 }
 
 Sentence say_no_majority(const JudgedSource& source, const Selection& selection) {
-    const auto disagreeing = std::ranges::count(selection.sources, SelectionRule::no_majority, &JudgedSource::rule);
     if (source.selection && source.selection->low)
         return say(TV_TEXT("explanations",
                            "%1 sources contradict each other, and no majority tells which are right; this "
                            "one says %2 to %3."),
-                   {count(static_cast<double>(disagreeing)), signed_seconds(*source.selection->low),
+                   {count(selection.disagreeing), signed_seconds(*source.selection->low),
                     signed_seconds(*source.selection->high)});
     return say(TV_TEXT("explanations", "%1 sources contradict each other, and no majority tells which are right."),
-               {count(static_cast<double>(disagreeing))});
+               {count(selection.disagreeing)});
 }
 
-Sentence say_required(const JudgedSource&, const Selection& selection) {
-    const double needed = last_number(selection.configuration, "minsources").value_or(1);
-    const auto selectable = std::ranges::count(selection.sources, SelectionRule::required, &JudgedSource::rule);
-    if (needed > static_cast<double>(selectable))
+Sentence say_required(const Selection& selection) {
+    const double needed = selection.lines.number("minsources").value_or(1);
+    if (needed > selection.selectable)
         return say(
             TV_TEXT("explanations", "It could be used, but minsources asks for %1 sources at once, and there are %2."),
-            {count(needed), count(static_cast<double>(selectable))});
+            {count(needed), count(selection.selectable)});
     return say(TV_TEXT("explanations", "It could be used, but a source with the option require cannot be used yet."));
 }
 
@@ -225,7 +229,7 @@ Sentence main_sentence(const JudgedSource& source, const Selection& selection) {
     case SelectionRule::no_majority:
         return say_no_majority(source, selection);
     case SelectionRule::required:
-        return say_required(source, selection);
+        return say_required(selection);
     case SelectionRule::orphan:
         return say_orphan(source);
     default:
@@ -285,14 +289,13 @@ std::vector<Sentence> remedies_for(const JudgedSource& source) {
 }
 
 Explanation explanation_of(const JudgedSource& source, const Selection& selection) {
-    Explanation explanation{
-        .source = source.data.source,
-        .name = source.name,
-        .letter = source.letter,
-        .rule = source.rule,
-        .sentences = {main_sentence(source, selection)},
-        .remedies = remedies_for(source),
-        .line = line_of_source(selection.configuration, source.data.source, source.name.value_or(std::string()))};
+    Explanation explanation{.source = source.data.source,
+                            .name = source.name,
+                            .letter = source.letter,
+                            .rule = source.rule,
+                            .sentences = {main_sentence(source, selection)},
+                            .remedies = remedies_for(source),
+                            .line = selection.lines.line_of(source.data.source, source.name.value_or(std::string()))};
     add_offset(source, explanation.sentences);
     return explanation;
 }
@@ -301,7 +304,8 @@ Explanation explanation_of(const JudgedSource& source, const Selection& selectio
 
 std::vector<Explanation> explain(const ChronyReports& reports, const std::vector<CapturedFile>& configuration) {
     const std::vector<JudgedSource> sources = judged_sources(reports);
-    const Selection selection{.sources = sources, .configuration = configuration};
+    const ConfigurationLines lines(configuration);
+    const Selection selection = selection_of(sources, lines);
     std::vector<Explanation> explanations;
     explanations.reserve(sources.size());
     for (const JudgedSource& source : sources)

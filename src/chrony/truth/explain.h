@@ -3,8 +3,8 @@
 #pragma once
 
 #include "base/sentence.h"
+#include "chrony/truth/configuration_lines.h"
 #include "chrony/truth/judged_source.h"
-#include "chrony/truth/source_lines.h"
 
 #include <optional>
 #include <string>

@@ -45,7 +45,7 @@ Sentence name_on_screen(Verdict verdict, const ChronyReports& reports, const Zon
                        {since(*reports.tracking->reference_time, reports.now, zone)});
         return say(TV_TEXT("headline", "Holdover"));
     case Verdict::correcting:
-        return say(TV_TEXT("headline", "Correcting, %1 left"), {seconds(std::abs(reports.tracking->system_time))});
+        return say(TV_TEXT("headline", "Correcting, %1 left"), {seconds(std::abs(*reports.tracking->system_time))});
     case Verdict::leap:
         return say(TV_TEXT("headline", "Synchronised, leap second pending"));
     case Verdict::synchronised:
@@ -111,7 +111,7 @@ std::optional<Sentence> reason_of(Verdict verdict, const ChronyReports& reports)
     if (verdict == Verdict::unavailable)
         return std::nullopt;
     if (verdict == Verdict::correcting)
-        return say_correction(reports.tracking->system_time);
+        return say_correction(*reports.tracking->system_time);
     if (verdict == Verdict::leap)
         return say_leap(reports.tracking->leap_status);
     if (verdict == Verdict::local)

@@ -29,14 +29,18 @@ bool is_held_over(const ChronyReports& reports) {
     return reports.sources && std::ranges::none_of(*reports.sources, keeps_time);
 }
 
-double distance_of(const TrackingData& tracking) {
-    return tracking.root_dispersion + tracking.root_delay / 2;
+// Whether the report has all that a bound is made of.
+bool is_whole(const TrackingData& tracking) {
+    return tracking.system_time && tracking.root_delay && tracking.root_dispersion && tracking.skew_ppm &&
+           tracking.residual_frequency_ppm;
 }
 
 bool is_correcting(const TrackingData& tracking) {
     constexpr double visible = 0.001;
-    const double correction = std::abs(tracking.system_time);
-    return correction > visible && correction > 10 * distance_of(tracking);
+    if (!is_whole(tracking))
+        return false;
+    const double correction = std::abs(*tracking.system_time);
+    return correction > visible && correction > 10 * (*tracking.root_dispersion + *tracking.root_delay / 2);
 }
 
 bool has_bound(Verdict verdict) {
@@ -80,18 +84,18 @@ Verdict judge(const ChronyReports& reports) {
 }
 
 std::optional<ErrorBudget> error_budget(const ChronyReports& reports, double maxclockerror_ppm) {
-    if (!has_bound(judge(reports)))
+    if (!has_bound(judge(reports)) || !is_whole(*reports.tracking))
         return std::nullopt;
     const TrackingData& tracking = *reports.tracking;
     ErrorBudget budget;
-    budget.correction = std::abs(tracking.system_time);
-    budget.delay = tracking.root_delay / 2;
+    budget.correction = std::abs(*tracking.system_time);
+    budget.delay = *tracking.root_delay / 2;
     budget.growth =
-        (tracking.skew_ppm + std::abs(tracking.residual_frequency_ppm) + maxclockerror_ppm) * parts_per_million;
+        (*tracking.skew_ppm + std::abs(*tracking.residual_frequency_ppm) + maxclockerror_ppm) * parts_per_million;
     if (reports.now && tracking.reference_time)
         budget.age = std::max(0.0, *reports.now - *tracking.reference_time);
-    budget.dispersion_growth = std::min(tracking.root_dispersion, budget.age * budget.growth);
-    budget.dispersion_measured = tracking.root_dispersion - budget.dispersion_growth;
+    budget.dispersion_growth = std::min(*tracking.root_dispersion, budget.age.value_or(0) * budget.growth);
+    budget.dispersion_measured = *tracking.root_dispersion - budget.dispersion_growth;
     budget.bound = budget.correction + budget.delay + budget.dispersion_measured + budget.dispersion_growth;
     return budget;
 }
@@ -100,6 +104,8 @@ std::optional<double> expected_error(const ChronyReports& reports, const std::ve
     constexpr std::size_t enough = 16;
     constexpr std::size_t most = 64;
     constexpr double quantile = 0.95;
+    if (!has_bound(judge(reports)))
+        return std::nullopt;
     if (newest_offsets.size() >= enough) {
         const std::size_t count = std::min(newest_offsets.size(), most);
         std::vector<double> sizes(newest_offsets.end() - static_cast<std::ptrdiff_t>(count), newest_offsets.end());
@@ -109,9 +115,8 @@ std::optional<double> expected_error(const ChronyReports& reports, const std::ve
         std::ranges::nth_element(sizes, sizes.begin() + rank);
         return sizes[static_cast<std::size_t>(rank)];
     }
-    if (!reports.tracking || !has_bound(judge(reports)))
-        return std::nullopt;
-    return 2 * reports.tracking->rms_offset;
+    const auto& rms = reports.tracking->rms_offset;
+    return rms ? std::optional(2 * *rms) : std::nullopt;
 }
 
 } // namespace tickervantage

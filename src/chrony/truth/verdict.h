@@ -48,20 +48,20 @@ struct ErrorBudget {
     double correction = 0;          // s: what is being slewed away
     double delay = 0;               // s: half of the path to the reference may be lost on one side
     double dispersion_measured = 0; // s
-    double dispersion_growth = 0;   // s: what was added since the last update
+    double dispersion_growth = 0;   // s: what was added since the last update; 0 where its age is not known
     double growth = 0;              // s/s, from now on without a source
-    double age = 0;                 // s since the last update
+    std::optional<double> age;      // s since the last update
 };
 
 // chrony.conf(5): the frequency error that chronyd assumes of a clock.
 inline constexpr double default_maxclockerror_ppm = 1;
 
-// None where nothing vouches for a bound: unavailable, local, unsynchronised.
+// None where nothing vouches for a bound (unavailable, local, unsynchronised), and where the report lacks a part of it.
 [[nodiscard]] std::optional<ErrorBudget> error_budget(const ChronyReports& reports,
                                                       double maxclockerror_ppm = default_maxclockerror_ppm);
 
 // What the error probably is, with 95 %: of the newest 64 offsets of the tracking log if there are 16 at least, else
-// twice the RMS offset.
+// twice the RMS offset. None where nothing vouches for a bound either.
 [[nodiscard]] std::optional<double> expected_error(const ChronyReports& reports,
                                                    const std::vector<double>& newest_offsets = {});
 
