@@ -120,7 +120,7 @@ class Plain {
 public:
     explicit Plain(const Daemon& daemon)
         : m_parts(m_main_thread, m_timer, daemon.chronyc(), daemon.chronyd()),
-          m_cycle(m_display, m_parts.parts(), m_parts.options(daemon.chronyc_arguments(), daemon.pidfile())) {
+          m_cycle(m_display, m_parts.parts(), m_parts.options(daemon.chronyc_arguments())) {
         m_cycle.load();
         m_main_thread.run_until(m_display.applied);
     }
@@ -144,7 +144,7 @@ class Window {
 public:
     explicit Window(const Daemon& daemon)
         : m_parts(m_main_thread, m_timer, daemon.chronyc(), daemon.chronyd()),
-          m_window(m_parts.parts(), m_parts.options(daemon.chronyc_arguments(), daemon.pidfile())) {
+          m_window(m_parts.parts(), m_parts.options(daemon.chronyc_arguments())) {
         QObject::connect(&m_window, &TickervantageWindow::reading_applied, &m_window, [this] { m_applied = true; });
         m_window.windowDidLoad();
         m_window.show();

@@ -37,13 +37,12 @@ public:
         return {m_execute, m_actions, m_queue, m_report_queue, m_main_thread, m_timer, m_broadcast, m_settings};
     }
 
-    [[nodiscard]] StatusCycleOptions options(std::vector<std::string> chronyc_arguments, std::string pidfile) {
+    [[nodiscard]] StatusCycleOptions options(std::vector<std::string> chronyc_arguments) {
         m_preferences = PreferencesGeneral::load(m_settings);
         return {.preferences = m_preferences,
                 .bundle = {},
                 .gpsd_application_found = [] { return has_application(QLatin1String(StatusCycle::GPSD_CONF_ID)); },
-                .chronyc_arguments = std::move(chronyc_arguments),
-                .pidfile = std::move(pidfile)};
+                .chronyc_arguments = std::move(chronyc_arguments)};
     }
 
     [[nodiscard]] DefaultSettings& settings() { return m_settings; }

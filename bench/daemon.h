@@ -17,7 +17,6 @@ public:
 
     [[nodiscard]] const std::string& chronyc() const { return m_chronyc; }
     [[nodiscard]] const std::string& chronyd() const { return m_chronyd; }
-    [[nodiscard]] std::string pidfile() const { return m_demonstration.client_pidfile(); }
     [[nodiscard]] std::vector<std::string> chronyc_arguments() const { return {"-h", m_demonstration.socket()}; }
 
 private:

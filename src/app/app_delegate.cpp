@@ -160,8 +160,7 @@ StatusCycleOptions AppDelegate::cycle_options() {
     return {.preferences = m_general,
             .bundle = m_parts.paths.bundle,
             .gpsd_application_found = [] { return has_application(QLatin1String(StatusCycle::GPSD_CONF_ID)); },
-            .chronyc_arguments = m_daemon.chronyc_arguments,
-            .pidfile = m_daemon.pidfile};
+            .chronyc_arguments = m_daemon.chronyc_arguments};
 }
 
 void AppDelegate::update_optional_items() const {

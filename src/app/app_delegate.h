@@ -56,7 +56,6 @@ struct ApplicationParts {
 // What differs in demonstration mode; empty for the machine's own daemon.
 struct DaemonChoice {
     std::vector<std::string> chronyc_arguments;
-    std::string pidfile;
     QString standing_notice;
     std::string tracking_log; // empty: in the folder that chrony.conf names
 };

@@ -57,7 +57,6 @@ Paths throw_away(Paths paths, const std::string& folder) {
 
 DaemonChoice demonstration_choice(const Demonstration& demonstration) {
     return {.chronyc_arguments = {"-h", demonstration.socket()},
-            .pidfile = demonstration.client_pidfile(),
             //: banner of demonstration mode
             .standing_notice =
                 Texts::tr("Demonstration: you see a chronyd that this program started for itself, on this "

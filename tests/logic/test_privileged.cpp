@@ -32,53 +32,104 @@ TEST(RunningCheck, OptionThatForbidsAdjustmentIsFoundAmongTheOthers) {
         EXPECT_FALSE(forbids_adjustment(line)) << line;
 }
 
+// A made-up process file system, in which no process's open files may be read unless a test says what they are.
 struct RunningCheckTest : ::testing::Test {
-    testing::ScriptedExecute execute;
-    std::filesystem::path proc =
-        std::filesystem::path(::testing::TempDir()) / ("running_check_proc-" + std::to_string(::getpid()));
+    std::string root = ::testing::TempDir() + "running_check-" + std::to_string(::getpid());
+    std::filesystem::path proc = root + "/proc";
 
-    void SetUp() override { std::filesystem::remove_all(proc); }
-    void TearDown() override { std::filesystem::remove_all(proc); }
-    void set_command_line(const std::string& pid, const std::string& text) {
-        std::filesystem::create_directories(proc / pid);
-        std::ofstream(proc / pid / "cmdline") << text;
+    void SetUp() override {
+        std::filesystem::remove_all(root);
+        listens("0100007F:0143", "0", "77");
+    }
+    void TearDown() override { std::filesystem::remove_all(root); }
+
+    void write(const std::string& name, const std::string& text) const {
+        std::filesystem::create_directories((proc / name).parent_path());
+        std::ofstream(proc / name) << text;
+    }
+    void listens(const std::string& address, const std::string& maker, const std::string& inode) const {
+        write("net/udp", "  sl  local_address rem_address   st tx_queue rx_queue\n 1: " + address +
+                             " 00000000:0000 07 00000000:00000000 00:00000000 00000000 " + maker + " 0 " + inode +
+                             " 2 00000000a646e8a1 0\n");
+    }
+    void runs(const std::string& pid, const std::string& command_line, const std::string& name = "chronyd") const {
+        write(pid + "/comm", name + "\n");
+        write(pid + "/cmdline", command_line);
+    }
+    void holds(const std::string& pid, const std::string& inode) const {
+        std::filesystem::create_directories(proc / pid / "fd");
+        std::filesystem::create_symlink("socket:[" + inode + "]", proc / pid / "fd" / inode);
+    }
+    [[nodiscard]] ClockDiscipline check(const std::vector<std::string>& arguments = {"-h", "127.0.0.1"}) const {
+        return RunningCheck(arguments, root).check();
     }
 };
 
-TEST_F(RunningCheckTest, AnyDaemonThatAdjustsTheClockCounts) {
-    struct Case {
-        const char* pgrep;
-        ClockDiscipline expected;
-    };
-    for (const auto& [pgrep, expected] : {
-             Case{"", ClockDiscipline::not_running},
-             Case{"99 [chronyd] <defunct>\n", ClockDiscipline::not_running},
-             Case{"99 chronyd -x\n", ClockDiscipline::forbidden},
-             Case{"98 chronyd -x\n99 /usr/sbin/chronyd -F 1\n", ClockDiscipline::adjusting},
-             Case{"98 /usr/sbin/chronyd -F 1\n99 chronyd -x\n", ClockDiscipline::adjusting},
-             Case{"pgrep: no such option\n", ClockDiscipline::not_running},
-         }) {
-        execute.answer("pgrep", pgrep);
-        EXPECT_EQ(RunningCheck(execute, "", proc).check(), expected) << pgrep;
-    }
+TEST_F(RunningCheckTest, OnlyTheProcessThatHoldsTheSocketCounts) {
+    EXPECT_EQ(check(), ClockDiscipline::unknown) << "somebody listens, but no chronyd is to be seen";
+    runs("98", "chronyd -x");
+    runs("99", "/usr/sbin/chronyd -F 1");
+    runs("100", "", "chronyd"); // ended
+    runs("101", "chronyd -x", "chronyc");
+    EXPECT_EQ(check(), ClockDiscipline::unknown) << "either may hold it";
+    holds("98", "77");
+    EXPECT_EQ(check(), ClockDiscipline::forbidden);
+    std::filesystem::remove_all(proc / "98/fd");
+    holds("98", "78");
+    EXPECT_EQ(check(), ClockDiscipline::adjusting) << "it holds another one";
+    std::filesystem::remove_all(proc / "98/fd");
+    write("98/net/udp", "1: 0100007F:0143 00000000:0000 07 0:0 0:0 0 0 0 79 2 0 0\n");
+    EXPECT_EQ(check(), ClockDiscipline::adjusting) << "it lives in another network";
+    listens("0100007F:0143", "4000000", "77");
+    EXPECT_EQ(check(), ClockDiscipline::unknown) << "neither can have made it";
 }
 
-TEST_F(RunningCheckTest, ProcessThatIsStillThereIsNotSearchedAgain) {
-    execute.answer("pgrep", "99 chronyd -x\n");
-    set_command_line("99", "chronyd -x");
-    RunningCheck check(execute, "/run/pid", proc);
-    EXPECT_EQ(check.check(), ClockDiscipline::forbidden);
-    EXPECT_EQ(check.check(), ClockDiscipline::forbidden);
-    EXPECT_EQ(execute.calls, std::vector<std::string>{"pgrep|-a|-x|-F|/run/pid|chronyd"});
+TEST_F(RunningCheckTest, ChronycsOptionsSayWhichSocketIsAsked) {
+    runs("99", "chronyd -x");
+    struct Case {
+        std::vector<std::string> arguments;
+        ClockDiscipline expected;
+    };
+    for (const auto& [arguments, expected] : {
+             Case{{"-h", "127.0.0.1", "-p", "323"}, ClockDiscipline::forbidden},
+             Case{{"-h", "127.0.0.1", "-p", "324"}, ClockDiscipline::not_running},
+             Case{{"-h", "/no/such/socket,127.0.0.1"}, ClockDiscipline::forbidden},
+             Case{{"-h", "/no/such/socket"}, ClockDiscipline::not_running},
+             Case{{"-h", "192.0.2.1"}, ClockDiscipline::unknown},
+             Case{{"-h", "time.example"}, ClockDiscipline::unknown},
+             Case{{"-p", "x"}, ClockDiscipline::unknown},
+         })
+        EXPECT_EQ(check(arguments), expected) << arguments[1];
+    listens("00000000:0143", "0", "77");
+    EXPECT_EQ(check(), ClockDiscipline::forbidden) << "it listens at every address";
+}
 
-    execute.answer("pgrep", "99 chronyd\n");
-    set_command_line("99", "chronyd");
-    EXPECT_EQ(check.check(), ClockDiscipline::adjusting);
-    execute.answer("pgrep", "");
+TEST_F(RunningCheckTest, WhatWasFoundIsOnlyLookedAtAgain) {
+    runs("99", "chronyd -x");
+    RunningCheck check({"-h", "127.0.0.1"}, root);
+    EXPECT_EQ(check.check(), ClockDiscipline::forbidden);
+    runs("98", "chronyd");
+    EXPECT_EQ(check.check(), ClockDiscipline::forbidden) << "who comes later does not hold this socket";
+    listens("0100007F:0143", "0", "78");
+    EXPECT_EQ(check.check(), ClockDiscipline::unknown) << "another socket";
     std::filesystem::remove_all(proc / "99");
+    EXPECT_EQ(check.check(), ClockDiscipline::adjusting);
+    write("net/udp", "");
     EXPECT_EQ(check.check(), ClockDiscipline::not_running);
-    EXPECT_EQ(check.check(), ClockDiscipline::not_running);
-    EXPECT_EQ(execute.calls.size(), 4U);
+    EXPECT_EQ(steers(check.check()), std::nullopt);
+}
+
+TEST(CommandSockets, AreReadFromTheKernelsTables) {
+    const std::string table = "Num       RefCount Protocol Flags    Type St Inode Path\n"
+                              "0000000012345678: 00000002 00000000 00000000 0002 01 41 /no such place/../s\n"
+                              "0000000012345678: 00000002 00000000 00010000 0001 01 42 /s\n"
+                              "0000000012345678: 00000002 00000000 00000000 0002 01 43\n"
+                              "0000000012345678: 00000002 00000000 00000000 0002 01 44 @/s\n"
+                              "0000000012345678: 00000002 00000000 00000000 0002 01 45 /t/s\n";
+    const auto found = sockets_named(table, "/s");
+    ASSERT_EQ(found.size(), 1U) << "datagrams, by their place";
+    EXPECT_EQ(found[0].inode, "41");
+    EXPECT_TRUE(sockets_at("a b c\n1: 0100007F:0143 0:0 07 0:0 0:0 0 nobody 0 9 2\n", "0100007F:0143").empty());
 }
 
 struct OldInstallationTest : ::testing::Test {

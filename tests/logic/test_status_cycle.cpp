@@ -1,6 +1,7 @@
 #include "base/failure_codes.h"
 #include "chrony/reports/current_frequency.h"
 #include "chrony/status/status_cycle.h"
+#include "support/child_program.h"
 #include "support/fake_main_window_parts.h"
 
 #include <gtest/gtest.h>
@@ -347,10 +348,16 @@ TEST_F(StatusCycleTest, HangingChronycIsNotRunForTheReportAsWell) {
 }
 
 TEST_F(StatusCycleTest, ClockNoticeFollowsTheDaemonAndThenThePreference) {
-    execute.answer("pgrep", "7 chronyd -x\n");
+    const testing::PrivateHome machine;
+    root = machine.path();
+    std::filesystem::create_directories(root + "/proc/net");
+    std::filesystem::create_directories(root + "/proc/7");
+    testing::write_file(root + "/proc/net/udp", "1: 0100007F:0143 0:0 07 0:0 0:0 0 0 0 77 2\n");
+    testing::write_file(root + "/proc/7/comm", "chronyd\n");
+    testing::write_file(root + "/proc/7/cmdline", "chronyd -x");
     load();
     EXPECT_TRUE(display.not_adjusted);
-    execute.answer("pgrep", "");
+    testing::write_file(root + "/proc/net/udp", "");
     cycle->refresh();
     settle();
     EXPECT_FALSE(display.not_adjusted);

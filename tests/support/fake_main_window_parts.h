@@ -25,12 +25,12 @@ struct FakeMainWindowParts {
     DefaultSettings settings{store};
     PreferencesGeneral preferences; // without paths: the programs of the bundle
     bool gpsd_found = false;
+    std::string root = "/no/such/machine"; // where a chronyd is looked for
 
     FakeMainWindowParts() {
         execute.answer("chronyc tracking", tracking_text());
         execute.answer("chronyc -v", "chronyc (chrony) version 4.3 (+READLINE)\n");
         execute.answer("chronyd -v", "chronyd (chrony) version 4.3 (+CMDMON)\n");
-        execute.answer("pgrep", "1 chronyd -F 1\n");
     }
 
     [[nodiscard]] StatusCycleParts parts() {
@@ -38,9 +38,10 @@ struct FakeMainWindowParts {
     }
 
     [[nodiscard]] StatusCycleOptions options() {
-        return {.preferences = preferences, .bundle = "/bundle", .gpsd_application_found = [this] {
-                    return gpsd_found;
-                }};
+        return {.preferences = preferences,
+                .bundle = "/bundle",
+                .gpsd_application_found = [this] { return gpsd_found; },
+                .root = root};
     }
 
     // Lets everything that is under way come to its end.

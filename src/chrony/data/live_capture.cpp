@@ -4,6 +4,7 @@
 #include "chrony/configuration/included_files.h"
 #include "chrony/data/reports.h"
 #include "chrony/reports/runchronyc.h"
+#include "chrony/reports/running_check.h"
 
 #include <algorithm>
 #include <array>
@@ -66,12 +67,19 @@ std::string text_of_file(const std::string& path) {
     return text;
 }
 
+const char* fact_of(std::optional<bool> steers) {
+    if (!steers)
+        return "unknown";
+    return *steers ? "yes" : "no";
+}
+
 } // namespace
 
 Capture read_capture(const Runchronyc& chronyc, CaptureDepth depth) {
     Capture capture;
     add(chronyc.run_for_data(of_all_sources(open_reports)), open_reports, capture);
     capture.facts["time"] = text_of_moment(seconds_now());
+    capture.facts["steers"] = fact_of(steers(RunningCheck(chronyc.extra()).check()));
     if (depth != CaptureDepth::open)
         add_names(chronyc, capture);
     if (depth == CaptureDepth::with_root)

@@ -18,8 +18,8 @@ enum class CaptureDepth : unsigned char {
                 // are refused unless chronyd admits this user
 };
 
-// Without the facts that chronyc does not know, but for the time. A chronyc that could not be run is a refusal of
-// "tracking" in the words of this program.
+// With the facts "time" and "steers", the latter of the daemon that this chronyc asks. A chronyc that could not be run
+// is a refusal of "tracking" in the words of this program.
 [[nodiscard]] Capture read_capture(const Runchronyc& chronyc, CaptureDepth depth);
 
 // The configuration and the files that it takes in, as far as they can be read, at most 1 MiB each.

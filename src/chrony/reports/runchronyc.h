@@ -62,6 +62,9 @@ public:
     // ready, and for a daemon that only this runner's extra options reach: the helper knows the machine's own.
     [[nodiscard]] std::optional<ExecuteResult> run_privileged_for_data() const;
 
+    // What stands before every command, and may choose another daemon than the machine's own.
+    [[nodiscard]] const std::vector<std::string>& extra() const { return m_extra; }
+
 private:
     [[nodiscard]] ExecuteResult run_with(std::vector<std::string> options, const std::string& command) const;
 

@@ -1,43 +1,68 @@
-// Whether a chronyd runs on this machine, and whether it adjusts the clock.
+// Whether the chronyd that chronyc asks runs on this machine, and whether it adjusts the clock.
 //
-// Asked before every reading of the status, so a process that was found is only looked at again, which costs a file
-// read; the list of processes is searched when that one has gone or changed. Keep on one thread.
-// Sources: pgrep(1), proc(5), chronyd(8) option -x.
+// Other chronyds may run beside it: a container's, another user's. So the process is matched to the socket that
+// answers, by its open files where they may be read. An ordinary user may not read those of the system's daemon: then
+// every chronyd counts that can have made this socket, and where they differ nothing is known.
+//
+// Asked before every reading of the status: while the socket and the processes that it was matched to stay the same, a
+// check costs two or three small files of the kernel. Keep on one thread.
+// Sources: proc(5), chronyd(8) option -x.
 #pragma once
 
 #include "base/execute.h"
+#include "chrony/reports/command_sockets.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tickervantage {
 
 enum class ClockDiscipline : unsigned char {
-    not_running, // no chronyd process
+    not_running, // nobody listens where chronyc asks
     adjusting,   // a chronyd that adjusts the system clock
     forbidden,   // a chronyd that was started with the option that forbids it
+    unknown,     // somebody listens, here or on another machine, of whom it cannot be told
 };
 
 class RunningCheck {
 public:
-    // With a file that holds a process number only that process counts. `proc` is the process file system.
-    explicit RunningCheck(Execute& execute, std::string pidfile = {}, std::string proc = "/proc");
+    // With the arguments that stand before chronyc's commands. `root` is the folder that this machine's files
+    // lie in.
+    explicit RunningCheck(std::vector<std::string> chronyc_arguments = {}, std::string root = {});
 
-    // Blocks for as long as pgrep takes.
     [[nodiscard]] ClockDiscipline check();
 
 private:
+    struct Daemon {
+        std::string pid;
+        std::string command_line; // its words, divided by blanks
+    };
+    enum class Holds : unsigned char { no, perhaps, yes };
+
     [[nodiscard]] std::string command_line_of(const std::string& pid) const;
+    [[nodiscard]] std::vector<Daemon> daemons() const;
+    [[nodiscard]] Holds holds(const std::string& pid) const;
+    [[nodiscard]] Holds holds(const std::string& pid, const CommandSocket& socket) const;
+    [[nodiscard]] bool can_have_made(const std::string& pid, const CommandSocket& socket) const;
+    [[nodiscard]] bool is_unchanged() const;
     [[nodiscard]] ClockDiscipline search();
 
-    Execute& m_execute;
-    std::string m_pidfile;
+    std::vector<std::string> m_arguments;
+    std::string m_root;
     std::string m_proc;
-    std::string m_pid;          // the process that the last search found; empty when none
-    std::string m_command_line; // its arguments, as the process file system tells them
+    std::optional<std::vector<CommandSocket>> m_sockets; // of the last search
+    std::vector<Daemon> m_daemons;                       // those that hold one of them, as far as that can be told
     ClockDiscipline m_answer = ClockDiscipline::not_running;
 };
+
+// Whether the clock is steered; none: not known, or nobody is there who would.
+[[nodiscard]] std::optional<bool> steers(ClockDiscipline discipline);
+
+// Whether any chronyd runs on this machine, whoever asks it. Blocks for as long as pgrep takes.
+[[nodiscard]] bool any_chronyd_runs(Execute& execute);
 
 // The short options of a chronyd's command line, each with its value, which is empty where the option takes none.
 void each_option(std::string_view command_line, const std::function<void(char option, std::string value)>& tell);

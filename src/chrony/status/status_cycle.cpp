@@ -16,7 +16,7 @@ constexpr std::size_t longest_detail = 200; // bytes of chronyc's complaint that
 StatusCycle::StatusCycle(StatusDisplay& display, const StatusCycleParts& parts, StatusCycleOptions options)
     : m_display(display), m_parts(parts), m_options(std::move(options)), m_meter([this] { m_display.redraw_meter(); }),
       m_tools(std::make_shared<RefreshTools>(
-          RefreshTools{RunningCheck(parts.execute, m_options.pidfile), m_options.gpsd_application_found})),
+          RefreshTools{RunningCheck(m_options.chronyc_arguments, m_options.root), m_options.gpsd_application_found})),
       m_updatetimer(parts.timer.make_repeater("updatetimer", Pace::free)),
       m_clockTicker(parts.timer.make_repeater("clockTicker", Pace::wall_second)), m_background(parts.main_thread) {}
 
@@ -252,7 +252,7 @@ void StatusCycle::apply(const RefreshReading& reading) {
 void StatusCycle::apply_tracking(const RefreshReading& reading) {
     const bool adjusted = reading.discipline == ClockDiscipline::not_running
                               ? m_options.preferences.adj_system
-                              : reading.discipline == ClockDiscipline::adjusting;
+                              : reading.discipline != ClockDiscipline::forbidden; // of the unknown nothing is said
     m_display.show_clock_not_adjusted(!adjusted);
     const TrackingReport& report = reading.report;
     if (report.has_frequency) // who listens keeps it for good: a daemon that does not answer has none

@@ -43,7 +43,7 @@ struct StatusCycleOptions {
     std::string bundle;                              // the folder of the application bundle, with programs of its own
     std::function<bool()> gpsd_application_found;    // called on the queue
     std::vector<std::string> chronyc_arguments = {}; // placed before every command
-    std::string pidfile = {};                        // of the daemon shown; empty: any
+    std::string root = {};                           // the folder that the machine's files lie in
 };
 
 class StatusCycle {

@@ -8,7 +8,7 @@ namespace tickervantage {
 
 bool DaemonWatch::is_up(const std::string& unit) const {
     if (form == ServiceForm::launchd)
-        return RunningCheck(execute).check() != ClockDiscipline::not_running;
+        return any_chronyd_runs(execute);
     const std::string name = unit.empty() ? std::string(daemon_label) + ".service" : unit;
     const auto answer = execute.run({.program = "/bin/systemctl", .arguments = {"is-active", "--quiet", name}});
     return answer.outcome == ExecuteOutcome::exited && answer.exit_status == 0;
