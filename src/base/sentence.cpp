@@ -39,6 +39,8 @@ std::string with_unit(double seconds, std::string_view point, double resolution)
     static constexpr std::array<Unit, 3> small{{{" ns", 1e-9}, {" µs", 1e-6}, {" ms", 1e-3}}};
     constexpr double rounds_up = 999.5; // that many are a thousand
     const double size = std::abs(seconds);
+    if (size == 0)
+        return "0 s";
     for (const Unit& unit : small)
         if (size < rounds_up * unit.seconds)
             return significant(seconds / unit.seconds, point, resolution / unit.seconds) + unit.name;
@@ -65,20 +67,6 @@ std::string duration_text(double seconds) {
     return parts(whole / 86400, " d", whole % 86400 / 3600, " h");
 }
 
-// Cut between characters of UTF-8.
-std::string harmless(std::string text) {
-    if (text.size() > longest_foreign_text) {
-        std::size_t end = longest_foreign_text;
-        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
-            --end;
-        text.resize(end);
-        text += "…";
-    }
-    std::ranges::replace_if(
-        text, [](unsigned char sign) { return sign < 0x20 || sign == 0x7f; }, '.');
-    return text;
-}
-
 struct TextOfValue {
     std::string_view point;
     std::string operator()(const std::string& text) const { return harmless(text); }
@@ -101,6 +89,19 @@ std::string text_of(const Quantity& quantity, std::string_view decimal_point) {
         break;
     }
     return decimal(quantity.value, 0, decimal_point);
+}
+
+std::string harmless(std::string text) {
+    if (text.size() > longest_foreign_text) {
+        std::size_t end = longest_foreign_text; // between characters of UTF-8
+        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U)
+            --end;
+        text.resize(end);
+        text += "…";
+    }
+    std::ranges::replace_if(
+        text, [](unsigned char sign) { return sign < 0x20 || sign == 0x7f; }, '.');
+    return text;
 }
 
 std::string filled(std::string_view words, const Sentence& sentence, std::string_view decimal_point) {

@@ -47,8 +47,11 @@ struct Sentence {
 // Three significant digits, more where the resolution asks for them, and one unit.
 [[nodiscard]] std::string text_of(const Quantity& quantity, std::string_view decimal_point = ".");
 
-// `words` are those of the sentence, in whatever language. Texts of others are cut at 100 characters, and control
-// characters become dots: a server may call itself anything.
+// Texts of others, fit for a line: cut at 100 bytes, and control characters become dots.
+[[nodiscard]] std::string harmless(std::string text);
+
+// `words` are those of the sentence, in whatever language. Texts among the values are made harmless: a server may
+// call itself anything.
 [[nodiscard]] std::string filled(std::string_view words, const Sentence& sentence, std::string_view decimal_point);
 
 [[nodiscard]] std::string english(const Sentence& sentence);

@@ -38,15 +38,55 @@ CLI::Validator number_within(double least, double most, const std::string& compl
     return {check, ""};
 }
 
+constexpr const char* saved_capture = "a capture; - for standard input";
+
+void add_watch(CLI::App* command, Arguments& arguments, CLI::Option* from) {
+    command->add_option("--watch", arguments.watch_seconds, "again every so many seconds, until interrupted")
+        ->check(number_within(0.1, 86400, "give seconds, from 0.1 to 86400"))
+        ->excludes(from);
+}
+
 void add_status(CommandLine& line, Arguments& arguments) {
     auto* status =
         line.add(&line.app, Job::status, "status", "Is the clock synchronised, and how well? (exit status 1: no)");
-    auto* from = status->add_option("--from", arguments.from, "a saved \"tracking\" report; - for standard input");
+    auto* from =
+        status->add_option("--from", arguments.from, "a capture, or a saved \"tracking\" report; - for standard input");
     status->add_option("--meter", arguments.meter, "quantity on the meter, such as lastoffset or frequency");
     status->add_flag("--json", arguments.json, "one JSON document; with --watch one a line");
-    status->add_option("--watch", arguments.watch_seconds, "again every so many seconds, until interrupted")
-        ->check(number_within(0.1, 86400, "give seconds, from 0.1 to 86400"))
-        ->excludes(from);
+    add_watch(status, arguments, from);
+}
+
+void add_truth(CommandLine& line, Arguments& arguments) {
+    auto* explain = line.add(&line.app, Job::explain, "explain",
+                             "Why each source is used or not, and what would change it (exit status 1: none is used)");
+    auto* sources = line.add(&line.app, Job::sources, "sources", "The sources, and what chronyd makes of each");
+    auto* budget = line.add(&line.app, Job::budget, "budget",
+                            "How far off the clock can be, and what that is made of (exit status 1: not known)");
+    auto* capture = line.add(&line.app, Job::capture, "capture",
+                             "All that chronyd says now, in one file that can be explained elsewhere");
+    explain->add_option("SOURCE", arguments.source, "its address, name or reference ID; default: all");
+    for (auto* command : {explain, sources, budget}) {
+        auto* from = command->add_option("--from", arguments.from, saved_capture);
+        command->add_flag("--json", arguments.json, "as JSON");
+        if (command == sources)
+            add_watch(command, arguments, from);
+    }
+    for (auto* command : {explain, sources, capture})
+        command->add_flag("--root", arguments.as_root,
+                          "with what chronyd tells root only; asks for an administrator's password");
+    capture->add_option("-o,--output", arguments.output, "the file to write; default: standard output");
+}
+
+void add_probe(CommandLine& line, Arguments& arguments) {
+    auto* probe = line.add(&line.app, Job::probe, "probe", "Does this time server answer? (exit status 1: no)");
+    probe->add_option("HOST", arguments.source, "its name or address")->required();
+    probe->add_flag("--nts", arguments.nts, "with authentication (Network Time Security)");
+    probe->add_option("--port", arguments.port, "its port; default: 123")
+        ->check(number_within(1, 65535, "give a port, from 1 to 65535"));
+    probe->add_option("--timeout", arguments.timeout_seconds, "seconds to wait for an answer")
+        ->capture_default_str()
+        ->check(number_within(1, 600, "give seconds, from 1 to 600"));
+    probe->add_flag("--json", arguments.json, "one JSON document");
 }
 
 void add_report(CommandLine& line) {
@@ -161,7 +201,10 @@ void add_all(CommandLine& line, Arguments& arguments) {
     line.app.require_subcommand(1);
     line.app.add_option("--host", arguments.host, "the daemon to ask, an address or the path of a socket");
     line.app.add_flag("--demo", arguments.demo, "ask a demonstration daemon, started for this one command");
+    line.app.add_option("--config", arguments.configuration, "the chrony.conf of that daemon");
     add_status(line, arguments);
+    add_truth(line, arguments);
+    add_probe(line, arguments);
     add_report(line);
     add_settings(line, arguments);
     add_log(line, arguments);

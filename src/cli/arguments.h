@@ -15,6 +15,11 @@ namespace tickervantage {
 
 enum class Job : unsigned char {
     status,
+    sources,
+    explain,
+    budget,
+    capture,
+    probe,
     report,
     settings_list,
     settings_get,
@@ -40,11 +45,17 @@ enum class Job : unsigned char {
 
 struct Arguments {
     Job job = Job::status;
-    std::string host; // empty: chronyc's own choice
+    std::string host;                         // empty: chronyc's own choice
+    std::optional<std::string> configuration; // of that daemon
     bool demo = false;
     bool json = false;
     std::optional<std::string> from; // a path, or "-" for standard input
     std::optional<std::string> meter;
+    std::optional<std::string> source; // of chronyd; to be probed: a host
+    bool as_root = false;              // ask for an administrator's password
+    bool nts = false;
+    std::optional<int> port;
+    double timeout_seconds = 5;
     double watch_seconds = 0; // 0: once
     std::vector<std::string> report;
     std::string log; // the path of a tracking log

@@ -3,15 +3,31 @@
 
 #include <nlohmann/json.hpp>
 
+#include <optional>
+#include <ostream>
 #include <string>
 
 namespace tickervantage {
 
 using Json = nlohmann::ordered_json;
 
+enum class DocumentForm : unsigned char { text, json, json_line };
+
+// In the place of a value that there is none of, in texts.
+inline const std::string not_known = "–";
+
+template <typename Value>
+[[nodiscard]] Json or_null(const std::optional<Value>& value) {
+    return value ? Json(*value) : Json(nullptr);
+}
+
 // With a line feed behind it; all in one line with an indent of -1. Bytes that are no UTF-8 become U+FFFD.
 [[nodiscard]] inline std::string json_text(const Json& json, int indent = 2) {
     return json.dump(indent, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+inline void print_json(const Json& json, DocumentForm form, std::ostream& out) {
+    out << json_text(json, form == DocumentForm::json_line ? -1 : 2);
 }
 
 } // namespace tickervantage

@@ -99,6 +99,16 @@ int plot(const Arguments& arguments, int argc, char** argv) {
 int do_job(const Arguments& arguments, Tool& tool) {
     const OutputForm form = arguments.json ? OutputForm::json : OutputForm::text;
     switch (arguments.job) {
+    case Job::sources:
+        return tool.sources();
+    case Job::explain:
+        return tool.explain();
+    case Job::budget:
+        return tool.budget();
+    case Job::capture:
+        return tool.capture();
+    case Job::probe:
+        return tool.probe();
     case Job::report:
         return tool.report();
     case Job::settings_list:

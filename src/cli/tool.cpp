@@ -9,7 +9,6 @@
 #include "cli/status/status_command.h"
 #include "cli/terminal.h"
 #include "linux/posix_followed_file.h"
-#include "linux/small_file.h"
 #include "roothelper/client/terminal_agent.h"
 #include "roothelper/jobs/distribution_chrony.h"
 #include "settings/settings_catalogue.h"
@@ -28,20 +27,10 @@
 namespace tickervantage {
 namespace {
 
-constexpr std::size_t largest_report = 1U << 20U; // bytes
-
 // A program that was ended because of a signal is no news to whoever sent the signal.
 void complain_of(const ExecuteResult& result) {
     if (result.failure && result.outcome != ExecuteOutcome::cancelled)
         complain(english(*result.failure));
-}
-
-int read_file(const std::string& path, std::string& text) {
-    FileReading file = read_small_file(path, largest_report);
-    if (file.outcome != FileReading::Outcome::read)
-        return fail_to_read(path, file);
-    text = std::move(file.bytes);
-    return 0;
 }
 
 } // namespace
@@ -88,7 +77,7 @@ std::optional<meterView> Tool::view() const {
     return stored >= 0 && stored < meter_view_count ? static_cast<meterView>(stored) : meterView::lastoffset;
 }
 
-int Tool::read_input(std::string& text) const {
+int Tool::read_input(std::string& text, std::size_t limit) const {
     std::array<char, 65536> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): filled by read
     while (true) {
         const ssize_t count = ::read(STDIN_FILENO, buffer.data(), buffer.size());
@@ -102,27 +91,9 @@ int Tool::read_input(std::string& text) const {
         if (count == 0)
             return 0;
         text.append(buffer.data(), static_cast<std::size_t>(count));
-        if (text.size() > largest_report)
+        if (text.size() > limit)
             return fail("Standard input is longer than any report.");
     }
-}
-
-int Tool::read_tracking(std::string& text) {
-    if (m_arguments.from)
-        return *m_arguments.from == "-" ? read_input(text) : read_file(*m_arguments.from, text);
-    const ExecuteResult result = m_daemon.runner(m_settings, programs()).run("tracking");
-    complain_of(result);
-    text = result.output;
-    if (!result.failure)
-        tell_silence(text);
-    return 0;
-}
-
-// Each reason once: it may be watched for hours.
-void Tool::tell_silence(const std::string& tracking) {
-    const std::string silence = parse_tracking(tracking).leapstatus.empty() ? silence_sentence(tracking) : "";
-    if (std::exchange(m_told, silence) != silence && !silence.empty())
-        complain(silence);
 }
 
 int Tool::status() {
@@ -130,21 +101,11 @@ int Tool::status() {
     if (!shown)
         return fail("There is no meter view \"" + *m_arguments.meter +
                     "\"; there are systemtime, lastoffset, rmsoffset, rootdelay, rootdispersion and frequency.");
-    const bool watching = m_arguments.watch_seconds > 0;
-    const StatusForm form = !m_arguments.json ? StatusForm::text : watching ? StatusForm::json_line : StatusForm::json;
-    int answer = interrupted;
-    while (true) {
-        std::string text;
-        if (const int result = read_tracking(text); result != 0)
-            return result;
-        if (m_signals.asked()) // what was read was cut short
-            return answer;
-        answer = print_status(text, *shown, form, std::cout);
-        if (!watching || !std::cout || m_signals.asked_within(m_arguments.watch_seconds))
-            return answer;
-        if (form == StatusForm::text)
-            std::cout << '\n';
-    }
+    return watch([&] {
+        ClockReading reading;
+        const int result = read_clock(CaptureDepth::with_names, SavedForm::capture_or_report, reading);
+        return result != 0 ? result : print_status(reading, *shown, form(), std::cout);
+    });
 }
 
 int Tool::version_report() {

@@ -5,18 +5,22 @@
 
 #include "base/logger.h"
 #include "base/paths.h"
+#include "chrony/data/live_capture.h"
 #include "chrony/status/status_values.h"
 #include "cli/arguments.h"
 #include "cli/configuration/kept_command.h"
 #include "cli/configuration/settings_command.h"
 #include "cli/end_signals.h"
+#include "cli/json_text.h"
 #include "cli/logs/plot_tracking.h"
 #include "cli/logs/spectrum_command.h"
+#include "cli/status/clock_reading.h"
 #include "cli/status/daemon_access.h"
 #include "linux/serial_queue.h"
 #include "qt/qt_settings_store.h"
 #include "settings/preferences.h"
 
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -45,6 +49,11 @@ public:
     Tool(const Arguments& arguments, Paths paths, DaemonAccess& daemon, const EndSignals& signals);
 
     [[nodiscard]] int status();
+    [[nodiscard]] int sources();
+    [[nodiscard]] int explain();
+    [[nodiscard]] int budget();
+    [[nodiscard]] int capture();
+    [[nodiscard]] int probe();
     [[nodiscard]] int report();
     [[nodiscard]] int log() const;
     [[nodiscard]] int follow() const;
@@ -74,12 +83,24 @@ private:
     [[nodiscard]] PreferencesGeneral general();
     [[nodiscard]] ChronyPrograms programs();
     [[nodiscard]] std::optional<meterView> view() const;
-    [[nodiscard]] int read_tracking(std::string& text);
-    [[nodiscard]] int read_input(std::string& text) const;
+    [[nodiscard]] int read_input(std::string& text, std::size_t limit) const;
+    [[nodiscard]] int read_saved_text(std::string& text) const;
+
+    // What --from may name.
+    enum class SavedForm : unsigned char { capture, capture_or_report };
+    [[nodiscard]] int read_saved(SavedForm wanted, ClockReading& reading) const;
+    // From there, or from the daemon; what is wrong is told.
+    [[nodiscard]] int read_clock(CaptureDepth depth, SavedForm wanted, ClockReading& reading);
+    [[nodiscard]] Capture live_capture(CaptureDepth depth);
+    [[nodiscard]] std::string configuration_path(); // empty: not known
+    [[nodiscard]] int ask_for_root();
+    void tell_once(const std::vector<std::string>& complaints);
+    [[nodiscard]] DocumentForm form() const;
+    // Once, or again and again until interrupted; then with the last answer.
+    [[nodiscard]] int watch(const std::function<int()>& answer_once);
     [[nodiscard]] int version_report();
     [[nodiscard]] bool needs_helper() const;
     [[nodiscard]] int privileged_report();
-    void tell_silence(const std::string& tracking);
     [[nodiscard]] int admin_request(AdminRequest& request);
     [[nodiscard]] KeptCommand kept_command();
     [[nodiscard]] int find_kept_text(std::string& text);
@@ -94,7 +115,7 @@ private:
     SerialQueue m_queue{"net.brisklane.settings"};
     QtSettingsStore m_store;
     DefaultSettings m_settings;
-    std::string m_told; // why there was no report, when that was told last
+    std::vector<std::string> m_told; // what was wrong with the last reading
 };
 
 } // namespace tickervantage

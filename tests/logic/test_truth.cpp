@@ -161,7 +161,7 @@ TEST(Headline, SaysEachVerdictWithItsReasonAndTheErrorInTwoNumbers) {
         {{.system_time = "0.5"},
          {good},
          "Correcting, 500 ms left: the clock is behind, and chronyd makes it run faster until it is right.",
-         "Certainly within ±502 ms, probably within ±2.82 µs."},
+         "Certainly within ±502 ms."},
         {{.leap = "Delete second"},
          {good},
          "Synchronised, leap second pending: a second is left out at the end of this month (UTC).",

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <string_view>
 #include <utility>
@@ -59,7 +60,15 @@ ExecuteResult root_data(const Runchronyc& chronyc) {
     return chronyc.run_for_data(of_all_sources(root_reports));
 }
 
+// A pipe would hold up whoever opens it.
+bool is_file(const std::string& path) {
+    std::error_code ignored; // what cannot be looked at is no file
+    return std::filesystem::is_regular_file(path, ignored);
+}
+
 std::string text_of_file(const std::string& path) {
+    if (!is_file(path))
+        return {};
     std::ifstream file(path, std::ios::binary);
     std::string text(largest_file, '\0');
     file.read(text.data(), static_cast<std::streamsize>(text.size()));
@@ -80,6 +89,8 @@ Capture read_capture(const Runchronyc& chronyc, CaptureDepth depth) {
     add(chronyc.run_for_data(of_all_sources(open_reports)), open_reports, capture);
     capture.facts["time"] = text_of_moment(seconds_now());
     capture.facts["steers"] = fact_of(steers(RunningCheck(chronyc.extra()).check()));
+    if (!capture.reports["tracking"].refusal.empty())
+        return capture; // a chronyc that hung would only do so again
     if (depth != CaptureDepth::open)
         add_names(chronyc, capture);
     if (depth == CaptureDepth::with_root)
@@ -88,6 +99,8 @@ Capture read_capture(const Runchronyc& chronyc, CaptureDepth depth) {
 }
 
 std::vector<CapturedFile> read_configuration(const std::string& path) {
+    if (!is_file(path))
+        return {};
     std::vector<CapturedFile> files{{.path = path, .text = text_of_file(path)}};
     for (const IncludedFile& included : included_files(files.front().text))
         files.push_back({.path = included.path, .text = text_of_file(included.path)});

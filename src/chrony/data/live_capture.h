@@ -19,10 +19,11 @@ enum class CaptureDepth : unsigned char {
 };
 
 // With the facts "time" and "steers", the latter of the daemon that this chronyc asks. A chronyc that could not be run
-// is a refusal of "tracking" in the words of this program.
+// is a refusal of "tracking" in the words of this program, and nothing more is asked then.
 [[nodiscard]] Capture read_capture(const Runchronyc& chronyc, CaptureDepth depth);
 
-// The configuration and the files that it takes in, as far as they can be read, at most 1 MiB each.
+// The configuration and the files that it takes in, as far as they can be read, at most 1 MiB each. None where there is
+// no such configuration.
 [[nodiscard]] std::vector<CapturedFile> read_configuration(const std::string& path);
 
 } // namespace tickervantage

@@ -116,6 +116,17 @@ TrackingReport parse_tracking(std::string_view output) {
     return report;
 }
 
+TrackingReport report_of(const TrackingData& tracking) {
+    return {.frequency = tracking.frequency_ppm.value_or(0),
+            .systemtime = tracking.system_time.value_or(0),
+            .lastoffset = tracking.last_offset.value_or(0),
+            .rmsoffset = tracking.rms_offset.value_or(0),
+            .rootdelay = tracking.root_delay.value_or(0),
+            .rootdispersion = tracking.root_dispersion.value_or(0),
+            .leapstatus = tracking.leap_status,
+            .has_frequency = tracking.frequency_ppm.has_value()};
+}
+
 std::optional<TrackingData> tracking_in_text(std::string_view output) {
     const Table table(output);
     TrackingData tracking;

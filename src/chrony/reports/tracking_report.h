@@ -24,6 +24,8 @@ struct TrackingReport {
 // second time. Expects the C locale's decimal point.
 [[nodiscard]] TrackingReport parse_tracking(std::string_view output);
 
+[[nodiscard]] TrackingReport report_of(const TrackingData& tracking);
+
 // The same text as a record, with nothing where it is lacking. None where it is no tracking report: without a leap
 // status.
 [[nodiscard]] std::optional<TrackingData> tracking_in_text(std::string_view output);

@@ -154,8 +154,9 @@ Sentence say_no_majority(const JudgedSource& source, const Selection& selection)
         return say(TV_TEXT("explanations",
                            "%1 sources contradict each other, and no majority tells which are right; this "
                            "one says %2 to %3."),
-                   {count(selection.disagreeing), signed_seconds(*source.selection->low),
-                    signed_seconds(*source.selection->high)});
+                   {count(selection.disagreeing),
+                    end_of(*source.selection->low, *source.selection->low, *source.selection->high),
+                    end_of(*source.selection->high, *source.selection->low, *source.selection->high)});
     return say(TV_TEXT("explanations", "%1 sources contradict each other, and no majority tells which are right."),
                {count(selection.disagreeing)});
 }

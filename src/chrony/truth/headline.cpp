@@ -129,7 +129,8 @@ Sentence error_of(Verdict verdict, const std::optional<ErrorBudget>& budget, con
     if (verdict == Verdict::holdover)
         return say(TV_TEXT("headline", "Certainly within ±%1, growing %2 an hour."),
                    {bound, seconds(budget->growth * 3600)});
-    if (expected && *expected < budget->bound)
+    const bool is_measured = verdict != Verdict::correcting && expected && *expected < budget->bound;
+    if (is_measured)
         return say(TV_TEXT("headline", "Certainly within ±%1, probably within ±%2."), {bound, seconds(*expected)});
     return say(TV_TEXT("headline", "Certainly within ±%1."), {bound});
 }

@@ -26,6 +26,11 @@ public:
     // Waits until the pair is synchronised.
     [[nodiscard]] int wait_for_demonstration(const Paths& paths, std::string& sentence);
 
+    // That of the demonstration; empty: the machine's own, or not known.
+    [[nodiscard]] std::string configuration() const {
+        return m_demonstration.is_running() ? m_demonstration.client_config() : "";
+    }
+
     [[nodiscard]] Runchronyc runner(const DefaultSettings& settings, const ChronyPrograms& programs);
     [[nodiscard]] PosixExecute& execute() { return m_execute; }
     [[nodiscard]] PrivilegedActions& actions() { return m_actions; }
