@@ -1,5 +1,6 @@
 // The tickerctl program as a user, a script or a cron job meets it.
 #include "support/child_program.h"
+#include "support/chrony_reports.h"
 #include "support/tracking_text.h"
 
 #include <gtest/gtest.h>
@@ -77,28 +78,34 @@ TEST_F(TickerctlTest, StatusOfASavedReportIsItsExitStatus) {
         std::string text;
         int status;
         std::string state;
+        std::string verdict;
     };
+    const testing::ReportedSource silent{.address = "192.0.2.1", .letter = '?', .reach = "0", .last = "5000"};
     const Case cases[] = {
-        {tracking_text(), 0, "synchronised"},
-        {tracking_text("Not synchronised"), 1, "notlocked"},
-        {tracking_text("Insert second"), 1, "notlocked"},
-        {tracking_text("Delete second"), 1, "unavailable"},
-        {"506 Cannot talk to daemon\n", 1, "unavailable"},
-        {"", 1, "unavailable"},
-        {"Leap status : \xff\xfe\x1b[2J\nSystem time : 1e999 slow\n", 1, "unavailable"},
-        {std::string("\0\0:\0\n", 5) + std::string(100'000, ':'), 1, "unavailable"},
+        {tracking_text(), 0, "synchronised", "synchronised"},
+        {tracking_text("Not synchronised"), 1, "notlocked", "unsynchronised"},
+        {tracking_text("Insert second"), 0, "notlocked", "leap"},
+        {tracking_text("Delete second"), 0, "unavailable", "leap"},
+        {to_text(testing::capture_of({}, {silent})), 1, "synchronised", "holdover"},
+        {"506 Cannot talk to daemon\n", 1, "unavailable", "unavailable"},
+        {"", 1, "unavailable", "unavailable"},
+        {"Leap status : \xff\xfe\x1b[2J\nSystem time : 1e999 slow\n", 1, "unavailable", "unsynchronised"},
+        {std::string("\0\0:\0\n", 5) + std::string(100'000, ':'), 1, "unavailable", "unavailable"},
     };
-    for (const auto& [text, status, state] : cases) {
+    for (const auto& [text, status, state, verdict] : cases) {
         const auto path = file("report", text);
         for (const auto& answer : {run({"status", "--from", path}), run({"status", "--from", "-"}, path)}) {
             EXPECT_EQ(answer.status, status) << state;
-            EXPECT_EQ(answer.err, "");
-            EXPECT_TRUE(answer.out.starts_with("State           : " + state + "\n")) << answer.out;
+            EXPECT_EQ(answer.err.empty(), verdict != "unavailable") << "why there is no answer: " << answer.err;
+            EXPECT_TRUE(answer.out.starts_with("Verdict         : ")) << answer.out;
+            EXPECT_NE(answer.out.find("\nError           : "), std::string::npos);
+            EXPECT_NE(answer.out.find("\nState           : " + state + "\n"), std::string::npos) << answer.out;
             EXPECT_EQ(answer.out.find('\x1b'), std::string::npos) << "a report steers the terminal";
         }
         const auto document = json::parse(run({"status", "--json", "--from", path}).out, nullptr, false);
         ASSERT_TRUE(document.is_object()) << state;
         EXPECT_EQ(document.at("state"), state);
+        EXPECT_EQ(document.at("verdict"), verdict);
     }
 }
 
@@ -109,19 +116,29 @@ TEST_F(TickerctlTest, StatusSaysWhyThereIsNoAnswer) {
         EXPECT_EQ(answer.status, 1);
         EXPECT_EQ(answer.err, "tickerctl: chronyd gave no answer: 506 Cannot talk to daemon\n");
     }
-    configure_chronyc("echo 'Leap status : Delete second'\n");
-    EXPECT_EQ(run({"status"}).err, "") << "it did answer";
+    for (const char* command : {"sources", "explain"})
+        EXPECT_EQ(run({command}).status, 2) << "it cannot say";
+    EXPECT_EQ(run({"budget"}).status, 1);
+    EXPECT_EQ(run({"capture", "-o", m_home.path("c")}).status, 1);
+    EXPECT_NE(contents(m_home.path("c")).find("> tracking\n! 506 Cannot talk to daemon\n"), std::string::npos);
 }
 
 TEST_F(TickerctlTest, JsonHoldsTheFieldsOfTheReport) {
     const auto path = file("report", tracking_text());
     const auto answer = run({"status", "--from", path, "--meter", "frequency", "--json"});
-    const auto expected = json::parse(R"({"state": "synchronised", "frequency": -12.345, "systemtime": -0.000000806,
+    auto document = json::parse(answer.out, nullptr, false);
+    EXPECT_NEAR(document["bound"].get<double>(), 0.000000806 + 0.000005637 / 2 + 0.000001995, 1e-12);
+    EXPECT_NEAR(document["growth"].get<double>(), (0.128 + 0.001 + 1) * 1e-6, 1e-12);
+    for (const char* checked : {"bound", "growth"})
+        document.erase(checked);
+    const auto expected = json::parse(R"({"verdict": "synchronised", "since": null, "expected": 0.00000225,
+        "steers": null, "reference": {"id": "7F000001", "address": "127.0.0.1", "stratum": 6,
+        "time": "2026-11-21T05:20:32Z"}, "state": "synchronised", "frequency": -12.345, "systemtime": -0.000000806,
         "lastoffset": -0.000000032, "rmsoffset": 0.000001125, "rootdelay": 0.000005637,
         "rootdispersion": 0.000001995, "leapstatus": "Normal",
         "meter": {"view": "frequency", "value": -12345.0, "per_second": true, "scale": 1000, "scale_value": 100,
                   "scale_units": "µs/s", "scale_exp": 6, "deflection": -12.345, "text": "-12.345 µs/s"}})");
-    EXPECT_EQ(json::parse(answer.out, nullptr, false), expected) << answer.out;
+    EXPECT_EQ(document, expected) << answer.out;
 }
 
 TEST_F(TickerctlTest, EachMeterViewShowsItsQuantity) {
@@ -161,6 +178,18 @@ TEST_F(TickerctlTest, WrongUsageIsOneLineAndStatusTwo) {
         {"status", "--watch", "-1"},
         {"status", "--watch", "nan"},
         {"status", "--watch", "1,5"},
+        {"sources", "--from", good},
+        {"explain", "--from", good},
+        {"budget", "--from", good},
+        {"budget", "--watch", "1"},
+        {"sources", "--from", good, "--watch", "1"},
+        {"explain", "a", "b"},
+        {"explain", "nobody\x1b[2J", "--from", file("capture", to_text(testing::capture_of({}, {})))},
+        {"capture", "-o", m_home.path("no/such/folder/../../..")},
+        {"probe"},
+        {"probe", "192.0.2.1\nallow"},
+        {"probe", "192.0.2.1", "--port", "0"},
+        {"probe", "192.0.2.1", "--timeout", "nan"},
         {"report"},
         {"settings"},
         {"settings", "get"},
@@ -246,8 +275,7 @@ TEST_F(TickerctlTest, WithoutAnyChronycTheStatusIsUnavailableAndAReportFails) {
 }
 
 TEST_F(TickerctlTest, AWatchGivesJsonLinesUntilItIsInterrupted) {
-    file("tracking", tracking_text());
-    configure_chronyc("cat " + m_home.path("tracking") + "\n");
+    configure_chronyc("case \"$*\" in *tracking*) cat " + m_home.path("tracking") + ";; esac\n");
     struct Case {
         int signal;
         std::string leap;
@@ -255,7 +283,8 @@ TEST_F(TickerctlTest, AWatchGivesJsonLinesUntilItIsInterrupted) {
     };
     for (const auto& [signal, leap, status] :
          {Case{SIGINT, "Normal", 0}, Case{SIGTERM, "Not synchronised", 1}, Case{SIGHUP, "Normal", 0}}) {
-        file("tracking", tracking_text(leap));
+        file("tracking",
+             testing::TrackingLine{.leap = leap}.text() + testing::ReportedSource{.address = "a"}.in_sources());
         auto watch = start({"status", "--watch", "0.1", "--json"});
         EXPECT_TRUE(eventually(patience, [&] { return std::ranges::count(watch.out(), '\n') >= 3; }));
         watch.signal(signal);
@@ -290,6 +319,18 @@ TEST_F(TickerctlTest, ADemonstrationIsSynchronisedAndLeavesNothing) {
     EXPECT_EQ(answer.status, 0) << answer.err;
     EXPECT_EQ(json::parse(answer.out, nullptr, false)["state"], "synchronised") << answer.out;
     EXPECT_TRUE(m_home.found_in("run").empty());
+
+    const auto saved = m_home.path("capture");
+    EXPECT_EQ(run({"--demo", "capture", "-o", saved}).status, 0);
+    const auto explained = json::parse(run({"explain", "--json", "--from", saved}).out, nullptr, false);
+    ASSERT_EQ(explained.size(), 1U);
+    EXPECT_EQ(explained[0]["rule"], "best");
+    EXPECT_TRUE(explained[0]["line"].is_number()) << "the configuration is in it";
+    const auto status = json::parse(run({"status", "--json", "--from", saved}).out, nullptr, false);
+    EXPECT_EQ(status["steers"], false);
+    EXPECT_GT(status["bound"], 0);
+    EXPECT_EQ(run({"budget", "--from", "-"}, saved).status, 0);
+    EXPECT_EQ(json::parse(run({"sources", "--json", "--from", saved}).out, nullptr, false)[0]["used"], true);
 
     auto interrupted = start({"--demo", "status", "--watch", "1"});
     EXPECT_TRUE(eventually(patience, [&] { return !interrupted.out().empty(); }));

@@ -176,7 +176,14 @@ Sentence say_orphan(const JudgedSource& source) {
                {count(source.data.stratum)});
 }
 
+// Not even root's report would say more than the letter where that is another one.
+bool is_told_to_root_only(const JudgedSource& source) {
+    return source.rule == SelectionRule::unknown && source.letter == '?' && !source.selection;
+}
+
 Sentence say_unknown(const JudgedSource& source) {
+    if (is_told_to_root_only(source))
+        return say(TV_TEXT("explanations", "chronyd does not use it, and tells only root why."));
     return say(TV_TEXT("explanations", "chrony gives it the state \"%1\", which this program does not know."),
                {std::string(1, source.letter)});
 }
@@ -233,6 +240,10 @@ Sentence main_sentence(const JudgedSource& source, const Selection& selection) {
         return say_required(selection);
     case SelectionRule::orphan:
         return say_orphan(source);
+    case SelectionRule::not_combined:
+        if (!source.selection)
+            return say(TV_TEXT("explanations", "chronyd could use it, but leaves it out of those that it combines."));
+        break;
     default:
         break;
     }
@@ -285,6 +296,8 @@ constexpr auto plain_remedies = std::to_array<PlainWords>({
 });
 
 std::vector<Sentence> remedies_for(const JudgedSource& source) {
+    if (is_told_to_root_only(source))
+        return {say(TV_TEXT("explanations", "Ask again with an administrator's rights, for the report selectdata."))};
     const auto* const plain = std::ranges::find(plain_remedies, source.rule, &PlainWords::rule);
     return plain == plain_remedies.end() ? std::vector<Sentence>() : std::vector{say(plain->sentence)};
 }

@@ -178,12 +178,12 @@ int Tool::capture() {
     capture.facts["host"] = host_name();
     if (m_signals.asked())
         return interrupted;
-    const ChronyReports reports = reports_in(capture);
-    tell_once(complaints_of(reports));
     if (m_arguments.output.empty())
         std::cout << to_text(capture) << std::flush;
     else if (const auto written = replace_small_file(m_arguments.output, to_text(capture)); !written)
         return fail(english(written.error()));
+    const ChronyReports reports = reports_in(capture);
+    tell_once(complaints_of(reports));
     return reports.tracking ? 0 : answer_is_no;
 }
 
