@@ -25,6 +25,11 @@ std::string host_name() {
     return ::gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "unknown";
 }
 
+// Unless that was told already.
+int fail_without_sources(const ChronyReports& reports) {
+    return complaints_of(reports).empty() ? fail("There is no report of chronyd's sources.") : has_failed;
+}
+
 // "4.3" out of "chronyc (chrony) version 4.3"
 std::string version_in(const ProgramVersion& version) {
     const auto blank = version.label.rfind(' ');
@@ -133,7 +138,8 @@ int Tool::sources() {
         ClockReading reading;
         if (const int result = read_clock(CaptureDepth::with_root, SavedForm::capture, reading); result != 0)
             return result;
-        return reading.reports.sources ? print_sources(judged_sources(reading.reports), form(), std::cout) : has_failed;
+        return reading.reports.sources ? print_sources(judged_sources(reading.reports), form(), std::cout)
+                                       : fail_without_sources(reading.reports);
     });
 }
 
@@ -144,7 +150,7 @@ int Tool::explain() {
     if (const int result = read_clock(CaptureDepth::with_root, SavedForm::capture, reading); result != 0)
         return result;
     if (!reading.reports.sources)
-        return has_failed; // the reason was told
+        return fail_without_sources(reading.reports);
     auto explanations = tickervantage::explain(reading.reports, reading.configuration);
     if (m_arguments.source) {
         auto wanted = explanations_of(explanations, *m_arguments.source);
