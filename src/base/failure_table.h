@@ -30,6 +30,11 @@ TV_FAILURE(its_end_is_missing, TV_TEXT("failures", "its end is missing"))
 TV_FAILURE(is_no_ordinary_file, TV_TEXT("failures", "it is not an ordinary file"))
 TV_FAILURE(is_larger_than, TV_TEXT("failures", "it is larger than %1 bytes"))
 
+// the history of the clock
+TV_FAILURE(history_has_writer, TV_TEXT("failures", "Another program of this user keeps the history already."))
+TV_FAILURE(history_is_newer,
+           TV_TEXT("failures", "%1 is of a later version of this program: it is read, and nothing is added to it."))
+
 // running programs
 TV_FAILURE(cannot_be_started, TV_TEXT("failures", "%1 cannot be started: %c."))
 TV_FAILURE(did_not_end, TV_TEXT("failures", "%1 did not end within %2 s and was ended."))
