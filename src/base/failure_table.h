@@ -82,6 +82,23 @@ TV_FAILURE(chronyd_too_slow,
 TV_FAILURE(chronyd_not_run, TV_TEXT("failures", "chronyd could not be run."))
 TV_FAILURE(no_chronyd_to_check,
            TV_TEXT("failures", "chronyd was not found on this machine, so the syntax was not checked."))
+TV_FAILURE(points_line_blank,
+           TV_TEXT("failures", "Line %2 of %1 is blank, and chronyd ends where a file of points has a blank line."))
+TV_FAILURE(points_line_remark,
+           TV_TEXT("failures", "Line %2 of %1 is a remark, and chronyd ends where a file of points has a remark."))
+TV_FAILURE(points_line_unreadable,
+           TV_TEXT("failures", "Line %2 of %1 does not begin with a temperature and a compensation in numbers."))
+TV_FAILURE(points_line_beyond_limit,
+           TV_TEXT("failures", "Line %2 of %1 compensates by more than 10 ppm, which chronyd ignores."))
+TV_FAILURE(points_line_equal,
+           TV_TEXT("failures", "Line %2 of %1 has the same temperature as the line before, so that chronyd's "
+                               "compensation would be infinite."))
+TV_FAILURE(points_line_descending,
+           TV_TEXT("failures",
+                   "Line %2 of %1 has a lower temperature than the line before, and chronyd would compensate "
+                   "wrongly."))
+TV_FAILURE(points_too_few,
+           TV_TEXT("failures", "%1 ends in line %2 with fewer than two points, and chronyd does not start with it."))
 TV_FAILURE(directive_without_effect, TV_TEXT("failures", "%1 is no longer supported and has no effect."))
 TV_FAILURE(directive_out_of_place,
            TV_TEXT("failures", "%1 has no effect in a file of a sourcedir, which holds server, pool and peer only."))

@@ -5,6 +5,7 @@
 #include "linux/posix_execute.h"
 #include "linux/posix_path_probes.h"
 #include "linux/small_file.h"
+#include "linux/user_name.h"
 #include "support/child_program.h"
 
 #include <gtest/gtest.h>
@@ -28,6 +29,74 @@ struct RealChronyd : ::testing::Test {
                            .replace_file = replace_small_file,
                            .temporary = home.path() + "/"};
 };
+
+// chronyd -p is content with each of them.
+TEST_F(RealChronyd, FilesOfPointsAreRefusedThatEndItOrMisleadIt) {
+    struct Row {
+        std::string points;
+        bool starts; // with these points
+        std::string sentence;
+    };
+    const std::string points = home.path("points");
+    const std::string conf = home.path("conf");
+    const std::string text = "local stratum 5\nport 0\ncmdport 0\npidfile " + home.path("pid") + "\nbindcmdaddress " +
+                             home.path("s") + "\ntempcomp " + home.path("sensor") + " 1 " + points + '\n';
+    testing::write_file(home.path("sensor"), "21500\n");
+    testing::write_file(conf, text);
+    for (const auto& row : {
+             Row{"20000 1.0\n25000 2.0\n", true, ""},
+             {" -2e4\t+1.0 # cold\r\n25000 -10\n30000 10", true, ""},
+             {"20000 1\n\n25000 2\n", false,
+              "Line 2 of % is blank, and chronyd ends where a file of points has a blank line."},
+             {"20000 1\n25000 2\n \n", false,
+              "Line 3 of % is blank, and chronyd ends where a file of points has a blank line."},
+             {"# C\n20000 1\n25000 2\n", false,
+              "Line 1 of % is a remark, and chronyd ends where a file of points has a remark."},
+             {"20000 1\n", false, "% ends in line 1 with fewer than two points, and chronyd does not start with it."},
+             {"", false, "% ends in line 0 with fewer than two points, and chronyd does not start with it."},
+             {"20000 1\n25000\n", false,
+              "Line 2 of % does not begin with a temperature and a compensation in numbers."},
+             {"20000,1\n25000,2\n", false,
+              "Line 1 of % does not begin with a temperature and a compensation in numbers."},
+             {"20000 1,5\n25000 2,5\n", true,
+              "Line 1 of % does not begin with a temperature and a compensation in numbers."},
+             {"20000 nan\n25000 2\n", true,
+              "Line 1 of % does not begin with a temperature and a compensation in numbers."},
+             {"20000 1 " + std::string(600, 'x') + "\n25000 2\n", false,
+              "Line 1 of % does not begin with a temperature and a compensation in numbers."},
+             {"20000 1\n20000 2\n", true,
+              "Line 2 of % has the same temperature as the line before, so that chronyd's compensation would be "
+              "infinite."},
+             {"25000 2\n20000 1\n", true,
+              "Line 2 of % has a lower temperature than the line before, and chronyd would compensate wrongly."},
+             {"20000 1\n25000 11\n", true, "Line 2 of % compensates by more than 10 ppm, which chronyd ignores."},
+         }) {
+        testing::write_file(points, row.points);
+        std::filesystem::remove(home.path("s"));
+        testing::ChildProgram daemon({"/usr/sbin/chronyd", "-x", "-U", "-u", user_name(::geteuid()), "-d", "-f", conf},
+                                     home.environment, home.path());
+        if (row.starts)
+            EXPECT_TRUE(testing::eventually(std::chrono::seconds(20), [&] {
+                return std::filesystem::exists(home.path("s"));
+            })) << row.points;
+        else
+            EXPECT_EQ(daemon.ends_within(std::chrono::seconds(20)), 1) << row.points;
+        std::string expected = row.sentence;
+        if (const auto at = expected.find('%'); at != std::string::npos)
+            expected.replace(at, 1, points);
+        const ConfigError error = checkSyntax(parts, text);
+        EXPECT_EQ(error.m_msg, expected);
+        EXPECT_EQ(words_of(error.m_doubt), expected);
+        EXPECT_EQ(error.passed(), expected.empty());
+        EXPECT_EQ(error.m_line, expected.empty() ? 0 : 6);
+    }
+    const ConfigError error = checkSyntax(parts, "rtcsync\ninclude " + conf + '\n');
+    EXPECT_EQ(error.m_line, 6);
+    EXPECT_EQ(error.m_file, conf);
+    std::filesystem::remove(points);
+    ASSERT_EQ(::mkfifo(points.c_str(), 0600), 0);
+    EXPECT_TRUE(checkSyntax(parts, text).passed()) << "a pipe is not waited for";
+}
 
 TEST_F(RealChronyd, ErrorsAreFoundInTheLineWhereTheyAre) {
     struct Row {

@@ -2,6 +2,7 @@
 
 #include "base/failure_codes.h"
 #include "base/text_lines.h"
+#include "chrony/configuration/tempcomp_points.h"
 
 #include <unistd.h>
 
@@ -70,6 +71,18 @@ ExecuteResult ask(const SyntaxCheckParts& parts, const std::vector<std::string>&
     return result;
 }
 
+// What chronyd does not look into before it starts.
+ConfigError error_of_points(std::string_view text) {
+    const auto found = tempcomp_error(text);
+    if (!found)
+        return {};
+    return {.m_isok = false,
+            .m_msg = english(found->what),
+            .m_line = static_cast<long long>(found->line),
+            .m_file = found->included,
+            .m_doubt = found->what};
+}
+
 bool is_program(const std::string& path) {
     std::error_code error;
     return path.starts_with('/') && std::filesystem::is_regular_file(path, error) && ::access(path.c_str(), X_OK) == 0;
@@ -114,7 +127,7 @@ ConfigError checkSyntax(const SyntaxCheckParts& parts, std::string_view text) {
         error.m_doubt = doubt_about(result);
     if (error.m_file == file)
         error.m_file.clear();
-    return error;
+    return error.passed() ? error_of_points(text) : error;
 }
 
 std::vector<std::string> executables(const std::string& name, const std::string& search_path) {

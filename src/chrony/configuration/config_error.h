@@ -1,4 +1,5 @@
-// The syntax of a chrony.conf, checked by chronyd itself (its option -p).
+// The syntax of a chrony.conf, checked by chronyd itself (its option -p), and then what chronyd reads only when it
+// starts and may die of: the files of points of tempcomp.
 //
 // What chronyd says is searched for the words "Fatal error : " and " in file"; only what stands between them is an
 // error. checkSyntax runs a program and waits for it: not on the main thread, and one at a time for each temporary
@@ -22,7 +23,7 @@ struct ConfigError {
     std::string m_msg;                   // the error, from "Fatal error : " on; empty: none
     long long m_line = 0;                // counted from 1; 0: unknown
     std::string m_file = {};             // an included file that m_line counts in; empty: the text itself
-    std::optional<Failure> m_doubt = {}; // why m_isok says less than it seems to; none: it does not
+    std::optional<Failure> m_doubt = {}; // why m_isok says less than it seems to, or m_msg as a record
 
     // What may be installed: no error was found, and nothing casts doubt on that.
     [[nodiscard]] bool passed() const { return m_isok && !m_doubt; }

@@ -27,7 +27,7 @@ std::string words_of(const ConfigError& error) {
 
 int print_check(const ConfigurationCheck& check, OutputForm form, std::ostream& out, std::ostream& err) {
     auto warnings = check.warnings;
-    if (check.error.m_doubt)
+    if (check.error.m_doubt && check.error.m_msg.empty())
         warnings.insert(warnings.begin(), {0, *check.error.m_doubt});
     if (form == OutputForm::json) {
         print_json(check.error, warnings, out);

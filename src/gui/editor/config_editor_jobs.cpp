@@ -91,7 +91,7 @@ void ConfigEditor::apply(const ConfigurationCheck& check) {
         m_controls.m_config->select_line(error.m_line);
         m_controls.m_config->mark_error_line(error.m_line);
     }
-    say(from_std(error.m_msg));
+    say(error.m_doubt ? in_words(*error.m_doubt) : from_std(error.m_msg));
     show_syntax_error(this, error);
 }
 
