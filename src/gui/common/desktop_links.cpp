@@ -25,7 +25,7 @@ void leave_our_session() {
     (void)setsid();
     sigset_t none;
     sigemptyset(&none);
-    (void)sigprocmask(SIG_SETMASK, &none, nullptr);
+    (void)sigprocmask(SIG_SETMASK, &none, nullptr); // NOLINT(concurrency-mt-unsafe): one thread after fork
 }
 
 } // namespace

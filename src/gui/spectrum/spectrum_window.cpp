@@ -35,8 +35,7 @@ struct SpectrumWindow::Gathering {
     ReachableRecords reachable;
 };
 
-SpectrumWindow::SpectrumWindow(SpectrumWindowParts parts)
-    : m_parts(std::move(parts)), m_background(m_parts.main_thread) {
+SpectrumWindow::SpectrumWindow(const SpectrumWindowParts& parts) : m_parts(parts), m_background(m_parts.main_thread) {
     setObjectName(QStringLiteral("SpectrumWindow"));
     //: spectrum window: title
     setWindowTitle(tr("Spectrum"));

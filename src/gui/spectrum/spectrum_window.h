@@ -34,7 +34,7 @@ struct SpectrumWindowParts {
 class SpectrumWindow : public QMainWindow, public ExportedPlot {
     Q_OBJECT
 public:
-    explicit SpectrumWindow(SpectrumWindowParts parts);
+    explicit SpectrumWindow(const SpectrumWindowParts& parts);
     ~SpectrumWindow() override;
     SpectrumWindow(const SpectrumWindow&) = delete;
     SpectrumWindow& operator=(const SpectrumWindow&) = delete;

@@ -74,7 +74,7 @@ void GraphScrollArea::update_scroll_bars() {
         const double unit = bar_unit(length);
         bar->setRange(0, static_cast<int>(std::lround(length / unit)));
         bar->setPageStep(std::max(1, static_cast<int>(page / unit)));
-        bar->setSingleStep(std::max(1, static_cast<int>(page / 20 / unit)));
+        bar->setSingleStep(std::max(1, static_cast<int>(page / (20 * unit))));
         bar->setValue(static_cast<int>(std::lround(position / unit)));
     };
     set(horizontalScrollBar(), across, across - m_right_gap, viewport()->width());

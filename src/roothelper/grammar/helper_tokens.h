@@ -31,7 +31,7 @@ struct HelperCaller {
 
 class HelperTokens {
 public:
-    static constexpr std::int64_t lifetime_seconds = 12 * 3600;
+    static constexpr std::int64_t lifetime_seconds = 12 * std::int64_t{3600};
 
     void put(const HelperCaller& caller, const helper::Token& token, std::int64_t now);
 

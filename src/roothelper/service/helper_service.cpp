@@ -36,6 +36,7 @@ void repeat(sd_event_source* source, std::uint64_t time) {
 
 } // namespace
 
+// NOLINTNEXTLINE(modernize-avoid-c-arrays): what sd-bus takes
 const sd_bus_vtable HelperService::vtable[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD(helper::request_method, "a{sv}", "a{sv}", HelperService::on_request, SD_BUS_VTABLE_UNPRIVILEGED),

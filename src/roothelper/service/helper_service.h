@@ -44,7 +44,7 @@ private:
     static int on_name_gone(sd_bus_message* message, void* self, sd_bus_error* error);
     static int on_idle(sd_event_source* source, std::uint64_t time, void* data);
     static int on_minute(sd_event_source* source, std::uint64_t time, void* data);
-    static const sd_bus_vtable vtable[];
+    static const sd_bus_vtable vtable[]; // NOLINT(modernize-avoid-c-arrays): what sd-bus takes
 
     [[nodiscard]] int set_up();
     int request(sd_bus_message* message);

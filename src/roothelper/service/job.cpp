@@ -65,9 +65,9 @@ void Job::start() {
 }
 
 void Job::run_child(ChildTask task, Next next) {
-    m_child = std::make_unique<ChildProcess>(m_parts.event, std::move(task), [this, next](ChildEnd end) {
+    m_child = std::make_unique<ChildProcess>(m_parts.event, std::move(task), [this, next](const ChildEnd& end) {
         const auto finished = std::move(m_child); // kept until its callback has returned
-        (this->*next)(std::move(end));
+        (this->*next)(end);
     });
 }
 
@@ -86,7 +86,7 @@ void Job::read_source() {
               &Job::source_was_read);
 }
 
-void Job::source_was_read(ChildEnd result) {
+void Job::source_was_read(const ChildEnd& result) {
     if (result.status == 0)
         check_content(result.output);
     else if (result.status == source_refused_status)
@@ -191,7 +191,7 @@ bool Job::stage(const std::string& bytes) {
     return false;
 }
 
-void Job::syntax_was_checked(ChildEnd result) {
+void Job::syntax_was_checked(const ChildEnd& result) {
     if (result.status == 0)
         return ask_about_unsafe_lines();
     refuse(chronyd_refusal(result.output, m_staged, m_checked));
@@ -245,12 +245,12 @@ void Job::note_change(bool is_done) {
         m_parts.history.after(path, m_order.caller.user);
 }
 
-void Job::was_done(ChildEnd result) {
+void Job::was_done(const ChildEnd& result) {
     note_change(result.status == 0);
     const bool found_none = m_order.request.verb == HelperVerb::list_daemons && result.status == 1; // of pgrep
     const bool is_done = result.status == 0 || found_none;
-    auto text = std::move(result.output);
-    auto failure = std::move(result.failure);
+    auto text = result.output;
+    auto failure = result.failure;
     if (!is_done && !failure && speaks_of_failures(m_order.request, m_parts.rules))
         failure = take_failure(text);
     else if (failure)

@@ -55,16 +55,16 @@ public:
     [[nodiscard]] const std::string& sender() const { return m_order.caller.name; }
 
 private:
-    using Next = void (Job::*)(ChildEnd);
+    using Next = void (Job::*)(const ChildEnd&);
 
     void run_child(ChildTask task, Next next);
     void read_source();
-    void source_was_read(ChildEnd result);
+    void source_was_read(const ChildEnd& result);
     void check_content(const std::string& bytes);
     void check_program(const std::string& bytes);
     void check_former();
     void check_configuration(const std::string& bytes);
-    void syntax_was_checked(ChildEnd result);
+    void syntax_was_checked(const ChildEnd& result);
     void ask_about_unsafe_lines();
     [[nodiscard]] bool stage(const std::string& bytes);
     [[nodiscard]] std::string consent() const;
@@ -73,7 +73,7 @@ private:
     [[nodiscard]] std::string changed_configuration() const; // empty: none is
     void do_it();
     void note_change(bool is_done);
-    void was_done(ChildEnd result);
+    void was_done(const ChildEnd& result);
     void refuse(const Failure& why);
     void end(const JobEnd& end);
 

@@ -40,7 +40,7 @@ Matrix normal_matrix(std::span<const SampleSpan> samples, DesignColumns& design)
     });
     for (std::size_t row = 1; row < columns; ++row)
         for (std::size_t column = 0; column < row; ++column)
-            result(row, column) = result(column, row);
+            result(row, column) = result(column, row); // NOLINT(readability-suspicious-call-argument): symmetric
     return result;
 }
 

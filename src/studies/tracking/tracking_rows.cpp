@@ -64,7 +64,7 @@ std::string_view series_name(Series series) {
 }
 
 TrackingRows::TrackingRows(std::vector<RecordSpan> which, const std::array<bool, series_count>& shown)
-    : m_left(std::move(which)), m_needed(0) {
+    : m_left(std::move(which)) {
     std::ranges::reverse(m_left);
     for (const RecordSpan& span : m_left)
         m_needed = std::max(m_needed, span.end);

@@ -43,8 +43,8 @@ private:
 
     std::vector<RecordSpan> m_left; // still to be taken, the next one last
     std::vector<Series> m_shown;
-    RecordSpan m_taken{}; // the first record taken and the one behind the last
-    std::size_t m_needed; // records that the log must have
+    RecordSpan m_taken{};     // the first record taken and the one behind the last
+    std::size_t m_needed = 0; // records that the log must have
     std::vector<Slice> m_slices;
 };
 
