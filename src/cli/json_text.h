@@ -3,9 +3,11 @@
 
 #include <nlohmann/json.hpp>
 
+#include <initializer_list>
 #include <optional>
 #include <ostream>
 #include <string>
+#include <utility>
 
 namespace tickervantage {
 
@@ -19,6 +21,15 @@ inline const std::string not_known = "–";
 template <typename Value>
 [[nodiscard]] Json or_null(const std::optional<Value>& value) {
     return value ? Json(*value) : Json(nullptr);
+}
+
+// An object of a list's many: the library's own lists cost several times as much.
+[[nodiscard]] inline Json object_of(std::initializer_list<std::pair<const char*, Json>> members) {
+    Json::object_t object;
+    object.reserve(members.size());
+    for (const auto& [key, value] : members)
+        object.push_back({key, value});
+    return object;
 }
 
 // With a line feed behind it; all in one line with an indent of -1. Bytes that are no UTF-8 become U+FFFD.

@@ -21,6 +21,7 @@
 #include <cstdio>
 #include <deque>
 #include <map>
+#include <tuple>
 
 namespace tickervantage {
 namespace {
@@ -202,6 +203,23 @@ TEST_F(Truth, BothFormsOfTheTrackingReportAgree) {
     }));
     const ChronyReports reports = reports_in(capture);
     const TrackingReport text = parse_tracking(daemons.tracking_text());
+    const auto record = tracking_in_text(daemons.tracking_text());
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->reference_id, reports.tracking->reference_id);
+    EXPECT_EQ(record->stratum, reports.tracking->stratum);
+    EXPECT_EQ(record->address, "127.0.0.1");
+    EXPECT_NEAR(record->reference_time.value_or(0), reports.tracking->reference_time.value_or(9), 1) << "whole seconds";
+    for (const auto& [one, other, apart] :
+         {std::tuple{record->system_time, reports.tracking->system_time, 1e-5},
+          std::tuple{record->residual_frequency_ppm, reports.tracking->residual_frequency_ppm, 0.5},
+          std::tuple{record->skew_ppm, reports.tracking->skew_ppm, 0.5},
+          std::tuple{record->update_interval, reports.tracking->update_interval, 0.1}})
+        EXPECT_NEAR(one.value_or(0), other.value_or(9), apart);
+    ChronyReports of_text;
+    of_text.tracking = record;
+    EXPECT_EQ(judge(of_text), judge(reports));
+    EXPECT_NEAR(error_budget(of_text).value_or(ErrorBudget()).bound,
+                error_budget(reports).value_or(ErrorBudget()).bound, 1e-4);
     const TrackingData& data = *reports.tracking;
     constexpr double while_it_slews = 1e-5; // between the two runs
     EXPECT_NEAR(data.system_time.value_or(9), text.systemtime, while_it_slews);

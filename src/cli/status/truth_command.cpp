@@ -30,29 +30,29 @@ std::string_view name_of(SourceMode mode) {
 
 Json source_json(const JudgedSource& source) {
     const SourceData& data = source.data;
-    return {{"source", data.source},
-            {"name", or_null(source.name)},
-            {"mode", name_of(data.mode)},
-            {"letter", std::string(1, source.letter)},
-            {"rule", name_of(source.rule)},
-            {"used", is_used(data)},
-            {"stratum", data.stratum},
-            {"poll", data.poll},
-            {"reach", data.reach},
-            {"last_rx", or_null(data.last_rx)},
-            {"offset", or_null(data.offset)},
-            {"measured", or_null(data.measured)},
-            {"error", or_null(data.error)},
-            {"samples", field(source.statistics, &SourceStatistics::samples)},
-            {"span", field(source.statistics, &SourceStatistics::span)},
-            {"frequency", field(source.statistics, &SourceStatistics::frequency_ppm)},
-            {"skew", field(source.statistics, &SourceStatistics::skew_ppm)},
-            {"std_dev", field(source.statistics, &SourceStatistics::std_dev)},
-            {"low", field(source.selection, &SelectionData::low)},
-            {"high", field(source.selection, &SelectionData::high)},
-            {"score", field(source.selection, &SelectionData::score)},
-            {"authenticated", field(source.selection, &SelectionData::authenticated)},
-            {"leap", field(source.selection, &SelectionData::leap)}};
+    return object_of({{"source", data.source},
+                      {"name", or_null(source.name)},
+                      {"mode", name_of(data.mode)},
+                      {"letter", std::string(1, source.letter)},
+                      {"rule", name_of(source.rule)},
+                      {"used", is_used(data)},
+                      {"stratum", data.stratum},
+                      {"poll", data.poll},
+                      {"reach", data.reach},
+                      {"last_rx", or_null(data.last_rx)},
+                      {"offset", or_null(data.offset)},
+                      {"measured", or_null(data.measured)},
+                      {"error", or_null(data.error)},
+                      {"samples", field(source.statistics, &SourceStatistics::samples)},
+                      {"span", field(source.statistics, &SourceStatistics::span)},
+                      {"frequency", field(source.statistics, &SourceStatistics::frequency_ppm)},
+                      {"skew", field(source.statistics, &SourceStatistics::skew_ppm)},
+                      {"std_dev", field(source.statistics, &SourceStatistics::std_dev)},
+                      {"low", field(source.selection, &SelectionData::low)},
+                      {"high", field(source.selection, &SelectionData::high)},
+                      {"score", field(source.selection, &SelectionData::score)},
+                      {"authenticated", field(source.selection, &SelectionData::authenticated)},
+                      {"leap", field(source.selection, &SelectionData::leap)}});
 }
 
 // Columns of text are as wide as their characters, not their bytes.
@@ -125,13 +125,14 @@ Json sentences_json(const std::vector<Sentence>& sentences) {
 }
 
 Json explanation_json(const Explanation& explanation) {
-    return {{"source", explanation.source},
-            {"name", or_null(explanation.name)},
-            {"letter", std::string(1, explanation.letter)},
-            {"rule", name_of(explanation.rule)},
-            {"sentences", sentences_json(explanation.sentences)},
-            {"remedies", sentences_json(explanation.remedies)},
-            {"line", explanation.line ? Json(explanation.line->line) : Json(nullptr)}};
+    Json document = object_of({{"source", explanation.source},
+                               {"name", or_null(explanation.name)},
+                               {"letter", std::string(1, explanation.letter)},
+                               {"rule", name_of(explanation.rule)}});
+    document["sentences"] = sentences_json(explanation.sentences);
+    document["remedies"] = sentences_json(explanation.remedies);
+    document["line"] = explanation.line ? Json(explanation.line->line) : Json(nullptr);
+    return document;
 }
 
 void print_text(const Explanation& explanation, std::ostream& out) {

@@ -46,8 +46,10 @@ std::string Tool::configuration_path() {
     return m_daemon.host.empty() ? general().config : ""; // who knows where another daemon's lies
 }
 
+// The helper knows the machine's own daemon only.
 int Tool::ask_for_root() {
-    if (!m_arguments.as_root || ::geteuid() == 0)
+    const bool is_own = !m_arguments.from && m_daemon.host.empty();
+    if (!m_arguments.as_root || !is_own || ::geteuid() == 0)
         return 0;
     const TerminalAgent agent;
     return m_daemon.actions().blessHelper() ? 0 : has_failed; // the reason was told when it came up
