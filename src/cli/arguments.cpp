@@ -136,6 +136,19 @@ void add_log(CommandLine& line, Arguments& arguments) {
         ->check(number_within(0.1, 2000000, "give seconds, from 0.1 to 2000000"));
 }
 
+void add_history(CommandLine& line, Arguments& arguments) {
+    auto* history = line.add(&line.app, Job::history, "history",
+                             "How the clock was, and what happened to it (exit status 1: not kept)");
+    add_history_options(*history, arguments.history);
+    history->add_option("--source", arguments.source, "the readings of this source; its address or reference ID");
+    auto* json = history->add_flag("--json", arguments.json, "one JSON document");
+    history->add_flag("--csv", arguments.csv, "comma-separated values")->excludes(json);
+    auto* sample = line.add(&line.app, Job::sample, "sample", "Keep a history of the clock");
+    add_sample_options(*sample, arguments.history);
+    sample->add_option("--for", arguments.for_seconds, "so many seconds; default: until interrupted")
+        ->check(number_within(0.1, 2000000, "give seconds, from 0.1 to 2000000"));
+}
+
 void add_picture_options(CLI::App* command, Arguments& arguments, std::string& size) {
     command->add_option("-o,--output", arguments.output, "the picture, .png or .svg")->required();
     command->add_option("--size", size, "width and height in pixels")->capture_default_str();
@@ -208,6 +221,7 @@ void add_all(CommandLine& line, Arguments& arguments) {
     add_report(line);
     add_settings(line, arguments);
     add_log(line, arguments);
+    add_history(line, arguments);
     add_spectrum(line, arguments);
     add_plot(line, arguments);
     add_freqtemp(line, arguments);

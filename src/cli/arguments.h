@@ -6,6 +6,7 @@
 #include "cli/configuration/servers_arguments.h"
 #include "cli/freqtemp/freqtemp_arguments.h"
 #include "cli/help/help_arguments.h"
+#include "cli/history/history_arguments.h"
 
 #include <optional>
 #include <string>
@@ -27,6 +28,8 @@ enum class Job : unsigned char {
     settings_reset,
     log,
     follow,
+    history,
+    sample,
     spectrum,
     plot_meter,
     plot_clock,
@@ -77,6 +80,7 @@ struct Arguments {
     ConfigArguments config;
     FreqTempArguments freqtemp;
     HelpArguments help;
+    HistoryArguments history;
     ServersArguments servers;
     std::string key;
     std::string value;

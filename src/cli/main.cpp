@@ -123,6 +123,10 @@ int do_job(const Arguments& arguments, Tool& tool) {
         return tool.log();
     case Job::follow:
         return tool.follow();
+    case Job::history:
+        return tool.history();
+    case Job::sample:
+        return tool.sample();
     case Job::spectrum:
         return tool.spectrum();
     case Job::admin:

@@ -30,6 +30,7 @@
 namespace tickervantage {
 
 class FreqTempView;
+class HistoryKeeper;
 
 // Keeps what the settings store says, so that a failure that is told anyway is not told twice. Any thread.
 class TerminalLogger : public Logger {
@@ -57,6 +58,8 @@ public:
     [[nodiscard]] int report();
     [[nodiscard]] int log() const;
     [[nodiscard]] int follow() const;
+    [[nodiscard]] int history() const;
+    [[nodiscard]] int sample();
     [[nodiscard]] SettingsCommand settings_command();
     [[nodiscard]] int spectrum();
     [[nodiscard]] int admin();
@@ -94,6 +97,8 @@ private:
     [[nodiscard]] Capture live_capture(CaptureDepth depth);
     [[nodiscard]] std::string configuration_path(); // empty: not known
     [[nodiscard]] int ask_for_root();
+    [[nodiscard]] std::string history_path() const;
+    [[nodiscard]] int sample_once(HistoryKeeper& keeper);
     void tell_once(const std::vector<std::string>& complaints);
     [[nodiscard]] DocumentForm form() const;
     // Once, or again and again until interrupted; then with the last answer.
@@ -115,6 +120,7 @@ private:
     SerialQueue m_queue{"net.brisklane.settings"};
     QtSettingsStore m_store;
     DefaultSettings m_settings;
+    std::string m_told_of_store;
     std::vector<std::string> m_told; // what was wrong with the last reading
 };
 

@@ -12,14 +12,14 @@ namespace tickervantage {
 
 namespace {
 
-MaybeExtent extent_at(const Statement& row, int column, double unit) {
+MaybeExtent extent_at(const Statement& row, int column, double units) {
     const auto low = row.integer(column);
     const auto mean = row.integer(column + 1);
     const auto high = row.integer(column + 2);
     if (!low || !mean || !high)
         return std::nullopt;
-    const auto value = [unit](std::int64_t units) {
-        return static_cast<double>(units) * unit;
+    const auto value = [units](std::int64_t kept) {
+        return static_cast<double>(kept) / units;
     };
     return Extent{value(*low), value(*mean), value(*high)};
 }
@@ -45,14 +45,13 @@ HistoryRow row_at(const Statement& row) {
     if (const auto steers = row.integer(6))
         read.steers = *steers != 0;
     for (std::size_t at = 0; at < history_quantities; ++at)
-        read.values.at(at) =
-            extent_at(row, static_cast<int>(7 + 3 * at), history_unit(static_cast<HistoryQuantity>(at)));
+        read.values.at(at) = extent_at(row, static_cast<int>(7 + 3 * at), units_of(static_cast<HistoryQuantity>(at)));
     return read;
 }
 
 std::optional<double> seconds_at(const Statement& row, int column) {
     const auto units = row.integer(column);
-    return units ? std::optional(static_cast<double>(*units) * history_second) : std::nullopt;
+    return units ? std::optional(static_cast<double>(*units) / units_a_second) : std::nullopt;
 }
 
 SourceRow source_at(const Statement& row) {
@@ -61,7 +60,7 @@ SourceRow source_at(const Statement& row) {
     read.letter = state.letter;
     read.rule = listed(state.rule, SelectionRule::unknown, SelectionRule::unknown);
     read.reach = state.reach;
-    read.offset = extent_at(row, 4, history_second);
+    read.offset = extent_at(row, 4, units_a_second);
     read.error = seconds_at(row, 7);
     read.std_dev = seconds_at(row, 8);
     return read;

@@ -18,11 +18,11 @@ namespace {
 
 constexpr std::int64_t day_seconds = 86'400;
 
-std::optional<std::int64_t> whole_units(const std::optional<double>& value, double unit) {
+std::optional<std::int64_t> whole_units(const std::optional<double>& value, double units) {
     constexpr double most = 9e18;
     if (!value || !std::isfinite(*value))
         return std::nullopt;
-    return static_cast<std::int64_t>(std::clamp(std::round(*value / unit), -most, most));
+    return static_cast<std::int64_t>(std::clamp(std::round(*value * units), -most, most));
 }
 
 std::optional<double> mean_of(const MaybeExtent& extent) {
@@ -153,7 +153,7 @@ Result<> HistoryWriter::add_row(const HistoryRow& row) {
     insert.bind(4, row.stratum).bind(5, row.steers);
     for (std::size_t at = 0; at < history_quantities; ++at)
         insert.bind(static_cast<int>(6 + at),
-                    whole_units(mean_of(row.values.at(at)), history_unit(static_cast<HistoryQuantity>(at))));
+                    whole_units(mean_of(row.values.at(at)), units_of(static_cast<HistoryQuantity>(at))));
     return insert.run();
 }
 
@@ -164,8 +164,8 @@ Result<> HistoryWriter::add_source(const SourceRow& row) {
     auto& insert = m_insert_source;
     insert.bind(1, row.time).bind(2, *source);
     insert.bind(3, kept_number({row.letter, static_cast<std::int64_t>(row.rule), row.reach}));
-    insert.bind(4, whole_units(mean_of(row.offset), history_second));
-    insert.bind(5, whole_units(row.error, history_second)).bind(6, whole_units(row.std_dev, history_second));
+    insert.bind(4, whole_units(mean_of(row.offset), units_a_second));
+    insert.bind(5, whole_units(row.error, units_a_second)).bind(6, whole_units(row.std_dev, units_a_second));
     return insert.run();
 }
 

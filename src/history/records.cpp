@@ -4,8 +4,8 @@ namespace tickervantage {
 
 std::string_view name_of(HistoryQuantity quantity) {
     static constexpr std::array<std::string_view, history_quantities> names{
-        "system_time", "last_offset", "rms_offset",      "frequency", "residual_frequency",
-        "skew",        "root_delay",  "root_dispersion", "bound"};
+        "system_time", "last_offset", "rms_offset",      "frequency_ppm", "residual_frequency_ppm",
+        "skew_ppm",    "root_delay",  "root_dispersion", "bound"};
     return names.at(static_cast<std::size_t>(quantity));
 }
 

@@ -18,19 +18,19 @@
 namespace tickervantage {
 
 enum class HistoryQuantity : unsigned char {
-    system_time,            // s
-    last_offset,            // s
-    rms_offset,             // s
-    frequency_ppm,          //
-    residual_frequency_ppm, //
-    skew_ppm,               //
-    root_delay,             // s
-    root_dispersion,        // s
-    bound,                  // s
+    system_time, // s
+    last_offset, // s
+    rms_offset,  // s
+    frequency_ppm,
+    residual_frequency_ppm,
+    skew_ppm,
+    root_delay,      // s
+    root_dispersion, // s
+    bound,           // s
 };
 inline constexpr std::size_t history_quantities = 9;
 
-// For files and command lines, never translated: "system_time", "frequency" (its ending tells no unit there).
+// "system_time", "frequency_ppm": for files and command lines, never translated.
 [[nodiscard]] std::string_view name_of(HistoryQuantity quantity);
 
 struct Extent {

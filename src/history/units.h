@@ -5,13 +5,13 @@
 
 namespace tickervantage {
 
-inline constexpr double history_second = 1e-9;
+inline constexpr double units_a_second = 1e9;
 
-[[nodiscard]] constexpr double history_unit(HistoryQuantity quantity) {
+// How many of them make a second, or a ppm.
+[[nodiscard]] constexpr double units_of(HistoryQuantity quantity) {
     using enum HistoryQuantity;
-    constexpr double thousandth_ppm = 1e-3;
-    return quantity == frequency_ppm || quantity == residual_frequency_ppm || quantity == skew_ppm ? thousandth_ppm
-                                                                                                   : history_second;
+    const bool is_frequency = quantity == frequency_ppm || quantity == residual_frequency_ppm || quantity == skew_ppm;
+    return is_frequency ? 1e3 : units_a_second;
 }
 
 // What is known of a source in words, in one number of three bytes.

@@ -1,6 +1,6 @@
 // The history of the clock: nothing torn, nothing lost, and spans that say what the readings said.
 #include "base/failure_codes.h"
-#include "history/history_recorder.h"
+#include "history/history_keeper.h"
 #include "history/history_writer.h"
 
 #include <gtest/gtest.h>
@@ -280,6 +280,36 @@ TEST_F(History, LosesNothingWhenItsWriterIsKilled) {
     ASSERT_EQ(store.sources({}).value().size(), 2 * rows.size()); // no reading without its sources
     for (std::size_t at = 0; at < rows.size(); ++at)
         ASSERT_DOUBLE_EQ(mean_of(rows[at], HistoryQuantity::system_time), 1e-9 * static_cast<double>(at));
+}
+
+ChronyReports synchronised_to(const std::string& address) {
+    ChronyReports reports;
+    reports.tracking.emplace();
+    reports.tracking->reference_id = 1;
+    reports.tracking->address = address;
+    reports.tracking->leap_status = "Normal";
+    return reports;
+}
+
+TEST_F(History, KeeperTakesOverAndThinsAndOutlivesItsFile) {
+    HistoryKeeper keeper(path);
+    HistoryKeeper other(path);
+    const auto reports = synchronised_to("192.0.2.1");
+    ASSERT_TRUE(keeper.keep(reports, std::nullopt, start));
+    EXPECT_EQ(other.keep(reports, std::nullopt, start).error().code, FailureCode::history_has_writer);
+    ASSERT_TRUE(keeper.keep(synchronised_to("192.0.2.2"), std::nullopt, start + 10));
+    ASSERT_TRUE(keeper.keep(reports, std::nullopt, start + 8 * day)); // what is old becomes a span
+    {
+        auto reader = HistoryReader::open(path).value();
+        EXPECT_EQ(reader.rows({}).value().size(), 2U);
+        EXPECT_EQ(reader.events({}).value().size(), 2U);
+    }
+    std::filesystem::remove_all(folder + "/deeper"); // by somebody who tidied up
+    ASSERT_TRUE(keeper.keep(reports, std::nullopt, start + 9 * day));
+    EXPECT_EQ(rows_in(path), 1U);
+    keeper = HistoryKeeper(path);
+    ASSERT_TRUE(other.keep(ChronyReports(), std::nullopt, start + 9 * day + 10)); // a change that nobody saw happen
+    EXPECT_EQ(HistoryReader::open(path).value().events({start + 9 * day, start + 10 * day}).value().size(), 2U);
 }
 
 TEST(HistoryRecorder, TellsWhatChanged) {

@@ -1,0 +1,102 @@
+// `tickerctl history` and `tickerctl sample`, with this user's store.
+#include "base/failure_codes.h"
+#include "cli/history/history_command.h"
+#include "cli/terminal.h"
+#include "cli/tool.h"
+#include "history/history_keeper.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <ctime>
+#include <iostream>
+
+namespace tickervantage {
+namespace {
+
+// Of "2026-11-22T01:30:00Z" or "2026-11-22": whole seconds.
+std::optional<std::int64_t> moment_of(std::string text) {
+    if (text.find('T') == std::string::npos)
+        text += "T00:00:00Z";
+    const auto moment = moment_in(text);
+    return moment ? std::optional(static_cast<std::int64_t>(std::ceil(*moment))) : std::nullopt;
+}
+
+// Takes over the moment that was asked for, if any; what is wrong is told.
+int take_moment(const std::optional<std::string>& text, std::int64_t& moment) {
+    if (!text)
+        return 0;
+    const auto wanted = moment_of(*text);
+    if (!wanted)
+        return fail("A moment is written as 2026-11-22T01:30:00Z or 2026-11-22, not \"" + *text + "\".");
+    moment = *wanted;
+    return 0;
+}
+
+} // namespace
+
+std::string Tool::history_path() const {
+    return m_arguments.history.file.value_or(m_paths.data_home + "/Tickervantage/history.sqlite");
+}
+
+int Tool::history() const {
+    HistoryQuestion question{.period = {}, .source = m_arguments.source};
+    if (take_moment(m_arguments.history.from, question.period.from) != 0 ||
+        take_moment(m_arguments.history.to, question.period.to) != 0)
+        return has_failed;
+    if (m_arguments.csv)
+        question.form = HistoryForm::csv;
+    else if (m_arguments.json)
+        question.form = HistoryForm::json;
+    auto store = HistoryReader::open(history_path());
+    if (!store)
+        return fail(english(store.error()));
+    const auto answer = print_history(*store, question, std::cout);
+    if (!answer)
+        return fail(english(failed(FailureCode::cannot_read, {history_path()}, answer.error()).value()));
+    if (*answer == answer_is_no)
+        complain("Nothing is kept of that time.");
+    return *answer;
+}
+
+// While another program keeps the history this one waits for its turn: the file is the same.
+int Tool::sample_once(HistoryKeeper& keeper) {
+    ClockReading reading;
+    if (const int result = read_clock(CaptureDepth::open, SavedForm::capture, reading); result != 0)
+        return result;
+    const auto now = reading.reports.now.value_or(static_cast<double>(std::time(nullptr)));
+    const auto kept = keeper.keep(reading.reports, budget_of(reading), static_cast<std::int64_t>(now));
+    if (const auto aside = keeper.take_kept_aside())
+        complain("The history was damaged and is kept as " + *aside + ".");
+    if (kept) {
+        m_told_of_store.clear();
+        return 0;
+    }
+    if (const std::string sentence = english(kept.error()); sentence != m_told_of_store) {
+        complain(sentence);
+        m_told_of_store = sentence;
+    }
+    return kept.error().code == FailureCode::history_has_writer ? answer_is_no : has_failed;
+}
+
+int Tool::sample() {
+    using Clock = std::chrono::steady_clock;
+    HistoryKeeper keeper(history_path());
+    const auto begun = Clock::now();
+    int answer = interrupted;
+    for (int turn = 1;; ++turn) {
+        if (const int now = sample_once(keeper); now == interrupted)
+            return answer;
+        else
+            answer = now;
+        const double gone = std::chrono::duration<double>(Clock::now() - begun).count();
+        const double next = turn * m_arguments.history.every_seconds;
+        const double limit = m_arguments.for_seconds;
+        if (limit > 0 && next >= limit)
+            return answer;
+        if (m_signals.asked_within(std::max(0.0, next - gone)))
+            return answer;
+    }
+}
+
+} // namespace tickervantage
