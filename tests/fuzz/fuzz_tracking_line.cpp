@@ -16,6 +16,13 @@ bool is_same(double one, double other) {
     return std::bit_cast<std::uint64_t>(one) == std::bit_cast<std::uint64_t>(other);
 }
 
+// And survives being packed.
+bool is_same(const LogNumber& one, const LogNumber& other) {
+    std::vector<double> others;
+    const PackedNumber number = packed(one, others);
+    return is_same(one.value, other.value) && is_same(one.value, unpacked(number, others));
+}
+
 void require_same_when_moved(std::string_view text) {
     const std::string moved = " " + std::string(text);
     TrackingLine one;
@@ -28,7 +35,8 @@ void require_same_when_moved(std::string_view text) {
             one.el == other.el && one.co == other.co);
     require(is_same(one.frequency, other.frequency) && is_same(one.skew, other.skew) &&
             is_same(one.offset, other.offset) && is_same(one.offset_sd, other.offset_sd) &&
-            is_same(one.rem_cor, other.rem_cor) && is_same(one.rootdispersion, other.rootdispersion));
+            is_same(one.rem_cor, other.rem_cor) && is_same(one.root_delay, other.root_delay) &&
+            is_same(one.rootdispersion, other.rootdispersion) && is_same(one.max_error, other.max_error));
 }
 
 void require_sound(const TrackingRecords& records) {

@@ -40,7 +40,9 @@ Json json_of(const tracking& record) {
             {"rms_offset", json_of(record.rms_offset)},
             {"mean_offset", json_of(record.mean_offset)},
             {"mean_rem_cor", json_of(record.mean_rem_cor)},
-            {"rms_rem_cor", json_of(record.rms_rem_cor)}};
+            {"rms_rem_cor", json_of(record.rms_rem_cor)},
+            {"root_delay", json_of(record.root_delay)},
+            {"max_error", json_of(record.max_error)}};
 }
 
 // A text of the log as one field of CSV.

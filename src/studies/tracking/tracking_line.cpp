@@ -1,7 +1,5 @@
 #include "studies/tracking/tracking_line.h"
 
-#include "base/number_text.h"
-
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -14,27 +12,8 @@
 namespace tickervantage {
 namespace {
 
-constexpr int largest_power = 22; // of ten, that a double holds exactly
-
-// digits × 10^power, for at most 15 digits and a power within the largest: it is rounded once, and so is the same
-// double as reading the number's text.
-double scaled(bool negative, std::int64_t digits, int power) {
-    constexpr std::array<double, largest_power + 1> powers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                           1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                                           1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-    const auto whole = static_cast<double>(digits);
-    const double number =
-        power < 0 ? whole / powers[static_cast<std::size_t>(-power)] : whole * powers[static_cast<std::size_t>(power)];
-    return std::copysign(number, negative ? -1.0 : 1.0); // offsets change their sign at random: no branches
-}
-
-double read_log_number(std::string_view text) {
-    if (text.starts_with('+'))
-        text.remove_prefix(1);
-    return number_from_text<double>(text).value_or(std::numeric_limits<double>::quiet_NaN());
-}
-
-constexpr std::size_t column_count = 13;
+constexpr std::size_t column_count = 14;
+constexpr std::size_t fewest_columns = 13; // the last came later
 using Columns = std::array<std::string_view, column_count>;
 
 unsigned digit(char one) {
@@ -55,7 +34,7 @@ bool split(std::string_view line, Columns& columns) {
         while (at != end && !is_white(*at))
             ++at;
         if (at == start)
-            return false;
+            return &column >= &columns[fewest_columns];
         column = {start, static_cast<std::size_t>(at - start)};
     }
     return true;
@@ -120,12 +99,22 @@ constexpr std::size_t rem_cor = 53;
 constexpr std::size_t rootdelay = 64;
 constexpr std::size_t rootdispersion = 75;
 constexpr std::size_t end = 85;
+constexpr std::size_t max_error = 86; // not in all versions
+constexpr std::size_t whole_end = 96;
 constexpr std::size_t blanks[] = {0, 3, 14, 25, 36, 38, 41, 52, 63, 74};
 
 } // namespace layout
 
+LogNumber log_number(bool negative, std::int32_t digits, int power) {
+    // Offsets change their sign at random: no branches. What rarely comes goes the long way, into the list.
+    const bool is_plain = digits <= LogNumber::largest_digits && (!negative || digits != 0);
+    return {.value = std::copysign(scaled(digits, power), negative ? -1.0 : 1.0),
+            .digits = negative ? -digits : digits,
+            .power = is_plain ? power : LogNumber::no_power};
+}
+
 // "%10.3e", such as "-1.234e-05": eight of its characters at once.
-bool read_scientific(const char* at, double& number) {
+bool read_scientific(const char* at, LogNumber& number) {
     if constexpr (std::endian::native != std::endian::little)
         return false;
     std::uint64_t text = 0;
@@ -152,12 +141,12 @@ bool read_scientific(const char* at, double& number) {
     const int power = (sign == 0 ? -exponent : exponent) - 3;
     if (std::abs(power) > largest_power)
         return false;
-    number = scaled(at[0] == '-', place(0) * 1000 + place(2) * 100 + place(3) * 10 + place(4), power);
+    number = log_number(at[0] == '-', place(0) * 1000 + place(2) * 100 + place(3) * 10 + place(4), power);
     return true;
 }
 
 // "%10.3f", such as "   -12.345"
-bool read_fixed(const char* at, double& number) {
+bool read_fixed(const char* at, LogNumber& number) {
     unsigned digits = digit(at[7]) * 100 + digit(at[8]) * 10 + digit(at[9]);
     bool fits = at[6] == '.' && digit(at[5]) <= 9 && digit(at[7]) <= 9 && digit(at[8]) <= 9 && digit(at[9]) <= 9;
     int place = 5;
@@ -167,7 +156,7 @@ bool read_fixed(const char* at, double& number) {
     for (place -= negative ? 1 : 0; place >= 0; --place)
         fits &= at[place] == ' ';
     if (fits)
-        number = scaled(negative, digits, -3);
+        number = log_number(negative, static_cast<std::int32_t>(digits), -3);
     return fits;
 }
 
@@ -175,6 +164,16 @@ bool read_fixed(const char* at, double& number) {
 bool read_two(const char* at, std::string_view& text) {
     text = at[0] == ' ' ? std::string_view(at + 1, 1) : std::string_view(at, 2);
     return digit(at[1]) <= 9 && (at[0] == ' ' || digit(at[0]) <= 9);
+}
+
+// The rest of a line, from the end of the address's column on.
+bool read_max_error(std::string_view rest, LogNumber& number) {
+    number = {};
+    if (rest.size() == layout::end)
+        return true;
+    const bool is_there = rest.size() >= layout::whole_end && rest[layout::end] == ' ' &&
+                          (rest.size() == layout::whole_end || is_white(rest[layout::whole_end]));
+    return is_there && read_scientific(rest.data() + layout::max_error, number);
 }
 
 bool read_layout(std::string_view line, TrackingLine& read) {
@@ -198,15 +197,16 @@ bool read_layout(std::string_view line, TrackingLine& read) {
         fits &= at[blank] == ' ';
     if (!fits || is_white(at[layout::el]))
         return false;
-    double rootdelay = 0; // only for the columns to be where they should
     read.timestamp = *timestamp;
     read.address = line.substr(layout::address, address_end - layout::address);
     read.el = line.substr(start + layout::el, 1);
     return read_two(at + layout::stratum, read.stratum) && read_fixed(at + layout::frequency, read.frequency) &&
            read_fixed(at + layout::skew, read.skew) && read_scientific(at + layout::offset, read.offset) &&
            read_two(at + layout::co, read.co) && read_scientific(at + layout::offset_sd, read.offset_sd) &&
-           read_scientific(at + layout::rem_cor, read.rem_cor) && read_scientific(at + layout::rootdelay, rootdelay) &&
-           read_scientific(at + layout::rootdispersion, read.rootdispersion);
+           read_scientific(at + layout::rem_cor, read.rem_cor) &&
+           read_scientific(at + layout::rootdelay, read.root_delay) &&
+           read_scientific(at + layout::rootdispersion, read.rootdispersion) &&
+           read_max_error(line.substr(start), read.max_error);
 }
 
 bool read_columns(std::string_view line, TrackingLine& read) {
@@ -231,7 +231,9 @@ bool read_columns(std::string_view line, TrackingLine& read) {
         .offset = read_log_number(columns[6]),
         .offset_sd = read_log_number(columns[9]),
         .rem_cor = read_log_number(columns[10]),
+        .root_delay = read_log_number(columns[11]),
         .rootdispersion = read_log_number(columns[12]),
+        .max_error = read_log_number(columns[13]),
     };
     return true;
 }

@@ -1,9 +1,12 @@
 // One line of a chrony tracking log, taken apart.
 //
-// A data line has at least 13 columns with white space between them; further ones belong to other versions of chrony
-// and are passed over. Columns are found by the white space: an address of more than 15 characters moves the rest to
-// the right. Pure functions, any thread. Source: chrony.conf(5), directive log, option tracking.
+// A data line has at least 13 columns with white space between them. The 14th, the largest error, is not in the logs of
+// old versions of chrony; further ones would belong to other versions and are passed over. Columns are found by the
+// white space: an address of more than 15 characters moves the rest to the right. Pure functions, any thread. Source:
+// chrony.conf(5), directive log, option tracking.
 #pragma once
+
+#include "studies/tracking/log_number.h"
 
 #include <cstdint>
 #include <optional>
@@ -19,12 +22,14 @@ struct TrackingLine {
     std::string_view stratum;
     std::string_view el;
     std::string_view co;
-    double frequency = 0;
-    double skew = 0;
-    double offset = 0;
-    double offset_sd = 0;
-    double rem_cor = 0;
-    double rootdispersion = 0;
+    LogNumber frequency;
+    LogNumber skew;
+    LogNumber offset;
+    LogNumber offset_sd;
+    LogNumber rem_cor;
+    LogNumber root_delay;
+    LogNumber rootdispersion;
+    LogNumber max_error;
 };
 
 inline constexpr std::size_t largest_log_name = 255; // bytes of a column that is text: as long as a host's name can be

@@ -21,9 +21,11 @@ enum Column : unsigned char {
     column_offset,
     column_offset_sd,
     column_rem_cor,
-    column_rootdispersion
+    column_root_delay,
+    column_rootdispersion,
+    column_max_error,
 };
-constexpr std::size_t column_count = 6;
+constexpr std::size_t column_count = 8;
 
 Column column_of(Series series) {
     switch (series) {
@@ -99,7 +101,8 @@ struct TrackingRecords::Block {
 struct TrackingRecords::Piece {
     std::array<LogTime, RECORDS_PER_PIECE> times;
     std::array<std::uint32_t, RECORDS_PER_PIECE> sources;
-    std::array<std::array<double, RECORDS_PER_PIECE>, column_count> numbers;
+    std::array<std::array<PackedNumber, RECORDS_PER_PIECE>, column_count> numbers;
+    std::vector<double> other_numbers; // that do not fit into four bytes
     std::array<Block, blocks_per_piece> blocks;
     std::array<Extent, series_count> extents; // these two: of the full blocks
     LogTime earliest = std::numeric_limits<LogTime>::max();
@@ -107,10 +110,15 @@ struct TrackingRecords::Piece {
     void put(std::size_t at, const TrackingLine& line, std::uint32_t source) {
         times[at] = line.timestamp;
         sources[at] = source;
-        const std::array<double, column_count> read{line.frequency, line.skew,    line.offset,
-                                                    line.offset_sd, line.rem_cor, line.rootdispersion};
+        const std::array<const LogNumber*, column_count> read{&line.frequency,      &line.skew,     &line.offset,
+                                                              &line.offset_sd,      &line.rem_cor,  &line.root_delay,
+                                                              &line.rootdispersion, &line.max_error};
         for (std::size_t column = 0; column < column_count; ++column)
-            numbers[column][at] = read[column];
+            numbers[column][at] = packed(*read[column], other_numbers);
+    }
+
+    [[nodiscard]] double number(Column column, std::size_t at) const {
+        return unpacked(numbers[column][at], other_numbers);
     }
 
     void widen(std::size_t at, const std::array<double, series_count>& values) {
@@ -167,15 +175,18 @@ TrackingRecords::Added TrackingRecords::add_line(std::string_view text, std::opt
         block.before = m_rolling;
     const bool lost = m_sources[source].is_lost;
     block.sources_lost |= std::uint64_t{lost} << (at % block_size);
-    const auto averages = m_rolling.add(line.offset, line.rem_cor, lost);
-    piece.widen(at, {line.offset, averages.mean_offset, averages.rms_offset, line.offset_sd, line.rem_cor,
-                     averages.mean_rem_cor, averages.rms_rem_cor, line.rootdispersion, line.frequency / ppm});
+    const auto averages = m_rolling.add(line.offset.value, line.rem_cor.value, lost);
+    piece.widen(at,
+                {line.offset.value, averages.mean_offset, averages.rms_offset, line.offset_sd.value, line.rem_cor.value,
+                 averages.mean_rem_cor, averages.rms_rem_cor, line.rootdispersion.value, line.frequency.value / ppm});
     ++m_size;
     return Added::record;
 }
 
 TrackingRecords::Piece& TrackingRecords::piece_for_next() {
     if (m_size == m_pieces.size() * RECORDS_PER_PIECE) {
+        if (!m_pieces.empty())
+            m_pieces.back()->other_numbers.shrink_to_fit();
         m_pieces.push_back(std::make_unique<Piece>());
     }
     return *m_pieces.back();
@@ -201,7 +212,7 @@ LogTime TrackingRecords::time(std::size_t index) const {
 
 double TrackingRecords::logged_value(Series series, std::size_t index) const {
     const Piece& piece = *m_pieces[index / RECORDS_PER_PIECE];
-    const double value = piece.numbers[column_of(series)][index % RECORDS_PER_PIECE];
+    const double value = piece.number(column_of(series), index % RECORDS_PER_PIECE);
     return series == Series::frequency ? value / ppm : value;
 }
 
@@ -235,7 +246,7 @@ void TrackingRecords::read(std::size_t first, std::size_t end, AllValues& values
         if (at % block_size == 0)
             rolling = block.before;
         const auto number = [&](Column column) {
-            return piece.numbers[column][at];
+            return piece.number(column, at);
         };
         const double offset = number(column_offset);
         const double rem_cor = number(column_rem_cor);
@@ -271,10 +282,12 @@ tracking TrackingRecords::record(std::size_t index) const {
     record.el = next_word(source);
     record.co = number_from_text<int>(next_word(source));
     record.frequency = present(logged_value(Series::frequency, index));
-    record.skew = present(piece.numbers[column_skew][at]);
+    record.skew = present(piece.number(column_skew, at));
     record.offset = present(logged_value(Series::offset, index));
     record.offset_sd = present(logged_value(Series::offset_sd, index));
     record.rem_cor = present(logged_value(Series::rem_cor, index));
+    record.root_delay = present(piece.number(column_root_delay, at));
+    record.max_error = present(piece.number(column_max_error, at));
     record.rootdispersion = present(logged_value(Series::rootdispersion, index));
     const auto& rolling = averages(index);
     record.rms_offset = present(rolling.rms_offset);
@@ -333,7 +346,7 @@ std::optional<std::size_t> TrackingRecords::newest_before(LogTime time) const {
 std::size_t TrackingRecords::memory() const {
     std::size_t bytes = sizeof *this + sizeof *m_averages + m_pieces.capacity() * sizeof m_pieces.front();
     for (const auto& piece : m_pieces)
-        bytes += sizeof *piece;
+        bytes += sizeof *piece + piece->other_numbers.capacity() * sizeof(double);
     // A node holds the text, its number, its hash and a link to the next.
     constexpr std::size_t node = sizeof(std::pair<const std::string, std::uint32_t>) + 2 * sizeof(void*);
     bytes += m_source_numbers.bucket_count() * sizeof(void*) + m_sources.capacity() * sizeof m_sources.front();

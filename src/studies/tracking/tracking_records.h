@@ -1,13 +1,13 @@
 // The records of a chrony tracking log, with rolling statistics, kept so that a log of years fits into memory and can
 // be drawn without touching every record.
 //
-// Records are kept in columns, in pieces of RECORDS_PER_PIECE, so that memory grows evenly: about 64 bytes a record.
-// Texts are kept once, and the rolling statistics are kept for every 64th record and
-// computed again from there when they are asked for; asked for in the order of the log, or backwards, each costs a few
-// nanoseconds. An absent number is a quiet NaN here and an empty optional in a `tracking` record. Records stand in the
-// order of the log, which is not always the order of time: a clock that is stepped back makes later records carry
-// earlier times. One thread, also for reading.
-// Source: chrony.conf(5), directive log, option tracking.
+// Records are kept in columns, in pieces of RECORDS_PER_PIECE, so that memory grows evenly: about 47 bytes a record.
+// Each of the eight numbers of a record takes four of them and comes back exactly (log_number.h). Texts are kept once,
+// and the rolling statistics are kept for every 64th record and computed again from there when they are asked for;
+// asked for in the order of the log, or backwards, each costs a few nanoseconds. An absent number is a quiet NaN here
+// and an empty optional in a `tracking` record. Records stand in the order of the log, which is not always the order of
+// time: a clock that is stepped back makes later records carry earlier times. One thread, also for reading. Source:
+// chrony.conf(5), directive log, option tracking.
 #pragma once
 
 #include "studies/tracking/rolling_statistics.h"
@@ -56,7 +56,9 @@ struct tracking {
     std::optional<int> co;                // combined sources
     std::optional<double> offset_sd;      // s
     std::optional<double> rem_cor;        // s; positive: the clock is behind and is being sped up
+    std::optional<double> root_delay;     // s
     std::optional<double> rootdispersion; // s
+    std::optional<double> max_error;      // s; chronyd's own bound of the clock's error since the record before
     std::optional<double> rms_offset;     // these four: rolling statistics, s
     std::optional<double> mean_offset;
     std::optional<double> mean_rem_cor;
