@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace tickervantage {
 namespace {
 
@@ -108,6 +110,44 @@ TEST(ChronyData, ARefusalEndsTheListAndBelongsToWhatWasAskedNext) {
     Capture capture;
     capture.reports = empty;
     EXPECT_TRUE(reports_in(capture).sources->empty()) << "no source is not the same as not known";
+}
+
+TEST(ChronyData, ReportsOfOtherVersionsKeepTheirNames) {
+    struct Case {
+        std::vector<std::string> asked;
+        std::string output;
+        std::string report; // in which there is a line of another version
+        std::string sentence;
+    };
+    const std::string all = open_lines;
+    const std::string tracking = all.substr(0, all.find('\n') + 1);
+    const std::string authdata = "127.0.0.1,NTS,1,15,256,3600,0,0,8,100\n";
+    const std::string source = "^,*,127.0.0.1,5,-2,377,0,0.1,0.2,0.3\n";
+    for (const auto& [asked, output, report, sentence] : {
+             Case{open_reports, "a," + all, "tracking",
+                  "A line of the report \"tracking\" has 15 columns instead of 14: a," +
+                      tracking.substr(0, tracking.size() - 1)},
+             {open_reports, tracking + source + "a,2,3\n2,0,0,0,1\n", "sourcestats",
+              "A line of the report \"sourcestats\" has 3 columns instead of 8: a,2,3"},
+             {open_reports, tracking + "#,*,A,B,0,4,17,5,0.1,0.2,0.3\n" + source + "2,0,0,0,1\n", "sources",
+              "A line of the report \"sources\" has 11 columns instead of 10: #,*,A,B,0,4,17,5,0.1,0.2,0.3"},
+             {root_reports, authdata + "1,2\n3,4,5\n", "serverstats",
+              "A line of the report \"serverstats\" has 3 columns instead of 11 or 17: 3,4,5"},
+         }) {
+        Capture capture;
+        capture.reports = divided_reports(output, asked);
+        const ChronyReports reports = reports_in(capture);
+        const auto odd =
+            std::ranges::find(reports.problems, report, [](const Failure& one) { return one.arguments[0]; });
+        ASSERT_NE(odd, reports.problems.end()) << report;
+        EXPECT_EQ(english(*odd), sentence);
+        EXPECT_EQ(asked == open_reports, reports.activity.has_value()) << "the rest goes on";
+        EXPECT_TRUE(asked != open_reports || !reports.sources->empty()) << report;
+    }
+    const auto newer = divided_reports(authdata + "518 Packet length mismatch\n", root_reports);
+    EXPECT_EQ(newer.at("ntpdata").refusal, "518 Packet length mismatch");
+    EXPECT_EQ(newer.at("authdata").text, authdata);
+    EXPECT_FALSE(newer.contains("serverstats"));
 }
 
 TEST(ChronyData, NamesAreJoinedOnlyWhereTheRowsAreTheSame) {

@@ -136,17 +136,24 @@ ChronyReports reports_in(const Capture& capture) {
 std::map<std::string, CapturedReport> divided_reports(std::string_view output, const std::vector<std::string>& asked) {
     std::map<std::string, CapturedReport> reports;
     auto turn = asked.begin();
+    std::ptrdiff_t commas_above = 0;
     for (const std::string_view line : non_empty_lines(output)) {
         if (is_refusal(line)) {
             const bool next = !reports[*turn].text.empty() && turn + 1 != asked.end();
             reports[*(next ? turn + 1 : turn)].refusal = line;
             return reports;
         }
-        // A line of a shape that nobody knows stays with the report above it.
-        const auto meant = std::find(turn, asked.end(), report_of(line));
-        for (; meant != asked.end() && turn != meant; ++turn)
+        // Lines of a shape that nobody knows begin the report whose turn is next, unless the lines above are as wide.
+        const auto commas = std::ranges::count(line, ',');
+        auto meant = std::ranges::find(asked, report_of(line));
+        if (meant == asked.end()) {
+            const bool begins = commas != commas_above && !reports[*turn].text.empty();
+            meant = begins && turn + 1 != asked.end() ? turn + 1 : turn;
+        }
+        for (; turn < meant; ++turn)
             reports.try_emplace(*turn);
-        reports[*turn].text += std::string(line) + '\n';
+        reports[*meant].text += std::string(line) + '\n';
+        commas_above = commas;
     }
     if (!reports.empty())
         for (; turn != asked.end(); ++turn)

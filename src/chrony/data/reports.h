@@ -32,7 +32,8 @@ struct ChronyReports {
 [[nodiscard]] ChronyReports reports_in(const Capture& capture);
 
 // What one run of chronyc with the option -m printed for the commands asked, in their order, cut into its reports
-// again: by the number of columns, since an empty report prints nothing. Its last words when a command was refused
+// again: by the number of columns, since an empty report prints nothing. Lines with a number that no report is known to
+// have begin the report that was asked for next. Its last words when a command was refused
 // become the refusal of the command whose turn it was; of those behind it nothing is known.
 [[nodiscard]] std::map<std::string, CapturedReport> divided_reports(std::string_view output,
                                                                     const std::vector<std::string>& asked);
