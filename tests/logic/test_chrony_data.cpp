@@ -112,6 +112,18 @@ TEST(ChronyData, ARefusalEndsTheListAndBelongsToWhatWasAskedNext) {
     EXPECT_TRUE(reports_in(capture).sources->empty()) << "no source is not the same as not known";
 }
 
+TEST(ChronyData, NoUpdateIsOfAYearBeyondTheCalendar) {
+    for (const auto& [moment, is_there] : {std::pair{"1795329879.384664781", true},
+                                           {"253402300799.9", true},
+                                           {"253402300800.0", false},
+                                           {"17953298792384664781", false},
+                                           {"-1.0", false}}) {
+        const ChronyReports reports = reports_in(capture_of({.time = moment}, {}));
+        ASSERT_TRUE(reports.tracking) << moment;
+        EXPECT_EQ(reports.tracking->reference_time.has_value(), is_there) << moment;
+    }
+}
+
 TEST(ChronyData, ReportsOfOtherVersionsKeepTheirNames) {
     struct Case {
         std::vector<std::string> asked;

@@ -11,6 +11,7 @@ namespace tickervantage {
 namespace {
 
 constexpr std::uint32_t never = 4294967295U; // chronyc's word for it
+constexpr double year_10000 = 253402300800;  // s since 1970; no calendar goes beyond it
 
 std::vector<std::string_view> columns_of(std::string_view line) {
     std::vector<std::string_view> columns;
@@ -100,7 +101,7 @@ void read_tracking(Row& row, TrackingData& tracking) {
     tracking.reference_id = row.integer<std::uint32_t>(16);
     tracking.address = row.text();
     tracking.stratum = row.integer();
-    if (const double moment = row.real(); moment > 0)
+    if (const double moment = row.real(); moment > 0 && moment < year_10000)
         tracking.reference_time = moment;
     tracking.system_time = 0.0 - row.real(); // this column is positive for a clock that is behind
     tracking.last_offset = row.real();
