@@ -74,6 +74,7 @@ TEST(TrackingReport, AsARecordLacksWhatTheTextLacks) {
     EXPECT_EQ(whole->system_time, -0.000000806);
     EXPECT_EQ(whole->residual_frequency_ppm, -0.001);
     EXPECT_EQ(whole->skew_ppm, 0.128);
+    EXPECT_EQ(whole->frequency_ppm, -12.345);
     const auto poor = tracking_in_text("Leap status : Normal\nRoot delay : none\nReference ID : ()\n");
     ASSERT_TRUE(poor);
     EXPECT_FALSE(poor->reference_id || poor->stratum || poor->reference_time || poor->system_time || poor->root_delay);

@@ -289,6 +289,14 @@ TEST(Explanation, GivesTheNumbersThatDecided) {
     EXPECT_TRUE(explanations_of(explain(reports_in(capture), {}), "nobody").empty());
 }
 
+TEST(Explanation, NamesTheLimitOfTheLastLineThatSetsIt) {
+    const Capture capture = capture_of({}, {{.address = "192.0.2.1", .letter = '?', .selected = 'd'}});
+    const auto explanations =
+        explain(reports_in(capture), {{.path = "a", .text = "maxdistance 1\nMaxDistance 0.016 # near ones\n"}});
+    EXPECT_EQ(english(explanations.at(0).sentences.at(0)),
+              "Its time may be off by more than maxdistance (16.0 ms) allows.");
+}
+
 TEST(Explanation, IsNeverLongWhateverAServerCallsItself) {
     const std::string name = std::string(300, 'n') + "\x1b[31m";
     for (const char selected : std::string("*+NsMd~wxWPUDLrSOT!")) {

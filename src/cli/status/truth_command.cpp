@@ -175,6 +175,16 @@ std::vector<Part> parts_of(const std::optional<ErrorBudget>& budget) {
             {"age", "Last update", has_age ? budget->age : std::nullopt, duration, "ago"}};
 }
 
+void print_parts(const std::vector<Part>& parts, std::ostream& out) {
+    constexpr std::size_t label_width = 12;
+    constexpr std::size_t value_width = 10;
+    out << '\n';
+    for (const Part& part : parts)
+        out << padded(part.label, label_width) << ": "
+            << padded(part.value ? text_of({.value = *part.value, .kind = part.kind}) : not_known, value_width) << ' '
+            << part.meaning << '\n';
+}
+
 Json probe_json(const ProbeRequest& request, const ProbeAnswer& answer, const std::string& sentence) {
     constexpr int ntp_port = 123;
     return {{"host", request.host},
@@ -195,6 +205,12 @@ std::string sentence_of(const ProbeRequest& request, const ProbeAnswer& answer) 
 }
 
 } // namespace
+
+void print_heading(const Headline& headline, std::ostream& out) {
+    out << verdict_line(headline) << ' ' << english(headline.error) << '\n';
+    if (headline.caution)
+        out << english(*headline.caution) << '\n';
+}
 
 int print_sources(const std::vector<JudgedSource>& sources, DocumentForm form, std::ostream& out) {
     if (form == DocumentForm::text) {
@@ -233,18 +249,17 @@ int print_explanations(const std::vector<Explanation>& explanations, DocumentFor
 
 int print_budget(const ClockReading& reading, DocumentForm form, std::ostream& out) {
     const auto budget = budget_of(reading);
-    if (form == DocumentForm::text)
-        out << verdict_line(headline_of(reading)) << "\n\n";
-    Json document;
-    for (const Part& part : parts_of(budget)) {
-        document[part.key] = or_null(part.value);
-        if (form == DocumentForm::text)
-            out << padded(part.label, 12) << ": "
-                << padded(part.value ? text_of({.value = *part.value, .kind = part.kind}) : not_known, 10) << ' '
-                << part.meaning << '\n';
-    }
-    if (form != DocumentForm::text)
+    const std::vector<Part> parts = parts_of(budget);
+    if (form == DocumentForm::text) {
+        print_heading(headline_of(reading), out);
+        if (budget)
+            print_parts(parts, out);
+    } else {
+        Json document;
+        for (const Part& part : parts)
+            document[part.key] = or_null(part.value);
         print_json(document, form, out);
+    }
     out.flush();
     return budget ? 0 : answer_is_no;
 }

@@ -13,6 +13,9 @@
 
 namespace tickervantage {
 
+// The answer in a few words, above what explains it.
+void print_heading(const Headline& headline, std::ostream& out);
+
 // 0, also for none.
 int print_sources(const std::vector<JudgedSource>& sources, DocumentForm form, std::ostream& out);
 

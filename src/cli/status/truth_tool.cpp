@@ -20,6 +20,10 @@ namespace {
 
 constexpr std::size_t largest_report = 1U << 20U; // bytes
 
+constexpr const char* lacking_capture =
+    "\nThis capture lacks what chronyd tells root only: tickerctl capture --root takes it along.\n";
+constexpr const char* lacking_rights = "\nchronyd tells root more of its sources: tickerctl explain --root\n";
+
 std::string host_name() {
     std::array<char, 256> name{};
     return ::gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "unknown";
@@ -160,12 +164,12 @@ int Tool::explain() {
             return fail(unknown_source(*m_arguments.source, explanations));
         explanations = std::move(wanted);
     } else if (form() == DocumentForm::text) {
-        const Headline answer = headline_of(reading);
-        std::cout << verdict_line(answer) << ' ' << english(answer.error) << '\n';
-        if (answer.caution)
-            std::cout << english(*answer.caution) << '\n';
+        print_heading(headline_of(reading), std::cout);
     }
-    return print_explanations(explanations, form(), std::cout);
+    const int answer = print_explanations(explanations, form(), std::cout);
+    if (form() == DocumentForm::text && !explanations.empty() && !reading.reports.selection)
+        std::cout << (m_arguments.from ? lacking_capture : lacking_rights);
+    return answer;
 }
 
 int Tool::budget() {
