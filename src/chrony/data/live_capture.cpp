@@ -46,7 +46,7 @@ std::vector<std::string> of_all_sources(std::vector<std::string> commands) {
 }
 
 void add_names(const Runchronyc& chronyc, Capture& capture) {
-    const ExecuteResult result = chronyc.run_for_data(of_all_sources({"sources"}), SourceNames::of_configuration);
+    const ExecuteResult result = run_for_names(chronyc);
     CapturedReport& named = capture.reports["sources -N"];
     if (result.outcome == ExecuteOutcome::exited && result.exit_status == 0)
         named.text = result.output;
@@ -54,10 +54,11 @@ void add_names(const Runchronyc& chronyc, Capture& capture) {
         named.refusal = first_line(result.output);
 }
 
-ExecuteResult root_data(const Runchronyc& chronyc) {
-    if (auto through_helper = chronyc.run_privileged_for_data())
-        return *std::move(through_helper);
-    return chronyc.run_for_data(of_all_sources(root_reports));
+// As large as it is, which may be nothing.
+std::size_t room_for(const std::string& path) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(path, error);
+    return error ? 0 : std::min<std::uintmax_t>(size, largest_file);
 }
 
 // A pipe would hold up whoever opens it.
@@ -70,7 +71,7 @@ std::string text_of_file(const std::string& path) {
     if (!is_file(path))
         return {};
     std::ifstream file(path, std::ios::binary);
-    std::string text(largest_file, '\0');
+    std::string text(room_for(path), '\0');
     file.read(text.data(), static_cast<std::streamsize>(text.size()));
     text.resize(static_cast<std::size_t>(std::max<std::streamsize>(file.gcount(), 0)));
     return text;
@@ -84,17 +85,40 @@ const char* fact_of(std::optional<bool> steers) {
 
 } // namespace
 
-Capture read_capture(const Runchronyc& chronyc, CaptureDepth depth) {
+ExecuteResult run_open_reports(const Runchronyc& chronyc) {
+    return chronyc.run_for_data(of_all_sources(open_reports));
+}
+
+ExecuteResult run_root_reports(const Runchronyc& chronyc) {
+    if (auto through_helper = chronyc.run_privileged_for_data())
+        return *std::move(through_helper);
+    return chronyc.run_for_data(of_all_sources(root_reports));
+}
+
+ExecuteResult run_for_names(const Runchronyc& chronyc) {
+    return chronyc.run_for_data(of_all_sources({"sources"}), SourceNames::of_configuration);
+}
+
+Capture capture_of_open_reports(const ExecuteResult& run) {
     Capture capture;
-    add(chronyc.run_for_data(of_all_sources(open_reports)), open_reports, capture);
+    add(run, open_reports, capture);
     capture.facts["time"] = text_of_moment(seconds_now());
+    return capture;
+}
+
+void add_root_reports(const ExecuteResult& run, Capture& capture) {
+    add(run, root_reports, capture);
+}
+
+Capture read_capture(const Runchronyc& chronyc, CaptureDepth depth) {
+    Capture capture = capture_of_open_reports(run_open_reports(chronyc));
     capture.facts["steers"] = fact_of(steers(RunningCheck(chronyc.extra()).check()));
     if (!capture.reports["tracking"].refusal.empty())
         return capture; // a chronyc that hung would only do so again
     if (depth != CaptureDepth::open)
         add_names(chronyc, capture);
     if (depth == CaptureDepth::with_root)
-        add(root_data(chronyc), root_reports, capture);
+        add_root_reports(run_root_reports(chronyc), capture);
     return capture;
 }
 

@@ -2,6 +2,7 @@
 // Blocks for as long as chronyc takes: not on the main thread.
 #pragma once
 
+#include "base/execute.h"
 #include "chrony/data/capture.h"
 
 #include <string>
@@ -17,6 +18,13 @@ enum class CaptureDepth : unsigned char {
     with_root,  // and selectdata, authdata, ntpdata, serverstats: through the root helper where it is ready, else they
                 // are refused unless chronyd admits this user
 };
+
+// The runs by themselves, for who wants to know how each ended, and what they bring.
+[[nodiscard]] ExecuteResult run_open_reports(const Runchronyc& chronyc);
+[[nodiscard]] ExecuteResult run_root_reports(const Runchronyc& chronyc);
+[[nodiscard]] ExecuteResult run_for_names(const Runchronyc& chronyc); // "sources" by the configuration's names
+[[nodiscard]] Capture capture_of_open_reports(const ExecuteResult& run);
+void add_root_reports(const ExecuteResult& run, Capture& capture);
 
 // With the facts "time" and "steers", the latter of the daemon that this chronyc asks. A chronyc that could not be run
 // is a refusal of "tracking" in the words of this program, and nothing more is asked then.

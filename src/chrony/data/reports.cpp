@@ -34,20 +34,6 @@ std::optional<Row> only_row(std::optional<std::vector<Row>> rows) {
     return rows && !rows->empty() ? std::optional(std::move(rows->front())) : std::nullopt;
 }
 
-// Both lists come from runs of chronyc one after the other, and the names have no address beside them: they are joined
-// only where each row is of the same kind, poll and stratum.
-std::map<std::string, std::string> names_of(const std::vector<SourceData>& sources,
-                                            const std::vector<SourceData>& named) {
-    const auto same_row = [](const SourceData& one, const SourceData& other) {
-        return one.mode == other.mode && one.poll == other.poll && one.stratum == other.stratum;
-    };
-    std::map<std::string, std::string> names;
-    if (std::ranges::equal(sources, named, same_row))
-        for (std::size_t row = 0; row < sources.size(); ++row)
-            names[sources[row].source] = named[row].source;
-    return names;
-}
-
 std::optional<bool> steering_in(const Capture& capture) {
     const auto fact = capture.facts.find("steers");
     if (fact == capture.facts.end() || (fact->second != "yes" && fact->second != "no"))
@@ -127,10 +113,22 @@ ChronyReports reports_in(const Capture& capture) {
     reports.ntp = rows_of(capture, "ntpdata", read_ntpdata_csv, problems);
     reports.server = only_row(rows_of(capture, "serverstats", read_serverstats_csv, problems));
     if (const auto named = rows_of(capture, "sources -N", read_sources_csv, problems); named && reports.sources)
-        reports.names = names_of(*reports.sources, *named);
+        reports.names = names_of_sources(*reports.sources, *named);
     if (const auto tracking = capture.reports.find("tracking"); tracking != capture.reports.end())
         reports.refusal = tracking->second.refusal;
     return reports;
+}
+
+std::map<std::string, std::string> names_of_sources(const std::vector<SourceData>& sources,
+                                                    const std::vector<SourceData>& named) {
+    const auto same_row = [](const SourceData& one, const SourceData& other) {
+        return one.mode == other.mode && one.poll == other.poll && one.stratum == other.stratum;
+    };
+    std::map<std::string, std::string> names;
+    if (std::ranges::equal(sources, named, same_row))
+        for (std::size_t row = 0; row < sources.size(); ++row)
+            names[sources[row].source] = named[row].source;
+    return names;
 }
 
 std::map<std::string, CapturedReport> divided_reports(std::string_view output, const std::vector<std::string>& asked) {

@@ -31,6 +31,11 @@ struct ChronyReports {
 
 [[nodiscard]] ChronyReports reports_in(const Capture& capture);
 
+// The configuration's names by address. Both lists come from runs of chronyc one after the other, and the names have no
+// address beside them: they are joined only where each row is of the same kind, poll and stratum.
+[[nodiscard]] std::map<std::string, std::string> names_of_sources(const std::vector<SourceData>& sources,
+                                                                  const std::vector<SourceData>& named);
+
 // What one run of chronyc with the option -m printed for the commands asked, in their order, cut into its reports
 // again: by the number of columns, since an empty report prints nothing. Lines with a number that no report is known to
 // have begin the report that was asked for next. Its last words when a command was refused

@@ -1,6 +1,7 @@
 #include "chrony/truth/explain.h"
 
 #include "base/translatable.h"
+#include "chrony/truth/source_interval.h"
 
 #include <algorithm>
 #include <array>
@@ -35,13 +36,6 @@ std::string host_of(const JudgedSource& source) {
     return source.name.value_or(source.data.source);
 }
 
-bool agrees(const JudgedSource& source) {
-    using enum SelectionRule;
-    static constexpr std::array agreeing{best,         combined, required, not_preferred, new_measurement,
-                                         not_combined, outlier,  stratum};
-    return std::ranges::find(agreeing, source.rule) != agreeing.end();
-}
-
 // What those that agree have in common.
 struct SharedInterval {
     double low = 0;
@@ -62,7 +56,7 @@ void add_interval(const JudgedSource& source, Selection& selection) {
     if (!source.selection || !source.selection->low)
         return;
     ++selection.with_interval;
-    if (!agrees(source))
+    if (!is_believed(source.rule))
         return;
     const SharedInterval before =
         selection.shared.value_or(SharedInterval{*source.selection->low, *source.selection->high});
