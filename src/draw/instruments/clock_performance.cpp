@@ -47,6 +47,7 @@ std::string tenths_text(int deflection) {
 ClockPerformance::ClockPerformance(std::function<void()> redraw) : m_redraw(std::move(redraw)) {}
 
 void ClockPerformance::setValue(double value, bool perSecond) {
+    m_has_value = true;
     m_scale = scale_for(value);
     m_value = value;
     set_full_scale(m_scale * DIVISIONS);
@@ -54,6 +55,11 @@ void ClockPerformance::setValue(double value, bool perSecond) {
         m_scale_units += "/s";
     if (m_redraw)
         m_redraw();
+}
+
+void ClockPerformance::setNoValue() {
+    setValue(0, false);
+    m_has_value = false;
 }
 
 void ClockPerformance::set_full_scale(std::uint64_t full_scale) {
@@ -113,7 +119,8 @@ void ClockPerformance::draw_face(Canvas& canvas, Rect bounds) {
 
 void ClockPerformance::draw_hands(Canvas& canvas, Rect bounds) const {
     const Dial dial(bounds, meterIntervals);
-    dial.draw_needle(canvas, {STRAIGHT_UP - deflection(), 0.98, 1.0, ColorRole::text});
+    if (m_has_value)
+        dial.draw_needle(canvas, {STRAIGHT_UP - deflection(), 0.98, 1.0, ColorRole::text});
     dial.draw_hub(canvas);
 }
 

@@ -26,6 +26,9 @@ public:
 
     void setValue(double value, bool perSecond);
 
+    // As a value of 0, but without a needle: there is nothing to show.
+    void setNoValue();
+
     void draw(Canvas& canvas, Rect bounds);
 
     // The two halves of draw: face, ticks and labels, which change with the scale only, and the needle over them.
@@ -50,6 +53,7 @@ private:
     std::function<void()> m_redraw;
     std::optional<Path> m_ticks;
     Rect m_ticks_bounds;
+    bool m_has_value = true;
     std::uint64_t m_scale = 1;
     double m_value = 0;
     int m_scale_exp = 1;
