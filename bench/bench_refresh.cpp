@@ -1,8 +1,11 @@
-// One refresh of the status against the bare cost of what it cannot do without: running chronyc once.
+// One refresh of the status against the bare cost of what it cannot do without: running chronyc twice.
 //
-//   bare     posix_spawn of "chronyc -n -h SOCKET tracking", its output read, its end awaited, on the main thread
+//   bare     posix_spawn of the same two chronyc, one for the reports as data and one for the text that is shown, their
+//            output read, their end awaited, on the main thread
 //   refresh  the status cycle over the same command, from the request to the values on a display without a window
 //   window   the same in the real main window, offscreen
+//   sources  a reading of a thousand sources, sorted by their offsets, applied to the window's table and picture, and
+//            both painted: processor time of the main thread
 //
 // Counters, of the main thread and in seconds of processor time: `main` from the request until everything was handed to
 // the display, `paint` for repainting the window afterwards.
@@ -11,6 +14,9 @@
 #include "bench/daemon.h"
 #include "bench/timing.h"
 
+#include "chrony/truth/clock_truth.h"
+#include "gui/main/sources_model.h"
+#include "gui/main/sources_panel.h"
 #include "gui/main/tickervantage_window.h"
 #include "linux/private_temporary.h"
 #include "qt/qt_main_thread.h"
@@ -18,8 +24,11 @@
 #include "support/manual_timer.h"
 
 #include <benchmark/benchmark.h>
+#include <fmt/format.h>
 #include <QApplication>
+#include <QTableView>
 
+#include <array>
 #include <condition_variable>
 #include <deque>
 #include <memory>
@@ -68,6 +77,7 @@ public:
     void redraw_meter() override {}
     void show_meter_value(const std::string& text) override { m_meter_value = text; }
     void show_status(chronydStatus status) override { m_status = status; }
+    void show_truth(std::shared_ptr<const ClockTruth> truth) override { m_truth = std::move(truth); }
     void show_clock_not_adjusted(bool shown) override { m_not_adjusted = shown; }
     void show_versions(const ProgramVersion& chronyc, const ProgramVersion&) override { m_version = chronyc.label; }
     void show_original_name_choice(bool) override {}
@@ -90,18 +100,22 @@ private:
     std::string m_version;
     std::string m_output;
     StatusNotice m_notice;
+    std::shared_ptr<const ClockTruth> m_truth;
     chronydStatus m_status = chronydStatus::unavailable;
     bool m_not_adjusted = false;
 };
 
 void run_bare(benchmark::State& state, const Daemon& daemon) {
-    std::vector<std::string> words{daemon.chronyc(), "-n"};
+    std::vector<std::string> text{daemon.chronyc(), "-n"};
     for (const auto& word : daemon.chronyc_arguments())
-        words.push_back(word);
-    words.emplace_back("tracking");
+        text.push_back(word);
+    std::vector<std::string> data = text;
+    text.emplace_back("tracking");
+    data.insert(data.end(), {"-c", "-m", "tracking", "sources -a", "sourcestats -a", "activity"});
     for (auto iteration : state) {
         const auto start = Clock::now();
-        benchmark::DoNotOptimize(bare_spawn(words));
+        benchmark::DoNotOptimize(bare_spawn(data));
+        benchmark::DoNotOptimize(bare_spawn(text));
         state.SetIterationTime(seconds_since(start));
     }
 }
@@ -176,6 +190,56 @@ private:
     bool m_applied = false;
 };
 
+// A thousand sources in a window, in two readings whose order differs.
+class ManySources {
+public:
+    ManySources() {
+        m_panel.resize(width, height);
+        m_panel.show();
+        m_panel.findChild<QTableView*>(QStringLiteral("sources"))
+            ->sortByColumn(SourcesModel::offset, Qt::AscendingOrder);
+        show_next();
+        Window::paint();
+    }
+    void show_next() {
+        m_panel.show_truth(m_readings[m_next]);
+        m_next = 1 - m_next;
+    }
+
+private:
+    static constexpr int width = 1100;
+    static constexpr int height = 900;
+
+    static std::shared_ptr<const ClockTruth> reading(int seed) {
+        constexpr int sources = 1000;
+        Capture capture;
+        for (int i = 0; i < sources; ++i) {
+            const std::string address = fmt::format("10.0.{}.{}", i / 250, i % 250 + 1);
+            const int offset = (i * 7919 + seed * 104'729) % 1'000'003; // ns
+            capture.reports["sources"].text +=
+                fmt::format("^,{},{},2,6,377,{},0.{:09},0.{:09},0.000150000\n", i == 0 ? '*' : '+', address,
+                            (i + seed) % 64, offset, offset);
+            capture.reports["selectdata"].text +=
+                fmt::format("{},{},N,-,-,-,-,-,-,-,-,-,-,5,1.0,-0.00{:07},0.00{:07},Normal\n", i == 0 ? '*' : '+',
+                            address, offset, offset + 1000);
+        }
+        return std::make_shared<const ClockTruth>(clock_truth(reports_in(capture), {}));
+    }
+
+    SourcesPanel m_panel{nullptr};
+    std::array<std::shared_ptr<const ClockTruth>, 2> m_readings{reading(1), reading(2)};
+    std::size_t m_next = 0;
+};
+
+void run_sources(benchmark::State& state, ManySources& sources) {
+    for (auto iteration : state) {
+        const double start = thread_seconds();
+        sources.show_next();
+        Window::paint();
+        state.SetIterationTime(thread_seconds() - start);
+    }
+}
+
 template <typename Subject>
 void run_refresh(benchmark::State& state, Subject& subject) {
     Spent spent;
@@ -202,12 +266,16 @@ int run(int argc, char** argv) {
     daemon.wait_until_synchronised();
     Plain plain(daemon);
     Window window(daemon);
+    ManySources sources;
     benchmark::RegisterBenchmark("bare", [&](benchmark::State& state) { run_bare(state, daemon); })->UseManualTime();
     benchmark::RegisterBenchmark("refresh", [&](benchmark::State& state) {
         run_refresh(state, plain);
     })->UseManualTime();
     benchmark::RegisterBenchmark("window", [&](benchmark::State& state) {
         run_refresh(state, window);
+    })->UseManualTime();
+    benchmark::RegisterBenchmark("sources", [&](benchmark::State& state) {
+        run_sources(state, sources);
     })->UseManualTime();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))

@@ -160,7 +160,8 @@ StatusCycleOptions AppDelegate::cycle_options() {
     return {.preferences = m_general,
             .bundle = m_parts.paths.bundle,
             .gpsd_application_found = [] { return has_application(QLatin1String(StatusCycle::GPSD_CONF_ID)); },
-            .chronyc_arguments = m_daemon.chronyc_arguments};
+            .chronyc_arguments = m_daemon.chronyc_arguments,
+            .configuration = m_daemon.configuration};
 }
 
 void AppDelegate::update_optional_items() const {

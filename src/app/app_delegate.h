@@ -57,7 +57,8 @@ struct ApplicationParts {
 struct DaemonChoice {
     std::vector<std::string> chronyc_arguments;
     QString standing_notice;
-    std::string tracking_log; // empty: in the folder that chrony.conf names
+    std::string tracking_log;  // empty: in the folder that chrony.conf names
+    std::string configuration; // empty: that of the preferences
 };
 
 class AppDelegate : public QObject {

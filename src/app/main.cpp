@@ -61,7 +61,8 @@ DaemonChoice demonstration_choice(const Demonstration& demonstration) {
             .standing_notice =
                 Texts::tr("Demonstration: you see a chronyd that this program started for itself, on this "
                           "machine alone. It follows a second one and leaves your clock as it is."),
-            .tracking_log = demonstration.tracking_log()};
+            .tracking_log = demonstration.tracking_log(),
+            .configuration = demonstration.client_config()};
 }
 
 std::string search_path() {

@@ -11,13 +11,16 @@
 #include <QPixmap>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSlider>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QTableView>
 #include <QTabWidget>
 #include <QTimer>
 
 #include <algorithm>
+#include <climits>
 #include <cstdio>
 #include <utility>
 
@@ -78,20 +81,39 @@ void ScreenshotTour::plan() {
          [command] {
              command("ntpdata");
          }},
+        {QStringLiteral("main-window-explained"),
+         [&window, command] {
+             window.findChild<QPushButton*>(QStringLiteral("explain_verdict"))->click();
+             window.findChild<QPushButton*>(QStringLiteral("ask_root_reports"))->click();
+             command("activity");
+         }},
         {QStringLiteral("main-window-dark"),
-         [this, command] {
+         [this, &window, command] {
              show_dark(true), command("tracking");
+             if (auto* sources = window.findChild<QTableView*>(QStringLiteral("sources")))
+                 sources->selectRow(0);
          }},
         {QStringLiteral("main-window-large"),
          [this, &window, command] {
              show_dark(false);
-             window.resize(1400, 900);
+             window.resize(1900, 1150);
              command("sourcestats");
          }},
+        {QStringLiteral("main-window-large-dark"),
+         [this, command] {
+             show_dark(true);
+             command("sources");
+         }},
         {QStringLiteral("main-window-small"),
-         [&window, command] {
-             window.resize(window.minimumSizeHint());
+         [this, &window, command] {
+             show_dark(false);
+             window.resize(640, 480);
              command("sourcestats -v");
+         }},
+        {QStringLiteral("main-window-small-scrolled"),
+         [&window, command] {
+             window.findChild<QScrollArea*>(QStringLiteral("main_area"))->ensureVisible(0, INT_MAX);
+             command("sourcestats");
          }},
     };
 }

@@ -1,6 +1,7 @@
 #include "qt/in_words.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 
 #include <system_error>
 
@@ -20,6 +21,15 @@ std::string own_system_words(int error) {
 
 QString in_words(const Failure& failure) {
     return QString::fromStdString(put_into_words(failure, {.words = own_words, .system_words = own_system_words}));
+}
+
+QString in_words(const Sentence& sentence) {
+    const std::string words = QCoreApplication::translate(sentence.context, sentence.words).toStdString();
+    return QString::fromStdString(filled(words, sentence, QLocale().decimalPoint().toStdString()));
+}
+
+QString in_words(const Quantity& quantity) {
+    return QString::fromStdString(text_of(quantity, QLocale().decimalPoint().toStdString()));
 }
 
 } // namespace tickervantage

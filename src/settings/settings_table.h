@@ -8,6 +8,7 @@ TV_SETTING(IntegerKey, meter_view, 1,
            "quantity on the meter: 0 system time, 1 last offset, 2 RMS offset, 3 root delay, 4 root dispersion, "
            "5 frequency",
            0, 5, Limit::when_set)
+TV_SETTING(BooleanKey, meter_error_bound, false, "the meter shows the error bound, whatever meter_view says")
 TV_SETTING(BooleanKey, ip_address, false, "show numeric addresses instead of names")
 TV_SETTING(BooleanKey, original_name, false, "show source names as the configuration has them")
 TV_SETTING(IntegerKey, chronyc_interval, 10, "seconds between two refreshes", 1, 60)

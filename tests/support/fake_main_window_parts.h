@@ -28,9 +28,19 @@ struct FakeMainWindowParts {
     std::string root = "/no/such/machine"; // where a chronyd is looked for
 
     FakeMainWindowParts() {
-        execute.answer("chronyc tracking", tracking_text());
+        report();
         execute.answer("chronyc -v", "chronyc (chrony) version 4.3 (+READLINE)\n");
         execute.answer("chronyd -v", "chronyd (chrony) version 4.3 (+CMDMON)\n");
+    }
+
+    // What chronyd says from now on, in both forms; `sources` as lines of data.
+    void report(const std::string& leap = "Normal", const std::string& sources = {}) {
+        execute.answer("chronyc tracking", tracking_text(leap));
+        execute.answer("chronyc -m", tracking_line(leap) + sources + "0,0,0,0,0\n");
+    }
+    void fall_silent() {
+        for (const char* run : {"chronyc tracking", "chronyc -m"})
+            execute.answer(run, "506 Cannot talk to daemon\n", 1);
     }
 
     [[nodiscard]] StatusCycleParts parts() {

@@ -24,4 +24,11 @@ inline std::string tracking_text(const std::string& leap = "Normal", const std::
            leap + "\n";
 }
 
+// The same report as "chronyc -n -c" prints it. The number is as above, in ppm, slow below zero.
+inline std::string tracking_line(const std::string& leap = "Normal", const std::string& frequency = "-12.345",
+                                 const std::string& reference_id = "7F000001") {
+    return reference_id + ",127.0.0.1,6,1795238432.000000000,0.000000806,-0.000000032,0.000001125," + frequency +
+           ",-0.001,0.128,0.000005637,0.000001995,0.5," + leap + "\n";
+}
+
 } // namespace tickervantage::testing

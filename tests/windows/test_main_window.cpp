@@ -67,7 +67,7 @@ TEST_F(MainWindowTest, ShowsExactlyOneStatusImageInEveryState) {
          {std::tuple{"Normal", "status_chronyd_synchronised", "Synchronised"},
           std::tuple{"Insert second", "status_chronyd_notlocked", "Not synchronised"},
           std::tuple{"Delete second", "status_chronyd_unavailable", "Not available"}}) {
-        fakes.execute.answer("chronyc tracking", testing::tracking_text(leap));
+        fakes.report(leap);
         window->cycle().refresh();
         fakes.settle();
         EXPECT_TRUE(find<QWidget>(image)->isVisible()) << leap;

@@ -52,7 +52,7 @@ TEST_F(PathsInUse, ChangedPathIsUsedByTheNextRunAndHalfAPathIsNotRun) {
     type("m_chronyc", program("mine"));
     EXPECT_EQ(runs_of("mine", ""), 0) << "it is still being typed";
     finish_edit("m_chronyc");
-    EXPECT_EQ(runs_of("mine", "|tracking"), 1);
+    EXPECT_EQ(runs_of("mine", "|activity"), 1);
     EXPECT_EQ(runs_of("mine", "|-v"), 1);
     EXPECT_EQ(fakes.store.values["file_chronyc"], std::vector<std::string>{program("mine")});
     finish_edit("m_chronyc");
@@ -83,7 +83,7 @@ TEST_F(PathsInUse, WhatIsSetElsewhereIsFollowedAndNotUndone) {
     fakes.store.values["enable_spectrum_win"] = {"true"};
     application->settings_changed();
     settle();
-    EXPECT_EQ(runs_of("theirs", "|tracking"), 1);
+    EXPECT_EQ(runs_of("theirs", "|activity"), 1);
     EXPECT_EQ(application->main_window().findChild<QSpinBox*>(QStringLiteral("m_interval"))->value(), 5);
     EXPECT_EQ(fakes.timer.find("updatetimer")->interval(), 5);
     EXPECT_TRUE(item("showSpectrum")->isVisible());

@@ -10,6 +10,7 @@ template <class Settings, class Visit>
 void each_field(Settings& record, const Visit& visit) {
     visit(settings::chronyc_command, record.chronyCommand);
     visit(settings::meter_view, record.m_meterview);
+    visit(settings::meter_error_bound, record.meter_error_bound);
     visit(settings::ip_address, record.showIPaddress);
     visit(settings::original_name, record.showOriginalName);
     visit(settings::chronyc_interval, record.m_interval);

@@ -13,6 +13,7 @@ class DefaultSettings;
 struct MainWindowSettings {
     std::string chronyCommand{settings::chronyc_command.fallback};
     meterView m_meterview = meterView::lastoffset;
+    bool meter_error_bound = false; // on the meter, in place of the quantity above
     bool showIPaddress = false;
     bool showOriginalName = false;
     int m_interval = settings::chronyc_interval.fallback; // seconds

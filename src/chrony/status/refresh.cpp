@@ -2,9 +2,12 @@
 
 #include "base/failure_codes.h"
 #include "base/text_lines.h"
+#include "chrony/data/live_capture.h"
+#include "chrony/truth/newest_offsets.h"
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <string_view>
 
 namespace tickervantage {
@@ -16,12 +19,9 @@ ReportText shortened(std::string output, std::optional<Failure> problem) {
     return {std::move(output), std::move(problem)};
 }
 
-ReportText run_command(const RefreshRequest& request, const ExecuteResult& tracking) {
-    if (request.command == "tracking")
-        return shortened(tracking.output, {});
+ReportText run_command(const RefreshRequest& request, const ExecuteResult& data) {
     // A chronyc that could not be run, or hung, a moment ago would only do so again.
-    if (request.command == "version" || is_privileged_report(request.command) ||
-        tracking.outcome != ExecuteOutcome::exited)
+    if (request.command == "version" || is_privileged_report(request.command) || data.outcome != ExecuteOutcome::exited)
         return {};
     ExecuteResult result = request.runner->run(request.command);
     return shortened(std::move(result.output), std::move(result.failure));
@@ -137,16 +137,85 @@ std::optional<std::vector<std::string>> server_names(const std::string& sourcest
     return names;
 }
 
+namespace {
+
+double seconds_now() {
+    return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
+}
+
+std::vector<std::string> addresses_in(const ChronyReports& reports) {
+    std::vector<std::string> addresses;
+    for (const SourceData& source : reports.sources.value_or(std::vector<SourceData>()))
+        addresses.push_back(source.source);
+    return addresses;
+}
+
+} // namespace
+
+std::shared_ptr<const ClockTruth> truth_of(const TruthBasis& basis, const ExecuteResult* root) {
+    Capture capture = basis.capture;
+    if (root != nullptr)
+        add_root_reports(*root, capture);
+    ChronyReports reports = reports_in(capture);
+    if (!reports.tracking && basis.tracking) {
+        reports.tracking = basis.tracking;
+        if (reports.sources && reports.sources->empty())
+            reports.sources.reset(); // lines that could not be told apart, rather than no sources
+    }
+    reports.now = basis.now;
+    reports.steers = basis.steers;
+    reports.names = basis.names;
+    const auto configuration =
+        basis.configuration.empty() ? std::vector<CapturedFile>() : read_configuration(basis.configuration);
+    return std::make_shared<const ClockTruth>(
+        clock_truth(std::move(reports), configuration, newest_offsets(configuration)));
+}
+
+namespace {
+
+// chronyd may well be there although its report as data cannot be read: other versions of chronyc may print others.
+void read_tracking_text(const RefreshRequest& request, TruthBasis& basis, RefreshReading& reading) {
+    reading.silence =
+        request.command == "tracking" ? reading.report_text.output : request.runner->run("tracking").output;
+    reading.report = parse_tracking(reading.silence);
+    basis.tracking = tracking_in_text(reading.silence);
+    if (basis.tracking)
+        reading.truth = truth_of(basis, request.root_reports.get());
+}
+
+} // namespace
+
 RefreshReading read_status(const RefreshRequest& request, RefreshTools& tools) {
     RefreshReading reading;
     reading.gpsd_application_found = tools.gpsd_application_found();
-    reading.tracking = request.runner->run("tracking");
-    reading.report = parse_tracking(reading.tracking.output);
+    const ExecuteResult data = run_open_reports(*request.runner);
+    reading.failure = data.failure;
     reading.discipline = tools.running_check.check();
-    reading.report_text = run_command(request, reading.tracking);
-    if (request.list_servers && reading.tracking.outcome == ExecuteOutcome::exited)
+    reading.report_text = run_command(request, data);
+    TruthBasis basis{.capture = capture_of_open_reports(data),
+                     .now = seconds_now(),
+                     .steers = steers(reading.discipline),
+                     .names = tools.names.names,
+                     .configuration = request.configuration};
+    reading.truth = truth_of(basis, request.root_reports.get());
+    const ChronyReports& reports = reading.truth->reports;
+    reading.silence = reports.refusal;
+    if (reports.tracking)
+        reading.report = report_of(*reports.tracking);
+    else if (reports.refusal.empty() && data.outcome == ExecuteOutcome::exited)
+        read_tracking_text(request, basis, reading);
+    reading.has_new_sources = addresses_in(reading.truth->reports) != tools.names.addresses;
+    reading.basis = std::make_shared<const TruthBasis>(std::move(basis));
+    if (request.list_servers && data.outcome == ExecuteOutcome::exited)
         reading.servers = read_servers(*request.runner);
     return reading;
+}
+
+void read_names(const Runchronyc& runner, const ChronyReports& reports, RefreshTools& tools) {
+    const ExecuteResult run = run_for_names(runner);
+    tools.names = {.addresses = addresses_in(reports), .names = {}};
+    if (reports.sources && run.exit_status == 0)
+        tools.names.names = names_of_sources(*reports.sources, read_sources_csv(run.output).rows);
 }
 
 ReportText read_privileged_report(const RefreshRequest& request) {

@@ -1,6 +1,7 @@
 #include "chrony/status/status_cycle.h"
 
 #include "base/text_lines.h"
+#include "chrony/data/live_capture.h"
 #include "chrony/reports/current_frequency.h"
 
 #include <algorithm>
@@ -95,6 +96,13 @@ void StatusCycle::selectMeter(int index) {
         return;
     }
     m_settings.m_meterview = static_cast<meterView>(index);
+    m_settings.meter_error_bound = false;
+    m_settings.save(m_parts.settings);
+    refresh();
+}
+
+void StatusCycle::show_error_bound() {
+    m_settings.meter_error_bound = true;
     m_settings.save(m_parts.settings);
     refresh();
 }
@@ -197,6 +205,7 @@ void StatusCycle::start_reading() {
     RefreshRequest wanted = request();
     wanted.list_servers = std::exchange(m_list_servers, false);
     start_report(wanted);
+    start_root_reports();
     m_background.start(
         m_parts.queue, [wanted = std::move(wanted), tools = m_tools] { return read_status(wanted, *tools); },
         [this](const RefreshReading& reading) { apply(reading); });
@@ -205,9 +214,11 @@ void StatusCycle::start_reading() {
 RefreshRequest StatusCycle::request() const {
     return {.runner = m_chronyc,
             .command = m_settings.chronyCommand,
+            .configuration = m_options.configuration.empty() ? m_options.preferences.config : m_options.configuration,
             .server = m_settings.m_server,
             .resolve = !m_settings.showIPaddress,
-            .original = m_settings.showOriginalName};
+            .original = m_settings.showOriginalName,
+            .root_reports = m_root_reports};
 }
 
 // One at a time: a later reading asks again.
@@ -234,6 +245,54 @@ void StatusCycle::apply_report(const RefreshRequest& wanted, const ReportText& t
     }
 }
 
+// A daemon of the user's own answers all that chronyc asks; the helper knows the machine's only.
+bool StatusCycle::can_ask_as_root() const {
+    return m_parts.privileged.helper_ready() || !m_options.chronyc_arguments.empty();
+}
+
+void StatusCycle::want_root_reports() {
+    m_wants_root_reports = true;
+    if (can_ask_as_root())
+        start_root_reports();
+    else
+        m_display.ask_for_rights(); // who gets them refreshes
+}
+
+void StatusCycle::start_root_reports() {
+    if (!m_wants_root_reports || m_reads_root_reports)
+        return;
+    if (!can_ask_as_root()) {
+        m_root_reports.reset(); // what they said goes out of date
+        return;
+    }
+    m_reads_root_reports = true;
+    m_background.start(
+        m_parts.report_queue, [runner = m_chronyc] { return run_root_reports(*runner); },
+        [this](const ExecuteResult& run) { apply_root_reports(run); });
+}
+
+// They come later than the reading they belong to, which is judged again.
+void StatusCycle::apply_root_reports(const ExecuteResult& run) {
+    m_reads_root_reports = false;
+    m_root_reports = run.outcome == ExecuteOutcome::exited ? std::make_shared<const ExecuteResult>(run) : nullptr;
+    if (!m_basis || !m_root_reports)
+        return;
+    m_background.start(
+        m_parts.queue, [basis = m_basis, root = m_root_reports] { return truth_of(*basis, root.get()); },
+        [this, basis = m_basis](const std::shared_ptr<const ClockTruth>& truth) {
+            if (basis == m_basis)
+                m_display.show_truth(truth);
+        });
+}
+
+// The next reading tells them by their names.
+void StatusCycle::learn_names(const RefreshReading& reading) {
+    m_background.start(
+        m_parts.queue,
+        [runner = m_chronyc, tools = m_tools, truth = reading.truth] { read_names(*runner, truth->reports, *tools); },
+        [this] { refresh(); });
+}
+
 void StatusCycle::apply(const RefreshReading& reading) {
     m_reading = false;
     if (m_again) {
@@ -247,6 +306,20 @@ void StatusCycle::apply(const RefreshReading& reading) {
     if (reading.servers)
         apply_servers(*reading.servers);
     m_display.show_notice(notice(reading));
+    if (reading.has_new_sources)
+        learn_names(reading);
+}
+
+std::string StatusCycle::meter_text(const RefreshReading& reading) {
+    const auto& budget = reading.truth->budget;
+    const bool has_value = m_settings.meter_error_bound ? budget.has_value() : !reading.report.leapstatus.empty();
+    if (!has_value) {
+        m_meter.setNoValue();
+        return no_value;
+    }
+    return set_meter(m_meter, m_settings.meter_error_bound
+                                  ? MeterInput{.value = budget->bound}
+                                  : choose_meter(m_chronydStatus, m_settings.m_meterview, reading.report));
 }
 
 void StatusCycle::apply_tracking(const RefreshReading& reading) {
@@ -258,8 +331,10 @@ void StatusCycle::apply_tracking(const RefreshReading& reading) {
     if (report.has_frequency) // who listens keeps it for good: a daemon that does not answer has none
         m_parts.broadcast.post(current_frequency_key, current_frequency{report.frequency}, Delivery::later);
     m_chronydStatus = status_from_leap(report.leapstatus);
-    m_display.show_meter_value(set_meter(m_meter, choose_meter(m_chronydStatus, m_settings.m_meterview, report)));
+    m_display.show_meter_value(meter_text(reading));
     m_display.show_status(m_chronydStatus);
+    m_basis = reading.basis;
+    m_display.show_truth(reading.truth);
 }
 
 void StatusCycle::show_output(const RefreshReading& reading) {
@@ -272,16 +347,18 @@ void StatusCycle::show_output(const RefreshReading& reading) {
 
 StatusNotice StatusCycle::notice(const RefreshReading& reading) const {
     using Kind = StatusNotice::Kind;
-    if (reading.tracking.failure)
-        return {.kind = Kind::chronyc_failed, .failure = reading.tracking.failure};
+    if (reading.failure)
+        return {.kind = Kind::chronyc_failed, .failure = reading.failure};
     if (m_chronydStatus == chronydStatus::unavailable && !reading.report.leapstatus.empty())
         return {Kind::unusual_leap, reading.report.leapstatus.substr(0, longest_detail)};
     if (m_chronydStatus == chronydStatus::unavailable)
-        return {Kind::daemon_silent, std::string(trimmed(reading.tracking.output.substr(0, longest_detail)))};
+        return {Kind::daemon_silent, std::string(trimmed(reading.silence.substr(0, longest_detail)))};
     const bool needs_root = is_privileged_report(m_settings.chronyCommand);
     if (needs_root && !m_parts.privileged.helper_ready())
         return {Kind::needs_helper, m_settings.chronyCommand};
-    const auto& problem = needs_root ? m_root_report.problem : reading.report_text.problem;
+    auto problem = needs_root ? m_root_report.problem : reading.report_text.problem;
+    if (!problem && !reading.truth->reports.problems.empty())
+        problem = reading.truth->reports.problems.front();
     return problem ? StatusNotice{.kind = Kind::report_incomplete, .failure = problem} : StatusNotice{};
 }
 

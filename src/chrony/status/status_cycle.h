@@ -44,6 +44,7 @@ struct StatusCycleOptions {
     std::function<bool()> gpsd_application_found;    // called on the queue
     std::vector<std::string> chronyc_arguments = {}; // placed before every command
     std::string root = {};                           // the folder that the machine's files lie in
+    std::string configuration = {};                  // of the daemon shown; empty: that of the preferences
 };
 
 class StatusCycle {
@@ -73,10 +74,15 @@ public:
     // The controls' actions.
     void chronycCommand(const std::string& command);
     void selectMeter(int index); // an index that is no meter view stops the program
+    void show_error_bound();     // on the meter
     void showIPaddresses(bool numeric);
     void showOriginalName(bool original);
     void selectNTPdataServer(const std::string& server);
     void intervalChanged(int seconds);
+
+    // From now on the reports that need root come with each reading, as long as the rights for them are there; asks for
+    // these once.
+    void want_root_reports();
 
     // One reading now, or right after the one that is under way.
     void refresh();
@@ -103,6 +109,11 @@ private:
     [[nodiscard]] RefreshRequest request() const; // as the controls have it now
     void start_report(const RefreshRequest& wanted);
     void apply_report(const RefreshRequest& wanted, const ReportText& text);
+    void start_root_reports();
+    void apply_root_reports(const ExecuteResult& run);
+    [[nodiscard]] bool can_ask_as_root() const;
+    void learn_names(const RefreshReading& reading);
+    [[nodiscard]] std::string meter_text(const RefreshReading& reading);
     void restart_timer();
     [[nodiscard]] bool is_listened_to() const;
     void tick();
@@ -134,6 +145,10 @@ private:
     bool m_again = false;        // and is stale: another follows
     bool m_reporting = false;    // a report that needs root is under way
     ReportText m_root_report;    // the latest one
+    bool m_wants_root_reports = false;
+    bool m_reads_root_reports = false;                   // they are under way
+    std::shared_ptr<const ExecuteResult> m_root_reports; // the latest; null: none
+    std::shared_ptr<const TruthBasis> m_basis;           // of the latest reading
     Background m_background;
 };
 

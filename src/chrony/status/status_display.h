@@ -4,10 +4,13 @@
 #include "chrony/reports/versions.h"
 #include "chrony/status/status_values.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace tickervantage {
+
+struct ClockTruth;
 
 // What stands in the way of a full reading. The window finds the words; the detail is what chrony said.
 struct StatusNotice {
@@ -31,8 +34,9 @@ public:
 
     virtual void redraw_clock() = 0;
     virtual void redraw_meter() = 0;
-    virtual void show_meter_value(const std::string& text) = 0;
+    virtual void show_meter_value(const std::string& text) = 0; // no_value: there is none, nor a needle
     virtual void show_status(chronydStatus status) = 0;
+    virtual void show_truth(std::shared_ptr<const ClockTruth> truth) = 0;
     virtual void show_clock_not_adjusted(bool shown) = 0; // the notice and the preferences button beside it
     virtual void show_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) = 0;
     virtual void show_original_name_choice(bool offered) = 0; // false: switched off, disabled and hidden

@@ -24,6 +24,9 @@ enum class meterView : unsigned char {
 
 inline constexpr int meter_view_count = 6;
 
+// In place of a value that is not there.
+inline constexpr const char* no_value = "–";
+
 // "synchronised", "notlocked", "unavailable"; the field's name of the view. For tickerctl and logs, never translated.
 [[nodiscard]] std::string_view name_of(chronydStatus status);
 [[nodiscard]] std::string_view name_of(meterView view);

@@ -8,7 +8,7 @@
 namespace tickervantage {
 namespace {
 
-constexpr double MARK_ROOM = 64;   // points between two labels
+constexpr double MARK_ROOM = 50;   // points between two labels
 constexpr double EDGE_ROOM = 22;   // of a label at the edge: half of it
 constexpr double MARK_LENGTH = 4;  // of the axis
 constexpr double LEAST_WIDTH = 3;  // of a bar: narrower ones could not be seen

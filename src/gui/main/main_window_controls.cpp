@@ -3,8 +3,11 @@
 #include "chrony/reports/commands.h"
 #include "gui/main/clock_widget.h"
 #include "gui/main/command_output.h"
+#include "gui/main/main_area.h"
 #include "gui/main/meter_widget.h"
+#include "gui/main/sources_panel.h"
 #include "gui/main/status_image.h"
+#include "gui/main/verdict_panel.h"
 #include "qt/named_widget.h"
 #include "qt/text_scale.h"
 
@@ -17,6 +20,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace tickervantage {
@@ -50,7 +54,9 @@ void build_readings(QWidget* central, MainWindowControls& controls) {
                                     //: main window: quantity of the meter, in chrony's words
                                     Texts::tr("Root dispersion"),
                                     //: main window: quantity of the meter, in chrony's words
-                                    Texts::tr("Frequency")});
+                                    Texts::tr("Frequency"),
+                                    //: main window: quantity of the meter: how far off the clock can be at the most
+                                    Texts::tr("Error bound")});
     fit_entries(controls.meterSelect);
     controls.meterSelect->setToolTip(controls.meterSelect->accessibleName());
     //: main window: name of the text that shows the meter's value
@@ -68,10 +74,10 @@ void build_status(QWidget* central, MainWindowControls& controls) {
     }
     //: main window: name of the text beside the status image
     controls.status_words = text_label(central, "status_words", Texts::tr("State of chronyd"));
-    QFont large = controls.status_words->font();
-    large.setPointSizeF(large.pointSizeF() * 1.4);
-    large.setBold(true);
-    controls.status_words->setFont(large);
+    //: main window: tooltip of the state's words
+    controls.status_words->setToolTip(
+        Texts::tr("What chronyd says of itself. It calls itself synchronised as long as it "
+                  "has any reference, be it its own clock or a server that is gone."));
     //: main window: name of the notice that the clock is left alone
     controls.adjustingClock = text_label(central, "adjustingClock", Texts::tr("Clock adjustment"));
     //: main window: notice that chronyd was told not to adjust the system clock
@@ -87,6 +93,8 @@ void build_status(QWidget* central, MainWindowControls& controls) {
     controls.chronydversion = text_label(central, "chronydversion",
                                          //: main window: name of a version text
                                          Texts::tr("Version of chronyd"));
+    for (auto* version : {controls.chronycversion, controls.chronydversion})
+        version->setWordWrap(true);
 }
 
 void build_command_controls(QWidget* central, MainWindowControls& controls) {
@@ -160,13 +168,15 @@ QLayout* meter_row(const MainWindowControls& controls) {
     return row;
 }
 
-QLayout* status_column(const MainWindowControls& controls) {
+QLayout* status_column(QWidget* central, const MainWindowControls& controls) {
     auto* state = new QHBoxLayout;
-    state->setSpacing(10);
+    state->setSpacing(6);
     for (auto* image : controls.status_images)
         state->addWidget(image);
     state->addWidget(controls.status_words, 1);
     auto* column = new QVBoxLayout;
+    //: main window: above the state that chronyd names, such as "Synchronised"
+    column->addWidget(new QLabel(Texts::tr("chronyd says:"), central));
     column->addLayout(state);
     column->addSpacing(6);
     column->addWidget(controls.adjustingClock);
@@ -177,7 +187,7 @@ QLayout* status_column(const MainWindowControls& controls) {
     return column;
 }
 
-QLayout* dashboard(const MainWindowControls& controls) {
+QLayout* dashboard(QWidget* central, const MainWindowControls& controls) {
     // Beyond this the room is better used by the report below.
     const int largest_dial = controls.localTime->fontMetrics().height() * 18;
     auto* grid = new QGridLayout;
@@ -189,26 +199,31 @@ QLayout* dashboard(const MainWindowControls& controls) {
     }
     grid->addWidget(controls.localTime, 1, 0, Qt::AlignCenter);
     grid->addLayout(meter_row(controls), 1, 1);
-    grid->addLayout(status_column(controls), 0, 2, 2, 1);
+    grid->addLayout(status_column(central, controls), 0, 2, 2, 1);
     grid->setColumnStretch(2, 3);
-    grid->setHorizontalSpacing(18);
+    grid->setHorizontalSpacing(12);
     return grid;
 }
 
-QLayout* command_row(QWidget* central, const MainWindowControls& controls) {
+// What is asked, and how: two rows where the window is narrow.
+QBoxLayout* command_row(QWidget* central, const MainWindowControls& controls) {
     //: main window: label of the command menu
     auto* label = new QLabel(Texts::tr("&Report:"), central);
     label->setBuddy(controls.commandMenu);
-    auto* row = new QHBoxLayout;
-    row->addWidget(label);
-    row->addWidget(controls.commandMenu);
-    row->addWidget(controls.m_server_label);
-    row->addWidget(controls.m_server);
-    row->addStretch(1);
-    row->addWidget(controls.showIPaddress);
-    row->addWidget(controls.showOriginalName);
-    row->addSpacing(6);
-    row->addWidget(build_interval_holder(central, controls.m_interval));
+    auto* what = new QHBoxLayout;
+    what->addWidget(label);
+    what->addWidget(controls.commandMenu);
+    what->addWidget(controls.m_server_label);
+    what->addWidget(controls.m_server);
+    what->addStretch(1);
+    auto* how = new QHBoxLayout;
+    how->addWidget(controls.showIPaddress);
+    how->addWidget(controls.showOriginalName);
+    how->addStretch(1);
+    how->addWidget(build_interval_holder(central, controls.m_interval));
+    auto* row = new QBoxLayout(QBoxLayout::LeftToRight);
+    row->addLayout(what, 1);
+    row->addLayout(how);
     return row;
 }
 
@@ -247,12 +262,44 @@ void build_wrong_program(QWidget* central, MainWindowControls& controls) {
     controls.wrong_program->hide();
 }
 
+QWidget* instruments_and_report(QWidget* central, const MainWindowControls& controls, QBoxLayout* report_row) {
+    auto* half = new QWidget(central);
+    auto* column = new QVBoxLayout(half);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addLayout(dashboard(half, controls));
+    column->addSpacing(4);
+    column->addLayout(report_row);
+    column->addWidget(controls.m_textscroll, 1);
+    return half;
+}
+
+void lay_out(MainArea& area, QWidget* central, const MainWindowControls& controls) {
+    auto* halves = new QSplitter(central);
+    halves->setObjectName(QStringLiteral("halves"));
+    halves->setChildrenCollapsible(false);
+    auto* report_row = command_row(central, controls);
+    halves->addWidget(instruments_and_report(central, controls, report_row));
+    halves->addWidget(controls.sources);
+    halves->setStretchFactor(1, 1); // the instruments keep the width they have
+    auto* column = new QVBoxLayout(central);
+    column->addWidget(controls.standing_notice);
+    column->addWidget(controls.wrong_program);
+    column->addWidget(controls.verdict);
+    column->addSpacing(4);
+    column->addWidget(halves, 1);
+    column->addWidget(controls.m_status);
+    area.setWidget(central);
+    area.adapt(halves, controls.verdict, report_row);
+}
+
 } // namespace
 
-MainWindowControls build_main_window_controls(QWidget* central, ClockPerformance& meter) {
+MainWindowControls build_main_window_controls(MainArea& area, ClockPerformance& meter) {
+    auto* central = new QWidget(&area);
     MainWindowControls controls;
     controls.standing_notice = build_banner(central);
     build_wrong_program(central, controls);
+    controls.verdict = new VerdictPanel(central);
     //: main window: names of the two instruments
     controls.analogClock = named(new ClockWidget(central), "analogClock", Texts::tr("Clock"));
     controls.clockPerformance = named(new MeterWidget(meter, central), "clockPerformance",
@@ -264,19 +311,12 @@ MainWindowControls build_main_window_controls(QWidget* central, ClockPerformance
     build_options(central, controls);
     //: main window: name of the text view with chronyc's output
     controls.m_textscroll = named(new CommandOutput(central), "m_textscroll", Texts::tr("Output of chronyc"));
+    controls.m_textscroll->setMinimumHeight(controls.m_textscroll->fontMetrics().lineSpacing() * 6);
+    controls.sources = new SourcesPanel(central);
     //: main window: name of the line that says what stands in the way
     controls.m_status = text_label(central, "m_status", Texts::tr("Status"));
     controls.m_status->setWordWrap(true);
-
-    auto* column = new QVBoxLayout(central);
-    column->addWidget(controls.standing_notice);
-    column->addWidget(controls.wrong_program);
-    column->addSpacing(4);
-    column->addLayout(dashboard(controls));
-    column->addSpacing(4);
-    column->addLayout(command_row(central, controls));
-    column->addWidget(controls.m_textscroll, 1);
-    column->addWidget(controls.m_status);
+    lay_out(area, central, controls);
     return controls;
 }
 

@@ -17,14 +17,18 @@ namespace tickervantage {
 class ClockPerformance;
 class ClockWidget;
 class CommandOutput;
+class MainArea;
 class MeterWidget;
+class SourcesPanel;
 class StatusImage;
+class VerdictPanel;
 
 struct MainWindowControls {
     QLabel* standing_notice = nullptr; // a banner for what holds for the whole run; hidden while empty
     QWidget* wrong_program = nullptr;  // the two below, shown while a program is not what its path says
     QLabel* wrong_program_words = nullptr;
     QPushButton* wrong_program_preferences = nullptr;
+    VerdictPanel* verdict = nullptr;
     ClockWidget* analogClock = nullptr;
     QLabel* localTime = nullptr;
     MeterWidget* clockPerformance = nullptr;
@@ -43,10 +47,11 @@ struct MainWindowControls {
     QCheckBox* showOriginalName = nullptr;
     QSpinBox* m_interval = nullptr;
     CommandOutput* m_textscroll = nullptr;
+    SourcesPanel* sources = nullptr;
     QLabel* m_status = nullptr;
 };
 
-// Makes the controls as children of `central` and lays them out in it. The meter outlives them.
-[[nodiscard]] MainWindowControls build_main_window_controls(QWidget* central, ClockPerformance& meter);
+// Makes the controls and lays them out in the area. The meter outlives them.
+[[nodiscard]] MainWindowControls build_main_window_controls(MainArea& area, ClockPerformance& meter);
 
 } // namespace tickervantage

@@ -1,25 +1,16 @@
-// The three images of the daemon's state: told apart by shape as well as by colour.
+// The three images of the daemon's state. Main thread.
 #pragma once
 
 #include "chrony/status/status_values.h"
-
-#include <QWidget>
+#include "gui/main/sign_image.h"
 
 namespace tickervantage {
 
-class StatusImage : public QWidget {
+class StatusImage : public SignImage {
     Q_OBJECT
 
 public:
     explicit StatusImage(chronydStatus status, QWidget* parent = nullptr);
-
-    [[nodiscard]] QSize sizeHint() const override;
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    chronydStatus m_status;
 };
 
 // The state in words.

@@ -3,8 +3,11 @@
 #include "gui/main/clock_widget.h"
 #include "gui/main/command_output.h"
 #include "gui/main/local_time_text.h"
+#include "gui/main/main_area.h"
 #include "gui/main/meter_widget.h"
+#include "gui/main/sources_panel.h"
 #include "gui/main/status_image.h"
+#include "gui/main/verdict_panel.h"
 #include "qt/in_words.h"
 #include "qt/local_number.h"
 #include "qt/text_scale.h"
@@ -38,9 +41,9 @@ TickervantageWindow::TickervantageWindow(const StatusCycleParts& parts, StatusCy
     : m_settings_store(parts.settings), m_cycle(std::make_unique<StatusCycle>(*this, parts, std::move(options))) {
     setWindowTitle(QStringLiteral("Tickervantage"));
     setObjectName(QStringLiteral("TickervantageWindow"));
-    auto* central = new QWidget(this);
-    m_controls = build_main_window_controls(central, m_cycle->meter());
-    setCentralWidget(central);
+    auto* area = new MainArea(this);
+    m_controls = build_main_window_controls(*area, m_cycle->meter());
+    setCentralWidget(area);
     build_toolbar();
     connect_controls();
 }
@@ -74,7 +77,14 @@ void TickervantageWindow::connect_controls() {
         connect(button, &QPushButton::clicked, this, &TickervantageWindow::preferences_requested);
     connect(m_controls.commandMenu, &QComboBox::textActivated, this,
             [this](const QString& title) { m_cycle->chronycCommand(title.toStdString()); });
-    connect(m_controls.meterSelect, &QComboBox::activated, this, [this](int index) { m_cycle->selectMeter(index); });
+    connect(m_controls.meterSelect, &QComboBox::activated, this, [this](int index) {
+        if (index == meter_view_count)
+            m_cycle->show_error_bound();
+        else
+            m_cycle->selectMeter(index);
+    });
+    connect(m_controls.verdict, &VerdictPanel::explanation_wanted, m_controls.sources, &SourcesPanel::explain_all);
+    connect(m_controls.sources, &SourcesPanel::root_reports_wanted, this, [this] { m_cycle->want_root_reports(); });
     connect(m_controls.showIPaddress, &QCheckBox::clicked, this, [this](bool on) { m_cycle->showIPaddresses(on); });
     connect(m_controls.showOriginalName, &QCheckBox::clicked, this, [this](bool on) { m_cycle->showOriginalName(on); });
     connect(m_controls.m_server, &QComboBox::textActivated, this,
@@ -110,7 +120,8 @@ void TickervantageWindow::show_settings() {
     if (command < 0)
         m_cycle->chronycCommand(m_controls.commandMenu->itemText(0).toStdString());
     m_controls.commandMenu->setCurrentIndex(std::max(command, 0));
-    m_controls.meterSelect->setCurrentIndex(static_cast<int>(settings.m_meterview));
+    m_controls.meterSelect->setCurrentIndex(settings.meter_error_bound ? meter_view_count
+                                                                       : static_cast<int>(settings.m_meterview));
     m_controls.showIPaddress->setChecked(settings.showIPaddress);
     m_controls.showOriginalName->setChecked(settings.showOriginalName);
     m_controls.m_interval->setValue(settings.m_interval);
@@ -149,6 +160,11 @@ void TickervantageWindow::show_status(chronydStatus status) {
         image->hide();
     m_controls.status_images.at(static_cast<std::size_t>(status))->show();
     m_controls.status_words->setText(status_words(status));
+}
+
+void TickervantageWindow::show_truth(std::shared_ptr<const ClockTruth> truth) {
+    m_controls.verdict->show_truth(*truth);
+    m_controls.sources->show_truth(truth);
 }
 
 void TickervantageWindow::show_clock_not_adjusted(bool shown) {
@@ -224,6 +240,8 @@ void TickervantageWindow::show_notice(const StatusNotice& notice) {
     };
     const QString sentence = words();
     m_controls.m_status->setText(m_progress.isEmpty() ? sentence : m_progress);
+    if (notice.kind != StatusNotice::Kind::none)
+        m_controls.verdict->show_silence(sentence);
     // An empty report explains itself where the eye looks for it.
     m_controls.m_textscroll->setPlaceholderText(notice.kind == StatusNotice::Kind::none ? QString() : sentence);
     Q_EMIT reading_applied(notice);
@@ -290,7 +308,7 @@ void TickervantageWindow::restore_frame() {
     const QByteArray frame =
         QByteArray::fromBase64(QByteArray::fromStdString(m_settings_store.loadString(frame_key, {})));
     if (frame.isEmpty() || !restoreGeometry(frame))
-        resize(sizeHint().expandedTo(scaled(QSize(780, 600), *this)));
+        resize(sizeHint().expandedTo(scaled(QSize(1180, 780), *this)));
 }
 
 void TickervantageWindow::save_frame() {

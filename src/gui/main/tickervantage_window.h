@@ -46,6 +46,7 @@ public:
     void redraw_meter() override;
     void show_meter_value(const std::string& text) override;
     void show_status(chronydStatus status) override;
+    void show_truth(std::shared_ptr<const ClockTruth> truth) override;
     void show_clock_not_adjusted(bool shown) override;
     void show_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) override;
     void show_original_name_choice(bool offered) override;

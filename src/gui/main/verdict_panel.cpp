@@ -1,0 +1,182 @@
+#include "gui/main/verdict_panel.h"
+
+#include "chrony/truth/headline.h"
+#include "gui/main/budget_view.h"
+#include "gui/main/sign_image.h"
+#include "qt/in_words.h"
+#include "qt/named_widget.h"
+
+#include <QBoxLayout>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QPushButton>
+
+#include <utility>
+
+namespace tickervantage {
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(verdict)
+};
+
+DiscSign sign_of(Verdict verdict) {
+    switch (verdict) {
+    case Verdict::unavailable:
+        break;
+    case Verdict::local:
+        return disc_signs::clock();
+    case Verdict::unsynchronised:
+        return disc_signs::wave();
+    case Verdict::holdover:
+        return disc_signs::pause();
+    case Verdict::correcting:
+        return disc_signs::arrow();
+    case Verdict::leap:
+        return disc_signs::plus_minus();
+    case Verdict::synchronised:
+        return disc_signs::tick();
+    }
+    return disc_signs::cross();
+}
+
+// Of verdicts that look better than they are.
+QString notice_words(Verdict verdict) {
+    switch (verdict) {
+    case Verdict::holdover:
+        //: main window: notice while no source keeps the clock right
+        return Texts::tr("The clock runs on by itself: its error grows until a source answers again.");
+    case Verdict::local:
+        //: main window: notice while chronyd follows nothing but this machine's own clock
+        return Texts::tr("Nothing compares this clock with true time, although chronyd calls it synchronised.");
+    case Verdict::correcting:
+        //: main window: notice while a large offset is being corrected slowly
+        return Texts::tr("Until the correction is done, the clock is further off than its sources would leave open.");
+    default:
+        return {};
+    }
+}
+
+QLabel* words_label(QWidget* parent, const char* object_name, const QString& accessible_name) {
+    auto* label = named(new QLabel(parent), object_name, accessible_name);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setWordWrap(true);
+    return label;
+}
+
+// As it stands on a line of its own, not behind a colon; a program's name begins as it does.
+QString as_sentence(const QString& words) {
+    return words.startsWith(QLatin1String("chronyd")) ? words : words.left(1).toUpper() + words.mid(1);
+}
+
+void show_sentence(QLabel* label, const std::optional<Sentence>& sentence) {
+    const QString words = sentence ? as_sentence(in_words(*sentence)) : QString();
+    if (words != label->text())
+        label->setText(words);
+    label->setVisible(!words.isEmpty());
+}
+
+} // namespace
+
+VerdictPanel::VerdictPanel(QWidget* parent) : QFrame(parent) {
+    setObjectName(QStringLiteral("verdict"));
+    //: main window: name of the image of the verdict on the clock
+    m_image = named(new SignImage(this, 2.4), "verdict_image", Texts::tr("Verdict"));
+    build_words();
+    build_notice();
+    //: main window: name of the bar that shows what the error bound is made of
+    m_budget =
+        named(new BudgetView(this), "error_budget", Texts::tr("What the error bound is made of"),
+              //: main window: tooltip of that bar
+              Texts::tr("What the error bound is made of: the correction that is under way, half of the delay on "
+                        "the way to the reference clock, what the measurements leave open, and what was added "
+                        "since the last of them."));
+    auto* words = new QVBoxLayout;
+    words->setSpacing(2);
+    for (auto* label : {m_name, m_reason, m_error, m_caution})
+        words->addWidget(label);
+    words->addStretch(1);
+    auto* told = new QHBoxLayout;
+    told->setSpacing(10);
+    told->addWidget(m_image, 0, Qt::AlignTop);
+    told->addLayout(words, 1);
+    m_row = new QBoxLayout(QBoxLayout::LeftToRight);
+    m_row->setSpacing(14);
+    m_row->addLayout(told, 1);
+    m_row->addWidget(m_budget, 1);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addLayout(m_row);
+    column->addWidget(m_notice);
+}
+
+void VerdictPanel::build_words() {
+    //: main window: name of the verdict on the clock
+    m_name = words_label(this, "verdict_name", Texts::tr("Verdict on the clock"));
+    QFont large = m_name->font();
+    large.setPointSizeF(large.pointSizeF() * 1.5);
+    large.setBold(true);
+    m_name->setFont(large);
+    //: main window: name of the sentence that says why the verdict is so
+    m_reason = words_label(this, "verdict_reason", Texts::tr("Why"));
+    //: main window: name of the sentence that says how far off the clock can be
+    m_error = words_label(this, "verdict_error", Texts::tr("Error of the clock"));
+    QFont bold = m_error->font();
+    bold.setBold(true);
+    m_error->setFont(bold);
+    //: main window: name of the sentence that says that chronyd leaves the clock alone
+    m_caution = words_label(this, "verdict_caution", Texts::tr("Which clock is meant"));
+}
+
+void VerdictPanel::build_notice() {
+    m_notice = new QFrame(this);
+    m_notice->setObjectName(QStringLiteral("verdict_notice"));
+    m_notice->setAutoFillBackground(true);
+    m_notice->setBackgroundRole(QPalette::ToolTipBase);
+    //: main window: name of the notice below the verdict
+    m_notice_words = words_label(m_notice, "verdict_notice_words", Texts::tr("Notice"));
+    m_notice_words->setForegroundRole(QPalette::ToolTipText);
+    //: main window: button that explains the verdict and each source
+    m_explain = named(new QPushButton(Texts::tr("E&xplain"), m_notice), "explain_verdict",
+                      //: main window: name of that button
+                      Texts::tr("Explain"));
+    auto* row = new QHBoxLayout(m_notice);
+    row->addWidget(m_notice_words, 1);
+    row->addWidget(m_explain);
+    m_notice->hide();
+    connect(m_explain, &QPushButton::clicked, this, &VerdictPanel::explanation_wanted);
+}
+
+void VerdictPanel::show_truth(const ClockTruth& truth) {
+    const Headline words = headline(truth.reports, truth.budget, truth.expected);
+    show_sentence(m_name, words.name);
+    if (words.verdict != Verdict::unavailable) // else the notice of the reading says why
+        show_sentence(m_reason, words.reason);
+    show_sentence(m_error, words.error);
+    show_sentence(m_caution, words.caution);
+    m_budget->show_budget(truth.budget);
+    if (std::exchange(m_verdict, truth.verdict) == truth.verdict)
+        return;
+    m_image->show_sign(sign_of(truth.verdict), m_name->text());
+    show_notice(truth.verdict);
+}
+
+void VerdictPanel::show_silence(const QString& sentence) {
+    if (m_verdict != Verdict::unavailable)
+        return;
+    m_reason->setText(sentence);
+    m_reason->setVisible(!sentence.isEmpty());
+}
+
+void VerdictPanel::show_notice(Verdict verdict) {
+    const QString words = notice_words(verdict);
+    m_notice_words->setText(words);
+    m_notice->setVisible(!words.isEmpty());
+}
+
+void VerdictPanel::set_wide(bool wide) {
+    m_row->setDirection(wide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+}
+
+} // namespace tickervantage
