@@ -54,11 +54,12 @@ private:
     void begin(std::string_view name) {
         m_report = nullptr;
         m_file = nullptr;
+        name = trimmed(name);
         if (name.starts_with(configuration_word))
             m_file = &m_capture.configuration.emplace_back(
                 CapturedFile{.path = std::string(name.substr(configuration_word.size())), .text = {}});
         else
-            m_report = &m_capture.reports[std::string(trimmed(name))];
+            m_report = &m_capture.reports[std::string(name)];
     }
 
     static void add(std::string& text, std::string_view line) {
