@@ -11,9 +11,14 @@ namespace {
 
 constexpr std::size_t longest_foreign_text = 100; // bytes
 
+// A report from elsewhere may hold any number: those of more digits than fit into a line have a power of ten.
 std::string decimal(double number, int digits, std::string_view point) {
+    constexpr double most = 1e15;
     std::array<char, 64> buffer{};
-    const int length = std::snprintf(buffer.data(), buffer.size(), "%.*f", digits, number);
+    if (!std::isfinite(number))
+        return "∞";
+    const int length = std::abs(number) < most ? std::snprintf(buffer.data(), buffer.size(), "%.*f", digits, number)
+                                               : std::snprintf(buffer.data(), buffer.size(), "%.2e", number);
     std::string text(buffer.data(), static_cast<std::size_t>(std::max(length, 0)));
     // Whatever the C library's locale made of it.
     const auto sign = std::ranges::find_if(text, [](char one) { return one != '-' && (one < '0' || one > '9'); });
