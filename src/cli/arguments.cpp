@@ -47,8 +47,8 @@ void add_watch(CLI::App* command, Arguments& arguments, CLI::Option* from) {
 }
 
 void add_status(CommandLine& line, Arguments& arguments) {
-    auto* status =
-        line.add(&line.app, Job::status, "status", "Is the clock synchronised, and how well? (exit status 1: no)");
+    auto* status = line.add(&line.app, Job::status, "status",
+                            "Is the clock right, and how far can it be off? (exit status 1: it follows no source)");
     auto* from =
         status->add_option("--from", arguments.from, "a capture, or a saved \"tracking\" report; - for standard input");
     status->add_option("--meter", arguments.meter, "quantity on the meter, such as lastoffset or frequency");

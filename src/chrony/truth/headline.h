@@ -19,8 +19,8 @@ struct Headline {
 };
 
 // Where the bound is smaller than what is expected, past measurements tell nothing of now, and only the bound is said;
-// likewise in holdover, where no measurement follows, and while the measured offset is still being corrected. Times of day are those of the zone. For `unavailable` there is no
-// reason: the front has that of the failure.
+// likewise in holdover, where no measurement follows, and while the measured offset is still being corrected. Times of
+// day are those of the zone. For `unavailable` there is no reason: the front has that of the failure.
 [[nodiscard]] Headline headline(const ChronyReports& reports, const std::optional<ErrorBudget>& budget,
                                 const std::optional<double>& expected, const ZoneOffset& zone = machine_zone_offset);
 

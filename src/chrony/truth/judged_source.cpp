@@ -124,6 +124,10 @@ std::string_view name_of(SelectionRule rule) {
     return names.at(static_cast<std::size_t>(rule));
 }
 
+bool is_told_to_root_only(const JudgedSource& source) {
+    return source.rule == SelectionRule::unknown && source.letter == '?' && !source.selection;
+}
+
 std::vector<JudgedSource> judged_sources(const ChronyReports& reports) {
     const auto statistics = by_source(reports.statistics);
     const auto selection = by_source(reports.selection);

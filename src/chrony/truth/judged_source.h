@@ -51,6 +51,9 @@ struct JudgedSource {
     std::optional<NtpData> ntp = {};
 };
 
+// Whether only selectdata, which was not read, tells why it is not used: the letter is "?" for every cause.
+[[nodiscard]] bool is_told_to_root_only(const JudgedSource& source);
+
 // In chronyc's order; none where there is no report of the sources.
 [[nodiscard]] std::vector<JudgedSource> judged_sources(const ChronyReports& reports);
 

@@ -5,10 +5,20 @@
 #include "chrony/status/refresh.h"
 #include "chrony/truth/configuration_lines.h"
 
+#include <algorithm>
 #include <map>
 #include <utility>
 
 namespace tickervantage {
+
+namespace {
+
+// As chronyc's own words are.
+bool is_plain(std::string_view text) {
+    return std::ranges::all_of(text, [](char sign) { return sign >= ' ' && sign <= '~'; });
+}
+
+} // namespace
 
 ClockReading reading_of(const Capture& capture) {
     return {.reports = reports_in(capture), .configuration = capture.configuration};
@@ -17,8 +27,9 @@ ClockReading reading_of(const Capture& capture) {
 ClockReading reading_of_text(std::string_view tracking) {
     ClockReading reading;
     reading.reports.tracking = tracking_in_text(tracking);
+    const auto said = trimmed(tracking.substr(0, tracking.find('\n')));
     if (!reading.reports.tracking)
-        reading.reports.refusal = trimmed(tracking);
+        reading.reports.refusal = is_plain(said) ? said : "the text is no tracking report";
     return reading;
 }
 
