@@ -76,9 +76,9 @@ BENCHMARK(columns);
 
 void listed(benchmark::State& state) {
     for (auto _ : state) {
-        const ClockReading reading = reading_of(*parse_capture(capture_text()));
+        const ClockTruth reading = reading_of(*parse_capture(capture_text()));
         std::ostringstream out;
-        (void)print_sources(judged_sources(reading.reports), DocumentForm::json_line, out);
+        (void)print_sources(reading.sources, DocumentForm::json_line, out);
         benchmark::DoNotOptimize(out.str().data());
     }
 }
@@ -86,9 +86,9 @@ BENCHMARK(listed);
 
 void explained(benchmark::State& state) {
     for (auto _ : state) {
-        const ClockReading reading = reading_of(*parse_capture(capture_text()));
+        const ClockTruth reading = reading_of(*parse_capture(capture_text()));
         std::ostringstream out;
-        (void)print_explanations(explain(reading.reports, reading.configuration), DocumentForm::json_line, out);
+        (void)print_explanations(reading.explanations, DocumentForm::json_line, out);
         benchmark::DoNotOptimize(out.str().data());
     }
 }

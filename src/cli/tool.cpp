@@ -102,7 +102,7 @@ int Tool::status() {
         return fail("There is no meter view \"" + *m_arguments.meter +
                     "\"; there are systemtime, lastoffset, rmsoffset, rootdelay, rootdispersion and frequency.");
     return watch([&] {
-        ClockReading reading;
+        ClockTruth reading;
         const int result = read_clock(CaptureDepth::with_names, SavedForm::capture_or_report, reading);
         return result != 0 ? result : print_status(reading, *shown, form(), std::cout);
     });

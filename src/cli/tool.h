@@ -91,9 +91,9 @@ private:
 
     // What --from may name.
     enum class SavedForm : unsigned char { capture, capture_or_report };
-    [[nodiscard]] int read_saved(SavedForm wanted, ClockReading& reading) const;
+    [[nodiscard]] int read_saved(SavedForm wanted, ClockTruth& reading) const;
     // From there, or from the daemon; what is wrong is told.
-    [[nodiscard]] int read_clock(CaptureDepth depth, SavedForm wanted, ClockReading& reading);
+    [[nodiscard]] int read_clock(CaptureDepth depth, SavedForm wanted, ClockTruth& reading);
     [[nodiscard]] Capture live_capture(CaptureDepth depth);
     [[nodiscard]] std::string configuration_path(); // empty: not known
     [[nodiscard]] int ask_for_root();

@@ -17,10 +17,10 @@ std::string captured(const std::string& name) {
     return testing::contents(std::string(CAPTURES) + "/" + name + ".txt");
 }
 
-ClockReading reading_in(const std::string& text) {
+ClockTruth reading_in(const std::string& text) {
     const auto capture = parse_capture(text);
     EXPECT_TRUE(capture) << text.substr(0, 100);
-    return capture ? reading_of(*capture) : ClockReading();
+    return capture ? reading_of(*capture) : ClockTruth();
 }
 
 struct Told {
@@ -28,14 +28,14 @@ struct Told {
     int status = -1;
 };
 
-Told told(const std::string& command, const ClockReading& reading, DocumentForm form) {
+Told told(const std::string& command, const ClockTruth& reading, DocumentForm form) {
     Told told;
     if (command == "status")
         told.status = print_status(reading, meterView::systemtime, form, told.out);
     else if (command == "sources")
-        told.status = print_sources(judged_sources(reading.reports), form, told.out);
+        told.status = print_sources(reading.sources, form, told.out);
     else if (command == "explain")
-        told.status = print_explanations(explain(reading.reports, reading.configuration), form, told.out);
+        told.status = print_explanations(reading.explanations, form, told.out);
     else
         told.status = print_budget(reading, form, told.out);
     return told;
@@ -43,7 +43,7 @@ Told told(const std::string& command, const ClockReading& reading, DocumentForm 
 
 const std::vector<std::string> commands{"status", "sources", "explain", "budget"};
 
-std::string all_told(const ClockReading& reading) {
+std::string all_told(const ClockTruth& reading) {
     std::string all;
     for (const std::string& complaint : complaints_of(reading.reports))
         all += "! " + complaint + '\n';
@@ -102,7 +102,7 @@ TEST(TruthCommand, HostileNamesStayWithinALine) {
     replace_all("ntp2.example.net", "\x1b]0;title\x07\x7f");
     replace_all("192.0.2.9", "\x1b[31m" + std::string(10'000, 'a'));
     replace_all("L,", "\x1b,");
-    const ClockReading reading = reading_in(text);
+    const ClockTruth reading = reading_in(text);
     for (const std::string& command : commands) {
         const std::string shown = told(command, reading, DocumentForm::text).out.str();
         EXPECT_TRUE(std::ranges::none_of(shown, [](unsigned char sign) {
@@ -113,8 +113,7 @@ TEST(TruthCommand, HostileNamesStayWithinALine) {
             EXPECT_LE(line.size(), 410U) << command << line.substr(0, 80);
         EXPECT_TRUE(Json::accept(told(command, reading, DocumentForm::json).out.str())) << command;
     }
-    const auto explanations = explain(reading.reports, reading.configuration);
-    EXPECT_LT(unknown_source(std::string(10'000, 'x'), explanations).size(), 2000U);
+    EXPECT_LT(unknown_source(std::string(10'000, 'x'), reading.explanations).size(), 2000U);
 }
 
 TEST(TruthCommand, AProbeIsToldInOneSentence) {

@@ -3,7 +3,6 @@
 #include "base/text_lines.h"
 #include "chrony/reports/tracking_report.h"
 #include "chrony/status/refresh.h"
-#include "chrony/truth/configuration_lines.h"
 
 #include <algorithm>
 #include <map>
@@ -20,30 +19,21 @@ bool is_plain(std::string_view text) {
 
 } // namespace
 
-ClockReading reading_of(const Capture& capture) {
-    return {.reports = reports_in(capture), .configuration = capture.configuration};
+ClockTruth reading_of(const Capture& capture, const std::vector<double>& newest_offsets) {
+    return clock_truth(reports_in(capture), capture.configuration, newest_offsets);
 }
 
-ClockReading reading_of_text(std::string_view tracking) {
-    ClockReading reading;
-    reading.reports.tracking = tracking_in_text(tracking);
+ClockTruth reading_of_text(std::string_view tracking) {
+    ChronyReports reports;
+    reports.tracking = tracking_in_text(tracking);
     const auto said = trimmed(tracking.substr(0, tracking.find('\n')));
-    if (!reading.reports.tracking)
-        reading.reports.refusal = is_plain(said) ? said : "the text is no tracking report";
-    return reading;
+    if (!reports.tracking)
+        reports.refusal = is_plain(said) ? said : "the text is no tracking report";
+    return clock_truth(std::move(reports), {});
 }
 
-std::optional<ErrorBudget> budget_of(const ClockReading& reading) {
-    const ConfigurationLines lines(reading.configuration);
-    return error_budget(reading.reports, lines.number("maxclockerror").value_or(default_maxclockerror_ppm));
-}
-
-std::optional<double> expected_of(const ClockReading& reading) {
-    return expected_error(reading.reports, reading.offsets);
-}
-
-Headline headline_of(const ClockReading& reading) {
-    return headline(reading.reports, budget_of(reading), expected_of(reading));
+Headline headline_of(const ClockTruth& truth) {
+    return headline(truth.reports, truth.budget, truth.expected);
 }
 
 std::string verdict_line(const Headline& headline) {

@@ -2,31 +2,22 @@
 // functions.
 #pragma once
 
-#include "chrony/data/reports.h"
+#include "chrony/truth/clock_truth.h"
 #include "chrony/truth/headline.h"
-#include "chrony/truth/verdict.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace tickervantage {
 
-struct ClockReading {
-    ChronyReports reports;
-    std::vector<CapturedFile> configuration;
-    std::vector<double> offsets = {}; // s: the newest ones of the tracking log
-};
-
-[[nodiscard]] ClockReading reading_of(const Capture& capture);
+// With the newest offsets of the tracking log, where there is one.
+[[nodiscard]] ClockTruth reading_of(const Capture& capture, const std::vector<double>& newest_offsets = {});
 
 // Of a saved tracking report: what it says in place of one is the refusal.
-[[nodiscard]] ClockReading reading_of_text(std::string_view tracking);
+[[nodiscard]] ClockTruth reading_of_text(std::string_view tracking);
 
-[[nodiscard]] std::optional<ErrorBudget> budget_of(const ClockReading& reading);
-[[nodiscard]] std::optional<double> expected_of(const ClockReading& reading);
-[[nodiscard]] Headline headline_of(const ClockReading& reading);
+[[nodiscard]] Headline headline_of(const ClockTruth& truth);
 
 // The headline as one line: "Holdover since 02:14: none of 3 sources answers."
 [[nodiscard]] std::string verdict_line(const Headline& headline);

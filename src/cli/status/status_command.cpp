@@ -71,15 +71,15 @@ Json reference_json(const TrackingData& tracking) {
             {"time", moment_json(tracking.reference_time)}};
 }
 
-Json truth_json(const ClockReading& reading, const TrackingData& tracking, Verdict verdict) {
-    const auto budget = budget_of(reading);
-    return {{"verdict", name_of(verdict)},
-            {"since", moment_json(verdict == Verdict::holdover ? tracking.reference_time : std::nullopt)},
+Json truth_json(const ClockTruth& truth, const TrackingData& tracking) {
+    const auto& budget = truth.budget;
+    return {{"verdict", name_of(truth.verdict)},
+            {"since", moment_json(truth.verdict == Verdict::holdover ? tracking.reference_time : std::nullopt)},
             {"bound", budget ? Json(budget->bound) : Json(nullptr)},
             {"growth", budget ? Json(budget->growth) : Json(nullptr)},
-            {"expected", or_null(expected_of(reading))},
+            {"expected", or_null(truth.expected)},
             {"reference", reference_json(tracking)},
-            {"steers", or_null(reading.reports.steers)}};
+            {"steers", or_null(truth.reports.steers)}};
 }
 
 Json report_json(chronydStatus status, const TrackingData& tracking) {
@@ -107,13 +107,13 @@ void print_numbers(const TrackingData& tracking, std::ostream& out) {
         << "\nRoot dispersion : " << seconds_text(tracking.root_dispersion) << '\n';
 }
 
-void print_text(const ClockReading& reading, chronydStatus status, const MeterReading& meter, std::ostream& out) {
-    const Headline answer = headline_of(reading);
+void print_text(const ClockTruth& truth, chronydStatus status, const MeterReading& meter, std::ostream& out) {
+    const Headline answer = headline_of(truth);
     out << "Verdict         : " << verdict_line(answer) << "\nError           : " << english(answer.error) << '\n';
     if (answer.caution)
         out << "Caution         : " << english(*answer.caution) << '\n';
     out << "State           : " << name_of(status) << '\n';
-    const auto& tracking = reading.reports.tracking;
+    const auto& tracking = truth.reports.tracking;
     if (tracking)
         print_numbers(*tracking, out);
     out << "Leap status     : " << (tracking ? one_line(tracking->leap_status) : not_known)
@@ -130,21 +130,20 @@ std::optional<meterView> meter_view_named(std::string_view name) {
     return std::nullopt;
 }
 
-int print_status(const ClockReading& reading, meterView view, DocumentForm form, std::ostream& out) {
-    const TrackingData tracking = reading.reports.tracking.value_or(TrackingData());
+int print_status(const ClockTruth& truth, meterView view, DocumentForm form, std::ostream& out) {
+    const TrackingData tracking = truth.reports.tracking.value_or(TrackingData());
     const chronydStatus status = status_from_leap(tracking.leap_status);
     const MeterReading meter = read_meter(tracking, status, view);
-    const Verdict verdict = judge(reading.reports);
     if (form == DocumentForm::text) {
-        print_text(reading, status, meter, out);
+        print_text(truth, status, meter, out);
     } else {
-        Json document = truth_json(reading, tracking, verdict);
+        Json document = truth_json(truth, tracking);
         document.update(report_json(status, tracking));
         document["meter"] = meter_json(meter);
         print_json(document, form, out);
     }
     out.flush();
-    return follows_time(verdict) ? 0 : answer_is_no;
+    return follows_time(truth.verdict) ? 0 : answer_is_no;
 }
 
 } // namespace tickervantage

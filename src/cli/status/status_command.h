@@ -19,6 +19,6 @@ namespace tickervantage {
 [[nodiscard]] std::optional<meterView> meter_view_named(std::string_view name);
 
 // 0: the clock follows sources; 1: it does not.
-int print_status(const ClockReading& reading, meterView view, DocumentForm form, std::ostream& out);
+int print_status(const ClockTruth& truth, meterView view, DocumentForm form, std::ostream& out);
 
 } // namespace tickervantage

@@ -247,11 +247,11 @@ int print_explanations(const std::vector<Explanation>& explanations, DocumentFor
     return used ? 0 : answer_is_no;
 }
 
-int print_budget(const ClockReading& reading, DocumentForm form, std::ostream& out) {
-    const auto budget = budget_of(reading);
+int print_budget(const ClockTruth& truth, DocumentForm form, std::ostream& out) {
+    const auto& budget = truth.budget;
     const std::vector<Part> parts = parts_of(budget);
     if (form == DocumentForm::text) {
-        print_heading(headline_of(reading), out);
+        print_heading(headline_of(truth), out);
         if (budget)
             print_parts(parts, out);
     } else {

@@ -23,7 +23,7 @@ int print_sources(const std::vector<JudgedSource>& sources, DocumentForm form, s
 int print_explanations(const std::vector<Explanation>& explanations, DocumentForm form, std::ostream& out);
 
 // 0, or 1 where nothing vouches for a bound.
-int print_budget(const ClockReading& reading, DocumentForm form, std::ostream& out);
+int print_budget(const ClockTruth& truth, DocumentForm form, std::ostream& out);
 
 // 0: it answered; 1: it did not.
 int print_probe(const ProbeRequest& request, const ProbeAnswer& answer, DocumentForm form, std::ostream& out);

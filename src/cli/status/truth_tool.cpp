@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <iostream>
+#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -76,7 +77,7 @@ int Tool::read_saved_text(std::string& text) const {
     return 0;
 }
 
-int Tool::read_saved(SavedForm wanted, ClockReading& reading) const {
+int Tool::read_saved(SavedForm wanted, ClockTruth& reading) const {
     std::string text;
     if (const int result = read_saved_text(text); result != 0)
         return result;
@@ -93,14 +94,13 @@ int Tool::read_saved(SavedForm wanted, ClockReading& reading) const {
     return 0;
 }
 
-int Tool::read_clock(CaptureDepth depth, SavedForm wanted, ClockReading& reading) {
+int Tool::read_clock(CaptureDepth depth, SavedForm wanted, ClockTruth& reading) {
     if (m_arguments.from) {
         if (const int result = read_saved(wanted, reading); result != 0)
             return result;
     } else {
         const Capture capture = live_capture(depth);
-        reading = reading_of(capture);
-        reading.offsets = newest_offsets(capture.configuration);
+        reading = reading_of(capture, newest_offsets(capture.configuration));
     }
     if (m_signals.asked()) // what was read was cut short
         return interrupted;
@@ -141,23 +141,23 @@ int Tool::sources() {
     if (const int result = ask_for_root(); result != 0)
         return result;
     return watch([this] {
-        ClockReading reading;
+        ClockTruth reading;
         if (const int result = read_clock(CaptureDepth::with_root, SavedForm::capture, reading); result != 0)
             return result;
-        return reading.reports.sources ? print_sources(judged_sources(reading.reports), form(), std::cout)
+        return reading.reports.sources ? print_sources(reading.sources, form(), std::cout)
                                        : fail_without_sources(reading.reports);
     });
 }
 
 int Tool::explain() {
-    ClockReading reading;
+    ClockTruth reading;
     if (const int result = ask_for_root(); result != 0)
         return result;
     if (const int result = read_clock(CaptureDepth::with_root, SavedForm::capture, reading); result != 0)
         return result;
     if (!reading.reports.sources)
         return fail_without_sources(reading.reports);
-    auto explanations = tickervantage::explain(reading.reports, reading.configuration);
+    auto explanations = std::move(reading.explanations);
     if (m_arguments.source) {
         auto wanted = explanations_of(explanations, *m_arguments.source);
         if (wanted.empty())
@@ -173,7 +173,7 @@ int Tool::explain() {
 }
 
 int Tool::budget() {
-    ClockReading reading;
+    ClockTruth reading;
     const int result = read_clock(CaptureDepth::with_names, SavedForm::capture, reading);
     return result != 0 ? result : print_budget(reading, form(), std::cout);
 }
