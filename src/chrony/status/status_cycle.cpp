@@ -1,7 +1,6 @@
 #include "chrony/status/status_cycle.h"
 
 #include "base/text_lines.h"
-#include "chrony/data/live_capture.h"
 #include "chrony/reports/current_frequency.h"
 
 #include <algorithm>
@@ -19,7 +18,10 @@ StatusCycle::StatusCycle(StatusDisplay& display, const StatusCycleParts& parts, 
       m_tools(std::make_shared<RefreshTools>(
           RefreshTools{RunningCheck(m_options.chronyc_arguments, m_options.root), m_options.gpsd_application_found})),
       m_updatetimer(parts.timer.make_repeater("updatetimer", Pace::free)),
-      m_clockTicker(parts.timer.make_repeater("clockTicker", Pace::wall_second)), m_background(parts.main_thread) {}
+      m_clockTicker(parts.timer.make_repeater("clockTicker", Pace::wall_second)),
+      m_root_reports(parts.privileged, parts.report_queue, parts.main_thread, !m_options.chronyc_arguments.empty(),
+                     [this] { judge_again(); }),
+      m_background(parts.main_thread) {}
 
 StatusCycle::~StatusCycle() = default;
 
@@ -205,7 +207,7 @@ void StatusCycle::start_reading() {
     RefreshRequest wanted = request();
     wanted.list_servers = std::exchange(m_list_servers, false);
     start_report(wanted);
-    start_root_reports();
+    m_root_reports.read(m_chronyc);
     m_background.start(
         m_parts.queue, [wanted = std::move(wanted), tools = m_tools] { return read_status(wanted, *tools); },
         [this](const RefreshReading& reading) { apply(reading); });
@@ -218,7 +220,7 @@ RefreshRequest StatusCycle::request() const {
             .server = m_settings.m_server,
             .resolve = !m_settings.showIPaddress,
             .original = m_settings.showOriginalName,
-            .root_reports = m_root_reports};
+            .root_reports = m_root_reports.newest()};
 }
 
 // One at a time: a later reading asks again.
@@ -245,40 +247,20 @@ void StatusCycle::apply_report(const RefreshRequest& wanted, const ReportText& t
     }
 }
 
-// A daemon of the user's own answers all that chronyc asks; the helper knows the machine's only.
-bool StatusCycle::can_ask_as_root() const {
-    return m_parts.privileged.helper_ready() || !m_options.chronyc_arguments.empty();
-}
-
 void StatusCycle::want_root_reports() {
-    m_wants_root_reports = true;
-    if (can_ask_as_root())
-        start_root_reports();
+    m_root_reports.want();
+    if (m_root_reports.can_be_read())
+        m_root_reports.read(m_chronyc);
     else
         m_display.ask_for_rights(); // who gets them refreshes
 }
 
-void StatusCycle::start_root_reports() {
-    if (!m_wants_root_reports || m_reads_root_reports)
-        return;
-    if (!can_ask_as_root()) {
-        m_root_reports.reset(); // what they said goes out of date
-        return;
-    }
-    m_reads_root_reports = true;
-    m_background.start(
-        m_parts.report_queue, [runner = m_chronyc] { return run_root_reports(*runner); },
-        [this](const ExecuteResult& run) { apply_root_reports(run); });
-}
-
-// They come later than the reading they belong to, which is judged again.
-void StatusCycle::apply_root_reports(const ExecuteResult& run) {
-    m_reads_root_reports = false;
-    m_root_reports = run.outcome == ExecuteOutcome::exited ? std::make_shared<const ExecuteResult>(run) : nullptr;
-    if (!m_basis || !m_root_reports)
+// They come later than the reading they belong to.
+void StatusCycle::judge_again() {
+    if (!m_basis)
         return;
     m_background.start(
-        m_parts.queue, [basis = m_basis, root = m_root_reports] { return truth_of(*basis, root.get()); },
+        m_parts.queue, [basis = m_basis, root = m_root_reports.newest()] { return truth_of(*basis, root.get()); },
         [this, basis = m_basis](const std::shared_ptr<const ClockTruth>& truth) {
             if (basis == m_basis)
                 m_display.show_truth(truth);

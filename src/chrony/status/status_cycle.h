@@ -13,6 +13,7 @@
 #include "chrony/reports/versions.h"
 #include "chrony/status/main_window_settings.h"
 #include "chrony/status/refresh.h"
+#include "chrony/status/root_reports.h"
 #include "chrony/status/status_display.h"
 #include "draw/instruments/clock_performance.h"
 #include "roothelper/client/privileged_actions.h"
@@ -109,9 +110,7 @@ private:
     [[nodiscard]] RefreshRequest request() const; // as the controls have it now
     void start_report(const RefreshRequest& wanted);
     void apply_report(const RefreshRequest& wanted, const ReportText& text);
-    void start_root_reports();
-    void apply_root_reports(const ExecuteResult& run);
-    [[nodiscard]] bool can_ask_as_root() const;
+    void judge_again();
     void learn_names(const RefreshReading& reading);
     [[nodiscard]] std::string meter_text(const RefreshReading& reading);
     void restart_timer();
@@ -140,15 +139,13 @@ private:
     bool m_installing = false;
     bool m_visible = true;
     bool m_is_closed = false;
-    bool m_list_servers = false; // the next reading brings the servers' names
-    bool m_reading = false;      // one is under way
-    bool m_again = false;        // and is stale: another follows
-    bool m_reporting = false;    // a report that needs root is under way
-    ReportText m_root_report;    // the latest one
-    bool m_wants_root_reports = false;
-    bool m_reads_root_reports = false;                   // they are under way
-    std::shared_ptr<const ExecuteResult> m_root_reports; // the latest; null: none
-    std::shared_ptr<const TruthBasis> m_basis;           // of the latest reading
+    bool m_list_servers = false;               // the next reading brings the servers' names
+    bool m_reading = false;                    // one is under way
+    bool m_again = false;                      // and is stale: another follows
+    bool m_reporting = false;                  // a report that needs root is under way
+    ReportText m_root_report;                  // the latest one
+    std::shared_ptr<const TruthBasis> m_basis; // of the latest reading
+    RootReports m_root_reports;
     Background m_background;
 };
 

@@ -4,6 +4,7 @@
 #include "gui/main/clock_widget.h"
 #include "gui/main/command_output.h"
 #include "gui/main/main_area.h"
+#include "gui/main/main_window_layout.h"
 #include "gui/main/meter_widget.h"
 #include "gui/main/sources_panel.h"
 #include "gui/main/status_image.h"
@@ -14,14 +15,11 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QSplitter>
-#include <QVBoxLayout>
 
 namespace tickervantage {
 namespace {
@@ -147,86 +145,6 @@ void build_options(QWidget* central, MainWindowControls& controls) {
     controls.m_interval->setToolTip(Texts::tr("Seconds between two readings, 1 to 60"));
 }
 
-QWidget* build_interval_holder(QWidget* central, QSpinBox* interval) {
-    auto* holder = new QWidget(central);
-    holder->setObjectName(QStringLiteral("ph_interval"));
-    //: main window: label of the interval
-    auto* label = new QLabel(Texts::tr("&Every"), holder);
-    label->setBuddy(interval);
-    auto* row = new QHBoxLayout(holder);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(label);
-    row->addWidget(interval);
-    return holder;
-}
-
-QLayout* meter_row(const MainWindowControls& controls) {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(10);
-    row->addWidget(controls.meterSelect);
-    row->addWidget(controls.meterValue, 1, Qt::AlignVCenter);
-    return row;
-}
-
-QLayout* status_column(QWidget* central, const MainWindowControls& controls) {
-    auto* state = new QHBoxLayout;
-    state->setSpacing(6);
-    for (auto* image : controls.status_images)
-        state->addWidget(image);
-    state->addWidget(controls.status_words, 1);
-    auto* column = new QVBoxLayout;
-    //: main window: above the state that chronyd names, such as "Synchronised"
-    column->addWidget(new QLabel(Texts::tr("chronyd says:"), central));
-    column->addLayout(state);
-    column->addSpacing(6);
-    column->addWidget(controls.adjustingClock);
-    column->addWidget(controls.m_preferences, 0, Qt::AlignLeft);
-    column->addStretch(1);
-    column->addWidget(controls.chronycversion);
-    column->addWidget(controls.chronydversion);
-    return column;
-}
-
-QLayout* dashboard(QWidget* central, const MainWindowControls& controls) {
-    // Beyond this the room is better used by the report below.
-    const int largest_dial = controls.localTime->fontMetrics().height() * 18;
-    auto* grid = new QGridLayout;
-    int column = 0;
-    for (auto* instrument : std::initializer_list<QWidget*>{controls.analogClock, controls.clockPerformance}) {
-        instrument->setMaximumSize(largest_dial, largest_dial);
-        grid->addWidget(instrument, 0, column);
-        grid->setColumnStretch(column++, 2);
-    }
-    grid->addWidget(controls.localTime, 1, 0, Qt::AlignCenter);
-    grid->addLayout(meter_row(controls), 1, 1);
-    grid->addLayout(status_column(central, controls), 0, 2, 2, 1);
-    grid->setColumnStretch(2, 3);
-    grid->setHorizontalSpacing(12);
-    return grid;
-}
-
-// What is asked, and how: two rows where the window is narrow.
-QBoxLayout* command_row(QWidget* central, const MainWindowControls& controls) {
-    //: main window: label of the command menu
-    auto* label = new QLabel(Texts::tr("&Report:"), central);
-    label->setBuddy(controls.commandMenu);
-    auto* what = new QHBoxLayout;
-    what->addWidget(label);
-    what->addWidget(controls.commandMenu);
-    what->addWidget(controls.m_server_label);
-    what->addWidget(controls.m_server);
-    what->addStretch(1);
-    auto* how = new QHBoxLayout;
-    how->addWidget(controls.showIPaddress);
-    how->addWidget(controls.showOriginalName);
-    how->addStretch(1);
-    how->addWidget(build_interval_holder(central, controls.m_interval));
-    auto* row = new QBoxLayout(QBoxLayout::LeftToRight);
-    row->addLayout(what, 1);
-    row->addLayout(how);
-    return row;
-}
-
 QLabel* build_banner(QWidget* central) {
     //: main window: name of the banner with what holds for the whole run, such as demonstration mode
     auto* banner = text_label(central, "standingNotice", Texts::tr("Notice"));
@@ -262,36 +180,6 @@ void build_wrong_program(QWidget* central, MainWindowControls& controls) {
     controls.wrong_program->hide();
 }
 
-QWidget* instruments_and_report(QWidget* central, const MainWindowControls& controls, QBoxLayout* report_row) {
-    auto* half = new QWidget(central);
-    auto* column = new QVBoxLayout(half);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addLayout(dashboard(half, controls));
-    column->addSpacing(4);
-    column->addLayout(report_row);
-    column->addWidget(controls.m_textscroll, 1);
-    return half;
-}
-
-void lay_out(MainArea& area, QWidget* central, const MainWindowControls& controls) {
-    auto* halves = new QSplitter(central);
-    halves->setObjectName(QStringLiteral("halves"));
-    halves->setChildrenCollapsible(false);
-    auto* report_row = command_row(central, controls);
-    halves->addWidget(instruments_and_report(central, controls, report_row));
-    halves->addWidget(controls.sources);
-    halves->setStretchFactor(1, 1); // the instruments keep the width they have
-    auto* column = new QVBoxLayout(central);
-    column->addWidget(controls.standing_notice);
-    column->addWidget(controls.wrong_program);
-    column->addWidget(controls.verdict);
-    column->addSpacing(4);
-    column->addWidget(halves, 1);
-    column->addWidget(controls.m_status);
-    area.setWidget(central);
-    area.adapt(halves, controls.verdict, report_row);
-}
-
 } // namespace
 
 MainWindowControls build_main_window_controls(MainArea& area, ClockPerformance& meter) {
@@ -316,7 +204,7 @@ MainWindowControls build_main_window_controls(MainArea& area, ClockPerformance& 
     //: main window: name of the line that says what stands in the way
     controls.m_status = text_label(central, "m_status", Texts::tr("Status"));
     controls.m_status->setWordWrap(true);
-    lay_out(area, central, controls);
+    lay_out_main_window(area, central, controls);
     return controls;
 }
 

@@ -5,6 +5,7 @@
 #include "gui/main/local_time_text.h"
 #include "gui/main/main_area.h"
 #include "gui/main/meter_widget.h"
+#include "gui/main/notice_words.h"
 #include "gui/main/sources_panel.h"
 #include "gui/main/status_image.h"
 #include "gui/main/verdict_panel.h"
@@ -209,36 +210,7 @@ void TickervantageWindow::show_output(const std::string& text) {
 }
 
 void TickervantageWindow::show_notice(const StatusNotice& notice) {
-    const auto words = [this, &notice]() -> QString {
-        const QString detail = notice.failure ? in_words(*notice.failure) : from_std(notice.detail);
-        switch (notice.kind) {
-        case StatusNotice::Kind::none:
-            //: main window, status line: %1 is a time
-            return tr("Last reading: %1").arg(locale().toString(QTime::currentTime(), QLocale::LongFormat));
-        case StatusNotice::Kind::chronyc_failed:
-            //: main window, status line: %1 says what happened to chronyc
-            return tr("chronyc gave no answer: %1").arg(detail);
-        case StatusNotice::Kind::daemon_silent:
-            //: main window, status line: %1 is what chronyc printed instead of a report
-            return detail.isEmpty()
-                       ? tr("chronyd gave no answer.")
-                       : /*: main window, status line: %1 is what chronyc printed instead of a report */ tr(
-                             "chronyd gave no answer: %1")
-                             .arg(detail);
-        case StatusNotice::Kind::unusual_leap:
-            //: main window, status line: %1 is chrony's word for a leap second that is announced, such as "Delete
-            //: second"
-            return tr("chronyd answers, with the leap status “%1”.").arg(detail);
-        case StatusNotice::Kind::needs_helper:
-            //: main window, status line: %1 is a chronyc command
-            return tr("The report “%1” needs administrator rights, which were not given.").arg(detail);
-        case StatusNotice::Kind::report_incomplete:
-            //: main window, status line: %1 says why the shown report failed or was cut
-            return tr("The report is not complete: %1").arg(detail);
-        }
-        return {};
-    };
-    const QString sentence = words();
+    const QString sentence = words_of(notice);
     m_controls.m_status->setText(m_progress.isEmpty() ? sentence : m_progress);
     if (notice.kind != StatusNotice::Kind::none)
         m_controls.verdict->show_silence(sentence);

@@ -1,0 +1,11 @@
+// Where the main window's controls stand.
+#pragma once
+
+#include "gui/main/main_window_controls.h"
+
+namespace tickervantage {
+
+// The controls are children of `central`, which becomes the area's widget.
+void lay_out_main_window(MainArea& area, QWidget* central, const MainWindowControls& controls);
+
+} // namespace tickervantage
