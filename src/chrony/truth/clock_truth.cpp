@@ -14,7 +14,7 @@ ClockTruth clock_truth(ChronyReports reports, const std::vector<CapturedFile>& c
                      .budget = error_budget(reports, clock_error),
                      .expected = expected_error(reports, newest_offsets),
                      .sources = judged_sources(reports)};
-    truth.explanations = explain(reports, configuration);
+    truth.explanations = explain(truth.sources, configuration);
     truth.reports = std::move(reports);
     return truth;
 }

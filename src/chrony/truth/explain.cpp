@@ -256,7 +256,11 @@ Explanation explanation_of(const JudgedSource& source, const Selection& selectio
 } // namespace
 
 std::vector<Explanation> explain(const ChronyReports& reports, const std::vector<CapturedFile>& configuration) {
-    const std::vector<JudgedSource> sources = judged_sources(reports);
+    return explain(judged_sources(reports), configuration);
+}
+
+std::vector<Explanation> explain(const std::vector<JudgedSource>& sources,
+                                 const std::vector<CapturedFile>& configuration) {
     const ConfigurationLines lines(configuration);
     const Selection selection = selection_of(sources, lines);
     std::vector<Explanation> explanations;

@@ -27,6 +27,10 @@ struct Explanation {
 [[nodiscard]] std::vector<Explanation> explain(const ChronyReports& reports,
                                                const std::vector<CapturedFile>& configuration);
 
+// The same of sources that were judged before.
+[[nodiscard]] std::vector<Explanation> explain(const std::vector<JudgedSource>& sources,
+                                               const std::vector<CapturedFile>& configuration);
+
 // Those with this address, name or reference ID.
 [[nodiscard]] std::vector<Explanation> explanations_of(std::vector<Explanation> explanations, std::string_view source);
 

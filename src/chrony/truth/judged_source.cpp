@@ -134,7 +134,10 @@ std::vector<JudgedSource> judged_sources(const ChronyReports& reports) {
     const auto authentication = by_source(reports.authentication);
     const auto ntp = by_source(reports.ntp);
     std::vector<JudgedSource> sources;
-    for (const SourceData& data : reports.sources.value_or(std::vector<SourceData>())) {
+    if (!reports.sources)
+        return sources;
+    sources.reserve(reports.sources->size());
+    for (const SourceData& data : *reports.sources) {
         JudgedSource& source = sources.emplace_back(JudgedSource{.data = data, .letter = data.letter});
         if (const auto name = reports.names.find(data.source); name != reports.names.end())
             source.name = name->second;
