@@ -13,8 +13,10 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
+#include <QSplitter>
 #include <QTimeZone>
 
 #include <algorithm>
@@ -83,12 +85,34 @@ TEST_F(MainWindowTest, ControlsSteerTheCycle) {
     EXPECT_EQ(find<CommandOutput>("m_textscroll")->toPlainText(), QStringLiteral("a table\n"));
     choose("meterSelect", "Frequency");
     EXPECT_EQ(find<QLabel>("meterValue")->text(), QStringLiteral("-12.345 µs/s"));
+    choose("meterSelect", "Error bound");
+    EXPECT_NEAR(window->cycle().meter().value(), 5619.5, 0.01);
+    EXPECT_EQ(window->cycle().settings().m_meterview, meterView::frequency) << "is kept as it was";
     find<QCheckBox>("showIPaddress")->click();
     fakes.settle();
     EXPECT_TRUE(std::ranges::count(fakes.execute.calls, "chronyc|-n|sources -v") == 1);
     find<QSpinBox>("m_interval")->setValue(60);
     EXPECT_EQ(fakes.timer.find("updatetimer")->interval(), 60);
     EXPECT_TRUE(window->findChild<QAction*>(QStringLiteral("m_gpsd_toolbar"))->isEnabled());
+}
+
+TEST_F(MainWindowTest, SourcesStandBesideTheReportWhereThereIsRoomAndBelowItElsewhere) {
+    open();
+    const auto resize = [this](int width, int height) {
+        window->resize(width, height);
+        for (int turn = 0; turn < 5; ++turn) // layouts post each other
+            QCoreApplication::processEvents();
+    };
+    const auto* halves = find<QSplitter>("halves");
+    const auto* area = find<QScrollArea>("main_area");
+    resize(1900, 1150);
+    EXPECT_EQ(halves->orientation(), Qt::Horizontal);
+    EXPECT_GT(find<QWidget>("sources_panel")->width(), 1000);
+    EXPECT_EQ(area->verticalScrollBar()->maximum(), 0);
+    resize(640, 480);
+    EXPECT_EQ(halves->orientation(), Qt::Vertical);
+    EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0);
+    EXPECT_GT(area->verticalScrollBar()->maximum(), 0);
 }
 
 TEST_F(MainWindowTest, ServerFieldBelongsToNtpdata) {

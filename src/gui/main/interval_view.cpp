@@ -101,6 +101,7 @@ IntervalPicture IntervalView::picture() const {
 
 void IntervalView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    painter.fillRect(rect(), palette().base()); // without sources there is no axis
     QtCanvas canvas(painter, height(), CanvasColors::from_palette(palette()));
     if (m_model.rowCount() > 0)
         draw_intervals(canvas, picture(), scale_of(m_model.truth(), width()));

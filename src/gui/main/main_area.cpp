@@ -6,6 +6,9 @@
 #include <QBoxLayout>
 #include <QResizeEvent>
 #include <QSplitter>
+#include <QTimer>
+
+#include <algorithm>
 
 namespace tickervantage {
 namespace {
@@ -13,6 +16,7 @@ namespace {
 // Points.
 constexpr int wide_enough = 1080;    // for two halves
 constexpr int row_wide_enough = 760; // for all controls of the report in one row
+constexpr int report_width = 600;    // of most of chrony's reports
 
 constexpr double left_share = 0.4; // of the half with the instruments: the sources need more
 
@@ -48,10 +52,11 @@ void MainArea::set_out(int width) {
     if (m_halves->orientation() == orientation && m_is_set_out)
         return;
     m_halves->setOrientation(orientation);
-    if (wide) {
-        const int left = static_cast<int>(width * left_share);
-        m_halves->setSizes({left, width - left});
-    }
+    if (wide) // once the halves have the width that they are to share
+        QTimer::singleShot(0, m_halves, [halves = m_halves] {
+            const int left = std::max(static_cast<int>(halves->width() * left_share), scaled(report_width, *halves));
+            halves->setSizes({left, halves->width() - left});
+        });
     m_is_set_out = true;
 }
 

@@ -118,10 +118,25 @@ void SourcesPanel::show_truth(const std::shared_ptr<const ClockTruth>& truth) {
                             m_model->truth().reports.names != truth->reports.names;
     m_model->show(truth);
     if (has_others)
-        m_table->resizeColumnsToContents();
+        fit_columns();
     restore_choice();
     m_root_row->setVisible(truth->reports.sources && !truth->sources.empty() && !truth->reports.selection);
     show_explanation();
+}
+
+// With room for what the cells of these sources may say later.
+void SourcesPanel::fit_columns() {
+    m_table->resizeColumnsToContents();
+    const QFontMetrics metrics = m_table->fontMetrics();
+    int states = 0;
+    for (int rule = 0; rule <= static_cast<int>(SelectionRule::unknown); ++rule)
+        states = std::max(states, metrics.horizontalAdvance(words_of(static_cast<SelectionRule>(rule))));
+    const auto leave = [&](int column, int words) {
+        m_table->setColumnWidth(column, std::max(m_table->columnWidth(column), words + metrics.height()));
+    };
+    leave(SourcesModel::state, states + m_table->iconSize().width());
+    leave(SourcesModel::offset, metrics.horizontalAdvance(QStringLiteral("+888 µs ± 88.8 ms")));
+    leave(SourcesModel::last_heard, metrics.horizontalAdvance(QStringLiteral("88 min 88 s")));
 }
 
 // The table gets no more than it needs of the width: the picture can use the rest.

@@ -40,6 +40,7 @@ private:
     void build_table();
     void build_root_row();
     void lay_out();
+    void fit_columns();
     void limit_table();
     void choose_row(int row);
     void show_explanation();
