@@ -17,7 +17,7 @@
 #include "linux/private_temporary.h"
 #include "linux/serial_queue.h"
 #include "linux/small_file.h"
-#include "qt/qt_main_thread.h"
+#include "qt/event_loop.h"
 
 #include <QApplication>
 #include <QCheckBox>

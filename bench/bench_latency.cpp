@@ -18,8 +18,7 @@
 #include "gui/main/command_output.h"
 #include "gui/main/tickervantage_window.h"
 #include "linux/private_temporary.h"
-#include "qt/qt_main_thread.h"
-#include "qt/qt_master_timer.h"
+#include "qt/event_loop.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -11,7 +11,7 @@
 #include "chrony/log/logreader.h"
 #include "linux/posix_followed_file.h"
 #include "linux/serial_queue.h"
-#include "qt/qt_main_thread.h"
+#include "qt/event_loop.h"
 #include "studies/tracking/tracking_records.h"
 
 #include <QCoreApplication>

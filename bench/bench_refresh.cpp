@@ -19,8 +19,7 @@
 #include "gui/main/sources_panel.h"
 #include "gui/main/tickervantage_window.h"
 #include "linux/private_temporary.h"
-#include "qt/qt_main_thread.h"
-#include "qt/qt_master_timer.h"
+#include "qt/event_loop.h"
 #include "support/manual_timer.h"
 
 #include <benchmark/benchmark.h>

@@ -5,8 +5,8 @@
 #include "app/former_configurations.h"
 #include "gui/main/tickervantage_window.h"
 #include "qt/in_words.h"
+#include "roothelper/jobs/chrony_jobs.h"
 #include "roothelper/jobs/distribution_chrony.h"
-#include "roothelper/jobs/job_environment.h"
 #include "settings/warning_register.h"
 
 #include <QAction>
@@ -120,7 +120,7 @@ std::string Administration::translate(const char* text, const char* comment) {
     return QCoreApplication::translate("offers", text, comment).toStdString();
 }
 
-void Administration::show(const Alert& alert, std::function<void(AlertAnswer)> answered) {
+void Administration::show(const Alert& alert, AlertAnswered answered) {
     show_alert(&m_parts.window, alert, std::move(answered));
 }
 
@@ -164,10 +164,7 @@ void Administration::show_problem(PrivilegedProblem problem, const Failure& why)
                       .informative = Texts::tr("An admin login/password is required").toStdString(),
                       //: button of an alert
                       .buttons = {Texts::tr("Dismiss").toStdString()}};
-    const auto show_it = [this](const Alert& shown, auto answered) {
-        show(shown, std::move(answered));
-    };
-    (void)show_unless_suppressed(m_parts.warnings, show_it, alert, [](std::size_t) {});
+    (void)show_unless_suppressed(m_parts.warnings, *this, alert, [](std::size_t) {});
 }
 
 void Administration::run(const AdminRequest& request, AdministrativeJobs::Done done) {

@@ -65,7 +65,7 @@ private:
     [[nodiscard]] InstalledPaths installed_paths() override;
     [[nodiscard]] bool uses_distribution_unasked() override;
     [[nodiscard]] std::string translate(const char* text, const char* comment) override;
-    void show(const Alert& alert, std::function<void(AlertAnswer)> answered) override;
+    void show(const Alert& alert, AlertAnswered answered) override;
     void install() override { m_menu.install(); }
     void use_distribution(const DistributionChrony& chrony) override;
     void stop_for_version(const std::string& program, const std::string& answer) override;

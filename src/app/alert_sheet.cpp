@@ -49,7 +49,7 @@ Sheet make_sheet(QWidget* window, const Alert& alert, QMessageBox::Icon icon) {
 
 } // namespace
 
-void show_alert(QWidget* window, const Alert& alert, std::function<void(AlertAnswer)> answered) {
+void show_alert(QWidget* window, const Alert& alert, AlertAnswered answered) {
     const Sheet sheet = make_sheet(window, alert, QMessageBox::Warning);
     sheet.box->setDefaultButton(sheet.buttons.front());
     //: check box of an alert
@@ -62,7 +62,7 @@ void show_alert(QWidget* window, const Alert& alert, std::function<void(AlertAns
     sheet.box->open();
 }
 
-void show_question(QWidget* window, const Alert& alert, std::function<void(std::size_t button)> answered) {
+void show_question(QWidget* window, const Alert& alert, ButtonPressed answered) {
     const Sheet sheet = make_sheet(window, alert, QMessageBox::Question);
     sheet.box->setDefaultButton(sheet.buttons.back());
     QObject::connect(sheet.box, &QMessageBox::finished, sheet.box,

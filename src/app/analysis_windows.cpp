@@ -2,7 +2,7 @@
 
 #include "app/administration.h"
 #include "app/bring_to_front.h"
-#include "draw/recorded_drawing.h"
+#include "draw/canvases.h"
 #include "linux/small_file.h"
 #include "qt/picture_file.h"
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/background.h"
-#include "base/queue_lender.h"
+#include "base/dispatch.h"
 #include "gui/freqtemp/freqtemp_window.h"
 #include "gui/freqtemp/sensor_inspector.h"
 #include "gui/spectrum/spectrum_window.h"

@@ -224,6 +224,7 @@ void AppDelegate::make_settings_windows() {
                              .general = m_general,
                              .advanced = m_advanced,
                              .probes = m_parts.probes,
+                             .files = m_parts.documents,
                              .editors = configurations(),
                              .jobs = m_administration ? &m_administration->jobs() : nullptr});
     auto* windows = m_settings_windows.get();
@@ -251,6 +252,7 @@ void AppDelegate::make_configurations() {
                                                                           .settings = m_parts.cycle.settings,
                                                                           .paths = m_parts.paths,
                                                                           .probes = m_parts.probes,
+                                                                          .files = m_parts.documents,
                                                                           .general = m_general,
                                                                           .logger = m_parts.logger,
                                                                           .can_install = m_administration != nullptr,

@@ -6,6 +6,7 @@
 #include "base/logger.h"
 #include "base/path_probes.h"
 #include "base/paths.h"
+#include "base/user_files.h"
 #include "chrony/status/status_cycle.h"
 #include "gui/editor/config_editor_window.h"
 #include "settings/preferences.h"
@@ -50,6 +51,7 @@ struct ApplicationParts {
     Logger& logger;
     Paths paths;
     PathProbes& probes;
+    Files& documents;
     JobQueues* job_queues = nullptr; // none: jobs that need rights are not offered
 };
 

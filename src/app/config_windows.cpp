@@ -4,7 +4,6 @@
 #include "gui/editor/config_sheets.h"
 #include "linux/environment.h"
 #include "linux/kept_files.h"
-#include "linux/small_file.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -21,25 +20,6 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(configwindows)
 };
 
-KeptFilesParts kept_files(const Paths& paths) {
-    const auto files = std::make_shared<KeptFiles>(paths.state.empty() ? "" : paths.state + "/unsaved");
-    return {.keep = [files](const std::string& name, std::string_view bytes) { return files->keep(name, bytes); },
-            .drop = [files](const std::string& name) { files->drop(name); },
-            .left_behind =
-                [files] {
-                    std::vector<LeftFile> left;
-                    files->visit_left([&left](const std::string& path, std::string bytes) {
-                        left.push_back({path, std::move(bytes)});
-                    });
-                    return left;
-                },
-            .adopt = [files](const std::string& path, const std::string& name) { return files->adopt(path, name); },
-            .remove =
-                [files](const std::string& path) {
-                    files->remove(path);
-                }};
-}
-
 QString title_of(const KeptEdit& edit) {
     return QString::fromStdString(edit.path.empty() || edit.is_installed_config ? edit.title : edit.path);
 }
@@ -48,8 +28,8 @@ QString title_of(const KeptEdit& edit) {
 
 ConfigWindows::ConfigWindows(ConfigWindowsParts parts)
     : m_parts(std::move(parts)),
-      m_keeper(kept_files(m_parts.paths), m_parts.edit_queue,
-               [&logger = m_parts.logger](const std::string& sentence) { logger.log(LogLevel::warning, sentence); }),
+      m_keeper(std::make_shared<PosixKeptFiles>(m_parts.paths.state.empty() ? "" : m_parts.paths.state + "/unsaved"),
+               m_parts.edit_queue, m_parts.logger),
       m_recent(m_parts.settings), m_background(m_parts.main_thread) {
     connect(&m_recent, &RecentFiles::chosen, this, &ConfigWindows::open_path);
 }
@@ -67,10 +47,10 @@ ConfigEditorParts ConfigWindows::editor_parts() {
                                      [bundled = m_parts.paths.bundle_program("chronyd")] {
                                          return find_chronyds(process_environment("PATH").value_or(""), bundled);
                                      },
-                                 .replace_file = replace_small_file,
+                                 .files = m_parts.files,
                                  .temporary = m_parts.paths.temporary},
                       .probes = m_parts.probes},
-            .files = {.read = read_small_file, .replace = replace_small_file},
+            .files = m_parts.files,
             .general = m_parts.general,
             .keeper = m_keeper,
             .document = ++m_documents,

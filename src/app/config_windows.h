@@ -5,6 +5,7 @@
 #include "base/logger.h"
 #include "base/path_probes.h"
 #include "base/paths.h"
+#include "base/user_files.h"
 #include "chrony/configuration/kept_edit.h"
 #include "gui/editor/config_editor_window.h"
 #include "settings/default_settings.h"
@@ -26,6 +27,7 @@ struct ConfigWindowsParts {
     DefaultSettings& settings;
     Paths paths;
     PathProbes& probes;
+    Files& files;
     const PreferencesGeneral& general; // which name the live configuration
     Logger& logger;
     bool can_install = false;  // somebody answers to install_wanted

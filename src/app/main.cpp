@@ -1,8 +1,7 @@
 // The desktop program: puts the parts together.
 #include "app/app_delegate.h"
-#include "app/labelled_queues.h"
 #include "app/options.h"
-#include "app/queue_pool.h"
+#include "app/queues.h"
 #include "app/quit_on_signal.h"
 #include "app/screenshot_tour.h"
 #include "app/single_instance.h"
@@ -19,10 +18,9 @@
 #include "linux/shared_text_file.h"
 #include "linux/xdg_paths.h"
 #include "qt/accessible_widgets.h"
+#include "qt/event_loop.h"
 #include "qt/in_words.h"
 #include "qt/languages.h"
-#include "qt/qt_main_thread.h"
-#include "qt/qt_master_timer.h"
 #include "qt/qt_settings_store.h"
 #include "roothelper/client/bus_privileged_channel.h"
 #include "roothelper/client/no_privileged_channel.h"
@@ -117,11 +115,12 @@ private:
     LabelledQueues m_job_queues;
     SerialQueue m_removal_queue{"net.brisklane.removetuxfamily"};
     SerialQueue m_spectrum_queue{"net.brisklane.spectrum"};
+    PosixPathProbes m_path_probes;
+    PosixFiles m_documents;
     SerialQueue m_config_queue{"net.brisklane.config"};
     SerialQueue m_export_queue{"net.brisklane.export"};
     MachineSensors m_sensors;
     PosixUserFiles m_user_files;
-    PosixPathProbes m_path_probes;
     SerialQueue m_sensor_queue{"net.brisklane.sensors"};
     SerialQueue m_freqtemp_queue{"net.brisklane.freqtemp"};
     SerialQueue m_map_queue{"net.brisklane.scattermap"};
@@ -176,6 +175,7 @@ ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) 
             .logger = m_logger,
             .paths = paths,
             .probes = m_path_probes,
+            .documents = m_documents,
             .job_queues = is_demonstration(daemon) ? nullptr : &m_job_queues};
 }
 
@@ -270,10 +270,10 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     const PrivateTemporary temporary;
     Paths paths = process_paths();
     Demonstration demonstration;
-    std::string sentence;
     if (options.demo) {
-        if (demonstration.start(paths.bundle_program("chronyd"), paths.temporary + "demonstration", sentence) != 0)
-            return fail(sentence);
+        const auto started = demonstration.start(paths.bundle_program("chronyd"), paths.temporary + "demonstration");
+        if (!started)
+            return fail(english(started.error()));
         paths = throw_away(paths, demonstration.folder());
     }
     if (!options.screenshots.empty() && !QDir().mkpath(QString::fromStdString(options.screenshots)))

@@ -2,12 +2,10 @@
 
 #include "app/bring_to_front.h"
 #include "app/config_windows.h"
-#include "base/failure_codes.h"
 #include "gui/preferences/preferences_advanced.h"
 #include "gui/preferences/preferences_general.h"
 #include "linux/autostart.h"
 #include "linux/shared_text_file.h"
-#include "linux/small_file.h"
 #include "roothelper/jobs/administrative_jobs.h"
 
 #include <QPointer>
@@ -17,15 +15,6 @@
 
 namespace tickervantage {
 namespace {
-
-constexpr std::size_t largest_configuration = 16U << 20U;
-
-Result<std::string> read_text(const std::string& path) {
-    FileReading file = read_small_file(path, largest_configuration);
-    if (file.outcome != FileReading::Outcome::read)
-        return failed(FailureCode::cannot_read, {path}, std::move(file.reason));
-    return std::move(file.bytes);
-}
 
 // The settings lie in a folder of $XDG_CONFIG_HOME, in a demonstration in one that stands for it.
 std::shared_ptr<const LaunchAtLogin> launch_at_login(const Paths& paths) {
@@ -46,7 +35,7 @@ void SettingsWindows::make_servers() {
         .queue = m_parts.queue,
         .main_thread = m_parts.main_thread,
         .general = m_parts.general,
-        .read_text = read_text,
+        .files = m_parts.files,
         .logger = m_parts.logger});
     connect(&m_parts.editors, &ConfigWindows::is_open_changed, m_servers.get(), &ServersWindow::set_editor_open);
     connect(m_servers.get(), &ServersWindow::insert_wanted, &m_parts.editors, &ConfigWindows::insert);

@@ -4,6 +4,7 @@
 #include "base/logger.h"
 #include "base/path_probes.h"
 #include "base/paths.h"
+#include "base/user_files.h"
 #include "gui/preferences/preferences_window.h"
 #include "gui/servers/servers_window.h"
 
@@ -27,6 +28,7 @@ struct SettingsWindowsParts {
     PreferencesGeneral& general;
     PreferencesAdvanced& advanced;
     PathProbes& probes;
+    Files& files;
     ConfigWindows& editors;
     AdministrativeJobs* jobs = nullptr; // none: what needs them is not offered
 };

@@ -15,11 +15,22 @@
 #include "base/dispatch.h"
 
 #include <atomic>
+#include <chrono>
+#include <future>
 #include <memory>
 #include <type_traits>
 #include <utility>
 
 namespace tickervantage {
+
+// Waits until the queue has done what was asked of it so far: for the program's end. False when the time does not
+// suffice.
+[[nodiscard]] inline bool wait_for(DispatchQueueSerial& queue, std::chrono::milliseconds patience) {
+    const auto reached = std::make_shared<std::promise<void>>();
+    auto end = reached->get_future();
+    queue.async([reached] { reached->set_value(); });
+    return end.wait_for(patience) == std::future_status::ready;
+}
 
 class Background {
 public:

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 namespace tickervantage {
 
@@ -24,6 +25,15 @@ public:
 
     // Runs the work later, off the main thread. The destructor waits for the piece that is running and drops the rest.
     virtual void async(Work work) = 0;
+};
+
+// Lends queues to those who come and go, such as windows that each follow a log.
+class QueueLender {
+public:
+    virtual ~QueueLender() = default;
+
+    // The queue goes back with the last pointer to it, on the main thread. The lender outlives the loan.
+    [[nodiscard]] virtual std::shared_ptr<DispatchQueueSerial> lend() = 0;
 };
 
 } // namespace tickervantage

@@ -21,6 +21,8 @@ TV_FAILURE(cannot_make_folder_in, TV_TEXT("failures", "Cannot make a folder in %
 TV_FAILURE(cannot_remove, TV_TEXT("failures", "Cannot remove %1: %c."))
 TV_FAILURE(no_such_file, TV_TEXT("failures", "There is no file \"%1\"."))
 TV_FAILURE(file_unreadable, TV_TEXT("failures", "%1 cannot be read: %c."))
+TV_FAILURE(no_edit_in, "%1 holds no edit that this version can read.")
+TV_FAILURE(edit_not_kept, "An edit that is not saved could not be kept for the next run.")
 TV_FAILURE(no_folder_to_keep_in, TV_TEXT("failures", "There is no folder to keep it in."))
 TV_FAILURE(is_no_utf8, TV_TEXT("failures", "it is no text in UTF-8"))
 TV_FAILURE(is_folder, TV_TEXT("failures", "it is a folder"))
@@ -118,6 +120,15 @@ TV_FAILURE(daemon_cannot_write,
            TV_TEXT("failures", "%1: the user %2, as whom chronyd runs, cannot write in the folder %3."))
 
 // the list of servers
+
+// a demonstration, for the terminal alone
+TV_FAILURE(demonstration_runs, "The demonstration is running already.")
+TV_FAILURE(demonstration_without_chronyd, "The demonstration needs chronyd, and %1 cannot be run: %c.")
+TV_FAILURE(demonstration_without_name, "The demonstration needs a user name, and user %1 has none.")
+TV_FAILURE(demonstration_without_folder, "The folder %1 for the demonstration cannot be made: %c.")
+TV_FAILURE(demonstration_not_started, "The demonstration cannot be started: %c.")
+TV_FAILURE(demonstration_too_slow, "The demonstration did not come up in time.")
+TV_FAILURE(demonstration_not_synchronised, "The demonstration was not synchronised within %1 s.")
 
 // the studies: logs, points, pictures
 TV_FAILURE(picture_not_written, TV_TEXT("failures", "The picture %1 could not be written: %c."))
@@ -340,6 +351,14 @@ TV_FAILURE(cannot_listen, "Cannot listen on the system bus: %c.")
 TV_FAILURE(chronyc_said_nothing, "chronyc ended with status %1 and said nothing.")
 
 // tickerctl
+TV_FAILURE(log_without_record, "The tracking log %1 has no record.")
+TV_FAILURE(log_of_one_record, "The tracking log %1 has fewer than two records.")
+TV_FAILURE(no_such_spectrum, "There is no spectrum of \"%1\"; there are offset, rem_cor and rms_offset.")
+TV_FAILURE(spectrum_without_interval, "The interval between two samples must be more than 0 seconds.")
+TV_FAILURE(spectrum_too_short, "The duration must be at least half an interval.")
+TV_FAILURE(spectrum_too_long, "A spectrum has at most %1 samples: shorten the duration or lengthen the interval.")
+TV_FAILURE(record_without_value, "The record of %1 UTC has no %2.")
+TV_FAILURE(spectrum_too_large, "There is not enough memory for a spectrum of that many samples.")
 
 // windows
 TV_FAILURE(autostart_useless, TV_TEXT("failures", "The file in the autostart folder does not start the program."))

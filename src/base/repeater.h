@@ -4,7 +4,8 @@
 // were started go on when it starts again.
 #pragma once
 
-#include <functional>
+#include "base/dispatch.h"
+
 #include <memory>
 #include <string_view>
 
@@ -16,7 +17,7 @@ public:
 
     // Calls `tick` on the main thread every `interval_seconds` (more than 0), the first time one interval from now.
     // Starting again replaces interval and handler.
-    virtual void start(double interval_seconds, std::function<void()> tick) = 0;
+    virtual void start(double interval_seconds, Work tick) = 0;
     virtual void stop() = 0;
     [[nodiscard]] virtual bool is_running() const = 0;
 };

@@ -1,4 +1,4 @@
-// Files of the user that must never be lost, of any size: whole reads with a limit, replacement in one step.
+// Files that must never be lost, of any size: whole reads with a limit, replacement in one step.
 //
 // A replaced file is at every moment, also after a crash or on a full disk, either the old one or the new one. Calls
 // wait for the disk; any thread.
@@ -32,18 +32,23 @@ using TextSink = std::function<int(std::string_view)>;
 // Hands a text to the sink piece by piece. -1: it gave up, or the sink did.
 using WriteText = std::function<int(const TextSink&)>;
 
-// Puts a whole file in the place of another one.
-using ReplaceFile = std::function<Result<>(const std::string& path, std::string_view bytes)>;
-
-class UserFiles {
+// Those that people name.
+class Files {
 public:
-    virtual ~UserFiles() = default;
+    virtual ~Files() = default;
 
     [[nodiscard]] virtual FileReading read(const std::string& path, std::size_t limit) = 0;
 
-    // When `write` gives up, the old file stays. Folders above the file are made.
+    // When `write` gives up, the old file stays.
     [[nodiscard]] virtual Result<> replace(const std::string& path, const WriteText& write) = 0;
+    [[nodiscard]] Result<> replace_by(const std::string& path, std::string_view bytes) {
+        return replace(path, [bytes](const TextSink& sink) { return sink(bytes); });
+    }
+};
 
+// Those that the program keeps for the user: folders above them are made, and its other processes kept away meanwhile.
+class UserFiles : public Files {
+public:
     // Renames a file that cannot be used, so that the next replacement does not destroy it. The new name.
     [[nodiscard]] virtual Result<std::string> set_aside(const std::string& path) = 0;
 

@@ -1,6 +1,5 @@
 #include "base/utf8.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>

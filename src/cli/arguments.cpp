@@ -46,6 +46,32 @@ void add_watch(CLI::App* command, Arguments& arguments, CLI::Option* from) {
         ->excludes(from);
 }
 
+void add_configuration(CommandLine& line, Arguments& arguments) {
+    auto* config = line.add(&line.app, Job::config, "config", "The directives of a chrony.conf, or one's value");
+    auto* check = line.add(&line.app, Job::check, "check", "Let chronyd check a chrony.conf (exit status 1: no)");
+    for (auto* command : {config, check}) {
+        command->add_option("FILE", arguments.config.file, "a configuration, such as /etc/chrony/chrony.conf")
+            ->required();
+        command->add_flag("--json", arguments.json, "one JSON document");
+    }
+    config->add_option("DIRECTIVE", arguments.config.directive, "only this one's value, such as logdir");
+}
+
+void add_servers(CommandLine& line, Arguments& arguments) {
+    auto* servers = line.add(&line.app, Job::servers, "servers", "The list of servers (exit status 1: one is invalid)");
+    servers->add_option("FILE", arguments.servers.file, "a server list; default: the one of the desktop program");
+    auto* as_json = servers->add_flag("--json", arguments.json, "one JSON document");
+    servers->add_flag("--as-config", arguments.servers.as_config, "as lines of chrony's configuration")
+        ->excludes(as_json);
+}
+
+void add_help(CommandLine& line, Arguments& arguments) {
+    auto* help = line.add(&line.app, Job::help, "help", "The program's and chrony's manuals");
+    auto* topic = help->add_option("TOPIC", arguments.help.topic, "a page, such as faq or chrony.conf");
+    help->add_option("--search", arguments.help.words, "the passages of all pages that hold these words")
+        ->excludes(topic);
+}
+
 void add_status(CommandLine& line, Arguments& arguments) {
     auto* status = line.add(&line.app, Job::status, "status",
                             "Is the clock right, and how far can it be off? (exit status 1: it follows no source)");
@@ -225,14 +251,9 @@ void add_all(CommandLine& line, Arguments& arguments) {
     add_spectrum(line, arguments);
     add_plot(line, arguments);
     add_freqtemp(line, arguments);
-    add_servers_options(
-        *line.add(&line.app, Job::servers, "servers", "The list of servers (exit status 1: one is invalid)"),
-        arguments.servers, arguments.json);
-    add_config_options(*line.add(&line.app, Job::config, "config", "The directives of a chrony.conf, or one's value"),
-                       arguments.config, arguments.json);
-    add_check_options(*line.add(&line.app, Job::check, "check", "Let chronyd check a chrony.conf (exit status 1: no)"),
-                      arguments.config, arguments.json);
-    add_help_options(*line.add(&line.app, Job::help, "help", "The program's and chrony's manuals"), arguments.help);
+    add_servers(line, arguments);
+    add_configuration(line, arguments);
+    add_help(line, arguments);
     auto* admin = line.add(&line.app, Job::admin, "admin", "What needs administrator rights");
     add_admin_jobs(*admin, arguments.admin, arguments.json);
 }

@@ -2,10 +2,7 @@
 #pragma once
 
 #include "cli/admin/admin_arguments.h"
-#include "cli/configuration/config_arguments.h"
-#include "cli/configuration/servers_arguments.h"
 #include "cli/freqtemp/freqtemp_arguments.h"
-#include "cli/help/help_arguments.h"
 #include "cli/history/history_arguments.h"
 
 #include <optional>
@@ -44,6 +41,21 @@ enum class Job : unsigned char {
     check,
     servers,
     help
+};
+
+struct ConfigArguments {
+    std::string file;
+    std::optional<std::string> directive; // none: all of them
+};
+
+struct ServersArguments {
+    std::optional<std::string> file; // none: the user's own list
+    bool as_config = false;
+};
+
+struct HelpArguments {
+    std::optional<std::string> topic; // none: the list of topics
+    std::string words;                // to search all pages for; empty: no search
 };
 
 struct Arguments {

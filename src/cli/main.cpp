@@ -1,8 +1,7 @@
 // tickerctl: the program's logic without a window.
 #include "cli/arguments.h"
+#include "cli/logs/plot_chart.h"
 #include "cli/logs/plot_command.h"
-#include "cli/logs/plot_freqtemp.h"
-#include "cli/logs/plot_spectrum.h"
 #include "cli/terminal.h"
 #include "cli/tool.h"
 #include "linux/posix_followed_file.h"
@@ -35,10 +34,6 @@ ClockTime now() {
     return {time.hour(), time.minute(), time.second()};
 }
 
-int exit_status(const Result<>& done) {
-    return done ? 0 : fail(english(done.error()));
-}
-
 int plot_instrument(const Arguments& arguments, const PlotOptions& options) {
     const auto time = arguments.clock_time ? parse_clock_time(*arguments.clock_time) : now();
     if (!time)
@@ -53,11 +48,7 @@ int plot_graph(const Tool& tool, const PlotOptions& options) {
     if (const int result = tool.tracking_plot(graph); result != 0)
         return result;
     PosixFollowedFiles files;
-    std::string sentence;
-    const int result = plot_tracking(files, graph, options, sentence);
-    if (result != 0)
-        complain(sentence);
-    return result;
+    return exit_status(plot_tracking(files, graph, options));
 }
 
 int plot_scatter(const Tool& tool, const PlotOptions& options) {
@@ -156,13 +147,12 @@ int run(const Arguments& arguments, int argc, char** argv) {
     DaemonAccess daemon;
     const EndSignals signals(daemon.execute());
     daemon.host = arguments.host;
-    std::string sentence;
-    if (arguments.demo && daemon.start_demonstration(paths, sentence) != 0)
-        return fail(sentence);
+    if (const auto started = arguments.demo ? daemon.start_demonstration(paths) : Result<>(); !started)
+        return exit_status(started);
     const QCoreApplication application(argc, argv);
     Tool tool(arguments, paths, daemon, signals);
-    if (arguments.demo && daemon.wait_for_demonstration(paths, sentence) != 0)
-        return signals.asked() ? interrupted : fail(sentence);
+    if (const auto ready = arguments.demo ? daemon.wait_for_demonstration(paths) : Result<>(); !ready)
+        return signals.asked() ? interrupted : exit_status(ready);
     return do_job(arguments, tool);
 }
 

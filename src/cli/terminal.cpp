@@ -2,8 +2,8 @@
 
 #include "base/failure_codes.h"
 
+#include <algorithm>
 #include <iostream>
-#include <utility>
 
 namespace tickervantage {
 
@@ -21,6 +21,15 @@ void complain(const std::string& sentence) {
 int fail(const std::string& sentence) {
     complain(sentence);
     return has_failed;
+}
+
+int exit_status(const Result<>& done) {
+    using Code = FailureCode;
+    if (done)
+        return 0;
+    const auto is_answer = {Code::log_without_record, Code::log_of_one_record, Code::record_without_value};
+    complain(english(done.error()));
+    return std::ranges::find(is_answer, done.error().code) == is_answer.end() ? has_failed : answer_is_no;
 }
 
 int fail_to_read(const std::string& path, const FileReading& file) {

@@ -21,6 +21,9 @@ void complain(const std::string& sentence);
 // The same; returns `has_failed`.
 int fail(const std::string& sentence);
 
+// The exit status of what was done; of a failure the same. Records that are missing are an answer.
+[[nodiscard]] int exit_status(const Result<>& done);
+
 // The same of a file that was not read.
 int fail_to_read(const std::string& path, const FileReading& file);
 

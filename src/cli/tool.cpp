@@ -3,7 +3,7 @@
 #include "chrony/log/log_pieces.h"
 #include "chrony/reports/versions.h"
 #include "chrony/status/refresh.h"
-#include "cli/admin/unasked_choice.h"
+#include "cli/admin/admin_command.h"
 #include "cli/logs/follow_command.h"
 #include "cli/logs/log_command.h"
 #include "cli/status/status_command.h"
@@ -187,13 +187,10 @@ int Tool::tracking_plot(TrackingPlot& plot) const {
 
 int Tool::read_spectrum(ComputedSpectrum& spectrum) const {
     PosixFollowedFiles files;
-    std::string sentence;
-    const int result = spectrum_of_log(files, spectrum_choice(), spectrum, sentence);
+    auto computed = spectrum_of_log(files, spectrum_choice());
     if (m_signals.asked())
         return interrupted;
-    if (result != 0)
-        complain(sentence);
-    return result;
+    return exit_status(computed.map([&](ComputedSpectrum& one) { spectrum = std::move(one); }));
 }
 
 int Tool::spectrum() {

@@ -4,11 +4,13 @@
 #pragma once
 
 #include "base/color.h"
+#include "draw/canvas.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace tickervantage {
 
@@ -55,6 +57,33 @@ private:
     void lay_one(std::uint32_t& pixel, float coverage) const;
 
     std::array<std::uint32_t, 256> m_by_coverage{};
+};
+
+// How densely each pixel of a part of a picture is covered by lines, until a colour is laid over them.
+//
+// Coordinates in pixels, y DOWN from the tile's upper left corner; what lies outside is cut off. One thread.
+class CoverageTile {
+public:
+    // Nothing is covered afterwards. Memory is kept.
+    void resize(int width, int height);
+
+    void add_line(Point from, Point to, float line_width); // smooth, ends cut off square
+
+    // Nothing is covered afterwards.
+    void paint(const CoverageBrush& brush, const PixelRows& target);
+
+private:
+    void cover(int row, float left, float right, float weight);
+    void cover_column(int column, float top, float bottom, float weight);
+    void touch(int first_row, int end_row);
+    [[nodiscard]] std::uint8_t* row_at(int row) { return m_coverage.data() + row * m_stride; }
+
+    int m_width = 0;
+    int m_height = 0;
+    std::ptrdiff_t m_stride = 0; // bytes; a whole number of eights
+    int m_first_covered = 0;
+    int m_end_covered = 0;
+    std::vector<std::uint8_t> m_coverage;
 };
 
 } // namespace tickervantage

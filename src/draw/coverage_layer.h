@@ -9,7 +9,6 @@
 #include "base/color.h"
 #include "draw/canvas.h"
 #include "draw/coverage_brush.h"
-#include "draw/coverage_tile.h"
 
 #include <cstdint>
 #include <optional>

@@ -3,7 +3,6 @@
 #include "help/help_topics.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace tickervantage {
 namespace {

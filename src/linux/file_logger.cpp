@@ -3,7 +3,6 @@
 #include "base/local_clock.h"
 #include "base/utf8.h"
 #include "linux/file_descriptor.h"
-#include "linux/write_all.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -46,13 +46,13 @@ void remove_if_empty(const std::string& folder) {
 
 } // namespace
 
-KeptFiles::~KeptFiles() {
+PosixKeptFiles::~PosixKeptFiles() {
     remove_if_empty(m_own);
     for (const auto& taken : m_taken)
         remove_if_empty(taken.folder);
 }
 
-Result<> KeptFiles::make_own() {
+Result<> PosixKeptFiles::make_own() {
     std::string folder = m_folder + "/XXXXXX";
     if (m_folder.empty())
         return failed(FailureCode::no_folder_to_keep_in);
@@ -68,7 +68,7 @@ Result<> KeptFiles::make_own() {
     return {};
 }
 
-Result<> KeptFiles::keep_once(const std::string& name, std::string_view bytes) {
+Result<> PosixKeptFiles::keep_once(const std::string& name, std::string_view bytes) {
     if (::access(m_own.c_str(), W_OK) != 0)
         if (auto made = make_own(); !made)
             return made;
@@ -76,16 +76,16 @@ Result<> KeptFiles::keep_once(const std::string& name, std::string_view bytes) {
 }
 
 // Twice: another run that starts may take a folder for an empty one before its lock is there.
-Result<> KeptFiles::keep(const std::string& name, std::string_view bytes) {
+Result<> PosixKeptFiles::keep(const std::string& name, std::string_view bytes) {
     return keep_once(name, bytes).or_else([&](const Failure&) { return keep_once(name, bytes); });
 }
 
-void KeptFiles::drop(const std::string& name) {
+void PosixKeptFiles::drop(const std::string& name) {
     if (!m_own.empty())
         remove(path_of(name));
 }
 
-bool KeptFiles::take(const std::string& folder) {
+bool PosixKeptFiles::take(const std::string& folder) {
     if (folder == m_own)
         return false;
     if (std::ranges::find(m_taken, folder, &Taken::folder) != m_taken.end())
@@ -100,18 +100,20 @@ bool KeptFiles::take(const std::string& folder) {
     return true;
 }
 
-void KeptFiles::visit_left(const std::function<void(const std::string&, std::string)>& visit) {
+std::vector<LeftFile> PosixKeptFiles::left_behind() {
     std::vector<fs::path> files;
     for (const auto& folder : entries(m_folder))
         if (take(folder.string()))
             std::ranges::copy(entries(folder.string()), std::back_inserter(files));
     std::ranges::sort(files, {}, changed_at);
+    std::vector<LeftFile> left;
     for (const auto& path : files)
         if (FileReading file = read_small_file(path.string(), largest); file.outcome == FileReading::Outcome::read)
-            visit(path.string(), std::move(file.bytes));
+            left.push_back({path.string(), std::move(file.bytes)});
+    return left;
 }
 
-Result<> KeptFiles::adopt(const std::string& path, const std::string& name) {
+Result<> PosixKeptFiles::adopt(const std::string& path, const std::string& name) {
     if (m_own.empty())
         if (auto made = make_own(); !made)
             return made;
@@ -120,7 +122,7 @@ Result<> KeptFiles::adopt(const std::string& path, const std::string& name) {
     return {};
 }
 
-void KeptFiles::remove(const std::string& path) {
+void PosixKeptFiles::remove(const std::string& path) {
     std::error_code ignored; // then it is offered once more
     (void)fs::remove(path, ignored);
 }

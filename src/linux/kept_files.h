@@ -1,37 +1,27 @@
-// Files that one run of the program keeps for the next, in case it ends suddenly.
+// Kept files in folders.
 //
 // Each run has a folder of its own below the one given, for the user alone, made with its first file and locked while
 // the run lives. The kernel gives the lock back however the run ends; what lies in an unlocked folder was left behind,
-// and belongs from then on to the run that took the lock. Files are replaced in one step. These functions wait for the
-// disk; one thread.
+// and belongs from then on to the run that took the lock. Files are replaced in one step.
 #pragma once
 
+#include "base/kept_files.h"
 #include "linux/small_file.h"
-
-#include <functional>
-#include <string>
-#include <string_view>
-#include <vector>
 
 namespace tickervantage {
 
-class KeptFiles {
+class PosixKeptFiles : public KeptFiles {
 public:
-    explicit KeptFiles(std::string folder) : m_folder(std::move(folder)) {}
-    ~KeptFiles(); // leaves the files, but no empty folder
-    KeptFiles(const KeptFiles&) = delete;
-    KeptFiles& operator=(const KeptFiles&) = delete;
+    explicit PosixKeptFiles(std::string folder) : m_folder(std::move(folder)) {}
+    ~PosixKeptFiles() override; // leaves the files, but no empty folder
+    PosixKeptFiles(const PosixKeptFiles&) = delete;
+    PosixKeptFiles& operator=(const PosixKeptFiles&) = delete;
 
-    // A name is that of a file without folders.
-    [[nodiscard]] Result<> keep(const std::string& name, std::string_view bytes);
-    void drop(const std::string& name);
-
-    // Tells of each file of runs that have ended, oldest first. A file that cannot be read stays where it is.
-    void visit_left(const std::function<void(const std::string& path, std::string bytes)>& visit);
-
-    // Of a file that was left behind: makes it one of this run's, or removes it.
-    [[nodiscard]] Result<> adopt(const std::string& path, const std::string& name);
-    void remove(const std::string& path);
+    [[nodiscard]] Result<> keep(const std::string& name, std::string_view bytes) override;
+    void drop(const std::string& name) override;
+    [[nodiscard]] std::vector<LeftFile> left_behind() override;
+    [[nodiscard]] Result<> adopt(const std::string& path, const std::string& name) override;
+    void remove(const std::string& path) override;
 
 private:
     struct Taken {

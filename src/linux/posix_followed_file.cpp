@@ -2,11 +2,12 @@
 
 #include "base/failure_codes.h"
 #include "linux/file_descriptor.h"
-#include "linux/gz_file.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <system_error>
 #include <utility>
@@ -66,6 +67,9 @@ bool is_compressed(int fd) {
     return read_at(fd, 0, start, count, reason) == 0 && count == 2 && start[0] == '\x1F' && start[1] == '\x8B';
 }
 
+constexpr unsigned step = 1U << 16U; // bytes between two looks at whether to go on
+constexpr std::size_t kept_at_end = 1U << 20U;
+
 } // namespace
 
 FollowedFiles::Found PosixFollowedFiles::status(const std::string& name, FileStatus& status,
@@ -96,6 +100,103 @@ int PosixFollowedFiles::open(const std::string& name, std::unique_ptr<FollowedFi
     else
         file = std::make_unique<PlainFile>(std::move(fd));
     status = status_of(found);
+    return 0;
+}
+
+GzFile::GzFile(FileDescriptor fd) : m_fd(std::move(fd)) {}
+
+GzFile::~GzFile() {
+    if (m_stream != nullptr)
+        (void)gzclose_r(m_stream); // nothing was written
+}
+
+int GzFile::start_over() {
+    if (m_stream != nullptr)
+        (void)gzclose_r(m_stream);
+    m_at = 0;
+    // The copy shares its place in the file, which closing the stream does not bring back.
+    const int copy = ::fcntl(m_fd.get(), F_DUPFD_CLOEXEC, 0);
+    m_stream = copy < 0 || ::lseek(copy, 0, SEEK_SET) < 0 ? nullptr : gzdopen(copy, "rb");
+    if (m_stream != nullptr)
+        (void)gzbuffer(m_stream, step);
+    else if (copy >= 0)
+        ::close(copy);
+    return m_stream == nullptr ? -1 : 0;
+}
+
+void GzFile::keep(std::span<const char> read) {
+    m_end.append(read.data(), read.size());
+    if (m_end.size() > 2 * kept_at_end)
+        m_end.erase(0, m_end.size() - kept_at_end);
+}
+
+int GzFile::measure(const GoOn& go_on) {
+    m_end.clear();
+    m_damage.reset();
+    if (start_over() != 0)
+        return -1;
+    std::array<char, step> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): filled by gzread
+    while (go_on()) {
+        const int got = gzread(m_stream, buffer.data(), step);
+        if (got <= 0) {
+            int error = Z_OK;
+            const char* words = gzerror(m_stream, &error);
+            if (got < 0 || error != Z_OK)
+                m_damage =
+                    error == Z_BUF_ERROR ? Failure{.code = FailureCode::its_end_is_missing} : said_by_others(words);
+            m_length = m_at;
+            return 0;
+        }
+        m_at += static_cast<std::uint64_t>(got);
+        keep({buffer.data(), static_cast<std::size_t>(got)});
+    }
+    return -1;
+}
+
+int GzFile::length(const GoOn& go_on, std::uint64_t& bytes, std::optional<Failure>& reason) {
+    struct stat found {};
+    if (::fstat(m_fd.get(), &found) != 0) {
+        reason = system_failure(errno);
+        return -1;
+    }
+    if (const auto size = static_cast<std::uint64_t>(found.st_size); size != m_compressed) {
+        m_compressed = 0;
+        if (measure(go_on) != 0)
+            return -1;
+        m_compressed = size;
+    }
+    bytes = m_length;
+    reason = m_damage;
+    return 0;
+}
+
+int GzFile::read(std::uint64_t offset, std::span<char> buffer, std::size_t& count, std::optional<Failure>& reason) {
+    count = 0;
+    if (offset >= m_length)
+        return 0;
+    const std::uint64_t kept_from = m_length - m_end.size();
+    if (offset >= kept_from) {
+        count = std::min(buffer.size(), static_cast<std::size_t>(m_length - offset));
+        m_end.copy(buffer.data(), count, static_cast<std::size_t>(offset - kept_from));
+        return 0;
+    }
+    if ((m_stream == nullptr || offset < m_at || m_at >= m_length) && start_over() != 0) {
+        reason = Failure{.code = FailureCode::cannot_be_read_again};
+        return -1;
+    }
+    if (m_at != offset && gzseek(m_stream, static_cast<z_off_t>(offset), SEEK_SET) < 0) {
+        reason = Failure{.code = FailureCode::is_damaged};
+        return -1;
+    }
+    m_at = offset;
+    const auto wanted = static_cast<unsigned>(std::min<std::uint64_t>(buffer.size(), m_length - offset));
+    const int got = gzread(m_stream, buffer.data(), wanted);
+    if (got < 0) {
+        reason = Failure{.code = FailureCode::is_damaged};
+        return -1;
+    }
+    count = static_cast<std::size_t>(got);
+    m_at += count;
     return 0;
 }
 

@@ -8,6 +8,14 @@
 
 namespace tickervantage {
 
+FileReading PosixFiles::read(const std::string& path, std::size_t limit) {
+    return read_small_file(path, limit);
+}
+
+Result<> PosixFiles::replace(const std::string& path, const WriteText& write) {
+    return replace_file(path, write);
+}
+
 FileReading PosixUserFiles::read(const std::string& path, std::size_t limit) {
     return read_small_file(path, limit);
 }

@@ -1,11 +1,18 @@
-// The user's files on the machine's disks.
+// Files on the machine's disks.
 //
-// A replacement holds a FileLock, so that two programs that save the same file do not write into each other's draft.
+// A replacement of the user's holds a FileLock, so that two programs that save the same file do not write into each
+// other's draft.
 #pragma once
 
 #include "base/user_files.h"
 
 namespace tickervantage {
+
+class PosixFiles : public Files {
+public:
+    [[nodiscard]] FileReading read(const std::string& path, std::size_t limit) override;
+    [[nodiscard]] Result<> replace(const std::string& path, const WriteText& write) override;
+};
 
 class PosixUserFiles : public UserFiles {
 public:

@@ -1,7 +1,8 @@
 #include "linux/small_file.h"
 
 #include "base/failure_codes.h"
-#include "linux/write_all.h"
+#include "linux/draft.h"
+#include "linux/file_descriptor.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -30,11 +31,6 @@ constexpr mode_t permission_bits = 07777;
 std::string folder_of(const std::string& path) {
     const auto folder = std::filesystem::path(path).parent_path().string();
     return folder.empty() ? "." : folder;
-}
-
-std::string beside(const std::string& path, std::string_view ending) {
-    const std::filesystem::path whole(path);
-    return (whole.parent_path() / fmt::format(".{}{}", whole.filename().string(), ending)).string();
 }
 
 // -1 with errno, also when the file grew beyond the limit meanwhile.
@@ -108,27 +104,18 @@ bool reads_back(int fd, const Written& written) {
     }
 }
 
-int flush_folder(const std::string& folder) {
-    const FileDescriptor fd(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!fd.valid())
-        return -1;
-    return ::fsync(fd.get()) == 0 || errno == EINVAL ? 0 : -1; // EINVAL: a file system that has no such thing
-}
-
-int write_beside(const std::string& path, const std::string& draft, const WriteText& write) {
-    ::unlink(draft.c_str()); // left over from a process that was killed
-    const FileDescriptor fd(::open(draft.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, private_file));
-    if (!fd.valid() || take_over_owner_and_mode(fd.get(), path) != 0)
+int write_draft(Draft& draft, const std::string& path, const WriteText& write) {
+    if (draft.open() != 0 || take_over_owner_and_mode(draft.get(), path) != 0)
         return -1;
     Written written;
     errno = ECANCELED; // unless a call to the kernel fails, it was the writer that gave up
     const auto sink = [&](std::string_view bytes) {
         written.add(bytes);
-        return write_all(fd.get(), bytes);
+        return write_all(draft.get(), bytes);
     };
-    if (write(sink) != 0 || ::fsync(fd.get()) != 0)
+    if (write(sink) != 0 || ::fsync(draft.get()) != 0)
         return -1;
-    if (reads_back(fd.get(), written))
+    if (reads_back(draft.get(), written))
         return 0;
     errno = EIO;
     return -1;
@@ -180,13 +167,11 @@ FileReading read_small_file(const std::string& path, std::size_t limit) {
 }
 
 Result<> replace_file(const std::string& path, const WriteText& write) {
-    const std::string draft = beside(path, ".new");
-    if (write_beside(path, draft, write) != 0 || ::rename(draft.c_str(), path.c_str()) != 0) {
-        const int error = errno;
-        ::unlink(draft.c_str());
-        return failed(FailureCode::cannot_write, {path}, error);
-    }
-    if (flush_folder(folder_of(path)) != 0)
+    Draft draft(AT_FDCWD, path);
+    if (write_draft(draft, path, write) != 0 || draft.put_in_place() != 0)
+        return failed(FailureCode::cannot_write, {path}, errno);
+    const FileDescriptor folder(::open(folder_of(path).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (!folder.valid() || flush_folder(folder.get()) != 0)
         return failed(FailureCode::cannot_flush_folder, {path}, errno);
     return {};
 }

@@ -15,9 +15,7 @@ namespace {
 
 constexpr int CSS_PIXELS_PER_INCH = 96;
 
-using Draw = std::function<void(Canvas&, Rect)>;
-
-[[nodiscard]] bool paint(QPaintDevice& device, const PictureFormat& format, const Draw& draw) {
+[[nodiscard]] bool paint(QPaintDevice& device, const PictureFormat& format, const DrawPlot& draw) {
     QPainter painter;
     if (!painter.begin(&device))
         return false;
@@ -29,12 +27,12 @@ using Draw = std::function<void(Canvas&, Rect)>;
     return painter.end();
 }
 
-[[nodiscard]] bool render_png(QBuffer& buffer, const PictureFormat& format, const Draw& draw) {
+[[nodiscard]] bool render_png(QBuffer& buffer, const PictureFormat& format, const DrawPlot& draw) {
     QImage image(format.width, format.height, QImage::Format_RGB32);
     return !image.isNull() && paint(image, format, draw) && image.save(&buffer, "PNG");
 }
 
-[[nodiscard]] bool render_svg(QBuffer& buffer, const PictureFormat& format, const Draw& draw) {
+[[nodiscard]] bool render_svg(QBuffer& buffer, const PictureFormat& format, const DrawPlot& draw) {
     QSvgGenerator generator;
     generator.setOutputDevice(&buffer);
     generator.setResolution(CSS_PIXELS_PER_INCH);
@@ -64,7 +62,7 @@ using Draw = std::function<void(Canvas&, Rect)>;
 
 } // namespace
 
-Result<> write_picture(const std::string& path, const PictureFormat& format, const Draw& draw) {
+Result<> write_picture(const std::string& path, const PictureFormat& format, const DrawPlot& draw) {
     const QString file = QString::fromStdString(path);
     const bool png = file.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
     if (!png && !file.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive))

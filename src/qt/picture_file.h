@@ -5,10 +5,9 @@
 #pragma once
 
 #include "base/failure.h"
-#include "draw/canvas.h"
+#include "draw/plots/plot_caption.h"
 #include "qt/canvas_colors.h"
 
-#include <functional>
 #include <string>
 
 namespace tickervantage {
@@ -24,7 +23,6 @@ inline constexpr int LARGEST_PICTURE_SIDE = 16384;
 
 // Draws over the text background's colour and writes beside the file before taking its place, so that a file that was
 // there stays whole if anything fails.
-[[nodiscard]] Result<> write_picture(const std::string& path, const PictureFormat& format,
-                                     const std::function<void(Canvas&, Rect)>& draw);
+[[nodiscard]] Result<> write_picture(const std::string& path, const PictureFormat& format, const DrawPlot& draw);
 
 } // namespace tickervantage

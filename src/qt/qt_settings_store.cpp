@@ -29,7 +29,7 @@ struct QtSettingsStore::Shared {
     Logger& logger;
     std::optional<Failure> load_problem;
     ProblemHandler handler;            // main thread only
-    std::function<void()> changed;     // likewise
+    Work changed;                      // likewise
     std::atomic<bool> looking = false; // a look at the file is on its way
 
     std::mutex mutex; // guards what follows
@@ -195,7 +195,7 @@ void QtSettingsStore::set_problem_handler(MainThread& main_thread, ProblemHandle
     m_shared->main_thread = m_shared->handler ? &main_thread : nullptr;
 }
 
-void QtSettingsStore::watch(MainThread& main_thread, std::function<void()> changed) {
+void QtSettingsStore::watch(MainThread& main_thread, Work changed) {
     m_shared->changed = std::move(changed);
     m_watch_thread = &main_thread;
     m_watcher = std::make_unique<QFileSystemWatcher>();

@@ -9,7 +9,7 @@
 #include "base/dispatch.h"
 #include "base/failure.h"
 #include "base/logger.h"
-#include "settings/settings_store.h"
+#include "settings/default_settings.h"
 
 #include <chrono>
 #include <functional>
@@ -43,7 +43,7 @@ public:
 
     // From now on the values follow what others write into the file, and the handler is called on the main thread after
     // each such change. Needs an event loop.
-    void watch(MainThread& main_thread, std::function<void()> changed);
+    void watch(MainThread& main_thread, Work changed);
 
     // For the end of the program: blocks until every change is on the disk.
     [[nodiscard]] Result<> finish(std::chrono::milliseconds time_limit);

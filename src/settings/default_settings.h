@@ -1,7 +1,7 @@
 // Typed settings over a SettingsStore.
 //
 // Every load takes the value that stands in for an absent or unreadable one. How values look as text is said in
-// setting_text.h. A save of a value that cannot be written as text (an infinity, not-a-number) changes nothing; a font
+// setting_value.h. A save of a value that cannot be written as text (an infinity, not-a-number) changes nothing; a font
 // without a family removes the key. The store must outlive this object. Main thread only.
 //
 // A save of what was loaded changes nothing either, whatever the store holds by now: who shows a setting and saves it
@@ -9,13 +9,30 @@
 #pragma once
 
 #include "settings/setting_value.h"
-#include "settings/settings_store.h"
 
 #include <functional>
 #include <map>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace tickervantage {
+
+// Named texts that outlive the program: the raw store behind the typed settings.
+//
+// Main thread only, and never waits for the disk: reading was done when the store was made, writing happens behind.
+// Keys that the program does not know survive every save.
+class SettingsStore {
+public:
+    virtual ~SettingsStore() = default;
+
+    // A value is a list of texts; a plain value has exactly one. Absent keys give no value.
+    [[nodiscard]] virtual std::optional<std::vector<std::string>> read(std::string_view key) const = 0;
+    virtual void write(std::string_view key, const std::vector<std::string>& value) = 0;
+    virtual void remove(std::string_view key) = 0;
+};
 
 class DefaultSettings {
 public:
@@ -64,7 +81,7 @@ private:
 
 template <class Value>
 Value DefaultSettings::load(std::string_view key, Value fallback) const {
-    if constexpr (std::same_as<Value, SettingList>)
+    if constexpr (std::is_same_v<Value, SettingList>)
         fallback = m_store.read(key).value_or(std::move(fallback));
     else if (const auto stored = text(key))
         fallback = value_from_text<Value>(*stored).value_or(std::move(fallback));
@@ -76,9 +93,9 @@ template <class Value>
 void DefaultSettings::save(std::string_view key, const Value& value) {
     auto texts = stored_texts(value);
     bool is_no_font = false;
-    if constexpr (std::same_as<Value, Font>)
+    if constexpr (std::is_same_v<Value, Font>)
         is_no_font = value.family.empty();
-    if (is_known(key, texts) || (texts.empty() && !is_no_font && !std::same_as<Value, SettingList>))
+    if (is_known(key, texts) || (texts.empty() && !is_no_font && !std::is_same_v<Value, SettingList>))
         return;
     if (is_no_font)
         m_store.remove(key);

@@ -1,7 +1,7 @@
 // The kinds of settings, and each setting by name: settings::chronyc_interval is the row of settings_table.h.
 #pragma once
 
-#include "settings/setting_text.h"
+#include "settings/setting_value.h"
 
 #include <cstdint>
 #include <optional>

@@ -2,6 +2,8 @@
 
 #include "settings/settings_keys.h"
 
+#include <utility>
+
 namespace tickervantage {
 
 void WarningRegister::load() {
@@ -25,6 +27,18 @@ void WarningRegister::resetWarnings() {
 
 void WarningRegister::save() {
     m_settings.saveStringArray(settings::IgnoreWarnings.key, {m_register.begin(), m_register.end()});
+}
+
+bool show_unless_suppressed(WarningRegister& warnings, AlertPresenter& presenter, const Alert& alert,
+                            ButtonPressed pressed) {
+    if (warnings.contains(alert.identifier))
+        return false;
+    presenter.show(alert, [&warnings, identifier = alert.identifier, pressed = std::move(pressed)](AlertAnswer answer) {
+        pressed(answer.button);
+        if (answer.suppress)
+            warnings.register_warning(identifier);
+    });
+    return true;
 }
 
 } // namespace tickervantage

@@ -7,10 +7,12 @@
 
 #include "settings/default_settings.h"
 
+#include <cstddef>
 #include <functional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tickervantage {
 
@@ -29,5 +31,33 @@ private:
     DefaultSettings& m_settings;
     std::set<std::string, std::less<>> m_register;
 };
+
+// What is said is decided here, how it looks where it is shown.
+
+struct Alert {
+    std::string identifier; // in the register of warnings
+    std::string message = {};
+    std::string informative = {};
+    std::vector<std::string> buttons = {}; // the last one is also what closing the alert means
+};
+
+struct AlertAnswer {
+    std::size_t button = 0; // counted from 0
+    bool suppress = false;  // the box "do not show again" was ticked
+};
+
+using AlertAnswered = std::function<void(AlertAnswer)>;
+using ButtonPressed = std::function<void(std::size_t button)>;
+
+class AlertPresenter {
+public:
+    virtual ~AlertPresenter() = default;
+    virtual void show(const Alert& alert, AlertAnswered answered) = 0; // returns at once; the answer comes later
+};
+
+// Unless the user has asked not to see it: shows the alert, remembers a ticked box, and hands the pressed button on.
+// Whether it was shown.
+bool show_unless_suppressed(WarningRegister& warnings, AlertPresenter& presenter, const Alert& alert,
+                            ButtonPressed pressed);
 
 } // namespace tickervantage

@@ -4,6 +4,7 @@
 #include "chrony/configuration/configuration_warnings.h"
 #include "chrony/configuration/directives.h"
 #include "fuzz/require.h"
+#include "support/memory_files.h"
 
 #include <algorithm>
 
@@ -42,15 +43,11 @@ void read_as_document(const std::string& text) {
     if (!document)
         return;
     require(document->text.find("\r\n") == std::string::npos || text.find("\r\r\n") != std::string::npos);
-    std::string saved;
-    const DocumentFiles files{.read = {}, .replace = [&](const std::string&, std::string_view bytes) {
-                                  saved = bytes;
-                                  return Result<>();
-                              }};
+    testing::MemoryFiles files;
     const SaveAnswer answer = save_document(files, {"/no/such", document->text, document->line_ends, {}});
     require(answer.outcome == SaveAnswer::Outcome::saved);
     if (text.find('\r') == std::string::npos)
-        require(saved == text);
+        require(files.texts["/no/such"] == text);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // Any bytes as what mandoc printed, and as a page in Markdown: what comes of them grows no more than its links do,
 // holds no overstrike, and adapting twice finds nothing left to take away.
 #include "fuzz/require.h"
-#include "help/help_search.h"
+#include "help/help_pages.h"
 #include "help/manual_page.h"
 #include "help/markdown_text.h"
 

@@ -1,7 +1,7 @@
 #include "base/failure_codes.h"
 #include "roothelper/jobs/chrony_jobs.h"
+#include "roothelper/jobs/daemon_watch.h"
 #include "roothelper/jobs/job_catalogue.h"
-#include "roothelper/jobs/started_daemon.h"
 #include "roothelper/jobs/synchronize.h"
 #include "support/fake_job_machine.h"
 #include "support/kept_text.h"

@@ -2,10 +2,10 @@
 #include "chrony/configuration/config_document.h"
 #include "chrony/configuration/configuration_check.h"
 #include "chrony/configuration/directives.h"
-#include "cli/configuration/check_command.h"
 #include "cli/configuration/config_command.h"
 #include "support/fake_path_probes.h"
 #include "support/kept_text.h"
+#include "support/memory_files.h"
 #include "support/scripted_execute.h"
 
 #include <fmt/format.h>
@@ -50,17 +50,9 @@ TEST(CheckAnswer, TheScannerFindsMessageLineAndFile) {
 struct CheckTest : ::testing::Test {
     testing::ScriptedExecute execute;
     std::vector<std::string> chronyds{"/one/chronyd"};
-    std::string written;
-    bool is_full = false;
-    SyntaxCheckParts parts{.execute = execute,
-                           .chronyds = [this] { return chronyds; },
-                           .replace_file = [this](const std::string& path, std::string_view bytes) -> Result<> {
-                               written = path + "|" + std::string(bytes);
-                               if (is_full)
-                                   return failed(FailureCode::cannot_write, {path}, ENOSPC);
-                               return {};
-                           },
-                           .temporary = "/no/such/folder/"};
+    testing::MemoryFiles files;
+    SyntaxCheckParts parts{
+        .execute = execute, .chronyds = [this] { return chronyds; }, .files = files, .temporary = "/no/such/folder/"};
 
     void outcome(ExecuteOutcome what, const std::string& words) {
         execute.answers["chronyd"] = {what, -1, "", said_by_others(words)};
@@ -70,7 +62,7 @@ struct CheckTest : ::testing::Test {
 TEST_F(CheckTest, AsksChronydAboutAFileInTheTemporaryFolder) {
     execute.answer("chronyd", "pool x\n");
     EXPECT_TRUE(checkSyntax(parts, "pool x\n").passed());
-    EXPECT_EQ(written, "/no/such/folder/check_chrony.conf|pool x\n");
+    EXPECT_EQ(files.texts["/no/such/folder/check_chrony.conf"], "pool x\n");
     EXPECT_EQ(execute.calls, std::vector<std::string>{"chronyd|-p|-f|/no/such/folder/check_chrony.conf"});
     execute.answer("chronyd", "T Fatal error : Invalid directive at line 1 in file /no/such/folder/check_chrony.conf\n",
                    1);
@@ -113,7 +105,7 @@ TEST_F(CheckTest, WithoutChronydTheTextPassesAndIsWarnedOf) {
 }
 
 TEST_F(CheckTest, AFileThatCannotBeWrittenIsAFailedCheckWithoutAMessage) {
-    is_full = true;
+    files.is_full = true;
     const ConfigError error = checkSyntax(parts, "x");
     EXPECT_FALSE(error.m_isok);
     EXPECT_EQ(error.m_msg, "");
@@ -178,18 +170,8 @@ TEST(Warnings, NameWhatTheDaemonWillMiss) {
 }
 
 struct DocumentTest : ::testing::Test {
-    std::map<std::string, std::string> disk;
-    DocumentFiles files{.read =
-                            [this](const std::string& path, std::size_t) {
-                                const auto found = disk.find(path);
-                                return found == disk.end() ? FileReading{.reason = system_failure(ENOENT)}
-                                                           : FileReading{FileReading::Outcome::read, found->second, {}};
-                            },
-                        .replace =
-                            [this](const std::string& path, std::string_view bytes) {
-                                disk[path] = bytes;
-                                return Result<>();
-                            }};
+    testing::MemoryFiles files;
+    std::map<std::string, std::string>& disk = files.texts;
 };
 
 TEST_F(DocumentTest, ComesBackAsItWas) {

@@ -1,10 +1,8 @@
 // What each kind of drawing consists of, to the tenth of a point: see support/kept_text.h.
-#include "draw/bounds_canvas.h"
+#include "draw/canvases.h"
 #include "draw/instruments/analog_clock_view.h"
 #include "draw/instruments/clock_performance.h"
 #include "draw/plots/plot_caption.h"
-#include "draw/recorded_drawing.h"
-#include "draw/shifted_canvas.h"
 #include "studies/freqtemp/freqtemp_view.h"
 #include "studies/spectrum/spectrum_view.h"
 #include "studies/tracking/tracking_view.h"
@@ -171,7 +169,8 @@ void draw_freqtemp(ToldCanvas& canvas) {
     view.set_scatter(map);
     constexpr Rect visible{0, 0, 470, 338};
     view.draw(canvas, visible);
-    view.for_each_shown([&](const auto& name, const Color& color) { canvas.tell("{} {:.2f}", name, color.green); });
+    for (const auto& [name, color] : view.shown())
+        canvas.tell("{} {:.2f}", name, color.green);
     for (const Point at : {Point{270, 109}, {263, 103}, {290, 132}, {70, 110}, {53.9, 100}, {446, 334}, {447, 334}})
         if (const auto found = view.reading_at(at, visible)) {
             canvas.tell("at {}: {:.3f} {:.3f}", ToldCanvas::place(at), found->temperature, found->frequency);

@@ -1,6 +1,5 @@
 #include "cli/help/help_command.h"
 #include "help/help_pages.h"
-#include "help/help_search.h"
 #include "help/manual_page.h"
 #include "help/markdown_text.h"
 #include "support/kept_text.h"

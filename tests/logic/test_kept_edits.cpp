@@ -4,6 +4,7 @@
 #include "linux/kept_files.h"
 #include "support/child_program.h"
 #include "support/manual_dispatch.h"
+#include "support/memory_stores.h"
 
 #include <gtest/gtest.h>
 
@@ -38,23 +39,23 @@ TEST(KeptFiles, ARunFindsThoseOfRunsThatHaveEndedAndNoOthers) {
     const auto left_for = [](KeptFiles& run) {
         std::vector<std::string> bytes;
         std::string last;
-        run.visit_left([&](const std::string& path, std::string found) {
-            bytes.push_back(std::move(found));
+        for (const auto& [path, found] : run.left_behind()) {
+            bytes.push_back(found);
             last = path;
-        });
+        }
         return std::pair(bytes, last);
     };
-    auto first = std::make_unique<KeptFiles>(folder);
+    auto first = std::make_unique<PosixKeptFiles>(folder);
     ASSERT_TRUE(first->keep("1.edit", "one"));
     ASSERT_TRUE(first->keep("2.edit", "two"));
     first->drop("2.edit");
-    auto second = std::make_unique<KeptFiles>(folder);
+    auto second = std::make_unique<PosixKeptFiles>(folder);
     EXPECT_TRUE(left_for(*second).first.empty()) << "the first still lives";
     EXPECT_TRUE(left_for(*first).first.empty());
     first.reset();
     const auto [bytes, path] = left_for(*second);
     EXPECT_EQ(bytes, std::vector<std::string>{"one"});
-    KeptFiles third(folder);
+    PosixKeptFiles third(folder);
     EXPECT_TRUE(left_for(third).first.empty()) << "the second has them";
     ASSERT_TRUE(second->adopt(path, "7.edit"));
     EXPECT_TRUE(left_for(*second).first.empty());
@@ -63,21 +64,26 @@ TEST(KeptFiles, ARunFindsThoseOfRunsThatHaveEndedAndNoOthers) {
     EXPECT_EQ(home.found_in("state"), std::vector<std::string>{folder}) << "no folder of a run is left";
 }
 
+struct FakeKeptFiles : KeptFiles {
+    std::vector<std::string> done;
+
+    [[nodiscard]] Result<> keep(const std::string& name, std::string_view bytes) override {
+        done.push_back(name + std::string(bytes.substr(bytes.rfind('\n'))));
+        if (name == "2.edit")
+            return failed(FailureCode::cannot_write, {name}, ENOSPC);
+        return {};
+    }
+    void drop(const std::string& name) override { done.push_back("drop " + name); }
+    [[nodiscard]] std::vector<LeftFile> left_behind() override { return {}; }
+    [[nodiscard]] Result<> adopt(const std::string&, const std::string&) override { return {}; }
+    void remove(const std::string&) override {}
+};
+
 TEST(EditKeeper, OfCopiesThatWaitOnlyTheNewestIsWritten) {
     testing::ManualQueue queue;
-    std::vector<std::string> done;
-    std::vector<std::string> log;
-    EditKeeper keeper({.keep = [&](const std::string& name, std::string_view bytes) -> Result<> {
-                           done.push_back(name + std::string(bytes.substr(bytes.rfind('\n'))));
-                           if (name == "2.edit")
-                               return failed(FailureCode::cannot_write, {name}, ENOSPC);
-                           return {};
-                       },
-                       .drop = [&](const std::string& name) { done.push_back("drop " + name); },
-                       .left_behind = {},
-                       .adopt = {},
-                       .remove = {}},
-                      queue, [&](const std::string& sentence) { log.push_back(sentence); });
+    testing::MemoryLogger log;
+    const auto files = std::make_shared<FakeKeptFiles>();
+    EditKeeper keeper(files, queue, log);
     const auto edit = [](const char* text) {
         return [text] {
             return KeptEdit{.path = {}, .title = {}, .text = text};
@@ -91,9 +97,9 @@ TEST(EditKeeper, OfCopiesThatWaitOnlyTheNewestIsWritten) {
     keeper.drop(3);
     EXPECT_FALSE(keeper.finish({}));
     queue.turn();
-    EXPECT_EQ(done, (std::vector<std::string>{"1.edit\nnew", "2.edit\nother", "drop 3.edit"}));
-    ASSERT_EQ(log.size(), 1U);
-    EXPECT_TRUE(log[0].ends_with("No space left on device.")) << log[0];
+    EXPECT_EQ(files->done, (std::vector<std::string>{"1.edit\nnew", "2.edit\nother", "drop 3.edit"}));
+    ASSERT_EQ(log.sentences.size(), 1U);
+    EXPECT_TRUE(log.sentences[0].ends_with("No space left on device.")) << log.sentences[0];
 }
 
 TEST(TrackingLogSetting, FollowsWhatTheConfigurationTakesIn) {

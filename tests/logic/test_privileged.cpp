@@ -4,7 +4,6 @@
 #include "roothelper/jobs/administrative_jobs.h"
 #include "roothelper/jobs/daemon_watch.h"
 #include "roothelper/jobs/old_installation.h"
-#include "settings/suppressible_alert.h"
 #include "settings/warning_register.h"
 #include "support/fake_job_machine.h"
 #include "support/fake_privileged_channel.h"
@@ -314,12 +313,12 @@ TEST(SuppressibleAlert, TickedBoxIsRememberedWhicheverButtonWasPressed) {
     DefaultSettings settings(store);
     WarningRegister warnings(settings);
     std::size_t pressed = 9;
-    int shown = 0;
-    const ShowAlert show = [&shown](const Alert&, const std::function<void(AlertAnswer)>& answered) {
-        answered({.button = 1, .suppress = ++shown == 2});
-    };
+    struct : AlertPresenter {
+        int shown = 0;
+        void show(const Alert&, AlertAnswered answered) override { answered({.button = 1, .suppress = ++shown == 2}); }
+    } presenter;
     for (const bool expected : {true, true, false})
-        EXPECT_EQ(show_unless_suppressed(warnings, show, {.identifier = "PasswordRequired"},
+        EXPECT_EQ(show_unless_suppressed(warnings, presenter, {.identifier = "PasswordRequired"},
                                          [&pressed](std::size_t button) { pressed = button; }),
                   expected);
     EXPECT_EQ(pressed, 1U);

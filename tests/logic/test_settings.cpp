@@ -1,7 +1,7 @@
 #include "base/failure_codes.h"
 #include "base/number_text.h"
 #include "base/utf8.h"
-#include "cli/admin/unasked_choice.h"
+#include "cli/admin/admin_command.h"
 #include "cli/configuration/settings_command.h"
 #include "settings/preferences.h"
 #include "settings/settings_catalogue.h"
@@ -28,17 +28,17 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 TEST(SettingText, TakesTheWholeTextOrNothing) {
     for (const auto* bad : {"", " 1", "1 ", "+1", "0x10", "1,5", "1e", "--1", "9223372036854775808", "TRUE", "1.5.2"}) {
         EXPECT_FALSE(number_from_text<std::int64_t>(bad)) << bad;
-        EXPECT_FALSE(bool_from_text(bad)) << bad;
+        EXPECT_FALSE(value_from_text<bool>(bad)) << bad;
     }
     for (const auto* bad : {"", "inf", "-nan", "1,5", "1e999", "0x1p3", "1 ", "+1"})
         EXPECT_FALSE(number_from_text<double>(bad)) << bad;
     for (const auto* bad : {"", "#12345", "#1234567", "123456", "#12345g", "#-12345", "#+1+1+1", "#123456789"})
-        EXPECT_FALSE(color_from_text(bad)) << bad;
+        EXPECT_FALSE(value_from_text<Color>(bad)) << bad;
     for (const auto* bad : {"", "Sans", ",10", "Sans,", "Sans,0", "Sans,-1", "Sans,inf", "Sans,1e9"})
-        EXPECT_FALSE(font_from_text(bad)) << bad;
+        EXPECT_FALSE(value_from_text<Font>(bad)) << bad;
     EXPECT_EQ(number_from_text<std::int64_t>("-9223372036854775808"), std::numeric_limits<std::int64_t>::min());
-    EXPECT_EQ(font_from_text("A, B,9.5"), (Font{"A, B", 9.5}));
-    EXPECT_EQ(color_from_text("#FF000080"), (Color{1, 0, 0, 128 / 255.0}));
+    EXPECT_EQ(value_from_text<Font>("A, B,9.5"), (Font{"A, B", 9.5}));
+    EXPECT_EQ(value_from_text<Color>("#FF000080"), (Color{1, 0, 0, 128 / 255.0}));
 }
 
 TEST(SettingText, DoublesReadBackExactlyInEveryLocale) {
@@ -57,11 +57,11 @@ TEST(SettingText, DoublesReadBackExactlyInEveryLocale) {
 TEST(SettingText, EveryColourLevelReadsBack) {
     for (int level = 0; level < 256; ++level) {
         const Color color{level / 255.0, 1 - level / 255.0, 0.5, level / 255.0};
-        const auto text = text_from_color(color);
-        EXPECT_EQ(text_from_color(color_from_text(text.value_or("")).value_or(Color{})), text);
+        const auto text = text_of(color);
+        EXPECT_EQ(text_of(value_from_text<Color>(text.value_or("")).value_or(Color{})), text);
     }
-    EXPECT_EQ(text_from_color({-1, 2, 0, 9}), "#00ff00");
-    EXPECT_FALSE(text_from_color({std::numeric_limits<double>::quiet_NaN(), 0, 0, 1}));
+    EXPECT_EQ(text_of(Color{-1, 2, 0, 9}), "#00ff00");
+    EXPECT_FALSE(text_of(Color{std::numeric_limits<double>::quiet_NaN(), 0, 0, 1}));
 }
 
 TEST(SettingText, KnowsWellFormedUtf8) {

@@ -37,7 +37,7 @@ ComputedSpectrum spectrum_of_log(double interval, double duration, const std::fu
     ComputedSpectrum spectrum;
     SpectrumFailure failure;
     EXPECT_EQ(compute_spectrum(records, Series::offset, interval, duration, spectrum, failure), 0)
-        << sentence_of(failure);
+        << english(failure_of(failure));
     return spectrum;
 }
 
@@ -217,7 +217,8 @@ TEST(Spectrum, SaysWhyThereIsNone) {
         spectrum.count = 42;
         SpectrumFailure failure;
         EXPECT_EQ(compute_spectrum(records, Series::offset, one.interval, one.duration, spectrum, failure), -1);
-        EXPECT_NE(sentence_of(failure).find(one.words), std::string::npos) << sentence_of(failure);
+        const std::string said = english(failure_of(failure));
+        EXPECT_NE(said.find(one.words), std::string::npos) << said;
         EXPECT_EQ(spectrum.count, 42U);
     }
 }

@@ -2,17 +2,14 @@
 #pragma once
 
 #include "base/broadcast.h"
-#include "base/failure_codes.h"
 #include "base/sensors.h"
-#include "base/user_files.h"
 #include "chrony/reports/current_frequency.h"
 #include "studies/freqtemp/freqtemp_session.h"
 #include "support/manual_dispatch.h"
 #include "support/manual_timer.h"
+#include "support/memory_files.h"
 #include "support/memory_stores.h"
 
-#include <cerrno>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -24,41 +21,6 @@ public:
     bool is_closed = false;
     [[nodiscard]] std::vector<SensorReading> read() override { return readings; }
     void close() override { is_closed = true; }
-};
-
-class MemoryFiles : public UserFiles {
-public:
-    std::map<std::string, std::string> texts;
-    int writes = 0;
-    bool is_full = false;
-    bool holds_fast = false; // nothing can be renamed
-
-    [[nodiscard]] FileReading read(const std::string& path, std::size_t) override {
-        const auto found = texts.find(path);
-        if (found == texts.end())
-            return {};
-        return {.outcome = FileReading::Outcome::read, .bytes = found->second};
-    }
-    [[nodiscard]] Result<> replace(const std::string& path, const WriteText& write) override {
-        std::string text;
-        ++writes;
-        if (is_full || write([&text](std::string_view piece) {
-                           text += piece;
-                           return 0;
-                       }) != 0)
-            return failed(FailureCode::cannot_write, {path}, ENOSPC);
-        texts[path] = text;
-        return {};
-    }
-    [[nodiscard]] Result<std::string> set_aside(const std::string& path) override {
-        if (holds_fast)
-            return failed(FailureCode::cannot_rename, {path}, EACCES);
-        auto kept_as = path + ".damaged";
-        texts[kept_as] = texts[path];
-        texts.erase(path);
-        return kept_as;
-    }
-    void remove(const std::string& path) override { texts.erase(path); }
 };
 
 struct FreqTempFakes {

@@ -1,7 +1,7 @@
 // What windows export: tables stay in memory, pictures are written as the program writes them.
 #pragma once
 
-#include "draw/recorded_drawing.h"
+#include "draw/canvases.h"
 #include "gui/common/plot_export.h"
 
 #include <string>

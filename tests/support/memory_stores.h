@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/logger.h"
-#include "settings/settings_store.h"
+#include "settings/default_settings.h"
 
 #include <map>
 #include <string>

@@ -7,7 +7,7 @@
 #pragma once
 
 #include "app/app_delegate.h"
-#include "base/queue_lender.h"
+#include "base/dispatch.h"
 #include "gui/main/tickervantage_window.h"
 #include "linux/posix_path_probes.h"
 #include "support/fake_followed_files.h"

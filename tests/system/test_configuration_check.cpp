@@ -4,7 +4,7 @@
 #include "chrony/configuration/directives.h"
 #include "linux/posix_execute.h"
 #include "linux/posix_path_probes.h"
-#include "linux/small_file.h"
+#include "linux/posix_user_files.h"
 #include "linux/user_name.h"
 #include "support/child_program.h"
 
@@ -24,9 +24,10 @@ std::string words_of(const std::optional<Failure>& doubt) {
 struct RealChronyd : ::testing::Test {
     testing::PrivateHome home;
     PosixExecute execute;
+    PosixFiles files;
     SyntaxCheckParts parts{.execute = execute,
                            .chronyds = [] { return find_chronyds("", TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyd"); },
-                           .replace_file = replace_small_file,
+                           .files = files,
                            .temporary = home.path() + "/"};
 };
 
@@ -197,7 +198,7 @@ TEST(SavingADocument, SurvivesBeingKilledAHundredTimes) {
     const std::string one(200'000, 'a');
     const std::string other(300'000, 'b');
     testing::write_file(path, one, 0640);
-    const DocumentFiles files{.read = {}, .replace = replace_small_file};
+    PosixFiles files;
     int killed_while_writing = 0;
     for (int round = 0; round < 100; ++round) {
         const pid_t child = fork();

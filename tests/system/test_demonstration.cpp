@@ -55,12 +55,12 @@ protected:
     void TearDown() override { fs::remove_all(m_base); }
 
     std::string m_base = "/tmp/tv-test-XXXXXX";
-    std::string m_sentence;
 };
 
 TEST_F(DemonstrationTest, ThePairSynchronisesAndStopEndsItAll) {
     Demonstration demonstration;
-    ASSERT_EQ(demonstration.start(chronyd(), m_base + "/demo", m_sentence), 0) << m_sentence;
+    const auto started = demonstration.start(chronyd(), m_base + "/demo");
+    ASSERT_TRUE(started) << english(started.error());
     const auto client = pid_in(demonstration.client_pidfile());
     const auto server = pid_in(demonstration.folder() + "/server/chronyd.pid");
     for (const auto pid : {client, server}) {
@@ -69,8 +69,8 @@ TEST_F(DemonstrationTest, ThePairSynchronisesAndStopEndsItAll) {
         EXPECT_NE(command.find(std::string("\0-x\0", 4)), std::string::npos) << "the system clock is not protected";
     }
     PosixExecute execute;
-    EXPECT_EQ(demonstration.wait_until_synchronised(execute, chronyc(), std::chrono::seconds(10), m_sentence), 0)
-        << m_sentence;
+    const auto ready = demonstration.wait_until_synchronised(execute, chronyc(), std::chrono::seconds(10));
+    EXPECT_TRUE(ready) << english(ready.error());
     const auto report = execute.run({chronyc(), {"-h", demonstration.socket(), "-n", "tracking"}}).output;
     EXPECT_NE(report.find("Leap status     : Normal"), std::string::npos) << report;
     EXPECT_TRUE(fs::exists(demonstration.tracking_log()));
@@ -92,7 +92,7 @@ TEST_F(DemonstrationTest, AKilledProgramLeavesNothingBehind) {
     if (program == 0) {
         Demonstration demonstration;
         std::array<pid_t, 2> daemons{-1, -1};
-        if (demonstration.start(chronyd(), m_base + "/demo", m_sentence) == 0)
+        if (demonstration.start(chronyd(), m_base + "/demo"))
             daemons = {pid_in(demonstration.client_pidfile()), pid_in(demonstration.folder() + "/server/chronyd.pid")};
         (void)!write(ends[1], daemons.data(), sizeof daemons);
         while (true)
@@ -123,7 +123,8 @@ TEST_F(DemonstrationTest, AKilledProgramLeavesNothingBehind) {
 
 TEST_F(DemonstrationTest, AKilledSupervisorTakesTheDaemonsWithIt) {
     Demonstration demonstration;
-    ASSERT_EQ(demonstration.start(chronyd(), m_base + "/demo", m_sentence), 0) << m_sentence;
+    const auto started = demonstration.start(chronyd(), m_base + "/demo");
+    ASSERT_TRUE(started) << english(started.error());
     const auto pid = pid_in(demonstration.client_pidfile());
     const Watched client(pid);
     const Watched server(pid_in(demonstration.folder() + "/server/chronyd.pid"));
@@ -137,7 +138,8 @@ TEST_F(DemonstrationTest, AKilledSupervisorTakesTheDaemonsWithIt) {
 TEST_F(DemonstrationTest, ALongPathIsReplacedByAShortOne) {
     Demonstration demonstration;
     const auto folder = m_base + "/" + std::string(90, 'x');
-    ASSERT_EQ(demonstration.start(chronyd(), folder, m_sentence), 0) << m_sentence;
+    const auto started = demonstration.start(chronyd(), folder);
+    ASSERT_TRUE(started) << english(started.error());
     EXPECT_NE(demonstration.folder(), folder);
     const auto used = demonstration.folder();
     demonstration.stop();
@@ -155,9 +157,11 @@ TEST_F(DemonstrationTest, WhatFailsIsSaidInOneSentence) {
     }};
     for (const auto& [program, folder, expected] : cases) {
         Demonstration demonstration;
-        EXPECT_EQ(demonstration.start(program, folder, m_sentence), -1);
-        EXPECT_TRUE(m_sentence.ends_with(expected)) << m_sentence;
-        EXPECT_EQ(std::count(m_sentence.begin(), m_sentence.end(), '\n'), 0);
+        const auto started = demonstration.start(program, folder);
+        ASSERT_FALSE(started);
+        const std::string said = english(started.error());
+        EXPECT_TRUE(said.ends_with(expected)) << said;
+        EXPECT_EQ(std::ranges::count(said, '\n'), 0);
         EXPECT_FALSE(demonstration.is_running());
         EXPECT_FALSE(fs::exists(m_base + "/demo"));
     }

@@ -128,9 +128,8 @@ private:
 TEST(RootToolsTest, ChronywakeCorrectsOnceAndAfterEachWakeUp) {
     PrivateHome home;
     Demonstration pair;
-    std::string sentence;
-    if (pair.start(programs + "chronyd", home.path("pair"), sentence) != 0)
-        GTEST_SKIP() << "no pair of daemons: " << sentence;
+    if (const auto started = pair.start(programs + "chronyd", home.path("pair")); !started)
+        GTEST_SKIP() << "no pair of daemons: " << english(started.error());
     const Words once{programs + "chronywake", "--chronyc", programs + "chronyc", "--socket", pair.socket()};
     ChildProgram first(once, home.environment, home.path());
     EXPECT_EQ(first.ends_within(5s), 0);

@@ -1,5 +1,5 @@
 #include "base/failure_codes.h"
-#include "draw/bounds_canvas.h"
+#include "draw/canvases.h"
 #include "gui/main/instrument_widget.h"
 #include "qt/picture_file.h"
 #include "qt/qt_canvas.h"

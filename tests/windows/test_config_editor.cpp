@@ -2,6 +2,7 @@
 #include "gui/editor/config_find_bar.h"
 #include "gui/editor/config_text.h"
 #include "linux/posix_path_probes.h"
+#include "linux/posix_user_files.h"
 #include "support/child_program.h"
 #include "support/manual_dispatch.h"
 #include "support/memory_stores.h"
@@ -45,6 +46,7 @@ struct ConfigEditorTest : ::testing::Test {
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
     PosixPathProbes probes;
+    PosixFiles files;
     QTemporaryDir folder;
     PreferencesGeneral general;
     testing::MemoryLogger logger;
@@ -75,6 +77,7 @@ struct ConfigEditorTest : ::testing::Test {
                                                                      .settings = settings,
                                                                      .paths = paths,
                                                                      .probes = probes,
+                                                                     .files = files,
                                                                      .general = general,
                                                                      .logger = logger,
                                                                      .can_install = true,

@@ -1,6 +1,7 @@
 #include "base/failure_codes.h"
 #include "gui/servers/servers_list.h"
 #include "gui/servers/servers_window.h"
+#include "support/memory_files.h"
 #include "support/memory_stores.h"
 #include "support/window_test.h"
 
@@ -64,24 +65,19 @@ struct ServersWindowTest : testing::WindowTest<ServersWindow> {
     std::shared_ptr<FakeSharedText> list = std::make_shared<FakeSharedText>();
     testing::MemoryLogger logger;
     PreferencesGeneral general;
-    std::string configuration;
+    testing::MemoryFiles files;
     QString inserted;
 
     void open(const char* text) {
         general.config = "/etc/chrony/chrony.conf";
         if (text)
             list->set(text);
-        window = std::make_unique<ServersWindow>(
-            ServersWindowParts{.list = list,
-                               .queue = queue,
-                               .main_thread = main_thread,
-                               .general = general,
-                               .read_text = [this](const std::string& path) -> Result<std::string> {
-                                   if (configuration.empty())
-                                       return failed(FailureCode::cannot_read, {path}, ENOENT);
-                                   return configuration;
-                               },
-                               .logger = logger});
+        window = std::make_unique<ServersWindow>(ServersWindowParts{.list = list,
+                                                                    .queue = queue,
+                                                                    .main_thread = main_thread,
+                                                                    .general = general,
+                                                                    .files = files,
+                                                                    .logger = logger});
         QObject::connect(window.get(), &ServersWindow::insert_wanted, window.get(),
                          [this](const QString& lines) { inserted = lines; });
         window->windowDidLoad();
@@ -279,7 +275,7 @@ TEST_F(ServersWindowTest, GoesToAndFromChrony) {
     EXPECT_EQ(inserted, lines);
     press("import_servers");
     EXPECT_EQ(words("notice"), "Cannot read /etc/chrony/chrony.conf: No such file or directory.");
-    configuration = "pool three.example iburst\nserver one.example\nserver 2001:db8::1\n";
+    files.texts[general.config] = "pool three.example iburst\nserver one.example\nserver 2001:db8::1\n";
     press("import_servers");
     EXPECT_EQ(window->servers().size(), 3U);
     EXPECT_EQ(text("m_name"), "three.example");

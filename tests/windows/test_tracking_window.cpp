@@ -4,7 +4,7 @@
 #include "gui/tracking/legend.h"
 #include "gui/tracking/tracking_window.h"
 #include "linux/serial_queue.h"
-#include "qt/qt_main_thread.h"
+#include "qt/event_loop.h"
 #include "settings/settings_catalogue.h"
 #include "support/fake_followed_files.h"
 #include "support/kept_plots.h"

@@ -57,7 +57,7 @@ std::string behind_links(const std::string& path) {
     return error ? path : real.string();
 }
 
-bool changed(const DocumentFiles& files, const SaveRequest& request) {
+bool changed(Files& files, const SaveRequest& request) {
     if (!request.known)
         return false;
     const FileReading now = files.read(request.path, largest_document);
@@ -76,7 +76,7 @@ Result<DocumentText> decode_document(std::string bytes) {
     return document;
 }
 
-Result<DocumentText> load_document(const DocumentFiles& files, const std::string& path) {
+Result<DocumentText> load_document(Files& files, const std::string& path) {
     FileReading found = files.read(path, largest_document);
     if (found.outcome != FileReading::Outcome::read)
         return failed(FailureCode::file_unreadable, {path}, std::move(found.reason));
@@ -85,13 +85,13 @@ Result<DocumentText> load_document(const DocumentFiles& files, const std::string
     });
 }
 
-SaveAnswer save_document(const DocumentFiles& files, const SaveRequest& request) {
+SaveAnswer save_document(Files& files, const SaveRequest& request) {
     if (auto passed = refuse_zero(request.text); !passed)
         return {.failure = std::move(passed.error())};
     if (changed(files, request))
         return {.outcome = SaveAnswer::Outcome::changed_meanwhile};
     const std::string bytes = encoded(request);
-    if (auto written = files.replace(behind_links(request.path), bytes); !written)
+    if (auto written = files.replace_by(behind_links(request.path), bytes); !written)
         return {.failure = std::move(written.error())};
     return {.outcome = SaveAnswer::Outcome::saved, .stamp = stamp_of(bytes)};
 }

@@ -1,23 +1,17 @@
 // A chrony.conf as a document: from bytes to text and back, and saving it without losing anybody's work.
 //
 // The text has "\n" at the end of its lines. A file in which most lines end with "\r\n" gets them back when it is
-// saved. Files are read and replaced through functions handed in; those wait for the disk, so not on the main thread.
+// saved. Reading and saving wait for the disk: not on the main thread.
 #pragma once
 
 #include "base/user_files.h"
 
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace tickervantage {
-
-struct DocumentFiles {
-    std::function<FileReading(const std::string& path, std::size_t limit)> read;
-    ReplaceFile replace;
-};
 
 inline constexpr std::size_t largest_document = 64U << 20U; // bytes
 
@@ -30,7 +24,7 @@ struct DocumentText {
 };
 
 [[nodiscard]] Result<DocumentText> decode_document(std::string bytes);
-[[nodiscard]] Result<DocumentText> load_document(const DocumentFiles& files, const std::string& path);
+[[nodiscard]] Result<DocumentText> load_document(Files& files, const std::string& path);
 
 struct SaveRequest {
     std::string path;
@@ -48,6 +42,6 @@ struct SaveAnswer {
 
 // A file that is a link is replaced where it lies; the link stays. With `changed_meanwhile` nothing was written: the
 // file holds other bytes than those known, or has gone.
-[[nodiscard]] SaveAnswer save_document(const DocumentFiles& files, const SaveRequest& request);
+[[nodiscard]] SaveAnswer save_document(Files& files, const SaveRequest& request);
 
 } // namespace tickervantage

@@ -10,7 +10,6 @@
 #include <charconv>
 #include <filesystem>
 #include <limits>
-#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -111,7 +110,7 @@ ConfigError checkSyntax(const SyntaxCheckParts& parts, std::string_view text) {
     std::filesystem::remove(file, ignored);
     ConfigError error;
     error.m_isok = false;
-    if (const auto written = parts.replace_file(file, text); !written) {
+    if (const auto written = parts.files.replace_by(file, text); !written) {
         error.m_doubt = written.error();
         return error;
     }

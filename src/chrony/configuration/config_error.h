@@ -38,7 +38,7 @@ struct SyntaxCheckParts {
     // Paths of chronyd, the one to be asked first in front; empty: there is none. The others are asked when one is not
     // allowed to read the file: where AppArmor confines chronyd by its path, it reads only its own folders.
     std::function<std::vector<std::string>()> chronyds;
-    ReplaceFile replace_file;
+    Files& files;
     std::string temporary; // WITH a slash at its end
     std::chrono::milliseconds patience{10'000};
 };

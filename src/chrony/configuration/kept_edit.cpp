@@ -1,8 +1,9 @@
 #include "chrony/configuration/kept_edit.h"
 
+#include "base/failure_codes.h"
+
 #include <array>
 #include <charconv>
-#include <future>
 #include <utility>
 
 namespace tickervantage {
@@ -31,6 +32,10 @@ bool take_numbers(std::string_view& bytes, std::array<std::size_t, count>& numbe
     const bool ends = bytes.starts_with('\n');
     bytes.remove_prefix(ends ? 1 : 0);
     return ends;
+}
+
+void warn(Logger& logger, const tl::unexpected<Failure>& failure) {
+    logger.log(LogLevel::warning, english(failure.value()));
 }
 
 } // namespace
@@ -64,8 +69,8 @@ int parse_kept_edit(std::string_view bytes, KeptEdit& edit) {
     return 0;
 }
 
-EditKeeper::EditKeeper(KeptFilesParts files, DispatchQueueSerial& queue, Log log)
-    : m_files(std::move(files)), m_queue(queue), m_log(std::move(log)) {}
+EditKeeper::EditKeeper(std::shared_ptr<KeptFiles> files, DispatchQueueSerial& queue, Logger& logger)
+    : m_files(std::move(files)), m_queue(queue), m_logger(logger) {}
 
 void EditKeeper::async(Work work) {
     m_asked = true;
@@ -79,51 +84,41 @@ std::pair<EditKeeper::Newest, unsigned> EditKeeper::next_wish(int document) {
     return {newest, ++*newest};
 }
 
-void EditKeeper::keep(int document, std::function<KeptEdit()> make) {
-    auto wish = next_wish(document);
-    async([files = m_files, log = m_log, newest = wish.first, number = wish.second, document, make = std::move(make)] {
-        if (*newest != number)
-            return;
-        if (const auto kept = files.keep(name_of(document), format_kept_edit(make())); !kept)
-            log("An edit that is not saved could not be kept for the next run. " + english(kept.error()));
-    });
+void EditKeeper::keep_now(KeptFiles& files, Logger& logger, int document, const KeptEdit& edit) {
+    if (auto kept = files.keep(name_of(document), format_kept_edit(edit)); !kept)
+        warn(logger, failed(FailureCode::edit_not_kept, {}, std::move(kept.error())));
 }
 
 void EditKeeper::drop(int document) {
     (void)next_wish(document); // copies that wait are not made
-    async([files = m_files, document] { files.drop(name_of(document)); });
+    async([files = m_files, document] { files->drop(name_of(document)); });
 }
 
-std::vector<LeftEdit> EditKeeper::left_edits(const KeptFilesParts& files, const Log& log) {
+std::vector<LeftEdit> EditKeeper::left_edits(KeptFiles& files, Logger& logger) {
     std::vector<LeftEdit> edits;
     for (const auto& file : files.left_behind()) {
         LeftEdit one{.path = file.path, .edit = {}};
         if (parse_kept_edit(file.bytes, one.edit) == 0)
             edits.push_back(std::move(one));
         else
-            log(file.path + " holds no edit that this version can read.");
+            warn(logger, failed(FailureCode::no_edit_in, {file.path}));
     }
     return edits;
 }
 
 void EditKeeper::adopt(const std::string& path, int document) {
-    async([files = m_files, log = m_log, path, document] {
-        if (const auto adopted = files.adopt(path, name_of(document)); !adopted)
-            log(english(adopted.error()));
+    async([files = m_files, &logger = m_logger, path, document] {
+        if (auto adopted = files->adopt(path, name_of(document)); !adopted)
+            warn(logger, tl::unexpected(std::move(adopted.error())));
     });
 }
 
 void EditKeeper::remove(const std::string& path) {
-    async([files = m_files, path] { files.remove(path); });
+    async([files = m_files, path] { files->remove(path); });
 }
 
 bool EditKeeper::finish(std::chrono::milliseconds patience) {
-    if (!m_asked)
-        return true;
-    const auto reached = std::make_shared<std::promise<void>>();
-    auto end = reached->get_future();
-    m_queue.async([reached] { reached->set_value(); });
-    return end.wait_for(patience) == std::future_status::ready;
+    return !m_asked || wait_for(m_queue, patience);
 }
 
 } // namespace tickervantage

@@ -1,5 +1,6 @@
 #include "chrony/demonstration/demonstration.h"
 
+#include "base/failure_codes.h"
 #include "chrony/demonstration/demonstration_supervisor.h"
 
 #include <fcntl.h>
@@ -13,7 +14,6 @@
 #include <array>
 #include <cerrno>
 #include <filesystem>
-#include <initializer_list>
 #include <system_error>
 
 #include <fmt/format.h>
@@ -28,20 +28,13 @@ struct User {
     gid_t group = 0;
 };
 
-int current_user(User& user, std::string& sentence) {
+Result<User> current_user() {
     passwd entry{};
     passwd* found = nullptr;
     std::array<char, 16384> texts{};
-    if (getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &found) != 0 || found == nullptr) {
-        sentence = fmt::format("The demonstration needs a user name, and user {} has none.", getuid());
-        return -1;
-    }
-    user = {found->pw_name, found->pw_gid};
-    return 0;
-}
-
-std::string reason() {
-    return std::generic_category().message(errno);
+    if (getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &found) != 0 || found == nullptr)
+        return failed(FailureCode::demonstration_without_name, {std::to_string(getuid())});
+    return User{found->pw_name, found->pw_gid};
 }
 
 // chronyc puts a socket of its own beside that of the daemon, under a longer name.
@@ -50,16 +43,15 @@ bool leaves_room_for_sockets(const std::string& folder) {
     return folder.size() + longest_name < sizeof(sockaddr_un::sun_path);
 }
 
-int make_outer_folder(std::string& folder, std::string& sentence) {
+Result<> make_outer_folder(std::string& folder) {
     if (leaves_room_for_sockets(folder) && mkdir(folder.c_str(), 0700) == 0)
-        return 0;
+        return {};
     if (!leaves_room_for_sockets(folder)) {
         folder = "/tmp/tv-demo-XXXXXX"; // not a name that PrivateTemporary sweeps: nothing here holds its lock
         if (mkdtemp(folder.data()) != nullptr)
-            return 0;
+            return {};
     }
-    sentence = fmt::format("The folder {} for the demonstration cannot be made: {}.", folder, reason());
-    return -1;
+    return failed(FailureCode::demonstration_without_folder, {folder}, errno);
 }
 
 void remove_folder(const std::string& folder) {
@@ -68,18 +60,18 @@ void remove_folder(const std::string& folder) {
 }
 
 // chronyd insists that the folder of its socket belongs to its user and to that user's main group.
-int make_folders(std::string& folder, gid_t group, std::string& sentence) {
-    if (make_outer_folder(folder, sentence) != 0)
-        return -1;
+Result<> make_folders(std::string& folder, gid_t group) {
+    if (auto made = make_outer_folder(folder); !made)
+        return made;
     for (const auto& path : {folder, folder + "/server", folder + "/client"}) {
         if ((path != folder && mkdir(path.c_str(), 0700) != 0) || chmod(path.c_str(), 0700) != 0 ||
             chown(path.c_str(), getuid(), group) != 0) {
-            sentence = fmt::format("The folder {} for the demonstration cannot be made: {}.", path, reason());
+            auto failure = failed(FailureCode::demonstration_without_folder, {path}, errno);
             remove_folder(folder);
-            return -1;
+            return failure;
         }
     }
-    return 0;
+    return {};
 }
 
 struct Pipe {
@@ -95,44 +87,8 @@ struct Pipe {
     }
 };
 
-} // namespace
-
-int Demonstration::start(const std::string& chronyd, const std::string& folder, std::string& sentence) {
-    if (is_running()) {
-        sentence = "The demonstration is running already.";
-        return -1;
-    }
-    if (access(chronyd.c_str(), X_OK) != 0) {
-        sentence = fmt::format("The demonstration needs chronyd, and {} cannot be run: {}.", chronyd, reason());
-        return -1;
-    }
-    User user;
-    auto place = folder;
-    if (current_user(user, sentence) != 0 || make_folders(place, user.group, sentence) != 0)
-        return -1;
-
-    Pipe hold;
-    Pipe news;
-    const pid_t pid = news.write_end.valid() && hold.write_end.valid() ? fork() : -1;
-    if (pid == 0)
-        supervise_demonstration({chronyd, user.name, place, hold.read_end.get(), news.write_end.get()});
-    if (pid < 0) {
-        sentence = fmt::format("The demonstration cannot be started: {}.", reason());
-        remove_folder(place);
-        return -1;
-    }
-    m_supervisor = pid;
-    m_hold = std::move(hold.write_end);
-    m_folder = place;
-    news.write_end.reset();
-    if (await_report(news.read_end.get(), sentence) == 0)
-        return 0;
-    stop();
-    return -1;
-}
-
-// The supervisor reports "ok" or a sentence, and closes its end.
-int Demonstration::await_report(int news, std::string& sentence) {
+// The supervisor reports "ok" or what the daemons said, and closes its end.
+Result<> await_report(int news) {
     const auto deadline = Clock::now() + demonstration_start_limit + std::chrono::seconds(1);
     std::string report;
     while (true) {
@@ -148,9 +104,40 @@ int Demonstration::await_report(int news, std::string& sentence) {
         report.append(buffer.data(), static_cast<std::size_t>(count));
     }
     if (report == "ok")
-        return 0;
-    sentence = report.empty() ? "The demonstration did not come up in time." : report;
-    return -1;
+        return {};
+    return report.empty() ? failed(FailureCode::demonstration_too_slow) : tl::unexpected(said_by_others(report));
+}
+
+} // namespace
+
+Result<> Demonstration::start(const std::string& chronyd, const std::string& folder) {
+    if (is_running())
+        return failed(FailureCode::demonstration_runs);
+    if (access(chronyd.c_str(), X_OK) != 0)
+        return failed(FailureCode::demonstration_without_chronyd, {chronyd}, errno);
+    auto place = folder;
+    const auto user = current_user();
+    if (auto made = user.and_then([&](const User& one) { return make_folders(place, one.group); }); !made)
+        return made;
+
+    Pipe hold;
+    Pipe news;
+    const pid_t pid = news.write_end.valid() && hold.write_end.valid() ? fork() : -1;
+    if (pid == 0)
+        supervise_demonstration({chronyd, user->name, place, hold.read_end.get(), news.write_end.get()});
+    if (pid < 0) {
+        auto failure = failed(FailureCode::demonstration_not_started, {}, errno);
+        remove_folder(place);
+        return failure;
+    }
+    m_supervisor = pid;
+    m_hold = std::move(hold.write_end);
+    m_folder = place;
+    news.write_end.reset();
+    auto report = await_report(news.read_end.get());
+    if (!report)
+        stop();
+    return report;
 }
 
 void Demonstration::stop() {
@@ -168,20 +155,19 @@ std::string Demonstration::client_file(const std::string& name) const {
     return m_folder.empty() ? std::string() : m_folder + "/client/" + name;
 }
 
-int Demonstration::wait_until_synchronised(Execute& execute, const std::string& chronyc,
-                                           std::chrono::milliseconds time_limit, std::string& sentence) const {
+Result<> Demonstration::wait_until_synchronised(Execute& execute, const std::string& chronyc,
+                                                std::chrono::milliseconds time_limit) const {
     constexpr std::chrono::milliseconds pause(100);
     // chronyc asks by itself, so often and with such pauses, whatever the remaining correction and skew.
     const auto tries = std::to_string(time_limit / pause + 1);
     const auto result = execute.run(
         {chronyc, {"-h", socket(), "waitsync", tries, "0", "0", "0.1"}, time_limit + std::chrono::seconds(1)});
     if (result.outcome == ExecuteOutcome::exited && result.exit_status == 0)
-        return 0;
-    sentence = result.outcome == ExecuteOutcome::exited
-                   ? fmt::format("The demonstration was not synchronised within {:.3g} s.",
-                                 std::chrono::duration<double>(time_limit).count())
-                   : english(result.failure.value_or(Failure()));
-    return -1;
+        return {};
+    if (result.outcome != ExecuteOutcome::exited)
+        return tl::unexpected(result.failure.value_or(Failure()));
+    return failed(FailureCode::demonstration_not_synchronised,
+                  {fmt::format("{:.3g}", std::chrono::duration<double>(time_limit).count())});
 }
 
 } // namespace tickervantage

@@ -8,7 +8,7 @@
 // the terminal reaches the program only. Hence start() has to be called early in main, before there are threads or
 // windows: what the process inherits it keeps in memory until the end.
 //
-// Main thread only, except wait_until_synchronised(). Failures give -1 and one sentence.
+// Main thread only, except wait_until_synchronised().
 // Source: chronyd(8), chrony.conf(5), chronyc(1) of chrony 4.3.
 #pragma once
 
@@ -32,7 +32,7 @@ public:
     // Makes the folder, which must not exist yet, and returns when both daemons answer: after some 10 ms, at the latest
     // after 6 s. Where the folder's path is too long for a socket, one in /tmp takes its place. Of several chronyd take
     // the bundle's: that in /usr/sbin may be confined to its own folders (AppArmor does so by its path).
-    [[nodiscard]] int start(const std::string& chronyd, const std::string& folder, std::string& sentence);
+    [[nodiscard]] Result<> start(const std::string& chronyd, const std::string& folder);
 
     // Returns when both daemons have ended and the folder has gone: some milliseconds, at the latest after about 2 s.
     void stop();
@@ -48,12 +48,11 @@ public:
 
     // Blocks until the client is synchronised. May run on another thread while the object lives and stop() is not
     // called; never on the main thread of a window.
-    [[nodiscard]] int wait_until_synchronised(Execute& execute, const std::string& chronyc,
-                                              std::chrono::milliseconds time_limit, std::string& sentence) const;
+    [[nodiscard]] Result<> wait_until_synchronised(Execute& execute, const std::string& chronyc,
+                                                   std::chrono::milliseconds time_limit) const;
 
 private:
     [[nodiscard]] std::string client_file(const std::string& name) const;
-    [[nodiscard]] int await_report(int news, std::string& sentence);
 
     std::string m_folder;
     FileDescriptor m_hold; // the supervisor acts when the last copy of this end is closed

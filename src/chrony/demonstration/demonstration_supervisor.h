@@ -13,7 +13,7 @@ struct DemonstrationTask {
     std::string user;   // the name of the user who runs all this
     std::string folder; // has the folders "server" and "client"; removed at the end
     int hold;           // a pipe; its end means: clean up
-    int news;           // a pipe; takes "ok" or one sentence, once
+    int news;           // a pipe; takes "ok" or what the daemons said, once
 };
 
 // To be called in a freshly forked child of a process with one thread. Ends the process.

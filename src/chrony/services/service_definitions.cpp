@@ -1,7 +1,6 @@
 #include "chrony/services/service_definitions.h"
 
-#include "chrony/services/property_list.h"
-#include "chrony/services/systemd_unit.h"
+#include "chrony/services/service_texts.h"
 
 namespace tickervantage {
 namespace {

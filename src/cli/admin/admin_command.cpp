@@ -3,7 +3,12 @@
 #include "base/text_lines.h"
 #include "cli/json_text.h"
 #include "cli/terminal.h"
-#include "roothelper/jobs/sent_steps.h"
+#include "roothelper/jobs/installation_offers.h"
+#include "roothelper/jobs/job_steps.h"
+#include "settings/preferences.h"
+#include "settings/warning_register.h"
+
+#include <fmt/format.h>
 
 #include <ostream>
 #include <utility>
@@ -111,6 +116,18 @@ int AdminCommand::carry_out(const AdminRequest& request, PrivilegedActions& acti
     if (form == OutputForm::text && result.outcome && request.job == AdminJob::install)
         out << "chrony is installed; it runs once you start it: tickerctl admin start\n";
     return tell(result.outcome, err);
+}
+
+bool tell_unasked_choice(const PreferencesGeneral& general, WarningRegister& warnings, std::ostream& err) {
+    warnings.load();
+    if (!general.uses_distribution_unasked() || warnings.contains(system_chrony_identifier))
+        return false;
+    warnings.register_warning(system_chrony_identifier);
+    err << fmt::format("tickerctl: The chrony of this system is used, with {}, {} and {}; other paths can be set with "
+                       "\"tickerctl settings set\".\n",
+                       general.config, general.chronyd, general.chronyc)
+        << std::flush;
+    return true;
 }
 
 } // namespace tickervantage

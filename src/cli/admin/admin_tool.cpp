@@ -3,7 +3,7 @@
 #include "cli/terminal.h"
 #include "cli/tool.h"
 #include "roothelper/client/terminal_agent.h"
-#include "roothelper/jobs/job_environment.h"
+#include "roothelper/jobs/chrony_jobs.h"
 #include "roothelper/jobs/this_machine.h"
 #include "settings/preferences.h"
 #include "settings/settings_catalogue.h"

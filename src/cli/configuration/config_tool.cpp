@@ -1,11 +1,11 @@
 // `tickerctl config` and `tickerctl check`, with this machine's files and its chronyd.
 #include "chrony/configuration/config_document.h"
-#include "cli/configuration/check_command.h"
 #include "cli/configuration/config_command.h"
 #include "cli/terminal.h"
 #include "cli/tool.h"
 #include "linux/environment.h"
 #include "linux/posix_path_probes.h"
+#include "linux/posix_user_files.h"
 #include "linux/small_file.h"
 
 #include <iostream>
@@ -44,12 +44,11 @@ int Tool::check() {
     const auto chronyds = [this] {
         return find_chronyds(process_environment("PATH").value_or(""), m_paths.bundle_program("chronyd"));
     };
+    PosixFiles files;
     const PosixPathProbes probes;
-    const ConfigurationCheckParts parts{.syntax = {.execute = m_daemon.execute(),
-                                                   .chronyds = chronyds,
-                                                   .replace_file = replace_small_file,
-                                                   .temporary = m_paths.temporary},
-                                        .probes = probes};
+    const ConfigurationCheckParts parts{
+        .syntax = {.execute = m_daemon.execute(), .chronyds = chronyds, .files = files, .temporary = m_paths.temporary},
+        .probes = probes};
     const ConfigurationCheck check = check_configuration(parts, text);
     if (m_signals.asked())
         return interrupted;

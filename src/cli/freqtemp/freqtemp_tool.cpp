@@ -1,7 +1,6 @@
 // `tickerctl sensors`, `fit`, `record` and `plot freqtemp`, put together for this machine.
-#include "cli/freqtemp/fit_command.h"
+#include "cli/freqtemp/freqtemp_commands.h"
 #include "cli/freqtemp/record_command.h"
-#include "cli/freqtemp/sensors_command.h"
 #include "cli/terminal.h"
 #include "cli/tool.h"
 #include "linux/machine_sensors.h"

@@ -8,8 +8,7 @@
 #include "linux/machine_sensors.h"
 #include "linux/posix_user_files.h"
 #include "linux/serial_queue.h"
-#include "qt/qt_main_thread.h"
-#include "qt/qt_master_timer.h"
+#include "qt/event_loop.h"
 #include "studies/freqtemp/freqtemp_session.h"
 
 #include <QEventLoop>

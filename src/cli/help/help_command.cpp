@@ -1,7 +1,7 @@
 #include "cli/help/help_command.h"
 
 #include "cli/terminal.h"
-#include "help/help_search.h"
+#include "help/help_pages.h"
 
 #include <iomanip>
 #include <ostream>

@@ -3,7 +3,7 @@
 // Results are exit statuses; reads files and runs mandoc.
 #pragma once
 
-#include "cli/help/help_arguments.h"
+#include "cli/arguments.h"
 #include "help/help_pages.h"
 
 #include <cstddef>

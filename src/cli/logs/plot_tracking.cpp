@@ -1,9 +1,9 @@
 #include "cli/logs/plot_tracking.h"
 
+#include "base/failure_codes.h"
 #include "base/repeater.h"
 #include "chrony/log/log_pieces.h"
 #include "cli/logs/plot_chart.h"
-#include "cli/terminal.h"
 #include "studies/tracking/tracking_line.h"
 #include "studies/tracking/tracking_rows.h"
 #include "studies/tracking/tracking_view.h"
@@ -92,7 +92,7 @@ int choose_series(const std::string& names, popover_settings& legend) {
     return 0;
 }
 
-int plot_tracking(FollowedFiles& files, const TrackingPlot& plot, const PlotOptions& options, std::string& sentence) {
+Result<> plot_tracking(FollowedFiles& files, const TrackingPlot& plot, const PlotOptions& options) {
     StillTimer timer;
     TrackingView view({.master_timer = timer, .now = [] {
                            return 0.0;
@@ -100,23 +100,15 @@ int plot_tracking(FollowedFiles& files, const TrackingPlot& plot, const PlotOpti
     const auto add = [&view](std::string_view line) {
         (void)view.add_line(line); // what is no data line is no record
     };
-    if (const auto read = read_log(files, plot.log, add); !read) {
-        sentence = english(read.error());
-        return has_failed;
-    }
-    if (view.records().empty()) {
-        sentence = fmt::format("The tracking log {} has no record.", plot.log);
-        return answer_is_no;
-    }
+    if (auto read = read_log(files, plot.log, add); !read)
+        return read;
+    if (view.records().empty())
+        return failed(FailureCode::log_without_record, {plot.log});
     set_up(view, plot, options.width);
     const auto draw = [&view](Canvas& canvas, Rect bounds) {
         draw_newest(view, canvas, bounds);
     };
-    const auto plotted = plot_chart(options, caption_of(view, plot.log, options.width), draw);
-    if (plotted)
-        return 0;
-    sentence = english(plotted.error());
-    return has_failed;
+    return plot_chart(options, caption_of(view, plot.log, options.width), draw);
 }
 
 } // namespace tickervantage

@@ -1,6 +1,7 @@
 // What `tickerctl plot tracking` does: the tracking graph of a log as a picture, drawn as the tracking window draws it.
 #pragma once
 
+#include "base/failure.h"
 #include "cli/logs/plot_options.h"
 #include "studies/tracking/tracking_settings.h"
 
@@ -24,8 +25,7 @@ struct TrackingPlot {
 // Switches on exactly the series named, separated by commas, as series_name has them. -1: one of them is none.
 [[nodiscard]] int choose_series(const std::string& names, popover_settings& legend);
 
-// An exit status; with any but 0 there is one sentence. Needs a QGuiApplication. Waits for the disk.
-[[nodiscard]] int plot_tracking(FollowedFiles& files, const TrackingPlot& plot, const PlotOptions& options,
-                                std::string& sentence);
+// Needs a QGuiApplication. Waits for the disk.
+[[nodiscard]] Result<> plot_tracking(FollowedFiles& files, const TrackingPlot& plot, const PlotOptions& options);
 
 } // namespace tickervantage

@@ -1,7 +1,7 @@
 #include "cli/logs/spectrum_command.h"
 
+#include "base/failure_codes.h"
 #include "chrony/log/log_pieces.h"
-#include "cli/terminal.h"
 
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
@@ -11,18 +11,9 @@
 namespace tickervantage {
 namespace {
 
-int read_records(FollowedFiles& files, const std::string& log, TrackingRecords& records, std::string& sentence) {
-    const auto add = [&records](std::string_view line) {
-        records.add_line(line);
-    };
-    if (const auto read = read_log(files, log, add); !read) {
-        sentence = english(read.error());
-        return has_failed;
-    }
-    if (records.size() >= 2)
-        return 0;
-    sentence = fmt::format("The tracking log {} has fewer than two records.", log);
-    return answer_is_no;
+Result<> read_records(FollowedFiles& files, const std::string& log, TrackingRecords& records) {
+    auto read = read_log(files, log, [&records](std::string_view line) { records.add_line(line); });
+    return !read || records.size() >= 2 ? read : failed(FailureCode::log_of_one_record, {log});
 }
 
 std::string period_text(const std::optional<double>& period) {
@@ -31,22 +22,18 @@ std::string period_text(const std::optional<double>& period) {
 
 } // namespace
 
-int spectrum_of_log(FollowedFiles& files, const SpectrumChoice& choice, ComputedSpectrum& spectrum,
-                    std::string& sentence) {
+Result<ComputedSpectrum> spectrum_of_log(FollowedFiles& files, const SpectrumChoice& choice) {
     const auto series = spectrum_series_named(choice.series);
-    if (!series) {
-        sentence =
-            fmt::format("There is no spectrum of \"{}\"; there are offset, rem_cor and rms_offset.", choice.series);
-        return has_failed;
-    }
+    if (!series)
+        return failed(FailureCode::no_such_spectrum, {choice.series});
     TrackingRecords records;
-    if (const int result = read_records(files, choice.log, records, sentence); result != 0)
-        return result;
+    if (const auto read = read_records(files, choice.log, records); !read)
+        return tl::unexpected(read.error());
+    ComputedSpectrum spectrum;
     SpectrumFailure failure;
-    if (compute_spectrum(records, *series, choice.interval, choice.duration, spectrum, failure) == 0)
-        return 0;
-    sentence = sentence_of(failure);
-    return failure.problem == SpectrumProblem::absent ? answer_is_no : has_failed;
+    if (compute_spectrum(records, *series, choice.interval, choice.duration, spectrum, failure) != 0)
+        return tl::unexpected(failure_of(failure));
+    return spectrum;
 }
 
 void print_spectrum(const ComputedSpectrum& spectrum, const SpectrumChoice& choice, OutputForm form,

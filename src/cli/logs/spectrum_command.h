@@ -1,6 +1,5 @@
 // What `tickerctl spectrum` does: the spectrum of a tracking log, as text or as one JSON document.
-//
-// Results are exit statuses; with any but 0 there is one sentence. Waits for the disk.
+// Waits for the disk.
 #pragma once
 
 #include "cli/configuration/settings_command.h"
@@ -20,9 +19,7 @@ struct SpectrumChoice {
     double duration = 0; // s
 };
 
-// `answer_is_no`: the log has too few records, or one in the range lacks the series.
-[[nodiscard]] int spectrum_of_log(FollowedFiles& files, const SpectrumChoice& choice, ComputedSpectrum& spectrum,
-                                  std::string& sentence);
+[[nodiscard]] Result<ComputedSpectrum> spectrum_of_log(FollowedFiles& files, const SpectrumChoice& choice);
 
 // The document's keys are the record's fields, and `extrapolated` and `before_records`, which count the samples that do
 // not lie between records; what is not finite is null.

@@ -13,16 +13,15 @@ DaemonAccess::DaemonAccess()
                                 complain(english(why));
                             }}) {}
 
-int DaemonAccess::start_demonstration(const Paths& paths, std::string& sentence) {
-    if (m_demonstration.start(paths.bundle_program("chronyd"), paths.temporary + "demonstration", sentence) != 0)
-        return -1;
+Result<> DaemonAccess::start_demonstration(const Paths& paths) {
+    auto started = m_demonstration.start(paths.bundle_program("chronyd"), paths.temporary + "demonstration");
     host = m_demonstration.socket();
-    return 0;
+    return started;
 }
 
-int DaemonAccess::wait_for_demonstration(const Paths& paths, std::string& sentence) {
+Result<> DaemonAccess::wait_for_demonstration(const Paths& paths) {
     constexpr std::chrono::seconds limit{15};
-    return m_demonstration.wait_until_synchronised(m_execute, paths.bundle_program("chronyc"), limit, sentence);
+    return m_demonstration.wait_until_synchronised(m_execute, paths.bundle_program("chronyc"), limit);
 }
 
 Runchronyc DaemonAccess::runner(const DefaultSettings& settings, const ChronyPrograms& programs) {

@@ -22,9 +22,9 @@ public:
     std::string host; // of chronyc's option -h; empty: chronyc's own choice
 
     // Starts a demonstration pair and makes it the daemon. Early in main, before there are threads.
-    [[nodiscard]] int start_demonstration(const Paths& paths, std::string& sentence);
+    [[nodiscard]] Result<> start_demonstration(const Paths& paths);
     // Waits until the pair is synchronised.
-    [[nodiscard]] int wait_for_demonstration(const Paths& paths, std::string& sentence);
+    [[nodiscard]] Result<> wait_for_demonstration(const Paths& paths);
 
     // That of the demonstration; empty: the machine's own, or not known.
     [[nodiscard]] std::string configuration() const {

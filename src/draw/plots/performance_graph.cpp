@@ -1,8 +1,8 @@
 #include "draw/plots/performance_graph.h"
 
+#include "draw/canvases.h"
 #include "draw/graph_geometry.h"
 #include "draw/plots/graph_label.h"
-#include "draw/shifted_canvas.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 #include "draw/plots/plot_caption.h"
 
+#include "draw/canvases.h"
 #include "draw/graph_geometry.h"
 #include "draw/plots/graph_label.h"
-#include "draw/shifted_canvas.h"
 
 #include <algorithm>
 #include <string_view>
@@ -96,8 +96,7 @@ double caption_height(const PlotCaption& caption, double width) {
     return height_above(caption) + height_below(caption, width);
 }
 
-void draw_captioned(Canvas& canvas, Rect bounds, const PlotCaption& caption,
-                    const std::function<void(Canvas&, Rect)>& draw) {
+void draw_captioned(Canvas& canvas, Rect bounds, const PlotCaption& caption, const DrawPlot& draw) {
     const double below = height_below(caption, bounds.width);
     const double height = std::max(0.0, bounds.height - height_above(caption) - below);
     canvas.fill_rects(std::span(&bounds, 1), ColorRole::text_background);

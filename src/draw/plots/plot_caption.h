@@ -26,8 +26,10 @@ struct PlotCaption {
 // fonts: whoever draws with a still wider one sees texts meet, not vanish.
 [[nodiscard]] double caption_height(const PlotCaption& caption, double width);
 
+// Draws a plot into those bounds.
+using DrawPlot = std::function<void(Canvas&, Rect)>;
+
 // The plot gets what the caption leaves of `bounds`, with its own lower left corner at (0, 0).
-void draw_captioned(Canvas& canvas, Rect bounds, const PlotCaption& caption,
-                    const std::function<void(Canvas&, Rect)>& draw);
+void draw_captioned(Canvas& canvas, Rect bounds, const PlotCaption& caption, const DrawPlot& draw);
 
 } // namespace tickervantage

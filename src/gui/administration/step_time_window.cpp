@@ -12,8 +12,6 @@
 #include <QStringList>
 #include <QVBoxLayout>
 
-#include <utility>
-
 namespace tickervantage {
 namespace {
 

@@ -5,7 +5,7 @@
 // settings outlive the window.
 #pragma once
 
-#include "roothelper/jobs/job_result.h"
+#include "roothelper/jobs/job_catalogue.h"
 #include "roothelper/jobs/synchronize.h"
 #include "settings/default_settings.h"
 

@@ -1,6 +1,6 @@
 #include "gui/common/plot_export.h"
 
-#include "draw/recorded_drawing.h"
+#include "draw/canvases.h"
 #include "qt/in_words.h"
 #include "qt/qt_canvas.h"
 
@@ -18,6 +18,15 @@
 
 namespace tickervantage {
 namespace {
+
+class DrawingInColors : public RecordedDrawing {
+public:
+    explicit DrawingInColors(const PictureFormat& format) : RecordedDrawing(format.scale), m_colors(format.colors) {}
+    [[nodiscard]] Color readable(const Color& line) const override { return m_colors.readable(line); }
+
+private:
+    CanvasColors m_colors;
+};
 
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(plot_export)
@@ -135,8 +144,7 @@ void PlotExport::run(const QString& path, Write write) {
 void PlotExport::export_picture(const QString& path) {
     const Picture wanted = picture();
     const PictureFormat format{.width = wanted.size.width(), .height = wanted.size.height(), .colors = wanted.colors};
-    const auto drawing = std::make_shared<RecordedDrawing>(
-        format.scale, [colors = format.colors](const Color& line) { return colors.readable(line); });
+    const auto drawing = std::make_shared<DrawingInColors>(format);
     wanted.draw(*drawing);
     run(path, [&writer = m_parts.writer, file = path.toStdString(), format, drawing] {
         return writer.write_picture(file, format, *drawing);

@@ -143,7 +143,7 @@ void ConfigEditor::write_to(const QString& path, bool overwrite, AfterSaving nex
     SaveRequest request{.path = path.toStdString(), .text = {}, .line_ends = m_line_ends, .known = {}};
     if (!overwrite)
         request.known = m_stamp;
-    const auto work = [files = m_parts.files, request, whole = text->whole_text()]() mutable {
+    const auto work = [&files = m_parts.files, request, whole = text->whole_text()]() mutable {
         auto bytes = encoded(whole);
         if (!bytes)
             return SaveAnswer{.failure = bytes.error()};

@@ -31,13 +31,13 @@ constexpr QSize usual_size(820, 640);
 constexpr std::chrono::seconds keep_after(3); // from the first edit that is not kept yet
 
 // As "cp" does it, without a shell: the bytes, whatever they are.
-Result<> copy_file(const DocumentFiles& files, const std::string& from, const std::string& to) {
+Result<> copy_file(Files& files, const std::string& from, const std::string& to) {
     const FileReading found = files.read(from, largest_document);
     if (found.outcome != FileReading::Outcome::read)
         return failed(FailureCode::file_unreadable, {from}, found.reason);
     std::error_code ignored; // what cannot be removed cannot be replaced either
     std::filesystem::remove(to, ignored);
-    return files.replace(to, found.bytes);
+    return files.replace_by(to, found.bytes);
 }
 
 } // namespace
@@ -128,14 +128,14 @@ void ConfigEditor::connect_controls() {
 
 void ConfigEditor::new_document(const QString& title) {
     show_title(title);
-    const auto read = [files = m_parts.files, path = m_parts.default_config] {
+    const auto read = [&files = m_parts.files, path = m_parts.default_config] {
         return Loaded(load_document(files, path).value_or(DocumentText{})); // without that file it starts empty
     };
     load_with(read, [] {});
 }
 
 void ConfigEditor::open_path(const QString& path) {
-    const auto read = [files = m_parts.files, path = path.toStdString()] {
+    const auto read = [&files = m_parts.files, path = path.toStdString()] {
         return Loaded(load_document(files, path));
     };
     const auto then = [this, path] {
@@ -154,7 +154,7 @@ QString ConfigEditor::copy_of_installed() const {
 
 void ConfigEditor::open_installed() {
     const std::string copy = copy_of_installed().toStdString();
-    const auto read = [files = m_parts.files, from = m_parts.general.config, copy] {
+    const auto read = [&files = m_parts.files, from = m_parts.general.config, copy] {
         return Loaded(copy_file(files, from, copy).and_then([&] { return load_document(files, copy); }));
     };
     const auto then = [this, copy] {

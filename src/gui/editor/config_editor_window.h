@@ -32,7 +32,7 @@ struct ConfigEditorParts {
     DispatchQueueSerial& queue; // one for all editors: they share a temporary file
     MainThread& main_thread;
     ConfigurationCheckParts check;
-    DocumentFiles files;
+    Files& files;                      // used on the queue
     const PreferencesGeneral& general; // which name the live configuration
     EditKeeper& keeper;
     int document = 0; // by which the keeper knows it

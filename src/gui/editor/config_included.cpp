@@ -57,7 +57,7 @@ void ConfigEditor::offer_to_install() {
     };
     if (m_path.isEmpty() || isInstalledConfig)
         return ask();
-    const auto look = [files = m_parts.files, config = m_parts.general.config, path = m_path.toStdString()] {
+    const auto look = [&files = m_parts.files, config = m_parts.general.config, path = m_path.toStdString()] {
         return is_source_file(path) || is_included(files.read(config, largest_document).bytes, path);
     };
     m_background.start(m_parts.queue, look, [this, ask, config](bool is_part) {

@@ -137,10 +137,9 @@ PlotCaption caption_of(const FreqTempView& view, const SensorNames& names, const
     caption.lines.push_back(Texts::tr("%1; drawn %2")
                                 .arg(fit, from_std(local_date_time(QDateTime::currentSecsSinceEpoch())))
                                 .toStdString());
-    view.for_each_shown([&](const std::string& sensor, const Color& color) {
+    for (const auto& [sensor, color] : view.shown())
         if (caption.legend.size() < static_cast<std::size_t>(MOST_IN_LEGEND))
             caption.legend.push_back({color, shortened(names(sensor)).toStdString()});
-    });
     return caption;
 }
 

@@ -6,7 +6,7 @@
 #include "gui/freqtemp/rtf_html.h"
 #include "gui/freqtemp/sensor_table.h"
 #include "qt/text_scale.h"
-#include "studies/freqtemp/inspector_sensor.h"
+#include "studies/freqtemp/sensor_menu.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -16,7 +16,6 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <iostream>
 #include <utility>
 

@@ -1,7 +1,7 @@
 // The inspector's table of sensors. Main thread.
 #pragma once
 
-#include "studies/freqtemp/inspector_sensor.h"
+#include "studies/freqtemp/sensor_menu.h"
 
 #include <QAbstractTableModel>
 #include <QString>

@@ -3,7 +3,7 @@
 #include "gui/help/help_contents.h"
 #include "gui/help/help_find_bar.h"
 #include "gui/help/help_page_view.h"
-#include "help/help_search.h"
+#include "help/help_pages.h"
 #include "qt/text_scale.h"
 
 #include <QAction>

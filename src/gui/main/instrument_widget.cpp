@@ -1,6 +1,6 @@
 #include "gui/main/instrument_widget.h"
 
-#include "draw/bounds_canvas.h"
+#include "draw/canvases.h"
 #include "draw/instruments/dial.h"
 #include "qt/accessible_widgets.h"
 #include "qt/qt_canvas.h"

@@ -4,7 +4,7 @@
 #include "base/text_lines.h"
 #include "gui/common/words.h"
 #include "qt/in_words.h"
-#include "qt/written_numbers.h"
+#include "qt/local_number.h"
 #include "settings/settings_keys.h"
 
 #include <QCheckBox>
@@ -16,8 +16,6 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
-
-#include <utility>
 
 namespace tickervantage {
 namespace {

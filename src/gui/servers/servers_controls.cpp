@@ -16,8 +16,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <cmath>
-
 namespace tickervantage {
 namespace {
 

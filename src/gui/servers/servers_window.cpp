@@ -1,5 +1,6 @@
 #include "gui/servers/servers_window.h"
 
+#include "base/failure_codes.h"
 #include "gui/common/desktop_links.h"
 #include "gui/common/words.h"
 #include "gui/servers/servers_list.h"
@@ -22,13 +23,12 @@
 namespace tickervantage {
 namespace {
 
+constexpr std::size_t LARGEST_CONFIGURATION = 16U << 20U;
 constexpr const char* manual_page = "https://chrony-project.org/doc/4.3/chrony.conf.html#server";
 
 } // namespace
 
-ServersWindow::ServersWindow(ServersWindowParts parts)
-    : m_parts(std::move(parts)), m_file(m_parts.list, m_parts.queue, m_parts.main_thread),
-      m_background(m_parts.main_thread) {
+ServersWindow::ServersWindow(ServersWindowParts parts) : m_parts(std::move(parts)), m_background(m_parts.main_thread) {
     setObjectName(QStringLiteral("ServersWindow"));
     //: server window: title
     setWindowTitle(tr("Servers"));
@@ -81,11 +81,17 @@ void ServersWindow::connect_controls() {
     });
 }
 
+template <class Use>
+void ServersWindow::read(Use use) {
+    m_background.start(
+        m_parts.queue, [list = m_parts.list] { return list->read(); }, std::move(use));
+}
+
 void ServersWindow::windowDidLoad() {
     update_buttons();
     show_record();
     m_controls.serverListView->setEnabled(false); // until the list was read
-    m_file.read([this](const FileReading& reading) { show_read(reading); });
+    read([this](const FileReading& reading) { show_read(reading); });
 }
 
 void ServersWindow::show_read(const FileReading& reading) {
@@ -125,8 +131,8 @@ void ServersWindow::changeEvent(QEvent* event) {
 void ServersWindow::look_again() {
     if (!m_loaded || m_unsaved)
         return;
-    m_file.read([this, saves = m_saves](const FileReading& reading) {
-        if (m_saves == saves)
+    read([this, saves = m_saves->load()](const FileReading& reading) {
+        if (*m_saves == saves)
             show_changed(reading);
     });
 }
@@ -148,14 +154,20 @@ void ServersWindow::show_changed(const FileReading& reading) {
 
 void ServersWindow::save() {
     m_unsaved = true;
-    m_file.save(format_servers(m_servers), m_made_from, [this, number = ++m_saves](const ServerListSaved& saved) {
-        m_unsaved = number != m_saves || !saved;
-        show_saved(saved);
+    const auto write = [list = m_parts.list, saves = m_saves, number = ++*m_saves, text = format_servers(m_servers),
+                        made_from = m_made_from] {
+        return *saves == number ? std::optional(list->replace(text, made_from)) : std::nullopt; // else another waits
+    };
+    m_background.start(m_parts.queue, write, [this, number = m_saves->load()](const auto& saved) {
+        if (!saved)
+            return;
+        m_unsaved = number != *m_saves || !*saved;
+        show_saved(*saved);
     });
     update_buttons();
 }
 
-void ServersWindow::show_saved(const ServerListSaved& saved) {
+void ServersWindow::show_saved(const Result<std::string>& saved) {
     if (!saved)
         //: server window: %1 is a sentence that says why
         show_notice(tr("%1 The change stays here, but it is not saved yet.").arg(in_words(saved.error())), true);
@@ -352,14 +364,14 @@ void ServersWindow::import_servers() {
     if (!m_loaded || !validate_current())
         return;
     const std::string path = m_parts.general.config;
-    const auto read = [read_text = m_parts.read_text, path] {
-        return read_text(path);
+    const auto look = [&files = m_parts.files, path] {
+        return files.read(path, LARGEST_CONFIGURATION);
     };
-    m_background.start(m_parts.queue, read, [this, path](const Result<std::string>& text) {
-        if (text)
-            show_imported(path, *text);
+    m_background.start(m_parts.queue, look, [this, path](const FileReading& found) {
+        if (found.outcome == FileReading::Outcome::read)
+            show_imported(path, found.bytes);
         else
-            show_notice(in_words(text.error()));
+            show_notice(in_words(failed(FailureCode::cannot_read, {path}, found.reason).value()));
     });
 }
 

@@ -9,14 +9,15 @@
 
 #include "base/background.h"
 #include "base/logger.h"
+#include "base/shared_text.h"
 #include "chrony/configuration/server_list.h"
-#include "chrony/configuration/server_list_file.h"
 #include "gui/servers/servers_controls.h"
 #include "settings/preferences.h"
 
 #include <QMainWindow>
 
-#include <functional>
+#include <atomic>
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -33,8 +34,8 @@ struct ServersWindowParts {
     std::shared_ptr<SharedText> list;
     DispatchQueueSerial& queue;
     MainThread& main_thread;
-    const PreferencesGeneral& general;                                     // which name the installed chrony.conf
-    std::function<Result<std::string>(const std::string& path)> read_text; // on the queue
+    const PreferencesGeneral& general; // which name the installed chrony.conf
+    Files& files;                      // used on the queue
     Logger& logger;
 };
 
@@ -58,7 +59,7 @@ public:
     [[nodiscard]] const std::vector<server_data>& servers() const { return m_servers; }
 
     // Waits until the list is on the disk: for the program's end.
-    [[nodiscard]] bool finish(std::chrono::milliseconds patience) { return m_file.finish(patience); }
+    [[nodiscard]] bool finish(std::chrono::milliseconds patience) { return wait_for(m_parts.queue, patience); }
 
 Q_SIGNALS:
     void insert_wanted(const QString& lines); // into the editor
@@ -83,21 +84,22 @@ private:
     void show_problem(ServerProblem problem);
     void show_notice(const QString& text, bool retry = false);
     void log_selection(std::string_view moment) const;
+    template <class Use>
+    void read(Use use);
     void show_read(const FileReading& reading);
     void look_again();
     void show_changed(const FileReading& reading);
     void save();
-    void show_saved(const ServerListSaved& saved);
+    void show_saved(const Result<std::string>& saved);
     void show_imported(const std::string& path, const std::string& text);
     void update_buttons();
 
     ServersWindowParts m_parts;
-    ServerListFile m_file;
     std::vector<server_data> m_servers;
     int m_currentindex = -1;
     std::vector<std::pair<int, server_data>> m_removed; // with their rows; the last one comes back first
     std::optional<std::string> m_made_from;             // the text on the disk that the rows were read from
-    unsigned m_saves = 0;                               // asked for
+    std::shared_ptr<std::atomic<unsigned>> m_saves = std::make_shared<std::atomic<unsigned>>(0); // asked for
     bool m_loaded = false;
     bool m_unsaved = false;
     bool m_failed = false; // the last save

@@ -2,7 +2,7 @@
 
 #include "gui/spectrum/spectrum_chart.h"
 #include "gui/spectrum/spectrum_words.h"
-#include "qt/written_numbers.h"
+#include "qt/local_number.h"
 #include "settings/settings_catalogue.h"
 
 #include <QCloseEvent>

@@ -48,12 +48,12 @@ void GraphScrollArea::resize_frame() {
     viewport()->update();
 }
 
-void GraphScrollArea::zoom_about(double viewport_x, const std::function<void()>& change) {
+void GraphScrollArea::zoom_about(double viewport_x, double zoom) {
     const double origin_right = m_graph.xaxis_offset;
     const double from_origin =
         visible().width - viewport_x + m_right_gap - origin_right; // points before the newest time
     const double before = m_graph.xscale;
-    change();
+    m_graph.set_horizontal_zoom(zoom);
     const double moved = from_origin * (m_graph.xscale / before - 1);
     m_right_gap += moved;
     resize_frame();

@@ -29,7 +29,7 @@ public:
     void resize_frame();
 
     // Changes a horizontal scale with `change`, keeping the time under the pointer where it is.
-    void zoom_about(double viewport_x, const std::function<void()>& change);
+    void zoom_about(double viewport_x, double zoom);
 
     // Of an old log the newest record lies far left of the present: how many points, for scroll_to_newest.
     void set_newest_gap(double points) { m_newest_gap = points; }

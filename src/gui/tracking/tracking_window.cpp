@@ -23,7 +23,6 @@
 #include <cerrno>
 #include <chrono>
 #include <cmath>
-#include <system_error>
 #include <utility>
 
 namespace tickervantage {
@@ -151,12 +150,9 @@ void TrackingWindow::apply_sliders() {
 }
 
 void TrackingWindow::zoom(double steps, double viewport_x) {
-    // The slider's own reaction would zoom about the right edge.
-    m_controls.trackingView->zoom_about(viewport_x, [this, steps] {
-        const QSignalBlocker quiet(m_controls.hZoom);
-        set_slider(m_controls.hZoom, slider_value(m_controls.hZoom) + steps / 4);
-        m_view.set_horizontal_zoom(slider_value(m_controls.hZoom));
-    });
+    const QSignalBlocker quiet(m_controls.hZoom); // its own reaction would zoom about the right edge
+    set_slider(m_controls.hZoom, slider_value(m_controls.hZoom) + steps / 4);
+    m_controls.trackingView->zoom_about(viewport_x, slider_value(m_controls.hZoom));
 }
 
 void TrackingWindow::reset_zoom() {

@@ -1,11 +1,21 @@
 #include "roothelper/client/privileged_actions.h"
 
 #include "base/failure_codes.h"
+#include "base/text_lines.h"
 #include "roothelper/grammar/helper_names.h"
 
 #include <utility>
 
 namespace tickervantage {
+namespace {
+
+// The first line says most: programs put their hints behind it.
+Failure words_of_others(const std::string& reply) {
+    const auto lines = non_empty_lines(reply);
+    return said_by_others(lines.empty() ? std::string() : std::string(trimmed(lines.front())));
+}
+
+} // namespace
 
 PrivilegedActions::PrivilegedActions(PrivilegedChannel& channel, PrivilegedReports reports)
     : m_reports(std::move(reports)), m_helper(channel, m_reports.logger) {}
@@ -72,6 +82,38 @@ bool PrivilegedActions::action_in_progress() const {
 void PrivilegedActions::set_action_in_progress(bool in_progress) {
     const std::lock_guard lock(m_mutex);
     m_installer_busy = in_progress;
+}
+
+Result<> ChronyHelper::authorise() {
+    auto granted = m_xpc.authorise();
+    if (!granted)
+        return tl::unexpected(granted.error());
+    const std::lock_guard lock(m_mutex);
+    m_auth = *granted;
+    return {};
+}
+
+std::optional<HelperToken> ChronyHelper::authorisation() const {
+    const std::lock_guard lock(m_mutex);
+    return m_auth;
+}
+
+HelperAnswer ChronyHelper::send(const std::string& request) {
+    auto answer = m_xpc.ask(request, authorisation());
+    if (!answer.reply && m_logger != nullptr)
+        m_logger->log(LogLevel::warning, "Received empty reply");
+    if (!answer.reply)
+        answer.reply = "";
+    if (!answer.is_done && !answer.failure)
+        answer.failure = words_of_others(*answer.reply); // or of a helper that does not name its failures
+    return answer;
+}
+
+void ChronyHelper::quit() {
+    (void)m_xpc.send("QUIT", authorisation()); // a farewell needs no answer
+    m_xpc.disconnect();
+    const std::lock_guard lock(m_mutex);
+    m_auth.reset();
 }
 
 } // namespace tickervantage

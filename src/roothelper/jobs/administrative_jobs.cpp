@@ -1,7 +1,7 @@
 #include "roothelper/jobs/administrative_jobs.h"
 
 #include "base/failure_codes.h"
-#include "roothelper/jobs/sent_steps.h"
+#include "roothelper/jobs/job_steps.h"
 
 #include <utility>
 

@@ -2,6 +2,7 @@
 
 #include "base/failure_codes.h"
 #include "chrony/configuration/configuration.h"
+#include "roothelper/grammar/wake_arguments.h"
 #include "roothelper/jobs/old_installation.h"
 #include "roothelper/jobs/synchronize.h"
 
@@ -13,6 +14,16 @@ namespace tickervantage {
 namespace {
 
 constexpr const char* distribution_log_folder = "/var/log/chrony"; // of its unit, beside the one that the text names
+
+std::vector<std::string> wake_options(const PreferencesGeneral& general) {
+    return wake_service_arguments({.make_thresh = general.make_thresh,
+                                   .make_limit = static_cast<int>(general.make_limit),
+                                   .burst_good = static_cast<int>(general.burst_good),
+                                   .burst_max = static_cast<int>(general.burst_max),
+                                   .burst_netmask = general.burst_netmask,
+                                   .chronyc = general.chronyc,
+                                   .socket = {}});
+}
 
 } // namespace
 
@@ -168,6 +179,21 @@ Result<> ChronyJobs::running_check() {
 
 std::string synchronise_line(const std::string& chronyd, const std::string& server, int timeout_seconds) {
     return fmt::format(R"(/bin/sh -c '{} -t {} -q "server {} iburst"' 2>&1)", chronyd, timeout_seconds, server);
+}
+
+JobSetting make_job_setting(const PreferencesGeneral& general, const PreferencesAdvanced& advanced, const Paths& paths,
+                            ServiceForm form) {
+    return {.config = general.config,
+            .chronyc = general.chronyc,
+            .chronyd = general.chronyd,
+            .chronywake = general.chronywake,
+            .install_wake = general.install_wake,
+            .adj_system = general.adj_system,
+            .restart_gpsd = advanced.restart_gpsd,
+            .wake_options = wake_options(general),
+            .bundle = paths.bundle,
+            .temporary = paths.temporary,
+            .form = form};
 }
 
 } // namespace tickervantage

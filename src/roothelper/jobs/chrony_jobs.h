@@ -5,8 +5,10 @@
 // be run again from its start, whatever the machine looks like. Every job blocks for as long as its steps do.
 #pragma once
 
+#include "base/paths.h"
 #include "roothelper/jobs/job_commands.h"
 #include "roothelper/jobs/job_machine.h"
+#include "settings/preferences.h"
 
 #include <optional>
 #include <string>
@@ -104,5 +106,9 @@ private:
 // The command lines that are no support tool's.
 [[nodiscard]] std::string synchronise_line(const std::string& chronyd, const std::string& server, int timeout_seconds);
 inline constexpr const char* running_check_line = "/usr/bin/pgrep -l -f chronyd";
+
+// What the administrative jobs are told of the preferences.
+[[nodiscard]] JobSetting make_job_setting(const PreferencesGeneral& general, const PreferencesAdvanced& advanced,
+                                          const Paths& paths, ServiceForm form = native_service_form);
 
 } // namespace tickervantage

@@ -56,48 +56,50 @@ std::string listed(const DistributionChrony& chrony) {
 
 } // namespace
 
-Alert first_run_alert(const Translate& words, const std::optional<DistributionChrony>& distribution) {
-    auto text = words("The chronyd ntp daemon is not configured/installed.", "first run: line 1") +
-                words("\nDo you wish to install the privileged components?", "first run: line 2");
+Alert first_run_alert(OffersOwner& owner, const std::optional<DistributionChrony>& distribution) {
+    auto text = owner.translate("The chronyd ntp daemon is not configured/installed.", "first run: line 1") +
+                owner.translate("\nDo you wish to install the privileged components?", "first run: line 2");
     if (distribution)
-        text += "\n\n" + words("They take the place of the chrony that this system has, and give up what its packages "
-                               "provide: updates by the system, and the confinement by AppArmor.",
-                               "first run: where the system has a chrony of its own");
+        text += "\n\n" +
+                owner.translate("They take the place of the chrony that this system has, and give up what its packages "
+                                "provide: updates by the system, and the confinement by AppArmor.",
+                                "first run: where the system has a chrony of its own");
     return {.identifier = "FirstRunAlert",
-            .message = words("Warning", ""),
+            .message = owner.translate("Warning", ""),
             .informative = text,
-            .buttons = {words("Install", ""), words("Cancel", "")}};
+            .buttons = {owner.translate("Install", ""), owner.translate("Cancel", "")}};
 }
 
-Alert version_alert(const Translate& words, const std::string& chronyd, const std::string& installed,
+Alert version_alert(OffersOwner& owner, const std::string& chronyd, const std::string& installed,
                     const std::string& embedded) {
-    const auto line1 = words("Installed: ", "compare versions line 1") + chronyd + " " + installed;
-    const auto line2 = words(" Embedded: ", "compare versions line 2") + embedded_suffix + " " + embedded;
-    const auto line3 = words("Do you wish to re-install chronyd", "compare versions line 3");
+    const auto line1 = owner.translate("Installed: ", "compare versions line 1") + chronyd + " " + installed;
+    const auto line2 = owner.translate(" Embedded: ", "compare versions line 2") + embedded_suffix + " " + embedded;
+    const auto line3 = owner.translate("Do you wish to re-install chronyd", "compare versions line 3");
     return {.identifier = "VersionCompareAlert",
-            .message = words("Warning: Version mismatch", ""),
+            .message = owner.translate("Warning: Version mismatch", ""),
             .informative = line1 + "\n\n" + line2 + "\n\n" + line3,
-            .buttons = {words("Install", ""), words("Cancel", "")}};
+            .buttons = {owner.translate("Install", ""), owner.translate("Cancel", "")}};
 }
 
-Alert system_chrony_alert(const Translate& words, const DistributionChrony& chrony) {
-    return {
-        .identifier = system_chrony_identifier,
-        .message = words("Use the chrony of this system?", "system chrony: title"),
-        .informative =
-            words("This system has a chrony of its own, which its packages keep up to date:", "system chrony: line 1") +
-            listed(chrony) +
-            words("The program can show and steer that one instead of installing another.", "system chrony: last line"),
-        .buttons = {words("Use It", "system chrony: button"), words("Cancel", "")}};
-}
-
-Alert unasked_choice_alert(const Translate& words, const DistributionChrony& chrony) {
+Alert system_chrony_alert(OffersOwner& owner, const DistributionChrony& chrony) {
     return {.identifier = system_chrony_identifier,
-            .message = words("The chrony of this system is used.", "system chrony in use: title"),
-            .informative = words("This system has a chrony of its own, which its packages keep up to date:",
-                                 "system chrony: line 1") +
-                           listed(chrony) + words("Preferences has other paths.", "system chrony in use: last line"),
-            .buttons = {words("Dismiss", "system chrony in use: button")}};
+            .message = owner.translate("Use the chrony of this system?", "system chrony: title"),
+            .informative = owner.translate("This system has a chrony of its own, which its packages keep up to date:",
+                                           "system chrony: line 1") +
+                           listed(chrony) +
+                           owner.translate("The program can show and steer that one instead of installing another.",
+                                           "system chrony: last line"),
+            .buttons = {owner.translate("Use It", "system chrony: button"), owner.translate("Cancel", "")}};
+}
+
+Alert unasked_choice_alert(OffersOwner& owner, const DistributionChrony& chrony) {
+    return {.identifier = system_chrony_identifier,
+            .message = owner.translate("The chrony of this system is used.", "system chrony in use: title"),
+            .informative = owner.translate("This system has a chrony of its own, which its packages keep up to date:",
+                                           "system chrony: line 1") +
+                           listed(chrony) +
+                           owner.translate("Preferences has other paths.", "system chrony in use: last line"),
+            .buttons = {owner.translate("Dismiss", "system chrony in use: button")}};
 }
 
 InstallationOffers::InstallationOffers(InstallationOffersParts parts)
@@ -112,21 +114,12 @@ void InstallationOffers::start() {
         [this](const InstallationFacts& facts) { offer(facts); });
 }
 
-Translate InstallationOffers::translate() {
-    return [this](const char* text, const char* comment) {
-        return m_parts.owner.translate(text, comment);
-    };
-}
-
-bool InstallationOffers::show(const Alert& alert, std::function<void(std::size_t button)> answered) {
-    const auto show_alert = [this](const Alert& shown, std::function<void(AlertAnswer)> done) {
-        m_parts.owner.show(shown, std::move(done));
-    };
-    return show_unless_suppressed(m_parts.warnings, show_alert, alert, m_background.if_alive(std::move(answered)));
+bool InstallationOffers::show(const Alert& alert, ButtonPressed answered) {
+    return show_unless_suppressed(m_parts.warnings, m_parts.owner, alert, m_background.if_alive(std::move(answered)));
 }
 
 void InstallationOffers::tell_unasked_choice(const DistributionChrony& chrony) {
-    if (show(unasked_choice_alert(translate(), chrony), [](std::size_t) {}))
+    if (show(unasked_choice_alert(m_parts.owner, chrony), [](std::size_t) {}))
         m_parts.warnings.register_warning(system_chrony_identifier);
 }
 
@@ -146,7 +139,7 @@ void InstallationOffers::offer(const InstallationFacts& facts) {
         else
             offer_installation(facts);
     };
-    if (!show(system_chrony_alert(translate(), *facts.distribution), answered))
+    if (!show(system_chrony_alert(m_parts.owner, *facts.distribution), answered))
         offer_installation(facts);
 }
 
@@ -157,7 +150,7 @@ void InstallationOffers::offer_installation(const InstallationFacts& facts) {
         else
             offer_version(facts);
     };
-    if (facts.complete || !show(first_run_alert(translate(), facts.distribution), answered))
+    if (facts.complete || !show(first_run_alert(m_parts.owner, facts.distribution), answered))
         offer_version(facts);
 }
 
@@ -171,7 +164,7 @@ void InstallationOffers::offer_version(const InstallationFacts& facts) {
     }
     if (facts.installed.label == facts.embedded.label && facts.same_programs)
         return;
-    (void)show(version_alert(translate(), m_parts.owner.installed_paths().chronyd, facts.installed.label,
+    (void)show(version_alert(m_parts.owner, m_parts.owner.installed_paths().chronyd, facts.installed.label,
                              facts.embedded.label),
                [this](std::size_t button) {
                    if (button == 0)

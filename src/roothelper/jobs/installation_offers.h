@@ -11,7 +11,7 @@
 #include "chrony/reports/versions.h"
 #include "chrony/services/service_definitions.h"
 #include "roothelper/jobs/job_machine.h"
-#include "settings/suppressible_alert.h"
+#include "settings/warning_register.h"
 
 #include <functional>
 #include <optional>
@@ -44,32 +44,27 @@ inline constexpr const char* system_chrony_identifier = "SystemChronyAlert";
 [[nodiscard]] InstallationFacts look_at_installation(const InstalledPaths& paths, const std::string& bundle,
                                                      ServiceForm form, const JobMachine& machine, Execute& execute);
 
-// Finds a text in the user's language, by the text and a comment for translators.
-using Translate = std::function<std::string(const char* text, const char* comment)>;
-
-// With a distribution's chrony beside it, the alert says what an installation of our own gives up.
-[[nodiscard]] Alert first_run_alert(const Translate& translate,
-                                    const std::optional<DistributionChrony>& distribution = std::nullopt);
-[[nodiscard]] Alert version_alert(const Translate& translate, const std::string& chronyd, const std::string& installed,
-                                  const std::string& embedded);
-[[nodiscard]] Alert system_chrony_alert(const Translate& translate, const DistributionChrony& chrony);
-[[nodiscard]] Alert unasked_choice_alert(const Translate& translate, const DistributionChrony& chrony);
-
 // To whom the offers are made.
-class OffersOwner {
+class OffersOwner : public AlertPresenter {
 public:
-    virtual ~OffersOwner() = default;
-
     [[nodiscard]] virtual InstalledPaths installed_paths() = 0; // as the preferences have them
     // Whether they are the distribution's because nobody has set any: that is told, once.
     [[nodiscard]] virtual bool uses_distribution_unasked() = 0;
+    // Finds a text in the user's language, by the text and a comment for translators.
     [[nodiscard]] virtual std::string translate(const char* text, const char* comment) = 0;
-    virtual void show(const Alert& alert, std::function<void(AlertAnswer)> answered) = 0;
     virtual void install() = 0;
     virtual void use_distribution(const DistributionChrony& chrony) = 0;
     // A chronyd does not tell its version; what it answered.
     virtual void stop_for_version(const std::string& program, const std::string& answer) = 0;
 };
+
+// With a distribution's chrony beside it, the alert says what an installation of our own gives up.
+[[nodiscard]] Alert first_run_alert(OffersOwner& owner,
+                                    const std::optional<DistributionChrony>& distribution = std::nullopt);
+[[nodiscard]] Alert version_alert(OffersOwner& owner, const std::string& chronyd, const std::string& installed,
+                                  const std::string& embedded);
+[[nodiscard]] Alert system_chrony_alert(OffersOwner& owner, const DistributionChrony& chrony);
+[[nodiscard]] Alert unasked_choice_alert(OffersOwner& owner, const DistributionChrony& chrony);
 
 // All of it outlives the offers and the queue.
 struct InstallationOffersParts {
@@ -96,8 +91,7 @@ private:
     void offer_installation(const InstallationFacts& facts);
     void offer_version(const InstallationFacts& facts);
 
-    [[nodiscard]] bool show(const Alert& alert, std::function<void(std::size_t button)> answered);
-    [[nodiscard]] Translate translate();
+    [[nodiscard]] bool show(const Alert& alert, ButtonPressed answered);
 
     InstallationOffersParts m_parts;
     Background m_background;

@@ -1,14 +1,23 @@
 // The administrative jobs by name, each with the queue it runs on and what people are told meanwhile.
 #pragma once
 
+#include "base/failure.h"
 #include "roothelper/jobs/chrony_jobs.h"
-#include "roothelper/jobs/job_result.h"
 
 #include <span>
 #include <string>
 #include <string_view>
 
 namespace tickervantage {
+
+// What came of an administrative job.
+struct JobResult {
+    Result<> outcome = {};   // what was stopped for a job that failed runs again
+    std::string output = {}; // of the one command that the job is about, where it is about one
+};
+
+// Whether people must still hear of it: a refusal of the rights was told when it came up.
+[[nodiscard]] bool is_untold_failure(const Result<>& outcome);
 
 enum class AdminJob : unsigned char {
     install,

@@ -1,9 +1,9 @@
 #include "roothelper/jobs/this_machine.h"
 
+#include "linux/posix_user_files.h"
 #include "linux/small_file.h"
 #include "linux/user_name.h"
 #include "roothelper/jobs/daemon_watch.h"
-#include "roothelper/jobs/started_daemon.h"
 
 #include <chrono>
 #include <filesystem>
@@ -46,10 +46,8 @@ ConfigError ThisMachine::check_syntax(const std::string& text) const {
         found.push_back(m_paths.bundle_program("chronyd"));
         return found;
     };
-    return checkSyntax({.execute = m_execute,
-                        .chronyds = chronyds,
-                        .replace_file = replace_small_file,
-                        .temporary = m_paths.temporary},
+    PosixFiles files;
+    return checkSyntax({.execute = m_execute, .chronyds = chronyds, .files = files, .temporary = m_paths.temporary},
                        text);
 }
 

@@ -3,8 +3,8 @@
 #include "base/failure_codes.h"
 #include "roothelper/grammar/helper_names.h"
 #include "roothelper/service/bus_messages.h"
+#include "roothelper/service/caller_files.h"
 #include "roothelper/service/journal.h"
-#include "roothelper/service/staged_files.h"
 
 #include <systemd/sd-daemon.h>
 

@@ -1,7 +1,6 @@
 #include "roothelper/service/history.h"
 
 #include "linux/file_descriptor.h"
-#include "linux/write_all.h"
 #include "roothelper/service/journal.h"
 #include "roothelper/service/trusted_files.h"
 

@@ -6,14 +6,12 @@
 #include "roothelper/grammar/helper_names.h"
 #include "roothelper/grammar/helper_question.h"
 #include "roothelper/service/boot_time.h"
+#include "roothelper/service/caller_files.h"
 #include "roothelper/service/commands.h"
-#include "roothelper/service/source_file.h"
-#include "roothelper/service/staged_files.h"
 #include "roothelper/service/trusted_files.h"
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace tickervantage {

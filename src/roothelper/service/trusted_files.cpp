@@ -2,7 +2,6 @@
 
 #include "base/failure_codes.h"
 #include "linux/file_descriptor.h"
-#include "linux/write_all.h"
 
 #include <fcntl.h>
 #include <glob.h>

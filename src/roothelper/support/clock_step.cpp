@@ -2,8 +2,11 @@
 
 #include "base/failure_codes.h"
 
+#include <sys/timex.h>
+
 #include <fmt/format.h>
 
+#include <cerrno>
 #include <charconv>
 #include <cmath>
 
@@ -31,6 +34,14 @@ Result<std::string> step_clock(SteppedClock& clock, const std::string& text) {
     if (const int why = seconds == 0 ? 0 : clock.step(to_offset(seconds)); why != 0)
         return failed(FailureCode::cannot_step_clock, {}, why);
     return fmt::format("Stepped the clock by {:g} s.", seconds);
+}
+
+int KernelClock::step(const ClockOffset& offset) {
+    timex change{};
+    change.modes = ADJ_SETOFFSET | ADJ_NANO;
+    change.time.tv_sec = offset.seconds;
+    change.time.tv_usec = offset.nanoseconds; // nanoseconds, by the second flag
+    return ::adjtimex(&change) < 0 ? errno : 0;
 }
 
 } // namespace tickervantage

@@ -25,4 +25,11 @@ public:
 // Steps the clock by the number of seconds in the text. One sentence.
 [[nodiscard]] Result<std::string> step_clock(SteppedClock& clock, const std::string& text);
 
+// The machine's own clock. Needs CAP_SYS_TIME. Source: adjtimex(2).
+class KernelClock : public SteppedClock {
+public:
+    // The kernel adds the offset in one go, so no time is lost between reading and setting.
+    [[nodiscard]] int step(const ClockOffset& offset) override;
+};
+
 } // namespace tickervantage

@@ -2,10 +2,10 @@
 
 #include "base/failure_codes.h"
 #include "base/text_lines.h"
+#include "roothelper/support/daemon_units.h"
 #include "roothelper/support/folders.h"
 #include "roothelper/support/install_file.h"
 #include "roothelper/support/one_line.h"
-#include "roothelper/support/unit_status.h"
 
 #include <fmt/format.h>
 

@@ -1,7 +1,8 @@
 #include "roothelper/support/install_file.h"
 
 #include "base/failure_codes.h"
-#include "linux/write_all.h"
+#include "linux/draft.h"
+#include "linux/file_descriptor.h"
 #include "roothelper/support/accounts.h"
 #include "roothelper/support/folders.h"
 
@@ -144,44 +145,20 @@ Result<Destination> open_destination(const std::string& path, const PathRules& r
     return Destination{*std::move(place), *std::move(lock)};
 }
 
-// The new file beside the old one, taken away again unless it got into place.
-class Draft {
-public:
-    explicit Draft(const Place& place) : m_place(place), m_name("." + place.name + ".new") {}
-    ~Draft() {
-        if (m_file.valid())
-            ::unlinkat(m_place.folder.get(), m_name.c_str(), 0);
-    }
-    Draft(const Draft&) = delete;
-    Draft& operator=(const Draft&) = delete;
-
-    [[nodiscard]] int get() const { return m_file.get(); }
-
-    // -1 with errno, as everything here.
-    [[nodiscard]] int write(int source, off_t size, const Account& owner, mode_t mode) {
-        ::unlinkat(m_place.folder.get(), m_name.c_str(), 0); // left over from a run that was killed
-        m_file.reset(
-            ::openat(m_place.folder.get(), m_name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
-        return m_file.valid() && copy(source, m_file.get(), size) == 0 &&
-                       ::fchown(m_file.get(), owner.uid, owner.gid) == 0 && ::fchmod(m_file.get(), mode) == 0 &&
-                       ::fsync(m_file.get()) == 0
-                   ? 0
-                   : -1;
-    }
-
-    [[nodiscard]] int put_in_place() {
-        const int folder = m_place.folder.get();
-        if (::renameat(folder, m_name.c_str(), folder, m_place.name.c_str()) != 0)
-            return -1;
-        m_file.reset();
-        return 0;
-    }
-
-private:
-    const Place& m_place;
-    std::string m_name;
-    FileDescriptor m_file;
+struct OwnerAndMode {
+    Account owner;
+    mode_t mode;
 };
+
+// -1 with errno.
+int write_draft(Draft& draft, int source, off_t size, const OwnerAndMode& wanted) {
+    const auto& [owner, mode] = wanted;
+    return draft.open() == 0 && copy(source, draft.get(), size) == 0 &&
+                   ::fchown(draft.get(), owner.uid, owner.gid) == 0 && ::fchmod(draft.get(), mode) == 0 &&
+                   ::fsync(draft.get()) == 0
+               ? 0
+               : -1;
+}
 
 // Keeps the file that is about to be replaced under a second name. The same bytes again replace nothing: what came
 // before them stays the former one.
@@ -193,7 +170,7 @@ int keep_former(const Place& place, int replacement) {
     if (same_bytes(present.get(), replacement))
         return 0;
     const std::string former = place.name + ".former";
-    const std::string draft = "." + former + ".new";
+    const std::string draft = beside(former, ".new");
     ::unlinkat(folder, draft.c_str(), 0);
     return ::linkat(folder, place.name.c_str(), folder, draft.c_str(), 0) == 0
                ? ::renameat(folder, draft.c_str(), folder, former.c_str())
@@ -216,8 +193,8 @@ Result<> install_file(const Installation& what, const PathRules& rules) {
     if (!destination)
         return tl::unexpected(destination.error());
     const Place& place = destination->place;
-    Draft draft(place);
-    if (draft.write(source->file.get(), source->size, *owner, *mode) != 0)
+    Draft draft(place.folder.get(), place.name);
+    if (write_draft(draft, source->file.get(), source->size, {*owner, *mode}) != 0)
         return failed(FailureCode::cannot_write, {what.destination}, errno);
     if (place.name.ends_with(".conf") && keep_former(place, draft.get()) != 0)
         return failed(FailureCode::cannot_keep_former, {what.destination}, errno);
@@ -234,9 +211,9 @@ Result<> install_text(const std::string& path, std::string_view text, const Path
         make_folder(path.substr(0, path.rfind('/')), rules).and_then([&] { return open_destination(path, rules); });
     if (!destination)
         return tl::unexpected(destination.error());
-    Draft draft(destination->place);
-    if (draft.write(source.get(), static_cast<off_t>(text.size()), {rules.self, ::getegid()}, 0644) != 0 ||
-        draft.put_in_place() != 0)
+    Draft draft(destination->place.folder.get(), destination->place.name);
+    const OwnerAndMode roots{{rules.self, ::getegid()}, 0644};
+    if (write_draft(draft, source.get(), static_cast<off_t>(text.size()), roots) != 0 || draft.put_in_place() != 0)
         return failed(FailureCode::cannot_write, {path}, errno);
     return flush_folder_of(destination->place);
 }

@@ -3,8 +3,8 @@
 #include "base/failure_codes.h"
 #include "base/failure_line.h"
 #include "linux/posix_execute.h"
+#include "roothelper/support/clock_step.h"
 #include "roothelper/support/folders.h"
-#include "roothelper/support/kernel_clock.h"
 #include "roothelper/support/verbs.h"
 
 #include <sys/stat.h>

@@ -1,6 +1,7 @@
 #include "roothelper/support/path_rules.h"
 
 #include "base/failure_codes.h"
+#include "linux/draft.h"
 
 #include <fcntl.h>
 
@@ -157,10 +158,9 @@ Result<> require_own_folder(const Place& place, const PathRules& rules) {
 }
 
 Result<> flush_folder_of(const Place& place) {
-    const FileDescriptor readable(::openat(place.folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (readable.valid() && (::fsync(readable.get()) == 0 || errno == EINVAL)) // EINVAL: there is no such thing here
-        return {};
-    return failed(FailureCode::cannot_flush_folder, {place.path}, errno);
+    if (flush_folder(place.folder.get()) != 0)
+        return failed(FailureCode::cannot_flush_folder, {place.path}, errno);
+    return {};
 }
 
 } // namespace tickervantage

@@ -4,9 +4,9 @@
 #include "base/text_lines.h"
 #include "chrony/services/chrony_services.h"
 #include "linux/small_file.h"
+#include "roothelper/support/daemon_units.h"
 #include "roothelper/support/folders.h"
 #include "roothelper/support/install_file.h"
-#include "roothelper/support/unit_status.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>

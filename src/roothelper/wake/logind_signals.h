@@ -5,7 +5,7 @@
 // org.freedesktop.login1(5), sd-bus(3).
 #pragma once
 
-#include "roothelper/wake/sleep_signals.h"
+#include "roothelper/wake/wake_keeper.h"
 
 #include <memory>
 

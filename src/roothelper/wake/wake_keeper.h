@@ -4,16 +4,35 @@
 // again a few times after a wake-up that chronyd did not answer, because right then both may still be on their way up.
 #pragma once
 
+#include "base/failure.h"
 #include "base/logger.h"
 #include "base/pause.h"
-#include "roothelper/wake/sleep_signals.h"
 #include "roothelper/wake/wake_correction.h"
 
 #include <chrono>
+#include <optional>
 #include <string>
 #include <utility>
 
 namespace tickervantage {
+
+// Word that the machine has woken up.
+class SleepSignals {
+public:
+    enum class News : unsigned char {
+        woke,
+        nothing, // the time is over
+        lost,    // nothing will come any more; connect() again
+    };
+
+    virtual ~SleepSignals() = default;
+
+    // A failure when there is nobody to listen to.
+    [[nodiscard]] virtual Result<> connect() = 0;
+
+    // Blocks until there is news, for ever without a limit.
+    [[nodiscard]] virtual News wait(std::optional<std::chrono::milliseconds> limit) = 0;
+};
 
 struct WakeKeeperParts {
     SleepSignals& signals;

@@ -11,7 +11,6 @@
 #include "base/background.h"
 #include "base/repeater.h"
 #include "studies/freqtemp/freqtemp_settings.h"
-#include "studies/freqtemp/inspector_sensor.h"
 #include "studies/freqtemp/scatter_map.h"
 #include "studies/freqtemp/sensor_menu.h"
 

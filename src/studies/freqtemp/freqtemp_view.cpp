@@ -1,6 +1,5 @@
 #include "studies/freqtemp/freqtemp_view.h"
 
-#include "draw/clipping.h"
 #include "draw/graph_geometry.h"
 #include "studies/freqtemp/freqtemp_axes.h"
 #include "studies/freqtemp/plot_shapes.h"
@@ -216,10 +215,12 @@ void FreqTempView::draw_emphasis(Canvas& canvas, const FreqTempScale& scale) con
             emphasise_newest(canvas, scale.place(newest_of(entry)));
 }
 
-void FreqTempView::for_each_shown(const std::function<void(const std::string&, const Color&)>& tell) const {
+std::vector<std::pair<std::string, Color>> FreqTempView::shown() const {
+    std::vector<std::pair<std::string, Color>> sensors;
     for (const auto& [name, entry] : m_scatter)
         if (is_shown(entry))
-            tell(name, entry.color.color());
+            sensors.emplace_back(name, entry.color.color());
+    return sensors;
 }
 
 void FreqTempView::draw_entries(Canvas& canvas, const FreqTempScale& scale) const {

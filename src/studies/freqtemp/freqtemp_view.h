@@ -7,9 +7,10 @@
 #include "draw/canvas.h"
 #include "studies/freqtemp/scatter_map.h"
 
-#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tickervantage {
 
@@ -66,7 +67,7 @@ public:
     [[nodiscard]] double max_freq() const { return m_max_freq; }
 
     // Name and colour of each entry that is drawn.
-    void for_each_shown(const std::function<void(const std::string& sensor, const Color& color)>& tell) const;
+    [[nodiscard]] std::vector<std::pair<std::string, Color>> shown() const;
 
     // Whether any selected entry has a point: without one there are axes and no more.
     [[nodiscard]] bool is_empty() const { return m_is_empty; }

@@ -2,9 +2,7 @@
 
 #include <Eigen/Dense>
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace tickervantage {
 namespace {

@@ -1,7 +1,6 @@
 #include "studies/freqtemp/plot_shapes.h"
 
 #include "draw/canvas_pixels.h"
-#include "draw/clipping.h"
 #include "draw/graph_geometry.h"
 
 #include <algorithm>

@@ -5,7 +5,6 @@
 #pragma once
 
 #include "base/color.h"
-#include "studies/freqtemp/point_digest.h"
 #include "studies/freqtemp/point_list.h"
 #include "studies/freqtemp/quad_regression.h"
 

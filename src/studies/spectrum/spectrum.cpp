@@ -1,5 +1,6 @@
 #include "studies/spectrum/spectrum.h"
 
+#include "base/failure_codes.h"
 #include "base/local_clock.h"
 #include "studies/spectrum/transform.h"
 
@@ -71,22 +72,21 @@ std::optional<Series> spectrum_series_named(std::string_view name) {
     return spectrum_series[static_cast<std::size_t>(found - series_names.begin())];
 }
 
-std::string sentence_of(const SpectrumFailure& failure) {
+Failure failure_of(const SpectrumFailure& failure) {
     switch (failure.problem) {
     case SpectrumProblem::interval:
-        return "The interval between two samples must be more than 0 seconds.";
+        return {FailureCode::spectrum_without_interval};
     case SpectrumProblem::duration:
-        return "The duration must be at least half an interval.";
+        return {FailureCode::spectrum_too_short};
     case SpectrumProblem::too_long:
-        return fmt::format("A spectrum has at most {} samples: shorten the duration or lengthen the interval.",
-                           longest_transform);
+        return {FailureCode::spectrum_too_long, {std::to_string(longest_transform)}};
     case SpectrumProblem::absent:
-        return fmt::format("The record of {} UTC has no {}.", utc_date_time(failure.time),
-                           spectrum_series_name(failure.series));
+        return {FailureCode::record_without_value,
+                {utc_date_time(failure.time), std::string(spectrum_series_name(failure.series))}};
     case SpectrumProblem::memory:
         break;
     }
-    return "There is not enough memory for a spectrum of that many samples.";
+    return {FailureCode::spectrum_too_large};
 }
 
 int count_samples(double interval, double duration, std::size_t& count, SpectrumFailure& failure) {

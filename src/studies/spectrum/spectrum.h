@@ -6,6 +6,7 @@
 // only needs what was gathered and may run on any.
 #pragma once
 
+#include "base/failure.h"
 #include "studies/spectrum/resampling.h"
 #include "studies/tracking/tracking_records.h"
 
@@ -39,8 +40,8 @@ struct SpectrumFailure {
     LogTime time = 0;               // the same: of the record
 };
 
-// One sentence.
-[[nodiscard]] std::string sentence_of(const SpectrumFailure& failure);
+// For the terminal: times in UTC, the series by its short name.
+[[nodiscard]] Failure failure_of(const SpectrumFailure& failure);
 
 struct ComputedSpectrum {
     double samplefreq = 0;  // half the sampling rate
