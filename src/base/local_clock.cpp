@@ -14,7 +14,7 @@ constexpr std::int64_t DAY = 86400;
 constexpr std::int64_t FARTHEST_ZONE = std::int64_t{26} * 3600; // from UTC, with room for a change of the date line
 
 std::int64_t days_in(std::int64_t seconds) {
-    return (seconds >= 0 ? seconds : seconds - (DAY - 1)) / DAY;
+    return std::chrono::floor<std::chrono::days>(std::chrono::seconds(seconds)).count();
 }
 
 bool machine_time(std::int64_t moment, std::tm& parts) {
@@ -48,9 +48,6 @@ std::int64_t day_of(std::int64_t moment, const ZoneOffset& zone) {
 
 std::int64_t day_start(std::int64_t day, const ZoneOffset& zone) {
     const std::int64_t midnight = day * DAY;
-    const std::int64_t likely = midnight - zone(midnight - zone(midnight));
-    if (day_of(likely, zone) == day && day_of(likely - 1, zone) < day)
-        return likely;
     std::int64_t before = midnight - FARTHEST_ZONE;
     std::int64_t after = midnight + FARTHEST_ZONE;
     while (after - before > 1) {

@@ -2,10 +2,7 @@
 #include "chrony/configuration/config_error.h"
 #include "fuzz/require.h"
 
-using namespace tickervantage;
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string answer(data, data + size);
+FUZZED(answer) {
     const ConfigError error = parse_check_answer(answer);
     require(error.m_isok == error.m_msg.empty());
     require(error.m_line >= 0);
@@ -13,10 +10,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         require(error.m_line == 0);
         require(answer.starts_with("Fatal error : ") || answer.find("Fatal error : ") == std::string::npos ||
                 answer.find(" in file", answer.find("Fatal error : ")) == std::string::npos);
-        return 0;
+        return;
     }
     require(error.m_msg.starts_with("Fatal error : ") || error.m_msg == "Fatal error :");
     require(error.m_msg.find(" in file") == std::string::npos);
     require(answer.find(error.m_msg + " in file") != std::string::npos);
-    return 0;
 }

@@ -8,8 +8,6 @@
 
 #include <algorithm>
 
-using namespace tickervantage;
-
 namespace {
 
 void read_as_directives(const std::string& text) {
@@ -52,12 +50,10 @@ void read_as_document(const std::string& text) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text(data, data + size);
+FUZZED(text) {
     const LineParts parts = parts_of_line(text);
     require(parts.start + parts.length <= text.size());
     read_as_directives(text);
     read_for_warnings(text);
     read_as_document(text);
-    return 0;
 }

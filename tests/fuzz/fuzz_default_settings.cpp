@@ -4,8 +4,6 @@
 #include "fuzz/require.h"
 #include "settings/settings_catalogue.h"
 
-using namespace tickervantage;
-
 namespace {
 
 void check_one(const SettingKey& setting, std::string_view text) {
@@ -16,12 +14,10 @@ void check_one(const SettingKey& setting, std::string_view text) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text(data, data + size);
+FUZZED(text) {
     for (const auto& setting : all_settings())
         check_one(setting, text);
     if (const auto number = number_from_text<double>(text))
         require(number_from_text<double>(text_from_double(*number).value_or("")) == number);
     (void)is_plain_utf8(text);
-    return 0;
 }

@@ -5,17 +5,13 @@
 #include "help/manual_page.h"
 #include "help/markdown_text.h"
 
-using namespace tickervantage;
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string bytes(data, data + size);
+FUZZED(bytes) {
     constexpr std::size_t growth_of_a_reference = 5; // a reference of 10 letters becomes a link of 45
     const std::string html = adapted_manual(bytes, *find_help_topic("chronyd"));
     require(html.size() <= bytes.size() * growth_of_a_reference);
     const std::string plain = without_overstrikes(bytes);
     require(plain.size() <= bytes.size() && plain.find('\b') == std::string::npos);
-    (void)markdown_as_text(bytes, size % 80);
+    (void)markdown_as_text(bytes, bytes.size() % 80);
     for (const auto& passage : search_page(bytes, "a", 10))
         require(!passage.empty());
-    return 0;
 }

@@ -8,8 +8,6 @@
 
 #include <algorithm>
 
-using namespace tickervantage;
-
 namespace {
 
 bool is_ours(const std::string& program, const HelperRules& rules) {
@@ -41,8 +39,7 @@ void check_request(const std::string& line) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text(data, data + size);
+FUZZED(text) {
     check_request(text);
     check_request("EXECUTE " + text);
     check_request("EXECUTE \"" + HelperRules().tool() + "\" " + text);
@@ -54,5 +51,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     (void)check_service_definition("/etc/systemd/system/org.chrony-project.chronyd.service", text, {});
     const auto fit = as_valid_text(text, 100);
     require(fit.size() <= 100 && fit == as_valid_text(fit, 100));
-    return 0;
 }

@@ -5,15 +5,11 @@
 
 #include <algorithm>
 
-using namespace tickervantage;
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text(data, data + size);
+FUZZED(text) {
     const auto line = log_line(std::chrono::system_clock::time_point{}, LogLevel::info, text);
     require(line.starts_with("1970-01-01T00:00:00Z info "));
     require(std::ranges::none_of(line, [](char one) { return static_cast<unsigned char>(one) < 0x20 || one == 0x7f; }));
     require(is_plain_utf8(line));
     constexpr std::size_t longest = 4 * 4096 + 100; // every byte as \xNN
     require(line.size() <= longest);
-    return 0;
 }

@@ -9,8 +9,6 @@
 
 #include <string_view>
 
-using namespace tickervantage;
-
 namespace {
 
 class Writer {
@@ -47,8 +45,7 @@ private:
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string bytes(data, data + size);
+FUZZED(bytes) {
     testing::FakeFollowedFiles files;
     testing::ManualQueue queue;
     testing::ManualMainThread main_thread;
@@ -74,5 +71,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     running = &reader;
     reader.follow();
     queue.turn();
-    return 0;
 }

@@ -2,8 +2,6 @@
 #include "cli/logs/plot_options.h"
 #include "fuzz/require.h"
 
-using namespace tickervantage;
-
 namespace {
 
 bool is_side(int side) {
@@ -12,8 +10,7 @@ bool is_side(int side) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text(data, data + size);
+FUZZED(text) {
     PlotOptions options;
     if (parse_size(text, options) == 0)
         require(is_side(options.width) && is_side(options.height));
@@ -23,5 +20,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         require(time->hour >= 0 && time->hour < 24 && time->minute >= 0 && time->minute < 60);
         require(time->second >= 0 && time->second < 60);
     }
-    return 0;
 }

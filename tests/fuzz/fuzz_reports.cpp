@@ -5,8 +5,6 @@
 
 #include <algorithm>
 
-using namespace tickervantage;
-
 namespace {
 
 bool is_one_word(const std::string& text) {
@@ -23,13 +21,11 @@ void check_names(const std::string& text) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text(data, data + size);
+FUZZED(text) {
     check_names(text);
     const auto version =
         read_version({.outcome = ExecuteOutcome::exited, .exit_status = 0, .output = text, .failure = {}});
     require(version.text == text);
     require(version.meaningless == (std::ranges::count(version.label, ' ') < 3));
     (void)knows_original_names(version.label);
-    return 0;
 }

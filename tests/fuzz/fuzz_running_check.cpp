@@ -3,14 +3,10 @@
 #include "chrony/reports/running_check.h"
 #include "fuzz/require.h"
 
-using namespace tickervantage;
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text(data, data + size);
+FUZZED(text) {
     (void)forbids_adjustment(text);
     require(forbids_adjustment("chronyd -x " + text));
     for (const auto& sockets : {sockets_at(text, "0100007F:0143"), sockets_named(text, "/run/chrony/chronyd.sock")})
         for (const CommandSocket& socket : sockets)
             require(!socket.inode.empty());
-    return 0;
 }

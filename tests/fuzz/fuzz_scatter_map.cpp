@@ -3,12 +3,7 @@
 #include "studies/freqtemp/scatter_csv.h"
 #include "studies/freqtemp/scatter_json.h"
 
-#include <cstddef>
-#include <cstdint>
-#include <string>
 #include <string_view>
-
-using namespace tickervantage;
 
 namespace {
 
@@ -24,8 +19,7 @@ std::string written(const ScatterMap& map, const Write& write) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string_view text(reinterpret_cast<const char*>(data), size);
+FUZZED(text) {
     if (const auto read = read_scatter_json(text)) {
         const std::string once = written(*read, write_scatter_json);
         const auto again = read_scatter_json(once);
@@ -36,5 +30,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CsvDamage damage;
     if (read_scatter_csv(text, "sensor", map, damage) == 0)
         require(largest_count(map) > 0);
-    return 0;
 }

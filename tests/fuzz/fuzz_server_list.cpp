@@ -4,13 +4,8 @@
 #include "fuzz/require.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <string>
 
-using namespace tickervantage;
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text(reinterpret_cast<const char*>(data), size);
+FUZZED(text) {
     const auto servers = parse_servers(text);
     const auto saved = format_servers(servers);
     require(parse_servers(saved) == servers);
@@ -26,5 +21,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         all.push_back(server);
     }
     require(import_servers(text, all).servers.empty());
-    return 0;
 }

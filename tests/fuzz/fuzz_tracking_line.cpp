@@ -8,8 +8,6 @@
 #include <cmath>
 #include <string_view>
 
-using namespace tickervantage;
-
 namespace {
 
 bool is_same(double one, double other) {
@@ -57,8 +55,7 @@ void require_sound(const TrackingRecords& records) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text(data, data + size);
+FUZZED(text) {
     static TrackingRecords records;
     records.clear();
     std::string_view rest = text;
@@ -70,5 +67,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         rest.remove_prefix(std::min(length + 1, rest.size()));
     }
     require_sound(records);
-    return 0;
 }

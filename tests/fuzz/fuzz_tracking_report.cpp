@@ -8,8 +8,6 @@
 
 #include <cmath>
 
-using namespace tickervantage;
-
 namespace {
 
 void require_same(const TrackingReport& report, const std::optional<TrackingData>& record) {
@@ -25,8 +23,7 @@ void require_same(const TrackingReport& report, const std::optional<TrackingData
 
 } // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string text(data, data + size);
+FUZZED(text) {
     const TrackingReport report = parse_tracking(text);
     for (const double number : {report.frequency, report.systemtime, report.lastoffset, report.rmsoffset,
                                 report.rootdelay, report.rootdispersion})
@@ -42,5 +39,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         require(meter.deflection() <= ClockPerformance::MAX_DEFLECTION);
         require(meter.scale_value() >= 1);
     }
-    return 0;
 }

@@ -1,10 +1,6 @@
 // Averages where a tracking log lacks values, or begins without any.
 #include "studies/tracking/rolling_statistics.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {

@@ -1,7 +1,6 @@
 #include "base/broadcast.h"
 #include "support/manual_dispatch.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {

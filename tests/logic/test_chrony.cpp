@@ -3,15 +3,13 @@
 #include "chrony/data/records.h"
 #include "chrony/reports/runchronyc.h"
 #include "chrony/reports/tracking_report.h"
+#include "chrony/status/refresh.h"
 #include "roothelper/client/privileged_actions.h"
 #include "support/chrony_reports.h"
 #include "support/fake_privileged_channel.h"
 #include "support/scripted_execute.h"
+#include "support/test.h"
 #include "support/tracking_text.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
 
 namespace tickervantage {
 namespace {
@@ -35,13 +33,12 @@ TEST(TrackingReport, SignFollowsTheWords) {
         double frequency;
         double systemtime;
     };
-    for (const auto& [text, frequency, systemtime] : {
-             Case{"Frequency : 1.5 ppm fast\nSystem time : 0.25 seconds fast of NTP time", 1.5, 0.25},
-             Case{"Frequency : 1.5 ppm slow\nSystem time : 0.25 seconds slow of NTP time", -1.5, -0.25},
-             Case{"Frequency : 1.5 ppm\nSystem time : 0.25 seconds", -1.5, 0.25},
-             Case{"Frequency : -1.5 ppm slow\nSystem time : +0.25 seconds", 1.5, 0.25},
-             Case{"Frequency : 0.000 ppm slow\nSystem time : 0.0 seconds slow", 0, 0},
-         }) {
+    for (const auto& [text, frequency, systemtime] :
+         {Case{"Frequency : 1.5 ppm fast\nSystem time : 0.25 seconds fast of NTP time", 1.5, 0.25},
+          Case{"Frequency : 1.5 ppm slow\nSystem time : 0.25 seconds slow of NTP time", -1.5, -0.25},
+          Case{"Frequency : 1.5 ppm\nSystem time : 0.25 seconds", -1.5, 0.25},
+          Case{"Frequency : -1.5 ppm slow\nSystem time : +0.25 seconds", 1.5, 0.25},
+          Case{"Frequency : 0.000 ppm slow\nSystem time : 0.0 seconds slow", 0, 0}}) {
         const auto report = parse_tracking(text);
         EXPECT_EQ(report.frequency, frequency) << text;
         EXPECT_EQ(report.systemtime, systemtime) << text;
@@ -103,6 +100,18 @@ struct RunnerTest : ::testing::Test {
     }
 };
 
+TEST(Report, IsWhatIsNoRefusalOfThreeDigits) {
+    for (const auto& [text, expected] : {std::pair{"506 Cannot talk to daemon\n", false},
+                                         {"5th of May\n", true},
+                                         {"50: x\n", true},
+                                         {"5x6 x\n", true},
+                                         {"210 sources\n", true},
+                                         {"506", true},
+                                         {" \n", false},
+                                         {"", false}})
+        EXPECT_EQ(is_report(text), expected) << text;
+}
+
 TEST_F(RunnerTest, OptionsComeBeforeTheCommandWhichIsOneArgument) {
     (void)runner(true, false).run("sources -v");
     (void)runner(false, true).run("tracking");
@@ -135,11 +144,10 @@ TEST_F(RunnerTest, PrivilegedRunIsOneShellLineAndEmptyWithoutTheHelper) {
     EXPECT_EQ(one.run_privileged(false, false, "ntpdata", "192.0.2.1"), "report");
     (void)one.run_privileged(true, true, "clients", "");
     (void)one.run_privileged(false, true, "authdata -a", "");
-    EXPECT_EQ(channel.commands, (std::vector<std::string>{
-                                    "/bin/sh -c '/usr/local/bin/chronyc -n  ntpdata 192.0.2.1' 2>&1",
-                                    "/bin/sh -c '/usr/local/bin/chronyc -N clients' 2>&1",
-                                    "/bin/sh -c '/usr/local/bin/chronyc -n  -N authdata -a' 2>&1",
-                                }));
+    EXPECT_EQ(channel.commands,
+              (std::vector<std::string>{"/bin/sh -c '/usr/local/bin/chronyc -n  ntpdata 192.0.2.1' 2>&1",
+                                        "/bin/sh -c '/usr/local/bin/chronyc -N clients' 2>&1",
+                                        "/bin/sh -c '/usr/local/bin/chronyc -n  -N authdata -a' 2>&1"}));
     EXPECT_TRUE(execute.calls.empty());
 }
 

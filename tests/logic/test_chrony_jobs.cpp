@@ -3,21 +3,13 @@
 #include "roothelper/jobs/daemon_watch.h"
 #include "roothelper/jobs/job_catalogue.h"
 #include "roothelper/jobs/synchronize.h"
+#include "support/child_program.h"
 #include "support/fake_job_machine.h"
 #include "support/kept_text.h"
 #include "support/scripted_execute.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 #include <fmt/format.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <cerrno>
-#include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <map>
 
 namespace tickervantage {
 namespace {
@@ -262,8 +254,7 @@ TEST_F(ChronyJobsTest, JobWhoseCommandFailsIsNotDoneAndSaysWhy) {
          "The clock was not stepped: Not permitted."},
         {sync, " -q ", "no source\n", "The clock was not synchronised."},
         {sync, "startchrony", "No.", "chronyd was not started: No."},
-        {{AdminJob::running_check}, "pgrep", "No.", "The processes could not be listed: No."},
-    };
+        {{AdminJob::running_check}, "pgrep", "No.", "The processes could not be listed: No."}};
     for (const auto& [request, command, reply, sentence] : cases) {
         steps = {};
         steps.failing = {{command, reply}};
@@ -291,18 +282,16 @@ TEST_F(ChronyJobsTest, NewConfigurationIsPreparedAndTheFormerOneComesBackWhenThe
     const AdminRequest request{.job = AdminJob::install_config,
                                .configuration =
                                    "user ntp\nlogdir /logs\ndumpdir /dump\nbindcmdaddress /run/chrony/chronyd.sock\n"};
-    const Lines placed{
-        "write T/to_be_installed_chrony.conf",
-        R"(TOOL checkitem "T/to_be_installed_chrony.conf" "/etc/chrony.d/chrony.conf" "0644")",
-        "TOOL guardchrony",
-        "TOOL stopchrony",
-        R"(TOOL installitem "T/to_be_installed_chrony.conf" "/etc/chrony.d/chrony.conf" "0644")",
-        "TOOL adduser ntp",
-        "TOOL createdirectory /logs",
-        "TOOL createdirectory /dump",
-        R"(TOOL removeitem "/run/chrony/chronyd.sock")",
-        "TOOL startchrony",
-    };
+    const Lines placed{"write T/to_be_installed_chrony.conf",
+                       R"(TOOL checkitem "T/to_be_installed_chrony.conf" "/etc/chrony.d/chrony.conf" "0644")",
+                       "TOOL guardchrony",
+                       "TOOL stopchrony",
+                       R"(TOOL installitem "T/to_be_installed_chrony.conf" "/etc/chrony.d/chrony.conf" "0644")",
+                       "TOOL adduser ntp",
+                       "TOOL createdirectory /logs",
+                       "TOOL createdirectory /dump",
+                       R"(TOOL removeitem "/run/chrony/chronyd.sock")",
+                       "TOOL startchrony"};
     EXPECT_EQ(series(request), placed);
 
     // Carried out, by a helper that does install what it is asked to.
@@ -427,7 +416,8 @@ TEST_F(ChronyJobsTest, StartedDaemonIsToldByItsProcessOrItsUnit) {
     const std::string running = "LoadState=loaded\nMainPID=7\nExecStart={ argv[]=/x/chronyd -f /old ; }\n";
     files["/etc/chrony.conf"] = "";
     files["/env"] = "# OPTIONS=\"-f /no\"\nOPTIONS=\"-F 1 -f /from/variable\"\n";
-    const auto proc = std::filesystem::temp_directory_path() / fmt::format("tv-proc-{}", ::getpid());
+    const testing::PrivateHome home;
+    const std::filesystem::path proc = home.path("run");
     std::filesystem::create_directories(proc / "7");
     for (const auto& [shown, process, config] :
          {Case{"LoadState=not-found\nMainPID=0\n", "", ""}, Case{"", "", ""}, Case{unit.c_str(), "", "/from/variable"},
@@ -444,7 +434,6 @@ TEST_F(ChronyJobsTest, StartedDaemonIsToldByItsProcessOrItsUnit) {
         EXPECT_EQ(daemon ? daemon->config : "", config) << shown << process;
         EXPECT_EQ(daemon ? daemon->unit : "", *config == '\0' ? "" : "chrony.service");
     }
-    std::filesystem::remove_all(proc);
 }
 
 } // namespace

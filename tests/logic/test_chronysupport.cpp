@@ -1,18 +1,13 @@
 // The verbs of chronysupport, in a private folder, on scripted programs and a clock that only remembers.
 #include "roothelper/support/verbs.h"
-
 #include "support/child_program.h"
 #include "support/scripted_execute.h"
+#include "support/test.h"
 
 #include <grp.h>
-#include <gtest/gtest.h>
 #include <pwd.h>
 #include <sys/socket.h>
 #include <sys/un.h>
-
-#include <algorithm>
-#include <filesystem>
-#include <functional>
 
 namespace tickervantage::testing {
 namespace {
@@ -39,10 +34,6 @@ protected:
         return run({"installitem", source, destination, m_owner, mode});
     }
     [[nodiscard]] std::string in(const std::string& name) const { return m_home.path("config/" + name); }
-    [[nodiscard]] static mode_t mode_of(const std::string& path) {
-        struct stat status {};
-        return ::lstat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
-    }
 
     PrivateHome m_home;
     ScriptedExecute m_execute;
@@ -99,28 +90,9 @@ TEST_F(ChronysupportTest, RefusesWhatWouldOpenADoor) {
     write_file(m_home.path("huge"), "");
     fs::resize_file(m_home.path("huge"), (64U << 20U) + 1);
     const auto before = m_home.found_in("");
-    const std::vector<std::vector<std::string>> hostile{
-        {"installitem", source, in("link"), m_owner, "0644"},
-        {"installitem", source, in("folder"), m_owner, "0644"},
-        {"installitem", source, in("open/new"), m_owner, "0644"},
-        {"installitem", source, in("open/below/new"), m_owner, "0644"},
-        {"installitem", source, in("missing/new"), m_owner, "0644"},
-        {"installitem", source, in("folder/../new"), m_owner, "0644"},
-        {"installitem", source, "config/new", m_owner, "0644"},
-        {"installitem", source, in("new\nline"), m_owner, "0644"},
-        {"installitem", source, in(std::string(300, 'n')), m_owner, "0644"},
-        {"installitem", source, m_home.path() + "-way/new", m_owner, "0644"}, // a link where others may put one
-        {"installitem", source, "/", m_owner, "0644"},
+    std::vector<std::vector<std::string>> hostile{
         {"installitem", source, in("new"), "nobody-at-all:wheel", "0644"},
         {"installitem", source, in("new"), m_owner.substr(0, m_owner.find(':')), "0644"},
-        {"installitem", source, in("new"), m_owner, "4755"},
-        {"installitem", source, in("new"), m_owner, "0666"},
-        {"installitem", source, in("new"), m_owner, "755"},
-        {"installitem", source, in("new"), m_owner, "+755"},
-        {"installitem", m_home.path("linked-source"), in("new"), m_owner, "0644"},
-        {"installitem", m_home.path("pipe"), in("new"), m_owner, "0644"},
-        {"installitem", m_home.path(), in("new"), m_owner, "0644"},
-        {"installitem", m_home.path("huge"), in("new"), m_owner, "0644"},
         {"restoreformer", in("plain")},
         {"removeitem", in("folder")},
         {"removeitem", in("open/below")},
@@ -134,8 +106,15 @@ TEST_F(ChronysupportTest, RefusesWhatWouldOpenADoor) {
         {"rotatelogs", in("plain"), in("link")},
         {"installitem", source, in("new"), m_owner},
         {"shell", "id"},
-        {},
-    };
+        {}};
+    for (const auto& place : {in("link"), in("folder"), in("open/new"), in("open/below/new"), in("missing/new"),
+                              in("folder/../new"), std::string("config/new"), in("new\nline"), std::string("/"),
+                              in(std::string(300, 'n')), m_home.path() + "-way/new"}) // the last by others' link
+        hostile.push_back({"installitem", source, place, m_owner, "0644"});
+    for (const auto* mode : {"4755", "0666", "755", "+755"})
+        hostile.push_back({"installitem", source, in("new"), m_owner, mode});
+    for (const auto* other : {"linked-source", "pipe", "", "huge"})
+        hostile.push_back({"installitem", m_home.path(other), in("new"), m_owner, "0644"});
     for (const auto& words : hostile) {
         std::string said;
         for (const auto& word : words)

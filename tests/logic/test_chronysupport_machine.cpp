@@ -1,14 +1,9 @@
 // What chronysupport does with the machine's time services and our own installation, on a machine in a folder.
 #include "chrony/services/chrony_services.h"
 #include "roothelper/support/verbs.h"
-
 #include "support/child_program.h"
 #include "support/scripted_execute.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <filesystem>
+#include "support/test.h"
 
 namespace tickervantage::testing {
 namespace {
@@ -132,6 +127,13 @@ TEST_F(ChronysupportMachineTest, ServicesThatCannotComeBackStayNoted) {
     m_systemd.without_bus.clear();
     EXPECT_TRUE(run({"restoreservices"})) << m_line;
     EXPECT_EQ(m_line, "systemd-timesyncd.service runs again."); // better than none
+}
+
+TEST_F(ChronysupportMachineTest, ANoteOfOthersBringsBackNothingButTimeServices) {
+    m_systemd.units = {{"ssh.service", {}}, {"chrony.service", {}}};
+    put("/var/lib/chronyhelper/displaced-services", "ssh.service enabled active\n \t\nchrony.service active enabled\n");
+    ASSERT_TRUE(run({"restoreservices"})) << m_line;
+    EXPECT_EQ(m_systemd.calls, (std::vector<std::string>{"enable chrony.service", "start chrony.service"}));
 }
 
 TEST_F(ChronysupportMachineTest, TheDistributionsUnitGetsDropInsAndLosesThem) {

@@ -4,8 +4,7 @@
 #include "roothelper/wake/wake_keeper.h"
 #include "support/memory_stores.h"
 #include "support/scripted_execute.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace tickervantage::testing {
 namespace {
@@ -24,6 +23,8 @@ TEST(ChronywakeTest, ArgumentsOfTheServiceReadBack) {
     const auto read = parse_wake_arguments(wake_service_arguments(wanted));
     ASSERT_TRUE(read) << english(read.error());
     EXPECT_TRUE(read->stays);
+    for (const auto* option : {"--make-thresh", "--make-limit", "--burst-good", "--burst-max"})
+        EXPECT_TRUE(parse_wake_arguments({option, "1"}).value().stays) << option;
     EXPECT_EQ(wake_service_arguments(*read), wake_service_arguments(wanted));
     const auto once = parse_wake_arguments({"--socket", "/s"});
     ASSERT_TRUE(once) << english(once.error());

@@ -1,9 +1,5 @@
 #include "chrony/configuration/configuration.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {

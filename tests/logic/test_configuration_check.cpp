@@ -7,14 +7,10 @@
 #include "support/kept_text.h"
 #include "support/memory_files.h"
 #include "support/scripted_execute.h"
+#include "support/test.h"
 
 #include <fmt/format.h>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-
-#include <map>
-#include <set>
-#include <sstream>
 
 namespace tickervantage {
 namespace {
@@ -121,48 +117,12 @@ TEST(Warnings, NameWhatTheDaemonWillMiss) {
                     {"/folder", {Kind::folder}},   {"/locked", {Kind::folder, true, false}},
                     {"/dev/pps0", {Kind::device}}, {"/hidden", {Kind::unknown}}};
     probes.users = {"_chrony"};
-    std::string told;
-    for (const char* line : {"include /nope",
-                             "include /nope/*.conf",
-                             "INCLUDE /folder",
-                             "include /there",
-                             "include /hidden",
-                             "confdir /folder /nope",
-                             "sourcedir /there",
-                             "sourcedir /nope",
-                             "server a.example iburst minpoll 3",
-                             "POOL a.example MINPOLL -2 maxpoll 6",
-                             "server a.example minpoll 6",
-                             "peer 192.168.0.1 minpoll 0",
-                             "keyfile /nope",
-                             "keyfile /secret",
-                             "ntsserverkey /secret",
-                             "ntsservercert /there",
-                             "ntstrustedcerts 1 /nope",
-                             "refclock PPS /dev/pps0:clear lock GPS",
-                             "refclock PHC /dev/ptp9 poll 0",
-                             "refclock PPS /there",
-                             "refclock SOCK /nope/x.sock",
-                             "refclock SHM 0",
-                             "refclock GPS 0",
-                             "logdir /folder/new",
-                             "logdir /nope/new",
-                             "dumpdir /locked",
-                             "driftfile /locked/drift",
-                             "driftfile /folder/drift",
-                             "bindcmdaddress /nope/a/b.sock",
-                             "bindcmdaddress 127.0.0.1",
-                             "leapsectz right/UTC",
-                             "user nobody9",
-                             "commandkey 1",
-                             "# include /nope",
-                             "  ! include /nope",
-                             "frobnicate /nope"}) {
-        told += std::string(line) + "\n";
-        for (const auto& warning : configuration_warnings("\n" + std::string(line) + "\n", probes))
+    testing::expect_answers_as_kept("warnings", [&](const std::string& line) {
+        std::string told;
+        for (const auto& warning : configuration_warnings("\n" + line + "\n", probes))
             told += fmt::format("  {}: {}\n", warning.line, english(warning.what));
-    }
-    testing::expect_as_kept(told, "warnings");
+        return told;
+    });
     std::string many;
     for (int i = 0; i < 1000; ++i)
         many += "include /nope\n";

@@ -1,11 +1,7 @@
 #include "base/text_difference.h"
 #include "roothelper/jobs/kept_configurations.h"
 #include "support/fake_job_machine.h"
-
-#include <gtest/gtest.h>
-
-#include <map>
-#include <set>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -60,18 +56,16 @@ TEST(TextDifference, ShowsTheLinesThatDifferWithThoseAround) {
         const char* former;
         const char* latter;
         const char* expected;
-    } cases[] = {
-        {"", "", ""},
-        {"a\nb\n", "a\nb\n", ""},
-        {"a\nb", "a\nb\n", ""},
-        {"", "a\n", "+a\n"},
-        {"a\n", "", "-a\n"},
-        {"a\nb\nc\n", "a\nx\nc\n", " a\n-b\n+x\n c\n"},
-        {"1\n2\n3\n4\n5\n6\n", "1\n2\n3\n4\n5\n7\n", "...\n 5\n-6\n+7\n"},
-        {"1\n2\n3\n4\n5\n6\n7\n8\n", "x\n2\n3\n4\n5\n6\n7\ny\n", "-1\n+x\n 2\n...\n 7\n-8\n+y\n"},
-        {"a\na\n", "a\na\na\n", "...\n a\n+a\n"},
-        {"a\nb\nc\nd\n", "b\nd\ne\n", "-a\n b\n-c\n d\n+e\n"},
-    };
+    } cases[] = {{"", "", ""},
+                 {"a\nb\n", "a\nb\n", ""},
+                 {"a\nb", "a\nb\n", ""},
+                 {"", "a\n", "+a\n"},
+                 {"a\n", "", "-a\n"},
+                 {"a\nb\nc\n", "a\nx\nc\n", " a\n-b\n+x\n c\n"},
+                 {"1\n2\n3\n4\n5\n6\n", "1\n2\n3\n4\n5\n7\n", "...\n 5\n-6\n+7\n"},
+                 {"1\n2\n3\n4\n5\n6\n7\n8\n", "x\n2\n3\n4\n5\n6\n7\ny\n", "-1\n+x\n 2\n...\n 7\n-8\n+y\n"},
+                 {"a\na\n", "a\na\na\n", "...\n a\n+a\n"},
+                 {"a\nb\nc\nd\n", "b\nd\ne\n", "-a\n b\n-c\n d\n+e\n"}};
     for (const auto& [former, latter, expected] : cases)
         EXPECT_EQ(difference_text(text_difference(former, latter, 1)), expected) << former << "to\n" << latter;
 }

@@ -1,11 +1,5 @@
 #include "draw/coverage_layer.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <cstdint>
-#include <random>
-#include <vector>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {

@@ -8,10 +8,8 @@
 #include "studies/tracking/tracking_view.h"
 #include "support/kept_text.h"
 #include "support/manual_timer.h"
+#include "support/test.h"
 #include "support/told_canvas.h"
-
-#include <cmath>
-#include <limits>
 
 namespace tickervantage::testing {
 namespace {

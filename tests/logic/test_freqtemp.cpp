@@ -5,29 +5,22 @@
 #include "support/freqtemp_parts.h"
 #include "support/kept_text.h"
 #include "support/recording_canvas.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-
-#include <algorithm>
-#include <cmath>
-#include <deque>
-#include <random>
-#include <tuple>
 
 namespace tickervantage::testing {
 namespace {
 
 constexpr const char* MAP = "/data/Tickervantage/scattermap.json";
 
-std::string written(const ScatterMap& map) {
+std::string written(const ScatterMap& map, int (*write)(const ScatterMap&, const TextSink&) = write_scatter_json) {
     std::string text;
-    EXPECT_EQ(write_scatter_json(map,
-                                 [&text](std::string_view piece) {
-                                     text += piece;
-                                     return 0;
-                                 }),
-              0);
+    const auto keep = [&text](std::string_view piece) {
+        text += piece;
+        return 0;
+    };
+    EXPECT_EQ(write(map, keep), 0);
     return text;
 }
 
@@ -137,13 +130,7 @@ TEST(ScatterJson, RefusesWhatDoesNotDecode) {
 
 TEST(ScatterCsv, ComesBackAsItWasWritten) {
     ScatterMap map{{"a, \"b\"", entry_of(3)}, {"c", entry_of(2)}};
-    std::string text;
-    ASSERT_EQ(write_scatter_csv(map,
-                                [&text](std::string_view piece) {
-                                    text += piece;
-                                    return 0;
-                                }),
-              0);
+    const std::string text = written(map, write_scatter_csv);
     ScatterMap back;
     CsvDamage damage;
     ASSERT_EQ(read_scatter_csv(text + "45.5, -12\nrubbish\n1,nan\n", "stem", back, damage), 0);
@@ -345,14 +332,16 @@ TEST_F(FreqTempSessionTest, ADamagedMapThatCannotBeMovedIsNeverWrittenOver) {
 
 TEST_F(FreqTempSessionTest, ChecksSensorsOrNoSensor) {
     const auto session = started();
-    session->selectSensor(SensorMenu::NO_SENSOR);
+    session->selectSensor(1);
     EXPECT_FALSE(session->scatter().at("cpu").selected);
     EXPECT_FALSE(session->scatter().at("disk").selected);
-    session->selectSensor(SensorMenu::FIRST_SENSOR + 1);
-    EXPECT_TRUE(session->scatter().at("disk").selected);
-    EXPECT_FALSE(session->menu().is_checked(SensorMenu::NO_SENSOR));
-    session->selectSensor(SensorMenu::FIRST_SENSOR + 1);
-    EXPECT_FALSE(session->menu().is_checked(SensorMenu::NO_SENSOR));
+    EXPECT_TRUE(session->menu().is_checked(1));
+    for (const bool selected : {true, false}) {
+        session->selectSensor(4); // behind the title, the item for no sensor, a separator, and the first sensor
+        EXPECT_EQ(session->scatter().at("disk").selected, selected);
+        EXPECT_EQ(session->menu().is_checked(4), selected);
+        EXPECT_FALSE(session->menu().is_checked(1));
+    }
     session->selectSensor(99);
 }
 
@@ -440,6 +429,10 @@ TEST(FreqTempView, LaysSquaresOverPixelsAsOftenAsTheyComeAndNoFurtherThanItsArea
     view.set_scatter({{"a", entry}});
     PixelCanvas canvas;
     view.draw(canvas, VISIBLE);
+    PixelCanvas white;
+    std::ranges::fill(white.field, 0xFFFFFFFFU);
+    view.draw(white, VISIBLE);
+    EXPECT_EQ(std::ranges::count(white.field, 0xFFFFFFFFU), std::ssize(white.field) - (6 + 6 + 25));
     EXPECT_TRUE(canvas.boxes.empty());
     EXPECT_EQ(canvas.count(128) + canvas.count(191) + canvas.count(223), 6 + 6 + 25) << "two of them cut at a corner";
     EXPECT_EQ(canvas.at(391, 0), 128U) << "the highest one";

@@ -2,16 +2,10 @@
 #include "help/help_pages.h"
 #include "help/manual_page.h"
 #include "help/markdown_text.h"
+#include "support/child_program.h"
 #include "support/kept_text.h"
 #include "support/scripted_execute.h"
-
-#include <gtest/gtest.h>
-
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -19,8 +13,8 @@ namespace {
 namespace fs = std::filesystem;
 
 struct HelpPagesTest : ::testing::Test {
-    // Tests run beside each other.
-    const fs::path folder = fs::path(::testing::TempDir()) / ("tickervantage-help-" + std::to_string(::getpid()));
+    const testing::PrivateHome home;
+    const fs::path folder = home.path();
     testing::ScriptedExecute execute;
     HelpPages pages{{.execute = execute,
                      .own_pages = folder / "own",
@@ -28,12 +22,10 @@ struct HelpPagesTest : ::testing::Test {
                      .mandoc = folder / "mandoc"}};
 
     void SetUp() override {
-        fs::remove_all(folder);
         write("own/faq.md", "# Questions\n\n[Steps](first-use.md)\n");
         write("mandoc", "");
         execute.answer("mandoc", "<h1>NAME</h1>");
     }
-    void TearDown() override { fs::remove_all(folder); }
 
     void write(const fs::path& name, const std::string& text) const {
         fs::create_directories((folder / name).parent_path());
@@ -115,6 +107,8 @@ TEST(HelpSearch, EveryWordMustStandInTheParagraph) {
     EXPECT_EQ(search_page(text, "clock", 9).size(), 2U);
     EXPECT_EQ(search_page(text, "clock", 1).size(), 1U);
     EXPECT_TRUE(search_page(text, "  ", 9).empty());
+    const std::string near = "b " + std::string(27, 'a') + " clock";
+    EXPECT_EQ(search_page(near, "clock", 9), std::vector{near});
     const auto cut = search_page(std::string(80, 'a') + " µµµµ clock " + std::string(100, 'b'), "clock", 9);
     ASSERT_EQ(cut.size(), 1U);
     EXPECT_TRUE(cut[0].starts_with("…µµµµ clock b") && cut[0].ends_with("b…")) << cut[0];

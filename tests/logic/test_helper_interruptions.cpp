@@ -1,6 +1,5 @@
 #include "roothelper/grammar/helper_interruptions.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -36,8 +35,7 @@ TEST_F(HelperInterruptionsTest, WhatACallerStoppedIsStartedWhenItGoesBeforeItsSt
         {"theirs", true, stop_theirs, "", false, {"chrony.service"}},
         {"stopped for good", false, stop, "Stopped a.service.", false, {}},
         {"none was running", true, stop, "a.service was not running.", false, {}},
-        {"it started it itself", true, stop, "Stopped a.service.", true, {}},
-    };
+        {"it started it itself", true, stop, "Stopped a.service.", true, {}}};
     for (const auto& [what, guards, stopping, reply, starts, expected] : cases) {
         if (guards)
             interruptions.guard(":1.1");

@@ -4,11 +4,7 @@
 #include "roothelper/grammar/helper_words.h"
 #include "support/hostile_requests.h"
 #include "support/kept_text.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <sstream>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -23,73 +19,31 @@ HelperRules rules() {
 }
 
 // TOOL is the support tool where the application has it, in quotes; OWN where the helper has it.
-constexpr const char* LINES = R"(TOOL stopchrony
-"OWN" startchrony
-TOOL stopwake
-TOOL guardchrony
-TOOL resumechrony
-TOOL checkitem "/b/c" "/etc/chrony.d/chrony.conf" "root:wheel" "0644"
-TOOL startwake
-TOOL installitem "/run/user/1/t v/ü.conf" "/etc/chrony.d/chrony.conf" "root:wheel" "0644"
-TOOL installitem "/b/chronyd" "/usr/local/sbin/chronyd" "root:wheel" "0755"
-TOOL removeitem "/usr/local/bin/chronylogrotate.sh"
-TOOL removeitem "/run/chrony/chronyd.sock"
-TOOL restoreformer "/etc/chrony.d/chrony.conf"
-TOOL createdirectory "" "/etc/chrony.d"
-TOOL createdirectory /var/log/chrony/
-TOOL adduser _chrony
-TOOL steptime -1.5
-TOOL steptime 1e-05
-TOOL rotatelogs "/usr/local/bin/chronylogrotate.sh" "/var/log/chrony"
-/bin/sh -c '/usr/local/bin/chronyc -n  ntpdata 192.0.2.1' 2>&1
-/bin/sh -c '/usr/bin/chronyc serverstats' 2>&1
-/bin/sh -c '/usr/bin/chronyc -n  -N authdata -a' 2>&1
-/bin/sh -c '/usr/bin/chronyc -N selectdata' 2>&1
-/bin/sh -c '/usr/bin/chronyc clients' 2>&1
-/bin/sh -c '/usr/bin/chronyc -n -c -m "selectdata -a" "authdata -a" ntpdata serverstats' 2>&1
-/bin/sh -c '/usr/local/sbin/chronyd -t 120 -q "server fe80::1%eth0 iburst"' 2>&1
-/bin/sh -c '/usr/sbin/chronyd -t 1 -q "server a.example nts iburst"' 2>&1
-/usr/local/bin/chronywake
-/usr/bin/pgrep -l -f chronyd
-/bin/launchctl bootout system /Library/LaunchDaemons/org.tuxfamily.chronyd.plist
-/bin/systemctl enable --now org.chrony-project.logrotate.timer
-/bin/systemctl status --no-pager --lines=20 chrony.service
-/bin/systemctl daemon-reload
-rm -f /etc/systemd/system/org.tuxfamily.chronyc.service
-chmod 0755 /var/log/chrony//tracking.log
-)";
-
 TEST(HelperRequest, EveryLineOfTheApplicationBecomesItsArguments) {
-    std::istringstream lines(LINES);
-    std::string told;
-    for (std::string line; std::getline(lines, line);) {
-        told += line + "\n  ";
+    testing::expect_answers_as_kept("requests", [](std::string line) {
         if (line.starts_with("TOOL"))
             line.replace(0, 4, "\"" + spelled + "\"");
         if (line.starts_with("\"OWN"))
             line.replace(1, 3, own);
         const auto request = parse_helper_request("EXECUTE " + line, rules());
-        ASSERT_TRUE(request) << line << ": " << english(request.error());
-        told += std::string(helper_verb_name(request->verb));
+        if (!request)
+            return "  " + english(request.error()) + "\n";
+        std::string told = "  " + std::string(helper_verb_name(request->verb));
         for (const auto& argument : request->argv)
             told += "|" + argument;
-        told += "\n";
-    }
-    testing::expect_as_kept(told, "requests");
+        return told + "\n";
+    });
     const auto quit = parse_helper_request("QUIT", rules());
     EXPECT_TRUE(quit && quit->verb == HelperVerb::quit);
 }
 
 TEST(HelperRequest, HostileLinesAreRefusedInOneSentence) {
-    std::string told;
-    for (const auto& line : testing::hostile_requests(spelled)) {
-        const auto request = parse_helper_request(line, rules());
-        ASSERT_FALSE(request) << line;
-        const auto sentence = english(request.error());
-        told += sentence + "\n";
+    testing::expect_answers_as_kept("refusals", [](const std::string& line) {
+        const auto request = parse_helper_request(testing::request_in(line, spelled), rules());
+        const auto sentence = request ? "It is admitted" : english(request.error());
         EXPECT_TRUE(sentence.ends_with('.') && std::ranges::count(sentence, '.') == 1) << line << ": " << sentence;
-    }
-    testing::expect_as_kept(told, "refusals");
+        return "  " + sentence + "\n";
+    });
 }
 
 TEST(HelperRules, AreTakenAsAWholeOrNotAtAll) {

@@ -4,8 +4,7 @@
 #include "support/manual_dispatch.h"
 #include "support/memory_stores.h"
 #include "support/scripted_execute.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -30,31 +29,22 @@ struct InstallationOffersTest : ::testing::Test, OffersOwner {
             {"/c/chronyd", "/etc/systemd/system/org.chrony-project.chronyd.service", "/c/chronyc", "/c/chrony.conf"});
         answer_versions("1", "1");
     }
-    // Both programs have the same name: the installed one is asked first.
+    void have_only_the_distributions() {
+        machine.files.clear();
+        machine.put(
+            {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"});
+    }
     void answer_versions(const std::string& installed, const std::string& embedded) {
         execute.answers.clear();
         execute.answer("chronyd", "chronyd (chrony) version " + installed + " (+X)\n");
-        if (embedded != installed)
-            second = "chronyd (chrony) version " + embedded + " (+X)\n";
+        execute.answer("/B.app//Contents/MacOS/chronyd", "chronyd (chrony) version " + embedded + " (+X)\n");
     }
-    std::string second;
-
-    struct TwoAnswers : Execute {
-        InstallationOffersTest& test;
-        explicit TwoAnswers(InstallationOffersTest& owner) : test(owner) {}
-        ExecuteResult run(const ExecuteRequest& request) override {
-            auto result = test.execute.run(request);
-            if (request.program == "/B.app//Contents/MacOS/chronyd" && !test.second.empty())
-                result.output = test.second;
-            return result;
-        }
-    } programs{*this};
 
     std::vector<std::string> run(std::vector<std::size_t> buttons = {}) {
         answers = std::move(buttons);
         events.clear();
         InstallationOffers offers({.warnings = warnings,
-                                   .execute = programs,
+                                   .execute = execute,
                                    .machine = machine,
                                    .queue = queue,
                                    .main_thread = main_thread,
@@ -110,16 +100,14 @@ TEST_F(InstallationOffersTest, OtherVersionIsOfferedAlsoAfterADeclinedFirstRun) 
                                 "Do you wish to re-install chronyd");
     machine.files.erase("/c/chrony.conf");
     EXPECT_EQ(run({1, 0}), (Events{"FirstRunAlert", "VersionCompareAlert", "install"}));
-    second = "no version\n";
+    execute.answer("/B.app//Contents/MacOS/chronyd", "no version\n");
     EXPECT_EQ(run({1}), (Events{"FirstRunAlert", "stop"}));
     warnings.register_warning("VersionCompareAlert");
     EXPECT_EQ(run({1}), Events{"FirstRunAlert"});
 }
 
 TEST_F(InstallationOffersTest, DistributionsChronyThatIsUsedUnaskedIsToldOnceAndOffersNothing) {
-    machine.files.clear();
-    machine.put(
-        {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"});
+    have_only_the_distributions();
     unasked = true;
     EXPECT_EQ(run({0}), Events{"SystemChronyAlert"});
     EXPECT_EQ(last.buttons, std::vector<std::string>{"Dismiss"});
@@ -128,9 +116,7 @@ TEST_F(InstallationOffersTest, DistributionsChronyThatIsUsedUnaskedIsToldOnceAnd
 }
 
 TEST_F(InstallationOffersTest, DistributionsChronyIsOfferedOnce) {
-    machine.files.clear();
-    machine.put(
-        {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"});
+    have_only_the_distributions();
     EXPECT_EQ(run({1, 1}), (Events{"SystemChronyAlert", "FirstRunAlert"}));
     EXPECT_NE(last.informative.find("give up what its packages provide"), std::string::npos);
     EXPECT_EQ(run({1}), Events{"FirstRunAlert"});
@@ -142,9 +128,7 @@ TEST_F(InstallationOffersTest, OnlyOurOwnProgramsAreCompared) {
     machine.files["/c/chronyd"] = "mended"; // a security update need not change the version
     machine.files["/B.app//Contents/MacOS/chronyd"] = "as it was";
     EXPECT_EQ(run({0}), (Events{"VersionCompareAlert", "install"}));
-    machine.files.clear();
-    machine.put(
-        {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"});
+    have_only_the_distributions();
     paths = {"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd"};
     answer_versions("4.2", "4.3");
     EXPECT_EQ(run({0}), Events{});

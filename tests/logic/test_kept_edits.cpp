@@ -4,9 +4,7 @@
 #include "linux/kept_files.h"
 #include "support/child_program.h"
 #include "support/manual_dispatch.h"
-#include "support/memory_stores.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -74,8 +72,10 @@ struct FakeKeptFiles : KeptFiles {
         return {};
     }
     void drop(const std::string& name) override { done.push_back("drop " + name); }
-    [[nodiscard]] std::vector<LeftFile> left_behind() override { return {}; }
-    [[nodiscard]] Result<> adopt(const std::string&, const std::string&) override { return {}; }
+    [[nodiscard]] std::vector<LeftFile> left_behind() override { return {{"/x/1.edit", "rubbish"}}; }
+    [[nodiscard]] Result<> adopt(const std::string& path, const std::string&) override {
+        return failed(FailureCode::cannot_rename, {path}, EACCES);
+    }
     void remove(const std::string&) override {}
 };
 
@@ -100,6 +100,17 @@ TEST(EditKeeper, OfCopiesThatWaitOnlyTheNewestIsWritten) {
     EXPECT_EQ(files->done, (std::vector<std::string>{"1.edit\nnew", "2.edit\nother", "drop 3.edit"}));
     ASSERT_EQ(log.sentences.size(), 1U);
     EXPECT_TRUE(log.sentences[0].ends_with("No space left on device.")) << log.sentences[0];
+    keeper.adopt("/theirs/5.edit", 2);
+    queue.turn();
+    EXPECT_EQ(log.sentences.back(), "Cannot rename /theirs/5.edit: Permission denied.");
+    testing::ManualMainThread main_thread;
+    Background background(main_thread);
+    std::size_t found = 9;
+    keeper.read_left(background, [&found](const std::vector<LeftEdit>& edits) { found = edits.size(); });
+    queue.turn();
+    main_thread.turn();
+    EXPECT_EQ(found, 0U);
+    EXPECT_EQ(log.sentences.back(), "/x/1.edit holds no edit that this version can read.");
 }
 
 TEST(TrackingLogSetting, FollowsWhatTheConfigurationTakesIn) {

@@ -2,17 +2,9 @@
 #include "linux/file_logger.h"
 #include "linux/private_temporary.h"
 #include "linux/xdg_paths.h"
+#include "support/child_program.h"
 #include "support/manual_dispatch.h"
-
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <map>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -25,32 +17,6 @@ EnvironmentLookup lookup_in(const Variables& variables) {
         const auto found = variables.find(name);
         return found == variables.end() ? std::nullopt : std::optional(found->second);
     };
-}
-
-class Folder {
-public:
-    Folder() : m_path((fs::temp_directory_path() / "tv-test-XXXXXX").string()) {
-        if (mkdtemp(m_path.data()) == nullptr)
-            throw std::runtime_error("no folder for the test");
-    }
-    ~Folder() { fs::remove_all(m_path); }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    [[nodiscard]] const std::string& path() const { return m_path; }
-    [[nodiscard]] std::string file(const std::string& name) const { return m_path + "/" + name; }
-
-private:
-    std::string m_path;
-};
-
-std::string text_of(const std::string& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-mode_t mode_of(const std::string& path) {
-    struct stat info {};
-    return lstat(path.c_str(), &info) == 0 ? info.st_mode & 07777U : 0;
 }
 
 // Puts TMPDIR back, which a private temporary folder changes for the whole process.
@@ -66,47 +32,31 @@ private:
 };
 
 TEST(XdgPaths, FollowTheBaseDirectoryRules) {
+    const std::string of_a = "/home/a/.config/Tickervantage/Tickervantage.ini /home/a/.local/share "
+                             "/home/a/.local/state/Tickervantage /tmp/";
     struct Case {
         const char* what;
         Variables variables;
-        std::string settings, data_home, state, temporary;
+        std::string paths;
     };
-    const Case cases[] = {
-        {"defaults",
-         {{"HOME", "/home/a"}},
-         "/home/a/.config/Tickervantage/Tickervantage.ini",
-         "/home/a/.local/share",
-         "/home/a/.local/state/Tickervantage",
-         "/tmp/"},
-        {"absolute values count, slashes at their end do not",
-         {{"HOME", "/home/a"},
-          {"XDG_CONFIG_HOME", "/c/"},
-          {"XDG_DATA_HOME", "/d"},
-          {"XDG_STATE_HOME", "/s"},
-          {"TMPDIR", "/t"}},
-         "/c/Tickervantage/Tickervantage.ini",
-         "/d",
-         "/s/Tickervantage",
-         "/t/"},
-        {"relative and empty values are passed over",
-         {{"HOME", "/home/a"}, {"XDG_CONFIG_HOME", "c"}, {"XDG_DATA_HOME", ""}, {"TMPDIR", ""}},
-         "/home/a/.config/Tickervantage/Tickervantage.ini",
-         "/home/a/.local/share",
-         "/home/a/.local/state/Tickervantage",
-         "/tmp/"},
-        {"without HOME the user database decides",
-         {{"TMPDIR", "/t/"}},
-         "/home/b/.config/Tickervantage/Tickervantage.ini",
-         "/home/b/.local/share",
-         "/home/b/.local/state/Tickervantage",
-         "/t/"},
-    };
-    for (const auto& c : cases) {
-        const auto paths = work_out_paths({lookup_in(c.variables), "/x", "/home/b"});
-        EXPECT_EQ(paths.settings, c.settings) << c.what;
-        EXPECT_EQ(paths.data_home, c.data_home) << c.what;
-        EXPECT_EQ(paths.state, c.state) << c.what;
-        EXPECT_EQ(paths.temporary, c.temporary) << c.what;
+    const Case cases[] = {{"defaults", {{"HOME", "/home/a"}}, of_a},
+                          {"absolute values count, slashes at their end do not",
+                           {{"HOME", "/home/a"},
+                            {"XDG_CONFIG_HOME", "/c/"},
+                            {"XDG_DATA_HOME", "/d"},
+                            {"XDG_STATE_HOME", "/s"},
+                            {"TMPDIR", "/t"}},
+                           "/c/Tickervantage/Tickervantage.ini /d /s/Tickervantage /t/"},
+                          {"relative and empty values are passed over",
+                           {{"HOME", "/home/a"}, {"XDG_CONFIG_HOME", "c"}, {"XDG_DATA_HOME", ""}, {"TMPDIR", ""}},
+                           of_a},
+                          {"without HOME the user database decides",
+                           {{"TMPDIR", "/t/"}},
+                           "/home/b/.config/Tickervantage/Tickervantage.ini /home/b/.local/share "
+                           "/home/b/.local/state/Tickervantage /t/"}};
+    for (const auto& [what, variables, expected] : cases) {
+        const auto paths = work_out_paths({lookup_in(variables), "/x", "/home/b"});
+        EXPECT_EQ(paths.settings + ' ' + paths.data_home + ' ' + paths.state + ' ' + paths.temporary, expected) << what;
     }
 }
 
@@ -115,45 +65,44 @@ TEST(XdgPaths, FindTheBundleAroundTheProgram) {
         {"/opt/Tickervantage.app/Contents/MacOS/tickerctl", "/opt/Tickervantage.app"},
         {"/opt/Other.app/Contents/MacOS/tickerctl", "/usr/lib/tickervantage/Tickervantage.app"},
         {"/home/a/build/test", "/usr/lib/tickervantage/Tickervantage.app"},
-        {"", "/usr/lib/tickervantage/Tickervantage.app"},
-    };
+        {"", "/usr/lib/tickervantage/Tickervantage.app"}};
     for (const auto& [program, bundle] : cases)
         EXPECT_EQ(work_out_paths({lookup_in({}), program, "/h"}).bundle, bundle) << program;
 }
 
 TEST(PrivateTemporary, IsPrivateExportedAndRemovedWithoutFollowingLinks) {
     const KeepTmpdir keep;
-    const Folder runtime;
-    const Folder outside;
-    std::ofstream(outside.file("precious")) << "x";
+    const testing::PrivateHome home;
+    const std::string runtime = home.path("run");
+    std::ofstream(home.path("data/precious")) << "x";
     std::string path;
     {
-        const PrivateTemporary temporary(lookup_in({{"XDG_RUNTIME_DIR", runtime.path()}}), runtime.path());
+        const PrivateTemporary temporary(lookup_in({{"XDG_RUNTIME_DIR", runtime}}), runtime);
         path = temporary.path();
         EXPECT_EQ(temporary.problem(), "");
-        EXPECT_TRUE(path.starts_with(runtime.path()) && path.ends_with("/")) << path;
+        EXPECT_TRUE(path.starts_with(runtime) && path.ends_with("/")) << path;
         EXPECT_EQ(process_environment("TMPDIR"), path);
-        EXPECT_EQ(mode_of(path.substr(0, path.size() - 1)), 0700U);
-        fs::create_directory_symlink(outside.path(), path + "link");
+        EXPECT_EQ(testing::mode_of(path.substr(0, path.size() - 1)), 0700U);
+        fs::create_directory_symlink(home.path("data"), path + "link");
         fs::create_directories(path + "deep/er");
         std::ofstream(path + "deep/er/file") << "x";
     }
     EXPECT_FALSE(fs::exists(path));
-    EXPECT_EQ(text_of(outside.file("precious")), "x");
+    EXPECT_EQ(testing::contents(home.path("data/precious")), "x");
 }
 
 TEST(PrivateTemporary, RemovesWhatDeadRunsLeftAndNothingElse) {
     const KeepTmpdir keep;
-    const Folder base;
-    fs::create_directory(base.file("tickervantage-dead"));
-    std::ofstream(base.file("tickervantage-dead/lock")) << "";
-    fs::create_directory(base.file("tickervantage-being-made"));
-    fs::create_directory(base.file("foreign"));
-    const PrivateTemporary alive(lookup_in({}), base.path());
-    const PrivateTemporary another(lookup_in({}), base.path());
-    EXPECT_FALSE(fs::exists(base.file("tickervantage-dead")));
-    EXPECT_TRUE(fs::exists(base.file("tickervantage-being-made")));
-    EXPECT_TRUE(fs::exists(base.file("foreign")));
+    const testing::PrivateHome home;
+    fs::create_directory(home.path("run/tickervantage-dead"));
+    std::ofstream(home.path("run/tickervantage-dead/lock")) << "";
+    fs::create_directory(home.path("run/tickervantage-being-made"));
+    fs::create_directory(home.path("run/foreign"));
+    const PrivateTemporary alive(lookup_in({}), home.path("run"));
+    const PrivateTemporary another(lookup_in({}), home.path("run"));
+    EXPECT_FALSE(fs::exists(home.path("run/tickervantage-dead")));
+    EXPECT_TRUE(fs::exists(home.path("run/tickervantage-being-made")));
+    EXPECT_TRUE(fs::exists(home.path("run/foreign")));
     EXPECT_TRUE(fs::exists(alive.path()));
     EXPECT_NE(alive.path(), another.path());
 }
@@ -183,17 +132,16 @@ TEST(LogLine, CarriesTimeLevelAndAHarmlessSentence) {
         {LogLevel::info, "c1 \xc2\x9b", time + "info c1 \\xc2\\x9b"},
         {LogLevel::info, "cut \xe2\x82", time + "info cut \\xe2\\x82"},
         {LogLevel::info, std::string("nul\0", 4), time + "info nul\\x00"},
-        {LogLevel::info, std::string(4095, 'a') + "µ", time + "info " + std::string(4095, 'a') + "..."},
-    };
+        {LogLevel::info, std::string(4095, 'a') + "µ", time + "info " + std::string(4095, 'a') + "..."}};
     for (const auto& c : cases)
         EXPECT_EQ(log_line(november, c.level, c.sentence), c.line);
 }
 
 TEST(FileLogger, WritesOnTheQueueAndTheRestAtClose) {
-    const Folder folder;
+    const testing::PrivateHome home;
     testing::ManualQueue queue;
-    FileLogger logger(queue, folder.file("state"), [] { return november; });
-    const auto file = folder.file("state/tickervantage.log");
+    FileLogger logger(queue, home.path("data/state"), [] { return november; });
+    const auto file = home.path("data/state/tickervantage.log");
     logger.log(LogLevel::info, "one");
     logger.log(LogLevel::info, "two");
     EXPECT_FALSE(fs::exists(file));
@@ -203,26 +151,26 @@ TEST(FileLogger, WritesOnTheQueueAndTheRestAtClose) {
     logger.close();
     logger.log(LogLevel::info, "four");
     queue.turn();
-    EXPECT_EQ(text_of(file), "2026-11-21T05:20:32Z info one\n2026-11-21T05:20:32Z info two\n"
-                             "2026-11-21T05:20:32Z info three\n");
-    EXPECT_EQ(mode_of(file), 0600U);
-    EXPECT_EQ(mode_of(folder.file("state")), 0700U);
-    FileLogger(queue, folder.file("gone"), [] { return november; }).log(LogLevel::info, "last words");
-    EXPECT_EQ(text_of(folder.file("gone/tickervantage.log")), "2026-11-21T05:20:32Z info last words\n");
+    EXPECT_EQ(testing::contents(file), "2026-11-21T05:20:32Z info one\n2026-11-21T05:20:32Z info two\n"
+                                       "2026-11-21T05:20:32Z info three\n");
+    EXPECT_EQ(testing::mode_of(file), 0600U);
+    EXPECT_EQ(testing::mode_of(home.path("data/state")), 0700U);
+    FileLogger(queue, home.path("data/gone"), [] { return november; }).log(LogLevel::info, "last words");
+    EXPECT_EQ(testing::contents(home.path("data/gone/tickervantage.log")), "2026-11-21T05:20:32Z info last words\n");
 }
 
 TEST(FileLogger, KeepsOneOldFileAndBoundsItsBacklog) {
-    const Folder folder;
+    const testing::PrivateHome home;
     testing::ManualQueue queue;
-    FileLogger logger(queue, folder.path(), [] { return november; });
-    const auto file = folder.file("tickervantage.log");
+    FileLogger logger(queue, home.path("data"), [] { return november; });
+    const auto file = home.path("data/tickervantage.log");
     std::ofstream(file) << std::string((1U << 20U) - 10, 'x');
     std::ofstream(file + ".1") << "older";
     for (int i = 0; i < 1003; ++i)
         logger.log(LogLevel::info, "line");
     queue.turn();
     EXPECT_EQ(fs::file_size(file + ".1"), (1U << 20U) - 10);
-    const auto text = text_of(file);
+    const auto text = testing::contents(file);
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1001);
     EXPECT_TRUE(text.ends_with(" warning 3 lines were dropped here.\n"));
 }

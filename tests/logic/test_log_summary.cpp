@@ -3,10 +3,7 @@
 #include "cli/logs/log_command.h"
 #include "support/fake_followed_files.h"
 #include "support/kept_text.h"
-
-#include <gtest/gtest.h>
-
-#include <sstream>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {

@@ -3,10 +3,7 @@
 #include "chrony/log/logreader.h"
 #include "support/fake_followed_files.h"
 #include "support/manual_dispatch.h"
-
-#include <gtest/gtest.h>
-
-#include <deque>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -83,6 +80,11 @@ protected:
         return all;
     }
     void append(const std::string& text) { m_files.at("log").text += text; }
+    auto appends(const std::string& text) {
+        return [this, text] {
+            append(text);
+        };
+    }
 
     FakeFollowedFiles m_files;
     testing::ManualQueue m_queue;
@@ -101,9 +103,7 @@ protected:
 
 TEST_F(LogReaderTest, TheLastFlagComparesTexts) {
     m_files.create("log", "a\nb\n\n\na\n");
-    follow({[&] {
-        append("c\n");
-    }});
+    follow({appends("c\n")});
     EXPECT_EQ(m_lines, (Lines{{"a", true}, {"b", false}, {"a", true}, {"c", true}}));
 }
 
@@ -118,10 +118,7 @@ TEST_F(LogReaderTest, AReplacedFileIsReadFromItsTop) {
         m_files.remove("log");
         m_files.create("log", "5\n");
     };
-    follow({rename, [&] { append("4\n"); }, recreate,
-            [&] {
-                append("6\n");
-            }});
+    follow({rename, appends("4\n"), recreate, appends("6\n")});
     EXPECT_EQ(texts(), (Texts{"1", "2", "3", "4", "5", "6"}));
 }
 
@@ -135,14 +132,19 @@ TEST_F(LogReaderTest, AMissingFileIsWaitedForAndSaidOnce) {
 }
 
 TEST_F(LogReaderTest, AnUnreadableFileIsTriedAgain) {
-    m_files.create("log", "1\n");
-    m_files.at("log").readable = false;
-    follow({[] {},
-            [&] {
-                m_files.at("log").readable = true;
-            }});
-    EXPECT_EQ(texts(), Texts{"1"});
-    EXPECT_EQ(m_problems, (Texts{"log cannot be read: Permission denied.", ""}));
+    for (const bool hidden : {false, true}) {
+        m_lines.clear();
+        m_problems.clear();
+        m_files.create("log", "1\n");
+        auto& log = m_files.at("log");
+        (hidden ? log.hidden : log.readable) = hidden;
+        const auto mend = [&] {
+            (hidden ? log.hidden : log.readable) = !hidden;
+        };
+        follow({[] {}, mend});
+        EXPECT_EQ(texts(), Texts{"1"});
+        EXPECT_EQ(m_problems, (Texts{"log cannot be read: Permission denied.", ""}));
+    }
 }
 
 TEST_F(LogReaderTest, StopIsNoticedWhileTheFileCannotBeOpened) {
@@ -164,10 +166,7 @@ TEST_F(LogReaderTest, AReadErrorLosesNothing) {
 
 TEST_F(LogReaderTest, ACutFileIsReadBeyondWhereItWas) {
     m_files.create("log", "1\n2\n");
-    follow({[&] { m_files.at("log").text = "3\n"; }, [&] { append("4\n"); },
-            [&] {
-                append("5\n");
-            }});
+    follow({[&] { m_files.at("log").text = "3\n"; }, appends("4\n"), appends("5\n")});
     EXPECT_EQ(texts(), (Texts{"1", "2", "5"}));
 }
 
@@ -211,10 +210,7 @@ TEST_F(LogReaderTest, SlowLinesEndTheirSliceAtOnce) {
 TEST_F(LogReaderTest, WhatIsNotUtf8IsDropped) {
     const std::string good(LogPieces::PIECE_SIZE - 2, 'x');
     m_files.create("log", "1\n" + good + "\n" + "2\n\xFF\n");
-    follow({[&] { append("\xC3(\n"); },
-            [&] {
-                append("\xC3\xA4 \xF0\x9F\x95\x90\n");
-            }});
+    follow({appends("\xC3(\n"), appends("\xC3\xA4 \xF0\x9F\x95\x90\n")});
     // The last line that survives bears the flag, or nobody would know that the block is over.
     EXPECT_EQ(m_lines, (Lines{{"1", true}, {"\xC3\xA4 \xF0\x9F\x95\x90", true}}));
 }
@@ -234,9 +230,7 @@ TEST_F(LogReaderTest, AnUnfinishedLineIsGivenTimeToBeFinished) {
         if (++looks == 4)
             append("c\n");
     };
-    follow({[&] {
-        append("z");
-    }});
+    follow({appends("z")});
     EXPECT_EQ(m_lines, (Lines{{"1", false}, {"abc", true}, {"z", true}}));
     EXPECT_EQ(looks, 8) << "0.2 s for each of two lines";
 }
@@ -284,16 +278,14 @@ TEST_F(LogReaderTest, AnIdleFollowerAsksOnceASecond) {
 
 TEST(LogPieces, FindTheLastLineWhereverItStands) {
     const std::string large(3 * LogPieces::PIECE_SIZE, 'x');
-    const std::vector<std::pair<std::string, std::string>> cases{
-        {"", ""},
-        {"\n\n\n", ""},
-        {"a", "a"},
-        {"a\nb", "b"},
-        {"a\nb\n", "b"},
-        {"a\n" + std::string(100000, '\n'), "a"},
-        {"\n" + large, large},
-        {"a\n" + large + "\n\n", large},
-    };
+    const std::vector<std::pair<std::string, std::string>> cases{{"", ""},
+                                                                 {"\n\n\n", ""},
+                                                                 {"a", "a"},
+                                                                 {"a\nb", "b"},
+                                                                 {"a\nb\n", "b"},
+                                                                 {"a\n" + std::string(100000, '\n'), "a"},
+                                                                 {"\n" + large, large},
+                                                                 {"a\n" + large + "\n\n", large}};
     FakeFollowedFiles files;
     for (const auto& [text, expected] : cases) {
         files.create("log", text);

@@ -5,19 +5,13 @@
 #include "roothelper/jobs/daemon_watch.h"
 #include "roothelper/jobs/old_installation.h"
 #include "settings/warning_register.h"
+#include "support/child_program.h"
 #include "support/fake_job_machine.h"
 #include "support/fake_privileged_channel.h"
 #include "support/manual_dispatch.h"
 #include "support/memory_stores.h"
 #include "support/scripted_execute.h"
-
-#include <gtest/gtest.h>
-
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-#include <set>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -33,14 +27,11 @@ TEST(RunningCheck, OptionThatForbidsAdjustmentIsFoundAmongTheOthers) {
 
 // A made-up process file system, in which no process's open files may be read unless a test says what they are.
 struct RunningCheckTest : ::testing::Test {
-    std::string root = ::testing::TempDir() + "running_check-" + std::to_string(::getpid());
-    std::filesystem::path proc = root + "/proc";
+    const testing::PrivateHome home;
+    const std::string root = home.path();
+    const std::filesystem::path proc = root + "/proc";
 
-    void SetUp() override {
-        std::filesystem::remove_all(root);
-        listens("0100007F:0143", "0", "77");
-    }
-    void TearDown() override { std::filesystem::remove_all(root); }
+    void SetUp() override { listens("0100007F:0143", "0", "77"); }
 
     void write(const std::string& name, const std::string& text) const {
         std::filesystem::create_directories((proc / name).parent_path());
@@ -89,15 +80,13 @@ TEST_F(RunningCheckTest, ChronycsOptionsSayWhichSocketIsAsked) {
         std::vector<std::string> arguments;
         ClockDiscipline expected;
     };
-    for (const auto& [arguments, expected] : {
-             Case{{"-h", "127.0.0.1", "-p", "323"}, ClockDiscipline::forbidden},
-             Case{{"-h", "127.0.0.1", "-p", "324"}, ClockDiscipline::not_running},
-             Case{{"-h", "/no/such/socket,127.0.0.1"}, ClockDiscipline::forbidden},
-             Case{{"-h", "/no/such/socket"}, ClockDiscipline::not_running},
-             Case{{"-h", "192.0.2.1"}, ClockDiscipline::unknown},
-             Case{{"-h", "time.example"}, ClockDiscipline::unknown},
-             Case{{"-p", "x"}, ClockDiscipline::unknown},
-         })
+    for (const auto& [arguments, expected] :
+         {Case{{"-h", "127.0.0.1", "-p", "323"}, ClockDiscipline::forbidden},
+          Case{{"-h", "127.0.0.1", "-p", "324"}, ClockDiscipline::not_running},
+          Case{{"-h", "/no/such/socket,127.0.0.1"}, ClockDiscipline::forbidden},
+          Case{{"-h", "/no/such/socket"}, ClockDiscipline::not_running},
+          Case{{"-h", "192.0.2.1"}, ClockDiscipline::unknown}, Case{{"-h", "time.example"}, ClockDiscipline::unknown},
+          Case{{"-p", "x"}, ClockDiscipline::unknown}})
         EXPECT_EQ(check(arguments), expected) << arguments[1];
     listens("00000000:0143", "0", "77");
     EXPECT_EQ(check(), ClockDiscipline::forbidden) << "it listens at every address";

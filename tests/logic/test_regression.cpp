@@ -1,134 +1,35 @@
 #include "studies/freqtemp/matrix.h"
 #include "studies/freqtemp/quad_regression.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <cstdint>
-#include <functional>
-#include <random>
-#include <string>
-#include <vector>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
 
-// Whole numbers as large as they come, in pieces of 32 bits: enough for elimination without fractions.
-class Whole {
-public:
-    Whole(std::int64_t value = 0) : m_negative(value < 0) {
-        for (auto rest = static_cast<std::uint64_t>(std::abs(value)); rest != 0; rest >>= 32U)
-            m_pieces.push_back(static_cast<std::uint32_t>(rest));
+// What least squares of 1, x, x^2, x^4, ... make of each y: its part in the space that these columns span.
+std::vector<long double> fitted_values(const std::vector<double>& x, const std::vector<double>& y, int order) {
+    std::vector<std::vector<long double>> columns{std::vector<long double>(x.size(), 1), {x.begin(), x.end()}};
+    while (columns.size() <= static_cast<std::size_t>(order)) {
+        columns.push_back(columns.back());
+        for (auto& value : columns.back())
+            value *= value;
     }
-    friend Whole operator*(const Whole& a, const Whole& b) {
-        Whole result;
-        result.m_pieces.assign(a.m_pieces.size() + b.m_pieces.size(), 0);
-        for (std::size_t i = 0; i < a.m_pieces.size(); ++i) {
-            std::uint64_t carry = 0;
-            for (std::size_t k = 0; k < b.m_pieces.size() || carry != 0; ++k) {
-                carry += result.m_pieces[i + k];
-                if (k < b.m_pieces.size())
-                    carry += std::uint64_t{a.m_pieces[i]} * b.m_pieces[k];
-                result.m_pieces[i + k] = static_cast<std::uint32_t>(carry);
-                carry >>= 32U;
-            }
-        }
-        result.m_negative = a.m_negative != b.m_negative;
-        return result.trimmed();
+    const auto product = [](const auto& one, const auto& other) {
+        return std::inner_product(one.begin(), one.end(), other.begin(), 0.0L);
+    };
+    std::vector<long double> rest(y.begin(), y.end());
+    const auto take_away = [&product](auto& from, const auto& column) {
+        const long double share = product(from, column) / product(column, column);
+        for (std::size_t i = 0; i < from.size(); ++i)
+            from[i] -= share * column[i];
+    };
+    for (std::size_t k = 0; k < columns.size(); ++k) {
+        for (std::size_t pass = 0; pass < 3 * k; ++pass) // the later passes take away what rounding left of the first
+            take_away(columns[k], columns[pass % k]);
+        take_away(rest, columns[k]);
     }
-    friend Whole operator+(const Whole& a, const Whole& b) {
-        if (a.m_negative == b.m_negative)
-            return combined(a, b, 1);
-        return smaller(a, b) ? combined(b, a, -1) : combined(a, b, -1);
-    }
-    friend Whole operator-(const Whole& a, Whole b) {
-        b.m_negative = !b.m_negative;
-        return a + b;
-    }
-    // As a fraction from 0.5 to 1 and a power of two.
-    [[nodiscard]] long double parts(long& exponent) const {
-        long double top = 0;
-        const std::size_t used = std::min<std::size_t>(4, m_pieces.size());
-        for (std::size_t i = 0; i < used; ++i)
-            top = top * 4294967296.0L + m_pieces[m_pieces.size() - 1 - i];
-        int shift = 0;
-        top = std::frexp(top, &shift);
-        exponent = shift + 32 * static_cast<long>(m_pieces.size() - used);
-        return m_negative ? -top : top;
-    }
-
-private:
-    static bool smaller(const Whole& a, const Whole& b) {
-        if (a.m_pieces.size() != b.m_pieces.size())
-            return a.m_pieces.size() < b.m_pieces.size();
-        return std::lexicographical_compare(a.m_pieces.rbegin(), a.m_pieces.rend(), b.m_pieces.rbegin(),
-                                            b.m_pieces.rend());
-    }
-    static Whole combined(const Whole& large, const Whole& other, int sign) {
-        Whole result = large;
-        result.m_pieces.resize(std::max(large.m_pieces.size(), other.m_pieces.size()) + 1);
-        std::int64_t carry = 0;
-        for (std::size_t i = 0; i < result.m_pieces.size(); ++i) {
-            carry += result.m_pieces[i];
-            if (i < other.m_pieces.size())
-                carry += sign * std::int64_t{other.m_pieces[i]};
-            result.m_pieces[i] = static_cast<std::uint32_t>(carry);
-            carry >>= 32;
-        }
-        return result.trimmed();
-    }
-    Whole& trimmed() {
-        while (!m_pieces.empty() && m_pieces.back() == 0)
-            m_pieces.pop_back();
-        return *this;
-    }
-
-    std::vector<std::uint32_t> m_pieces; // the lowest first
-    bool m_negative = false;
-};
-
-double quotient(const Whole& a, const Whole& b) {
-    long up = 0;
-    long down = 0;
-    const long double top = a.parts(up);
-    const long double bottom = b.parts(down);
-    return top == 0 ? 0 : static_cast<double>(std::ldexp(top / bottom, static_cast<int>(up - down)));
-}
-
-// A double as so many 2^-40: exact for the temperatures and frequencies below.
-constexpr double UNIT = 1.0 / (1 << 20);
-double rounded(double value) {
-    return std::round(value / UNIT) * UNIT;
-}
-Whole units(double value) {
-    return static_cast<std::int64_t>(value / UNIT);
-}
-
-// The coefficients of 1, x, x^2, x^4, ... without any rounding before the last division.
-std::vector<double> exact_fit(const std::vector<double>& x, const std::vector<double>& y, std::size_t columns) {
-    std::vector<std::vector<Whole>> m(columns, std::vector<Whole>(columns + 1));
-    for (std::size_t i = 0; i < x.size(); ++i) {
-        std::vector<Whole> row{1, units(x[i])};
-        while (row.size() < columns)
-            row.push_back(row.back() * row.back());
-        row.push_back(units(y[i]));
-        for (std::size_t a = 0; a < columns; ++a)
-            for (std::size_t b = 0; b <= columns; ++b)
-                m[a][b] = m[a][b] + row[a] * row[b];
-    }
-    for (std::size_t k = 0; k < columns; ++k)
-        for (std::size_t a = 0; a < columns; ++a) {
-            const Whole factor = m[a][k];
-            for (std::size_t b = 0; a != k && b <= columns; ++b)
-                m[a][b] = m[a][b] * m[k][k] - m[k][b] * factor;
-        }
-    std::vector<double> result;
-    double scale = UNIT; // of y, and with x^p taken in units
-    for (std::size_t k = 0; k < columns; ++k) {
-        result.push_back(quotient(m[k][columns], m[k][k]) * scale);
-        scale = k == 0 ? 1 : UNIT / std::pow(UNIT, std::exp2(static_cast<double>(k)));
-    }
-    return result;
+    for (std::size_t i = 0; i < rest.size(); ++i)
+        rest[i] = y[i] - rest[i];
+    return rest;
 }
 
 double at(const std::vector<double>& coefficients, double x) {
@@ -150,8 +51,8 @@ Samples samples(std::size_t count, double low, double high, const std::function<
     std::uniform_real_distribution<double> error(-noise, noise);
     Samples result;
     for (std::size_t i = 0; i < count; ++i) {
-        result.x.push_back(rounded(temperature(random)));
-        result.y.push_back(rounded(f(result.x.back()) + error(random)));
+        result.x.push_back(temperature(random));
+        result.y.push_back(f(result.x.back()) + error(random));
     }
     return result;
 }
@@ -166,7 +67,7 @@ double cubic(double x) {
     return 1 + 0.002 * (x - 45) * (x - 45) * (x - 45);
 }
 
-TEST(QuadRegression, AgreesWithExactArithmetic) {
+TEST(QuadRegression, AgreesWithWiderArithmetic) {
     struct Case {
         const char* name;
         double low;
@@ -184,10 +85,10 @@ TEST(QuadRegression, AgreesWithExactArithmetic) {
             const auto [x, y] = samples(60, one.low, one.high, one.f, one.noise);
             QuadRegression fit;
             ASSERT_EQ(fit.fit(x, y, order), 0) << one.name << order;
-            const auto exact = exact_fit(x, y, static_cast<std::size_t>(order) + 1);
-            ASSERT_EQ(fit.coefficients.size(), exact.size());
-            for (const double t : {one.low, (one.low + one.high) / 2, one.high})
-                EXPECT_NEAR(at(fit.coefficients, t), at(exact, t), one.tolerance) << one.name << order;
+            ASSERT_EQ(fit.coefficients.size(), static_cast<std::size_t>(order) + 1);
+            const auto expected = fitted_values(x, y, order);
+            for (std::size_t i = 0; i < x.size(); ++i)
+                EXPECT_NEAR(at(fit.coefficients, x[i]), static_cast<double>(expected[i]), one.tolerance) << one.name << order;
         }
 }
 

@@ -5,10 +5,7 @@
 #include "studies/freqtemp/freqtemp_settings.h"
 #include "studies/tracking/tracking_settings.h"
 #include "support/memory_stores.h"
-
-#include <gtest/gtest.h>
-
-#include <set>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {

@@ -6,10 +6,7 @@
 #include "linux/shared_text_file.h"
 #include "support/child_program.h"
 #include "support/kept_text.h"
-
-#include <gtest/gtest.h>
-
-#include <sstream>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -20,19 +17,17 @@ TEST(ServerList, LinesAreReadAndWritten) {
         server_data server;
         const char* saved; // null: as it came
     };
-    const Case cases[]{
-        {"Lab:clock.example:10:6:true", {"Lab", "clock.example", 10, 6, true}, nullptr},
-        {"Fast:192.0.2.1:-2:-4:false", {"Fast", "192.0.2.1", -2, -4, false}, nullptr},
-        {"Lab", {"Lab"}, "Lab:0.0.0.0:16:0:false"},
-        {"Lab:clock.example:8", {"Lab", "clock.example", 8}, "Lab:clock.example:8:0:false"},
-        {"::::", {"", "", 16, 0, false, {}, "::::"}, nullptr},
-        {"Lab:c:1:0:true:key 5", {"Lab", "c", 1, 0, true, ":key 5"}, nullptr},
-        {"Lab:c:x:6:TRUE", {"Lab", "c", 16, 6, false, {}, "Lab:c:x:6:TRUE"}, nullptr},
-        {"V6:2001:db8::1:8", {"V6", "2001", 16, 0, false, ":8", "V6:2001:db8::1:8"}, nullptr},
-        {"Lab:c:99999999999999999999:0:true",
-         {"Lab", "c", 16, 0, true, {}, "Lab:c:99999999999999999999:0:true"},
-         nullptr},
-    };
+    const Case cases[]{{"Lab:clock.example:10:6:true", {"Lab", "clock.example", 10, 6, true}, nullptr},
+                       {"Fast:192.0.2.1:-2:-4:false", {"Fast", "192.0.2.1", -2, -4, false}, nullptr},
+                       {"Lab", {"Lab"}, "Lab:0.0.0.0:16:0:false"},
+                       {"Lab:clock.example:8", {"Lab", "clock.example", 8}, "Lab:clock.example:8:0:false"},
+                       {"::::", {"", "", 16, 0, false, {}, "::::"}, nullptr},
+                       {"Lab:c:1:0:true:key 5", {"Lab", "c", 1, 0, true, ":key 5"}, nullptr},
+                       {"Lab:c:x:6:TRUE", {"Lab", "c", 16, 6, false, {}, "Lab:c:x:6:TRUE"}, nullptr},
+                       {"V6:2001:db8::1:8", {"V6", "2001", 16, 0, false, ":8", "V6:2001:db8::1:8"}, nullptr},
+                       {"Lab:c:99999999999999999999:0:true",
+                        {"Lab", "c", 16, 0, true, {}, "Lab:c:99999999999999999999:0:true"},
+                        nullptr}};
     for (const auto& c : cases) {
         EXPECT_EQ(parse_server(c.line), c.server) << c.line;
         const std::string saved = std::string(c.saved ? c.saved : c.line) + "\n";
@@ -47,17 +42,15 @@ TEST(ServerList, TheFirstBrokenRuleIsNamed) {
         server_data server;
         ServerProblem problem;
     };
-    const Case cases[]{
-        {{"t", "a", 16, 16}, none},
-        {{"t", "a", 10, -9}, none},
-        {{"t", "a", -9, -9}, none},
-        {{"t", "", 17, 17}, address_missing},
-        {{"t", "2001:db8::1", 10, 6}, address_has_colon},
-        {{"t", "a", 17, 0}, maxpoll_too_large},
-        {{"t", "a", 17, 18}, maxpoll_too_large},
-        {{"t", "a", 16, 17}, minpoll_too_large},
-        {{"t", "a", 4, 6}, maxpoll_below_minpoll},
-    };
+    const Case cases[]{{{"t", "a", 16, 16}, none},
+                       {{"t", "a", 10, -9}, none},
+                       {{"t", "a", -9, -9}, none},
+                       {{"t", "", 17, 17}, address_missing},
+                       {{"t", "2001:db8::1", 10, 6}, address_has_colon},
+                       {{"t", "a", 17, 0}, maxpoll_too_large},
+                       {{"t", "a", 17, 18}, maxpoll_too_large},
+                       {{"t", "a", 16, 17}, minpoll_too_large},
+                       {{"t", "a", 4, 6}, maxpoll_below_minpoll}};
     for (const auto& c : cases)
         EXPECT_EQ(check_server(c.server), c.problem) << format_servers({c.server});
     EXPECT_EQ(field_of(maxpoll_below_minpoll), ServerField::minpoll);

@@ -8,15 +8,10 @@
 #include "settings/warning_register.h"
 #include "support/kept_text.h"
 #include "support/memory_stores.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
-
-#include <algorithm>
 #include <clocale>
-#include <limits>
-#include <set>
-#include <sstream>
+#include <nlohmann/json.hpp>
 
 namespace tickervantage {
 namespace {

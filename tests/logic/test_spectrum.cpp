@@ -2,16 +2,9 @@
 #include "studies/spectrum/spectrum_view.h"
 #include "studies/spectrum/transform.h"
 #include "support/recording_canvas.h"
+#include "support/test.h"
 
 #include <fmt/format.h>
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <complex>
-#include <limits>
-#include <numbers>
-#include <random>
 
 namespace tickervantage {
 namespace {
@@ -101,8 +94,7 @@ TEST(Resampling, FollowsTheRecords) {
          3,
          {0, -7, -14, -11, 2, 25, 52}},
         {"clock stepped back", {{0, 0}, {10, 10}, {8, 20}}, 3, 2, {6, 8, 10}},
-        {"two records in a second", {{0, 0}, {4, 7}, {4, 8}}, 3, 2, {7.0 / 4 * 2, 8, 8}},
-    };
+        {"two records in a second", {{0, 0}, {4, 7}, {4, 8}}, 3, 2, {7.0 / 4 * 2, 8, 8}}};
     for (const auto& one : cases) {
         std::vector<double> samples;
         LogTime absent_at = 0;

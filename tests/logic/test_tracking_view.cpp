@@ -1,17 +1,12 @@
 #include "studies/tracking/series_layout.h"
 #include "studies/tracking/tracking_rows.h"
+#include "studies/tracking/tracking_settings.h"
 #include "studies/tracking/tracking_view.h"
 #include "support/manual_timer.h"
 #include "support/recording_canvas.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <chrono>
-#include <cmath>
-#include <cstdio>
-#include <random>
+#include <fmt/chrono.h>
 
 namespace tickervantage {
 namespace {
@@ -22,23 +17,12 @@ using testing::RecordingCanvas;
 constexpr LogTime NOON = 1'795'262'400; // 2026-11-21 12:00:00 UTC
 
 std::string log_line(LogTime time, const std::string& offset, const std::string& rem_cor = "2.000e-06") {
-    const std::chrono::sys_seconds moment{std::chrono::seconds{time}};
-    const auto day = std::chrono::floor<std::chrono::days>(moment);
-    const std::chrono::year_month_day date{day};
-    const std::chrono::hh_mm_ss clock{moment - day};
-    std::array<char, 48> stamp{};
-    std::snprintf(stamp.data(), stamp.size(), "%04d-%02u-%02u %02d:%02d:%02d", static_cast<int>(date.year()),
-                  static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
-                  static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
-                  static_cast<int>(clock.seconds().count()));
-    return std::string(stamp.data()) + " 192.0.2.1 2 -5.123 0.010 " + offset + " N 1 3.000e-06 " + rem_cor +
-           " 1.000e-03 4.000e-04 5.000e-04";
+    return fmt::format("{:%F %T} 192.0.2.1 2 -5.123 0.010 {} N 1 3.000e-06 {} 1.000e-03 4.000e-04 5.000e-04",
+                       fmt::gmtime(time), offset, rem_cor);
 }
 
 std::string number(double value) {
-    std::array<char, 24> text{};
-    std::snprintf(text.data(), text.size(), "%.3e", value);
-    return text.data();
+    return fmt::format("{:.3e}", value);
 }
 
 class TrackingViewTest : public ::testing::Test {
@@ -259,6 +243,23 @@ TEST_F(TrackingViewTest, DrawsFewThingsOfManyRecords) {
         things += boxes.boxes.size();
     EXPECT_LT(things, 9U * 4 * 360);
     EXPECT_GE(things, 8U * 299) << "the root dispersion is too high to be seen, all else is";
+}
+
+TEST_F(TrackingViewTest, WhereAllOfManyRecordsLackTheirValueNothingIsDrawn) {
+    for (int i = 0; i < 9000; ++i)
+        view.add_line(log_line(NOON - 9000 + i, i < 3000 || i >= 6000 ? "5.000e-06" : "-"));
+    view.xscale = 0.03;
+    const auto canvas = drawn({0, 0, 360, 200}, {0, 0, 360, 200});
+    ASSERT_FALSE(canvas.boxes.empty());
+    for (const auto& boxes : canvas.boxes)
+        for (const Rect& box : boxes.boxes) {
+            EXPECT_LT(box.height, 2) << "all values are the same";
+            EXPECT_TRUE(box.x < 122 || box.x > 208) << box.x;
+        }
+    std::vector<int> hours;
+    for (int index = -1; index <= range_count; ++index)
+        hours.push_back(range_hours(index));
+    EXPECT_EQ(hours, (std::vector{0, 0, 0, 1, 2, 3, 4, 6, 12, 24, 0}));
 }
 
 TEST_F(TrackingViewTest, ClockThatKeepsJumpingStaysBounded) {

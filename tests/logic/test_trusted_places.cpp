@@ -4,12 +4,10 @@
 #include "linux/private_temporary.h"
 #include "roothelper/support/install_file.h"
 #include "support/child_program.h"
+#include "support/test.h"
 
 #include <grp.h>
-#include <gtest/gtest.h>
 #include <pwd.h>
-
-#include <filesystem>
 
 namespace tickervantage::testing {
 namespace {

@@ -2,26 +2,11 @@
 #pragma once
 
 #include "linux/file_descriptor.h"
+#include "support/test.h"
 
-#include <fcntl.h>
 #include <poll.h>
 #include <spawn.h>
-#include <sys/stat.h>
 #include <sys/syscall.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <chrono>
-#include <csignal>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <map>
-#include <optional>
-#include <string>
-#include <thread>
-#include <vector>
 
 namespace tickervantage::testing {
 
@@ -47,6 +32,12 @@ template <class Condition>
 inline void write_file(const std::string& path, const std::string& text, mode_t mode = 0600) {
     std::ofstream(path, std::ios::binary) << text;
     chmod(path.c_str(), mode);
+}
+
+// The permissions of what lies there, of a link its own; 0: nothing.
+[[nodiscard]] inline mode_t mode_of(const std::string& path) {
+    struct stat status {};
+    return lstat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;
 }
 
 // Width and height of a PNG picture by its first bytes; none when it is none.

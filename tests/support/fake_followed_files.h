@@ -20,6 +20,7 @@ public:
         bool readable = true;
         bool fails_when_read = false;
         std::optional<Failure> damage; // reported with the length
+        bool hidden = false;           // in a folder that may not be entered
     };
 
     // Under a new inode.
@@ -35,11 +36,15 @@ public:
 
     [[nodiscard]] int asked() const { return m_asked; } // for a status
 
-    Found status(const std::string& name, FileStatus& status, std::optional<Failure>&) override {
+    Found status(const std::string& name, FileStatus& status, std::optional<Failure>& reason) override {
         ++m_asked;
         const auto found = m_files.find(name);
         if (found == m_files.end())
             return Found::nothing;
+        if (found->second->hidden) {
+            reason = system_failure(EACCES);
+            return Found::unreadable;
+        }
         status = {1, found->second->inode, found->second->text.size()};
         return Found::file;
     }

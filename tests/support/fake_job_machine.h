@@ -3,11 +3,7 @@
 
 #include "roothelper/jobs/administrative_jobs.h"
 #include "roothelper/jobs/job_machine.h"
-
-#include <functional>
-#include <map>
-#include <string>
-#include <vector>
+#include "support/test.h"
 
 namespace tickervantage::testing {
 

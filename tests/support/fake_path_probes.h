@@ -2,10 +2,7 @@
 #pragma once
 
 #include "base/path_probes.h"
-
-#include <map>
-#include <set>
-#include <string>
+#include "support/test.h"
 
 namespace tickervantage::testing {
 

@@ -2,12 +2,7 @@
 #pragma once
 
 #include "roothelper/client/privileged_channel.h"
-
-#include <algorithm>
-#include <functional>
-#include <string>
-#include <utility>
-#include <vector>
+#include "support/test.h"
 
 namespace tickervantage::testing {
 

@@ -9,9 +9,7 @@
 #include "support/manual_timer.h"
 #include "support/memory_files.h"
 #include "support/memory_stores.h"
-
-#include <string>
-#include <vector>
+#include "support/test.h"
 
 namespace tickervantage::testing {
 

@@ -3,8 +3,7 @@
 
 #include "draw/canvases.h"
 #include "gui/common/plot_export.h"
-
-#include <string>
+#include "support/test.h"
 
 namespace tickervantage::testing {
 

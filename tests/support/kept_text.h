@@ -4,14 +4,7 @@
 // look at what changed.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <cctype>
-#include <cmath>
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
-#include <string>
+#include "support/test.h"
 
 namespace tickervantage::testing {
 
@@ -44,6 +37,18 @@ inline void expect_as_kept(const std::string& told, const std::string& name, dou
     std::ifstream file(path);
     const std::string kept{std::istreambuf_iterator<char>(file), {}};
     EXPECT_TRUE(are_alike(told, kept, rounding)) << path << " is not what it is now:\n" << told;
+}
+
+// A kept text of questions, each in a line of its own with its answers below it, indented: all are answered anew.
+template <class Answer>
+void expect_answers_as_kept(const std::string& name, Answer answer) {
+    std::ifstream file(std::string(KEPT_TEXTS) + "/" + name + ".txt");
+    std::string told;
+    for (std::string line; std::getline(file, line);)
+        if (!line.starts_with("  "))
+            told += line + "\n" + answer(line);
+    EXPECT_NE(told, "") << "no question in " << name;
+    expect_as_kept(told, name);
 }
 
 } // namespace tickervantage::testing

@@ -1,20 +1,9 @@
 // Windows under test, used by keys alone.
 #pragma once
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QButtonGroup>
-#include <QKeyEvent>
-#include <QKeySequence>
-#include <QLabel>
-#include <QMenu>
-#include <QMenuBar>
-#include <QTabBar>
+#include "support/test.h"
 
-#include <map>
-#include <set>
-#include <string>
-#include <vector>
+#include <QtWidgets>
 
 namespace tickervantage::testing {
 

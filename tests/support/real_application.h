@@ -14,18 +14,9 @@
 #include "support/fake_job_machine.h"
 #include "support/fake_main_window_parts.h"
 #include "support/freqtemp_parts.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <QAction>
-#include <QApplication>
-
-#include <algorithm>
-#include <map>
-#include <memory>
-#include <optional>
-#include <string>
-#include <string_view>
+#include <QtWidgets>
 
 namespace tickervantage::testing {
 

@@ -3,19 +3,14 @@
 
 #include "base/execute.h"
 #include "base/failure_codes.h"
-
-#include <algorithm>
-#include <cerrno>
-#include <map>
-#include <string>
-#include <vector>
+#include "support/test.h"
 
 namespace tickervantage::testing {
 
 class ScriptedExecute : public Execute {
 public:
-    // Answers by program name and last argument ("chronyc tracking"), or by the name alone; of several commands in one
-    // run, by "chronyc -m".
+    // Answers by the program's path, by its name and last argument ("chronyc tracking"), or by the name alone; of several
+    // commands in one run, by "chronyc -m".
     std::map<std::string, ExecuteResult> answers;
     std::vector<std::string> calls; // program name and all arguments, joined by "|"
 
@@ -32,7 +27,7 @@ public:
         calls.push_back(call);
         const bool several = std::ranges::find(request.arguments, "-m") != request.arguments.end();
         const std::string last = request.arguments.empty() ? "" : request.arguments.back();
-        for (const auto& key : {name + (several ? " -m" : " " + last), name + " " + last, name})
+        for (const auto& key : {request.program, name + (several ? " -m" : " " + last), name + " " + last, name})
             if (const auto found = answers.find(key); found != answers.end())
                 return found->second;
         ExecuteResult missing;

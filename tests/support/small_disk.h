@@ -4,17 +4,10 @@
 // threads behind. There, `path` is where the disk lies; in the first process it is empty.
 #pragma once
 
-#include <gtest/gtest.h>
+#include "support/test.h"
 
-#include <fcntl.h>
 #include <sched.h>
 #include <sys/mount.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <string>
 
 namespace tickervantage::testing {
 

@@ -5,12 +5,9 @@
 #pragma once
 
 #include "draw/canvas.h"
+#include "support/test.h"
 
 #include <fmt/format.h>
-
-#include <cmath>
-#include <string>
-#include <utility>
 
 namespace tickervantage::testing {
 

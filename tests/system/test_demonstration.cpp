@@ -2,21 +2,7 @@
 #include "chrony/demonstration/demonstration.h"
 #include "linux/posix_execute.h"
 #include "support/child_program.h"
-
-#include <gtest/gtest.h>
-#include <poll.h>
-#include <sys/prctl.h>
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <array>
-#include <csignal>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -25,18 +11,11 @@ namespace fs = std::filesystem;
 using testing::parent_of;
 using testing::Watched;
 
-std::string first_program(std::initializer_list<const char*> paths) {
-    for (const char* path : paths)
-        if (access(path, X_OK) == 0)
-            return path;
-    return {};
-}
-
 std::string chronyd() {
-    return first_program({TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyd", "/usr/sbin/chronyd"});
+    return TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyd";
 }
 std::string chronyc() {
-    return first_program({TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyc", "/usr/bin/chronyc"});
+    return TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyc";
 }
 
 pid_t pid_in(const std::string& path) {
@@ -48,13 +27,12 @@ pid_t pid_in(const std::string& path) {
 class DemonstrationTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        if (chronyd().empty() || chronyc().empty())
-            GTEST_SKIP() << "chrony is not installed: neither the bundle nor /usr has chronyd and chronyc";
-        ASSERT_NE(mkdtemp(m_base.data()), nullptr);
+        if (access(chronyd().c_str(), X_OK) != 0 || access(chronyc().c_str(), X_OK) != 0)
+            GTEST_SKIP() << "the bundle has no chrony";
     }
-    void TearDown() override { fs::remove_all(m_base); }
 
-    std::string m_base = "/tmp/tv-test-XXXXXX";
+    testing::PrivateHome m_home;
+    const std::string m_base = m_home.path();
 };
 
 TEST_F(DemonstrationTest, ThePairSynchronisesAndStopEndsItAll) {
@@ -83,42 +61,6 @@ TEST_F(DemonstrationTest, ThePairSynchronisesAndStopEndsItAll) {
     EXPECT_TRUE(server_end.ends_within(std::chrono::milliseconds(0)));
     EXPECT_FALSE(fs::exists(m_base + "/demo"));
     EXPECT_EQ(demonstration.socket(), "");
-}
-
-TEST_F(DemonstrationTest, AKilledProgramLeavesNothingBehind) {
-    std::array<int, 2> ends{};
-    ASSERT_EQ(pipe(ends.data()), 0);
-    const pid_t program = fork();
-    if (program == 0) {
-        Demonstration demonstration;
-        std::array<pid_t, 2> daemons{-1, -1};
-        if (demonstration.start(chronyd(), m_base + "/demo"))
-            daemons = {pid_in(demonstration.client_pidfile()), pid_in(demonstration.folder() + "/server/chronyd.pid")};
-        (void)!write(ends[1], daemons.data(), sizeof daemons);
-        while (true)
-            pause();
-    }
-    std::array<pid_t, 2> daemons{-1, -1};
-    ASSERT_EQ(read(ends[0], daemons.data(), sizeof daemons), static_cast<ssize_t>(sizeof daemons));
-    ASSERT_GT(daemons[0], 0);
-    ASSERT_GT(daemons[1], 0);
-    const Watched client(daemons[0]);
-    const Watched server(daemons[1]);
-    const Watched supervisor(parent_of(daemons[0]));
-    EXPECT_TRUE(fs::exists(m_base + "/demo"));
-
-    kill(program, SIGKILL);
-    waitpid(program, nullptr, 0);
-    EXPECT_TRUE(client.ends_within(std::chrono::seconds(5)));
-    EXPECT_TRUE(server.ends_within(std::chrono::seconds(5)));
-    EXPECT_TRUE(supervisor.ends_within(std::chrono::seconds(5)));
-    EXPECT_FALSE(fs::exists(m_base + "/demo"));
-
-    // The supervisor kept none of the program's pipes open: this one is at its end now.
-    close(ends[1]);
-    char byte = 0;
-    EXPECT_EQ(read(ends[0], &byte, 1), 0);
-    close(ends[0]);
 }
 
 TEST_F(DemonstrationTest, AKilledSupervisorTakesTheDaemonsWithIt) {
@@ -150,11 +92,10 @@ TEST_F(DemonstrationTest, WhatFailsIsSaidInOneSentence) {
     std::ofstream(m_base + "/broken") << "#!/bin/sh\necho '2026-11-21T05:20:32Z No port for me' >&2\nexit 1\n";
     chmod((m_base + "/broken").c_str(), 0700);
     fs::create_directory(m_base + "/taken");
-    const std::array<std::array<std::string, 3>, 3> cases{{
-        {"/nonexistent/chronyd", m_base + "/demo", "/nonexistent/chronyd cannot be run: No such file or directory."},
-        {m_base + "/broken", m_base + "/demo", "ended (No port for me)."},
-        {chronyd(), m_base + "/taken", "cannot be made: File exists."},
-    }};
+    const std::array<std::array<std::string, 3>, 3> cases{
+        {{"/nonexistent/chronyd", m_base + "/demo", "/nonexistent/chronyd cannot be run: No such file or directory."},
+         {m_base + "/broken", m_base + "/demo", "ended (No port for me)."},
+         {chronyd(), m_base + "/taken", "cannot be made: File exists."}}};
     for (const auto& [program, folder, expected] : cases) {
         Demonstration demonstration;
         const auto started = demonstration.start(program, folder);

@@ -2,23 +2,13 @@
 #include "linux/machine_sensors.h"
 #include "linux/posix_user_files.h"
 #include "studies/freqtemp/scatter_json.h"
-
-#include <gtest/gtest.h>
+#include "support/child_program.h"
+#include "support/small_disk.h"
+#include "support/test.h"
 
 #include <sched.h>
 #include <signal.h>
 #include <sys/mount.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <chrono>
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <random>
-#include <string>
-#include <thread>
 
 namespace tickervantage {
 namespace {
@@ -27,13 +17,8 @@ namespace fs = std::filesystem;
 
 class FreqTempSystemTest : public ::testing::Test {
 protected:
-    fs::path m_folder;
-
-    FreqTempSystemTest() {
-        std::string name = (fs::temp_directory_path() / "freqtemp-XXXXXX").string();
-        m_folder = mkdtemp(name.data());
-    }
-    ~FreqTempSystemTest() override { fs::remove_all(m_folder); }
+    testing::PrivateHome m_home;
+    fs::path m_folder = m_home.path();
 
     void put(const fs::path& path, const std::string& text) const {
         fs::create_directories((m_folder / path).parent_path());
@@ -81,102 +66,49 @@ TEST_F(FreqTempSystemTest, AKilledWriterLeavesTheOldOrTheNewMap) {
     ASSERT_TRUE(save(path, map_of(1, 7))) << "a killed writer stands in the way";
 }
 
-// Runs `look` in a process whose /sys/class is a folder of this test, on a real sysfs, which libsensors insists on. (A
-// kernel without a chip lacks /sys/class/hwmon itself, so that nothing could be laid over that.) What it returns is its
-// exit status; 77 where the machine does not let us.
-int with_class_folder(const fs::path& folder, const std::function<int()>& look) {
-    const pid_t child = fork();
-    if (child == 0) {
-        const bool is_own = (unshare(CLONE_NEWNS) == 0 || unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0) &&
-                            mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
-                            mount(folder.c_str(), "/sys/class", nullptr, MS_BIND, nullptr) == 0;
-        _exit(is_own ? look() : 77);
-    }
-    int status = 0;
-    EXPECT_EQ(waitpid(child, &status, 0), child);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-#define CHECK(condition)                                                                                               \
-    if (!(condition))                                                                                                  \
-    return __LINE__ % 64 + 1
-
 TEST_F(FreqTempSystemTest, ReadsChipsAndZonesAsTheKernelHasThem) {
+    const testing::SmallDisk disk("1m");
+    if (disk.path().empty()) {
+        if (!disk.runs_the_test())
+            GTEST_SKIP() << "This machine lets nobody here mount folders over /sys/class.";
+        return;
+    }
     put("class/hwmon/hwmon0/name", "acpitz");
     put("class/hwmon/hwmon0/temp1_input", "27800");
     put("class/hwmon/hwmon1/name", "coolbox");
     put("class/hwmon/hwmon1/temp1_input", "45125");
     put("class/hwmon/hwmon1/temp1_label", "Package id 0");
     put("class/hwmon/hwmon1/fan1_input", "1200");
-    put("class/thermal/thermal_zone0/type", "x86_pkg_temp");
-    put("class/thermal/thermal_zone0/temp", "46000");
-    put("class/thermal/thermal_zone1/type", "acpitz");
-    put("class/thermal/thermal_zone1/temp", "-274000");
-    put("class/thermal/thermal_zone10/type", "acpitz");
-    put("class/thermal/thermal_zone10/temp", "30500");
-    const fs::path hwmon = m_folder / "class/hwmon";
-    const fs::path thermal = m_folder / "class/thermal";
-    const int result = with_class_folder(m_folder / "class", [&] {
-        MachineSensors sensors;
-        auto readings = sensors.read();
-        CHECK(readings.size() == 2);
-        CHECK(readings[0].name == "acpitz-virtual-0/temp1" && readings[0].temperature == 27.8);
-        CHECK(readings[1].name.starts_with("coolbox-") && readings[1].temperature == 45.125);
-        CHECK(readings[1].description.starts_with("Package id 0 (coolbox-"));
-        put("class/hwmon/hwmon1/temp1_input", "46125");
-        put("class/hwmon/hwmon2/name", "nvme"); // plugged in
-        put("class/hwmon/hwmon2/temp1_input", "38850");
-        readings = sensors.read();
-        CHECK(readings.size() == 3 && readings[1].temperature == 46.125);
-        fs::remove_all(hwmon / "hwmon0"); // and out
-        CHECK(sensors.read().size() == 2);
-        fs::remove_all(hwmon / "hwmon1");
-        fs::remove_all(hwmon / "hwmon2");
-        readings = sensors.read(); // only zones are left
-        CHECK(readings.size() == 3);
-        CHECK(readings[0].name == "x86_pkg_temp" && readings[0].temperature == 46);
-        CHECK(readings[1].name == "acpitz" && readings[2].name == "acpitz 2" && readings[2].temperature == 30.5);
-        fs::remove_all(thermal / "thermal_zone0");
-        fs::remove_all(thermal / "thermal_zone1");
-        fs::remove_all(thermal / "thermal_zone10");
-        CHECK(sensors.read().empty());
-        return 0;
-    });
-    if (result == 77)
-        GTEST_SKIP() << "This machine lets nobody here mount folders over /sys/class.";
-    EXPECT_EQ(result, 0);
-}
-
-TEST_F(FreqTempSystemTest, ADiskThatIsFullOrClosedLeavesTheOldMap) {
-    const fs::path disk = m_folder / "disk";
-    fs::create_directories(disk);
-    const pid_t child = fork();
-    if (child == 0) {
-        if ((unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) ||
-            mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-            mount("none", disk.c_str(), "tmpfs", 0, "size=256k") != 0)
-            _exit(77);
-        const std::string path = disk / "scattermap.json";
-        const auto refusal = [&path](int number) {
-            const auto saved = save(path, map_of(20'000, number));
-            return saved ? std::string() : english(saved.error());
-        };
-        const auto is_old = [&path] {
-            return fs::file_size(path) < 1000 && !fs::exists(fs::path(path).parent_path() / ".scattermap.json.new");
-        };
-        _exit(!save(path, map_of(1, 1))                                                    ? 1
-              : refusal(2).find("space") == std::string::npos                              ? 2
-              : !is_old()                                                                  ? 3
-              : mount("none", disk.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) != 0 ? 77
-              : refusal(3).find("Read-only file") == std::string::npos                     ? 4
-              : !is_old()                                                                  ? 5
-                                                                                           : 0);
+    for (const auto& [zone, type, degrees] : {std::tuple("zone0", "x86_pkg_temp", "46000"),
+                                              {"zone1", "acpitz", "-274000"},
+                                              {"zone10", "acpitz", "30500"}}) {
+        put(fs::path("class/thermal") / ("thermal_" + std::string(zone)) / "type", type);
+        put(fs::path("class/thermal") / ("thermal_" + std::string(zone)) / "temp", degrees);
     }
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    if (WEXITSTATUS(status) == 77)
-        GTEST_SKIP() << "This machine lets nobody here mount a disk.";
-    EXPECT_EQ(WEXITSTATUS(status), 0);
+    // On a real sysfs, which libsensors insists on; a kernel without a chip lacks /sys/class/hwmon itself.
+    ASSERT_EQ(mount((m_folder / "class").c_str(), "/sys/class", nullptr, MS_BIND, nullptr), 0);
+    MachineSensors sensors;
+    auto readings = sensors.read();
+    ASSERT_EQ(readings.size(), 2U);
+    EXPECT_TRUE(readings[0].name == "acpitz-virtual-0/temp1" && readings[0].temperature == 27.8);
+    EXPECT_TRUE(readings[1].name.starts_with("coolbox-") && readings[1].temperature == 45.125);
+    EXPECT_TRUE(readings[1].description.starts_with("Package id 0 (coolbox-")) << readings[1].description;
+    put("class/hwmon/hwmon1/temp1_input", "46125");
+    put("class/hwmon/hwmon2/name", "nvme"); // plugged in
+    put("class/hwmon/hwmon2/temp1_input", "38850");
+    readings = sensors.read();
+    EXPECT_TRUE(readings.size() == 3 && readings[1].temperature == 46.125);
+    fs::remove_all(m_folder / "class/hwmon/hwmon0"); // and out
+    EXPECT_EQ(sensors.read().size(), 2U);
+    for (const char* chip : {"hwmon1", "hwmon2"})
+        fs::remove_all(m_folder / "class/hwmon" / chip);
+    readings = sensors.read(); // only zones are left
+    ASSERT_EQ(readings.size(), 3U);
+    EXPECT_TRUE(readings[0].name == "x86_pkg_temp" && readings[0].temperature == 46);
+    EXPECT_TRUE(readings[1].name == "acpitz" && readings[2].name == "acpitz 2" && readings[2].temperature == 30.5);
+    for (const char* zone : {"thermal_zone0", "thermal_zone1", "thermal_zone10"})
+        fs::remove_all(m_folder / "class/thermal" / zone);
+    EXPECT_TRUE(sensors.read().empty());
 }
 
 } // namespace

@@ -5,16 +5,10 @@
 #include "linux/posix_followed_file.h"
 #include "linux/serial_queue.h"
 #include "studies/tracking/tracking_records.h"
+#include "support/child_program.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <zlib.h>
-
-#include <condition_variable>
-#include <filesystem>
-#include <fstream>
-#include <mutex>
 
 namespace tickervantage {
 namespace {
@@ -35,16 +29,6 @@ private:
 
 class FollowTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        ASSERT_NE(mkdtemp(m_folder.data()), nullptr);
-        m_log = m_folder + "/log";
-    }
-    void TearDown() override {
-        m_reader.reset();
-        chmod(m_folder.c_str(), 0700);
-        fs::remove_all(m_folder);
-    }
-
     void follow(const std::string& name) {
         LogReaderTiming timing; // real waits, cut to what a test has patience for
         timing.wait = [](std::condition_variable& condition, std::unique_lock<std::mutex>& lock,
@@ -75,8 +59,8 @@ protected:
     }
     void append(const std::string& text) const { std::ofstream(m_log, std::ios::app) << text; }
 
-    std::string m_folder = "/tmp/tv-follow-XXXXXX";
-    std::string m_log;
+    testing::PrivateHome m_home;
+    std::string m_log = m_home.path("log");
     std::mutex m_mutex; // guards m_lines and m_problem
     std::condition_variable m_news;
     Texts m_lines;
@@ -153,7 +137,7 @@ TEST_F(FollowTest, ARealDaemonsLog) {
     Demonstration demonstration;
     if (access(TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyd", X_OK) != 0)
         GTEST_SKIP() << "the bundle has no chronyd";
-    const auto started = demonstration.start(TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyd", m_folder + "/demo");
+    const auto started = demonstration.start(TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyd", m_home.path("demo"));
     ASSERT_TRUE(started) << english(started.error());
     follow(demonstration.tracking_log());
     TrackingRecords records;

@@ -1,30 +1,15 @@
 #include "base/failure_codes.h"
 #include "linux/posix_execute.h"
 #include "linux/serial_queue.h"
+#include "support/child_program.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <poll.h>
-#include <sys/syscall.h>
-
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <future>
-#include <thread>
-
 namespace tickervantage {
 namespace {
 
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
-
-// For any process, ours or not: its descriptor becomes readable when it ends.
-bool ends_within(pid_t pid, std::chrono::milliseconds limit) {
-    const FileDescriptor process(static_cast<int>(syscall(SYS_pidfd_open, pid, 0)));
-    pollfd wanted{process.get(), POLLIN, 0};
-    return !process.valid() || poll(&wanted, 1, static_cast<int>(limit.count())) == 1;
-}
 
 ExecuteRequest shell(const std::string& script) {
     return {.program = "/bin/sh", .arguments = {"-c", script}};
@@ -77,7 +62,8 @@ TEST(PosixExecute, HangingProgramIsEndedWithItsChildren) {
     const auto result = execute.run(request);
     EXPECT_EQ(result.outcome, ExecuteOutcome::timed_out);
     EXPECT_LT(Clock::now() - start, 5s);
-    EXPECT_TRUE(ends_within(std::stoi(result.output), 10s));
+    const testing::Watched child(std::stoi(result.output));
+    EXPECT_TRUE(!child.runs() || child.ends_within(10s));
 }
 
 TEST(PosixExecute, EndlessOutputIsCutAtTheLimit) {

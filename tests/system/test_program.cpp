@@ -1,9 +1,6 @@
 // The desktop program as a process: how it starts, what it leaves alone, and what becomes of it however it ends.
 #include "support/child_program.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {

@@ -1,14 +1,8 @@
 // The files that go to root, as the real programs read them.
 #include "chrony/services/chrony_services.h"
 #include "linux/posix_execute.h"
-
-#include <gtest/gtest.h>
-
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include "support/child_program.h"
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -17,22 +11,15 @@ namespace fs = std::filesystem;
 
 struct ServiceFilesTest : ::testing::Test {
     PosixExecute execute;
-    fs::path folder = fs::path(::testing::TempDir()) / ("service files " + std::to_string(::getpid()));
+    const testing::PrivateHome home;
+    const fs::path folder = home.path("service files");
 
-    void SetUp() override {
-        fs::remove_all(folder);
-        fs::create_directories(folder);
-    }
-    void TearDown() override { fs::remove_all(folder); }
-
+    void SetUp() override { fs::create_directories(folder); }
     std::string write(const std::string& name, const std::string& text) const {
         std::ofstream(folder / name) << text;
         return folder / name;
     }
-    std::string read(const std::string& name) const {
-        std::ifstream file(folder / name);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    std::string read(const std::string& name) const { return testing::contents(folder / name); }
 };
 
 TEST_F(ServiceFilesTest, ServiceManagerUnderstandsEveryUnit) {

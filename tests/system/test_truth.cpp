@@ -11,18 +11,7 @@
 #include "roothelper/client/no_privileged_channel.h"
 #include "roothelper/client/privileged_actions.h"
 #include "support/child_program.h"
-
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <csignal>
-#include <cstdio>
-#include <deque>
-#include <map>
-#include <tuple>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -131,8 +120,7 @@ std::vector<Situation> situations() {
         // Which of the two is the best is decided by nanoseconds.
         {"combinelimit", server(1) + server(2) + "combinelimit 0\n", {{one_of_them, "not_combined"}}, "synchronised"},
         {"no-name", "server nosuch.invalid iburst\n", {{"ID#0000000001", "unresolved"}}, "unsynchronised"},
-        {"own-clock", "local stratum 5\n", {}, "local"},
-    };
+        {"own-clock", "local stratum 5\n", {}, "local"}};
 }
 
 // What differs from what was done to it; empty: nothing.

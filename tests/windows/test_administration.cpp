@@ -3,17 +3,8 @@
 #include "settings/warning_register.h"
 #include "support/fake_job_machine.h"
 #include "support/fake_main_window_parts.h"
-
-#include <gtest/gtest.h>
-
-#include <QAction>
-#include <QCheckBox>
-#include <QDir>
-#include <QLabel>
-#include <QMainWindow>
-#include <QMenu>
-#include <QMessageBox>
-#include <QPushButton>
+#include "support/test.h"
+#include "support/window_test.h"
 
 namespace tickervantage {
 namespace {
@@ -131,9 +122,7 @@ TEST_F(AdministrationTest, ChronyIsRemovedOnlyWhenTheQuestionIsAnswered) {
         EXPECT_EQ(question->defaultButton()->text(), QStringLiteral("Cancel"));
         for (const auto& path : {general.chronyd, general.chronyc, general.chronywake, general.config})
             EXPECT_TRUE(question->informativeText().contains(QString::fromStdString(path))) << path;
-        for (auto* choice : question->buttons())
-            if (choice->text() == QLatin1String(button))
-                choice->click();
+        testing::press_button(*question, button);
         delete question;
         settle();
         EXPECT_EQ(!fakes.channel.commands.empty(), removes);

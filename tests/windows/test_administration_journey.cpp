@@ -1,14 +1,7 @@
 #include "support/keyboard.h"
 #include "support/real_application.h"
-
-#include <gtest/gtest.h>
-
-#include <QLabel>
-#include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QStatusBar>
-#include <QTreeWidget>
+#include "support/test.h"
+#include "support/window_test.h"
 
 namespace tickervantage {
 namespace {
@@ -51,9 +44,7 @@ struct AdministrationJourney : testing::RealApplication {
         if (sheet == nullptr)
             return {};
         const auto text = sheet->text().toStdString();
-        for (auto* choice : sheet->buttons())
-            if (choice->text() == QLatin1String(button))
-                choice->click();
+        testing::press_button(*sheet, button);
         delete sheet; // what the event loop would do
         return text;
     }

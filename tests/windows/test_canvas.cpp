@@ -3,22 +3,10 @@
 #include "gui/main/instrument_widget.h"
 #include "qt/picture_file.h"
 #include "qt/qt_canvas.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <QAccessible>
-#include <QDir>
-#include <QFile>
-#include <QImage>
-#include <QPainter>
-#include <QPalette>
-#include <QTemporaryDir>
-#include <QXmlStreamReader>
-
-#include <csignal>
+#include <QtWidgets>
 #include <sys/resource.h>
-#include <type_traits>
-#include <utility>
 
 namespace tickervantage {
 namespace {

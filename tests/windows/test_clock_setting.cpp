@@ -3,42 +3,22 @@
 #include "gui/administration/synchronize_window.h"
 #include "settings/settings_catalogue.h"
 #include "support/memory_stores.h"
-
-#include <gtest/gtest.h>
-
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPointer>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QSpinBox>
-
-#include <cmath>
+#include "support/test.h"
+#include "support/window_test.h"
 
 namespace tickervantage {
 namespace {
 
-struct SynchronizeTest : ::testing::Test {
+struct SynchronizeTest : testing::WindowControls<Synchronize> {
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
     Synchronisation asked;
-    QPointer<Synchronize> window;
 
     void SetUp() override {
-        window = new Synchronize(settings, nullptr);
-        QObject::connect(window, &Synchronize::wanted, [this](const Synchronisation& what) { asked = what; });
+        window = std::make_unique<Synchronize>(settings, nullptr);
+        QObject::connect(window.get(), &Synchronize::wanted, [this](const Synchronisation& what) { asked = what; });
         window->windowDidLoad();
         window->show();
-    }
-    void TearDown() override { delete window; }
-
-    template <typename Widget>
-    Widget* find(const char* name) {
-        auto* widget = window->findChild<Widget*>(QLatin1String(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
     }
 };
 

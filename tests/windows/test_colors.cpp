@@ -2,13 +2,7 @@
 #include "gui/common/words.h"
 #include "qt/canvas_colors.h"
 #include "settings/settings_keys.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <vector>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {

@@ -8,31 +8,8 @@
 #include "support/memory_stores.h"
 #include "support/scripted_execute.h"
 #include "support/small_disk.h"
-
-#include <gtest/gtest.h>
-
-#include <QAbstractItemView>
-#include <QAction>
-#include <QApplication>
-#include <QCompleter>
-#include <QDir>
-#include <QFileInfo>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QPointer>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTextBlock>
-#include <QUrl>
-
-#include <algorithm>
-#include <fstream>
-#include <functional>
+#include "support/test.h"
+#include "support/window_test.h"
 
 namespace tickervantage {
 namespace {
@@ -132,17 +109,24 @@ struct ConfigEditorTest : ::testing::Test {
         windows->show_installed();
         settle();
     }
+    void open(const char* name, const std::string& contents) {
+        write(name, contents);
+        windows->open_path(path(name));
+        settle();
+    }
     void check() {
         editor()->check();
+        settle();
+    }
+    void save() {
+        editor()->save();
         settle();
     }
     // Reads the sheet and presses one of its buttons.
     QString answer(const char* name, const char* button) { return answer(find<QMessageBox>(name), button); }
     QString answer(const QPointer<QMessageBox>& box, const char* button) {
         QString words = box->text() + QLatin1Char('|') + box->informativeText();
-        for (auto* one : box->buttons())
-            if (box && one->text().remove(QLatin1Char('&')) == QLatin1String(button))
-                one->click();
+        testing::press_button(*box, button);
         settle();
         delete box; // else it would be found in place of the next one
         return words;
@@ -289,33 +273,26 @@ TEST_F(ConfigEditorTest, IncludedFilesOpenAndArePartsThatAreNotInstalled) {
         part->close();
         settle();
     }
-    write("whole.conf", "port 0\n");
-    windows->open_path(path("whole.conf"));
-    settle();
+    open("whole.conf", "port 0\n");
     other_editor()->install();
     settle();
     EXPECT_EQ(other_editor()->findChild<QMessageBox*>()->objectName(), QStringLiteral("install_sheet"));
 }
 
 TEST_F(ConfigEditorTest, SavingNoticesOtherProgramsAndKeepsTheEditWhenItFails) {
-    write("a.conf", "one\r\ntwo\r\n");
-    windows->open_path(path("a.conf"));
-    settle();
+    open("a.conf", "one\r\ntwo\r\n");
     text()->insertPlainText(QStringLiteral("x"));
-    editor()->save();
-    settle();
+    save();
     EXPECT_EQ(read("a.conf"), "xone\r\ntwo\r\n");
     EXPECT_FALSE(editor()->isWindowModified());
     EXPECT_EQ(windows->recent().paths(), QStringList{path("a.conf")});
     text()->insertPlainText(QStringLiteral("y"));
     write("a.conf", "theirs\n");
-    editor()->save();
-    settle();
+    save();
     answer("conflict_sheet", "Cancel");
     EXPECT_EQ(read("a.conf"), "theirs\n");
     EXPECT_TRUE(editor()->isWindowModified());
-    editor()->save();
-    settle();
+    save();
     answer("conflict_sheet", "Reload");
     EXPECT_EQ(text()->whole_text(), QStringLiteral("theirs\n"));
     text()->insertPlainText(QStringLiteral("z"));
@@ -327,19 +304,13 @@ TEST_F(ConfigEditorTest, SavingNoticesOtherProgramsAndKeepsTheEditWhenItFails) {
 }
 
 TEST_F(ConfigEditorTest, ClosingAsksAboutUnsavedChanges) {
-    write("a.conf", "one\n");
-    windows->open_path(path("a.conf"));
-    settle();
+    open("a.conf", "one\n");
     text()->insertPlainText(QStringLiteral("x"));
     EXPECT_FALSE(editor()->close());
     answer("unsaved_sheet", "Cancel");
     ASSERT_EQ(editors().size(), 1U);
     editor()->close();
-    auto* box = find<QMessageBox>("unsaved_sheet");
-    for (auto* button : box->buttons())
-        if (button->text() == QStringLiteral("&Save"))
-            button->click();
-    settle();
+    answer("unsaved_sheet", "Save");
     EXPECT_TRUE(editors().empty());
     EXPECT_EQ(read("a.conf"), "xone\n");
 }
@@ -384,10 +355,8 @@ TEST_F(ConfigEditorTest, ADroppedFileOpensAndLinesCanBeInserted) {
 TEST_F(ConfigEditorTest, DirectivesAreCompletedOnlyWhereTheyStand) {
     installed();
     const auto type = [this](const QString& keys) {
-        for (const QChar key : keys) {
-            QKeyEvent press(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QString(key));
-            QApplication::sendEvent(text(), &press);
-        }
+        for (const QChar key : keys)
+            testing::press_key(text(), Qt::Key_A, Qt::NoModifier, key);
         return text()->findChild<QCompleter*>()->popup()->isVisible();
     };
     text()->moveCursor(QTextCursor::End);
@@ -449,14 +418,11 @@ TEST_F(ConfigEditorTest, ALongTextComesInSlices) {
 TEST_F(ConfigEditorTest, ALongEditComesInSlicesAndIsOneStepBackAndForth) {
     const std::string lines = many_lines("host");
     const std::string renamed = many_lines("machine");
-    write("long.conf", lines);
-    windows->open_path(path("long.conf"));
-    settle();
+    open("long.conf", lines);
     find<QLineEdit>("find")->setText(QStringLiteral("host"));
     find<QLineEdit>("replacement")->setText(QStringLiteral("machine"));
     const auto press = [this](int key, Qt::KeyboardModifiers modifiers, const char* typed = "") {
-        QKeyEvent event(QEvent::KeyPress, key, modifiers, QLatin1String(typed));
-        QApplication::sendEvent(text(), &event);
+        testing::press_key(text(), key, modifiers, QLatin1String(typed));
     };
     struct Pasting : ConfigText {
         using ConfigText::insertFromMimeData;
@@ -515,8 +481,7 @@ TEST_F(ConfigEditorTest, ADiskThatIsFullOrClosedCostsNothingButASentence) {
     windows->open_path(path);
     settle();
     const auto fails = [&](const char* why) {
-        editor()->save();
-        settle();
+        save();
         EXPECT_EQ(answer("failure", "Dismiss"),
                   QStringLiteral("The configuration was not saved|Cannot write %1: %2.").arg(path, QLatin1String(why)));
         EXPECT_TRUE(editor()->isWindowModified());
@@ -545,9 +510,7 @@ TEST_F(ConfigEditorTest, AnEditThatWasNotSavedIsOfferedByTheNextRuns) {
         auto* box = desk.findChild<QMessageBox*>();
         return box == nullptr ? QString() : answer(box, button);
     };
-    write("a.conf", "one\r\n");
-    windows->open_path(path("a.conf"));
-    settle();
+    open("a.conf", "one\r\n");
     text()->insertPlainText(QStringLiteral("x"));
     editor()->keep_edit();
     settle();
@@ -559,8 +522,7 @@ TEST_F(ConfigEditorTest, AnEditThatWasNotSavedIsOfferedByTheNextRuns) {
     EXPECT_TRUE(editor()->isWindowModified());
     EXPECT_FALSE(can("m_install"));
     write("a.conf", "theirs\n");
-    editor()->save();
-    settle();
+    save();
     answer("conflict_sheet", "Overwrite");
     EXPECT_EQ(read("a.conf"), "xone\r\n");
     EXPECT_EQ(offered("Open"), QString()) << "it is saved";

@@ -1,16 +1,9 @@
 // Another application of the desktop, found and started by its desktop file.
 #include "gui/common/desktop_links.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <QStandardPaths>
-#include <QTemporaryDir>
 #include <qtestsupport_core.h>
-
-#include <csignal>
-#include <filesystem>
-#include <fstream>
+#include <QtWidgets>
 
 namespace tickervantage {
 namespace {

@@ -9,25 +9,8 @@
 #include "support/freqtemp_parts.h"
 #include "support/kept_plots.h"
 #include "support/keyboard.h"
-
-#include <gtest/gtest.h>
-
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QComboBox>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QMenu>
-#include <QMessageBox>
-#include <QPainter>
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QSpinBox>
-#include <QTableView>
-#include <QTemporaryDir>
-#include <QTimer>
+#include "support/test.h"
+#include "support/window_test.h"
 
 namespace tickervantage {
 namespace {
@@ -35,12 +18,11 @@ namespace {
 constexpr const char* MAP = "/data/Tickervantage/scattermap.json";
 constexpr const char* EQUATION = "/bundle/freqtemp.rtf";
 
-struct FreqTempWindowTest : ::testing::Test {
+struct FreqTempWindowTest : testing::WindowControls<FreqTempWindow> {
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
     testing::FreqTempFakes fakes;
     testing::KeptPlots plots;
-    std::unique_ptr<FreqTempWindow> window;
     std::unique_ptr<SensorInspector> inspector;
 
     void SetUp() override { fakes.sensors.readings = {{"cpu", "Package & cores", 45}, {"disk", "", 30}}; }
@@ -71,12 +53,6 @@ struct FreqTempWindowTest : ::testing::Test {
         fakes.settle();
     }
 
-    template <typename Widget>
-    Widget* find(const char* name) {
-        auto* found = window->findChild<Widget*>(QLatin1String(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
-    }
     FreqTempPlot* plot() { return find<FreqTempPlot>("m_scatterplot"); }
     QAction* item(int index) { return find<QPushButton>("m_select_sensor")->menu()->actions().at(index); }
     QString samples() { return find<QLabel>("m_samples")->text(); }
@@ -170,9 +146,7 @@ TEST_F(FreqTempWindowTest, ClearAsksFirst) {
         find<QPushButton>("clear")->click();
         auto* box = window->findChild<QMessageBox*>();
         ASSERT_NE(box, nullptr);
-        for (auto* one : box->buttons())
-            if (one->text().remove(QLatin1Char('&')) == QLatin1String(button))
-                one->click();
+        testing::press_button(*box, button);
         QCoreApplication::sendPostedEvents(box, QEvent::DeferredDelete);
         fakes.settle();
     };
@@ -188,8 +162,7 @@ TEST_F(FreqTempWindowTest, KeysMoveAReadingOverThePlot) {
     for (const double frequency : {-10.5, -11.5})
         fakes.sample(frequency);
     const auto reading_after = [this](int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QKeyEvent press(QEvent::KeyPress, key, modifiers);
-        QApplication::sendEvent(plot(), &press);
+        testing::press_key(plot(), key, modifiers);
         return find<QLabel>("reading")->text();
     };
     EXPECT_TRUE(reading_after(Qt::Key_Home).startsWith(QStringLiteral("30.0 °C, -11.000 ppm")))
@@ -383,20 +356,19 @@ TEST(RtfHtml, HasTheParagraphsAndStylesOfTheRichText) {
             .replace(QStringLiteral("</p>"), QStringLiteral("]"))
             .toStdString();
     };
-    for (const auto& [rtf, expected] : {
-             std::pair{R"({\rtf1\ansi one\par two})", "[one][two]"},
-             {R"({\rtf1{\fonttbl{\f0 Arial;}}{\*\generator X;}{\info{\title T\par}}\f0 shown\par})", "[shown]"},
-             {R"({\rtf1 a{\b b{\i c}d}e\b f\b0 g\b\i\plain h})", "[a<b>b</b><i><b>c</b></i><b>d</b>e<b>f</b>gh]"},
-             {R"({\rtf1 T\super 2\nosupersub  x{\sub i}\par\par y})", "[T<sup>2</sup> x<sub>i</sub>][][y]"},
-             {R"({\rtf1 \'b0C \{\}\\ <})", "[°C {}\\ &lt;]"},
-             {R"({\rtf1 \u183 ?\u176?C \u-10179 ?\u-8704 ?.})", "[·°C 😀.]"},
-             {R"({\rtf1\uc2 \u955 ab{\uc0\u955 c}\u955\'41\'42d})", "[λλcλd]"},
-             {"{\\rtf1 split\r\n line}", "[split line]"},
-             {"{\\rtf1}", ""},
-             {"", "it is not in the Rich Text Format"},
-             {"{\\rtf1 open", "it ends in the middle"},
-             {"{\\rtf1 \\", "it ends in the middle"},
-         })
+    for (const auto& [rtf, expected] :
+         {std::pair{R"({\rtf1\ansi one\par two})", "[one][two]"},
+          {R"({\rtf1{\fonttbl{\f0 Arial;}}{\*\generator X;}{\info{\title T\par}}\f0 shown\par})", "[shown]"},
+          {R"({\rtf1 a{\b b{\i c}d}e\b f\b0 g\b\i\plain h})", "[a<b>b</b><i><b>c</b></i><b>d</b>e<b>f</b>gh]"},
+          {R"({\rtf1 T\super 2\nosupersub  x{\sub i}\par\par y})", "[T<sup>2</sup> x<sub>i</sub>][][y]"},
+          {R"({\rtf1 \'b0C \{\}\\ <})", "[°C {}\\ &lt;]"},
+          {R"({\rtf1 \u183 ?\u176?C \u-10179 ?\u-8704 ?.})", "[·°C 😀.]"},
+          {R"({\rtf1\uc2 \u955 ab{\uc0\u955 c}\u955\'41\'42d})", "[λλcλd]"},
+          {"{\\rtf1 split\r\n line}", "[split line]"},
+          {"{\\rtf1}", ""},
+          {"", "it is not in the Rich Text Format"},
+          {"{\\rtf1 open", "it ends in the middle"},
+          {"{\\rtf1 \\", "it ends in the middle"}})
         EXPECT_EQ(bodies(rtf), expected) << rtf;
 }
 

@@ -1,18 +1,8 @@
 #include "app/help_windows.h"
 #include "gui/help/help_viewer.h"
 #include "support/scripted_execute.h"
+#include "support/test.h"
 #include "support/window_test.h"
-
-#include <QAction>
-#include <QApplication>
-#include <QKeyEvent>
-#include <QListWidget>
-#include <QTemporaryDir>
-#include <QTextBlock>
-#include <QTextBrowser>
-
-#include <filesystem>
-#include <fstream>
 
 namespace tickervantage {
 namespace {
@@ -128,8 +118,7 @@ TEST_F(HelpViewerTest, FindingInAPageGoesOnFromTheOtherEnd) {
     }
     const int first = page()->textCursor().position();
     for (int times = 0; times < 2; ++times) {
-        QKeyEvent key(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-        QApplication::sendEvent(find<QLineEdit>("find"), &key);
+        testing::press_key(find<QLineEdit>("find"), Qt::Key_Return);
         EXPECT_EQ(page()->textCursor().position() == first, times == 1);
     }
     type("find", "absent");
@@ -141,8 +130,7 @@ TEST_F(HelpViewerTest, F1OpensThePageOfTheWindow) {
     HelpWindows help({.sources = sources(), .queue = queue, .main_thread = main_thread});
     QWidget servers;
     servers.setObjectName(QStringLiteral("ServersWindow"));
-    QKeyEvent key(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier);
-    QApplication::sendEvent(&servers, &key);
+    testing::press_key(&servers, Qt::Key_F1);
     settle();
     bool found = false;
     for (auto* top : QApplication::topLevelWidgets())

@@ -4,17 +4,7 @@
 #include "qt/languages.h"
 #include "support/keyboard.h"
 #include "support/real_application.h"
-
-#include <gtest/gtest.h>
-
-#include <QCoreApplication>
-#include <QFile>
-#include <QTranslator>
-#include <QXmlStreamReader>
-
-#include <cerrno>
-#include <map>
-#include <set>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {
@@ -100,8 +90,7 @@ TEST(Languages, FailuresArePutTogetherFromTheirTranslatedParts) {
          "chronyd endete bald nach dem Start: No /dev/pps9. Die frühere Konfiguration ist wieder da."},
         {made(failed(FailureCode::cannot_write, {"c"}, made(failed(FailureCode::is_larger_than, {"9"})))),
          "Cannot write c: it is larger than 9 bytes.", "c kann nicht geschrieben werden: sie ist größer als 9 Byte."},
-        {said_by_others("506 Cannot talk to daemon"), "506 Cannot talk to daemon", "506 Cannot talk to daemon"},
-    };
+        {said_by_others("506 Cannot talk to daemon"), "506 Cannot talk to daemon", "506 Cannot talk to daemon"}};
     for (const auto& [failure, english_words, german_words] : cases) {
         EXPECT_EQ(english(failure), english_words);
         EXPECT_EQ(in_words(failure).toStdString(), english_words);

@@ -1,14 +1,6 @@
 // Which chrony the whole program works with, from the preferences to the next run.
 #include "support/real_application.h"
-
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTemporaryDir>
-
-#include <fstream>
+#include "support/test.h"
 
 namespace tickervantage {
 namespace {

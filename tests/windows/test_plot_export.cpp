@@ -1,12 +1,9 @@
 #include "gui/common/plot_export.h"
 #include "support/kept_plots.h"
 #include "support/manual_dispatch.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <QWidget>
-
-#include <optional>
+#include <QtWidgets>
 
 namespace tickervantage {
 namespace {

@@ -4,22 +4,8 @@
 #include "settings/settings_catalogue.h"
 #include "support/fake_path_probes.h"
 #include "support/memory_stores.h"
+#include "support/test.h"
 #include "support/window_test.h"
-
-#include <gtest/gtest.h>
-
-#include <optional>
-
-#include <QApplication>
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QTabWidget>
-
-#include <thread>
 
 namespace tickervantage {
 namespace {
@@ -86,9 +72,7 @@ struct PreferencesTest : testing::WindowTest<Preferences> {
             return false;
         if (box->checkBox())
             box->checkBox()->setChecked(never_again);
-        for (auto* candidate : box->buttons())
-            if (candidate->text() == QLatin1String(button))
-                candidate->click();
+        testing::press_button(*box, button);
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return true;
     }

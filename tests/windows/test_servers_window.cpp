@@ -3,20 +3,8 @@
 #include "gui/servers/servers_window.h"
 #include "support/memory_files.h"
 #include "support/memory_stores.h"
+#include "support/test.h"
 #include "support/window_test.h"
-
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QDesktopServices>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QShortcut>
-#include <QToolButton>
-#include <QUrl>
 
 namespace tickervantage {
 namespace {

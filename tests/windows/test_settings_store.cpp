@@ -1,25 +1,13 @@
 #include "base/failure_codes.h"
 #include "linux/serial_queue.h"
 #include "qt/qt_settings_store.h"
+#include "support/child_program.h"
 #include "support/manual_dispatch.h"
 #include "support/memory_stores.h"
+#include "support/small_disk.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <sys/mount.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <QCoreApplication>
-#include <QSettings>
-#include <QSize>
-#include <QTemporaryDir>
-
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <iterator>
+#include <QtWidgets>
 
 namespace tickervantage {
 namespace {
@@ -29,15 +17,6 @@ using testing::ManualQueue;
 using testing::MemoryLogger;
 using Texts = std::vector<std::string>;
 namespace fs = std::filesystem;
-
-std::string bytes_of(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
-void put(const fs::path& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
-}
 
 struct SettingsStoreTest : ::testing::Test {
     QTemporaryDir temporary;
@@ -60,31 +39,13 @@ struct SettingsStoreTest : ::testing::Test {
 };
 
 TEST_F(SettingsStoreTest, EveryTextComesBackFromANewStore) {
-    const std::vector<Texts> values{{"plain"},
-                                    {""},
-                                    {"a,b"},
-                                    {",", ""},
-                                    {"\"quoted\""},
-                                    {"back\\slash\\n"},
-                                    {"line\nbreak\r\n\ttab"},
-                                    {" leading and trailing "},
-                                    {"µs – ünïcode 🕐"},
-                                    {"@"},
-                                    {"@Invalid()"},
-                                    {"@ByteArray(x)"},
-                                    {"@@", "@x"},
-                                    {},
-                                    {"one"},
-                                    {"a", "b,c", " d "},
-                                    {"", ""},
-                                    {"#rrggbb;x=y"},
-                                    {"true"},
-                                    {"0.1"},
-                                    {"DejaVu Sans Mono,10"},
-                                    {"%41"},
-                                    {"\x01\x7f"},
-                                    {std::string("zero\0x", 6)},
-                                    {std::string(20'000, 'x')}};
+    std::vector<Texts> values{{",", ""}, {"@@", "@x"}, {}, {"a", "b,c", " d "}, {"", ""}};
+    for (const auto& one : {std::string("zero\0x", 6), std::string(20'000, 'x')})
+        values.push_back({one});
+    for (const char* one : {"plain", "", "a,b", "\"quoted\"", "back\\slash\\n", "line\nbreak\r\n\ttab",
+                            " leading and trailing ", "µs – ünïcode 🕐", "@", "@Invalid()", "@ByteArray(x)", "one",
+                            "#rrggbb;x=y", "true", "0.1", "DejaVu Sans Mono,10", "%41", "\x01\x7f"})
+        values.push_back({one});
     {
         QtSettingsStore store(file.string(), queue, logger);
         for (std::size_t index = 0; index < values.size(); ++index)
@@ -132,7 +93,8 @@ TEST_F(SettingsStoreTest, WhatOthersWriteIsNoticedAndWhatIsNotSavedYetIsKept) {
 }
 
 TEST_F(SettingsStoreTest, TwoStoresOnOneFileKeepEachOthersChangesAndUnknownKeys) {
-    put(file, "[General]\nchronyc_interval=5\nadj_system=true\nsomebody=\"a, b\"\n[Other]\nsize=@Size(3 4)\n");
+    testing::write_file(
+        file, "[General]\nchronyc_interval=5\nadj_system=true\nsomebody=\"a, b\"\n[Other]\nsize=@Size(3 4)\n");
     fs::permissions(file, fs::perms(0640));
     QtSettingsStore one(file.string(), queue, logger);
     QtSettingsStore two(file.string(), queue, logger);
@@ -170,20 +132,20 @@ TEST_F(SettingsStoreTest, StoresThatSaveAtTheSameTimeLoseNothing) {
 
 TEST_F(SettingsStoreTest, ALinkStaysALink) {
     fs::create_directory(folder / "elsewhere");
-    put(folder / "elsewhere/real.ini", "[General]\na=1\n");
+    testing::write_file(folder / "elsewhere/real.ini", "[General]\na=1\n");
     fs::create_symlink("elsewhere/real.ini", file);
     QtSettingsStore store(file.string(), queue, logger);
     store.write("a", {"2"});
     queue.turn();
     EXPECT_TRUE(fs::is_symlink(file));
-    EXPECT_NE(bytes_of(folder / "elsewhere/real.ini").find("a=2"), std::string::npos);
+    EXPECT_NE(testing::contents(folder / "elsewhere/real.ini").find("a=2"), std::string::npos);
 }
 
 TEST_F(SettingsStoreTest, DamagedFilesAreKeptAsideUnderNamesOfTheirOwn) {
     const Texts damaged{"[General]\na=1\nno line of ours\n", "[General]\na=\xFF\n",
                         std::string("[General]\na=\0\n", 13), "[General]\na=" + std::string(1U << 20U, 'x')};
     for (std::size_t index = 0; index < damaged.size(); ++index) {
-        put(file, damaged[index]);
+        testing::write_file(file, damaged[index]);
         QtSettingsStore store(file.string(), queue, logger);
         EXPECT_FALSE(store.read("a")) << index;
         EXPECT_TRUE(store.load_problem()) << index;
@@ -194,7 +156,7 @@ TEST_F(SettingsStoreTest, DamagedFilesAreKeptAsideUnderNamesOfTheirOwn) {
     }
     Texts kept;
     for (const auto& name : kept_aside())
-        kept.push_back(bytes_of(folder / name));
+        kept.push_back(testing::contents(folder / name));
     EXPECT_TRUE(std::ranges::is_permutation(kept, damaged));
 }
 
@@ -209,9 +171,9 @@ TEST_F(SettingsStoreTest, AFolderInPlaceOfTheFileIsKeptAside) {
 }
 
 TEST_F(SettingsStoreTest, AFileDamagedByOthersMeanwhileIsReplacedByWhatIsKnown) {
-    put(file, "[General]\na=1\n");
+    testing::write_file(file, "[General]\na=1\n");
     QtSettingsStore store(file.string(), queue, logger);
-    put(file, "rubbish");
+    testing::write_file(file, "rubbish");
     ManualMainThread main_thread;
     Texts shown;
     store.set_problem_handler(main_thread, [&](const Failure& failure) { shown.push_back(english(failure)); });
@@ -239,7 +201,7 @@ TEST_F(SettingsStoreTest, AFileThatIsNoFileIsNeitherReadNorWritten) {
 TEST_F(SettingsStoreTest, WithoutPermissionNothingIsWrittenAndTheNextSaveMakesUpForIt) {
     if (::geteuid() == 0)
         GTEST_SKIP() << "root may write everywhere; run as an ordinary user";
-    put(file, "[General]\na=1\n");
+    testing::write_file(file, "[General]\na=1\n");
     fs::permissions(file, fs::perms::none);
     QtSettingsStore unreadable(file.string(), queue, logger);
     unreadable.write("b", {"2"});
@@ -247,7 +209,7 @@ TEST_F(SettingsStoreTest, WithoutPermissionNothingIsWrittenAndTheNextSaveMakesUp
     EXPECT_TRUE(unreadable.load_problem());
     EXPECT_TRUE(unreadable.save_problem());
     fs::permissions(file, fs::perms(0600));
-    EXPECT_EQ(bytes_of(file), "[General]\na=1\n");
+    EXPECT_EQ(testing::contents(file), "[General]\na=1\n");
     fs::permissions(folder, fs::perms(0500));
     QtSettingsStore store(file.string(), queue, logger);
     EXPECT_EQ(store.read("a"), Texts{"1"});
@@ -278,10 +240,15 @@ TEST_F(SettingsStoreTest, FinishWaitsForTheDiskAndGivesUpAtItsLimit) {
 }
 
 TEST_F(SettingsStoreTest, AFullDiskLeavesTheOldFileWhole) {
-    if (::geteuid() != 0 || ::mount("none", folder.c_str(), "tmpfs", 0, "size=64k") != 0)
-        GTEST_SKIP() << "a small file system of our own cannot be mounted here (needs root)";
+    const testing::SmallDisk disk("64k");
+    if (disk.path().empty()) {
+        if (!disk.runs_the_test())
+            GTEST_SKIP() << "This machine lets nobody here mount a disk.";
+        return;
+    }
+    file = disk.path() + "/Tickervantage.ini";
     const std::string old = "[General]\na=1\n";
-    put(file, old);
+    testing::write_file(file, old);
     {
         QtSettingsStore store(file.string(), queue, logger);
         store.write("b", {std::string(100'000, 'x')});
@@ -289,13 +256,12 @@ TEST_F(SettingsStoreTest, AFullDiskLeavesTheOldFileWhole) {
         ASSERT_TRUE(store.save_problem());
         EXPECT_NE(english(*store.save_problem()).find("No space left"), std::string::npos)
             << english(*store.save_problem());
-        EXPECT_EQ(bytes_of(file), old);
+        EXPECT_EQ(testing::contents(file), old);
         store.write("b", {"small"});
         queue.turn();
         EXPECT_FALSE(store.save_problem());
     }
-    EXPECT_NE(bytes_of(file).find("b=small"), std::string::npos);
-    EXPECT_EQ(::umount(folder.c_str()), 0);
+    EXPECT_NE(testing::contents(file).find("b=small"), std::string::npos);
 }
 
 } // namespace

@@ -6,22 +6,8 @@
 #include "settings/settings_catalogue.h"
 #include "support/kept_plots.h"
 #include "support/memory_stores.h"
+#include "support/test.h"
 #include "support/window_test.h"
-
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QClipboard>
-#include <QComboBox>
-#include <QImage>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMouseEvent>
-#include <QPushButton>
-#include <QTemporaryDir>
-
-#include <fstream>
 
 namespace tickervantage {
 namespace {
@@ -189,8 +175,7 @@ TEST_F(SpectrumWindowTest, TheBarPointedAtIsRead) {
     EXPECT_TRUE(status().startsWith(QStringLiteral("Bin 3: 0.0625 Hz, a period of 16 s"))) << status().toStdString();
     EXPECT_TRUE(status().endsWith(QStringLiteral("(mirror image)"))) << status().toStdString();
     const auto status_after = [this](int key) {
-        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
-        QApplication::sendEvent(chart(), &press);
+        testing::press_key(chart(), key);
         return status();
     };
     EXPECT_TRUE(status_after(Qt::Key_Home).startsWith(QStringLiteral("Bin 0, the mean:")));

@@ -11,27 +11,10 @@
 #include "support/manual_timer.h"
 #include "support/memory_stores.h"
 #include "support/recording_canvas.h"
-
-#include <gtest/gtest.h>
-
-#include <QAction>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QLabel>
-#include <QMouseEvent>
-#include <QPushButton>
-#include <QSlider>
-#include <QStatusBar>
-#include <QToolButton>
+#include "support/test.h"
+#include "support/window_test.h"
 
 #include <fmt/format.h>
-
-#include <algorithm>
-#include <atomic>
-#include <cerrno>
-#include <cmath>
 #include <regex>
 
 namespace tickervantage {
@@ -84,7 +67,7 @@ struct KeptTexts : testing::KeptPlots {
     }
 };
 
-struct TrackingWindowTest : ::testing::Test {
+struct TrackingWindowTest : testing::WindowControls<TrackingWindow> {
     testing::MemorySettingsStore store;
     DefaultSettings settings{store};
     QtMainThread main_thread;
@@ -97,7 +80,6 @@ struct TrackingWindowTest : ::testing::Test {
     PreferencesAdvanced preferences;
     int blocks = 0;
     TrackingLogSetting setting = TrackingLogSetting::unknown;
-    std::unique_ptr<TrackingWindow> window;
 
     void SetUp() override { files.create("tracking.log", log_text()); }
     void TearDown() override {
@@ -152,13 +134,6 @@ struct TrackingWindowTest : ::testing::Test {
     void open_and_load() {
         open();
         ASSERT_TRUE(eventually([this] { return blocks == 1; }));
-    }
-
-    template <typename Widget>
-    Widget* find(const char* name) {
-        auto* found = window->findChild<Widget*>(QLatin1String(name));
-        EXPECT_NE(found, nullptr) << name;
-        return found;
     }
 };
 

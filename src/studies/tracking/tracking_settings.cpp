@@ -58,8 +58,7 @@ void TrackingSettings::save(DefaultSettings& settings) const {
 }
 
 int range_hours(int index) {
-    static constexpr std::array<int, range_count> hours{0, 0, 1, 2, 3, 4, 6, 12, 24};
-    return index >= 0 && index < range_count ? hours[static_cast<std::size_t>(index)] : 0;
+    return index >= 0 && index < range_count ? hours_of_ranges[static_cast<std::size_t>(index)] : 0;
 }
 
 } // namespace tickervantage

@@ -33,7 +33,8 @@ struct TrackingSettings {
 };
 
 // The hours of a time range by its index; 0 for the whole log. Index 1 is the pop-up's separator and no range.
-[[nodiscard]] int range_hours(int index);
-inline constexpr int range_count = 9;
+inline constexpr std::array hours_of_ranges{0, 0, 1, 2, 3, 4, 6, 12, 24};
+inline constexpr int range_count = hours_of_ranges.size();
+[[nodiscard]] int range_hours(int index); // 0 for any other index
 
 } // namespace tickervantage
