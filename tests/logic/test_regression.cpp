@@ -88,7 +88,8 @@ TEST(QuadRegression, AgreesWithWiderArithmetic) {
             ASSERT_EQ(fit.coefficients.size(), static_cast<std::size_t>(order) + 1);
             const auto expected = fitted_values(x, y, order);
             for (std::size_t i = 0; i < x.size(); ++i)
-                EXPECT_NEAR(at(fit.coefficients, x[i]), static_cast<double>(expected[i]), one.tolerance) << one.name << order;
+                EXPECT_NEAR(at(fit.coefficients, x[i]), static_cast<double>(expected[i]), one.tolerance)
+                    << one.name << order;
         }
 }
 
