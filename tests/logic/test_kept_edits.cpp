@@ -4,6 +4,7 @@
 #include "linux/kept_files.h"
 #include "support/child_program.h"
 #include "support/manual_dispatch.h"
+#include "support/memory_stores.h"
 #include "support/test.h"
 
 namespace tickervantage {
