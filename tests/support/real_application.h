@@ -10,6 +10,7 @@
 #include "base/dispatch.h"
 #include "gui/main/tickervantage_window.h"
 #include "linux/posix_path_probes.h"
+#include "linux/posix_user_files.h"
 #include "support/fake_followed_files.h"
 #include "support/fake_job_machine.h"
 #include "support/fake_main_window_parts.h"
@@ -41,6 +42,7 @@ struct RealApplication : ::testing::Test {
     OneQueue log_queues;
     ManualQueue job_queue;
     OneJobQueue job_queues{job_queue};
+    PosixFiles documents;
     FakeFollowedFiles log_files;
     PosixPathProbes path_probes;
     MemoryLogger logger;
@@ -115,6 +117,7 @@ private:
                 .logger = logger,
                 .paths = paths,
                 .probes = path_probes,
+                .documents = documents,
                 .job_queues = has_administration ? &job_queues : nullptr};
     }
 };
