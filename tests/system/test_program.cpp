@@ -71,7 +71,7 @@ TEST_F(ProgramDemonstration, ATourLeavesPicturesAndNothingElse) {
         EXPECT_GT(picture.size(), 10'000U) << entry.path() << " is too even to show a window";
     }
     EXPECT_GE(pictures, 4);
-    EXPECT_TRUE(contents(folder + "/status.txt").starts_with("State           : synchronised\n"));
+    EXPECT_TRUE(contents(folder + "/status.txt").starts_with("Verdict         : Synchronised"));
 
     for (const auto* untouched : {"config", "data", "state"})
         EXPECT_EQ(m_instance.home().found_in(untouched), std::vector<std::string>()) << untouched;
