@@ -28,6 +28,7 @@ struct ConfigEditorTest : ::testing::Test {
     PreferencesGeneral general;
     testing::MemoryLogger logger;
     std::string installed_text;
+    Result<> installation = tl::unexpected(said_by_others("The helper is not there."));
     QStringList said;
     std::string state_folder = file("state");
     QWidget desk; // the program's main window
@@ -63,7 +64,7 @@ struct ConfigEditorTest : ::testing::Test {
         QObject::connect(windows.get(), &ConfigWindows::install_wanted, windows.get(),
                          [this](ConfigEditor* editor, const QString& text) {
                              installed_text = text.toStdString();
-                             editor->show_installation(tl::unexpected(said_by_others("The helper is not there.")));
+                             editor->show_installation(installation);
                          });
         QObject::connect(windows.get(), &ConfigWindows::not_opened, windows.get(),
                          [this](const QString& sentence) { said.append(sentence); });
@@ -235,6 +236,28 @@ TEST_F(ConfigEditorTest, InstallAsksSavesAndHandsOver) {
     EXPECT_TRUE(editor()->is_installed_config());
     EXPECT_TRUE(answer("failure", "Dismiss").contains(QStringLiteral("The helper is not there.")));
     EXPECT_TRUE(can("m_install"));
+}
+
+TEST_F(ConfigEditorTest, AnEditOfTheInstalledConfigurationIsSafeOnlyOnceItIsInstalled) {
+    installed();
+    text()->insertPlainText(QStringLiteral("new\n"));
+    check();
+    answer("syntax_ok", "Dismiss");
+    editor()->install();
+    answer("install_sheet", "OK");
+    answer("failure", "Dismiss");
+    EXPECT_TRUE(editor()->isWindowModified());
+    EXPECT_FALSE(editor()->close());
+    answer("unsaved_sheet", "Cancel");
+    installation = {};
+    editor()->install();
+    answer("install_sheet", "OK");
+    EXPECT_FALSE(editor()->isWindowModified());
+    text()->insertPlainText(QStringLiteral("x"));
+    editor()->show_installation({}); // of what it was before this edit
+    EXPECT_TRUE(editor()->isWindowModified());
+    text()->undo();
+    EXPECT_TRUE(editor()->close());
 }
 
 TEST_F(ConfigEditorTest, IncludedFilesOpenAndArePartsThatAreNotInstalled) {

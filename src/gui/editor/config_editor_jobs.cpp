@@ -172,7 +172,9 @@ void ConfigEditor::apply_save(const QString& path, int edits, const SaveAnswer& 
         break;
     }
     m_stamp = answer.stamp;
-    if (m_controls.m_config->edits() == edits)
+    // The copy of the live configuration goes with the program: its edits are safe only once they are installed.
+    const bool is_passing = isInstalledConfig && path == m_path;
+    if (!is_passing && m_controls.m_config->edits() == edits)
         m_controls.m_config->document()->setModified(false);
     //: configuration editor: said after saving; %1 a path
     say(tr("Saved %1.").arg(path));
@@ -239,6 +241,8 @@ void ConfigEditor::show_installation(const Result<>& done) {
     const bool is_as_checked = m_controls.m_config->edits() == m_edits_installed;
     m_controls.m_install->setEnabled(is_as_checked);
     m_actions.at("install")->setEnabled(is_as_checked);
+    if (done && isInstalledConfig && is_as_checked)
+        m_controls.m_config->document()->setModified(false);
     if (!done)
         //: alert: message above the reason
         show_failure(this, tr("The configuration was not installed"), in_words(behind_headline(done.error())));

@@ -2,8 +2,9 @@
 //
 // Install is possible from a passed check until the next edit. Whatever waits for the disk or for chronyd runs on the
 // queue and comes back to the main thread; an answer about a text that was edited meanwhile is dropped. Questions are
-// sheets of the window. A document that cannot be saved stays open and modified. Of one with unsaved changes a copy is
-// kept, some seconds old at most, until it is saved or the changes are given up. Main thread only.
+// sheets of the window. A document that cannot be saved stays open and modified, and so does the live configuration
+// until what was edited is installed. Of one with unsaved changes a copy is kept, some seconds old at most, until it is
+// saved or the changes are given up. Main thread only.
 //
 // The parts outlive the window, and the main thread outlives the queue.
 #pragma once
