@@ -46,7 +46,9 @@ TEST(ServerList, TheFirstBrokenRuleIsNamed) {
                        {{"t", "a", 10, -9}, none},
                        {{"t", "a", -9, -9}, none},
                        {{"t", "", 17, 17}, address_missing},
+                       {{"t", " ", 10, 6}, address_missing},
                        {{"t", "2001:db8::1", 10, 6}, address_has_colon},
+                       {{"t", "ptb time 1.ptb.de", 10, 6}, address_has_blanks},
                        {{"t", "a", 17, 0}, maxpoll_too_large},
                        {{"t", "a", 17, 18}, maxpoll_too_large},
                        {{"t", "a", 16, 17}, minpoll_too_large},
@@ -68,8 +70,11 @@ TEST(ServerList, ChronyLinesLeaveOutWhatChronyDoesItself) {
           {server_data{"t", "a.example", 16, 8}, "server a.example minpoll 8\n"},
           {server_data{"t", "a.example", 16, 12}, "server a.example minpoll 12 maxpoll 16\n"},
           {server_data{"t", "a.example", 8, -9}, "server a.example maxpoll 8\n"},
-          {server_data{"t", "two words"}, "# t: This is no address.\n"},
-          {server_data{"t", ""}, "# t: This is no address.\n"},
+          {parse_server("t:b.example:10:6:true:pool"), "pool b.example iburst\n"},
+          {parse_server("t:b.example:10:6:true:pool:key 5"), "pool b.example iburst\n"},
+          {parse_server("t:b.example:10:6:true:pools"), "server b.example iburst\n"},
+          {server_data{"t", "two words"}, "# t: A name or an address has no blanks.\n"},
+          {server_data{"t", ""}, "# t: A server needs a name or an address.\n"},
           {server_data{"t", "a", 4, 6}, "# t: The smallest poll is larger than the largest.\n"}})
         EXPECT_EQ(chrony_lines({server}), line);
 }
@@ -93,7 +98,7 @@ TEST(ServerList, ImportsServersAndPoolsOnce) {
                                          "server a.example\nserver known.example\nserver\npeer d.example\n",
                                          {{"Known", "known.example"}});
     const std::vector<server_data> expected{{"a.example", "a.example", 16, 3, true},
-                                            {"b.example", "b.example", 10, 6, false},
+                                            {"b.example", "b.example", 10, 6, false, ":pool"},
                                             {"c.example", "c.example", 12, 12, false}};
     EXPECT_EQ(imported.servers, expected);
     EXPECT_EQ(imported.known, 2U);
@@ -101,7 +106,7 @@ TEST(ServerList, ImportsServersAndPoolsOnce) {
 }
 
 TEST(ServerList, TheToolPrintsEveryServerAndWhatIsWrong) {
-    std::vector<server_data> list{{"Lab", "a.example", 10, 6, true}, {"Greedy", "b.example", 10, 3}};
+    std::vector<server_data> list{{"Lab", "a.example", 10, 6, true}, {"Greedy", "b.example", 10, 3, false, ":pool"}};
     std::ostringstream out;
     EXPECT_EQ(print_servers(list, ServersForm::text, out), 0);
     list.insert(list.end(), {{"Low", "b.example", 4, 6},

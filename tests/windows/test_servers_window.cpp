@@ -111,9 +111,13 @@ TEST_F(ServersWindowTest, AnInvalidRowKeepsTheSelection) {
         const char* words;
         bool stored; // or only kept in the field
     };
-    const Case cases[]{{"m_name", "", "name_words", true},         {"m_name", "2001:db8::1", "name_words", false},
-                       {"m_maxpoll", "17", "maxpoll_words", true}, {"m_maxpoll", "ten", "maxpoll_words", false},
-                       {"m_minpoll", "17", "minpoll_words", true}, {"m_minpoll", "", "minpoll_words", false},
+    const Case cases[]{{"m_name", "", "name_words", true},
+                       {"m_name", "2001:db8::1", "name_words", false},
+                       {"m_name", "ptb time 1.ptb.de", "name_words", true},
+                       {"m_maxpoll", "17", "maxpoll_words", true},
+                       {"m_maxpoll", "ten", "maxpoll_words", false},
+                       {"m_minpoll", "17", "minpoll_words", true},
+                       {"m_minpoll", "", "minpoll_words", false},
                        {"m_maxpoll", "5", "minpoll_words", true}};
     for (const auto& c : cases) {
         open(two);
@@ -255,6 +259,7 @@ TEST_F(ServersWindowTest, GoesToAndFromChrony) {
     press("copy_lines");
     const QString lines = QStringLiteral("server one.example iburst\nserver two.example minpoll 4 maxpoll 8\n");
     EXPECT_EQ(QApplication::clipboard()->text(), lines);
+    EXPECT_EQ(words("notice"), "Servers copied as lines of chrony's configuration: 2.");
     EXPECT_FALSE(find<QPushButton>("insert_lines")->isEnabled());
     window->insert_lines();
     EXPECT_EQ(words("notice"), "No configuration is open in the editor.");
@@ -268,6 +273,16 @@ TEST_F(ServersWindowTest, GoesToAndFromChrony) {
     EXPECT_EQ(window->servers().size(), 3U);
     EXPECT_EQ(text("m_name"), "three.example");
     EXPECT_NE(words("notice").find("IPv6"), std::string::npos);
+    EXPECT_TRUE(find<QCheckBox>("pool")->isChecked());
+    press("copy_lines");
+    EXPECT_EQ(QApplication::clipboard()->text(), lines + QStringLiteral("pool three.example iburst\n"));
+    type("m_name", "");
+    press("copy_lines");
+    EXPECT_EQ(words("notice"), "Servers copied as lines of chrony's configuration: 2. Copied as comments, since "
+                               "something is wrong with them: 1.");
+    type("m_name", "four.example");
+    press("pool"); // one server after all
+    EXPECT_TRUE(saved().ends_with("three.example:four.example:10:6:true\n")) << saved();
     const OpenedPages pages;
     press("serverHelp");
     EXPECT_TRUE(pages.last.endsWith(QStringLiteral("chrony.conf.html#server")));

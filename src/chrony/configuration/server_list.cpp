@@ -14,6 +14,8 @@ namespace {
 
 constexpr std::int64_t chrony_smallest = -7;
 constexpr std::int64_t chrony_largest = 24;
+constexpr std::string_view pool_word = "pool";
+constexpr std::string_view pool_field = ":pool"; // as it stands behind the five fields
 
 // Cuts the text up to the next separator off its front.
 std::string_view take_until(std::string_view& rest, char separator) {
@@ -50,6 +52,7 @@ server_data imported(const std::vector<std::string_view>& line) {
                        .address = std::string(line[1]),
                        .maxpoll = *CHRONY_POLLS.maxpoll,
                        .minpoll = *CHRONY_POLLS.minpoll};
+    set_pool(server, is_word(line[0], pool_word));
     for (std::size_t i = 2; i < line.size(); ++i) {
         const bool has_value = i + 1 < line.size();
         if (is_word(line[i], "iburst"))
@@ -72,6 +75,19 @@ bool has_address(const std::vector<server_data>& servers, const std::string& add
 
 bool is_word(std::string_view text, std::string_view word) {
     return std::ranges::equal(text, word, [](unsigned char a, unsigned char b) { return std::tolower(a) == b; });
+}
+
+bool is_pool(const server_data& server) {
+    return server.more == pool_field || server.more.starts_with(std::string(pool_field) + ':');
+}
+
+void set_pool(server_data& server, bool pool) {
+    if (is_pool(server) == pool)
+        return;
+    if (pool)
+        server.more.insert(0, pool_field);
+    else
+        server.more.erase(0, pool_field.size());
 }
 
 std::optional<std::int64_t> poll_in(std::string_view text) {
@@ -123,10 +139,13 @@ std::string format_servers(const std::vector<server_data>& servers) {
 }
 
 ServerProblem check_server(const server_data& server) {
-    if (server.address.empty())
+    const auto parts = words(server.address).size();
+    if (parts == 0)
         return ServerProblem::address_missing;
     if (server.address.find(':') != std::string::npos)
         return ServerProblem::address_has_colon;
+    if (parts > 1)
+        return ServerProblem::address_has_blanks;
     if (server.maxpoll > LARGEST_POLL)
         return ServerProblem::maxpoll_too_large;
     if (server.minpoll > LARGEST_POLL)
@@ -148,6 +167,7 @@ ServerField field_of(ServerProblem problem) {
         return ServerField::none;
     case address_missing:
     case address_has_colon:
+    case address_has_blanks:
         return ServerField::address;
     case maxpoll_no_number:
     case maxpoll_too_large:
@@ -168,6 +188,8 @@ const char* sentence_of(ServerProblem problem) {
         TV_TEXT("servers", "A server needs a name or an address."),
         //: server window: said below a field whose value is not valid
         TV_TEXT("servers", "An IPv6 address has no place in the list's file; use a name."),
+        //: server window: said below a field whose value is not valid
+        TV_TEXT("servers", "A name or an address has no blanks."),
         //: server window: said below a field whose value is not valid
         TV_TEXT("servers", "The largest poll is not a whole number."),
         //: server window: said below a field whose value is not valid
@@ -205,7 +227,7 @@ bool asks_too_often(const server_data& server) {
 
 std::string chrony_line(const server_data& server) {
     const LinePolls polls = polls_of_line(server);
-    std::string line = "server " + server.address;
+    std::string line = (is_pool(server) ? "pool " : "server ") + server.address;
     if (polls.minpoll)
         line += " minpoll " + std::to_string(*polls.minpoll);
     if (polls.maxpoll)
@@ -217,11 +239,9 @@ std::string chrony_lines(const std::vector<server_data>& servers) {
     std::string text;
     for (const auto& server : servers) {
         const auto problem = check_server(server);
-        const bool one_word = words(server.address).size() == 1;
-        if (problem == ServerProblem::none && one_word)
-            text += chrony_line(server) + "\n";
-        else
-            text += "# " + server.title + ": " + (one_word ? sentence_of(problem) : "This is no address.") + "\n";
+        text +=
+            problem == ServerProblem::none ? chrony_line(server) : "# " + server.title + ": " + sentence_of(problem);
+        text += '\n';
     }
     return text;
 }
@@ -230,7 +250,7 @@ ImportedServers import_servers(std::string_view configuration, const std::vector
     ImportedServers result;
     for (const auto line : non_empty_lines(configuration)) {
         const auto parts = words(line);
-        if (parts.size() < 2 || !(is_word(parts[0], "server") || is_word(parts[0], "pool")))
+        if (parts.size() < 2 || !(is_word(parts[0], "server") || is_word(parts[0], pool_word)))
             continue;
         server_data server = imported(parts);
         if (server.address.find(':') != std::string::npos)

@@ -1,9 +1,9 @@
 // The user's own list of NTP servers: its text form, its rules, and its way to and from chrony's configuration.
 //
-// The text has one server a line: title, address, maxpoll, minpoll, iburst ("true" or "false"), joined by ":". So no
-// field can hold a colon, and IPv6 addresses have no place in the list. Polls are exponents of two, in seconds; chrony
-// knows -7 to 24. Reading never fails: what a line lacks or has garbled stands at the defaults of a new server.
-// Sources: chrony.conf(5), "server" and "pool". Any thread.
+// The text has one server a line: title, address, maxpoll, minpoll, iburst ("true" or "false"), joined by ":", and for
+// a pool the word "pool" behind them. So no field can hold a colon, and IPv6 addresses have no place in the list. Polls
+// are exponents of two, in seconds; chrony knows -7 to 24. Reading never fails: what a line lacks or has garbled stands
+// at the defaults of a new server. Sources: chrony.conf(5), "server" and "pool". Any thread.
 #pragma once
 
 #include <cstddef>
@@ -28,6 +28,10 @@ struct server_data {
     bool operator==(const server_data&) const = default;
 };
 
+// Whether the name stands for several servers, of which chrony takes some. Kept in what stands behind the fields.
+[[nodiscard]] bool is_pool(const server_data& server);
+void set_pool(server_data& server, bool pool);
+
 inline constexpr std::int64_t LARGEST_POLL = 16; // that the list takes
 
 // Empty lines are passed over; a line may end in CR LF.
@@ -39,6 +43,7 @@ enum class ServerProblem : unsigned char {
     none,
     address_missing,
     address_has_colon,
+    address_has_blanks,
     maxpoll_no_number,
     minpoll_no_number,
     maxpoll_too_large,
@@ -74,7 +79,7 @@ inline constexpr LinePolls CHRONY_POLLS{6, 10};
 // Whether the line would ask a server of others more often than they like.
 [[nodiscard]] bool asks_too_often(const server_data& server);
 
-// "server ADDRESS minpoll N maxpoll M iburst".
+// "server ADDRESS minpoll N maxpoll M iburst", or "pool" in place of "server".
 [[nodiscard]] std::string chrony_line(const server_data& server);
 
 // One line a server; one that breaks a rule becomes a comment that says why.

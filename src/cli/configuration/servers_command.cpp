@@ -21,13 +21,15 @@ Json json_of(const std::vector<server_data>& servers) {
                             {"maxpoll", server.maxpoll},
                             {"minpoll", server.minpoll},
                             {"iburst", server.iburst},
+                            {"pool", is_pool(server)},
                             {"valid", is_valid(server)}});
     return document;
 }
 
 void print_line(const server_data& server, std::ostream& out) {
     std::string line = server.title + ": " + server.address + ", maxpoll " + std::to_string(server.maxpoll) +
-                       ", minpoll " + std::to_string(server.minpoll) + (server.iburst ? ", iburst" : "");
+                       ", minpoll " + std::to_string(server.minpoll) + (server.iburst ? ", iburst" : "") +
+                       (is_pool(server) ? ", pool" : "");
     if (!is_valid(server))
         line += std::string("  INVALID: ") + sentence_of(check_server(server));
     else if (asks_too_often(server))

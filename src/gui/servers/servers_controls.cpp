@@ -107,6 +107,12 @@ void build_fields(ServersControls& controls) {
                               Texts::tr("Start with a burst of requests"),
                               //: server window: tooltip of the box for iburst
                               Texts::tr("iburst: a few quick requests at the start set the clock sooner"));
+    //: server window: check box
+    controls.pool = named(new QCheckBox(Texts::tr("A name of &several servers (pool)"), parent), "pool",
+                          //: server window: name of that check box, and its tooltip
+                          Texts::tr("A name of several servers"),
+                          //: server window: tooltip of the box for a pool
+                          Texts::tr("pool: chrony takes several of the servers that the name stands for"));
     for (auto* field : {controls.m_minpoll, controls.m_maxpoll})
         field->setMaximumWidth(field->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 10);
 }
@@ -131,6 +137,7 @@ void build_record(QWidget* parent, ServersControls& controls) {
         Texts::tr("&Largest poll:"), controls.m_maxpoll);
     form->addRow(QString(), controls.maxpoll_words);
     form->addRow(QString(), controls.m_iburst);
+    form->addRow(QString(), controls.pool);
 }
 
 QLayout* build_buttons(QWidget* parent, ServersControls& controls) {
@@ -145,7 +152,7 @@ QLayout* build_buttons(QWidget* parent, ServersControls& controls) {
                           //: server window: name of the button that copies the list as lines
                           Texts::tr("Copy Lines"),
                           //: server window: tooltip of that button
-                          Texts::tr("Copy the list as \"server\" lines of chrony's configuration"));
+                          Texts::tr("Copy the list as lines of chrony's configuration"));
     //: server window: button, the list goes into the configuration that is being edited
     controls.insert = named(new QPushButton(Texts::tr("Insert in &Editor"), parent), "insert_lines",
                             //: server window: name of the button that inserts the list into the editor

@@ -31,6 +31,7 @@ struct ServersControls {
     QLineEdit* m_minpoll = nullptr;
     QLineEdit* m_maxpoll = nullptr;
     QCheckBox* m_iburst = nullptr;
+    QCheckBox* pool = nullptr;
     QLabel* name_words = nullptr; // below the field: what is wrong, or what it means
     QLabel* minpoll_words = nullptr;
     QLabel* maxpoll_words = nullptr;

@@ -19,6 +19,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <iterator>
 
 namespace tickervantage {
 namespace {
@@ -60,7 +61,8 @@ void ServersWindow::build_actions() {
 void ServersWindow::connect_controls() {
     for (auto* field : {m_controls.m_name, m_controls.m_maxpoll, m_controls.m_minpoll})
         connect(field, &QLineEdit::textEdited, this, [this] { enterText(); });
-    connect(m_controls.m_iburst, &QCheckBox::clicked, this, [this] { enterText(); });
+    for (auto* box : {m_controls.m_iburst, m_controls.pool})
+        connect(box, &QCheckBox::clicked, this, [this] { enterText(); });
     for (int segment : {0, 1})
         connect(m_controls.segments.at(static_cast<std::size_t>(segment)), &QToolButton::clicked, this,
                 [this, segment] { ServerControl(segment); });
@@ -195,6 +197,7 @@ void ServersWindow::enterText() {
     typed.maxpoll = poll_in(m_controls.m_maxpoll->text().toStdString()).value_or(typed.maxpoll);
     typed.minpoll = poll_in(m_controls.m_minpoll->text().toStdString()).value_or(typed.minpoll);
     typed.iburst = m_controls.m_iburst->isChecked();
+    set_pool(typed, m_controls.pool->isChecked());
     show_problem(typed_problem());
     if (typed == server)
         return;
@@ -262,6 +265,7 @@ void ServersWindow::show_record() {
     m_controls.m_maxpoll->setText(shown ? QString::number(server.maxpoll) : QString());
     m_controls.m_minpoll->setText(shown ? QString::number(server.minpoll) : QString());
     m_controls.m_iburst->setChecked(shown && server.iburst);
+    m_controls.pool->setChecked(shown && is_pool(server));
     m_controls.record->setEnabled(shown);
     show_problem(shown ? typed_problem() : ServerProblem::none);
 }
@@ -343,8 +347,13 @@ void ServersWindow::serverHelp() {
 
 void ServersWindow::copy_lines() {
     QGuiApplication::clipboard()->setText(from_std(chrony_lines(m_servers)));
+    const auto good = std::ranges::count(m_servers, ServerProblem::none, check_server);
     //: server window: said when the list went to the clipboard; %1 the number of servers
-    show_notice(tr("Servers copied as lines of chrony's configuration: %1.").arg(m_model->rowCount()));
+    QString said = tr("Servers copied as lines of chrony's configuration: %1.").arg(good);
+    if (const auto bad = std::ssize(m_servers) - good; bad > 0)
+        //: server window: goes on from there; %1 the number of servers
+        said += tr(" Copied as comments, since something is wrong with them: %1.").arg(bad);
+    show_notice(said);
 }
 
 void ServersWindow::insert_lines() {
@@ -412,7 +421,7 @@ void ServersWindow::update_buttons() {
     m_controls.insert->setEnabled(m_editor_is_open && !m_servers.empty());
     //: server window: tooltips of the button that inserts the list into the editor
     m_controls.insert->setToolTip(m_editor_is_open
-                                      ? tr("Insert the list as \"server\" lines where the cursor stands")
+                                      ? tr("Insert the list as lines where the cursor stands")
                                       : /*: server window: tooltip of that button while the editor is closed */ tr(
                                             "Open a configuration in the editor first"));
 }
