@@ -252,6 +252,25 @@ TEST(CommandOutput, ShowsWhateverBytesComeAndTakesAFont) {
     EXPECT_NE(output.font().pointSizeF(), 17);
 }
 
+TEST_F(MainWindowTest, ARefusedReportIsNamedInPlaceOfTheFormerOne) {
+    struct Paints : QObject {
+        int count = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    } paints;
+    open();
+    choose("commandMenu", "authdata");
+    auto* output = find<CommandOutput>("m_textscroll");
+    QApplication::processEvents();
+    output->viewport()->installEventFilter(&paints);
+    choose("commandMenu", "selectdata");
+    QApplication::processEvents();
+    EXPECT_TRUE(output->placeholderText().contains(QStringLiteral("selectdata")));
+    EXPECT_GT(paints.count, 0) << "the former report's name is still on the screen";
+}
+
 TEST(LocalTimeText, FollowsTheLocaleWithAShortMonthAndNoWeekday) {
     const QDateTime time(QDate(2026, 11, 21), QTime(15, 4, 5), QTimeZone::utc());
     EXPECT_EQ(local_time_text(time, QLocale(QLocale::English, QLocale::UnitedStates)),

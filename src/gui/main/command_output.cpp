@@ -48,6 +48,14 @@ bool CommandOutput::replace_changed_lines(const QStringList& lines) {
     return true;
 }
 
+// Qt paints a placeholder when it appears and when it goes, but not when its words change.
+void CommandOutput::show_instead(const QString& words) {
+    if (words == placeholderText())
+        return;
+    setPlaceholderText(words);
+    viewport()->update();
+}
+
 void CommandOutput::set_font(const Font& font) {
     QFont chosen = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     if (!font.family.empty()) {

@@ -19,6 +19,9 @@ public:
     // stay; with another text the scroll position stays where that is possible.
     void show_text(const std::string& text);
 
+    // What stands in the place of an empty text.
+    void show_instead(const QString& words);
+
     // No family: the system's fixed-pitch font.
     void set_font(const Font& font);
 

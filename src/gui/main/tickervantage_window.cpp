@@ -215,7 +215,7 @@ void TickervantageWindow::show_notice(const StatusNotice& notice) {
     if (notice.kind != StatusNotice::Kind::none)
         m_controls.verdict->show_silence(sentence);
     // An empty report explains itself where the eye looks for it.
-    m_controls.m_textscroll->setPlaceholderText(notice.kind == StatusNotice::Kind::none ? QString() : sentence);
+    m_controls.m_textscroll->show_instead(notice.kind == StatusNotice::Kind::none ? QString() : sentence);
     Q_EMIT reading_applied(notice);
 }
 
