@@ -123,6 +123,10 @@ struct ConfigEditorTest : ::testing::Test {
         editor()->save();
         settle();
     }
+    void install() {
+        editor()->install();
+        settle();
+    }
     // Reads the sheet and presses one of its buttons.
     QString answer(const char* name, const char* button) { return answer(find<QMessageBox>(name), button); }
     QString answer(const QPointer<QMessageBox>& box, const char* button) {
@@ -223,13 +227,15 @@ TEST_F(ConfigEditorTest, InstallAsksSavesAndHandsOver) {
     text()->insertPlainText(QStringLiteral("new\n"));
     check();
     answer("syntax_ok", "Dismiss");
-    editor()->install();
+    install();
+    EXPECT_TRUE(find<QLabel>("change")->text().contains(QStringLiteral("brings it back")));
+    EXPECT_EQ(find<QPlainTextEdit>("m_difference")->toPlainText(), QStringLiteral("+new\n pool a\n server b\n last\n"));
     EXPECT_EQ(answer("install_sheet", "Cancel"),
               QStringLiteral("Installing new Chrony configuration|Configuration file ") + path("installed.conf") +
                   QStringLiteral(" will be overwritten and chronyd will be restarted\n\nThis cannot be undone\nOK to "
                                  "proceed or Cancel to abort the installation\n"));
     EXPECT_EQ(installed_text, "");
-    editor()->install();
+    install();
     answer("install_sheet", "OK");
     EXPECT_EQ(installed_text, "new\npool a\nserver b\nlast");
     EXPECT_EQ(read("show_chrony.conf"), installed_text);
@@ -243,14 +249,14 @@ TEST_F(ConfigEditorTest, AnEditOfTheInstalledConfigurationIsSafeOnlyOnceItIsInst
     text()->insertPlainText(QStringLiteral("new\n"));
     check();
     answer("syntax_ok", "Dismiss");
-    editor()->install();
+    install();
     answer("install_sheet", "OK");
     answer("failure", "Dismiss");
     EXPECT_TRUE(editor()->isWindowModified());
     EXPECT_FALSE(editor()->close());
     answer("unsaved_sheet", "Cancel");
     installation = {};
-    editor()->install();
+    install();
     answer("install_sheet", "OK");
     EXPECT_FALSE(editor()->isWindowModified());
     text()->insertPlainText(QStringLiteral("x"));
@@ -258,6 +264,27 @@ TEST_F(ConfigEditorTest, AnEditOfTheInstalledConfigurationIsSafeOnlyOnceItIsInst
     EXPECT_TRUE(editor()->isWindowModified());
     text()->undo();
     EXPECT_TRUE(editor()->close());
+}
+
+TEST_F(ConfigEditorTest, TheQuestionToInstallTellsWhatIsThereNow) {
+    open("a.conf", "pool a\n");
+    const auto change = [this] {
+        install();
+        const QString words = find<QLabel>("change")->text();
+        EXPECT_EQ(editor()->findChild<QPlainTextEdit*>(QStringLiteral("m_difference")), nullptr);
+        answer("install_sheet", "Cancel");
+        return words;
+    };
+    write("installed.conf", "pool a\n");
+    EXPECT_TRUE(change().startsWith(QStringLiteral("Nothing would change")));
+    QFile::remove(path("installed.conf"));
+    EXPECT_EQ(change(), QStringLiteral("There is no configuration in that place yet."));
+    QDir().mkdir(path("installed.conf"));
+    EXPECT_TRUE(change().contains(QStringLiteral("cannot be shown: it is a folder")));
+    editor()->install();
+    text()->insertPlainText(QStringLiteral("x"));
+    settle();
+    EXPECT_EQ(editor()->findChild<QMessageBox*>(), nullptr) << "asked about a text that is no longer there";
 }
 
 TEST_F(ConfigEditorTest, IncludedFilesOpenAndArePartsThatAreNotInstalled) {

@@ -1,6 +1,6 @@
 #include "gui/administration/kept_configurations_window.h"
 
-#include "base/text_difference.h"
+#include "gui/common/difference_view.h"
 #include "gui/common/words.h"
 #include "qt/in_words.h"
 #include "qt/text_scale.h"
@@ -8,14 +8,12 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTextCharFormat>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -27,17 +25,6 @@ namespace {
 
 QString date_text(std::int64_t seconds) {
     return QLocale().toString(QDateTime::fromSecsSinceEpoch(seconds), QLocale::ShortFormat);
-}
-
-QTextCharFormat format_of(char sign, const QPalette& palette) {
-    constexpr int half = 128;
-    const bool dark = palette.color(QPalette::Base).lightness() < half;
-    QTextCharFormat format;
-    if (sign == '-')
-        format.setForeground(dark ? QColor(0xff, 0x8c, 0x84) : QColor(0xb8, 0x20, 0x18));
-    if (sign == '+')
-        format.setForeground(dark ? QColor(0x8c, 0xd0, 0x8c) : QColor(0x1c, 0x6b, 0x2a));
-    return format;
 }
 
 } // namespace
@@ -73,14 +60,7 @@ void KeptConfigurationsWindow::build_list() {
 void KeptConfigurationsWindow::build_difference() {
     m_title = new QLabel(this);
     m_title->setObjectName(QStringLiteral("difference_title"));
-    //: former configurations: name of the text that shows the lines that differ
-    m_difference = named(new QPlainTextEdit(this), "m_difference", tr("Difference"),
-                         //: former configurations: tooltip of that text
-                         tr("Lines that would go begin with −, lines that would come with +"));
-    m_difference->setReadOnly(true);
-    m_difference->setTabChangesFocus(true);
-    m_difference->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_difference->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_difference = make_difference_view(this);
     m_title->setBuddy(m_difference);
 }
 
@@ -157,13 +137,9 @@ void KeptConfigurationsWindow::show_difference() {
     const auto* one = chosen();
     const auto lines = one ? text_difference(m_content.installed, one->text) : std::vector<DifferenceLine>();
     m_restore->setEnabled(!lines.empty());
-    m_difference->clear();
     //: former configurations: above the lines that differ; the same where there are none
     m_title->setText(one && lines.empty() ? tr("This is what is installed.") : tr("What would c&hange:"));
-    QTextCursor cursor(m_difference->document());
-    for (const auto& line : lines)
-        cursor.insertText(QString::fromStdString(difference_text({line})), format_of(line.sign, palette()));
-    m_difference->moveCursor(QTextCursor::Start);
+    tickervantage::show_difference(m_difference, lines);
 }
 
 void KeptConfigurationsWindow::restore() {

@@ -218,12 +218,14 @@ void ConfigEditor::save_and_install() {
     isInstalledConfig ? write_to(m_path, true, AfterSaving::install) : save_then(AfterSaving::install);
 }
 
+void ConfigEditor::say_text_changed() {
+    //: configuration editor: said when the text was edited while it was saved for an installation
+    say(tr("The text changed meanwhile, so it was not installed; check it again."));
+}
+
 void ConfigEditor::hand_over_text() {
-    if (!m_controls.m_install->isEnabled()) {
-        //: configuration editor: said when the text was edited while it was saved for an installation
-        say(tr("The text changed meanwhile, so it was not installed; check it again."));
-        return;
-    }
+    if (!m_controls.m_install->isEnabled())
+        return say_text_changed();
     m_controls.m_install->setEnabled(false); // until it is done
     m_actions.at("install")->setEnabled(false);
     //: configuration editor: said during the installation

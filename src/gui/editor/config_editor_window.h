@@ -99,6 +99,8 @@ private:
     void build_included_menu();
     void list_included(QMenu* menu);
     void offer_to_install();
+    void refuse_part();
+    void say_text_changed();
     template <class Read, class Then>
     void load_with(Read read, Then then);
     void show_loaded(const Loaded& loaded);

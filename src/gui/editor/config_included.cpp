@@ -1,5 +1,6 @@
 // The configuration editor and the files that a configuration takes in: they can be opened and checked, but each is
 // only a part, which must not be installed in place of the whole.
+#include "base/text_difference.h"
 #include "chrony/configuration/included_files.h"
 #include "gui/common/words.h"
 #include "gui/editor/config_editor_window.h"
@@ -7,6 +8,8 @@
 #include "gui/editor/config_text.h"
 
 #include <QMenu>
+
+#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -49,29 +52,38 @@ void ConfigEditor::list_included(QMenu* menu) {
     });
 }
 
-// Whoever installs a part in place of the whole is left without sources, keys and access rules.
 void ConfigEditor::offer_to_install() {
-    const QString config = from_std(m_parts.general.config);
-    const auto ask = [this, config] {
-        ask_to_install(this, config, [this] { save_and_install(); });
+    const auto look = [&files = m_parts.files, config = m_parts.general.config,
+                       text = m_controls.m_config->whole_text(),
+                       path = isInstalledConfig ? std::string() : m_path.toStdString()] {
+        const FileReading former = files.read(config, largest_document);
+        const bool is_part = !path.empty() && (is_source_file(path) || is_included(former.bytes, path));
+        InstallationChange change{.former = former.outcome, .reason = former.reason};
+        if (!is_part && former.outcome == FileReading::Outcome::read)
+            change.lines = text_difference(former.bytes, text.toStdString());
+        return std::pair(is_part, std::move(change));
     };
-    if (m_path.isEmpty() || isInstalledConfig)
-        return ask();
-    const auto look = [&files = m_parts.files, config = m_parts.general.config, path = m_path.toStdString()] {
-        return is_source_file(path) || is_included(files.read(config, largest_document).bytes, path);
-    };
-    m_background.start(m_parts.queue, look, [this, ask, config](bool is_part) {
-        if (!is_part)
-            return ask();
-        //: alert: message above the reason
-        show_failure(this, tr("The configuration was not installed"),
-                     //: alert: %1 is the file that was to be installed, %2 the installed configuration
-                     tr("%1 is a part of a configuration; installing it would put it in the place of the whole, %2. A "
-                        "part belongs where it lies: save it there, or save a copy and put it there as an "
-                        "administrator:\n\nsudo install -m 644 COPY %1\n\nThen restart chronyd.")
-                         .arg(m_path, config));
+    const auto then = [this, edits = m_controls.m_config->edits()](const std::pair<bool, InstallationChange>& found) {
+        if (found.first)
+            refuse_part();
+        else if (m_controls.m_config->edits() != edits)
+            say_text_changed();
+        else
+            ask_to_install(this, from_std(m_parts.general.config), found.second, [this] { save_and_install(); });
         Q_EMIT settled();
-    });
+    };
+    m_background.start_newest(m_parts.queue, look, then);
+}
+
+// Whoever installs a part in place of the whole is left without sources, keys and access rules.
+void ConfigEditor::refuse_part() {
+    //: alert: message above the reason
+    show_failure(this, tr("The configuration was not installed"),
+                 //: alert: %1 is the file that was to be installed, %2 the installed configuration
+                 tr("%1 is a part of a configuration; installing it would put it in the place of the whole, %2. A "
+                    "part belongs where it lies: save it there, or save a copy and put it there as an "
+                    "administrator:\n\nsudo install -m 644 COPY %1\n\nThen restart chronyd.")
+                     .arg(m_path, from_std(m_parts.general.config)));
 }
 
 } // namespace tickervantage

@@ -1,10 +1,15 @@
 #include "gui/editor/config_sheets.h"
 
+#include "gui/common/difference_view.h"
 #include "gui/common/words.h"
 #include "qt/in_words.h"
 
 #include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 
 #include <utility>
@@ -49,6 +54,49 @@ QString first_warnings(const std::vector<ConfigurationWarning>& warnings) {
         text += QLatin1Char('\n') +
                 Texts::tr("and %1 more, listed in the window.").arg(warnings.size() - WARNINGS_IN_A_SHEET);
     return text;
+}
+
+QString words_of(const InstallationChange& change) {
+    using Outcome = FileReading::Outcome;
+    if (change.former == Outcome::missing)
+        //: install sheet: below the question
+        return Texts::tr("There is no configuration in that place yet.");
+    //: install sheet: below the question; “Former Configurations…” and “Chrony” are an item and a menu
+    const QString kept =
+        Texts::tr("What is installed now is kept: “Former Configurations…” in the menu “Chrony” of the main "
+                  "window shows it and brings it back.");
+    if (change.former != Outcome::read)
+        //: install sheet: below the question; %1 is a reason, such as "Permission denied"
+        return Texts::tr("What would change cannot be shown: %1.").arg(in_words(change.reason)) + QLatin1Char('\n') +
+               kept;
+    return change.lines.empty()
+               //: install sheet: below the question
+               ? Texts::tr("Nothing would change: this is what is installed.")
+               : kept + QStringLiteral("\n\n") +
+                     /*: install sheet: above the lines that differ */ Texts::tr("What would change:");
+}
+
+// Below the words of the question, which stay as they are: a message box has a grid for its contents.
+void add_change(QMessageBox* box, const InstallationChange& change) {
+    auto* grid = qobject_cast<QGridLayout*>(box->layout());
+    if (grid == nullptr)
+        return;
+    auto* buttons = box->findChild<QDialogButtonBox*>();
+    grid->removeWidget(buttons);
+    auto* words = new QLabel(words_of(change), box);
+    words->setObjectName(QStringLiteral("change"));
+    words->setTextFormat(Qt::PlainText);
+    words->setWordWrap(true);
+    grid->addWidget(words, grid->rowCount(), 0, 1, -1);
+    if (!change.lines.empty()) {
+        constexpr int lines_in_sight = 10;
+        auto* view = make_difference_view(box);
+        view->setMinimumHeight(lines_in_sight * view->fontMetrics().lineSpacing());
+        show_difference(view, change.lines);
+        words->setBuddy(view);
+        grid->addWidget(view, grid->rowCount(), 0, 1, -1);
+    }
+    grid->addWidget(buttons, grid->rowCount(), 0, 1, -1);
 }
 
 template <class Choice>
@@ -102,7 +150,8 @@ void show_failure(QWidget* window, const QString& what, const QString& sentence)
     show_with_dismiss(sheet(window, "failure", QMessageBox::Warning, what, sentence));
 }
 
-void ask_to_install(QWidget* window, const QString& path, std::function<void()> install) {
+void ask_to_install(QWidget* window, const QString& path, const InstallationChange& change,
+                    std::function<void()> install) {
     //: Install config warning; %1 is a path
     const QString warning = Texts::tr("Configuration file %1 will be overwritten and chronyd will be restarted\n"
                                       "\nThis cannot be undone"
@@ -116,6 +165,7 @@ void ask_to_install(QWidget* window, const QString& path, std::function<void()> 
     //: install sheet: button
     auto* cancel = box->addButton(Texts::tr("Cancel"), QMessageBox::RejectRole);
     box->setEscapeButton(cancel);
+    add_change(box, change);
     ask<bool>(box, {{ok, true}}, false, [install = std::move(install)](bool agreed) {
         if (agreed)
             install();

@@ -2,6 +2,8 @@
 // themselves; what was chosen comes to the function given. Main thread.
 #pragma once
 
+#include "base/text_difference.h"
+#include "base/user_files.h"
 #include "chrony/configuration/configuration_check.h"
 
 #include <QString>
@@ -18,7 +20,14 @@ void show_syntax_error(QWidget* window, const ConfigError& error);
 void show_doubt(QWidget* window, const ConfigError& error); // no error was found, yet chronyd refuses
 void show_failure(QWidget* window, const QString& what, const QString& sentence);
 
-void ask_to_install(QWidget* window, const QString& path, std::function<void()> install);
+// What an installation would change, as the question shows it.
+struct InstallationChange {
+    std::vector<DifferenceLine> lines = {};
+    FileReading::Outcome former = FileReading::Outcome::missing; // how the file at its place was found
+    Failure reason = {};                                         // why it could not be read
+};
+void ask_to_install(QWidget* window, const QString& path, const InstallationChange& change,
+                    std::function<void()> install);
 
 enum class UnsavedChoice : unsigned char { save, discard, keep_editing };
 void ask_about_unsaved(QWidget* window, const QString& title, std::function<void(UnsavedChoice)> chosen);
