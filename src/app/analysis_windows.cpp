@@ -2,32 +2,13 @@
 
 #include "app/administration.h"
 #include "app/bring_to_front.h"
-#include "draw/canvases.h"
-#include "linux/small_file.h"
-#include "qt/picture_file.h"
+#include "app/plot_files.h"
 
 #include <QPointer>
 
 #include <utility>
 
 namespace tickervantage {
-namespace {
-
-class PlotFiles : public PlotWriter {
-    Result<> write_picture(const std::string& path, const PictureFormat& format,
-                           const RecordedDrawing& drawing) override {
-        const auto draw = [&drawing](Canvas& canvas, Rect) {
-            drawing.replay(canvas);
-        };
-        return tickervantage::write_picture(path, format, draw);
-    }
-    Result<> write_table(const std::string& path, std::string_view csv) override {
-        return replace_small_file(path, csv);
-    }
-};
-
-} // namespace
-
 AnalysisWindows::AnalysisWindows(AnalysisParts parts) : m_parts(std::move(parts)), m_background(m_parts.main_thread) {}
 
 AnalysisWindows::~AnalysisWindows() {

@@ -23,9 +23,9 @@ Draft::~Draft() {
         ::unlinkat(m_folder, m_name.c_str(), 0);
 }
 
-int Draft::open() {
+int Draft::open(mode_t mode) {
     ::unlinkat(m_folder, m_name.c_str(), 0);
-    m_file.reset(::openat(m_folder, m_name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+    m_file.reset(::openat(m_folder, m_name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
     return m_file.valid() ? 0 : -1;
 }
 

@@ -5,12 +5,17 @@
 
 #include "linux/file_descriptor.h"
 
+#include <sys/types.h>
+
 #include <string>
 
 namespace tickervantage {
 
 // ".NAMEENDING" in the folder of the path, which may be a mere name.
 [[nodiscard]] std::string beside(const std::string& path, const std::string& ending);
+
+inline constexpr mode_t PRIVATE_FILE = 0600;
+inline constexpr mode_t ORDINARY_FILE = 0666; // as any program makes one
 
 class Draft {
 public:
@@ -20,8 +25,9 @@ public:
     Draft(const Draft&) = delete;
     Draft& operator=(const Draft&) = delete;
 
-    // An empty file that only its owner may read, for reading and writing. What a killed run left there goes.
-    [[nodiscard]] int open();
+    // An empty file for reading and writing, of that mode less what the umask takes; usually only its owner may read
+    // it. What a killed run left there goes.
+    [[nodiscard]] int open(mode_t mode = PRIVATE_FILE);
     [[nodiscard]] int get() const { return m_file.get(); }
     [[nodiscard]] int put_in_place();
 

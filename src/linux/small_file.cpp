@@ -1,7 +1,6 @@
 #include "linux/small_file.h"
 
 #include "base/failure_codes.h"
-#include "linux/draft.h"
 #include "linux/file_descriptor.h"
 
 #include <fcntl.h>
@@ -25,7 +24,6 @@ namespace tickervantage {
 
 namespace {
 
-constexpr mode_t private_file = 0600;
 constexpr mode_t permission_bits = 07777;
 
 std::string folder_of(const std::string& path) {
@@ -104,8 +102,8 @@ bool reads_back(int fd, const Written& written) {
     }
 }
 
-int write_draft(Draft& draft, const std::string& path, const WriteText& write) {
-    if (draft.open() != 0 || take_over_owner_and_mode(draft.get(), path) != 0)
+int write_draft(Draft& draft, const std::string& path, const WriteText& write, mode_t new_file) {
+    if (draft.open(new_file) != 0 || take_over_owner_and_mode(draft.get(), path) != 0)
         return -1;
     Written written;
     errno = ECANCELED; // unless a call to the kernel fails, it was the writer that gave up
@@ -166,9 +164,9 @@ FileReading read_small_file(const std::string& path, std::size_t limit) {
                           : unreadable(system_failure(errno));
 }
 
-Result<> replace_file(const std::string& path, const WriteText& write) {
+Result<> replace_file(const std::string& path, const WriteText& write, mode_t new_file) {
     Draft draft(AT_FDCWD, path);
-    if (write_draft(draft, path, write) != 0 || draft.put_in_place() != 0)
+    if (write_draft(draft, path, write, new_file) != 0 || draft.put_in_place() != 0)
         return failed(FailureCode::cannot_write, {path}, errno);
     const FileDescriptor folder(::open(folder_of(path).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!folder.valid() || flush_folder(folder.get()) != 0)
@@ -176,8 +174,9 @@ Result<> replace_file(const std::string& path, const WriteText& write) {
     return {};
 }
 
-Result<> replace_small_file(const std::string& path, std::string_view bytes) {
-    return replace_file(path, [bytes](const TextSink& sink) { return sink(bytes); });
+Result<> replace_small_file(const std::string& path, std::string_view bytes, mode_t new_file) {
+    return replace_file(
+        path, [bytes](const TextSink& sink) { return sink(bytes); }, new_file);
 }
 
 Result<std::string> set_file_aside(const std::string& path) {
@@ -213,7 +212,7 @@ Result<> make_private_folder(const std::string& path) {
 
 Result<> FileLock::lock(const std::string& path, std::chrono::milliseconds time_limit) {
     const std::string name = beside(path, ".lock");
-    FileDescriptor file(::open(name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, private_file));
+    FileDescriptor file(::open(name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, PRIVATE_FILE));
     if (!file.valid())
         return failed(FailureCode::cannot_lock, {path}, errno);
     give_to_owner_of(folder_of(path), file.get());

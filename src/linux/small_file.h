@@ -5,6 +5,7 @@
 #pragma once
 
 #include "base/user_files.h"
+#include "linux/draft.h"
 #include "linux/file_descriptor.h"
 
 #include <chrono>
@@ -17,12 +18,14 @@ namespace tickervantage {
 [[nodiscard]] FileReading read_small_file(const std::string& path, std::size_t limit);
 
 // Writes beside, compares what was written, flushes, renames over. Mode and owner of a file that is there are kept; a
-// new one is readable by its owner only. Callers that race with others hold a FileLock. The one failure that leaves the
-// new file in place is that of flushing its folder: then a power cut may still bring the old one back.
-[[nodiscard]] Result<> replace_small_file(const std::string& path, std::string_view bytes);
+// new one has the mode given, less what the umask takes: usually only its owner may read it. Callers that race with
+// others hold a FileLock. The one failure that leaves the new file in place is that of flushing its folder: then a
+// power cut may still bring the old one back.
+[[nodiscard]] Result<> replace_small_file(const std::string& path, std::string_view bytes,
+                                          mode_t new_file = PRIVATE_FILE);
 
 // The same for a text of any size; when `write` gives up, the old file stays.
-[[nodiscard]] Result<> replace_file(const std::string& path, const WriteText& write);
+[[nodiscard]] Result<> replace_file(const std::string& path, const WriteText& write, mode_t new_file = PRIVATE_FILE);
 
 // Renames the file or folder to "<path>.damaged-YYYYMMDD-HHMMSS" (local time), with a number behind it rather than
 // over an earlier one. The new name.

@@ -12,6 +12,7 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <QRegularExpression>
 
 #include <cmath>
 #include <utility>
@@ -36,6 +37,19 @@ struct Texts {
 const QWidget* surface_of(const QWidget* widget) {
     const auto* area = qobject_cast<const QAbstractScrollArea*>(widget);
     return area != nullptr ? area->viewport() : widget;
+}
+
+// The title in the letters that any file system and any shell takes; of a path the name, without its kind.
+QString name_from(const std::string& title) {
+    static const QRegularExpression others(QStringLiteral("[^\\w]+"), QRegularExpression::UseUnicodePropertiesOption);
+    QString name = QString::fromStdString(title);
+    name.remove(0, name.lastIndexOf(QLatin1Char('/')) + 1);
+    if (name.endsWith(QLatin1String(".log")))
+        name.chop(4);
+    name.replace(others, QStringLiteral("-"));
+    while (name.endsWith(QLatin1Char('-')))
+        name.chop(1);
+    return name;
 }
 
 bool ends_in(const QString& path, const char* suffix) {
@@ -114,6 +128,7 @@ void PlotExport::ask_for_file() {
                             //: file dialog: kind of file; the part in brackets stays
                             Texts::tr("Table (*.csv)")});
     dialog->setDefaultSuffix(QStringLiteral("png"));
+    dialog->selectFile(name_from(m_plot.plot_caption().title)); // without an ending, which the kind of file gives it
     connect(dialog, &QFileDialog::filterSelected, dialog, [dialog](const QString& filter) {
         dialog->setDefaultSuffix(filter.section(QStringLiteral("*."), 1).chopped(1));
     });
