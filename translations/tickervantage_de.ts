@@ -202,6 +202,34 @@ Was jetzt installiert ist, bleibt in der Liste.</translation>
     </message>
 </context>
 <context>
+    <name>budget</name>
+    <message>
+        <source>Correction %1</source>
+        <extracomment>part of the error bound: what is being corrected now; %1 is a time such as 12 µs</extracomment>
+        <translation>Korrektur %1</translation>
+    </message>
+    <message>
+        <source>Half the delay %1</source>
+        <extracomment>part of the error bound: half of the delay on the way to the reference clock; %1 is a time</extracomment>
+        <translation>Halbe Laufzeit %1</translation>
+    </message>
+    <message>
+        <source>Measured %1</source>
+        <extracomment>part of the error bound: what the servers and the measurements leave open; %1 is a time</extracomment>
+        <translation>Gemessen %1</translation>
+    </message>
+    <message>
+        <source>Grown since %1</source>
+        <extracomment>part of the error bound: what was added since the last measurement; %1 is a time</extracomment>
+        <translation>Seither gewachsen %1</translation>
+    </message>
+    <message>
+        <source>What the error bound is made of</source>
+        <extracomment>main window: title of the bar that shows what the error bound is made of</extracomment>
+        <translation>Woraus die Fehlergrenze besteht</translation>
+    </message>
+</context>
+<context>
     <name>commands</name>
     <message>
         <source></source>
@@ -581,6 +609,31 @@ unsaved changes: button</extracomment>
         <extracomment>kept edits: button, the same question comes with the next start</extracomment>
         <translation>&amp;Später</translation>
     </message>
+    <message>
+        <source>There is no configuration in that place yet.</source>
+        <extracomment>install sheet: below the question</extracomment>
+        <translation>An dieser Stelle gibt es noch keine Konfiguration.</translation>
+    </message>
+    <message>
+        <source>What is installed now is kept: “Former Configurations…” in the menu “Chrony” of the main window shows it and brings it back.</source>
+        <extracomment>install sheet: below the question; “Former Configurations…” and “Chrony” are an item and a menu</extracomment>
+        <translation>Was jetzt installiert ist, wird aufbewahrt: „Frühere Konfigurationen …“ im Menü „Chrony“ des Hauptfensters zeigt es und holt es zurück.</translation>
+    </message>
+    <message>
+        <source>What would change cannot be shown: %1.</source>
+        <extracomment>install sheet: below the question; %1 is a reason, such as &quot;Permission denied&quot;</extracomment>
+        <translation>Was sich ändern würde, lässt sich nicht zeigen: %1.</translation>
+    </message>
+    <message>
+        <source>Nothing would change: this is what is installed.</source>
+        <extracomment>install sheet: below the question</extracomment>
+        <translation>Es würde sich nichts ändern: Das ist, was installiert ist.</translation>
+    </message>
+    <message>
+        <source>What would change:</source>
+        <extracomment>install sheet: above the lines that differ</extracomment>
+        <translation>Was sich ändern würde:</translation>
+    </message>
 </context>
 <context>
     <name>configmenus</name>
@@ -727,6 +780,24 @@ unsaved changes: button</extracomment>
         <source>Demonstration: you see a chronyd that this program started for itself, on this machine alone. It follows a second one and leaves your clock as it is.</source>
         <extracomment>banner of demonstration mode</extracomment>
         <translation>Vorführung: Sie sehen einen chronyd, den dieses Programm nur für sich und nur auf diesem Rechner gestartet hat. Er folgt einem zweiten und lässt Ihre Uhr, wie sie ist.</translation>
+    </message>
+</context>
+<context>
+    <name>difference</name>
+    <message>
+        <source>Difference</source>
+        <extracomment>configurations: name of the text that shows the lines that differ</extracomment>
+        <translation>Unterschied</translation>
+    </message>
+    <message>
+        <source>Lines that would go begin with −, lines that would come with +</source>
+        <extracomment>configurations: tooltip of that text</extracomment>
+        <translation>Zeilen, die wegfielen, beginnen mit −, Zeilen, die hinzukämen, mit +</translation>
+    </message>
+    <message>
+        <source>and %1 more lines</source>
+        <extracomment>configurations: below the first of the lines that differ; %1 is a number</extracomment>
+        <translation>und %1 weitere Zeilen</translation>
     </message>
 </context>
 <context>
@@ -1090,6 +1161,29 @@ unsaved changes: button</extracomment>
     </message>
 </context>
 <context>
+    <name>explanation</name>
+    <message>
+        <source>From %1, line %2:</source>
+        <extracomment>explanation of a source: %1 is a file, %2 the number of a line in it, which follows</extracomment>
+        <translation>Aus %1, Zeile %2:</translation>
+    </message>
+    <message>
+        <source>What would change it:</source>
+        <extracomment>explanation of a source, before what its user can do about it</extracomment>
+        <translation>Was daran etwas ändert:</translation>
+    </message>
+    <message>
+        <source>Lines such as “pool 2.debian.pool.ntp.org iburst” in the configuration bring sources.</source>
+        <extracomment>explanation of the clock where chronyd has no source</extracomment>
+        <translation>Zeilen wie „pool 2.debian.pool.ntp.org iburst“ in der Konfiguration bringen Quellen.</translation>
+    </message>
+    <message>
+        <source>%1 more sources are left out: choose them in the table.</source>
+        <extracomment>explanation of the clock: %1 is a number of sources that are left out</extracomment>
+        <translation>%1 weitere Quellen sind weggelassen: Wählen Sie sie in der Tabelle.</translation>
+    </message>
+</context>
+<context>
     <name>explanations</name>
     <message>
         <source></source>
@@ -1287,6 +1381,18 @@ unsaved changes: button</extracomment>
     <message>
         <source>Give its line the option trust if it deserves it, or look why the trusted sources differ.</source>
         <translation>Geben Sie ihrer Zeile die Option trust, wenn sie es verdient, oder sehen Sie nach, warum die vertrauten Quellen abweichen.</translation>
+    </message>
+    <message>
+        <source>chronyd does not use it, and tells only root why.</source>
+        <translation>chronyd verwendet sie nicht und sagt nur root, warum.</translation>
+    </message>
+    <message>
+        <source>chronyd could use it, but leaves it out of those that it combines.</source>
+        <translation>chronyd könnte sie verwenden, lässt sie aber aus, wenn es Quellen zusammenfasst.</translation>
+    </message>
+    <message>
+        <source>Ask again with an administrator&apos;s rights, for the report selectdata.</source>
+        <translation>Noch einmal mit Verwalterrechten fragen, nach dem Bericht selectdata.</translation>
     </message>
 </context>
 <context>
@@ -2184,6 +2290,42 @@ unsaved changes: button</extracomment>
         <source>Line %1 of the capture belongs to no report.</source>
         <translation>Zeile %1 der Aufzeichnung gehört zu keinem Bericht.</translation>
     </message>
+    <message>
+        <source>Another program of this user keeps the history already.</source>
+        <translation>Ein anderes Programm dieses Benutzers führt die Aufzeichnung bereits.</translation>
+    </message>
+    <message>
+        <source>%1 is of a later version of this program: it is read, and nothing is added to it.</source>
+        <translation>%1 ist von einer späteren Version dieses Programms: Die Datei wird gelesen, und nichts wird hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>Line %2 of %1 is blank, and chronyd ends where a file of points has a blank line.</source>
+        <translation>Zeile %2 von %1 ist leer, und chronyd beendet sich, wenn eine Punktedatei eine leere Zeile hat.</translation>
+    </message>
+    <message>
+        <source>Line %2 of %1 is a remark, and chronyd ends where a file of points has a remark.</source>
+        <translation>Zeile %2 von %1 ist ein Kommentar, und chronyd beendet sich, wenn eine Punktedatei einen Kommentar hat.</translation>
+    </message>
+    <message>
+        <source>Line %2 of %1 does not begin with a temperature and a compensation in numbers.</source>
+        <translation>Zeile %2 von %1 beginnt nicht mit einer Temperatur und einer Kompensation als Zahlen.</translation>
+    </message>
+    <message>
+        <source>Line %2 of %1 compensates by more than 10 ppm, which chronyd ignores.</source>
+        <translation>Zeile %2 von %1 kompensiert um mehr als 10 ppm, was chronyd nicht beachtet.</translation>
+    </message>
+    <message>
+        <source>Line %2 of %1 has the same temperature as the line before, so that chronyd&apos;s compensation would be infinite.</source>
+        <translation>Zeile %2 von %1 hat dieselbe Temperatur wie die Zeile davor, sodass die Kompensation von chronyd unendlich wäre.</translation>
+    </message>
+    <message>
+        <source>Line %2 of %1 has a lower temperature than the line before, and chronyd would compensate wrongly.</source>
+        <translation>Zeile %2 von %1 hat eine niedrigere Temperatur als die Zeile davor, und chronyd würde falsch kompensieren.</translation>
+    </message>
+    <message>
+        <source>%1 ends in line %2 with fewer than two points, and chronyd does not start with it.</source>
+        <translation>%1 endet in Zeile %2 mit weniger als zwei Punkten, und chronyd startet damit nicht.</translation>
+    </message>
 </context>
 <context>
     <name>freqtemp</name>
@@ -2440,6 +2582,122 @@ Schließen Sie dieses Fenster, was die Datei entfernt, und öffnen Sie es wieder
         <source>Degree %1, ordinary powers</source>
         <extracomment>frequency and temperature window: fitted curve; %1 is a number above four; see degree 3</extracomment>
         <translation>Grad %1, gewöhnliche Potenzen</translation>
+    </message>
+</context>
+<context>
+    <name>headline</name>
+    <message>
+        <source></source>
+        <comment>Whether the clock is right, in the largest letters of the window. A reason follows the name of the state and a colon, so it begins with a small letter. %1, %2, … stand for numbers with their units, addresses and times of day.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>Not available</source>
+        <translation>Nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Own time only</source>
+        <translation>Nur eigene Zeit</translation>
+    </message>
+    <message>
+        <source>Not synchronised</source>
+        <translation>Nicht synchronisiert</translation>
+    </message>
+    <message>
+        <source>Holdover since %1</source>
+        <translation>Freilauf seit %1</translation>
+    </message>
+    <message>
+        <source>Holdover</source>
+        <translation>Freilauf</translation>
+    </message>
+    <message>
+        <source>Correcting, %1 left</source>
+        <translation>Wird korrigiert, noch %1</translation>
+    </message>
+    <message>
+        <source>Synchronised, leap second pending</source>
+        <translation>Synchronisiert, Schaltsekunde steht an</translation>
+    </message>
+    <message>
+        <source>Synchronised</source>
+        <translation>Synchronisiert</translation>
+    </message>
+    <message>
+        <source>its only source, %1, does not answer.</source>
+        <translation>ihre einzige Quelle, %1, antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>none of %1 sources answers.</source>
+        <translation>keine von %1 Quellen antwortet.</translation>
+    </message>
+    <message>
+        <source>chronyd has no source to ask.</source>
+        <translation>chronyd hat keine Quelle, die es fragen könnte.</translation>
+    </message>
+    <message>
+        <source>%1 sources contradict each other, and no majority tells which are right.</source>
+        <translation>%1 Quellen widersprechen einander, und keine Mehrheit sagt, welche recht haben.</translation>
+    </message>
+    <message>
+        <source>its only source, %1, cannot be used.</source>
+        <translation>ihre einzige Quelle, %1, ist nicht brauchbar.</translation>
+    </message>
+    <message>
+        <source>none of %1 sources can be used.</source>
+        <translation>keine von %1 Quellen ist brauchbar.</translation>
+    </message>
+    <message>
+        <source>%1 sources are used together.</source>
+        <translation>%1 Quellen werden zusammen verwendet.</translation>
+    </message>
+    <message>
+        <source>chronyd follows %1.</source>
+        <translation>chronyd folgt %1.</translation>
+    </message>
+    <message>
+        <source>chronyd follows %1, the best of %2 that it uses together.</source>
+        <translation>chronyd folgt %1, der besten von %2, die es zusammen verwendet.</translation>
+    </message>
+    <message>
+        <source>the clock is behind, and chronyd makes it run faster until it is right.</source>
+        <translation>die Uhr geht nach, und chronyd lässt sie schneller laufen, bis sie richtig geht.</translation>
+    </message>
+    <message>
+        <source>the clock is ahead, and chronyd makes it run slower until it is right.</source>
+        <translation>die Uhr geht vor, und chronyd lässt sie langsamer laufen, bis sie richtig geht.</translation>
+    </message>
+    <message>
+        <source>a second is put in at the end of this month (UTC).</source>
+        <translation>am Ende dieses Monats (UTC) wird eine Sekunde eingefügt.</translation>
+    </message>
+    <message>
+        <source>a second is left out at the end of this month (UTC).</source>
+        <translation>am Ende dieses Monats (UTC) wird eine Sekunde ausgelassen.</translation>
+    </message>
+    <message>
+        <source>chronyd takes this machine&apos;s own clock for right (directive local).</source>
+        <translation>chronyd hält die Uhr dieses Rechners für richtig (Direktive local).</translation>
+    </message>
+    <message>
+        <source>Nothing tells how far off the clock is.</source>
+        <translation>Nichts sagt, wie weit die Uhr abweicht.</translation>
+    </message>
+    <message>
+        <source>Certainly within ±%1, growing %2 an hour.</source>
+        <translation>Sicher innerhalb ±%1, wachsend um %2 in der Stunde.</translation>
+    </message>
+    <message>
+        <source>Certainly within ±%1, probably within ±%2.</source>
+        <translation>Sicher innerhalb ±%1, wahrscheinlich innerhalb ±%2.</translation>
+    </message>
+    <message>
+        <source>Certainly within ±%1.</source>
+        <translation>Sicher innerhalb ±%1.</translation>
+    </message>
+    <message>
+        <source>This chronyd was told to leave the system clock alone, so none of this is about the system clock.</source>
+        <translation>Dieses chronyd soll die Systemuhr in Ruhe lassen; nichts davon betrifft also die Systemuhr.</translation>
     </message>
 </context>
 <context>
@@ -2756,6 +3014,21 @@ Schließen Sie dieses Fenster, was die Datei entfernt, und öffnen Sie es wieder
         <source>Wrong program</source>
         <extracomment>main window: name of the notice that a program is not chrony&apos;s</extracomment>
         <translation>Falsches Programm</translation>
+    </message>
+    <message>
+        <source>Error bound</source>
+        <extracomment>main window: quantity of the meter: how far off the clock can be at the most</extracomment>
+        <translation>Fehlergrenze</translation>
+    </message>
+    <message>
+        <source>What chronyd says of itself. It calls itself synchronised as long as it has any reference, be it its own clock or a server that is gone.</source>
+        <extracomment>main window: tooltip of the state&apos;s words</extracomment>
+        <translation>Was chronyd von sich selbst sagt. Es nennt sich synchronisiert, solange es irgendeine Referenz hat, und sei es die eigene Uhr oder ein Server, der nicht mehr da ist.</translation>
+    </message>
+    <message>
+        <source>chronyd says:</source>
+        <extracomment>main window: above the state that chronyd names, such as &quot;Synchronised&quot;</extracomment>
+        <translation>chronyd sagt:</translation>
     </message>
 </context>
 <context>
@@ -3552,11 +3825,6 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <translation>Zeilen kopieren</translation>
     </message>
     <message>
-        <source>Copy the list as &quot;server&quot; lines of chrony&apos;s configuration</source>
-        <extracomment>server window: tooltip of that button</extracomment>
-        <translation>Die Liste als „server“-Zeilen der chrony-Konfiguration kopieren</translation>
-    </message>
-    <message>
         <source>Insert in &amp;Editor</source>
         <extracomment>server window: button, the list goes into the configuration that is being edited</extracomment>
         <translation>In &amp;Editor einfügen</translation>
@@ -3640,6 +3908,289 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <source>%1 at most</source>
         <extracomment>server window: below the field with the largest poll; %1 is a time</extracomment>
         <translation>Höchstens %1</translation>
+    </message>
+    <message>
+        <source>A name or an address has no blanks.</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Ein Name oder eine Adresse enthält keine Leerzeichen.</translation>
+    </message>
+    <message>
+        <source>A name of &amp;several servers (pool)</source>
+        <extracomment>server window: check box</extracomment>
+        <translation>Ein Name für &amp;mehrere Server (pool)</translation>
+    </message>
+    <message>
+        <source>A name of several servers</source>
+        <extracomment>server window: name of that check box, and its tooltip</extracomment>
+        <translation>Ein Name für mehrere Server</translation>
+    </message>
+    <message>
+        <source>pool: chrony takes several of the servers that the name stands for</source>
+        <extracomment>server window: tooltip of the box for a pool</extracomment>
+        <translation>pool: chrony nimmt mehrere der Server, für die der Name steht</translation>
+    </message>
+    <message>
+        <source>Copy the list as lines of chrony&apos;s configuration</source>
+        <extracomment>server window: tooltip of that button</extracomment>
+        <translation>Die Liste als Zeilen von chronys Konfiguration kopieren</translation>
+    </message>
+</context>
+<context>
+    <name>sources</name>
+    <message>
+        <source>← clock is behind</source>
+        <extracomment>picture of where each source sees our clock, at its left edge</extracomment>
+        <translation>← Uhr geht nach</translation>
+    </message>
+    <message>
+        <source>ahead →</source>
+        <extracomment>picture of where each source sees our clock, at its right edge</extracomment>
+        <translation>geht vor →</translation>
+    </message>
+    <message>
+        <source>Followed</source>
+        <extracomment>table of sources: state of a source that chronyd follows before all others</extracomment>
+        <translation>Führend</translation>
+    </message>
+    <message>
+        <source>Used as well</source>
+        <extracomment>table of sources: state of a source that is used together with the best one</extracomment>
+        <translation>Mitbenutzt</translation>
+    </message>
+    <message>
+        <source>Measured only</source>
+        <extracomment>table of sources: state of a source with the option noselect</extracomment>
+        <translation>Nur gemessen</translation>
+    </message>
+    <message>
+        <source>Name not found</source>
+        <extracomment>table of sources: state of a source whose name has no address</extracomment>
+        <translation>Name unbekannt</translation>
+    </message>
+    <message>
+        <source>No answer</source>
+        <extracomment>table of sources: state of a source that never answered</extracomment>
+        <translation>Keine Antwort</translation>
+    </message>
+    <message>
+        <source>Has no time</source>
+        <extracomment>table of sources: state of a source that says it is not synchronised</extracomment>
+        <translation>Hat keine Zeit</translation>
+    </message>
+    <message>
+        <source>Too few measurements</source>
+        <extracomment>table of sources: state of a source</extracomment>
+        <translation>Zu wenig Messungen</translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <extracomment>table of sources: state of a source that answered once, but not lately</extracomment>
+        <translation>Verstummt</translation>
+    </message>
+    <message>
+        <source>Too distant</source>
+        <extracomment>table of sources: state of a source beyond maxdistance</extracomment>
+        <translation>Zu weit weg</translation>
+    </message>
+    <message>
+        <source>Too unsteady</source>
+        <extracomment>table of sources: state of a source beyond maxjitter</extracomment>
+        <translation>Zu unruhig</translation>
+    </message>
+    <message>
+        <source>Waits for others</source>
+        <extracomment>table of sources: state of a source</extracomment>
+        <translation>Wartet auf andere</translation>
+    </message>
+    <message>
+        <source>Wrong time</source>
+        <extracomment>table of sources: state of a source that contradicts the majority</extracomment>
+        <translation>Falsche Zeit</translation>
+    </message>
+    <message>
+        <source>No majority</source>
+        <extracomment>table of sources: state of a source where no majority tells who is right</extracomment>
+        <translation>Keine Mehrheit</translation>
+    </message>
+    <message>
+        <source>Too few sources</source>
+        <extracomment>table of sources: state of a source that may be used once enough others can be</extracomment>
+        <translation>Zu wenig Quellen</translation>
+    </message>
+    <message>
+        <source>Another is preferred</source>
+        <extracomment>table of sources: state of a source beside one with the option prefer</extracomment>
+        <translation>Andere bevorzugt</translation>
+    </message>
+    <message>
+        <source>Needs a measurement</source>
+        <extracomment>table of sources: state of a source</extracomment>
+        <translation>Messung fehlt noch</translation>
+    </message>
+    <message>
+        <source>Not combined</source>
+        <extracomment>table of sources: state of a source too far from the best one to be combined with it</extracomment>
+        <translation>Nicht kombiniert</translation>
+    </message>
+    <message>
+        <source>Outlier</source>
+        <extracomment>table of sources: state of a source at the edge of those that agree</extracomment>
+        <translation>Ausreißer</translation>
+    </message>
+    <message>
+        <source>Higher stratum</source>
+        <extracomment>table of sources: state of a source of a higher stratum than another</extracomment>
+        <translation>Höheres Stratum</translation>
+    </message>
+    <message>
+        <source>Out of date</source>
+        <extracomment>table of sources: state of a source whose measurements are old</extracomment>
+        <translation>Veraltet</translation>
+    </message>
+    <message>
+        <source>Orphan</source>
+        <extracomment>table of sources: state of a source whose stratum is that of this machine&apos;s own orphan mode</extracomment>
+        <translation>Verwaist</translation>
+    </message>
+    <message>
+        <source>Not trusted</source>
+        <extracomment>table of sources: state of a source that contradicts those with the option trust</extracomment>
+        <translation>Nicht vertraut</translation>
+    </message>
+    <message>
+        <source>Not used</source>
+        <extracomment>table of sources: state of a source that is not used, without the reports that would tell why</extracomment>
+        <translation>Nicht benutzt</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <extracomment>table of sources: %1 is a number of seconds between two polls</extracomment>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <extracomment>table of sources: heading of a column</extracomment>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Whether chronyd uses the source, and if not, why</source>
+        <extracomment>table of sources: tooltip of that heading</extracomment>
+        <translation>Ob chronyd die Quelle benutzt, und wenn nicht, warum</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <extracomment>table of sources: heading of a column</extracomment>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>As the configuration has it</source>
+        <extracomment>table of sources: tooltip of that heading</extracomment>
+        <translation>Wie er in der Konfiguration steht</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <extracomment>table of sources: heading of a column</extracomment>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Its address, or the ID of a reference clock</source>
+        <extracomment>table of sources: tooltip of that heading</extracomment>
+        <translation>Ihre Adresse oder die Kennung einer Referenzuhr</translation>
+    </message>
+    <message>
+        <source>Stratum</source>
+        <extracomment>table of sources: heading of a narrow column</extracomment>
+        <translation>Stratum</translation>
+    </message>
+    <message>
+        <source>How many steps it is away from a reference clock</source>
+        <extracomment>table of sources: tooltip of that heading</extracomment>
+        <translation>Wie viele Schritte sie von einer Referenzuhr entfernt ist</translation>
+    </message>
+    <message>
+        <source>Poll</source>
+        <extracomment>table of sources: heading of a narrow column</extracomment>
+        <translation>Abstand</translation>
+    </message>
+    <message>
+        <source>The time between two measurements</source>
+        <extracomment>table of sources: tooltip of that heading</extracomment>
+        <translation>Die Zeit zwischen zwei Messungen</translation>
+    </message>
+    <message>
+        <source>Reach</source>
+        <extracomment>table of sources: heading of a column</extracomment>
+        <translation>Erreicht</translation>
+    </message>
+    <message>
+        <source>The last eight polls, the newest at the right: a full dot was answered</source>
+        <extracomment>table of sources: tooltip of that heading</extracomment>
+        <translation>Die letzten acht Anfragen, die neueste rechts: Ein voller Punkt wurde beantwortet</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <extracomment>table of sources: heading of a column</extracomment>
+        <translation>Versatz</translation>
+    </message>
+    <message>
+        <source>How far our clock is ahead of the source, and how far that may be wrong</source>
+        <extracomment>table of sources: tooltip of that heading</extracomment>
+        <translation>Um wie viel unsere Uhr der Quelle vorausgeht, und um wie viel das falsch sein kann</translation>
+    </message>
+    <message>
+        <source>Last heard</source>
+        <extracomment>table of sources: heading of a column</extracomment>
+        <translation>Zuletzt</translation>
+    </message>
+    <message>
+        <source>How long ago its newest measurement was</source>
+        <extracomment>table of sources: tooltip of that heading</extracomment>
+        <translation>Wie lange ihre neueste Messung her ist</translation>
+    </message>
+    <message>
+        <source>%1 of the last 8 answered</source>
+        <extracomment>table of sources, for screen readers: %1 of the last eight polls were answered</extracomment>
+        <translation>%1 der letzten 8 beantwortet</translation>
+    </message>
+    <message>
+        <source>Intervals</source>
+        <extracomment>main window: name of the picture beside the table of sources</extracomment>
+        <translation>Intervalle</translation>
+    </message>
+    <message>
+        <source>Where each source sees our clock: true time lies somewhere in its bar. Filled: used. Shaded: what those that agree have in common.</source>
+        <extracomment>main window: tooltip of the picture beside the table of sources</extracomment>
+        <translation>Wo jede Quelle unsere Uhr sieht: Die wahre Zeit liegt irgendwo in ihrem Balken. Gefüllt: benutzt. Schattiert: was die übereinstimmenden gemeinsam haben.</translation>
+    </message>
+    <message>
+        <source>Explanation</source>
+        <extracomment>main window: name of the text that explains a source</extracomment>
+        <translation>Erklärung</translation>
+    </message>
+    <message>
+        <source>Choose a source to read why chronyd uses it, or why not.</source>
+        <extracomment>main window: in place of the explanation of a source</extracomment>
+        <translation>Wählen Sie eine Quelle, um zu lesen, warum chronyd sie benutzt oder nicht.</translation>
+    </message>
+    <message>
+        <source>Sources</source>
+        <extracomment>main window: name of the table of sources</extracomment>
+        <translation>Quellen</translation>
+    </message>
+    <message>
+        <source>Some reasons are in reports that only an administrator may read.</source>
+        <extracomment>main window: beside the button that brings the reports which only an administrator may read</extracomment>
+        <translation>Manche Gründe stehen in Berichten, die nur ein Verwalter lesen darf.</translation>
+    </message>
+    <message>
+        <source>&amp;Read Them…</source>
+        <extracomment>main window: button that brings the reports which only an administrator may read</extracomment>
+        <translation>&amp;Lesen…</translation>
+    </message>
+    <message>
+        <source>Read the administrator&apos;s reports</source>
+        <extracomment>main window: name of the button that brings the reports which only an administrator may read</extracomment>
+        <translation>Die Berichte des Verwalters lesen</translation>
     </message>
 </context>
 <context>
@@ -4127,16 +4678,6 @@ Starten Sie dann chronyd neu.</translation>
         <translation>Was geschah</translation>
     </message>
     <message>
-        <source>Difference</source>
-        <extracomment>former configurations: name of the text that shows the lines that differ</extracomment>
-        <translation>Unterschied</translation>
-    </message>
-    <message>
-        <source>Lines that would go begin with −, lines that would come with +</source>
-        <extracomment>former configurations: tooltip of that text</extracomment>
-        <translation>Zeilen, die wegfielen, beginnen mit −, Zeilen, die hinzukämen, mit +</translation>
-    </message>
-    <message>
         <source>&amp;Bring Back…</source>
         <extracomment>former configurations: button</extracomment>
         <translation>&amp;Zurückholen …</translation>
@@ -4502,14 +5043,19 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <translation> IPv6-Adressen ausgelassen, weil die Datei der Liste keinen Doppelpunkt aufnehmen kann: %1.</translation>
     </message>
     <message>
-        <source>Insert the list as &quot;server&quot; lines where the cursor stands</source>
-        <extracomment>server window: tooltips of the button that inserts the list into the editor</extracomment>
-        <translation>Die Liste als „server“-Zeilen an der Schreibmarke einfügen</translation>
-    </message>
-    <message>
         <source>Open a configuration in the editor first</source>
         <extracomment>server window: tooltip of that button while the editor is closed</extracomment>
         <translation>Öffnen Sie zuerst eine Konfiguration im Editor</translation>
+    </message>
+    <message>
+        <source> Copied as comments, since something is wrong with them: %1.</source>
+        <extracomment>server window: goes on from there; %1 the number of servers</extracomment>
+        <translation> Als Kommentare kopiert, weil mit ihnen etwas nicht stimmt: %1.</translation>
+    </message>
+    <message>
+        <source>Insert the list as lines where the cursor stands</source>
+        <extracomment>server window: tooltips of the button that inserts the list into the editor</extracomment>
+        <translation>Die Liste als Zeilen einfügen, wo die Schreibmarke steht</translation>
     </message>
 </context>
 <context>
@@ -4783,7 +5329,7 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
     </message>
     <message>
         <source>chronyd gave no answer.</source>
-        <extracomment>main window, status line: %1 is what chronyc printed instead of a report</extracomment>
+        <extracomment>main window, status line</extracomment>
         <translation>chronyd gab keine Antwort.</translation>
     </message>
     <message>
@@ -5054,6 +5600,74 @@ tracking window: menu item of the graph, chooses height and unit</extracomment>
         <source>Let everybody on this computer read chrony&apos;s tracking log, from now on</source>
         <extracomment>tracking window: tooltip of that button</extracomment>
         <translation>Allen auf diesem Rechner von nun an erlauben, das Tracking-Protokoll von chrony zu lesen</translation>
+    </message>
+</context>
+<context>
+    <name>verdict</name>
+    <message>
+        <source>The clock runs on by itself: its error grows until a source answers again.</source>
+        <extracomment>main window: notice while no source keeps the clock right</extracomment>
+        <translation>Die Uhr läuft für sich allein weiter: Ihr Fehler wächst, bis wieder eine Quelle antwortet.</translation>
+    </message>
+    <message>
+        <source>Nothing compares this clock with true time, although chronyd calls it synchronised.</source>
+        <extracomment>main window: notice while chronyd follows nothing but this machine&apos;s own clock</extracomment>
+        <translation>Nichts vergleicht diese Uhr mit der wahren Zeit, obwohl chronyd sie synchronisiert nennt.</translation>
+    </message>
+    <message>
+        <source>Until the correction is done, the clock is further off than its sources would leave open.</source>
+        <extracomment>main window: notice while a large offset is being corrected slowly</extracomment>
+        <translation>Bis die Korrektur beendet ist, geht die Uhr um mehr falsch, als ihre Quellen offen lassen.</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <extracomment>main window: name of the image of the verdict on the clock</extracomment>
+        <translation>Urteil</translation>
+    </message>
+    <message>
+        <source>What the error bound is made of</source>
+        <extracomment>main window: name of the bar that shows what the error bound is made of</extracomment>
+        <translation>Woraus die Fehlergrenze besteht</translation>
+    </message>
+    <message>
+        <source>What the error bound is made of: the correction that is under way, half of the delay on the way to the reference clock, what the measurements leave open, and what was added since the last of them.</source>
+        <extracomment>main window: tooltip of that bar</extracomment>
+        <translation>Woraus die Fehlergrenze besteht: die laufende Korrektur, die halbe Laufzeit bis zur Referenzuhr, was die Messungen offen lassen, und was seit der letzten Messung dazukam.</translation>
+    </message>
+    <message>
+        <source>Verdict on the clock</source>
+        <extracomment>main window: name of the verdict on the clock</extracomment>
+        <translation>Urteil über die Uhr</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <extracomment>main window: name of the sentence that says why the verdict is so</extracomment>
+        <translation>Warum</translation>
+    </message>
+    <message>
+        <source>Error of the clock</source>
+        <extracomment>main window: name of the sentence that says how far off the clock can be</extracomment>
+        <translation>Fehler der Uhr</translation>
+    </message>
+    <message>
+        <source>Which clock is meant</source>
+        <extracomment>main window: name of the sentence that says that chronyd leaves the clock alone</extracomment>
+        <translation>Welche Uhr gemeint ist</translation>
+    </message>
+    <message>
+        <source>Notice</source>
+        <extracomment>main window: name of the notice below the verdict</extracomment>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>E&amp;xplain</source>
+        <extracomment>main window: button that explains the verdict and each source</extracomment>
+        <translation>&amp;Erklären</translation>
+    </message>
+    <message>
+        <source>Explain</source>
+        <extracomment>main window: name of that button</extracomment>
+        <translation>Erklären</translation>
     </message>
 </context>
 <context>

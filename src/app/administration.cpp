@@ -116,7 +116,7 @@ bool Administration::uses_distribution_unasked() {
     return m_parts.general.uses_distribution_unasked();
 }
 
-std::string Administration::translate(const char* text, const char* comment) {
+std::string Administration::worded(const char* text, const char* comment) {
     return QCoreApplication::translate("offers", text, comment).toStdString();
 }
 

@@ -64,7 +64,7 @@ private:
 
     [[nodiscard]] InstalledPaths installed_paths() override;
     [[nodiscard]] bool uses_distribution_unasked() override;
-    [[nodiscard]] std::string translate(const char* text, const char* comment) override;
+    [[nodiscard]] std::string worded(const char* text, const char* comment) override;
     void show(const Alert& alert, AlertAnswered answered) override;
     void install() override { m_menu.install(); }
     void use_distribution(const DistributionChrony& chrony) override;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <ranges>
 #include <utility>
 
 namespace tickervantage {
@@ -61,8 +62,8 @@ std::optional<Failure> failure_in(std::string_view line) {
         return std::nullopt;
     const std::vector<std::string> chain = parts_of(line, before_cause);
     std::optional<Failure> whole;
-    for (auto part = chain.rbegin(); part != chain.rend(); ++part) {
-        auto failure = single(*part);
+    for (const auto& part : std::views::reverse(chain)) {
+        auto failure = single(part);
         if (!failure)
             return std::nullopt;
         if (whole)

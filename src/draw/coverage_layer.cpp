@@ -110,10 +110,11 @@ void CoverageLayer::paint_anew(int left, const std::vector<Piece>& pieces, Rows 
     m_fresh.resize(static_cast<std::size_t>(FRESH_ROW) * static_cast<std::size_t>(m_height));
     const int width = std::min(STRIPE, m_width - left);
     for (int row = rows.first; row < rows.end; ++row)
-        std::copy_n(m_background_row.data(), width, m_fresh.data() + row * FRESH_ROW);
+        std::copy_n(m_background_row.data(), width, m_fresh.data() + std::ptrdiff_t{row} * FRESH_ROW);
     paint_stripe(left, pieces, {m_fresh.data(), FRESH_ROW});
     for (int row = rows.first; row < rows.end; ++row)
-        std::copy_n(m_fresh.data() + row * FRESH_ROW, width, target.first + row * target.stride);
+        std::copy_n(m_fresh.data() + std::ptrdiff_t{row} * FRESH_ROW, width,
+                    target.first + std::ptrdiff_t{row} * target.stride);
 }
 
 // The rows that pieces touch; the others are finished.

@@ -37,7 +37,7 @@ std::string without_permalinks(std::string_view html) {
 
 // h1 becomes h2 and so on: the page's title is the one heading of the first level.
 void lower_headings(std::string& html) {
-    for (std::size_t at = html.find("h"); at != std::string::npos; at = html.find("h", at + 1)) {
+    for (std::size_t at = html.find('h'); at != std::string::npos; at = html.find('h', at + 1)) {
         const bool opens = at >= 1 && html[at - 1] == '<';
         const bool closes = at >= 2 && html[at - 1] == '/' && html[at - 2] == '<';
         const char level = at + 2 < html.size() ? html[at + 1] : '\0';

@@ -52,7 +52,7 @@ private:
         bool for_person = false;
     };
 
-    static int on_answer(sd_bus_message* answer, void* waiting, sd_bus_error* error);
+    static int on_answer(sd_bus_message* answer, void* data, sd_bus_error* error);
     [[nodiscard]] sd_bus* connection();
     [[nodiscard]] BusMessage new_call(const BusMethod& method);
     [[nodiscard]] int send(const BusMethod& method, const Fill& fill, Waiting& waiting);

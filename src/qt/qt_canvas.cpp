@@ -8,6 +8,7 @@
 #include <QPainterPath>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 #include <vector>
@@ -16,7 +17,7 @@ namespace tickervantage {
 
 namespace {
 
-constexpr double SHADOW_RINGS[] = {4.5, 2.0}; // wider than the stroke; translucent strokes are dear, so only two
+constexpr std::array SHADOW_RINGS{4.5, 2.0}; // wider than the stroke; translucent strokes are dear, so only two
 
 class SavedPainter {
 public:
@@ -154,7 +155,7 @@ void draw_whole_boxes(QPainter& painter, std::span<const Rect> boxes, const QCol
 } // namespace
 
 QtCanvas::QtCanvas(QPainter& painter, double height, CanvasColors colors, CanvasMemory* memory)
-    : m_painter(painter), m_height(height), m_colors(std::move(colors)), m_memory(memory ? *memory : m_own_memory),
+    : m_painter(painter), m_height(height), m_colors(colors), m_memory(memory ? *memory : m_own_memory),
       m_keeps_labels(memory && painter.paintEngine()->type() == QPaintEngine::Raster) {}
 
 void QtCanvas::fill(const Path& path, ColorRole color, FillRule rule) {

@@ -58,7 +58,7 @@ struct InstallationOffersTest : ::testing::Test, OffersOwner {
 
     InstalledPaths installed_paths() override { return paths; }
     bool uses_distribution_unasked() override { return unasked; }
-    std::string translate(const char* text, const char*) override { return text; }
+    std::string worded(const char* text, const char*) override { return text; }
     void show(const Alert& alert, AlertAnswered answered) override {
         events.push_back(alert.identifier);
         last = alert;

@@ -87,7 +87,7 @@ std::vector<std::string> daemon_arguments(const DemonstrationTask& task, const D
     (void)std::signal(SIGPIPE, SIG_DFL); // NOLINT(concurrency-mt-unsafe): one thread here
     sigset_t none;
     sigemptyset(&none);
-    (void)sigprocmask(SIG_SETMASK, &none, nullptr);
+    (void)sigprocmask(SIG_SETMASK, &none, nullptr); // NOLINT(concurrency-mt-unsafe): one thread here
     std::vector<char*> arguments;
     arguments.reserve(words.size() + 1);
     for (auto& word : words)
@@ -123,7 +123,7 @@ public:
         sigemptyset(&handled);
         for (const int signal : {SIGCHLD, SIGTERM, SIGINT, SIGHUP})
             sigaddset(&handled, signal);
-        (void)sigprocmask(SIG_SETMASK, &handled, nullptr);
+        (void)sigprocmask(SIG_SETMASK, &handled, nullptr); // NOLINT(concurrency-mt-unsafe): one thread here
         m_signals.reset(signalfd(-1, &handled, SFD_CLOEXEC | SFD_NONBLOCK));
         m_files.reset(inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
     }

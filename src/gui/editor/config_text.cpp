@@ -21,6 +21,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace tickervantage {
@@ -381,10 +382,11 @@ bool ConfigText::take_long_edit(QKeyEvent* event) {
 void ConfigText::contextMenuEvent(QContextMenuEvent* event) {
     QMenu* menu = createStandardContextMenu(event->pos());
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    const std::pair<const char*, void (ConfigText::*)()> own[]{{"edit-undo", &ConfigText::undo_step},
-                                                               {"edit-redo", &ConfigText::redo_step},
-                                                               {"edit-cut", &ConfigText::cut_selection},
-                                                               {"edit-delete", &ConfigText::delete_selection}};
+    const std::array<std::pair<const char*, void (ConfigText::*)()>, 4> own{
+        {{"edit-undo", &ConfigText::undo_step},
+         {"edit-redo", &ConfigText::redo_step},
+         {"edit-cut", &ConfigText::cut_selection},
+         {"edit-delete", &ConfigText::delete_selection}}};
     for (const auto& [name, slot] : own)
         if (auto* theirs = menu->findChild<QAction*>(QLatin1String(name))) {
             auto* ours = new QAction(theirs->icon(), theirs->text(), menu);
@@ -413,6 +415,7 @@ void ConfigText::keyPressEvent(QKeyEvent* event) {
     }
     const bool is_tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
     if (is_tab && event->modifiers().testFlag(Qt::ControlModifier)) { // Tab itself is a character of the text
+        // QPlainTextEdit keeps Tab for its text. NOLINTNEXTLINE(bugprone-parent-virtual-call)
         (void)QAbstractScrollArea::focusNextPrevChild(event->key() == Qt::Key_Tab &&
                                                       !event->modifiers().testFlag(Qt::ShiftModifier));
         return;

@@ -57,49 +57,49 @@ std::string listed(const DistributionChrony& chrony) {
 } // namespace
 
 Alert first_run_alert(OffersOwner& owner, const std::optional<DistributionChrony>& distribution) {
-    auto text = owner.translate("The chronyd ntp daemon is not configured/installed.", "first run: line 1") +
-                owner.translate("\nDo you wish to install the privileged components?", "first run: line 2");
+    auto text = owner.worded("The chronyd ntp daemon is not configured/installed.", "first run: line 1") +
+                owner.worded("\nDo you wish to install the privileged components?", "first run: line 2");
     if (distribution)
         text += "\n\n" +
-                owner.translate("They take the place of the chrony that this system has, and give up what its packages "
-                                "provide: updates by the system, and the confinement by AppArmor.",
-                                "first run: where the system has a chrony of its own");
+                owner.worded("They take the place of the chrony that this system has, and give up what its packages "
+                             "provide: updates by the system, and the confinement by AppArmor.",
+                             "first run: where the system has a chrony of its own");
     return {.identifier = "FirstRunAlert",
-            .message = owner.translate("Warning", ""),
+            .message = owner.worded("Warning", ""),
             .informative = text,
-            .buttons = {owner.translate("Install", ""), owner.translate("Cancel", "")}};
+            .buttons = {owner.worded("Install", ""), owner.worded("Cancel", "")}};
 }
 
 Alert version_alert(OffersOwner& owner, const std::string& chronyd, const std::string& installed,
                     const std::string& embedded) {
-    const auto line1 = owner.translate("Installed: ", "compare versions line 1") + chronyd + " " + installed;
-    const auto line2 = owner.translate(" Embedded: ", "compare versions line 2") + embedded_suffix + " " + embedded;
-    const auto line3 = owner.translate("Do you wish to re-install chronyd", "compare versions line 3");
+    const auto line1 = owner.worded("Installed: ", "compare versions line 1") + chronyd + " " + installed;
+    const auto line2 = owner.worded(" Embedded: ", "compare versions line 2") + embedded_suffix + " " + embedded;
+    const auto line3 = owner.worded("Do you wish to re-install chronyd", "compare versions line 3");
     return {.identifier = "VersionCompareAlert",
-            .message = owner.translate("Warning: Version mismatch", ""),
+            .message = owner.worded("Warning: Version mismatch", ""),
             .informative = line1 + "\n\n" + line2 + "\n\n" + line3,
-            .buttons = {owner.translate("Install", ""), owner.translate("Cancel", "")}};
+            .buttons = {owner.worded("Install", ""), owner.worded("Cancel", "")}};
 }
 
 Alert system_chrony_alert(OffersOwner& owner, const DistributionChrony& chrony) {
     return {.identifier = system_chrony_identifier,
-            .message = owner.translate("Use the chrony of this system?", "system chrony: title"),
-            .informative = owner.translate("This system has a chrony of its own, which its packages keep up to date:",
-                                           "system chrony: line 1") +
+            .message = owner.worded("Use the chrony of this system?", "system chrony: title"),
+            .informative = owner.worded("This system has a chrony of its own, which its packages keep up to date:",
+                                        "system chrony: line 1") +
                            listed(chrony) +
-                           owner.translate("The program can show and steer that one instead of installing another.",
-                                           "system chrony: last line"),
-            .buttons = {owner.translate("Use It", "system chrony: button"), owner.translate("Cancel", "")}};
+                           owner.worded("The program can show and steer that one instead of installing another.",
+                                        "system chrony: last line"),
+            .buttons = {owner.worded("Use It", "system chrony: button"), owner.worded("Cancel", "")}};
 }
 
 Alert unasked_choice_alert(OffersOwner& owner, const DistributionChrony& chrony) {
     return {.identifier = system_chrony_identifier,
-            .message = owner.translate("The chrony of this system is used.", "system chrony in use: title"),
-            .informative = owner.translate("This system has a chrony of its own, which its packages keep up to date:",
-                                           "system chrony: line 1") +
+            .message = owner.worded("The chrony of this system is used.", "system chrony in use: title"),
+            .informative = owner.worded("This system has a chrony of its own, which its packages keep up to date:",
+                                        "system chrony: line 1") +
                            listed(chrony) +
-                           owner.translate("Preferences has other paths.", "system chrony in use: last line"),
-            .buttons = {owner.translate("Dismiss", "system chrony in use: button")}};
+                           owner.worded("Preferences has other paths.", "system chrony in use: last line"),
+            .buttons = {owner.worded("Dismiss", "system chrony in use: button")}};
 }
 
 InstallationOffers::InstallationOffers(InstallationOffersParts parts)

@@ -51,7 +51,7 @@ public:
     // Whether they are the distribution's because nobody has set any: that is told, once.
     [[nodiscard]] virtual bool uses_distribution_unasked() = 0;
     // Finds a text in the user's language, by the text and a comment for translators.
-    [[nodiscard]] virtual std::string translate(const char* text, const char* comment) = 0;
+    [[nodiscard]] virtual std::string worded(const char* text, const char* comment) = 0;
     virtual void install() = 0;
     virtual void use_distribution(const DistributionChrony& chrony) = 0;
     // A chronyd does not tell its version; what it answered.

@@ -54,7 +54,7 @@ void block_signals() {
     sigemptyset(&set);
     for (const int number : {SIGCHLD, SIGTERM, SIGINT})
         sigaddset(&set, number);
-    ::sigprocmask(SIG_BLOCK, &set, nullptr);
+    ::sigprocmask(SIG_BLOCK, &set, nullptr); // NOLINT(concurrency-mt-unsafe): one thread here
     ::signal(SIGPIPE, SIG_IGN);
 }
 

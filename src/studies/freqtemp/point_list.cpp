@@ -91,7 +91,7 @@ std::shared_ptr<PointList::Piece> PointList::tail_for_next() {
     }
     if (m_pieces.back()->take(place))
         return m_pieces.back();
-    const auto own = std::make_shared<Piece>(); // a copy of this list went on from here before
+    auto own = std::make_shared<Piece>(); // a copy of this list went on from here before
     std::copy_n(m_pieces.back()->temperatures.begin(), place, own->temperatures.begin());
     std::copy_n(m_pieces.back()->frequencies.begin(), place, own->frequencies.begin());
     own->written = place + 1;
