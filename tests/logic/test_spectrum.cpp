@@ -137,6 +137,20 @@ TEST(Resampling, ThePartThatIsReachableGivesWhatTheWholeLogGives) {
     }
 }
 
+TEST(Resampling, PassesOverTheLossOfTheReference) {
+    TrackingRecords records;
+    for (const auto* text : {"05:20:00 192.0.2.1 2 1 1 4", "05:20:10 0.0.0.0 0 1 1 0", "05:20:20 192.0.2.1 2 1 1 8",
+                             "05:20:30 0.0.0.0 0 1 1 0"})
+        ASSERT_EQ(records.add_line(std::string("2026-11-21 ") + text + " N 0 1 1 1 1"), TrackingRecords::Added::record);
+    ReachableRecords reachable(records, Series::offset, 9, 10);
+    EXPECT_TRUE(reachable.read(records, 9));
+    EXPECT_TRUE(reachable.are_still_in(records));
+    const auto part = reachable.take();
+    ASSERT_EQ(part.size(), 2U);
+    EXPECT_EQ(part[0].value, 4);
+    EXPECT_EQ(part[1].value, 8);
+}
+
 TEST(Resampling, NoticesALogThatWasReadAnew) {
     TrackingRecords records;
     fill(records, 10, 2, constant);

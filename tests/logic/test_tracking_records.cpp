@@ -180,6 +180,30 @@ TEST(TrackingRecords, AnAbsentValueIsAGapInItsAveragesOnly) {
     EXPECT_DOUBLE_EQ(records.record(3).mean_offset.value(), 1.19); // goes on from record 1
 }
 
+TEST(TrackingRecords, LossOfTheReferenceMeasuredNothing) {
+    const auto without = [](const char* stratum) {
+        return "2026-11-21 05:20:26 0.0.0.0 " + std::string(stratum) + " -1.5 0.02 0 ? 0 0 0 1 1 1";
+    };
+    TrackingRecords records;
+    for (const auto& text : {line("2", "1", "1", "1"), without("0"), line("2", "1", "3", "3"), without("3")})
+        ASSERT_EQ(records.add_line(text), Added::record);
+    TrackingRecords::AllValues all;
+    records.read(0, 4, all);
+    for (std::size_t i = 0; i < series_count; ++i) {
+        const auto series = static_cast<Series>(i);
+        EXPECT_TRUE(std::isnan(records.value(series, 1))) << i;
+        EXPECT_TRUE(std::isnan(all[i][1])) << i;
+        EXPECT_EQ(records.range(series, 1, 2), std::nullopt) << i;
+    }
+    EXPECT_FALSE(records.has_reference(1));
+    EXPECT_EQ(records.record(1).stratum, 0);
+    EXPECT_EQ(records.record(1).offset, std::nullopt);
+    EXPECT_EQ(records.value(Series::rms_offset, 2), 3) << "no zero pulls it down";
+    EXPECT_EQ(records.range(Series::offset, 0, 3)->low, 1);
+    EXPECT_TRUE(records.has_reference(3)) << "a stratum of its own";
+    EXPECT_EQ(records.value(Series::offset, 3), 0);
+}
+
 TEST(TrackingRecords, StatisticsOfDamagedNumbersStayFinite) {
     TrackingRecords records;
     for (const auto* text : {"1e300", "-1.7e308", "1.7e308", "-1.7e308", "1", "1e-320", "0"})

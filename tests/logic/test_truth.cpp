@@ -111,6 +111,7 @@ TEST(Verdict, NewestOffsetsAreThoseAtTheEndOfTheLog) {
     for (int record = 1; record <= 1000; ++record)
         log += "2026-11-22 05:23:20 192.0.2.1        3     -0.156      0.247 " + std::to_string(record) +
                "e-06 N  1  1.0e-06  1.0e-06  2.0e-03  1.0e-03  1.0e-03\n";
+    log += "2026-11-22 05:23:20 0.0.0.0          0     -0.156      0.247  0.000e+00 ?  0  0.0e+00  0.0e+00  1 1 1\n";
     testing::write_file(home.path("tracking.log"), log);
     const auto offsets_with = [&](const std::string& configuration) {
         return newest_offsets({{.path = "c", .text = configuration}});

@@ -41,11 +41,14 @@ std::string end_of_file(const std::string& path) {
     return text;
 }
 
-// "2026-11-22 05:23:20 192.0.2.1 3 -0.156 0.247 -5.6e-08 N 1 …"; none on a line of the heading.
+// "2026-11-22 05:23:20 192.0.2.1 3 -0.156 0.247 -5.6e-08 N 1 …"; none on a line of the heading, or where the
+// reference was lost and nothing measured.
 std::optional<double> offset_on(std::string_view line) {
     constexpr std::size_t column = 6;
     const auto parts = words(line);
-    return parts.size() > column && parts[0].size() == 10 ? number_from_text<double>(parts[column]) : std::nullopt;
+    if (parts.size() <= column || parts[0].size() != 10 || (parts[2] == "0.0.0.0" && parts[3] == "0"))
+        return std::nullopt;
+    return number_from_text<double>(parts[column]);
 }
 
 } // namespace

@@ -19,6 +19,8 @@ struct Texts {
 
 // Three significant decimals in the unit that fits: readable, and never 0.000 for a nanosecond.
 QString value_text(Series series, double value, const QLocale& locale) {
+    if (std::isnan(value))
+        return QStringLiteral("–");
     if (series == Series::frequency)
         return locale.toString(value * 1e6, 'f', 3) + QStringLiteral(" ppm");
     const double size = std::abs(value);
@@ -34,7 +36,7 @@ QString value_text(Series series, double value, const QLocale& locale) {
 QString words_of(const Readout& readout, const std::array<bool, series_count>& shown, const QLocale& locale) {
     QString text = from_std(local_date_time(readout.time));
     for (std::size_t i = 0; i < series_count; ++i) {
-        if (!shown[i] || std::isnan(readout.values[i]))
+        if (!shown[i])
             continue;
         const auto series = static_cast<Series>(i);
         QString value = series_title(series) + QLatin1Char(' ') + value_text(series, readout.values[i], locale);

@@ -15,7 +15,7 @@ class QLocale;
 
 namespace tickervantage {
 
-// One record: its time, and each shown series that has a value, in the unit that fits.
+// One record: its time, and each shown series in the unit that fits; "–" without a value.
 [[nodiscard]] QString words_of(const Readout& readout, const std::array<bool, series_count>& shown,
                                const QLocale& locale);
 

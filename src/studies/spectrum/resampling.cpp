@@ -28,25 +28,29 @@ bool is_beyond(const TimedValue& low, const TimedValue& high, double time) {
 // The walk steps over at most one record a sample, and never past a record that is older than the oldest sample. (One
 // interval more, for the rounding of many subtractions.)
 ReachableRecords::ReachableRecords(const TrackingRecords& records, Series series, std::size_t count, double interval)
-    : m_series(series), m_most(count + 2), m_oldest_sample(0), m_size(records.size()), m_next(records.size()) {
+    : m_series(series), m_most(count + 2), m_span(interval * static_cast<double>(count)), m_size(records.size()),
+      m_next(records.size()) {
     if (!records.empty())
-        m_oldest_sample = static_cast<double>(records.time(m_size - 1)) - interval * static_cast<double>(count);
+        m_newest = records.time(m_size - 1);
 }
 
 bool ReachableRecords::are_still_in(const TrackingRecords& records) const {
-    return records.size() >= m_size && (m_records.empty() || (records.time(m_size - 1) == m_records.front().time &&
-                                                              records.time(m_next) == m_records.back().time));
+    return records.size() >= m_size &&
+           (m_next == m_size || (records.time(m_size - 1) == m_newest && records.time(m_next) == m_read_to));
 }
 
 bool ReachableRecords::are_complete() const {
     return m_next == 0 || m_records.size() == m_most ||
-           (m_records.size() >= 2 && static_cast<double>(m_records.back().time) <= m_oldest_sample);
+           (m_records.size() >= 2 &&
+            static_cast<double>(m_records.back().time) <= static_cast<double>(m_records.front().time) - m_span);
 }
 
 bool ReachableRecords::read(const TrackingRecords& records, std::size_t most) {
     for (std::size_t count = 0; count < most && !are_complete(); ++count) {
         --m_next;
-        m_records.push_back({records.time(m_next), records.value(m_series, m_next)});
+        m_read_to = records.time(m_next);
+        if (records.has_reference(m_next))
+            m_records.push_back({m_read_to, records.value(m_series, m_next)});
     }
     return are_complete();
 }

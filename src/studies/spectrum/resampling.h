@@ -2,7 +2,8 @@
 //
 // Records are at uneven times; the transform wants even ones. The walk goes from the newest record to older ones, and
 // steps over at most one record a sample: with an interval longer than the spacing of the records it falls behind and
-// extrapolates over those that it did not reach. Times as in the log, intervals in seconds, values in the series' unit.
+// extrapolates over those that it did not reach. Records that tell of a lost reference measured nothing and are passed
+// over. Times as in the log, intervals in seconds, values in the series' unit.
 // Pure functions; any thread that may read the records.
 #pragma once
 
@@ -46,9 +47,11 @@ private:
     [[nodiscard]] bool are_complete() const;
 
     Series m_series;
-    std::size_t m_most;                // no walk reaches further
-    double m_oldest_sample;            // time
-    std::size_t m_size;                // of the log at the start
+    std::size_t m_most;   // no walk reaches further
+    double m_span;        // seconds from the newest of them to the oldest sample
+    std::size_t m_size;   // of the log at the start
+    LogTime m_newest = 0; // these two: times of the log's last record then, and of the last that was read
+    LogTime m_read_to = 0;
     std::size_t m_next;                // records before this one are still to be read
     std::vector<TimedValue> m_records; // newest first
 };

@@ -68,6 +68,14 @@ bool is_zero(std::string_view text) {
     return number_from_text<int>(text) == 0;
 }
 
+bool is_reference(const TrackingLine& line) {
+    return line.address != "0.0.0.0" || !is_zero(line.stratum);
+}
+
+void drop_series(TrackingLine& line) {
+    line.frequency = line.offset = line.offset_sd = line.rem_cor = line.rootdispersion = {};
+}
+
 std::string_view next_word(std::string_view& text) {
     const auto length = std::min(text.find(' '), text.size());
     const auto word = text.substr(0, length);
@@ -169,6 +177,8 @@ TrackingRecords::Added TrackingRecords::add_line(std::string_view text, std::opt
     const std::size_t at = m_size % RECORDS_PER_PIECE;
     Piece& piece = piece_for_next();
     const std::uint32_t source = source_number(line);
+    if (!m_sources[source].is_reference)
+        drop_series(line);
     piece.put(at, line, source);
     Block& block = piece.blocks[at / block_size];
     if (at % block_size == 0)
@@ -201,13 +211,17 @@ std::uint32_t TrackingRecords::source_number(const TrackingLine& line) {
     const auto [entry, is_new] =
         m_source_numbers.try_emplace(m_source_text, static_cast<std::uint32_t>(m_sources.size()));
     if (is_new)
-        m_sources.push_back({&entry->first, is_zero(line.stratum) && is_zero(line.co)});
+        m_sources.push_back({&entry->first, is_zero(line.stratum) && is_zero(line.co), is_reference(line)});
     m_last_source = entry->second;
     return m_last_source;
 }
 
 LogTime TrackingRecords::time(std::size_t index) const {
     return m_pieces[index / RECORDS_PER_PIECE]->times[index % RECORDS_PER_PIECE];
+}
+
+bool TrackingRecords::has_reference(std::size_t index) const {
+    return m_sources[m_pieces[index / RECORDS_PER_PIECE]->sources[index % RECORDS_PER_PIECE]].is_reference;
 }
 
 double TrackingRecords::logged_value(Series series, std::size_t index) const {

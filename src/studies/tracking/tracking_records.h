@@ -5,9 +5,10 @@
 // Each of the eight numbers of a record takes four of them and comes back exactly (log_number.h). Texts are kept once,
 // and the rolling statistics are kept for every 64th record and computed again from there when they are asked for;
 // asked for in the order of the log, or backwards, each costs a few nanoseconds. An absent number is a quiet NaN here
-// and an empty optional in a `tracking` record. Records stand in the order of the log, which is not always the order of
-// time: a clock that is stepped back makes later records carry earlier times. One thread, also for reading. Source:
-// chrony.conf(5), directive log, option tracking.
+// and an empty optional in a `tracking` record. chronyd notes the loss of its reference with the address 0.0.0.0, the
+// stratum 0 and zeros that nobody measured: the series of such a record are absent. Records stand in the order of the
+// log, which is not always the order of time: a clock that is stepped back makes later records carry earlier times. One
+// thread, also for reading. Source: chrony.conf(5), directive log, option tracking.
 #pragma once
 
 #include "studies/tracking/rolling_statistics.h"
@@ -90,6 +91,7 @@ public:
     [[nodiscard]] std::size_t size() const { return m_size; }
     [[nodiscard]] bool empty() const { return m_size == 0; }
     [[nodiscard]] LogTime time(std::size_t index) const;
+    [[nodiscard]] bool has_reference(std::size_t index) const;          // false: it tells of the loss
     [[nodiscard]] double value(Series series, std::size_t index) const; // NaN: absent
     [[nodiscard]] tracking record(std::size_t index) const;
 
@@ -127,6 +129,7 @@ private:
     struct Source {
         const std::string* text = nullptr; // a key of the map
         bool is_lost = false;              // stratum and number of sources are both 0
+        bool is_reference = true;
     };
     std::vector<Source> m_sources;
     std::uint32_t m_last_source = 0;
