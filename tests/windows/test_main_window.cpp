@@ -1,3 +1,4 @@
+#include "gui/main/clock_widget.h"
 #include "gui/main/command_output.h"
 #include "gui/main/local_time_text.h"
 #include "gui/main/tickervantage_window.h"
@@ -14,6 +15,7 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QSplitter>
@@ -209,6 +211,29 @@ TEST_F(MainWindowTest, EveryControlHasANameForPeopleAndCanBeReached) {
         EXPECT_FALSE(widget->accessibleName().isEmpty()) << widget->objectName().toStdString();
         EXPECT_TRUE(widget->focusPolicy() & Qt::TabFocus || qobject_cast<const QLabel*>(widget))
             << widget->objectName().toStdString();
+    }
+}
+
+// What is on the screen, against a picture painted at once: nothing of a former hand is left.
+TEST(ClockWidget, LeavesNothingOfAFormerHand) {
+    ClockWidget clock(nullptr);
+    const auto on_screen = [&clock] {
+        QApplication::processEvents();
+        return clock.screen()->grabWindow(clock.winId()).toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    clock.show_time({10, 8, 20});
+    clock.resize(160, 160);
+    clock.show();
+    (void)on_screen();
+    clock.show_time({10, 8, 21});
+    (void)on_screen();
+    int second = 21;
+    for (const int side : {161, 320, 150, 247}) {
+        clock.resize(side, side);
+        (void)on_screen();
+        clock.show_time({10, 8, ++second});
+        const QImage screen = on_screen();
+        EXPECT_EQ(screen, clock.grab().toImage().convertToFormat(QImage::Format_RGB32)) << side;
     }
 }
 

@@ -16,13 +16,18 @@ ClockTime local_clock_time() {
 
 } // namespace
 
-ClockWidget::ClockWidget(QWidget* parent) : InstrumentWidget(parent, seconds_in_a_minute), m_view(local_clock_time) {}
+ClockWidget::ClockWidget(QWidget* parent)
+    : InstrumentWidget(parent, seconds_in_a_minute), m_time(local_clock_time()), m_view([this] { return m_time; }) {}
 
 void ClockWidget::show_now() {
+    show_time(local_clock_time());
+}
+
+void ClockWidget::show_time(ClockTime time) {
     // Every ten seconds the slow hands are off by a pixel, or the clock was set.
     constexpr int seconds_per_picture = 10;
-    const ClockTime now = local_clock_time();
-    const int picture = (now.hour * 3600 + now.minute * 60 + now.second) / seconds_per_picture;
+    const int picture = (time.hour * 3600 + time.minute * 60 + time.second) / seconds_per_picture;
+    m_time = time;
     if (std::exchange(m_picture, picture) != picture)
         redraw_all();
     else
@@ -39,7 +44,7 @@ void ClockWidget::draw_hands(Canvas& canvas, Rect bounds) const {
 }
 
 std::size_t ClockWidget::hand_position() const {
-    return static_cast<std::size_t>(local_clock_time().second);
+    return static_cast<std::size_t>(m_time.second);
 }
 
 } // namespace tickervantage

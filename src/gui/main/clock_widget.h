@@ -10,7 +10,9 @@ class ClockWidget : public InstrumentWidget {
 public:
     explicit ClockWidget(QWidget* parent);
 
-    void show_now(); // draws what has changed since it was drawn last
+    // Both draw what has changed since it was drawn last.
+    void show_now();
+    void show_time(ClockTime time);
 
 protected:
     // The slow hands are part of the kept face.
@@ -19,6 +21,7 @@ protected:
     [[nodiscard]] std::size_t hand_position() const override;
 
 private:
+    ClockTime m_time; // shown: one for all that a picture is made of
     AnalogClockView m_view;
     int m_picture = -1; // which of the day's pictures of the slow hands is kept
 };

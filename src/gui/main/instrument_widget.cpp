@@ -10,6 +10,7 @@
 #include <QPaintEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace tickervantage {
 
@@ -29,14 +30,12 @@ InstrumentWidget::InstrumentWidget(QWidget* parent, std::size_t hand_positions)
 }
 
 void InstrumentWidget::redraw_hands() {
-    update(m_hands);
-    m_hands = hands_area();
-    update(m_hands);
+    update(std::exchange(m_hands, {}));
+    update(hands_area());
 }
 
 void InstrumentWidget::redraw_all() {
     m_face = {};
-    m_hands = hands_area();
     update();
 }
 
@@ -85,7 +84,10 @@ void InstrumentWidget::paintEvent(QPaintEvent* event) {
     const double density = devicePixelRatioF();
     painter.drawPixmap(area, m_face,
                        QRectF(area.x() * density, area.y() * density, area.width() * density, area.height() * density));
-    paint_hands(painter);
+    // Remembered where it is painted: a new size, or a picture of another moment, needs no word from the owner.
+    if (area == rect())
+        m_hands = {};
+    m_hands += paint_hands(painter);
 }
 
 template <class Draw>
@@ -98,11 +100,11 @@ void InstrumentWidget::paint(QPainter& painter, const Draw& draw) const {
 }
 
 // Painting a smooth line costs a good part of a millisecond, copying its picture a few microseconds.
-void InstrumentWidget::paint_hands(QPainter& painter) {
+QRect InstrumentWidget::paint_hands(QPainter& painter) {
     const std::size_t position = hand_position();
     if (position >= m_hand_pictures.size()) {
         paint(painter, [this](Canvas& canvas, Rect bounds) { draw_hands(canvas, bounds); });
-        return;
+        return hands_area();
     }
     HandPicture& kept = m_hand_pictures[position];
     if (kept.picture.isNull() || kept.picture.devicePixelRatioF() != devicePixelRatioF()) {
@@ -110,6 +112,7 @@ void InstrumentWidget::paint_hands(QPainter& painter) {
         kept.picture = painted_hands(kept.area);
     }
     painter.drawPixmap(kept.area.topLeft(), kept.picture);
+    return kept.area;
 }
 
 QPixmap InstrumentWidget::painted_hands(const QRect& area) const {

@@ -52,12 +52,12 @@ private:
     [[nodiscard]] QPixmap painted_face();
 
     [[nodiscard]] QRect hands_area() const;
-    void paint_hands(QPainter& painter);
+    QRect paint_hands(QPainter& painter); // where they stand
     [[nodiscard]] QPixmap painted_hands(const QRect& area) const;
     void forget_hand_pictures();
 
-    QPixmap m_face; // null: to be painted
-    QRect m_hands;  // where the needles stand on the screen
+    QPixmap m_face;  // null: to be painted
+    QRegion m_hands; // where needles were painted since the last call of redraw_hands
 
     struct HandPicture {
         QRect area;
