@@ -79,12 +79,14 @@ struct TrackingWindowTest : testing::WindowControls<TrackingWindow> {
     SerialQueue export_queue{"net.brisklane.test"};
     PreferencesAdvanced preferences;
     int blocks = 0;
+    static inline double present = end_of_log;
     TrackingLogSetting setting = TrackingLogSetting::unknown;
 
     void SetUp() override { files.create("tracking.log", log_text()); }
     void TearDown() override {
         if (window)
             window->close();
+        present = end_of_log;
     }
 
     void open(const char* path = "tracking.log", bool live = false) {
@@ -97,7 +99,7 @@ struct TrackingWindowTest : testing::WindowControls<TrackingWindow> {
                                 .preferences = preferences,
                                 .exports = {.queue = export_queue, .main_thread = main_thread, .writer = plots},
                                 .can_make_log_readable = true,
-                                .now = [] { return end_of_log; },
+                                .now = [] { return present; },
                                 .log_timing = {.wait = [](auto& condition, auto& lock, auto) {
                                     condition.wait_for(lock, std::chrono::milliseconds(1));
                                 }}});
@@ -301,15 +303,49 @@ TEST_F(TrackingWindowTest, FitShowsWhatIsInSightInTrueUnits) {
     EXPECT_EQ(find<QSlider>("vZoom")->value(), zoom) << "nothing in sight to fit to";
 }
 
-TEST_F(TrackingWindowTest, TheTimeRangeIsOfferedWhereItDoesSomething) {
-    open("tracking.log", true);
+TEST_F(TrackingWindowTest, FinishedLogEndsWithItsNewestRecord) {
+    present = end_of_log + 3e8; // years later
+    open_and_load();
+    auto* area = find<GraphScrollArea>("trackingView");
+    EXPECT_EQ(window->view().right_end(), end_of_log);
+    EXPECT_EQ(window->view().readout(area->frame().width, {0, 0, area->frame().width, area->frame().height})->x,
+              area->frame().width - 60);
+    for (int i = 0; i < 12; ++i)
+        Q_EMIT area->zoom_requested(-1, 100);
+    EXPECT_EQ(area->frame().width, area->visible().width) << "no years of emptiness";
+    for (int i = 0; i < 20; ++i)
+        Q_EMIT area->zoom_requested(1, 100);
+    area->scroll_to_oldest();
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_End, Qt::NoModifier);
+    QCoreApplication::sendEvent(area, &key);
+    EXPECT_EQ(area->visible().x + area->visible().width, area->frame().width);
+}
+
+TEST_F(TrackingWindowTest, ChosenRangeIsAllInSightAtAnyLength) {
+    std::string years;
+    for (int year = 1996; year <= 2026; ++year)
+        years += fmt::format("{}-11-20 03:59:00 192.0.2.1 2 -5 0.01 1e-5 N 1 1e-6 2e-6 1e-3 1.5e-3 2e-3\n", year);
+    files.create("years.log", years + log_text());
+    open("years.log");
+    ASSERT_TRUE(eventually([this] { return blocks == 1; }));
+    auto* area = find<GraphScrollArea>("trackingView");
     auto* range = find<QComboBox>("dataTimeRange");
-    EXPECT_TRUE(range->isEnabled());
-    EXPECT_EQ(range->toolTip(), QStringLiteral("Time range"));
-    open("tracking.log", false);
-    range = find<QComboBox>("dataTimeRange");
-    EXPECT_FALSE(range->isEnabled());
-    EXPECT_TRUE(range->toolTip().contains(QStringLiteral("finished log"))) << range->toolTip().toStdString();
+    ASSERT_TRUE(range->isEnabled());
+    const auto left_of_chosen = [&](int index, double seconds) {
+        range->setCurrentIndex(index);
+        Q_EMIT range->activated(index);
+        EXPECT_TRUE(eventually([this] { return window->records().size() > 200; }));
+        return area->frame().width - 60 - seconds * window->view().xscale - area->visible().x;
+    };
+    const double whole = end_of_log - static_cast<double>(window->records().time(0));
+    const double left = left_of_chosen(0, whole);
+    EXPECT_GE(left, 0);
+    EXPECT_LT(left, 20) << "and fills the graph";
+    EXPECT_EQ(area->frame().width, area->visible().width);
+    window->resize(700, 560);
+    EXPECT_EQ(area->frame().width, area->visible().width) << "in a smaller window too";
+    EXPECT_NEAR(left_of_chosen(6, 6 * 3600), 10, 10);
+    EXPECT_GT(area->frame().width, area->visible().width);
 }
 
 TEST_F(TrackingWindowTest, AnEmptyGraphSaysWhy) {

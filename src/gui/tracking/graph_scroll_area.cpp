@@ -108,9 +108,7 @@ void GraphScrollArea::scroll_by(double dx, double dy) {
 }
 
 void GraphScrollArea::scroll_to_newest() {
-    // In sight already when the present is: then the present is what people look for.
-    const double gap = m_newest_gap > viewport()->width() * 0.8 ? m_newest_gap : 0;
-    scroll_by(m_right_gap - gap, 0);
+    scroll_by(m_right_gap, 0);
 }
 
 void GraphScrollArea::scroll_to_oldest() {
@@ -143,6 +141,7 @@ void GraphScrollArea::paint_pointer_line(QPainter& painter) const {
 
 void GraphScrollArea::resizeEvent(QResizeEvent*) {
     resize_frame();
+    Q_EMIT resized();
 }
 
 void GraphScrollArea::wheelEvent(QWheelEvent* event) {

@@ -31,8 +31,6 @@ public:
     // Changes a horizontal scale with `change`, keeping the time under the pointer where it is.
     void zoom_about(double viewport_x, double zoom);
 
-    // Of an old log the newest record lies far left of the present: how many points, for scroll_to_newest.
-    void set_newest_gap(double points) { m_newest_gap = points; }
     void scroll_to_newest();
     void scroll_to_oldest();
     void scroll_to_zero_line(); // upwards and downwards
@@ -49,6 +47,7 @@ Q_SIGNALS:
     void fit_requested();            // a double click
     void pointed_at(double frame_x); // the pointer moved over the graph
     void pointer_left();
+    void resized();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -72,7 +71,6 @@ private:
     PerformanceGraph& m_graph;
     CanvasMemory m_canvas_memory;
     Rect m_frame;
-    double m_newest_gap = 0;
     double m_right_gap = 0;    // points from the right edge in sight to the frame's right edge
     double m_above_center = 0; // points from the middle in sight to the frame's middle, where the zero line runs
     bool m_setting_bars = false;

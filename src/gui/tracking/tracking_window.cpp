@@ -30,6 +30,7 @@ namespace {
 
 constexpr std::size_t ROWS_IN_A_SLICE = 20'000; // some milliseconds
 constexpr double first_lines_come = 0.3;        // seconds
+constexpr int seconds_per_hour = 3600;
 
 double slider_value(const QSlider* slider) {
     return slider->value() / slider_steps;
@@ -82,7 +83,13 @@ void TrackingWindow::connect_controls() {
     connect(m_controls.makeReadable, &QPushButton::clicked, this, &TrackingWindow::makeReadable);
     for (auto* slider : {m_controls.hZoom, m_controls.vZoom, m_controls.vScale})
         connect(slider, &QSlider::valueChanged, this, [this] { apply_sliders(); });
-    connect(m_controls.dataTimeRange, &QComboBox::activated, this, [this] { apply_legend(); });
+    connect(m_controls.hZoom, &QSlider::actionTriggered, this, [this] { m_holds_range = false; });
+    connect(m_controls.dataTimeRange, &QComboBox::activated, this, [this] {
+        apply_legend();
+        if (!std::exchange(m_holds_range, true))
+            m_own_zoom = slider_value(m_controls.hZoom);
+        hold_range();
+    });
     connect(m_controls.showLegend, &QPushButton::clicked, this, [this] { showLegend(); });
     connect(m_controls.showSpectrum, &QPushButton::clicked, this, &TrackingWindow::spectrum_requested);
     connect(m_controls.export_button, &QPushButton::clicked, this, [this] { m_exports->ask_for_file(); });
@@ -105,6 +112,7 @@ void TrackingWindow::connect_graph() {
     connect(area, &GraphScrollArea::zoom_requested, this, [this](double steps, double x) { zoom(steps, x); });
     connect(area, &GraphScrollArea::vertical_zoom_requested, this,
             [this](double steps) { set_slider(m_controls.vZoom, slider_value(m_controls.vZoom) + steps / 4); });
+    connect(area, &GraphScrollArea::resized, this, &TrackingWindow::hold_range);
     connect(area, &GraphScrollArea::fit_requested, this, &TrackingWindow::fit);
     connect(m_controls.fit, &QPushButton::clicked, this, &TrackingWindow::fit);
     connect(m_controls.fit_action, &QAction::triggered, this, &TrackingWindow::fit);
@@ -135,7 +143,7 @@ TrackingSettings TrackingWindow::current_settings() const {
     settings.legend = m_controls.legend->settings();
     settings.dataTimeRange = m_controls.dataTimeRange->currentIndex();
     settings.vZoom = slider_value(m_controls.vZoom);
-    settings.hZoom = slider_value(m_controls.hZoom);
+    settings.hZoom = m_holds_range ? m_own_zoom : slider_value(m_controls.hZoom); // the range's suits this log alone
     settings.vScale = m_controls.vScale->value();
     return settings;
 }
@@ -145,17 +153,28 @@ void TrackingWindow::apply_sliders() {
     m_view.set_vertical_scale(m_controls.vScale->value());
     m_view.set_horizontal_zoom(slider_value(m_controls.hZoom));
     m_controls.trackingView->resize_frame();
-    if (m_ends && !m_view.m_livetracking)
-        show_newest();
+}
+
+// All of the chosen range in sight, until somebody zooms.
+void TrackingWindow::hold_range() {
+    if (!m_holds_range || !m_ends)
+        return;
+    const int hours = range_hours(m_controls.dataTimeRange->currentIndex());
+    const auto seconds = hours == 0 ? std::nullopt : std::optional<double>(hours * seconds_per_hour);
+    if (const auto zoom = m_view.zoom_to_hold(m_controls.trackingView->visible().width, seconds))
+        set_slider(m_controls.hZoom, *zoom);
+    m_controls.trackingView->scroll_to_newest();
 }
 
 void TrackingWindow::zoom(double steps, double viewport_x) {
+    m_holds_range = false;
     const QSignalBlocker quiet(m_controls.hZoom); // its own reaction would zoom about the right edge
     set_slider(m_controls.hZoom, slider_value(m_controls.hZoom) + steps / 4);
     m_controls.trackingView->zoom_about(viewport_x, slider_value(m_controls.hZoom));
 }
 
 void TrackingWindow::reset_zoom() {
+    m_holds_range = false;
     set_slider(m_controls.hZoom, 0);
     set_slider(m_controls.vZoom, 0);
 }
@@ -191,7 +210,6 @@ void TrackingWindow::apply_legend() {
 }
 
 void TrackingWindow::apply_time_range() {
-    constexpr int seconds_per_hour = 3600;
     const int hours = range_hours(m_controls.dataTimeRange->currentIndex());
     if (hours == 0) {
         if (std::exchange(m_view.filtertimestamps, false))
@@ -205,15 +223,6 @@ void TrackingWindow::apply_time_range() {
         load_log();
 }
 
-// Only a live log leaves out what is older than the range.
-void TrackingWindow::offer_time_range(bool live) {
-    m_controls.dataTimeRange->setEnabled(live);
-    //: tracking window: tooltip of the menu of time ranges while it is switched off
-    const QString why_not =
-        tr("Of a finished log all records are shown: the range is for a log that is still being written");
-    m_controls.dataTimeRange->setToolTip(live ? m_controls.dataTimeRange->accessibleName() : why_not);
-}
-
 void TrackingWindow::set_log(const QString& path, bool live) {
     m_logname = path;
     if (path.isEmpty())
@@ -221,7 +230,6 @@ void TrackingWindow::set_log(const QString& path, bool live) {
     setWindowTitle(path);
     m_controls.titleView->setText(path);
     m_controls.pauseplay->setVisible(live);
-    offer_time_range(live);
     m_view.pause(!live);
     m_view.m_livetracking = live;
     m_empty.is_live = live;
@@ -245,7 +253,6 @@ void TrackingWindow::load_log() {
     }
     m_view.clear();
     m_ends.reset();
-    m_newest_shown = false;
     m_is_read = m_empty.has_older_records = false;
     show_emptiness();
     m_trackinglog->follow();
@@ -265,9 +272,10 @@ void TrackingWindow::take_line(std::string_view line, bool last) {
 void TrackingWindow::end_of_block() {
     if (std::exchange(m_animated, false))
         m_controls.loadingLog->hide();
-    m_controls.trackingView->resize_frame();
     if (m_ends && !m_view.m_livetracking)
-        show_newest();
+        m_view.end_with_log();
+    m_controls.trackingView->resize_frame();
+    hold_range();
     if (m_ends) {
         m_controls.startDate->setText(from_std(local_date_time(m_ends->first)));
         m_controls.endDate->setText(from_std(local_date_time(m_ends->last)));
@@ -301,14 +309,6 @@ void TrackingWindow::show_log_setting(const LogSettingAnswer& answer) {
     m_empty.setting = answer.setting;
     m_empty.configuration = answer.configuration;
     show_emptiness();
-}
-
-// Once a log: afterwards people have scrolled where they want to be.
-void TrackingWindow::show_newest() {
-    const double gap = (m_view.right_end() - static_cast<double>(m_ends->last)) * m_view.xscale;
-    m_controls.trackingView->set_newest_gap(gap);
-    if (!std::exchange(m_newest_shown, true))
-        m_controls.trackingView->scroll_to_newest();
 }
 
 void TrackingWindow::update_spectrum_button() {

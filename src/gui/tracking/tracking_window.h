@@ -1,5 +1,5 @@
-// One tracking log as a graph, with its controls. A finished log stands still at the moment it was opened; a live one
-// runs on while chronyd writes it.
+// One tracking log as a graph, with its controls. A finished log stands still and ends with its newest record; a
+// live one runs on while chronyd writes it.
 #pragma once
 
 #include "base/failure.h"
@@ -89,13 +89,12 @@ private:
     void apply_sliders();
     void apply_legend();
     void apply_time_range();
-    void offer_time_range(bool live);
+    void hold_range();
     void load_log();
     void take_line(std::string_view line, bool last);
     void end_of_block();
     void describe_graph();
     void show_emptiness();
-    void show_newest();
     void show_problem(const std::optional<Failure>& problem);
     void show_no_readout(); // the log's problem, where there is one
     void read_so_far();
@@ -116,7 +115,8 @@ private:
     EmptyLog m_empty;
     bool m_is_read = false;       // as far as the log goes
     bool m_setting_asked = false; // for this look at an empty log
-    bool m_newest_shown = false;  // of this log, once
+    bool m_holds_range = false;   // the range that was chosen is all in sight
+    double m_own_zoom = 0;        // horizontal, before that
     bool m_animated = false;      // the busy indicator runs
     std::optional<LogEnds> m_ends;
     std::unique_ptr<Repeater> m_read_timer; // once: an empty file has no last line to tell that it was read

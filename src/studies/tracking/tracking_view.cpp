@@ -42,6 +42,15 @@ void TrackingView::clear() {
     m_latest = std::numeric_limits<LogTime>::min();
 }
 
+std::optional<double> TrackingView::zoom_to_hold(double width, std::optional<double> seconds) const {
+    constexpr double STEPS = 100; // of a whole zoom; rounded down, or the oldest record would be cut off
+    const double span = seconds.value_or(dataTimespan());
+    if (!(span > 0))
+        return std::nullopt;
+    const double points = std::max(1.0, width - xaxis_offset);
+    return std::floor(std::log2(points / (span * xscale_default)) * STEPS) / STEPS;
+}
+
 TimeAxis TrackingView::time_axis(Point origin) const {
     return {.origin = origin, .origin_time = right_end(), .xscale = xscale};
 }

@@ -47,6 +47,13 @@ public:
     std::optional<LogEnds> add_line(std::string_view line);
     void clear();
 
+    // A finished log's time axis ends with its newest record. Only while paused, and not of an empty log.
+    void end_with_log() { pauseTime = static_cast<double>(m_latest); }
+
+    // The horizontal zoom with which so many seconds fit into a frame of that width; of the whole log without them.
+    // None: the log has no length.
+    [[nodiscard]] std::optional<double> zoom_to_hold(double width, std::optional<double> seconds = std::nullopt) const;
+
     [[nodiscard]] const TrackingRecords& records() const { return m_chronytracking; }
 
     // The record nearest to an x coordinate, of those up to the right end; none when nothing is drawn.
