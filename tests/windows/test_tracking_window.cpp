@@ -270,6 +270,31 @@ TEST_F(TrackingWindowTest, ReadoutAndExportTellWhatIsInSight) {
     EXPECT_NE(table.find("-5.123e-06"), std::string::npos) << table.substr(0, 200);
 }
 
+TEST_F(TrackingWindowTest, ReadoutHoldsAllSeriesAndFollowsTheKeys) {
+    files.create("tracking.log", log_text() + "2026-11-21 04:00:00 0.0.0.0 0 -5.1 0.01 0 ? 0 0 0 1 1 1\n");
+    open_and_load();
+    for (auto* shown : find<LegendView>("legend")->findChildren<QCheckBox*>())
+        if (!shown->isChecked())
+            shown->click();
+    auto* area = find<GraphScrollArea>("trackingView");
+    auto* readout = find<QLabel>("readout");
+    const QPointF pointer(area->visible().width - 60, 50);
+    QMouseEvent move(QEvent::MouseMove, pointer, area->viewport()->mapToGlobal(pointer), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QCoreApplication::sendEvent(area->viewport(), &move);
+    EXPECT_EQ(readout->text().count(u'–'), static_cast<int>(series_count)) << readout->text().toStdString();
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_Left, Qt::NoModifier);
+    const QString before = readout->text();
+    QCoreApplication::sendEvent(area, &key);
+    EXPECT_NE(readout->text(), before) << "another record has come under the pointer";
+    EXPECT_FALSE(readout->text().contains(u'–'));
+    for (const int width : {1000, 640}) {
+        window->resize(width, 560);
+        QCoreApplication::processEvents();
+        EXPECT_GE(readout->height(), readout->heightForWidth(readout->width())) << width;
+    }
+}
+
 TEST_F(TrackingWindowTest, FitShowsWhatIsInSightInTrueUnits) {
     open_and_load();
     window->view().pauseTime = static_cast<double>(window->records().time(records_in_log - 1));

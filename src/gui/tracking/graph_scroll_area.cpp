@@ -45,7 +45,7 @@ void GraphScrollArea::resize_frame() {
     m_frame = m_graph.resizeFrame(m_frame, visible());
     keep_inside();
     update_scroll_bars();
-    viewport()->update();
+    redraw();
 }
 
 void GraphScrollArea::zoom_about(double viewport_x, double zoom) {
@@ -57,6 +57,13 @@ void GraphScrollArea::zoom_about(double viewport_x, double zoom) {
     const double moved = from_origin * (m_graph.xscale / before - 1);
     m_right_gap += moved;
     resize_frame();
+}
+
+// Whatever moved, the pointer or the graph beneath it: another record may be under it.
+void GraphScrollArea::redraw() {
+    viewport()->update();
+    if (m_pointer_x)
+        Q_EMIT pointed_at(visible().x + *m_pointer_x);
 }
 
 void GraphScrollArea::keep_inside() {
@@ -96,7 +103,7 @@ void GraphScrollArea::scrollContentsBy(int, int) {
     if (m_setting_bars)
         return;
     take_scroll_bars();
-    viewport()->update();
+    redraw();
 }
 
 void GraphScrollArea::scroll_by(double dx, double dy) {
@@ -104,7 +111,7 @@ void GraphScrollArea::scroll_by(double dx, double dy) {
     m_above_center += dy;
     keep_inside();
     update_scroll_bars();
-    viewport()->update();
+    redraw();
 }
 
 void GraphScrollArea::scroll_to_newest() {
@@ -180,15 +187,14 @@ void GraphScrollArea::mousePressEvent(QMouseEvent* event) {
 }
 
 void GraphScrollArea::mouseMoveEvent(QMouseEvent* event) {
+    m_pointer_x = event->position().x();
     if (m_drag_from) {
         const QPointF moved = event->position() - *m_drag_from;
         m_drag_from = event->position();
         scroll_by(-moved.x(), -moved.y());
         return;
     }
-    m_pointer_x = event->position().x();
-    viewport()->update();
-    Q_EMIT pointed_at(visible().x + *m_pointer_x);
+    redraw();
 }
 
 void GraphScrollArea::mouseReleaseEvent(QMouseEvent*) {

@@ -45,7 +45,7 @@ Q_SIGNALS:
     void zoom_requested(double steps, double viewport_x); // horizontal; one step is one notch of a wheel
     void vertical_zoom_requested(double steps);
     void fit_requested();            // a double click
-    void pointed_at(double frame_x); // the pointer moved over the graph
+    void pointed_at(double frame_x); // the pointer moved over the graph, or the graph beneath the pointer
     void pointer_left();
     void resized();
 
@@ -63,6 +63,7 @@ protected:
 
 private:
     void scroll_by(double dx, double dy);
+    void redraw();
     void keep_inside();
     void update_scroll_bars();
     void take_scroll_bars();

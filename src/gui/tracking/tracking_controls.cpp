@@ -2,6 +2,7 @@
 
 #include "gui/tracking/graph_scroll_area.h"
 #include "gui/tracking/legend.h"
+#include "gui/tracking/readout_label.h"
 #include "qt/text_scale.h"
 #include "settings/settings_keys.h"
 #include "studies/tracking/tracking_settings.h"
@@ -152,12 +153,8 @@ void build_texts(QWidget* central, TrackingControls& controls) {
                                   //: tracking window: time of the last record
                                   Texts::tr("Last record"));
     //: tracking window: values of the record under the pointer
-    controls.readout = date_label(central, "readout", Texts::tr("Under the pointer"));
-    controls.readout->setTextFormat(Qt::PlainText);
-    controls.readout->setAlignment(Qt::AlignCenter);
-    controls.readout->setWordWrap(true);
-    // The graph does not move under the pointer when the words grow.
-    controls.readout->setFixedHeight(2 * controls.readout->fontMetrics().lineSpacing() + 2);
+    controls.readout = named(new ReadoutLabel(central), "readout", Texts::tr("Under the pointer"));
+    controls.readout->setTextInteractionFlags(Qt::TextSelectableByMouse);
     //: tracking window: button, shown where the log may be read by chronyd alone
     controls.makeReadable = named(new QPushButton(Texts::tr("&Make Readable"), central), "makeReadable",
                                   //: tracking window: tooltip of that button

@@ -14,6 +14,7 @@ namespace tickervantage {
 
 class GraphScrollArea;
 class LegendView;
+class ReadoutLabel;
 class PerformanceGraph;
 
 struct TrackingControls {
@@ -30,7 +31,7 @@ struct TrackingControls {
     QProgressBar* loadingLog = nullptr;
     QLabel* startDate = nullptr;
     QLabel* endDate = nullptr;
-    QLabel* readout = nullptr;
+    ReadoutLabel* readout = nullptr;
     QPushButton* makeReadable = nullptr; // beside the readout, while that says that the log may not be read
     QSlider* hZoom = nullptr;
     QSlider* vZoom = nullptr;

@@ -3,6 +3,7 @@
 #include "base/failure_codes.h"
 #include "gui/tracking/graph_scroll_area.h"
 #include "gui/tracking/legend.h"
+#include "gui/tracking/readout_label.h"
 #include "gui/tracking/tracking_words.h"
 #include "qt/in_words.h"
 #include "qt/named_widget.h"
@@ -204,6 +205,7 @@ void TrackingWindow::apply_legend() {
     m_view.shown = legend.shown;
     m_view.colors = legend.colors;
     m_view.use_logscale = legend.use_logscale;
+    m_controls.readout->reserve(longest_words(legend.shown, locale()));
     apply_time_range();
     m_controls.trackingView->resize_frame();
     describe_graph();

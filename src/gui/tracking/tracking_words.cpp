@@ -45,6 +45,13 @@ QString words_of(const Readout& readout, const std::array<bool, series_count>& s
     return text;
 }
 
+QString longest_words(const std::array<bool, series_count>& shown, const QLocale& locale) {
+    constexpr double LONGEST = -999.999e-6; // in microseconds, and three digits of ppm
+    Readout readout;
+    readout.values.fill(LONGEST);
+    return words_of(readout, shown, locale);
+}
+
 QString empty_words(const EmptyLog& log) {
     const QString configuration = QString::fromStdString(log.configuration);
     if (log.is_live && log.setting == TrackingLogSetting::not_asked_for)

@@ -19,6 +19,9 @@ namespace tickervantage {
 [[nodiscard]] QString words_of(const Readout& readout, const std::array<bool, series_count>& shown,
                                const QLocale& locale);
 
+// Words of such a record that are as long as any clock's.
+[[nodiscard]] QString longest_words(const std::array<bool, series_count>& shown, const QLocale& locale);
+
 // The whole graph: how many records of which time, and the newest one.
 [[nodiscard]] QString description_of(const TrackingView& view, Rect frame, const std::optional<LogEnds>& ends,
                                      const QLocale& locale);
