@@ -5364,14 +5364,6 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
     </message>
 </context>
 <context>
-    <name>tickervantage::TrackingWindow</name>
-    <message>
-        <source>Of a finished log all records are shown: the range is for a log that is still being written</source>
-        <extracomment>tracking window: tooltip of the menu of time ranges while it is switched off</extracomment>
-        <translation>Von einem abgeschlossenen Protokoll werden alle Einträge gezeigt: Der Zeitraum gilt für eines, das noch geschrieben wird</translation>
-    </message>
-</context>
-<context>
     <name>tracking</name>
     <message>
         <source>Time range</source>

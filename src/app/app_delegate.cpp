@@ -161,7 +161,9 @@ StatusCycleOptions AppDelegate::cycle_options() {
             .bundle = m_parts.paths.bundle,
             .gpsd_application_found = [] { return has_application(QLatin1String(StatusCycle::GPSD_CONF_ID)); },
             .chronyc_arguments = m_daemon.chronyc_arguments,
-            .configuration = m_daemon.configuration};
+            .configuration = m_daemon.configuration,
+            .history = m_parts.paths.data_home.empty() ? "" : m_parts.paths.data_home + "/Tickervantage/history.sqlite",
+            .logger = &m_parts.logger};
 }
 
 void AppDelegate::update_optional_items() const {

@@ -1,7 +1,9 @@
 // The history of the clock: nothing torn, nothing lost, and spans that say what the readings said.
 #include "base/failure_codes.h"
+#include "chrony/status/kept_readings.h"
 #include "history/history_keeper.h"
 #include "history/history_writer.h"
+#include "support/memory_stores.h"
 
 #include <gtest/gtest.h>
 
@@ -310,6 +312,28 @@ TEST_F(History, KeeperTakesOverAndThinsAndOutlivesItsFile) {
     keeper = HistoryKeeper(path);
     ASSERT_TRUE(other.keep(ChronyReports(), std::nullopt, start + 9 * day + 10)); // a change that nobody saw happen
     EXPECT_EQ(HistoryReader::open(path).value().events({start + 9 * day, start + 10 * day}).value().size(), 2U);
+}
+
+TEST_F(History, AWindowKeepsAReadingEachTenSecondsAndEachChange) {
+    testing::MemoryLogger log;
+    const auto truth = [](const std::string& address) {
+        return clock_truth(synchronised_to(address), {});
+    };
+    {
+        KeptReadings kept(path, log);
+        for (int second = 0; second < 20; ++second)
+            kept.keep(truth("192.0.2.1"), start + second);
+        kept.keep(truth("192.0.2.2"), start + 20);
+        kept.keep(truth("192.0.2.1"), start + 21);
+    }
+    EXPECT_EQ(rows_in(path), 4U);
+    EXPECT_TRUE(log.sentences.empty());
+    std::filesystem::remove_all(folder + "/deeper");
+    std::ofstream(folder + "/deeper") << "in the way";
+    KeptReadings kept(path, log);
+    for (int second = 0; second < 60; ++second)
+        kept.keep(truth("192.0.2.1"), start + second);
+    EXPECT_EQ(log.sentences.size(), 1U);
 }
 
 TEST(HistoryRecorder, TellsWhatChanged) {

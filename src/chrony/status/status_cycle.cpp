@@ -21,7 +21,10 @@ StatusCycle::StatusCycle(StatusDisplay& display, const StatusCycleParts& parts, 
       m_clockTicker(parts.timer.make_repeater("clockTicker", Pace::wall_second)),
       m_root_reports(parts.privileged, parts.report_queue, parts.main_thread, !m_options.chronyc_arguments.empty(),
                      [this] { judge_again(); }),
-      m_background(parts.main_thread) {}
+      m_background(parts.main_thread) {
+    if (!m_options.history.empty() && m_options.logger != nullptr)
+        m_tools->history = std::make_unique<KeptReadings>(m_options.history, *m_options.logger);
+}
 
 StatusCycle::~StatusCycle() = default;
 

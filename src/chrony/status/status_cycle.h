@@ -46,6 +46,8 @@ struct StatusCycleOptions {
     std::vector<std::string> chronyc_arguments = {}; // placed before every command
     std::string root = {};                           // the folder that the machine's files lie in
     std::string configuration = {};                  // of the daemon shown; empty: that of the preferences
+    std::string history = {};                        // the file that readings are kept in; empty: none
+    Logger* logger = nullptr;                        // with a history: where its failures go
 };
 
 class StatusCycle {
