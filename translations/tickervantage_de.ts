@@ -4479,6 +4479,11 @@ Starten Sie dann chronyd neu.</translation>
         <comment>configuration editor: its menus, sheets and the line below the text.</comment>
         <translation></translation>
     </message>
+    <message>
+        <source>The configuration could not be read</source>
+        <extracomment>alert: message above the reason</extracomment>
+        <translation>Die Konfiguration konnte nicht gelesen werden</translation>
+    </message>
 </context>
 <context>
     <name>tickervantage::FreqTempWindow</name>
@@ -5285,14 +5290,6 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <source>Synchronising; this may take %1 s…</source>
         <extracomment>synchronise window: said meanwhile; %1 is a number</extracomment>
         <translation>Die Uhr wird synchronisiert; das kann %1 s dauern …</translation>
-    </message>
-</context>
-<context>
-    <name>tickervantage::Then</name>
-    <message>
-        <source>The configuration could not be read</source>
-        <extracomment>alert: message above the reason</extracomment>
-        <translation>Die Konfiguration konnte nicht gelesen werden</translation>
     </message>
 </context>
 <context>

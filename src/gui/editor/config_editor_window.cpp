@@ -177,7 +177,7 @@ void ConfigEditor::open_kept(KeptEdit edit) {
     Q_EMIT opened();
 }
 
-template <class Read, class Then>
+template <typename Read, typename Then>
 void ConfigEditor::load_with(Read read, Then then) {
     m_background.start(m_parts.queue, std::move(read), [this, then = std::move(then)](const Loaded& loaded) {
         if (loaded.document) {
