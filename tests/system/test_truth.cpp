@@ -48,12 +48,24 @@ public:
                      configuration + "allow\nport " + port + "\nbindaddress " + address + '\n');
     }
 
-    Capture ask(const std::string& name) {
-        const Runchronyc chronyc(m_execute, m_actions, {.bundle = {}, .chronyc = chronyc_program, .chronyd = {}}, false,
-                                 false, {"-h", socket(name)});
+    Capture ask(const std::string& name, const std::string& program = chronyc_program) {
+        const Runchronyc chronyc(m_execute, m_actions, {.bundle = {}, .chronyc = program, .chronyd = {}}, false, false,
+                                 {"-h", socket(name)});
         Capture capture = read_capture(chronyc, CaptureDepth::with_root);
         capture.configuration = read_configuration(m_home.path(name + "/conf"));
         m_text = chronyc.run("tracking").output;
+        return capture;
+    }
+
+    // By somebody who may not reach the daemon's socket.
+    Capture ask_from_outside(const std::string& name) {
+        const std::string program = m_home.path("chronyc");
+        const std::string as_nobody =
+            ::geteuid() == 0 ? "/usr/bin/setpriv --reuid 65534 --regid 65534 --clear-groups " : "";
+        testing::write_file(program, "#!/bin/sh\nexec " + as_nobody + chronyc_program + " \"$@\"\n", 0700);
+        ::chmod(m_home.path(name).c_str(), 0);
+        Capture capture = ask(name, program);
+        ::chmod(m_home.path(name).c_str(), 0700);
         return capture;
     }
 
@@ -179,6 +191,17 @@ TEST_F(Truth, NamesWhatWasDoneToEverySource) {
         return wrong.empty();
     })) << wrong;
     EXPECT_EQ(judge(reports_in(daemons.ask("nobody"))), Verdict::unavailable);
+}
+
+TEST_F(Truth, ASocketThatMayNotBeReachedTellsNothingOfTheClock) {
+    (void)daemons.start("client", "local stratum 5\n");
+    ASSERT_TRUE(testing::eventually(std::chrono::seconds(20),
+                                    [&] { return judge(reports_in(daemons.ask("client"))) == Verdict::local; }));
+    const ChronyReports reports = reports_in(daemons.ask_from_outside("client"));
+    EXPECT_EQ(judge(reports), Verdict::unavailable);
+    EXPECT_FALSE(error_budget(reports));
+    EXPECT_FALSE(reports.refusal.empty());
+    EXPECT_EQ(judge(reports_in(daemons.ask("client"))), Verdict::local) << "it was there all the time";
 }
 
 // As far as two readings, one after the other, can.
