@@ -39,7 +39,7 @@ const char* name_of(LogLevel level) {
 // Bytes of the printable character at the start of the text; 0 when there is none.
 std::size_t printable_length(std::string_view text) {
     const std::size_t length = character_length(text);
-    return is_control(text.substr(0, length)) ? 0 : length;
+    return length == 0 || is_control(text.substr(0, length)) ? 0 : length;
 }
 
 void append_harmless(std::string& line, std::string_view text) {
