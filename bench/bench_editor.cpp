@@ -13,11 +13,14 @@
 #include "gui/editor/config_editor_window.h"
 #include "gui/editor/config_find_bar.h"
 #include "gui/editor/config_text.h"
+#include "linux/kept_files.h"
 #include "linux/posix_execute.h"
+#include "linux/posix_path_probes.h"
+#include "linux/posix_user_files.h"
 #include "linux/private_temporary.h"
 #include "linux/serial_queue.h"
-#include "linux/small_file.h"
 #include "qt/event_loop.h"
+#include "support/memory_stores.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -50,22 +53,20 @@ std::string write_configuration(const std::string& folder, int lines) {
 class Stage {
 public:
     explicit Stage(const std::string& folder)
-        : m_editor(std::make_unique<ConfigEditor>(
+        : m_kept(std::make_shared<PosixKeptFiles>(folder + "unsaved")), m_keeper(m_kept, m_queue, m_logger),
+          m_editor(std::make_unique<ConfigEditor>(
               ConfigEditorParts{.queue = m_queue,
                                 .main_thread = m_main_thread,
                                 .check = {.syntax = {.execute = m_execute,
                                                      .chronyds = [] { return std::vector<std::string>(); },
-                                                     .replace_file = replace_small_file,
+                                                     .files = m_files,
                                                      .temporary = folder},
-                                          .probes = {}},
-                                .files = {.read = read_small_file, .replace = replace_small_file},
-                                .config_path = [] { return std::string(); },
-                                .install = {},
-                                .open_page = {},
-                                .default_config = {},
-                                .keep_edit = [](const auto& make) { (void)make(); },
-                                .drop_edit = {}},
-              ConfigEditorRequests{})) {
+                                          .probes = m_probes},
+                                .files = m_files,
+                                .general = m_general,
+                                .keeper = m_keeper,
+                                .recent = m_recent,
+                                .default_config = {}})) {
         m_editor->resize(1200, 800);
         m_editor->show();
     }
@@ -108,7 +109,16 @@ public:
 private:
     QtMainThread m_main_thread;
     PosixExecute m_execute;
+    PosixFiles m_files;
+    PosixPathProbes m_probes;
+    testing::MemoryLogger m_logger;
+    testing::MemorySettingsStore m_store;
+    DefaultSettings m_settings{m_store};
+    RecentFiles m_recent{m_settings};
+    PreferencesGeneral m_general;
     SerialQueue m_queue{"net.brisklane.config"};
+    std::shared_ptr<PosixKeptFiles> m_kept;
+    EditKeeper m_keeper;
     std::unique_ptr<ConfigEditor> m_editor;
     StallMeter m_stall;
     bool m_waiting = false;
@@ -128,7 +138,7 @@ void work(Stage& stage, const std::string& path) {
     };
     stage.measure("open", [&] {
         stage.await_settled();
-        stage.editor().open_path(QString::fromStdString(path), [](const QString&) {});
+        stage.editor().open_path(QString::fromStdString(path));
     });
     stage.measure("scroll", [&] {
         auto* bar = text.verticalScrollBar();
@@ -167,7 +177,7 @@ void work(Stage& stage, const std::string& path) {
     stage.measure("undo remove all", [&] { text.undo_step(); });
     stage.measure("read anew", [&] {
         stage.await_settled();
-        stage.editor().open_path(QString::fromStdString(path), [](const QString&) {});
+        stage.editor().open_path(QString::fromStdString(path));
     });
     stage.measure("close", [&] { stage.close(); });
 }

@@ -140,8 +140,8 @@ void live_for(std::chrono::milliseconds time) {
 class Stage {
 public:
     explicit Stage(const std::string& chronyc)
-        : m_parts(m_main_thread, m_timer, chronyc, chronyc),
-          m_window(m_parts.parts(), m_parts.options({}, "/nonexistent")), m_menus(build_application_menus(&m_window)) {
+        : m_parts(m_main_thread, m_timer, chronyc, chronyc), m_window(m_parts.parts(), m_parts.options({})),
+          m_menus(build_application_menus(&m_window)) {
         m_window.windowDidLoad();
         m_window.cycle().intervalChanged(longest_interval); // no reading but those asked for
         m_timer.start();
