@@ -9,8 +9,8 @@ namespace tickervantage::testing {
 
 class ScriptedExecute : public Execute {
 public:
-    // Answers by the program's path, by its name and last argument ("chronyc tracking"), or by the name alone; of several
-    // commands in one run, by "chronyc -m".
+    // Answers by the program's path, by its name and last argument ("chronyc tracking"), or by the name alone; of
+    // several commands in one run, by "chronyc -m".
     std::map<std::string, ExecuteResult> answers;
     std::vector<std::string> calls; // program name and all arguments, joined by "|"
 

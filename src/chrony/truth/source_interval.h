@@ -1,5 +1,5 @@
-// Where each source says the clock's offset lies, and what those that agree have in common. Seconds; positive: our clock
-// is ahead. Pure functions, any thread.
+// Where each source says the clock's offset lies, and what those that agree have in common. Seconds; positive: our
+// clock is ahead. Pure functions, any thread.
 #pragma once
 
 #include "chrony/truth/judged_source.h"

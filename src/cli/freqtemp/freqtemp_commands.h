@@ -1,5 +1,5 @@
-// What `tickerctl fit` and `tickerctl sensors` do: the polynomials through the points of a scatter map or of a .csv, and
-// the machine's temperature sensors. Waits for the disk.
+// What `tickerctl fit` and `tickerctl sensors` do: the polynomials through the points of a scatter map or of a .csv,
+// and the machine's temperature sensors. Waits for the disk.
 #pragma once
 
 #include "base/failure.h"

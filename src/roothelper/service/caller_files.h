@@ -1,4 +1,5 @@
-// The files of ordinary users on their way: read in their name, then kept until they go into root's folders, in a folder of the helper's own.
+// The files of ordinary users on their way: read in their name, then kept until they go into root's folders, in a
+// folder of the helper's own.
 #pragma once
 
 #include "roothelper/service/child_process.h"
