@@ -4,6 +4,7 @@
 #include "app/clock_setting.h"
 #include "app/former_configurations.h"
 #include "gui/main/tickervantage_window.h"
+#include "history/history_recorder.h"
 #include "qt/in_words.h"
 #include "roothelper/jobs/chrony_jobs.h"
 #include "roothelper/jobs/distribution_chrony.h"
@@ -12,6 +13,7 @@
 #include <QAction>
 #include <QCoreApplication>
 
+#include <ctime>
 #include <utility>
 
 namespace tickervantage {
@@ -106,6 +108,11 @@ JobSetting Administration::job_setting() {
 
 void Administration::show_progress(const std::string& text) {
     m_parts.window.set_progress(translated_progress(text));
+}
+
+void Administration::job_ended(AdminJob job, const JobResult& result) {
+    if (result.outcome || is_untold_failure(result.outcome)) // else nobody gave the rights, and nothing happened
+        Q_EMIT came_to_pass(job_event(std::time(nullptr), entry_of(job).name, result.outcome));
 }
 
 InstalledPaths Administration::installed_paths() {

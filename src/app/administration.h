@@ -4,6 +4,7 @@
 
 #include "app/privileged_menu.h"
 #include "base/paths.h"
+#include "history/records.h"
 #include "roothelper/jobs/installation_offers.h"
 #include "settings/preferences.h"
 
@@ -55,12 +56,14 @@ public:
 
 Q_SIGNALS:
     void complained(const QString& sentence);
+    void came_to_pass(const HistoryEvent& event); // a job that had the rights for what it did
 
 private:
     void confirm_removal();
 
     [[nodiscard]] JobSetting job_setting() override;
     void show_progress(const std::string& text) override;
+    void job_ended(AdminJob job, const JobResult& result) override;
 
     [[nodiscard]] InstalledPaths installed_paths() override;
     [[nodiscard]] bool uses_distribution_unasked() override;

@@ -10,6 +10,7 @@
 #include "chrony/configuration/configuration.h"
 #include "gui/common/desktop_links.h"
 #include "gui/main/tickervantage_window.h"
+#include "qt/in_words.h"
 #include "qt/languages.h"
 #include "roothelper/jobs/distribution_chrony.h"
 #include "roothelper/jobs/old_installation.h"
@@ -86,6 +87,7 @@ void AppDelegate::settings_changed() {
 }
 
 void AppDelegate::make_main_window() {
+    make_history();
     m_main_window = std::make_unique<TickervantageWindow>(m_parts.cycle, cycle_options());
     connect_main_window();
     make_administration();
@@ -143,6 +145,10 @@ void AppDelegate::make_administration() {
                                                                             .paths = m_parts.paths,
                                                                             .window = *m_main_window});
     connect(m_administration.get(), &Administration::complained, this, &AppDelegate::say);
+    connect(m_administration.get(), &Administration::came_to_pass, this, [this](const HistoryEvent& event) {
+        if (m_history)
+            m_history->keep(event);
+    });
 }
 
 void AppDelegate::show_problem(PrivilegedProblem problem, const Failure& why) {
@@ -156,14 +162,28 @@ TickervantageWindow& AppDelegate::main_window() {
     return *m_main_window;
 }
 
+// The window goes on without it, and says so.
+void AppDelegate::make_history() {
+    if (m_parts.paths.data_home.empty())
+        return;
+    const auto show = [this](const std::optional<Failure>& failure) {
+        m_main_window->set_standing_notice(failure ? in_words(*failure) : m_daemon.standing_notice);
+    };
+    m_history = std::make_unique<WindowHistory>(m_parts.paths.data_home + "/Tickervantage/history.sqlite",
+                                                WindowHistoryParts{.queue = m_parts.history_queue,
+                                                                   .main_thread = m_parts.cycle.main_thread,
+                                                                   .broadcast = m_parts.cycle.broadcast,
+                                                                   .logger = m_parts.logger,
+                                                                   .problem = show});
+}
+
 StatusCycleOptions AppDelegate::cycle_options() {
     return {.preferences = m_general,
             .bundle = m_parts.paths.bundle,
             .gpsd_application_found = [] { return has_application(QLatin1String(StatusCycle::GPSD_CONF_ID)); },
             .chronyc_arguments = m_daemon.chronyc_arguments,
             .configuration = m_daemon.configuration,
-            .history = m_parts.paths.data_home.empty() ? "" : m_parts.paths.data_home + "/Tickervantage/history.sqlite",
-            .logger = &m_parts.logger};
+            .history = m_history.get()};
 }
 
 void AppDelegate::update_optional_items() const {

@@ -47,6 +47,7 @@ struct ApplicationParts {
     FreqTempParts freqtemp;              // frequency against temperature
     DispatchQueueSerial& list_queue;     // the server list, the preferences' paths
     DispatchQueueSerial& help_queue;     // help pages: reading, rendering, searching
+    DispatchQueueSerial& history_queue;  // the history of the clock
     QueueLender& log_queues;             // one for each log that is followed
     Logger& logger;
     Paths paths;
@@ -103,6 +104,7 @@ private:
     void connect_log_items();
     [[nodiscard]] ChronyPaths usual_paths() const;
     [[nodiscard]] StatusCycleOptions cycle_options();
+    void make_history();
     void make_main_window();
     void connect_main_window();
     void showTickervantage();
@@ -132,6 +134,7 @@ private:
     std::optional<chronydStatus> m_logged_status;
     bool m_stopping = false;
     Background m_background;
+    std::unique_ptr<WindowHistory> m_history;         // outlives the window
     std::unique_ptr<Administration> m_administration; // outlives the windows that use it
     std::unique_ptr<TickervantageWindow> m_main_window;
     std::unique_ptr<AnalysisWindows> m_analysis;

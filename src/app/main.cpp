@@ -126,6 +126,7 @@ private:
     SerialQueue m_map_queue{"net.brisklane.scattermap"};
     SerialQueue m_list_queue{"net.brisklane.lists"};
     SerialQueue m_help_queue{"net.brisklane.help"};
+    SerialQueue m_history_queue{"net.brisklane.clockpast"};
     PosixFollowedFiles m_files;
     QueuePool m_log_queues{std::string(LogReader::QUEUE_LABEL)};
     AppDelegate m_delegate;
@@ -171,6 +172,7 @@ ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) 
                          .map = scatter_map_path(paths.data_home.empty() ? "" : paths.data_home + "/Tickervantage")},
             .list_queue = m_list_queue,
             .help_queue = m_help_queue,
+            .history_queue = m_history_queue,
             .log_queues = m_log_queues,
             .logger = m_logger,
             .paths = paths,

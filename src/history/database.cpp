@@ -31,7 +31,21 @@ void Statement::End::operator()(sqlite3_stmt* statement) const {
     sqlite3_finalize(statement);
 }
 
+void DatabaseStop::stop() {
+    m_is_stopped = true;
+    const std::lock_guard lock(m_mutex);
+    if (m_database != nullptr)
+        sqlite3_interrupt(m_database);
+}
+
+void DatabaseStop::watch(sqlite3* database) {
+    const std::lock_guard lock(m_mutex);
+    m_database = database;
+}
+
 void Database::Close::operator()(sqlite3* database) const {
+    if (stop)
+        stop->watch(nullptr);
     sqlite3_close_v2(database);
 }
 
@@ -77,12 +91,14 @@ std::string Statement::text(int column) const {
     return bytes == nullptr ? std::string() : std::string(bytes);
 }
 
-Result<Database> Database::open(const std::string& path, DatabaseUse use) {
+Result<Database> Database::open(const std::string& path, DatabaseUse use, std::shared_ptr<DatabaseStop> stop) {
     const int flags = use == DatabaseUse::write ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE : SQLITE_OPEN_READONLY;
     sqlite3* opened = nullptr;
     const int result = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
     Database database;
-    database.m_database.reset(opened);
+    database.m_database = {opened, Close{stop}};
+    if (stop)
+        stop->watch(opened);
     if (result != SQLITE_OK)
         return database_failure(opened);
     sqlite3_busy_timeout(opened, patience_ms);

@@ -5,8 +5,10 @@
 
 #include "base/failure.h"
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 
@@ -16,6 +18,22 @@ struct sqlite3_stmt;
 namespace tickervantage {
 
 enum class DatabaseUse : unsigned char { write, read };
+
+// Breaks off what a database has under way, for a program that ends: that fails then. Any thread; one database at a
+// time.
+class DatabaseStop {
+public:
+    void stop();
+    [[nodiscard]] bool is_stopped() const { return m_is_stopped; }
+
+private:
+    friend class Database;
+    void watch(sqlite3* database); // null: none
+
+    std::atomic<bool> m_is_stopped = false;
+    std::mutex m_mutex; // guards m_database, which must not be closed while it is told to stop
+    sqlite3* m_database = nullptr;
+};
 
 class Statement {
 public:
@@ -44,7 +62,8 @@ class Database {
 public:
     // Makes the file where there is none, for writing only. A file that another program writes is waited for up to a
     // quarter of a second, then it is a failure.
-    [[nodiscard]] static Result<Database> open(const std::string& path, DatabaseUse use);
+    [[nodiscard]] static Result<Database> open(const std::string& path, DatabaseUse use,
+                                               std::shared_ptr<DatabaseStop> stop = nullptr);
 
     [[nodiscard]] Result<> execute(const std::string& sql);
     [[nodiscard]] Result<Statement> prepare(const std::string& sql);
@@ -65,6 +84,7 @@ public:
 
 private:
     struct Close {
+        std::shared_ptr<DatabaseStop> stop;
         void operator()(sqlite3* database) const;
     };
     std::unique_ptr<sqlite3, Close> m_database;

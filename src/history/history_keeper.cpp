@@ -1,5 +1,7 @@
 #include "history/history_keeper.h"
 
+#include "base/failure_codes.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <utility>
@@ -11,22 +13,33 @@ Result<> HistoryKeeper::open() {
     if (m_writer && std::filesystem::exists(m_path, unknown))
         return {};
     m_writer.reset(); // the file was taken away: what is written to it would be lost
-    auto opened = HistoryWriter::open(m_path);
+    auto opened = HistoryWriter::open(m_path, {m_stop, m_is_damaged});
     if (!opened)
         return tl::unexpected(opened.error());
+    m_is_damaged = false;
+    m_thinned.reset(); // whoever kept it before may not have come to that
     m_writer = std::move(*opened);
     if (m_writer->kept_aside())
         m_kept_aside = m_writer->kept_aside();
     auto last = m_writer->last_row();
     if (!last)
-        return tl::unexpected(last.error());
+        return failed(FailureCode::cannot_write, {m_path}, last.error());
     m_last = std::move(*last);
     return {};
 }
 
-Result<> HistoryKeeper::checked(Result<> done) {
-    if (!done && is_damage(done.error()))
-        m_writer.reset(); // the next one sets it aside
+// Damage may show itself anywhere in the file: it is set aside then, and the work goes into a new one.
+Result<> HistoryKeeper::with_writer(const std::function<Result<>()>& work) {
+    const auto named = [&] {
+        const auto done = work();
+        return done ? Result<>() : failed(FailureCode::cannot_write, {m_path}, done.error());
+    };
+    auto done = open().and_then(named);
+    if (!done && is_damage(done.error())) {
+        m_writer.reset();
+        m_is_damaged = true;
+        done = open().and_then(named);
+    }
     return done;
 }
 
@@ -39,21 +52,20 @@ Result<> HistoryKeeper::thin(std::int64_t now) {
 }
 
 Result<> HistoryKeeper::keep(const ChronyReports& reports, const std::optional<ErrorBudget>& budget, std::int64_t now) {
-    if (auto opened = open(); !opened)
-        return opened;
     const HistoryReading reading = history_reading(now, reports, budget);
-    auto done = m_writer->add(reading, events_between(m_last, reading.row));
-    if (done) {
-        m_last = reading.row;
-        done = thin(now);
-    }
-    return checked(std::move(done));
+    auto kept = with_writer([&] {
+        auto added = m_writer->add(reading, events_between(m_last, reading.row));
+        if (added)
+            m_last = reading.row;
+        return added;
+    });
+    return kept ? with_writer([&] { return thin(now); }) : kept;
 }
 
 Result<> HistoryKeeper::keep(const HistoryEvent& event) {
-    if (auto opened = open(); !opened)
-        return opened;
-    return checked(m_writer->add(event));
+    auto kept = with_writer([&] { return m_writer->add(event); });
+    const bool is_others = !kept && kept.error().code == FailureCode::history_has_writer;
+    return is_others ? HistoryWriter::add_beside(m_path, event) : kept;
 }
 
 std::optional<std::string> HistoryKeeper::take_kept_aside() {

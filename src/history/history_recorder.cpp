@@ -65,4 +65,8 @@ std::vector<HistoryEvent> events_between(const std::optional<HistoryRow>& before
     return events;
 }
 
+HistoryEvent job_event(std::int64_t time, std::string_view job, const Result<>& outcome) {
+    return {time, HistoryEventKind::job, std::string(job), outcome ? "done" : english(outcome.error())};
+}
+
 } // namespace tickervantage

@@ -57,6 +57,12 @@ Result<> check_version(Database& database, const std::string& path) {
     return database.in_transaction([&] { return database.execute(schema::tables()); });
 }
 
+// The last one that closes a database takes this file away: where it lies, a writer was killed or the machine went off.
+bool was_left_open(const std::string& path) {
+    std::error_code unknown;
+    return std::filesystem::exists(path + "-wal", unknown);
+}
+
 Result<> check_pages(Database& database) {
     auto checked = database.prepare("PRAGMA quick_check(1)");
     if (!checked)
@@ -69,16 +75,18 @@ Result<> check_pages(Database& database) {
 
 } // namespace
 
-Result<HistoryWriter> HistoryWriter::opened(const std::string& path) {
+Result<HistoryWriter> HistoryWriter::opened(const std::string& path, const HistoryOpening& opening) {
     HistoryWriter writer;
+    writer.m_stop = opening.stop;
     if (const auto made = make_private_file(path); !made)
         return tl::unexpected(made.error());
-    auto database = Database::open(path, DatabaseUse::write);
+    const bool was_left = was_left_open(path);
+    auto database = Database::open(path, DatabaseUse::write, opening.stop);
     if (!database)
         return tl::unexpected(database.error());
     writer.m_database = std::move(*database);
     // A killed process loses nothing by "normal", and the disk is not made to wake up for each reading.
-    auto ready = check_pages(writer.m_database)
+    auto ready = (was_left ? check_pages(writer.m_database) : Result<>())
                      .and_then([&] { return check_version(writer.m_database, path); })
                      .and_then([&] {
                          return writer.m_database.execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL; "
@@ -90,20 +98,20 @@ Result<HistoryWriter> HistoryWriter::opened(const std::string& path) {
     return writer;
 }
 
-Result<HistoryWriter> HistoryWriter::open(const std::string& path) {
+Result<HistoryWriter> HistoryWriter::open(const std::string& path, const HistoryOpening& opening) {
     if (auto made = make_private_folder(std::filesystem::path(path).parent_path().string()); !made)
         return tl::unexpected(made.error());
     FileLock lock;
     if (!lock.lock(path, std::chrono::milliseconds(0)))
         return failed(FailureCode::history_has_writer);
-    auto writer = opened(path);
+    auto writer = opening.is_damaged ? failed(FailureCode::is_damaged) : opened(path, opening);
     std::optional<std::string> aside;
     if (!writer && is_damage(writer.error())) {
         const auto moved = set_database_aside(path);
         if (!moved)
             return tl::unexpected(moved.error());
         aside = *moved;
-        writer = opened(path);
+        writer = opened(path, opening);
     }
     if (!writer)
         return writer.error().code == FailureCode::history_is_newer
@@ -112,6 +120,21 @@ Result<HistoryWriter> HistoryWriter::open(const std::string& path) {
     writer->m_lock = std::move(lock);
     writer->m_kept_aside = std::move(aside);
     return writer;
+}
+
+Result<> HistoryWriter::add_beside(const std::string& path, const HistoryEvent& event) {
+    std::error_code unknown;
+    if (!std::filesystem::exists(path, unknown))
+        return failed(FailureCode::no_such_file, {path});
+    HistoryWriter writer;
+    auto database = Database::open(path, DatabaseUse::write);
+    if (!database)
+        return failed(FailureCode::cannot_write, {path}, database.error());
+    writer.m_database = std::move(*database);
+    auto added = check_version(writer.m_database, path).and_then([&] { return writer.prepare(); }).and_then([&] {
+        return writer.add(event);
+    });
+    return added ? added : failed(FailureCode::cannot_write, {path}, added.error());
 }
 
 Result<> HistoryWriter::prepare() {
@@ -212,7 +235,7 @@ Result<> HistoryWriter::thin_level(int from, int to, std::int64_t end) {
             return tl::unexpected(there.error());
         const auto first = oldest->integer(0).value_or(0);
         const auto next = (first / day_seconds + 1) * day_seconds;
-        if (!*there || next > end)
+        if (!*there || next > end || (m_stop && m_stop->is_stopped()))
             return {};
         oldest = Statement(); // the day is written while nothing is being read
         if (auto done = thin_day(from, to, {first, next}); !done)

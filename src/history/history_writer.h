@@ -9,17 +9,28 @@
 #include "history/history_reader.h"
 #include "linux/small_file.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace tickervantage {
 
+struct HistoryOpening {
+    std::shared_ptr<DatabaseStop> stop = {}; // breaks off what takes long
+    bool is_damaged = false;                 // writing to it said so: the file is set aside
+};
+
 class HistoryWriter : public HistoryReader {
 public:
-    // Makes the file with its folders. A damaged one is set aside under a name that `kept_aside` tells. Fails with
-    // history_has_writer while another process writes, and with history_is_newer for the file of a later version.
-    [[nodiscard]] static Result<HistoryWriter> open(const std::string& path);
+    // Makes the file with its folders. All pages of it are looked at after a writer that did not come to its end, else
+    // the first ones: damage elsewhere is met by what reads there. A damaged file is set aside under a name that
+    // `kept_aside` tells. Fails with history_has_writer while another process writes, and with history_is_newer for the
+    // file of a later version.
+    [[nodiscard]] static Result<HistoryWriter> open(const std::string& path, const HistoryOpening& opening = {});
+
+    // Of one event, whoever else writes meanwhile. Makes no file.
+    [[nodiscard]] static Result<> add_beside(const std::string& path, const HistoryEvent& event);
 
     [[nodiscard]] const std::optional<std::string>& kept_aside() const { return m_kept_aside; }
 
@@ -27,11 +38,11 @@ public:
     [[nodiscard]] Result<> add(const HistoryReading& reading, const std::vector<HistoryEvent>& events);
     [[nodiscard]] Result<> add(const HistoryEvent& event);
 
-    // Makes spans of what is old enough at `now`, a day's worth for each transaction.
+    // Makes spans of what is old enough at `now`, a day's worth for each transaction; ends early when it is stopped.
     [[nodiscard]] Result<> thin(std::int64_t now);
 
 private:
-    [[nodiscard]] static Result<HistoryWriter> opened(const std::string& path);
+    [[nodiscard]] static Result<HistoryWriter> opened(const std::string& path, const HistoryOpening& opening);
     [[nodiscard]] Result<> prepare();
     [[nodiscard]] Result<> thin_level(int from, int to, std::int64_t end);
     [[nodiscard]] Result<> thin_day(int from, int to, const HistoryPeriod& day);
@@ -40,6 +51,7 @@ private:
     [[nodiscard]] Result<> add_source(const SourceRow& row);
 
     FileLock m_lock; // held for as long as this process writes
+    std::shared_ptr<DatabaseStop> m_stop;
     std::optional<std::string> m_kept_aside;
     // Prepared once, since they run at each reading.
     Statement m_insert_reading;

@@ -1,9 +1,12 @@
 // The history of the clock: nothing torn, nothing lost, and spans that say what the readings said.
 #include "base/failure_codes.h"
 #include "chrony/status/kept_readings.h"
+#include "chrony/status/window_history.h"
 #include "history/history_keeper.h"
 #include "history/history_writer.h"
+#include "support/manual_dispatch.h"
 #include "support/memory_stores.h"
+#include "support/small_disk.h"
 
 #include <gtest/gtest.h>
 
@@ -154,6 +157,9 @@ TEST_F(History, HasOneWriterAndManyReaders) {
     ASSERT_FALSE(second);
     EXPECT_EQ(second.error().code, FailureCode::history_has_writer);
     EXPECT_EQ(rows_in(path), 1U);
+    ASSERT_TRUE(HistoryKeeper(path).keep(job_event(start, "restart", {}))); // what happened is told by whoever did it
+    EXPECT_EQ(writer->events({}).value().at(0).from, "restart");
+    EXPECT_EQ(writer->events({}).value().at(0).to, "done");
     writer.reset();
     EXPECT_TRUE(HistoryWriter::open(path));
 }
@@ -241,6 +247,127 @@ TEST_F(History, FiveYearsStayBelowSixtyMegabytes) {
     RecordProperty("bytes", std::to_string(std::filesystem::file_size(path)));
 }
 
+// Some pages of readings, and rubbish in the place of the last ones.
+void damage_end_of(const std::string& path) {
+    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+    file.seekp(static_cast<std::streamoff>(std::filesystem::file_size(path)) / 2);
+    file << std::string(std::filesystem::file_size(path) / 2, 'x');
+}
+
+TEST_F(History, SetsADamagedFileAsideWhenWritingMeetsTheDamage) {
+    {
+        auto store = HistoryWriter::open(path).value();
+        for (int at = 0; at < 500; ++at)
+            ASSERT_TRUE(store.add(reading(start + at, 0), {}));
+    }
+    damage_end_of(path);
+    testing::MemoryLogger log;
+    KeptReadings kept(path, log);
+    EXPECT_TRUE(kept.keep(ClockTruth(), start + 1000).value());
+    EXPECT_TRUE(kept.keep(ClockTruth(), start + 2000).value());
+    EXPECT_EQ(rows_in(path), 2U);
+    ASSERT_EQ(log.sentences.size(), 1U);
+    EXPECT_NE(log.sentences[0].find(path + ".damaged-"), std::string::npos) << log.sentences[0];
+}
+
+TEST_F(History, LooksAtAllPagesAfterAWriterThatDidNotComeToItsEnd) {
+    const std::string copy = folder + "/copy.sqlite";
+    {
+        auto store = HistoryWriter::open(path).value();
+        for (int at = 0; at < 500; ++at)
+            ASSERT_TRUE(store.add(reading(start + at, 0), {}));
+        ASSERT_TRUE(Database::open(path, DatabaseUse::write)->execute("PRAGMA wal_checkpoint(TRUNCATE)"));
+        for (const char* const ending : {"", "-wal"}) // as a machine leaves them that goes off
+            std::filesystem::copy_file(path + ending, copy + ending);
+    }
+    { EXPECT_FALSE(HistoryWriter::open(copy).value().kept_aside()); }
+    std::ofstream(copy + "-wal").flush();
+    damage_end_of(copy);
+    EXPECT_TRUE(HistoryWriter::open(copy).value().kept_aside());
+}
+
+TEST_F(History, OnAFullDiskOneSentenceIsToldAndReadingsGoOnOnceThereIsRoom) {
+    const testing::SmallDisk disk("300k");
+    if (disk.path().empty()) {
+        if (!disk.runs_the_test())
+            GTEST_SKIP() << "nobody may mount a disk here";
+        return;
+    }
+    const std::string full = disk.path() + "/history.sqlite";
+    const std::string ballast = disk.path() + "/ballast";
+    testing::MemoryLogger log;
+    KeptReadings kept(full, log);
+    ASSERT_TRUE(kept.keep(ClockTruth(), start).value());
+    std::ofstream(ballast) << std::string(300'000, 'x');
+    int refused = 0;
+    for (int at = 1; at < 200; ++at)
+        if (const auto done = kept.keep(ClockTruth(), start + 10 * at); !done)
+            ++refused;
+    EXPECT_GT(refused, 100);
+    ASSERT_EQ(log.sentences.size(), 1U);
+    EXPECT_EQ(log.sentences[0], "Cannot write " + full + ": No space left on device.");
+    std::filesystem::remove(ballast);
+    EXPECT_TRUE(kept.keep(ClockTruth(), start + 9000).value());
+    EXPECT_EQ(HistoryReader::open(full).value().last_row().value()->time, start + 9000);
+    EXPECT_EQ(rows_in(full), static_cast<std::size_t>(201 - refused));
+}
+
+struct WindowHistoryTest : History {
+    testing::ManualQueue queue;
+    testing::ManualMainThread main_thread;
+    Broadcast broadcast{main_thread};
+    testing::MemoryLogger log;
+    std::vector<std::string> told;
+    int growths = 0;
+    std::optional<WindowHistory> history;
+
+    WindowHistoryTest() {
+        broadcast.AddListener(history_grew_key, "test", [this](auto, const auto&) { ++growths; });
+        const auto tell = [this](const std::optional<Failure>& failure) {
+            told.push_back(failure ? english(*failure) : "passed");
+        };
+        history.emplace(path, WindowHistoryParts{queue, main_thread, broadcast, log, tell});
+    }
+    void read(int minute) { history->keep(std::make_shared<ClockTruth>(), start + 60 * minute); }
+    void settle() {
+        while (queue.turn() || main_thread.turn()) {
+        }
+    }
+};
+
+TEST_F(WindowHistoryTest, ReadingsWaitForASlowDiskOnlyUpToALimit) {
+    for (int minute = 0; minute < 1000; ++minute)
+        read(minute);
+    EXPECT_LT(queue.waiting(), 50U);
+    EXPECT_FALSE(std::filesystem::exists(path)); // nothing waited for the disk
+    settle();
+    const auto rows = rows_in(path);
+    EXPECT_GT(rows, 5U);
+    EXPECT_EQ(growths, static_cast<int>(rows));
+    read(1001);
+    settle();
+    EXPECT_EQ(rows_in(path), rows + 1);
+}
+
+TEST_F(WindowHistoryTest, TellsATroubleOnceAndItsEndAndWritesNothingAfterTheProgramsEnd) {
+    std::ofstream(folder + "/deeper") << "in the way";
+    for (int minute = 0; minute < 5; ++minute) {
+        read(minute);
+        settle();
+    }
+    ASSERT_EQ(told.size(), 1U);
+    std::filesystem::remove(folder + "/deeper");
+    read(6);
+    settle();
+    ASSERT_EQ(told.size(), 2U);
+    EXPECT_EQ(told[1], "passed");
+    read(7);
+    history->keep(job_event(start + 421, "stop", {}));
+    history.reset();
+    settle();
+    EXPECT_EQ(rows_in(path), 1U);
+}
+
 // Writes readings with their numbers as offsets, until it is killed, and tells each that is safe.
 [[noreturn]] void write_until_killed(const std::string& path, int told) {
     auto store = HistoryWriter::open(path);
@@ -253,9 +380,7 @@ TEST_F(History, FiveYearsStayBelowSixtyMegabytes) {
     }
 }
 
-TEST_F(History, LosesNothingWhenItsWriterIsKilled) {
-    const char* const wanted = std::getenv("HISTORY_KILLS");
-    const int kills = wanted != nullptr ? std::atoi(wanted) : 60;
+void kill_writers(const std::string& path, int kills) {
     std::int64_t safe = -1;
     for (int kill = 0; kill < kills; ++kill) {
         int ends[2];
@@ -282,6 +407,14 @@ TEST_F(History, LosesNothingWhenItsWriterIsKilled) {
     ASSERT_EQ(store.sources({}).value().size(), 2 * rows.size()); // no reading without its sources
     for (std::size_t at = 0; at < rows.size(); ++at)
         ASSERT_DOUBLE_EQ(mean_of(rows[at], HistoryQuantity::system_time), 1e-9 * static_cast<double>(at));
+}
+
+TEST_F(History, LosesNothingWhenItsWriterIsKilled) {
+    const char* const wanted = std::getenv("HISTORY_KILLS");
+    const int kills = wanted != nullptr ? std::atoi(wanted) : 60;
+    constexpr int batch = 50; // into one file: all of it is looked at after each kill
+    for (int done = 0; done < kills && !HasFatalFailure(); done += batch)
+        kill_writers(folder + "/deeper/" + std::to_string(done), std::min(batch, kills - done));
 }
 
 ChronyReports synchronised_to(const std::string& address) {
@@ -322,9 +455,9 @@ TEST_F(History, AWindowKeepsAReadingEachTenSecondsAndEachChange) {
     {
         KeptReadings kept(path, log);
         for (int second = 0; second < 20; ++second)
-            kept.keep(truth("192.0.2.1"), start + second);
-        kept.keep(truth("192.0.2.2"), start + 20);
-        kept.keep(truth("192.0.2.1"), start + 21);
+            EXPECT_EQ(kept.keep(truth("192.0.2.1"), start + second), second % 10 == 0);
+        EXPECT_EQ(kept.keep(truth("192.0.2.2"), start + 20), true);
+        EXPECT_EQ(kept.keep(truth("192.0.2.1"), start + 21), true);
     }
     EXPECT_EQ(rows_in(path), 4U);
     EXPECT_TRUE(log.sentences.empty());
@@ -332,7 +465,7 @@ TEST_F(History, AWindowKeepsAReadingEachTenSecondsAndEachChange) {
     std::ofstream(folder + "/deeper") << "in the way";
     KeptReadings kept(path, log);
     for (int second = 0; second < 60; ++second)
-        kept.keep(truth("192.0.2.1"), start + second);
+        EXPECT_EQ(kept.keep(truth("192.0.2.1"), start + second).has_value(), second % 10 != 0);
     EXPECT_EQ(log.sentences.size(), 1U);
 }
 

@@ -39,6 +39,7 @@ struct RealApplication : ::testing::Test {
     ManualQueue export_queue;
     ManualQueue list_queue;
     ManualQueue help_queue;
+    ManualQueue history_queue;
     OneQueue log_queues;
     ManualQueue job_queue;
     OneJobQueue job_queues{job_queue};
@@ -66,7 +67,7 @@ struct RealApplication : ::testing::Test {
     void settle() {
         while (fakes.queue.turn() || fakes.reports.turn() || fakes.main_thread.turn() || freqtemp.queue.turn() ||
                removal_queue.turn() || spectrum_queue.turn() || config_queue.turn() || export_queue.turn() ||
-               list_queue.turn() || help_queue.turn() || job_queue.turn()) {
+               list_queue.turn() || help_queue.turn() || history_queue.turn() || job_queue.turn()) {
         }
     }
 
@@ -113,6 +114,7 @@ private:
                 .freqtemp = sampling(),
                 .list_queue = list_queue,
                 .help_queue = help_queue,
+                .history_queue = history_queue,
                 .log_queues = log_queues,
                 .logger = logger,
                 .paths = paths,

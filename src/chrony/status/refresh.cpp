@@ -198,8 +198,6 @@ RefreshReading read_status(const RefreshRequest& request, RefreshTools& tools) {
                      .names = tools.names.names,
                      .configuration = request.configuration};
     reading.truth = truth_of(basis, request.root_reports.get());
-    if (tools.history)
-        tools.history->keep(*reading.truth, static_cast<std::int64_t>(basis.now));
     const ChronyReports& reports = reading.truth->reports;
     reading.silence = reports.refusal;
     if (reports.tracking)

@@ -4,7 +4,6 @@
 #include "chrony/reports/runchronyc.h"
 #include "chrony/reports/running_check.h"
 #include "chrony/reports/tracking_report.h"
-#include "chrony/status/kept_readings.h"
 #include "chrony/truth/clock_truth.h"
 
 #include <functional>
@@ -28,7 +27,6 @@ struct RefreshTools {
     RunningCheck running_check;
     std::function<bool()> gpsd_application_found;
     SourceNamesMemory names = {};
-    std::unique_ptr<KeptReadings> history = {}; // none: nothing is kept
 };
 
 struct RefreshRequest {

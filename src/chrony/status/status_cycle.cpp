@@ -21,10 +21,7 @@ StatusCycle::StatusCycle(StatusDisplay& display, const StatusCycleParts& parts, 
       m_clockTicker(parts.timer.make_repeater("clockTicker", Pace::wall_second)),
       m_root_reports(parts.privileged, parts.report_queue, parts.main_thread, !m_options.chronyc_arguments.empty(),
                      [this] { judge_again(); }),
-      m_background(parts.main_thread) {
-    if (!m_options.history.empty() && m_options.logger != nullptr)
-        m_tools->history = std::make_unique<KeptReadings>(m_options.history, *m_options.logger);
-}
+      m_background(parts.main_thread) {}
 
 StatusCycle::~StatusCycle() = default;
 
@@ -280,6 +277,8 @@ void StatusCycle::learn_names(const RefreshReading& reading) {
 
 void StatusCycle::apply(const RefreshReading& reading) {
     m_reading = false;
+    if (m_options.history != nullptr)
+        m_options.history->keep(reading.truth, static_cast<std::int64_t>(reading.basis->now));
     if (m_again) {
         m_list_servers = m_list_servers || reading.servers.has_value();
         start_reading();

@@ -15,6 +15,7 @@
 #include "chrony/status/refresh.h"
 #include "chrony/status/root_reports.h"
 #include "chrony/status/status_display.h"
+#include "chrony/status/window_history.h"
 #include "draw/instruments/clock_performance.h"
 #include "roothelper/client/privileged_actions.h"
 #include "settings/preferences.h"
@@ -46,8 +47,7 @@ struct StatusCycleOptions {
     std::vector<std::string> chronyc_arguments = {}; // placed before every command
     std::string root = {};                           // the folder that the machine's files lie in
     std::string configuration = {};                  // of the daemon shown; empty: that of the preferences
-    std::string history = {};                        // the file that readings are kept in; empty: none
-    Logger* logger = nullptr;                        // with a history: where its failures go
+    WindowHistory* history = nullptr;                // which readings are kept in; outlives the cycle; null: none
 };
 
 class StatusCycle {

@@ -107,6 +107,8 @@ int AdminCommand::carry_out(const AdminRequest& request, PrivilegedActions& acti
         return answer_is_no; // the reason was told when it came up
     HeardSteps steps(actions, machine, form, out);
     const JobResult result = play(request, setting, machine, steps);
+    if (ended)
+        ended(request.job, result.outcome);
     actions.quit(); // a farewell: what the job left stopped is to stay so
     if (form == OutputForm::json)
         out << json_text({{"done", result.outcome.has_value()},

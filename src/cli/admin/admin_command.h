@@ -8,6 +8,7 @@
 #include "roothelper/client/privileged_actions.h"
 #include "roothelper/jobs/job_catalogue.h"
 
+#include <functional>
 #include <iosfwd>
 
 namespace tickervantage {
@@ -18,6 +19,7 @@ struct AdminCommand {
     OutputForm form = OutputForm::text;
     std::ostream& out;
     std::ostream& err;
+    std::function<void(AdminJob job, const Result<>& outcome)> ended = {}; // once a job that had the rights is over
 
     [[nodiscard]] int dry_run(const AdminRequest& request) const;
 

@@ -1,7 +1,10 @@
 // `tickerctl admin`, put together for this machine.
+#include "base/failure_codes.h"
 #include "cli/admin/admin_command.h"
 #include "cli/terminal.h"
 #include "cli/tool.h"
+#include "history/history_recorder.h"
+#include "history/history_writer.h"
 #include "roothelper/client/terminal_agent.h"
 #include "roothelper/jobs/chrony_jobs.h"
 #include "roothelper/jobs/this_machine.h"
@@ -9,6 +12,7 @@
 #include "settings/settings_catalogue.h"
 
 #include <cstdlib>
+#include <ctime>
 #include <iostream>
 
 namespace tickervantage {
@@ -80,12 +84,11 @@ int Tool::admin() {
         return result;
     const ServiceForm form = m_arguments.admin.form;
     ThisMachine machine = machine_of(m_daemon, m_paths, form);
-    const AdminCommand command{.setting =
-                                   make_job_setting(general(), PreferencesAdvanced::load(m_settings), m_paths, form),
-                               .machine = machine,
-                               .form = m_arguments.json ? OutputForm::json : OutputForm::text,
-                               .out = std::cout,
-                               .err = std::cerr};
+    AdminCommand command{.setting = make_job_setting(general(), PreferencesAdvanced::load(m_settings), m_paths, form),
+                         .machine = machine,
+                         .form = m_arguments.json ? OutputForm::json : OutputForm::text,
+                         .out = std::cout,
+                         .err = std::cerr};
     if (m_arguments.admin.dry_run)
         return command.dry_run(request);
     if (form != native_service_form)
@@ -93,6 +96,12 @@ int Tool::admin() {
     if (m_arguments.demo)
         return fail("A demonstration leaves the system as it is; there is --dry-run.");
     const TerminalAgent agent;
+    command.ended = [this](AdminJob job, const Result<>& outcome) {
+        const auto told =
+            HistoryWriter::add_beside(history_path(), job_event(std::time(nullptr), entry_of(job).name, outcome));
+        if (!told && told.error().code != FailureCode::no_such_file) // nobody keeps a history here
+            complain(english(told.error()));
+    };
     return command.carry_out(request, m_daemon.actions());
 }
 

@@ -61,11 +61,14 @@ int Tool::history() const {
 
 // While another program keeps the history this one waits for its turn: the file is the same.
 int Tool::sample_once(HistoryKeeper& keeper) {
-    ClockTruth reading;
-    if (const int result = read_clock(CaptureDepth::open, SavedForm::capture, reading); result != 0)
-        return result;
-    const auto now = reading.reports.now.value_or(static_cast<double>(std::time(nullptr)));
-    const auto kept = keeper.keep(reading.reports, reading.budget, static_cast<std::int64_t>(now));
+    auto kept = keeper.open(); // no chronyc is run for what nobody keeps
+    if (kept) {
+        ClockTruth reading;
+        if (const int result = read_clock(CaptureDepth::open, SavedForm::capture, reading); result != 0)
+            return result;
+        const auto now = reading.reports.now.value_or(static_cast<double>(std::time(nullptr)));
+        kept = keeper.keep(reading.reports, reading.budget, static_cast<std::int64_t>(now));
+    }
     if (const auto aside = keeper.take_kept_aside())
         complain("The history was damaged and is kept as " + *aside + ".");
     if (kept) {

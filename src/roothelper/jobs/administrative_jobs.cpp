@@ -41,8 +41,9 @@ void AdministrativeJobs::run(const AdminRequest& request, Done done) {
             actions->set_action_in_progress(false);
             return result;
         },
-        [this, done = std::move(done)](const JobResult& result) {
+        [this, job = request.job, done = std::move(done)](const JobResult& result) {
             m_parts.owner.show_progress({});
+            m_parts.owner.job_ended(job, result);
             done(result);
         });
 }

@@ -31,6 +31,8 @@ public:
     [[nodiscard]] virtual JobSetting job_setting() = 0; // as the preferences have it now
     // What is going on, whenever that changes; empty text: nothing is.
     virtual void show_progress(const std::string& text) = 0;
+    // Of each job that began, before whoever asked for it hears of it.
+    virtual void job_ended(AdminJob /*job*/, const JobResult& /*result*/) {}
 };
 
 // What the jobs work with; all of it outlives them and the queues.
