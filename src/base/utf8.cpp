@@ -37,19 +37,19 @@ std::size_t ascii_length(std::string_view text) {
 } // namespace
 
 // Source: the Unicode Standard, table 3-7.
-std::size_t character_length(std::string_view bytes) {
-    const auto lead = static_cast<unsigned char>(bytes.front());
+std::size_t character_length(std::string_view text) {
+    const auto lead = static_cast<unsigned char>(text.front());
     if (lead < 0x80)
         return 1;
     if (lead >= 0xC2 && lead <= 0xDF)
-        return continues(bytes, 1, 0x80, 0xBF) ? 2 : 0;
+        return continues(text, 1, 0x80, 0xBF) ? 2 : 0;
     if (lead >= 0xE0 && lead <= 0xEF) {
-        const bool second = continues(bytes, 1, lead == 0xE0 ? 0xA0 : 0x80, lead == 0xED ? 0x9F : 0xBF);
-        return second && continues(bytes, 2, 0x80, 0xBF) ? 3 : 0;
+        const bool second = continues(text, 1, lead == 0xE0 ? 0xA0 : 0x80, lead == 0xED ? 0x9F : 0xBF);
+        return second && continues(text, 2, 0x80, 0xBF) ? 3 : 0;
     }
     if (lead >= 0xF0 && lead <= 0xF4) {
-        const bool second = continues(bytes, 1, lead == 0xF0 ? 0x90 : 0x80, lead == 0xF4 ? 0x8F : 0xBF);
-        return second && continues(bytes, 2, 0x80, 0xBF) && continues(bytes, 3, 0x80, 0xBF) ? 4 : 0;
+        const bool second = continues(text, 1, lead == 0xF0 ? 0x90 : 0x80, lead == 0xF4 ? 0x8F : 0xBF);
+        return second && continues(text, 2, 0x80, 0xBF) && continues(text, 3, 0x80, 0xBF) ? 4 : 0;
     }
     return 0;
 }

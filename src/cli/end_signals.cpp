@@ -5,6 +5,7 @@
 #include <poll.h>
 #include <sys/eventfd.h>
 
+#include <array>
 #include <atomic>
 #include <cerrno>
 #include <chrono>
@@ -14,7 +15,7 @@
 namespace tickervantage {
 namespace {
 
-constexpr int end_signals[] = {SIGINT, SIGTERM, SIGHUP, SIGPIPE};
+constexpr std::array end_signals{SIGINT, SIGTERM, SIGHUP, SIGPIPE};
 
 // A handler takes no arguments of ours, so what it needs lies here.
 std::atomic<PosixExecute*> g_execute = nullptr;

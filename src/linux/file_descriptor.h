@@ -25,7 +25,7 @@ public:
     [[nodiscard]] int get() const { return m_fd; }
     [[nodiscard]] bool valid() const { return m_fd >= 0; }
     void reset(int fd = -1) {
-        if (m_fd >= 0)
+        if (valid())
             ::close(m_fd);
         m_fd = fd;
     }

@@ -180,7 +180,7 @@ int GzFile::read(std::uint64_t offset, std::span<char> buffer, std::size_t& coun
         m_end.copy(buffer.data(), count, static_cast<std::size_t>(offset - kept_from));
         return 0;
     }
-    if ((m_stream == nullptr || offset < m_at || m_at >= m_length) && start_over() != 0) {
+    if ((m_stream == nullptr || m_at >= m_length) && start_over() != 0) {
         reason = Failure{.code = FailureCode::cannot_be_read_again};
         return -1;
     }

@@ -144,6 +144,14 @@ TEST(CoverageLayer, BoxesLookTheSameHoweverTheyArePainted) {
     }
 }
 
+TEST(CoverageBrush, FillsARowAndNoPixelMore) {
+    for (const auto& [alpha, filled] : {std::pair{1.0, 0xFFFF0000U}, {0.8, 0xCCCC0000U}}) {
+        std::array<std::uint32_t, 5> row{};
+        CoverageBrush({1, 0, 0, alpha}).fill_row(row.data() + 1, 3);
+        EXPECT_EQ(row, (std::array<std::uint32_t, 5>{0, filled, filled, filled, 0}));
+    }
+}
+
 TEST(CoverageLayer, WhatLiesOutsideIsCutOff) {
     Picture picture(10, 8);
     for (const Point& far : {Point{-1e6, 3}, {1e6, 5}, {4, -1e6}, {4, 1e6}, {1e6, 1e6}, {-1e6, 1e6}})

@@ -239,11 +239,30 @@ void draw_elsewhere(ToldCanvas& canvas) {
     canvas.tell("bounds {}", ToldCanvas::box(bounds.bounds(5)));
     draw_every_kind(bounds);
     canvas.tell("bounds {}", ToldCanvas::box(bounds.bounds(5)));
-    BoundsCanvas outline;
-    Path path;
-    path.add_line({1, 2}, {30, 4});
-    outline.stroke(path, ColorRole::red, 6, Shadow::soft);
-    canvas.tell("bounds {}", ToldCanvas::box(outline.bounds(0)));
+}
+
+// Each kind alone, as together one hides the other.
+void draw_bounds(ToldCanvas& canvas) {
+    Path line;
+    line.add_line({1, 2}, {30, 4});
+    Path ellipse;
+    ellipse.add_ellipse({5, 60, 7, 8});
+    const std::vector<Point> points{{0, -3}, {70, 5}, {2, 90}};
+    const std::vector<Rect> boxes{{1, 2, 3, 4}, {-20, 6, 7, 8}};
+    const auto tell = [&canvas](const char* what, auto draw) {
+        BoundsCanvas bounds;
+        draw(bounds);
+        canvas.tell("{} {}", what, ToldCanvas::box(bounds.bounds(0)));
+    };
+    tell("fill", [&](Canvas& to) { to.fill(line, ColorRole::red, FillRule::even_odd); });
+    tell("stroke", [&](Canvas& to) { to.stroke(line, ColorRole::red, 6, Shadow::soft); });
+    tell("dashed stroke", [&](Canvas& to) {
+        to.stroke(ellipse, LineStyle{.ink = ColorRole::grey, .width = 4, .dash = {3, 2}});
+    });
+    tell("polyline", [&](Canvas& to) { to.polyline(points, ColorRole::red, 2); });
+    tell("boxes", [&](Canvas& to) { to.fill_rects(boxes, ColorRole::red); });
+    tell("polygon", [&](Canvas& to) { to.fill_polygon(points, ColorRole::red); });
+    tell("text", [](Canvas& to) { to.text("text", {100, 20, 30, 40}, {}); });
 }
 
 struct Drawing {
@@ -259,15 +278,17 @@ TEST_P(Drawn, IsAsItWasApproved) {
     expect_as_kept(canvas.told, GetParam().name, 0.11);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, Drawn,
-    ::testing::Values(Drawing{"meter", draw_meter}, Drawing{"clock", draw_clock}, Drawing{"tracking", draw_tracking},
-                      Drawing{"linear_tracking", draw_linear_tracking},
-                      Drawing{"packed_tracking", draw_packed_tracking}, Drawing{"dense_tracking", draw_dense_tracking},
-                      Drawing{"far_tracking", draw_far_tracking}, Drawing{"spectrum", draw_spectrum},
-                      Drawing{"freqtemp", draw_freqtemp}, Drawing{"clouds", draw_clouds},
-                      Drawing{"caption", draw_caption}, Drawing{"elsewhere", draw_elsewhere}),
-    [](const auto& instance) { return std::string(instance.param.name); });
+INSTANTIATE_TEST_SUITE_P(All, Drawn,
+                         ::testing::Values(Drawing{"meter", draw_meter}, Drawing{"clock", draw_clock},
+                                           Drawing{"tracking", draw_tracking},
+                                           Drawing{"linear_tracking", draw_linear_tracking},
+                                           Drawing{"packed_tracking", draw_packed_tracking},
+                                           Drawing{"dense_tracking", draw_dense_tracking},
+                                           Drawing{"far_tracking", draw_far_tracking},
+                                           Drawing{"spectrum", draw_spectrum}, Drawing{"freqtemp", draw_freqtemp},
+                                           Drawing{"clouds", draw_clouds}, Drawing{"caption", draw_caption},
+                                           Drawing{"elsewhere", draw_elsewhere}, Drawing{"bounds", draw_bounds}),
+                         [](const auto& instance) { return std::string(instance.param.name); });
 
 } // namespace
 } // namespace tickervantage::testing

@@ -1,10 +1,14 @@
-// Where the program's files lie, its private temporary folder, and its log.
+// Where the program's files lie, its private temporary folder, its log, and the files that it follows.
+#include "chrony/log/log_pieces.h"
 #include "linux/file_logger.h"
+#include "linux/posix_followed_file.h"
 #include "linux/private_temporary.h"
 #include "linux/xdg_paths.h"
 #include "support/child_program.h"
 #include "support/manual_dispatch.h"
 #include "support/test.h"
+
+#include <fcntl.h>
 
 namespace tickervantage {
 namespace {
@@ -186,6 +190,87 @@ TEST(FileLogger, ComplainsOnceWhenTheFileCannotBeWritten) {
     const auto complaint = ::testing::internal::GetCapturedStderr();
     EXPECT_NE(complaint.find("/proc/nowhere/tickervantage.log cannot be written"), std::string::npos);
     EXPECT_EQ(std::count(complaint.begin(), complaint.end(), '\n'), 1);
+}
+
+// Standard input may be closed, and then any file may come to be number 0.
+TEST(FileDescriptor, ClosesWhatItOwnsAlsoNumber0) {
+    const int kept = fcntl(0, F_DUPFD_CLOEXEC, 0);
+    for (const bool is_given_away : {false, true}) {
+        ASSERT_EQ(dup2(open("/dev/null", O_RDONLY | O_CLOEXEC), 0), 0);
+        {
+            FileDescriptor owner(0);
+            EXPECT_TRUE(owner.valid());
+            if (is_given_away) {
+                const FileDescriptor taker(std::move(owner));
+                EXPECT_EQ(taker.get(), 0);
+                EXPECT_FALSE(owner.valid()); // NOLINT(bugprone-use-after-move): that it is empty is the question
+            }
+        }
+        EXPECT_EQ(fcntl(0, F_GETFD), -1);
+    }
+    if (kept >= 0) {
+        dup2(kept, 0);
+        close(kept);
+    }
+}
+
+std::string compressed_to(const std::string& path) {
+    std::string text;
+    for (long i = 0; i < 500'000; ++i) // more than what is kept of the end
+        text += std::to_string(i * 7919) + "\n";
+    gzFile file = gzopen(path.c_str(), "wb1");
+    EXPECT_EQ(gzwrite(file, text.data(), static_cast<unsigned>(text.size())), static_cast<int>(text.size()));
+    EXPECT_EQ(gzclose(file), Z_OK);
+    return text;
+}
+
+// Of a damaged one, what comes before the damage.
+TEST(PosixFollowedFiles, ACompressedFileReadsAsItsTextFromAnyPlace) {
+    const testing::PrivateHome home;
+    const std::string text = compressed_to(home.path("log.gz"));
+    for (const bool is_damaged : {false, true}) {
+        if (is_damaged)
+            std::fstream(home.path("log.gz"), std::ios::in | std::ios::out).seekp(1'000'000) << std::string(99, '\xFF');
+        std::unique_ptr<FollowedFile> file;
+        FileStatus status;
+        std::optional<Failure> reason;
+        ASSERT_EQ(PosixFollowedFiles().open(home.path("log.gz"), file, status, reason), 0);
+        std::uint64_t length = 0;
+        EXPECT_EQ(file->length([] { return false; }, length, reason), -1) << "nobody waits for it";
+        EXPECT_EQ(file->length([] { return true; }, length, reason), 0);
+        EXPECT_EQ(reason.has_value(), is_damaged);
+        EXPECT_EQ(length < text.size(), is_damaged);
+        ASSERT_GT(length, 3U << 19U);
+        std::array<char, 100> buffer{};
+        std::vector<std::uint64_t> places{0, 1'500'000, 1'500'100, 100};
+        if (!is_damaged)
+            places.insert(places.end(), {length - (1U << 21U), length - 10, length, length + 1});
+        for (const std::uint64_t at : places) {
+            std::size_t count = 0;
+            ASSERT_EQ(file->read(at, buffer, count, reason), 0) << at;
+            EXPECT_EQ(std::string(buffer.data(), count), text.substr(std::min(at, length), buffer.size())) << at;
+        }
+    }
+}
+
+TEST(PosixFollowedFiles, ACompressedFileThatWasCutSaysSoBehindWhatItHas) {
+    const testing::PrivateHome home;
+    const std::string name = home.path("log.gz");
+    const std::string text = compressed_to(name);
+    PosixFollowedFiles files;
+    std::string all;
+    const auto read = [&] {
+        all.clear();
+        return read_log(files, name, [&](std::string_view line) { all.append(line).append(1, '\n'); });
+    };
+    EXPECT_TRUE(read());
+    EXPECT_TRUE(all == text);
+    fs::resize_file(name, fs::file_size(name) / 2);
+    const auto cut = read();
+    ASSERT_FALSE(cut);
+    EXPECT_TRUE(english(cut.error()).ends_with("cannot be read: its end is missing."));
+    EXPECT_GT(all.size(), text.size() / 3);
+    EXPECT_TRUE(text.starts_with(all.substr(0, all.rfind('\n', all.size() - 2))));
 }
 
 } // namespace

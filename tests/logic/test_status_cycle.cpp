@@ -546,22 +546,54 @@ TEST_F(StatusCycleTest, InstallationStopsTheCycleAndClosingDoesNotInterfere) {
     EXPECT_EQ(timer.find("updatetimer")->interval(), 3);
 }
 
-TEST_F(StatusCycleTest, ClosingSavesSettingsAndLeavesTheHelper) {
+TEST_F(StatusCycleTest, EachChoiceIsSavedAtOnce) {
     load();
-    cycle->chronycCommand("activity");
-    cycle->selectMeter(5);
-    cycle->showIPaddresses(true);
-    cycle->intervalChanged(7);
+    const std::pair<const char*, std::function<void()>> choices[]{{"command",
+                                                                   [this] {
+                                                                       cycle->chronycCommand("activity");
+                                                                   }},
+                                                                  {"meter",
+                                                                   [this] {
+                                                                       cycle->selectMeter(5);
+                                                                   }},
+                                                                  {"error bound",
+                                                                   [this] {
+                                                                       cycle->show_error_bound();
+                                                                   }},
+                                                                  {"addresses",
+                                                                   [this] {
+                                                                       cycle->showIPaddresses(true);
+                                                                   }},
+                                                                  {"original names",
+                                                                   [this] {
+                                                                       cycle->showOriginalName(true);
+                                                                   }},
+                                                                  {"server",
+                                                                   [this] {
+                                                                       cycle->selectNTPdataServer("192.0.2.1");
+                                                                   }},
+                                                                  {"interval",
+                                                                   [this] {
+                                                                       cycle->intervalChanged(7);
+                                                                   }},
+                                                                  {"font", [this] {
+                                                                       cycle->set_output_font({"Sans", 9});
+                                                                   }}};
+    for (const auto& [what, choose] : choices) {
+        const auto before = MainWindowSettings::load(settings);
+        choose();
+        EXPECT_FALSE(before == cycle->settings()) << what;
+        EXPECT_TRUE(MainWindowSettings::load(settings) == cycle->settings()) << what;
+    }
+}
+
+TEST_F(StatusCycleTest, ClosingLeavesTheHelperAndTheClockGoesOn) {
+    load();
     cycle->close();
     settle();
     EXPECT_TRUE(channel.disconnected);
     EXPECT_FALSE(timer.find("updatetimer")->is_running());
     EXPECT_TRUE(timer.find("clockTicker")->is_running());
-    const auto again = MainWindowSettings::load(settings);
-    EXPECT_EQ(again.chronyCommand, "activity");
-    EXPECT_EQ(again.m_meterview, meterView::frequency);
-    EXPECT_TRUE(again.showIPaddress);
-    EXPECT_EQ(again.m_interval, 7);
 }
 
 TEST_F(StatusCycleTest, UnknownMeterViewEndsTheReadingOfSettings) {

@@ -4,6 +4,7 @@
 #include "chrony/truth/verdict.h"
 #include "support/child_program.h"
 #include "support/chrony_reports.h"
+#include "support/kept_text.h"
 
 #include <gtest/gtest.h>
 
@@ -296,6 +297,27 @@ TEST(Explanation, NamesTheLimitOfTheLastLineThatSetsIt) {
         explain(reports_in(capture), {{.path = "a", .text = "maxdistance 1\nMaxDistance 0.016 # near ones\n"}});
     EXPECT_EQ(english(explanations.at(0).sentences.at(0)),
               "Its time may be off by more than maxdistance (16.0 ms) allows.");
+}
+
+TEST(Explanation, OfEachStateIsAsKeptWithItsNumbersAndWithout) {
+    std::string told;
+    for (const char selected : std::string("*+NsMd~wxWPUDLrSOT!"))
+        for (const bool has_numbers : {true, false}) {
+            Capture capture = capture_of({}, {{.address = "127.0.0.2",
+                                               .letter = '?',
+                                               .selected = selected,
+                                               .last = selected == 's' ? never : "5",
+                                               .interval = has_numbers ? "-0.5,-0.4" : "0,0"},
+                                              {.address = "192.0.2.8", .selected = '*'}});
+            if (has_numbers) {
+                capture.reports["ntpdata"].text = "127.0.0.2" + ntp_silent + "6,0,0\n";
+                capture.reports["sourcestats"].text = "127.0.0.2,3,3,96,0.500,9.000,-0.450,1.5\n";
+            }
+            const std::string words = english(explain(reports_in(capture), {}).at(0).sentences.at(0));
+            if (!told.ends_with(words + '\n')) // where it needs no numbers
+                told += std::string(1, selected) + "  " + words + '\n';
+        }
+    testing::expect_as_kept(told, "explanations");
 }
 
 TEST(Explanation, IsNeverLongWhateverAServerCallsItself) {

@@ -1,14 +1,11 @@
 // The follower on real files and threads, and on the log of a real daemon.
 #include "chrony/demonstration/demonstration.h"
-#include "chrony/log/log_pieces.h"
 #include "chrony/log/logreader.h"
 #include "linux/posix_followed_file.h"
 #include "linux/serial_queue.h"
 #include "studies/tracking/tracking_records.h"
 #include "support/child_program.h"
 #include "support/test.h"
-
-#include <zlib.h>
 
 namespace tickervantage {
 namespace {
@@ -107,30 +104,6 @@ TEST_F(FollowTest, AFolderIsNoLogUntilAFileTakesItsPlace) {
     fs::remove(m_log);
     append("1\n");
     EXPECT_TRUE(arrives({"1"}));
-}
-
-TEST_F(FollowTest, ACompressedLogOpensLikeAnyOther) {
-    std::string text;
-    for (long i = 0; i < 500000; ++i) // more than what is kept of the end
-        text += std::to_string(i * 7919) + "\n";
-    const auto name = m_log + ".1.gz";
-    gzFile file = gzopen(name.c_str(), "wb1");
-    ASSERT_EQ(gzwrite(file, text.data(), static_cast<unsigned>(text.size())), static_cast<int>(text.size()));
-    ASSERT_EQ(gzclose(file), Z_OK);
-    std::string all;
-    const auto read = [&] {
-        return read_log(m_files, name, [&](std::string_view line) { all.append(line).append(1, '\n'); });
-    };
-    EXPECT_TRUE(read());
-    EXPECT_TRUE(all == text);
-
-    fs::resize_file(name, fs::file_size(name) / 2);
-    all.clear();
-    const auto cut = read();
-    ASSERT_FALSE(cut);
-    EXPECT_TRUE(english(cut.error()).ends_with("cannot be read: its end is missing."));
-    EXPECT_GT(all.size(), text.size() / 3);
-    EXPECT_TRUE(text.starts_with(all.substr(0, all.rfind('\n', all.size() - 2))));
 }
 
 TEST_F(FollowTest, ARealDaemonsLog) {

@@ -71,7 +71,6 @@ int LogPieces::fill(std::optional<Failure>& reason) {
 void LogPieces::drop(std::size_t bytes) {
     m_text.erase(0, bytes);
     m_position += bytes;
-    m_dropped += bytes;
 }
 
 // Moves whole lines from m_text to `text`; false when there is none yet.
@@ -101,11 +100,8 @@ LogPieces::Next LogPieces::next(std::string& text, std::optional<Failure>& reaso
     while (m_position < m_end) {
         if (m_read < m_end && fill(reason) != 0)
             return Next::failed;
-        if (!cut(text))
-            continue;
-        if (is_utf8(text))
+        if (cut(text) && is_utf8(text))
             return Next::piece;
-        m_dropped += text.size();
     }
     return Next::end;
 }

@@ -31,7 +31,6 @@ public:
 
     // Up to here the file has been handed out or dropped.
     [[nodiscard]] std::uint64_t position() const { return m_position; }
-    [[nodiscard]] std::uint64_t dropped() const { return m_dropped; } // bytes
 
 private:
     [[nodiscard]] int fill(std::optional<Failure>& reason);
@@ -43,7 +42,6 @@ private:
     std::uint64_t m_read; // up to here
     std::uint64_t m_end;
     std::uint64_t m_position;
-    std::uint64_t m_dropped = 0;
     bool m_is_in_long_line = false;
     std::string m_text; // read, not handed out yet
 };

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -44,17 +43,15 @@ ConfigurationLines::ConfigurationLines(const std::vector<CapturedFile>& configur
     }
 }
 
-void ConfigurationLines::add(SourceLine line) {
+void ConfigurationLines::add(const SourceLine& line) {
     const auto parts = words(line.text);
     if (parts.empty())
         return;
     const std::string directive = in_small_letters(parts[0]);
     if (directive == "refclock" && parts.size() > 2) {
-        std::string id = refclock_id(parts, m_refclocks++);
-        m_clocks.try_emplace(std::move(id), std::move(line));
+        m_clocks.try_emplace(refclock_id(parts, m_refclocks++), line);
     } else if ((directive == "server" || directive == "pool" || directive == "peer") && parts.size() > 1) {
-        std::string host = in_small_letters(parts[1]);
-        m_hosts.try_emplace(std::move(host), std::move(line));
+        m_hosts.try_emplace(in_small_letters(parts[1]), line);
     } else {
         m_values[directive].emplace_back(trimmed(trimmed(line.text).substr(directive.size())));
     }

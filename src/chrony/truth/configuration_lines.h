@@ -34,7 +34,7 @@ public:
     [[nodiscard]] std::optional<double> number(std::string_view directive) const;
 
 private:
-    void add(SourceLine line);
+    void add(const SourceLine& line);
 
     std::map<std::string, SourceLine> m_hosts; // names in small letters; the first line of each
     std::map<std::string, SourceLine> m_clocks;

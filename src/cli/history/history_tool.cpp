@@ -88,10 +88,10 @@ int Tool::sample() {
     const auto begun = Clock::now();
     int answer = interrupted;
     for (int turn = 1;; ++turn) {
-        if (const int now = sample_once(keeper); now == interrupted)
+        const int now = sample_once(keeper);
+        if (now == interrupted)
             return answer;
-        else
-            answer = now;
+        answer = now;
         const double gone = std::chrono::duration<double>(Clock::now() - begun).count();
         const double next = turn * m_arguments.history.every_seconds;
         const double limit = m_arguments.for_seconds;

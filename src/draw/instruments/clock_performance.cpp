@@ -3,6 +3,7 @@
 #include "draw/instruments/dial.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <utility>
@@ -68,7 +69,8 @@ void ClockPerformance::set_full_scale(std::uint64_t full_scale) {
         int exponent;
         const char* name;
     };
-    static constexpr Unit UNITS[] = {{1'000'000'000, 0, "s"}, {1'000'000, 3, "ms"}, {1000, 6, "\u00b5s"}, {1, 9, "ns"}};
+    static constexpr auto UNITS =
+        std::to_array<Unit>({{1'000'000'000, 0, "s"}, {1'000'000, 3, "ms"}, {1000, 6, "\u00b5s"}, {1, 9, "ns"}});
 
     const Unit& unit = *std::ranges::find_if(UNITS, [&](const Unit& one) { return full_scale >= one.nanoseconds; });
     m_scale_value = full_scale / unit.nanoseconds;

@@ -42,7 +42,8 @@ void draw_bar(Canvas& canvas, const Rect& bar, std::span<const BarPart> parts) {
 
 double stacked_bar_height(std::span<const BarPart> parts, double width) {
     const std::size_t columns = columns_in(parts, width);
-    return LINE + BAR + GAP + LINE * static_cast<double>((parts.size() + columns - 1) / columns);
+    const std::size_t rows = (parts.size() + columns - 1) / columns;
+    return LINE + BAR + GAP + LINE * static_cast<double>(rows);
 }
 
 void draw_stacked_bar(Canvas& canvas, Rect bounds, std::string_view title, std::span<const BarPart> parts) {
@@ -53,7 +54,8 @@ void draw_stacked_bar(Canvas& canvas, Rect bounds, std::string_view title, std::
     const double column_width = bounds.width / static_cast<double>(columns);
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const double left = bounds.x + column_width * static_cast<double>(i % columns);
-        const double middle = top - BAR - GAP - LINE * (static_cast<double>(i / columns) + 0.5);
+        const std::size_t row = i / columns;
+        const double middle = top - BAR - GAP - LINE * (static_cast<double>(row) + 0.5);
         const Rect swatch{left, middle - SWATCH / 2, SWATCH, SWATCH};
         canvas.fill_rects(std::span(&swatch, 1), canvas.readable(parts[i].color));
         drawLabel(canvas, parts[i].name, TEXT_SIZE, ColorRole::text, left + SWATCH + GAP, middle, 1);

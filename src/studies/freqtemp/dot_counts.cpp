@@ -59,7 +59,7 @@ void paint_run(const std::uint8_t* counts, std::size_t length, const Shades& sha
 DotCounts::DotCounts(int width, int height, int side)
     : m_width(width), m_height(height), m_side(side),
       m_stride((static_cast<std::size_t>(width + 2 * side) + EIGHT + BLOCK - 1) / BLOCK * BLOCK),
-      m_counts(m_stride * static_cast<std::size_t>(height + 2 * side)), m_first_row(height + 2 * side) {
+      m_counts(m_stride * static_cast<std::size_t>(height + 2 * side)) {
     for (auto left = static_cast<std::size_t>(side); left > 0; left -= std::min(left, EIGHT))
         m_square_row.push_back(left >= EIGHT ? ONES : ONES >> (8 * (EIGHT - left)));
 }
@@ -70,12 +70,8 @@ void DotCounts::add(double x, double y, unsigned times) {
     const double row = y + corner;
     if (!(column >= 0 && row >= 0 && column < m_width + m_side && row < m_height + m_side))
         return;
-    const auto whole_row = static_cast<int>(row);
-    m_first_row = std::min(m_first_row, whole_row);
-    m_last_row = std::max(m_last_row, whole_row);
-    std::uint8_t* const first =
-        m_counts.data() + static_cast<std::size_t>(whole_row) * m_stride + static_cast<std::size_t>(column);
-    cover(first, std::min(times, FULL - 1));
+    const std::size_t corner_at = static_cast<std::size_t>(row) * m_stride + static_cast<std::size_t>(column);
+    cover(m_counts.data() + corner_at, std::min(times, FULL - 1));
 }
 
 void DotCounts::cover(std::uint8_t* corner, unsigned times) {
@@ -99,8 +95,7 @@ std::size_t DotCounts::place(int row) const {
 void DotCounts::paint(const Color& color, const PixelRows& pixels) {
     const Shades shades = shades_of(color);
     const auto border = static_cast<std::size_t>(m_side);
-    const int end = m_last_row + m_side;
-    for (int row = m_first_row; row < end; ++row) {
+    for (int row = 0; row < m_height + 2 * m_side; ++row) {
         const int above = row - m_side;
         const bool is_inside = above >= 0 && above < m_height;
         std::uint8_t* const counts = m_counts.data() + static_cast<std::size_t>(row) * m_stride;
@@ -118,8 +113,6 @@ void DotCounts::paint(const Color& color, const PixelRows& pixels) {
             std::memset(at, 0, BLOCK);
         }
     }
-    m_first_row = m_height + 2 * m_side;
-    m_last_row = -1;
 }
 
 // The runs of one row's pixels that are covered `level` times or more.

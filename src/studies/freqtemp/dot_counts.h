@@ -48,8 +48,6 @@ private:
     std::size_t m_stride; // bytes; a border of one square around the picture, and room to write eight at a time
     std::vector<std::uint64_t> m_square_row; // 1 for each pixel, eight together
     std::vector<std::uint8_t> m_counts;
-    int m_first_row; // rows of squares' corners, border included
-    int m_last_row = -1;
 };
 
 } // namespace tickervantage
