@@ -50,7 +50,8 @@ public:
     template <class Make>
     void keep(int document, Make make) {
         auto [newest, number] = next_wish(document);
-        async([files = m_files, &logger = m_logger, newest, number, document, make = std::move(make)]() mutable {
+        async([files = m_files, &logger = m_logger, newest = newest, number = number, document,
+               make = std::move(make)]() mutable {
             if (*newest == number)
                 keep_now(*files, logger, document, make());
         });

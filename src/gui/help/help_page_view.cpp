@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tickervantage {
@@ -64,7 +65,8 @@ QString title_of(const HelpTopic& topic) {
     return QCoreApplication::translate("helptopics", std::string(topic.title).c_str());
 }
 
-HelpPageView::HelpPageView(const QString& own_pages, QWidget* parent) : QTextBrowser(parent), m_own_pages(own_pages) {
+HelpPageView::HelpPageView(QString own_pages, QWidget* parent)
+    : QTextBrowser(parent), m_own_pages(std::move(own_pages)) {
     setObjectName(QStringLiteral("page"));
     //: help window: name of the page for screen readers
     setAccessibleName(tr("Help page"));

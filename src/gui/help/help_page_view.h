@@ -14,7 +14,7 @@ class HelpPageView : public QTextBrowser {
     Q_OBJECT
 public:
     // The folder in which the pages of our own lie, with their pictures.
-    HelpPageView(const QString& own_pages, QWidget* parent);
+    HelpPageView(QString own_pages, QWidget* parent);
 
     void show_page(const HelpTopic& topic, const HelpPage& page);
     void go_to(const QString& place); // the heading of that name; empty: the beginning

@@ -279,7 +279,7 @@ void PreferencesGeneralPane::launchAtLogin() {
     const auto answer = std::make_shared<std::promise<bool>>();
     m_login_changed = answer->get_future();
     const auto work = [answer, agent = m_parts.launch_at_login, on] {
-        const LoginChange change = change_login(*agent, on);
+        LoginChange change = change_login(*agent, on);
         answer->set_value(change.on);
         return change;
     };
