@@ -1,13 +1,16 @@
-// One way through a tracking log, from the file to records with their statistics: bench_log WAY FILE
+// One way through a log, from the file to records, of a tracking log with their statistics: bench_log WAY FILE
 //
 //   load    read and parsed on one thread
+//   table   any of chrony's logs into columns, likewise
 //   reader  through LogReader: read on its queue, handed over to an event loop in which a 16 ms timer runs
 //   stream  the peer: getline, istringstream and get_time, into plain records
 //
 // Prints one line of JSON: seconds, records, bytes a record, and with "reader" how late the timer was at worst and how
 // much processor time the longest stretch between two of its ticks took of the main thread.
 #include "bench/timing.h"
+#include "chrony/log/log_files.h"
 #include "chrony/log/log_pieces.h"
+#include "chrony/log/log_table.h"
 #include "chrony/log/logreader.h"
 #include "linux/posix_followed_file.h"
 #include "linux/serial_queue.h"
@@ -50,6 +53,22 @@ Result load(const std::string& name) {
     TrackingRecords records;
     const auto start = Clock::now();
     if (const auto read = read_log(files, name, [&](std::string_view line) { records.add_line(line); }); !read)
+        std::fprintf(stderr, "%s\n", english(read.error()).c_str());
+    return {.seconds = seconds_since(start), .records = records.size(), .bytes = records.memory()};
+}
+
+Result table(const std::string& name) {
+    PosixFollowedFiles files;
+    const auto start = Clock::now();
+    const auto logs = find_logs(files, {name});
+    if (!logs || !logs->front().kind)
+        return {};
+    LogTable records(*logs->front().kind);
+    LogCount count;
+    const auto take = [&](std::string_view line, std::size_t) {
+        return records.add_line(line);
+    };
+    if (const auto read = read_records(files, name, count, take); !read)
         std::fprintf(stderr, "%s\n", english(read.error()).c_str());
     return {.seconds = seconds_since(start), .records = records.size(), .bytes = records.memory()};
 }
@@ -134,11 +153,13 @@ int main(int argc, char** argv) {
     const std::string way = argc == 3 ? argv[1] : "";
     if (way == "load")
         print(load(argv[2]));
+    else if (way == "table")
+        print(table(argv[2]));
     else if (way == "reader")
         print(reader(argv[2], argc, argv));
     else if (way == "stream")
         print(stream(argv[2]));
     else
-        return std::fputs("Usage: bench_log load|reader|stream FILE\n", stderr), 2;
+        return std::fputs("Usage: bench_log load|table|reader|stream FILE\n", stderr), 2;
     return 0;
 }

@@ -13,6 +13,7 @@ _tickervantage_values() {
     case $1 in
         --series) echo offset rem_cor rms_offset ;;
         --meter) echo systemtime lastoffset rmsoffset rootdelay rootdispersion frequency ;;
+        --kind) echo tracking measurements rawmeasurements statistics selection refclocks tempcomp rtc ;;
         --services) echo systemd launchd ;;
         "settings get" | "settings set") tickerctl settings list 2>/dev/null | awk '{ print $1 }' ;;
         report) echo tracking sources sourcestats activity authdata ntpdata selectdata clients serverstats rtcdata smoothing manual ;;

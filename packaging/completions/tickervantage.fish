@@ -42,6 +42,9 @@ function __tickervantage_words
         case --meter
             printf '%s\n' systemtime lastoffset rmsoffset rootdelay rootdispersion frequency
             return
+        case --kind
+            printf '%s\n' tracking measurements rawmeasurements statistics selection refclocks tempcomp rtc
+            return
         case --services
             printf '%s\n' systemd launchd
             return

@@ -74,6 +74,10 @@ TV_FAILURE(odd_report_line, TV_TEXT("failures", "A line of the report \"%1\" has
 TV_FAILURE(no_capture, TV_TEXT("failures", "This is no capture: it does not begin with \"# tickervantage capture 1\"."))
 TV_FAILURE(no_capture_line, TV_TEXT("failures", "Line %1 of the capture belongs to no report."))
 
+TV_FAILURE(no_log_in, TV_TEXT("failures", "There is no %2 log of chrony in %1."))
+TV_FAILURE(journal_unreadable, TV_TEXT("failures", "The journal of this machine cannot be read: %c."))
+TV_FAILURE(odd_log_lines, TV_TEXT("failures", "Lines of %1 that are no records of this log were left out: %2."))
+
 // the configuration of chrony
 TV_FAILURE(cannot_open_document, TV_TEXT("failures", "%1 cannot be opened."))
 TV_FAILURE(document_is_no_utf8, TV_TEXT("failures", "It is no text in UTF-8."))

@@ -13,6 +13,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace tickervantage {
 
@@ -49,6 +50,11 @@ public:
 
     // `reason` goes with `unreadable`.
     [[nodiscard]] virtual Found status(const std::string& name, FileStatus& status, std::optional<Failure>& reason) = 0;
+
+    // The names of the ordinary files in a folder, in any order. None: it is no folder that can be read.
+    [[nodiscard]] virtual std::optional<std::vector<std::string>> names_in(const std::string& /*folder*/) {
+        return std::nullopt;
+    }
 
     // The status is that of the opened file, whatever bears its name meanwhile.
     [[nodiscard]] virtual int open(const std::string& name, std::unique_ptr<FollowedFile>& file, FileStatus& status,

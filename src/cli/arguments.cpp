@@ -150,16 +150,27 @@ void add_spectrum(CommandLine& line, Arguments& arguments) {
 }
 
 void add_log(CommandLine& line, Arguments& arguments) {
-    auto* log = line.add(&line.app, Job::log, "log", "The records of a tracking log (exit status 1: it has none)");
+    auto* log = line.add(&line.app, Job::log, "log", "The records of a log of chrony (exit status 1: it has none)");
     auto* follow = line.add(&line.app, Job::follow, "follow", "The lines of a log, and those that are added to it");
-    for (auto* command : {log, follow})
-        command->add_option("FILE", arguments.log, "a log, such as /var/log/chrony/tracking.log")->required();
+    log->add_option("FILE|FOLDER", arguments.log, "a log, or a folder of logs such as /var/log/chrony")->required();
+    follow->add_option("FILE", arguments.log, "a log, such as /var/log/chrony/tracking.log")->required();
+    add_log_options(*log, arguments.logs);
+    log->add_option("--source", arguments.source, "records of this source only, an address or a reference ID");
     auto* json = log->add_flag("--json", arguments.json, "one line of JSON a record; with --summary one document");
     log->add_flag("--csv", arguments.csv, "comma-separated values")->excludes(json);
     log->add_flag("--summary", arguments.summary, "what the values of every series are like");
     follow->add_flag("--json", arguments.json, "one line of JSON a line");
     follow->add_option("--for", arguments.for_seconds, "so many seconds; default: until interrupted")
         ->check(number_within(0.1, 2000000, "give seconds, from 0.1 to 2000000"));
+    auto* events = line.add(&line.app, Job::events, "events",
+                            "What happened to the clock, as logs and messages tell it (exit status 1: nothing)");
+    add_event_options(*events, arguments.logs);
+    events->add_flag("--json", arguments.json, "one line of JSON an event");
+    auto* evidence = line.add(&line.app, Job::evidence, "evidence",
+                              "How long the clock was right within a limit (exit status 1: not all the time)");
+    add_evidence_options(*evidence, arguments.logs);
+    evidence->add_option("-o,--output", arguments.output, "a file, .html, .pdf or .json; default: JSON, printed");
+    evidence->add_flag("--json", arguments.json, "as JSON, which is the default");
 }
 
 void add_history(CommandLine& line, Arguments& arguments) {

@@ -4,6 +4,7 @@
 #include "cli/admin/admin_arguments.h"
 #include "cli/freqtemp/freqtemp_arguments.h"
 #include "cli/history/history_arguments.h"
+#include "cli/logs/log_arguments.h"
 
 #include <optional>
 #include <string>
@@ -24,6 +25,8 @@ enum class Job : unsigned char {
     settings_set,
     settings_reset,
     log,
+    events,
+    evidence,
     follow,
     history,
     sample,
@@ -73,7 +76,7 @@ struct Arguments {
     double timeout_seconds = 5;
     double watch_seconds = 0; // 0: once
     std::vector<std::string> report;
-    std::string log; // the path of a tracking log
+    std::string log; // the path of a log
     bool csv = false;
     bool summary = false;
     double for_seconds = 0; // 0: until interrupted
@@ -93,6 +96,7 @@ struct Arguments {
     FreqTempArguments freqtemp;
     HelpArguments help;
     HistoryArguments history;
+    LogArguments logs;
     ServersArguments servers;
     std::string key;
     std::string value;

@@ -7,6 +7,7 @@
 #include "linux/posix_followed_file.h"
 #include "linux/private_temporary.h"
 #include "linux/xdg_paths.h"
+#include "qt/pdf_document.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -16,6 +17,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
+#include <memory>
 #include <utility>
 
 namespace tickervantage {
@@ -112,6 +114,10 @@ int do_job(const Arguments& arguments, Tool& tool) {
         return tool.settings_command().reset();
     case Job::log:
         return tool.log();
+    case Job::events:
+        return tool.events();
+    case Job::evidence:
+        return tool.evidence();
     case Job::follow:
         return tool.follow();
     case Job::history:
@@ -141,6 +147,14 @@ int do_job(const Arguments& arguments, Tool& tool) {
     }
 }
 
+// A page needs fonts, but no display.
+std::unique_ptr<QCoreApplication> application_for(const Arguments& arguments, int& argc, char** argv) {
+    if (arguments.job != Job::evidence || !is_pdf(arguments.output))
+        return std::make_unique<QCoreApplication>(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 int run(const Arguments& arguments, int argc, char** argv) {
     const PrivateTemporary temporary;
     const Paths paths = process_paths();
@@ -149,7 +163,7 @@ int run(const Arguments& arguments, int argc, char** argv) {
     daemon.host = arguments.host;
     if (const auto started = arguments.demo ? daemon.start_demonstration(paths) : Result<>(); !started)
         return exit_status(started);
-    const QCoreApplication application(argc, argv);
+    const auto application = application_for(arguments, argc, argv);
     Tool tool(arguments, paths, daemon, signals);
     if (const auto ready = arguments.demo ? daemon.wait_for_demonstration(paths) : Result<>(); !ready)
         return signals.asked() ? interrupted : exit_status(ready);

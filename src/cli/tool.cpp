@@ -1,11 +1,9 @@
 #include "cli/tool.h"
 
-#include "chrony/log/log_pieces.h"
 #include "chrony/reports/versions.h"
 #include "chrony/status/refresh.h"
 #include "cli/admin/admin_command.h"
 #include "cli/logs/follow_command.h"
-#include "cli/logs/log_command.h"
 #include "cli/status/status_command.h"
 #include "cli/terminal.h"
 #include "linux/posix_followed_file.h"
@@ -199,18 +197,6 @@ int Tool::spectrum() {
         return result;
     print_spectrum(spectrum, spectrum_choice(), m_arguments.json ? OutputForm::json : OutputForm::text, std::cout);
     return 0;
-}
-
-int Tool::log() const {
-    PosixFollowedFiles files;
-    TrackingRecords records;
-    const auto read = read_log(files, m_arguments.log, [&](std::string_view line) { (void)records.add_line(line); });
-    if (!read && records.empty())
-        return fail(english(read.error()));
-    const LogForm form = m_arguments.json ? LogForm::json : m_arguments.csv ? LogForm::csv : LogForm::text;
-    const int answer =
-        m_arguments.summary ? print_log_summary(records, form, std::cout) : print_log(records, form, std::cout);
-    return read ? answer : fail(english(read.error())); // damaged behind the records that were printed
 }
 
 int Tool::follow() const {

@@ -57,6 +57,8 @@ public:
     [[nodiscard]] int probe();
     [[nodiscard]] int report();
     [[nodiscard]] int log() const;
+    [[nodiscard]] int events() const;
+    [[nodiscard]] int evidence() const; // a PDF needs a QGuiApplication
     [[nodiscard]] int follow() const;
     [[nodiscard]] int history() const;
     [[nodiscard]] int sample();

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <filesystem>
 #include <system_error>
 #include <utility>
 
@@ -101,6 +102,17 @@ int PosixFollowedFiles::open(const std::string& name, std::unique_ptr<FollowedFi
         file = std::make_unique<PlainFile>(std::move(fd));
     status = status_of(found);
     return 0;
+}
+
+std::optional<std::vector<std::string>> PosixFollowedFiles::names_in(const std::string& folder) {
+    std::error_code error;
+    std::vector<std::string> names;
+    for (std::filesystem::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
+        std::error_code unknown; // what cannot be looked at is none
+        if (at->is_regular_file(unknown))
+            names.push_back(at->path().filename().string());
+    }
+    return error ? std::nullopt : std::optional(std::move(names));
 }
 
 GzFile::GzFile(FileDescriptor fd) : m_fd(std::move(fd)) {}

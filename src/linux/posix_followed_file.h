@@ -42,6 +42,7 @@ public:
     [[nodiscard]] Found status(const std::string& name, FileStatus& status, std::optional<Failure>& reason) override;
     [[nodiscard]] int open(const std::string& name, std::unique_ptr<FollowedFile>& file, FileStatus& status,
                            std::optional<Failure>& reason) override;
+    [[nodiscard]] std::optional<std::vector<std::string>> names_in(const std::string& folder) override;
 };
 
 } // namespace tickervantage

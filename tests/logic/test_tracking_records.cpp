@@ -1,5 +1,5 @@
 // Tracking logs: lines to records, exactly; rolling statistics; the quick ways to ranges and times.
-#include "studies/tracking/tracking_line.h"
+#include "chrony/log/tracking_line.h"
 #include "studies/tracking/tracking_records.h"
 #include "support/test.h"
 

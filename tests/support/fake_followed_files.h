@@ -61,6 +61,15 @@ public:
         return 0;
     }
 
+    // A folder is what stands before a slash.
+    std::optional<std::vector<std::string>> names_in(const std::string& folder) override {
+        std::vector<std::string> names;
+        for (const auto& [name, content] : m_files)
+            if (name.starts_with(folder + '/'))
+                names.push_back(name.substr(folder.size() + 1));
+        return names.empty() ? std::nullopt : std::optional(names);
+    }
+
 private:
     class File : public FollowedFile {
     public:

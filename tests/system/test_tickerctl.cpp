@@ -1,4 +1,5 @@
 // The tickerctl program as a user, a script or a cron job meets it.
+#include "base/local_clock.h"
 #include "support/child_program.h"
 #include "support/chrony_reports.h"
 #include "support/tracking_text.h"
@@ -447,6 +448,109 @@ TEST_F(TickerctlTest, RecordsOfATrackingLogAreToldSummedUpAndDrawn) {
         EXPECT_EQ(refused.status, status) << refused.err;
         EXPECT_TRUE((status == 1 && refused.err.empty()) || is_one_line(refused.err)) << refused.err;
     }
+}
+
+// A day with all that makes evidence difficult, summed up by a program that knows nothing of ours.
+TEST_F(TickerctlTest, EvidenceIsWhatAShortAwkSumsUp) {
+    std::string log;
+    std::int64_t time = 1795219200; // 2026-11-21 00:00:00 UTC
+    for (int i = 0; i < 1200; ++i) {
+        time += i % 311 == 310 ? -1000 : i % 400 == 399 ? 5000 : 64;
+        const bool is_lost = i % 97 > 92;
+        log += utc_date_time(time) + (is_lost ? " 0.0.0.0 0" : " 192.0.2.1 3") + " -12.3 0.02 1e-5 " +
+               (is_lost ? "?" : "N") + " 2 1e-5 1e-6 1e-3 1e-3" +
+               (i % 150 == 149  ? ""
+                : i % 13 == 0   ? " 1.001e-03"
+                : i % 200 > 195 ? " 5.000e-02"
+                                : " 1.000e-03") +
+               "\n";
+    }
+    const auto path = file("tracking.log", log);
+    const auto awk = file("sum.awk", R"(
+        { split($1, d, "-"); split($2, c, ":"); t = mktime(d[1] " " d[2] " " d[3] " " c[1] " " c[2] " " c[3]) }
+        NR == 1 { latest = t }
+        NR > 1 && t < before { for (s = t; s < latest; ++s) back[s] = 1 }
+        NR > 1 { what = t - before > 4096 || $4 == 0 || $8 == "?" || NF < 14 ? "-" : $14 <= 0.001 ? "i" : "o"
+                 for (s = before > latest ? before : latest; s < t; ++s) is[s] = what }
+        { before = t; if (t > latest) latest = t }
+        END { for (s = 1795222800; s < 1795305600; ++s) ++n[s in back || !(s in is) ? "-" : is[s]]
+              print n["i"], n["o"], n["-"] })");
+    testing::ChildProgram summing({"/usr/bin/awk", "-f", awk, path}, {{"TZ", "UTC"}}, m_home.path(), "/dev/null");
+    ASSERT_EQ(summing.ends_within(patience), 0);
+    const Words asked{"evidence", path,  "--from", "2026-11-21T01:00:00Z", "--to", "2026-11-22T00:00:00Z",
+                      "--limit",  "1 ms"};
+    const auto answer = run(asked);
+    EXPECT_EQ(answer.status, 1) << answer.err;
+    const auto told = json::parse(answer.out);
+    std::ostringstream sums;
+    sums << told["seconds_within"] << ' ' << told["seconds_outside"] << ' ' << told["seconds_without"] << '\n';
+    EXPECT_EQ(sums.str(), summing.out());
+    EXPECT_EQ(told["seconds_within"].get<int>() + told["seconds_outside"].get<int>() +
+                  told["seconds_without"].get<int>(),
+              82800);
+
+    m_home.environment.erase("XDG_RUNTIME_DIR"); // as in a cron job
+    for (const std::string kind : {".html", ".pdf", ".json"}) {
+        std::string before;
+        for (const auto* name : {"one", "other"}) {
+            Words words = asked;
+            words.insert(words.end(), {"-o", m_home.path(name + kind)});
+            EXPECT_EQ(run(words).status, 1);
+            const auto bytes = contents(m_home.path(name + kind));
+            EXPECT_TRUE(before.empty() || before == bytes) << kind;
+            before = bytes;
+        }
+        EXPECT_GT(before.size(), 500U);
+        EXPECT_EQ(before.starts_with("%PDF-"), kind == ".pdf");
+    }
+    const Words within{"evidence", file("good.log", log.substr(0, 4 * log.find('\n'))),
+                       "--from",   "2026-11-21T00:01:04Z",
+                       "--to",     "2026-11-21T00:02:08Z",
+                       "--limit",  "0.0011"};
+    EXPECT_EQ(run(within).status, 0);
+}
+
+TEST_F(TickerctlTest, EventsAndLogsOfAFolder) {
+    fs::create_directory(m_home.path("log"));
+    file("log/tracking.log.1", "====\n2026-11-21 02:15:03 192.0.2.1 2 -5.1 0.1 1e-6 N 1 1e-6 2e-6 1e-3 1e-3 2e-3\n");
+    file("log/tracking.log", "2026-11-21 02:16:03 192.0.2.2 2 -5.1 0.1 1e-6 N 1 1e-6 2e-6 1e-3 1e-3 2e-3\n");
+    file("log/tempcomp.log", "2026-11-21 02:16:03  2.8000e+04  3.6600e-01\n2026-11-21 02:17:03  -  3.6600e-01\n");
+    const auto messages = file("messages", "2026-11-21T02:16:30Z System clock was stepped by -0.5 seconds\nodd\n");
+    const auto events = run({"events", m_home.path("log"), "--messages", messages, "--json"});
+    EXPECT_EQ(events.status, 0);
+    EXPECT_NE(events.err.find("left out: 1."), std::string::npos) << events.err;
+    const auto second = events.out.find('\n') + 1;
+    const auto source = json::parse(events.out.substr(0, second));
+    EXPECT_EQ(source["time"], "2026-11-21T02:16:03Z");
+    EXPECT_EQ(source["kind"], "source");
+    EXPECT_EQ(source["source"], "192.0.2.2");
+    EXPECT_EQ(source["value"], nullptr);
+    EXPECT_EQ(source["file"], m_home.path("log/tracking.log"));
+    EXPECT_EQ(source["line"], 1);
+    const auto step = json::parse(events.out.substr(second));
+    EXPECT_EQ(step["kind"], "step");
+    EXPECT_EQ(step["value"], -0.5);
+    EXPECT_EQ(run({"events", m_home.path("log"), "--to", "2026-11-21"}).status, 1);
+
+    const auto points = run({"log", m_home.path("log"), "--kind", "tempcomp", "--json"});
+    EXPECT_EQ(points.out, "{\"timestamp\":\"2026-11-21T02:16:03Z\",\"temperature\":28000.0,\"compensation\":0.366}\n"
+                          "{\"timestamp\":\"2026-11-21T02:17:03Z\",\"temperature\":null,\"compensation\":0.366}\n");
+    const auto summary =
+        json::parse(run({"log", m_home.path("log"), "--from", "2026-11-21T02:16:00Z", "--summary", "--json"}).out);
+    EXPECT_EQ(summary["count"], 1);
+    EXPECT_EQ(run({"log", m_home.path("log"), "--source", "192.0.2.9"}).status, 1);
+    const Words refused[] = {
+        {"log", m_home.path("log"), "--kind", "bogus"},
+        {"log", m_home.path("log"), "--kind", "rtc"},
+        {"log", m_home.path("log"), "--from", "yesterday"},
+        {"events"},
+        {"events", m_home.path("none")},
+        {"evidence", m_home.path("log"), "--from", "2026-11-22", "--to", "2026-11-21", "--limit", "1"},
+        {"evidence", m_home.path("log"), "--from", "2026-11-21", "--to", "2026-11-22", "--limit", "0"},
+        {"evidence", m_home.path("log"), "--from", "2026-11-21", "--to", "2026-11-22", "--limit", "1", "-o",
+         m_home.path("a.txt")}};
+    for (const auto& words : refused)
+        EXPECT_EQ(run(words).status, 2) << ::testing::PrintToString(words);
 }
 
 TEST_F(TickerctlTest, PlotsAreRealPicturesOfTheSizeAskedFor) {

@@ -106,7 +106,28 @@ LogPieces::Next LogPieces::next(std::string& text, std::optional<Failure>& reaso
     return Next::end;
 }
 
-Result<> read_log(FollowedFiles& files, const std::string& name, const LogLine& line) {
+namespace {
+
+// The line feeds of the piece are counted on the way, those of empty lines too.
+void hand_out(std::string_view piece, std::size_t& number, const NumberedLine& line) {
+    const char* counted = piece.data();
+    std::string_view rest = piece;
+    for (auto one = take_line(rest); !one.empty(); one = take_line(rest)) {
+        for (; counted != one.data(); ++counted)
+            number += *counted == '\n' ? 1 : 0;
+        line(one, number);
+        counted = one.data() + one.size();
+    }
+    number += static_cast<std::size_t>(std::count(counted, piece.data() + piece.size(), '\n'));
+}
+
+} // namespace
+
+Result<> read_log(FollowedFiles& files, const std::string& name, const PlainLine& line) {
+    return read_log(files, name, NumberedLine([&line](std::string_view one, std::size_t) { line(one); }));
+}
+
+Result<> read_log(FollowedFiles& files, const std::string& name, const NumberedLine& line) {
     std::unique_ptr<FollowedFile> file;
     FileStatus status;
     std::uint64_t length = 0;
@@ -119,11 +140,10 @@ Result<> read_log(FollowedFiles& files, const std::string& name, const LogLine& 
     LogPieces pieces(*file, 0, length);
     std::optional<Failure> read_reason;
     std::string text;
+    std::size_t number = 1;
     auto next = LogPieces::Next::piece;
     while ((next = pieces.next(text, read_reason)) == LogPieces::Next::piece) {
-        std::string_view rest = text;
-        for (auto one = take_line(rest); !one.empty(); one = take_line(rest))
-            line(one);
+        hand_out(text, number, line);
     }
     if (next == LogPieces::Next::failed)
         reason = std::move(read_reason);

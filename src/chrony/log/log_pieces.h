@@ -52,8 +52,10 @@ private:
 // The last line of the text that is not empty.
 [[nodiscard]] std::string_view last_line_of(std::string_view text);
 
-// Reads a whole log, line by line. A failure names `name`.
-using LogLine = std::function<void(std::string_view line)>;
-[[nodiscard]] Result<> read_log(FollowedFiles& files, const std::string& name, const LogLine& line);
+// Reads a whole log, line by line. A failure names `name`; lines before the damage were handed out.
+using PlainLine = std::function<void(std::string_view line)>;
+using NumberedLine = std::function<void(std::string_view line, std::size_t number)>; // from 1, empty lines counted
+[[nodiscard]] Result<> read_log(FollowedFiles& files, const std::string& name, const PlainLine& line);
+[[nodiscard]] Result<> read_log(FollowedFiles& files, const std::string& name, const NumberedLine& line);
 
 } // namespace tickervantage

@@ -1,6 +1,7 @@
 // `tickerctl history` and `tickerctl sample`, with this user's store.
 #include "base/failure_codes.h"
 #include "cli/history/history_command.h"
+#include "cli/moment_argument.h"
 #include "cli/terminal.h"
 #include "cli/tool.h"
 #include "history/history_keeper.h"
@@ -12,28 +13,6 @@
 #include <iostream>
 
 namespace tickervantage {
-namespace {
-
-// Of "2026-11-22T01:30:00Z" or "2026-11-22": whole seconds.
-std::optional<std::int64_t> moment_of(std::string text) {
-    if (text.find('T') == std::string::npos)
-        text += "T00:00:00Z";
-    const auto moment = moment_in(text);
-    return moment ? std::optional(static_cast<std::int64_t>(std::ceil(*moment))) : std::nullopt;
-}
-
-// Takes over the moment that was asked for, if any; what is wrong is told.
-int take_moment(const std::optional<std::string>& text, std::int64_t& moment) {
-    if (!text)
-        return 0;
-    const auto wanted = moment_of(*text);
-    if (!wanted)
-        return fail("A moment is written as 2026-11-22T01:30:00Z or 2026-11-22, not \"" + *text + "\".");
-    moment = *wanted;
-    return 0;
-}
-
-} // namespace
 
 std::string Tool::history_path() const {
     return m_arguments.history.file.value_or(m_paths.data_home + "/Tickervantage/history.sqlite");

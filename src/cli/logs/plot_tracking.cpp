@@ -3,8 +3,8 @@
 #include "base/failure_codes.h"
 #include "base/repeater.h"
 #include "chrony/log/log_pieces.h"
+#include "chrony/log/tracking_line.h"
 #include "cli/logs/plot_chart.h"
-#include "studies/tracking/tracking_line.h"
 #include "studies/tracking/tracking_rows.h"
 #include "studies/tracking/tracking_view.h"
 

@@ -1,7 +1,7 @@
 #include "studies/tracking/tracking_records.h"
 
 #include "base/number_text.h"
-#include "studies/tracking/tracking_line.h"
+#include "chrony/log/tracking_line.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "studies/tracking/log_number.h"
+#include "chrony/log/log_number.h"
 
 #include "base/number_text.h"
 

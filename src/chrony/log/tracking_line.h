@@ -6,7 +6,7 @@
 // chrony.conf(5), directive log, option tracking.
 #pragma once
 
-#include "studies/tracking/log_number.h"
+#include "chrony/log/log_number.h"
 
 #include <cstdint>
 #include <optional>
@@ -36,6 +36,9 @@ inline constexpr std::size_t largest_log_name = 255; // bytes of a column that i
 
 // False: no data line. That is also a line whose date does not exist, and one with a text too long for a log.
 [[nodiscard]] bool read_tracking_line(std::string_view line, TrackingLine& read);
+
+// Whether chronyd followed a source then: it notes the loss of its reference with stratum 0 and the leap status "?".
+[[nodiscard]] bool has_reference(const TrackingLine& line);
 
 // "2026-11-21" and "02:15:03" (UTC) as seconds since 1970-01-01 00:00:00 UTC; none: no such date or time.
 [[nodiscard]] std::optional<std::int64_t> log_time(std::string_view date, std::string_view time);

@@ -1,0 +1,28 @@
+// Records of logs and what their values are like, as text, JSON or comma-separated values. A record is a flat object;
+// what is absent is null.
+#pragma once
+
+#include "cli/json_text.h"
+
+#include <iosfwd>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace tickervantage {
+
+enum class LogForm : unsigned char { text, json, csv };
+
+// The names of the values, above them; nothing in JSON.
+void print_heading(const Json& record, LogForm form, std::ostream& out);
+
+// JSON: one line a record. CSV: absent values empty.
+void print_record(const Json& record, LogForm form, std::ostream& out);
+
+// Lowest, highest, mean, root mean square, median, and 95th and 99th percentile; NaN is absent.
+[[nodiscard]] Json summary_json(std::span<const double> values);
+
+// `document` has count, first, last, and behind them a summary under the name of each series.
+void print_summary(const Json& document, LogForm form, std::ostream& out);
+
+} // namespace tickervantage
