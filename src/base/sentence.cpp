@@ -76,6 +76,7 @@ struct TextOfValue {
     std::string_view point;
     std::string operator()(const std::string& text) const { return harmless(text); }
     std::string operator()(const Quantity& quantity) const { return text_of(quantity, point); }
+    std::string operator()(const Moment& moment) const { return moment.text; }
 };
 
 } // namespace

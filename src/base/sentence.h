@@ -2,6 +2,7 @@
 // TV_TEXT, and the values that go into them. Pure functions, any thread.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -38,10 +39,19 @@ namespace quantity {
 }
 } // namespace quantity
 
+// A time of day, which clocks of 12 hours show otherwise than those of 24.
+struct Moment {
+    std::int64_t seconds = 0; // since 1970, UTC
+    bool has_date = false;    // of another day than today
+    std::string text = {};    // "02:14", or with the date before it
+};
+
+using SentenceValue = std::variant<std::string, Quantity, Moment>;
+
 struct Sentence {
     const char* context = ""; // of the translation
     const char* words = "";
-    std::vector<std::variant<std::string, Quantity>> values = {};
+    std::vector<SentenceValue> values = {};
 };
 
 // Three significant digits, more where the resolution asks for them, and one unit.

@@ -17,7 +17,7 @@ using quantity::count;
 using quantity::duration;
 using quantity::seconds;
 using quantity::signed_seconds;
-using Values = std::vector<std::variant<std::string, Quantity>>;
+using Values = std::vector<SentenceValue>;
 
 /* TRANSLATOR explanations
    Why chrony uses a time source or does not, and what would change that. %1, %2, … stand for addresses, numbers with

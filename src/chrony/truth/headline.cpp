@@ -19,16 +19,16 @@ using quantity::seconds;
    so it begins with a small letter. %1, %2, … stand for numbers with their units, addresses and times of day. */
 constexpr const char* context = "headline";
 
-Sentence say(const char* words, std::vector<std::variant<std::string, Quantity>> values = {}) {
+Sentence say(const char* words, std::vector<SentenceValue> values = {}) {
     return {.context = context, .words = words, .values = std::move(values)};
 }
 
 // "02:14", with the date in front of another day's.
-std::string since(double moment, const std::optional<double>& now, const ZoneOffset& zone) {
+Moment since(double moment, const std::optional<double>& now, const ZoneOffset& zone) {
     const auto then = static_cast<std::int64_t>(std::floor(moment));
     const std::int64_t day = day_of(then, zone);
     const bool is_today = now && day_of(static_cast<std::int64_t>(*now), zone) == day;
-    return (is_today ? "" : date_of_day(day) + ' ') + hours_minutes(then, zone);
+    return {then, !is_today, (is_today ? "" : date_of_day(day) + ' ') + hours_minutes(then, zone)};
 }
 
 Sentence name_on_screen(Verdict verdict, const ChronyReports& reports, const ZoneOffset& zone) {
