@@ -154,6 +154,20 @@ void Administration::use_distribution(const DistributionChrony& chrony) {
     m_parts.window.cycle().programs_changed();
 }
 
+void Administration::ask_to_install() {
+    show_question(&m_parts.window, first_run_alert(*this), [this](std::size_t button) {
+        if (button == 0)
+            install();
+    });
+}
+
+void Administration::ask_to_use(const DistributionChrony& chrony) {
+    show_question(&m_parts.window, system_chrony_alert(*this, chrony), [this, chrony](std::size_t button) {
+        if (button == 0)
+            use_distribution(chrony);
+    });
+}
+
 void Administration::ask_for_rights() {
     m_jobs.obtain_rights([this] { m_parts.window.cycle().refresh(); });
 }

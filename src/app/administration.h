@@ -45,6 +45,10 @@ public:
     // Once for each load of the main window.
     void offer_installation() { m_offers.start(); }
 
+    // Each asks first.
+    void ask_to_install();
+    void ask_to_use(const DistributionChrony& chrony);
+
     // For a report that somebody has just chosen: asks for the rights that it needs, then reads again.
     void ask_for_rights();
 

@@ -5,7 +5,9 @@
 #include "app/bring_to_front.h"
 #include "app/config_windows.h"
 #include "app/help_windows.h"
+#include "app/mender.h"
 #include "app/settings_windows.h"
+#include "app/trend_feed.h"
 #include "app/window_menus.h"
 #include "chrony/configuration/configuration.h"
 #include "gui/common/desktop_links.h"
@@ -23,6 +25,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QProcess>
 
 #include <utility>
 
@@ -91,6 +94,7 @@ void AppDelegate::make_main_window() {
     m_main_window = std::make_unique<TickervantageWindow>(m_parts.cycle, cycle_options());
     connect_main_window();
     make_administration();
+    make_trend_and_mender();
     make_help();
     m_menus = build_application_menus(m_main_window.get());
     connect_items();
@@ -117,10 +121,38 @@ void AppDelegate::connect_main_window() {
     connect(window, &TickervantageWindow::wrong_program_found, this,
             [this](const QString& sentence) { m_parts.logger.log(LogLevel::error, sentence.toStdString()); });
     connect(window, &TickervantageWindow::reading_applied, this, &AppDelegate::log_change_of_state);
+    connect(window, &TickervantageWindow::graph_requested, this, &AppDelegate::liveTracking);
     connect(window, &TickervantageWindow::rights_requested, this, [this] {
         if (m_administration)
             m_administration->ask_for_rights();
     });
+}
+
+void AppDelegate::make_trend_and_mender() {
+    auto* window = m_main_window.get();
+    m_trend = std::make_unique<TrendFeed>(history_file(), m_parts.trend_queue, m_parts.cycle.main_thread, *window);
+    m_trend->read();
+    m_mender = std::make_unique<Mender>(MenderParts{.machine = m_parts.machine,
+                                                    .queue = m_parts.list_queue,
+                                                    .main_thread = m_parts.cycle.main_thread,
+                                                    .general = m_general,
+                                                    .window = *window,
+                                                    .administration = m_administration.get()});
+    connect(m_mender.get(), &Mender::complained, this, &AppDelegate::say);
+    connect(m_mender.get(), &Mender::demonstration_left, this, &AppDelegate::leave_demonstration);
+}
+
+// The next start of the program is one without a demonstration, with daemon and data of this machine.
+void AppDelegate::leave_demonstration() {
+    if (QProcess::startDetached(QCoreApplication::applicationFilePath(), {}))
+        QApplication::closeAllWindows();
+    else
+        //: alert: the program could not be started once more, without the demonstration
+        say(Texts::tr("The program could not be started again. Please quit it, and start it without --demo."));
+}
+
+std::string AppDelegate::history_file() const {
+    return m_parts.paths.data_home.empty() ? "" : m_parts.paths.data_home + "/Tickervantage/history.sqlite";
 }
 
 void AppDelegate::make_help() {
@@ -169,12 +201,12 @@ void AppDelegate::make_history() {
     const auto show = [this](const std::optional<Failure>& failure) {
         m_main_window->set_standing_notice(failure ? in_words(*failure) : m_daemon.standing_notice);
     };
-    m_history = std::make_unique<WindowHistory>(m_parts.paths.data_home + "/Tickervantage/history.sqlite",
-                                                WindowHistoryParts{.queue = m_parts.history_queue,
-                                                                   .main_thread = m_parts.cycle.main_thread,
-                                                                   .broadcast = m_parts.cycle.broadcast,
-                                                                   .logger = m_parts.logger,
-                                                                   .problem = show});
+    m_history =
+        std::make_unique<WindowHistory>(history_file(), WindowHistoryParts{.queue = m_parts.history_queue,
+                                                                           .main_thread = m_parts.cycle.main_thread,
+                                                                           .broadcast = m_parts.cycle.broadcast,
+                                                                           .logger = m_parts.logger,
+                                                                           .problem = show});
 }
 
 StatusCycleOptions AppDelegate::cycle_options() {
@@ -357,6 +389,9 @@ void AppDelegate::connect_items() {
     m_menus.on("showPreferences", [this] { settings_windows().showPreferences(Preferences::Pane::general); });
     m_menus.on("checkForUpdates", [this] { settings_windows().showPreferences(Preferences::Pane::update); });
     m_menus.on("refresh", [this] { m_main_window->cycle().refresh(); });
+    m_menus.on("showReport", [] {}); // the window itself answers to both
+    m_menus.on("separateReport", [] {});
+    m_main_window->connect_report_items(*m_menus.actions.at("showReport"), *m_menus.actions.at("separateReport"));
     m_menus.on("chooseFont", [this] { m_main_window->chooseFont(); });
     m_menus.on("defaultFont", [this] { m_main_window->defaultFont(); });
     m_menus.on("closeWindow", [this] {

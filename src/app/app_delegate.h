@@ -29,9 +29,11 @@ class AnalysisWindows;
 class ConfigWindows;
 class FollowedFiles;
 class HelpWindows;
+class Mender;
 class QueueLender;
 class SettingsWindows;
 class TickervantageWindow;
+class TrendFeed;
 class WindowMenus;
 
 // What the application is made of; all of it outlives the delegate.
@@ -48,6 +50,7 @@ struct ApplicationParts {
     DispatchQueueSerial& list_queue;     // the server list, the preferences' paths
     DispatchQueueSerial& help_queue;     // help pages: reading, rendering, searching
     DispatchQueueSerial& history_queue;  // the history of the clock
+    DispatchQueueSerial& trend_queue;    // the last hour of the history
     QueueLender& log_queues;             // one for each log that is followed
     Logger& logger;
     Paths paths;
@@ -119,6 +122,9 @@ private:
     [[nodiscard]] SettingsWindows& settings_windows();
     void make_settings_windows();
     void make_administration();
+    void make_trend_and_mender();
+    void leave_demonstration();
+    [[nodiscard]] std::string history_file() const; // empty: none
     void make_help();
     void install_configuration(ConfigEditor* editor, const QString& text);
     void launchMeridianox();
@@ -137,6 +143,8 @@ private:
     std::unique_ptr<WindowHistory> m_history;         // outlives the window
     std::unique_ptr<Administration> m_administration; // outlives the windows that use it
     std::unique_ptr<TickervantageWindow> m_main_window;
+    std::unique_ptr<TrendFeed> m_trend;
+    std::unique_ptr<Mender> m_mender;
     std::unique_ptr<AnalysisWindows> m_analysis;
     std::unique_ptr<ConfigWindows> m_configurations;
     std::unique_ptr<SettingsWindows> m_settings_windows;

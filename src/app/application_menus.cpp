@@ -47,6 +47,9 @@ std::vector<Item> file_items() {
 std::vector<Item> view_items() {
     return {{"refresh", QT_TRANSLATE_NOOP("menus", "&Refresh"), QKeySequence::Refresh},
             separator,
+            {"showReport", QT_TRANSLATE_NOOP("menus", "chronyc's R&eport"), QKeySequence(Qt::CTRL | Qt::Key_R)},
+            {"separateReport", QT_TRANSLATE_NOOP("menus", "Report in a &Window of Its Own"), {}},
+            separator,
             {"chooseFont", QT_TRANSLATE_NOOP("menus", "Output &Font…"), {}},
             {"defaultFont", QT_TRANSLATE_NOOP("menus", "&Default Output Font"), {}},
             separator,

@@ -127,6 +127,7 @@ private:
     SerialQueue m_list_queue{"net.brisklane.lists"};
     SerialQueue m_help_queue{"net.brisklane.help"};
     SerialQueue m_history_queue{"net.brisklane.clockpast"};
+    SerialQueue m_trend_queue{"net.brisklane.trend"};
     PosixFollowedFiles m_files;
     QueuePool m_log_queues{std::string(LogReader::QUEUE_LABEL)};
     AppDelegate m_delegate;
@@ -173,6 +174,7 @@ ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) 
             .list_queue = m_list_queue,
             .help_queue = m_help_queue,
             .history_queue = m_history_queue,
+            .trend_queue = m_trend_queue,
             .log_queues = m_log_queues,
             .logger = m_logger,
             .paths = paths,

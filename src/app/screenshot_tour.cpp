@@ -67,6 +67,10 @@ void ScreenshotTour::plan() {
         menu->setCurrentText(QLatin1String(title));
         Q_EMIT menu->textActivated(menu->currentText());
     };
+    const auto trigger = [this, &window](const char* action) {
+        m_application.menus().actions.at(action)->trigger();
+        window.cycle().refresh();
+    };
     m_stops = {
         {QStringLiteral("main-window"),
          [this, command] {
@@ -104,9 +108,16 @@ void ScreenshotTour::plan() {
              show_dark(true);
              command("sources");
          }},
-        {QStringLiteral("main-window-small"),
-         [this, &window, command] {
+        {QStringLiteral("main-window-without-report"),
+         [this, &window, trigger] {
              show_dark(false);
+             window.resize(1240, 860);
+             trigger("showReport");
+         }},
+        {QStringLiteral("report-apart"), [trigger] { trigger("separateReport"); }, QStringLiteral("ReportWindow")},
+        {QStringLiteral("main-window-small"),
+         [&window, command, trigger] {
+             trigger("separateReport");
              window.resize(640, 480);
              command("sourcestats -v");
          }},

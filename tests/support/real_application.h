@@ -40,6 +40,7 @@ struct RealApplication : ::testing::Test {
     ManualQueue list_queue;
     ManualQueue help_queue;
     ManualQueue history_queue;
+    ManualQueue trend_queue;
     OneQueue log_queues;
     ManualQueue job_queue;
     OneJobQueue job_queues{job_queue};
@@ -67,7 +68,8 @@ struct RealApplication : ::testing::Test {
     void settle() {
         while (fakes.queue.turn() || fakes.reports.turn() || fakes.main_thread.turn() || freqtemp.queue.turn() ||
                removal_queue.turn() || spectrum_queue.turn() || config_queue.turn() || export_queue.turn() ||
-               list_queue.turn() || help_queue.turn() || history_queue.turn() || job_queue.turn()) {
+               list_queue.turn() || help_queue.turn() || history_queue.turn() || trend_queue.turn() ||
+               job_queue.turn()) {
         }
     }
 
@@ -115,6 +117,7 @@ private:
                 .list_queue = list_queue,
                 .help_queue = help_queue,
                 .history_queue = history_queue,
+                .trend_queue = trend_queue,
                 .log_queues = log_queues,
                 .logger = logger,
                 .paths = paths,

@@ -20,6 +20,7 @@
 #include <QSpinBox>
 #include <QSplitter>
 #include <QTimeZone>
+#include <QToolButton>
 
 #include <algorithm>
 
@@ -187,6 +188,73 @@ TEST_F(MainWindowTest, ClosingSavesTheSettingsAndTheFrame) {
     EXPECT_EQ(fakes.store.values["chronyc_command"], std::vector<std::string>{"activity"});
     open();
     EXPECT_EQ(window->size(), QSize(901, 702));
+}
+
+TEST_F(MainWindowTest, ReportIsHiddenOrTornOffAndStaysSo) {
+    QAction shown;
+    QAction separate;
+    open();
+    window->connect_report_items(shown, separate);
+    EXPECT_TRUE(shown.isChecked() && !separate.isChecked());
+    auto* output = find<CommandOutput>("m_textscroll");
+    find<QToolButton>("hide_report")->click();
+    EXPECT_FALSE(output->isVisible() || shown.isChecked());
+    separate.trigger();
+    EXPECT_TRUE(output->isVisible() && shown.isChecked());
+    EXPECT_NE(output->window(), window.get());
+    choose("commandMenu", "activity");
+    EXPECT_GT(std::ranges::count(fakes.execute.calls, "chronyc|activity"), 0) << "it is steered there as well";
+    window->close();
+    EXPECT_FALSE(output->isVisible());
+    open();
+    output = find<CommandOutput>("m_textscroll");
+    ASSERT_NE(output->window(), window.get());
+    EXPECT_TRUE(output->isVisible());
+    output->window()->close();
+    EXPECT_FALSE(output->isVisible());
+    window->close();
+    open();
+    EXPECT_FALSE(find<QWidget>("m_textscroll")->isVisible());
+    window->connect_report_items(shown, separate);
+    EXPECT_FALSE(shown.isChecked());
+    shown.trigger();
+    EXPECT_EQ(find<QWidget>("m_textscroll")->window(), window.get());
+    EXPECT_TRUE(find<QWidget>("m_textscroll")->isVisible());
+}
+
+TEST_F(MainWindowTest, EveryPartHasRoomInTheWindowAsItFirstOpens) {
+    open();
+    window->resize(1240, 860); // on a screen that has the room for it
+    for (int turn = 0; turn < 5; ++turn)
+        QCoreApplication::processEvents();
+    EXPECT_EQ(find<QScrollArea>("main_area")->verticalScrollBar()->maximum(), 0);
+    for (const char* name : {"trend", "sources", "source_explanation", "analogClock", "m_textscroll"})
+        EXPECT_GT(find<QWidget>(name)->height(), 60) << name;
+}
+
+TEST_F(MainWindowTest, MovedSplittersAreRemembered) {
+    const auto settle_layout = [] {
+        for (int turn = 0; turn < 5; ++turn)
+            QCoreApplication::processEvents();
+    };
+    open();
+    window->resize(1600, 1000);
+    settle_layout();
+    find<QSplitter>("halves")->setSizes({700, 850});
+    find<QSplitter>("trend_splitter")->setSizes({300, 500});
+    const auto halves = find<QSplitter>("halves")->sizes();
+    const auto rows = find<QSplitter>("trend_splitter")->sizes();
+    window->close();
+    open();
+    settle_layout();
+    EXPECT_EQ(find<QSplitter>("halves")->sizes(), halves);
+    EXPECT_EQ(find<QSplitter>("trend_splitter")->sizes(), rows);
+}
+
+TEST_F(MainWindowTest, DamagedLayoutIsLeftAside) {
+    fakes.store.values["layout_Tickervantage"] = {"AAAAA2FiYw=="};
+    open();
+    EXPECT_TRUE(find<QWidget>("m_textscroll")->isVisible());
 }
 
 TEST_F(MainWindowTest, MinimisedWindowNeitherTicksNorReads) {

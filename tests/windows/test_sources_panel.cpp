@@ -180,7 +180,7 @@ TEST(VerdictPanel, SaysTheVerdictAndOffersToExplainWhatLooksBetterThanItIs) {
          {.address = "192.0.2.1"},
          "Not synchronised",
          "Nothing tells how far off the clock is.",
-         false},
+         true},
     };
     VerdictPanel panel(nullptr);
     panel.show();
@@ -196,6 +196,31 @@ TEST(VerdictPanel, SaysTheVerdictAndOffersToExplainWhatLooksBetterThanItIs) {
         EXPECT_EQ(panel.findChild<QWidget*>(QStringLiteral("error_budget"))->isVisible(),
                   one.error != "Nothing tells how far off the clock is.");
     }
+}
+
+TEST(VerdictPanel, OffersTheOneThingThatMends) {
+    VerdictPanel panel(nullptr);
+    panel.show();
+    const auto* notice = panel.findChild<QWidget*>(QStringLiteral("verdict_notice"));
+    auto* mend = panel.findChild<QPushButton*>(QStringLiteral("mend"));
+    std::vector<Mending> wanted;
+    QObject::connect(&panel, &VerdictPanel::mending_wanted, &panel,
+                     [&wanted](Mending what) { wanted.push_back(what); });
+    panel.show_truth({});
+    EXPECT_FALSE(notice->isVisible()) << "the machine was not looked at yet";
+    panel.show_mending_facts({.is_known = true, .is_running = false});
+    ASSERT_TRUE(mend->isVisible());
+    EXPECT_EQ(mend->text(), QStringLiteral("St&art chronyd"));
+    mend->click();
+    panel.show_truth(*truth_of({{.address = "192.0.2.1"}}));
+    EXPECT_FALSE(notice->isVisible()) << "it answers";
+    panel.show_mending_facts({.is_known = true, .log = TrackingLogSetting::not_asked_for});
+    ASSERT_TRUE(mend->isVisible());
+    mend->click();
+    EXPECT_EQ(wanted, (std::vector{Mending::start, Mending::turn_on_logging}));
+    panel.show_truth(*truth_of({}, {.id = "7F7F0101"}));
+    EXPECT_FALSE(mend->isVisible()) << "first what is worse";
+    EXPECT_TRUE(panel.findChild<QWidget*>(QStringLiteral("explain_verdict"))->isVisible());
 }
 
 } // namespace

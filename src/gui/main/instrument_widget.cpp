@@ -17,7 +17,7 @@ namespace tickervantage {
 namespace {
 
 constexpr int PREFERRED_SIDE = 200;
-constexpr int SMALLEST_SIDE = 150;
+constexpr int SMALLEST_SIDE = 120;
 
 } // namespace
 

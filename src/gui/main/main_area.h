@@ -2,14 +2,23 @@
 // wide enough. Main thread.
 #pragma once
 
+#include <QByteArray>
 #include <QScrollArea>
 
-class QBoxLayout;
+#include <array>
+
 class QSplitter;
 
 namespace tickervantage {
 
 class VerdictPanel;
+
+// The last hour above the two halves: the sources, and at their side the instruments above the report.
+struct MainSplitters {
+    QSplitter* rows = nullptr;
+    QSplitter* halves = nullptr;
+    QSplitter* side = nullptr;
+};
 
 class MainArea : public QScrollArea {
     Q_OBJECT
@@ -18,7 +27,12 @@ public:
     explicit MainArea(QWidget* parent);
 
     // All are in the area's widget.
-    void adapt(QSplitter* halves, VerdictPanel* verdict, QBoxLayout* report_row);
+    void adapt(const MainSplitters& splitters, VerdictPanel& verdict);
+
+    // How the splitters of the area stand, also as they stood when the window was wide, or narrow. What was not saved
+    // stays as it is.
+    [[nodiscard]] QByteArray layout_state() const;
+    void restore_layout(const QByteArray& state);
 
     [[nodiscard]] QSize minimumSizeHint() const override;
     [[nodiscard]] QSize sizeHint() const override;
@@ -28,11 +42,12 @@ protected:
 
 private:
     void set_out(int width);
+    void share_width();
 
     bool m_is_set_out = false;
-    QSplitter* m_halves = nullptr;
+    MainSplitters m_splitters;
+    std::array<QByteArray, 2> m_states; // of all splitters: narrow, wide; empty: as they come
     VerdictPanel* m_verdict = nullptr;
-    QBoxLayout* m_report_row = nullptr;
 };
 
 } // namespace tickervantage

@@ -6,8 +6,11 @@
 #include "gui/main/main_area.h"
 #include "gui/main/main_window_layout.h"
 #include "gui/main/meter_widget.h"
+#include "gui/main/notice_bar.h"
+#include "gui/main/scrolled_widget.h"
 #include "gui/main/sources_panel.h"
 #include "gui/main/status_image.h"
+#include "gui/main/trend_panel.h"
 #include "gui/main/verdict_panel.h"
 #include "qt/named_widget.h"
 #include "qt/text_scale.h"
@@ -15,7 +18,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -59,7 +61,7 @@ void build_readings(QWidget* central, MainWindowControls& controls) {
     controls.meterSelect->setToolTip(controls.meterSelect->accessibleName());
     //: main window: name of the text that shows the meter's value
     controls.meterValue = text_label(central, "meterValue", Texts::tr("Meter value"));
-    controls.meterValue->setAlignment(Qt::AlignHCenter);
+    controls.meterValue->setAlignment(Qt::AlignCenter);
 }
 
 void build_status(QWidget* central, MainWindowControls& controls) {
@@ -81,9 +83,8 @@ void build_status(QWidget* central, MainWindowControls& controls) {
     //: main window: notice that chronyd was told not to adjust the system clock
     controls.adjustingClock->setText(Texts::tr("chronyd does not adjust the system clock."));
     controls.adjustingClock->setWordWrap(true);
-    controls.adjustingClock->setMinimumHeight(2 * controls.adjustingClock->fontMetrics().lineSpacing());
     //: main window: button that opens the preferences
-    controls.m_preferences = named(new QPushButton(Texts::tr("Preferences…"), central), "m_preferences",
+    controls.m_preferences = named(new QPushButton(Texts::tr("&Preferences…"), central), "m_preferences",
                                    //: main window: name of the button that opens the preferences
                                    Texts::tr("Preferences"));
     //: main window: names of the version texts
@@ -91,8 +92,6 @@ void build_status(QWidget* central, MainWindowControls& controls) {
     controls.chronydversion = text_label(central, "chronydversion",
                                          //: main window: name of a version text
                                          Texts::tr("Version of chronyd"));
-    for (auto* version : {controls.chronycversion, controls.chronydversion})
-        version->setWordWrap(true);
 }
 
 void build_command_controls(QWidget* central, MainWindowControls& controls) {
@@ -145,49 +144,53 @@ void build_options(QWidget* central, MainWindowControls& controls) {
     controls.m_interval->setToolTip(Texts::tr("Seconds between two readings, 1 to 60"));
 }
 
-QLabel* build_banner(QWidget* central) {
+void build_banner(QWidget* central, MainWindowControls& controls) {
+    auto* bar = new NoticeBar(central);
+    bar->setObjectName(QStringLiteral("standing_bar"));
     //: main window: name of the banner with what holds for the whole run, such as demonstration mode
-    auto* banner = text_label(central, "standingNotice", Texts::tr("Notice"));
-    banner->setWordWrap(true);
-    constexpr int margin = 6;
-    banner->setMargin(margin);
-    // Room for a sentence that takes two lines: a window made small would take it from what is below.
-    banner->setMinimumHeight(2 * banner->fontMetrics().lineSpacing() + 2 * margin);
-    banner->setAutoFillBackground(true);
-    banner->setBackgroundRole(QPalette::ToolTipBase);
-    banner->setForegroundRole(QPalette::ToolTipText);
-    banner->hide();
-    return banner;
+    controls.standing_notice = text_label(bar, "standingNotice", Texts::tr("Notice"));
+    controls.standing_notice->setWordWrap(true);
+    controls.use_system_chrony =
+        //: main window: button in a demonstration that leaves it
+        named(new QPushButton(Texts::tr("&Use This System's chrony"), bar), "use_system_chrony",
+              //: main window: name of the button that leaves the demonstration
+              Texts::tr("Use this system's chrony"),
+              //: main window: tooltip of the button that leaves the demonstration
+              Texts::tr("Starts the program again, without the demonstration"));
+    controls.use_system_chrony->hide();
+    bar->add(controls.standing_notice);
+    bar->add_button(controls.use_system_chrony);
+    bar->hide();
+    controls.standing_bar = bar;
 }
 
 void build_wrong_program(QWidget* central, MainWindowControls& controls) {
-    controls.wrong_program = new QWidget(central);
-    controls.wrong_program->setObjectName(QStringLiteral("wrong_program"));
-    controls.wrong_program_words = text_label(controls.wrong_program, "wrong_program_words",
+    auto* bar = new NoticeBar(central, NoticeTone::harm);
+    bar->setObjectName(QStringLiteral("wrong_program"));
+    controls.wrong_program_words = text_label(bar, "wrong_program_words",
                                               //: main window: name of the notice that a program is not chrony's
                                               Texts::tr("Wrong program"));
     controls.wrong_program_words->setWordWrap(true);
-    controls.wrong_program_words->setMinimumHeight(2 * controls.wrong_program_words->fontMetrics().lineSpacing());
     controls.wrong_program_preferences =
         //: main window: button that opens the preferences
-        named(new QPushButton(Texts::tr("Preferences…"), controls.wrong_program), "wrong_program_preferences",
+        named(new QPushButton(Texts::tr("Preferences…"), bar), "wrong_program_preferences",
               //: main window: name of the button that opens the preferences
               Texts::tr("Preferences"));
-    auto* row = new QHBoxLayout(controls.wrong_program);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(controls.wrong_program_words, 1);
-    row->addWidget(controls.wrong_program_preferences);
-    controls.wrong_program->hide();
+    bar->add(controls.wrong_program_words);
+    bar->add_button(controls.wrong_program_preferences);
+    bar->hide();
+    controls.wrong_program = bar;
 }
 
 } // namespace
 
 MainWindowControls build_main_window_controls(MainArea& area, ClockPerformance& meter) {
-    auto* central = new QWidget(&area);
+    auto* central = new ScrolledWidget(&area);
     MainWindowControls controls;
-    controls.standing_notice = build_banner(central);
+    build_banner(central, controls);
     build_wrong_program(central, controls);
     controls.verdict = new VerdictPanel(central);
+    controls.trend = new TrendPanel(central);
     //: main window: names of the two instruments
     controls.analogClock = named(new ClockWidget(central), "analogClock", Texts::tr("Clock"));
     controls.clockPerformance = named(new MeterWidget(meter, central), "clockPerformance",
@@ -199,10 +202,10 @@ MainWindowControls build_main_window_controls(MainArea& area, ClockPerformance& 
     build_options(central, controls);
     //: main window: name of the text view with chronyc's output
     controls.m_textscroll = named(new CommandOutput(central), "m_textscroll", Texts::tr("Output of chronyc"));
-    controls.m_textscroll->setMinimumHeight(controls.m_textscroll->fontMetrics().lineSpacing() * 6);
+    controls.m_textscroll->setMinimumHeight(controls.m_textscroll->fontMetrics().lineSpacing() * 4);
     controls.sources = new SourcesPanel(central);
     //: main window: name of the line that says what stands in the way
-    controls.m_status = text_label(central, "m_status", Texts::tr("Status"));
+    controls.m_status = text_label(&area, "m_status", Texts::tr("Status"));
     controls.m_status->setWordWrap(true);
     lay_out_main_window(area, central, controls);
     return controls;

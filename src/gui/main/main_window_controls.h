@@ -19,16 +19,21 @@ class ClockWidget;
 class CommandOutput;
 class MainArea;
 class MeterWidget;
+class ReportPane;
 class SourcesPanel;
 class StatusImage;
+class TrendPanel;
 class VerdictPanel;
 
 struct MainWindowControls {
-    QLabel* standing_notice = nullptr; // a banner for what holds for the whole run; hidden while empty
-    QWidget* wrong_program = nullptr;  // the two below, shown while a program is not what its path says
+    QWidget* standing_bar = nullptr;          // with the notice; hidden while that is empty
+    QLabel* standing_notice = nullptr;        // for what holds for the whole run
+    QPushButton* use_system_chrony = nullptr; // beside it, in a demonstration on a system that has one
+    QWidget* wrong_program = nullptr;         // the two below, shown while a program is not what its path says
     QLabel* wrong_program_words = nullptr;
     QPushButton* wrong_program_preferences = nullptr;
     VerdictPanel* verdict = nullptr;
+    TrendPanel* trend = nullptr;
     ClockWidget* analogClock = nullptr;
     QLabel* localTime = nullptr;
     MeterWidget* clockPerformance = nullptr;
@@ -47,6 +52,7 @@ struct MainWindowControls {
     QCheckBox* showOriginalName = nullptr;
     QSpinBox* m_interval = nullptr;
     CommandOutput* m_textscroll = nullptr;
+    ReportPane* report = nullptr; // with the output and the controls that steer it
     SourcesPanel* sources = nullptr;
     QLabel* m_status = nullptr;
 };

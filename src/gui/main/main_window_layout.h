@@ -5,7 +5,7 @@
 
 namespace tickervantage {
 
-// The controls are children of `central`, which becomes the area's widget.
-void lay_out_main_window(MainArea& area, QWidget* central, const MainWindowControls& controls);
+// The controls are children of `central`, which becomes the area's widget. The report's pane is made here.
+void lay_out_main_window(MainArea& area, QWidget* central, MainWindowControls& controls);
 
 } // namespace tickervantage

@@ -51,8 +51,6 @@ SourcesPanel::SourcesPanel(QWidget* parent) : QWidget(parent) {
     m_explanation->setOpenLinks(false);
     m_explanation->setTabChangesFocus(true);
     m_explanation->setMinimumHeight(m_explanation->fontMetrics().lineSpacing() * 4);
-    //: main window: in place of the explanation of a source
-    m_explanation->setPlaceholderText(Texts::tr("Choose a source to read why chronyd uses it, or why not."));
     build_root_row();
     lay_out();
 }
@@ -77,7 +75,7 @@ void SourcesPanel::build_table() {
     m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder); // chronyc's order
     m_table->horizontalHeader()->setResizeContentsPrecision(50);
     m_table->setSortingEnabled(true);
-    m_table->setMinimumHeight(m_table->fontMetrics().lineSpacing() * 6);
+    m_table->setMinimumHeight(m_table->fontMetrics().lineSpacing() * 5);
     m_table->setMinimumWidth(scaled(200, *this));
     connect(m_table->horizontalHeader(), &QHeaderView::sectionResized, this, &SourcesPanel::limit_table);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
@@ -91,7 +89,7 @@ void SourcesPanel::build_root_row() {
     words->setObjectName(QStringLiteral("root_words"));
     words->setWordWrap(true);
     //: main window: button that brings the reports which only an administrator may read
-    m_ask_root = named(new QPushButton(Texts::tr("&Read Them…"), m_root_row), "ask_root_reports",
+    m_ask_root = named(new QPushButton(Texts::tr("Read &Them…"), m_root_row), "ask_root_reports",
                        //: main window: name of the button that brings the reports which only an administrator may read
                        Texts::tr("Read the administrator's reports"));
     auto* row = new QHBoxLayout(m_root_row);
@@ -117,8 +115,10 @@ void SourcesPanel::show_truth(const std::shared_ptr<const ClockTruth>& truth) {
     const bool has_others = m_model->rowCount() != static_cast<int>(truth->sources.size()) ||
                             m_model->truth().reports.names != truth->reports.names;
     m_model->show(truth);
-    if (has_others)
+    if (has_others) {
         fit_columns();
+        limit_height();
+    }
     restore_choice();
     m_root_row->setVisible(truth->reports.sources && !truth->sources.empty() && !truth->reports.selection);
     show_explanation();
@@ -145,6 +145,16 @@ void SourcesPanel::limit_table() {
     m_table->setMaximumWidth(std::max(m_table->horizontalHeader()->length() + frame, m_table->minimumWidth()));
 }
 
+// Nor more of the height: the explanation below can use the rest.
+void SourcesPanel::limit_height() {
+    constexpr int least_rows = 6; // a few sources more or less leave the rest where it is
+    const int rows = std::max(m_model->rowCount(), least_rows) * m_table->verticalHeader()->defaultSectionSize();
+    const int height = rows + m_table->horizontalHeader()->sizeHint().height() + 2 * m_table->frameWidth() +
+                       m_table->horizontalScrollBar()->sizeHint().height();
+    m_table->setMaximumHeight(height);
+    m_intervals->setMaximumHeight(height);
+}
+
 // After other sources came, the chosen one may still be among them.
 void SourcesPanel::restore_choice() {
     if (m_chosen.empty() || m_table->selectionModel()->hasSelection())
@@ -158,12 +168,10 @@ void SourcesPanel::choose_row(int row) {
     if (row < 0)
         return; // the table was filled anew
     m_chosen = m_model->truth().sources[m_model->source_in(row)].data.source;
-    m_explains_all = false;
     show_explanation();
 }
 
 void SourcesPanel::explain_all() {
-    m_explains_all = true;
     m_chosen.clear();
     m_table->clearSelection();
     m_table->setCurrentIndex({});
@@ -173,11 +181,8 @@ void SourcesPanel::explain_all() {
 
 void SourcesPanel::show_explanation() {
     const int row = m_chosen.empty() ? -1 : m_model->row_of(m_chosen);
-    QString text;
-    if (m_explains_all)
-        text = whole_explanation(m_model->truth());
-    else if (row >= 0)
-        text = explanation_text(m_model->truth().explanations[m_model->source_in(row)]);
+    const QString text = row < 0 ? whole_explanation(m_model->truth())
+                                 : explanation_text(m_model->truth().explanations[m_model->source_in(row)]);
     if (text == m_shown)
         return;
     m_shown = text;

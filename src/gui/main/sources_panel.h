@@ -1,5 +1,5 @@
-// The sources: a table, the picture of their intervals beside it, and the explanation of the one that was chosen. Main
-// thread.
+// The sources: a table, the picture of their intervals beside it, and the explanation of the one that was chosen, or
+// of all. Main thread.
 #pragma once
 
 #include "chrony/truth/clock_truth.h"
@@ -42,6 +42,7 @@ private:
     void lay_out();
     void fit_columns();
     void limit_table();
+    void limit_height();
     void choose_row(int row);
     void show_explanation();
     void restore_choice();
@@ -52,9 +53,8 @@ private:
     QTextBrowser* m_explanation = nullptr;
     QWidget* m_root_row = nullptr;
     QPushButton* m_ask_root = nullptr;
-    std::string m_chosen; // its address; empty: none
-    bool m_explains_all = false;
-    QString m_shown; // the explanation as it stands there
+    std::string m_chosen; // its address; empty: none, and all are explained
+    QString m_shown;      // the explanation as it stands there
 };
 
 } // namespace tickervantage

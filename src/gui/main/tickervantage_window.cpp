@@ -6,8 +6,10 @@
 #include "gui/main/main_area.h"
 #include "gui/main/meter_widget.h"
 #include "gui/main/notice_words.h"
+#include "gui/main/report_pane.h"
 #include "gui/main/sources_panel.h"
 #include "gui/main/status_image.h"
+#include "gui/main/trend_panel.h"
 #include "gui/main/verdict_panel.h"
 #include "qt/in_words.h"
 #include "qt/local_number.h"
@@ -17,13 +19,16 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDataStream>
 #include <QDateTime>
 #include <QFontDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QSpinBox>
 #include <QToolBar>
+#include <QVBoxLayout>
 
 #include <utility>
 
@@ -31,20 +36,37 @@ namespace tickervantage {
 namespace {
 
 constexpr const char* frame_key = "frame_Tickervantage";
+constexpr const char* layout_key = "layout_Tickervantage"; // of what is in the window
 
 QString from_std(const std::string& text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+QLayout* foot_of(const MainWindowControls& controls) {
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(12, 4, 12, 6);
+    row->setSpacing(16);
+    row->addWidget(controls.m_status, 1);
+    row->addWidget(controls.chronycversion);
+    row->addWidget(controls.chronydversion);
+    return row;
+}
+
 } // namespace
 
 TickervantageWindow::TickervantageWindow(const StatusCycleParts& parts, StatusCycleOptions options)
-    : m_settings_store(parts.settings), m_cycle(std::make_unique<StatusCycle>(*this, parts, std::move(options))) {
+    : m_settings_store(parts.settings), m_cycle(std::make_unique<StatusCycle>(*this, parts, std::move(options))),
+      m_area(new MainArea(this)) {
     setWindowTitle(QStringLiteral("Tickervantage"));
     setObjectName(QStringLiteral("TickervantageWindow"));
-    auto* area = new MainArea(this);
-    m_controls = build_main_window_controls(*area, m_cycle->meter());
-    setCentralWidget(area);
+    m_controls = build_main_window_controls(*m_area, m_cycle->meter());
+    auto* central = new QWidget(this);
+    auto* column = new QVBoxLayout(central);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_area, 1);
+    column->addLayout(foot_of(m_controls)); // in sight wherever the area is scrolled to
+    setCentralWidget(central);
     build_toolbar();
     connect_controls();
 }
@@ -85,6 +107,12 @@ void TickervantageWindow::connect_controls() {
             m_cycle->selectMeter(index);
     });
     connect(m_controls.verdict, &VerdictPanel::explanation_wanted, m_controls.sources, &SourcesPanel::explain_all);
+    connect(m_controls.verdict, &VerdictPanel::explanation_wanted, this,
+            [this] { m_area->ensureWidgetVisible(m_controls.sources); });
+    connect(m_controls.verdict, &VerdictPanel::mending_wanted, this, &TickervantageWindow::mending_wanted);
+    connect(m_controls.use_system_chrony, &QPushButton::clicked, this,
+            [this] { Q_EMIT mending_wanted(Mending::use_distribution); });
+    connect(m_controls.trend, &TrendPanel::graph_wanted, this, &TickervantageWindow::graph_requested);
     connect(m_controls.sources, &SourcesPanel::root_reports_wanted, this, [this] { m_cycle->want_root_reports(); });
     connect(m_controls.showIPaddress, &QCheckBox::clicked, this, [this](bool on) { m_cycle->showIPaddresses(on); });
     connect(m_controls.showOriginalName, &QCheckBox::clicked, this, [this](bool on) { m_cycle->showOriginalName(on); });
@@ -166,6 +194,33 @@ void TickervantageWindow::show_status(chronydStatus status) {
 void TickervantageWindow::show_truth(std::shared_ptr<const ClockTruth> truth) {
     m_controls.verdict->show_truth(*truth);
     m_controls.sources->show_truth(truth);
+    Q_EMIT truth_shown(truth);
+}
+
+void TickervantageWindow::show_trend(const Result<Trend>& trend) {
+    m_controls.trend->show_trend(trend);
+}
+
+void TickervantageWindow::show_mending_facts(const MendingFacts& facts) {
+    m_controls.verdict->show_mending_facts(facts);
+    m_controls.use_system_chrony->setVisible(facts.is_demonstration && facts.distribution);
+}
+
+void TickervantageWindow::connect_report_items(QAction& shown, QAction& separate) {
+    using Place = ReportPane::Place;
+    auto* report = m_controls.report;
+    const auto follow = [report, &shown, &separate] {
+        shown.setChecked(report->place() != Place::hidden);
+        separate.setChecked(report->place() == Place::apart);
+    };
+    for (auto* item : {&shown, &separate})
+        item->setCheckable(true);
+    follow();
+    connect(report, &ReportPane::place_changed, this, follow);
+    connect(&shown, &QAction::triggered, report,
+            [report](bool on) { report->set_place(on ? Place::docked : Place::hidden); });
+    connect(&separate, &QAction::triggered, report,
+            [report](bool on) { report->set_place(on ? Place::apart : Place::docked); });
 }
 
 void TickervantageWindow::show_clock_not_adjusted(bool shown) {
@@ -249,7 +304,7 @@ void TickervantageWindow::stop_for_version(const std::string& program, const std
 
 void TickervantageWindow::set_standing_notice(const QString& text) {
     m_controls.standing_notice->setText(text);
-    m_controls.standing_notice->setVisible(!text.isEmpty());
+    m_controls.standing_bar->setVisible(!text.isEmpty());
 }
 
 void TickervantageWindow::set_progress(const QString& text) {
@@ -280,21 +335,53 @@ void TickervantageWindow::restore_frame() {
     const QByteArray frame =
         QByteArray::fromBase64(QByteArray::fromStdString(m_settings_store.loadString(frame_key, {})));
     if (frame.isEmpty() || !restoreGeometry(frame))
-        resize(sizeHint().expandedTo(scaled(QSize(1180, 780), *this)));
+        resize(sizeHint().expandedTo(scaled(QSize(1240, 860), *this)).boundedTo(screen()->availableSize()));
+    const QByteArray layout =
+        QByteArray::fromBase64(QByteArray::fromStdString(m_settings_store.loadString(layout_key, {})));
+    QByteArray area;
+    QByteArray report;
+    QDataStream stream(layout);
+    stream >> area >> report;
+    if (!area.isEmpty())
+        m_area->restore_layout(area);
+    if (!report.isEmpty())
+        restore_report(report);
+}
+
+void TickervantageWindow::restore_report(const QByteArray& state) {
+    quint8 place = 0;
+    QByteArray geometry;
+    QDataStream stream(state);
+    stream >> place >> geometry;
+    m_controls.report->set_apart_geometry(geometry);
+    m_controls.report->set_place(static_cast<ReportPane::Place>(std::min<quint8>(place, 2)));
+}
+
+QByteArray TickervantageWindow::report_state() const {
+    QByteArray state;
+    QDataStream stream(&state, QIODevice::WriteOnly);
+    stream << static_cast<quint8>(m_controls.report->place()) << m_controls.report->apart_geometry();
+    return state;
 }
 
 void TickervantageWindow::save_frame() {
     m_settings_store.saveString(frame_key, saveGeometry().toBase64().toStdString());
+    QByteArray layout;
+    QDataStream stream(&layout, QIODevice::WriteOnly);
+    stream << m_area->layout_state() << report_state();
+    m_settings_store.saveString(layout_key, layout.toBase64().toStdString());
 }
 
 void TickervantageWindow::closeEvent(QCloseEvent* event) {
     m_cycle->close();
     save_frame();
+    m_controls.report->show_apart(false);
     QMainWindow::closeEvent(event);
 }
 
 void TickervantageWindow::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
+    m_controls.report->show_apart(true);
     update_visibility();
 }
 

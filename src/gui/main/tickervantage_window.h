@@ -3,7 +3,9 @@
 
 #include "chrony/status/status_cycle.h"
 #include "chrony/status/status_display.h"
+#include "chrony/status/trend.h"
 #include "gui/main/main_window_controls.h"
+#include "roothelper/jobs/mending.h"
 
 #include <QMainWindow>
 
@@ -11,6 +13,7 @@
 #include <optional>
 
 class QAction;
+class QByteArray;
 class QToolBar;
 
 namespace tickervantage {
@@ -35,6 +38,15 @@ public:
 
     // In the status line, in place of the readings, until the text is empty again.
     void set_progress(const QString& text);
+
+    // The last hour, as it was read, or why it could not be.
+    void show_trend(const Result<Trend>& trend);
+
+    // What was seen of the machine: where something is wrong, the button that mends it is offered.
+    void show_mending_facts(const MendingFacts& facts);
+
+    // Where chronyc's report stands: "showReport" and "separateReport" follow, both checkable.
+    void connect_report_items(QAction& shown, QAction& separate);
 
     // The toolbar's other items, before the one that is the window's own.
     void add_toolbar_actions(const QList<QAction*>& actions);
@@ -61,7 +73,10 @@ public:
 
 Q_SIGNALS:
     void reading_applied(const StatusNotice& notice); // and shown
-    void rights_requested();                          // the administrator's
+    void truth_shown(const std::shared_ptr<const ClockTruth>& truth);
+    void mending_wanted(Mending what);
+    void graph_requested();  // of the live log
+    void rights_requested(); // the administrator's
     void preferences_requested();
     void gpsd_application_requested();
     void wrong_program_found(const QString& sentence); // is said in the window; to be logged
@@ -80,11 +95,14 @@ private:
     void fix_clock_text_size();
     void update_visibility();
     void restore_frame();
+    void restore_report(const QByteArray& state);
     void save_frame();
+    [[nodiscard]] QByteArray report_state() const;
     void set_output_font(const Font& font);
 
     DefaultSettings& m_settings_store;
     std::unique_ptr<StatusCycle> m_cycle;
+    MainArea* m_area;
     MainWindowControls m_controls;
     QToolBar* m_toolbar = nullptr;
     std::optional<chronydStatus> m_shown_status;

@@ -2,9 +2,11 @@
 
 #include "chrony/truth/headline.h"
 #include "gui/main/budget_view.h"
-#include "gui/main/sign_image.h"
+#include "gui/main/notice_bar.h"
+#include "gui/main/verdict_sign.h"
 #include "qt/in_words.h"
 #include "qt/named_widget.h"
+#include "qt/text_scale.h"
 
 #include <QBoxLayout>
 #include <QCoreApplication>
@@ -20,28 +22,8 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(verdict)
 };
 
-DiscSign sign_of(Verdict verdict) {
-    switch (verdict) {
-    case Verdict::unavailable:
-        break;
-    case Verdict::local:
-        return disc_signs::clock();
-    case Verdict::unsynchronised:
-        return disc_signs::wave();
-    case Verdict::holdover:
-        return disc_signs::pause();
-    case Verdict::correcting:
-        return disc_signs::arrow();
-    case Verdict::leap:
-        return disc_signs::plus_minus();
-    case Verdict::synchronised:
-        return disc_signs::tick();
-    }
-    return disc_signs::cross();
-}
-
-// Of verdicts that look better than they are.
-QString notice_words(Verdict verdict) {
+// Of sources that are bad.
+QString explain_words(Verdict verdict) {
     switch (verdict) {
     case Verdict::holdover:
         //: main window: notice while no source keeps the clock right
@@ -53,8 +35,51 @@ QString notice_words(Verdict verdict) {
         //: main window: notice while a large offset is being corrected slowly
         return Texts::tr("Until the correction is done, the clock is further off than its sources would leave open.");
     default:
-        return {};
+        //: main window: notice while chronyd follows no source
+        return Texts::tr("chronyd follows no source yet: until it does, nothing keeps this clock right.");
     }
+}
+
+struct Offer {
+    QString words;
+    QString button = {};
+    NoticeTone tone = NoticeTone::hint;
+};
+
+Offer offer_of(Mending mending, Verdict verdict) {
+    switch (mending) {
+    case Mending::none:
+        break;
+    case Mending::install:
+        //: main window: notice
+        return {Texts::tr("chrony is not installed: nothing keeps this clock right."),
+                //: main window: button that mends what the notice beside it tells of
+                Texts::tr("I&nstall chrony…"), NoticeTone::harm};
+    case Mending::use_distribution:
+        //: main window: notice
+        return {Texts::tr("This system has a chrony of its own, but the preferences name another one."),
+                //: main window: button that has the preferences name the system's chrony
+                Texts::tr("&Use This System's chrony…"),
+                verdict == Verdict::unavailable ? NoticeTone::harm : NoticeTone::doubt};
+    case Mending::start:
+        //: main window: notice
+        return {Texts::tr("chronyd is not running: nothing keeps this clock right."),
+                //: main window: button that mends what the notice beside it tells of
+                Texts::tr("St&art chronyd"), NoticeTone::harm};
+    case Mending::explain:
+        return {.words = explain_words(verdict), .tone = NoticeTone::doubt};
+    case Mending::turn_on_logging:
+        //: main window: notice
+        return {Texts::tr("chrony keeps no log of its own, so the graph of the log stays empty."),
+                //: main window: button that mends what the notice beside it tells of
+                Texts::tr("Turn On &Logging…")};
+    case Mending::open_logs:
+        //: main window: notice
+        return {Texts::tr("Only an administrator may read chrony's logs, so the graph of the log stays empty."),
+                //: main window: button that mends what the notice beside it tells of
+                Texts::tr("&Let Me Read the Logs")};
+    }
+    return {};
 }
 
 QLabel* words_label(QWidget* parent, const char* object_name, const QString& accessible_name) {
@@ -94,7 +119,7 @@ VerdictPanel::VerdictPanel(QWidget* parent) : QFrame(parent) {
                         "since the last of them."));
     auto* words = new QVBoxLayout;
     words->setSpacing(2);
-    for (auto* label : {m_name, m_reason, m_error, m_caution})
+    for (auto* label : {m_name, m_error, m_reason, m_caution})
         words->addWidget(label);
     words->addStretch(1);
     auto* told = new QHBoxLayout;
@@ -102,11 +127,12 @@ VerdictPanel::VerdictPanel(QWidget* parent) : QFrame(parent) {
     told->addWidget(m_image, 0, Qt::AlignTop);
     told->addLayout(words, 1);
     m_row = new QBoxLayout(QBoxLayout::LeftToRight);
-    m_row->setSpacing(14);
+    m_row->setSpacing(16);
     m_row->addLayout(told, 1);
     m_row->addWidget(m_budget, 1);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(8);
     column->addLayout(m_row);
     column->addWidget(m_notice);
 }
@@ -115,37 +141,38 @@ void VerdictPanel::build_words() {
     //: main window: name of the verdict on the clock
     m_name = words_label(this, "verdict_name", Texts::tr("Verdict on the clock"));
     QFont large = m_name->font();
-    large.setPointSizeF(large.pointSizeF() * 1.5);
+    large.setPointSizeF(large.pointSizeF() * 1.7);
     large.setBold(true);
     m_name->setFont(large);
     //: main window: name of the sentence that says why the verdict is so
     m_reason = words_label(this, "verdict_reason", Texts::tr("Why"));
     //: main window: name of the sentence that says how far off the clock can be
     m_error = words_label(this, "verdict_error", Texts::tr("Error of the clock"));
-    QFont bold = m_error->font();
-    bold.setBold(true);
-    m_error->setFont(bold);
+    QFont second = m_error->font();
+    second.setPointSizeF(second.pointSizeF() * 1.15);
+    second.setWeight(QFont::DemiBold);
+    m_error->setFont(second);
     //: main window: name of the sentence that says that chronyd leaves the clock alone
     m_caution = words_label(this, "verdict_caution", Texts::tr("Which clock is meant"));
 }
 
 void VerdictPanel::build_notice() {
-    m_notice = new QFrame(this);
+    m_notice = new NoticeBar(this);
     m_notice->setObjectName(QStringLiteral("verdict_notice"));
-    m_notice->setAutoFillBackground(true);
-    m_notice->setBackgroundRole(QPalette::ToolTipBase);
     //: main window: name of the notice below the verdict
     m_notice_words = words_label(m_notice, "verdict_notice_words", Texts::tr("Notice"));
-    m_notice_words->setForegroundRole(QPalette::ToolTipText);
     //: main window: button that explains the verdict and each source
     m_explain = named(new QPushButton(Texts::tr("E&xplain"), m_notice), "explain_verdict",
                       //: main window: name of that button
                       Texts::tr("Explain"));
-    auto* row = new QHBoxLayout(m_notice);
-    row->addWidget(m_notice_words, 1);
-    row->addWidget(m_explain);
+    //: main window: name of the button that mends what the notice beside it tells of
+    m_mend = named(new QPushButton(m_notice), "mend", Texts::tr("Mend it"));
+    m_notice->add(m_notice_words);
+    m_notice->add_button(m_explain);
+    m_notice->add_button(m_mend);
     m_notice->hide();
     connect(m_explain, &QPushButton::clicked, this, &VerdictPanel::explanation_wanted);
+    connect(m_mend, &QPushButton::clicked, this, [this] { Q_EMIT mending_wanted(m_mending); });
 }
 
 void VerdictPanel::show_truth(const ClockTruth& truth) {
@@ -159,7 +186,7 @@ void VerdictPanel::show_truth(const ClockTruth& truth) {
     if (std::exchange(m_verdict, truth.verdict) == truth.verdict)
         return;
     m_image->show_sign(sign_of(truth.verdict), m_name->text());
-    show_notice(truth.verdict);
+    show_notice();
 }
 
 void VerdictPanel::show_silence(const QString& sentence) {
@@ -169,13 +196,27 @@ void VerdictPanel::show_silence(const QString& sentence) {
     m_reason->setVisible(!sentence.isEmpty());
 }
 
-void VerdictPanel::show_notice(Verdict verdict) {
-    const QString words = notice_words(verdict);
-    m_notice_words->setText(words);
-    m_notice->setVisible(!words.isEmpty());
+void VerdictPanel::show_mending_facts(const MendingFacts& facts) {
+    m_facts = facts;
+    show_notice();
+}
+
+void VerdictPanel::show_notice() {
+    if (!m_verdict)
+        return;
+    m_mending = what_mends(*m_verdict, m_facts);
+    const Offer offer = offer_of(m_mending, *m_verdict);
+    m_notice_words->setText(offer.words);
+    m_notice->set_tone(offer.tone);
+    m_mend->setText(offer.button);
+    m_mend->setVisible(!offer.button.isEmpty());
+    m_explain->setVisible(m_mending == Mending::explain);
+    m_notice->setVisible(m_mending != Mending::none);
 }
 
 void VerdictPanel::set_wide(bool wide) {
+    constexpr int widest_bar = 560;
+    m_budget->setMaximumWidth(wide ? scaled(widest_bar, *this) : QWIDGETSIZE_MAX);
     m_row->setDirection(wide ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 

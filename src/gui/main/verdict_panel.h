@@ -1,7 +1,9 @@
-// Above everything in the main window: whether the clock is right, and how far off it can be. Main thread.
+// Above everything in the main window: whether the clock is right, how far off it can be, and where something is wrong,
+// the one button that mends it. Main thread.
 #pragma once
 
 #include "chrony/truth/clock_truth.h"
+#include "roothelper/jobs/mending.h"
 
 #include <QFrame>
 
@@ -14,6 +16,7 @@ class QPushButton;
 namespace tickervantage {
 
 class BudgetView;
+class NoticeBar;
 class SignImage;
 
 class VerdictPanel : public QFrame {
@@ -23,6 +26,8 @@ public:
     explicit VerdictPanel(QWidget* parent);
 
     void show_truth(const ClockTruth& truth);
+    // What was seen of the machine since.
+    void show_mending_facts(const MendingFacts& facts);
 
     // Why nothing is known, while that is the verdict.
     void show_silence(const QString& sentence);
@@ -32,21 +37,25 @@ public:
 
 Q_SIGNALS:
     void explanation_wanted();
+    void mending_wanted(Mending what); // any other thing that mends
 
 private:
     void build_words();
     void build_notice();
-    void show_notice(Verdict verdict);
+    void show_notice();
 
     std::optional<Verdict> m_verdict; // shown
+    MendingFacts m_facts;
+    Mending m_mending = Mending::none; // offered
     SignImage* m_image = nullptr;
     QLabel* m_name = nullptr;
     QLabel* m_reason = nullptr;
     QLabel* m_error = nullptr;
     QLabel* m_caution = nullptr;
-    QFrame* m_notice = nullptr; // the two below
+    NoticeBar* m_notice = nullptr; // the three below
     QLabel* m_notice_words = nullptr;
     QPushButton* m_explain = nullptr;
+    QPushButton* m_mend = nullptr;
     BudgetView* m_budget = nullptr;
     QBoxLayout* m_row = nullptr;
 };
