@@ -354,9 +354,35 @@ TV_FAILURE(wake_option_with_bad_value, "%1 does not take the value %2.")
 TV_FAILURE(cannot_listen, "Cannot listen on the system bus: %c.")
 TV_FAILURE(chronyc_said_nothing, "chronyc ended with status %1 and said nothing.")
 
+// temperature compensation
+TV_FAILURE(compensation_without_times,
+           TV_TEXT("failures", "%1 does not say when its points were read, so that days cannot be told apart."))
+TV_FAILURE(which_sensor, "Which sensor? There are %1.")
+TV_FAILURE(no_such_sensor, "There is no sensor \"%1\"; there are %2.")
+TV_FAILURE(compensation_without_history,
+           TV_TEXT("failures", "The temperatures go back %1 days; a compensation needs 3 at least."))
+TV_FAILURE(compensation_without_days,
+           TV_TEXT("failures", "Only %1 days have enough temperatures; a compensation needs 3 at least."))
+TV_FAILURE(compensation_without_range,
+           TV_TEXT("failures", "The temperatures lie within %1 degrees; a compensation needs 5 at least."))
+TV_FAILURE(compensation_too_large,
+           TV_TEXT("failures", "The frequency changes by %1 ppm; a compensation can take out 18 at most."))
+TV_FAILURE(compensation_without_gain,
+           TV_TEXT("failures", "On days that it was not made of, the compensation would make the clock %1 to %2 times "
+                               "steadier, so that a gain is not sure."))
+
 // tickerctl
 TV_FAILURE(log_without_record, "The tracking log %1 has no record.")
 TV_FAILURE(log_of_one_record, "The tracking log %1 has fewer than two records.")
+TV_FAILURE(line_is_no_number, TV_TEXT("failures", "Line %2 of %1 is no number."))
+TV_FAILURE(too_few_numbers,
+           TV_TEXT("failures", "%1 has too few numbers: three of phase or two of frequency are the least."))
+TV_FAILURE(tau_below_step, TV_TEXT("failures", "An averaging time of %1 s is shorter than the step of %2 s."))
+TV_FAILURE(too_many_for_all,
+           TV_TEXT("failures",
+                   "Every averaging time is too much work for more than %1 values; choose octave or decade."))
+TV_FAILURE(no_such_measure, "There is no measure \"%1\"; there are adev, oadev, mdev, tdev, hdev and mtie.")
+TV_FAILURE(no_averaging_time, "Averaging times are octave, decade, all or seconds separated by commas, not \"%1\".")
 TV_FAILURE(no_such_spectrum, "There is no spectrum of \"%1\"; there are offset, rem_cor and rms_offset.")
 TV_FAILURE(spectrum_without_interval, "The interval between two samples must be more than 0 seconds.")
 TV_FAILURE(spectrum_too_short, "The duration must be at least half an interval.")

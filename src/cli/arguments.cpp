@@ -186,6 +186,21 @@ void add_history(CommandLine& line, Arguments& arguments) {
         ->check(number_within(0.1, 2000000, "give seconds, from 0.1 to 2000000"));
 }
 
+void add_laboratory(CommandLine& line, Arguments& arguments) {
+    auto* stability = line.add(&line.app, Job::stability, "stability",
+                               "How steady the clock is over which time (exit status 1: the log is too short)");
+    add_stability_options(*stability, arguments.laboratory);
+    auto* holdover = line.add(&line.app, Job::holdover, "holdover",
+                              "How far it would be off without its sources (exit status 1: not enough history)");
+    add_holdover_options(*holdover, arguments.laboratory);
+    auto* tempcomp = line.add(&line.app, Job::tempcomp, "tempcomp",
+                              "A table for chronyd's temperature compensation (exit status 1: it would not help)");
+    add_tempcomp_options(*tempcomp, arguments.laboratory);
+    tempcomp->add_option("-o,--output", arguments.output, "the file to write; default: standard output");
+    for (auto* command : {stability, holdover, tempcomp})
+        command->add_flag("--json", arguments.json, "one JSON document");
+}
+
 void add_picture_options(CLI::App* command, Arguments& arguments, std::string& size) {
     command->add_option("-o,--output", arguments.output, "the picture, .png or .svg")->required();
     command->add_option("--size", size, "width and height in pixels")->capture_default_str();
@@ -259,6 +274,7 @@ void add_all(CommandLine& line, Arguments& arguments) {
     add_settings(line, arguments);
     add_log(line, arguments);
     add_history(line, arguments);
+    add_laboratory(line, arguments);
     add_spectrum(line, arguments);
     add_plot(line, arguments);
     add_freqtemp(line, arguments);

@@ -4,6 +4,7 @@
 #include "cli/admin/admin_arguments.h"
 #include "cli/freqtemp/freqtemp_arguments.h"
 #include "cli/history/history_arguments.h"
+#include "cli/laboratory/laboratory_arguments.h"
 #include "cli/logs/log_arguments.h"
 
 #include <optional>
@@ -30,6 +31,9 @@ enum class Job : unsigned char {
     follow,
     history,
     sample,
+    stability,
+    holdover,
+    tempcomp,
     spectrum,
     plot_meter,
     plot_clock,
@@ -96,6 +100,7 @@ struct Arguments {
     FreqTempArguments freqtemp;
     HelpArguments help;
     HistoryArguments history;
+    LaboratoryArguments laboratory;
     LogArguments logs;
     ServersArguments servers;
     std::string key;

@@ -124,6 +124,12 @@ int do_job(const Arguments& arguments, Tool& tool) {
         return tool.history();
     case Job::sample:
         return tool.sample();
+    case Job::stability:
+        return tool.stability();
+    case Job::holdover:
+        return tool.holdover();
+    case Job::tempcomp:
+        return tool.tempcomp();
     case Job::spectrum:
         return tool.spectrum();
     case Job::admin:

@@ -62,6 +62,9 @@ public:
     [[nodiscard]] int follow() const;
     [[nodiscard]] int history() const;
     [[nodiscard]] int sample();
+    [[nodiscard]] int stability() const;
+    [[nodiscard]] int holdover() const;
+    [[nodiscard]] int tempcomp() const;
     [[nodiscard]] SettingsCommand settings_command();
     [[nodiscard]] int spectrum();
     [[nodiscard]] int admin();

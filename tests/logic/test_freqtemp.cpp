@@ -37,6 +37,7 @@ scatterEntry entry_of(std::size_t count, bool with_fit = false) {
 struct ListAndModel {
     PointList list;
     std::deque<freqPoint> points;
+    std::deque<std::optional<std::int64_t>> times;
 
     void expect_same() const {
         ASSERT_EQ(list.size(), points.size());
@@ -50,6 +51,7 @@ struct ListAndModel {
             return;
         const std::size_t middle = points.size() / 2;
         EXPECT_EQ(list[middle], points[middle]);
+        EXPECT_EQ(list.time(middle), times[middle]);
         EXPECT_EQ(list.back(), points.back());
         const auto [coldest, warmest] = std::ranges::minmax(points, {}, &freqPoint::temperature);
         const auto [slowest, fastest] = std::ranges::minmax(points, {}, &freqPoint::frequency);
@@ -76,14 +78,16 @@ TEST(PointList, HoldsWhatAPlainListWouldInEveryCopy) {
         case 2: {
             const std::size_t count = below(2) == 0 ? below(6000) : below(3);
             one.list.drop_front(count);
-            one.points.erase(one.points.begin(),
-                             one.points.begin() + static_cast<std::ptrdiff_t>(std::min(count, one.points.size())));
+            const auto dropped = static_cast<std::ptrdiff_t>(std::min(count, one.points.size()));
+            one.points.erase(one.points.begin(), one.points.begin() + dropped);
+            one.times.erase(one.times.begin(), one.times.begin() + dropped);
             break;
         }
         default:
             for (std::size_t count = below(2500); count > 0; --count) {
                 one.points.push_back({static_cast<double>(below(100)), static_cast<double>(below(50)) - 25});
-                one.list.append(one.points.back());
+                one.times.push_back(count % 3 == 0 ? std::nullopt : std::optional<std::int64_t>(count));
+                one.list.append(one.points.back(), one.times.back());
             }
         }
         for (const auto& copy : copies)
@@ -94,7 +98,7 @@ TEST(PointList, HoldsWhatAPlainListWouldInEveryCopy) {
 TEST(ScatterJson, KeepsWhatItDoesNotKnow) {
     const std::string text =
         R"({"gone/temp1": {"points": [{"temperature": 45, "frequency": -12.25, "at": [1, {"b": 2}]},
-        {"frequency": 1e-3, "temperature": 0.1}], "selected": false, "note": "x", "color": {"r":0, "g":0.5, "b":1, "a":0.75,
+        {"frequency": 1e-3, "time": "2026-11-22T01:30:00Z", "temperature": 0.1}], "selected": false, "note": "x", "color": {"r":0, "g":0.5, "b":1, "a":0.75,
         "name": null}, "quadRegression": {"r": 0.5, "y_stddev": 0.25, "x_min": 1, "x_max": 2, "coefficients": [1, 2.5],
         "valid": true, "extra": {"deep": []}}}, "übrig": {"selected": true, "color": {"r":0,"g":0,"b":0,"a":0},
         "quadRegression": {"r":0,"y_stddev":0,"x_min":0,"x_max":0,"coefficients":[],"valid":false}, "points": []}})";
@@ -102,6 +106,8 @@ TEST(ScatterJson, KeepsWhatItDoesNotKnow) {
     ASSERT_TRUE(read) << english(read.error());
     const ScatterMap& map = *read;
     EXPECT_EQ(map.at("gone/temp1").points[1], (freqPoint{0.1, 1e-3}));
+    EXPECT_EQ(map.at("gone/temp1").points.time(1), 1795311000);
+    EXPECT_FALSE(map.at("gone/temp1").points.time(0));
     EXPECT_EQ(map.at("gone/temp1").quadRegression->coefficients, (std::vector{1, 2.5}));
     const std::string again = written(map);
     EXPECT_EQ(nlohmann::json::parse(again), nlohmann::json::parse(text));
@@ -114,13 +120,15 @@ TEST(ScatterJson, RefusesWhatDoesNotDecode) {
         ASSERT_FALSE(read_scatter_json(whole.substr(0, end))) << end;
     const std::string deep(100'000, '[');
     for (const auto& [from, to] :
-         std::map<std::string, std::string>{{"\"selected\": true", "\"selected\": 1"},
-                                            {"\"selected\"", "\"chosen\""},
-                                            {"\"temperature\": 20.2", "\"temperature\": \"20\""},
-                                            {"\"g\": 0", "\"g\": 1e999"},
-                                            {"{\n  \"s\"", "{\"s\":" + deep + "\n  \"s\""},
-                                            {"\"points\"", "\"x\":" + deep + "\n\"points\""},
-                                            {"{\n  \"s\"", "[{\n  \"s\""}}) {
+         std::multimap<std::string, std::string>{{"\"selected\": true", "\"selected\": 1"},
+                                                 {"\"selected\"", "\"chosen\""},
+                                                 {"\"temperature\": 20.2", "\"temperature\": \"20\""},
+                                                 {"\"g\": 0", "\"g\": 1e999"},
+                                                 {"\"frequency\"", "\"time\": 7, \"frequency\""},
+                                                 {"\"frequency\"", "\"time\": \"noon\", \"frequency\""},
+                                                 {"{\n  \"s\"", "{\"s\":" + deep + "\n  \"s\""},
+                                                 {"\"points\"", "\"x\":" + deep + "\n\"points\""},
+                                                 {"{\n  \"s\"", "[{\n  \"s\""}}) {
         std::string text = whole;
         ASSERT_NE(text.find(from), std::string::npos) << from;
         text.replace(text.find(from), from.size(), to);

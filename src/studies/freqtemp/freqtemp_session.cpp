@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ctime>
 #include <optional>
 #include <utility>
 
@@ -161,9 +162,10 @@ void FreqTempSession::frequency_event(double frequency) {
     if (!m_is_ready || m_is_closed || !std::isfinite(frequency))
         return;
     bool is_new = false;
+    const auto now = static_cast<std::int64_t>(std::time(nullptr));
     for (auto& [name, entry] : m_scatter)
         if (const auto latest = m_temperatures.find(name); latest != m_temperatures.end()) {
-            entry.points.append({latest->second, frequency});
+            entry.points.append({latest->second, frequency}, now);
             is_new = true;
         }
     m_unsaved += is_new ? 1 : 0;

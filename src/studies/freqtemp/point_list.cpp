@@ -4,6 +4,7 @@
 #include <array>
 #include <atomic>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace tickervantage {
@@ -11,6 +12,7 @@ namespace {
 
 constexpr std::size_t CELLS = 512; // on each side of the grid; a square covers one of them on any screen
 constexpr std::uint8_t FULL = 3;
+constexpr std::int64_t NO_TIME = std::numeric_limits<std::int64_t>::min();
 constexpr double MOST_DEGREES = 10'000; // no temperature of a machine comes near: a file may hold anything
 
 std::size_t cell_of(double value, double low, double width) {
@@ -59,6 +61,7 @@ std::vector<PointDigest::Dot> thinned(const PointList& points, const PointExtent
 struct PointList::Piece {
     std::array<double, POINTS_PER_PIECE> temperatures;
     std::array<double, POINTS_PER_PIECE> frequencies;
+    std::array<std::int64_t, POINTS_PER_PIECE> times; // NO_TIME: not known
     std::atomic<std::size_t> written = 0;
 
     [[nodiscard]] bool take(std::size_t place) { return written.compare_exchange_strong(place, place + 1); }
@@ -94,16 +97,18 @@ std::shared_ptr<PointList::Piece> PointList::tail_for_next() {
     auto own = std::make_shared<Piece>(); // a copy of this list went on from here before
     std::copy_n(m_pieces.back()->temperatures.begin(), place, own->temperatures.begin());
     std::copy_n(m_pieces.back()->frequencies.begin(), place, own->frequencies.begin());
+    std::copy_n(m_pieces.back()->times.begin(), place, own->times.begin());
     own->written = place + 1;
     m_pieces.back() = own;
     return own;
 }
 
-void PointList::append(freqPoint point) {
+void PointList::append(freqPoint point, std::optional<std::int64_t> time) {
     const std::size_t place = (m_front + m_size) % POINTS_PER_PIECE;
     const auto piece = tail_for_next();
     piece->temperatures[place] = point.temperature;
     piece->frequencies[place] = point.frequency;
+    piece->times[place] = time.value_or(NO_TIME);
     ++m_size;
     if (place == 0)
         m_extents.emplace_back(point);
@@ -143,6 +148,12 @@ void PointList::clear() {
 freqPoint PointList::operator[](std::size_t index) const {
     const std::size_t place = m_front + index;
     return m_pieces[place / POINTS_PER_PIECE]->point(place % POINTS_PER_PIECE);
+}
+
+std::optional<std::int64_t> PointList::time(std::size_t index) const {
+    const std::size_t place = m_front + index;
+    const std::int64_t time = m_pieces[place / POINTS_PER_PIECE]->times[place % POINTS_PER_PIECE];
+    return time != NO_TIME ? std::optional(time) : std::nullopt;
 }
 
 std::vector<SampleSpan> PointList::spans() const {

@@ -41,13 +41,15 @@ class PointList {
 public:
     static constexpr std::size_t POINTS_PER_PIECE = 4096;
 
-    void append(freqPoint point);
+    // `time` is when it was read, s since 1970; none: that is not known, as of points of earlier versions.
+    void append(freqPoint point, std::optional<std::int64_t> time = std::nullopt);
     void drop_front(std::size_t count); // all of them when there are fewer
     void clear();
 
     [[nodiscard]] std::size_t size() const { return m_size; }
     [[nodiscard]] bool empty() const { return m_size == 0; }
     [[nodiscard]] freqPoint operator[](std::size_t index) const;
+    [[nodiscard]] std::optional<std::int64_t> time(std::size_t index) const;
     [[nodiscard]] freqPoint back() const { return (*this)[m_size - 1]; }
 
     // The points in order, as columns of temperatures (x) and frequencies (y). Valid until the list is changed.

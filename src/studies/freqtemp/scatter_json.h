@@ -1,6 +1,6 @@
 // The scatter map as JSON: one object by sensor name, of objects with the keys "selected", "color" ("r", "g", "b",
 // "a"), "quadRegression" ("r", "y_stddev", "x_min", "x_max", "coefficients", "valid") and "points" (an array of objects
-// with "temperature" and "frequency").
+// with "temperature", "frequency" and, where it is known, "time", as "2026-11-22T01:30:00Z").
 //
 // Members with other names are kept and written again. Members may come in any order. Pure functions, any thread; they
 // work through a million points at the pace of the JSON library.

@@ -1,4 +1,5 @@
 #include "base/failure_codes.h"
+#include "chrony/data/reports.h"
 #include "studies/freqtemp/json_value_builder.h"
 #include "studies/freqtemp/scatter_json.h"
 
@@ -6,7 +7,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdint>
 #include <exception>
+#include <optional>
 #include <span>
 #include <utility>
 
@@ -26,7 +30,8 @@ enum FitMember : std::size_t { r, y_stddev, x_min, x_max, coefficients, valid };
 constexpr std::array<std::string_view, 4> ENTRY_MEMBERS{"selected", "color", "quadRegression", "points"};
 constexpr std::array<std::string_view, 4> COLOR_MEMBERS{"r", "g", "b", "a"};
 constexpr std::array<std::string_view, 6> FIT_MEMBERS{"r", "y_stddev", "x_min", "x_max", "coefficients", "valid"};
-constexpr std::array<std::string_view, 2> POINT_MEMBERS{"temperature", "frequency"};
+constexpr std::array<std::string_view, 3> POINT_MEMBERS{"temperature", "frequency", "time"};
+constexpr std::size_t POINT_TIME = 2; // which earlier versions did not write
 
 std::span<const std::string_view> members_of(Level level) {
     switch (level) {
@@ -60,7 +65,7 @@ public:
     bool number_float(number_float_t value, const string_t&) override {
         return m_is_unknown ? finish(m_builder.value(value)) : number(value);
     }
-    bool string(string_t& value) override { return m_is_unknown ? finish(m_builder.value(value)) : refuse(); }
+    bool string(string_t& value) override { return m_is_unknown ? finish(m_builder.value(value)) : moment(value); }
     bool binary(binary_t&) override { return refuse(); }
     bool start_object(std::size_t) override;
     bool end_object() override;
@@ -74,6 +79,7 @@ public:
 
 private:
     bool number(double value);
+    bool moment(std::string_view text);
     bool refuse();
     bool finish(bool is_complete);
     bool enter(Level level);
@@ -88,6 +94,7 @@ private:
     std::string m_sensor;
     scatterEntry* m_entry = nullptr;
     std::array<double, 2> m_point{};
+    std::optional<std::int64_t> m_point_time;
     std::map<std::uint64_t, std::string> m_point_unknown;
 
     // By level: bits of the members that came, and those that are not known.
@@ -116,8 +123,16 @@ bool MapReader::boolean(bool value) {
     return true;
 }
 
+bool MapReader::moment(std::string_view text) {
+    const auto seconds = m_level == Level::point && m_member == POINT_TIME ? moment_in(text) : std::nullopt;
+    if (!seconds)
+        return refuse();
+    m_point_time = static_cast<std::int64_t>(std::floor(*seconds));
+    return true;
+}
+
 bool MapReader::number(double value) {
-    if (m_level == Level::point) {
+    if (m_level == Level::point && m_member < POINT_TIME) {
         m_point[m_member] = value;
         return true;
     }
@@ -218,11 +233,13 @@ bool MapReader::end_object() {
         return finish(m_builder.end());
     if (m_level == Level::map)
         return leave(Level::document);
+    if (m_level == Level::point)
+        seen() |= 1U << POINT_TIME;
     if (seen() != (1U << members_of(m_level).size()) - 1)
         return refuse();
     keep_unknown(m_level);
     if (m_level == Level::point) {
-        m_entry->points.append({m_point[0], m_point[1]});
+        m_entry->points.append({m_point[0], m_point[1]}, std::exchange(m_point_time, std::nullopt));
         return leave(Level::points);
     }
     return leave(m_level == Level::entry ? Level::map : Level::entry);

@@ -1,5 +1,7 @@
 #include "studies/freqtemp/scatter_json.h"
 
+#include "base/local_clock.h"
+
 #include <nlohmann/json.hpp>
 
 #include <array>
@@ -50,6 +52,7 @@ public:
         const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), finite).ptr;
         m_text.append(digits.data(), end);
     }
+    void text(std::string_view quoted) { m_text += quoted; }
     void boolean(bool value) { m_text += value ? "true" : "false"; }
     void member(std::string_view quoted, double value) {
         key(quoted);
@@ -131,6 +134,10 @@ void write_points(JsonWriter& writer, const PointList& points) {
             writer.begin('{');
             writer.member("\"temperature\"", part.x[i]);
             writer.member("\"frequency\"", part.y[i]);
+            if (const auto time = points.time(index)) {
+                writer.key("\"time\"");
+                writer.text('"' + utc_stamp(*time) + '"');
+            }
             if (const auto* unknown = points.unknown(index))
                 writer.members(*unknown);
             writer.end('}');

@@ -1,0 +1,101 @@
+#include "studies/laboratory/free_running_clock.h"
+
+#include "base/failure_codes.h"
+#include "chrony/log/log_pieces.h"
+#include "studies/laboratory/quantile.h"
+#include "studies/tracking/tracking_line.h"
+
+#include <cmath>
+#include <filesystem>
+#include <system_error>
+
+namespace tickervantage {
+namespace {
+
+constexpr double million = 1e6;
+constexpr double longest_gap = 4;      // median intervals
+constexpr double maxclockerror = 1e-6; // s/s, chronyd's default
+constexpr double half = 0.5;
+
+double or_zero(double value) {
+    return std::isnan(value) ? 0 : value;
+}
+
+} // namespace
+
+double FreeRunningClock::seconds() const {
+    double all = 0;
+    for (const auto stretch : stretches())
+        all += static_cast<double>(stretch.back().time - stretch.front().time);
+    return all;
+}
+
+std::vector<std::span<const ClockRecord>> FreeRunningClock::stretches() const {
+    std::vector<std::span<const ClockRecord>> found;
+    for (std::size_t first = 0, next = 0; first < records.size(); first = next) {
+        for (next = first + 1; next < records.size() && !records[next].begins_stretch;)
+            ++next;
+        found.emplace_back(records.data() + first, next - first);
+    }
+    return found;
+}
+
+void FreeRunningClockReader::add_line(std::string_view line) {
+    TrackingLine read;
+    if (!read_tracking_line(line, read))
+        return;
+    if (read.stratum == "0" || read.el == "?" || std::isnan(read.frequency.value) || std::isnan(read.offset.value)) {
+        m_is_lost = true;
+        return;
+    }
+    if (!m_noted.empty() && read.timestamp == m_noted.back().record.time)
+        return; // chronyd notes whole seconds: nothing can be divided by none
+    Noted noted;
+    noted.record = {.time = read.timestamp,
+                    .phase = 0,
+                    .frequency = read.frequency.value / million,
+                    .bound = or_zero(read.rootdispersion.value) + half * or_zero(read.root_delay.value),
+                    .bound_growth = or_zero(read.skew.value) / million + maxclockerror,
+                    .begins_stretch = m_is_lost || m_noted.empty() || read.timestamp < m_noted.back().record.time};
+    noted.offset = read.offset.value;
+    m_noted.push_back(noted);
+    if (!std::isnan(read.offset_sd.value))
+        m_deviations.push_back(read.offset_sd.value);
+    m_is_lost = false;
+}
+
+FreeRunningClock FreeRunningClockReader::finish() && {
+    FreeRunningClock clock;
+    std::vector<double> intervals;
+    for (std::size_t at = 1; at < m_noted.size(); ++at)
+        if (!m_noted[at].record.begins_stretch)
+            intervals.push_back(static_cast<double>(m_noted[at].record.time - m_noted[at - 1].record.time));
+    clock.interval = quantile(intervals, half).value_or(0);
+    clock.offset_sd = quantile(m_deviations, half);
+    clock.records.reserve(m_noted.size());
+    for (const Noted& noted : m_noted) {
+        ClockRecord record = noted.record;
+        if (!record.begins_stretch) {
+            const ClockRecord& before = clock.records.back();
+            const auto elapsed = static_cast<double>(record.time - before.time);
+            record.begins_stretch = elapsed > longest_gap * clock.interval;
+            record.phase = record.begins_stretch ? 0 : before.phase + before.frequency * elapsed + noted.offset;
+        }
+        clock.records.push_back(record);
+    }
+    return clock;
+}
+
+Result<FreeRunningClock> read_free_running_clock(FollowedFiles& files, const std::string& path) {
+    std::error_code ignored; // what cannot be looked at is told when it is read
+    const std::string log = std::filesystem::is_directory(path, ignored) ? path + "/tracking.log" : path;
+    FreeRunningClockReader reader;
+    if (auto read = read_log(files, log, [&reader](std::string_view line) { reader.add_line(line); }); !read)
+        return tl::unexpected(read.error());
+    FreeRunningClock clock = std::move(reader).finish();
+    if (clock.interval <= 0)
+        return failed(FailureCode::log_of_one_record, {log});
+    return clock;
+}
+
+} // namespace tickervantage
