@@ -12,7 +12,7 @@
 namespace tickervantage {
 namespace {
 
-constexpr std::int64_t day = 86400;
+constexpr std::int64_t seconds_a_day = 86400;
 constexpr std::size_t fewest_in_day = 10; // fewer say nothing of a day
 constexpr double worth_a_degree = 0.98;   // of the errors of the degree below
 constexpr double confidence = 0.95;
@@ -63,7 +63,8 @@ std::vector<DaySums> days_of(const std::vector<TemperatureSample>& samples, cons
     std::vector<Row> rows;
     for (std::size_t at = 0; at < samples.size(); ++at) {
         rows.push_back(row_of(samples[at], scale, degree));
-        const bool ends = at + 1 == samples.size() || samples[at + 1].time / day != samples[at].time / day;
+        const bool ends =
+            at + 1 == samples.size() || samples[at + 1].time / seconds_a_day != samples[at].time / seconds_a_day;
         if (ends && rows.size() >= fewest_in_day)
             days.push_back(sums_of(rows));
         if (ends)
@@ -201,7 +202,8 @@ CompensationStudy study_compensation(std::vector<TemperatureSample> samples, int
     if (samples.size() < 2)
         return refuse(FailureCode::compensation_without_history, {"0.0"});
     std::ranges::sort(samples, {}, &TemperatureSample::time);
-    const double history = static_cast<double>(samples.back().time - samples.front().time) / static_cast<double>(day);
+    const double history =
+        static_cast<double>(samples.back().time - samples.front().time) / static_cast<double>(seconds_a_day);
     if (history < shortest_temperature_history)
         return refuse(FailureCode::compensation_without_history, {in_tenths(history)});
     const Scale scale = scale_of(samples);

@@ -2,8 +2,8 @@
 
 #include "base/failure_codes.h"
 #include "chrony/log/log_pieces.h"
+#include "chrony/log/tracking_line.h"
 #include "studies/laboratory/quantile.h"
-#include "studies/tracking/tracking_line.h"
 
 #include <cmath>
 #include <filesystem>
