@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <ranges>
 #include <utility>
 
 namespace tickervantage {
@@ -60,9 +59,10 @@ std::string to_line(const Failure& failure) {
 std::optional<Failure> failure_in(std::string_view line) {
     if (line.size() > longest_line)
         return std::nullopt;
-    const std::vector<std::string> chain = parts_of(line, before_cause);
+    std::vector<std::string> chain = parts_of(line, before_cause);
+    std::ranges::reverse(chain);
     std::optional<Failure> whole;
-    for (const auto& part : std::views::reverse(chain)) {
+    for (const auto& part : chain) {
         auto failure = single(part);
         if (!failure)
             return std::nullopt;

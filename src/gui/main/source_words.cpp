@@ -53,27 +53,17 @@ QPainterPath shape_of(SourceStanding standing) {
         path.addEllipse(QRectF(2, 2, 10, 10));
         break;
     case SourceStanding::combined: // a diamond
-        path.moveTo(7, 1);
-        path.lineTo(13, 7);
-        path.lineTo(7, 13);
-        path.lineTo(1, 7);
-        path.closeSubpath();
+        path.addPolygon(QList<QPointF>{{7, 1}, {13, 7}, {7, 13}, {1, 7}, {7, 1}});
         break;
     case SourceStanding::waiting: // a triangle
-        path.moveTo(7, 2);
-        path.lineTo(12.5, 12);
-        path.lineTo(1.5, 12);
-        path.closeSubpath();
+        path.addPolygon(QList<QPointF>{{7, 2}, {12.5, 12}, {1.5, 12}, {7, 2}});
         break;
     case SourceStanding::refused: // a cross
-        path.moveTo(3, 3);
-        path.lineTo(11, 11);
-        path.moveTo(11, 3);
-        path.lineTo(3, 11);
+        path.addPolygon(QList<QPointF>{{3, 3}, {11, 11}});
+        path.addPolygon(QList<QPointF>{{11, 3}, {3, 11}});
         break;
     case SourceStanding::silent: // a dash
-        path.moveTo(2, 7);
-        path.lineTo(12, 7);
+        path.addPolygon(QList<QPointF>{{2, 7}, {12, 7}});
         break;
     }
     return path;

@@ -229,7 +229,7 @@ void TickervantageWindow::show_clock_not_adjusted(bool shown) {
 }
 
 void TickervantageWindow::show_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) {
-    const auto show = [this](QLabel* label, const char* program, const ProgramVersion& version) {
+    const auto show = [](QLabel* label, const char* program, const ProgramVersion& version) {
         //: main window: in place of a version; %1 is a program that could not be asked for it
         const QString missing = tr("%1: not available").arg(QLatin1String(program));
         label->setText(version.failure ? missing : from_std(version.label));
