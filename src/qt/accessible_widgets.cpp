@@ -78,7 +78,7 @@ public:
           m_button(button) {}
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override {
-        const QString words = QAccessibleWidget::text(kind);
+        QString words = QAccessibleWidget::text(kind);
         if (kind != QAccessible::Name || !words.isEmpty())
             return words;
         return m_button->text().remove(QLatin1Char('&'));

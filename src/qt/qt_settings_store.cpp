@@ -147,6 +147,7 @@ std::optional<std::vector<std::string>> QtSettingsStore::read(std::string_view k
 
 void QtSettingsStore::write(std::string_view key, const std::vector<std::string>& value) {
     std::vector<std::string> texts;
+    texts.reserve(value.size());
     for (const auto& text : value)
         texts.push_back(as_utf8(text));
     change(key, std::move(texts));

@@ -36,7 +36,7 @@ struct PreferencesGeneral {
     ChronyPaths usual = documented_paths(); // what the paths were loaded with where none was stored
 
     // The usual paths count only where none of the four was ever set: what a user has mixed is left as it is.
-    static PreferencesGeneral load(const DefaultSettings& settings, const ChronyPaths& usual = documented_paths());
+    static PreferencesGeneral load(const DefaultSettings& settings, const ChronyPaths& former = documented_paths());
     // What has changed since it was loaded or saved. One path that was changed makes all four set.
     void save(DefaultSettings& settings) const;
     // Of all but launch_login. The paths are then as if they had never been set; the rest waits for a save.

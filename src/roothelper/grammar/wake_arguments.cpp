@@ -103,7 +103,7 @@ std::vector<std::string> wake_service_arguments(const WakeArguments& arguments) 
 Result<WakeArguments> parse_wake_arguments(const std::vector<std::string>& words) {
     WakeArguments read;
     for (std::size_t i = 0; i < words.size(); i += 2) {
-        const auto option = std::ranges::find(options, words[i], &Option::name);
+        const auto* const option = std::ranges::find(options, words[i], &Option::name);
         if (option == options.end())
             return failed(FailureCode::no_wake_option, {words[i]});
         if (i + 1 == words.size())

@@ -45,7 +45,7 @@ void connect_streams(int output, bool errors_only) {
 void forget_signals() {
     sigset_t none;
     sigemptyset(&none);
-    ::sigprocmask(SIG_SETMASK, &none, nullptr);
+    ::sigprocmask(SIG_SETMASK, &none, nullptr); // NOLINT(concurrency-mt-unsafe): one thread after the fork
     for (const int number : {SIGPIPE, SIGINT, SIGTERM, SIGCHLD})
         ::signal(number, SIG_DFL);
 }

@@ -37,6 +37,7 @@ int status_of(const tickervantage::Failure& failure) {
 int main(int argc, char** argv) {
     using namespace tickervantage;
     // Whatever the caller's surroundings, root works in its own.
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): one thread
     if (::clearenv() != 0 || ::setenv("PATH", "/usr/sbin:/usr/bin:/sbin:/bin", 1) != 0 || ::chdir("/") != 0)
         return has_failed;
     ::umask(022);

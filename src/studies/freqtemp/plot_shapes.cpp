@@ -98,6 +98,7 @@ void PlotShapes::line(std::span<const Point> corners, double width, const Color&
 
 void PlotShapes::disc(Point center, double diameter, const Color& color) {
     std::vector<Point> corners;
+    corners.reserve(DISC_CORNERS);
     for (int i = 0; i < DISC_CORNERS; ++i)
         corners.push_back(polar(center, diameter / 2, 2 * std::numbers::pi * i / DISC_CORNERS));
     polygon(corners, color);

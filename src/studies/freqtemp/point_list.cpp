@@ -181,8 +181,8 @@ std::optional<PointExtent> PointList::extent() const {
 
 void PointList::set_unknown(std::map<std::uint64_t, std::string> members) {
     Unknown shifted;
-    for (auto& [index, text] : members)
-        shifted.emplace(m_dropped + index, std::move(text));
+    for (auto& member : members)
+        shifted.emplace(m_dropped + member.first, std::move(member.second));
     m_unknown = shifted.empty() ? nullptr : std::make_shared<const Unknown>(std::move(shifted));
 }
 

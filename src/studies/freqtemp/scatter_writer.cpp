@@ -49,7 +49,7 @@ public:
     void number(double value) {
         std::array<char, 32> digits;
         const double finite = std::isfinite(value) ? value : 0; // JSON has nothing else
-        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), finite).ptr;
+        char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), finite).ptr;
         m_text.append(digits.data(), end);
     }
     void text(std::string_view quoted) { m_text += quoted; }

@@ -164,12 +164,12 @@ void SeriesPainter::let_meet(Column& left, Column& right, Point from, Point to) 
     }
 }
 
-void SeriesPainter::line_to(Point at) {
+void SeriesPainter::line_to(Point point) {
     finish_column();
     m_pen_is_alone = !pen();
     if (pen())
-        add_segment(*pen(), at);
-    m_pen = at;
+        add_segment(*pen(), point);
+    m_pen = point;
 }
 
 void SeriesPainter::add_segment(Point from, Point to) {

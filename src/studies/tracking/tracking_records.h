@@ -84,7 +84,7 @@ public:
 
     // Parses one line and, if it is a data line, appends its record and its rolling statistics. With `oldest` a record
     // from before that time is left out. A line whose date does not exist is no data line.
-    Added add_line(std::string_view line, std::optional<LogTime> oldest = std::nullopt);
+    Added add_line(std::string_view text, std::optional<LogTime> oldest = std::nullopt);
 
     void clear(); // also starts the rolling statistics afresh
 
