@@ -21,10 +21,21 @@ tv_resource(chrony.conf)
 tv_resource(freqtemp.rtf)
 tv_resource(freqtemp_de.rtf)
 tv_resource(chronylogrotate.sh)
-foreach(page chronywake.md faq.md first-use.md windows.md images/editor-error.png images/main-window.png
-             images/servers.png images/tracking.png)
-  tv_resource(help/${page})
+foreach(page chronywake faq first-use windows)
+  tv_resource(help/${page}.md)
+  tv_resource(help/${page}_de.md)
 endforeach()
+foreach(picture editor-error main-window servers tracking)
+  tv_resource(help/images/${picture}.png)
+endforeach()
+
+file(GLOB icons CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/resources ${PROJECT_SOURCE_DIR}/resources/icons/*.svg)
+foreach(icon ${icons})
+  tv_resource(${icon})
+endforeach()
+# The program's own, where no package has given it to the desktop.
+configure_file(${PROJECT_SOURCE_DIR}/packaging/desktop/net.brisklane.tickervantage.svg
+               ${TV_BUNDLE_RESOURCES}/icons/net.brisklane.tickervantage.svg COPYONLY)
 
 # The bundle carries the distribution's own chronyc and chronyd, so that it always has a pair that fits together.
 foreach(program chronyc chronyd)

@@ -25,6 +25,30 @@ HelpPage absent(HelpAbsence absence, std::string reason) {
     return {.text = {}, .absence = absence, .reason = std::move(reason)};
 }
 
+std::string text_of(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string text(largest_page, '\0');
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(std::max<std::streamsize>(file.gcount(), 0)));
+    return text;
+}
+
+// Takes the names off the headings that have one.
+HelpPage with_named_headings(std::string_view text) {
+    HelpPage page;
+    while (!text.empty()) {
+        const auto end = std::min(text.find('\n'), text.size());
+        const std::string_view line = text.substr(0, end);
+        text.remove_prefix(std::min(end + 1, text.size()));
+        const auto name = line.starts_with('#') && line.ends_with('}') ? line.rfind(" {#") : std::string_view::npos;
+        const std::string_view heading = line.substr(0, name);
+        if (name != std::string_view::npos)
+            page.places.emplace(line.substr(name + 3, line.size() - name - 4), heading_name(heading));
+        page.text.append(heading) += '\n';
+    }
+    return page;
+}
+
 constexpr std::size_t excerpt_before = 30; // bytes
 constexpr std::size_t excerpt_length = 90;
 
@@ -68,15 +92,12 @@ std::string excerpt_of(std::string_view paragraph, std::size_t at) {
 } // namespace
 
 HelpPage HelpPages::own_page(const HelpTopic& topic) const {
-    const std::string path = m_sources.own_pages + "/" + std::string(topic.name) + ".md";
-    std::ifstream file(path, std::ios::binary);
-    HelpPage page;
-    page.text.resize(largest_page);
-    file.read(page.text.data(), static_cast<std::streamsize>(page.text.size()));
-    page.text.resize(static_cast<std::size_t>(std::max<std::streamsize>(file.gcount(), 0)));
-    if (page.text.empty())
-        return absent(HelpAbsence::unreadable, "The page " + path + " cannot be read.");
-    return page;
+    const std::string path = m_sources.own_pages + "/" + std::string(topic.name);
+    const std::string translated = path + "_" + m_sources.language + ".md";
+    const std::string text = text_of(is_file(translated) ? translated : path + ".md");
+    if (text.empty())
+        return absent(HelpAbsence::unreadable, "The page " + path + ".md cannot be read.");
+    return with_named_headings(text);
 }
 
 HelpPage HelpPages::render(const HelpTopic& topic, const std::vector<std::string>& options) const {

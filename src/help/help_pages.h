@@ -8,6 +8,7 @@
 #include "help/help_topics.h"
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,8 +19,9 @@ namespace tickervantage {
 inline constexpr std::string_view manuals_address = "https://chrony-project.org/documentation.html";
 
 struct HelpSources {
-    Execute& execute;      // outlives the pages
-    std::string own_pages; // the folder with the pages of our own
+    Execute& execute;          // outlives the pages
+    std::string own_pages;     // the folder with the pages of our own
+    std::string language = {}; // such as "de": of NAME.md and NAME_de.md the latter, where there is one
     std::vector<std::string> manual_roots{"/usr/local/share/man", "/usr/share/man"}; // folders with man1, man5, man8
     std::string mandoc = "/usr/bin/mandoc";
 };
@@ -32,7 +34,10 @@ enum class HelpAbsence : unsigned char {
 };
 
 struct HelpPage {
-    std::string text;                        // HTML for manuals and Markdown for our own, or a terminal's text
+    std::string text; // HTML for manuals and Markdown for our own, or a terminal's text
+    // The names that links use for the headings of a page in another language, each with the heading_name of the
+    // heading that bears it: in the file it ends in {#name}.
+    std::map<std::string, std::string> places = {};
     HelpAbsence absence = HelpAbsence::none; // otherwise the text is empty
     std::string reason;                      // one sentence
 };

@@ -61,6 +61,39 @@ TEST_F(HelpPagesTest, CommandPrintsTopicsAPageOrPassagesAndRefusesTheRest) {
     EXPECT_EQ(print_help(pages, {.topic = "chronyd", .words = {}}, 78, out), 2);
 }
 
+TEST_F(HelpPagesTest, APageInTheUsersLanguageComesFirstAndKeepsThePlacesThatLinksName) {
+    write("own/faq_de.md", "# Fragen {#questions}\n\n## Was? Wie! {#what}\n\nText {#none}\n");
+    write("own/windows.md", "# The windows\n");
+    const HelpPages german({.execute = execute, .own_pages = folder / "own", .language = "de"});
+    const HelpPage page = german.for_window(*find_help_topic("faq"));
+    EXPECT_EQ(page.text, "# Fragen\n\n## Was? Wie!\n\nText {#none}\n");
+    EXPECT_EQ(page.places, (std::map<std::string, std::string>{{"questions", "fragen"}, {"what", "was-wie"}}));
+    EXPECT_EQ(german.for_window(*find_help_topic("windows")).text, "# The windows\n");
+    EXPECT_EQ(pages.for_window(*find_help_topic("faq")).places.size(), 0U);
+}
+
+std::vector<std::string> names_of_headings(const std::string& page) {
+    std::ifstream file(std::string(HELP_PAGES) + "/" + page);
+    std::vector<std::string> names;
+    for (std::string line; std::getline(file, line);) {
+        const auto name = line.find(" {#");
+        if (line.starts_with('#'))
+            names.push_back(name == std::string::npos ? heading_name(line.substr(line.find(' ') + 1))
+                                                      : line.substr(name + 3, line.size() - name - 4));
+    }
+    return names;
+}
+
+TEST(GermanHelp, HasTheSamePlacesInTheSameOrder) {
+    for (const auto& topic : help_topics()) {
+        if (topic.is_manual())
+            continue;
+        const std::string name(topic.name);
+        EXPECT_GT(names_of_headings(name + ".md").size(), 3U) << name;
+        EXPECT_EQ(names_of_headings(name + "_de.md"), names_of_headings(name + ".md")) << name;
+    }
+}
+
 TEST(ManualPage, ReferencesBecomeLinksOutsideOfTagsOnly) {
     const HelpTopic& self = *find_help_topic("chronyd");
     for (const auto& [html, adapted] : std::vector<std::pair<std::string, std::string>>{

@@ -73,6 +73,12 @@ TEST_F(HelpViewerTest, LinksLeadToPlacesAndBackAgain) {
     EXPECT_EQ(shown(), "Questions");
 }
 
+TEST_F(HelpViewerTest, LinksLeadToPlacesOfAPageInAnotherLanguage) {
+    write("faq.md", "# Fragen\n\n" + std::string(4000, '\n') + "## Zweiter Teil {#second-part}\n\nText\n");
+    follow("faq.md#second-part");
+    EXPECT_EQ(page()->textCursor().block().text(), QStringLiteral("Zweiter Teil"));
+}
+
 TEST_F(HelpViewerTest, ManualThatIsMissingSaysSoAndIsLookedForAgain) {
     open("chrony.conf");
     EXPECT_TRUE(page()->toPlainText().contains(QStringLiteral("not installed")));

@@ -98,6 +98,7 @@ void HelpPageView::show_page(const HelpTopic& topic, const HelpPage& page) {
         made->setMarkdown(QString::fromStdString(page.text));
     polish(*made);
     QTextDocument* const former = document();
+    m_places = page.places;
     const bool is_ours = former->parent() == this; // the first one is the browser's own, which deletes it
     setDocument(made);
     if (is_ours)
@@ -155,9 +156,10 @@ void HelpPageView::go_to(const QString& place) {
     verticalScrollBar()->setValue(0);
     if (place.isEmpty())
         return;
+    const auto named = m_places.find(place.toStdString());
+    const std::string wanted = named != m_places.end() ? named->second : heading_name(place.toStdString());
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
-        if (block.blockFormat().headingLevel() == 0 ||
-            heading_name(block.text().toStdString()) != heading_name(place.toStdString()))
+        if (block.blockFormat().headingLevel() == 0 || heading_name(block.text().toStdString()) != wanted)
             continue;
         moveCursor(QTextCursor::End); // so that the heading comes to stand at the top
         setTextCursor(QTextCursor(block));

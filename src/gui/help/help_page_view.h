@@ -8,6 +8,9 @@
 
 #include <QTextBrowser>
 
+#include <map>
+#include <string>
+
 namespace tickervantage {
 
 class HelpPageView : public QTextBrowser {
@@ -34,6 +37,7 @@ private:
     [[nodiscard]] QString style_sheet() const;
 
     QString m_own_pages;
+    std::map<std::string, std::string> m_places; // of the page that is shown
 };
 
 // The title of a topic in the user's language.

@@ -39,7 +39,7 @@ HelpViewer::HelpViewer(HelpViewerParts parts)
     setWindowTitle(tr("Help"));
     build();
     build_tools();
-    setMinimumSize(560, 380);
+    setMinimumSize(460, 300);
     resize(scaled(QSize(960, 680), *this));
 }
 
@@ -69,9 +69,10 @@ void HelpViewer::build() {
 }
 
 template <class Slot>
-QAction* HelpViewer::add_tool(const char* name, const QString& text, const QList<QKeySequence>& keys, Slot slot) {
+QAction* HelpViewer::add_tool(const char* name, const char* icon, const QString& text, const QList<QKeySequence>& keys,
+                              Slot slot) {
     auto* tools = findChild<QToolBar*>();
-    QAction* action = tools->addAction(text);
+    QAction* action = tools->addAction(QIcon::fromTheme(QLatin1String(icon)), text);
     action->setObjectName(QLatin1String(name));
     action->setShortcuts(keys);
     action->setToolTip(text + QStringLiteral(" (") + action->shortcut().toString(QKeySequence::NativeText) +
@@ -84,21 +85,27 @@ void HelpViewer::build_tools() {
     //: help window: name of the tool bar
     auto* tools = addToolBar(tr("Tools"));
     tools->setMovable(false);
+    tools->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     tools->setContextMenuPolicy(Qt::PreventContextMenu);
     //: help window: buttons of the tool bar
-    m_back = add_tool("back", tr("Back"), QKeySequence::keyBindings(QKeySequence::Back), [this] { step(-1); });
+    m_back = add_tool("back", "go-previous", tr("Back"), QKeySequence::keyBindings(QKeySequence::Back),
+                      [this] { step(-1); });
     m_forward =
         //: help window: tool, the page that was left with Back
-        add_tool("forward", tr("Forward"), QKeySequence::keyBindings(QKeySequence::Forward), [this] { step(1); });
+        add_tool("forward", "go-next", tr("Forward"), QKeySequence::keyBindings(QKeySequence::Forward),
+                 [this] { step(1); });
     //: help window: tool, opens the find bar
-    add_tool("findInPage", tr("Find…"), {QKeySequence(QKeySequence::Find)}, [this] { m_find_bar->open(); });
+    add_tool("findInPage", "edit-find", tr("Find…"), {QKeySequence(QKeySequence::Find)},
+             [this] { m_find_bar->open(); });
     //: help window: tool, goes to the field that searches all pages
-    add_tool("searchAll", tr("Search All…"), {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
+    add_tool("searchAll", "help-contents", tr("Search All…"), {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
              [this] { m_contents->focus_search(); });
     //: help window: tool, smaller letters
-    add_tool("smaller", tr("Smaller"), {QKeySequence(QKeySequence::ZoomOut)}, [this] { m_page->zoomOut(); });
+    add_tool("smaller", "zoom-out", tr("Smaller"), {QKeySequence(QKeySequence::ZoomOut)},
+             [this] { m_page->zoomOut(); });
     //: help window: tool, larger letters
-    add_tool("larger", tr("Larger"), {QKeySequence(QKeySequence::ZoomIn), QKeySequence(Qt::CTRL | Qt::Key_Equal)},
+    add_tool("larger", "zoom-in", tr("Larger"),
+             {QKeySequence(QKeySequence::ZoomIn), QKeySequence(Qt::CTRL | Qt::Key_Equal)},
              [this] { m_page->zoomIn(); });
     m_back->setEnabled(false);
     m_forward->setEnabled(false);

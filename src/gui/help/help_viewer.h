@@ -61,7 +61,8 @@ private:
     void build();
     void build_tools();
     template <class Slot>
-    QAction* add_tool(const char* name, const QString& text, const QList<QKeySequence>& keys, Slot slot);
+    QAction* add_tool(const char* name, const char* icon, const QString& text, const QList<QKeySequence>& keys,
+                      Slot slot);
     void visit(const Visit& where);
     void follow(const QUrl& link);
     void step(int by);
