@@ -114,7 +114,7 @@ private:
     testing::MemoryLogger m_logger;
     testing::MemorySettingsStore m_store;
     DefaultSettings m_settings{m_store};
-    RecentFiles m_recent{m_settings};
+    RecentFiles m_recent{m_settings, settings::recent_configurations};
     PreferencesGeneral m_general;
     SerialQueue m_queue{"net.brisklane.config"};
     std::shared_ptr<PosixKeptFiles> m_kept;

@@ -1,5 +1,6 @@
 #include "app/about_box.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QMessageBox>
 
@@ -19,6 +20,8 @@ void show_about(QWidget* parent) {
     //: About box: title
     box->setWindowTitle(Texts::tr("About Tickervantage"));
     box->setTextFormat(Qt::PlainText);
+    constexpr int side = 64;
+    box->setIconPixmap(QApplication::windowIcon().pixmap(side));
     box->setText(QStringLiteral("Tickervantage " TICKERVANTAGE_VERSION));
     //: About box: what the program is, and its licence
     box->setInformativeText(

@@ -86,6 +86,7 @@ Administration::Administration(AdministrationParts parts)
                                                         .bundle = m_parts.paths.bundle,
                                                         .owner = *this}) {
     connect(&m_menu, &PrivilegedMenu::complained, this, &Administration::complained);
+    connect(&m_menu, &PrivilegedMenu::informed, this, &Administration::informed);
     connect(&m_menu, &PrivilegedMenu::removal_wanted, this, &Administration::confirm_removal);
 }
 
@@ -184,7 +185,8 @@ void Administration::show_problem(PrivilegedProblem problem, const Failure& why)
                       //: alert: informative text
                       .informative = Texts::tr("An admin login/password is required").toStdString(),
                       //: button of an alert
-                      .buttons = {Texts::tr("Dismiss").toStdString()}};
+                      .buttons = {Texts::tr("Dismiss").toStdString()},
+                      .kind = AlertKind::information};
     (void)show_unless_suppressed(m_parts.warnings, *this, alert, [](std::size_t) {});
 }
 

@@ -61,6 +61,7 @@ public:
 Q_SIGNALS:
     void complained(const QString& sentence);
     void came_to_pass(const HistoryEvent& event); // a job that had the rights for what it did
+    void informed(const QString& sentence);
 
 private:
     void confirm_removal();

@@ -47,10 +47,21 @@ Sheet make_sheet(QWidget* window, const Alert& alert, QMessageBox::Icon icon) {
     return sheet;
 }
 
+QMessageBox::Icon icon_of(AlertKind kind) {
+    switch (kind) {
+    case AlertKind::question:
+        return QMessageBox::Question;
+    case AlertKind::information:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::Warning;
+    }
+}
+
 } // namespace
 
 void show_alert(QWidget* window, const Alert& alert, AlertAnswered answered) {
-    const Sheet sheet = make_sheet(window, alert, QMessageBox::Warning);
+    const Sheet sheet = make_sheet(window, alert, icon_of(alert.kind));
     sheet.box->setDefaultButton(sheet.buttons.front());
     //: check box of an alert
     auto* never = new QCheckBox(Texts::tr("Do not show this again"));

@@ -3,13 +3,27 @@
 #include "app/administration.h"
 #include "app/bring_to_front.h"
 #include "app/plot_files.h"
+#include "settings/settings_catalogue.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 
+#include <algorithm>
 #include <utility>
 
 namespace tickervantage {
-AnalysisWindows::AnalysisWindows(AnalysisParts parts) : m_parts(std::move(parts)), m_background(m_parts.main_thread) {}
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(tracking)
+};
+
+} // namespace
+
+AnalysisWindows::AnalysisWindows(AnalysisParts parts)
+    : m_parts(std::move(parts)), m_recent(m_parts.settings, settings::recent_logs), m_background(m_parts.main_thread) {
+    connect(&m_recent, &RecentFiles::chosen, this, [this](const QString& path) { open_log(path, false); });
+}
 
 AnalysisWindows::~AnalysisWindows() {
     for (auto* window : std::exchange(m_tracking, {}))
@@ -33,6 +47,16 @@ TrackingWindowParts AnalysisWindows::tracking_parts() {
 }
 
 TrackingWindow* AnalysisWindows::open_log(const QString& path, bool live) {
+    const auto shows_it = [&](const auto* one) {
+        return one->log_name() == path && one->is_live() == live;
+    };
+    const auto open = std::ranges::find_if(m_tracking, shows_it);
+    TrackingWindow* window = open != m_tracking.end() ? *open : make_tracking(path, live);
+    bring_to_front(*window);
+    return window;
+}
+
+TrackingWindow* AnalysisWindows::make_tracking(const QString& path, bool live) {
     auto* window = new TrackingWindow(tracking_parts());
     window->setAttribute(Qt::WA_DeleteOnClose);
     m_tracking.push_back(window);
@@ -40,8 +64,21 @@ TrackingWindow* AnalysisWindows::open_log(const QString& path, bool live) {
     tracking_changed();
     window->windowDidLoad();
     window->set_log(path, live);
-    window->show();
+    if (live)
+        show_live_titles(window);
+    else // a file without records is none to come back to
+        connect(
+            window, &TrackingWindow::block_arrived, this, [this, path] { m_recent.remember(path); },
+            Qt::SingleShotConnection);
     return window;
+}
+
+void AnalysisWindows::show_live_titles(TrackingWindow* window) {
+    //: tracking window: title, of the log that chronyd is writing
+    const QString title = Texts::tr("Tracking log – live");
+    //: tracking window: stands in place of the log's path
+    const QString demonstration = Texts::tr("The demonstration's tracking log");
+    window->show_titles(title, m_parts.is_demonstration ? demonstration : window->log_name());
 }
 
 void AnalysisWindows::connect_tracking(TrackingWindow* window) {

@@ -4,6 +4,7 @@
 
 #include "base/background.h"
 #include "base/dispatch.h"
+#include "gui/common/recent_files.h"
 #include "gui/freqtemp/freqtemp_window.h"
 #include "gui/freqtemp/sensor_inspector.h"
 #include "gui/spectrum/spectrum_window.h"
@@ -45,8 +46,10 @@ public:
     AnalysisWindows(const AnalysisWindows&) = delete;
     AnalysisWindows& operator=(const AnalysisWindows&) = delete;
 
-    // A new window on the log; it deletes itself when closed.
+    // Brings the log's window to the front: a new one, which deletes itself when closed, unless one is open.
     TrackingWindow* open_log(const QString& path, bool live);
+
+    [[nodiscard]] RecentFiles& recent() { return m_recent; }
 
     // The one spectrum window, made on first use.
     void showSpectrum();
@@ -61,6 +64,8 @@ public:
 private:
     PlotExportParts export_parts();
     TrackingWindowParts tracking_parts();
+    [[nodiscard]] TrackingWindow* make_tracking(const QString& path, bool live);
+    void show_live_titles(TrackingWindow* window);
     void connect_tracking(TrackingWindow* window);
     void ask_log_setting(TrackingWindow* window);
     void make_log_readable(TrackingWindow* window);
@@ -69,6 +74,7 @@ private:
     void make_inspector();
 
     AnalysisParts m_parts;
+    RecentFiles m_recent;
     std::list<TrackingWindow*> m_tracking; // open; the last one used stands last
     std::unique_ptr<SpectrumWindow> m_spectrum;
     std::unique_ptr<FreqTempWindow> m_freqtemp;

@@ -6,6 +6,7 @@
 #include "app/config_windows.h"
 #include "app/help_windows.h"
 #include "app/mender.h"
+#include "app/opened_files.h"
 #include "app/settings_windows.h"
 #include "app/trend_feed.h"
 #include "app/window_menus.h"
@@ -26,6 +27,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QProcess>
+#include <QToolBar>
 
 #include <utility>
 
@@ -99,17 +101,33 @@ void AppDelegate::make_main_window() {
     m_menus = build_application_menus(m_main_window.get());
     connect_items();
     m_window_menus = std::make_unique<WindowMenus>(*m_menus.m_windows, *m_menus.actions.at("quit"));
-    auto* recent = new QMenu(m_main_window.get());
-    configurations().recent().fill(recent);
-    m_menus.actions.at("recentConfigurations")->setMenu(recent);
+    build_recent_menus();
+    make_opened_files();
     m_main_window->add_toolbar_actions(
         {m_menus.actions.at("refresh"), m_menus.actions.at("liveTracking"), m_menus.actions.at("showConfigEditor")});
+    for (auto* bar : m_main_window->findChildren<QToolBar*>())
+        bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_main_window->set_standing_notice(m_daemon.standing_notice);
     m_main_window->windowDidLoad();
     if (m_administration)
         m_administration->offer_installation();
     else
         explain_missing_administration(m_menus);
+}
+
+void AppDelegate::build_recent_menus() {
+    for (auto [item, files] : {std::pair{"recentConfigurations", &configurations().recent()},
+                               std::pair{"recentLogs", &analysis().recent()}}) {
+        auto* menu = new QMenu(m_main_window.get());
+        files->fill(menu);
+        m_menus.actions.at(item)->setMenu(menu);
+    }
+}
+
+void AppDelegate::make_opened_files() {
+    m_opened_files = std::make_unique<OpenedFiles>(m_parts.files, m_parts.config_queue, m_parts.cycle.main_thread);
+    connect(m_opened_files.get(), &OpenedFiles::log_given, this, &AppDelegate::open_log);
+    connect(m_opened_files.get(), &OpenedFiles::configuration_given, &configurations(), &ConfigWindows::open_path);
 }
 
 void AppDelegate::connect_main_window() {
@@ -138,7 +156,7 @@ void AppDelegate::make_trend_and_mender() {
                                                     .general = m_general,
                                                     .window = *window,
                                                     .administration = m_administration.get()});
-    connect(m_mender.get(), &Mender::complained, this, &AppDelegate::say);
+    connect(m_mender.get(), &Mender::complained, this, &AppDelegate::complain);
     connect(m_mender.get(), &Mender::demonstration_left, this, &AppDelegate::leave_demonstration);
 }
 
@@ -148,7 +166,7 @@ void AppDelegate::leave_demonstration() {
         QApplication::closeAllWindows();
     else
         //: alert: the program could not be started once more, without the demonstration
-        say(Texts::tr("The program could not be started again. Please quit it, and start it without --demo."));
+        complain(Texts::tr("The program could not be started again. Please quit it, and start it without --demo."));
 }
 
 std::string AppDelegate::history_file() const {
@@ -156,10 +174,12 @@ std::string AppDelegate::history_file() const {
 }
 
 void AppDelegate::make_help() {
-    m_help = std::make_unique<HelpWindows>(HelpWindowsParts{
-        .sources = {.execute = m_parts.cycle.execute, .own_pages = m_parts.paths.bundle_resource("help")},
-        .queue = m_parts.help_queue,
-        .main_thread = m_parts.cycle.main_thread});
+    m_help = std::make_unique<HelpWindows>(
+        HelpWindowsParts{.sources = {.execute = m_parts.cycle.execute,
+                                     .own_pages = m_parts.paths.bundle_resource("help"),
+                                     .language = QLocale().name().section(QLatin1Char('_'), 0, 0).toStdString()},
+                         .queue = m_parts.help_queue,
+                         .main_thread = m_parts.cycle.main_thread});
 }
 
 void AppDelegate::make_administration() {
@@ -176,11 +196,13 @@ void AppDelegate::make_administration() {
                                                                             .advanced = m_advanced,
                                                                             .paths = m_parts.paths,
                                                                             .window = *m_main_window});
-    connect(m_administration.get(), &Administration::complained, this, &AppDelegate::say);
     connect(m_administration.get(), &Administration::came_to_pass, this, [this](const HistoryEvent& event) {
         if (m_history)
             m_history->keep(event);
     });
+    connect(m_administration.get(), &Administration::complained, this, &AppDelegate::complain);
+    connect(m_administration.get(), &Administration::informed, this,
+            [this](const QString& sentence) { say(sentence, QMessageBox::Information); });
 }
 
 void AppDelegate::show_problem(PrivilegedProblem problem, const Failure& why) {
@@ -227,17 +249,20 @@ void AppDelegate::showTickervantage() {
     bring_to_front(main_window());
 }
 
-void AppDelegate::come_to_front(const QStringList& logs) {
+void AppDelegate::come_to_front(const QStringList& files) {
     showTickervantage();
-    for (const auto& log : logs)
-        open_log(log);
+    open_files(files);
+}
+
+void AppDelegate::open_files(const QStringList& files) {
+    m_opened_files->open(files);
 }
 
 void AppDelegate::launchMeridianox() {
     launch_application(QLatin1String(StatusCycle::GPSD_CONF_ID), m_main_window.get(), [this] {
         m_parts.logger.log(LogLevel::warning, "Meridianox could not be started.");
         //: alert: the sibling application could not be started
-        say(Texts::tr("Meridianox could not be started."));
+        complain(Texts::tr("Meridianox could not be started."));
     });
 }
 
@@ -311,7 +336,9 @@ void AppDelegate::make_configurations() {
                                                                           .logger = m_parts.logger,
                                                                           .can_install = m_administration != nullptr,
                                                                           .window = m_main_window.get()});
-    connect(m_configurations.get(), &ConfigWindows::not_opened, this, &AppDelegate::say);
+    connect(m_configurations.get(), &ConfigWindows::not_opened, this, &AppDelegate::complain);
+    connect(m_configurations.get(), &ConfigWindows::file_dropped, this,
+            [this](const QString& path) { open_files({path}); });
     connect(m_configurations.get(), &ConfigWindows::install_wanted, this, &AppDelegate::install_configuration);
 }
 
@@ -383,7 +410,8 @@ void AppDelegate::connect_items() {
     m_menus.on("showConfigEditor", [this] { configurations().show_installed(); });
     m_menus.on("newConfiguration", [this] { configurations().new_document(); });
     m_menus.on("openConfiguration", [this] { configurations().open_document(); });
-    m_menus.on("recentConfigurations", [] {}); // has a menu of its own
+    for (const char* item : {"recentConfigurations", "recentLogs"})
+        m_menus.on(item, [] {}); // has a menu of its own
     m_menus.on("showLogs", [this] { showLogs(); });
     m_menus.on("showServers", [this] { settings_windows().showServers(); });
     m_menus.on("showPreferences", [this] { settings_windows().showPreferences(Preferences::Pane::general); });
@@ -414,19 +442,23 @@ void AppDelegate::connect_log_items() {
         //: alert: %1 is a folder
         const QString words = Texts::tr("The log cannot be shown here. It lies in %1.");
         if (!show_file(folder + QStringLiteral("/tickervantage.log")))
-            say(words.arg(folder));
+            complain(words.arg(folder));
     });
     m_menus.on("showLogFolder", [this, folder] {
         //: alert: %1 is a folder
         const QString words = Texts::tr("The folder %1 cannot be shown here.");
         if (!reveal_folder(folder))
-            say(words.arg(folder));
+            complain(words.arg(folder));
     });
 }
 
-void AppDelegate::say(const QString& sentence) {
-    auto* box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Tickervantage"), sentence, QMessageBox::NoButton,
-                                m_main_window.get());
+void AppDelegate::complain(const QString& sentence) {
+    say(sentence, QMessageBox::Critical);
+}
+
+void AppDelegate::say(const QString& sentence, QMessageBox::Icon icon) {
+    auto* box =
+        new QMessageBox(icon, QStringLiteral("Tickervantage"), sentence, QMessageBox::NoButton, m_main_window.get());
     box->setAttribute(Qt::WA_DeleteOnClose);
     //: button of an alert
     box->addButton(Texts::tr("Dismiss"), QMessageBox::AcceptRole);

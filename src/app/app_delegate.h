@@ -13,6 +13,7 @@
 #include "settings/warning_register.h"
 #include "studies/freqtemp/freqtemp_session.h"
 
+#include <QMessageBox>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -30,6 +31,7 @@ class ConfigWindows;
 class FollowedFiles;
 class HelpWindows;
 class Mender;
+class OpenedFiles;
 class QueueLender;
 class SettingsWindows;
 class TickervantageWindow;
@@ -88,11 +90,11 @@ public:
     // Told by the shared actions.
     void show_problem(PrivilegedProblem problem, const Failure& why);
 
-    // The program was started once more: the main window comes up, and each finished tracking log in a window of its
-    // own.
-    void come_to_front(const QStringList& logs);
+    // The program was started once more: the main window comes up, and what was named in windows of their own.
+    void come_to_front(const QStringList& files);
 
-    // Opens a finished tracking log in a window of its own.
+    // Finished tracking logs and configurations, each in a window of its own.
+    void open_files(const QStringList& files);
     void open_log(const QString& path);
 
     // Shows or hides the items of the two optional windows, as the preferences have it.
@@ -110,6 +112,8 @@ private:
     void make_history();
     void make_main_window();
     void connect_main_window();
+    void build_recent_menus();
+    void make_opened_files();
     void showTickervantage();
     void openTrackingLog();
     void liveTracking();
@@ -128,7 +132,8 @@ private:
     void make_help();
     void install_configuration(ConfigEditor* editor, const QString& text);
     void launchMeridianox();
-    void say(const QString& sentence); // a failure, with one "Dismiss" button
+    void complain(const QString& sentence);                    // of a failure
+    void say(const QString& sentence, QMessageBox::Icon icon); // with one "Dismiss" button
     void log_change_of_state(const StatusNotice& notice);
 
     ApplicationParts m_parts;
@@ -150,6 +155,7 @@ private:
     std::unique_ptr<SettingsWindows> m_settings_windows;
     std::unique_ptr<HelpWindows> m_help;
     std::unique_ptr<WindowMenus> m_window_menus;
+    std::unique_ptr<OpenedFiles> m_opened_files;
 };
 
 } // namespace tickervantage

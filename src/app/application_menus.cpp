@@ -18,90 +18,101 @@ struct Texts {
 struct Item {
     const char* name; // null: a separator
     const char* text;
+    const char* icon; // its name in the desktop's themes; null: none
     QKeySequence shortcut;
 };
 
 /* TRANSLATOR menus
    main window: menus and their items. The letter after an ampersand is the one that chooses the item together with Alt.
  */
-const Item separator{nullptr, nullptr, {}};
+const Item separator{nullptr, nullptr, nullptr, {}};
 
 // QT_TRANSLATE_NOOP marks the texts for translators; tr above looks them up.
 std::vector<Item> file_items() {
-    return {
-        {"openTrackingLog", QT_TRANSLATE_NOOP("menus", "&Open Tracking Log…"), QKeySequence::Open},
-        {"liveTracking", QT_TRANSLATE_NOOP("menus", "&Live Tracking Graph"), QKeySequence(Qt::CTRL | Qt::Key_L)},
-        separator,
-        {"showConfigEditor", QT_TRANSLATE_NOOP("menus", "&Edit Configuration…"), QKeySequence(Qt::CTRL | Qt::Key_E)},
-        {"newConfiguration", QT_TRANSLATE_NOOP("menus", "&New Configuration"), QKeySequence::New},
-        {"openConfiguration", QT_TRANSLATE_NOOP("menus", "Open Con&figuration…"), {}},
-        {"recentConfigurations", QT_TRANSLATE_NOOP("menus", "&Recent Configurations"), {}},
-        separator,
-        {"showPreferences", QT_TRANSLATE_NOOP("menus", "&Preferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma)},
-        {"checkForUpdates", QT_TRANSLATE_NOOP("menus", "Check for &Updates…"), {}},
-        separator,
-        {"closeWindow", QT_TRANSLATE_NOOP("menus", "&Close Window"), QKeySequence::Close},
-        {"quit", QT_TRANSLATE_NOOP("menus", "&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q)}};
+    return {{"openTrackingLog", QT_TRANSLATE_NOOP("menus", "&Open Tracking Log…"), "document-open", QKeySequence::Open},
+            {"recentLogs", QT_TRANSLATE_NOOP("menus", "Recent Tracking Logs"), "document-open-recent", {}},
+            {"liveTracking", QT_TRANSLATE_NOOP("menus", "&Live Tracking Graph"), "utilities-system-monitor",
+             QKeySequence(Qt::CTRL | Qt::Key_L)},
+            separator,
+            {"showConfigEditor", QT_TRANSLATE_NOOP("menus", "&Edit Configuration…"), "accessories-text-editor",
+             QKeySequence(Qt::CTRL | Qt::Key_E)},
+            {"newConfiguration", QT_TRANSLATE_NOOP("menus", "&New Configuration"), "document-new", QKeySequence::New},
+            {"openConfiguration", QT_TRANSLATE_NOOP("menus", "Open Con&figuration…"), "document-open", {}},
+            {"recentConfigurations", QT_TRANSLATE_NOOP("menus", "&Recent Configurations"), "document-open-recent", {}},
+            separator,
+            {"showPreferences", QT_TRANSLATE_NOOP("menus", "&Preferences…"), "preferences-system",
+             QKeySequence(Qt::CTRL | Qt::Key_Comma)},
+            {"checkForUpdates", QT_TRANSLATE_NOOP("menus", "Check for &Updates…"), "system-software-update", {}},
+            separator,
+            {"closeWindow", QT_TRANSLATE_NOOP("menus", "&Close Window"), "window-close", QKeySequence::Close},
+            {"quit", QT_TRANSLATE_NOOP("menus", "&Quit"), "application-exit", QKeySequence(Qt::CTRL | Qt::Key_Q)}};
 }
 
 std::vector<Item> view_items() {
-    return {{"refresh", QT_TRANSLATE_NOOP("menus", "&Refresh"), QKeySequence::Refresh},
-            separator,
-            {"showReport", QT_TRANSLATE_NOOP("menus", "chronyc's R&eport"), QKeySequence(Qt::CTRL | Qt::Key_R)},
-            {"separateReport", QT_TRANSLATE_NOOP("menus", "Report in a &Window of Its Own"), {}},
-            separator,
-            {"chooseFont", QT_TRANSLATE_NOOP("menus", "Output &Font…"), {}},
-            {"defaultFont", QT_TRANSLATE_NOOP("menus", "&Default Output Font"), {}},
-            separator,
-            {"showLogs", QT_TRANSLATE_NOOP("menus", "Reveal &chrony's Logs"), {}},
-            {"showLogFile", QT_TRANSLATE_NOOP("menus", "Show the Program's &Log"), {}},
-            {"showLogFolder", QT_TRANSLATE_NOOP("menus", "Reveal the Program's Log F&older"), {}}};
+    return {
+        {"refresh", QT_TRANSLATE_NOOP("menus", "&Refresh"), "view-refresh", QKeySequence::Refresh},
+        separator,
+        {"showReport", QT_TRANSLATE_NOOP("menus", "chronyc's R&eport"), nullptr, QKeySequence(Qt::CTRL | Qt::Key_R)},
+        {"separateReport", QT_TRANSLATE_NOOP("menus", "Report in a &Window of Its Own"), nullptr, {}},
+        separator,
+        {"chooseFont", QT_TRANSLATE_NOOP("menus", "Output &Font…"), "preferences-desktop-font", {}},
+        {"defaultFont", QT_TRANSLATE_NOOP("menus", "&Default Output Font"), nullptr, {}},
+        separator,
+        {"showLogs", QT_TRANSLATE_NOOP("menus", "Open &chrony's Log Folder"), "folder", {}},
+        {"showLogFile", QT_TRANSLATE_NOOP("menus", "Show the Program's &Log"), "text-x-generic", {}},
+        {"showLogFolder", QT_TRANSLATE_NOOP("menus", "Open the Program's Log F&older"), "folder", {}}};
 }
 
 std::vector<Item> action_items() {
-    return {{"installChrony", QT_TRANSLATE_NOOP("menus", "&Install chrony"), {}},
-            {"uninstallChrony", QT_TRANSLATE_NOOP("menus", "&Uninstall chrony…"), {}},
+    return {{"installChrony", QT_TRANSLATE_NOOP("menus", "&Install chrony"), "package-x-generic", {}},
+            {"uninstallChrony", QT_TRANSLATE_NOOP("menus", "&Uninstall chrony…"), "edit-delete", {}},
             separator,
-            {"startChrony", QT_TRANSLATE_NOOP("menus", "&Start chronyd"), {}},
-            {"stopChrony", QT_TRANSLATE_NOOP("menus", "S&top chronyd"), {}},
-            {"runChronywake", QT_TRANSLATE_NOOP("menus", "Run chrony&wake"), {}},
+            {"startChrony", QT_TRANSLATE_NOOP("menus", "&Start chronyd"), "media-playback-start", {}},
+            {"stopChrony", QT_TRANSLATE_NOOP("menus", "S&top chronyd"), "media-playback-stop", {}},
+            {"runChronywake", QT_TRANSLATE_NOOP("menus", "Run chrony&wake"), "system-run", {}},
             separator,
-            {"formerConfigurations", QT_TRANSLATE_NOOP("menus", "&Former Configurations…"), {}},
-            {"rotateLogs", QT_TRANSLATE_NOOP("menus", "&Rotate Logs"), {}},
-            {"synchServer", QT_TRANSLATE_NOOP("menus", "S&ynchronise Now…"), {}},
-            {"stepTime", QT_TRANSLATE_NOOP("menus", "Step the &Clock…"), {}}};
+            {"formerConfigurations", QT_TRANSLATE_NOOP("menus", "&Former Configurations…"), "document-revert", {}},
+            {"rotateLogs", QT_TRANSLATE_NOOP("menus", "&Rotate Logs"), "view-refresh", {}},
+            {"synchServer", QT_TRANSLATE_NOOP("menus", "S&ynchronise Now…"), "emblem-synchronizing", {}},
+            {"stepTime", QT_TRANSLATE_NOOP("menus", "Step the &Clock…"), "appointment-soon", {}}};
 }
 
 std::vector<Item> window_items() {
     return {
-        {"showTickervantage", QT_TRANSLATE_NOOP("menus", "&Main Window"), QKeySequence(Qt::CTRL | Qt::Key_1)},
-        {"showServers", QT_TRANSLATE_NOOP("menus", "&Servers"), QKeySequence(Qt::CTRL | Qt::Key_2)},
-        {"showFreqTemp", QT_TRANSLATE_NOOP("menus", "&Frequency and Temperature"), QKeySequence(Qt::CTRL | Qt::Key_3)},
-        {"showFreqInspector", QT_TRANSLATE_NOOP("menus", "Sensor &Inspector"), QKeySequence(Qt::CTRL | Qt::Key_4)},
-        {"showSpectrum", QT_TRANSLATE_NOOP("menus", "S&pectrum"), QKeySequence(Qt::CTRL | Qt::Key_5)}};
+        {"showTickervantage", QT_TRANSLATE_NOOP("menus", "&Main Window"), "net.brisklane.tickervantage",
+         QKeySequence(Qt::CTRL | Qt::Key_1)},
+        {"showServers", QT_TRANSLATE_NOOP("menus", "&Servers"), "network-server", QKeySequence(Qt::CTRL | Qt::Key_2)},
+        {"showFreqTemp", QT_TRANSLATE_NOOP("menus", "&Frequency and Temperature"), "temperature",
+         QKeySequence(Qt::CTRL | Qt::Key_3)},
+        {"showFreqInspector", QT_TRANSLATE_NOOP("menus", "Sensor &Inspector"), "document-properties",
+         QKeySequence(Qt::CTRL | Qt::Key_4)},
+        {"showSpectrum", QT_TRANSLATE_NOOP("menus", "S&pectrum"), "office-chart-bar",
+         QKeySequence(Qt::CTRL | Qt::Key_5)}};
 }
 
 std::vector<Item> help_items() {
-    return {{"helpFirstUse", QT_TRANSLATE_NOOP("menus", "&First Steps"), QKeySequence::HelpContents},
-            {"helpWindows", QT_TRANSLATE_NOOP("menus", "The W&indows"), {}},
-            {"helpFAQ", QT_TRANSLATE_NOOP("menus", "&Questions and Answers"), {}},
+    return {{"helpFirstUse", QT_TRANSLATE_NOOP("menus", "&First Steps"), "help-contents", QKeySequence::HelpContents},
+            {"helpWindows", QT_TRANSLATE_NOOP("menus", "The W&indows"), nullptr, {}},
+            {"helpFAQ", QT_TRANSLATE_NOOP("menus", "&Questions and Answers"), "help-faq", {}},
             separator,
-            {"helpChronyConf", QT_TRANSLATE_NOOP("menus", "chrony.&conf"), {}},
-            {"helpChronyc", QT_TRANSLATE_NOOP("menus", "c&hronyc"), {}},
-            {"helpChronyd", QT_TRANSLATE_NOOP("menus", "chrony&d"), {}},
-            {"helpChronywake", QT_TRANSLATE_NOOP("menus", "chrony&wake"), {}},
+            {"helpChronyConf", QT_TRANSLATE_NOOP("menus", "chrony.&conf"), nullptr, {}},
+            {"helpChronyc", QT_TRANSLATE_NOOP("menus", "c&hronyc"), nullptr, {}},
+            {"helpChronyd", QT_TRANSLATE_NOOP("menus", "chrony&d"), nullptr, {}},
+            {"helpChronywake", QT_TRANSLATE_NOOP("menus", "chrony&wake"), nullptr, {}},
             separator,
-            {"siteTickervantage", QT_TRANSLATE_NOOP("menus", "&Tickervantage on the Web"), {}},
-            {"siteChrony", QT_TRANSLATE_NOOP("menus", "ch&rony on the Web"), {}},
-            {"showDonate", QT_TRANSLATE_NOOP("menus", "D&onate…"), {}},
+            {"siteTickervantage", QT_TRANSLATE_NOOP("menus", "&Tickervantage on the Web"), "applications-internet", {}},
+            {"siteChrony", QT_TRANSLATE_NOOP("menus", "ch&rony on the Web"), "applications-internet", {}},
+            {"showDonate", QT_TRANSLATE_NOOP("menus", "D&onate…"), nullptr, {}},
             separator,
-            {"showAbout", QT_TRANSLATE_NOOP("menus", "&About Tickervantage"), {}}};
+            {"showAbout", QT_TRANSLATE_NOOP("menus", "&About Tickervantage"), "help-about", {}}};
 }
 
 void add_item(QMenu* menu, const Item& item, ApplicationMenus& menus) {
     QAction* action = menu->addAction(Texts::tr(item.text));
     action->setObjectName(QLatin1String(item.name));
     action->setShortcut(item.shortcut);
+    if (item.icon != nullptr)
+        action->setIcon(QIcon::fromTheme(QLatin1String(item.icon)));
     action->setEnabled(false);
     //: tooltip of a menu item that cannot be used
     action->setToolTip(Texts::tr("Not part of this version"));

@@ -4,6 +4,7 @@
 #include "gui/editor/config_sheets.h"
 #include "linux/environment.h"
 #include "linux/kept_files.h"
+#include "settings/settings_catalogue.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -30,7 +31,7 @@ ConfigWindows::ConfigWindows(ConfigWindowsParts parts)
     : m_parts(std::move(parts)),
       m_keeper(std::make_shared<PosixKeptFiles>(m_parts.paths.state.empty() ? "" : m_parts.paths.state + "/unsaved"),
                m_parts.edit_queue, m_parts.logger),
-      m_recent(m_parts.settings), m_background(m_parts.main_thread) {
+      m_recent(m_parts.settings, settings::recent_configurations), m_background(m_parts.main_thread) {
     connect(&m_recent, &RecentFiles::chosen, this, &ConfigWindows::open_path);
 }
 
@@ -86,6 +87,7 @@ void ConfigWindows::connect_editor(ConfigEditor* editor) {
     connect(editor, &ConfigEditor::open_document_wanted, this, &ConfigWindows::open_document);
     connect(editor, &ConfigEditor::open_installed_wanted, this, &ConfigWindows::show_installed);
     connect(editor, &ConfigEditor::path_wanted, this, &ConfigWindows::open_path);
+    connect(editor, &ConfigEditor::file_dropped, this, &ConfigWindows::file_dropped);
 }
 
 void ConfigWindows::forget(ConfigEditor* editor) {

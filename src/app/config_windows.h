@@ -62,6 +62,7 @@ public:
 Q_SIGNALS:
     void is_open_changed(bool is_open);
     void not_opened(const QString& sentence);
+    void file_dropped(const QString& path);                         // on an editor, of any kind
     void install_wanted(ConfigEditor* editor, const QString& text); // the editor hears how it ended
 
 private:

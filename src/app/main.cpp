@@ -32,6 +32,7 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDir>
+#include <QIcon>
 
 #include <cstdio>
 #include <cstdlib>
@@ -85,7 +86,7 @@ public:
     Program& operator=(const Program&) = delete;
 
     int run(const ProgramOptions& options, const DaemonChoice& daemon, const Paths& paths);
-    void another_start(const QStringList& logs);
+    void another_start(const QStringList& files);
 
 private:
     ApplicationParts parts(const Paths& paths, const DaemonChoice& daemon);
@@ -245,8 +246,11 @@ int Program::run(const ProgramOptions& options, const DaemonChoice& daemon, cons
     m_delegate.applicationDidFinishLaunching();
     show_problems();
     m_store.watch(m_main_thread, [this] { m_delegate.settings_changed(); });
-    for (const auto& log : absolute(options.logs))
-        m_delegate.open_log(log);
+    if (options.screenshots.empty())
+        m_delegate.open_files(absolute(options.files));
+    else // at once: the tour begins with what is open
+        for (const auto& log : absolute(options.files))
+            m_delegate.open_log(log);
     if (!options.screenshots.empty())
         start_tour(QString::fromStdString(options.screenshots), daemon, paths);
     const int status = QApplication::exec();
@@ -258,10 +262,10 @@ int Program::run(const ProgramOptions& options, const DaemonChoice& daemon, cons
     return m_delegate.is_stopping() ? 1 : status;
 }
 
-void Program::another_start(const QStringList& logs) {
-    m_logger.log(LogLevel::info, "Another start of the program left the work to this one. Logs to open: " +
-                                     logs.join(QStringLiteral(", ")).toStdString());
-    m_delegate.come_to_front(logs);
+void Program::another_start(const QStringList& files) {
+    m_logger.log(LogLevel::info, "Another start of the program left the work to this one. Files to open: " +
+                                     files.join(QStringLiteral(", ")).toStdString());
+    m_delegate.come_to_front(files);
 }
 
 int fail(const std::string& sentence) {
@@ -288,6 +292,9 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(TICKERVANTAGE_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("net.brisklane.tickervantage"));
     QApplication application(argc, argv);
+    // The desktop's own icons come first; these stand in for those that its theme lacks.
+    QIcon::setFallbackSearchPaths({QString::fromStdString(paths.bundle_resource("icons"))});
+    QApplication::setWindowIcon(QIcon::fromTheme(QApplication::desktopFileName()));
     // Nothing to be done about a bundle without its translations: the texts are English.
     (void)install_translations(application, QLocale::system(),
                                QString::fromStdString(paths.bundle_resource("translations")));
@@ -295,14 +302,14 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     SingleInstance instance;
     const bool is_one_of_many =
         options.demo || !options.screenshots.empty(); // each with a daemon or pictures of its own
-    if (!is_one_of_many && instance.begin(absolute(options.logs), activation_token) == SingleInstance::Role::second) {
+    if (!is_one_of_many && instance.begin(absolute(options.files), activation_token) == SingleInstance::Role::second) {
         std::puts("Tickervantage runs already; its window comes to the front.");
         return 0;
     }
     const DaemonChoice daemon = options.demo ? demonstration_choice(demonstration) : DaemonChoice{};
     Program program(paths, daemon);
     QObject::connect(&instance, &SingleInstance::started_again, &application,
-                     [&program](const QStringList& logs) { program.another_start(logs); });
+                     [&program](const QStringList& files) { program.another_start(files); });
     return program.run(options, daemon, paths);
 }
 

@@ -8,9 +8,9 @@
 namespace tickervantage {
 
 struct ProgramOptions {
-    bool demo = false;             // show a demonstration daemon of the program's own
-    std::vector<std::string> logs; // finished tracking logs to open
-    std::string screenshots;       // a folder: write pictures of the windows there, then end
+    bool demo = false;              // show a demonstration daemon of the program's own
+    std::vector<std::string> files; // finished tracking logs and configurations to open
+    std::string screenshots;        // a folder: write pictures of the windows there, then end
 };
 
 // None: nothing is left to do, and `exit_status` says how to end.

@@ -67,7 +67,7 @@ void PrivilegedMenu::run_chronywake() {
         tell(result);
         if (result.outcome)
             //: alert after a run of chronywake: %1 is what it answered
-            Q_EMIT complained(Texts::tr("chronywake answered: %1").arg(QString::fromStdString(result.output)));
+            Q_EMIT informed(Texts::tr("chronywake answered: %1").arg(QString::fromStdString(result.output)));
         m_cycle.refresh();
     });
 }

@@ -39,6 +39,7 @@ public:
 Q_SIGNALS:
     void removal_wanted(); // by the user, who was not asked yet whether it is meant
     void complained(const QString& sentence);
+    void informed(const QString& sentence);
 
 private:
     void run_chronywake();

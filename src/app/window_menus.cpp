@@ -9,7 +9,9 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QShortcut>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -41,6 +43,12 @@ QMenuBar* menu_bar_of(QWidget& window) {
     return bar;
 }
 
+// What has a size of its own may be larger than a small screen, or one with large letters.
+void shrink_to_screen(QWidget& window) {
+    const QSize frame(0, window.style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    window.resize(window.size().boundedTo(window.screen()->availableSize() - frame));
+}
+
 // As a title bar shows it.
 QString title_of(const QWidget& window) {
     QString title = window.windowTitle();
@@ -57,10 +65,14 @@ WindowMenus::WindowMenus(QMenu& menu, QAction& quit)
 }
 
 bool WindowMenus::eventFilter(QObject* receiver, QEvent* event) {
-    if (event->type() == QEvent::Polish && receiver->isWidgetType()) {
+    const bool is_polish = event->type() == QEvent::Polish;
+    if ((is_polish || event->type() == QEvent::Show) && receiver->isWidgetType()) {
         auto* window = static_cast<QWidget*>(receiver);
-        if (window->windowType() == Qt::Window && !m_windows.contains(window))
+        const bool is_window = window->windowType() == Qt::Window;
+        if (is_polish && is_window && !m_windows.contains(window))
             add_to(*window);
+        if (!is_polish && !event->spontaneous() && (is_window || window->windowType() == Qt::Dialog))
+            shrink_to_screen(*window);
     }
     return QObject::eventFilter(receiver, event);
 }

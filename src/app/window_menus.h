@@ -1,5 +1,6 @@
 // The Window menu, in every window of the program: the windows that can be opened, the main window first, and those
-// that are open. Whichever window is left, all others are reached from it. Main thread only.
+// that are open. Whichever window is left, all others are reached from it. No window comes up larger than the screen.
+// Main thread only.
 #pragma once
 
 #include <QList>

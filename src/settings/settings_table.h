@@ -48,6 +48,7 @@ TV_SETTING(BooleanKey, sync_restart_chronyd, true, "start chronyd after a synchr
 TV_SETTING(IntegerKey, tracking_dateTimeRange, 0,
            "time range: 0 the whole log, 2 to 8 the last 1, 2, 3, 4, 6, 12 or 24 hours", 0, 8, Limit::when_loaded, 1)
 TV_SETTING(IntegerKey, tracking_use_logscale, 1, "logarithmic scale: 1 on, 0 off", 0, 1)
+TV_SETTING(TextListKey, recent_logs, {}, "tracking logs opened last, the newest first")
 TV_SETTING(DoubleKey, tracking_vZoom, 0, "vertical zoom, a power of two", -5, 5)
 TV_SETTING(DoubleKey, tracking_hZoom, 0, "horizontal zoom, a power of two", -20, 5)
 TV_SETTING(DoubleKey, tracking_vScale, 0, "vertical scale, a power of ten", -6, 3)

@@ -34,11 +34,14 @@ private:
 
 // What is said is decided here, how it looks where it is shown.
 
+enum class AlertKind : unsigned char { warning, question, information };
+
 struct Alert {
     std::string identifier; // in the register of warnings
     std::string message = {};
     std::string informative = {};
     std::vector<std::string> buttons = {}; // the last one is also what closing the alert means
+    AlertKind kind = AlertKind::warning;
 };
 
 struct AlertAnswer {

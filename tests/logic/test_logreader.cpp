@@ -107,6 +107,14 @@ TEST_F(LogReaderTest, TheLastFlagComparesTexts) {
     EXPECT_EQ(m_lines, (Lines{{"a", true}, {"b", false}, {"a", true}, {"c", true}}));
 }
 
+TEST(LogStart, ABannerOrARecordMakesALog) {
+    for (const char* log : {"=====\n   Date (UTC)", "2026-11-21 03:59:00 192.0.2.1  2", "\n\n====================="})
+        EXPECT_TRUE(begins_as_log(log)) << log;
+    for (const char* other : {"", "\n", "# chrony.conf\n2026-11-21 03:59:00", "server a.example", "2026-11-21",
+                              "2026-11-2x 03", "=== ours ==="})
+        EXPECT_FALSE(begins_as_log(other)) << other;
+}
+
 TEST_F(LogReaderTest, AReplacedFileIsReadFromItsTop) {
     m_files.create("log", "1\n2\n");
     const auto rename = [&] {

@@ -32,8 +32,8 @@ void pass_through(MemorySettingsStore& from, MemorySettingsStore& to) {
 TEST(RememberedSettings, ComeBackAsTheyWereStored) {
     // In no record: each is loaded and saved where it is used.
     const std::set<std::string_view> elsewhere{"IgnoreWarnings",        "SPECTRUM_duration", "SPECTRUM_interval",
-                                               "recent_configurations", "sync_ntp_server",   "sync_restart_chronyd",
-                                               "sync_timeout"};
+                                               "recent_configurations", "recent_logs",       "sync_ntp_server",
+                                               "sync_restart_chronyd",  "sync_timeout"};
     MemorySettingsStore stored;
     MemorySettingsStore saved;
     for (const auto& setting : all_settings())

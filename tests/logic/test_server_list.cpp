@@ -75,7 +75,7 @@ TEST(ServerList, ChronyLinesLeaveOutWhatChronyDoesItself) {
           {parse_server("t:b.example:10:6:true:pools"), "server b.example iburst\n"},
           {server_data{"t", "two words"}, "# t: A name or an address has no blanks.\n"},
           {server_data{"t", ""}, "# t: A server needs a name or an address.\n"},
-          {server_data{"t", "a", 4, 6}, "# t: The smallest poll is larger than the largest.\n"}})
+          {server_data{"t", "a", 4, 6}, "# t: The shortest interval is longer than the longest.\n"}})
         EXPECT_EQ(chrony_lines({server}), line);
 }
 

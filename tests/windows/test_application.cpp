@@ -5,7 +5,15 @@
 namespace tickervantage {
 namespace {
 
-struct ApplicationTest : testing::RealApplication {};
+struct ApplicationTest : testing::RealApplication {
+    static std::multiset<std::string> titles_of(const char* name) {
+        std::multiset<std::string> titles;
+        for (const auto* window : QApplication::topLevelWidgets())
+            if (window->objectName() == QLatin1String(name) && window->isVisible())
+                titles.insert(window->windowTitle().toStdString());
+        return titles;
+    }
+};
 
 TEST_F(ApplicationTest, OldInstallationIsRemovedInTheBackground) {
     machine_files = {{"/etc/systemd/system/org.tuxfamily.chronyd.service", ""}};
@@ -72,7 +80,9 @@ TEST_F(ApplicationTest, LiveTrackingFollowsTheLogOfTheConfiguredFolder) {
     const auto windows = QApplication::topLevelWidgets();
     const auto found = std::ranges::find(windows, QStringLiteral("TrackingWindow"), &QWidget::objectName);
     ASSERT_NE(found, windows.end());
-    EXPECT_EQ((*found)->windowTitle(), QStringLiteral("/somewhere/else/tracking.log"));
+    EXPECT_EQ((*found)->windowTitle(), QStringLiteral("Tracking log – live"));
+    EXPECT_EQ((*found)->findChild<QLabel*>(QStringLiteral("titleView"))->text(),
+              QStringLiteral("/somewhere/else/tracking.log"));
 }
 
 TEST_F(ApplicationTest, ShortcutsAreUnique) {
@@ -212,6 +222,73 @@ TEST_F(ApplicationTest, AnotherStartBringsTheMainWindowAndItsLogs) {
     const auto windows = QApplication::topLevelWidgets();
     for (const char* title : {"/a/tracking.log", "/b/tracking.log"})
         EXPECT_EQ(std::ranges::count(windows, QLatin1String(title), &QWidget::windowTitle), 1) << title;
+}
+
+// What lies at a path decides, not its name; without a file the name does.
+TEST_F(ApplicationTest, FilesThatAreDroppedOpenWhereTheyBelong) {
+    log_files.create("/l/renamed.conf", "=====\n   Date (UTC) Time\n=====\n");
+    log_files.create("/l/chrony.conf.bak", "# mine\nserver a.example\n");
+    launch();
+    auto& main = application->main_window();
+    const auto drop = [&main](const QList<QUrl>& urls) {
+        QMimeData data;
+        data.setUrls(urls);
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&main, &enter);
+        QDropEvent event(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&main, &event);
+        EXPECT_EQ(event.dropAction(), urls.first().isLocalFile() ? Qt::CopyAction : event.proposedAction());
+        return enter.isAccepted();
+    };
+    EXPECT_TRUE(main.acceptDrops());
+    EXPECT_FALSE(drop({QUrl(QStringLiteral("https://example.net/tracking.log"))}));
+    EXPECT_TRUE(drop({QUrl::fromLocalFile(QStringLiteral("/l/renamed.conf")),
+                      QUrl::fromLocalFile(QStringLiteral("/l/tracking.log")),
+                      QUrl::fromLocalFile(QStringLiteral("/l/chrony.conf.bak"))}));
+    settle();
+    EXPECT_EQ(titles_of("TrackingWindow"), (std::multiset<std::string>{"/l/renamed.conf", "/l/tracking.log"}));
+    const auto* alert = main.findChild<QMessageBox*>(); // there is no such document: the editor said so
+    ASSERT_NE(alert, nullptr);
+    EXPECT_TRUE(alert->text().contains(QLatin1String("/l/chrony.conf.bak"))) << alert->text().toStdString();
+    EXPECT_EQ(alert->icon(), QMessageBox::Critical);
+}
+
+TEST_F(ApplicationTest, ALogThatIsOpenComesToTheFront) {
+    launch();
+    application->open_log(QStringLiteral("/a/tracking.log"));
+    auto* first = window("TrackingWindow");
+    first->showMinimized();
+    application->open_log(QStringLiteral("/a/tracking.log"));
+    EXPECT_FALSE(first->isMinimized());
+    application->open_log(QStringLiteral("/b/tracking.log"));
+    EXPECT_EQ(titles_of("TrackingWindow"), (std::multiset<std::string>{"/a/tracking.log", "/b/tracking.log"}));
+}
+
+TEST_F(ApplicationTest, NoWindowIsLargerThanTheScreen) {
+    launch();
+    const QSize screen = application->main_window().screen()->availableSize();
+    item("showServers")->trigger();
+    auto* servers = window("ServersWindow");
+    servers->close();
+    servers->resize(2 * screen);
+    item("showServers")->trigger();
+    EXPECT_EQ(servers->size(), servers->size().boundedTo(screen));
+}
+
+// Small letters on a large screen, and large ones on a small one: 1366 by 768, at twice the size.
+TEST_F(ApplicationTest, EveryWindowCanBeMadeSmall) {
+    launch();
+    for (const char* window : {"liveTracking", "showSpectrum", "showFreqTemp", "showFreqInspector", "showServers",
+                               "showPreferences", "newConfiguration", "helpFirstUse"})
+        item(window)->trigger();
+    settle();
+    for (const char* name : {"TrackingWindow", "SpectrumWindow", "FreqTempWindow", "SensorInspector", "ServersWindow",
+                             "Preferences", "ConfigEditor", "HelpViewer"}) {
+        ASSERT_NE(window(name), nullptr) << name;
+        const QSize least = window(name)->minimumSizeHint().expandedTo(window(name)->minimumSize());
+        EXPECT_LE(least.width(), 683) << name;
+        EXPECT_LE(least.height(), 384 - 40) << name;
+    }
 }
 
 // The window of frequency and temperature is opened before or after the main window is closed.

@@ -392,6 +392,7 @@ TEST_F(ConfigEditorTest, ADroppedFileOpensAndLinesCanBeInserted) {
     };
     QMimeData dropped;
     dropped.setUrls({QUrl::fromLocalFile(path("a.conf"))});
+    QObject::connect(windows.get(), &ConfigWindows::file_dropped, windows.get(), &ConfigWindows::open_path);
     (text()->*&Text::insertFromMimeData)(&dropped);
     settle();
     EXPECT_EQ(editors().size(), 2U);

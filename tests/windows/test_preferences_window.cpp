@@ -211,7 +211,7 @@ TEST_F(PreferencesTest, ArgumentsOutOfRangeAreSaidAndNotTaken) {
     open();
     for (const char* text : {"0", "x", "1001", "4.5", ""}) {
         type("m_burst_good", text);
-        EXPECT_TRUE(words("wake_words").starts_with("Good measurements: ")) << text;
+        EXPECT_TRUE(words("wake_words").starts_with("Good measurements wanted from each source: ")) << text;
         EXPECT_EQ(general.burst_good, 4) << text;
         EXPECT_FALSE(find<QPushButton>("saveArguments")->isEnabled());
     }

@@ -172,15 +172,15 @@ TEST_F(SpectrumWindowTest, TheBarPointedAtIsRead) {
     QMouseEvent move(QEvent::MouseMove, bounds, chart()->mapToGlobal(bounds), Qt::NoButton, Qt::NoButton,
                      Qt::NoModifier);
     QApplication::sendEvent(chart(), &move);
-    EXPECT_TRUE(status().startsWith(QStringLiteral("Bin 3: 0.0625 Hz, a period of 16 s"))) << status().toStdString();
+    EXPECT_TRUE(status().startsWith(QStringLiteral("Bar 3: repeats every 16 s (0.0625 Hz)"))) << status().toStdString();
     EXPECT_TRUE(status().endsWith(QStringLiteral("(mirror image)"))) << status().toStdString();
     const auto status_after = [this](int key) {
         testing::press_key(chart(), key);
         return status();
     };
-    EXPECT_TRUE(status_after(Qt::Key_Home).startsWith(QStringLiteral("Bin 0, the mean:")));
+    EXPECT_TRUE(status_after(Qt::Key_Home).startsWith(QStringLiteral("Bar 0, the mean:")));
     const QString first = status_after(Qt::Key_Right);
-    EXPECT_TRUE(first.startsWith(QStringLiteral("Bin 1: 0.0625 Hz")) && !first.contains(u"mirror"))
+    EXPECT_TRUE(first.startsWith(QStringLiteral("Bar 1: repeats every 16 s")) && !first.contains(u"mirror"))
         << first.toStdString();
     QEvent leave(QEvent::Leave);
     QApplication::sendEvent(chart(), &leave);

@@ -191,15 +191,15 @@ const char* sentence_of(ServerProblem problem) {
         //: server window: said below a field whose value is not valid
         TV_TEXT("servers", "A name or an address has no blanks."),
         //: server window: said below a field whose value is not valid
-        TV_TEXT("servers", "The largest poll is not a whole number."),
+        TV_TEXT("servers", "The longest interval is not a whole number."),
         //: server window: said below a field whose value is not valid
-        TV_TEXT("servers", "The smallest poll is not a whole number."),
+        TV_TEXT("servers", "The shortest interval is not a whole number."),
         //: server window: said below a field whose value is not valid
-        TV_TEXT("servers", "The largest poll is at most 16 (18 hours)."),
+        TV_TEXT("servers", "The longest interval is at most 16 (18 hours)."),
         //: server window: said below a field whose value is not valid
-        TV_TEXT("servers", "The smallest poll is at most 16 (18 hours)."),
+        TV_TEXT("servers", "The shortest interval is at most 16 (18 hours)."),
         //: server window: said below a field whose value is not valid
-        TV_TEXT("servers", "The smallest poll is larger than the largest."),
+        TV_TEXT("servers", "The shortest interval is longer than the longest."),
         //: server window: said below a field whose value is not valid
         TV_TEXT("servers", "A title needs a letter or two."),
         //: server window: said below a field whose value is not valid

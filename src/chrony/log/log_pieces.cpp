@@ -106,6 +106,16 @@ LogPieces::Next LogPieces::next(std::string& text, std::optional<Failure>& reaso
     return Next::end;
 }
 
+bool begins_as_log(std::string_view start) {
+    const std::string_view line = take_line(start);
+    constexpr std::string_view banner = "====";
+    constexpr std::string_view day = "0000-00-00 ";
+    const auto fits = [](char letter, char pattern) {
+        return pattern == '0' ? letter >= '0' && letter <= '9' : letter == pattern;
+    };
+    return line.starts_with(banner) || std::ranges::equal(line.substr(0, day.size()), day, fits);
+}
+
 namespace {
 
 // The line feeds of the piece are counted on the way, those of empty lines too.

@@ -52,6 +52,9 @@ private:
 // The last line of the text that is not empty.
 [[nodiscard]] std::string_view last_line_of(std::string_view text);
 
+// Whether a text that begins so is a log of chronyd's: with a banner, or a record.
+[[nodiscard]] bool begins_as_log(std::string_view start);
+
 // Reads a whole log, line by line. A failure names `name`; lines before the damage were handed out.
 using PlainLine = std::function<void(std::string_view line)>;
 using NumberedLine = std::function<void(std::string_view line, std::size_t number)>; // from 1, empty lines counted

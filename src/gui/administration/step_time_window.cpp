@@ -73,7 +73,7 @@ StepTime::StepTime(QWidget* parent) : QDialog(parent) {
     close_button->setAutoDefault(false);
     auto* form = new QFormLayout;
     //: step window: label
-    form->addRow(tr("&Offset (s):"), m_offset);
+    form->addRow(tr("&Move the clock by (seconds):"), m_offset);
     form->addRow(QString(), m_words);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);

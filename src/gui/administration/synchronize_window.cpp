@@ -94,7 +94,7 @@ void Synchronize::build() {
     form->addRow(tr("S&erver:"), m_server);
     auto* timeout_title = new QLabel(
         //: synchronise window: label of the number of seconds
-        tr("&Time-out:"), this);
+        tr("&Give up after:"), this);
     timeout_title->setBuddy(m_timeout);
     form->addRow(timeout_title, ph_timeout);
     form->addRow(QString(), m_restart_chronyd);

@@ -63,8 +63,10 @@ PlotExport::PlotExport(QWidget* window, QWidget* widget, ExportedPlot& plot, con
     m_widget->setContextMenuPolicy(Qt::ActionsContextMenu);
     //: plot windows: menu item, the plot goes to the clipboard
     m_copy = add_action("copy_picture", Texts::tr("&Copy Picture"), QKeySequence::Copy, &PlotExport::copy_picture);
+    m_copy->setIcon(QIcon::fromTheme(QStringLiteral("edit-copy")));
     //: plot windows: menu item, the plot or its numbers go to a file
     m_export = add_action("export_action", Texts::tr("E&xport…"), QKeySequence::Save, &PlotExport::ask_for_file);
+    m_export->setIcon(QIcon::fromTheme(QStringLiteral("document-save-as")));
 }
 
 QAction* PlotExport::add_action(const char* name, const QString& text, const QKeySequence& keys,

@@ -176,8 +176,9 @@ void ConfigEditor::apply_save(const QString& path, int edits, const SaveAnswer& 
     const bool is_passing = isInstalledConfig && path == m_path;
     if (!is_passing && m_controls.m_config->edits() == edits)
         m_controls.m_config->document()->setModified(false);
-    //: configuration editor: said after saving; %1 a path
-    say(tr("Saved %1.").arg(path));
+    if (!is_passing) // else the copy's place tells nobody anything
+        //: configuration editor: said after saving; %1 a path
+        say(tr("Saved %1.").arg(path));
     if (path != m_path) {
         m_path = path;
         isInstalledConfig = false;

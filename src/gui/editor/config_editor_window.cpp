@@ -118,7 +118,7 @@ void ConfigEditor::connect_controls() {
     });
     m_keep_timer.setSingleShot(true);
     connect(&m_keep_timer, &QTimer::timeout, this, &ConfigEditor::keep_edit);
-    connect(m_controls.m_config, &ConfigText::file_dropped, this, &ConfigEditor::path_wanted);
+    connect(m_controls.m_config, &ConfigText::file_dropped, this, &ConfigEditor::file_dropped);
     connect(m_controls.warnings, &QListWidget::currentRowChanged, this, [this](int row) {
         if (const auto* item = m_controls.warnings->item(row))
             m_controls.m_config->select_line(item->data(Qt::UserRole).toLongLong());

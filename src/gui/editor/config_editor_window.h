@@ -14,10 +14,10 @@
 #include "chrony/configuration/config_document.h"
 #include "chrony/configuration/configuration_check.h"
 #include "chrony/configuration/kept_edit.h"
+#include "gui/common/recent_files.h"
 #include "gui/editor/check_image.h"
 #include "gui/editor/config_controls.h"
 #include "gui/editor/config_menus.h"
-#include "gui/editor/recent_files.h"
 #include "settings/preferences.h"
 
 #include <QMainWindow>
@@ -82,6 +82,7 @@ Q_SIGNALS:
     void open_document_wanted();
     void open_installed_wanted();
     void path_wanted(const QString& path);
+    void file_dropped(const QString& path); // of any kind
     void windowDidBecomeMain();
     void windowWillClose();
     void settled(); // a text was loaded, or a check, save or installation came to its end

@@ -120,10 +120,9 @@ QString words_of(const ConfigurationWarning& warning) {
 }
 
 void show_syntax_ok(QWidget* window, const std::vector<ConfigurationWarning>& warnings) {
-    const auto icon = warnings.empty() ? QMessageBox::Information : QMessageBox::Warning;
     show_with_dismiss(
         //: syntax sheet: message
-        sheet(window, "syntax_ok", icon, Texts::tr("Chrony configuration file syntax OK"),
+        sheet(window, "syntax_ok", QMessageBox::Information, Texts::tr("Chrony configuration file syntax OK"),
               //: syntax sheet: informative text
               Texts::tr("Config file syntax is OK and is suitable for installation") + first_warnings(warnings)));
 }
@@ -147,7 +146,7 @@ void show_doubt(QWidget* window, const ConfigError& error) {
 }
 
 void show_failure(QWidget* window, const QString& what, const QString& sentence) {
-    show_with_dismiss(sheet(window, "failure", QMessageBox::Warning, what, sentence));
+    show_with_dismiss(sheet(window, "failure", QMessageBox::Critical, what, sentence));
 }
 
 void ask_to_install(QWidget* window, const QString& path, const InstallationChange& change,

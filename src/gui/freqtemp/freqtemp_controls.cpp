@@ -17,6 +17,7 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+#include <array>
 #include <initializer_list>
 
 namespace tickervantage {
@@ -79,15 +80,15 @@ void build_check_boxes(QWidget* parent, FreqTempControls& controls) {
                                          //: frequency and temperature window: tooltip of “Points”
                                          Texts::tr("Show every point that was measured"));
     //: frequency and temperature window: check box and its tooltip
-    controls.m_show_mean_frequency = box("m_show_mean_frequency", Texts::tr("&Mean"),
+    controls.m_show_mean_frequency = box("m_show_mean_frequency", Texts::tr("&Mean per degree"),
                                          //: frequency and temperature window: tooltip of “Mean”
                                          Texts::tr("Show the mean frequency at each degree"));
     //: frequency and temperature window: check box and its tooltip
-    controls.m_show_freq_bounds = box("m_show_freq_bounds", Texts::tr("&Bounds"),
+    controls.m_show_freq_bounds = box("m_show_freq_bounds", Texts::tr("Curve's sp&read"),
                                       //: frequency and temperature window: tooltip of “Bounds”
                                       Texts::tr("Show one standard deviation above and below the fitted curve"));
     //: frequency and temperature window: check box and its tooltip
-    controls.m_show_last_record = box("m_show_last_record", Texts::tr("&Newest"),
+    controls.m_show_last_record = box("m_show_last_record", Texts::tr("&Newest point"),
                                       //: frequency and temperature window: tooltip of “Newest”
                                       Texts::tr("Mark each sensor's newest point"));
 }
@@ -105,6 +106,7 @@ void build_buttons(QWidget* parent, FreqTempControls& controls) {
                                    Texts::tr("Export"),
                                    //: frequency and temperature window: tooltip of that button
                                    Texts::tr("Save the plot as a picture, or the points shown as CSV (Ctrl+S)"));
+    controls.export_button->setIcon(QIcon::fromTheme(QStringLiteral("document-save-as")));
 }
 
 void build_texts(QWidget* parent, FreqTempControls& controls) {
@@ -137,7 +139,7 @@ void build_max_samples(QWidget* parent, FreqTempControls& controls) {
     auto* row = new QHBoxLayout(controls.m_ph_maxsamples);
     row->setContentsMargins(0, 0, 0, 0);
     //: frequency and temperature window: name and tooltip of the field with the most points that are kept
-    controls.m_maxsamples = named(new QSpinBox(controls.m_ph_maxsamples), "m_maxsamples", Texts::tr("Most samples"),
+    controls.m_maxsamples = named(new QSpinBox(controls.m_ph_maxsamples), "m_maxsamples", Texts::tr("Most points"),
                                   //: frequency and temperature window: tooltip of the field with the most points
                                   Texts::tr("The most points kept for a sensor; the oldest go first"));
     controls.m_maxsamples->setRange(static_cast<int>(settings::max_samples.minimum),
@@ -146,29 +148,34 @@ void build_max_samples(QWidget* parent, FreqTempControls& controls) {
     row->addWidget(controls.m_maxsamples);
 }
 
-QLayout* top_row(QWidget* parent, const FreqTempControls& controls) {
-    auto* row = new QHBoxLayout;
-    row->addWidget(controls.m_select_sensor);
+// Two rows: one would be wider than a small screen.
+QLayout* rows_above(QWidget* parent, const FreqTempControls& controls) {
+    auto* what = new QHBoxLayout;
+    what->addWidget(controls.m_select_sensor);
     //: frequency and temperature window: label of the menu that chooses the fitted curve
-    auto* label = new QLabel(Texts::tr("&Fit:"), parent);
+    auto* label = new QLabel(Texts::tr("C&urve:"), parent);
     label->setBuddy(controls.m_order);
-    row->addWidget(label);
-    row->addWidget(controls.m_order);
-    row->addSpacing(6);
+    what->addWidget(label);
+    what->addWidget(controls.m_order);
+    what->addStretch(1);
+    what->addWidget(controls.clear);
+    what->addWidget(controls.export_button);
+    auto* shown = new QHBoxLayout;
     for (auto* box : {controls.m_show_scatter_points, controls.m_show_mean_frequency, controls.m_show_freq_bounds,
                       controls.m_show_last_record})
-        row->addWidget(box);
-    row->addStretch(1);
-    row->addWidget(controls.clear);
-    row->addWidget(controls.export_button);
-    return row;
+        shown->addWidget(box);
+    shown->addStretch(1);
+    auto* rows = new QVBoxLayout;
+    rows->addLayout(what);
+    rows->addLayout(shown);
+    return rows;
 }
 
 QLayout* bottom_row(QWidget* parent, const FreqTempControls& controls) {
     auto* row = new QHBoxLayout;
     row->addWidget(controls.reading, 1);
     //: frequency and temperature window: label of the number of points
-    row->addWidget(new QLabel(Texts::tr("Samples:"), parent));
+    row->addWidget(new QLabel(Texts::tr("Points:"), parent));
     row->addWidget(controls.m_samples);
     //: frequency and temperature window: label of the field behind the number of points
     auto* label = new QLabel(Texts::tr("of at m&ost"), parent);
@@ -191,8 +198,12 @@ FreqTempControls build_freqtemp_controls(QWidget* parent) {
         named(new FreqTempPlot(parent), "m_scatterplot", Texts::tr("Frequency against temperature"), QString());
     build_texts(parent, controls);
     build_max_samples(parent, controls);
+    const std::array<QWidget*, 5> as_seen{controls.m_select_sensor, controls.m_order, controls.clear,
+                                          controls.export_button, controls.m_show_scatter_points};
+    for (std::size_t i = 1; i < as_seen.size(); ++i)
+        QWidget::setTabOrder(as_seen[i - 1], as_seen[i]);
     auto* column = new QVBoxLayout(parent);
-    column->addLayout(top_row(parent, controls));
+    column->addLayout(rows_above(parent, controls));
     column->addWidget(controls.m_scatterplot, 1);
     column->addWidget(controls.legend);
     column->addLayout(bottom_row(parent, controls));

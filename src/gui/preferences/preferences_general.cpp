@@ -436,7 +436,7 @@ void PreferencesGeneralPane::show_wake_test(const Result<std::string>& answer) {
         //: alert after a test of chronywake that gave no answer
         box->setInformativeText(words.isEmpty() ? tr("It gave no answer.") : words);
     box->setObjectName(QStringLiteral("chronywake_alert"));
-    box->setIcon(good ? QMessageBox::Information : QMessageBox::Warning);
+    box->setIcon(good ? QMessageBox::Information : QMessageBox::Critical);
     //: button of an alert
     box->addButton(tr("Dismiss"), QMessageBox::AcceptRole);
     box->open();

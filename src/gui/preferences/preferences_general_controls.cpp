@@ -118,53 +118,49 @@ QGroupBox* build_path_group(QWidget* parent, PreferencesGeneralControls& control
     return group;
 }
 
-QLineEdit* add_argument(QGridLayout* grid, int place, const char* object_name, const QString& label,
-                        const QString& tooltip) {
-    QWidget* parent = grid->parentWidget();
+QLineEdit* add_argument(QFormLayout* form, const char* object_name, const QString& label, const QString& tooltip) {
+    QWidget* parent = form->parentWidget();
     const QString name = QString(label).remove(QLatin1Char('&')).remove(QLatin1Char(':'));
     auto* field = named(new QLineEdit(parent), object_name, name, tooltip);
     field->setMinimumWidth(field->fontMetrics().averageCharWidth() * NUMBER_FIGURES);
-    auto* title = new QLabel(label, parent);
-    title->setBuddy(field);
-    const int column = 2 * (place % 2);
-    grid->addWidget(title, place / 2, column);
-    grid->addWidget(field, place / 2, column + 1);
+    form->addRow(label, field);
     return field;
 }
 
-void build_arguments(QGridLayout* grid, PreferencesGeneralControls& controls) {
-    //: General preferences: labels of chronywake's arguments, each with its tooltip
-    controls.m_make_thresh = add_argument(grid, 0, "m_make_thresh", Texts::tr("Step beyond (&s):"),
-                                          //: General preferences: tooltip of chronywake's first field
-                                          Texts::tr("Step the clock when it is off by more than so many seconds"));
+// A label says what its field is for: what happens after waking up is new to most.
+void build_arguments(QFormLayout* form, PreferencesGeneralControls& controls) {
+    controls.m_make_thresh =
+        add_argument(form, "m_make_thresh",
+                     //: General preferences: labels of chronywake's arguments, each with its tooltip
+                     Texts::tr("Set the clock at once if it is off &by (seconds):"),
+                     //: General preferences: tooltip of chronywake's first field
+                     Texts::tr("What is off by less is corrected slowly, without a jump"));
     controls.m_make_limit =
-        add_argument(grid, 1, "m_make_limit",
+        add_argument(form, "m_make_limit",
                      //: General preferences: label; in how many updates after waking the clock may be stepped
-                     Texts::tr("Steps &in:"),
-                     //: General preferences: tooltip of “Steps in”
-                     Texts::tr("Step in at most so many updates; −1: in any number"));
+                     Texts::tr("… &in the first so many updates:"),
+                     //: General preferences: tooltip of “… in the first so many updates”
+                     Texts::tr("Later updates never make the clock jump; −1: any update may"));
     controls.m_burst_good =
-        add_argument(grid, 2, "m_burst_good",
+        add_argument(form, "m_burst_good",
                      //: General preferences: label; measurements wanted from each source after waking
-                     Texts::tr("G&ood measurements:"),
-                     //: General preferences: tooltip of “Good measurements”
-                     Texts::tr("Measurements wanted from each source"));
-    controls.m_burst_max = add_argument(grid, 3, "m_burst_max",
+                     Texts::tr("G&ood measurements wanted from each source:"),
+                     //: General preferences: tooltip of “Good measurements wanted from each source”
+                     Texts::tr("chronyd stops asking a source once it has so many"));
+    controls.m_burst_max = add_argument(form, "m_burst_max",
                                         //: General preferences: label; measurements tried with each source after waking
-                                        Texts::tr("At &most:"),
-                                        //: General preferences: tooltip of “At most”
-                                        Texts::tr("Measurements tried with each source"));
+                                        Texts::tr("&Most requests sent to each source:"),
+                                        //: General preferences: tooltip of “Most requests sent to each source”
+                                        Texts::tr("chronyd gives up on a source after so many, answered or not"));
     controls.m_burst_netmask =
-        add_argument(grid, 4, "m_burst_netmask",
+        add_argument(form, "m_burst_netmask",
                      //: General preferences: label; the network whose sources are asked after waking
-                     Texts::tr("Sou&rces in:"),
-                     //: General preferences: tooltip of “Sources in”
+                     Texts::tr("Ask only sou&rces in this network:"),
+                     //: General preferences: tooltip of “Ask only sources in this network”
                      Texts::tr("A mask and an address, such as 255.255.255.0/192.0.2.0; empty: all sources"));
     controls.m_burst_netmask->setPlaceholderText(
         //: General preferences: shown in the empty field of the sources that chronywake asks
         Texts::tr("all"));
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 1);
 }
 
 QLayout* build_wake_buttons(QWidget* parent, PreferencesGeneralControls& controls) {
@@ -200,12 +196,13 @@ QGroupBox* build_wake_group(QWidget* parent, PreferencesGeneralControls& control
                   Texts::tr("I&nstall chronywake"),
                   //: General preferences: tooltip of the box that installs chronywake
                   Texts::tr("Install the program that sets the clock right after the machine wakes up"));
-    auto* grid = new QGridLayout;
+    auto* form = new QFormLayout;
+    form->setRowWrapPolicy(QFormLayout::WrapLongRows); // a small screen, a long language
     auto* column = new QVBoxLayout(group);
     column->addWidget(controls.m_install_wake);
-    column->addLayout(grid);
-    build_arguments(grid, controls);
-    controls.wake_words = words_below(group, "wake_words", 1);
+    column->addLayout(form);
+    build_arguments(form, controls);
+    controls.wake_words = words_below(group, "wake_words", 2);
     column->addWidget(controls.wake_words);
     column->addLayout(build_wake_buttons(group, controls));
     return group;

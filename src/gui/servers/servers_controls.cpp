@@ -91,26 +91,26 @@ void build_fields(ServersControls& controls) {
     controls.m_minpoll =
         named(new QLineEdit(parent), "m_minpoll",
               //: server window: name of the field with chrony's minpoll, and its tooltip
-              Texts::tr("Smallest poll"),
-              //: server window: tooltip of “Smallest poll”
+              Texts::tr("Shortest interval"),
+              //: server window: tooltip of “Shortest interval”
               Texts::tr("minpoll: the shortest time between two requests, as a power of 2 in seconds"));
     controls.minpoll_words = words_below(parent, "minpoll_words", 2);
     controls.m_maxpoll = named(new QLineEdit(parent), "m_maxpoll",
                                //: server window: name of the field with chrony's maxpoll, and its tooltip
-                               Texts::tr("Largest poll"),
-                               //: server window: tooltip of “Largest poll”
+                               Texts::tr("Longest interval"),
+                               //: server window: tooltip of “Longest interval”
                                Texts::tr("maxpoll: the longest time between two requests, as a power of 2 in seconds"));
     controls.maxpoll_words = words_below(parent, "maxpoll_words", 2);
     //: server window: check box
-    controls.m_iburst = named(new QCheckBox(Texts::tr("Start with a &burst of requests"), parent), "m_iburst",
+    controls.m_iburst = named(new QCheckBox(Texts::tr("Ask a few times quickly at the &start"), parent), "m_iburst",
                               //: server window: name of that check box, and its tooltip
-                              Texts::tr("Start with a burst of requests"),
+                              Texts::tr("Ask a few times quickly at the start"),
                               //: server window: tooltip of the box for iburst
-                              Texts::tr("iburst: a few quick requests at the start set the clock sooner"));
+                              Texts::tr("iburst: four requests within seconds set the clock sooner"));
     //: server window: check box
-    controls.pool = named(new QCheckBox(Texts::tr("A name of &several servers (pool)"), parent), "pool",
+    controls.pool = named(new QCheckBox(Texts::tr("The name stands for several ser&vers (pool)"), parent), "pool",
                           //: server window: name of that check box, and its tooltip
-                          Texts::tr("A name of several servers"),
+                          Texts::tr("The name stands for several servers"),
                           //: server window: tooltip of the box for a pool
                           Texts::tr("pool: chrony takes several of the servers that the name stands for"));
     for (auto* field : {controls.m_minpoll, controls.m_maxpoll})
@@ -130,11 +130,11 @@ void build_record(QWidget* parent, ServersControls& controls) {
     form->addRow(QString(), controls.name_words);
     form->addRow(
         //: server window: label of the field with minpoll
-        Texts::tr("S&mallest poll:"), controls.m_minpoll);
+        Texts::tr("Sho&rtest interval:"), controls.m_minpoll);
     form->addRow(QString(), controls.minpoll_words);
     form->addRow(
         //: server window: label of the field with maxpoll
-        Texts::tr("&Largest poll:"), controls.m_maxpoll);
+        Texts::tr("&Longest interval:"), controls.m_maxpoll);
     form->addRow(QString(), controls.maxpoll_words);
     form->addRow(QString(), controls.m_iburst);
     form->addRow(QString(), controls.pool);

@@ -64,6 +64,7 @@ void build_fields(QWidget* parent, SpectrumControls& controls) {
                                    Texts::tr("Export"),
                                    //: spectrum window: tooltip of that button
                                    Texts::tr("Save the chart as a picture, or its numbers as CSV (Ctrl+S)"));
+    controls.export_button->setIcon(QIcon::fromTheme(QStringLiteral("document-save-as")));
     controls.export_button->setEnabled(false);
 }
 
@@ -85,20 +86,25 @@ void add_labelled(QHBoxLayout* row, const QString& text, QWidget* field) {
     row->addWidget(field);
 }
 
-QLayout* top_row(const SpectrumControls& controls) {
-    auto* row = new QHBoxLayout;
+// Two rows: one would be wider than a small screen.
+QLayout* rows_above(const SpectrumControls& controls) {
+    auto* what = new QHBoxLayout;
     //: spectrum window: label of the series menu
-    add_labelled(row, Texts::tr("&Series:"), controls.m_selector);
-    row->addSpacing(6);
+    add_labelled(what, Texts::tr("&Series:"), controls.m_selector);
+    what->addStretch(1);
+    what->addWidget(controls.export_button);
+    auto* samples = new QHBoxLayout;
     //: spectrum window: label of the field with the seconds between two samples
-    add_labelled(row, Texts::tr("&Interval (s):"), controls.m_sampleinterval);
-    row->addSpacing(6);
-    //: spectrum window: label of the field with the seconds analysed
-    add_labelled(row, Texts::tr("&Duration (s):"), controls.m_sampleduration);
-    row->addStretch(1);
-    row->addWidget(controls.compute);
-    row->addWidget(controls.export_button);
-    return row;
+    add_labelled(samples, Texts::tr("A sample &every (s):"), controls.m_sampleinterval);
+    samples->addSpacing(6);
+    //: spectrum window: label of the field with the seconds analysed, up to the newest record
+    add_labelled(samples, Texts::tr("Of the &last (s):"), controls.m_sampleduration);
+    samples->addStretch(1);
+    samples->addWidget(controls.compute);
+    auto* rows = new QVBoxLayout;
+    rows->addLayout(what);
+    rows->addLayout(samples);
+    return rows;
 }
 
 } // namespace
@@ -108,7 +114,7 @@ SpectrumControls build_spectrum_controls(QWidget* parent) {
     build_fields(parent, controls);
     build_chart(parent, controls);
     auto* column = new QVBoxLayout(parent);
-    column->addLayout(top_row(controls));
+    column->addLayout(rows_above(controls));
     column->addWidget(controls.m_spectrum, 1);
     column->addWidget(controls.status);
     return controls;

@@ -205,7 +205,7 @@ void SpectrumWindow::show_answer_text(const Answer& answer) {
     //: spectrum window: said when the chart has no bars
     const QString too_few = tr("The tracking log has fewer than two records: there is nothing to analyse yet.");
     //: spectrum window: what the chart shows; %1 the series, %2 and %3 whole numbers
-    const QString shown = tr("%1: %2 samples, %3 bins; the shaded half is a mirror image.")
+    const QString shown = tr("%1: %2 samples as %3 bars, slow changes at the left; the shaded half mirrors the other.")
                               .arg(title_of(answer.spectrum->series), QLocale().toString(answer.spectrum->count),
                                    QLocale().toString(answer.spectrum->length));
     const QString doubt = doubt_words(*answer.spectrum);

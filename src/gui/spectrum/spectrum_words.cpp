@@ -52,9 +52,9 @@ QString words_of(const SpectrumReading& reading) {
     const QString bin = locale.toString(static_cast<qulonglong>(reading.bin));
     if (!reading.period)
         //: spectrum window: the first bar is pointed at; %1 its number, %2 its height
-        return Texts::tr("Bin %1, the mean: magnitude %2").arg(bin, number(reading.magnitude));
+        return Texts::tr("Bar %1, the mean: height %2").arg(bin, number(reading.magnitude));
     //: spectrum window: the bar pointed at; %1 its number, %2 a frequency, %3 a time, %4 its height
-    const QString text = Texts::tr("Bin %1: %2 Hz, a period of %3 s, magnitude %4")
+    const QString text = Texts::tr("Bar %1: repeats every %3 s (%2 Hz), height %4")
                              .arg(bin, number(reading.frequency), number(*reading.period), number(reading.magnitude));
     //: spectrum window: %1 a bar of the upper half as above
     return reading.is_mirrored ? Texts::tr("%1 (mirror image)").arg(text) : text;

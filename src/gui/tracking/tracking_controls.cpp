@@ -105,12 +105,15 @@ void build_buttons(QWidget* central, TrackingControls& controls) {
     controls.export_button = named(new QPushButton(Texts::tr("E&xport…"), central), "export",
                                    //: tracking window: tooltip of that button
                                    Texts::tr("Save the graph as a picture, or its records as CSV (Ctrl+S)"));
+    controls.export_button->setIcon(QIcon::fromTheme(QStringLiteral("document-save-as")));
     //: tracking window: name of the button that exports
     controls.export_button->setAccessibleName(Texts::tr("Export"));
     //: tracking window: name of the pair of buttons that stop and resume a live graph
     controls.pauseplay = named(new QWidget(central), "pauseplay", Texts::tr("Pause or resume"));
-    const auto button = [&controls](const QString& text, const QString& tip) {
+    const auto button = [&controls](const char* icon, const QString& text, const QString& tip) {
         auto* made = new QToolButton(controls.pauseplay);
+        made->setIcon(QIcon::fromTheme(QLatin1String(icon)));
+        made->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         made->setText(text);
         made->setToolTip(tip);
         made->setAccessibleName(tip);
@@ -118,11 +121,11 @@ void build_buttons(QWidget* central, TrackingControls& controls) {
         return made;
     };
     //: tracking window: button and its tooltip
-    controls.pause = button(Texts::tr("Pause"),
+    controls.pause = button("media-playback-pause", Texts::tr("Pause"),
                             //: tracking window: tooltip of the button Pause
                             Texts::tr("Stop the graph at this moment"));
     //: tracking window: button and its tooltip
-    controls.play = button(Texts::tr("Play"),
+    controls.play = button("media-playback-start", Texts::tr("Play"),
                            //: tracking window: tooltip of the button Play
                            Texts::tr("Let the graph run"));
     auto* group = new QButtonGroup(controls.pauseplay);
@@ -241,9 +244,9 @@ TrackingControls build_tracking_controls(QWidget* central, PerformanceGraph& gra
     controls.trackingView->setAccessibleName(Texts::tr("Tracking graph"));
     build_empty(controls);
     //: tracking window: tooltips of the three sliders
-    controls.hZoom = slider(central, "hZoom", Texts::tr("Horizontal zoom"), settings::tracking_hZoom);
+    controls.hZoom = slider(central, "hZoom", Texts::tr("Zoom in on a shorter time"), settings::tracking_hZoom);
     //: tracking window: tooltip of a slider
-    controls.vZoom = slider(central, "vZoom", Texts::tr("Vertical zoom"), settings::tracking_vZoom);
+    controls.vZoom = slider(central, "vZoom", Texts::tr("Zoom in on smaller values"), settings::tracking_vZoom);
     controls.vScale = unit_slider(central);
     build_fit(central, controls);
     controls.legend = new LegendView(central);

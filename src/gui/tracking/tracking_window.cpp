@@ -197,7 +197,8 @@ void TrackingWindow::fit() {
 }
 
 PlotCaption TrackingWindow::plot_caption() const {
-    return caption_of(m_view, m_controls.trackingView->frame(), m_controls.trackingView->visible(), m_logname);
+    return caption_of(m_view, m_controls.trackingView->frame(), m_controls.trackingView->visible(),
+                      m_controls.titleView->text());
 }
 
 void TrackingWindow::apply_legend() {
@@ -238,6 +239,11 @@ void TrackingWindow::set_log(const QString& path, bool live) {
     apply_legend();
     if (!m_trackinglog)
         load_log();
+}
+
+void TrackingWindow::show_titles(const QString& title, const QString& heading) {
+    setWindowTitle(title);
+    m_controls.titleView->setText(heading);
 }
 
 void TrackingWindow::load_log() {

@@ -51,6 +51,11 @@ public:
 
     void windowDidLoad(); // once, before the window is shown
     void set_log(const QString& path, bool live);
+    [[nodiscard]] const QString& log_name() const { return m_logname; } // its path
+    [[nodiscard]] bool is_live() const { return m_empty.is_live; }
+
+    // In place of the log's path, which stands in both at first: for a path that tells nobody anything.
+    void show_titles(const QString& title, const QString& heading);
 
     [[nodiscard]] const TrackingRecords& records() const { return m_view.records(); }
     [[nodiscard]] TrackingView& view() { return m_view; }

@@ -89,7 +89,8 @@ Alert system_chrony_alert(OffersOwner& owner, const DistributionChrony& chrony) 
                            listed(chrony) +
                            owner.worded("The program can show and steer that one instead of installing another.",
                                         "system chrony: last line"),
-            .buttons = {owner.worded("Use It", "system chrony: button"), owner.worded("Cancel", "")}};
+            .buttons = {owner.worded("Use It", "system chrony: button"), owner.worded("Cancel", "")},
+            .kind = AlertKind::question};
 }
 
 Alert unasked_choice_alert(OffersOwner& owner, const DistributionChrony& chrony) {
@@ -99,7 +100,8 @@ Alert unasked_choice_alert(OffersOwner& owner, const DistributionChrony& chrony)
                                         "system chrony: line 1") +
                            listed(chrony) +
                            owner.worded("Preferences has other paths.", "system chrony in use: last line"),
-            .buttons = {owner.worded("Dismiss", "system chrony in use: button")}};
+            .buttons = {owner.worded("Dismiss", "system chrony in use: button")},
+            .kind = AlertKind::information};
 }
 
 InstallationOffers::InstallationOffers(InstallationOffersParts parts)

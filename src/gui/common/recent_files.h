@@ -1,5 +1,7 @@
-// The configurations that were opened or saved last, and the menus that offer them. Main thread.
+// The files of one kind that were opened or saved last, and the menus that offer them. Main thread.
 #pragma once
+
+#include "settings/settings_keys.h"
 
 #include <QObject>
 #include <QStringList>
@@ -13,8 +15,8 @@ class DefaultSettings;
 class RecentFiles : public QObject {
     Q_OBJECT
 public:
-    // The settings outlive the object, and the object its menus.
-    explicit RecentFiles(DefaultSettings& settings) : m_settings(settings) {}
+    // The settings and the key outlive the object, and the object its menus.
+    RecentFiles(DefaultSettings& settings, const TextListKey& key) : m_settings(settings), m_key(key) {}
 
     [[nodiscard]] QStringList paths() const; // the newest first
     void remember(const QString& path);
@@ -27,6 +29,7 @@ private:
     void list(QMenu* menu);
 
     DefaultSettings& m_settings;
+    const TextListKey& m_key;
 };
 
 } // namespace tickervantage

@@ -1,4 +1,4 @@
-#include "gui/editor/recent_files.h"
+#include "gui/common/recent_files.h"
 
 #include "settings/default_settings.h"
 #include "settings/settings_catalogue.h"
@@ -21,7 +21,7 @@ struct Texts {
 
 QStringList RecentFiles::paths() const {
     QStringList paths;
-    for (const auto& path : load(m_settings, settings::recent_configurations))
+    for (const auto& path : load(m_settings, m_key))
         paths.append(QString::fromStdString(path));
     return paths;
 }
@@ -33,7 +33,7 @@ void RecentFiles::remember(const QString& path) {
     std::vector<std::string> kept;
     for (const auto& one : known.first(std::min(known.size(), MOST_RECENT_FILES)))
         kept.push_back(one.toStdString());
-    save(m_settings, settings::recent_configurations, kept);
+    save(m_settings, m_key, kept);
 }
 
 void RecentFiles::fill(QMenu* menu) {
