@@ -1,4 +1,5 @@
 #include "chrony/configuration/configuration.h"
+#include "chrony/configuration/directive_options.h"
 #include "support/test.h"
 
 namespace tickervantage {
@@ -16,6 +17,36 @@ TEST(Configuration, DirectivesMapToTheRestOfTheirLine) {
     configuration.read("server a  b\n");
     EXPECT_EQ(configuration.value("server"), "a  b");
     EXPECT_EQ(configuration.value("driftfile"), std::nullopt);
+}
+
+TEST(DirectiveOptions, AreThoseThatMayComeNext) {
+    const auto names = [](std::string_view before) {
+        std::string text;
+        for (const auto& option : options_after(before))
+            text.append(text.empty() ? "" : " ").append(option.name);
+        return text;
+    };
+    for (const auto& [before, expected] :
+         std::vector<std::pair<std::string, std::string>>{{"", ""},
+                                                          {"local", "distance orphan stratum"},
+                                                          {"local stratum", ""},
+                                                          {"LOCAL Stratum 10 ", "distance orphan"},
+                                                          {"leapsecmode", "ignore slew step system"},
+                                                          {"leapsecmode slew", ""},
+                                                          {"refclock", "PHC PPS SHM SOCK"},
+                                                          {"refclock SHM", ""},
+                                                          {"# local", ""},
+                                                          {"driftfile", ""},
+                                                          {"server", ""}})
+        EXPECT_EQ(names(before), expected) << before;
+    EXPECT_TRUE(names("server a.example").starts_with("asymmetry auto_offline burst"));
+    EXPECT_EQ(names("server a.example iburst minpoll 6").find("iburst"), std::string::npos);
+    EXPECT_NE(names("refclock SHM 0 refid GPS").find("precision"), std::string::npos);
+    EXPECT_NE(names("pool a.example").find("maxsources"), std::string::npos);
+    EXPECT_EQ(names("server a.example").find("maxsources"), std::string::npos);
+    EXPECT_EQ(names("peer a.example").find("iburst"), std::string::npos);
+    for (const auto& row : all_directive_options())
+        EXPECT_TRUE(std::ranges::is_sorted(row.options, {}, &DirectiveOption::name)) << row.directive;
 }
 
 TEST(Configuration, FileThatCannotBeReadChangesNothing) {

@@ -1,6 +1,7 @@
 // The real chronyd's answers to broken configurations, and saving under fire.
 #include "chrony/configuration/config_document.h"
 #include "chrony/configuration/configuration_check.h"
+#include "chrony/configuration/directive_options.h"
 #include "chrony/configuration/directives.h"
 #include "linux/posix_execute.h"
 #include "linux/posix_path_probes.h"
@@ -138,6 +139,17 @@ TEST_F(RealChronyd, TheTableOfDirectivesHasTheNamesThatChronydKnows) {
     }
     EXPECT_EQ(find_directive("serverr"), nullptr);
     EXPECT_EQ(find_directive("SERVER"), find_directive("server"));
+}
+
+TEST_F(RealChronyd, TakesEveryOptionThatIsOfferedInItsPlace) {
+    for (const auto& row : all_directive_options())
+        for (const auto& option : row.options) {
+            std::string line(row.directive);
+            for (const auto word : {row.before, option.name, option.example})
+                line.append(word.empty() ? "" : " ").append(word);
+            EXPECT_EQ(option.example.empty(), option.value.empty()) << line;
+            EXPECT_EQ(checkSyntax(parts, line + "\n").m_msg, "") << line;
+        }
 }
 
 TEST_F(RealChronyd, TheDefaultConfigurationPasses) {

@@ -422,6 +422,59 @@ TEST_F(ConfigEditorTest, DirectivesAreCompletedOnlyWhereTheyStand) {
     EXPECT_FALSE(type(QStringLiteral(" ma")));
 }
 
+TEST_F(ConfigEditorTest, OptionsAreCompletedByPlace) {
+    installed();
+    const auto offered = [this](const char* line) {
+        text()->moveCursor(QTextCursor::End);
+        text()->insertPlainText(QLatin1Char('\n') + QLatin1String(line));
+        text()->complete();
+        auto* completer = text()->findChild<QCompleter*>();
+        const bool is_shown = completer->popup()->isVisible();
+        completer->popup()->hide();
+        return is_shown ? completer->currentCompletion().toStdString() : std::string();
+    };
+    EXPECT_EQ(offered("server a.example ibu"), "iburst");
+    EXPECT_EQ(offered("server a.example iburst "), "asymmetry");
+    EXPECT_EQ(offered("server a.example minpoll "), "");
+    EXPECT_EQ(offered("server a.ex"), "");
+    EXPECT_EQ(offered("dri"), "driftfile");
+    Q_EMIT text()->findChild<QCompleter*>()->activated(QStringLiteral("driftfile"));
+    EXPECT_EQ(text()->textCursor().block().text(), QStringLiteral("driftfile"));
+}
+
+TEST_F(ConfigEditorTest, AMistakeIsUnderlinedAndSaidWithoutACheck) {
+    installed();
+    const auto underlined = [this] {
+        for (const auto& one : text()->extraSelections())
+            if (one.format.underlineStyle() == QTextCharFormat::WaveUnderline)
+                return one.cursor.selectedText().toStdString();
+        return std::string();
+    };
+    const auto answer = [this](const char* output) {
+        execute.answer("chronyd", output);
+        text()->moveCursor(QTextCursor::End);
+        text()->insertPlainText(QStringLiteral(" "));
+        editor()->check_quietly();
+        settle();
+    };
+    text()->load(QStringLiteral("driftfile /d\nserverr a\nrtcsync"));
+    settle();
+    answer("2026-11-21 Fatal error : Invalid directive at line 2 in file /x\n");
+    EXPECT_EQ(underlined(), "serverr a");
+    const auto words = [this](const char* label) {
+        return find<QLabel>(label)->text().toStdString();
+    };
+    EXPECT_EQ(words("message"), "Line 2: Invalid directive");
+    EXPECT_FALSE(find<QPushButton>("m_install")->isEnabled());
+    EXPECT_EQ(words("state"), "Not checked");
+    EXPECT_EQ(editor()->findChild<QMessageBox*>(), nullptr);
+    text()->moveCursor(QTextCursor::Start);
+    text()->insertPlainText(QStringLiteral("\n"));
+    EXPECT_EQ(underlined(), "serverr a") << "which moved down";
+    answer("");
+    EXPECT_EQ(underlined() + words("message"), "");
+}
+
 TEST_F(ConfigEditorTest, FindsAndReplacesInOneStepToUndo) {
     installed();
     auto* bar = find<FindBar>("find_bar");

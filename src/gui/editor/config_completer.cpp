@@ -1,5 +1,6 @@
 #include "gui/editor/config_completer.h"
 
+#include "chrony/configuration/directive_options.h"
 #include "chrony/configuration/directives.h"
 #include "gui/common/words.h"
 
@@ -18,6 +19,7 @@ namespace {
 
 constexpr int WIDEST = 640;
 constexpr int LINES = 10;
+constexpr const char* directives_shown = "directivesShown"; // property: the list of them is made once
 
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(configeditor)
@@ -43,14 +45,15 @@ QStandardItemModel* directive_model(QObject* parent) {
 QCompleter* make_directive_completer(QPlainTextEdit* editor) {
     auto* completer = new QCompleter(editor);
     completer->setModel(directive_model(completer));
+    completer->setProperty(directives_shown, true);
     completer->setModelSorting(QCompleter::CaseSensitivelySortedModel);
     completer->setMaxVisibleItems(LINES);
     completer->setWidget(editor);
     auto* list = new QTreeView;
     completer->setPopup(list);
     list->setObjectName(QStringLiteral("completions"));
-    //: configuration editor: name of the list of directives
-    list->setAccessibleName(Texts::tr("Directives"));
+    //: configuration editor: name of the list of directives, or of a directive's options
+    list->setAccessibleName(Texts::tr("Completions"));
     list->setRootIsDecorated(false);
     list->setHeaderHidden(true);
     list->setUniformRowHeights(true);
@@ -58,6 +61,21 @@ QCompleter* make_directive_completer(QPlainTextEdit* editor) {
     list->setSelectionBehavior(QAbstractItemView::SelectRows);
     list->header()->setStretchLastSection(true);
     return completer;
+}
+
+void offer_directives(QCompleter& completer) {
+    if (completer.property(directives_shown).toBool())
+        return;
+    completer.setProperty(directives_shown, true);
+    completer.setModel(directive_model(&completer)); // which deletes the former one
+}
+
+void offer_options(QCompleter& completer, std::string_view before) {
+    auto* model = new QStandardItemModel(&completer);
+    for (const auto& option : options_after(before))
+        model->appendRow({new QStandardItem(from_std(option.name)), new QStandardItem(from_std(option.value))});
+    completer.setProperty(directives_shown, false);
+    completer.setModel(model);
 }
 
 int completions_width(const QCompleter& completer) {

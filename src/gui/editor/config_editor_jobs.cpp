@@ -71,7 +71,36 @@ void ConfigEditor::check() {
     });
 }
 
+// What takes chronyd, or us, long to look at waits until somebody asks for a check.
+void ConfigEditor::check_quietly() {
+    constexpr int longest = 200'000; // characters
+    const auto* text = m_controls.m_config;
+    if (text->is_busy() || text->document()->characterCount() > longest)
+        return;
+    const auto work = [parts = m_parts.check.syntax, text = text->whole_text()] {
+        const auto bytes = encoded(text);
+        return bytes ? checkSyntax(parts, *bytes) : ConfigError();
+    };
+    m_background.start_newest(m_parts.queue, work, [this, edits = text->edits()](const ConfigError& error) {
+        if (m_controls.m_config->edits() == edits && m_actions.at("check")->isEnabled())
+            show_mistake(error);
+    });
+}
+
+// A file that is included has its own window.
+void ConfigEditor::show_mistake(const ConfigError& error) {
+    const bool is_here = !error.m_msg.empty() && error.m_line > 0 && error.m_file.empty();
+    m_controls.m_config->underline_line(is_here ? error.m_line : 0);
+    if (!is_here)
+        return;
+    QString what = from_std(error.m_msg).remove(QStringLiteral("Fatal error : "));
+    what.remove(QStringLiteral(" at line %1").arg(error.m_line));
+    //: configuration editor: said below the text, of the line that is underlined; %1 its number, %2 what chronyd says
+    say(tr("Line %1: %2").arg(error.m_line).arg(what));
+}
+
 void ConfigEditor::apply(const ConfigurationCheck& check) {
+    m_controls.m_config->underline_line(0); // the marked line says it
     const ConfigError& error = check.error;
     show_warnings(check.warnings);
     m_controls.m_install->setEnabled(error.passed());

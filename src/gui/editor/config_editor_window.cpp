@@ -28,7 +28,8 @@ namespace {
 
 constexpr const char* help_page = "https://chrony-project.org/doc/4.3/chrony.conf.html";
 constexpr QSize usual_size(820, 640);
-constexpr std::chrono::seconds keep_after(3); // from the first edit that is not kept yet
+constexpr std::chrono::milliseconds check_after(700); // from the last edit
+constexpr std::chrono::seconds keep_after(3);         // from the first edit that is not kept yet
 
 // As "cp" does it, without a shell: the bytes, whatever they are.
 Result<> copy_file(Files& files, const std::string& from, const std::string& to) {
@@ -116,6 +117,8 @@ void ConfigEditor::connect_controls() {
         show_modified();
         Q_EMIT settled();
     });
+    m_quiet_timer.setSingleShot(true);
+    connect(&m_quiet_timer, &QTimer::timeout, this, &ConfigEditor::check_quietly);
     m_keep_timer.setSingleShot(true);
     connect(&m_keep_timer, &QTimer::timeout, this, &ConfigEditor::keep_edit);
     connect(m_controls.m_config, &ConfigText::file_dropped, this, &ConfigEditor::file_dropped);
@@ -218,6 +221,7 @@ void ConfigEditor::textDidChange() {
     m_actions.at("install")->setEnabled(false);
     show_image(CheckImage::partially_available);
     say({});
+    m_quiet_timer.start(check_after);
     show_modified();
 }
 

@@ -1,8 +1,9 @@
 // A document window for a chrony.conf: edit it, let chronyd check it, install it.
 //
 // Install is possible from a passed check until the next edit. Whatever waits for the disk or for chronyd runs on the
-// queue and comes back to the main thread; an answer about a text that was edited meanwhile is dropped. Questions are
-// sheets of the window. A document that cannot be saved stays open and modified, and so does the live configuration
+// queue and comes back to the main thread; an answer about a text that was edited meanwhile is dropped. Once nothing is
+// typed for a moment, the text is checked by itself, which changes nothing but what is underlined and said. Questions
+// are sheets of the window. A document that cannot be saved stays open and modified, and so does the live configuration
 // until what was edited is installed. Of one with unsaved changes a copy is kept, some seconds old at most, until it is
 // saved or the changes are given up. Main thread only.
 //
@@ -65,6 +66,7 @@ public:
     void insert_lines(const QString& lines); // before the line with the cursor
 
     void check();
+    void check_quietly(); // underlines a line with a mistake and says what it is; asked for by itself after edits
     void install();
     void ShowHelpConfig();
     void save();
@@ -115,6 +117,7 @@ private:
     void say(const QString& message);
     void show_warnings(const std::vector<ConfigurationWarning>& warnings);
     void apply(const ConfigurationCheck& check);
+    void show_mistake(const ConfigError& error);
     void save_then(AfterSaving next);
     void save_as_then(AfterSaving next);
     void write_to(const QString& path, bool overwrite, AfterSaving next);
@@ -134,6 +137,7 @@ private:
     bool m_restoring = false; // a kept edit is being loaded
     bool m_edit_kept = false;
     QTimer m_keep_timer;
+    QTimer m_quiet_timer;
     QString m_path;
     LineEnds m_line_ends = LineEnds::unix_style;
     std::size_t m_stamp = 0;   // of the file, as last read or saved

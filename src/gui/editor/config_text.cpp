@@ -62,6 +62,14 @@ QFont text_font() {
     return font;
 }
 
+// Empty behind a blank.
+QString last_word(const QString& line) {
+    qsizetype start = line.size();
+    while (start > 0 && !line.at(start - 1).isSpace())
+        --start;
+    return line.mid(start);
+}
+
 QString local_file_in(const QMimeData* source) {
     for (const auto& url : source->urls())
         if (url.isLocalFile())
@@ -107,6 +115,7 @@ void ConfigText::load(const QString& text, Counts counts) {
     m_at = 0;
     m_counts = counts;
     m_error_line = 0;
+    m_underlined = {};
     document()->setUndoRedoEnabled(false);
     setReadOnly(true);
     if (!std::exchange(m_loading, true))
@@ -199,6 +208,12 @@ void ConfigText::mark_error_line(long long number) {
         highlight_lines();
 }
 
+void ConfigText::underline_line(long long number) {
+    const bool is_there = number >= 1 && number <= blockCount();
+    m_underlined = is_there ? QTextCursor(document()->findBlockByNumber(static_cast<int>(number) - 1)) : QTextCursor();
+    highlight_lines();
+}
+
 void ConfigText::highlight_lines() {
     const auto whole_line = [](const QTextCursor& at, const QColor& color) {
         QTextEdit::ExtraSelection selection;
@@ -214,6 +229,15 @@ void ConfigText::highlight_lines() {
     if (m_error_line >= 1 && m_error_line <= blockCount()) {
         const QTextCursor at(document()->findBlockByNumber(static_cast<int>(m_error_line) - 1));
         selections.append(whole_line(at, QColor(224, 48, 48, 70)));
+    }
+    if (!m_underlined.isNull()) {
+        QTextEdit::ExtraSelection mistake;
+        mistake.cursor = m_underlined;
+        mistake.cursor.movePosition(QTextCursor::StartOfBlock);
+        mistake.cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+        mistake.format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
+        mistake.format.setUnderlineColor(alarm_color(palette()));
+        selections.append(mistake);
     }
     setExtraSelections(selections);
     m_numbers->update();
@@ -289,22 +313,28 @@ void ConfigText::paint_numbers(QPaintEvent* event) {
     }
 }
 
-// The word before the cursor, when it stands where a directive does: first in its line.
-QString ConfigText::directive_before_cursor() const {
+// None in the middle of a word.
+std::optional<QString> ConfigText::before_cursor() const {
     const QTextCursor cursor = textCursor();
-    const QString before = cursor.block().text().left(cursor.positionInBlock()).trimmed();
-    const bool is_first = !before.contains(QLatin1Char(' ')) && !before.contains(QLatin1Char('\t'));
-    const QString block = cursor.block().text();
-    const bool at_its_end = cursor.atBlockEnd() || block.at(cursor.positionInBlock()).isSpace();
-    const bool touches = cursor.positionInBlock() == 0 || !block.at(cursor.positionInBlock() - 1).isSpace();
-    return is_first && at_its_end && touches ? before : QString();
+    const QString line = cursor.block().text();
+    const int at = cursor.positionInBlock();
+    if (at < line.size() && !line.at(at).isSpace())
+        return std::nullopt;
+    return line.left(at);
 }
 
 void ConfigText::complete() {
-    offer_completions(directive_before_cursor());
+    if (const auto before = before_cursor())
+        offer_completions(*before);
 }
 
-void ConfigText::offer_completions(const QString& prefix) {
+void ConfigText::offer_completions(const QString& before) {
+    const QString prefix = last_word(before);
+    const QString whole_words = before.chopped(prefix.size());
+    if (whole_words.trimmed().isEmpty())
+        offer_directives(*m_completer);
+    else
+        offer_options(*m_completer, whole_words.toStdString());
     m_completer->setCompletionPrefix(prefix);
     const bool is_complete = m_completer->completionCount() == 1 && m_completer->currentCompletion() == prefix;
     if (m_completer->completionCount() == 0 || is_complete) {
@@ -426,9 +456,10 @@ void ConfigText::keyPressEvent(QKeyEvent* event) {
     }
     QPlainTextEdit::keyPressEvent(event);
     const bool typed = !event->text().isEmpty() && event->text().at(0).isLetterOrNumber();
-    const QString prefix = directive_before_cursor();
-    if (prefix.size() >= LEAST_PREFIX && (typed || (is_offering && event->key() == Qt::Key_Backspace)))
-        offer_completions(prefix);
+    const auto before = before_cursor();
+    if (before && last_word(*before).size() >= LEAST_PREFIX &&
+        (typed || (is_offering && event->key() == Qt::Key_Backspace)))
+        offer_completions(*before);
     else if (is_offering)
         m_completer->popup()->hide();
 }

@@ -7,6 +7,9 @@
 
 #include <QPlainTextEdit>
 #include <QString>
+#include <QTextCursor>
+
+#include <optional>
 
 class QCompleter;
 
@@ -44,10 +47,11 @@ public:
     // Selects the line with its end and shows it. A line that is not there: the selection becomes empty, at the start.
     void select_line(long long number);
     void mark_error_line(long long number); // until the next edit; 0: none
+    void underline_line(long long number);  // also through edits; 0: none
 
     void zoom(int steps);
     void zoom_back();
-    void complete(); // offers directives for the word before the cursor
+    void complete(); // offers directives, or options, for the word before the cursor
 
     [[nodiscard]] int number_width() const;
     void paint_numbers(QPaintEvent* event);
@@ -76,9 +80,9 @@ private:
     [[nodiscard]] bool take_long_edit(QKeyEvent* event); // instead of Qt, which would take all of it at once
     void replace_selection(const QString& text);
     [[nodiscard]] int position_of_line(long long number) const;
-    [[nodiscard]] QString directive_before_cursor() const;
+    [[nodiscard]] std::optional<QString> before_cursor() const; // the part of the line, where a word may be completed
     void insert_completion(const QString& name);
-    void offer_completions(const QString& prefix);
+    void offer_completions(const QString& before);
     void highlight_lines();
     void place_numbers();
 
@@ -93,6 +97,7 @@ private:
     int m_edits = 0;
     int m_zoomed = 0;
     long long m_error_line = 0;
+    QTextCursor m_underlined; // null: no line is
 };
 
 } // namespace tickervantage
