@@ -450,7 +450,7 @@ TEST_F(ConfigEditorTest, AMistakeIsUnderlinedAndSaidWithoutACheck) {
                 return one.cursor.selectedText().toStdString();
         return std::string();
     };
-    const auto answer = [this](const char* output) {
+    const auto answer = [this](const std::string& output) {
         execute.answer("chronyd", output);
         text()->moveCursor(QTextCursor::End);
         text()->insertPlainText(QStringLiteral(" "));
@@ -459,7 +459,7 @@ TEST_F(ConfigEditorTest, AMistakeIsUnderlinedAndSaidWithoutACheck) {
     };
     text()->load(QStringLiteral("driftfile /d\nserverr a\nrtcsync"));
     settle();
-    answer("2026-11-21 Fatal error : Invalid directive at line 2 in file /x\n");
+    answer(error_in_line_2 + file("check_chrony.conf"));
     EXPECT_EQ(underlined(), "serverr a");
     const auto words = [this](const char* label) {
         return find<QLabel>(label)->text().toStdString();

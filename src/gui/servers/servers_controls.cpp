@@ -16,6 +16,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace tickervantage {
 namespace {
 
@@ -108,9 +110,9 @@ void build_fields(ServersControls& controls) {
                               //: server window: tooltip of the box for iburst
                               Texts::tr("iburst: four requests within seconds set the clock sooner"));
     //: server window: check box
-    controls.pool = named(new QCheckBox(Texts::tr("The name stands for several ser&vers (pool)"), parent), "pool",
+    controls.pool = named(new QCheckBox(Texts::tr("A pool of several ser&vers"), parent), "pool",
                           //: server window: name of that check box, and its tooltip
-                          Texts::tr("The name stands for several servers"),
+                          Texts::tr("A pool of several servers"),
                           //: server window: tooltip of the box for a pool
                           Texts::tr("pool: chrony takes several of the servers that the name stands for"));
     for (auto* field : {controls.m_minpoll, controls.m_maxpoll})
@@ -119,7 +121,6 @@ void build_fields(ServersControls& controls) {
 
 void build_record(QWidget* parent, ServersControls& controls) {
     controls.record = new QWidget(parent);
-    controls.record->setMinimumWidth(scaled(RECORD_WIDTH, *parent));
     build_fields(controls);
     auto* form = new QFormLayout(controls.record);
     form->setContentsMargins(0, 0, 0, 0);
@@ -138,6 +139,7 @@ void build_record(QWidget* parent, ServersControls& controls) {
     form->addRow(QString(), controls.maxpoll_words);
     form->addRow(QString(), controls.m_iburst);
     form->addRow(QString(), controls.pool);
+    controls.record->setMinimumWidth(std::max(scaled(RECORD_WIDTH, *parent), form->minimumSize().width()));
 }
 
 QLayout* build_buttons(QWidget* parent, ServersControls& controls) {
