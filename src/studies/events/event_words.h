@@ -13,7 +13,7 @@ namespace tickervantage::event_words {
    or the words of chronyd. */
 inline constexpr const char* context = "clock events";
 
-using Values = std::vector<std::variant<std::string, Quantity>>;
+using Values = std::vector<SentenceValue>;
 
 [[nodiscard]] inline Sentence say(const char* words, Values values = {}) {
     return {.context = context, .words = words, .values = std::move(values)};
