@@ -33,6 +33,14 @@ endfunction()
 if(TICKERVANTAGE_UI)
   tv_install_program(tickervantage)
   tv_install_program(tickerctl)
+  install(TARGETS tickercommands DESTINATION ${TV_INSTALLED_BUNDLE}/MacOS) # which tickerctl hands on to
+  # What monitoring systems need of it; the rules are those that `tickerctl rules` prints, as a test sees to.
+  file(CREATE_LINK ../../tickervantage/Tickervantage.app/Contents/MacOS/tickerctl ${TV_LINKS}/check_tickervantage SYMBOLIC)
+  install(FILES ${TV_LINKS}/check_tickervantage DESTINATION /usr/lib/nagios/plugins)
+  install(FILES packaging/monitoring/tickervantage.rules.yml packaging/monitoring/tickervantage.tests.yml
+                packaging/monitoring/dashboard.json packaging/monitoring/icinga2.conf DESTINATION /usr/share/tickervantage)
+  install(FILES packaging/monitoring/tickervantage-metrics.service packaging/monitoring/tickervantage-metrics.timer
+          DESTINATION /lib/systemd/system)
   install(FILES packaging/completions/_tickervantage DESTINATION /usr/share/zsh/vendor-completions)
   install(FILES packaging/desktop/net.brisklane.tickervantage.desktop DESTINATION /usr/share/applications)
   install(FILES packaging/desktop/net.brisklane.tickervantage.metainfo.xml DESTINATION /usr/share/metainfo)

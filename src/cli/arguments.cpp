@@ -1,9 +1,12 @@
 #include "cli/arguments.h"
 
 #include "cli/terminal.h"
+#include "cli/watch/health_command.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <iostream>
 #include <limits>
 #include <utility>
 
@@ -25,6 +28,10 @@ struct CommandLine {
             if (command->parsed())
                 return job;
         return Job::status; // not reached: a command is required
+    }
+
+    [[nodiscard]] bool is_in(Job job) const {
+        return std::ranges::any_of(jobs, [&](const auto& one) { return one.second == job && one.first->parsed(); });
     }
 };
 
@@ -113,6 +120,20 @@ void add_probe(CommandLine& line, Arguments& arguments) {
         ->capture_default_str()
         ->check(number_within(1, 600, "give seconds, from 1 to 600"));
     probe->add_flag("--json", arguments.json, "one JSON document");
+}
+
+void add_watch_commands(CommandLine& line, Arguments& arguments) {
+    auto* health = line.add(&line.app, Job::health, "health",
+                            "One line for Nagios, Icinga and their like (exit status: 0 OK, 1 WARNING, 2 CRITICAL, "
+                            "3 UNKNOWN)");
+    add_health_options(*health, arguments.health);
+    health->add_option("-H,--host", arguments.host, "as in front of the command: the daemon to ask");
+    auto* metrics = line.add(&line.app, Job::metrics, "metrics", "The clock and its sources, as Prometheus reads them");
+    add_metrics_options(*metrics, arguments.metrics);
+    for (auto* command : {health, metrics})
+        command->add_option("--from", arguments.from, saved_capture);
+    auto* rules = line.add(&line.app, Job::rules, "rules", "Alerting rules for Prometheus, over these metrics");
+    add_rules_options(*rules, arguments.rules);
 }
 
 void add_report(CommandLine& line) {
@@ -270,6 +291,7 @@ void add_all(CommandLine& line, Arguments& arguments) {
     add_status(line, arguments);
     add_truth(line, arguments);
     add_probe(line, arguments);
+    add_watch_commands(line, arguments);
     add_report(line);
     add_settings(line, arguments);
     add_log(line, arguments);
@@ -297,7 +319,8 @@ std::optional<Arguments> read_arguments(int argc, char** argv, int& exit_status)
         exit_status = line.app.exit(help);
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
-        exit_status = fail(std::string(error.what()) + "; see tickerctl --help.");
+        const std::string complaint = std::string(error.what()) + "; see tickerctl --help.";
+        exit_status = line.is_in(Job::health) ? print_health(unknown_health(complaint), std::cout) : fail(complaint);
         return std::nullopt;
     }
     arguments.job = line.chosen();

@@ -6,6 +6,7 @@
 #include "cli/history/history_arguments.h"
 #include "cli/laboratory/laboratory_arguments.h"
 #include "cli/logs/log_arguments.h"
+#include "cli/watch/watch_arguments.h"
 
 #include <optional>
 #include <string>
@@ -20,6 +21,9 @@ enum class Job : unsigned char {
     budget,
     capture,
     probe,
+    health,
+    metrics,
+    rules,
     report,
     settings_list,
     settings_get,
@@ -102,6 +106,9 @@ struct Arguments {
     HistoryArguments history;
     LaboratoryArguments laboratory;
     LogArguments logs;
+    HealthArguments health;
+    MetricsArguments metrics;
+    RulesArguments rules;
     ServersArguments servers;
     std::string key;
     std::string value;

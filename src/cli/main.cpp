@@ -102,6 +102,12 @@ int do_job(const Arguments& arguments, Tool& tool) {
         return tool.capture();
     case Job::probe:
         return tool.probe();
+    case Job::health:
+        return tool.health();
+    case Job::metrics:
+        return tool.metrics();
+    case Job::rules:
+        return tool.rules();
     case Job::report:
         return tool.report();
     case Job::settings_list:

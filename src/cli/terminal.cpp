@@ -32,10 +32,14 @@ int exit_status(const Result<>& done) {
     return std::ranges::find(is_answer, done.error().code) == is_answer.end() ? has_failed : answer_is_no;
 }
 
+Failure reading_failure(const std::string& path, const FileReading& file) {
+    return file.outcome == FileReading::Outcome::missing
+               ? failed(FailureCode::no_such_file, {path}).value()
+               : failed(FailureCode::file_unreadable, {path}, file.reason).value();
+}
+
 int fail_to_read(const std::string& path, const FileReading& file) {
-    return fail(english(file.outcome == FileReading::Outcome::missing
-                            ? failed(FailureCode::no_such_file, {path}).value()
-                            : failed(FailureCode::file_unreadable, {path}, file.reason).value()));
+    return fail(english(reading_failure(path, file)));
 }
 
 } // namespace tickervantage

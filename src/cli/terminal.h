@@ -24,7 +24,10 @@ int fail(const std::string& sentence);
 // The exit status of what was done; of a failure the same. Records that are missing are an answer.
 [[nodiscard]] int exit_status(const Result<>& done);
 
-// The same of a file that was not read.
+// Why a file was not read.
+[[nodiscard]] Failure reading_failure(const std::string& path, const FileReading& file);
+
+// The same as an exit status.
 int fail_to_read(const std::string& path, const FileReading& file);
 
 } // namespace tickervantage

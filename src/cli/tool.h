@@ -31,6 +31,8 @@ namespace tickervantage {
 
 class FreqTempView;
 class HistoryKeeper;
+struct HealthAnswer;
+struct HealthLimits;
 
 // Keeps what the settings store says, so that a failure that is told anyway is not told twice. Any thread.
 class TerminalLogger : public Logger {
@@ -55,6 +57,9 @@ public:
     [[nodiscard]] int budget();
     [[nodiscard]] int capture();
     [[nodiscard]] int probe();
+    [[nodiscard]] int health();
+    [[nodiscard]] int metrics();
+    [[nodiscard]] int rules() const;
     [[nodiscard]] int report();
     [[nodiscard]] int log() const;
     [[nodiscard]] int events() const;
@@ -99,6 +104,7 @@ private:
     [[nodiscard]] int read_saved(SavedForm wanted, ClockTruth& reading) const;
     // From there, or from the daemon; what is wrong is told.
     [[nodiscard]] int read_clock(CaptureDepth depth, SavedForm wanted, ClockTruth& reading);
+    [[nodiscard]] HealthAnswer saved_health(const HealthLimits& limits);
     [[nodiscard]] Capture live_capture(CaptureDepth depth);
     [[nodiscard]] std::string configuration_path(); // empty: not known
     [[nodiscard]] int ask_for_root();

@@ -87,5 +87,17 @@ TV_SETTING(DoubleKey, SPECTRUM_duration, 1024, "seconds analysed", 1e-3, 1e9, Li
 // Configuration editor
 TV_SETTING(TextListKey, recent_configurations, {}, "configurations opened or saved last, the newest first")
 
+// Watching
+TV_SETTING(BooleanKey, watch_tray, false,
+           "an icon in the desktop's tray shows how the clock is, and watching goes on when the windows are closed")
+TV_SETTING(BooleanKey, watch_notify, true, "an alarm is told by a notification of the desktop")
+TV_SETTING(DoubleKey, watch_holdover, 3600, "alarm when no source has kept the clock right for so many seconds", 60,
+           1e7)
+TV_SETTING(DoubleKey, watch_bound, 0.05, "alarm when the clock can be off by more than so many seconds", 1e-7, 1e4)
+TV_SETTING(IntegerKey, watch_sources, 2, "alarm when fewer sources than that are usable", 1, 9)
+TV_SETTING(DoubleKey, watch_step, 0.1, "alarm when the clock was set by more than so many seconds", 1e-6, 1e6)
+TV_SETTING(TextListKey, watch_raised, {}, "alarms that were raised when the program ended")
+TV_SETTING(TextListKey, watch_quiet, {}, "alarms among them that are to be quiet until they are over")
+
 // Alerts
 TV_SETTING(TextListKey, IgnoreWarnings, {}, "alerts that are not to be shown again")

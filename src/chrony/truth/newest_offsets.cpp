@@ -53,6 +53,10 @@ std::optional<double> offset_on(std::string_view line) {
 
 } // namespace
 
+std::optional<std::string> tracking_log_of(const std::vector<CapturedFile>& configuration) {
+    return log_of(ConfigurationLines(configuration));
+}
+
 std::vector<double> newest_offsets(const std::vector<CapturedFile>& configuration) {
     std::vector<double> offsets;
     const auto path = log_of(ConfigurationLines(configuration));

@@ -24,12 +24,12 @@ Result<> DaemonAccess::wait_for_demonstration(const Paths& paths) {
     return m_demonstration.wait_until_synchronised(m_execute, paths.bundle_program("chronyc"), limit);
 }
 
-Runchronyc DaemonAccess::runner(const DefaultSettings& settings, const ChronyPrograms& programs) {
+Runchronyc DaemonAccess::runner(const DefaultSettings& settings, const ChronyPrograms& programs, Execute& execute) {
     std::vector<std::string> extra;
     if (!host.empty())
         extra = {"-h", host};
     return {
-        m_execute, m_actions, programs, !load(settings, settings::ip_address), load(settings, settings::original_name),
+        execute, m_actions, programs, !load(settings, settings::ip_address), load(settings, settings::original_name),
         extra};
 }
 

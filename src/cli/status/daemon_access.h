@@ -31,7 +31,11 @@ public:
         return m_demonstration.is_running() ? m_demonstration.client_config() : "";
     }
 
-    [[nodiscard]] Runchronyc runner(const DefaultSettings& settings, const ChronyPrograms& programs);
+    [[nodiscard]] Runchronyc runner(const DefaultSettings& settings, const ChronyPrograms& programs) {
+        return runner(settings, programs, m_execute);
+    }
+    // With another way to run it, which outlives the runner.
+    [[nodiscard]] Runchronyc runner(const DefaultSettings& settings, const ChronyPrograms& programs, Execute& execute);
     [[nodiscard]] PosixExecute& execute() { return m_execute; }
     [[nodiscard]] PrivilegedActions& actions() { return m_actions; }
 
