@@ -39,12 +39,12 @@ private:
     ChronyReports reports() {
         ChronyReports reports;
         reports.now = 1795325000.0;
-        TrackingData tracking{.reference_id = 0x01020304,
-                              .address = "192.0.2.1",
-                              .stratum = 2,
-                              .reference_time = *reports.now - 60 - m_held,
-                              .system_time = 0.0,
-                              .leap_status = "Normal"};
+        TrackingData tracking;
+        tracking.reference_id = 0x01020304;
+        tracking.address = "192.0.2.1";
+        tracking.reference_time = *reports.now - 60 - m_held;
+        tracking.system_time = 0;
+        tracking.leap_status = "Normal";
         tracking.last_offset = (m_trouble == Trouble::stepped ? -0.01 : 0.001) * number(5, 15);
         tracking.skew_ppm = tracking.residual_frequency_ppm = tracking.root_delay = 0.0;
         tracking.root_dispersion = (m_trouble == Trouble::wide ? 0.001 : 0.0001) * number(30, 60);
@@ -54,13 +54,14 @@ private:
                                     : m_trouble == Trouble::few           ? (number(0, 1) == 0 ? "*??" : "*+?")
                                                                           : "*+x";
         reports.sources.emplace();
-        for (std::size_t index = 0; index < letters.size(); ++index)
-            reports.sources->push_back({.letter = letters[index],
-                                        .source = "192.0.2." + std::to_string(index + 1),
-                                        .stratum = 1,
-                                        .poll = 6,
-                                        .reach = 255,
-                                        .last_rx = letters[index] == '?' ? 9999 : 10});
+        for (const char letter : letters) {
+            SourceData& source = reports.sources->emplace_back();
+            source.letter = letter;
+            source.source = "192.0.2." + std::to_string(reports.sources->size());
+            source.poll = 6;
+            source.reach = 255;
+            source.last_rx = letter == '?' ? 9999 : 10;
+        }
         return reports;
     }
 
