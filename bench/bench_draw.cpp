@@ -1,4 +1,5 @@
-// What a frame of the tracking graph costs, against the same data in QCustomPlot with its adaptive sampling.
+// What a frame of the tracking graph costs, and one of the history window with eight sources, against the same data in
+// QCustomPlot with its adaptive sampling.
 //
 // Nine series of a million records on 1600 x 900 pixels in memory. Prints one JSON document: medians in milliseconds of
 // processor time. The contenders take turns, so that a change in the machine's speed meets all of them. Arguments: the
@@ -7,6 +8,7 @@
 #include <qcustomplot.h>
 
 #include "qt/qt_canvas.h"
+#include "studies/history/history_view.h"
 #include "studies/tracking/tracking_view.h"
 #include "support/manual_timer.h"
 
@@ -157,6 +159,80 @@ private:
     QPen m_own_pen;
 };
 
+constexpr std::size_t SOURCES = 8;
+
+// Each source's offset, a million times.
+class SourceHistory {
+public:
+    SourceHistory() {
+        auto data = std::make_shared<HistoryData>();
+        std::mt19937 random{42};
+        std::normal_distribution<double> normal;
+        StoredHistory stored;
+        for (int at = 0; at < RECORDS; ++at) {
+            const std::int64_t time = NOON + at * INTERVAL;
+            for (std::size_t source = 0; source < SOURCES; ++source) {
+                const double offset = (normal(random) + static_cast<double>(source) * 4) * 20e-6;
+                stored.sources.push_back({.time = time,
+                                          .source = std::to_string(source),
+                                          .rule = SelectionRule::combined,
+                                          .letter = '+',
+                                          .reach = 255,
+                                          .offset = Extent{offset, offset, offset}});
+            }
+            stored.rows.assign(1, {.time = time});
+            (void)data->add(stored);
+            stored.sources.clear();
+        }
+        m_view.options.lanes = false;
+        m_view.set_data(std::move(data));
+    }
+
+    void paint(double from, double to) {
+        m_view.set_range({from, to});
+        QPainter painter(&image);
+        QtCanvas canvas(painter, HEIGHT, CanvasColors::light(), &m_memory);
+        m_view.draw(canvas, {0, 0, WIDTH, HEIGHT});
+    }
+
+    [[nodiscard]] const HistoryData& data() const { return m_view.data(); }
+
+    QImage image{WIDTH, HEIGHT, QImage::Format_RGB32};
+
+private:
+    HistoryView m_view;
+    CanvasMemory m_memory;
+};
+
+class SourcePeer {
+public:
+    explicit SourcePeer(const HistoryData& data) {
+        for (const HistoryLane& lane : data.lanes()) {
+            QVector<double> times;
+            QVector<double> values;
+            for (std::size_t at = 0; at < lane.offsets.size(); ++at) {
+                times.append(lane.offsets.time(at));
+                values.append(lane.offsets.mean(at));
+            }
+            QCPGraph* graph = m_plot.addGraph();
+            graph->setPen(QPen(QColor::fromHsv(static_cast<int>(45 * m_plot.graphCount()) % 360, 200, 180)));
+            graph->setData(times, values, true);
+        }
+        m_plot.xAxis->setTicker(QSharedPointer<QCPAxisTickerDateTime>::create());
+        m_plot.yAxis->rescale();
+    }
+
+    void paint(double from, double to) {
+        m_plot.xAxis->setRange(from, to);
+        QCPPainter painter(&m_image);
+        m_plot.toPainter(&painter, WIDTH, HEIGHT);
+    }
+
+private:
+    QCustomPlot m_plot;
+    QImage m_image{WIDTH, HEIGHT, QImage::Format_RGB32};
+};
+
 struct Contender {
     const char* name;
     std::function<void()> run;
@@ -228,6 +304,24 @@ void measure(int rounds, const char* only) {
              graph.view.shown = all_shown;
          }},
     };
+    SourceHistory sources;
+    std::unique_ptr<SourcePeer> source_peer;
+    if (!only || std::string_view(only).ends_with("_peer"))
+        source_peer = std::make_unique<SourcePeer>(sources.data());
+    const auto begin = static_cast<double>(NOON);
+    const double source_end = begin + static_cast<double>(RECORDS) * INTERVAL;
+    contenders.push_back({"sources", [&] {
+                              sources.paint(begin, source_end);
+                          }});
+    contenders.push_back({"sources_peer", [&] {
+                              source_peer->paint(begin, source_end);
+                          }});
+    contenders.push_back({"source_day", [&] {
+                              sources.paint(source_end - DAY, source_end);
+                          }});
+    contenders.push_back({"source_day_peer", [&] {
+                              source_peer->paint(source_end - DAY, source_end);
+                          }});
     std::erase_if(contenders, [&](const Contender& one) { return only && std::string(only) != one.name; });
     take_turns(contenders, rounds);
     std::string text;
@@ -239,6 +333,8 @@ void measure(int rounds, const char* only) {
         const QString base = QString::fromUtf8(folder);
         peer->paint(end - DAY, end, 48);
         static_cast<void>(peer->image.save(base + QStringLiteral("/day_peer.png")));
+        sources.paint(begin, source_end);
+        static_cast<void>(sources.image.save(base + QStringLiteral("/sources.png")));
         for (const auto& [name, xscale] : {std::pair{"/everything.png", everything},
                                            {"/day.png", PLOT_WIDTH / DAY},
                                            {"/live.png", graph.view.xscale_default}}) {

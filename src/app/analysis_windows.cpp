@@ -122,6 +122,25 @@ void AnalysisWindows::tracking_changed() {
         m_spectrum->set_records(m_tracking.empty() ? nullptr : &m_tracking.back()->records());
 }
 
+void AnalysisWindows::make_history() {
+    m_history =
+        std::make_unique<HistoryWindow>(HistoryWindowParts{.main_thread = m_parts.main_thread,
+                                                           .timer = m_parts.timer,
+                                                           .files = m_parts.files,
+                                                           .queue = m_parts.log_queues.lend(),
+                                                           .exports = export_parts(),
+                                                           .can_turn_on_logs = m_parts.administration != nullptr});
+    connect(m_history.get(), &HistoryWindow::logs_requested, this, &AnalysisWindows::logs_requested);
+    connect(m_history.get(), &HistoryWindow::log_graph_requested, this, &AnalysisWindows::log_graph_requested);
+}
+
+void AnalysisWindows::showHistory(const HistoryPlaces& places) {
+    if (!m_history)
+        make_history();
+    m_history->show_history(places);
+    bring_to_front(*m_history);
+}
+
 void AnalysisWindows::make_spectrum() {
     m_spectrum = std::make_unique<SpectrumWindow>(SpectrumWindowParts{.settings = m_parts.settings,
                                                                       .queue = m_parts.spectrum_queue,

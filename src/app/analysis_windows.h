@@ -1,5 +1,5 @@
-// The windows that study the clock: any number of tracking windows, one spectrum window over the newest of them, and
-// one each for frequency against temperature and for its sensors.
+// The windows that study the clock: its history, any number of tracking windows, one spectrum window over the newest of
+// them, and one each for frequency against temperature and for its sensors.
 #pragma once
 
 #include "base/background.h"
@@ -7,6 +7,7 @@
 #include "gui/common/recent_files.h"
 #include "gui/freqtemp/freqtemp_window.h"
 #include "gui/freqtemp/sensor_inspector.h"
+#include "gui/history/history_window.h"
 #include "gui/spectrum/spectrum_window.h"
 #include "gui/tracking/tracking_window.h"
 
@@ -51,6 +52,9 @@ public:
 
     [[nodiscard]] RecentFiles& recent() { return m_recent; }
 
+    // The one window of the clock's history, made on first use; `places` are read anew each time.
+    void showHistory(const HistoryPlaces& places);
+
     // The one spectrum window, made on first use.
     void showSpectrum();
 
@@ -61,6 +65,10 @@ public:
     // The preferences changed.
     void update_spectrum_buttons();
 
+Q_SIGNALS:
+    void log_graph_requested(); // of the live log
+    void logs_requested();      // chrony is to write them
+
 private:
     PlotExportParts export_parts();
     TrackingWindowParts tracking_parts();
@@ -70,12 +78,14 @@ private:
     void ask_log_setting(TrackingWindow* window);
     void make_log_readable(TrackingWindow* window);
     void tracking_changed(); // another one is the last one used
+    void make_history();
     void make_spectrum();
     void make_inspector();
 
     AnalysisParts m_parts;
     RecentFiles m_recent;
     std::list<TrackingWindow*> m_tracking; // open; the last one used stands last
+    std::unique_ptr<HistoryWindow> m_history;
     std::unique_ptr<SpectrumWindow> m_spectrum;
     std::unique_ptr<FreqTempWindow> m_freqtemp;
     std::unique_ptr<SensorInspector> m_inspector;

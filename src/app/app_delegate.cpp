@@ -13,10 +13,12 @@
 #include "chrony/configuration/configuration.h"
 #include "gui/common/desktop_links.h"
 #include "gui/main/tickervantage_window.h"
+#include "linux/chrony_journal.h"
 #include "qt/in_words.h"
 #include "qt/languages.h"
 #include "roothelper/jobs/distribution_chrony.h"
 #include "roothelper/jobs/old_installation.h"
+#include "studies/events/message_events.h"
 
 #include <QAction>
 #include <QApplication>
@@ -29,6 +31,7 @@
 #include <QProcess>
 #include <QToolBar>
 
+#include <chrono>
 #include <utility>
 
 namespace tickervantage {
@@ -39,6 +42,19 @@ struct Texts {
 };
 
 constexpr const char* usual_log_folder = "/var/log/chrony/";
+constexpr std::int64_t messages_of_late = 90 * 86400; // seconds
+
+// What this user may not read is not there.
+Result<> read_journal_of_late(EventsRead& read) {
+    JournalEvents journal;
+    const std::int64_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+    auto done = read_chrony_journal(now - messages_of_late, now + 1, [&journal](const JournalEntry& entry) {
+        journal.add({entry.time, entry.writer, entry.message}, entry.boot);
+    });
+    journal.append_to(read.events);
+    return done;
+}
+
 // Any name in which "tracking", one character and "lo" follow each other, such as tracking.log.1.gz.
 constexpr const char* tracking_log_pattern = "*tracking?lo*";
 
@@ -103,8 +119,8 @@ void AppDelegate::make_main_window() {
     m_window_menus = std::make_unique<WindowMenus>(*m_menus.m_windows, *m_menus.actions.at("quit"));
     build_recent_menus();
     make_opened_files();
-    m_main_window->add_toolbar_actions(
-        {m_menus.actions.at("refresh"), m_menus.actions.at("liveTracking"), m_menus.actions.at("showConfigEditor")});
+    m_main_window->add_toolbar_actions({m_menus.actions.at("refresh"), m_menus.actions.at("showHistory"),
+                                        m_menus.actions.at("liveTracking"), m_menus.actions.at("showConfigEditor")});
     for (auto* bar : m_main_window->findChildren<QToolBar*>())
         bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_main_window->set_standing_notice(m_daemon.standing_notice);
@@ -139,7 +155,7 @@ void AppDelegate::connect_main_window() {
     connect(window, &TickervantageWindow::wrong_program_found, this,
             [this](const QString& sentence) { m_parts.logger.log(LogLevel::error, sentence.toStdString()); });
     connect(window, &TickervantageWindow::reading_applied, this, &AppDelegate::log_change_of_state);
-    connect(window, &TickervantageWindow::graph_requested, this, &AppDelegate::liveTracking);
+    connect(window, &TickervantageWindow::graph_requested, this, &AppDelegate::showHistory);
     connect(window, &TickervantageWindow::rights_requested, this, [this] {
         if (m_administration)
             m_administration->ask_for_rights();
@@ -268,22 +284,31 @@ void AppDelegate::launchMeridianox() {
 
 AnalysisWindows& AppDelegate::analysis() {
     if (!m_analysis)
-        m_analysis = std::make_unique<AnalysisWindows>(
-            AnalysisParts{.settings = m_parts.cycle.settings,
-                          .main_thread = m_parts.cycle.main_thread,
-                          .timer = m_parts.cycle.timer,
-                          .files = m_parts.files,
-                          .spectrum_queue = m_parts.spectrum_queue,
-                          .export_queue = m_parts.export_queue,
-                          .configuration_queue = m_parts.list_queue,
-                          .log_queues = m_parts.log_queues,
-                          .general = m_general,
-                          .advanced = m_advanced,
-                          .freqtemp = m_parts.freqtemp,
-                          .equation = local_file(m_parts.paths.bundle_resource("freqtemp.rtf")),
-                          .is_demonstration = !m_daemon.tracking_log.empty(),
-                          .administration = m_administration.get()});
+        make_analysis();
     return *m_analysis;
+}
+
+void AppDelegate::make_analysis() {
+    m_analysis = std::make_unique<AnalysisWindows>(
+        AnalysisParts{.settings = m_parts.cycle.settings,
+                      .main_thread = m_parts.cycle.main_thread,
+                      .timer = m_parts.cycle.timer,
+                      .files = m_parts.files,
+                      .spectrum_queue = m_parts.spectrum_queue,
+                      .export_queue = m_parts.export_queue,
+                      .configuration_queue = m_parts.list_queue,
+                      .log_queues = m_parts.log_queues,
+                      .general = m_general,
+                      .advanced = m_advanced,
+                      .freqtemp = m_parts.freqtemp,
+                      .equation = local_file(m_parts.paths.bundle_resource("freqtemp.rtf")),
+                      .is_demonstration = !m_daemon.tracking_log.empty(),
+                      .administration = m_administration.get()});
+    connect(m_analysis.get(), &AnalysisWindows::log_graph_requested, this, &AppDelegate::liveTracking);
+    connect(m_analysis.get(), &AnalysisWindows::logs_requested, this, [this] {
+        showTickervantage();
+        m_mender->ask_for_logging();
+    });
 }
 
 SettingsWindows& AppDelegate::settings_windows() {
@@ -397,10 +422,24 @@ void AppDelegate::liveTracking() {
     });
 }
 
+// The folder of chrony's logs, or in a demonstration the one log that it has.
+void AppDelegate::showHistory() {
+    if (!m_daemon.tracking_log.empty()) {
+        analysis().showHistory({.store = history_file(), .logs = {m_daemon.tracking_log}});
+        return;
+    }
+    with_log_folder([this](const std::string& folder) {
+        analysis().showHistory({.store = history_file(),
+                                .logs = {folder.empty() ? usual_log_folder : folder},
+                                .read_messages = read_journal_of_late});
+    });
+}
+
 void AppDelegate::connect_items() {
     m_menus.on("showTickervantage", [this] { showTickervantage(); });
     m_menus.on("openTrackingLog", [this] { openTrackingLog(); });
     m_menus.on("liveTracking", [this] { liveTracking(); });
+    m_menus.on("showHistory", [this] { showHistory(); });
     m_menus.on("showFreqTemp", [this] {
         analysis().showFreqTemp();
         m_main_window->cycle().go_on_for_listeners();

@@ -117,10 +117,12 @@ private:
     void showTickervantage();
     void openTrackingLog();
     void liveTracking();
+    void showHistory();
     void showLogs();
     template <class Use>
     void with_log_folder(Use use); // chrony's, empty where it names none
     [[nodiscard]] AnalysisWindows& analysis();
+    void make_analysis();
     [[nodiscard]] ConfigWindows& configurations();
     void make_configurations();
     [[nodiscard]] SettingsWindows& settings_windows();

@@ -18,7 +18,8 @@ struct PageOfWindow {
     const char* page;
 };
 
-constexpr std::array<PageOfWindow, 8> pages{{{"TrackingWindow", "windows#tracking-graph"},
+constexpr std::array<PageOfWindow, 9> pages{{{"HistoryWindow", "windows#history-of-the-clock"},
+                                             {"TrackingWindow", "windows#tracking-graph"},
                                              {"SpectrumWindow", "windows#spectrum"},
                                              {"FreqTempWindow", "windows#frequency-and-temperature"},
                                              {"SensorInspector", "windows#sensor-inspector"},

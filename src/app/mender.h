@@ -34,6 +34,9 @@ class Mender : public QObject {
 public:
     explicit Mender(MenderParts parts);
 
+    // Has chrony write its logs, after a question on the main window that says what they cost.
+    void ask_for_logging();
+
 Q_SIGNALS:
     void demonstration_left(); // for this system's chrony
     void complained(const QString& sentence);
@@ -41,7 +44,6 @@ Q_SIGNALS:
 private:
     void look();
     void mend(Mending what);
-    void ask_for_logging();
     void turn_on_logging(const std::string& configuration);
     void open_logs();
     void tell(const JobResult& result);

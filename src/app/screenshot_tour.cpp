@@ -141,7 +141,21 @@ void ScreenshotTour::plan_analysis() {
     const bool log_is_open = window_of({{}, {}, tracking}) != nullptr;
     if (!log_is_open)
         trigger("liveTracking");
+    const auto show = [trigger, refresh](const char* action) {
+        return [trigger, refresh, action] {
+            trigger(action);
+            refresh();
+        };
+    };
+    const QString history = QStringLiteral("HistoryWindow");
+    const auto has_data = [](const QWidget& window) {
+        return window.findChild<QAction*>(QStringLiteral("export_action"))->isEnabled();
+    };
+    m_stops.push_back({QStringLiteral("history"), show("showHistory"), history, has_data});
+    m_stops.push_back(
+        {QStringLiteral("history-dark"), [this, refresh] { show_dark(true), refresh(); }, history, has_data});
     const auto zoom_in = [this, tracking, refresh, log_is_open] {
+        show_dark(false);
         auto* window = window_of({{}, {}, tracking});
         auto* zoom = window != nullptr ? window->findChild<QSlider*>(QStringLiteral("hZoom")) : nullptr;
         if (zoom != nullptr && !log_is_open)
@@ -164,12 +178,6 @@ void ScreenshotTour::plan_analysis() {
                            refresh();
                        },
                        QStringLiteral("SpectrumWindow")});
-    const auto show = [trigger, refresh](const char* action) {
-        return [trigger, refresh, action] {
-            trigger(action);
-            refresh();
-        };
-    };
     m_stops.push_back(
         {QStringLiteral("frequency-temperature"), show("showFreqTemp"), QStringLiteral("FreqTempWindow")});
     m_stops.push_back(

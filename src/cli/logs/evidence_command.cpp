@@ -4,23 +4,11 @@
 #include "base/number_text.h"
 #include "base/text_lines.h"
 
-#include <fmt/format.h>
-
 #include <array>
 #include <utility>
 
 namespace tickervantage {
 namespace {
-
-std::string quoted(const std::string& word) {
-    constexpr std::string_view harmless = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-./:=+,@%";
-    if (!word.empty() && word.find_first_not_of(harmless) == std::string::npos)
-        return word;
-    std::string all = "'";
-    for (const char one : word)
-        all += one == '\'' ? std::string("'\\''") : std::string(1, one);
-    return all + '\'';
-}
 
 template <typename Interval, typename Last>
 Json intervals_json(const std::vector<Interval>& intervals, const char* key, Last last) {
@@ -67,15 +55,6 @@ std::optional<double> limit_in(std::string_view text) {
     }
     const auto limit = number_from_text<double>(number);
     return limit && *limit > 0 ? limit : std::nullopt;
-}
-
-std::string evidence_command(const std::vector<std::string>& paths, const EvidenceQuestion& question) {
-    std::string command = "tickerctl evidence";
-    for (const std::string& path : paths)
-        command += ' ' + quoted(path);
-    command += fmt::format(" --from {} --to {} --limit {}", utc_stamp(question.from), utc_stamp(question.to),
-                           text_from_double(question.limit).value_or("0"));
-    return command + (question.gap == EvidenceQuestion().gap ? "" : fmt::format(" --gap {}", question.gap));
 }
 
 } // namespace tickervantage

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cli/json_text.h"
-#include "studies/evidence/evidence_page.h"
+#include "studies/evidence/evidence_files.h"
 
 #include <optional>
 #include <string>
@@ -15,8 +15,5 @@ namespace tickervantage {
 
 // "2.5ms", "100 us", "0.01": seconds. None for anything else, and for 0 and less.
 [[nodiscard]] std::optional<double> limit_in(std::string_view text);
-
-// The command that gives the same answer again, fit for a shell.
-[[nodiscard]] std::string evidence_command(const std::vector<std::string>& paths, const EvidenceQuestion& question);
 
 } // namespace tickervantage

@@ -86,29 +86,6 @@ int print_records(FollowedFiles& files, const std::vector<LogFile>& logs, Record
                                              : print_log(records, form, std::cout, choice));
 }
 
-Result<std::vector<EvidenceFile>> sum_up(FollowedFiles& files, const std::vector<LogFile>& logs, EvidenceSum& sum) {
-    std::vector<EvidenceFile> read_files;
-    TrackingLine line;
-    for (const LogFile& log : logs) {
-        auto digest = sha256_of_file(log.path);
-        if (!digest)
-            return tl::unexpected(digest.error());
-        LogCount count;
-        const auto read = read_records(files, log.path, count, [&](std::string_view text, std::size_t) {
-            const bool is_record = read_tracking_line(text, line);
-            if (is_record)
-                sum.add(line);
-            return is_record;
-        });
-        if (!read)
-            return tl::unexpected(read.error());
-        if (const auto odd = odd_lines(log.path, count))
-            complain(english(*odd));
-        read_files.push_back({log.path, std::move(*digest), count.records});
-    }
-    return read_files;
-}
-
 Result<> write_evidence(const std::string& path, const Evidence& evidence, const EvidenceOrigin& origin) {
     PosixFiles files;
     if (path.ends_with(".json"))
@@ -118,15 +95,11 @@ Result<> write_evidence(const std::string& path, const Evidence& evidence, const
 }
 
 Result<> read_journal(std::int64_t from, std::int64_t to, EventsRead& read) {
-    MessageEvents messages;
-    std::string boot;
-    auto done = read_chrony_journal(from, to, [&](const JournalEntry& entry) {
-        if (!boot.empty() && boot != entry.boot)
-            messages.note_boot();
-        boot = entry.boot;
-        messages.add({entry.time, entry.writer, entry.message}, {});
+    JournalEvents journal;
+    auto done = read_chrony_journal(from, to, [&journal](const JournalEntry& entry) {
+        journal.add({entry.time, entry.writer, entry.message}, entry.boot);
     });
-    read.events.insert(read.events.end(), messages.events().begin(), messages.events().end());
+    journal.append_to(read.events);
     return done;
 }
 
@@ -202,21 +175,18 @@ int Tool::evidence() const {
     if (const int result = take_period(asked, question.from, question.to); result != 0)
         return result;
     PosixFollowedFiles files;
-    const auto logs = find_logs(files, asked.paths, LogKind::tracking);
-    if (!logs)
-        return fail(english(logs.error()));
-    EvidenceSum sum(question);
-    auto read = sum_up(files, *logs, sum);
+    const auto read = read_evidence(files, asked.paths, question, sha256_of_file);
     if (!read)
         return fail(english(read.error()));
-    const Evidence evidence = sum.result();
+    for (const Failure& remark : read->remarks)
+        complain(english(remark));
     if (output.empty())
-        std::cout << json_text(evidence_json(evidence, *read));
+        std::cout << json_text(evidence_json(read->evidence, read->files));
     else if (const auto written = write_evidence(
-                 output, evidence, {std::move(*read), evidence_command(asked.paths, question), TICKERVANTAGE_VERSION});
+                 output, read->evidence, {read->files, evidence_command(asked.paths, question), TICKERVANTAGE_VERSION});
              !written)
         return fail(english(written.error()));
-    return evidence.holds() ? 0 : answer_is_no;
+    return read->evidence.holds() ? 0 : answer_is_no;
 }
 
 } // namespace tickervantage

@@ -1,5 +1,7 @@
 #include "draw/plots/interval_scale.h"
 
+#include "draw/plots/round_steps.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -25,15 +27,6 @@ double narrowest(std::span<const TimeInterval> intervals) {
     for (const TimeInterval& interval : intervals)
         width = std::min(width, width_of(interval));
     return width;
-}
-
-// 1, 2 or 5 times a power of ten, not below the length.
-double round_step(double length) {
-    const double decade = std::pow(10, std::floor(std::log10(length)));
-    for (const double times : {1.0, 2.0, 5.0})
-        if (times * decade >= length * (1 - 1e-9))
-            return times * decade;
-    return 10 * decade;
 }
 
 struct Unit {

@@ -1,9 +1,7 @@
 #include "gui/freqtemp/freqtemp_plot.h"
 
-#include "qt/accessible_widgets.h"
 #include "qt/qt_canvas.h"
 
-#include <QEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -14,40 +12,13 @@
 namespace tickervantage {
 namespace {
 
-constexpr QSize PREFERRED{760, 420};
-constexpr QSize SMALLEST{360, 180};
-constexpr int TEXT_MARGIN = 24;
 constexpr double KEY_STEP = 0.01; // of the drawing area
 constexpr double LONG_KEY_STEP = 0.1;
 
 } // namespace
 
-FreqTempPlot::FreqTempPlot(QWidget* parent) : QWidget(parent) {
-    announce_as(this, QAccessible::Chart);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setMouseTracking(true);
-    setFocusPolicy(Qt::StrongFocus);
-    setAttribute(Qt::WA_OpaquePaintEvent); // the picture covers it all
-}
-
-void FreqTempPlot::set_empty_text(const QString& text) {
-    if (m_empty_text == text)
-        return;
-    m_empty_text = text;
-    update();
-}
-
-QSize FreqTempPlot::sizeHint() const {
-    return PREFERRED;
-}
-
-QSize FreqTempPlot::minimumSizeHint() const {
-    return SMALLEST;
-}
-
-Rect FreqTempPlot::bounds() const {
-    return {0, 0, static_cast<double>(width()), static_cast<double>(height())};
-}
+FreqTempPlot::FreqTempPlot(QWidget* parent)
+    : PlotSurface(parent, {.preferred = QSize(760, 420), .smallest = QSize(360, 180)}, QPalette::Window) {}
 
 Rect FreqTempPlot::drawing_area() const {
     constexpr double inset = FreqTempView::INSET_PLOT;
@@ -57,40 +28,17 @@ Rect FreqTempPlot::drawing_area() const {
             all.height - FreqTempView::MARGIN_BOTTOM - 2 * inset};
 }
 
-void FreqTempPlot::view_changed() {
-    m_picture = {};
-    update();
+void FreqTempPlot::plot_changed() {
+    PlotSurface::plot_changed();
     point_at(m_pointer);
 }
 
-void FreqTempPlot::paintEvent(QPaintEvent*) {
-    if (m_picture.isNull()) {
-        m_picture = QPixmap(size() * devicePixelRatioF());
-        m_picture.setDevicePixelRatio(devicePixelRatioF());
-        m_picture.fill(palette().color(QPalette::Window));
-        QPainter painter(&m_picture);
-        QtCanvas canvas(painter, height(), CanvasColors::from_palette(palette()), &m_canvas_memory);
-        m_view.draw(canvas, bounds());
-    }
-    QPainter painter(this);
-    painter.drawPixmap(0, 0, m_picture);
-    if (m_view.is_empty())
-        paint_empty(painter);
-    else
-        paint_marker(painter);
-}
-
-void FreqTempPlot::paint_empty(QPainter& painter) const {
+QRectF FreqTempPlot::text_area() const {
     const Rect area = drawing_area();
-    const QRectF box(area.x, height() - area.y - area.height, area.width, area.height);
-    QFont larger = font();
-    larger.setPointSizeF(larger.pointSizeF() * 1.2);
-    painter.setFont(larger);
-    painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(box.adjusted(TEXT_MARGIN, 0, -TEXT_MARGIN, 0), Qt::AlignCenter | Qt::TextWordWrap, m_empty_text);
+    return {area.x, height() - area.y - area.height, area.width, area.height};
 }
 
-void FreqTempPlot::paint_marker(QPainter& painter) const {
+void FreqTempPlot::draw_over(QPainter& painter) const {
     if (!m_reading)
         return;
     if (m_by_key) {
@@ -109,20 +57,9 @@ void FreqTempPlot::paint_marker(QPainter& painter) const {
     }
 }
 
-void FreqTempPlot::resizeEvent(QResizeEvent*) {
-    view_changed();
-}
-
-void FreqTempPlot::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange ||
-        event->type() == QEvent::ApplicationFontChange || event->type() == QEvent::StyleChange)
-        view_changed();
-    QWidget::changeEvent(event);
-}
-
 void FreqTempPlot::mouseMoveEvent(QMouseEvent* event) {
     m_by_key = false;
-    point_at(Point{event->position().x(), height() - event->position().y()});
+    point_at(flipped(event->position()));
 }
 
 void FreqTempPlot::leaveEvent(QEvent*) {

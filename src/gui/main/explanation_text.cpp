@@ -1,7 +1,7 @@
 #include "gui/main/explanation_text.h"
 
 #include "chrony/truth/headline.h"
-#include "gui/main/source_words.h"
+#include "gui/common/source_words.h"
 #include "qt/in_words.h"
 #include "qt/named_widget.h"
 

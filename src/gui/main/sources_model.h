@@ -5,7 +5,7 @@
 #pragma once
 
 #include "chrony/truth/clock_truth.h"
-#include "gui/main/source_words.h"
+#include "gui/common/source_words.h"
 
 #include <QAbstractTableModel>
 #include <QLocale>

@@ -5,10 +5,8 @@
 #include "qt/canvas_colors.h"
 
 #include <QKeyEvent>
-#include <QNativeGestureEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -26,13 +24,26 @@ double bar_unit(double length) {
 } // namespace
 
 GraphScrollArea::GraphScrollArea(PerformanceGraph& graph, QWidget* parent)
-    : QAbstractScrollArea(parent), m_graph(graph) {
+    : QAbstractScrollArea(parent), m_graph(graph), m_gestures(new PlotGestures(viewport())) {
     announce_as(this, QAccessible::Chart);
-    setMouseTracking(true);
-    viewport()->setMouseTracking(true);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent); // the graph fills its background itself
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(240, 120);
+    connect_gestures();
+}
+
+void GraphScrollArea::connect_gestures() {
+    connect(m_gestures, &PlotGestures::zoom_requested, this, &GraphScrollArea::zoom_requested);
+    connect(m_gestures, &PlotGestures::vertical_zoom_requested, this, &GraphScrollArea::vertical_zoom_requested);
+    connect(m_gestures, &PlotGestures::fit_requested, this, &GraphScrollArea::fit_requested);
+    connect(m_gestures, &PlotGestures::scroll_requested, this, &GraphScrollArea::scroll_by);
+    connect(m_gestures, &PlotGestures::oldest_requested, this, &GraphScrollArea::scroll_to_oldest);
+    connect(m_gestures, &PlotGestures::newest_requested, this, &GraphScrollArea::scroll_to_newest);
+    connect(m_gestures, &PlotGestures::pointed_at, this, &GraphScrollArea::redraw);
+    connect(m_gestures, &PlotGestures::pointer_left, this, [this] {
+        viewport()->update();
+        Q_EMIT pointer_left();
+    });
 }
 
 Rect GraphScrollArea::visible() const {
@@ -62,8 +73,8 @@ void GraphScrollArea::zoom_about(double viewport_x, double zoom) {
 // Whatever moved, the pointer or the graph beneath it: another record may be under it.
 void GraphScrollArea::redraw() {
     viewport()->update();
-    if (m_pointer_x)
-        Q_EMIT pointed_at(visible().x + *m_pointer_x);
+    if (const auto pointer = m_gestures->pointer())
+        Q_EMIT pointed_at(visible().x + pointer->x());
 }
 
 void GraphScrollArea::keep_inside() {
@@ -138,12 +149,13 @@ void GraphScrollArea::paintEvent(QPaintEvent*) {
 }
 
 void GraphScrollArea::paint_pointer_line(QPainter& painter) const {
-    if (!m_pointer_x || m_drag_from)
+    const auto pointer = m_gestures->pointer();
+    if (!pointer || m_gestures->is_dragging())
         return;
     QColor faint = palette().color(QPalette::WindowText);
     faint.setAlphaF(0.4F);
     painter.setPen(faint);
-    painter.drawLine(QPointF(*m_pointer_x, 0), QPointF(*m_pointer_x, viewport()->height()));
+    painter.drawLine(QPointF(pointer->x(), 0), QPointF(pointer->x(), viewport()->height()));
 }
 
 void GraphScrollArea::resizeEvent(QResizeEvent*) {
@@ -151,92 +163,9 @@ void GraphScrollArea::resizeEvent(QResizeEvent*) {
     Q_EMIT resized();
 }
 
-void GraphScrollArea::wheelEvent(QWheelEvent* event) {
-    constexpr double notch = 120;
-    const QPoint angle = event->angleDelta();
-    if (std::abs(angle.x()) > std::abs(angle.y()) || event->modifiers().testFlag(Qt::ShiftModifier))
-        scroll_by(-(angle.x() != 0 ? angle.x() : angle.y()), 0);
-    else if (event->modifiers().testFlag(Qt::ControlModifier))
-        Q_EMIT vertical_zoom_requested(angle.y() / notch);
-    else
-        Q_EMIT zoom_requested(angle.y() / notch, event->position().x());
-    event->accept();
-}
-
-bool GraphScrollArea::viewportEvent(QEvent* event) {
-    if (event->type() == QEvent::Leave) {
-        m_pointer_x.reset();
-        viewport()->update();
-        Q_EMIT pointer_left();
-    } else if (event->type() == QEvent::NativeGesture) {
-        const auto* gesture = static_cast<QNativeGestureEvent*>(event);
-        if (gesture->gestureType() == Qt::ZoomNativeGesture) {
-            constexpr double steps_per_doubling = 4;
-            Q_EMIT zoom_requested(gesture->value() * steps_per_doubling, gesture->position().x());
-            return true;
-        }
-    }
-    return QAbstractScrollArea::viewportEvent(event);
-}
-
-void GraphScrollArea::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) {
-        m_drag_from = event->position();
-        viewport()->setCursor(Qt::ClosedHandCursor);
-    }
-}
-
-void GraphScrollArea::mouseMoveEvent(QMouseEvent* event) {
-    m_pointer_x = event->position().x();
-    if (m_drag_from) {
-        const QPointF moved = event->position() - *m_drag_from;
-        m_drag_from = event->position();
-        scroll_by(-moved.x(), -moved.y());
-        return;
-    }
-    redraw();
-}
-
-void GraphScrollArea::mouseReleaseEvent(QMouseEvent*) {
-    m_drag_from.reset();
-    viewport()->unsetCursor();
-}
-
-void GraphScrollArea::mouseDoubleClickEvent(QMouseEvent*) {
-    Q_EMIT fit_requested();
-}
-
 void GraphScrollArea::keyPressEvent(QKeyEvent* event) {
-    const double page = viewport()->width() * 0.9;
-    const double step = viewport()->width() * 0.1;
-    const double middle = viewport()->width() * 0.5;
-    switch (event->key()) {
-    case Qt::Key_Left:
-        return scroll_by(-step, 0);
-    case Qt::Key_Right:
-        return scroll_by(step, 0);
-    case Qt::Key_Up:
-        return scroll_by(0, -step);
-    case Qt::Key_Down:
-        return scroll_by(0, step);
-    case Qt::Key_PageUp:
-        return scroll_by(-page, 0);
-    case Qt::Key_PageDown:
-        return scroll_by(page, 0);
-    case Qt::Key_Home:
-        return scroll_to_oldest();
-    case Qt::Key_End:
-        return scroll_to_newest();
-    case Qt::Key_Plus:
-    case Qt::Key_Equal:
-        Q_EMIT zoom_requested(1, middle);
-        return;
-    case Qt::Key_Minus:
-        Q_EMIT zoom_requested(-1, middle);
-        return;
-    default:
+    if (!m_gestures->take_key(*event))
         QAbstractScrollArea::keyPressEvent(event);
-    }
 }
 
 } // namespace tickervantage

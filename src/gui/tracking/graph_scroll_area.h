@@ -6,12 +6,10 @@
 #pragma once
 
 #include "draw/canvas.h"
+#include "gui/common/plot_gestures.h"
 #include "qt/qt_canvas.h"
 
 #include <QAbstractScrollArea>
-
-#include <functional>
-#include <optional>
 
 namespace tickervantage {
 
@@ -53,13 +51,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
-    void wheelEvent(QWheelEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    bool viewportEvent(QEvent* event) override;
 
 private:
     void scroll_by(double dx, double dy);
@@ -67,6 +59,7 @@ private:
     void keep_inside();
     void update_scroll_bars();
     void take_scroll_bars();
+    void connect_gestures();
     void paint_pointer_line(class QPainter& painter) const;
 
     PerformanceGraph& m_graph;
@@ -75,8 +68,7 @@ private:
     double m_right_gap = 0;    // points from the right edge in sight to the frame's right edge
     double m_above_center = 0; // points from the middle in sight to the frame's middle, where the zero line runs
     bool m_setting_bars = false;
-    std::optional<QPointF> m_drag_from;
-    std::optional<double> m_pointer_x; // in the viewport
+    PlotGestures* m_gestures;
 };
 
 } // namespace tickervantage

@@ -226,4 +226,15 @@ void MessageEvents::add_of_chronyd(const LoggedMessage& message, const EventPlac
     m_events.push_back(std::move(event));
 }
 
+void JournalEvents::add(const LoggedMessage& message, const std::string& boot) {
+    if (!m_boot.empty() && m_boot != boot)
+        m_messages.note_boot();
+    m_boot = boot;
+    m_messages.add(message, {});
+}
+
+void JournalEvents::append_to(std::vector<ClockEvent>& events) const {
+    events.insert(events.end(), m_messages.events().begin(), m_messages.events().end());
+}
+
 } // namespace tickervantage

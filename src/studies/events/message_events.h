@@ -8,6 +8,7 @@
 #include "studies/events/clock_event.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -41,6 +42,17 @@ private:
     std::vector<ClockEvent> m_events;
     bool m_has_booted = false;
     std::optional<double> m_slept; // s since 1970
+};
+
+// The journal's: `boot` changes when the machine is started anew.
+class JournalEvents {
+public:
+    void add(const LoggedMessage& message, const std::string& boot);
+    void append_to(std::vector<ClockEvent>& events) const;
+
+private:
+    MessageEvents m_messages;
+    std::string m_boot;
 };
 
 } // namespace tickervantage

@@ -1,7 +1,7 @@
-// What the table of sources says and shows of a source. Main thread.
+// What windows say and show of a source. Main thread.
 #pragma once
 
-#include "chrony/truth/judged_source.h"
+#include "chrony/truth/source_standing.h"
 
 #include <QIcon>
 #include <QPalette>
@@ -10,20 +10,6 @@
 #include <array>
 
 namespace tickervantage {
-
-// How a source stands to the clock, in few enough kinds to be told apart at a glance.
-enum class SourceStanding : unsigned char {
-    best,
-    combined,
-    spare,   // could be used
-    waiting, // cannot be judged yet
-    refused, // is not believed, or not good enough
-    silent,  // has no address, does not answer, or has no time
-};
-
-inline constexpr std::size_t source_standings = 6;
-
-[[nodiscard]] SourceStanding standing_of(SelectionRule rule);
 
 // The state in a few words.
 [[nodiscard]] QString words_of(SelectionRule rule);

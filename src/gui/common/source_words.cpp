@@ -1,4 +1,4 @@
-#include "gui/main/source_words.h"
+#include "gui/common/source_words.h"
 
 #include "gui/common/words.h"
 
@@ -84,42 +84,6 @@ QPixmap mark_of(SourceStanding standing, const QColor& color) {
 }
 
 } // namespace
-
-SourceStanding standing_of(SelectionRule rule) {
-    using enum SelectionRule;
-    switch (rule) {
-    case best:
-        return SourceStanding::best;
-    case combined:
-        return SourceStanding::combined;
-    case noselect:
-    case not_preferred:
-    case new_measurement:
-    case not_combined:
-    case outlier:
-    case stratum:
-        return SourceStanding::spare;
-    case few_measurements:
-    case waiting:
-    case required:
-        return SourceStanding::waiting;
-    case distant:
-    case jittery:
-    case falseticker:
-    case no_majority:
-    case stale:
-    case orphan:
-    case untrusted:
-        return SourceStanding::refused;
-    case unresolved:
-    case unanswered:
-    case unsynchronised:
-    case unreachable:
-    case unknown:
-        break;
-    }
-    return SourceStanding::silent;
-}
 
 QString words_of(SelectionRule rule) {
     using enum SelectionRule;

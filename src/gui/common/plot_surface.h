@@ -1,0 +1,58 @@
+// A widget that shows a plot: painted once, and kept as a picture until something about it changes, so that what
+// follows the pointer costs no more than itself. While there is nothing to plot a text says why. Main thread.
+#pragma once
+
+#include "draw/canvas.h"
+#include "qt/qt_canvas.h"
+
+#include <QPalette>
+#include <QPixmap>
+#include <QString>
+#include <QWidget>
+
+class QPainter;
+
+namespace tickervantage {
+
+class PlotSurface : public QWidget {
+    Q_OBJECT
+
+public:
+    struct Sizes {
+        QSize preferred;
+        QSize smallest;
+    };
+    PlotSurface(QWidget* parent, Sizes sizes, QPalette::ColorRole background = QPalette::Base);
+
+    void set_empty_text(const QString& text);
+    [[nodiscard]] const QString& empty_text() const { return m_empty_text; }
+
+    [[nodiscard]] QSize sizeHint() const override { return m_sizes.preferred; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return m_sizes.smallest; }
+
+protected:
+    [[nodiscard]] virtual bool is_empty() const = 0;
+    virtual void draw_plot(Canvas& canvas) const = 0; // also while it is empty
+    virtual void draw_over(QPainter& /*painter*/) const {}
+    [[nodiscard]] virtual QRectF text_area() const; // for the empty text
+    virtual void plot_changed();                    // what it looks like: to be painted anew
+
+    [[nodiscard]] Rect bounds() const { return {0, 0, static_cast<double>(width()), static_cast<double>(height())}; }
+    [[nodiscard]] Point flipped(const QPointF& position) const { return {position.x(), height() - position.y()}; }
+
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void paint_picture();
+    void paint_empty(QPainter& painter) const;
+
+    Sizes m_sizes;
+    QPalette::ColorRole m_background;
+    QString m_empty_text;
+    QPixmap m_picture; // null: to be painted
+    CanvasMemory m_canvas_memory;
+};
+
+} // namespace tickervantage

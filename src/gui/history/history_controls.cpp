@@ -1,0 +1,241 @@
+#include "gui/history/history_controls.h"
+
+#include "gui/history/histogram_view.h"
+#include "gui/history/history_plot.h"
+#include "gui/history/history_words.h"
+#include "qt/named_widget.h"
+#include "qt/text_scale.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QTextBrowser>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace tickervantage {
+namespace {
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(history)
+};
+
+QToolButton* tool(QWidget* parent, const char* name, const QString& text, const QString& tooltip,
+                  const QKeySequence& keys = {}) {
+    auto* button = named(new QToolButton(parent), name, QString(text).remove(QLatin1Char('&')), tooltip);
+    button->setText(text);
+    button->setShortcut(keys);
+    button->setFocusPolicy(Qt::StrongFocus);
+    return button;
+}
+
+QComboBox* choice(QWidget* parent, const char* name, const QString& spoken, const QString& tooltip,
+                  const QStringList& entries) {
+    auto* box = named(new QComboBox(parent), name, spoken, tooltip);
+    box->addItems(entries);
+    return box;
+}
+
+void build_movement(QWidget* parent, HistoryControls& controls) {
+    //: history window: button, the range in sight before this one
+    controls.back = tool(parent, "back", Texts::tr("◀"), Texts::tr("Back to what was in sight before (Alt+Left)"),
+                         QKeySequence(Qt::ALT | Qt::Key_Left));
+    //: history window: button, and its tooltip
+    controls.forward = tool(parent, "forward", Texts::tr("▶"), Texts::tr("Forward again (Alt+Right)"),
+                            QKeySequence(Qt::ALT | Qt::Key_Right));
+    //: history window: accessible name of the button that goes back
+    controls.back->setAccessibleName(Texts::tr("Back"));
+    //: history window: accessible name of the button that goes forward
+    controls.forward->setAccessibleName(Texts::tr("Forward"));
+    //: history window: name of the menu of ranges, its tooltip, and its entries
+    controls.range = choice(parent, "range", Texts::tr("Range"), Texts::tr("How much is in sight, up to the newest"),
+                            {Texts::tr("All"), Texts::tr("1 hour"), Texts::tr("6 hours"), Texts::tr("1 day"),
+                             Texts::tr("1 week"), Texts::tr("30 days"), Texts::tr("1 year"), Texts::tr("Own range")});
+    //: history window: button that stays down, and its tooltip
+    controls.follow = tool(parent, "follow", Texts::tr("Follow"), Texts::tr("Keep the newest reading in sight"));
+    controls.follow->setCheckable(true);
+    controls.zoom_by_drag =
+        //: history window: button that stays down, and its tooltip
+        tool(parent, "zoom_by_drag", Texts::tr("Select"),
+             Texts::tr("Dragging zooms to what is selected, as it does "
+                       "with Shift held; else it moves the plot"));
+    controls.zoom_by_drag->setCheckable(true);
+}
+
+void build_choices(QWidget* parent, HistoryControls& controls) {
+    controls.scale =
+        //: history window: name of the menu of scales, its tooltip, and its entries
+        choice(parent, "scale", Texts::tr("Scale"),
+               Texts::tr("How seconds stand on their axes: evenly, or by decades "
+                         "to both sides of zero"),
+               {Texts::tr("Suitable scale"), Texts::tr("Even scale"), Texts::tr("Decades")});
+    //: history window: name of the menu, its tooltip, and its entries
+    controls.sources_form = choice(parent, "sources_form", Texts::tr("Sources as"), Texts::tr("How sources are shown"),
+                                   {Texts::tr("Source states"), Texts::tr("Source offsets")});
+    for (QComboBox* box : {controls.range, controls.scale, controls.sources_form})
+        fit_entries(box);
+}
+
+QAction* add_action(QMenu* menu, const char* name, const QString& text) {
+    QAction* action = menu->addAction(text);
+    action->setObjectName(QLatin1String(name));
+    return action;
+}
+
+void build_menu(QWidget* parent, HistoryControls& controls) {
+    //: history window: button with a menu, and its tooltip
+    controls.files = tool(parent, "files", Texts::tr("&Logs"), Texts::tr("Logs, comparison, export"));
+    controls.files->setPopupMode(QToolButton::InstantPopup);
+    auto* menu = new QMenu(controls.files);
+    //: history window: menu items
+    controls.open_log = add_action(menu, "open_log", Texts::tr("&Open Log…"));
+    //: history window: menu item, lays another machine's log over this one
+    controls.compare = add_action(menu, "compare", Texts::tr("&Compare With…"));
+    //: history window: menu item
+    controls.end_comparison = add_action(menu, "end_comparison", Texts::tr("&End Comparison"));
+    controls.end_comparison->setEnabled(false);
+    menu->addSeparator();
+    //: history window: menu item
+    controls.fit = add_action(menu, "fit", Texts::tr("Show &All"));
+    controls.fit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
+    //: history window: menu item, opens the window with the nine series of the tracking log
+    controls.log_graph = add_action(menu, "log_graph", Texts::tr("Graph of the &Tracking Log"));
+    //: history window: menu item, has chrony write the logs that this window needs
+    controls.turn_on = add_action(menu, "turn_on", Texts::tr("Turn On &Logs…"));
+    menu->addSeparator();
+    //: history window: menu item, writes a document about how long the clock was right
+    controls.evidence = add_action(menu, "evidence", Texts::tr("&Save Evidence…"));
+    controls.files->setMenu(menu);
+}
+
+QTreeWidget* table(QWidget* parent, const char* name, const QString& spoken, const QStringList& headings) {
+    auto* tree = named(new QTreeWidget(parent), name, spoken);
+    tree->setHeaderLabels(headings);
+    tree->setRootIsDecorated(false);
+    tree->setUniformRowHeights(true);
+    tree->setAlternatingRowColors(true);
+    tree->header()->setStretchLastSection(false);
+    tree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    tree->setMinimumHeight(60);
+    return tree;
+}
+
+QWidget* build_events(QWidget* parent, HistoryControls& controls) {
+    auto* page = new QWidget(parent);
+    controls.events =
+        //: history window: name of the table of events, and its headings
+        table(page, "events", Texts::tr("Events"), {Texts::tr("Time"), Texts::tr("Event"), Texts::tr("What happened")});
+    //: history window: button with a menu of kinds of events, and its tooltip
+    controls.event_kinds = tool(page, "event_kinds", Texts::tr("&Kinds"), Texts::tr("Which kinds of events are shown"));
+    controls.event_kinds->setPopupMode(QToolButton::InstantPopup);
+    auto* menu = new QMenu(controls.event_kinds);
+    for (std::size_t kind = 0; kind < mark_kinds; ++kind) {
+        controls.kinds[kind] = menu->addAction(kind_words(static_cast<MarkKind>(kind)));
+        controls.kinds[kind]->setCheckable(true);
+        controls.kinds[kind]->setChecked(true);
+    }
+    controls.event_kinds->setMenu(menu);
+    auto* row = new QHBoxLayout(page);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(controls.events, 1);
+    row->addWidget(controls.event_kinds, 0, Qt::AlignTop);
+    return page;
+}
+
+void build_tables(QWidget* parent, HistoryControls& controls) {
+    //: history window: name of the legend, its headings, and its tooltip
+    controls.legend = table(parent, "legend", Texts::tr("Legend"), {Texts::tr("Curve"), Texts::tr("At the pointer")});
+    //: history window: tooltip of the legend
+    controls.legend->setToolTip(Texts::tr("A click on the box hides a curve; a double click, or Return, shows it alone "
+                                          "in its panel"));
+    //: history window: name of the tabs
+    controls.details = named(new QTabWidget(parent), "details", Texts::tr("Details"));
+    controls.details->setDocumentMode(true);
+    //: history window: name of the table of statistics, and its headings
+    controls.statistics =
+        table(controls.details, "statistics", Texts::tr("Statistics of what is in sight"),
+              {Texts::tr("Curve"), Texts::tr("Number"), Texts::tr("Mean"), Texts::tr("Std. dev."), Texts::tr("RMS"),
+               Texts::tr("5 %"), Texts::tr("Median"), Texts::tr("95 %"), Texts::tr("99 %"), Texts::tr("Largest")});
+    //: history window: name of the histogram
+    controls.histogram = named(new HistogramView(controls.details), "histogram", Texts::tr("Histogram"));
+    //: history window: name of the table of the two cursors, and its headings; Δ is the difference of the two
+    controls.cursors = table(controls.details, "cursors", Texts::tr("Cursors"),
+                             {Texts::tr("Curve"), Texts::tr("At A"), Texts::tr("At B"), Texts::tr("Δ"),
+                              //: history window: heading; how much the curve rises in an hour
+                              Texts::tr("Δ an hour")});
+    //: history window: name of the text about a source
+    controls.source = named(new QTextBrowser(controls.details), "source", Texts::tr("Source"));
+    controls.source->setFrameShape(QFrame::NoFrame);
+    //: history window: in place of a source's explanation
+    controls.source->setPlaceholderText(Texts::tr("A click on a source's lane tells how it stood at that time."));
+    controls.events_page = build_events(controls.details, controls);
+    //: history window: tabs
+    controls.details->addTab(controls.statistics, Texts::tr("Statistics"));
+    //: history window: a tab
+    controls.details->addTab(controls.histogram, Texts::tr("Histogram"));
+    //: history window: a tab
+    controls.details->addTab(controls.events_page, Texts::tr("Events"));
+    //: history window: a tab
+    controls.details->addTab(controls.cursors, Texts::tr("Cursors"));
+    //: history window: a tab
+    controls.details->addTab(controls.source, Texts::tr("Source"));
+}
+
+QLayout* top_row(const HistoryControls& controls) {
+    auto* row = new QHBoxLayout;
+    for (QWidget* widget : std::initializer_list<QWidget*>{controls.back, controls.forward, controls.range,
+                                                           controls.follow, controls.zoom_by_drag})
+        row->addWidget(widget);
+    row->addStretch(1);
+    row->addWidget(controls.scale);
+    row->addWidget(controls.sources_form);
+    row->addWidget(controls.files);
+    return row;
+}
+
+QSplitter* build_splitters(QWidget* parent, const HistoryControls& controls) {
+    auto* below = new QSplitter(Qt::Horizontal, parent);
+    below->addWidget(controls.legend);
+    below->addWidget(controls.details);
+    below->setStretchFactor(0, 2);
+    below->setStretchFactor(1, 5);
+    auto* all = named(new QSplitter(Qt::Vertical, parent), "panes", QString());
+    all->addWidget(controls.plot);
+    all->addWidget(below);
+    all->setStretchFactor(0, 1);
+    all->setStretchFactor(1, 0);
+    all->setCollapsible(0, false);
+    all->setSizes({600, 140});
+    return all;
+}
+
+} // namespace
+
+HistoryControls build_history_controls(QWidget* parent) {
+    HistoryControls controls;
+    build_movement(parent, controls);
+    build_choices(parent, controls);
+    build_menu(parent, controls);
+    //: history window: name of the panels
+    controls.plot = named(new HistoryPlot(parent), "plot", Texts::tr("History of the clock"));
+    build_tables(parent, controls);
+    //: history window: name of the line that says where data come from
+    controls.origins = named(new QLabel(parent), "origins", Texts::tr("Where the data come from"));
+    controls.origins->setTextFormat(Qt::PlainText);
+    controls.origins->setWordWrap(true);
+    controls.origins->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* column = new QVBoxLayout(parent);
+    column->addLayout(top_row(controls));
+    column->addWidget(build_splitters(parent, controls), 1);
+    column->addWidget(controls.origins);
+    return controls;
+}
+
+} // namespace tickervantage

@@ -1,0 +1,117 @@
+// The history of the clock in one window: what happened, when, and how good the time was.
+//
+// Shows the history store and tracking logs on one axis, and follows the store while it grows. Reading and statistics
+// are made on a queue of the window's own; the main thread takes over what has been read. Main thread only; the parts
+// outlive the window, and the main thread outlives the queue.
+#pragma once
+
+#include "base/background.h"
+#include "base/repeater.h"
+#include "gui/common/plot_export.h"
+#include "gui/history/history_controls.h"
+#include "studies/evidence/evidence_files.h"
+#include "studies/history/history_files.h"
+#include "studies/history/history_statistics.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <memory>
+#include <vector>
+
+class QTreeWidgetItem;
+
+namespace tickervantage {
+
+struct HistoryWindowParts {
+    MainThread& main_thread;
+    MasterTimer& timer;
+    FollowedFiles& files;
+    std::shared_ptr<DispatchQueueSerial> queue;
+    PlotExportParts exports;
+    bool can_turn_on_logs = false;
+};
+
+class HistoryWindow : public QMainWindow, public ExportedPlot {
+    Q_OBJECT
+public:
+    explicit HistoryWindow(HistoryWindowParts parts);
+    ~HistoryWindow() override;
+    HistoryWindow(const HistoryWindow&) = delete;
+    HistoryWindow& operator=(const HistoryWindow&) = delete;
+
+    // Reads them, and shows the newest day.
+    void show_history(HistoryPlaces places);
+    // Lays another machine's log, or a folder of them, over what is shown.
+    void compare_with(const QString& path);
+    void end_comparison();
+
+    // Writes what the logs in sight prove; .pdf or .html.
+    void save_evidence(const EvidenceQuestion& question, const QString& path);
+
+    void say(const QString& sentence); // in the status line
+
+    [[nodiscard]] const HistoryControls& controls() const { return m_controls; }
+    [[nodiscard]] PlotExport& exports() { return *m_exports; }
+
+Q_SIGNALS:
+    void log_graph_requested();
+    void logs_requested(); // chrony is to write what this window needs
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    struct CurveNumbers {
+        std::string key;
+        AxisUnit unit{};
+        ValueStatistics statistics;
+        Histogram histogram;
+    };
+
+    void draw_plot(Canvas& canvas, Rect bounds) const override;
+    [[nodiscard]] PlotCaption plot_caption() const override;
+    [[nodiscard]] std::shared_ptr<PlotTable> plot_table() override;
+
+    void connect_movement();
+    void connect_choices();
+    void connect_tables();
+    void connect_files();
+    void ask_for_log(bool to_compare);
+    void ask_for_question();
+    void take(LoadedHistory loaded);
+    void look_for_more();
+    void show_first_range();
+    void choose_range(int entry);
+    void keep_newest_in_sight();
+    void range_moved();
+    void data_changed();
+    void fill_legend();
+    void legend_changed(QTreeWidgetItem* item);
+    void isolate(QTreeWidgetItem* item);
+    void fill_events();
+    void show_event(QTreeWidgetItem* item);
+    void show_values();
+    void show_cursors();
+    void count_statistics();
+    void show_statistics(const std::vector<CurveNumbers>& numbers);
+    void show_histogram();
+    void show_lane(const QString& source, double time);
+    void show_marks(const QPoint& place, const std::vector<HistoryMark>& marks) const;
+    void show_origins();
+
+    HistoryWindowParts m_parts;
+    HistoryControls m_controls;
+    HistoryPlaces m_places;
+    LoadedHistory m_loaded; // without its data, which are below
+    std::shared_ptr<HistoryData> m_data = std::make_shared<HistoryData>();
+    std::vector<CurveNumbers> m_numbers;
+    std::unique_ptr<PlotExport> m_exports;
+    std::unique_ptr<Repeater> m_reader;
+    QTimer m_statistics_timer; // waits until a movement has ended
+    bool m_is_reading = false;
+    Background m_background;
+    Background m_statistics;
+};
+
+} // namespace tickervantage

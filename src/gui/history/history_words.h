@@ -1,0 +1,42 @@
+// The texts of the history window that say something about data. Main thread.
+#pragma once
+
+#include "chrony/truth/source_standing.h"
+#include "draw/plots/plot_caption.h"
+#include "studies/history/history_files.h"
+#include "studies/history/history_statistics.h"
+#include "studies/history/history_view.h"
+
+#include <QString>
+
+namespace tickervantage {
+
+// "Offset", "Offset, compared", a source's address.
+[[nodiscard]] QString curve_words(const std::string& key);
+[[nodiscard]] HistoryWords panel_words();
+
+// What a lane's colour means.
+[[nodiscard]] QString standing_words(SourceStanding standing);
+
+// The kind in a word or two, as the filter has it; and what happened as a sentence.
+[[nodiscard]] QString kind_words(MarkKind kind);
+[[nodiscard]] QString mark_words(const HistoryMark& mark);
+
+// With three digits, in the unit that suits it, and the language's decimal point.
+[[nodiscard]] QString value_words(double value, AxisUnit unit);
+// "2026-11-21 14:05:33 CET"
+[[nodiscard]] QString moment_words(double time);
+// "2 h 4 min"
+[[nodiscard]] QString duration_words(double seconds);
+
+// Which data come from where, and what could not be read.
+[[nodiscard]] QString origin_words(const HistoryData& data, const LoadedHistory& loaded);
+// What to do when nothing is there.
+[[nodiscard]] QString empty_words(const LoadedHistory& loaded);
+
+// What the store has of a source at a time; with what it does not have.
+[[nodiscard]] QString lane_words(const HistoryLane& lane, double time);
+
+[[nodiscard]] PlotCaption caption_of(const HistoryView& view, const QString& title);
+
+} // namespace tickervantage
