@@ -18,15 +18,21 @@ struct PageOfWindow {
     const char* page;
 };
 
-constexpr std::array<PageOfWindow, 9> pages{{{"HistoryWindow", "windows#history-of-the-clock"},
-                                             {"TrackingWindow", "windows#tracking-graph"},
-                                             {"SpectrumWindow", "windows#spectrum"},
-                                             {"FreqTempWindow", "windows#frequency-and-temperature"},
-                                             {"SensorInspector", "windows#sensor-inspector"},
-                                             {"ServersWindow", "windows#servers"},
-                                             {"ConfigEditor", "windows#configuration-editor"},
-                                             {"Preferences", "windows#preferences"},
-                                             {"HelpViewer", "windows#help"}}};
+constexpr auto correcting_at_once = "faq#how-do-i-correct-the-clock-at-once-safely";
+
+constexpr std::array<PageOfWindow, 13> pages{{{"HistoryWindow", "windows#history-of-the-clock"},
+                                              {"TrackingWindow", "windows#tracking-graph"},
+                                              {"SpectrumWindow", "windows#spectrum"},
+                                              {"FreqTempWindow", "windows#frequency-and-temperature"},
+                                              {"SensorInspector", "windows#sensor-inspector"},
+                                              {"ServersWindow", "windows#servers"},
+                                              {"ConfigEditor", "windows#configuration-editor"},
+                                              {"Preferences", "windows#preferences"},
+                                              {"HelpViewer", "windows#help"},
+                                              {"ReportWindow", "windows#main-window"},
+                                              {"KeptConfigurations", "windows#former-configurations"},
+                                              {"Synchronize", correcting_at_once},
+                                              {"StepTime", correcting_at_once}}};
 
 constexpr const char* first_page = "first-use";
 
@@ -74,7 +80,9 @@ bool HelpWindows::eventFilter(QObject* receiver, QEvent* event) {
     if (event->type() != QEvent::KeyPress || !receiver->isWidgetType() || !static_cast<QWidget*>(receiver)->isWindow())
         return QObject::eventFilter(receiver, event);
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier || QApplication::activeModalWidget() != nullptr)
+    const auto* modal = QApplication::activeModalWidget();
+    const bool would_be_blocked = modal != nullptr && modal->windowModality() == Qt::ApplicationModal;
+    if (key->key() != Qt::Key_F1 || key->modifiers() != Qt::NoModifier || would_be_blocked)
         return QObject::eventFilter(receiver, event);
     show(page_of(*receiver));
     return true;

@@ -71,6 +71,8 @@ bool WindowMenus::eventFilter(QObject* receiver, QEvent* event) {
         const bool is_window = window->windowType() == Qt::Window;
         if (is_polish && is_window && !m_windows.contains(window))
             add_to(*window);
+        if (is_polish && window->windowType() == Qt::Dialog && !closes_by_key(*window))
+            add_to_dialog(*window);
         if (!is_polish && !event->spontaneous() && (is_window || window->windowType() == Qt::Dialog))
             shrink_to_screen(*window);
     }
@@ -94,6 +96,13 @@ void WindowMenus::add_to(QWidget& window) {
         menu->addAction(Texts::tr("&Close Window"), QKeySequence::Close, &window, &QWidget::close);
     menu->addAction(&m_quit);
     connect(menu, &QMenu::aboutToShow, this, [this, menu, &window] { list_open_windows(*menu, window); });
+}
+
+// It has no menu bar, but the keys of one.
+void WindowMenus::add_to_dialog(QWidget& dialog) {
+    connect(new QShortcut(QKeySequence::Close, &dialog), &QShortcut::activated, &dialog, &QWidget::close);
+    if (!dialog.isModal())
+        dialog.addAction(&m_quit);
 }
 
 void WindowMenus::list_open_windows(QMenu& menu, const QWidget& here) {

@@ -26,6 +26,7 @@ protected:
 
 private:
     void add_to(QWidget& window);
+    void add_to_dialog(QWidget& dialog);
     void list_open_windows(QMenu& menu, const QWidget& here);
 
     QMenu& m_menu;

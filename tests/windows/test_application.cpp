@@ -264,6 +264,18 @@ TEST_F(ApplicationTest, ALogThatIsOpenComesToTheFront) {
     EXPECT_EQ(titles_of("TrackingWindow"), (std::multiset<std::string>{"/a/tracking.log", "/b/tracking.log"}));
 }
 
+TEST_F(ApplicationTest, DialogsCloseByKeyAsWindowsDo) {
+    launch();
+    QDialog dialog(&application->main_window());
+    dialog.show();
+    const auto shortcuts = dialog.findChildren<QShortcut*>();
+    const auto close = std::ranges::find(shortcuts, QKeySequence(QKeySequence::Close), &QShortcut::key);
+    ASSERT_NE(close, shortcuts.end());
+    EXPECT_TRUE(dialog.actions().contains(item("quit")));
+    Q_EMIT(*close)->activated();
+    EXPECT_FALSE(dialog.isVisible());
+}
+
 TEST_F(ApplicationTest, NoWindowIsLargerThanTheScreen) {
     launch();
     const QSize screen = application->main_window().screen()->availableSize();

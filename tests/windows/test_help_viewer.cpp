@@ -132,17 +132,20 @@ TEST_F(HelpViewerTest, FindingInAPageGoesOnFromTheOtherEnd) {
 }
 
 TEST_F(HelpViewerTest, F1OpensThePageOfTheWindow) {
-    write("windows.md", "# The windows\n\n## Servers\n\nA list\n");
+    write("windows.md", "# The windows\n\n## Servers\n\nA list\n\n## Former configurations\n\nKept\n");
     HelpWindows help({.sources = sources(), .queue = queue, .main_thread = main_thread});
-    QWidget servers;
-    servers.setObjectName(QStringLiteral("ServersWindow"));
-    testing::press_key(&servers, Qt::Key_F1);
-    settle();
-    bool found = false;
-    for (auto* top : QApplication::topLevelWidgets())
-        found = found || (top->objectName() == QStringLiteral("HelpViewer") &&
-                          top->findChild<QTextBrowser*>()->textCursor().block().text() == QStringLiteral("Servers"));
-    EXPECT_TRUE(found);
+    for (const auto& [name, heading] :
+         {std::pair{"ServersWindow", "Servers"}, std::pair{"KeptConfigurations", "Former configurations"}}) {
+        QWidget asking;
+        asking.setObjectName(QLatin1String(name));
+        testing::press_key(&asking, Qt::Key_F1);
+        settle();
+        bool found = false;
+        for (auto* top : QApplication::topLevelWidgets())
+            found = found || (top->objectName() == QStringLiteral("HelpViewer") &&
+                              top->findChild<QTextBrowser*>()->textCursor().block().text() == QLatin1String(heading));
+        EXPECT_TRUE(found) << name;
+    }
 }
 
 } // namespace

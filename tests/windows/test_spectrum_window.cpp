@@ -217,9 +217,9 @@ TEST_F(SpectrumWindowTest, TellsHowManySamplesAreNotMeasured) {
         << status().toStdString();
     const PlotCaption caption = caption_of(*chart()->view().spectrum(), QStringLiteral("Offset"));
     EXPECT_EQ(caption.title, "Spectrum: Offset");
-    ASSERT_EQ(caption.lines.size(), 3U);
+    ASSERT_EQ(caption.lines.size(), 4U);
     EXPECT_NE(caption.lines[0].find(" s up to 2026-11-2"), std::string::npos) << caption.lines[0];
-    EXPECT_NE(caption.lines[2].find("5 of 10"), std::string::npos) << caption.lines[2];
+    EXPECT_NE(caption.lines[3].find("5 of 10"), std::string::npos) << caption.lines[3];
 }
 
 TEST_F(SpectrumWindowTest, EveryControlHasANameAndATooltip) {

@@ -70,12 +70,11 @@ std::vector<Item> view_items() {
 }
 
 std::vector<Item> chrony_items() {
-    return {
-        {"check", QT_TRANSLATE_NOOP("configmenus", "&Check Syntax"), "dialog-ok-apply",
-         QKeySequence(Qt::CTRL | Qt::Key_Return)},
-        {"install", QT_TRANSLATE_NOOP("configmenus", "&Install…"), "system-run", {}},
-        separator,
-        {"help", QT_TRANSLATE_NOOP("configmenus", "&Help on Directives"), "help-contents", QKeySequence::HelpContents}};
+    return {{"check", QT_TRANSLATE_NOOP("configmenus", "&Check Syntax"), "dialog-ok-apply",
+             QKeySequence(Qt::CTRL | Qt::Key_Return)},
+            {"install", QT_TRANSLATE_NOOP("configmenus", "&Install…"), "system-run", {}},
+            separator,
+            {"help", QT_TRANSLATE_NOOP("configmenus", "&Help on Directives"), "help-contents", {}}};
 }
 
 bool is_menu(const Item& item) {

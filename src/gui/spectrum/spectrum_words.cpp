@@ -88,6 +88,9 @@ PlotCaption caption_of(const ComputedSpectrum& spectrum, const QString& series) 
             .arg(locale.toString(duration), from_std(local_date_time(spectrum.newest)),
                  locale.toString(spectrum.interval))
             .toStdString());
+    //: exported spectrum: what its axes are
+    caption.lines.push_back(
+        Texts::tr("Across: frequency in Hz. Upwards: strength, that of the highest bar being 1").toStdString());
     //: exported spectrum: what the shade is
     caption.lines.push_back(Texts::tr("Shaded: mirror image of the left half").toStdString());
     if (const QString doubt = doubt_words(spectrum); !doubt.isEmpty())
