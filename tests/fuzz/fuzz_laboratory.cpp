@@ -13,7 +13,9 @@ using namespace tickervantage;
 namespace {
 
 void judge(const PhaseData& data) {
-    const auto curves = stability_of(data, {.measures = {stability_measures.begin(), stability_measures.end()}});
+    StabilityQuestion all;
+    all.measures.assign(stability_measures.begin(), stability_measures.end());
+    const auto curves = stability_of(data, all);
     if (!curves)
         return;
     for (const StabilityCurve& curve : *curves)
