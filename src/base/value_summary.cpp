@@ -4,7 +4,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <iterator>
+#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -21,37 +21,48 @@ std::size_t bucket_of(double value) {
     return static_cast<std::size_t>(rising >> (64 - bucket_bits));
 }
 
+// The numbers of some places of the sorted list, found without sorting it.
 class Ranks {
 public:
-    Ranks(std::span<const double> values, std::span<const std::uint32_t> counts) : m_values(values), m_counts(counts) {}
+    explicit Ranks(std::vector<std::uint32_t> counts) : m_counts(std::move(counts)) {}
 
-    // The value at that place of the sorted ones. Cheapest where places rise.
+    // To be asked for later. Cheapest where places rise.
+    void want(std::size_t place) {
+        move_to(place);
+        std::uint8_t& gathering = m_gatherings[m_bucket];
+        if (gathering != 0)
+            return;
+        m_gathered.emplace_back().reserve(m_counts[m_bucket]);
+        gathering = static_cast<std::uint8_t>(m_gathered.size());
+    }
+
+    void gather(std::span<const double> values) {
+        for (const double value : values)
+            if (const std::uint8_t gathering = m_gatherings[bucket_of(value)]; gathering != 0 && value == value)
+                m_gathered[gathering - 1U].push_back(value);
+    }
+
     double at(std::size_t place) {
-        if (place < m_before)
-            m_bucket = m_before = 0;
-        while (place >= m_before + m_counts[m_bucket])
-            m_before += m_counts[m_bucket++];
-        if (m_bucket != m_gathered_bucket)
-            gather();
-        const auto nth = m_gathered.begin() + static_cast<std::ptrdiff_t>(place - m_before);
-        std::nth_element(m_gathered.begin(), nth, m_gathered.end());
+        move_to(place);
+        auto& values = m_gathered[m_gatherings[m_bucket] - 1U];
+        const auto nth = values.begin() + static_cast<std::ptrdiff_t>(place - m_before);
+        std::nth_element(values.begin(), nth, values.end());
         return *nth;
     }
 
 private:
-    void gather() {
-        m_gathered.clear();
-        std::ranges::copy_if(m_values, std::back_inserter(m_gathered),
-                             [this](double value) { return value == value && bucket_of(value) == m_bucket; });
-        m_gathered_bucket = m_bucket;
+    void move_to(std::size_t place) {
+        if (place < m_before)
+            m_bucket = m_before = 0;
+        while (place >= m_before + m_counts[m_bucket])
+            m_before += m_counts[m_bucket++];
     }
 
-    std::span<const double> m_values;
-    std::span<const std::uint32_t> m_counts;
+    std::vector<std::uint32_t> m_counts;
     std::size_t m_bucket = 0;
-    std::size_t m_before = 0; // values in lower buckets
-    std::vector<double> m_gathered;
-    std::size_t m_gathered_bucket = buckets;
+    std::size_t m_before = 0;                                                    // values in lower buckets
+    std::vector<std::uint8_t> m_gatherings = std::vector<std::uint8_t>(buckets); // by bucket, from 1; 0: not wanted
+    std::vector<std::vector<double>> m_gathered;
 };
 
 } // namespace
@@ -76,13 +87,22 @@ std::optional<ValueSummary> summary_of(std::span<const double> values, std::span
     const auto count = static_cast<double>(summary.count);
     summary.mean = sum / count;
     summary.rms = std::sqrt(squares / count);
-    Ranks ranks(values, counts);
+    Ranks ranks(std::move(counts));
+    const auto next_to = [&](std::size_t place) {
+        return std::min(place + 1, summary.count - 1);
+    };
+    const auto below = [&](double share) {
+        return static_cast<std::size_t>(share * (count - 1));
+    };
     for (const double share : shares) {
-        const double place = share * (count - 1);
-        const auto below = static_cast<std::size_t>(place);
-        const double one = ranks.at(below);
-        const double next = ranks.at(std::min(below + 1, summary.count - 1));
-        summary.percentiles.push_back(one + (next - one) * (place - static_cast<double>(below)));
+        ranks.want(below(share));
+        ranks.want(next_to(below(share)));
+    }
+    ranks.gather(values);
+    for (const double share : shares) {
+        const double one = ranks.at(below(share));
+        const double next = ranks.at(next_to(below(share)));
+        summary.percentiles.push_back(one + (next - one) * (share * (count - 1) - static_cast<double>(below(share))));
     }
     return summary;
 }

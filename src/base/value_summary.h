@@ -17,7 +17,7 @@ struct ValueSummary {
     std::vector<double> percentiles = {}; // as they were asked for
 };
 
-// Of those that are there: NaN is absent. The shares, from 0 to 1, rise; a percentile between two values lies on the
+// Of those that are there: NaN is absent. At most 100 shares, from 0 to 1; a percentile between two values lies on the
 // straight line between them. A million numbers take some milliseconds: they are not sorted. None where none is there.
 [[nodiscard]] std::optional<ValueSummary> summary_of(std::span<const double> values, std::span<const double> shares);
 

@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QDateTime>
+#include <QHashFunctions>
 #include <QMarginsF>
 #include <QPageLayout>
 #include <QPageSize>
@@ -34,6 +35,7 @@ bool is_pdf(std::string_view path) {
 }
 
 std::string pdf_of_html(const std::string& html, std::int64_t moment) {
+    QHashSeed::setDeterministicGlobalSeed(); // the writer's fonts come in the order of a hash
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
@@ -47,6 +49,7 @@ std::string pdf_of_html(const std::string& html, std::int64_t moment) {
     document.setHtml(QString::fromStdString(html));
     document.print(&writer);
     buffer.close();
+    QHashSeed::resetRandomGlobalSeed();
     set_creation_date(bytes, moment);
     return bytes.toStdString();
 }

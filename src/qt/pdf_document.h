@@ -1,4 +1,4 @@
-// Rich text as a PDF. Needs a QGuiApplication for its fonts; any thread.
+// Rich text as a PDF. Needs a QGuiApplication for its fonts. Main thread.
 #pragma once
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 // Any bytes as a tracking log: records stay finite, chrony's own layout is read as any other layout is, and the quick
 // ways to ranges agree with the records.
-#include "fuzz/require.h"
 #include "chrony/log/tracking_line.h"
+#include "fuzz/require.h"
 #include "studies/tracking/tracking_records.h"
 
 #include <bit>

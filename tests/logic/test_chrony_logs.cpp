@@ -148,7 +148,7 @@ TEST(ChronyLogs, AreFoundInFoldersAndReadInTheOrderOfTheirRotation) {
 
 TEST(ChronyLogs, CountLinesThatAreNoRecords) {
     testing::FakeFollowedFiles files;
-    files.create("a.log", "====\n\n2026-11-22 12:44:51 1 2\nodd\n2026-11-22 12:44:52 1 2\nodder");
+    files.create("a.log", "====\n\n2026-11-22 12:44:51 1 2\n\xFF\n2026-11-22 12:44:52 1 2\nodder");
     LogTable table(LogKind::tempcomp);
     LogCount count;
     std::vector<std::size_t> numbers;

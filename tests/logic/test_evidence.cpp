@@ -146,7 +146,7 @@ TEST(EvidenceTest, IsAPageThatAStrangerMayRead) {
     const Evidence evidence = sum_of({{midnight, 1}, {midnight + 64, 2e-3}, {midnight + 128, 1e-4}},
                                      {.from = midnight, .to = midnight + 128, .limit = 1e-3});
     const std::string page = evidence_html(evidence, {{{"<b>.log", "00ff", 3}}, "tickerctl evidence '<b>.log'", "9.9"});
-    for (const char* words : {"No: for 1 min 4 s the error may have been larger than 1.00 ms.", "50.000 %", "2.00 ms",
+    for (const char* words : {"No: for 1 min 4 s the error may have been larger than 1 ms.", "50.000 %", "2.00 ms",
                               "Max. error", "&lt;b&gt;.log", "00ff", "Tickervantage 9.9", "2026-11-21T00:02:08Z"})
         EXPECT_NE(page.find(words), std::string::npos) << words;
     EXPECT_EQ(page.find("<b>.log"), std::string::npos);

@@ -1,9 +1,14 @@
 // What `tickerctl log` prints.
+#include "base/value_summary.h"
 #include "chrony/log/log_pieces.h"
 #include "cli/logs/log_command.h"
 #include "support/fake_followed_files.h"
 #include "support/kept_text.h"
 #include "support/test.h"
+
+#include <cmath>
+#include <limits>
+#include <random>
 
 namespace tickervantage {
 namespace {
@@ -33,6 +38,34 @@ TEST(LogCommand, PrintsRecordsAndTheirSummaries) {
     files.at("a.log").fails_when_read = true;
     EXPECT_EQ(english(read("a.log").error()), "a.log cannot be read: Input/output error.");
     EXPECT_FALSE(read("b.log"));
+}
+
+// Against a list that is sorted.
+TEST(ValueSummary, FindsPercentilesWithoutSorting) {
+    std::mt19937 random(9);
+    std::normal_distribution<double> normal;
+    constexpr std::array shares{0.0, 0.05, 0.5, 0.51, 0.95, 1.0};
+    for (const std::size_t count : {1U, 2U, 3U, 7U, 100U, 5000U}) {
+        std::vector<double> values(count);
+        for (double& value : values)
+            value = count == 100 ? -12.3 + 1e-3 * normal(random) : normal(random) * std::pow(10, 5 * normal(random));
+        std::vector<double> sorted = values;
+        std::ranges::sort(sorted);
+        values.insert(values.begin() + 1, std::numeric_limits<double>::quiet_NaN());
+        const auto summary = summary_of(values, shares);
+        ASSERT_TRUE(summary);
+        EXPECT_EQ(summary->count, count);
+        EXPECT_EQ(summary->least, sorted.front());
+        EXPECT_EQ(summary->largest, sorted.back());
+        for (std::size_t i = 0; i < shares.size(); ++i) {
+            const double place = shares[i] * static_cast<double>(count - 1);
+            const auto below = static_cast<std::size_t>(place);
+            const double next = sorted[std::min(below + 1, count - 1)];
+            EXPECT_DOUBLE_EQ(summary->percentiles[i],
+                             sorted[below] + (next - sorted[below]) * (place - static_cast<double>(below)));
+        }
+    }
+    EXPECT_FALSE(summary_of(std::array{std::numeric_limits<double>::quiet_NaN()}, shares));
 }
 
 } // namespace

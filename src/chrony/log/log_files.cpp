@@ -58,7 +58,7 @@ Result<std::optional<LogKind>> kind_of_file(FollowedFiles& files, const std::str
     std::string head;
     if (files.open(path, file, status, reason) != 0 || file->length([] { return true; }, length, reason) != 0)
         return failed(FailureCode::file_unreadable, {path}, std::move(reason).value_or(Failure()));
-    LogPieces pieces(*file, 0, length);
+    LogPieces pieces(*file, 0, length, LogPieces::Bytes::any);
     std::optional<LogKind> kind;
     while (!kind && pieces.next(head, reason) == LogPieces::Next::piece)
         kind = kind_in(head);

@@ -95,12 +95,22 @@ bool is_absent(std::string_view text) {
     return text == "nan" || text == "inf";
 }
 
-// Something stands before the text: the date, at least.
+// "-1.234e-05", as most numbers are written: read where it stands, before its end is looked for. `at` comes behind it.
+// Something stands before it: the date, at least.
+bool take_scientific(const char*& at, const char* end, LogLine& read, std::size_t column) {
+    constexpr std::ptrdiff_t width = 10; // the place of a sign among them
+    while (at != end && is_white(*at))
+        ++at;
+    const char* const start = at == end || *at == '-' ? at : at - 1;
+    if (end - start < width || (end - start > width && !is_white(start[width])) ||
+        !read_scientific(start, read.numbers[column]))
+        return false;
+    read.texts[column] = {at, static_cast<std::size_t>(start + width - at)};
+    at = start + width;
+    return true;
+}
+
 bool read_number(std::string_view text, LogNumber& number) {
-    constexpr std::size_t scientific = 10; // characters, the place of a sign among them
-    const bool fits = text.size() == scientific || (text.size() + 1 == scientific && text[0] != '-');
-    if (fits && read_scientific(text.data() + text.size() - scientific, number))
-        return true;
     if (read_plain(text, number))
         return true;
     number = read_log_number(text);
@@ -136,6 +146,8 @@ bool read_column(ColumnForm form, std::string_view text, LogNumber& number) {
 // The columns behind date and time. `left`: what stands behind the last one.
 bool read_columns(const LogShape& shape, const char* at, const char* end, LogLine& read, std::string_view& left) {
     for (std::size_t column = 0; column < shape.columns.size(); ++column) {
+        if (shape.columns[column].form == ColumnForm::number && take_scientific(at, end, read, column))
+            continue;
         const auto word = take_word(at, end);
         if (word.empty() && column < shape.fewest)
             return false;

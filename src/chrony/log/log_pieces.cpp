@@ -24,8 +24,8 @@ std::string_view last_line_of(std::string_view text) {
     return text.substr(text.rfind('\n') + 1);
 }
 
-LogPieces::LogPieces(FollowedFile& file, std::uint64_t from, std::uint64_t end)
-    : m_file(file), m_from(from), m_read(from), m_end(end), m_position(from) {}
+LogPieces::LogPieces(FollowedFile& file, std::uint64_t from, std::uint64_t end, Bytes wanted)
+    : m_file(file), m_from(from), m_read(from), m_end(end), m_position(from), m_wanted(wanted) {}
 
 int LogPieces::last_line(std::string& line, std::optional<Failure>& reason) {
     line.clear();
@@ -100,7 +100,7 @@ LogPieces::Next LogPieces::next(std::string& text, std::optional<Failure>& reaso
     while (m_position < m_end) {
         if (m_read < m_end && fill(reason) != 0)
             return Next::failed;
-        if (cut(text) && is_utf8(text))
+        if (cut(text) && (m_wanted == Bytes::any || is_utf8(text)))
             return Next::piece;
     }
     return Next::end;
@@ -120,12 +120,13 @@ namespace {
 
 // The line feeds of the piece are counted on the way, those of empty lines too.
 void hand_out(std::string_view piece, std::size_t& number, const NumberedLine& line) {
+    const bool is_text = is_utf8(piece);
     const char* counted = piece.data();
     std::string_view rest = piece;
     for (auto one = take_line(rest); !one.empty(); one = take_line(rest)) {
         for (; counted != one.data(); ++counted)
             number += *counted == '\n' ? 1 : 0;
-        line(one, number);
+        line(is_text || is_utf8(one) ? one : std::string_view("\xEF\xBF\xBD"), number);
         counted = one.data() + one.size();
     }
     number += static_cast<std::size_t>(std::count(counted, piece.data() + piece.size(), '\n'));
@@ -147,7 +148,7 @@ Result<> read_log(FollowedFiles& files, const std::string& name, const NumberedL
     };
     if (files.open(name, file, status, reason) != 0 || file->length([] { return true; }, length, reason) != 0)
         return unreadable(std::move(reason));
-    LogPieces pieces(*file, 0, length);
+    LogPieces pieces(*file, 0, length, LogPieces::Bytes::any);
     std::optional<Failure> read_reason;
     std::string text;
     std::size_t number = 1;

@@ -19,8 +19,10 @@ public:
     static constexpr std::size_t PIECE_SIZE = std::size_t{1} << 20U;
     static constexpr std::size_t LONGEST_LINE = std::size_t{16} << 20U;
 
+    enum class Bytes : unsigned char { utf8, any }; // any: a piece is handed out whatever it holds
+
     // The stretch [from, end) of the file, which outlives this.
-    LogPieces(FollowedFile& file, std::uint64_t from, std::uint64_t end);
+    LogPieces(FollowedFile& file, std::uint64_t from, std::uint64_t end, Bytes wanted = Bytes::utf8);
 
     // The last line of the whole stretch that is not empty; empty when there is none, or when it is too long. May be
     // asked before the pieces.
@@ -42,6 +44,7 @@ private:
     std::uint64_t m_read; // up to here
     std::uint64_t m_end;
     std::uint64_t m_position;
+    Bytes m_wanted;
     bool m_is_in_long_line = false;
     std::string m_text; // read, not handed out yet
 };
@@ -55,7 +58,8 @@ private:
 // Whether a text that begins so is a log of chronyd's: with a banner, or a record.
 [[nodiscard]] bool begins_as_log(std::string_view start);
 
-// Reads a whole log, line by line. A failure names `name`; lines before the damage were handed out.
+// Reads a whole log, line by line; a line that is no UTF-8 is handed out as "\xEF\xBF\xBD", so that no reader takes it
+// for a record. A failure names `name`; lines before the damage were handed out.
 using PlainLine = std::function<void(std::string_view line)>;
 using NumberedLine = std::function<void(std::string_view line, std::size_t number)>; // from 1, empty lines counted
 [[nodiscard]] Result<> read_log(FollowedFiles& files, const std::string& name, const PlainLine& line);

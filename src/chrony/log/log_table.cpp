@@ -35,22 +35,33 @@ void LogTable::add(const LogLine& line) {
     Piece& piece = m_pieces.back();
     piece.times[at] = line.microseconds;
     for (std::size_t column = 0; column < m_shape.columns.size(); ++column)
-        piece.cells[column * records_per_piece + at] = m_shape.columns[column].is_number()
-                                                           ? packed(line.numbers[column], piece.other_numbers)
-                                                           : static_cast<PackedNumber>(number_of(line.texts[column]));
+        piece.cells[column * records_per_piece + at] = cell_of(column, line);
     ++m_size;
 }
 
-std::uint32_t LogTable::number_of(std::string_view text) {
+PackedNumber LogTable::cell_of(std::size_t column, const LogLine& line) {
+    switch (m_shape.columns[column].form) {
+    case ColumnForm::letter:
+        return static_cast<unsigned char>(line.texts[column].front());
+    case ColumnForm::text:
+        return static_cast<PackedNumber>(number_of(column, line.texts[column]));
+    default:
+        return packed(line.numbers[column], m_pieces.back().other_numbers);
+    }
+}
+
+std::uint32_t LogTable::number_of(std::size_t column, std::string_view text) {
+    std::uint32_t& last = m_last[column];
+    if (last < m_texts.size() && *m_texts[last] == text)
+        return last;
     std::uint32_t& recent = m_recent[place_of(text, recent_places)];
     if (recent < m_texts.size() && *m_texts[recent] == text)
-        return recent;
+        return last = recent;
     const auto [entry, is_new] =
         m_text_numbers.try_emplace(std::string(text), static_cast<std::uint32_t>(m_texts.size()));
     if (is_new)
         m_texts.push_back(&entry->first);
-    recent = entry->second;
-    return recent;
+    return last = recent = entry->second;
 }
 
 std::int64_t LogTable::microseconds(std::size_t index) const {
@@ -70,7 +81,15 @@ std::uint32_t LogTable::text_number(std::size_t column, std::size_t index) const
 }
 
 std::string_view LogTable::text(std::size_t column, std::size_t index) const {
-    return *m_texts[text_number(column, index)];
+    static constexpr auto letters = [] {
+        std::array<char, 256> all{};
+        for (std::size_t i = 0; i < all.size(); ++i)
+            all[i] = static_cast<char>(i);
+        return all;
+    }();
+    const std::uint32_t number = text_number(column, index);
+    return m_shape.columns[column].form == ColumnForm::letter ? std::string_view(&letters[number], 1)
+                                                              : std::string_view(*m_texts[number]);
 }
 
 std::size_t LogTable::memory() const {

@@ -35,7 +35,7 @@ public:
     [[nodiscard]] double number(std::size_t column, std::size_t index) const; // NaN: absent
     [[nodiscard]] std::string_view text(std::size_t column, std::size_t index) const;
 
-    // Of the source of a record; equal numbers are equal texts. For logs with sources.
+    // Of a text; equal numbers are equal texts.
     [[nodiscard]] std::uint32_t text_number(std::size_t column, std::size_t index) const;
 
     [[nodiscard]] std::size_t memory() const; // bytes held
@@ -44,19 +44,22 @@ private:
     static constexpr std::size_t records_per_piece = 4096;
     struct Piece {
         std::vector<std::int64_t> times;
-        std::vector<PackedNumber> cells; // column by column; of a text its number
+        std::vector<PackedNumber> cells; // column by column; of a text its number, of a letter the letter
         std::vector<double> other_numbers;
     };
 
     [[nodiscard]] PackedNumber cell(std::size_t column, std::size_t index) const;
-    [[nodiscard]] std::uint32_t number_of(std::string_view text);
+    [[nodiscard]] PackedNumber cell_of(std::size_t column, const LogLine& line);
+    [[nodiscard]] std::uint32_t number_of(std::size_t column, std::string_view text);
 
     const LogShape& m_shape;
     std::size_t m_size = 0;
     std::vector<Piece> m_pieces;
     std::unordered_map<std::string, std::uint32_t> m_text_numbers;
     std::vector<const std::string*> m_texts; // keys of the map
-    // Most texts were seen a moment ago: a glance here costs less than a look into the map.
+    // Most texts were seen a moment ago, if not in the record before: a glance here costs less than a look into the
+    // map.
+    std::array<std::uint32_t, most_log_columns> m_last{}; // by column
     static constexpr std::size_t recent_places = 64;
     std::array<std::uint32_t, recent_places> m_recent{};
     LogLine m_line; // kept only for its memory

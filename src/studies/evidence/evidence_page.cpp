@@ -33,6 +33,21 @@ std::string share_of_thousandths(std::int64_t thousandths) {
 
 constexpr std::int64_t thousandths_of_percent = 100000;
 
+struct Unit {
+    const char* name;
+    double seconds;
+};
+constexpr std::array<Unit, 4> units{{{"ns", 1e-9}, {"µs", 1e-6}, {"ms", 1e-3}, {"s", 1}}};
+
+// As it was asked for: "1 ms".
+std::string limit_text(double seconds) {
+    constexpr double rounds_up = 999.9995; // of six digits
+    for (const Unit& unit : units)
+        if (seconds < rounds_up * unit.seconds)
+            return fmt::format("{:.6g} {}", seconds / unit.seconds, unit.name);
+    return fmt::format("{:.6g} s", seconds);
+}
+
 std::string length_of(std::int64_t seconds) {
     constexpr std::int64_t minute = 60;
     constexpr std::int64_t hour = 3600;
@@ -56,7 +71,7 @@ std::string row(std::string_view name, std::int64_t seconds, std::string_view sh
 // Its three colours differ in brightness as well.
 std::string sums(const Evidence& evidence) {
     const std::int64_t period = evidence.question.to - evidence.question.from;
-    const std::string limit = rounded_up(evidence.question.limit);
+    const std::string limit = limit_text(evidence.question.limit);
     return "<table cellspacing=\"0\" cellpadding=\"4\" border=\"1\">\n" +
            row("certainly within " + limit, evidence.within, percent_down(evidence.within, period), "#b7d7f0") +
            row("possibly outside", evidence.outside, percent_up(evidence.outside, period), "#c0392b") +
@@ -67,7 +82,7 @@ std::string sums(const Evidence& evidence) {
 }
 
 std::string answer(const Evidence& evidence) {
-    const std::string limit = rounded_up(evidence.question.limit);
+    const std::string limit = limit_text(evidence.question.limit);
     if (evidence.holds())
         return fmt::format("Yes: at every second of this period the clock was right to within {}.", limit);
     if (evidence.outside == 0)
@@ -84,12 +99,13 @@ std::string first_page(const Evidence& evidence, const EvidenceOrigin& origin) {
     const EvidenceQuestion& question = evidence.question;
     std::string page =
         fmt::format("<h1>Was the clock right to within {}?</h1>\n<p>From {} to {} (UTC).</p>\n<p><b>{}</b></p>\n",
-                    rounded_up(question.limit), utc_stamp(question.from), utc_stamp(question.to), answer(evidence));
+                    limit_text(question.limit), utc_stamp(question.from), utc_stamp(question.to), answer(evidence));
     page += sums(evidence);
     page += evidence.largest
-                ? fmt::format("<p>The largest error that the clock can have had, where there is evidence: {}.</p>\n",
+                ? fmt::format("<p style=\"margin-top:12px\">The largest error that the clock can have had, where there "
+                              "is evidence: {}.</p>\n",
                               rounded_up(*evidence.largest))
-                : std::string("<p>No interval of the period has evidence.</p>\n");
+                : std::string("<p style=\"margin-top:12px\">No interval of the period has evidence.</p>\n");
     page += heading("What this says");
     page += "<p>The error of a clock is its difference from true time. The program that kept this clock, chronyd, "
             "computed an upper bound of that error for each interval between two of its corrections, while it was "
@@ -140,8 +156,9 @@ std::string annex(const Evidence& evidence, const EvidenceOrigin& origin) {
     std::string text = "<h1 style=\"page-break-before:always\">Annex</h1>\n" + heading("Files");
     std::string rows;
     for (const EvidenceFile& file : origin.files)
-        rows += fmt::format("<tr><td>{}</td><td align=\"right\">{}</td><td><tt>{}</tt></td></tr>\n", escaped(file.name),
-                            file.records, file.sha256);
+        rows +=
+            fmt::format("<tr><td>{}</td><td align=\"right\">{}</td><td><tt style=\"font-size:8pt\">{}</tt></td></tr>\n",
+                        escaped(file.name), file.records, file.sha256);
     text += table_of("<th>File</th><th>Records</th><th>SHA-256</th>", rows);
     text += heading("Intervals outside");
     text += table("<th>From</th><th>To</th><th>Length</th><th>Largest error possible</th>", evidence.excursions,
@@ -155,11 +172,6 @@ std::string annex(const Evidence& evidence, const EvidenceOrigin& origin) {
 } // namespace
 
 std::string rounded_up(double seconds) {
-    struct Unit {
-        const char* name;
-        double seconds;
-    };
-    static constexpr std::array<Unit, 4> units{{{"ns", 1e-9}, {"µs", 1e-6}, {"ms", 1e-3}, {"s", 1}}};
     if (seconds == 0)
         return "0 s";
     for (const Unit& unit : units) {
