@@ -77,9 +77,9 @@ TEST(Trend, ReadsTheLastHourAndAddsTheNewestReading) {
 
 TEST(Trend, ShowsNoMoreTimeThanItHasReadingsFor) {
     for (const auto& [first, shown] :
-         {std::pair(0, 300), {300, 300}, {301, 600}, {1200, 1200}, {1801, 3600}, {3600, 3600}})
+         {std::pair(0, 120), {121, 300}, {300, 300}, {301, 600}, {1200, 1200}, {1801, 3600}, {3600, 3600}})
         EXPECT_EQ(shown_seconds({row_at(10'000 - first)}, 10'000), shown) << first;
-    EXPECT_EQ(shown_seconds({}, 10'000), 300);
+    EXPECT_EQ(shown_seconds({}, 10'000), 120);
 }
 
 struct TrendStripTest : ::testing::Test {

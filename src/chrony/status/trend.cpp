@@ -51,7 +51,7 @@ std::vector<TrendReading> trend_readings(const std::vector<HistoryRow>& rows) {
 }
 
 std::int64_t shown_seconds(const std::vector<HistoryRow>& rows, std::int64_t to) {
-    constexpr std::array<std::int64_t, 4> shorter{300, 600, 1200, 1800};
+    constexpr std::array<std::int64_t, 5> shorter{120, 300, 600, 1200, 1800};
     const std::int64_t needed = rows.empty() ? 0 : to - rows.front().time;
     const auto* const found = std::ranges::find_if(shorter, [needed](auto one) { return needed <= one; });
     return found == shorter.end() ? trend_seconds : *found;

@@ -28,7 +28,8 @@ struct Trend {
 
 inline constexpr std::int64_t trend_seconds = 3600;
 
-// How much is shown of it: an hour, or while less was read, the shortest of 5, 10, 20 and 30 minutes that holds it all.
+// How much is shown of it: an hour, or while less was read, the shortest of 2, 5, 10, 20 and 30 minutes that holds
+// it all.
 [[nodiscard]] std::int64_t shown_seconds(const std::vector<HistoryRow>& rows, std::int64_t to);
 
 // Of rows by time. Where much more time than usual lies between two of them nobody looked.

@@ -58,7 +58,7 @@ IntervalView::IntervalView(QWidget* parent, QTableView& table, const SourcesMode
 }
 
 QSize IntervalView::sizeHint() const {
-    return scaled(QSize(220, 120), *this);
+    return scaled(QSize(180, 120), *this);
 }
 
 QSize IntervalView::minimumSizeHint() const {

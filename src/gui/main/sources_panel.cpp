@@ -53,6 +53,7 @@ SourcesPanel::SourcesPanel(QWidget* parent) : QWidget(parent) {
     m_explanation->setMinimumHeight(m_explanation->fontMetrics().lineSpacing() * 4);
     build_root_row();
     lay_out();
+    limit_height();
 }
 
 void SourcesPanel::build_table() {
@@ -126,6 +127,10 @@ void SourcesPanel::show_truth(const std::shared_ptr<const ClockTruth>& truth) {
 
 // With room for what the cells of these sources may say later.
 void SourcesPanel::fit_columns() {
+    const auto has_name = [](const JudgedSource& source) {
+        return source.name.value_or(source.data.source) != source.data.source;
+    };
+    m_table->setColumnHidden(SourcesModel::name, std::ranges::none_of(m_model->truth().sources, has_name));
     m_table->resizeColumnsToContents();
     const QFontMetrics metrics = m_table->fontMetrics();
     int states = 0;

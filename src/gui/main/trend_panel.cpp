@@ -11,6 +11,8 @@
 #include <QDateTime>
 #include <QLocale>
 
+#include <algorithm>
+
 namespace tickervantage {
 namespace {
 
@@ -24,6 +26,12 @@ QString no_history_words() {
     //: main window: in place of the picture of the last hour
     return Texts::tr("No history yet: it begins now, with a reading each few seconds. Leave this window open, and the "
                      "last hour appears here.");
+}
+
+QString nothing_to_show_words() {
+    //: main window: in place of the picture of the last hour
+    return Texts::tr(
+        "Nothing vouched for the clock in this time. Once chronyd follows a source, its error appears here.");
 }
 
 QString words_of(const TrendReading& reading) {
@@ -75,6 +83,8 @@ void TrendPanel::show_trend(const Result<Trend>& trend) {
         m_view->show_instead(in_words(trend.error()));
     else if (trend->readings.size() < least_readings)
         m_view->show_instead(no_history_words());
+    else if (std::ranges::none_of(trend->readings, [](const auto& reading) { return reading.bound.has_value(); }))
+        m_view->show_instead(nothing_to_show_words());
     else
         m_view->show_trend(*trend);
     show_title();

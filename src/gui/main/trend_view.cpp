@@ -49,7 +49,7 @@ QSize TrendView::sizeHint() const {
 }
 
 QSize TrendView::minimumSizeHint() const {
-    return scaled(QSize(240, 92), *this);
+    return scaled(QSize(240, 112), *this);
 }
 
 void TrendView::show_trend(const Trend& trend) {
