@@ -72,6 +72,7 @@ void build_fit(QWidget* central, TrackingControls& controls) {
     controls.fit = named(new QPushButton(Texts::tr("&Fit"), central), "fit",
                          //: tracking window: tooltip of that button
                          Texts::tr("Choose the height and the unit that suit the values in sight (F or double click)"));
+    controls.fit->setIcon(QIcon::fromTheme(QStringLiteral("zoom-fit-best")));
     //: tracking window: name of that button
     controls.fit->setAccessibleName(Texts::tr("Fit"));
     //: tracking window: menu item of the graph, chooses height and unit
