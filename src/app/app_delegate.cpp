@@ -9,6 +9,7 @@
 #include "app/opened_files.h"
 #include "app/settings_windows.h"
 #include "app/trend_feed.h"
+#include "app/watcher.h"
 #include "app/window_menus.h"
 #include "chrony/configuration/configuration.h"
 #include "gui/common/desktop_links.h"
@@ -102,6 +103,7 @@ void AppDelegate::settings_changed() {
     m_advanced = PreferencesAdvanced::load(settings);
     update_optional_items();
     m_main_window->settings_changed();
+    m_watcher->settings_changed();
     m_main_window->cycle().programs_changed();
     if (m_settings_windows)
         m_settings_windows->show_records();
@@ -113,6 +115,7 @@ void AppDelegate::make_main_window() {
     connect_main_window();
     make_administration();
     make_trend_and_mender();
+    make_watcher();
     make_help();
     m_menus = build_application_menus(m_main_window.get());
     connect_items();
@@ -187,6 +190,14 @@ void AppDelegate::leave_demonstration() {
 
 std::string AppDelegate::history_file() const {
     return m_parts.paths.data_home.empty() ? "" : m_parts.paths.data_home + "/Tickervantage/history.sqlite";
+}
+
+void AppDelegate::make_watcher() {
+    m_watcher = std::make_unique<Watcher>(WatcherParts{.settings = m_parts.cycle.settings,
+                                                       .broadcast = m_parts.cycle.broadcast,
+                                                       .warnings = m_warnings,
+                                                       .window = *m_main_window,
+                                                       .notifier = m_parts.notifier});
 }
 
 void AppDelegate::make_help() {
@@ -334,6 +345,7 @@ void AppDelegate::make_settings_windows() {
     auto* windows = m_settings_windows.get();
     connect(windows, &SettingsWindows::general_changed, this, [this] { m_main_window->cycle().programs_changed(); });
     connect(windows, &SettingsWindows::daemon_changed, this, [this] { m_main_window->cycle().refresh(); });
+    connect(windows, &SettingsWindows::watch_changed, m_watcher.get(), &Watcher::settings_changed);
     connect(windows, &SettingsWindows::advanced_changed, this, [this] {
         update_optional_items();
         analysis().update_spectrum_buttons();
@@ -465,7 +477,11 @@ void AppDelegate::connect_items() {
         QWidget* active = QApplication::activeWindow(); // none while another program has the keyboard
         (active != nullptr ? active : m_main_window.get())->close();
     });
-    m_menus.on("quit", [] { QApplication::closeAllWindows(); });
+    m_menus.on("quit", [this] {
+        QApplication::closeAllWindows();
+        if (m_watcher->keeps_running())
+            QCoreApplication::quit(); // unless a window wants to stay open
+    });
     m_menus.on("siteTickervantage", [] { (void)open_page(QLatin1String(product_page)); }); // silent by design
     m_menus.on("siteChrony", [] { (void)open_page(QLatin1String(chrony_page)); });
     m_menus.on("showAbout", [this] { show_about(m_main_window.get()); });

@@ -36,6 +36,8 @@ class QueueLender;
 class SettingsWindows;
 class TickervantageWindow;
 class TrendFeed;
+class Notifier;
+class Watcher;
 class WindowMenus;
 
 // What the application is made of; all of it outlives the delegate.
@@ -58,6 +60,7 @@ struct ApplicationParts {
     Paths paths;
     PathProbes& probes;
     Files& documents;
+    Notifier* notifier = nullptr;    // none: alarms are told in the window only
     JobQueues* job_queues = nullptr; // none: jobs that need rights are not offered
 };
 
@@ -131,6 +134,7 @@ private:
     void make_trend_and_mender();
     void leave_demonstration();
     [[nodiscard]] std::string history_file() const; // empty: none
+    void make_watcher();
     void make_help();
     void install_configuration(ConfigEditor* editor, const QString& text);
     void launchMeridianox();
@@ -152,6 +156,7 @@ private:
     std::unique_ptr<TickervantageWindow> m_main_window;
     std::unique_ptr<TrendFeed> m_trend;
     std::unique_ptr<Mender> m_mender;
+    std::unique_ptr<Watcher> m_watcher;
     std::unique_ptr<AnalysisWindows> m_analysis;
     std::unique_ptr<ConfigWindows> m_configurations;
     std::unique_ptr<SettingsWindows> m_settings_windows;

@@ -7,6 +7,7 @@
 #include "app/single_instance.h"
 #include "chrony/demonstration/demonstration.h"
 #include "chrony/log/logreader.h"
+#include "linux/desktop_notifier.h"
 #include "linux/file_logger.h"
 #include "linux/machine_sensors.h"
 #include "linux/posix_execute.h"
@@ -127,6 +128,8 @@ private:
     SerialQueue m_map_queue{"net.brisklane.scattermap"};
     SerialQueue m_list_queue{"net.brisklane.lists"};
     SerialQueue m_help_queue{"net.brisklane.help"};
+    SerialQueue m_notice_queue{"net.brisklane.notices"};
+    DesktopNotifier m_notifier{m_notice_queue};
     SerialQueue m_history_queue{"net.brisklane.clockpast"};
     SerialQueue m_trend_queue{"net.brisklane.trend"};
     PosixFollowedFiles m_files;
@@ -181,6 +184,7 @@ ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) 
             .paths = paths,
             .probes = m_path_probes,
             .documents = m_documents,
+            .notifier = is_demonstration(daemon) ? nullptr : &m_notifier,
             .job_queues = is_demonstration(daemon) ? nullptr : &m_job_queues};
 }
 

@@ -4,6 +4,7 @@
 #include "app/config_windows.h"
 #include "gui/preferences/preferences_advanced.h"
 #include "gui/preferences/preferences_general.h"
+#include "gui/preferences/preferences_watch.h"
 #include "linux/autostart.h"
 #include "linux/shared_text_file.h"
 #include "roothelper/jobs/administrative_jobs.h"
@@ -58,6 +59,7 @@ void SettingsWindows::make_preferences() {
     connect(&general, &PreferencesGeneralPane::changed, this, &SettingsWindows::general_changed);
     connect(&general, &PreferencesGeneralPane::defaults_wanted, this, &SettingsWindows::defaults_wanted);
     connect(&m_preferences->advanced(), &PreferencesAdvancedPane::changed, this, &SettingsWindows::advanced_changed);
+    connect(&m_preferences->watch(), &PreferencesWatchPane::changed, this, &SettingsWindows::watch_changed);
     if (m_parts.jobs != nullptr)
         serve_wishes(general);
 }

@@ -54,6 +54,7 @@ public:
 Q_SIGNALS:
     // By the user, in the preferences' records. The third asks for those that are right for this machine.
     void general_changed();
+    void watch_changed();
     void advanced_changed();
     void defaults_wanted();
     void daemon_changed(); // by a job

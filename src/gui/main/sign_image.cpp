@@ -92,18 +92,21 @@ QSize SignImage::sizeHint() const {
     return {side, side};
 }
 
-void SignImage::paintEvent(QPaintEvent*) {
+void paint_sign(QPainter& painter, const DiscSign& sign, double side) {
     constexpr double design_side = 32;
-    QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double scale = std::min(width(), height()) / design_side;
-    painter.scale(scale, scale);
+    painter.scale(side / design_side, side / design_side);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(m_sign.disc);
+    painter.setBrush(sign.disc);
     painter.drawEllipse(QRectF(1, 1, design_side - 2, design_side - 2));
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(m_sign.ink, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPath(m_sign.path);
+    painter.setPen(QPen(sign.ink, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPath(sign.path);
+}
+
+void SignImage::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paint_sign(painter, m_sign, std::min(width(), height()));
 }
 
 } // namespace tickervantage

@@ -5,6 +5,8 @@
 #include <QPainterPath>
 #include <QWidget>
 
+class QPainter;
+
 namespace tickervantage {
 
 struct DiscSign {
@@ -22,6 +24,9 @@ namespace disc_signs {
 [[nodiscard]] DiscSign clock();
 [[nodiscard]] DiscSign plus_minus();
 } // namespace disc_signs
+
+// Into a square of that side, whose corner lies at the painter's origin.
+void paint_sign(QPainter& painter, const DiscSign& sign, double side);
 
 class SignImage : public QWidget {
     Q_OBJECT

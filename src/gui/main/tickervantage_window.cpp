@@ -109,6 +109,7 @@ void TickervantageWindow::connect_controls() {
     connect(m_controls.verdict, &VerdictPanel::explanation_wanted, m_controls.sources, &SourcesPanel::explain_all);
     connect(m_controls.verdict, &VerdictPanel::explanation_wanted, this,
             [this] { m_area->ensureWidgetVisible(m_controls.sources); });
+    connect(m_controls.verdict, &VerdictPanel::quiet_wanted, this, &TickervantageWindow::quiet_wanted);
     connect(m_controls.verdict, &VerdictPanel::mending_wanted, this, &TickervantageWindow::mending_wanted);
     connect(m_controls.use_system_chrony, &QPushButton::clicked, this,
             [this] { Q_EMIT mending_wanted(Mending::use_distribution); });
@@ -199,6 +200,10 @@ void TickervantageWindow::show_truth(std::shared_ptr<const ClockTruth> truth) {
 
 void TickervantageWindow::show_trend(const Result<Trend>& trend) {
     m_controls.trend->show_trend(trend);
+}
+
+void TickervantageWindow::show_alarm(const QString& words) {
+    m_controls.verdict->show_alarm(words);
 }
 
 void TickervantageWindow::show_mending_facts(const MendingFacts& facts) {

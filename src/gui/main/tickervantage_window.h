@@ -45,6 +45,9 @@ public:
     // What was seen of the machine: where something is wrong, the button that mends it is offered.
     void show_mending_facts(const MendingFacts& facts);
 
+    // What the watch tells of, in words; empty: nothing.
+    void show_alarm(const QString& words);
+
     // Where chronyc's report stands: "showReport" and "separateReport" follow, both checkable.
     void connect_report_items(QAction& shown, QAction& separate);
 
@@ -75,6 +78,7 @@ Q_SIGNALS:
     void reading_applied(const StatusNotice& notice); // and shown
     void truth_shown(const std::shared_ptr<const ClockTruth>& truth);
     void mending_wanted(Mending what);
+    void quiet_wanted(); // of the alarm
     void graph_requested();  // of the live log
     void rights_requested(); // the administrator's
     void preferences_requested();

@@ -170,6 +170,14 @@ void VerdictPanel::build_notice() {
     m_notice->add(m_notice_words);
     m_notice->add_button(m_explain);
     m_notice->add_button(m_mend);
+    //: main window: button that takes away an alarm until it is over
+    m_quiet = named(new QPushButton(Texts::tr("&Quiet"), m_notice), "quiet",
+                    //: main window: name of that button
+                    Texts::tr("Quiet"),
+                    //: main window: tooltip of that button
+                    Texts::tr("Say no more of this until it is over"));
+    m_notice->add_button(m_quiet);
+    connect(m_quiet, &QPushButton::clicked, this, &VerdictPanel::quiet_wanted);
     m_notice->hide();
     connect(m_explain, &QPushButton::clicked, this, &VerdictPanel::explanation_wanted);
     connect(m_mend, &QPushButton::clicked, this, [this] { Q_EMIT mending_wanted(m_mending); });
@@ -201,17 +209,25 @@ void VerdictPanel::show_mending_facts(const MendingFacts& facts) {
     show_notice();
 }
 
+void VerdictPanel::show_alarm(const QString& words) {
+    m_alarm = words;
+    show_notice();
+}
+
+// What can be mended comes first; in place of what can only be explained the alarm says it better.
 void VerdictPanel::show_notice() {
     if (!m_verdict)
         return;
     m_mending = what_mends(*m_verdict, m_facts);
     const Offer offer = offer_of(m_mending, *m_verdict);
-    m_notice_words->setText(offer.words);
-    m_notice->set_tone(offer.tone);
+    const bool is_alarm = !m_alarm.isEmpty() && offer.button.isEmpty();
+    m_notice_words->setText(is_alarm ? m_alarm : offer.words);
+    m_notice->set_tone(is_alarm ? NoticeTone::doubt : offer.tone);
     m_mend->setText(offer.button);
     m_mend->setVisible(!offer.button.isEmpty());
-    m_explain->setVisible(m_mending == Mending::explain);
-    m_notice->setVisible(m_mending != Mending::none);
+    m_explain->setVisible(is_alarm || m_mending == Mending::explain);
+    m_quiet->setVisible(!m_alarm.isEmpty());
+    m_notice->setVisible(is_alarm || m_mending != Mending::none);
 }
 
 void VerdictPanel::set_wide(bool wide) {

@@ -29,6 +29,9 @@ public:
     // What was seen of the machine since.
     void show_mending_facts(const MendingFacts& facts);
 
+    // What the watch tells, in words; empty: nothing.
+    void show_alarm(const QString& words);
+
     // Why nothing is known, while that is the verdict.
     void show_silence(const QString& sentence);
 
@@ -38,6 +41,7 @@ public:
 Q_SIGNALS:
     void explanation_wanted();
     void mending_wanted(Mending what); // any other thing that mends
+    void quiet_wanted();               // of the alarm
 
 private:
     void build_words();
@@ -46,16 +50,18 @@ private:
 
     std::optional<Verdict> m_verdict; // shown
     MendingFacts m_facts;
+    QString m_alarm;                   // empty: none
     Mending m_mending = Mending::none; // offered
     SignImage* m_image = nullptr;
     QLabel* m_name = nullptr;
     QLabel* m_reason = nullptr;
     QLabel* m_error = nullptr;
     QLabel* m_caution = nullptr;
-    NoticeBar* m_notice = nullptr; // the three below
+    NoticeBar* m_notice = nullptr; // the four below
     QLabel* m_notice_words = nullptr;
     QPushButton* m_explain = nullptr;
     QPushButton* m_mend = nullptr;
+    QPushButton* m_quiet = nullptr;
     BudgetView* m_budget = nullptr;
     QBoxLayout* m_row = nullptr;
 };

@@ -3,6 +3,7 @@
 #include "gui/preferences/preferences_advanced.h"
 #include "gui/preferences/preferences_general.h"
 #include "gui/preferences/preferences_update.h"
+#include "gui/preferences/preferences_watch.h"
 
 #include <QCloseEvent>
 #include <QScrollArea>
@@ -46,6 +47,7 @@ Preferences::Preferences(PreferencesParts parts) : m_parts(std::move(parts)) {
     prefsGeneral = add_pane(m_window, new PreferencesGeneralPane(m_parts));
     prefsAdvanced = add_pane(m_window, new PreferencesAdvancedPane(m_parts));
     prefsUpdate = add_pane(m_window, new PreferencesUpdatePane(m_parts.version));
+    m_watch = add_pane(m_window, new PreferencesWatchPane(m_parts));
     auto* column = new QVBoxLayout(this);
     column->addWidget(m_window);
     connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, [this] { close(); });
@@ -65,6 +67,7 @@ void Preferences::show_pane(Pane pane) {
 void Preferences::show_records() {
     prefsGeneral->show_record();
     prefsAdvanced->show_record();
+    m_watch->show_record();
 }
 
 bool Preferences::finish(std::chrono::milliseconds patience) {

@@ -15,11 +15,12 @@ namespace tickervantage {
 class PreferencesAdvancedPane;
 class PreferencesGeneralPane;
 class PreferencesUpdatePane;
+class PreferencesWatchPane;
 
 class Preferences : public QWidget {
     Q_OBJECT
 public:
-    enum class Pane : unsigned char { general, advanced, update };
+    enum class Pane : unsigned char { general, advanced, update, watch };
 
     explicit Preferences(PreferencesParts parts);
 
@@ -27,6 +28,7 @@ public:
 
     [[nodiscard]] PreferencesGeneralPane& general() { return *prefsGeneral; }
     [[nodiscard]] PreferencesAdvancedPane& advanced() { return *prefsAdvanced; }
+    [[nodiscard]] PreferencesWatchPane& watch() { return *m_watch; }
 
     // The records are others now, not by this window.
     void show_records();
@@ -44,6 +46,7 @@ private:
     PreferencesGeneralPane* prefsGeneral = nullptr;
     PreferencesAdvancedPane* prefsAdvanced = nullptr;
     PreferencesUpdatePane* prefsUpdate = nullptr;
+    PreferencesWatchPane* m_watch = nullptr;
 };
 
 } // namespace tickervantage
