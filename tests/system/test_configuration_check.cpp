@@ -3,12 +3,16 @@
 #include "chrony/configuration/configuration_check.h"
 #include "chrony/configuration/directive_options.h"
 #include "chrony/configuration/directives.h"
+#include "cli/laboratory/tempcomp_command.h"
 #include "linux/posix_execute.h"
 #include "linux/posix_path_probes.h"
 #include "linux/posix_user_files.h"
 #include "linux/user_name.h"
+#include "studies/laboratory/compensation.h"
 #include "support/child_program.h"
 #include "support/test.h"
+
+#include <fmt/format.h>
 
 namespace tickervantage {
 namespace {
@@ -218,6 +222,35 @@ TEST(SavingADocument, SurvivesBeingKilledAHundredTimes) {
     EXPECT_EQ(status.st_mode & 0777U, 0640U);
     std::printf("%d of 100 kills met a draft that was being written\n", killed_while_writing);
     EXPECT_GT(killed_while_writing, 0);
+}
+
+// What chronyd notes of each temperature, to the digits that it writes.
+TEST_F(RealChronyd, CompensatesEachTemperatureByTheTableAsComputed) {
+    Compensation curve;
+    curve.curve = {.middle = 41.3, .powers = {-20, 0.11, 0.03, 0.002}};
+    curve.f_ref = -18.5;
+    curve.coldest = 33.4;
+    curve.warmest = 48.2;
+    const auto points = read_tempcomp_points(table_text(curve, {.sensor = {}}), "table");
+    ASSERT_TRUE(points) << english(points.error());
+    testing::write_file(home.path("table"), table_text(curve, {.sensor = {}}));
+    testing::write_file(home.path("sensor"), "40000\n");
+    testing::write_file(home.path("conf"), "port 0\ncmdport 0\nbindcmdaddress " + home.path("s") + "\npidfile " +
+                                               home.path("pid") + "\nlogdir " + home.path() +
+                                               "\nlog tempcomp\ntempcomp " + home.path("sensor") + " 0.02 " +
+                                               home.path("table") + '\n');
+    const testing::ChildProgram chronyd(
+        {"/usr/sbin/chronyd", "-x", "-U", "-u", user_name(::geteuid()), "-d", "-f", home.path("conf")},
+        home.environment, home.path());
+    for (int degree = 30; degree <= 51; ++degree) {
+        std::ofstream(home.path("new"), std::ios::binary) << degree << "000\n";
+        std::filesystem::rename(home.path("new"), home.path("sensor"));
+        const std::string wanted =
+            fmt::format(" {:>11.4e} {:>11.4e}\n", degree * 1000.0, compensation_in(*points, degree * 1000.0));
+        EXPECT_TRUE(testing::eventually(std::chrono::seconds(10), [&] {
+            return testing::contents(home.path("tempcomp.log")).find(wanted) != std::string::npos;
+        })) << wanted;
+    }
 }
 
 } // namespace

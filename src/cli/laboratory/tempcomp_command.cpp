@@ -94,7 +94,7 @@ TimedSamples samples_in_map(const ScatterMap& map) {
 }
 
 std::string rounded(double value) {
-    return fmt::format("{:.6g}", value == 0 ? 0.0 : value);
+    return fmt::format("{:.3g}", value);
 }
 
 } // namespace
