@@ -277,6 +277,12 @@ void add_plot(CommandLine& line, Arguments& arguments) {
     add_spectrum_options(spectrum, arguments);
     add_chart_options(spectrum, arguments);
     add_plot_tracking(line, plot, arguments);
+    auto* error = line.add(plot, Job::plot_error, "error", "The error of the clock over time");
+    auto* sources = line.add(plot, Job::plot_sources, "sources", "How each source stood over time");
+    for (auto* command : {error, sources}) {
+        add_history_plot_options(*command, arguments.logs);
+        add_chart_options(command, arguments);
+    }
     auto* freqtemp = line.add(plot, Job::plot_freqtemp, "freqtemp", "Frequency against temperature");
     add_plot_freqtemp_options(*freqtemp, arguments.freqtemp);
     add_chart_options(freqtemp, arguments);

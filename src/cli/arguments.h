@@ -44,6 +44,8 @@ enum class Job : unsigned char {
     plot_spectrum,
     plot_tracking,
     plot_freqtemp,
+    plot_error,
+    plot_sources,
     sensors,
     fit,
     record,

@@ -2,6 +2,7 @@
 #include "cli/arguments.h"
 #include "cli/logs/plot_chart.h"
 #include "cli/logs/plot_command.h"
+#include "cli/logs/plot_history.h"
 #include "cli/terminal.h"
 #include "cli/tool.h"
 #include "linux/posix_followed_file.h"
@@ -60,6 +61,15 @@ int plot_scatter(const Tool& tool, const PlotOptions& options) {
     return exit_status(plot_freqtemp(view, options));
 }
 
+int plot_panel(const Arguments& arguments, const PlotOptions& options) {
+    PosixFollowedFiles files;
+    const HistoryPlot plot{.panel = arguments.job == Job::plot_error ? HistoryPanel::error : HistoryPanel::sources,
+                           .paths = arguments.logs.paths,
+                           .events = arguments.logs.events,
+                           .compare = arguments.logs.compare};
+    return exit_status(plot_history(files, plot, options));
+}
+
 int plot_log(const Arguments& arguments, const PlotOptions& options) {
     DaemonAccess daemon;
     const EndSignals signals(daemon.execute());
@@ -68,6 +78,8 @@ int plot_log(const Arguments& arguments, const PlotOptions& options) {
         return plot_graph(tool, options);
     if (arguments.job == Job::plot_freqtemp)
         return plot_scatter(tool, options);
+    if (arguments.job == Job::plot_error || arguments.job == Job::plot_sources)
+        return plot_panel(arguments, options);
     ComputedSpectrum spectrum;
     if (const int result = tool.read_spectrum(spectrum); result != 0)
         return result;
@@ -199,7 +211,8 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(qt_message);
     if (arguments->job == Job::plot_meter || arguments->job == Job::plot_clock ||
         arguments->job == Job::plot_spectrum || arguments->job == Job::plot_tracking ||
-        arguments->job == Job::plot_freqtemp) {
+        arguments->job == Job::plot_freqtemp || arguments->job == Job::plot_error ||
+        arguments->job == Job::plot_sources) {
         QLocale::setDefault(QLocale::c()); // the same picture whoever draws it
         status = plot(*arguments, argc, argv);
         if (status == interrupted)

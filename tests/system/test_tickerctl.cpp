@@ -539,6 +539,15 @@ TEST_F(TickerctlTest, EventsAndLogsOfAFolder) {
         json::parse(run({"log", m_home.path("log"), "--from", "2026-11-21T02:16:00Z", "--summary", "--json"}).out);
     EXPECT_EQ(summary["count"], 1);
     EXPECT_EQ(run({"log", m_home.path("log"), "--source", "192.0.2.9"}).status, 1);
+    file("log/selection.log", "2026-11-21 02:16:03 192.0.2.2 * -----  377  1.00  1e+01 -1e-03  1e-03\n"
+                              "2026-11-21 02:17:03 192.0.2.2 x -----  377  1.00  1e+01  2e-03  4e-03\n");
+    for (const std::string panel : {"error", "sources"}) {
+        const auto picture = m_home.path(panel + ".png");
+        EXPECT_EQ(run({"plot", panel, m_home.path("log"), "--events", "--caption", "-o", picture}).status, 0);
+        EXPECT_EQ(testing::png_size(contents(picture)), std::pair(800U, 450U));
+        const Words compared{"plot", panel, m_home.path("log"), "--compare", m_home.path("none"), "-o", picture};
+        EXPECT_EQ(run(compared).status, 2);
+    }
     const Words refused[] = {
         {"log", m_home.path("log"), "--kind", "bogus"},
         {"log", m_home.path("log"), "--kind", "rtc"},

@@ -1,5 +1,7 @@
 #include "chrony/truth/judged_source.h"
 
+#include "chrony/truth/logged_rule.h"
+
 #include "chrony/truth/verdict.h"
 
 #include <algorithm>
@@ -112,6 +114,24 @@ void name_missing_majority(std::vector<JudgedSource>& sources) {
 }
 
 } // namespace
+
+SelectionRule rule_of_logged(char letter, unsigned reach) {
+    const bool was_heard = reach != 0;
+    switch (letter) {
+    case '*':
+        return SelectionRule::best;
+    case '+':
+        return SelectionRule::combined;
+    case 'N':
+        return SelectionRule::noselect;
+    case 's':
+        return was_heard ? SelectionRule::unsynchronised : SelectionRule::unanswered;
+    case 'M':
+        return was_heard ? SelectionRule::few_measurements : SelectionRule::unanswered;
+    default:
+        return was_heard ? rule_of_letter(letter) : SelectionRule::unreachable;
+    }
+}
 
 std::string_view name_of(SelectionRule rule) {
     static constexpr auto names =

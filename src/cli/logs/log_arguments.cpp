@@ -32,6 +32,12 @@ void add_event_options(CLI::App& command, LogArguments& arguments) {
     add_period(command, arguments);
 }
 
+void add_history_plot_options(CLI::App& command, LogArguments& arguments) {
+    add_paths(command, arguments)->required();
+    command.add_flag("--events", arguments.events, "with flags where something happened");
+    command.add_option("--compare", arguments.compare, "another machine's logs, laid over");
+}
+
 void add_evidence_options(CLI::App& command, LogArguments& arguments) {
     add_paths(command, arguments)->required();
     add_period(command, arguments);

@@ -21,10 +21,13 @@ struct LogArguments {
     bool journal = false;
     std::string limit;
     std::int64_t gap = 4096; // s
+    bool events = false;     // flagged in a picture
+    std::optional<std::string> compare;
 };
 
 void add_log_options(CLI::App& command, LogArguments& arguments);
 void add_event_options(CLI::App& command, LogArguments& arguments);
+void add_history_plot_options(CLI::App& command, LogArguments& arguments);
 void add_evidence_options(CLI::App& command, LogArguments& arguments);
 
 } // namespace tickervantage

@@ -1,0 +1,50 @@
+#include "studies/history/selection_lanes.h"
+
+#include "chrony/log/log_line.h"
+#include "chrony/truth/logged_rule.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tickervantage {
+namespace {
+
+SourceRow row_of(const LogLine& line) {
+    namespace column = selection_column;
+    SourceRow row{.time = static_cast<std::int64_t>(std::floor(line.time())),
+                  .source = std::string(line.texts[column::source]),
+                  .letter = line.texts[column::state].front(),
+                  .reach = static_cast<unsigned>(line.number(column::reach)) & 0xFFU};
+    row.rule = rule_of_logged(row.letter, row.reach);
+    const double low = line.number(column::low);
+    const double high = line.number(column::high);
+    const bool has_interval = !std::isnan(low) && !std::isnan(high) && (low != 0 || high != 0);
+    if (has_interval)
+        row.offset = Extent{.low = low, .mean = (low + high) / 2, .high = high};
+    return row;
+}
+
+} // namespace
+
+Result<> add_selection(FollowedFiles& files, const std::vector<LogFile>& logs, HistoryData& data,
+                       std::optional<TimeRange>& range) {
+    LogLine line;
+    for (const LogFile& log : logs) {
+        LogCount count;
+        const auto read = read_records(files, log.path, count, [&](std::string_view text, std::size_t) {
+            if (!read_log_line(shape_of(LogKind::selection), text, line))
+                return false;
+            StoredHistory one;
+            one.sources.push_back(row_of(line));
+            (void)data.add(one);
+            const double time = line.time();
+            range = range ? TimeRange{std::min(range->from, time), std::max(range->to, time)} : TimeRange{time, time};
+            return true;
+        });
+        if (!read)
+            return read;
+    }
+    return {};
+}
+
+} // namespace tickervantage
