@@ -2,6 +2,7 @@
 #include "gui/preferences/preferences_general.h"
 #include "gui/preferences/preferences_window.h"
 #include "settings/settings_catalogue.h"
+#include "support/child_program.h"
 #include "support/fake_path_probes.h"
 #include "support/memory_stores.h"
 #include "support/test.h"
@@ -259,6 +260,30 @@ TEST_F(PreferencesTest, TheOptionalWindowsAreOfferedAtOnce) {
     EXPECT_EQ(advanced_changes, 2);
     EXPECT_TRUE(load(settings, settings::enable_spectrum_win));
     EXPECT_NE(words("version").find("1.2.3"), std::string::npos);
+}
+
+TEST_F(PreferencesTest, WatchingCountsAlarmsInTheLogAndKeepsItsLimits) {
+    const testing::PrivateHome home;
+    const auto record = [](const char* time, const char* offset) {
+        return std::string("2026-11-22 ") + time + " 192.0.2.1 2 0 0 " + offset + " N 1 0 0 0 0 0.001\n";
+    };
+    testing::write_file(home.path("tracking.log"),
+                        record("00:00:00", "0") + record("00:01:00", "1.5") + record("00:02:00", "0"));
+    testing::write_file(home.path("conf"), "log tracking\nlogdir " + home.path() + '\n');
+    general.config = home.path("conf");
+    open();
+    const auto count = [this](const char* rule) {
+        return find<QLabel>(rule)->text();
+    };
+    EXPECT_TRUE(count("count_step").startsWith(QLatin1Char('1'))) << count("count_step").toStdString();
+    EXPECT_TRUE(count("count_bound").startsWith(QLatin1Char('0')));
+    EXPECT_EQ(count("count_usable"), QStringLiteral("–")) << "a tracking log does not tell";
+    find<QDoubleSpinBox>("limit_step")->setValue(2000);
+    settle();
+    EXPECT_TRUE(count("count_step").startsWith(QLatin1Char('0')));
+    EXPECT_DOUBLE_EQ(load(settings, settings::watch_step), 2);
+    find<QCheckBox>("m_tray")->click();
+    EXPECT_TRUE(load(settings, settings::watch_tray));
 }
 
 } // namespace

@@ -78,7 +78,7 @@ Q_SIGNALS:
     void reading_applied(const StatusNotice& notice); // and shown
     void truth_shown(const std::shared_ptr<const ClockTruth>& truth);
     void mending_wanted(Mending what);
-    void quiet_wanted(); // of the alarm
+    void quiet_wanted();     // of the alarm
     void graph_requested();  // of the live log
     void rights_requested(); // the administrator's
     void preferences_requested();

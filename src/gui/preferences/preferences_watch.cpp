@@ -24,6 +24,15 @@ namespace {
 constexpr double milliseconds = 1e-3;
 constexpr double minutes = 60;
 
+// Without zeros that tell nothing.
+class LimitField : public QDoubleSpinBox {
+public:
+    using QDoubleSpinBox::QDoubleSpinBox;
+    [[nodiscard]] QString textFromValue(double value) const override {
+        return locale().toString(value, 'f', QLocale::FloatingPointShortest);
+    }
+};
+
 // The tracking log that the configuration names, as a text; empty: there is none, or it may not be read.
 std::string tracking_log_text(const std::string& configuration) {
     constexpr std::streamoff largest = std::streamoff{64} << 20U;
@@ -69,7 +78,7 @@ void PreferencesWatchPane::build_table(QGridLayout* grid) {
     //: Watching preferences: heading of the list of alarms
     grid->addWidget(new QLabel(tr("Alarm when"), this), 0, 0);
     //: Watching preferences: heading above the numbers of alarms that there would have been
-    grid->addWidget(new QLabel(tr("In your log"), this), 0, 2, Qt::AlignRight);
+    grid->addWidget(new QLabel(tr("Times in your log"), this), 0, 2, Qt::AlignRight);
     grid->setColumnStretch(0, 1);
     add_limit(grid, 1, WatchQuantity::available, QString(), 0);
     add_limit(grid, 2, WatchQuantity::no_majority, QString(), 0);
@@ -91,7 +100,7 @@ void PreferencesWatchPane::add_limit(QGridLayout* grid, int row, WatchQuantity q
     grid->addWidget(limit.count, row, 2);
     if (scale > 0) {
         const bool is_count = quantity == WatchQuantity::usable;
-        limit.field = named(new QDoubleSpinBox(this), "", title);
+        limit.field = named<QDoubleSpinBox>(new LimitField(this), "", title);
         limit.field->setObjectName(QStringLiteral("limit_") + QLatin1String(name_of(quantity).data()));
         limit.field->setDecimals(is_count || scale == minutes ? 0 : 3);
         limit.field->setRange(is_count || scale == minutes ? 1 : 0.001, is_count ? 9 : 1e6);
@@ -155,8 +164,7 @@ void PreferencesWatchPane::count_in_log() {
 void PreferencesWatchPane::show_counts(const std::optional<LogAlarms>& alarms) {
     for (const auto& [quantity, limit] : m_limits) {
         const auto count = alarms ? (*alarms)[quantity] : std::nullopt;
-        //: Watching preferences: how many alarms there would have been
-        limit.count->setText(count ? tr("%n time(s)", nullptr, *count) : QStringLiteral("–"));
+        limit.count->setText(count ? locale().toString(*count) : QStringLiteral("–"));
     }
     m_log_words->setText(
         //: Watching preferences: below the list of alarms; %1 is a span of time such as "3 d 4 h"
