@@ -13,6 +13,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -64,6 +65,10 @@ PreferencesWatchPane::PreferencesWatchPane(const PreferencesParts& parts, QWidge
     auto* grid = new QGridLayout;
     build_table(grid);
     auto* column = new QVBoxLayout(this);
+    // The numbers stand at the right, where the pane's scroll bar would cover them.
+    QMargins margins = column->contentsMargins();
+    margins.setRight(margins.right() + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    column->setContentsMargins(margins);
     column->addWidget(m_notify);
     column->addWidget(m_tray);
     column->addSpacing(fontMetrics().height() / 2);
