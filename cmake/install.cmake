@@ -42,6 +42,7 @@ if(TICKERVANTAGE_UI)
   install(FILES packaging/monitoring/tickervantage-metrics.service packaging/monitoring/tickervantage-metrics.timer
           DESTINATION /lib/systemd/system)
   install(FILES packaging/completions/_tickervantage DESTINATION /usr/share/zsh/vendor-completions)
+  install(FILES packaging/systemd/tickervantage-history.service DESTINATION /usr/lib/systemd/user)
   install(FILES packaging/desktop/net.brisklane.tickervantage.desktop DESTINATION /usr/share/applications)
   install(FILES packaging/desktop/net.brisklane.tickervantage.metainfo.xml DESTINATION /usr/share/metainfo)
   install(FILES packaging/desktop/net.brisklane.tickervantage.svg DESTINATION /usr/share/icons/hicolor/scalable/apps)

@@ -15,9 +15,11 @@
 #include "gui/common/desktop_links.h"
 #include "gui/main/tickervantage_window.h"
 #include "linux/chrony_journal.h"
+#include "linux/user_unit.h"
 #include "qt/in_words.h"
 #include "qt/languages.h"
 #include "roothelper/jobs/distribution_chrony.h"
+#include "roothelper/jobs/job_catalogue.h"
 #include "roothelper/jobs/old_installation.h"
 #include "studies/events/message_events.h"
 
@@ -33,6 +35,7 @@
 #include <QToolBar>
 
 #include <chrono>
+#include <ctime>
 #include <utility>
 
 namespace tickervantage {
@@ -92,6 +95,11 @@ void AppDelegate::applicationWillTerminate() {
 }
 
 ChronyPaths AppDelegate::usual_paths() const {
+    if (!m_daemon.configuration.empty())
+        return {.config = m_daemon.configuration,
+                .chronyc = m_parts.paths.bundle_program("chronyc"),
+                .chronyd = m_parts.paths.bundle_program("chronyd"),
+                .chronywake = m_parts.paths.bundle_program("chronywake")};
     return usual_chrony_paths(m_parts.machine.looks_for_files());
 }
 
@@ -111,6 +119,8 @@ void AppDelegate::settings_changed() {
 
 void AppDelegate::make_main_window() {
     make_history();
+    if (m_daemon.configuration.empty())
+        m_history_service = std::make_shared<const UserUnit>(m_parts.cycle.execute, "tickervantage-history.service");
     m_main_window = std::make_unique<TickervantageWindow>(m_parts.cycle, cycle_options());
     connect_main_window();
     make_administration();
@@ -132,6 +142,30 @@ void AppDelegate::make_main_window() {
         m_administration->offer_installation();
     else
         explain_missing_administration(m_menus);
+    if (m_daemon.control.pull_out)
+        make_demonstration_menu();
+    if (m_history_service)
+        make_history_offer();
+}
+
+void AppDelegate::make_history_offer() {
+    m_history_offer = std::make_unique<HistoryOffer>(HistoryOfferParts{.service = m_history_service,
+                                                                       .queue = m_parts.list_queue,
+                                                                       .main_thread = m_parts.cycle.main_thread,
+                                                                       .timer = m_parts.cycle.timer,
+                                                                       .warnings = m_warnings});
+    auto* offer = m_history_offer.get();
+    connect(offer, &HistoryOffer::offered, m_main_window.get(), &TickervantageWindow::set_standing_notice);
+    connect(offer, &HistoryOffer::complained, this, &AppDelegate::complain);
+    connect(m_main_window.get(), &TickervantageWindow::standing_notice_followed, offer, &HistoryOffer::follow);
+}
+
+void AppDelegate::make_demonstration_menu() {
+    m_demonstration_menu = std::make_unique<DemonstrationMenu>(
+        DemonstrationMenuParts{m_daemon.control, m_parts.config_queue, m_parts.cycle.main_thread}, m_menus);
+    connect(m_demonstration_menu.get(), &DemonstrationMenu::complained, this, &AppDelegate::complain);
+    connect(m_demonstration_menu.get(), &DemonstrationMenu::changed, this,
+            [this] { m_main_window->cycle().refresh(); });
 }
 
 void AppDelegate::build_recent_menus() {
@@ -341,7 +375,9 @@ void AppDelegate::make_settings_windows() {
                              .probes = m_parts.probes,
                              .files = m_parts.documents,
                              .editors = configurations(),
-                             .jobs = m_administration ? &m_administration->jobs() : nullptr});
+                             .jobs = m_administration ? &m_administration->jobs() : nullptr,
+                             .has_fixed_paths = !m_daemon.configuration.empty(),
+                             .history_service = m_history_service});
     auto* windows = m_settings_windows.get();
     connect(windows, &SettingsWindows::general_changed, this, [this] { m_main_window->cycle().programs_changed(); });
     connect(windows, &SettingsWindows::daemon_changed, this, [this] { m_main_window->cycle().refresh(); });
@@ -361,18 +397,19 @@ ConfigWindows& AppDelegate::configurations() {
 }
 
 void AppDelegate::make_configurations() {
-    m_configurations = std::make_unique<ConfigWindows>(ConfigWindowsParts{.execute = m_parts.cycle.execute,
-                                                                          .queue = m_parts.config_queue,
-                                                                          .edit_queue = m_parts.list_queue,
-                                                                          .main_thread = m_parts.cycle.main_thread,
-                                                                          .settings = m_parts.cycle.settings,
-                                                                          .paths = m_parts.paths,
-                                                                          .probes = m_parts.probes,
-                                                                          .files = m_parts.documents,
-                                                                          .general = m_general,
-                                                                          .logger = m_parts.logger,
-                                                                          .can_install = m_administration != nullptr,
-                                                                          .window = m_main_window.get()});
+    m_configurations = std::make_unique<ConfigWindows>(
+        ConfigWindowsParts{.execute = m_parts.cycle.execute,
+                           .queue = m_parts.config_queue,
+                           .edit_queue = m_parts.list_queue,
+                           .main_thread = m_parts.cycle.main_thread,
+                           .settings = m_parts.cycle.settings,
+                           .paths = m_parts.paths,
+                           .probes = m_parts.probes,
+                           .files = m_parts.documents,
+                           .general = m_general,
+                           .logger = m_parts.logger,
+                           .can_install = m_administration != nullptr || m_daemon.control.install,
+                           .window = m_main_window.get()});
     connect(m_configurations.get(), &ConfigWindows::not_opened, this, &AppDelegate::complain);
     connect(m_configurations.get(), &ConfigWindows::file_dropped, this,
             [this](const QString& path) { open_files({path}); });
@@ -381,11 +418,25 @@ void AppDelegate::make_configurations() {
 
 // The editor may have gone when the job comes to its end.
 void AppDelegate::install_configuration(ConfigEditor* editor, const QString& text) {
+    if (m_daemon.control.install)
+        return install_in_demonstration(editor, text.toStdString());
     m_administration->run({.job = AdminJob::install_config, .configuration = text.toStdString()},
                           [editor = QPointer(editor)](const JobResult& result) {
                               if (editor)
                                   editor->show_installation(result.outcome);
                           });
+}
+
+void AppDelegate::install_in_demonstration(ConfigEditor* editor, const std::string& text) {
+    m_background.start(
+        m_parts.config_queue, [install = m_daemon.control.install, text] { return install(text); },
+        [this, editor = QPointer(editor)](const Result<>& done) {
+            if (editor)
+                editor->show_installation(done);
+            if (m_history)
+                m_history->keep(job_event(std::time(nullptr), entry_of(AdminJob::install_config).name, done));
+            m_main_window->cycle().refresh();
+        });
 }
 
 void AppDelegate::open_log(const QString& path) {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "app/administration.h"
+#include "app/demonstration_menu.h"
+#include "app/history_offer.h"
 #include "base/background.h"
 #include "base/logger.h"
 #include "base/path_probes.h"
@@ -70,6 +72,7 @@ struct DaemonChoice {
     QString standing_notice;
     std::string tracking_log;  // empty: in the folder that chrony.conf names
     std::string configuration; // empty: that of the preferences
+    DemonstrationControl control = {};
 };
 
 class AppDelegate : public QObject {
@@ -136,7 +139,10 @@ private:
     [[nodiscard]] std::string history_file() const; // empty: none
     void make_watcher();
     void make_help();
+    void make_demonstration_menu();
+    void make_history_offer();
     void install_configuration(ConfigEditor* editor, const QString& text);
+    void install_in_demonstration(ConfigEditor* editor, const std::string& text);
     void launchMeridianox();
     void complain(const QString& sentence);                    // of a failure
     void say(const QString& sentence, QMessageBox::Icon icon); // with one "Dismiss" button
@@ -151,8 +157,9 @@ private:
     std::optional<chronydStatus> m_logged_status;
     bool m_stopping = false;
     Background m_background;
-    std::unique_ptr<WindowHistory> m_history;         // outlives the window
-    std::unique_ptr<Administration> m_administration; // outlives the windows that use it
+    std::shared_ptr<const UserService> m_history_service; // none in a demonstration
+    std::unique_ptr<WindowHistory> m_history;             // outlives the window
+    std::unique_ptr<Administration> m_administration;     // outlives the windows that use it
     std::unique_ptr<TickervantageWindow> m_main_window;
     std::unique_ptr<TrendFeed> m_trend;
     std::unique_ptr<Mender> m_mender;
@@ -163,6 +170,8 @@ private:
     std::unique_ptr<HelpWindows> m_help;
     std::unique_ptr<WindowMenus> m_window_menus;
     std::unique_ptr<OpenedFiles> m_opened_files;
+    std::unique_ptr<DemonstrationMenu> m_demonstration_menu;
+    std::unique_ptr<HistoryOffer> m_history_offer;
 };
 
 } // namespace tickervantage

@@ -7,6 +7,7 @@
 #include "app/single_instance.h"
 #include "chrony/demonstration/demonstration.h"
 #include "chrony/log/logreader.h"
+#include "history/recording.h"
 #include "linux/desktop_notifier.h"
 #include "linux/file_logger.h"
 #include "linux/machine_sensors.h"
@@ -55,14 +56,21 @@ Paths throw_away(Paths paths, const std::string& folder) {
     return paths;
 }
 
-DaemonChoice demonstration_choice(const Demonstration& demonstration) {
+DaemonChoice demonstration_choice(Demonstration& demonstration) {
     return {.chronyc_arguments = {"-h", demonstration.socket()},
             //: banner of demonstration mode
             .standing_notice =
                 Texts::tr("Demonstration: you see a chronyd that this program started for itself, on this "
-                          "machine alone. It follows a second one and leaves your clock as it is."),
+                          "machine alone. It follows three more and leaves your clock as it is. The day before it "
+                          "began is a recording."),
             .tracking_log = demonstration.tracking_log(),
-            .configuration = demonstration.client_config()};
+            .configuration = demonstration.client_config(),
+            .control = {.pull_out = [&demonstration](std::size_t server,
+                                                     bool out) { return demonstration.pull_out(server, out); },
+                        .install =
+                            [&demonstration](const std::string& text) {
+                                return demonstration.install(text);
+                            }}};
 }
 
 std::string search_path() {
@@ -245,8 +253,12 @@ QStringList absolute(const std::vector<std::string>& files) {
 
 int Program::run(const ProgramOptions& options, const DaemonChoice& daemon, const Paths& paths) {
     const QuitOnSignal quit_on_signal;
-    if (options.demo) // its daemons synchronise within a second: ten would look like a fault
-        save(m_settings, settings::chronyc_interval, 2);
+    if (options.demo) {
+        save(m_settings, settings::chronyc_interval,
+             2); // its daemons synchronise within a second: ten looks like a fault
+        constexpr double a_day_across_the_window = -2.7;
+        save(m_settings, settings::tracking_hZoom, a_day_across_the_window);
+    }
     m_delegate.applicationDidFinishLaunching();
     show_problems();
     m_store.watch(m_main_thread, [this] { m_delegate.settings_changed(); });
@@ -287,6 +299,10 @@ int run(const ProgramOptions& options, int argc, char** argv) {
         if (!started)
             return fail(english(started.error()));
         paths = throw_away(paths, demonstration.folder());
+        const auto kept =
+            keep_recording(paths.data_home + "/Tickervantage/history.sqlite", recorded_day(demonstration.begun()));
+        if (!kept) // there is less to see then
+            std::fprintf(stderr, "tickervantage: %s\n", english(kept.error()).c_str());
     }
     if (!options.screenshots.empty() && !QDir().mkpath(QString::fromStdString(options.screenshots)))
         return fail("The folder " + options.screenshots + " cannot be made.");

@@ -12,7 +12,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QSlider>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTableView>
@@ -129,7 +128,6 @@ void ScreenshotTour::plan() {
     };
 }
 
-// The log of a demonstration is short: the widest zoom shows it.
 void ScreenshotTour::plan_analysis() {
     const auto trigger = [this](const char* action) {
         m_application.menus().actions.at(action)->trigger();
@@ -138,8 +136,7 @@ void ScreenshotTour::plan_analysis() {
         m_application.main_window().cycle().refresh();
     };
     const QString tracking = QStringLiteral("TrackingWindow");
-    const bool log_is_open = window_of({{}, {}, tracking}) != nullptr;
-    if (!log_is_open)
+    if (window_of({{}, {}, tracking}) == nullptr)
         trigger("liveTracking");
     const auto show = [trigger, refresh](const char* action) {
         return [trigger, refresh, action] {
@@ -154,20 +151,12 @@ void ScreenshotTour::plan_analysis() {
     m_stops.push_back({QStringLiteral("history"), show("showHistory"), history, has_data});
     m_stops.push_back(
         {QStringLiteral("history-dark"), [this, refresh] { show_dark(true), refresh(); }, history, has_data});
-    const auto zoom_in = [this, tracking, refresh, log_is_open] {
-        show_dark(false);
-        auto* window = window_of({{}, {}, tracking});
-        auto* zoom = window != nullptr ? window->findChild<QSlider*>(QStringLiteral("hZoom")) : nullptr;
-        if (zoom != nullptr && !log_is_open)
-            zoom->setValue(zoom->maximum());
-        refresh();
-    };
     const auto open_legend = [this, tracking, refresh] {
         if (auto* window = window_of({{}, {}, tracking}))
             window->findChild<QPushButton*>(QStringLiteral("showLegend"))->click();
         refresh();
     };
-    m_stops.push_back({QStringLiteral("tracking"), zoom_in, tracking});
+    m_stops.push_back({QStringLiteral("tracking"), [this, refresh] { show_dark(false), refresh(); }, tracking});
     m_stops.push_back({QStringLiteral("tracking-legend"), open_legend, tracking});
     m_stops.push_back(
         {QStringLiteral("tracking-dark"), [this, open_legend] { show_dark(true), open_legend(); }, tracking});

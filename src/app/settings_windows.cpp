@@ -53,7 +53,9 @@ void SettingsWindows::make_preferences() {
                                                                    .advanced = m_parts.advanced,
                                                                    .probes = m_parts.probes,
                                                                    .launch_at_login = launch_at_login(m_parts.paths),
+                                                                   .history_service = m_parts.history_service,
                                                                    .has_helper = m_parts.jobs != nullptr,
+                                                                   .has_fixed_paths = m_parts.has_fixed_paths,
                                                                    .version = TICKERVANTAGE_VERSION});
     auto& general = m_preferences->general();
     connect(&general, &PreferencesGeneralPane::changed, this, &SettingsWindows::general_changed);

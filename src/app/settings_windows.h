@@ -31,6 +31,8 @@ struct SettingsWindowsParts {
     Files& files;
     ConfigWindows& editors;
     AdministrativeJobs* jobs = nullptr; // none: what needs them is not offered
+    bool has_fixed_paths = false;       // chrony's, in a demonstration
+    std::shared_ptr<const UserService> history_service = {};
 };
 
 class SettingsWindows : public QObject {

@@ -37,6 +37,11 @@ TV_FAILURE(history_has_writer, TV_TEXT("failures", "Another program of this user
 TV_FAILURE(history_is_newer,
            TV_TEXT("failures", "%1 is of a later version of this program: it is read, and nothing is added to it."))
 
+TV_FAILURE(no_history_unit,
+           TV_TEXT("failures", "The service that keeps it comes with the program's package, which is not installed."))
+TV_FAILURE(no_user_services, TV_TEXT("failures", "Your session has no systemd that runs services of yours: %c."))
+TV_FAILURE(unit_not_turned, TV_TEXT("failures", "The service that keeps the history could not be switched: %c."))
+
 // running programs
 TV_FAILURE(cannot_be_started, TV_TEXT("failures", "%1 cannot be started: %c."))
 TV_FAILURE(did_not_end, TV_TEXT("failures", "%1 did not end within %2 s and was ended."))
@@ -125,13 +130,18 @@ TV_FAILURE(daemon_cannot_write,
 
 // the list of servers
 
-// a demonstration, for the terminal alone
+// a demonstration; what happens at its start is for the terminal alone
 TV_FAILURE(demonstration_runs, "The demonstration is running already.")
 TV_FAILURE(demonstration_without_chronyd, "The demonstration needs chronyd, and %1 cannot be run: %c.")
 TV_FAILURE(demonstration_without_name, "The demonstration needs a user name, and user %1 has none.")
 TV_FAILURE(demonstration_without_folder, "The folder %1 for the demonstration cannot be made: %c.")
 TV_FAILURE(demonstration_not_started, "The demonstration cannot be started: %c.")
 TV_FAILURE(demonstration_too_slow, "The demonstration did not come up in time.")
+TV_FAILURE(demonstration_has_ended, TV_TEXT("failures", "The demonstration has ended."))
+TV_FAILURE(demonstration_keeps_former,
+           TV_TEXT("failures",
+                   "The demonstration's chronyd did not come up, and runs with the former configuration: %c."))
+TV_FAILURE(demonstration_lost_former, TV_TEXT("failures", "The demonstration's chronyd does not run: %c."))
 TV_FAILURE(demonstration_not_synchronised, "The demonstration was not synchronised within %1 s.")
 
 // the studies: logs, points, pictures

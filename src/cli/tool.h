@@ -109,6 +109,7 @@ private:
     [[nodiscard]] std::string configuration_path(); // empty: not known
     [[nodiscard]] int ask_for_root();
     [[nodiscard]] std::string history_path() const;
+    [[nodiscard]] Result<> recording() const;
     [[nodiscard]] int sample_once(HistoryKeeper& keeper);
     void tell_once(const std::vector<std::string>& complaints);
     [[nodiscard]] DocumentForm form() const;

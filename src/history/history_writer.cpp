@@ -200,11 +200,22 @@ Result<> HistoryWriter::add(const HistoryEvent& event) {
         .run();
 }
 
+Result<> HistoryWriter::add_whole(const HistoryReading& reading) {
+    auto done = add_row(reading.row);
+    for (std::size_t at = 0; done && at < reading.sources.size(); ++at)
+        done = add_source(reading.sources[at]);
+    return done;
+}
+
 Result<> HistoryWriter::add(const HistoryReading& reading, const std::vector<HistoryEvent>& events) {
+    return add(std::vector{reading}, events);
+}
+
+Result<> HistoryWriter::add(const std::vector<HistoryReading>& readings, const std::vector<HistoryEvent>& events) {
     return m_database.in_transaction([&] {
-        auto done = add_row(reading.row);
-        for (std::size_t at = 0; done && at < reading.sources.size(); ++at)
-            done = add_source(reading.sources[at]);
+        Result<> done;
+        for (std::size_t at = 0; done && at < readings.size(); ++at)
+            done = add_whole(readings[at]);
         for (std::size_t at = 0; done && at < events.size(); ++at)
             done = add(events[at]);
         return done;

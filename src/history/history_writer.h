@@ -37,6 +37,8 @@ public:
     // In one transaction: all of it or nothing.
     [[nodiscard]] Result<> add(const HistoryReading& reading, const std::vector<HistoryEvent>& events);
     [[nodiscard]] Result<> add(const HistoryEvent& event);
+    // Many readings in one transaction.
+    [[nodiscard]] Result<> add(const std::vector<HistoryReading>& readings, const std::vector<HistoryEvent>& events);
 
     // Makes spans of what is old enough at `now`, a day's worth for each transaction; ends early when it is stopped.
     [[nodiscard]] Result<> thin(std::int64_t now);
@@ -47,6 +49,7 @@ private:
     [[nodiscard]] Result<> thin_level(int from, int to, std::int64_t end);
     [[nodiscard]] Result<> thin_day(int from, int to, const HistoryPeriod& day);
     [[nodiscard]] Result<std::optional<std::int64_t>> id_of(const std::string& name);
+    [[nodiscard]] Result<> add_whole(const HistoryReading& reading);
     [[nodiscard]] Result<> add_row(const HistoryRow& row);
     [[nodiscard]] Result<> add_source(const SourceRow& row);
 

@@ -68,7 +68,7 @@ enum class HistoryEventKind : unsigned char { verdict, reference, chronyd, job }
 [[nodiscard]] std::string_view name_of(HistoryEventKind kind);
 
 // verdict, reference: `from` and `to` are the names of both. chronyd: "appeared" or "gone" in `to`. job: its name in
-// `from`, how it ended in `to`.
+// `from`, how it ended in `to`; also where the recording of a demonstration ends.
 struct HistoryEvent {
     std::int64_t time = 0;
     HistoryEventKind kind{};

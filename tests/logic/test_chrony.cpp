@@ -151,6 +151,13 @@ TEST_F(RunnerTest, PrivilegedRunIsOneShellLineAndEmptyWithoutTheHelper) {
     EXPECT_TRUE(execute.calls.empty());
 }
 
+TEST_F(RunnerTest, ADaemonOfTheUsersOwnTellsWhatOthersTellRootAlone) {
+    execute.answer("true", "report");
+    EXPECT_EQ(runner(true, false, {"-h", "/a socket"}).run_privileged(false, true, "ntpdata", "192.0.2.1"), "report");
+    EXPECT_EQ(execute.calls, std::vector<std::string>{"true|-h|/a socket|-n|-N|ntpdata 192.0.2.1"});
+    EXPECT_TRUE(channel.commands.empty());
+}
+
 TEST_F(RunnerTest, RootsDataComeThroughTheHelperWhereItIsReady) {
     execute.answer("true", "501 Not authorised\n", 1);
     execute.answer("true activity", testing::TrackingLine().text()); // the last word of the open reports

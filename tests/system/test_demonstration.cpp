@@ -1,5 +1,7 @@
-// The pair of real daemons on loopback, and what becomes of it however the program ends.
+// The real daemons on loopback, and what becomes of it however the program ends.
+#include "base/failure_codes.h"
 #include "chrony/demonstration/demonstration.h"
+#include "chrony/demonstration/recorded_day.h"
 #include "linux/posix_execute.h"
 #include "support/child_program.h"
 #include "support/test.h"
@@ -75,6 +77,69 @@ TEST_F(DemonstrationTest, AKilledSupervisorTakesTheDaemonsWithIt) {
     EXPECT_TRUE(server.ends_within(std::chrono::seconds(5)));
     demonstration.stop();
     EXPECT_FALSE(fs::exists(m_base + "/demo"));
+}
+
+struct RunningDemonstration : DemonstrationTest {
+    void SetUp() override {
+        DemonstrationTest::SetUp();
+        if (IsSkipped())
+            return;
+        const auto started = demonstration.start(chronyd(), m_base + "/demo");
+        ASSERT_TRUE(started) << english(started.error());
+        ASSERT_TRUE(demonstration.wait_until_synchronised(execute, chronyc(), std::chrono::seconds(10)));
+    }
+    [[nodiscard]] std::string asked(const std::string& command) {
+        return execute.run({chronyc(), {"-h", demonstration.socket(), "-n", "-c", command}}).output;
+    }
+    // By its line in chronyc's report: '*', '+', '?'.
+    [[nodiscard]] char letter_of(const char* server) {
+        const std::string sources = asked("sources");
+        const auto line = sources.find(std::string(",") + server + ",");
+        return line == std::string::npos || line == 0 ? '\0' : sources[line - 1];
+    }
+
+    Demonstration demonstration;
+    PosixExecute execute;
+};
+
+TEST_F(RunningDemonstration, ItsLogsGoOnWhereTheRecordedDayEnds) {
+    const auto recorded = recorded_day(demonstration.begun()).logs;
+    for (const auto& [name, text] : {std::pair{"tracking.log", &recorded.tracking},
+                                     {"measurements.log", &recorded.measurements},
+                                     {"statistics.log", &recorded.statistics}}) {
+        const auto is_behind_it = [&, name = name, text = text] {
+            const std::string log = testing::contents(demonstration.folder() + "/client/" + name);
+            return log.starts_with(*text) &&
+                   std::count(log.begin(), log.end(), '\n') > std::count(text->begin(), text->end(), '\n') + 3;
+        };
+        EXPECT_TRUE(testing::eventually(std::chrono::seconds(10), is_behind_it)) << name;
+    }
+}
+
+TEST_F(RunningDemonstration, AnotherConfigurationIsInstalledOrTheFormerOneComesBack) {
+    const std::string former = testing::contents(demonstration.client_config());
+    const auto before = pid_in(demonstration.client_pidfile());
+    ASSERT_TRUE(demonstration.install(former + "maxupdateskew 50\n"));
+    EXPECT_NE(pid_in(demonstration.client_pidfile()), before);
+    EXPECT_NE(asked("tracking"), "");
+    for (const char* bad : {"nonsense\n", ""}) { // with the second one chronyd runs, out of sight
+        const auto refused = demonstration.install(bad);
+        ASSERT_FALSE(refused);
+        EXPECT_EQ(refused.error().code, FailureCode::demonstration_keeps_former) << english(refused.error());
+        EXPECT_EQ(testing::contents(demonstration.client_config()), former + "maxupdateskew 50\n");
+        EXPECT_NE(asked("tracking"), "");
+    }
+}
+
+TEST_F(RunningDemonstration, ServersArePulledOutAndPutBack) {
+    constexpr std::chrono::seconds patience(30);
+    ASSERT_TRUE(testing::eventually(patience, [this] { return letter_of("127.0.0.1") == '*'; }));
+    ASSERT_TRUE(demonstration.pull_out(0, true));
+    EXPECT_TRUE(testing::eventually(patience, [this] {
+        return letter_of("127.0.0.1") == '?' && (letter_of("127.0.0.2") == '*' || letter_of("127.0.0.3") == '*');
+    })) << asked("sources");
+    ASSERT_TRUE(demonstration.pull_out(0, false));
+    EXPECT_TRUE(testing::eventually(patience, [this] { return letter_of("127.0.0.1") == '*'; })) << asked("sources");
 }
 
 TEST_F(DemonstrationTest, ALongPathIsReplacedByAShortOne) {

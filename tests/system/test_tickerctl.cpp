@@ -324,14 +324,18 @@ TEST_F(TickerctlTest, ADemonstrationIsSynchronisedAndLeavesNothing) {
     const auto saved = m_home.path("capture");
     EXPECT_EQ(run({"--demo", "capture", "-o", saved}).status, 0);
     const auto explained = json::parse(run({"explain", "--json", "--from", saved}).out, nullptr, false);
-    ASSERT_EQ(explained.size(), 1U);
-    EXPECT_EQ(explained[0]["rule"], "best");
+    ASSERT_EQ(explained.size(), 3U);
+    EXPECT_EQ(std::ranges::count_if(explained, [](const json& one) { return one["rule"] == "best"; }), 1);
     EXPECT_TRUE(explained[0]["line"].is_number()) << "the configuration is in it";
     const auto status = json::parse(run({"status", "--json", "--from", saved}).out, nullptr, false);
     EXPECT_EQ(status["steers"], false);
     EXPECT_GT(status["bound"], 0);
     EXPECT_EQ(run({"budget", "--from", "-"}, saved).status, 0);
-    EXPECT_EQ(json::parse(run({"sources", "--json", "--from", saved}).out, nullptr, false)[0]["used"], true);
+    const auto sources = json::parse(run({"sources", "--json", "--from", saved}).out, nullptr, false);
+    EXPECT_TRUE(std::ranges::any_of(sources, [](const json& one) { return one["used"] == true; }));
+    const auto history = run({"--demo", "history"});
+    EXPECT_EQ(history.status, 0) << history.err;
+    EXPECT_NE(history.out.find("recording"), std::string::npos) << history.out;
 
     auto interrupted = start({"--demo", "status", "--watch", "1"});
     EXPECT_TRUE(eventually(patience, [&] { return !interrupted.out().empty(); }));

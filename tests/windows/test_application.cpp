@@ -1,3 +1,4 @@
+#include "base/failure_codes.h"
 #include "support/keyboard.h"
 #include "support/real_application.h"
 #include "support/test.h"
@@ -83,6 +84,61 @@ TEST_F(ApplicationTest, LiveTrackingFollowsTheLogOfTheConfiguredFolder) {
     EXPECT_EQ((*found)->windowTitle(), QStringLiteral("Tracking log – live"));
     EXPECT_EQ((*found)->findChild<QLabel*>(QStringLiteral("titleView"))->text(),
               QStringLiteral("/somewhere/else/tracking.log"));
+}
+
+TEST_F(ApplicationTest, AHistoryWithoutAWindowIsOfferedOnceAndNotAtOnce) {
+    fakes.execute.answer("systemctl", "disabled\n", 1);
+    launch();
+    const auto banner = [this] {
+        return application->main_window().findChild<QLabel*>(QStringLiteral("standingNotice"));
+    };
+    wait(60);
+    EXPECT_TRUE(banner()->text().isEmpty());
+    wait(200);
+    ASSERT_TRUE(banner()->text().contains(QLatin1String("keep-history")));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    fakes.execute.answer("systemctl", "");
+    Q_EMIT banner()->linkActivated(QStringLiteral("keep-history"));
+    settle();
+    EXPECT_TRUE(banner()->text().isEmpty());
+    EXPECT_EQ(runs_of("systemctl|--user|enable|--now", "|tickervantage-history.service"), 1);
+    fakes.execute.answer("systemctl", "disabled\n", 1);
+    launch();
+    wait(260);
+    EXPECT_TRUE(banner()->text().isEmpty());
+}
+
+TEST_F(ApplicationTest, ADemonstrationsServersArePulledOutAndPutBack) {
+    std::string done;
+    daemon.configuration = "/demonstration/chrony.conf";
+    daemon.control.pull_out = [&done](std::size_t server, bool out) {
+        done += std::to_string(server) + (out ? "out " : "in ");
+        return Result<>();
+    };
+    launch();
+    auto* all = application->menus().m_action->findChild<QAction*>(QStringLiteral("pullOutServers"));
+    auto* first = application->menus().m_action->findChild<QAction*>(QStringLiteral("pullOutServer"));
+    all->trigger();
+    EXPECT_EQ(done, ""); // not on the main thread
+    settle();
+    EXPECT_EQ(done, "0out 1out 2out ");
+    EXPECT_TRUE(all->isChecked() && first->isChecked() && !first->isEnabled());
+    all->trigger();
+    settle();
+    first->trigger();
+    settle();
+    EXPECT_EQ(done, "0out 1out 2out 0in 1in 2in 0out ");
+    EXPECT_TRUE(first->isChecked() && !all->isChecked() && first->isEnabled());
+    daemon.control.pull_out = [](std::size_t, bool) -> Result<> {
+        return failed(FailureCode::demonstration_has_ended);
+    };
+    launch();
+    item("refresh")->trigger();
+    application->menus().m_action->findChild<QAction*>(QStringLiteral("pullOutServer"))->trigger();
+    settle();
+    auto* box = application->main_window().findChild<QMessageBox*>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->text(), QStringLiteral("The demonstration has ended."));
 }
 
 TEST_F(ApplicationTest, ShortcutsAreUnique) {

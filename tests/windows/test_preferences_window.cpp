@@ -26,6 +26,18 @@ struct FakeLaunchAtLogin : LaunchAtLogin {
     bool agentIsValid() const override { return written && works; }
 };
 
+struct FakeUserService : UserService {
+    mutable Result<bool> on = false;
+    Result<> turned;
+
+    Result<bool> is_on() const override { return on; }
+    Result<> turn(bool wanted) const override {
+        if (turned)
+            on = wanted;
+        return turned;
+    }
+};
+
 const auto refused = tl::unexpected(said_by_others("The helper refused."));
 
 struct PreferencesTest : testing::WindowTest<Preferences> {
@@ -36,6 +48,8 @@ struct PreferencesTest : testing::WindowTest<Preferences> {
     PreferencesAdvanced advanced = PreferencesAdvanced::load(settings);
     testing::FakePathProbes machine;
     std::shared_ptr<FakeLaunchAtLogin> agent = std::make_shared<FakeLaunchAtLogin>();
+    std::shared_ptr<FakeUserService> service = std::make_shared<FakeUserService>();
+    bool has_fixed_paths = false;
     int advanced_changes = 0;
     std::optional<bool> adjusted; // as the record had it
     int services_wanted = 0;
@@ -51,7 +65,9 @@ struct PreferencesTest : testing::WindowTest<Preferences> {
                                                                 .advanced = advanced,
                                                                 .probes = machine,
                                                                 .launch_at_login = agent,
+                                                                .history_service = service,
                                                                 .has_helper = has_helper,
+                                                                .has_fixed_paths = has_fixed_paths,
                                                                 .version = "1.2.3"});
         using Pane = PreferencesGeneralPane;
         QObject::connect(&pane(), &Pane::defaults_wanted, &pane(), [this] { general.restore_defaults(settings); });
@@ -78,6 +94,38 @@ struct PreferencesTest : testing::WindowTest<Preferences> {
         return true;
     }
 };
+
+TEST_F(PreferencesTest, TheHistorysServiceIsSwitchedBehindTheMainThread) {
+    open();
+    auto* box = find<QCheckBox>("m_keep_history");
+    ASSERT_TRUE(box->isEnabled());
+    box->click();
+    EXPECT_FALSE(service->on.value()); // not on the main thread
+    settle();
+    EXPECT_TRUE(service->on.value() && box->isChecked() && box->isEnabled());
+    service->turned = refused;
+    box->click();
+    settle();
+    EXPECT_TRUE(box->isChecked()); // it is on still
+    EXPECT_EQ(words("status"), "The helper refused.");
+}
+
+TEST_F(PreferencesTest, WhereThereIsNoSuchServiceTheBoxSaysWhy) {
+    service->on = refused;
+    open();
+    EXPECT_FALSE(find<QCheckBox>("m_keep_history")->isEnabled());
+    EXPECT_EQ(words("history_words"), "The helper refused.");
+}
+
+TEST_F(PreferencesTest, ADemonstrationsPathsAreShownAndStay) {
+    has_fixed_paths = true;
+    service.reset();
+    open();
+    for (const char* field : {"m_config", "m_chronyc", "m_chronyd", "m_chronywake"})
+        EXPECT_TRUE(find<QLineEdit>(field)->isReadOnly()) << field;
+    EXPECT_FALSE(find<QPushButton>("detect")->isEnabled() || find<QCheckBox>("m_keep_history")->isEnabled());
+    EXPECT_FALSE(words("paths_note").empty() || words("history_words").empty());
+}
 
 TEST_F(PreferencesTest, EveryControlShowsItsSettingAndIsSaved) {
     store.values["file_chronyc"] = {"/opt/chronyc"};

@@ -2,19 +2,25 @@
 
 #include "base/failure_codes.h"
 #include "chrony/demonstration/demonstration_supervisor.h"
+#include "chrony/demonstration/recorded_day.h"
+#include "linux/small_file.h"
 
 #include <fcntl.h>
 #include <poll.h>
 #include <pwd.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <ctime>
 #include <filesystem>
 #include <system_error>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -22,6 +28,8 @@ namespace tickervantage {
 namespace {
 
 using Clock = std::chrono::steady_clock;
+
+constexpr std::size_t largest_configuration = 1U << 20U;
 
 struct User {
     std::string name;
@@ -63,7 +71,10 @@ void remove_folder(const std::string& folder) {
 Result<> make_folders(std::string& folder, gid_t group) {
     if (auto made = make_outer_folder(folder); !made)
         return made;
-    for (const auto& path : {folder, folder + "/server", folder + "/client"}) {
+    std::vector<std::string> paths{folder, folder + "/client"};
+    for (std::size_t at = 0; at < demonstration_servers.size(); ++at)
+        paths.push_back(demonstration_server_folder(folder, at));
+    for (const auto& path : paths) {
         if ((path != folder && mkdir(path.c_str(), 0700) != 0) || chmod(path.c_str(), 0700) != 0 ||
             chown(path.c_str(), getuid(), group) != 0) {
             auto failure = failed(FailureCode::demonstration_without_folder, {path}, errno);
@@ -73,6 +84,20 @@ Result<> make_folders(std::string& folder, gid_t group) {
     }
     return {};
 }
+
+// What is sent comes as it was sent, a message at a time.
+struct OrderSockets {
+    FileDescriptor ours;
+    FileDescriptor supervisors;
+
+    OrderSockets() {
+        std::array<int, 2> ends{};
+        if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0)
+            return;
+        ours.reset(ends[0]);
+        supervisors.reset(ends[1]);
+    }
+};
 
 struct Pipe {
     FileDescriptor read_end;
@@ -120,18 +145,20 @@ Result<> Demonstration::start(const std::string& chronyd, const std::string& fol
     if (auto made = user.and_then([&](const User& one) { return make_folders(place, one.group); }); !made)
         return made;
 
-    Pipe hold;
+    OrderSockets hold;
     Pipe news;
-    const pid_t pid = news.write_end.valid() && hold.write_end.valid() ? fork() : -1;
+    const std::int64_t now = std::time(nullptr);
+    const pid_t pid = news.write_end.valid() && hold.ours.valid() ? fork() : -1;
     if (pid == 0)
-        supervise_demonstration({chronyd, user->name, place, hold.read_end.get(), news.write_end.get()});
+        supervise_demonstration({chronyd, user->name, place, now, hold.supervisors.get(), news.write_end.get()});
     if (pid < 0) {
         auto failure = failed(FailureCode::demonstration_not_started, {}, errno);
         remove_folder(place);
         return failure;
     }
     m_supervisor = pid;
-    m_hold = std::move(hold.write_end);
+    m_begun = now;
+    m_hold = std::move(hold.ours);
     m_folder = place;
     news.write_end.reset();
     auto report = await_report(news.read_end.get());
@@ -149,6 +176,35 @@ void Demonstration::stop() {
     m_supervisor = -1;
     remove_folder(m_folder); // there still when the supervisor was killed
     m_folder.clear();
+}
+
+Result<> Demonstration::ask(const std::string& order) {
+    const std::lock_guard lock(m_asking);
+    std::array<char, 1024> answer{};
+    const bool was_sent = is_running() && ::send(m_hold.get(), order.data(), order.size(), MSG_NOSIGNAL) >= 0;
+    ssize_t count = -1;
+    do // the supervisor answers within its own limits, or has gone
+        count = was_sent ? ::recv(m_hold.get(), answer.data(), answer.size(), 0) : 0;
+    while (count < 0 && errno == EINTR);
+    const std::string said(answer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    if (said == "ok")
+        return {};
+    return said.empty() ? failed(FailureCode::demonstration_has_ended) : tl::unexpected(said_by_others(said));
+}
+
+Result<> Demonstration::install(const std::string& text) {
+    const std::string path = client_config();
+    const FileReading former = read_small_file(path, largest_configuration);
+    auto done = replace_small_file(path, text).and_then([this] { return ask(restart_order); });
+    if (done || former.outcome != FileReading::Outcome::read)
+        return done;
+    const auto back = replace_small_file(path, former.bytes).and_then([this] { return ask(restart_order); });
+    return failed(back ? FailureCode::demonstration_keeps_former : FailureCode::demonstration_lost_former, {},
+                  done.error());
+}
+
+Result<> Demonstration::pull_out(std::size_t server, bool out) {
+    return ask(std::string(out ? pull_out_order : put_back_order) + std::to_string(server));
 }
 
 std::string Demonstration::client_file(const std::string& name) const {

@@ -1,5 +1,6 @@
 #include "chrony/demonstration/demonstration_supervisor.h"
 
+#include "chrony/demonstration/recorded_day.h"
 #include "linux/file_descriptor.h"
 
 #include <arpa/inet.h>
@@ -22,6 +23,7 @@
 #include <filesystem>
 #include <fstream>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
@@ -34,16 +36,17 @@ using Clock = std::chrono::steady_clock;
 struct Daemon {
     std::string folder;
     pid_t pid = -1; // -1: not running
+    std::uint16_t port = 0;
 
     [[nodiscard]] std::string file(const char* name) const { return folder + "/" + name; }
 };
 
-// A UDP port of loopback that nobody uses at this moment; 0 when there is none.
-std::uint16_t free_port() {
+// A UDP port of that address of loopback that nobody uses at this moment; 0 when there is none.
+std::uint16_t free_port(const char* of) {
     const FileDescriptor probe(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
     sockaddr_in address{};
     address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    (void)inet_pton(AF_INET, of, &address.sin_addr);
     socklen_t size = sizeof address;
     auto* plain = reinterpret_cast<sockaddr*>(&address);
     const bool known = bind(probe.get(), plain, size) == 0 && getsockname(probe.get(), plain, &size) == 0;
@@ -55,15 +58,28 @@ std::string common_config(const Daemon& daemon) {
                        daemon.file("chronyd.pid"));
 }
 
-std::string server_config(const Daemon& daemon, std::uint16_t port) {
-    return fmt::format("local stratum 5\nallow 127.0.0.1\nport {}\nbindaddress 127.0.0.1\n", port) +
+// The first server is the best one, so that it is clear who is followed.
+std::string server_config(const Daemon& daemon, std::size_t server) {
+    return fmt::format("local stratum {}\nallow 127.0.0.0/8\nport {}\nbindaddress {}\n", demonstration_stratum(server),
+                       daemon.port, demonstration_servers.at(server)) +
            common_config(daemon);
 }
 
-std::string client_config(const Daemon& daemon, std::uint16_t server_port) {
-    return fmt::format("server 127.0.0.1 port {} minpoll -2 maxpoll 0 iburst\nport 0\ndriftfile {}\nlogdir {}\n"
-                       "log tracking\n",
-                       server_port, daemon.file("drift"), daemon.folder) +
+// People read it in the editor.
+std::string client_config(const Daemon& daemon, const std::vector<Daemon>& servers) {
+    std::string text =
+        "# The demonstration's own chrony.conf: edit and install it as you like. Only the demonstration's\n"
+        "# chronyd is restarted, and it never sets this computer's clock.\n\n"
+        "# Three servers, which the demonstration runs on this computer. They are asked often and few samples\n"
+        "# are kept, so that what happens to them shows within seconds.\n";
+    for (std::size_t at = 0; at < servers.size(); ++at)
+        text += fmt::format("server {} port {} minpoll {} maxpoll 0 maxsamples 8 iburst\n",
+                            demonstration_servers.at(at), servers[at].port, at == 0 ? -2 : 0);
+    return text +
+           fmt::format("\n# Nobody is served.\nport 0\n\n# The clock's rate, for the next start.\ndriftfile {}\n\n"
+                       "# What the graphs are drawn from.\nlogdir {}\nlog tracking measurements statistics\n\n"
+                       "# How this program reaches chronyd: with other lines it loses sight of it.\n",
+                       daemon.file("drift"), daemon.folder) +
            common_config(daemon);
 }
 
@@ -113,12 +129,13 @@ std::string last_words(const Daemon& daemon) {
     return result.empty() ? "without a word" : result;
 }
 
-enum class Event : unsigned char { came_up, died, abandoned, timeout };
+enum class Event : unsigned char { came_up, died, abandoned, timeout, ordered };
 
 class Supervisor {
 public:
-    explicit Supervisor(const DemonstrationTask& task)
-        : m_task(task), m_server{task.folder + "/server"}, m_client{task.folder + "/client"} {
+    explicit Supervisor(const DemonstrationTask& task) : m_task(task), m_client{task.folder + "/client"} {
+        for (std::size_t at = 0; at < demonstration_servers.size(); ++at)
+            m_servers.push_back({demonstration_server_folder(task.folder, at)});
         sigset_t handled;
         sigemptyset(&handled);
         for (const int signal : {SIGCHLD, SIGTERM, SIGINT, SIGHUP})
@@ -130,45 +147,108 @@ public:
 
     void run() {
         std::string report;
-        const auto deadline = Clock::now() + demonstration_start_limit;
-        const bool is_up = bring_up(deadline, report) == 0;
+        const bool is_up = bring_up(Clock::now() + demonstration_start_limit, report) == 0;
         (void)!::write(m_task.news, report.data(), report.size()); // nobody there: the next wait says so
         ::close(m_task.news);
-        while (is_up && wait_for_news(Clock::time_point::max()) != Event::abandoned) {
+        while (is_up) {
+            const Event event = wait_for_news(Clock::time_point::max());
+            if (event == Event::abandoned)
+                break;
+            if (event == Event::ordered)
+                answer(std::exchange(m_order, {}));
         }
-        end_all();
+        end(all());
         std::error_code ignored; // nobody is left to tell
         (void)std::filesystem::remove_all(m_task.folder, ignored);
     }
 
 private:
-    int bring_up(Clock::time_point deadline, std::string& report) {
-        Event event = Event::died;
-        std::uint16_t port = 0;
-        report = "The demonstration finds no free UDP port on loopback.";
-        constexpr int attempts = 3; // another program may take the port before the server does
-        for (int attempt = 0; attempt < attempts && event == Event::died; ++attempt) {
-            port = free_port();
-            if (port == 0)
-                return -1;
-            event = start(m_server, server_config(m_server, port), deadline);
-        }
-        Daemon* concerned = &m_server;
-        if (event == Event::came_up) {
-            concerned = &m_client;
-            event = start(m_client, client_config(m_client, port), deadline);
-        }
-        report = "ok";
-        if (event == Event::came_up)
-            return 0;
-        report = fmt::format("The demonstration did not come up: {} {}.", m_task.chronyd,
-                             event == Event::died ? fmt::format("ended ({})", last_words(*concerned))
-                                                  : std::string("did not answer in time"));
-        return -1;
+    std::vector<Daemon*> all() {
+        std::vector<Daemon*> daemons{&m_client};
+        for (Daemon& server : m_servers)
+            daemons.push_back(&server);
+        return daemons;
     }
 
-    Event start(Daemon& daemon, const std::string& config, Clock::time_point deadline) {
-        std::ofstream(daemon.file("chrony.conf")) << config; // a config cut short makes the daemon complain
+    int bring_up(Clock::time_point deadline, std::string& report) {
+        report = "The demonstration finds no free UDP port on loopback.";
+        Event event = Event::died;
+        Daemon* concerned = &m_client;
+        for (std::size_t at = 0; at < m_servers.size(); ++at) {
+            concerned = &m_servers[at];
+            event = start_server(at, deadline);
+            if (concerned->port == 0)
+                return -1;
+            if (event != Event::came_up)
+                break;
+        }
+        if (event == Event::came_up) {
+            concerned = &m_client;
+            write_recorded_logs();
+            std::ofstream(m_client.file("chrony.conf")) << client_config(m_client, m_servers);
+            event = start(m_client, deadline);
+        }
+        report = event == Event::came_up ? "ok" : "The demonstration did not come up: " + complaint(*concerned, event);
+        return event == Event::came_up ? 0 : -1;
+    }
+
+    [[nodiscard]] std::string complaint(const Daemon& daemon, Event event) const {
+        return fmt::format("{} {}.", m_task.chronyd,
+                           event == Event::died ? fmt::format("ended ({})", last_words(daemon))
+                                                : std::string("did not answer in time"));
+    }
+
+    // Where chronyd goes on writing.
+    void write_recorded_logs() const {
+        const RecordedLogs logs = recorded_day(m_task.begun).logs;
+        std::ofstream(m_client.file("tracking.log")) << logs.tracking;
+        std::ofstream(m_client.file("measurements.log")) << logs.measurements;
+        std::ofstream(m_client.file("statistics.log")) << logs.statistics;
+    }
+
+    Event start_server(std::size_t at, Clock::time_point deadline) {
+        Daemon& server = m_servers[at];
+        Event event = Event::died;
+        constexpr int attempts = 3; // another program may take the port before the server does
+        for (int attempt = 0; attempt < attempts && event == Event::died; ++attempt) {
+            server.port = free_port(demonstration_servers.at(at));
+            if (server.port == 0)
+                break;
+            // A configuration cut short makes the daemon complain.
+            std::ofstream(server.file("chrony.conf")) << server_config(server, at);
+            event = start(server, deadline);
+        }
+        return event;
+    }
+
+    void answer(const std::string& order) {
+        const bool is_restart = order == restart_order;
+        const std::size_t at = order.empty() ? 0 : static_cast<std::size_t>(order.back() - '0');
+        Daemon* daemon = &m_client;
+        if (!is_restart && at < m_servers.size())
+            daemon = &m_servers[at];
+        end({daemon});
+        Event event = Event::came_up;
+        if (is_restart || order.starts_with(put_back_order))
+            event = start(*daemon, Clock::now() + demonstration_start_limit);
+        if (event == Event::came_up && is_restart)
+            event = look_once_more(*daemon);
+        const std::string said = event == Event::came_up ? "ok" : complaint(*daemon, event);
+        (void)::send(m_task.hold, said.data(), said.size(), MSG_NOSIGNAL); // nobody there: the next wait says so
+    }
+
+    // What chronyd cannot do it finds out some time after it has made its socket.
+    Event look_once_more(const Daemon& daemon) {
+        constexpr std::chrono::milliseconds while_it_starts(300);
+        const auto deadline = Clock::now() + while_it_starts;
+        Event event = Event::died;
+        while (event == Event::died && daemon.pid > 0)
+            event = wait_for_news(deadline);
+        return daemon.pid > 0 ? Event::came_up : Event::died;
+    }
+
+    Event start(Daemon& daemon, Clock::time_point deadline) {
+        (void)unlink(daemon.file("chronyd.sock").c_str()); // of a daemon that was killed
         (void)inotify_add_watch(m_files.get(), daemon.folder.c_str(), IN_CREATE);
         const pid_t self = getpid();
         const auto words = daemon_arguments(m_task, daemon);
@@ -186,7 +266,8 @@ private:
         }
     }
 
-    // Waits for a new file, an ended daemon, the end of the program, or the deadline. `died` is any ended daemon.
+    // Waits for a new file, an ended daemon, an order, the end of the program, or the deadline. `died` is any ended
+    // daemon.
     Event wait_for_news(Clock::time_point deadline) {
         std::array<pollfd, 3> wanted{
             {{m_task.hold, POLLIN, 0}, {m_signals.get(), POLLIN, 0}, {m_files.get(), POLLIN, 0}}};
@@ -199,9 +280,19 @@ private:
             return Event::timeout;
         alignas(inotify_event) std::array<char, 4096> ignored{};
         (void)!::read(m_files.get(), ignored.data(), ignored.size()); // the folder is looked at anyway
-        const bool ended = take_signals();
+        m_is_ended = take_signals() || m_is_ended;
         reap();
-        return ended || wanted[0].revents != 0 ? Event::abandoned : Event::died;
+        if (m_is_ended || (wanted[0].revents != 0 && !take_order()))
+            return Event::abandoned;
+        return wanted[0].revents != 0 ? Event::ordered : Event::died;
+    }
+
+    // False when there will be no more.
+    bool take_order() {
+        std::array<char, 64> order{};
+        const ssize_t count = ::recv(m_task.hold, order.data(), order.size(), MSG_DONTWAIT);
+        m_order.assign(order.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        return count > 0;
     }
 
     // True when somebody asked this process to end.
@@ -214,44 +305,45 @@ private:
     }
 
     void reap() {
-        for (auto* daemon : {&m_server, &m_client})
+        for (auto* daemon : all())
             if (daemon->pid > 0 && waitpid(daemon->pid, nullptr, WNOHANG) == daemon->pid)
                 daemon->pid = -1;
     }
 
-    void signal_all(int signal) {
-        for (auto* daemon : {&m_server, &m_client})
-            if (daemon->pid > 0)
-                (void)kill(daemon->pid, signal);
-    }
-
-    void end_all() {
+    void end(const std::vector<Daemon*>& daemons) {
         constexpr std::chrono::seconds patience(2);
         const auto deadline = Clock::now() + patience;
+        const auto signal_all = [&daemons](int signal) {
+            for (const auto* daemon : daemons)
+                if (daemon->pid > 0)
+                    (void)kill(daemon->pid, signal);
+        };
         signal_all(SIGTERM);
         reap();
-        while (m_server.pid > 0 || m_client.pid > 0) {
+        while (std::ranges::any_of(daemons, [](const auto* daemon) { return daemon->pid > 0; })) {
             pollfd wanted{m_signals.get(), POLLIN, 0};
             const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
             if (left <= 0 || poll(&wanted, 1, static_cast<int>(left)) == 0)
                 break;
-            (void)take_signals();
+            m_is_ended = take_signals() || m_is_ended;
             reap();
         }
         signal_all(SIGKILL);
-        for (auto* daemon : {&m_server, &m_client})
-            if (daemon->pid > 0)
-                (void)waitpid(daemon->pid, nullptr, 0);
+        for (auto* daemon : daemons)
+            if (daemon->pid > 0 && waitpid(daemon->pid, nullptr, 0) == daemon->pid)
+                daemon->pid = -1;
     }
 
     const DemonstrationTask& m_task;
-    Daemon m_server;
+    std::vector<Daemon> m_servers;
     Daemon m_client;
+    std::string m_order;
+    bool m_is_ended = false; // somebody asked this process to end
     FileDescriptor m_signals;
     FileDescriptor m_files;
 };
 
-// Keeps the two pipes and nothing else, so that no pipe or file of the program stays open because of us.
+// Keeps the socket and the pipe and nothing else, so that no pipe or file of the program stays open because of us.
 void keep_only_pipes(DemonstrationTask& task) {
     constexpr int lowest_hold = 3;
     const int hold = fcntl(task.hold, F_DUPFD_CLOEXEC, 100); // out of the way of both final places
@@ -266,6 +358,10 @@ void keep_only_pipes(DemonstrationTask& task) {
 }
 
 } // namespace
+
+std::string demonstration_server_folder(const std::string& folder, std::size_t server) {
+    return folder + "/server" + (server == 0 ? std::string() : std::to_string(server + 1));
+}
 
 void supervise_demonstration(const DemonstrationTask& task) {
     (void)setsid(); // the terminal's signals go to the program alone

@@ -65,6 +65,14 @@ ExecuteResult Runchronyc::run_for_data(const std::vector<std::string>& commands,
 
 std::string Runchronyc::run_privileged(bool resolve, bool original, const std::string& command,
                                        const std::string& extra) const {
+    if (!m_extra.empty()) { // a daemon of the user's own
+        std::vector<std::string> options = m_extra;
+        if (!resolve)
+            options.emplace_back("-n");
+        if (original)
+            options.emplace_back("-N");
+        return run_with(std::move(options), command + (extra.empty() ? "" : " " + extra)).output;
+    }
     if (!m_privileged.helper_ready())
         return {};
     std::string line = "/bin/sh -c '" + m_programs.chronyc;

@@ -54,7 +54,8 @@ public:
                                              SourceNames names = SourceNames::addresses) const;
 
     // As administrator through the helper: what chronyc printed on both its streams; empty text when the helper is not
-    // ready. Uses the configured program, whether it exists or not.
+    // ready. Uses the configured program, whether it exists or not. A daemon that only this runner's extra options
+    // reach is the user's own and asked without the helper.
     [[nodiscard]] std::string run_privileged(bool resolve, bool original, const std::string& command,
                                              const std::string& extra) const;
 

@@ -9,8 +9,8 @@ namespace tickervantage {
 
 RootReports::RootReports(PrivilegedActions& privileged, DispatchQueueSerial& queue, MainThread& main_thread,
                          bool is_own_daemon, std::function<void()> came)
-    : m_privileged(privileged), m_queue(queue), m_is_own_daemon(is_own_daemon), m_came(std::move(came)),
-      m_background(main_thread) {}
+    : m_privileged(privileged), m_queue(queue), m_is_own_daemon(is_own_daemon), m_is_wanted(is_own_daemon),
+      m_came(std::move(came)), m_background(main_thread) {}
 
 bool RootReports::can_be_read() const {
     return m_is_own_daemon || m_privileged.helper_ready();

@@ -30,8 +30,8 @@ private:
     PrivilegedActions& m_privileged;
     DispatchQueueSerial& m_queue;
     bool m_is_own_daemon;
+    bool m_is_wanted; // from the beginning where nothing stands in their way
     std::function<void()> m_came;
-    bool m_is_wanted = false;
     bool m_is_reading = false;
     std::shared_ptr<const ExecuteResult> m_newest;
     Background m_background;

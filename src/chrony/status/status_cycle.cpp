@@ -88,7 +88,7 @@ void StatusCycle::chronycCommand(const std::string& command) {
     m_list_servers = ntpdata;
     m_display.show_server_field(ntpdata);
     refresh();
-    if (is_privileged_report(command) && !m_parts.privileged.helper_ready())
+    if (is_privileged_report(command) && !m_root_reports.can_be_read())
         m_display.ask_for_rights(); // only now, not with every reading: no is no until it is chosen again
 }
 
@@ -225,7 +225,7 @@ RefreshRequest StatusCycle::request() const {
 
 // One at a time: a later reading asks again.
 void StatusCycle::start_report(const RefreshRequest& wanted) {
-    const bool is_possible = is_privileged_report(wanted.command) && m_parts.privileged.helper_ready();
+    const bool is_possible = is_privileged_report(wanted.command) && m_root_reports.can_be_read();
     if (!is_possible || std::exchange(m_reporting, true))
         return;
     m_background.start(
@@ -239,7 +239,7 @@ void StatusCycle::apply_report(const RefreshRequest& wanted, const ReportText& t
                            wanted.server == m_settings.m_server;
     if (!is_wanted) {
         start_report(request());
-    } else if (!m_parts.privileged.helper_ready()) {
+    } else if (!m_root_reports.can_be_read()) {
         refresh(); // the authorisation has lapsed: the next reading says so
     } else {
         m_root_report = text;
@@ -322,7 +322,7 @@ void StatusCycle::apply_tracking(const RefreshReading& reading) {
 }
 
 void StatusCycle::show_output(const RefreshReading& reading) {
-    if (is_privileged_report(m_settings.chronyCommand) && m_parts.privileged.helper_ready())
+    if (is_privileged_report(m_settings.chronyCommand) && m_root_reports.can_be_read())
         return; // it comes by itself
     m_display.show_output(m_settings.chronyCommand == "version"
                               ? version_text(m_version_chronyd.text, m_version_chronyc.text)
@@ -338,7 +338,7 @@ StatusNotice StatusCycle::notice(const RefreshReading& reading) const {
     if (m_chronydStatus == chronydStatus::unavailable)
         return {Kind::daemon_silent, std::string(trimmed(reading.silence.substr(0, longest_detail)))};
     const bool needs_root = is_privileged_report(m_settings.chronyCommand);
-    if (needs_root && !m_parts.privileged.helper_ready())
+    if (needs_root && !m_root_reports.can_be_read())
         return {Kind::needs_helper, m_settings.chronyCommand};
     auto problem = needs_root ? m_root_report.problem : reading.report_text.problem;
     if (!problem && !reading.truth->reports.problems.empty())

@@ -5,6 +5,7 @@
 #include "cli/terminal.h"
 #include "cli/tool.h"
 #include "history/history_keeper.h"
+#include "history/recording.h"
 
 #include <algorithm>
 #include <chrono>
@@ -15,7 +16,17 @@
 namespace tickervantage {
 
 std::string Tool::history_path() const {
-    return m_arguments.history.file.value_or(m_paths.data_home + "/Tickervantage/history.sqlite");
+    const Demonstration& demonstration = m_daemon.demonstration();
+    const std::string home = demonstration.is_running() ? demonstration.folder() + "/data" : m_paths.data_home;
+    return m_arguments.history.file.value_or(home + "/Tickervantage/history.sqlite");
+}
+
+// A demonstration that has just begun has its recorded day.
+Result<> Tool::recording() const {
+    const Demonstration& demonstration = m_daemon.demonstration();
+    if (!demonstration.is_running() || m_arguments.history.file)
+        return {};
+    return keep_recording(history_path(), recorded_day(demonstration.begun()));
 }
 
 int Tool::history() const {
@@ -27,6 +38,8 @@ int Tool::history() const {
         question.form = HistoryForm::csv;
     else if (m_arguments.json)
         question.form = HistoryForm::json;
+    if (const auto kept = recording(); !kept)
+        return exit_status(kept);
     auto store = HistoryReader::open(history_path());
     if (!store)
         return fail(english(store.error()));

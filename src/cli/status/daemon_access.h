@@ -36,6 +36,7 @@ public:
     }
     // With another way to run it, which outlives the runner.
     [[nodiscard]] Runchronyc runner(const DefaultSettings& settings, const ChronyPrograms& programs, Execute& execute);
+    [[nodiscard]] const Demonstration& demonstration() const { return m_demonstration; }
     [[nodiscard]] PosixExecute& execute() { return m_execute; }
     [[nodiscard]] PrivilegedActions& actions() { return m_actions; }
 

@@ -150,6 +150,7 @@ void build_banner(QWidget* central, MainWindowControls& controls) {
     //: main window: name of the banner with what holds for the whole run, such as demonstration mode
     controls.standing_notice = text_label(bar, "standingNotice", Texts::tr("Notice"));
     controls.standing_notice->setWordWrap(true);
+    controls.standing_notice->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     controls.use_system_chrony =
         //: main window: button in a demonstration that leaves it
         named(new QPushButton(Texts::tr("&Use This System's chrony"), bar), "use_system_chrony",

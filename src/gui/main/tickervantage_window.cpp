@@ -69,6 +69,7 @@ TickervantageWindow::TickervantageWindow(const StatusCycleParts& parts, StatusCy
     setCentralWidget(central);
     build_toolbar();
     connect_controls();
+    connect(m_controls.standing_notice, &QLabel::linkActivated, this, &TickervantageWindow::standing_notice_followed);
 }
 
 TickervantageWindow::~TickervantageWindow() = default;

@@ -81,6 +81,7 @@ Q_SIGNALS:
     void quiet_wanted();     // of the alarm
     void graph_requested();  // of the live log
     void rights_requested(); // the administrator's
+    void standing_notice_followed(const QString& link);
     void preferences_requested();
     void gpsd_application_requested();
     void wrong_program_found(const QString& sentence); // is said in the window; to be logged

@@ -89,13 +89,30 @@ LoginChange change_login(const LaunchAtLogin& agent, bool on) {
     return change;
 }
 
+void show_note(QLabel& note, const QString& text) {
+    note.setText(text);
+    note.setVisible(!text.isEmpty());
+}
+
 } // namespace
 
 PreferencesGeneralPane::PreferencesGeneralPane(const PreferencesParts& parts, QWidget* parent)
     : QWidget(parent), m_parts(parts), m_controls(build_preferences_general(this)), m_looks(parts.main_thread),
-      m_logins(parts.main_thread) {
+      m_logins(parts.main_thread), m_histories(parts.main_thread) {
     setObjectName(QStringLiteral("PreferencesGeneral"));
     connect_controls();
+    if (m_parts.has_fixed_paths)
+        fix_paths();
+}
+
+void PreferencesGeneralPane::fix_paths() {
+    for (const auto& controls : m_controls.paths) {
+        controls.field->setReadOnly(true);
+        controls.choose->setEnabled(false);
+    }
+    m_controls.detect->setEnabled(false);
+    //: General preferences in a demonstration: said below chrony's paths
+    show_note(*m_controls.paths_note, tr("These are the demonstration's own files. Yours are left alone."));
 }
 
 QString PreferencesGeneralPane::toolbarItemTitle() {
@@ -109,6 +126,7 @@ QIcon PreferencesGeneralPane::toolbarItemIcon() {
 
 void PreferencesGeneralPane::connect_controls() {
     connect(m_controls.m_launch_login, &QCheckBox::clicked, this, [this] { launchAtLogin(); });
+    connect(m_controls.m_keep_history, &QCheckBox::clicked, this, [this] { keepHistory(); });
     connect(m_controls.m_adj_system, &QCheckBox::clicked, this, [this] { adjustClock(); });
     connect(m_controls.m_install_wake, &QCheckBox::clicked, this, [this] { installChronyWake(); });
     connect(m_controls.resetWarnings, &QPushButton::clicked, this, [this] { resetWarnings(); });
@@ -144,6 +162,7 @@ void PreferencesGeneralPane::show_record() {
     m_controls.wake_words->clear();
     update_wake();
     look_at_paths();
+    look_at_history();
 }
 
 void PreferencesGeneralPane::changeEvent(QEvent* event) {
@@ -194,6 +213,38 @@ void PreferencesGeneralPane::take_arguments() {
     m_controls.wake_words->setText(sentence);
     set_alarmed(m_controls.wake_words, true);
     update_wake();
+}
+
+// Others may have switched the service meanwhile.
+void PreferencesGeneralPane::look_at_history() {
+    if (m_parts.history_service)
+        m_histories.start_newest(
+            m_parts.queue, [service = m_parts.history_service] { return service->is_on(); },
+            [this](const Result<bool>& is_on) { show_history(is_on); });
+    else
+        //: General preferences in a demonstration: said below the box that keeps a history
+        show_note(*m_controls.history_words, tr("Not in a demonstration: it leaves your system as it is."));
+}
+
+void PreferencesGeneralPane::keepHistory() {
+    const bool on = m_controls.m_keep_history->isChecked();
+    m_controls.m_keep_history->setEnabled(false);
+    const auto work = [service = m_parts.history_service, on] {
+        const auto done = service->turn(on);
+        return std::pair(done, service->is_on()); // what is true afterwards
+    };
+    m_histories.start_newest(m_parts.queue, work, [this](const std::pair<Result<>, Result<bool>>& came) {
+        show_history(came.second);
+        if (!came.first)
+            say(in_words(came.first.error()), true);
+    });
+}
+
+void PreferencesGeneralPane::show_history(const Result<bool>& is_on) {
+    m_controls.m_keep_history->setEnabled(is_on.has_value());
+    m_controls.m_keep_history->setChecked(is_on.value_or(false));
+    show_note(*m_controls.history_words, is_on ? QString() : in_words(is_on.error()));
+    m_controls.m_keep_history->setAccessibleDescription(m_controls.history_words->text());
 }
 
 void PreferencesGeneralPane::look_at_paths() {

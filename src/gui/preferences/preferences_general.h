@@ -35,6 +35,7 @@ public:
     [[nodiscard]] bool finish(std::chrono::milliseconds patience);
 
     void launchAtLogin();
+    void keepHistory();
     void adjustClock();
     void find_path(std::size_t path);
     void installChronyWake();
@@ -61,12 +62,15 @@ protected:
 
 private:
     void connect_controls();
+    void fix_paths();
     void take_paths();
     void take_arguments();
     void finish_edit();
     void apply_adjustment();
     void update_wake();
     void look_at_paths();
+    void look_at_history();
+    void show_history(const Result<bool>& is_on);
     void show_path_states(const std::array<PathState, 4>& states);
     void show_detected(const std::array<std::string, 4>& found);
     void show_login(bool on, const Result<>& done);
@@ -81,6 +85,7 @@ private:
     bool m_saving = false;
     Background m_looks;
     Background m_logins;
+    Background m_histories;
 };
 
 } // namespace tickervantage

@@ -35,6 +35,15 @@ QCheckBox* check_box(QWidget* parent, const char* object_name, const QString& te
     return named(new QCheckBox(text, parent), object_name, QString(text).remove(QLatin1Char('&')), tooltip);
 }
 
+// What has something to say on few machines takes no room on the others.
+QLabel* note_below(QWidget* parent, const char* object_name) {
+    auto* label = words_below(parent, object_name, 1);
+    label->setMinimumHeight(0);
+    label->setMaximumHeight(QWIDGETSIZE_MAX);
+    label->hide();
+    return label;
+}
+
 QGroupBox* build_program_group(QWidget* parent, PreferencesGeneralControls& controls) {
     //: General preferences: title of a group
     auto* group = new QGroupBox(Texts::tr("Program"), parent);
@@ -48,6 +57,14 @@ QGroupBox* build_program_group(QWidget* parent, PreferencesGeneralControls& cont
                                       Texts::tr("&Adjust System Clock"),
                                       //: General preferences: tooltip of “Adjust the system clock”
                                       Texts::tr("Off: chronyd runs with the option -x and leaves the clock alone"));
+    controls.m_keep_history =
+        check_box(group, "m_keep_history",
+                  //: General preferences: check box; the history of the clock
+                  Texts::tr("Keep a &history also while the window is closed"),
+                  //: General preferences: tooltip of the box that keeps a history
+                  Texts::tr("A small service of yours reads the clock every 10 seconds, from login to logout"));
+    controls.m_keep_history->setEnabled(false); // until it is known whether it can be
+    controls.history_words = note_below(group, "history_words");
     controls.resetWarnings = button(group, "resetWarnings",
                                     //: General preferences: button, and its tooltip
                                     Texts::tr("Reset Warnin&gs"),
@@ -56,6 +73,8 @@ QGroupBox* build_program_group(QWidget* parent, PreferencesGeneralControls& cont
     auto* boxes = new QVBoxLayout;
     boxes->addWidget(controls.m_launch_login);
     boxes->addWidget(controls.m_adj_system);
+    boxes->addWidget(controls.m_keep_history);
+    boxes->addWidget(controls.history_words);
     auto* row = new QHBoxLayout(group);
     row->addLayout(boxes, 1);
     row->addWidget(controls.resetWarnings, 0, Qt::AlignTop);
@@ -114,6 +133,8 @@ QGroupBox* build_path_group(QWidget* parent, PreferencesGeneralControls& control
                              Texts::tr("D&etect"),
                              //: General preferences: tooltip of the button Detect
                              Texts::tr("Fill in the paths of the distribution's own chrony"));
+    controls.paths_note = note_below(group, "paths_note");
+    grid->addWidget(controls.paths_note, 8, 0, 1, 2);
     grid->addWidget(controls.detect, 8, 2);
     return group;
 }

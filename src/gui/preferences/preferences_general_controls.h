@@ -23,8 +23,11 @@ struct PathControls {
 struct PreferencesGeneralControls {
     QCheckBox* m_launch_login = nullptr;
     QCheckBox* m_adj_system = nullptr;
+    QCheckBox* m_keep_history = nullptr;
+    QLabel* history_words = nullptr; // why that cannot be chosen
     QPushButton* resetWarnings = nullptr;
     std::array<PathControls, 4> paths; // m_config, m_chronyc, m_chronyd, m_chronywake
+    QLabel* paths_note = nullptr;      // empty unless there is something to say of all of them
     QPushButton* detect = nullptr;
     QCheckBox* m_install_wake = nullptr;
     QLineEdit* m_make_thresh = nullptr;

@@ -4,6 +4,7 @@
 #include "base/dispatch.h"
 #include "base/launch_at_login.h"
 #include "base/path_probes.h"
+#include "base/user_service.h"
 #include "settings/preferences.h"
 #include "settings/warning_register.h"
 
@@ -22,8 +23,10 @@ struct PreferencesParts {
     PreferencesAdvanced& advanced;
     PathProbes& probes;
     std::shared_ptr<const LaunchAtLogin> launch_at_login;
-    bool has_helper = false; // somebody answers to what the General pane wants of chronywake and of the daemon
-    std::string version;     // of the program
+    std::shared_ptr<const UserService> history_service = {}; // keeps the history; none in a demonstration
+    bool has_helper = false;      // somebody answers to what the General pane wants of chronywake and of the daemon
+    bool has_fixed_paths = false; // those of a demonstration
+    std::string version = {};     // of the program
 };
 
 } // namespace tickervantage
