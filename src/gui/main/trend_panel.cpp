@@ -57,13 +57,11 @@ TrendPanel::TrendPanel(QWidget* parent) : QWidget(parent) {
     //: main window: name of the values of the last hour that are pointed at
     m_readout = named(new ElidedLabel(this), "trend_readout", Texts::tr("Values pointed at"));
     m_readout->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_view =
-        //: main window: name of the picture of the last hour
-        named(
-            new TrendView(this), "trend", Texts::tr("Last hour"),
-            //: main window: tooltip of the picture of the last hour
-            Texts::tr("Band: how far off the clock can have been. Line: how far off it was held to be. Coloured lane: "
-                      "its state. Click, or press Return, for the graph of the log."));
+    //: main window: tooltip of the title above the picture of the last hour
+    m_title->setToolTip(Texts::tr("Band: how far off the clock can have been. Line: how far off it was held to be. "
+                                  "Coloured lane: its state. Click, or press Return, for the whole history."));
+    //: main window: name of the picture of the last hour
+    m_view = named(new TrendView(this), "trend", Texts::tr("Last hour"));
     auto* head = new QHBoxLayout;
     head->addWidget(m_title);
     head->addSpacing(16);

@@ -1,5 +1,5 @@
 // The last hour as a strip: how far off the clock can have been, how far it was, and in which state. A click, Return or
-// the space bar asks for the graph; the pointer or the arrow keys point at a moment. Main thread.
+// the space bar asks for the history; the pointer or the arrow keys point at a moment. Main thread.
 #pragma once
 
 #include "chrony/status/trend.h"
