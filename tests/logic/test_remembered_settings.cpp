@@ -15,7 +15,7 @@ using testing::MemorySettingsStore;
 // A value that the setting takes and does not start with.
 std::vector<std::string> another_value(const SettingKey& setting) {
     const auto usual = check_setting(setting, default_text(setting).value_or(""));
-    for (const auto* candidate : {"true", "false", "5", "2", "0", "/other", "#010203", "Sans,12"})
+    for (const auto* candidate : {"true", "false", "5", "2", "0", "99", "/other", "#010203", "Sans,12"})
         if (const auto value = check_setting(setting, candidate); value && value != usual)
             return *value;
     ADD_FAILURE() << key_of(setting) << " takes none of these";
@@ -31,9 +31,11 @@ void pass_through(MemorySettingsStore& from, MemorySettingsStore& to) {
 
 TEST(RememberedSettings, ComeBackAsTheyWereStored) {
     // In no record: each is loaded and saved where it is used.
-    const std::set<std::string_view> elsewhere{"IgnoreWarnings",        "SPECTRUM_duration", "SPECTRUM_interval",
-                                               "recent_configurations", "recent_logs",       "sync_ntp_server",
-                                               "sync_restart_chronyd",  "sync_timeout"};
+    const std::set<std::string_view> elsewhere{
+        "IgnoreWarnings", "SPECTRUM_duration", "SPECTRUM_interval",    "recent_configurations",
+        "recent_logs",    "sync_ntp_server",   "sync_restart_chronyd", "sync_timeout",
+        "watch_bound",    "watch_holdover",    "watch_notify",         "watch_quiet",
+        "watch_raised",   "watch_sources",     "watch_step",           "watch_tray"};
     MemorySettingsStore stored;
     MemorySettingsStore saved;
     for (const auto& setting : all_settings())
