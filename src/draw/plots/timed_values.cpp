@@ -44,8 +44,7 @@ void TimedValues::sum_blocks_from(std::size_t block) {
     while (m_blocks.size() < whole) {
         ValueColumn column;
         const std::size_t first = m_blocks.size() * block_size;
-        for (std::size_t one = first; one < first + block_size; ++one)
-            add_to(column, one);
+        add_to(column, first, first + block_size);
         m_blocks.push_back({column.low, column.high, column.mean});
     }
 }
@@ -62,38 +61,75 @@ std::optional<std::size_t> TimedValues::nearest(double time) const {
     return std::abs(m_times[after] - time) < std::abs(m_times[before] - time) ? after : before;
 }
 
+namespace {
+
 // Until the end, `mean` is the sum.
-void TimedValues::add_to(ValueColumn& column, std::size_t at) const {
-    const double mean = m_means[at];
-    const double low = !m_has_spans ? mean : mean - static_cast<double>(m_below[at]);
-    const double high = !m_has_spans ? mean : mean + static_cast<double>(m_above[at]);
+void join(ValueColumn& column, std::size_t count, double low, double sum, double high) {
     column.low = column.count == 0 ? low : std::min(column.low, low);
     column.high = column.count == 0 ? high : std::max(column.high, high);
-    column.mean += mean;
-    ++column.count;
+    column.mean += sum;
+    column.count += count;
 }
 
-void TimedValues::add_block(ValueColumn& column, std::size_t block) const {
-    const Block& all = m_blocks[block];
-    column.low = column.count == 0 ? all.low : std::min(column.low, all.low);
-    column.high = column.count == 0 ? all.high : std::max(column.high, all.high);
-    column.mean += all.sum;
-    column.count += block_size;
+} // namespace
+
+// Plain loops: a frame goes through a million values.
+void TimedValues::add_to(ValueColumn& column, std::size_t first, std::size_t end) const {
+    if (first == end)
+        return;
+    double low = m_means[first];
+    double high = low;
+    double sum = 0;
+    for (std::size_t at = first; at < end; ++at) {
+        low = std::min(low, m_means[at]);
+        high = std::max(high, m_means[at]);
+        sum += m_means[at];
+    }
+    if (m_has_spans)
+        for (std::size_t at = first; at < end; ++at) {
+            low = std::min(low, m_means[at] - static_cast<double>(m_below[at]));
+            high = std::max(high, m_means[at] + static_cast<double>(m_above[at]));
+        }
+    join(column, end - first, low, sum, high);
 }
 
 ValueColumn TimedValues::sum(std::size_t first, std::size_t end) const {
     ValueColumn column{.first = first};
-    for (std::size_t at = first; at < end;) {
-        if (at % block_size == 0 && at + block_size <= end) {
-            add_block(column, at / block_size);
-            at += block_size;
-        } else {
-            add_to(column, at++);
-        }
+    const std::size_t first_block = (first + block_size - 1) / block_size;
+    const std::size_t end_block = end / block_size;
+    if (first_block >= end_block) {
+        add_to(column, first, end);
+    } else {
+        add_to(column, first, first_block * block_size);
+        for (std::size_t block = first_block; block < end_block; ++block)
+            join(column, block_size, m_blocks[block].low, m_blocks[block].sum, m_blocks[block].high);
+        add_to(column, end_block * block_size, end);
     }
     if (column.count > 0)
         column.mean /= static_cast<double>(column.count);
     return column;
+}
+
+// Columns hold about as many values as their neighbours: a look or two in place of a search through all of them, which
+// would wait for memory.
+std::size_t TimedValues::first_near(double time, std::size_t begin, std::size_t guess, std::size_t end) const {
+    std::size_t stride = 1;
+    while (guess > begin && m_times[guess - 1] >= time) {
+        end = guess - 1;
+        guess -= std::min(stride, guess - begin);
+        stride *= 2;
+    }
+    begin = guess;
+    stride = 1;
+    while (guess < end && m_times[guess] < time) {
+        begin = guess + 1;
+        guess += std::min(stride, end - guess);
+        stride *= 2;
+    }
+    const auto at = [this](std::size_t place) {
+        return m_times.begin() + static_cast<std::ptrdiff_t>(place);
+    };
+    return static_cast<std::size_t>(std::lower_bound(at(begin), at(guess), time) - m_times.begin());
 }
 
 std::vector<ValueColumn> TimedValues::columns(const TimeRange& range, std::size_t count) const {
@@ -102,17 +138,12 @@ std::vector<ValueColumn> TimedValues::columns(const TimeRange& range, std::size_
     const double step = range.length() / static_cast<double>(count);
     std::size_t first = first_from(range.from);
     const std::size_t last = first_from(range.to);
+    std::size_t guess = (last - first) / count;
     for (std::size_t column = 1; column <= count; ++column) {
         const double edge = range.from + step * static_cast<double>(column);
-        // The next edge is most often near: a search doubles its stride from where the one before ended.
-        std::size_t stride = 1;
-        while (first + stride < last && m_times[first + stride] < edge)
-            stride *= 2;
-        const auto begin = m_times.begin() + static_cast<std::ptrdiff_t>(first);
-        const auto limit = m_times.begin() + static_cast<std::ptrdiff_t>(std::min(first + stride, last));
-        const auto end =
-            column == count ? last : static_cast<std::size_t>(std::lower_bound(begin, limit, edge) - m_times.begin());
+        const std::size_t end = column == count ? last : first_near(edge, first, std::min(first + guess, last), last);
         found.push_back(sum(first, end));
+        guess = end - first;
         first = end;
     }
     return found;

@@ -1,7 +1,7 @@
 // Values over time, any number of them, and what a column of pixels shows of them.
 //
 // Each is one value or the lowest, mean and highest of a span of time. Added in any order; most often in that of time,
-// which is quick. Sums of every 64 are kept, so that a column costs the same for an hour as for years. One thread.
+// which is quick. Sums of every 32 are kept, so that a column costs the same for an hour as for years. One thread.
 #pragma once
 
 #include "draw/plots/time_marks.h"
@@ -63,12 +63,12 @@ private:
         double high;
         double sum;
     };
-    static constexpr std::size_t block_size = 64;
+    static constexpr std::size_t block_size = 32;
 
+    [[nodiscard]] std::size_t first_near(double time, std::size_t begin, std::size_t guess, std::size_t end) const;
     void insert(std::size_t at, const TimedExtent& value);
     void sum_blocks_from(std::size_t at);
-    void add_to(ValueColumn& column, std::size_t at) const;
-    void add_block(ValueColumn& column, std::size_t block) const;
+    void add_to(ValueColumn& column, std::size_t first, std::size_t end) const;
 
     std::vector<double> m_times;
     std::vector<double> m_means;

@@ -153,6 +153,7 @@ void build_tables(QWidget* parent, HistoryControls& controls) {
     //: history window: name of the legend, its headings, and its tooltip
     controls.legend = table(parent, "legend", Texts::tr("Legend"), {Texts::tr("Curve"), Texts::tr("At the pointer")});
     //: history window: tooltip of the legend
+    controls.legend->header()->setSectionResizeMode(0, QHeaderView::Stretch); // names give way to values
     controls.legend->setToolTip(Texts::tr("A click on the box hides a curve; a double click, or Return, shows it alone "
                                           "in its panel"));
     //: history window: name of the tabs
@@ -204,7 +205,7 @@ QSplitter* build_splitters(QWidget* parent, const HistoryControls& controls) {
     auto* below = new QSplitter(Qt::Horizontal, parent);
     below->addWidget(controls.legend);
     below->addWidget(controls.details);
-    below->setStretchFactor(0, 2);
+    below->setStretchFactor(0, 3);
     below->setStretchFactor(1, 5);
     auto* all = named(new QSplitter(Qt::Vertical, parent), "panes", QString());
     all->addWidget(controls.plot);

@@ -279,7 +279,10 @@ void HistoryWindow::compare_with(const QString& path) {
                                                 : in_words(loaded.log_problems.front()));
                 return;
             }
-            m_controls.plot->change([&](HistoryView& view) { view.set_other(std::move(loaded.data)); });
+            m_controls.plot->change([&](HistoryView& view) {
+                view.set_other(std::move(loaded.data));
+                view.options.hidden.insert("difference frequency"); // near zero, it would press the others flat
+            });
             m_controls.end_comparison->setEnabled(true);
             data_changed();
         });
