@@ -7,6 +7,9 @@
 #include <utility>
 
 namespace tickervantage {
+
+/* TRANSLATOR historyoffer
+   An offer in the main window: a service may keep the history of the clock while the window is closed. */
 namespace {
 
 struct Texts {

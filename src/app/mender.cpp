@@ -16,6 +16,9 @@
 #include <utility>
 
 namespace tickervantage {
+
+/* TRANSLATOR mending
+   What one button of the main window mends where something is wrong with chrony, and the questions before. */
 namespace {
 
 struct Texts {

@@ -26,6 +26,9 @@
 #include <utility>
 
 namespace tickervantage {
+
+/* TRANSLATOR tickervantage::HistoryWindow
+   The window that shows what happened to the clock: its buttons, and the titles of its dialogs. */
 namespace {
 
 constexpr double seconds_between_looks = 3;

@@ -17,6 +17,9 @@
 #include <utility>
 
 namespace tickervantage {
+
+/* TRANSLATOR mainwindow
+   The main window: how the clock is, its sources, and a report of chrony. */
 namespace {
 
 struct Texts {

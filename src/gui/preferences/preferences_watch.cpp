@@ -20,6 +20,9 @@
 #include <fstream>
 
 namespace tickervantage {
+
+/* TRANSLATOR tickervantage::PreferencesWatchPane
+   Preferences, Watching: from which limits on the user is told that something is wrong with the clock. */
 namespace {
 
 constexpr double milliseconds = 1e-3;

@@ -8,10 +8,10 @@
 
 namespace tickervantage::event_words {
 
-/* TRANSLATOR clock events
+/* TRANSLATOR clock_events
    What happened to the clock, beside its time: one sentence each. %1, %2 stand for addresses, numbers with their units,
    or the words of chronyd. */
-inline constexpr const char* context = "clock events";
+inline constexpr const char* context = "clock_events";
 
 using Values = std::vector<SentenceValue>;
 

@@ -100,8 +100,8 @@ void tell_source(ClockEvent& event, std::string_view text) {
     event.source = take_until(text, ' ');
     event.sentence =
         event.kind == EventKind::source
-            ? say(TV_TEXT("clock events", "chronyd chose %1 to follow."), {event.source})
-            : say(TV_TEXT("clock events", "%1 disagreed with the other sources and was not believed."), {event.source});
+            ? say(TV_TEXT("clock_events", "chronyd chose %1 to follow."), {event.source})
+            : say(TV_TEXT("clock_events", "%1 disagreed with the other sources and was not believed."), {event.source});
 }
 
 void tell_step(ClockEvent& event, std::string_view text, std::string_view beginning) {
@@ -114,7 +114,7 @@ void tell_step(ClockEvent& event, std::string_view text, std::string_view beginn
         event.kind = EventKind::other;
     else if (event.value)
         event.sentence =
-            say(TV_TEXT("clock events", "chronyd stepped the clock by %1."), {quantity::signed_seconds(*event.value)});
+            say(TV_TEXT("clock_events", "chronyd stepped the clock by %1."), {quantity::signed_seconds(*event.value)});
     if (event.kind == EventKind::other)
         event.value.reset();
 }
@@ -129,26 +129,26 @@ void tell_leap(ClockEvent& event, std::string_view text) {
 void put_into_words(ClockEvent& event, std::string_view text, std::string_view beginning) {
     switch (event.kind) {
     case EventKind::start:
-        event.sentence = say(TV_TEXT("clock events", "chronyd was started."));
+        event.sentence = say(TV_TEXT("clock_events", "chronyd was started."));
         break;
     case EventKind::stop:
-        event.sentence = say(TV_TEXT("clock events", "chronyd ended."));
+        event.sentence = say(TV_TEXT("clock_events", "chronyd ended."));
         break;
     case EventKind::source:
     case EventKind::falseticker:
         tell_source(event, text.substr(beginning.size()));
         break;
     case EventKind::no_majority:
-        event.sentence = say(TV_TEXT("clock events", "The sources disagreed without a majority: none was followed."));
+        event.sentence = say(TV_TEXT("clock_events", "The sources disagreed without a majority: none was followed."));
         break;
     case EventKind::step:
         tell_step(event, text, beginning);
         break;
     case EventKind::suspend:
-        event.sentence = say(TV_TEXT("clock events", "Time jumped forward: the machine slept, or its clock was set."));
+        event.sentence = say(TV_TEXT("clock_events", "Time jumped forward: the machine slept, or its clock was set."));
         break;
     case EventKind::backwards:
-        event.sentence = say(TV_TEXT("clock events", "Time jumped backward: the clock was set."));
+        event.sentence = say(TV_TEXT("clock_events", "Time jumped backward: the clock was set."));
         break;
     case EventKind::leap:
         tell_leap(event, text);
@@ -193,7 +193,7 @@ void MessageEvents::add(const LoggedMessage& message, const EventPlace& place) {
     if (std::exchange(m_has_booted, false))
         m_events.push_back({.time = message.time,
                             .kind = EventKind::reboot,
-                            .sentence = say(TV_TEXT("clock events", "The machine was started.")),
+                            .sentence = say(TV_TEXT("clock_events", "The machine was started.")),
                             .place = place});
     if (message.writer == "chronyd")
         add_of_chronyd(message, place);
@@ -208,7 +208,7 @@ void MessageEvents::note_sleep(const LoggedMessage& message, const EventPlace& p
     if (!before || std::abs(message.time - *before) > same)
         m_events.push_back({.time = message.time,
                             .kind = EventKind::suspend,
-                            .sentence = say(TV_TEXT("clock events", "The machine went to sleep.")),
+                            .sentence = say(TV_TEXT("clock_events", "The machine went to sleep.")),
                             .place = place});
 }
 

@@ -41,7 +41,7 @@ void SelectionEvents::judge_round() {
         m_events.push_back(
             {.time = m_round.front().time,
              .kind = EventKind::no_majority,
-             .sentence = say(TV_TEXT("clock events", "The sources disagreed without a majority: none was followed.")),
+             .sentence = say(TV_TEXT("clock_events", "The sources disagreed without a majority: none was followed.")),
              .place = m_round.front().place});
     m_has_no_majority = without_majority;
     for (const Judged& one : m_round) {
@@ -52,7 +52,7 @@ void SelectionEvents::judge_round() {
                 {.time = one.time,
                  .kind = EventKind::falseticker,
                  .source = one.source,
-                 .sentence = say(TV_TEXT("clock events", "%1 disagreed with the other sources and was not believed."),
+                 .sentence = say(TV_TEXT("clock_events", "%1 disagreed with the other sources and was not believed."),
                                  {one.source}),
                  .place = one.place});
     }

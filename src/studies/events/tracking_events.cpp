@@ -46,7 +46,7 @@ void TrackingEvents::compare_time(std::int64_t time, const EventPlace& place) {
     const std::int64_t interval = time - *before;
     if (interval < 0) {
         tell(time, EventKind::backwards, place,
-             say(TV_TEXT("clock events", "The time of the records went back by %1."),
+             say(TV_TEXT("clock_events", "The time of the records went back by %1."),
                  {quantity::duration(static_cast<double>(-interval))}))
             .value = static_cast<double>(interval);
         return;
@@ -61,7 +61,7 @@ void TrackingEvents::compare_time(std::int64_t time, const EventPlace& place) {
             std::max<std::int64_t>(usual[intervals_judged_by / 2 - 1] + usual[intervals_judged_by / 2], 2);
         if (2 * interval > times * twice)
             tell(time, EventKind::gap, place,
-                 say(TV_TEXT("clock events", "Nothing was logged for %1, where a record every %2 was usual."),
+                 say(TV_TEXT("clock_events", "Nothing was logged for %1, where a record every %2 was usual."),
                      {quantity::duration(static_cast<double>(interval)),
                       quantity::duration(static_cast<double>(twice) / 2)}))
                 .value = static_cast<double>(interval);
@@ -71,7 +71,7 @@ void TrackingEvents::compare_time(std::int64_t time, const EventPlace& place) {
 
 // What the clock's frequency was in the run before says nothing of the first guesses of this one.
 void TrackingEvents::begin_anew(std::int64_t time, const EventPlace& place) {
-    tell(time, EventKind::start, place, say(TV_TEXT("clock events", "chronyd was started.")));
+    tell(time, EventKind::start, place, say(TV_TEXT("clock_events", "chronyd was started.")));
     m_frequency = std::numeric_limits<double>::quiet_NaN();
     m_is_lost = true;
 }
@@ -81,7 +81,7 @@ void TrackingEvents::note_loss(std::int64_t time, const EventPlace& place) {
         return;
     auto& event =
         tell(time, EventKind::lost, place,
-             say(TV_TEXT("clock events", "No source was followed any more; the last one was %1."), {m_reference}));
+             say(TV_TEXT("clock_events", "No source was followed any more; the last one was %1."), {m_reference}));
     event.source = m_reference;
     m_loss = m_events.size() - 1;
 }
@@ -93,13 +93,13 @@ void TrackingEvents::compare_reference(const TrackingLine& line, const EventPlac
         const double length = static_cast<double>(line.timestamp) - event.time;
         if (length >= 0) {
             event.value = length;
-            event.sentence = say(TV_TEXT("clock events", "No source was followed for %2; the last one was %1."),
+            event.sentence = say(TV_TEXT("clock_events", "No source was followed for %2; the last one was %1."),
                                  {event.source, quantity::duration(length)});
         }
     }
     if (!m_reference.empty() && m_reference != line.address)
         tell(line.timestamp, EventKind::source, place,
-             say(TV_TEXT("clock events", "%1 was followed from now on, instead of %2."),
+             say(TV_TEXT("clock_events", "%1 was followed from now on, instead of %2."),
                  {std::string(line.address), m_reference}))
             .source = line.address;
     m_reference = line.address;
@@ -108,8 +108,8 @@ void TrackingEvents::compare_reference(const TrackingLine& line, const EventPlac
         const bool is_inserted = leap == '+';
         tell(line.timestamp, EventKind::leap, place,
              say(is_inserted
-                     ? TV_TEXT("clock events", "A leap second was announced: one more at the end of the month.")
-                     : TV_TEXT("clock events", "A leap second was announced: one less at the end of the month.")))
+                     ? TV_TEXT("clock_events", "A leap second was announced: one more at the end of the month.")
+                     : TV_TEXT("clock_events", "A leap second was announced: one less at the end of the month.")))
             .value = is_inserted ? 1 : -1;
     }
     m_leap = leap;
@@ -122,7 +122,7 @@ void TrackingEvents::compare_frequency(const TrackingLine& line, const EventPlac
     // An absent number compares false, and before the first record there is none.
     if (std::abs(jump) > skews * m_skew && std::abs(jump) > least)
         tell(line.timestamp, EventKind::frequency, place,
-             say(TV_TEXT("clock events", "The frequency of the clock jumped by %1."),
+             say(TV_TEXT("clock_events", "The frequency of the clock jumped by %1."),
                  {Quantity{.value = jump, .kind = QuantityKind::parts_per_million}}))
             .value = jump;
     m_frequency = line.frequency.value;
