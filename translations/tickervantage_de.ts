@@ -2,6 +2,14 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en_GB">
 <context>
+    <name>Texts</name>
+    <message>
+        <source>No history yet: it begins now, with a reading each few seconds. Leave this window open, and the last hour appears here.</source>
+        <extracomment>main window: in place of the picture of the last hour</extracomment>
+        <translation>Noch kein Verlauf: Er beginnt jetzt, mit einer Messung alle paar Sekunden. Lassen Sie dieses Fenster offen, dann erscheint hier die letzte Stunde.</translation>
+    </message>
+</context>
+<context>
     <name>about</name>
     <message>
         <source>About Tickervantage</source>
@@ -161,6 +169,66 @@ Was jetzt installiert ist, bleibt in der Liste.</translation>
     </message>
 </context>
 <context>
+    <name>alarms</name>
+    <message>
+        <source></source>
+        <comment>What is wrong with the clock, in a notification of the desktop and in a bar of the main window. %1 stands for a number with its unit.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>chronyd does not answer: nothing keeps the clock right.</source>
+        <translation>chronyd antwortet nicht: Nichts hält die Uhr richtig.</translation>
+    </message>
+    <message>
+        <source>No time source has kept the clock right for %1.</source>
+        <translation>Seit %1 hält keine Zeitquelle die Uhr richtig.</translation>
+    </message>
+    <message>
+        <source>The clock can be off by up to %1.</source>
+        <translation>Die Uhr kann um bis zu %1 falsch gehen.</translation>
+    </message>
+    <message>
+        <source>%1 time sources contradict each other, so none is used.</source>
+        <translation>%1 Zeitquellen widersprechen sich, deshalb wird keine benutzt.</translation>
+    </message>
+    <message>
+        <source>None of the time sources can be used.</source>
+        <translation>Keine der Zeitquellen ist brauchbar.</translation>
+    </message>
+    <message>
+        <source>Only %1 of the time sources can be used: nothing would tell if it were wrong.</source>
+        <translation>Nur %1 der Zeitquellen ist brauchbar: Nichts würde zeigen, wenn sie falsch ginge.</translation>
+    </message>
+    <message>
+        <source>The clock was off by %1, and was set.</source>
+        <translation>Die Uhr ging um %1 falsch und wurde gestellt.</translation>
+    </message>
+    <message>
+        <source>chronyd does not answer</source>
+        <translation>chronyd antwortet nicht</translation>
+    </message>
+    <message>
+        <source>No time source for longer than</source>
+        <translation>Keine Zeitquelle länger als</translation>
+    </message>
+    <message>
+        <source>The clock can be off by more than</source>
+        <translation>Die Uhr kann um mehr falsch gehen als</translation>
+    </message>
+    <message>
+        <source>The time sources contradict each other</source>
+        <translation>Die Zeitquellen widersprechen sich</translation>
+    </message>
+    <message>
+        <source>Fewer usable time sources than</source>
+        <translation>Weniger brauchbare Zeitquellen als</translation>
+    </message>
+    <message>
+        <source>The clock was set by more than</source>
+        <translation>Die Uhr wurde gestellt um mehr als</translation>
+    </message>
+</context>
+<context>
     <name>alerts</name>
     <message>
         <source>Do not show this again</source>
@@ -200,6 +268,11 @@ Was jetzt installiert ist, bleibt in der Liste.</translation>
         <extracomment>button of the alert that ends the program</extracomment>
         <translation>Beenden</translation>
     </message>
+    <message>
+        <source>The program could not be started again. Please quit it, and start it without --demo.</source>
+        <extracomment>alert: the program could not be started once more, without the demonstration</extracomment>
+        <translation>Das Programm ließ sich nicht neu starten. Bitte beenden Sie es und starten Sie es ohne --demo.</translation>
+    </message>
 </context>
 <context>
     <name>budget</name>
@@ -227,6 +300,86 @@ Was jetzt installiert ist, bleibt in der Liste.</translation>
         <source>What the error bound is made of</source>
         <extracomment>main window: title of the bar that shows what the error bound is made of</extracomment>
         <translation>Woraus die Fehlergrenze besteht</translation>
+    </message>
+</context>
+<context>
+    <name>clock_events</name>
+    <message>
+        <source></source>
+        <comment>What happened to the clock, beside its time: one sentence each. %1, %2 stand for addresses, numbers with their units, or the words of chronyd.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>chronyd chose %1 to follow.</source>
+        <translation>chronyd wählte %1, um ihr zu folgen.</translation>
+    </message>
+    <message>
+        <source>%1 disagreed with the other sources and was not believed.</source>
+        <translation>%1 widersprach den anderen Quellen; ihr wurde nicht geglaubt.</translation>
+    </message>
+    <message>
+        <source>chronyd stepped the clock by %1.</source>
+        <translation>chronyd stellte die Uhr sprunghaft um %1.</translation>
+    </message>
+    <message>
+        <source>chronyd was started.</source>
+        <translation>chronyd wurde gestartet.</translation>
+    </message>
+    <message>
+        <source>chronyd ended.</source>
+        <translation>chronyd wurde beendet.</translation>
+    </message>
+    <message>
+        <source>The sources disagreed without a majority: none was followed.</source>
+        <translation>Die Quellen widersprachen sich ohne Mehrheit: keiner wurde gefolgt.</translation>
+    </message>
+    <message>
+        <source>Time jumped forward: the machine slept, or its clock was set.</source>
+        <translation>Die Zeit sprang vor: Der Rechner schlief, oder seine Uhr wurde gestellt.</translation>
+    </message>
+    <message>
+        <source>Time jumped backward: the clock was set.</source>
+        <translation>Die Zeit sprang zurück: Die Uhr wurde gestellt.</translation>
+    </message>
+    <message>
+        <source>The machine was started.</source>
+        <translation>Der Rechner wurde gestartet.</translation>
+    </message>
+    <message>
+        <source>The machine went to sleep.</source>
+        <translation>Der Rechner ging in den Ruhezustand.</translation>
+    </message>
+    <message>
+        <source>The time of the records went back by %1.</source>
+        <translation>Die Zeit der Einträge sprang um %1 zurück.</translation>
+    </message>
+    <message>
+        <source>Nothing was logged for %1, where a record every %2 was usual.</source>
+        <translation>%1 lang wurde nichts protokolliert; üblich war ein Eintrag alle %2.</translation>
+    </message>
+    <message>
+        <source>No source was followed any more; the last one was %1.</source>
+        <translation>Keiner Quelle wurde mehr gefolgt; die letzte war %1.</translation>
+    </message>
+    <message>
+        <source>No source was followed for %2; the last one was %1.</source>
+        <translation>%2 lang wurde keiner Quelle gefolgt; die letzte war %1.</translation>
+    </message>
+    <message>
+        <source>%1 was followed from now on, instead of %2.</source>
+        <translation>Von nun an wurde %1 gefolgt statt %2.</translation>
+    </message>
+    <message>
+        <source>A leap second was announced: one more at the end of the month.</source>
+        <translation>Eine Schaltsekunde wurde angekündigt: eine mehr am Monatsende.</translation>
+    </message>
+    <message>
+        <source>A leap second was announced: one less at the end of the month.</source>
+        <translation>Eine Schaltsekunde wurde angekündigt: eine weniger am Monatsende.</translation>
+    </message>
+    <message>
+        <source>The frequency of the clock jumped by %1.</source>
+        <translation>Die Frequenz der Uhr sprang um %1.</translation>
     </message>
 </context>
 <context>
@@ -313,11 +466,6 @@ Was jetzt installiert ist, bleibt in der Liste.</translation>
         <source>Syntax error</source>
         <extracomment>configuration editor: state of the text</extracomment>
         <translation>Syntaxfehler</translation>
-    </message>
-    <message>
-        <source>Directives</source>
-        <extracomment>configuration editor: name of the list of directives</extracomment>
-        <translation>Direktiven</translation>
     </message>
     <message>
         <source>&amp;Check</source>
@@ -634,6 +782,11 @@ unsaved changes: button</extracomment>
         <extracomment>install sheet: above the lines that differ</extracomment>
         <translation>Was sich ändern würde:</translation>
     </message>
+    <message>
+        <source>Completions</source>
+        <extracomment>configuration editor: name of the list of directives, or of a directive&apos;s options</extracomment>
+        <translation>Ergänzungen</translation>
+    </message>
 </context>
 <context>
     <name>configmenus</name>
@@ -777,9 +930,29 @@ unsaved changes: button</extracomment>
 <context>
     <name>demonstration</name>
     <message>
-        <source>Demonstration: you see a chronyd that this program started for itself, on this machine alone. It follows a second one and leaves your clock as it is.</source>
+        <source>&amp;Pull Out Server %1</source>
+        <extracomment>menu of a demonstration: ends one of its servers; %1 is its address</extracomment>
+        <translation>Server %1 a&amp;bziehen</translation>
+    </message>
+    <message>
+        <source>Another server takes over within seconds; once more puts it back</source>
+        <extracomment>tooltip of that item</extracomment>
+        <translation>Binnen Sekunden übernimmt ein anderer Server; noch einmal steckt ihn wieder ein</translation>
+    </message>
+    <message>
+        <source>Pull Out &amp;All Servers</source>
+        <extracomment>menu of a demonstration: ends all of its servers</extracomment>
+        <translation>&amp;Alle Server abziehen</translation>
+    </message>
+    <message>
+        <source>The clock then runs on by itself, and the error bound grows; once more puts them back</source>
+        <extracomment>tooltip of that item</extracomment>
+        <translation>Die Uhr läuft dann allein weiter, und die Fehlerschranke wächst; noch einmal steckt sie wieder ein</translation>
+    </message>
+    <message>
+        <source>Demonstration: you see a chronyd that this program started for itself, on this machine alone. It follows three more and leaves your clock as it is. The day before it began is a recording.</source>
         <extracomment>banner of demonstration mode</extracomment>
-        <translation>Vorführung: Sie sehen einen chronyd, den dieses Programm nur für sich und nur auf diesem Rechner gestartet hat. Er folgt einem zweiten und lässt Ihre Uhr, wie sie ist.</translation>
+        <translation>Vorführung: Sie sehen einen chronyd, den dieses Programm für sich gestartet hat, allein auf diesem Rechner. Er folgt drei weiteren und lässt Ihre Uhr, wie sie ist. Der Tag vor ihrem Beginn ist eine Aufnahme.</translation>
     </message>
 </context>
 <context>
@@ -2326,6 +2499,82 @@ unsaved changes: button</extracomment>
         <source>%1 ends in line %2 with fewer than two points, and chronyd does not start with it.</source>
         <translation>%1 endet in Zeile %2 mit weniger als zwei Punkten, und chronyd startet damit nicht.</translation>
     </message>
+    <message>
+        <source>The service that keeps it comes with the program&apos;s package, which is not installed.</source>
+        <translation>Der Dienst, der sie führt, kommt mit dem Paket des Programms, und das ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>Your session has no systemd that runs services of yours: %c.</source>
+        <translation>Ihre Sitzung hat kein systemd, das eigene Dienste ausführt: %c.</translation>
+    </message>
+    <message>
+        <source>The service that keeps the history could not be switched: %c.</source>
+        <translation>Der Dienst, der die Aufzeichnung führt, ließ sich nicht umschalten: %c.</translation>
+    </message>
+    <message>
+        <source>There is no %2 log of chrony in %1.</source>
+        <translation>In %1 liegt kein Protokoll »%2« von chrony.</translation>
+    </message>
+    <message>
+        <source>The journal of this machine cannot be read: %c.</source>
+        <translation>Das Journal dieses Rechners kann nicht gelesen werden: %c.</translation>
+    </message>
+    <message>
+        <source>Lines of %1 that are no records of this log were left out: %2.</source>
+        <translation>Zeilen in %1, die keine Einträge dieses Protokolls sind, wurden ausgelassen: %2.</translation>
+    </message>
+    <message>
+        <source>The demonstration has ended.</source>
+        <translation>Die Vorführung ist zu Ende.</translation>
+    </message>
+    <message>
+        <source>The demonstration&apos;s chronyd did not come up, and runs with the former configuration: %c.</source>
+        <translation>Der chronyd der Vorführung kam nicht hoch und läuft mit der früheren Konfiguration: %c.</translation>
+    </message>
+    <message>
+        <source>The demonstration&apos;s chronyd does not run: %c.</source>
+        <translation>Der chronyd der Vorführung läuft nicht: %c.</translation>
+    </message>
+    <message>
+        <source>%1 does not say when its points were read, so that days cannot be told apart.</source>
+        <translation>%1 sagt nicht, wann die Punkte gelesen wurden; Tage lassen sich daher nicht unterscheiden.</translation>
+    </message>
+    <message>
+        <source>The temperatures go back %1 days; a compensation needs 3 at least.</source>
+        <translation>Die Temperaturen reichen %1 Tage zurück; eine Kompensation braucht mindestens 3.</translation>
+    </message>
+    <message>
+        <source>Only %1 days have enough temperatures; a compensation needs 3 at least.</source>
+        <translation>Nur %1 Tage haben genügend Temperaturen; eine Kompensation braucht mindestens 3.</translation>
+    </message>
+    <message>
+        <source>The temperatures lie within %1 degrees; a compensation needs 5 at least.</source>
+        <translation>Die Temperaturen liegen innerhalb von %1 Grad; eine Kompensation braucht mindestens 5.</translation>
+    </message>
+    <message>
+        <source>The frequency changes by %1 ppm; a compensation can take out 18 at most.</source>
+        <translation>Die Frequenz ändert sich um %1 ppm; eine Kompensation kann höchstens 18 ausgleichen.</translation>
+    </message>
+    <message>
+        <source>On days that it was not made of, the compensation would make the clock %1 to %2 times steadier, so that a gain is not sure.</source>
+        <translation>An Tagen, aus denen sie nicht gebildet wurde, würde die Kompensation die Uhr %1- bis %2-mal ruhiger machen; ein Gewinn ist also nicht sicher.</translation>
+    </message>
+    <message>
+        <source>Line %2 of %1 is no number.</source>
+        <translation>Zeile %2 von %1 ist keine Zahl.</translation>
+    </message>
+    <message>
+        <source>%1 has too few numbers: three of phase or two of frequency are the least.</source>
+        <translation>%1 enthält zu wenige Zahlen: Mindestens drei der Phase oder zwei der Frequenz sind nötig.</translation>
+    </message>
+    <message>
+        <source>An averaging time of %1 s is shorter than the step of %2 s.</source>
+        <translation>Eine Mittelungszeit von %1 s ist kürzer als der Abstand von %2 s.</translation>
+    </message>
+    <message>
+        <source>Every averaging time is too much work for more than %1 values; choose octave or decade.</source>
+        <translation>Alle Mittelungszeiten sind bei mehr als %1 Werten zu viel Arbeit; wählen Sie octave oder decade.</translation>
+    </message>
 </context>
 <context>
     <name>freqtemp</name>
@@ -2375,29 +2624,14 @@ unsaved changes: button</extracomment>
         <translation>Alle gemessenen Punkte zeigen</translation>
     </message>
     <message>
-        <source>&amp;Mean</source>
-        <extracomment>frequency and temperature window: check box and its tooltip</extracomment>
-        <translation>&amp;Mittel</translation>
-    </message>
-    <message>
         <source>Show the mean frequency at each degree</source>
         <extracomment>frequency and temperature window: tooltip of “Mean”</extracomment>
         <translation>Die mittlere Frequenz je Grad zeigen</translation>
     </message>
     <message>
-        <source>&amp;Bounds</source>
-        <extracomment>frequency and temperature window: check box and its tooltip</extracomment>
-        <translation>St&amp;reuung</translation>
-    </message>
-    <message>
         <source>Show one standard deviation above and below the fitted curve</source>
         <extracomment>frequency and temperature window: tooltip of “Bounds”</extracomment>
         <translation>Eine Standardabweichung über und unter der Ausgleichskurve zeigen</translation>
-    </message>
-    <message>
-        <source>&amp;Newest</source>
-        <extracomment>frequency and temperature window: check box and its tooltip</extracomment>
-        <translation>&amp;Neueste</translation>
     </message>
     <message>
         <source>Mark each sensor&apos;s newest point</source>
@@ -2455,24 +2689,9 @@ unsaved changes: button</extracomment>
         <translation>Die größte Zahl von Punkten eines Sensors</translation>
     </message>
     <message>
-        <source>Most samples</source>
-        <extracomment>frequency and temperature window: name and tooltip of the field with the most points that are kept</extracomment>
-        <translation>Höchstzahl der Punkte</translation>
-    </message>
-    <message>
         <source>The most points kept for a sensor; the oldest go first</source>
         <extracomment>frequency and temperature window: tooltip of the field with the most points</extracomment>
         <translation>So viele Punkte werden je Sensor behalten; die ältesten fallen zuerst weg</translation>
-    </message>
-    <message>
-        <source>&amp;Fit:</source>
-        <extracomment>frequency and temperature window: label of the menu that chooses the fitted curve</extracomment>
-        <translation>&amp;Kurve:</translation>
-    </message>
-    <message>
-        <source>Samples:</source>
-        <extracomment>frequency and temperature window: label of the number of points</extracomment>
-        <translation>Punkte:</translation>
     </message>
     <message>
         <source>of at m&amp;ost</source>
@@ -2582,6 +2801,36 @@ Schließen Sie dieses Fenster, was die Datei entfernt, und öffnen Sie es wieder
         <source>Degree %1, ordinary powers</source>
         <extracomment>frequency and temperature window: fitted curve; %1 is a number above four; see degree 3</extracomment>
         <translation>Grad %1, gewöhnliche Potenzen</translation>
+    </message>
+    <message>
+        <source>&amp;Mean per degree</source>
+        <extracomment>frequency and temperature window: check box and its tooltip</extracomment>
+        <translation>&amp;Mittel je Grad</translation>
+    </message>
+    <message>
+        <source>Curve&apos;s sp&amp;read</source>
+        <extracomment>frequency and temperature window: check box and its tooltip</extracomment>
+        <translation>St&amp;reuung der Kurve</translation>
+    </message>
+    <message>
+        <source>&amp;Newest point</source>
+        <extracomment>frequency and temperature window: check box and its tooltip</extracomment>
+        <translation>&amp;Neuester Punkt</translation>
+    </message>
+    <message>
+        <source>Most points</source>
+        <extracomment>frequency and temperature window: name and tooltip of the field with the most points that are kept</extracomment>
+        <translation>Höchstzahl der Punkte</translation>
+    </message>
+    <message>
+        <source>C&amp;urve:</source>
+        <extracomment>frequency and temperature window: label of the menu that chooses the fitted curve</extracomment>
+        <translation>K&amp;urve:</translation>
+    </message>
+    <message>
+        <source>Points:</source>
+        <extracomment>frequency and temperature window: label of the number of points</extracomment>
+        <translation>Punkte:</translation>
     </message>
 </context>
 <context>
@@ -2699,6 +2948,11 @@ Schließen Sie dieses Fenster, was die Datei entfernt, und öffnen Sie es wieder
         <source>This chronyd was told to leave the system clock alone, so none of this is about the system clock.</source>
         <translation>Dieses chronyd soll die Systemuhr in Ruhe lassen; nichts davon betrifft also die Systemuhr.</translation>
     </message>
+    <message>
+        <source>Correcting</source>
+        <extracomment>state of the clock while a large offset is being corrected</extracomment>
+        <translation>Wird berichtigt</translation>
+    </message>
 </context>
 <context>
     <name>helptopics</name>
@@ -2738,6 +2992,668 @@ Schließen Sie dieses Fenster, was die Datei entfernt, und öffnen Sie es wieder
         <source></source>
         <comment>former configurations: how one came to be installed.</comment>
         <translation></translation>
+    </message>
+    <message>
+        <source>Save Evidence</source>
+        <extracomment>history window: title of the dialog that asks for a file
+----------
+history window: title of a dialog</extracomment>
+        <translation>Nachweis sichern</translation>
+    </message>
+    <message>
+        <source>Document (*.pdf)</source>
+        <extracomment>file dialog: kinds of file; the part in brackets stays</extracomment>
+        <translation>Dokument (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Web page (*.html)</source>
+        <translation>Webseite (*.html)</translation>
+    </message>
+    <message>
+        <source>Limit</source>
+        <extracomment>history window: name of a field, and its tooltip</extracomment>
+        <translation>Grenze</translation>
+    </message>
+    <message>
+        <source>How far off the clock may have been at the most</source>
+        <translation>Wie weit die Uhr höchstens abgewichen sein darf</translation>
+    </message>
+    <message>
+        <source>How long the clock was right within a limit, from %1 to %2, by the bound that chronyd itself wrote into its tracking log. Zoom first to choose another period.</source>
+        <extracomment>history window: %1 and %2 are dates and times</extracomment>
+        <translation>Wie lange die Uhr innerhalb einer Grenze richtig ging, von %1 bis %2, nach der Schranke, die chronyd selbst in sein Tracking-Protokoll schrieb. Für einen anderen Zeitraum vorher vergrößern.</translation>
+    </message>
+    <message>
+        <source>Save…</source>
+        <extracomment>history window: button of that dialog</extracomment>
+        <translation>Sichern…</translation>
+    </message>
+    <message>
+        <source>&amp;Limit:</source>
+        <extracomment>history window: label of the field</extracomment>
+        <translation>&amp;Grenze:</translation>
+    </message>
+    <message>
+        <source>%1: from %2 to %3, the middle at %4</source>
+        <extracomment>history window: what a screen reader says of the histogram; %1 is a curve, the others are values</extracomment>
+        <translation>%1: von %2 bis %3, die Mitte bei %4</translation>
+    </message>
+    <message>
+        <source>No values are in sight.</source>
+        <extracomment>history window: in place of the histogram</extracomment>
+        <translation>Es sind keine Werte zu sehen.</translation>
+    </message>
+    <message>
+        <source>%1: %2 values; dashed: 5 %, median, 95 %</source>
+        <extracomment>history window: above the histogram; %1 is a curve, %2 a number</extracomment>
+        <translation>%1: %2 Werte; gestrichelt: 5 %, Median, 95 %</translation>
+    </message>
+    <message>
+        <source>◀</source>
+        <extracomment>history window: button, the range in sight before this one</extracomment>
+        <translation>◀</translation>
+    </message>
+    <message>
+        <source>Back to what was in sight before (Alt+Left)</source>
+        <translation>Zurück zu dem, was vorher zu sehen war (Alt+Links)</translation>
+    </message>
+    <message>
+        <source>▶</source>
+        <extracomment>history window: button, and its tooltip</extracomment>
+        <translation>▶</translation>
+    </message>
+    <message>
+        <source>Forward again (Alt+Right)</source>
+        <translation>Wieder vor (Alt+Rechts)</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <extracomment>history window: accessible name of the button that goes back</extracomment>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <extracomment>history window: accessible name of the button that goes forward</extracomment>
+        <translation>Vor</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <extracomment>history window: name of the menu of ranges, its tooltip, and its entries</extracomment>
+        <translation>Zeitraum</translation>
+    </message>
+    <message>
+        <source>How much is in sight, up to the newest</source>
+        <translation>Wie viel zu sehen ist, bis zum neuesten Wert</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alles</translation>
+    </message>
+    <message>
+        <source>1 hour</source>
+        <translation>1 Stunde</translation>
+    </message>
+    <message>
+        <source>6 hours</source>
+        <translation>6 Stunden</translation>
+    </message>
+    <message>
+        <source>1 day</source>
+        <translation>1 Tag</translation>
+    </message>
+    <message>
+        <source>1 week</source>
+        <translation>1 Woche</translation>
+    </message>
+    <message>
+        <source>30 days</source>
+        <translation>30 Tage</translation>
+    </message>
+    <message>
+        <source>1 year</source>
+        <translation>1 Jahr</translation>
+    </message>
+    <message>
+        <source>Own range</source>
+        <translation>Eigener Zeitraum</translation>
+    </message>
+    <message>
+        <source>Follow</source>
+        <extracomment>history window: button that stays down, and its tooltip</extracomment>
+        <translation>Folgen</translation>
+    </message>
+    <message>
+        <source>Keep the newest reading in sight</source>
+        <translation>Die neueste Ablesung im Blick behalten</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <extracomment>history window: button that stays down, and its tooltip</extracomment>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Dragging zooms to what is selected, as it does with Shift held; else it moves the plot</source>
+        <translation>Ziehen vergrößert das Ausgewählte, wie sonst bei gehaltener Umschalttaste; andernfalls verschiebt es das Bild</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <extracomment>history window: name of the menu of scales, its tooltip, and its entries</extracomment>
+        <translation>Skala</translation>
+    </message>
+    <message>
+        <source>How seconds stand on their axes: evenly, or by decades to both sides of zero</source>
+        <translation>Wie Sekunden auf ihren Achsen stehen: gleichmäßig oder nach Dekaden zu beiden Seiten der Null</translation>
+    </message>
+    <message>
+        <source>Suitable scale</source>
+        <translation>Passende Skala</translation>
+    </message>
+    <message>
+        <source>Even scale</source>
+        <translation>Lineare Skala</translation>
+    </message>
+    <message>
+        <source>Decades</source>
+        <translation>Dekaden</translation>
+    </message>
+    <message>
+        <source>Sources as</source>
+        <extracomment>history window: name of the menu, its tooltip, and its entries</extracomment>
+        <translation>Quellen als</translation>
+    </message>
+    <message>
+        <source>How sources are shown</source>
+        <translation>Wie Quellen gezeigt werden</translation>
+    </message>
+    <message>
+        <source>Source states</source>
+        <translation>Zustände der Quellen</translation>
+    </message>
+    <message>
+        <source>Source offsets</source>
+        <translation>Abweichungen der Quellen</translation>
+    </message>
+    <message>
+        <source>&amp;Logs</source>
+        <extracomment>history window: button with a menu, and its tooltip</extracomment>
+        <translation>&amp;Protokolle</translation>
+    </message>
+    <message>
+        <source>Logs, comparison, export</source>
+        <translation>Protokolle, Vergleich, Export</translation>
+    </message>
+    <message>
+        <source>&amp;Open Log…</source>
+        <extracomment>history window: menu items</extracomment>
+        <translation>Protokoll ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>&amp;Compare With…</source>
+        <extracomment>history window: menu item, lays another machine&apos;s log over this one</extracomment>
+        <translation>&amp;Vergleichen mit…</translation>
+    </message>
+    <message>
+        <source>&amp;End Comparison</source>
+        <extracomment>history window: menu item</extracomment>
+        <translation>Vergleich &amp;beenden</translation>
+    </message>
+    <message>
+        <source>Show &amp;All</source>
+        <extracomment>history window: menu item</extracomment>
+        <translation>&amp;Alles zeigen</translation>
+    </message>
+    <message>
+        <source>Graph of the &amp;Tracking Log</source>
+        <extracomment>history window: menu item, opens the window with the nine series of the tracking log</extracomment>
+        <translation>Grafik des &amp;Tracking-Protokolls</translation>
+    </message>
+    <message>
+        <source>Turn On &amp;Logs…</source>
+        <extracomment>history window: menu item, has chrony write the logs that this window needs</extracomment>
+        <translation>Protokolle &amp;einschalten…</translation>
+    </message>
+    <message>
+        <source>&amp;Save Evidence…</source>
+        <extracomment>history window: menu item, writes a document about how long the clock was right</extracomment>
+        <translation>&amp;Nachweis sichern…</translation>
+    </message>
+    <message>
+        <source>Events</source>
+        <extracomment>history window: name of the table of events, and its headings
+----------
+history window: a tab</extracomment>
+        <translation>Ereignisse</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Event</source>
+        <translation>Ereignis</translation>
+    </message>
+    <message>
+        <source>What happened</source>
+        <translation>Was geschah</translation>
+    </message>
+    <message>
+        <source>&amp;Kinds</source>
+        <extracomment>history window: button with a menu of kinds of events, and its tooltip</extracomment>
+        <translation>&amp;Arten</translation>
+    </message>
+    <message>
+        <source>Which kinds of events are shown</source>
+        <translation>Welche Arten von Ereignissen gezeigt werden</translation>
+    </message>
+    <message>
+        <source>Legend</source>
+        <extracomment>history window: name of the legend, its headings, and its tooltip</extracomment>
+        <translation>Legende</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>Kurve</translation>
+    </message>
+    <message>
+        <source>At the pointer</source>
+        <translation>Am Zeiger</translation>
+    </message>
+    <message>
+        <source>A click on the box hides a curve; a double click, or Return, shows it alone in its panel</source>
+        <translation>Ein Klick auf das Kästchen blendet eine Kurve aus; ein Doppelklick oder die Eingabetaste zeigt sie in ihrem Feld allein</translation>
+    </message>
+    <message>
+        <source>Details</source>
+        <extracomment>history window: name of the tabs</extracomment>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>Statistics of what is in sight</source>
+        <extracomment>history window: name of the table of statistics, and its headings</extracomment>
+        <translation>Statistik dessen, was zu sehen ist</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Anzahl</translation>
+    </message>
+    <message>
+        <source>Mean</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>Std. dev.</source>
+        <translation>Std.-Abw.</translation>
+    </message>
+    <message>
+        <source>RMS</source>
+        <translation>RMS</translation>
+    </message>
+    <message>
+        <source>5 %</source>
+        <translation>5 %</translation>
+    </message>
+    <message>
+        <source>Median</source>
+        <translation>Median</translation>
+    </message>
+    <message>
+        <source>95 %</source>
+        <translation>95 %</translation>
+    </message>
+    <message>
+        <source>99 %</source>
+        <translation>99 %</translation>
+    </message>
+    <message>
+        <source>Largest</source>
+        <translation>Größter</translation>
+    </message>
+    <message>
+        <source>Histogram</source>
+        <extracomment>history window: name of the histogram
+----------
+history window: a tab</extracomment>
+        <translation>Histogramm</translation>
+    </message>
+    <message>
+        <source>Cursors</source>
+        <extracomment>history window: name of the table of the two cursors, and its headings; Δ is the difference of the two
+----------
+history window: a tab</extracomment>
+        <translation>Marken</translation>
+    </message>
+    <message>
+        <source>At A</source>
+        <translation>Bei A</translation>
+    </message>
+    <message>
+        <source>At B</source>
+        <translation>Bei B</translation>
+    </message>
+    <message>
+        <source>Δ</source>
+        <translation>Δ</translation>
+    </message>
+    <message>
+        <source>Δ an hour</source>
+        <extracomment>history window: heading; how much the curve rises in an hour</extracomment>
+        <translation>Δ je Stunde</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <extracomment>history window: name of the text about a source
+----------
+history window: a tab</extracomment>
+        <translation>Quelle</translation>
+    </message>
+    <message>
+        <source>A click on a source&apos;s lane tells how it stood at that time.</source>
+        <extracomment>history window: in place of a source&apos;s explanation</extracomment>
+        <translation>Ein Klick auf die Bahn einer Quelle sagt, wie es damals um sie stand.</translation>
+    </message>
+    <message>
+        <source>Statistics</source>
+        <extracomment>history window: tabs</extracomment>
+        <translation>Statistik</translation>
+    </message>
+    <message>
+        <source>History of the clock</source>
+        <extracomment>history window: name of the panels</extracomment>
+        <translation>Verlauf der Uhr</translation>
+    </message>
+    <message>
+        <source>Where the data come from</source>
+        <extracomment>history window: name of the line that says where data come from</extracomment>
+        <translation>Woher die Daten stammen</translation>
+    </message>
+    <message>
+        <source>Offset</source>
+        <extracomment>history window: names of curves</extracomment>
+        <translation>Abweichung</translation>
+    </message>
+    <message>
+        <source>Largest possible error</source>
+        <translation>Größtmöglicher Fehler</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <translation>Frequenz</translation>
+    </message>
+    <message>
+        <source>Frequency ± skew</source>
+        <translation>Frequenz ± Unsicherheit</translation>
+    </message>
+    <message>
+        <source>Root delay</source>
+        <translation>Laufzeit zur Wurzel</translation>
+    </message>
+    <message>
+        <source>Root dispersion</source>
+        <translation>Dispersion zur Wurzel</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <extracomment>history window: verdicts on the clock</extracomment>
+        <translation>nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>own time only</source>
+        <translation>nur eigene Zeit</translation>
+    </message>
+    <message>
+        <source>not synchronised</source>
+        <translation>nicht synchronisiert</translation>
+    </message>
+    <message>
+        <source>holdover</source>
+        <translation>Freilauf</translation>
+    </message>
+    <message>
+        <source>correcting</source>
+        <translation>wird berichtigt</translation>
+    </message>
+    <message>
+        <source>synchronised, leap second pending</source>
+        <translation>synchronisiert, Schaltsekunde steht an</translation>
+    </message>
+    <message>
+        <source>synchronised</source>
+        <translation>synchronisiert</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <extracomment>history window: from one date and time to another</extracomment>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>%1, compared</source>
+        <extracomment>history window: a curve of the log that is laid over; %1 is its name</extracomment>
+        <translation>%1, verglichen</translation>
+    </message>
+    <message>
+        <source>%1, difference</source>
+        <extracomment>history window: the curve of this log less that of the other; %1 is its name</extracomment>
+        <translation>%1, Unterschied</translation>
+    </message>
+    <message>
+        <source>The clock follows it</source>
+        <extracomment>history window: legend of the lanes: how a source stands to the clock</extracomment>
+        <translation>Die Uhr folgt ihr</translation>
+    </message>
+    <message>
+        <source>Used with it</source>
+        <translation>Wird mit ihr verwendet</translation>
+    </message>
+    <message>
+        <source>Could be used</source>
+        <translation>Könnte verwendet werden</translation>
+    </message>
+    <message>
+        <source>Cannot be judged yet</source>
+        <translation>Noch nicht zu beurteilen</translation>
+    </message>
+    <message>
+        <source>Not believed</source>
+        <translation>Wird nicht geglaubt</translation>
+    </message>
+    <message>
+        <source>Does not answer</source>
+        <translation>Antwortet nicht</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <extracomment>history window: titles of panels</extracomment>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Delay and dispersion</source>
+        <extracomment>history window: title of a panel</extracomment>
+        <translation>Laufzeit und Dispersion</translation>
+    </message>
+    <message>
+        <source>Sources</source>
+        <extracomment>history window: title of a panel</extracomment>
+        <translation>Quellen</translation>
+    </message>
+    <message>
+        <source>chronyd started</source>
+        <extracomment>history window: kinds of events</extracomment>
+        <translation>chronyd gestartet</translation>
+    </message>
+    <message>
+        <source>chronyd ended</source>
+        <translation>chronyd beendet</translation>
+    </message>
+    <message>
+        <source>Clock stepped</source>
+        <translation>Uhr gestellt</translation>
+    </message>
+    <message>
+        <source>Another source</source>
+        <translation>Andere Quelle</translation>
+    </message>
+    <message>
+        <source>Source lost</source>
+        <translation>Quelle verloren</translation>
+    </message>
+    <message>
+        <source>False ticker</source>
+        <translation>Falschgeher</translation>
+    </message>
+    <message>
+        <source>No majority</source>
+        <translation>Keine Mehrheit</translation>
+    </message>
+    <message>
+        <source>Frequency jumped</source>
+        <translation>Frequenzsprung</translation>
+    </message>
+    <message>
+        <source>No records</source>
+        <translation>Keine Aufzeichnungen</translation>
+    </message>
+    <message>
+        <source>Time went back</source>
+        <translation>Zeit ging zurück</translation>
+    </message>
+    <message>
+        <source>Leap second</source>
+        <translation>Schaltsekunde</translation>
+    </message>
+    <message>
+        <source>Machine started</source>
+        <translation>Rechner gestartet</translation>
+    </message>
+    <message>
+        <source>Machine slept</source>
+        <translation>Rechner schlief</translation>
+    </message>
+    <message>
+        <source>Other message</source>
+        <translation>Andere Meldung</translation>
+    </message>
+    <message>
+        <source>State changed</source>
+        <translation>Zustand gewechselt</translation>
+    </message>
+    <message>
+        <source>Something was done</source>
+        <translation>Etwas wurde getan</translation>
+    </message>
+    <message>
+        <source>From “%1” to “%2”</source>
+        <extracomment>history window: event; %1 and %2 are states such as &quot;synchronised&quot;</extracomment>
+        <translation>Von „%1“ zu „%2“</translation>
+    </message>
+    <message>
+        <source>The clock follows %1</source>
+        <extracomment>history window: event; %1 is a source&apos;s address</extracomment>
+        <translation>Die Uhr folgt %1</translation>
+    </message>
+    <message>
+        <source>The clock follows %2 instead of %1</source>
+        <extracomment>history window: event; %1 and %2 are addresses of sources</extracomment>
+        <translation>Die Uhr folgt %2 statt %1</translation>
+    </message>
+    <message>
+        <source>%1 is lost: the clock follows nothing</source>
+        <extracomment>history window: event; %1 is a source&apos;s address</extracomment>
+        <translation>%1 ist verloren: die Uhr folgt nichts</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <extracomment>history window: event; %1 is the name of a job, %2 how it ended</extracomment>
+        <translation>%1: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>Blue bar: chrony&apos;s log (%n file(s)), %1.</source>
+        <extracomment>history window: where data come from; %1 is a span of time, %n the number of files</extracomment>
+        <translation>
+            <numerusform>Blauer Balken: chronys Protokoll (%n Datei), %1.</numerusform>
+            <numerusform>Blauer Balken: chronys Protokoll (%n Dateien), %1.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Grey bar: readings of this program, %1.</source>
+        <extracomment>history window: where data come from; %1 is a span of time</extracomment>
+        <translation>Grauer Balken: Ablesungen dieses Programms, %1.</translation>
+    </message>
+    <message>
+        <source>Nothing is known of the clock&apos;s past yet.
+
+This program keeps a reading every few seconds: leave its main window open, and the history grows here by itself.
+chrony&apos;s own logs go back further: choose “Turn On Logs…” to have chrony write them, or “Open Log…” for one from elsewhere.</source>
+        <extracomment>history window: shown in place of the panels while there is nothing to show</extracomment>
+        <translation>Von der Vergangenheit der Uhr ist noch nichts bekannt.
+
+Dieses Programm bewahrt alle paar Sekunden eine Ablesung auf: lassen Sie sein Hauptfenster offen, und der Verlauf wächst hier von selbst.
+chronys eigene Protokolle reichen weiter zurück: „Protokolle einschalten…“ lässt chrony sie schreiben, „Protokoll öffnen…“ zeigt eines von anderswo.</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;&lt;b&gt;%1&lt;/b&gt; at %2&lt;/p&gt;&lt;p&gt;Nothing was kept of this source at that time: the program did not run, or the source was not configured.&lt;/p&gt;</source>
+        <extracomment>history window: %1 is a source&apos;s address, %2 a date and time</extracomment>
+        <translation>&lt;p&gt;&lt;b&gt;%1&lt;/b&gt; am %2&lt;/p&gt;&lt;p&gt;Von dieser Quelle ist aus dieser Zeit nichts aufbewahrt: das Programm lief nicht, oder die Quelle war nicht eingerichtet.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;&lt;b&gt;%1&lt;/b&gt; at %2&lt;/p&gt;&lt;p&gt;&lt;b&gt;%3&lt;/b&gt; (chrony&apos;s sign for it: %4), from %5 to %6.&lt;/p&gt;</source>
+        <extracomment>history window: %1 is a source&apos;s address, %2 a date and time, %3 its state in words, %4 a letter, %5 and %6 times</extracomment>
+        <translation>&lt;p&gt;&lt;b&gt;%1&lt;/b&gt; am %2&lt;/p&gt;&lt;p&gt;&lt;b&gt;%3&lt;/b&gt; (chronys Zeichen dafür: %4), von %5 bis %6.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;Its newest polls: %1&lt;/p&gt;</source>
+        <extracomment>history window: %1 are eight dots, full ones for polls that were answered</extracomment>
+        <translation>&lt;p&gt;Ihre neuesten Abfragen: %1&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;Its offset: %1 at %2&lt;/p&gt;</source>
+        <extracomment>history window: %1 is an offset, %2 a date and time</extracomment>
+        <translation>&lt;p&gt;Ihre Abweichung: %1 am %2&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;&lt;i&gt;Not kept, so not known any more: the intervals by which chrony judged the sources against each other, and the answers of this one.&lt;/i&gt;&lt;/p&gt;</source>
+        <extracomment>history window: below what is known of a source</extracomment>
+        <translation>&lt;p&gt;&lt;i&gt;Nicht aufbewahrt, also nicht mehr bekannt: die Intervalle, nach denen chrony die Quellen gegeneinander beurteilte, und die Antworten dieser Quelle.&lt;/i&gt;&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>historyoffer</name>
+    <message>
+        <source></source>
+        <comment>An offer in the main window: a service may keep the history of the clock while the window is closed.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>This program remembers how your clock was, as long as its window is open. Shall a small service go on with it while the window is closed? %1 · %2</source>
+        <extracomment>main window, banner: an offer; %1 and %2 are links, the next two texts</extracomment>
+        <translation>Dieses Programm merkt sich, wie Ihre Uhr ging, solange sein Fenster offen ist. Soll ein kleiner Dienst damit weitermachen, während das Fenster geschlossen ist? %1 · %2</translation>
+    </message>
+    <message>
+        <source>Yes, keep a history</source>
+        <translation>Ja, weiterführen</translation>
+    </message>
+    <message>
+        <source>No, thank you</source>
+        <translation>Nein, danke</translation>
+    </message>
+</context>
+<context>
+    <name>laboratory</name>
+    <message>
+        <source></source>
+        <comment>What a clock&apos;s past says of it. %1, %2, … stand for spans of time, numbers and paths. Directives of chrony&apos;s configuration (maxpoll, minpoll) stay as they are.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>Over more than %1 the clock wanders more than the network shakes, and chronyd asks less often than that: minpoll %2 in place of %3 would follow it better.</source>
+        <translation>Über mehr als %1 wandert die Uhr stärker, als das Netz schwankt, und chronyd fragt seltener: minpoll %2 statt %3 würde ihr besser folgen.</translation>
+    </message>
+    <message>
+        <source>Over more than %1 the clock wanders more than the network shakes: asking less often loses accuracy. maxpoll %2 in place of %3 fits this clock.</source>
+        <translation>Über mehr als %1 wandert die Uhr stärker, als das Netz schwankt: Seltener zu fragen kostet Genauigkeit. maxpoll %2 statt %3 passt zu dieser Uhr.</translation>
+    </message>
+    <message>
+        <source>Only over more than %1 the clock wanders more than the network shakes: the longest poll interval that chronyd may choose (maxpoll %3) costs this clock no accuracy.</source>
+        <translation>Erst über mehr als %1 wandert die Uhr stärker, als das Netz schwankt: Der längste Abstand, den chronyd wählen darf (maxpoll %3), kostet diese Uhr keine Genauigkeit.</translation>
     </message>
 </context>
 <context>
@@ -3030,6 +3946,88 @@ Schließen Sie dieses Fenster, was die Datei entfernt, und öffnen Sie es wieder
         <extracomment>main window: above the state that chronyd names, such as &quot;Synchronised&quot;</extracomment>
         <translation>chronyd sagt:</translation>
     </message>
+    <message>
+        <source>&amp;Preferences…</source>
+        <extracomment>main window: button that opens the preferences</extracomment>
+        <translation>E&amp;instellungen …</translation>
+    </message>
+    <message>
+        <source>&amp;Use This System&apos;s chrony</source>
+        <extracomment>main window: button in a demonstration that leaves it</extracomment>
+        <translation>chrony dieses S&amp;ystems verwenden</translation>
+    </message>
+    <message>
+        <source>Use this system&apos;s chrony</source>
+        <extracomment>main window: name of the button that leaves the demonstration</extracomment>
+        <translation>chrony dieses Systems verwenden</translation>
+    </message>
+    <message>
+        <source>Starts the program again, without the demonstration</source>
+        <extracomment>main window: tooltip of the button that leaves the demonstration</extracomment>
+        <translation>Startet das Programm neu, ohne die Vorführung</translation>
+    </message>
+    <message>
+        <source></source>
+        <comment>The main window: how the clock is, its sources, and a report of chrony.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>Hide the report</source>
+        <extracomment>main window: button that hides the report</extracomment>
+        <translation>Bericht ausblenden</translation>
+    </message>
+    <message>
+        <source>chronyc&apos;s report</source>
+        <extracomment>title of the window with chronyc&apos;s report, where it stands apart from the main window</extracomment>
+        <translation>Bericht von chronyc</translation>
+    </message>
+    <message>
+        <source>Put the report back into the main window</source>
+        <translation>Bericht zurück ins Hauptfenster holen</translation>
+    </message>
+    <message>
+        <source>Show the report in a window of its own</source>
+        <translation>Bericht in einem eigenen Fenster zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>mending</name>
+    <message>
+        <source></source>
+        <comment>What one button of the main window mends where something is wrong with chrony, and the questions before.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>Turn on chrony&apos;s logging?</source>
+        <extracomment>question before chrony&apos;s logs are turned on</extracomment>
+        <translation>Protokolle von chrony einschalten?</translation>
+    </message>
+    <message>
+        <source>%1 gets the line
+%2
+Then chronyd is restarted, and everybody on this computer may read its logs.
+
+With the sources as they are now, the logs grow by about %3 a day.
+
+If chronyd does not run with it, the former configuration comes back.</source>
+        <extracomment>question before chrony&apos;s logs are turned on: %1 is a path, %2 a line of that file, %3 a size such as 1.2 MB</extracomment>
+        <translation>%1 erhält die Zeile
+%2
+Danach wird chronyd neu gestartet, und alle an diesem Rechner dürfen seine Protokolle lesen.
+
+Mit den jetzigen Quellen wachsen die Protokolle um etwa %3 am Tag.
+
+Läuft chronyd damit nicht, kommt die bisherige Konfiguration zurück.</translation>
+    </message>
+    <message>
+        <source>Turn On</source>
+        <extracomment>buttons of that question</extracomment>
+        <translation>Einschalten</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
 </context>
 <context>
     <name>menus</name>
@@ -3091,16 +4089,8 @@ Schließen Sie dieses Fenster, was die Datei entfernt, und öffnen Sie es wieder
         <translation>&amp;Vorgegebene Schrift der Ausgabe</translation>
     </message>
     <message>
-        <source>Reveal &amp;chrony&apos;s Logs</source>
-        <translation>&amp;Protokolle von chrony zeigen</translation>
-    </message>
-    <message>
         <source>Show the Program&apos;s &amp;Log</source>
         <translation>Protokoll des P&amp;rogramms öffnen</translation>
-    </message>
-    <message>
-        <source>Reveal the Program&apos;s Log F&amp;older</source>
-        <translation>&amp;Ordner mit dem Protokoll des Programms zeigen</translation>
     </message>
     <message>
         <source>&amp;Install chrony</source>
@@ -3227,6 +4217,30 @@ Schließen Sie dieses Fenster, was die Datei entfernt, und öffnen Sie es wieder
     <message>
         <source>&amp;Former Configurations…</source>
         <translation>&amp;Frühere Konfigurationen …</translation>
+    </message>
+    <message>
+        <source>Recent Tracking Logs</source>
+        <translation>Zuletzt geöffnete Tracking-Protokolle</translation>
+    </message>
+    <message>
+        <source>chronyc&apos;s R&amp;eport</source>
+        <translation>B&amp;ericht von chronyc</translation>
+    </message>
+    <message>
+        <source>Report in a &amp;Window of Its Own</source>
+        <translation>Bericht in eigenem F&amp;enster</translation>
+    </message>
+    <message>
+        <source>Open &amp;chrony&apos;s Log Folder</source>
+        <translation>Ordner von &amp;chronys Protokollen öffnen</translation>
+    </message>
+    <message>
+        <source>Open the Program&apos;s Log F&amp;older</source>
+        <translation>&amp;Ordner des Programmprotokolls öffnen</translation>
+    </message>
+    <message>
+        <source>Histor&amp;y of the Clock</source>
+        <translation>&amp;Verlauf der Uhr</translation>
     </message>
 </context>
 <context>
@@ -3476,53 +4490,8 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <translation>Die Pfade des chrony der Distribution eintragen</translation>
     </message>
     <message>
-        <source>Step beyond (&amp;s):</source>
-        <extracomment>General preferences: labels of chronywake&apos;s arguments, each with its tooltip</extracomment>
-        <translation>Stellen &amp;ab (s):</translation>
-    </message>
-    <message>
-        <source>Step the clock when it is off by more than so many seconds</source>
-        <extracomment>General preferences: tooltip of chronywake&apos;s first field</extracomment>
-        <translation>Die Uhr stellen, wenn sie um mehr als so viele Sekunden abweicht</translation>
-    </message>
-    <message>
-        <source>Steps &amp;in:</source>
-        <extracomment>General preferences: label; in how many updates after waking the clock may be stepped</extracomment>
-        <translation>Stellen &amp;in:</translation>
-    </message>
-    <message>
-        <source>Step in at most so many updates; −1: in any number</source>
-        <extracomment>General preferences: tooltip of “Steps in”</extracomment>
-        <translation>In höchstens so vielen Aktualisierungen stellen; −1: in beliebig vielen</translation>
-    </message>
-    <message>
-        <source>G&amp;ood measurements:</source>
-        <extracomment>General preferences: label; measurements wanted from each source after waking</extracomment>
-        <translation>Gute &amp;Messungen:</translation>
-    </message>
-    <message>
-        <source>Measurements wanted from each source</source>
-        <extracomment>General preferences: tooltip of “Good measurements”</extracomment>
-        <translation>Gewünschte Messungen je Quelle</translation>
-    </message>
-    <message>
-        <source>At &amp;most:</source>
-        <extracomment>General preferences: label; measurements tried with each source after waking</extracomment>
-        <translation>&amp;Höchstens:</translation>
-    </message>
-    <message>
-        <source>Measurements tried with each source</source>
-        <extracomment>General preferences: tooltip of “At most”</extracomment>
-        <translation>Versuchte Messungen je Quelle</translation>
-    </message>
-    <message>
-        <source>Sou&amp;rces in:</source>
-        <extracomment>General preferences: label; the network whose sources are asked after waking</extracomment>
-        <translation>&amp;Quellen in:</translation>
-    </message>
-    <message>
         <source>A mask and an address, such as 255.255.255.0/192.0.2.0; empty: all sources</source>
-        <extracomment>General preferences: tooltip of “Sources in”</extracomment>
+        <extracomment>General preferences: tooltip of “Ask only sources in this network”</extracomment>
         <translation>Eine Maske und eine Adresse, wie 255.255.255.0/192.0.2.0; leer: alle Quellen</translation>
     </message>
     <message>
@@ -3574,6 +4543,61 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <source>A&amp;pply</source>
         <extracomment>General preferences: buttons of chronywake</extracomment>
         <translation>An&amp;wenden</translation>
+    </message>
+    <message>
+        <source>Keep a &amp;history also while the window is closed</source>
+        <extracomment>General preferences: check box; the history of the clock</extracomment>
+        <translation>Auch bei geschlossenem Fenster eine &amp;Aufzeichnung führen</translation>
+    </message>
+    <message>
+        <source>A small service of yours reads the clock every 10 seconds, from login to logout</source>
+        <extracomment>General preferences: tooltip of the box that keeps a history</extracomment>
+        <translation>Ein kleiner Dienst von Ihnen liest alle 10 Sekunden die Uhr, von der Anmeldung bis zur Abmeldung</translation>
+    </message>
+    <message>
+        <source>Set the clock at once if it is off &amp;by (seconds):</source>
+        <extracomment>General preferences: labels of chronywake&apos;s arguments, each with its tooltip</extracomment>
+        <translation>Uhr sofort stellen, wenn sie falsch geht &amp;um (Sekunden):</translation>
+    </message>
+    <message>
+        <source>What is off by less is corrected slowly, without a jump</source>
+        <extracomment>General preferences: tooltip of chronywake&apos;s first field</extracomment>
+        <translation>Kleinere Fehler werden langsam ausgeglichen, ohne Sprung</translation>
+    </message>
+    <message>
+        <source>… &amp;in the first so many updates:</source>
+        <extracomment>General preferences: label; in how many updates after waking the clock may be stepped</extracomment>
+        <translation>… i&amp;n den ersten so vielen Aktualisierungen:</translation>
+    </message>
+    <message>
+        <source>Later updates never make the clock jump; −1: any update may</source>
+        <extracomment>General preferences: tooltip of “… in the first so many updates”</extracomment>
+        <translation>Spätere Aktualisierungen lassen die Uhr nie springen; −1: jede darf</translation>
+    </message>
+    <message>
+        <source>G&amp;ood measurements wanted from each source:</source>
+        <extracomment>General preferences: label; measurements wanted from each source after waking</extracomment>
+        <translation>&amp;Gute Messungen, die von jeder Quelle gewünscht sind:</translation>
+    </message>
+    <message>
+        <source>chronyd stops asking a source once it has so many</source>
+        <extracomment>General preferences: tooltip of “Good measurements wanted from each source”</extracomment>
+        <translation>chronyd fragt eine Quelle nicht weiter, sobald er so viele hat</translation>
+    </message>
+    <message>
+        <source>&amp;Most requests sent to each source:</source>
+        <extracomment>General preferences: label; measurements tried with each source after waking</extracomment>
+        <translation>&amp;Höchstzahl der Anfragen an jede Quelle:</translation>
+    </message>
+    <message>
+        <source>chronyd gives up on a source after so many, answered or not</source>
+        <extracomment>General preferences: tooltip of “Most requests sent to each source”</extracomment>
+        <translation>chronyd gibt eine Quelle nach so vielen auf, beantwortet oder nicht</translation>
+    </message>
+    <message>
+        <source>Ask only sou&amp;rces in this network:</source>
+        <extracomment>General preferences: label; the network whose sources are asked after waking</extracomment>
+        <translation>Nur &amp;Quellen in diesem Netz fragen:</translation>
     </message>
 </context>
 <context>
@@ -3655,31 +4679,6 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <translation>Eine IPv6-Adresse geht hier nicht; nehmen Sie einen Namen.</translation>
     </message>
     <message>
-        <source>The largest poll is not a whole number.</source>
-        <extracomment>server window: said below a field whose value is not valid</extracomment>
-        <translation>Das größte Abfrageintervall ist keine ganze Zahl.</translation>
-    </message>
-    <message>
-        <source>The smallest poll is not a whole number.</source>
-        <extracomment>server window: said below a field whose value is not valid</extracomment>
-        <translation>Das kleinste Abfrageintervall ist keine ganze Zahl.</translation>
-    </message>
-    <message>
-        <source>The largest poll is at most 16 (18 hours).</source>
-        <extracomment>server window: said below a field whose value is not valid</extracomment>
-        <translation>Das größte Abfrageintervall ist höchstens 16 (18 Stunden).</translation>
-    </message>
-    <message>
-        <source>The smallest poll is at most 16 (18 hours).</source>
-        <extracomment>server window: said below a field whose value is not valid</extracomment>
-        <translation>Das kleinste Abfrageintervall ist höchstens 16 (18 Stunden).</translation>
-    </message>
-    <message>
-        <source>The smallest poll is larger than the largest.</source>
-        <extracomment>server window: said below a field whose value is not valid</extracomment>
-        <translation>Das kleinste Abfrageintervall ist größer als das größte.</translation>
-    </message>
-    <message>
         <source>A title needs a letter or two.</source>
         <extracomment>server window: said below a field whose value is not valid</extracomment>
         <translation>Ein Titel braucht mindestens ein paar Zeichen.</translation>
@@ -3750,54 +4749,19 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <translation>Hostname oder IPv4-Adresse des Servers</translation>
     </message>
     <message>
-        <source>Smallest poll</source>
-        <extracomment>server window: name of the field with chrony&apos;s minpoll, and its tooltip</extracomment>
-        <translation>Kleinstes Abfrageintervall</translation>
-    </message>
-    <message>
         <source>minpoll: the shortest time between two requests, as a power of 2 in seconds</source>
-        <extracomment>server window: tooltip of “Smallest poll”</extracomment>
+        <extracomment>server window: tooltip of “Shortest interval”</extracomment>
         <translation>minpoll: die kürzeste Zeit zwischen zwei Anfragen, als Zweierpotenz in Sekunden</translation>
     </message>
     <message>
-        <source>Largest poll</source>
-        <extracomment>server window: name of the field with chrony&apos;s maxpoll, and its tooltip</extracomment>
-        <translation>Größtes Abfrageintervall</translation>
-    </message>
-    <message>
         <source>maxpoll: the longest time between two requests, as a power of 2 in seconds</source>
-        <extracomment>server window: tooltip of “Largest poll”</extracomment>
+        <extracomment>server window: tooltip of “Longest interval”</extracomment>
         <translation>maxpoll: die längste Zeit zwischen zwei Anfragen, als Zweierpotenz in Sekunden</translation>
-    </message>
-    <message>
-        <source>Start with a &amp;burst of requests</source>
-        <extracomment>server window: check box</extracomment>
-        <translation>Schnelle &amp;Anfragen zu Beginn</translation>
-    </message>
-    <message>
-        <source>Start with a burst of requests</source>
-        <extracomment>server window: name of that check box, and its tooltip</extracomment>
-        <translation>Schnelle Anfragen zu Beginn</translation>
-    </message>
-    <message>
-        <source>iburst: a few quick requests at the start set the clock sooner</source>
-        <extracomment>server window: tooltip of the box for iburst</extracomment>
-        <translation>iburst: Einige schnelle Anfragen am Anfang stellen die Uhr früher</translation>
     </message>
     <message>
         <source>&amp;Address:</source>
         <extracomment>server window: labels of the fields</extracomment>
         <translation>A&amp;dresse:</translation>
-    </message>
-    <message>
-        <source>S&amp;mallest poll:</source>
-        <extracomment>server window: label of the field with minpoll</extracomment>
-        <translation>&amp;Kleinstes Intervall:</translation>
-    </message>
-    <message>
-        <source>&amp;Largest poll:</source>
-        <extracomment>server window: label of the field with maxpoll</extracomment>
-        <translation>&amp;Größtes Intervall:</translation>
     </message>
     <message>
         <source>&amp;Import</source>
@@ -3915,16 +4879,6 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <translation>Ein Name oder eine Adresse enthält keine Leerzeichen.</translation>
     </message>
     <message>
-        <source>A name of &amp;several servers (pool)</source>
-        <extracomment>server window: check box</extracomment>
-        <translation>Ein Name für &amp;mehrere Server (pool)</translation>
-    </message>
-    <message>
-        <source>A name of several servers</source>
-        <extracomment>server window: name of that check box, and its tooltip</extracomment>
-        <translation>Ein Name für mehrere Server</translation>
-    </message>
-    <message>
         <source>pool: chrony takes several of the servers that the name stands for</source>
         <extracomment>server window: tooltip of the box for a pool</extracomment>
         <translation>pool: chrony nimmt mehrere der Server, für die der Name steht</translation>
@@ -3933,6 +4887,76 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <source>Copy the list as lines of chrony&apos;s configuration</source>
         <extracomment>server window: tooltip of that button</extracomment>
         <translation>Die Liste als Zeilen von chronys Konfiguration kopieren</translation>
+    </message>
+    <message>
+        <source>The longest interval is not a whole number.</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Der längste Abstand ist keine ganze Zahl.</translation>
+    </message>
+    <message>
+        <source>The shortest interval is not a whole number.</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Der kürzeste Abstand ist keine ganze Zahl.</translation>
+    </message>
+    <message>
+        <source>The longest interval is at most 16 (18 hours).</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Der längste Abstand ist höchstens 16 (18 Stunden).</translation>
+    </message>
+    <message>
+        <source>The shortest interval is at most 16 (18 hours).</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Der kürzeste Abstand ist höchstens 16 (18 Stunden).</translation>
+    </message>
+    <message>
+        <source>The shortest interval is longer than the longest.</source>
+        <extracomment>server window: said below a field whose value is not valid</extracomment>
+        <translation>Der kürzeste Abstand ist länger als der längste.</translation>
+    </message>
+    <message>
+        <source>Shortest interval</source>
+        <extracomment>server window: name of the field with chrony&apos;s minpoll, and its tooltip</extracomment>
+        <translation>Kürzester Abstand</translation>
+    </message>
+    <message>
+        <source>Longest interval</source>
+        <extracomment>server window: name of the field with chrony&apos;s maxpoll, and its tooltip</extracomment>
+        <translation>Längster Abstand</translation>
+    </message>
+    <message>
+        <source>Ask a few times quickly at the &amp;start</source>
+        <extracomment>server window: check box</extracomment>
+        <translation>Am &amp;Anfang ein paar Mal schnell fragen</translation>
+    </message>
+    <message>
+        <source>Ask a few times quickly at the start</source>
+        <extracomment>server window: name of that check box, and its tooltip</extracomment>
+        <translation>Am Anfang ein paar Mal schnell fragen</translation>
+    </message>
+    <message>
+        <source>iburst: four requests within seconds set the clock sooner</source>
+        <extracomment>server window: tooltip of the box for iburst</extracomment>
+        <translation>iburst: Vier Anfragen binnen Sekunden stellen die Uhr früher</translation>
+    </message>
+    <message>
+        <source>A pool of several ser&amp;vers</source>
+        <extracomment>server window: check box</extracomment>
+        <translation>Ei&amp;n Pool aus mehreren Servern</translation>
+    </message>
+    <message>
+        <source>A pool of several servers</source>
+        <extracomment>server window: name of that check box, and its tooltip</extracomment>
+        <translation>Ein Pool aus mehreren Servern</translation>
+    </message>
+    <message>
+        <source>Sho&amp;rtest interval:</source>
+        <extracomment>server window: label of the field with minpoll</extracomment>
+        <translation>&amp;Kürzester Abstand:</translation>
+    </message>
+    <message>
+        <source>&amp;Longest interval:</source>
+        <extracomment>server window: label of the field with maxpoll</extracomment>
+        <translation>&amp;Längster Abstand:</translation>
     </message>
 </context>
 <context>
@@ -4168,11 +5192,6 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <translation>Erklärung</translation>
     </message>
     <message>
-        <source>Choose a source to read why chronyd uses it, or why not.</source>
-        <extracomment>main window: in place of the explanation of a source</extracomment>
-        <translation>Wählen Sie eine Quelle, um zu lesen, warum chronyd sie benutzt oder nicht.</translation>
-    </message>
-    <message>
         <source>Sources</source>
         <extracomment>main window: name of the table of sources</extracomment>
         <translation>Quellen</translation>
@@ -4183,14 +5202,14 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <translation>Manche Gründe stehen in Berichten, die nur ein Verwalter lesen darf.</translation>
     </message>
     <message>
-        <source>&amp;Read Them…</source>
-        <extracomment>main window: button that brings the reports which only an administrator may read</extracomment>
-        <translation>&amp;Lesen…</translation>
-    </message>
-    <message>
         <source>Read the administrator&apos;s reports</source>
         <extracomment>main window: name of the button that brings the reports which only an administrator may read</extracomment>
         <translation>Die Berichte des Verwalters lesen</translation>
+    </message>
+    <message>
+        <source>Read &amp;Them…</source>
+        <extracomment>main window: button that brings the reports which only an administrator may read</extracomment>
+        <translation>Diese l&amp;esen …</translation>
     </message>
 </context>
 <context>
@@ -4286,16 +5305,6 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <translation>&amp;Reihe:</translation>
     </message>
     <message>
-        <source>&amp;Interval (s):</source>
-        <extracomment>spectrum window: label of the field with the seconds between two samples</extracomment>
-        <translation>&amp;Intervall (s):</translation>
-    </message>
-    <message>
-        <source>&amp;Duration (s):</source>
-        <extracomment>spectrum window: label of the field with the seconds analysed</extracomment>
-        <translation>&amp;Dauer (s):</translation>
-    </message>
-    <message>
         <source>The interval must be more than 0 seconds.</source>
         <extracomment>spectrum window: reasons why no spectrum was computed</extracomment>
         <translation>Das Intervall muss länger als 0 Sekunden sein.</translation>
@@ -4319,16 +5328,6 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <source>There is not enough memory for a spectrum of that many samples.</source>
         <extracomment>spectrum window: reason why no spectrum was computed</extracomment>
         <translation>Für ein Spektrum mit so vielen Abtastwerten reicht der Speicher nicht.</translation>
-    </message>
-    <message>
-        <source>Bin %1, the mean: magnitude %2</source>
-        <extracomment>spectrum window: the first bar is pointed at; %1 its number, %2 its height</extracomment>
-        <translation>Linie %1, der Mittelwert: Betrag %2</translation>
-    </message>
-    <message>
-        <source>Bin %1: %2 Hz, a period of %3 s, magnitude %4</source>
-        <extracomment>spectrum window: the bar pointed at; %1 its number, %2 a frequency, %3 a time, %4 its height</extracomment>
-        <translation>Linie %1: %2 Hz, Periode %3 s, Betrag %4</translation>
     </message>
     <message>
         <source>%1 (mirror image)</source>
@@ -4359,6 +5358,31 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <source>Shaded: mirror image of the left half</source>
         <extracomment>exported spectrum: what the shade is</extracomment>
         <translation>Schattiert: Spiegelbild der linken Hälfte</translation>
+    </message>
+    <message>
+        <source>A sample &amp;every (s):</source>
+        <extracomment>spectrum window: label of the field with the seconds between two samples</extracomment>
+        <translation>Ein Wert all&amp;e (s):</translation>
+    </message>
+    <message>
+        <source>Of the &amp;last (s):</source>
+        <extracomment>spectrum window: label of the field with the seconds analysed, up to the newest record</extracomment>
+        <translation>Aus den &amp;letzten (s):</translation>
+    </message>
+    <message>
+        <source>Bar %1, the mean: height %2</source>
+        <extracomment>spectrum window: the first bar is pointed at; %1 its number, %2 its height</extracomment>
+        <translation>Balken %1, das Mittel: Höhe %2</translation>
+    </message>
+    <message>
+        <source>Bar %1: repeats every %3 s (%2 Hz), height %4</source>
+        <extracomment>spectrum window: the bar pointed at; %1 its number, %2 a frequency, %3 a time, %4 its height</extracomment>
+        <translation>Balken %1: wiederholt sich alle %3 s (%2 Hz), Höhe %4</translation>
+    </message>
+    <message>
+        <source>Across: frequency in Hz. Upwards: strength, that of the highest bar being 1</source>
+        <extracomment>exported spectrum: what its axes are</extracomment>
+        <translation>Waagerecht: Frequenz in Hz. Senkrecht: Stärke, die des höchsten Balkens ist 1</translation>
     </message>
 </context>
 <context>
@@ -4483,6 +5507,11 @@ Starten Sie dann chronyd neu.</translation>
         <source>The configuration could not be read</source>
         <extracomment>alert: message above the reason</extracomment>
         <translation>Die Konfiguration konnte nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>Line %1: %2</source>
+        <extracomment>configuration editor: said below the text, of the line that is underlined; %1 its number, %2 what chronyd says</extracomment>
+        <translation>Zeile %1: %2</translation>
     </message>
 </context>
 <context>
@@ -4646,6 +5675,68 @@ Starten Sie dann chronyd neu.</translation>
         <source>Help: %1</source>
         <extracomment>help window: its title with a page; %1 the page&apos;s title</extracomment>
         <translation>Hilfe: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::HistoryWindow</name>
+    <message>
+        <source>At %1</source>
+        <extracomment>history window: heading of the legend; %1 is a time of day</extracomment>
+        <translation>Um %1</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <extracomment>history window: row of the table of cursors</extracomment>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>A click in the plot puts cursor A there, with Shift held cursor B.</source>
+        <extracomment>history window: in the table of cursors while there are none</extracomment>
+        <translation>Ein Klick ins Bild setzt dort Marke A, mit gehaltener Umschalttaste Marke B.</translation>
+    </message>
+    <message>
+        <source>Events (%1)</source>
+        <extracomment>history window: a tab with the number of events in sight</extracomment>
+        <translation>Ereignisse (%1)</translation>
+    </message>
+    <message>
+        <source></source>
+        <comment>The window that shows what happened to the clock: its buttons, and the titles of its dialogs.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>History of the Clock</source>
+        <extracomment>history window: title</extracomment>
+        <translation>Verlauf der Uhr</translation>
+    </message>
+    <message>
+        <source>Adding up…</source>
+        <extracomment>history window: said while the logs are read for evidence</extracomment>
+        <translation>Wird zusammengezählt…</translation>
+    </message>
+    <message>
+        <source>Within the limit for %1, outside for %2, without evidence for %3. Written to %4.</source>
+        <extracomment>history window: said after evidence was written; %1 to %3 are spans of time, %4 a file</extracomment>
+        <translation>Innerhalb der Grenze: %1, außerhalb: %2, ohne Nachweis: %3. Geschrieben nach %4.</translation>
+    </message>
+    <message>
+        <source>Compare With the Log of Another Machine</source>
+        <extracomment>history window: titles of dialogs</extracomment>
+        <translation>Mit dem Protokoll eines anderen Rechners vergleichen</translation>
+    </message>
+    <message>
+        <source>Open Log</source>
+        <translation>Protokoll öffnen</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <extracomment>history window: said while logs and the store are read</extracomment>
+        <translation>Wird gelesen…</translation>
+    </message>
+    <message>
+        <source>%1 holds no records.</source>
+        <extracomment>history window: said when a log that was to be compared has nothing; %1 is a file</extracomment>
+        <translation>%1 enthält keine Aufzeichnungen.</translation>
     </message>
 </context>
 <context>
@@ -4933,6 +6024,16 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <extracomment>General preferences: said after the button Apply</extracomment>
         <translation>chronywake ist entfernt.</translation>
     </message>
+    <message>
+        <source>These are the demonstration&apos;s own files. Yours are left alone.</source>
+        <extracomment>General preferences in a demonstration: said below chrony&apos;s paths</extracomment>
+        <translation>Das sind die eigenen Dateien der Vorführung. Ihre bleiben unberührt.</translation>
+    </message>
+    <message>
+        <source>Not in a demonstration: it leaves your system as it is.</source>
+        <extracomment>General preferences in a demonstration: said below the box that keeps a history</extracomment>
+        <translation>Nicht in einer Vorführung: sie lässt Ihr System, wie es ist.</translation>
+    </message>
 </context>
 <context>
     <name>tickervantage::PreferencesUpdatePane</name>
@@ -4955,6 +6056,63 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <source>Updates</source>
         <extracomment>preferences: name of a pane</extracomment>
         <translation>Aktualisierungen</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::PreferencesWatchPane</name>
+    <message>
+        <source></source>
+        <comment>Preferences, Watching: from which limits on the user is told that something is wrong with the clock.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>Tell me with a &amp;notification when something is wrong</source>
+        <extracomment>Watching preferences: check box</extracomment>
+        <translation>Mit einer &amp;Benachrichtigung melden, wenn etwas nicht stimmt</translation>
+    </message>
+    <message>
+        <source>Tell me with a notification when something is wrong</source>
+        <extracomment>Watching preferences: name of that check box</extracomment>
+        <translation>Mit einer Benachrichtigung melden, wenn etwas nicht stimmt</translation>
+    </message>
+    <message>
+        <source>Show an &amp;icon in the tray, and go on when the window is closed</source>
+        <extracomment>Watching preferences: check box</extracomment>
+        <translation>&amp;Symbol im Benachrichtigungsfeld zeigen und weiterlaufen, wenn das Fenster geschlossen wird</translation>
+    </message>
+    <message>
+        <source>Show an icon in the tray, and go on when the window is closed</source>
+        <extracomment>Watching preferences: name of that check box</extracomment>
+        <translation>Symbol im Benachrichtigungsfeld zeigen und weiterlaufen, wenn das Fenster geschlossen wird</translation>
+    </message>
+    <message>
+        <source>Alarm when</source>
+        <extracomment>Watching preferences: heading of the list of alarms</extracomment>
+        <translation>Alarm, wenn</translation>
+    </message>
+    <message>
+        <source>Times in your log</source>
+        <extracomment>Watching preferences: heading above the numbers of alarms that there would have been</extracomment>
+        <translation>Wie oft in Ihrem Protokoll</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <extracomment>Watching preferences: unit behind a number of minutes</extracomment>
+        <translation> min</translation>
+    </message>
+    <message>
+        <source>Watching</source>
+        <extracomment>preferences: name of a pane</extracomment>
+        <translation>Überwachung</translation>
+    </message>
+    <message>
+        <source>Counted in your tracking log of %1. It does not know of the others.</source>
+        <extracomment>Watching preferences: below the list of alarms; %1 is a span of time such as &quot;3 d 4 h&quot;</extracomment>
+        <translation>Gezählt in Ihrem Tracking-Protokoll über %1. Von den anderen weiß es nichts.</translation>
+    </message>
+    <message>
+        <source>How often each would have been raised is counted in chrony&apos;s tracking log. There is none that you may read: turn logging on in the main window, or in chrony.conf with “log tracking”.</source>
+        <translation>Wie oft jeder ausgelöst worden wäre, wird in chronys Tracking-Protokoll gezählt. Es gibt keines, das Sie lesen dürfen: Schalten Sie das Protokollieren im Hauptfenster ein oder in chrony.conf mit „log tracking“.</translation>
     </message>
 </context>
 <context>
@@ -5111,9 +6269,9 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <translation>Berechnung läuft …</translation>
     </message>
     <message>
-        <source>%1: %2 samples, %3 bins; the shaded half is a mirror image.</source>
+        <source>%1: %2 samples as %3 bars, slow changes at the left; the shaded half mirrors the other.</source>
         <extracomment>spectrum window: what the chart shows; %1 the series, %2 and %3 whole numbers</extracomment>
-        <translation>%1: %2 Abtastwerte, %3 Linien; die schattierte Hälfte ist ein Spiegelbild.</translation>
+        <translation>%1: %2 Werte als %3 Balken, langsame Änderungen links; die schattierte Hälfte spiegelt die andere.</translation>
     </message>
 </context>
 <context>
@@ -5184,14 +6342,14 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <translation>Abbrechen</translation>
     </message>
     <message>
-        <source>&amp;Offset (s):</source>
-        <extracomment>step window: label</extracomment>
-        <translation>Ab&amp;weichung (s):</translation>
-    </message>
-    <message>
         <source>This is no number of seconds.</source>
         <extracomment>step window: said when the field holds no offset</extracomment>
         <translation>Das ist keine Anzahl von Sekunden.</translation>
+    </message>
+    <message>
+        <source>&amp;Move the clock by (seconds):</source>
+        <extracomment>step window: label</extracomment>
+        <translation>Uhr &amp;verstellen um (Sekunden):</translation>
     </message>
 </context>
 <context>
@@ -5277,11 +6435,6 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <translation>S&amp;erver:</translation>
     </message>
     <message>
-        <source>&amp;Time-out:</source>
-        <extracomment>synchronise window: label of the number of seconds</extracomment>
-        <translation>&amp;Zeitgrenze:</translation>
-    </message>
-    <message>
         <source>A server has a name or an address, without quotes or signs.</source>
         <extracomment>synchronise window: said while the field holds no server&apos;s name</extracomment>
         <translation>Ein Server hat einen Namen oder eine Adresse, ohne Anführungs- und Sonderzeichen.</translation>
@@ -5290,6 +6443,11 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <source>Synchronising; this may take %1 s…</source>
         <extracomment>synchronise window: said meanwhile; %1 is a number</extracomment>
         <translation>Die Uhr wird synchronisiert; das kann %1 s dauern …</translation>
+    </message>
+    <message>
+        <source>&amp;Give up after:</source>
+        <extracomment>synchronise window: label of the number of seconds</extracomment>
+        <translation>Auf&amp;geben nach:</translation>
     </message>
 </context>
 <context>
@@ -5358,6 +6516,29 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <source>chronyd answers, with the leap status “%1”.</source>
         <extracomment>main window, status line: %1 is chrony&apos;s word for a leap second that is announced, such as &quot;Delete second&quot;</extracomment>
         <translation>chronyd antwortet, mit dem Schaltsekundenstatus „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::Watcher</name>
+    <message>
+        <source>The clock needs attention</source>
+        <extracomment>notification of the desktop: its title</extracomment>
+        <translation>Die Uhr braucht Aufmerksamkeit</translation>
+    </message>
+    <message>
+        <source>&amp;Show Tickervantage</source>
+        <extracomment>menu of the icon in the tray</extracomment>
+        <translation>Tickervantage &amp;zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <extracomment>menu of the icon in the tray</extracomment>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>The clock is still being watched. This icon shows how it is and brings the window back; its menu ends the program.</source>
+        <extracomment>message beside the icon in the tray, when the main window is closed for the first time</extracomment>
+        <translation>Die Uhr wird weiter überwacht. Dieses Symbol zeigt, wie es um sie steht, und holt das Fenster zurück; sein Menü beendet das Programm.</translation>
     </message>
 </context>
 <context>
@@ -5471,16 +6652,6 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <translation>Tracking-Grafik</translation>
     </message>
     <message>
-        <source>Horizontal zoom</source>
-        <extracomment>tracking window: tooltips of the three sliders</extracomment>
-        <translation>Waagerechter Maßstab</translation>
-    </message>
-    <message>
-        <source>Vertical zoom</source>
-        <extracomment>tracking window: tooltip of a slider</extracomment>
-        <translation>Senkrechter Maßstab</translation>
-    </message>
-    <message>
         <source>The log has no records yet.</source>
         <extracomment>tracking window: read out by screen readers</extracomment>
         <translation>Das Protokoll hat noch keine Einträge.</translation>
@@ -5590,6 +6761,79 @@ tracking window: menu item of the graph, chooses height and unit</extracomment>
         <extracomment>tracking window: tooltip of that button</extracomment>
         <translation>Allen auf diesem Rechner von nun an erlauben, das Tracking-Protokoll von chrony zu lesen</translation>
     </message>
+    <message>
+        <source>Tracking log – live</source>
+        <extracomment>tracking window: title, of the log that chronyd is writing</extracomment>
+        <translation>Tracking-Protokoll – laufend</translation>
+    </message>
+    <message>
+        <source>The demonstration&apos;s tracking log</source>
+        <extracomment>tracking window: stands in place of the log&apos;s path</extracomment>
+        <translation>Das Tracking-Protokoll der Vorführung</translation>
+    </message>
+    <message>
+        <source>Zoom in on a shorter time</source>
+        <extracomment>tracking window: tooltips of the three sliders</extracomment>
+        <translation>Eine kürzere Zeit vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom in on smaller values</source>
+        <extracomment>tracking window: tooltip of a slider</extracomment>
+        <translation>Kleinere Werte vergrößern</translation>
+    </message>
+</context>
+<context>
+    <name>trend</name>
+    <message>
+        <source>Nothing vouched for the clock in this time. Once chronyd follows a source, its error appears here.</source>
+        <extracomment>main window: in place of the picture of the last hour</extracomment>
+        <translation>In dieser Zeit bürgte nichts für die Uhr. Sobald chronyd einer Quelle folgt, erscheint hier ihr Fehler.</translation>
+    </message>
+    <message>
+        <source>within ±%1</source>
+        <extracomment>main window, last hour: what is pointed at; %1 is a time such as 12 µs</extracomment>
+        <translation>innerhalb ±%1</translation>
+    </message>
+    <message>
+        <source>system time %1</source>
+        <extracomment>main window, last hour: what is pointed at, in chrony&apos;s words; %1 is a time such as +12 µs</extracomment>
+        <translation>Systemzeit %1</translation>
+    </message>
+    <message>
+        <source>What the last hour shows</source>
+        <extracomment>main window: name of the title above the picture of the last hour</extracomment>
+        <translation>Was die letzte Stunde zeigt</translation>
+    </message>
+    <message>
+        <source>Values pointed at</source>
+        <extracomment>main window: name of the values of the last hour that are pointed at</extracomment>
+        <translation>Angezeigte Werte</translation>
+    </message>
+    <message>
+        <source>Band: how far off the clock can have been. Line: how far off it was held to be. Coloured lane: its state. Click, or press Return, for the whole history.</source>
+        <extracomment>main window: tooltip of the title above the picture of the last hour</extracomment>
+        <translation>Band: wie falsch die Uhr höchstens gehen konnte. Linie: wie falsch sie vermutlich ging. Farbstreifen: ihr Zustand. Klick oder Eingabetaste öffnet den ganzen Verlauf.</translation>
+    </message>
+    <message>
+        <source>Last hour</source>
+        <extracomment>main window: name of the picture of the last hour</extracomment>
+        <translation>Letzte Stunde</translation>
+    </message>
+    <message>
+        <source>Error of the clock in the last %1 min</source>
+        <extracomment>main window: title of the picture of the clock&apos;s error; %1 is a number of minutes</extracomment>
+        <translation>Fehler der Uhr in den letzten %1 min</translation>
+    </message>
+    <message>
+        <source>Error of the clock in the last hour</source>
+        <extracomment>main window: title of the picture of the clock&apos;s error</extracomment>
+        <translation>Fehler der Uhr in der letzten Stunde</translation>
+    </message>
+    <message>
+        <source>%1, in %2</source>
+        <extracomment>main window: title of the picture of the clock&apos;s error; %1 is the title without the unit, %2 a unit such as µs</extracomment>
+        <translation>%1, in %2</translation>
+    </message>
 </context>
 <context>
     <name>verdict</name>
@@ -5657,6 +6901,81 @@ tracking window: menu item of the graph, chooses height and unit</extracomment>
         <source>Explain</source>
         <extracomment>main window: name of that button</extracomment>
         <translation>Erklären</translation>
+    </message>
+    <message>
+        <source>chronyd follows no source yet: until it does, nothing keeps this clock right.</source>
+        <extracomment>main window: notice while chronyd follows no source</extracomment>
+        <translation>chronyd folgt noch keiner Quelle: Bis dahin hält nichts diese Uhr richtig.</translation>
+    </message>
+    <message>
+        <source>chrony is not installed: nothing keeps this clock right.</source>
+        <extracomment>main window: notice</extracomment>
+        <translation>chrony ist nicht installiert: Nichts hält diese Uhr richtig.</translation>
+    </message>
+    <message>
+        <source>I&amp;nstall chrony…</source>
+        <extracomment>main window: button that mends what the notice beside it tells of</extracomment>
+        <translation>chrony i&amp;nstallieren …</translation>
+    </message>
+    <message>
+        <source>This system has a chrony of its own, but the preferences name another one.</source>
+        <extracomment>main window: notice</extracomment>
+        <translation>Dieses System hat ein eigenes chrony, die Einstellungen nennen aber ein anderes.</translation>
+    </message>
+    <message>
+        <source>&amp;Use This System&apos;s chrony…</source>
+        <extracomment>main window: button that has the preferences name the system&apos;s chrony</extracomment>
+        <translation>chrony dieses S&amp;ystems verwenden …</translation>
+    </message>
+    <message>
+        <source>chronyd is not running: nothing keeps this clock right.</source>
+        <extracomment>main window: notice</extracomment>
+        <translation>chronyd läuft nicht: Nichts hält diese Uhr richtig.</translation>
+    </message>
+    <message>
+        <source>St&amp;art chronyd</source>
+        <extracomment>main window: button that mends what the notice beside it tells of</extracomment>
+        <translation>chronyd st&amp;arten</translation>
+    </message>
+    <message>
+        <source>chrony keeps no log of its own, so the graph of the log stays empty.</source>
+        <extracomment>main window: notice</extracomment>
+        <translation>chrony führt kein eigenes Protokoll, deshalb bleibt dessen Graph leer.</translation>
+    </message>
+    <message>
+        <source>Turn On &amp;Logging…</source>
+        <extracomment>main window: button that mends what the notice beside it tells of</extracomment>
+        <translation>Protoko&amp;ll einschalten …</translation>
+    </message>
+    <message>
+        <source>Only an administrator may read chrony&apos;s logs, so the graph of the log stays empty.</source>
+        <extracomment>main window: notice</extracomment>
+        <translation>Nur die Systemverwaltung darf chronys Protokolle lesen, deshalb bleibt deren Graph leer.</translation>
+    </message>
+    <message>
+        <source>&amp;Let Me Read the Logs</source>
+        <extracomment>main window: button that mends what the notice beside it tells of</extracomment>
+        <translation>Protoko&amp;lle für mich lesbar machen</translation>
+    </message>
+    <message>
+        <source>Mend it</source>
+        <extracomment>main window: name of the button that mends what the notice beside it tells of</extracomment>
+        <translation>Beheben</translation>
+    </message>
+    <message>
+        <source>&amp;Quiet</source>
+        <extracomment>main window: button that takes away an alarm until it is over</extracomment>
+        <translation>&amp;Ruhe</translation>
+    </message>
+    <message>
+        <source>Quiet</source>
+        <extracomment>main window: name of that button</extracomment>
+        <translation>Ruhe</translation>
+    </message>
+    <message>
+        <source>Say no more of this until it is over</source>
+        <extracomment>main window: tooltip of that button</extracomment>
+        <translation>Nichts mehr davon melden, bis es vorbei ist</translation>
     </message>
 </context>
 <context>

@@ -32,6 +32,17 @@
     </message>
 </context>
 <context>
+    <name>history</name>
+    <message numerus="yes">
+        <source>Blue bar: chrony&apos;s log (%n file(s)), %1.</source>
+        <extracomment>history window: where data come from; %1 is a span of time, %n the number of files</extracomment>
+        <translation>
+            <numerusform>Blue bar: chrony&apos;s log (%n file), %1.</numerusform>
+            <numerusform>Blue bar: chrony&apos;s log (%n files), %1.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tickervantage::HelpContents</name>
     <message numerus="yes">
         <source>%n passage(s)</source>
