@@ -364,7 +364,10 @@ TEST_F(HistoryViewTest, ASecondLogIsLaidOverWithTheDifference) {
 TEST(LanePainter, MissedPollsAndNarrowStretchesCanBeSeen) {
     HistoryLane lane;
     using enum SelectionRule;
-    lane.stretches = {{{0, 500}, best, '*', 255}, {{500, 501}, falseticker, 'x', 255}, {{501, 1000}, best, '*', 0}};
+    lane.stretches = {{{0, 500}, combined, '+', 255},
+                      {{500, 501}, best, '*', 255},
+                      {{501, 502}, falseticker, 'x', 255},
+                      {{502, 1000}, combined, '+', 0}};
     testing::RecordingCanvas canvas;
     const ColumnGrid grid({0, 0, 100, 20}, {0, 1000}, 1);
     draw_lane(canvas, grid, {0, 0, 100, 16}, lane);
