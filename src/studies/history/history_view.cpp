@@ -216,20 +216,38 @@ double HistoryView::place_of(double time, Rect bounds) const {
     return area.x + (time - m_range.from) / m_range.length() * area.width;
 }
 
+// How far up it goes. Bands run over the panel's edge where a few of their values are absurd: chronyd begins with a
+// skew of a million ppm.
+double HistoryView::reach_of(std::vector<double> highs, bool is_band) {
+    constexpr double absurd = 1000;
+    const double most = std::ranges::max(highs);
+    const double middle = quantile(highs, 0.5);
+    const double usual = quantile(highs, 0.98);
+    return is_band && most - middle > absurd * (usual - middle) ? usual : most;
+}
+
 // `usual`: what the signed values are mostly like, as far as columns of pixels tell.
 AxisSpan HistoryView::span_of(HistoryPanel panel, const Frame& frame, double& usual) const {
     std::optional<AxisSpan> span;
     std::vector<double> sizes;
-    for (const auto& [curve, columns] : frame.curves)
+    const auto widen = [&span](double low, double high) {
+        span = span ? AxisSpan{std::min(span->low, low), std::max(span->high, high)} : AxisSpan{low, high};
+    };
+    for (const auto& [curve, columns] : frame.curves) {
+        const bool is_band = curve.form == CurveForm::bound || curve.form == CurveForm::band;
+        std::vector<double> highs;
+        std::vector<double> depths;
         for (const ValueColumn& column : columns) {
             if (column.count == 0)
                 continue;
-            const double low = curve.form == CurveForm::bound ? -column.high : column.low;
-            span = span ? AxisSpan{std::min(span->low, low), std::max(span->high, column.high)}
-                        : AxisSpan{low, column.high};
-            if (curve.form != CurveForm::bound)
+            highs.push_back(column.high);
+            depths.push_back(curve.form == CurveForm::bound ? column.high : -column.low);
+            if (!is_band)
                 sizes.push_back(std::max(std::abs(column.low), std::abs(column.high)));
         }
+        if (!highs.empty())
+            widen(-reach_of(std::move(depths), is_band), reach_of(std::move(highs), is_band));
+    }
     usual = sizes.empty() ? 0 : quantile(sizes, 0.5);
     const double least = panel == HistoryPanel::delay && !sizes.empty() ? std::ranges::min(sizes) : 0;
     if (panel == HistoryPanel::delay)

@@ -120,6 +120,7 @@ private:
     void add_other_curves(std::vector<HistoryCurve>& curves) const;
     [[nodiscard]] ValueAxis axis_of(HistoryPanel panel, const Frame& frame) const;
     [[nodiscard]] AxisSpan span_of(HistoryPanel panel, const Frame& frame, double& usual) const;
+    [[nodiscard]] static double reach_of(std::vector<double> highs, bool is_band);
     void draw_panel(Canvas& canvas, const PanelPlace& place) const;
     void draw_axis(Canvas& canvas, const PanelPlace& place, const ValueAxis& axis) const;
     void draw_curve(Canvas& canvas, const Frame& frame, const ValueAxis& axis, const HistoryCurve& curve) const;
