@@ -4228,7 +4228,7 @@ Läuft chronyd damit nicht, kommt die bisherige Konfiguration zurück.</translat
     </message>
     <message>
         <source>Report in a &amp;Window of Its Own</source>
-        <translation>Bericht in eigenem F&amp;enster</translation>
+        <translation>Bericht in eigene&amp;m Fenster</translation>
     </message>
     <message>
         <source>Open &amp;chrony&apos;s Log Folder</source>
@@ -4567,7 +4567,7 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
     <message>
         <source>… &amp;in the first so many updates:</source>
         <extracomment>General preferences: label; in how many updates after waking the clock may be stepped</extracomment>
-        <translation>… i&amp;n den ersten so vielen Aktualisierungen:</translation>
+        <translation>… in den ersten so &amp;vielen Aktualisierungen:</translation>
     </message>
     <message>
         <source>Later updates never make the clock jump; −1: any update may</source>
@@ -4577,7 +4577,7 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
     <message>
         <source>G&amp;ood measurements wanted from each source:</source>
         <extracomment>General preferences: label; measurements wanted from each source after waking</extracomment>
-        <translation>&amp;Gute Messungen, die von jeder Quelle gewünscht sind:</translation>
+        <translation>Gute &amp;Messungen, die von jeder Quelle gewünscht sind:</translation>
     </message>
     <message>
         <source>chronyd stops asking a source once it has so many</source>

@@ -83,7 +83,8 @@ void AnalysisWindows::show_live_titles(TrackingWindow* window) {
 
 void AnalysisWindows::connect_tracking(TrackingWindow* window) {
     connect(window, &TrackingWindow::windowDidBecomeMain, this, [this, window] {
-        m_tracking.remove(window);
+        if (m_tracking.remove(window) == 0)
+            return; // the desktop gave it the keyboard once more while it went
         m_tracking.push_back(window);
         tracking_changed();
     });

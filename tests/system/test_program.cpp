@@ -170,7 +170,7 @@ TEST(Program, ASecondStartHandsItsLogsToTheFirst) {
     testing::write_file(log, "");
     testing::ChildProgram second({TICKERVANTAGE_PROGRAM, log}, instance.home().environment, instance.home().path());
     EXPECT_EQ(second.ends_within(patience), 0) << second.err();
-    EXPECT_NE(instance.log().find("Logs to open: " + log), std::string::npos) << instance.log();
+    EXPECT_NE(instance.log().find("Files to open: " + log), std::string::npos) << instance.log();
 
     first.signal(SIGTERM);
     EXPECT_EQ(first.ends_within(patience), 0) << first.err();

@@ -35,7 +35,7 @@ TEST(RootToolsTest, AKilledInstallationLeavesTheOldFileOrTheNewOne) {
     int killed = 0;
     for (int round = 0; round < 100; ++round) {
         ChildProgram child(install(round % 2 == 0 ? "new" : "old"), home.environment, home.path("run"));
-        const auto ended = child.ends_within(std::chrono::milliseconds(1 + round / 8));
+        const auto ended = child.ends_within(std::chrono::milliseconds(round / 16));
         child.signal(SIGKILL);
         killed += ended ? 0 : 1;
         (void)child.ends_within(20s);

@@ -263,6 +263,7 @@ TEST_F(TickerctlTest, WithoutAnyChronycTheStatusIsUnavailableAndAReportFails) {
     const auto programs = m_home.path("Tickervantage.app/Contents/MacOS");
     fs::create_directories(programs);
     fs::copy_file(m_program, programs + "/tickerctl");
+    fs::copy_file(fs::path(m_program).replace_filename("tickercommands"), programs + "/tickercommands");
     m_program = programs + "/tickerctl";
     ASSERT_EQ(run({"settings", "set", "file_chronyc", "/nonexistent/chronyc"}).status, 0);
     const auto report = run({"report", "tracking"});
