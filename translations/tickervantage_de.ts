@@ -29,6 +29,11 @@ Copyright © 2026 die Entwickler von Tickervantage. Freie Software unter der MIT
 
 chrony ist ein eigenes Programm unter der GNU General Public License, Version 2.</translation>
     </message>
+    <message>
+        <source>The program&apos;s icon</source>
+        <extracomment>About box: what a screen reader says of the picture</extracomment>
+        <translation>Das Symbol des Programms</translation>
+    </message>
 </context>
 <context>
     <name>administration</name>

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QLabel>
 #include <QMessageBox>
 
 namespace tickervantage {
@@ -30,6 +31,11 @@ void show_about(QWidget* parent) {
                   "the MIT licence, without warranty.\n\nchrony is a separate program under the GNU "
                   "General Public License, version 2."));
     box->setStandardButtons(QMessageBox::Close);
+    if (auto* const icon = box->findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"))) {
+        icon->setAccessibleName(QStringLiteral("Tickervantage"));
+        //: About box: what a screen reader says of the picture
+        icon->setAccessibleDescription(Texts::tr("The program's icon"));
+    }
     box->open();
 }
 

@@ -10,6 +10,8 @@
 #include "linux/xdg_paths.h"
 #include "qt/pdf_document.h"
 
+#include <sys/prctl.h>
+
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QLocale>
@@ -204,6 +206,7 @@ int print_all(int answer) {
 
 int main(int argc, char** argv) {
     using namespace tickervantage;
+    ::prctl(PR_SET_NAME, "tickerctl"); // as it was started: lists of processes, and killall, know it by that name
     int status = 0;
     const auto arguments = read_arguments(argc, argv, status);
     if (!arguments)

@@ -1,5 +1,5 @@
-// Any bytes as a tracking log, and as a file with a number a line: whatever is read of them has a forecast and deviations
-// that are numbers, with limits on both sides.
+// Any bytes as a tracking log, and as a file with a number a line: whatever is read of them has a forecast and
+// deviations that are numbers, with limits on both sides.
 #include "fuzz/require.h"
 #include "studies/laboratory/free_running_clock.h"
 #include "studies/laboratory/holdover.h"

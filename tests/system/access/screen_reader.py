@@ -105,7 +105,11 @@ def find(root, roles, wanted):
 
 def open_by_menu(app, item):
     main = window_titled(app, "Tickervantage")
-    entry = eventually(lambda: find(main, {"menu item", "check menu item"}, item), f"the menu item {item}")
+    roles = {"menu item", "check menu item"}
+    entry = eventually(
+        lambda: next((node for node in below(main) if node.getRoleName() in roles and plain(node.name) == plain(item)), None),
+        f"the menu item {item}",
+    )
     press(entry)
 
 
