@@ -8,7 +8,7 @@ std::optional<ProgramOptions> read_options(int argc, char** argv, int& exit_stat
     ProgramOptions options;
     CLI::App app{"Tickervantage installs, configures, controls and monitors chrony on this workstation."};
     app.set_version_flag("--version", "tickervantage " TICKERVANTAGE_VERSION);
-    app.add_flag("--demo", options.demo, "show a demonstration: two chronyd on loopback that leave the clock alone");
+    app.add_flag("--demo", options.demo, "show a demonstration: chronyds on loopback that leave the clock alone");
     app.add_option("--screenshots", options.screenshots, "write pictures of the windows into this folder, then end");
     app.add_option("FILE", options.files,
                    "tracking logs to open, also rotated and compressed ones, and configurations to edit");
