@@ -81,7 +81,7 @@ std::vector<Item> window_items() {
     return {
         {"showTickervantage", QT_TRANSLATE_NOOP("menus", "&Main Window"), "net.brisklane.tickervantage",
          QKeySequence(Qt::CTRL | Qt::Key_1)},
-        {"showHistory", QT_TRANSLATE_NOOP("menus", "Histor&y of the Clock"), "office-chart-line",
+        {"showHistory", QT_TRANSLATE_NOOP("menus", "Histor&y of the Clock"), "document-open-recent",
          QKeySequence(Qt::CTRL | Qt::Key_H)},
         {"showServers", QT_TRANSLATE_NOOP("menus", "&Servers"), "network-server", QKeySequence(Qt::CTRL | Qt::Key_2)},
         {"showFreqTemp", QT_TRANSLATE_NOOP("menus", "&Frequency and Temperature"), "temperature",

@@ -128,7 +128,7 @@ QString PreferencesWatchPane::toolbarItemTitle() {
 
 QIcon PreferencesWatchPane::toolbarItemIcon() {
     return QIcon::fromTheme(QStringLiteral("preferences-desktop-notification"),
-                            QIcon::fromTheme(QStringLiteral("dialog-warning")));
+                            QIcon::fromTheme(QStringLiteral("utilities-system-monitor")));
 }
 
 void PreferencesWatchPane::show_record() {
