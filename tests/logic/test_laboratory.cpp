@@ -2,6 +2,7 @@
 #include "studies/laboratory/free_running_clock.h"
 #include "studies/laboratory/holdover.h"
 #include "studies/laboratory/stability.h"
+#include "support/fake_followed_files.h"
 #include "support/test.h"
 
 #include <fmt/format.h>
@@ -284,6 +285,20 @@ TEST(Laboratory, TakesTheSteeringOutOfALog) {
     const PhaseData data = phase_of(clock);
     ASSERT_EQ(data.segments.size(), 1) << "two records have no difference of differences";
     EXPECT_EQ(data.segments.front().size(), 5);
+}
+
+TEST(Laboratory, ReadsAFolderWithWhatWasRotatedAway) {
+    testing::FakeFollowedFiles files;
+    files.create("log/tracking.log", log_line(30, 1, 0) + '\n' + log_line(40, 1, 0) + '\n');
+    files.create("log/tracking.log.1", log_line(10, 1, 0) + '\n' + log_line(20, 1, 0) + '\n');
+    const auto clock = read_free_running_clock(files, "log");
+    ASSERT_TRUE(clock) << english(clock.error());
+    EXPECT_EQ(clock->stretches().size(), 1) << "the older records come first, and what follows them goes on";
+    EXPECT_EQ(clock->seconds(), 30);
+    files.create("one/tracking.log", log_line(10, 1, 0) + '\n');
+    EXPECT_EQ(english(read_free_running_clock(files, "one").error()),
+              "The tracking log one has fewer than two records.");
+    EXPECT_FALSE(read_free_running_clock(files, "elsewhere"));
 }
 
 TEST(Laboratory, TellsTheClockFromTheMeasurement) {

@@ -1,13 +1,13 @@
 #include "studies/laboratory/free_running_clock.h"
 
 #include "base/failure_codes.h"
+#include "chrony/log/log_files.h"
 #include "chrony/log/log_pieces.h"
 #include "chrony/log/tracking_line.h"
 #include "studies/laboratory/quantile.h"
 
 #include <cmath>
-#include <filesystem>
-#include <system_error>
+#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -87,14 +87,16 @@ FreeRunningClock FreeRunningClockReader::finish() && {
 }
 
 Result<FreeRunningClock> read_free_running_clock(FollowedFiles& files, const std::string& path) {
-    std::error_code ignored; // what cannot be looked at is told when it is read
-    const std::string log = std::filesystem::is_directory(path, ignored) ? path + "/tracking.log" : path;
+    const auto logs = find_logs(files, {path}, LogKind::tracking);
+    if (!logs)
+        return tl::unexpected(logs.error());
     FreeRunningClockReader reader;
-    if (auto read = read_log(files, log, [&reader](std::string_view line) { reader.add_line(line); }); !read)
-        return tl::unexpected(read.error());
+    for (const LogFile& log : *logs)
+        if (auto read = read_log(files, log.path, [&reader](std::string_view line) { reader.add_line(line); }); !read)
+            return tl::unexpected(read.error());
     FreeRunningClock clock = std::move(reader).finish();
     if (clock.interval <= 0)
-        return failed(FailureCode::log_of_one_record, {log});
+        return failed(FailureCode::log_of_one_record, {path});
     return clock;
 }
 

@@ -59,7 +59,7 @@ private:
     bool m_is_lost = true;            // the reference, in the record before
 };
 
-// A log, or the tracking.log in a folder. A log without two records is a failure.
+// A tracking log, or those of a folder, the rotated ones first. Fewer than two records are a failure.
 [[nodiscard]] Result<FreeRunningClock> read_free_running_clock(FollowedFiles& files, const std::string& path);
 
 } // namespace tickervantage
