@@ -1,5 +1,7 @@
 #include "draw/plots/timed_values.h"
 
+#include "base/quantile.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -157,18 +159,6 @@ double TimedValues::usual_interval() const {
     for (std::size_t at = size() - std::min(enough, size()) + 1; at < size(); ++at)
         intervals.push_back(m_times[at] - m_times[at - 1]);
     return quantile(intervals, 0.5);
-}
-
-double quantile(std::vector<double>& values, double share) {
-    if (values.empty())
-        return std::numeric_limits<double>::quiet_NaN();
-    const double place = share * static_cast<double>(values.size() - 1);
-    const auto below = values.begin() + static_cast<std::ptrdiff_t>(place);
-    std::ranges::nth_element(values, below);
-    const double rest = place - std::floor(place);
-    if (rest == 0)
-        return *below;
-    return *below + rest * (*std::min_element(below + 1, values.end()) - *below);
 }
 
 } // namespace tickervantage

@@ -78,8 +78,4 @@ private:
     std::vector<Block> m_blocks; // of whole blocks
 };
 
-// The value below which a share of them lies, between two of them on the straight line between; the values change
-// their order. NaN of none.
-[[nodiscard]] double quantile(std::vector<double>& values, double share);
-
 } // namespace tickervantage

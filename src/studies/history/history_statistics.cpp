@@ -1,5 +1,6 @@
 #include "studies/history/history_statistics.h"
 
+#include "base/quantile.h"
 #include "draw/plots/timed_values.h"
 
 #include <algorithm>

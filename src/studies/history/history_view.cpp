@@ -1,5 +1,6 @@
 #include "studies/history/history_view.h"
 
+#include "base/quantile.h"
 #include "draw/graph_geometry.h"
 #include "draw/plots/graph_label.h"
 #include "studies/history/lane_painter.h"

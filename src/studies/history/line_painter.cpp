@@ -1,5 +1,6 @@
 #include "studies/history/line_painter.h"
 
+#include "base/quantile.h"
 #include "draw/graph_geometry.h"
 
 #include <algorithm>

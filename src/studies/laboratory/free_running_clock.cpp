@@ -1,10 +1,10 @@
 #include "studies/laboratory/free_running_clock.h"
 
 #include "base/failure_codes.h"
+#include "base/quantile.h"
 #include "chrony/log/log_files.h"
 #include "chrony/log/log_pieces.h"
 #include "chrony/log/tracking_line.h"
-#include "studies/laboratory/quantile.h"
 
 #include <cmath>
 #include <utility>
@@ -70,8 +70,9 @@ FreeRunningClock FreeRunningClockReader::finish() && {
     for (std::size_t at = 1; at < m_noted.size(); ++at)
         if (!m_noted[at].record.begins_stretch)
             intervals.push_back(static_cast<double>(m_noted[at].record.time - m_noted[at - 1].record.time));
-    clock.interval = quantile(intervals, half).value_or(0);
-    clock.offset_sd = quantile(m_deviations, half);
+    clock.interval = intervals.empty() ? 0 : quantile(intervals, half);
+    if (!m_deviations.empty())
+        clock.offset_sd = quantile(m_deviations, half);
     clock.records.reserve(m_noted.size());
     for (const Noted& noted : m_noted) {
         ClockRecord record = noted.record;

@@ -1,6 +1,6 @@
 #include "studies/laboratory/holdover.h"
 
-#include "studies/laboratory/quantile.h"
+#include "base/quantile.h"
 
 #include <algorithm>
 #include <cmath>
@@ -50,7 +50,8 @@ std::vector<Start> starts_of(const FreeRunningClock& clock, double horizon) {
     return starts;
 }
 
-std::optional<double> error_of(const std::vector<Start>& starts, double share) {
+// `starts` has one at least.
+double error_of(const std::vector<Start>& starts, double share) {
     std::vector<double> errors(starts.size());
     std::ranges::transform(starts, errors.begin(), &Start::error);
     return quantile(errors, share);
@@ -59,7 +60,7 @@ std::optional<double> error_of(const std::vector<Start>& starts, double share) {
 double usual_bound(const std::vector<Start>& starts) {
     std::vector<double> bounds(starts.size());
     std::ranges::transform(starts, bounds.begin(), &Start::bound);
-    return quantile(bounds, half).value_or(0);
+    return quantile(bounds, half);
 }
 
 // Errors that lie less than a horizon apart tell of the same stretch of the past: whole blocks are drawn.
@@ -80,10 +81,10 @@ void set_limits(const std::vector<Start>& starts, double share, HoldoverError& h
             for (std::size_t at = blocks[block]; at < blocks[block + 1]; ++at)
                 errors.push_back(starts[at].error);
         }
-        quantiles.push_back(quantile(errors, share).value_or(0));
+        quantiles.push_back(quantile(errors, share));
     }
-    horizon.low = std::min(quantile(quantiles, resampled_low).value_or(0), horizon.error);
-    horizon.high = std::max(quantile(quantiles, resampled_high).value_or(0), horizon.error);
+    horizon.low = std::min(quantile(quantiles, resampled_low), horizon.error);
+    horizon.high = std::max(quantile(quantiles, resampled_high), horizon.error);
 }
 
 // The first time at which the forecast passes the limit, on straight lines between the times that are looked at.
@@ -92,13 +93,14 @@ std::optional<double> time_to(double limit, const FreeRunningClock& clock, doubl
     double last_error = 0;
     for (double time = clock.interval; last_time < longest; time *= std::exp2(1 / steps_per_doubling)) {
         time = std::min(time, longest);
-        const auto error = error_of(starts_of(clock, time), share);
-        if (!error)
+        const auto starts = starts_of(clock, time);
+        if (starts.empty())
             return std::nullopt;
-        if (*error > limit)
-            return last_time + (time - last_time) * (limit - last_error) / (*error - last_error);
+        const double error = error_of(starts, share);
+        if (error > limit)
+            return last_time + (time - last_time) * (limit - last_error) / (error - last_error);
         last_time = time;
-        last_error = *error;
+        last_error = error;
     }
     return std::nullopt;
 }
@@ -112,10 +114,9 @@ HoldoverForecast forecast_holdover(const FreeRunningClock& clock, double share, 
         if (history < history_for_horizon * seconds)
             break;
         const auto starts = starts_of(clock, seconds);
-        const auto error = error_of(starts, share);
-        if (!error)
+        if (starts.empty())
             break; // no stretch is as long
-        HoldoverError horizon{.seconds = seconds, .error = *error, .chronyd = usual_bound(starts)};
+        HoldoverError horizon{.seconds = seconds, .error = error_of(starts, share), .chronyd = usual_bound(starts)};
         set_limits(starts, share, horizon);
         forecast.horizons.push_back(horizon);
     }
