@@ -6,6 +6,8 @@
 #include "qt/named_widget.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 
 namespace tickervantage {
 namespace {
@@ -35,9 +37,15 @@ QString heading(const Explanation& explanation) {
            words_of(explanation.rule).toHtmlEscaped() + QStringLiteral("</b>");
 }
 
+// Of a file in the program's temporary folder, a demonstration's, the name: the folder's tells nobody anything.
+QString shown_path(const QString& path) {
+    return path.startsWith(QDir::tempPath() + QLatin1Char('/')) ? QFileInfo(path).fileName() : path;
+}
+
 QString line_of(const SourceLine& line) {
+    const QString path = shown_path(from_std(line.path));
     //: explanation of a source: %1 is a file, %2 the number of a line in it, which follows
-    return Texts::tr("From %1, line %2:").arg(from_std(line.path).toHtmlEscaped(), QString::number(line.line)) +
+    return Texts::tr("From %1, line %2:").arg(path.toHtmlEscaped(), QString::number(line.line)) +
            QStringLiteral(" <code>") + from_std(line.text).trimmed().toHtmlEscaped() + QStringLiteral("</code>");
 }
 
