@@ -67,7 +67,7 @@ private:
 
     [[nodiscard]] std::size_t first_near(double time, std::size_t begin, std::size_t guess, std::size_t end) const;
     void insert(std::size_t at, const TimedExtent& value);
-    void sum_blocks_from(std::size_t at);
+    void sum_blocks_from(std::size_t block);
     void add_to(ValueColumn& column, std::size_t first, std::size_t end) const;
 
     std::vector<double> m_times;

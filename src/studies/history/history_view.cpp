@@ -135,6 +135,7 @@ void HistoryView::set_other(std::shared_ptr<const HistoryData> other) {
 
 std::vector<HistoryCurve> HistoryView::curves() const {
     std::vector<HistoryCurve> all;
+    all.reserve(looks.size());
     for (const LineLook& look : looks)
         all.push_back({look.key, look.panel, &m_data->line(look.line), look.unit, look.form, look.color});
     if (m_other)
