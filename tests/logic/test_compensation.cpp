@@ -74,6 +74,21 @@ TEST(Compensation, TakesOutWhatTheTemperatureDoes) {
     }
 }
 
+TEST(Compensation, DoubtsTheGainAsFarAsTheDaysDiffer) {
+    auto alike = readings({.aging = 0, .days = 1}, 2);
+    for (TemperatureSample& sample : alike)
+        sample.time += 20718 * std::int64_t{86400} - 1'790'000'000; // whole days
+    const auto day = alike;
+    for (int number = 1; number < 5; ++number)
+        for (TemperatureSample sample : day) {
+            sample.time += std::int64_t{86400} * number;
+            alike.push_back(sample);
+        }
+    const auto study = study_compensation(std::move(alike));
+    ASSERT_FALSE(study.refused) << english(*study.refused);
+    EXPECT_NEAR(study.compensation->gain_high / study.compensation->gain_low, 1, 1e-6);
+}
+
 TEST(Compensation, InterpolatesAsChronydDoes) {
     const std::vector<TempcompPoint> points{{20, 1}, {30, 2}, {31, 5}};
     for (const auto& [temperature, wanted] :

@@ -258,6 +258,7 @@ TEST(Metrics, NameWhatChronySaysAndLeaveOutWhatItDoesNot) {
     for (const char* line :
          {"\nchrony_tracking_system_time_seconds -1.176e-06\n", "\nchrony_clock_verdict{verdict=\"synchronised\"} 1\n",
           "\nchrony_clock_verdict{verdict=\"holdover\"} 0\n", "\nchrony_sources_total 6\n",
+          "{tracking_address=\"127.0.0.2\",tracking_name=\"127.0.0.2\",",
           "\nchrony_sources_stratum{source_address=\"127.0.0.1\",source_name=\"localhost\"} 3\n",
           "\nchrony_sources_reachability_ratio{source_address=\"127.0.0.9\",source_name=\"127.0.0.9\"} 0\n",
           "source_state=\"falseticker\",source_mode=\"client\"} 1\n", "\nchrony_clock_holdover_seconds 0\n"})
@@ -277,10 +278,12 @@ TEST(Metrics, LabelAtMost64SourcesTheUsableOnesAmongThem) {
     ClockTruth truth = truth_of({}, sources);
     truth.sources.front().name = "a\"b\\c\nd\xff";
     truth.sources.front().letter = '*';
+    truth.reports.names[truth.reports.tracking->address] = "best";
     const std::string text = metrics_text(truth, MetricsFormat::prometheus);
     EXPECT_EQ(count_of(text, "\nchrony_source_usable{"), 64U);
     EXPECT_EQ(count_of(text, "\nchrony_source_usable{source_address=\"192.0.2.200\""), 1U);
     EXPECT_NE(text.find("\nchrony_sources_total 201\n"), std::string::npos);
+    EXPECT_NE(text.find(",tracking_name=\"best\","), std::string::npos);
     EXPECT_NE(text.find("source_name=\"a\\\"b\\\\c\\nd?\"} 1\n"), std::string::npos);
 }
 
