@@ -325,7 +325,11 @@ std::optional<Arguments> read_arguments(int argc, char** argv, int& exit_status)
         exit_status = line.app.exit(help);
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
-        const std::string complaint = std::string(error.what()) + "; see tickerctl --help.";
+        const auto unknown = line.app.remaining(true);
+        const bool is_missing = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError);
+        const std::string what = is_missing && !unknown.empty() ? "There is no command \"" + unknown.front() + "\""
+                                                                : std::string(error.what());
+        const std::string complaint = what + "; see tickerctl --help.";
         exit_status = line.is_in(Job::health) ? print_health(unknown_health(complaint), std::cout) : fail(complaint);
         return std::nullopt;
     }

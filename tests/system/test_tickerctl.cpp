@@ -220,6 +220,8 @@ TEST_F(TickerctlTest, WrongUsageIsOneLineAndStatusTwo) {
         EXPECT_EQ(answer.status, 2) << ::testing::PrintToString(words) << answer.out;
         EXPECT_EQ(answer.out, "") << ::testing::PrintToString(words);
     }
+    for (const Words& words : {Words{"frob"}, Words{"settings", "frob"}})
+        EXPECT_NE(run(words).err.find("no command \"frob\""), std::string::npos) << run(words).err;
     EXPECT_EQ(run({"status", "--from", "-"}, "/dev/zero").status, 2) << "standard input has a limit too";
     EXPECT_FALSE(fs::exists(m_home.path("a.png")));
 }
