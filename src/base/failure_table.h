@@ -387,6 +387,10 @@ TV_FAILURE(log_of_one_record, "The tracking log %1 has fewer than two records.")
 TV_FAILURE(line_is_no_number, TV_TEXT("failures", "Line %2 of %1 is no number."))
 TV_FAILURE(too_few_numbers,
            TV_TEXT("failures", "%1 has too few numbers: three of phase or two of frequency are the least."))
+TV_FAILURE(too_few_for_spectrum, TV_TEXT("failures", "A periodogram needs %1 values at the least."))
+TV_FAILURE(nothing_varies, TV_TEXT("failures", "All values are the same: there is nothing to look for in them."))
+TV_FAILURE(too_few_readings, TV_TEXT("failures", "This program has kept fewer than two readings of a clock that "
+                                                 "follows a source."))
 TV_FAILURE(tau_below_step, TV_TEXT("failures", "An averaging time of %1 s is shorter than the step of %2 s."))
 TV_FAILURE(too_many_for_all,
            TV_TEXT("failures",

@@ -13,8 +13,7 @@ namespace tickervantage {
 namespace {
 
 constexpr double million = 1e6;
-constexpr double longest_gap = 4;      // median intervals
-constexpr double maxclockerror = 1e-6; // s/s, chronyd's default
+constexpr double longest_gap = 4; // median intervals
 constexpr double half = 0.5;
 
 double or_zero(double value) {
@@ -45,44 +44,48 @@ void FreeRunningClockReader::add_line(std::string_view line) {
     if (!read_tracking_line(line, read))
         return;
     if (read.stratum == "0" || read.el == "?" || std::isnan(read.frequency.value) || std::isnan(read.offset.value)) {
-        m_is_lost = true;
+        add_loss();
         return;
     }
-    if (!m_noted.empty() && read.timestamp == m_noted.back().record.time)
-        return; // chronyd notes whole seconds: nothing can be divided by none
-    Noted noted;
-    noted.record = {.time = read.timestamp,
-                    .phase = 0,
-                    .frequency = read.frequency.value / million,
-                    .bound = or_zero(read.rootdispersion.value) + half * or_zero(read.root_delay.value),
-                    .bound_growth = or_zero(read.skew.value) / million + maxclockerror,
-                    .begins_stretch = m_is_lost || m_noted.empty() || read.timestamp < m_noted.back().record.time};
-    noted.offset = read.offset.value;
-    m_noted.push_back(noted);
+    add({.time = read.timestamp,
+         .frequency = read.frequency.value / million,
+         .offset = read.offset.value,
+         .bound = or_zero(read.rootdispersion.value) + half * or_zero(read.root_delay.value),
+         .bound_growth = or_zero(read.skew.value) / million + maxclockerror});
     if (!std::isnan(read.offset_sd.value))
         m_deviations.push_back(read.offset_sd.value);
+}
+
+void FreeRunningClockReader::add(ClockRecord record) {
+    if (!m_noted.empty() && record.time == m_noted.back().time)
+        return; // chronyd notes whole seconds: nothing can be divided by none
+    record.begins_stretch = m_is_lost || m_noted.empty() || record.time < m_noted.back().time;
+    m_noted.push_back(record);
     m_is_lost = false;
+}
+
+void FreeRunningClockReader::add_loss() {
+    m_is_lost = true;
 }
 
 FreeRunningClock FreeRunningClockReader::finish() && {
     FreeRunningClock clock;
     std::vector<double> intervals;
     for (std::size_t at = 1; at < m_noted.size(); ++at)
-        if (!m_noted[at].record.begins_stretch)
-            intervals.push_back(static_cast<double>(m_noted[at].record.time - m_noted[at - 1].record.time));
+        if (!m_noted[at].begins_stretch)
+            intervals.push_back(static_cast<double>(m_noted[at].time - m_noted[at - 1].time));
     clock.interval = intervals.empty() ? 0 : quantile(intervals, half);
     if (!m_deviations.empty())
         clock.offset_sd = quantile(m_deviations, half);
-    clock.records.reserve(m_noted.size());
-    for (const Noted& noted : m_noted) {
-        ClockRecord record = noted.record;
-        if (!record.begins_stretch) {
-            const ClockRecord& before = clock.records.back();
-            const auto elapsed = static_cast<double>(record.time - before.time);
-            record.begins_stretch = elapsed > longest_gap * clock.interval;
-            record.phase = record.begins_stretch ? 0 : before.phase + before.frequency * elapsed + noted.offset;
-        }
-        clock.records.push_back(record);
+    clock.records = std::move(m_noted);
+    for (std::size_t at = 1; at < clock.records.size(); ++at) {
+        ClockRecord& record = clock.records[at];
+        if (record.begins_stretch)
+            continue;
+        const ClockRecord& before = clock.records[at - 1];
+        const auto elapsed = static_cast<double>(record.time - before.time);
+        record.begins_stretch = elapsed > longest_gap * clock.interval;
+        record.phase = record.begins_stretch ? 0 : before.phase + before.frequency * elapsed + record.offset;
     }
     return clock;
 }

@@ -24,10 +24,13 @@ namespace tickervantage {
 
 class FollowedFiles;
 
+inline constexpr double maxclockerror = 1e-6; // s/s, chronyd's default
+
 struct ClockRecord {
     std::int64_t time = 0;      // s since 1970
     double phase = 0;           // s, positive: ahead
     double frequency = 0;       // s/s, positive: fast
+    double offset = 0;          // s, as it was noted
     double bound = 0;           // s: root dispersion + root delay / 2
     double bound_growth = 0;    // s/s: skew, and what chronyd adds for any clock
     bool begins_stretch = true; // nothing is known between this record and the one before
@@ -43,18 +46,18 @@ struct FreeRunningClock {
     [[nodiscard]] std::vector<std::span<const ClockRecord>> stretches() const;
 };
 
-// Takes the lines of a log one by one; those that are no records are passed over.
+// Takes what chronyd noted, one after the other.
 class FreeRunningClockReader {
 public:
+    // Of a log; lines that are no records are passed over.
     void add_line(std::string_view line);
+    // All but the phase; a second record of the same second is passed over.
+    void add(ClockRecord record);
+    void add_loss(); // of the reference
     [[nodiscard]] FreeRunningClock finish() &&;
 
 private:
-    struct Noted {
-        ClockRecord record;
-        double offset = 0;
-    };
-    std::vector<Noted> m_noted;
+    std::vector<ClockRecord> m_noted;
     std::vector<double> m_deviations; // of offsets
     bool m_is_lost = true;            // the reference, in the record before
 };
