@@ -8,10 +8,10 @@
 namespace tickervantage::bench {
 namespace {
 
-void require(int result, const std::string& sentence) {
-    if (result == 0)
+void require(const Result<>& done) {
+    if (done)
         return;
-    std::fprintf(stderr, "%s\n", sentence.c_str());
+    std::fprintf(stderr, "%s\n", english(done.error()).c_str());
     std::exit(1);
 }
 
@@ -19,14 +19,12 @@ void require(int result, const std::string& sentence) {
 
 Daemon::Daemon(const std::string& temporary)
     : m_chronyc(TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyc"), m_chronyd(TICKERVANTAGE_BUNDLE_PROGRAMS "/chronyd") {
-    std::string sentence;
-    require(m_demonstration.start(m_chronyd, temporary + "demonstration", sentence), sentence);
+    require(m_demonstration.start(m_chronyd, temporary + "demonstration"));
 }
 
 void Daemon::wait_until_synchronised() const {
     PosixExecute execute;
-    std::string sentence;
-    require(m_demonstration.wait_until_synchronised(execute, m_chronyc, std::chrono::seconds(20), sentence), sentence);
+    require(m_demonstration.wait_until_synchronised(execute, m_chronyc, std::chrono::seconds(20)));
 }
 
 } // namespace tickervantage::bench

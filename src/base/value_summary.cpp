@@ -4,6 +4,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <utility>
 
 namespace tickervantage {
@@ -21,10 +22,12 @@ std::size_t bucket_of(double value) {
     return static_cast<std::size_t>(rising >> (64 - bucket_bits));
 }
 
+} // namespace
+
 // The numbers of some places of the sorted list, found without sorting it.
-class Ranks {
+class SummaryMaker::Ranks {
 public:
-    explicit Ranks(std::vector<std::uint32_t> counts) : m_counts(std::move(counts)) {}
+    void count(double value) { ++m_counts[bucket_of(value)]; }
 
     // To be asked for later. Cheapest where places rise.
     void want(std::size_t place) {
@@ -36,10 +39,9 @@ public:
         gathering = static_cast<std::uint8_t>(m_gathered.size());
     }
 
-    void gather(std::span<const double> values) {
-        for (const double value : values)
-            if (const std::uint8_t gathering = m_gatherings[bucket_of(value)]; gathering != 0 && value == value)
-                m_gathered[gathering - 1U].push_back(value);
+    void gather(double value) {
+        if (const std::uint8_t gathering = m_gatherings[bucket_of(value)]; gathering != 0)
+            m_gathered[gathering - 1U].push_back(value);
     }
 
     double at(std::size_t place) {
@@ -58,53 +60,87 @@ private:
             m_before += m_counts[m_bucket++];
     }
 
-    std::vector<std::uint32_t> m_counts;
+    std::vector<std::uint32_t> m_counts = std::vector<std::uint32_t>(buckets);
     std::size_t m_bucket = 0;
     std::size_t m_before = 0;                                                    // values in lower buckets
     std::vector<std::uint8_t> m_gatherings = std::vector<std::uint8_t>(buckets); // by bucket, from 1; 0: not wanted
     std::vector<std::vector<double>> m_gathered;
 };
 
+namespace {
+
+// The place at or below a share of so many in order.
+std::size_t place_below(double share, std::size_t count) {
+    return static_cast<std::size_t>(share * static_cast<double>(count - 1));
+}
+
 } // namespace
 
-std::optional<ValueSummary> summary_of(std::span<const double> values, std::span<const double> shares) {
-    std::vector<std::uint32_t> counts(buckets);
-    ValueSummary summary;
-    double sum = 0;
-    double squares = 0;
+SummaryMaker::SummaryMaker(std::span<const double> shares)
+    : m_shares(shares.begin(), shares.end()), m_ranks(std::make_unique<Ranks>()) {}
+SummaryMaker::~SummaryMaker() = default;
+SummaryMaker::SummaryMaker(SummaryMaker&&) noexcept = default;
+
+void SummaryMaker::look_at(std::span<const double> values) {
+    ValueSummary& known = m_summary;
     for (const double value : values) {
         if (value != value)
             continue;
-        summary.least = summary.count == 0 ? value : std::min(summary.least, value);
-        summary.largest = summary.count == 0 ? value : std::max(summary.largest, value);
-        ++summary.count;
-        sum += value;
-        squares += value * value;
-        ++counts[bucket_of(value)];
+        known.least = known.count == 0 ? value : std::min(known.least, value);
+        known.largest = known.count == 0 ? value : std::max(known.largest, value);
+        ++known.count;
+        m_sum += value;
+        m_squares += value * value;
+        m_ranks->count(value);
     }
-    if (summary.count == 0)
+}
+
+void SummaryMaker::want_percentiles() {
+    const auto count = static_cast<double>(m_summary.count);
+    m_summary.mean = m_sum / count;
+    m_summary.rms = std::sqrt(m_squares / count);
+    for (const double share : m_shares) {
+        const std::size_t below = place_below(share, m_summary.count);
+        m_ranks->want(below);
+        m_ranks->want(std::min(below + 1, m_summary.count - 1));
+    }
+}
+
+// Deviations are taken from the mean: those of small numbers far from zero would drown in their squares.
+void SummaryMaker::look_again_at(std::span<const double> values) {
+    if (m_summary.count == 0)
+        return;
+    if (std::exchange(m_is_counted, true) == false)
+        want_percentiles();
+    for (const double value : values) {
+        if (value != value)
+            continue;
+        m_deviations += (value - m_summary.mean) * (value - m_summary.mean);
+        m_ranks->gather(value);
+    }
+}
+
+std::optional<ValueSummary> SummaryMaker::summary() {
+    const std::size_t count = m_summary.count;
+    if (count == 0)
         return std::nullopt;
-    const auto count = static_cast<double>(summary.count);
-    summary.mean = sum / count;
-    summary.rms = std::sqrt(squares / count);
-    Ranks ranks(std::move(counts));
-    const auto next_to = [&](std::size_t place) {
-        return std::min(place + 1, summary.count - 1);
-    };
-    const auto below = [&](double share) {
-        return static_cast<std::size_t>(share * (count - 1));
-    };
-    for (const double share : shares) {
-        ranks.want(below(share));
-        ranks.want(next_to(below(share)));
+    m_summary.deviation =
+        count > 1 ? std::sqrt(m_deviations / static_cast<double>(count - 1)) : std::numeric_limits<double>::quiet_NaN();
+    for (const double share : m_shares) {
+        const std::size_t below = place_below(share, count);
+        const double one = m_ranks->at(below);
+        const double next = m_ranks->at(std::min(below + 1, count - 1));
+        const double rest = share * static_cast<double>(count - 1) - static_cast<double>(below);
+        m_summary.percentiles.push_back(one + (next - one) * rest);
     }
-    ranks.gather(values);
-    for (const double share : shares) {
-        const double one = ranks.at(below(share));
-        const double next = ranks.at(next_to(below(share)));
-        summary.percentiles.push_back(one + (next - one) * (share * (count - 1) - static_cast<double>(below(share))));
-    }
-    return summary;
+    return std::move(m_summary);
+}
+
+std::optional<ValueSummary> summary_of(std::span<const double> values, std::span<const double> shares) {
+    SummaryMaker maker(shares);
+    maker.look_at(values);
+    maker.look_again_at(values);
+    return maker.summary();
 }
 
 } // namespace tickervantage

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -73,6 +74,22 @@ QImage* writable_image(const QPainter& painter, const QRect& area) {
     return is_plain && fits && image->isDetached() ? image : nullptr;
 }
 
+PixelRows pixels_from(QImage& image, QPoint corner) {
+    return {reinterpret_cast<std::uint32_t*>(image.scanLine(corner.y())) + corner.x(), image.bytesPerLine() / 4};
+}
+
+Rect box_around(std::span<const Path::Element> lines, double width) {
+    constexpr double NOWHERE = std::numeric_limits<double>::infinity();
+    Point low{NOWHERE, NOWHERE};
+    Point high{-NOWHERE, -NOWHERE};
+    for (const auto& line : lines)
+        for (const Point& end : {line.from, line.to}) {
+            low = {std::min(low.x, end.x), std::min(low.y, end.y)};
+            high = {std::max(high.x, end.x), std::max(high.y, end.y)};
+        }
+    return {low.x - width, low.y - width, high.x - low.x + 2 * width, high.y - low.y + 2 * width};
+}
+
 QSize pixels_of(const QPainter& painter) {
     constexpr int LARGEST_SIDE = 32768;
     const QPaintDevice& device = *painter.paintEngine()->paintDevice();
@@ -81,7 +98,8 @@ QSize pixels_of(const QPainter& painter) {
 
 } // namespace
 
-bool PixelLayer::begin(QPainter& painter, Rect area, double height) {
+// Finds the pixels of the area, and where points lie among them.
+bool PixelLayer::look_at(QPainter& painter, Rect area, double height) {
     const QTransform device = painter.deviceTransform();
     if (painter.paintEngine()->type() != QPaintEngine::Raster || device.type() > QTransform::TxScale ||
         device.m11() <= 0 || device.m22() <= 0)
@@ -90,13 +108,19 @@ bool PixelLayer::begin(QPainter& painter, Rect area, double height) {
     m_pixels = device.mapRect(box).toAlignedRect().intersected(QRect(QPoint(), pixels_of(painter)));
     if (m_pixels.isEmpty())
         return false;
-    m_painter = &painter;
     m_scale_x = device.m11();
     m_scale_y = device.m22();
     m_left = device.dx() - m_pixels.x();
     m_bottom = height * m_scale_y + device.dy() - m_pixels.y();
+    return true;
+}
+
+bool PixelLayer::begin(QPainter& painter, Rect area, double height) {
+    if (!look_at(painter, area, height))
+        return false;
     m_coverage.resize(m_pixels.width(), m_pixels.height());
     m_color = QColor();
+    m_painter = &painter;
     choose_target();
     return true;
 }
@@ -110,8 +134,7 @@ void PixelLayer::choose_target() {
         m_picture.fill(Qt::transparent);
         image = &m_picture;
     }
-    const QPoint corner = m_is_own_picture ? QPoint() : m_pixels.topLeft();
-    m_target = {reinterpret_cast<std::uint32_t*>(image->scanLine(corner.y())) + corner.x(), image->bytesPerLine() / 4};
+    m_target = pixels_from(*image, m_is_own_picture ? QPoint() : m_pixels.topLeft());
 }
 
 void PixelLayer::end() {
@@ -187,13 +210,29 @@ void PixelLayer::add_straight_lines(std::span<const Path::Element> lines, const 
                                     std::span<const double> dash) {
     m_coverage.paint(m_target);
     m_color = QColor(); // the layer has forgotten it
-    const CoverageBrush brush(plain(color));
+    draw_straight_lines(lines, CoverageBrush(plain(color)), width, dash);
+}
+
+void PixelLayer::draw_straight_lines(std::span<const Path::Element> lines, const CoverageBrush& brush, double width,
+                                     std::span<const double> dash) {
     while (!lines.empty()) {
         const auto other = std::ranges::find_if_not(lines, [&](const auto& one) { return are_teeth(lines[0], one); });
         const auto teeth = lines.first(static_cast<std::size_t>(other - lines.begin()));
         draw_comb(teeth, brush, width, dash);
         lines = lines.subspan(teeth.size());
     }
+}
+
+bool PixelLayer::draw_parallels(QPainter& painter, std::span<const Path::Element> lines, double height,
+                                const QColor& color, double width, std::span<const double> dash) {
+    if (!look_at(painter, box_around(lines, width), height))
+        return false;
+    QImage* image = writable_image(painter, m_pixels);
+    if (!image)
+        return false;
+    m_target = pixels_from(*image, m_pixels.topLeft());
+    draw_straight_lines(lines, CoverageBrush(plain(color)), width, dash);
+    return true;
 }
 
 // Lines side by side with the same ends have their dashes side by side too.

@@ -28,6 +28,11 @@ public:
     [[nodiscard]] bool is_open() const { return m_painter != nullptr; }
     [[nodiscard]] CanvasPixels pixels() const; // of the open layer, to be written until end()
 
+    // Lines that all stand upright, or all lie level, at once and without a layer. False where the painter's own pixels
+    // cannot be written: nothing was drawn.
+    [[nodiscard]] bool draw_parallels(QPainter& painter, std::span<const Path::Element> lines, double height,
+                                      const QColor& color, double width, std::span<const double> dash);
+
     void use(const QColor& color); // for all that is added next
     void add_line(Point from, Point to, double width);
     void add_box(Rect box);
@@ -42,7 +47,10 @@ public:
                             std::span<const double> dash);
 
 private:
+    [[nodiscard]] bool look_at(QPainter& painter, Rect area, double height);
     void choose_target();
+    void draw_straight_lines(std::span<const Path::Element> lines, const CoverageBrush& brush, double width,
+                             std::span<const double> dash);
     void draw_comb(std::span<const Path::Element> teeth, const CoverageBrush& brush, double width,
                    std::span<const double> dash);
     [[nodiscard]] double x(double at) const { return at * m_scale_x + m_left; }

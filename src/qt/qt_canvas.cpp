@@ -121,6 +121,16 @@ bool is_straight(const Path::Element& element) {
            (element.from.x == element.to.x || element.from.y == element.to.y);
 }
 
+// Lines of which none meets another at a corner.
+bool are_parallels(const Path& path) {
+    const auto all = [&path](double Point::*axis) {
+        return std::ranges::all_of(path.elements, [axis](const Path::Element& one) {
+            return one.kind == Path::Element::Kind::line && one.from.*axis == one.to.*axis;
+        });
+    };
+    return !path.elements.empty() && (all(&Point::x) || all(&Point::y));
+}
+
 double aligned_left(const QRectF& box, double width, TextAlign align) {
     switch (align) {
     case TextAlign::left:
@@ -181,6 +191,9 @@ void QtCanvas::stroke(const Path& path, const LineStyle& style) {
         m_memory.layer.add_straight_lines(path.elements, color_of(style.ink), style.width, style.dash);
         return;
     }
+    if (!m_memory.layer.is_open() && are_parallels(path) &&
+        m_memory.layer.draw_parallels(m_painter, path.elements, m_height, color_of(style.ink), style.width, style.dash))
+        return;
     const SavedPainter saved(m_painter);
     QPen pen(color_of(style.ink), style.width, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin);
     if (!style.dash.empty())

@@ -40,6 +40,18 @@ TEST(LogCommand, PrintsRecordsAndTheirSummaries) {
     EXPECT_FALSE(read("b.log"));
 }
 
+TEST(ValueSummary, IsThatOfTheTextbook) {
+    const auto found = summary_of(std::array{3.0, -4.0, 0.0, 1.0, 5.0}, std::array{0.05, 0.5, 0.95});
+    ASSERT_TRUE(found);
+    EXPECT_DOUBLE_EQ(found->mean, 1);
+    EXPECT_DOUBLE_EQ(found->deviation, std::sqrt(46.0 / 4));
+    EXPECT_DOUBLE_EQ(found->rms, std::sqrt(51.0 / 5));
+    EXPECT_DOUBLE_EQ(found->percentiles[0], -4 + 0.2 * 4);
+    EXPECT_DOUBLE_EQ(found->percentiles[1], 1);
+    EXPECT_DOUBLE_EQ(found->percentiles[2], 3 + 0.8 * 2);
+    EXPECT_TRUE(std::isnan(summary_of(std::array{1.0}, std::array{0.5})->deviation));
+}
+
 // Against a list that is sorted.
 TEST(ValueSummary, FindsPercentilesWithoutSorting) {
     std::mt19937 random(9);

@@ -3,6 +3,7 @@
 #include "base/local_clock.h"
 #include "cli/terminal.h"
 
+#include <algorithm>
 #include <array>
 #include <future>
 #include <ostream>
@@ -43,8 +44,9 @@ bool is_chosen(const TrackingRecords& records, std::size_t index, const LogChoic
 }
 
 // Runs of records that are chosen, so that they can be read at once.
-std::vector<std::pair<std::size_t, std::size_t>> chosen_runs(const TrackingRecords& records, const LogChoice& choice) {
-    std::vector<std::pair<std::size_t, std::size_t>> runs;
+using Runs = std::vector<std::pair<std::size_t, std::size_t>>;
+Runs chosen_runs(const TrackingRecords& records, const LogChoice& choice) {
+    Runs runs;
     for (std::size_t index = 0; index < records.size(); ++index) {
         if (!is_chosen(records, index, choice))
             continue;
@@ -55,16 +57,36 @@ std::vector<std::pair<std::size_t, std::size_t>> chosen_runs(const TrackingRecor
     return runs;
 }
 
-// Half of them on another thread: a log of years has millions of values.
-std::array<Json, series_count> summaries_of(const TrackingRecords::AllValues& values) {
-    std::array<Json, series_count> summaries;
-    const auto sum_up = [&](std::size_t first, std::size_t end) {
-        for (std::size_t series = first; series < end; ++series)
-            summaries[series] = summary_json(values[series]);
+// A piece of the records after the other: of a log of years not all values would fit into a processor's memory.
+void summarise(const TrackingRecords& records, const Runs& runs, bool rolling, std::array<Json, series_count>& found) {
+    std::vector<SummaryMaker> makers;
+    for (std::size_t series = 0; series < series_count; ++series)
+        makers.emplace_back(summary_shares);
+    TrackingRecords::AllValues values;
+    const auto look = [&](auto look_at) {
+        for (const auto& [first, end] : runs)
+            for (std::size_t at = first; at < end; at += TrackingRecords::RECORDS_PER_PIECE) {
+                for (auto& of_series : values)
+                    of_series.clear();
+                const std::size_t piece_end = std::min(at + TrackingRecords::RECORDS_PER_PIECE, end);
+                rolling ? records.read_rolling(at, piece_end, values) : records.read_logged(at, piece_end, values);
+                for (std::size_t series = 0; series < series_count; ++series)
+                    (makers[series].*look_at)(values[series]);
+            }
     };
-    const auto half = std::async(std::launch::async, sum_up, 0, series_count / 2);
-    sum_up(series_count / 2, series_count);
-    half.wait();
+    look(&SummaryMaker::look_at);
+    look(&SummaryMaker::look_again_at);
+    for (std::size_t series = 0; series < series_count; ++series)
+        if (is_rolling(static_cast<Series>(series)) == rolling)
+            found[series] = summary_json(makers[series].summary());
+}
+
+// The rolling statistics on another thread: they take as long as the rest.
+std::array<Json, series_count> summaries_of(const TrackingRecords& records, const Runs& runs) {
+    std::array<Json, series_count> summaries;
+    const auto rolling = std::async(std::launch::async, [&] { summarise(records, runs, true, summaries); });
+    summarise(records, runs, false, summaries);
+    rolling.wait();
     return summaries;
 }
 
@@ -84,16 +106,16 @@ int print_log(const TrackingRecords& records, LogForm form, std::ostream& out, c
 }
 
 int print_log_summary(const TrackingRecords& records, LogForm form, std::ostream& out, const LogChoice& choice) {
-    TrackingRecords::AllValues values;
-    const auto runs = chosen_runs(records, choice);
+    const Runs runs = chosen_runs(records, choice);
+    std::size_t count = 0;
     for (const auto& [first, end] : runs)
-        records.read(first, end, values);
-    Json document{{"count", values.front().size()}, {"first", nullptr}, {"last", nullptr}};
+        count += end - first;
+    Json document{{"count", count}, {"first", nullptr}, {"last", nullptr}};
     if (!runs.empty()) {
         document["first"] = utc_stamp(records.time(runs.front().first));
         document["last"] = utc_stamp(records.time(runs.back().second - 1));
     }
-    const auto summaries = summaries_of(values);
+    const auto summaries = summaries_of(records, runs);
     for (std::size_t series = 0; series < series_count; ++series)
         document[std::string(series_names[series])] = summaries[series];
     print_summary(document, form, out);

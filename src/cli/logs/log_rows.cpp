@@ -1,6 +1,5 @@
 #include "cli/logs/log_rows.h"
 
-#include "base/value_summary.h"
 #include "cli/terminal.h"
 
 #include <fmt/format.h>
@@ -70,8 +69,10 @@ void print_record(const Json& record, LogForm form, std::ostream& out) {
 }
 
 Json summary_json(std::span<const double> values) {
-    constexpr std::array shares{0.5, 0.95, 0.99};
-    const auto summary = summary_of(values, shares);
+    return summary_json(summary_of(values, summary_shares));
+}
+
+Json summary_json(const std::optional<ValueSummary>& summary) {
     const auto value = [&](double number) {
         return summary ? Json(number) : Json(nullptr);
     };

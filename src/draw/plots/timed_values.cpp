@@ -141,9 +141,15 @@ std::vector<ValueColumn> TimedValues::columns(const TimeRange& range, std::size_
     std::size_t first = first_from(range.from);
     const std::size_t last = first_from(range.to);
     std::size_t guess = (last - first) / count;
+    // Whole blocks are summed already: of so many values less than a sixteenth comes into a neighbour's column.
+    constexpr std::size_t many = 8 * block_size;
+    const auto nearest_block = [](std::size_t at) {
+        return (at + block_size / 2) / block_size * block_size;
+    };
     for (std::size_t column = 1; column <= count; ++column) {
         const double edge = range.from + step * static_cast<double>(column);
-        const std::size_t end = column == count ? last : first_near(edge, first, std::min(first + guess, last), last);
+        const std::size_t near = first_near(edge, first, std::min(first + guess, last), last);
+        const std::size_t end = column == count ? last : guess < many ? near : std::min(nearest_block(near), last);
         found.push_back(sum(first, end));
         guess = end - first;
         first = end;

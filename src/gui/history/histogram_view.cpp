@@ -9,6 +9,8 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
+#include <span>
 
 namespace tickervantage {
 namespace {
@@ -28,15 +30,18 @@ HistogramView::HistogramView(QWidget* parent) : QWidget(parent) {
 }
 
 void HistogramView::show_histogram(const QString& name, AxisUnit unit, const Histogram& histogram,
-                                   const ValueStatistics& statistics) {
+                                   const ValueSummary& statistics) {
     m_name = name;
     m_unit = unit;
     m_histogram = histogram;
     m_statistics = statistics;
+    const auto share = [&statistics](std::size_t at) {
+        return at < statistics.percentiles.size() ? statistics.percentiles[at] : NAN;
+    };
     //: history window: what a screen reader says of the histogram; %1 is a curve, the others are values
-    setAccessibleDescription(Texts::tr("%1: from %2 to %3, the middle at %4")
-                                 .arg(name, value_words(statistics.p5, unit), value_words(statistics.p95, unit),
-                                      value_words(statistics.p50, unit)));
+    setAccessibleDescription(
+        Texts::tr("%1: from %2 to %3, the middle at %4")
+            .arg(name, value_words(share(0), unit), value_words(share(2), unit), value_words(share(1), unit)));
     update();
 }
 
@@ -64,7 +69,7 @@ void HistogramView::paintEvent(QPaintEvent*) {
         return plot.left() + (value - m_histogram.low) / length * plot.width();
     };
     painter.setPen(QPen(colors.red, 1, Qt::DashLine));
-    for (const double value : {m_statistics.p5, m_statistics.p50, m_statistics.p95})
+    for (const double value : std::span(m_statistics.percentiles).first(3))
         painter.drawLine(QPointF(place(value), plot.top()), QPointF(place(value), plot.bottom()));
     painter.setPen(colors.text);
     painter.drawLine(plot.bottomLeft(), plot.bottomRight());

@@ -14,8 +14,7 @@ public:
     explicit HistogramView(QWidget* parent = nullptr);
 
     // `name` of the values; of none without counts.
-    void show_histogram(const QString& name, AxisUnit unit, const Histogram& histogram,
-                        const ValueStatistics& statistics);
+    void show_histogram(const QString& name, AxisUnit unit, const Histogram& histogram, const ValueSummary& statistics);
 
     [[nodiscard]] const Histogram& histogram() const { return m_histogram; }
     [[nodiscard]] QSize minimumSizeHint() const override { return {160, 70}; }
@@ -27,7 +26,7 @@ private:
     QString m_name;
     AxisUnit m_unit = AxisUnit::seconds;
     Histogram m_histogram;
-    ValueStatistics m_statistics;
+    ValueSummary m_statistics;
 };
 
 } // namespace tickervantage

@@ -162,8 +162,8 @@ void build_tables(QWidget* parent, HistoryControls& controls) {
     //: history window: name of the table of statistics, and its headings
     controls.statistics =
         table(controls.details, "statistics", Texts::tr("Statistics of what is in sight"),
-              {Texts::tr("Curve"), Texts::tr("Number"), Texts::tr("Mean"), Texts::tr("Std. dev."), Texts::tr("RMS"),
-               Texts::tr("5 %"), Texts::tr("Median"), Texts::tr("95 %"), Texts::tr("99 %"), Texts::tr("Largest")});
+              {Texts::tr("Curve"), Texts::tr("Number"), Texts::tr("Median"), Texts::tr("95 %"), Texts::tr("Largest"),
+               Texts::tr("5 %"), Texts::tr("99 %"), Texts::tr("Mean"), Texts::tr("Std. dev."), Texts::tr("RMS")});
     //: history window: name of the histogram
     controls.histogram = named(new HistogramView(controls.details), "histogram", Texts::tr("Histogram"));
     //: history window: name of the table of the two cursors, and its headings; Δ is the difference of the two

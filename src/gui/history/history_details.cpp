@@ -226,8 +226,9 @@ void HistoryWindow::count_statistics() {
         [all = std::move(all)]() mutable {
             std::vector<CurveNumbers> numbers;
             for (Values& one : all)
-                numbers.push_back({one.key, one.unit, statistics_of(one.values),
-                                   histogram_of(std::move(one.values), histogram_bins)});
+                if (const auto summary = summary_of(one.values, history_shares))
+                    numbers.push_back(
+                        {one.key, one.unit, *summary, histogram_of(std::move(one.values), histogram_bins)});
             return numbers;
         },
         [this](const std::vector<CurveNumbers>& numbers) { show_statistics(numbers); });
@@ -237,13 +238,19 @@ void HistoryWindow::show_statistics(const std::vector<CurveNumbers>& numbers) {
     m_numbers = numbers;
     m_controls.statistics->clear();
     for (const CurveNumbers& one : numbers) {
-        const ValueStatistics& found = one.statistics;
+        const ValueSummary& found = one.statistics;
         auto* row = new QTreeWidgetItem(
             m_controls.statistics, {curve_words(one.key), QLocale().toString(static_cast<qlonglong>(found.count))});
         int column = 2;
-        for (const double value :
-             {found.mean, found.deviation, found.rms, found.p5, found.p50, found.p95, found.p99, found.largest})
+        const double rare = found.percentiles[3];
+        for (const double value : {found.percentiles[1], found.percentiles[2], furthest_of(found), found.percentiles[0],
+                                   rare, found.mean, found.deviation, found.rms})
             row->setText(column++, value_words(value, one.unit));
+        if (found.rms > std::max(std::abs(found.percentiles[0]), std::abs(rare)))
+            for (int ruled = column - 3; ruled < column; ++ruled)
+                //: history window: tooltip of mean, standard deviation and RMS where they say little
+                row->setToolTip(ruled, tr("A few very large values rule this number: the median and the percentiles "
+                                          "tell what the others are like."));
         for (int at = 1; at < column; ++at)
             row->setTextAlignment(at, Qt::AlignRight | Qt::AlignVCenter);
     }

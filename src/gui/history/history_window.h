@@ -65,7 +65,7 @@ private:
     struct CurveNumbers {
         std::string key;
         AxisUnit unit{};
-        ValueStatistics statistics;
+        ValueSummary statistics;
         Histogram histogram;
     };
 

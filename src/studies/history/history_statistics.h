@@ -1,25 +1,22 @@
 // What the values in sight are like, in numbers, and as a histogram. Plain values, any thread.
 #pragma once
 
+#include "base/value_summary.h"
+
+#include <array>
+#include <cmath>
 #include <cstddef>
 #include <vector>
 
 namespace tickervantage {
 
-// In the values' unit; NaN where there are none. The deviation is that of a sample, NaN of fewer than two.
-struct ValueStatistics {
-    std::size_t count = 0;
-    double mean = 0;
-    double deviation = 0;
-    double rms = 0;
-    double p5 = 0;
-    double p50 = 0;
-    double p95 = 0;
-    double p99 = 0;
-    double largest = 0; // the one furthest from zero, with its sign
-};
+// The percentiles that a summary of values in sight holds.
+inline constexpr std::array history_shares{0.05, 0.5, 0.95, 0.99};
 
-[[nodiscard]] ValueStatistics statistics_of(std::vector<double> values);
+// The value furthest from zero, with its sign.
+[[nodiscard]] inline double furthest_of(const ValueSummary& summary) {
+    return std::abs(summary.least) > std::abs(summary.largest) ? summary.least : summary.largest;
+}
 
 struct Histogram {
     double low = 0;

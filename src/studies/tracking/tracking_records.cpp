@@ -42,11 +42,6 @@ Column column_of(Series series) {
     }
 }
 
-bool is_rolling(Series series) {
-    return series == Series::mean_offset || series == Series::rms_offset || series == Series::mean_rem_cor ||
-           series == Series::rms_rem_cor;
-}
-
 double value_of(Series series, const RollingStatistics::Averages& averages) {
     switch (series) {
     case Series::mean_offset:
@@ -84,6 +79,11 @@ std::string_view next_word(std::string_view& text) {
 }
 
 } // namespace
+
+bool is_rolling(Series series) {
+    return series == Series::mean_offset || series == Series::rms_offset || series == Series::mean_rem_cor ||
+           series == Series::rms_rem_cor;
+}
 
 struct TrackingRecords::Extent {
     double low = std::numeric_limits<double>::infinity();
@@ -248,10 +248,23 @@ const RollingStatistics::Averages& TrackingRecords::averages(std::size_t index) 
     return known.averages[index - first];
 }
 
-void TrackingRecords::read(std::size_t first, std::size_t end, AllValues& values) const {
-    const std::size_t before = values.front().size();
-    for (auto& of_series : values)
-        of_series.resize(before + end - first);
+void TrackingRecords::read_logged(std::size_t first, std::size_t end, AllValues& values) const {
+    for (std::size_t at = 0; at < series_count; ++at) {
+        const auto series = static_cast<Series>(at);
+        if (is_rolling(series))
+            continue;
+        values[at].reserve(values[at].size() + end - first);
+        for (std::size_t index = first; index < end; ++index)
+            values[at].push_back(logged_value(series, index));
+    }
+}
+
+void TrackingRecords::read_rolling(std::size_t first, std::size_t end, AllValues& values) const {
+    const auto of = [&values](Series series) -> std::vector<double>& {
+        return values[static_cast<std::size_t>(series)];
+    };
+    for (const Series series : {Series::mean_offset, Series::rms_offset, Series::mean_rem_cor, Series::rms_rem_cor})
+        of(series).reserve(of(series).size() + end - first);
     RollingStatistics rolling;
     for (std::size_t index = first - first % block_size; index < end; ++index) {
         const Piece& piece = *m_pieces[index / RECORDS_PER_PIECE];
@@ -259,25 +272,14 @@ void TrackingRecords::read(std::size_t first, std::size_t end, AllValues& values
         const Block& block = piece.blocks[at / block_size];
         if (at % block_size == 0)
             rolling = block.before;
-        const auto number = [&](Column column) {
-            return piece.number(column, at);
-        };
-        const double offset = number(column_offset);
-        const double rem_cor = number(column_rem_cor);
-        const auto averages = rolling.add(offset, rem_cor, (block.sources_lost >> at % block_size & 1U) != 0);
+        const auto averages = rolling.add(piece.number(column_offset, at), piece.number(column_rem_cor, at),
+                                          (block.sources_lost >> at % block_size & 1U) != 0);
         if (index < first)
             continue;
-        const std::array<double, series_count> all{offset,
-                                                   averages.mean_offset,
-                                                   averages.rms_offset,
-                                                   number(column_offset_sd),
-                                                   rem_cor,
-                                                   averages.mean_rem_cor,
-                                                   averages.rms_rem_cor,
-                                                   number(column_rootdispersion),
-                                                   number(column_frequency) / ppm};
-        for (std::size_t series = 0; series < series_count; ++series)
-            values[series][before + index - first] = all[series];
+        of(Series::mean_offset).push_back(averages.mean_offset);
+        of(Series::rms_offset).push_back(averages.rms_offset);
+        of(Series::mean_rem_cor).push_back(averages.mean_rem_cor);
+        of(Series::rms_rem_cor).push_back(averages.rms_rem_cor);
     }
 }
 

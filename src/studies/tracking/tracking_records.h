@@ -45,6 +45,9 @@ enum class Series : unsigned char {
 };
 inline constexpr std::size_t series_count = 9;
 
+// Whether it is one of the rolling statistics, which no log has.
+[[nodiscard]] bool is_rolling(Series series);
+
 // One record, as a value.
 struct tracking {
     LogTime timestamp = 0;
@@ -95,9 +98,15 @@ public:
     [[nodiscard]] double value(Series series, std::size_t index) const; // NaN: absent
     [[nodiscard]] tracking record(std::size_t index) const;
 
-    // Appends all values of the records [first, end), series by series: much quicker than one by one.
+    // Appends all values of the records [first, end), series by series: much quicker than one by one. The rolling
+    // statistics and what the log itself has can be read apart.
     using AllValues = std::array<std::vector<double>, series_count>;
-    void read(std::size_t first, std::size_t end, AllValues& values) const;
+    void read(std::size_t first, std::size_t end, AllValues& values) const {
+        read_logged(first, end, values);
+        read_rolling(first, end, values);
+    }
+    void read_logged(std::size_t first, std::size_t end, AllValues& values) const;
+    void read_rolling(std::size_t first, std::size_t end, AllValues& values) const;
 
     // The lowest and highest present value of the series among the records [first, end); none when all are absent.
     [[nodiscard]] std::optional<ValueRange> range(Series series, std::size_t first, std::size_t end) const;
