@@ -110,6 +110,8 @@ TV_FAILURE(points_line_descending,
                    "wrongly."))
 TV_FAILURE(points_too_few,
            TV_TEXT("failures", "%1 ends in line %2 with fewer than two points, and chronyd does not start with it."))
+TV_FAILURE(points_in_degrees,
+           TV_TEXT("failures", "%1 has temperatures in degrees, while the sensor gives thousandths of a degree."))
 TV_FAILURE(directive_without_effect, TV_TEXT("failures", "%1 is no longer supported and has no effect."))
 TV_FAILURE(directive_out_of_place,
            TV_TEXT("failures", "%1 has no effect in a file of a sourcedir, which holds server, pool and peer only."))
@@ -194,6 +196,17 @@ TV_FAILURE(former_not_back, TV_TEXT("failures", "The former configuration did no
 TV_FAILURE(former_does_not_run,
            TV_TEXT("failures", "The former configuration is back, but chronyd does not run with it either: %c."))
 TV_FAILURE(former_is_back, TV_TEXT("failures", "The former configuration is back, and chronyd runs with it again."))
+TV_FAILURE(compensation_not_installed, TV_TEXT("failures", "The compensation was not installed: %c."))
+TV_FAILURE(compensation_not_removed, TV_TEXT("failures", "The compensation was not taken back: %c."))
+TV_FAILURE(compensation_elsewhere,
+           TV_TEXT("failures", "%1 has a line \"tempcomp\" of its own; take it out there first."))
+TV_FAILURE(compensation_not_ours,
+           TV_TEXT("failures", "The configuration holds no compensation that was installed here."))
+TV_FAILURE(compensation_without_temperature,
+           TV_TEXT("failures", "chronyd cannot read the temperature with this configuration."))
+TV_FAILURE(sensor_without_file,
+           TV_TEXT("failures", "chronyd cannot read the sensor %1: the kernel has no file of its own for it."))
+TV_FAILURE(compensation_needs_systemd, TV_TEXT("failures", "A compensation is installed where systemd starts chronyd."))
 TV_FAILURE(chrony_not_installed, TV_TEXT("failures", "chrony was not installed: %c."))
 TV_FAILURE(chrony_not_removed, TV_TEXT("failures", "chrony was not removed as a whole: %c."))
 TV_FAILURE(old_not_removed, TV_TEXT("failures", "The older installation was not removed as a whole: %c."))
@@ -297,6 +310,7 @@ TV_FAILURE(
     TV_TEXT("failures",
             "Line %1 of the configuration includes the configuration itself, and chronyd would not start with it."))
 TV_FAILURE(line_unauthorised, TV_TEXT("failures", "Line %1 (%2) needs an authorisation of its own."))
+TV_FAILURE(no_plain_sensor, TV_TEXT("failures", "This is no sensor that the helper lets chronyd read."))
 TV_FAILURE(item_not_kept, TV_TEXT("failures", "The helper cannot keep the file to be installed."))
 TV_FAILURE(program_not_roots, TV_TEXT("failures", "%1 is missing, or others than root can change it."))
 TV_FAILURE(former_has_changed, TV_TEXT("failures", "The former configuration has changed meanwhile."))
@@ -355,6 +369,7 @@ TV_FAILURE(ended_with_status, TV_TEXT("failures", "status %1."))
 TV_FAILURE(no_chronyd_service, TV_TEXT("failures", "No service for chronyd is installed."))
 TV_FAILURE(no_wake_service, TV_TEXT("failures", "The service of chronywake is not installed."))
 TV_FAILURE(no_distribution_chrony, TV_TEXT("failures", "The distribution's chrony is not installed."))
+TV_FAILURE(sensor_not_found, TV_TEXT("failures", "The sensor %2 of the chip %1 is not there, or gives no temperature."))
 TV_FAILURE(unit_has_other_command, TV_TEXT("failures", "%1 does not start chronyd by a single command line."))
 
 // chronywake, for the journal and the terminal alone
@@ -368,6 +383,7 @@ TV_FAILURE(chronyc_said_nothing, "chronyc ended with status %1 and said nothing.
 TV_FAILURE(compensation_without_times,
            TV_TEXT("failures", "%1 does not say when its points were read, so that days cannot be told apart."))
 TV_FAILURE(which_sensor, "Which sensor? There are %1.")
+TV_FAILURE(no_sensor_here, TV_TEXT("failures", "This machine has no temperature sensor."))
 TV_FAILURE(no_such_sensor, "There is no sensor \"%1\"; there are %2.")
 TV_FAILURE(compensation_without_history,
            TV_TEXT("failures", "The temperatures go back %1 days; a compensation needs 3 at least."))

@@ -13,6 +13,7 @@ struct SensorReading {
     std::string name;        // the same after a restart of the program or the machine
     std::string description; // for people; the name where there is nothing better
     double temperature = 0;  // 0: present, but gives no reading now
+    std::string file = {};   // of the kernel's, with thousandths of a degree; empty: there is none of its own
     friend bool operator==(const SensorReading&, const SensorReading&) = default;
 };
 

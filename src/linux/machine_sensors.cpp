@@ -131,10 +131,12 @@ void LmSensors::open() {
                                     ? sensors_get_subfeature(chip, feature, SENSORS_SUBFEATURE_TEMP_INPUT)
                                     : nullptr;
             if (input != nullptr)
-                m_sources.push_back({chip,
-                                     input->number,
-                                     {.name = fmt::format("{}/{}", chip_name(*chip), feature->name),
-                                      .description = description_of(*chip, *feature)}});
+                m_sources.push_back(
+                    {chip,
+                     input->number,
+                     {.name = fmt::format("{}/{}", chip_name(*chip), feature->name),
+                      .description = description_of(*chip, *feature),
+                      .file = chip->path == nullptr ? "" : fmt::format("{}/{}", chip->path, input->name)}});
         }
     }
     std::ranges::sort(m_sources, {}, [](const Source& source) { return source.reading.name; });

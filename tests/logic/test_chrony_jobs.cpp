@@ -323,6 +323,81 @@ TEST_F(ChronyJobsTest, NewConfigurationIsPreparedAndTheFormerOneComesBackWhenThe
               "The former configuration did not come back: There is none.");
 }
 
+TEST_F(ChronyJobsTest, CompensationComesWithItsConfigurationAndGoesWithIt) {
+    setting.form = ServiceForm::systemd;
+    setting.chronyd = "/usr/sbin/chronyd";
+    setting.config = "/etc/chrony/chrony.conf";
+    const std::string former = "pool a\ntempcomp /sys/class/hwmon/hwmon0/temp1_input 1 /etc/old\nlogdir /l\n";
+    for (const char* path : {"/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"})
+        files[path] = "";
+    files[setting.config] = former;
+    AdminRequest request{
+        .job = AdminJob::install_tempcomp,
+        .compensation = {.points = "20000 1\n30000 -1\n",
+                         .name = "my.points",
+                         .sensor = {"/sys/devices/platform/coretemp.0/hwmon", "coretemp", "temp2_input"}}};
+    const Lines placed{"write T/to_be_installed.tempcomp",
+                       R"(TOOL checkitem "T/to_be_installed.tempcomp" "/etc/chrony/tickervantage.tempcomp" "0644")",
+                       "write T/to_be_installed_chrony.conf",
+                       R"(TOOL checkitem "T/to_be_installed_chrony.conf" "/etc/chrony/chrony.conf" "0644")",
+                       "TOOL guardchrony",
+                       "/bin/systemctl stop chrony.service",
+                       R"(TOOL installitem "T/to_be_installed.tempcomp" "/etc/chrony/tickervantage.tempcomp" "0644")",
+                       R"(TOOL usesensor "/sys/devices/platform/coretemp.0/hwmon" "coretemp" "temp2_input")",
+                       R"(TOOL installitem "T/to_be_installed_chrony.conf" "/etc/chrony/chrony.conf" "0644")",
+                       "TOOL createdirectory /l",
+                       "/bin/systemctl start chrony.service"};
+    EXPECT_EQ(series(request), placed);
+    const std::string text = written("T/to_be_installed_chrony.conf");
+    EXPECT_EQ(text, "pool a\nlogdir /l\ntempcomp /etc/chrony/tickervantage.temperature 10 "
+                    "/etc/chrony/tickervantage.tempcomp\nlog tracking tempcomp\n");
+
+    // The daemon runs, and says that it has no temperature: what there was comes back, the former sensor too.
+    steps = {};
+    steps.carried_out = true;
+    steps.answer = [&](const std::string& command) -> std::string {
+        if (command.find("installitem") != std::string::npos)
+            files[setting.config] = text;
+        return command.find("status") == std::string::npos ? ""
+                                                           : "x chronyd[9]: Could not read temperature from /etc/x\n";
+    };
+    const std::string sensors = "/etc/systemd/system/chrony.service.d/tickervantage-sensor.conf";
+    files[sensors] = sensor_drop_in({"/sys/devices/a/hwmon", "lm75", "temp1_input"});
+    files["/etc/chrony/tickervantage.tempcomp"] = "1000 1\n2000 1\n";
+    EXPECT_EQ(run(request), "chronyd cannot read the temperature with this configuration. The former configuration is "
+                            "back, and chronyd runs with it again.");
+    const Lines back{
+        R"(TOOL restoreformer "/etc/chrony/chrony.conf")", R"(TOOL restoreformer "/etc/chrony/tickervantage.tempcomp")",
+        R"(TOOL usesensor "/sys/devices/a/hwmon" "lm75" "temp1_input")", "/bin/systemctl start chrony.service"};
+    const Lines all = series();
+    ASSERT_GE(all.size(), back.size());
+    EXPECT_EQ(Lines(all.end() - 4, all.end()), back);
+
+    // Points that cannot be placed leave the former configuration where it is.
+    steps = {};
+    files[setting.config] = former;
+    files.erase(sensors);
+    files.erase("/etc/chrony/tickervantage.tempcomp");
+    steps.failing = {{"usesensor", "No such sensor."}};
+    EXPECT_EQ(run(request), "The configuration was not installed: No such sensor.");
+    const Lines undone{R"(TOOL removeitem "/etc/chrony/tickervantage.tempcomp")", "TOOL dropsensor",
+                       "/bin/systemctl start chrony.service"};
+    const Lines tried = series();
+    EXPECT_EQ(Lines(tried.end() - 3, tried.end()), undone);
+
+    steps = {};
+    request.compensation.points = "20 1\n30 -1\n";
+    EXPECT_EQ(run(request), "my.points has temperatures in degrees, while the sensor gives thousandths of a degree.");
+    EXPECT_EQ(run({AdminJob::remove_tempcomp}), "The configuration holds no compensation that was installed here.");
+    EXPECT_TRUE(steps.steps().empty());
+    files[setting.config] = text;
+    EXPECT_EQ(run({AdminJob::remove_tempcomp}), "");
+    EXPECT_EQ(written("T/to_be_installed_chrony.conf"), "pool a\nlogdir /l\n");
+    const Lines removed = series();
+    EXPECT_EQ(Lines(removed.end() - 2, removed.end()),
+              (Lines{R"(TOOL removeitem "/etc/chrony/tickervantage.tempcomp")", "TOOL dropsensor"}));
+}
+
 TEST_F(ChronyJobsTest, FileThatIsNotThereAfterwardsWasNotInstalledWhateverTheReplies) {
     steps.carried_out = true;
     EXPECT_EQ(run({.job = AdminJob::install_config, .configuration = "local\n"}),

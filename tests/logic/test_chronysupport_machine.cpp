@@ -1,5 +1,6 @@
 // What chronysupport does with the machine's time services and our own installation, on a machine in a folder.
 #include "chrony/services/chrony_services.h"
+#include "chrony/services/compensation_sensor.h"
 #include "roothelper/support/verbs.h"
 #include "support/child_program.h"
 #include "support/scripted_execute.h"
@@ -166,6 +167,48 @@ TEST_F(ChronysupportMachineTest, TheDistributionsUnitGetsDropInsAndLosesThem) {
     EXPECT_FALSE(fs::exists(clock));
     ASSERT_TRUE(run({"removeinstallation"})) << m_line;
     EXPECT_FALSE(fs::exists(at("/etc/systemd/system/chrony.service.d")));
+}
+
+// The unit's own command is run here, on the machine in a folder, after the kernel has numbered its sensors anew.
+TEST_F(ChronysupportMachineTest, ASensorIsFoundAgainWhateverItsNumber) {
+    m_systemd.units["chrony.service"] = {.enabled = true, .active = true};
+    const std::string device = "/sys/devices/platform/coretemp.0/hwmon";
+    const auto chip = [&](const std::string& number, const std::string& name, const std::string& temperature) {
+        put(device + "/hwmon" + number + "/name", name + "\n");
+        put(device + "/hwmon" + number + "/temp1_input", temperature + "\n");
+    };
+    chip("2", "coretemp", "41000");
+    EXPECT_FALSE(run({"usesensor", device, "other", "temp1_input"}));
+    EXPECT_EQ(m_line, "The sensor temp1_input of the chip other is not there, or gives no temperature.");
+    EXPECT_FALSE(run({"usesensor", device + "/$(id)", "coretemp", "temp1_input"}));
+    const auto drop_in = at("/etc/systemd/system/chrony.service.d/tickervantage-sensor.conf");
+    EXPECT_FALSE(fs::exists(drop_in));
+    ASSERT_TRUE(run({"usesensor", device, "coretemp", "temp1_input"})) << m_line;
+    EXPECT_EQ(contents(at("/etc/chrony/tickervantage.temperature")), "");
+    EXPECT_EQ(m_systemd.calls.back(), "daemon-reload");
+    const std::string text = contents(drop_in);
+    EXPECT_EQ(sensor_in_drop_in(text), (SensorPlace{device, "coretemp", "temp1_input"}));
+    EXPECT_TRUE(
+        text.ends_with("\nBindReadOnlyPaths=-/run/tickervantage-temperature:/etc/chrony/tickervantage.temperature\n"))
+        << text;
+
+    const auto begin = text.find("-c '") + 4;
+    std::string script = text.substr(begin, text.find('\'', begin) - begin);
+    for (const std::string folder : {" /run/", " /sys/"})
+        for (auto found = script.find(folder); found != std::string::npos; found = script.find(folder, found + 1))
+            script.replace(found, 1, ' ' + at(""));
+    fs::create_directories(at("/run"));
+    fs::rename(at(device + "/hwmon2"), at(device + "/hwmon7"));
+    chip("2", "other", "1000");
+    for (int boot = 0; boot < 2; ++boot) {                                  // the second finds what the first left
+        ASSERT_EQ(std::system(("/bin/sh -c '" + script + "'").c_str()), 0); // NOLINT: one thread
+        EXPECT_EQ(contents(at("/run/tickervantage-temperature")), "41000\n");
+    }
+
+    ASSERT_TRUE(run({"dropsensor"})) << m_line;
+    EXPECT_FALSE(fs::exists(at("/etc/systemd/system/chrony.service.d")));
+    EXPECT_FALSE(fs::exists(at("/etc/chrony/tickervantage.temperature")));
+    EXPECT_TRUE(run({"dropsensor"})) << "again";
 }
 
 TEST_F(ChronysupportMachineTest, ThePackageRemovesNoProgramOfADistribution) {

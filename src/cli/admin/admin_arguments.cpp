@@ -23,6 +23,11 @@ const char* description_of(AdminJob job) {
         return "Install a configuration and restart chronyd; the former one comes back when it dies";
     case AdminJob::restore_config:
         return "Bring back a configuration that was installed before, or list them";
+    case AdminJob::install_tempcomp:
+        return "Have chronyd compensate for the temperature by a table of points; what was there comes back when it "
+               "dies";
+    case AdminJob::remove_tempcomp:
+        return "Take back the compensation for the temperature";
     case AdminJob::rotate_logs:
         return "Rotate chrony's logs now";
     case AdminJob::log_permission:
@@ -46,6 +51,10 @@ const char* description_of(AdminJob job) {
 void add_own_options(CLI::App& command, AdminJob job, AdminArguments& arguments) {
     if (job == AdminJob::install_config)
         command.add_option("FILE", arguments.file, "the configuration")->required();
+    if (job == AdminJob::install_tempcomp) {
+        command.add_option("FILE", arguments.file, "the points, as tickerctl tempcomp writes them")->required();
+        command.add_option("--sensor", arguments.sensor, "the sensor that they are for; default: the only one");
+    }
     if (job == AdminJob::restore_config) {
         auto* number = command.add_option("NUMBER", arguments.number, "of the configuration; without: list them");
         command.add_flag("--list", arguments.list, "list them: number, date, user, and why");

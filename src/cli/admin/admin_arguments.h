@@ -15,7 +15,8 @@ namespace tickervantage {
 
 struct AdminArguments {
     AdminJob job = AdminJob::install;
-    std::string file;   // of install-config
+    std::string file;   // of install-config and install-tempcomp
+    std::string sensor; // of install-tempcomp; empty: the only one
     std::string server; // of sync
     std::optional<int> timeout_seconds;
     bool no_restart = false;

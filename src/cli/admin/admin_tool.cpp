@@ -5,8 +5,10 @@
 #include "cli/tool.h"
 #include "history/history_recorder.h"
 #include "history/history_writer.h"
+#include "linux/machine_sensors.h"
 #include "roothelper/client/terminal_agent.h"
 #include "roothelper/jobs/chrony_jobs.h"
+#include "roothelper/jobs/sensor_place.h"
 #include "roothelper/jobs/this_machine.h"
 #include "settings/preferences.h"
 #include "settings/settings_catalogue.h"
@@ -21,6 +23,22 @@ namespace {
 ThisMachine machine_of(DaemonAccess& daemon, const Paths& paths, ServiceForm form) {
     const char* search_path = std::getenv("PATH"); // NOLINT(concurrency-mt-unsafe): nobody changes it
     return {daemon.execute(), paths, search_path == nullptr ? "" : search_path, form};
+}
+
+// The sensor of that name, or the only one.
+Result<SensorPlace> chosen_sensor(const std::string& name) {
+    MachineSensors sensors;
+    const auto readings = sensors.read();
+    std::string names;
+    for (const SensorReading& one : readings) {
+        if (one.name == name || (name.empty() && readings.size() == 1))
+            return place_of_sensor(one.file, one.name);
+        names += (names.empty() ? "" : ", ") + one.name;
+    }
+    if (readings.empty())
+        return failed(FailureCode::no_sensor_here);
+    return name.empty() ? failed(FailureCode::which_sensor, {names})
+                        : failed(FailureCode::no_such_sensor, {name, names});
 }
 
 } // namespace
@@ -66,12 +84,19 @@ int Tool::admin_request(AdminRequest& request) {
                .offset_seconds = asked.offset_seconds};
     if (asked.job == AdminJob::restore_config)
         return find_kept_text(request.configuration);
-    if (asked.job != AdminJob::install_config)
+    if (asked.job != AdminJob::install_config && asked.job != AdminJob::install_tempcomp)
         return 0;
     auto text = machine_of(m_daemon, m_paths, asked.form).read_file(asked.file);
     if (!text)
         return fail("The file " + asked.file + " cannot be read.");
-    request.configuration = std::move(*text);
+    if (asked.job == AdminJob::install_config) {
+        request.configuration = std::move(*text);
+        return 0;
+    }
+    const auto sensor = chosen_sensor(asked.sensor);
+    if (!sensor)
+        return fail(english(sensor.error()));
+    request.compensation = {.points = std::move(*text), .name = asked.file, .sensor = *sensor};
     return 0;
 }
 

@@ -84,15 +84,6 @@ TimedSamples samples_in_csv(std::string_view text, const std::string& sensor) {
     return samples;
 }
 
-TimedSamples samples_in_map(const ScatterMap& map) {
-    TimedSamples samples;
-    for (const auto& [sensor, entry] : map)
-        for (std::size_t at = 0; at < entry.points.size(); ++at)
-            if (const auto time = entry.points.time(at))
-                samples[sensor].push_back({*time, entry.points[at].temperature, entry.points[at].frequency});
-    return samples;
-}
-
 std::string rounded(double value) {
     return fmt::format("{:.3g}", value);
 }
@@ -137,9 +128,7 @@ std::string table_text(const Compensation& compensation, const CompensationTable
             text += (text.empty() ? "" : " ") + fmt::format("{:.9g}", value);
         return text + '\n';
     }
-    for (const TempcompPoint& point : points_of(compensation, table.unit))
-        text += fmt::format("{:g} {:.4f}\n", point.temperature, point.compensation + 0.0);
-    return text;
+    return points_text(points_of(compensation, table.unit));
 }
 
 void print_compensation_json(const CompensationStudy& study, const CompensationTable& table, std::ostream& out) {

@@ -4,6 +4,7 @@
 #include "base/failure.h"
 #include "base/user_files.h"
 #include "studies/laboratory/compensation.h"
+#include "studies/laboratory/compensation_choice.h"
 
 #include <iosfwd>
 #include <map>
@@ -12,9 +13,6 @@
 #include <vector>
 
 namespace tickervantage {
-
-// By sensor, with the times at which they were read.
-using TimedSamples = std::map<std::string, std::vector<TemperatureSample>>;
 
 // A .csv with a line of column names (temperature, frequency, time, and sensor where there are several), else a scatter
 // map. Samples without a time are left out; fails where none has one.

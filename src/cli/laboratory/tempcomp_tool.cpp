@@ -6,6 +6,7 @@
 #include "linux/posix_user_files.h"
 
 #include <iostream>
+#include <limits>
 
 namespace tickervantage {
 namespace {
@@ -34,15 +35,14 @@ int verify(const std::string& path) {
 }
 
 // What the clock would have done without the compensation that was in use.
-Result<> take_off(const std::string& path, double unit, std::vector<TemperatureSample>& samples) {
+Result<> take_off_table(const std::string& path, double unit, std::vector<TemperatureSample>& samples) {
     const auto text = text_in(path);
     if (!text)
         return tl::unexpected(text.error());
     const auto points = read_tempcomp_points(*text, path);
     if (!points)
         return tl::unexpected(points.error());
-    for (TemperatureSample& sample : samples)
-        sample.frequency -= compensation_in(*points, sample.temperature * unit);
+    take_off(*points, unit, std::numeric_limits<std::int64_t>::min(), samples);
     return {};
 }
 
@@ -56,7 +56,7 @@ Result<std::vector<TemperatureSample>> samples_to_fit(const LaboratoryArguments&
         return samples;
     table.sensor = arguments.sensor.empty() ? all->begin()->first : arguments.sensor;
     if (arguments.applied)
-        if (auto taken = take_off(*arguments.applied, table.unit, *samples); !taken)
+        if (auto taken = take_off_table(*arguments.applied, table.unit, *samples); !taken)
             return tl::unexpected(taken.error());
     return samples;
 }

@@ -1,6 +1,7 @@
 #include "roothelper/grammar/helper_content.h"
 
 #include "base/failure_codes.h"
+#include "chrony/services/compensation_sensor.h"
 #include "roothelper/grammar/helper_question.h"
 
 #include <algorithm>
@@ -165,6 +166,15 @@ bool is_zone(std::string_view name) {
     return name.front() != '/' && name.front() != ':' && name.find("..") == std::string_view::npos;
 }
 
+// A sensor of the kernel's, and points of root's: chronyd opens the one at each look, and opening is all it takes with
+// some devices.
+bool is_safe_compensation(const Words& words) {
+    if (words.size() != 4 && words.size() != 7)
+        return false;
+    const bool is_sensor = words[1] == compensation_temperature_path || is_inside(words[1], "/sys/class/hwmon/");
+    return is_sensor && (words.size() == 7 || is_in_roots_folder(words[3]));
+}
+
 bool is_safe(const Words& words, const HelperRules& rules) {
     const auto& name = words[0];
     if (holds(harmless, name))
@@ -177,6 +187,8 @@ bool is_safe(const Words& words, const HelperRules& rules) {
         return words.size() == 2 && words[1].starts_with("/dev/rtc") && is_plain_path(words[1]);
     if (name == "refclock")
         return is_safe_clock(words, rules);
+    if (name == "tempcomp")
+        return is_safe_compensation(words);
     if (name == "leapsectz")
         return words.size() == 2 && is_zone(words[1]);
     return words.size() > 1 && std::all_of(words.begin() + 1, words.end(), [&](const auto& path) {

@@ -26,7 +26,7 @@ inline constexpr const char* protocol_property = "Protocol"; // u
 inline constexpr const char* refused_error = "net.brisklane.chronyhelper.Error.Refused";
 
 // Goes up when a message or the list of requests changes: only then a helper and a program do not fit together.
-inline constexpr std::uint32_t protocol = 2;
+inline constexpr std::uint32_t protocol = 3;
 
 // The bundle that packages install. They bring the helper's files along, and nobody else changes those.
 inline constexpr const char* package_bundle = "/usr/lib/tickervantage/Tickervantage.app";

@@ -43,7 +43,7 @@ bool whole_line(std::string_view line, Parser& parser) {
 } // namespace
 
 std::string_view helper_verb_name(HelperVerb verb) {
-    constexpr std::array<std::string_view, 26> names{"quit",
+    constexpr std::array<std::string_view, 28> names{"quit",
                                                      "chronyc_report",
                                                      "synchronise",
                                                      "run_chronywake",
@@ -68,7 +68,9 @@ std::string_view helper_verb_name(HelperVerb verb) {
                                                      "open_logs",
                                                      "check_item",
                                                      "guard_chrony",
-                                                     "resume_chrony"};
+                                                     "resume_chrony",
+                                                     "use_sensor",
+                                                     "drop_sensor"};
     return names.at(static_cast<std::size_t>(verb));
 }
 

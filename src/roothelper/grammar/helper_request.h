@@ -41,6 +41,8 @@ enum class HelperVerb : std::uint8_t {
     check_item,    // judges what installing would judge, and installs nothing
     guard_chrony,  // what the caller stops from now on is started again should the caller go away
     resume_chrony, // what the caller has stopped is started again
+    use_sensor,    // of the temperature, which chronyd reads from its next start on
+    drop_sensor,
 };
 
 // The verb's name in the journal.

@@ -3,6 +3,7 @@
 #include "base/failure_codes.h"
 #include "base/number_text.h"
 #include "base/text_lines.h"
+#include "chrony/services/compensation_sensor.h"
 #include "roothelper/grammar/helper_definitions.h"
 
 #include <algorithm>
@@ -99,6 +100,13 @@ bool is_configuration(const HelperRules& rules, std::string_view destination, It
     return true;
 }
 
+bool is_compensation(std::string_view destination, Item& item) {
+    if (destination != compensation_points_path)
+        return false;
+    item = {ItemKind::compensation, {}};
+    return true;
+}
+
 } // namespace
 
 bool is_plain_path(std::string_view path) {
@@ -149,7 +157,8 @@ bool find_item(const HelperRules& rules, std::string_view destination, Item& ite
     return is_program(rules.chronyc, destination, "chronyc", item) ||
            is_program(rules.chronyd, destination, "chronyd", item) ||
            is_program(rules.chronywake, destination, "chronywake", item) || is_script(rules, destination, item) ||
-           is_configuration(rules, destination, item) || is_definition(destination, item);
+           is_configuration(rules, destination, item) || is_definition(destination, item) ||
+           is_compensation(destination, item);
 }
 
 } // namespace tickervantage

@@ -41,7 +41,7 @@ struct HelperRules {
 [[nodiscard]] Result<> add_rules(std::string_view text, HelperRules& rules);
 
 // What may be installed where, and what its content is compared with.
-enum class ItemKind : unsigned char { program, script, configuration, service_definition };
+enum class ItemKind : unsigned char { program, script, configuration, service_definition, compensation };
 
 struct Item {
     ItemKind kind{};

@@ -1,6 +1,7 @@
 #include "roothelper/grammar/helper_grammar.h"
 
 #include "base/number_text.h"
+#include "chrony/services/compensation_sensor.h"
 #include "roothelper/grammar/helper_definitions.h"
 
 #include <algorithm>
@@ -86,8 +87,9 @@ bool add_user(const Words& words, Parser& parser) {
 }
 
 bool restore_former(const Words& words, Parser& parser) {
-    Item item;
-    if (!are(words, 2, "q") || !find_item(parser.rules, words[2].text, item) || item.kind != ItemKind::configuration)
+    Item& item = parser.request.item;
+    if (!are(words, 2, "q") || !find_item(parser.rules, words[2].text, item) ||
+        (item.kind != ItemKind::configuration && item.kind != ItemKind::compensation))
         return parser.refuse(FailureCode::nothing_former_there);
     parser.request.destination = words[2].text;
     return parser.accept_tool(HelperVerb::restore_former, words);
@@ -117,6 +119,12 @@ bool adjust_clock(const Words& words, Parser& parser) {
     return parser.accept_tool(HelperVerb::adjust_clock, words);
 }
 
+bool use_sensor(const Words& words, Parser& parser) {
+    if (!are(words, 2, "qqq") || !is_plain_sensor({words[2].text, words[3].text, words[4].text}))
+        return parser.refuse(FailureCode::no_plain_sensor);
+    return parser.accept_tool(HelperVerb::use_sensor, words);
+}
+
 bool bare_verb(HelperVerb verb, const Words& words, Parser& parser) {
     return words.size() == 2 ? parser.accept_tool(verb, words) : parser.refuse(FailureCode::verb_takes_none);
 }
@@ -134,16 +142,17 @@ bool tool_line(const Words& words, Parser& parser) {
     if (words.size() < 2 || words[1].is_quoted)
         return parser.refuse(FailureCode::verb_missing);
     using Handler = bool (*)(const Words&, Parser&);
-    constexpr std::array<std::pair<std::string_view, Handler>, 9> handlers{{{"installitem", install_item},
-                                                                            {"checkitem", check_item},
-                                                                            {"removeitem", remove_item},
-                                                                            {"createdirectory", create_directory},
-                                                                            {"adduser", add_user},
-                                                                            {"steptime", step_time},
-                                                                            {"rotatelogs", rotate_logs},
-                                                                            {"restoreformer", restore_former},
-                                                                            {"adjustclock", adjust_clock}}};
-    constexpr std::array<std::pair<std::string_view, HelperVerb>, 9> bare{
+    constexpr std::array<std::pair<std::string_view, Handler>, 10> handlers{{{"installitem", install_item},
+                                                                             {"checkitem", check_item},
+                                                                             {"removeitem", remove_item},
+                                                                             {"createdirectory", create_directory},
+                                                                             {"adduser", add_user},
+                                                                             {"steptime", step_time},
+                                                                             {"rotatelogs", rotate_logs},
+                                                                             {"restoreformer", restore_former},
+                                                                             {"adjustclock", adjust_clock},
+                                                                             {"usesensor", use_sensor}}};
+    constexpr std::array<std::pair<std::string_view, HelperVerb>, 10> bare{
         {{"stopchrony", HelperVerb::stop_chrony},
          {"guardchrony", HelperVerb::guard_chrony},
          {"resumechrony", HelperVerb::resume_chrony},
@@ -152,6 +161,7 @@ bool tool_line(const Words& words, Parser& parser) {
          {"displaceservices", HelperVerb::displace_services},
          {"restoreservices", HelperVerb::restore_services},
          {"openlogs", HelperVerb::open_logs},
+         {"dropsensor", HelperVerb::drop_sensor},
          {"startwake", HelperVerb::start_wake}}};
     for (const auto& [name, handler] : handlers)
         if (words[1].text == name)

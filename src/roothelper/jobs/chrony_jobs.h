@@ -6,6 +6,7 @@
 #pragma once
 
 #include "base/paths.h"
+#include "chrony/services/compensation_sensor.h"
 #include "roothelper/jobs/job_commands.h"
 #include "roothelper/jobs/job_machine.h"
 #include "settings/preferences.h"
@@ -31,6 +32,12 @@ struct JobSetting {
     ServiceForm form = native_service_form;
 };
 
+struct CompensationOrder {
+    std::string points = {}; // as chronyd reads them, temperatures in thousandths of a degree
+    std::string name = {};   // of the file that they come from, for failures
+    SensorPlace sensor = {};
+};
+
 class ChronyJobs {
 public:
     // For one job. The machine and the steps outlive it.
@@ -43,6 +50,10 @@ public:
     Result<> wake_tool(); // installs or removes it, as the setting has it
     Result<> run_chronywake();
     Result<> install_configuration(const std::string& text);
+    // Puts chronyd's temperature compensation in place and restarts it. A daemon that does not survive that, or that
+    // cannot read the temperature, gets back what there was.
+    Result<> install_compensation(const CompensationOrder& order);
+    Result<> remove_compensation();
     Result<> rotate_logs();
     Result<> log_permission();
     Result<> adjust_clock(); // or leave it alone, as the setting has it: the installed service, at once
@@ -73,6 +84,10 @@ private:
     [[nodiscard]] Result<> install_rotation(const std::string& configuration);
     [[nodiscard]] Result<> place_wake_tool();
     [[nodiscard]] StepReply place_configuration(const std::string& temporary, const std::string& text);
+    [[nodiscard]] Result<std::string> installed_text() const; // of the configuration, for systemd's chronyd
+    [[nodiscard]] Result<> place_compensation();
+    void take_back_compensation();
+    [[nodiscard]] bool has_temperature();
     [[nodiscard]] bool has_service() const;
     [[nodiscard]] Result<> read_by_its_daemon() const;
     [[nodiscard]] bool holds(const std::string& text) const; // the installed configuration
@@ -81,12 +96,22 @@ private:
     [[nodiscard]] Result<> present_after(const std::vector<std::string>& paths) const;
     [[nodiscard]] bool comes_up();
     [[nodiscard]] std::string daemon_complaint();
-    [[nodiscard]] std::string log_folder() const; // as the installed configuration has it
+    [[nodiscard]] std::string daemon_name() const; // of its unit, without ending
+    [[nodiscard]] std::string log_folder() const;  // as the installed configuration has it
     [[nodiscard]] std::string script() const;
     [[nodiscard]] std::string bundle_program(const char* name) const;
     [[nodiscard]] std::string bundle_resource(const char* name) const;
     [[nodiscard]] ServiceDescription daemon() const;
     [[nodiscard]] ServiceDescription wake() const;
+
+    // What is placed with the next configuration, and what was there before.
+    struct CompensationChange {
+        std::string points;
+        std::string prepared; // the file that holds them, to be installed
+        SensorPlace sensor;
+        std::optional<std::string> former_points;
+        std::optional<SensorPlace> former_sensor;
+    };
 
     JobSetting m_setting;
     const JobMachine& m_machine;
@@ -94,6 +119,8 @@ private:
     StepReply m_start_reply; // what the latest start of the daemon answered
     std::string m_unit;      // of the distribution, when its chrony is the one in use; empty: our own
     std::string m_output;
+    std::optional<CompensationChange> m_compensation;
+    bool m_lacks_temperature = false; // found after the latest start
 };
 
 // What chronyd's syntax check found wrong.

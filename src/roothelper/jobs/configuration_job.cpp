@@ -55,8 +55,11 @@ std::string complaint_in(const std::string& report) {
 std::string ChronyJobs::daemon_complaint() {
     if (auto said = complaint_in(m_start_reply.text); !said.empty())
         return said;
-    const auto label = m_unit.empty() ? std::string(daemon_label) : m_unit.substr(0, m_unit.rfind('.'));
-    return complaint_in(m_commands.attempt(status_line(m_setting.form, label)).text);
+    return complaint_in(m_commands.attempt(status_line(m_setting.form, daemon_name())).text);
+}
+
+std::string ChronyJobs::daemon_name() const {
+    return m_unit.empty() ? std::string(daemon_label) : m_unit.substr(0, m_unit.rfind('.'));
 }
 
 // What fails here the daemon complains of when it is started.
@@ -75,9 +78,13 @@ void ChronyJobs::prepare_configuration(const std::string& text) {
 StepReply ChronyJobs::place_configuration(const std::string& temporary, const std::string& text) {
     guard();
     stop_daemon();
-    auto placed = m_commands.install_item(temporary, m_setting.config, SupportTool::file_mode, false);
+    StepReply placed{.outcome = place_compensation()};
+    if (placed.outcome)
+        placed = m_commands.install_item(temporary, m_setting.config, SupportTool::file_mode, false);
     if (placed.outcome) // what was refused must not leave a user or a folder behind
         prepare_configuration(text);
+    else
+        take_back_compensation();
     start_daemon();
     return placed;
 }
@@ -103,7 +110,7 @@ bool ChronyJobs::has_service() const {
 // A service that is not there cannot come up, and no configuration is to blame for that.
 bool ChronyJobs::comes_up() {
     return !m_commands.are_carried_out() || !has_service() ||
-           (m_start_reply.outcome && m_machine.daemon_survives(m_unit));
+           (m_start_reply.outcome && m_machine.daemon_survives(m_unit) && has_temperature());
 }
 
 Result<> ChronyJobs::install_configuration(const std::string& text) {
@@ -131,10 +138,12 @@ Result<> ChronyJobs::install_configuration(const std::string& text) {
 }
 
 Failure ChronyJobs::recover(bool had_former) {
-    const std::string complaint = daemon_complaint();
+    const std::string complaint = m_lacks_temperature ? std::string() : daemon_complaint();
+    const auto what =
+        m_lacks_temperature ? FailureCode::compensation_without_temperature : FailureCode::chronyd_ended_soon;
     Failure end = had_former ? bring_back_former() : Failure{.code = FailureCode::no_former_configuration};
     if (complaint.empty())
-        return failed(FailureCode::chronyd_ended_soon, {}, std::move(end)).value();
+        return failed(what, {}, std::move(end)).value();
     return failed(FailureCode::chronyd_ended_saying, {without_full_stop(complaint)}, std::move(end)).value();
 }
 
@@ -142,6 +151,7 @@ Failure ChronyJobs::bring_back_former() {
     guard();
     stop_daemon();
     const StepReply restored = m_commands.attempt(m_commands.tool().restore_former(m_setting.config));
+    take_back_compensation();
     start_daemon();
     (void)restart_gpsd_if_there(); // the words tell of chronyd
     if (!restored.outcome)

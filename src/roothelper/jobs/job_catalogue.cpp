@@ -9,7 +9,7 @@
 namespace tickervantage {
 namespace {
 
-constexpr std::array<AdminJobEntry, 16> entries{{
+constexpr std::array<AdminJobEntry, 18> entries{{
     {AdminJob::install, "install", "net.brisklane.installchrony", "Installing chrony software"},
     {AdminJob::uninstall, "uninstall", "net.brisklane.uninstallchrony", "Removing chrony software"},
     {AdminJob::start, "start", "net.brisklane.startchrony", "Starting chronyd daemon"},
@@ -18,6 +18,8 @@ constexpr std::array<AdminJobEntry, 16> entries{{
     {AdminJob::run_wake, "run-wake", "net.brisklane.runchronywake", "Running chronywake"},
     {AdminJob::install_config, "install-config", "net.brisklane.installconfig", "Installing the configuration"},
     {AdminJob::restore_config, "restore-config", "net.brisklane.installconfig", "Bringing back a configuration"},
+    {AdminJob::install_tempcomp, "install-tempcomp", "net.brisklane.installconfig", "Installing the compensation"},
+    {AdminJob::remove_tempcomp, "remove-tempcomp", "net.brisklane.installconfig", "Taking back the compensation"},
     {AdminJob::rotate_logs, "rotate-logs", "net.brisklane.rotatelogs", "Rotating chrony's logs"},
     {AdminJob::log_permission, "log-permission", "net.brisklane.logpermission", ""},
     {AdminJob::restart_gpsd, "restart-gpsd", "net.brisklane.restartgpsd", ""},
@@ -68,6 +70,10 @@ Result<> play(const AdminRequest& request, ChronyJobs& jobs) {
     case AdminJob::install_config:
     case AdminJob::restore_config: // what was good once is checked like any other
         return jobs.install_configuration(request.configuration);
+    case AdminJob::install_tempcomp:
+        return jobs.install_compensation(request.compensation);
+    case AdminJob::remove_tempcomp:
+        return jobs.remove_compensation();
     case AdminJob::rotate_logs:
         return jobs.rotate_logs();
     case AdminJob::log_permission:

@@ -28,6 +28,8 @@ enum class AdminJob : unsigned char {
     run_wake,
     install_config,
     restore_config,
+    install_tempcomp,
+    remove_tempcomp,
     rotate_logs,
     log_permission,
     restart_gpsd,
@@ -46,6 +48,7 @@ struct AdminRequest {
     int timeout_seconds = 30;
     bool restart = true; // after a synchronisation
     double offset_seconds = 0;
+    CompensationOrder compensation = {};
 };
 
 struct AdminJobEntry {

@@ -140,6 +140,10 @@ std::string SupportTool::adjust_clock(bool on) const {
     return verb(on ? "adjustclock on" : "adjustclock off");
 }
 
+std::string SupportTool::use_sensor(const SensorPlace& sensor) const {
+    return fmt::format(R"({} usesensor "{}" "{}" "{}")", m_tool, sensor.device, sensor.chip, sensor.input);
+}
+
 std::string SupportTool::rotate_logs(const std::string& script, const std::string& log_folder) const {
     return fmt::format(R"({} rotatelogs "{}" "{}")", m_tool, script, log_folder);
 }

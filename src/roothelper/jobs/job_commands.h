@@ -3,6 +3,7 @@
 
 #include "base/failure.h"
 #include "chrony/services/chrony_services.h"
+#include "chrony/services/compensation_sensor.h"
 #include "roothelper/jobs/job_steps.h"
 
 #include <optional>
@@ -41,8 +42,9 @@ public:
     // Of the distribution's chrony.
     [[nodiscard]] std::string adjust_clock(bool on) const;
     [[nodiscard]] std::string rotate_logs(const std::string& script, const std::string& log_folder) const;
-    // A verb without arguments: stopchrony, startchrony, stopwake, startwake; guardchrony before a stop that must not
-    // last, resumechrony to undo it.
+    [[nodiscard]] std::string use_sensor(const SensorPlace& sensor) const;
+    // A verb without arguments: stopchrony, startchrony, stopwake, startwake, dropsensor; guardchrony before a stop
+    // that must not last, resumechrony to undo it.
     [[nodiscard]] std::string verb(const std::string& name) const;
 
 private:

@@ -1,6 +1,7 @@
 #include "roothelper/service/commands.h"
 
 #include "base/failure_line.h"
+#include "chrony/services/compensation_sensor.h"
 #include "roothelper/grammar/helper_content.h"
 #include "roothelper/service/trusted_files.h"
 
@@ -63,6 +64,9 @@ std::string changed_folder(const HelperRequest& request) {
         return parent_folder(without_spare_slashes(request.argv.back()));
     case HelperVerb::rotate_logs:
         return request.argv.back();
+    case HelperVerb::use_sensor:
+    case HelperVerb::drop_sensor:
+        return parent_folder(compensation_temperature_path);
     default:
         return {};
     }

@@ -2,6 +2,7 @@
 
 #include "base/failure_codes.h"
 #include "base/failure_line.h"
+#include "chrony/services/points_table.h"
 #include "roothelper/grammar/helper_includes.h"
 #include "roothelper/grammar/helper_names.h"
 #include "roothelper/grammar/helper_question.h"
@@ -99,8 +100,20 @@ void Job::check_content(const std::string& bytes) {
         return check_program(bytes);
     if (request.item.kind == ItemKind::configuration)
         return check_configuration(bytes);
+    if (request.item.kind == ItemKind::compensation)
+        return check_points(bytes);
     if (const auto checked = check_service_definition(request.destination, bytes, m_parts.rules); !checked)
         return refuse(checked.error());
+    if (stage(bytes))
+        take_next_step();
+}
+
+// chronyd ends at points that it cannot read, and some make it compensate wrongly.
+void Job::check_points(const std::string& bytes) {
+    if (const auto points = read_points_for_kernel(bytes, m_order.request.destination); !points)
+        return refuse(points.error());
+    if (m_order.request.verb == HelperVerb::restore_former)
+        return do_it();
     if (stage(bytes))
         take_next_step();
 }
@@ -126,6 +139,8 @@ void Job::check_former() {
     if (!former)
         return refuse(former.error());
     m_checked = former->value_or("");
+    if (m_order.request.item.kind == ItemKind::compensation)
+        return check_points(m_checked);
     const ConfigurationExchange exchange{destination, m_checked, text_at(destination)};
     if (*former && !m_parts.displaced.take(m_order.caller, exchange, seconds_since_boot()))
         return check_configuration(**former);
@@ -203,8 +218,8 @@ bool Job::former_is_unchanged() const {
 
 std::string Job::changed_configuration() const {
     const auto& request = m_order.request;
-    const bool installs = request.verb == HelperVerb::install_item && request.item.kind == ItemKind::configuration;
-    return installs || request.verb == HelperVerb::restore_former ? request.destination : std::string();
+    const bool changes = request.verb == HelperVerb::install_item || request.verb == HelperVerb::restore_former;
+    return changes && request.item.kind == ItemKind::configuration ? request.destination : std::string();
 }
 
 // What was agreed to: this text at this place. In place of another one than then it would have other unsafe lines.

@@ -62,6 +62,7 @@ private:
     void source_was_read(const ChildEnd& result);
     void check_content(const std::string& bytes);
     void check_program(const std::string& bytes);
+    void check_points(const std::string& bytes);
     void check_former();
     void check_configuration(const std::string& bytes);
     void syntax_was_checked(const ChildEnd& result);

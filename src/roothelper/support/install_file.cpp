@@ -160,6 +160,10 @@ int write_draft(Draft& draft, int source, off_t size, const OwnerAndMode& wanted
                : -1;
 }
 
+bool is_kept(const std::string& name) {
+    return name.ends_with(".conf") || name.ends_with(".tempcomp");
+}
+
 // Keeps the file that is about to be replaced under a second name. The same bytes again replace nothing: what came
 // before them stays the former one.
 int keep_former(const Place& place, int replacement) {
@@ -196,7 +200,7 @@ Result<> install_file(const Installation& what, const PathRules& rules) {
     Draft draft(place.folder.get(), place.name);
     if (write_draft(draft, source->file.get(), source->size, {*owner, *mode}) != 0)
         return failed(FailureCode::cannot_write, {what.destination}, errno);
-    if (place.name.ends_with(".conf") && keep_former(place, draft.get()) != 0)
+    if (is_kept(place.name) && keep_former(place, draft.get()) != 0)
         return failed(FailureCode::cannot_keep_former, {what.destination}, errno);
     if (draft.put_in_place() != 0)
         return failed(FailureCode::cannot_replace, {what.destination}, errno);

@@ -4,8 +4,8 @@
 // sees the old file or the new one, also after a kill or a power cut at any moment; what a killed run left beside is
 // taken away by the next. Two runs in one folder wait for each other, ten seconds at most.
 //
-// A configuration ("*.conf") that is replaced by another stays beside it as "<path>.former", with its owner and mode,
-// until the next one: so a daemon that does not start with the new one can have the old one back.
+// A configuration ("*.conf", "*.tempcomp") that is replaced by another stays beside it as "<path>.former", with its
+// owner and mode, until the next one: so a daemon that does not start with the new one can have the old one back.
 //
 // Whether the person who asks may read the source is not known here: whoever offers a source for somebody else reads it
 // in that person's name first.

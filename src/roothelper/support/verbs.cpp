@@ -2,6 +2,7 @@
 
 #include "base/failure_codes.h"
 #include "roothelper/support/accounts.h"
+#include "roothelper/support/compensation_sensor_unit.h"
 #include "roothelper/support/distribution_options.h"
 #include "roothelper/support/folders.h"
 #include "roothelper/support/install_file.h"
@@ -88,6 +89,11 @@ constexpr std::array verbs{
              return rotate_logs(parts.units.execute, a[0], a[1], parts.rules);
          }},
     Verb{"adjustclock", 1, set_clock_option},
+    Verb{"usesensor", 3,
+         [](const Arguments& a, const SupportParts& parts) {
+             return use_sensor(machine_of(parts), {a[0], a[1], a[2]});
+         }},
+    Verb{"dropsensor", 0, on_machine<drop_sensor>},
     Verb{"openlogs", 0, on_machine<open_log_folder>},
     Verb{"displaceservices", 0, on_machine<displace_services>},
     Verb{"restoreservices", 0, on_machine<restore_services>},

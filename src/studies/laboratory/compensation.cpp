@@ -1,8 +1,8 @@
 #include "studies/laboratory/compensation.h"
 
 #include "base/failure_codes.h"
+#include "studies/laboratory/day_gain.h"
 
-#include <boost/math/distributions/students_t.hpp>
 #include <Eigen/Dense>
 #include <fmt/format.h>
 
@@ -15,7 +15,6 @@ namespace {
 constexpr std::int64_t seconds_a_day = 86400;
 constexpr std::size_t fewest_in_day = 10; // fewer say nothing of a day
 constexpr double worth_a_degree = 0.98;   // of the errors of the degree below
-constexpr double confidence = 0.95;
 
 // Sums over one day's samples, each column about its mean of that day: the powers of the scaled temperature, then the
 // frequency.
@@ -120,32 +119,18 @@ int best_degree(const std::vector<DaySums>& days, const Eigen::MatrixXd& all, in
     return best;
 }
 
-// The gain of each day is one look at it; their logarithms have Student's distribution about the mean.
 void set_gain(const std::vector<DaySums>& days, const std::vector<double>& rests, Compensation& compensation) {
-    constexpr double smallest = 1e-12; // ppm²: a day that the curve explains to the last digit
-    double before = 0;
-    double after = 0;
-    double squares = 0;
-    const auto count = static_cast<double>(days.size());
-    std::vector<double> gains;
+    std::vector<DayVariances> variances;
     for (std::size_t at = 0; at < days.size(); ++at) {
         const Eigen::Index y = days[at].products.cols() - 1;
-        const double own = std::log(std::max(days[at].products(y, y) / days[at].count, smallest)) / 2;
-        const double left = std::log(std::max(rests[at], smallest)) / 2;
-        before += own / count;
-        after += left / count;
-        gains.push_back(own - left);
+        variances.push_back({.before = days[at].products(y, y) / days[at].count, .after = rests[at]});
     }
-    for (const double gain : gains)
-        squares += (gain - (before - after)) * (gain - (before - after));
-    const boost::math::students_t distribution(count - 1);
-    const double reach =
-        boost::math::quantile(distribution, (1 + confidence) / 2) * std::sqrt(squares / (count - 1) / count);
-    compensation.before = std::exp(before);
-    compensation.after = std::exp(after);
-    compensation.gain = std::exp(before - after);
-    compensation.gain_low = std::exp(before - after - reach);
-    compensation.gain_high = std::exp(before - after + reach);
+    const DayGain found = day_gain(variances);
+    compensation.before = found.before;
+    compensation.after = found.after;
+    compensation.gain = found.gain;
+    compensation.gain_low = found.low;
+    compensation.gain_high = found.high;
 }
 
 // The powers of the temperature itself, the level from the samples.
@@ -242,6 +227,13 @@ std::vector<TempcompPoint> points_of(const Compensation& compensation, double un
     return points;
 }
 
+std::string points_text(const std::vector<TempcompPoint>& points) {
+    std::string text;
+    for (const TempcompPoint& point : points)
+        text += fmt::format("{:g} {:.4f}\n", point.temperature, point.compensation + 0.0);
+    return text;
+}
+
 std::optional<std::array<double, 4>> coefficients_of(const Compensation& compensation, double unit) {
     if (compensation.degree() > highest_coefficient_degree)
         return std::nullopt;
@@ -260,6 +252,13 @@ double compensation_in(const std::vector<TempcompPoint>& points, double temperat
     const TempcompPoint& high = points[after];
     return low.compensation + (temperature - low.temperature) / (high.temperature - low.temperature) *
                                   (high.compensation - low.compensation);
+}
+
+void take_off(const std::vector<TempcompPoint>& points, double unit, std::int64_t since,
+              std::vector<TemperatureSample>& samples) {
+    for (TemperatureSample& sample : samples)
+        if (sample.time >= since)
+            sample.frequency -= compensation_in(points, sample.temperature * unit);
 }
 
 } // namespace tickervantage

@@ -13,6 +13,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace tickervantage {
@@ -66,11 +67,18 @@ struct CompensationStudy {
 // One point each degree, in `unit`ths of a degree; beyond both ends the compensation stays what it is there.
 [[nodiscard]] std::vector<TempcompPoint> points_of(const Compensation& compensation, double unit);
 
+// A line for each point, as chronyd reads it.
+[[nodiscard]] std::string points_text(const std::vector<TempcompPoint>& points);
+
 // chronyd's T0, k0, k1 and k2, in the same unit; none where the curve has a higher degree.
 [[nodiscard]] std::optional<std::array<double, 4>> coefficients_of(const Compensation& compensation, double unit);
 
 // The compensation that chronyd works out of a table; between two points on the straight line between them, beyond the
 // ends on that of the last two. The table has two points or more.
 [[nodiscard]] double compensation_in(const std::vector<TempcompPoint>& points, double temperature);
+
+// What the clock would have done without the compensation that was in use from that moment on, s since 1970.
+void take_off(const std::vector<TempcompPoint>& points, double unit, std::int64_t since,
+              std::vector<TemperatureSample>& samples);
 
 } // namespace tickervantage

@@ -269,6 +269,35 @@ TEST_F(RootSide, ContentIsChecked) {
     EXPECT_EQ(send("EXECUTE \"" + tool + "\" removeitem \"/usr/local/bin/chronyc\"").find("200 OK"), 0U);
 }
 
+TEST_F(RootSide, PointsOfACompensationAreCheckedAndComeBack) {
+    authorise();
+    const std::string points = "/etc/chrony/tickervantage.tempcomp";
+    const auto install = [&](const std::string& text) {
+        return send(install_line(write("points", text), points));
+    };
+    for (const auto& [text, part] : {std::pair{"20000 1\n\n25000 1\n", "is blank"},
+                                     {"20000 1\n20000 2\n", "the same temperature"},
+                                     {"25000 1\n20000 2\n", "a lower temperature"},
+                                     {"20000 1\n", "fewer than two points"},
+                                     {"20 1\n25 1\n", "in degrees"},
+                                     {"20000 11\n25000 1\n", "more than 10 ppm"}}) {
+        const auto reply = install(text);
+        EXPECT_TRUE(is_sentence(reply) && reply.find(part) != std::string::npos) << reply;
+        EXPECT_FALSE(fs::exists(points));
+    }
+    EXPECT_EQ(install("20000 1\n25000 1\n"), "200 OK\n");
+    EXPECT_EQ(install("20000 2\n25000 2\n"), "200 OK\n");
+    const auto restore = "EXECUTE \"" + tool + "\" restoreformer \"" + points + "\"";
+    EXPECT_EQ(send(restore), "200 OK\n");
+    EXPECT_EQ(contents(points), "20000 1\n25000 1\n");
+    EXPECT_TRUE(is_sentence(send(restore))) << "once";
+    const auto sensor = " usesensor \"/sys/devices/virtual/none\" \"none\" \"temp1_input\"";
+    EXPECT_EQ(send("EXECUTE \"" + tool + "\"" + sensor),
+              "The sensor temp1_input of the chip none is not there, or gives no temperature.\n");
+    EXPECT_EQ(send("EXECUTE \"" + tool + "\" removeitem \"" + points + "\""), "200 OK\n");
+    EXPECT_EQ(send("EXECUTE \"" + tool + "\" dropsensor"), "chronyd reads no temperature.\n");
+}
+
 // root_side has left a former configuration from long ago that says "user root".
 TEST_F(RootSide, FormerConfigurationIsNoConsent) {
     authorise();
