@@ -9,6 +9,8 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <cstdint>
+#include <ctime>
 #include <utility>
 
 namespace tickervantage {
@@ -140,6 +142,24 @@ void AnalysisWindows::showHistory(const HistoryPlaces& places) {
         make_history();
     m_history->show_history(places);
     bring_to_front(*m_history);
+}
+
+void AnalysisWindows::make_laboratory() {
+    m_laboratory = std::make_unique<LaboratoryWindow>(
+        LaboratoryWindowParts{.main_thread = m_parts.main_thread,
+                              .files = m_parts.files,
+                              .queue = m_parts.log_queues.lend(),
+                              .exports = export_parts(),
+                              .now = [] { return std::int64_t{std::time(nullptr)}; },
+                              .can_turn_on_logs = m_parts.administration != nullptr});
+    connect(m_laboratory.get(), &LaboratoryWindow::logs_requested, this, &AnalysisWindows::logs_requested);
+}
+
+void AnalysisWindows::showLaboratory(const LaboratoryPlaces& places) {
+    if (!m_laboratory)
+        make_laboratory();
+    m_laboratory->show_laboratory(places);
+    bring_to_front(*m_laboratory);
 }
 
 void AnalysisWindows::make_spectrum() {

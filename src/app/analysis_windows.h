@@ -8,6 +8,7 @@
 #include "gui/freqtemp/freqtemp_window.h"
 #include "gui/freqtemp/sensor_inspector.h"
 #include "gui/history/history_window.h"
+#include "gui/laboratory/laboratory_window.h"
 #include "gui/spectrum/spectrum_window.h"
 #include "gui/tracking/tracking_window.h"
 
@@ -55,6 +56,9 @@ public:
     // The one window of the clock's history, made on first use; `places` are read anew each time.
     void showHistory(const HistoryPlaces& places);
 
+    // The one laboratory, likewise.
+    void showLaboratory(const LaboratoryPlaces& places);
+
     // The one spectrum window, made on first use.
     void showSpectrum();
 
@@ -79,6 +83,7 @@ private:
     void make_log_readable(TrackingWindow* window);
     void tracking_changed(); // another one is the last one used
     void make_history();
+    void make_laboratory();
     void make_spectrum();
     void make_inspector();
 
@@ -86,6 +91,7 @@ private:
     RecentFiles m_recent;
     std::list<TrackingWindow*> m_tracking; // open; the last one used stands last
     std::unique_ptr<HistoryWindow> m_history;
+    std::unique_ptr<LaboratoryWindow> m_laboratory;
     std::unique_ptr<SpectrumWindow> m_spectrum;
     std::unique_ptr<FreqTempWindow> m_freqtemp;
     std::unique_ptr<SensorInspector> m_inspector;

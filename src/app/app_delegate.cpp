@@ -498,11 +498,23 @@ void AppDelegate::showHistory() {
     });
 }
 
+// Likewise.
+void AppDelegate::showLaboratory() {
+    if (!m_daemon.tracking_log.empty()) {
+        analysis().showLaboratory({.log = m_daemon.tracking_log, .store = history_file(), .is_demonstration = true});
+        return;
+    }
+    with_log_folder([this](const std::string& folder) {
+        analysis().showLaboratory({.log = folder.empty() ? usual_log_folder : folder, .store = history_file()});
+    });
+}
+
 void AppDelegate::connect_items() {
     m_menus.on("showTickervantage", [this] { showTickervantage(); });
     m_menus.on("openTrackingLog", [this] { openTrackingLog(); });
     m_menus.on("liveTracking", [this] { liveTracking(); });
     m_menus.on("showHistory", [this] { showHistory(); });
+    m_menus.on("showLaboratory", [this] { showLaboratory(); });
     m_menus.on("showFreqTemp", [this] {
         analysis().showFreqTemp();
         m_main_window->cycle().go_on_for_listeners();

@@ -124,6 +124,7 @@ private:
     void openTrackingLog();
     void liveTracking();
     void showHistory();
+    void showLaboratory();
     void showLogs();
     template <class Use>
     void with_log_folder(Use use); // chrony's, empty where it names none

@@ -83,6 +83,8 @@ std::vector<Item> window_items() {
          QKeySequence(Qt::CTRL | Qt::Key_1)},
         {"showHistory", QT_TRANSLATE_NOOP("menus", "Histor&y of the Clock"), "document-open-recent",
          QKeySequence(Qt::CTRL | Qt::Key_H)},
+        {"showLaboratory", QT_TRANSLATE_NOOP("menus", "Clock &Laboratory"), "laboratory",
+         QKeySequence(Qt::CTRL | Qt::Key_B)},
         {"showServers", QT_TRANSLATE_NOOP("menus", "&Servers"), "network-server", QKeySequence(Qt::CTRL | Qt::Key_2)},
         {"showFreqTemp", QT_TRANSLATE_NOOP("menus", "&Frequency and Temperature"), "temperature",
          QKeySequence(Qt::CTRL | Qt::Key_3)},

@@ -20,7 +20,8 @@ struct PageOfWindow {
 
 constexpr auto correcting_at_once = "faq#how-do-i-correct-the-clock-at-once-safely";
 
-constexpr std::array<PageOfWindow, 13> pages{{{"HistoryWindow", "windows#history-of-the-clock"},
+constexpr std::array<PageOfWindow, 14> pages{{{"HistoryWindow", "windows#history-of-the-clock"},
+                                              {"LaboratoryWindow", "laboratory"},
                                               {"TrackingWindow", "windows#tracking-graph"},
                                               {"SpectrumWindow", "windows#spectrum"},
                                               {"FreqTempWindow", "windows#frequency-and-temperature"},

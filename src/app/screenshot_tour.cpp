@@ -151,6 +151,30 @@ void ScreenshotTour::plan_analysis() {
     m_stops.push_back({QStringLiteral("history"), show("showHistory"), history, has_data});
     m_stops.push_back(
         {QStringLiteral("history-dark"), [this, refresh] { show_dark(true), refresh(); }, history, has_data});
+    const QString laboratory = QStringLiteral("LaboratoryWindow");
+    const auto has_chart = [](const QWidget& window) {
+        const auto* page = window.findChild<QTabWidget*>(QStringLiteral("pages"))->currentWidget();
+        const auto* action = page->findChild<QAction*>(QStringLiteral("export_action"));
+        return action == nullptr || action->isEnabled();
+    };
+    const auto turn_to = [this, laboratory, refresh](int page, bool dark) {
+        return [this, laboratory, refresh, page, dark] {
+            show_dark(dark);
+            if (auto* window = window_of({{}, {}, laboratory}))
+                window->findChild<QTabWidget*>(QStringLiteral("pages"))->setCurrentIndex(page);
+            refresh();
+        };
+    };
+    m_stops.push_back({QStringLiteral("laboratory-stability"),
+                       [turn_to, show] {
+                           show("showLaboratory")();
+                           turn_to(0, false)();
+                       },
+                       laboratory, has_chart});
+    m_stops.push_back({QStringLiteral("laboratory-holdover"), turn_to(1, false), laboratory, has_chart});
+    m_stops.push_back({QStringLiteral("laboratory-compensation"), turn_to(2, false), laboratory});
+    m_stops.push_back({QStringLiteral("laboratory-periodogram"), turn_to(3, false), laboratory, has_chart});
+    m_stops.push_back({QStringLiteral("laboratory-periodogram-dark"), turn_to(3, true), laboratory, has_chart});
     const auto open_legend = [this, tracking, refresh] {
         if (auto* window = window_of({{}, {}, tracking}))
             window->findChild<QPushButton*>(QStringLiteral("showLegend"))->click();

@@ -6,8 +6,9 @@
 namespace tickervantage {
 namespace {
 
-constexpr std::array<HelpTopic, 7> topics{{{"first-use", "First steps"},
+constexpr std::array<HelpTopic, 8> topics{{{"first-use", "First steps"},
                                            {"windows", "The windows"},
+                                           {"laboratory", "The clock laboratory"},
                                            {"faq", "Questions and answers"},
                                            {"chronywake", "chronywake"},
                                            {"chrony.conf", "chrony.conf(5)", 5},

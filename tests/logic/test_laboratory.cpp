@@ -252,6 +252,11 @@ TEST(Laboratory, TellsWhenALimitIsPassed) {
     ASSERT_TRUE(limit_after(hour));
     EXPECT_NEAR(*limit_after(hour) / 3600, 1, 0.15);
     EXPECT_LT(limit_after(hour / 2), limit_after(hour));
+    const LimitInterval around = limit_interval(forecast_holdover(clock, 0.95, hour));
+    EXPECT_LT(around.earliest.value_or(1e9), 3600);
+    EXPECT_GT(around.latest.value_or(0), 3600);
+    EXPECT_LT(*limit_interval(forecast_holdover(clock, 0.95, hour / 1000)).earliest, 300);
+    EXPECT_FALSE(limit_interval(forecast).latest) << "without a limit";
     EXPECT_FALSE(limit_after(2 * forecast.horizons.back().error)) << "not within what the past can tell";
     SimulatedMachine young(8);
     EXPECT_TRUE(forecast_holdover(clock_of(young, 11), 0.95).horizons.empty());

@@ -105,7 +105,36 @@ std::optional<double> time_to(double limit, const FreeRunningClock& clock, doubl
     return std::nullopt;
 }
 
+// Where a curve over the horizons passes the limit, on straight lines between their logarithms, before the first
+// through zero.
+std::optional<double> crossing(const HoldoverForecast& forecast, double HoldoverError::*curve) {
+    const HoldoverError* before = nullptr;
+    for (const HoldoverError& horizon : forecast.horizons) {
+        if (horizon.*curve >= *forecast.limit) {
+            if (before == nullptr)
+                return horizon.seconds * *forecast.limit / (horizon.*curve);
+            const double share =
+                std::log(*forecast.limit / (before->*curve)) / std::log(horizon.*curve / (before->*curve));
+            return before->seconds * std::pow(horizon.seconds / before->seconds, share);
+        }
+        before = &horizon;
+    }
+    return std::nullopt;
+}
+
 } // namespace
+
+LimitInterval limit_interval(const HoldoverForecast& forecast) {
+    LimitInterval interval;
+    if (!forecast.limit)
+        return interval;
+    interval = {crossing(forecast, &HoldoverError::high), crossing(forecast, &HoldoverError::low)};
+    if (forecast.limit_after && interval.earliest)
+        interval.earliest = std::min(*interval.earliest, *forecast.limit_after);
+    if (forecast.limit_after && interval.latest)
+        interval.latest = std::max(*interval.latest, *forecast.limit_after);
+    return interval;
+}
 
 HoldoverForecast forecast_holdover(const FreeRunningClock& clock, double share, std::optional<double> limit) {
     HoldoverForecast forecast{.quantile = share, .horizons = {}, .limit = limit, .limit_after = {}};

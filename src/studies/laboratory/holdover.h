@@ -34,8 +34,15 @@ struct HoldoverForecast {
     std::optional<double> limit_after;   // s after the loss; none: not within the longest horizon, or no limit
 };
 
-// `share` of the past lay within what is forecast. The same log gives
-// the same forecast.
+// When the limit is passed at the earliest and at the latest, by the limits of the quantile themselves, s after the loss.
+// None: not within the longest horizon.
+struct LimitInterval {
+    std::optional<double> earliest;
+    std::optional<double> latest;
+};
+[[nodiscard]] LimitInterval limit_interval(const HoldoverForecast& forecast);
+
+// `share` of the past lay within what is forecast. The same log gives the same forecast.
 [[nodiscard]] HoldoverForecast forecast_holdover(const FreeRunningClock& clock, double share,
                                                  std::optional<double> limit = std::nullopt);
 

@@ -138,14 +138,11 @@ std::optional<double> best_poll_interval(const PhaseData& data) {
     return from;
 }
 
-std::optional<Sentence> poll_advice(const PhaseData& data, int minpoll, int maxpoll) {
-    const auto interval = best_poll_interval(data);
-    if (!interval)
-        return std::nullopt;
-    const int poll = std::clamp(static_cast<int>(std::floor(std::log2(*interval))), -6, 24);
+Sentence poll_advice(double best_interval, int minpoll, int maxpoll) {
+    const int poll = std::clamp(static_cast<int>(std::floor(std::log2(best_interval))), -6, 24);
     const auto with = [&](const char* words, int configured) {
         return Sentence{
-            context, words, {quantity::duration(*interval), std::to_string(poll), std::to_string(configured)}};
+            context, words, {quantity::duration(best_interval), std::to_string(poll), std::to_string(configured)}};
     };
     if (poll < minpoll)
         return with(TV_TEXT("laboratory",
@@ -161,6 +158,11 @@ std::optional<Sentence> poll_advice(const PhaseData& data, int minpoll, int maxp
                         "Only over more than %1 the clock wanders more than the network shakes: the longest "
                         "poll interval that chronyd may choose (maxpoll %3) costs this clock no accuracy."),
                 maxpoll);
+}
+
+std::optional<Sentence> poll_advice(const PhaseData& data, int minpoll, int maxpoll) {
+    const auto interval = best_poll_interval(data);
+    return interval ? std::optional(poll_advice(*interval, minpoll, maxpoll)) : std::nullopt;
 }
 
 } // namespace tickervantage

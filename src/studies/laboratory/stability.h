@@ -52,7 +52,9 @@ struct StabilityQuestion {
 // leaves the floor for good. None: it does not within this log, or the floor is not known.
 [[nodiscard]] std::optional<double> best_poll_interval(const PhaseData& data);
 
-// What follows from it for chronyd's minpoll and maxpoll; none where nothing follows.
+// What follows from such an interval for chronyd's minpoll and maxpoll.
+[[nodiscard]] Sentence poll_advice(double best_interval, int minpoll, int maxpoll);
+// The same of the data; none where nothing follows.
 [[nodiscard]] std::optional<Sentence> poll_advice(const PhaseData& data, int minpoll, int maxpoll);
 
 } // namespace tickervantage

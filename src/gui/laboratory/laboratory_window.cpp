@@ -1,0 +1,236 @@
+#include "gui/laboratory/laboratory_window.h"
+
+#include "gui/laboratory/compensation_page.h"
+#include "gui/laboratory/holdover_page.h"
+#include "gui/laboratory/laboratory_words.h"
+#include "gui/laboratory/periodogram_page.h"
+#include "gui/laboratory/stability_page.h"
+#include "qt/in_words.h"
+#include "qt/named_widget.h"
+#include "qt/text_scale.h"
+#include "studies/laboratory/stored_clock.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QToolButton>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace tickervantage {
+
+/* TRANSLATOR tickervantage::LaboratoryWindow
+   The window that studies how steady the clock is: its controls, and the titles of its dialogs. */
+
+struct LaboratoryWindow::Loaded {
+    std::shared_ptr<LaboratoryData> data; // null: failed
+    std::optional<Failure> failure;
+};
+
+LaboratoryWindow::LaboratoryWindow(LaboratoryWindowParts parts)
+    : m_parts(std::move(parts)), m_background(m_parts.main_thread) {
+    setObjectName(QStringLiteral("LaboratoryWindow"));
+    //: laboratory: title
+    setWindowTitle(tr("Clock Laboratory"));
+    build();
+    build_menu();
+    resize(scaled(QSize(1000, 720), *this));
+}
+
+LaboratoryWindow::~LaboratoryWindow() {
+    m_background.forget_newest(); // nobody waits for what has not begun
+}
+
+void LaboratoryWindow::build() {
+    auto* central = new QWidget(this);
+    central->setAcceptDrops(true);
+    central->installEventFilter(this);
+    //: laboratory: name of the tabs
+    m_tabs = named(new QTabWidget(central), "pages", tr("Pages"));
+    m_tabs->setDocumentMode(true);
+    const LaboratoryPageParts parts{m_parts.main_thread, *m_parts.queue, m_parts.exports, m_parts.now};
+    m_pages = {new StabilityPage(m_tabs, parts), new HoldoverPage(m_tabs, parts), new PeriodogramPage(m_tabs, parts)};
+    m_compensation = new CompensationPage(m_tabs);
+    //: laboratory: titles of pages
+    m_tabs->addTab(m_pages.at(0), tr("&Stability"));
+    //: laboratory: title of a page
+    m_tabs->addTab(m_pages.at(1), tr("&Holdover"));
+    //: laboratory: title of a page
+    m_tabs->addTab(m_compensation, tr("&Compensation"));
+    //: laboratory: title of a page
+    m_tabs->addTab(m_pages.at(2), tr("&Periodogram"));
+    for (LaboratoryPage* page : m_pages)
+        connect(page, &LaboratoryPage::said, this, &LaboratoryWindow::say);
+    //: laboratory: name of the line that says what is used
+    m_origins = named(new QLabel(central), "origins", tr("What is used"));
+    m_origins->setTextFormat(Qt::PlainText);
+    m_origins->setWordWrap(true);
+    m_origins->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* column = new QVBoxLayout(central);
+    column->addWidget(build_choices(central));
+    column->addWidget(m_tabs, 1);
+    column->addWidget(m_origins);
+    setCentralWidget(central);
+}
+
+QWidget* LaboratoryWindow::build_choices(QWidget* parent) {
+    auto* row = new QWidget(parent);
+    //: laboratory: name of a menu, and its tooltip
+    m_source = named(new QComboBox(row), "source", tr("Source"), tr("Whose past is looked at"));
+    m_source->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    connect(m_source, &QComboBox::activated, this, [this](int at) { choose(static_cast<std::size_t>(at), false); });
+    //: laboratory: button with a menu, and its tooltip
+    m_files = named(new QToolButton(row), "files", tr("Logs"), tr("Open another log"));
+    //: laboratory: button with a menu
+    m_files->setText(tr("&Logs"));
+    m_files->setPopupMode(QToolButton::InstantPopup);
+    m_files->setFocusPolicy(Qt::StrongFocus);
+    auto* line = new QHBoxLayout(row);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addWidget(m_source, 1);
+    line->addWidget(m_files);
+    return row;
+}
+
+void LaboratoryWindow::build_menu() {
+    auto* menu = new QMenu(m_files);
+    const auto add = [menu](const char* name, const QString& text) {
+        QAction* action = menu->addAction(text);
+        action->setObjectName(QLatin1String(name));
+        return action;
+    };
+    //: laboratory: menu item
+    connect(add("open_log", tr("&Open Log…")), &QAction::triggered, this, [this] { ask_for_log(false); });
+    //: laboratory: menu item
+    connect(add("open_folder", tr("Open &Folder of Logs…")), &QAction::triggered, this, [this] { ask_for_log(true); });
+    //: laboratory: menu item, has chrony write the logs that this window needs
+    QAction* turn_on = add("turn_on", tr("Turn On &Logs…"));
+    turn_on->setVisible(m_parts.can_turn_on_logs);
+    connect(turn_on, &QAction::triggered, this, &LaboratoryWindow::logs_requested);
+    m_files->setMenu(menu);
+}
+
+void LaboratoryWindow::say(const QString& sentence) {
+    statusBar()->showMessage(sentence);
+}
+
+void LaboratoryWindow::ask_for_log(bool for_folder) {
+    //: laboratory: titles of dialogs
+    const QString title = for_folder ? tr("Open Folder of Logs") : tr("Open Log");
+    auto* dialog = new QFileDialog(this, title, QStringLiteral("/var/log/chrony"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(for_folder ? QFileDialog::Directory : QFileDialog::ExistingFile);
+    connect(dialog, &QFileDialog::fileSelected, this, &LaboratoryWindow::open_log);
+    dialog->open();
+}
+
+void LaboratoryWindow::show_laboratory(const LaboratoryPlaces& places) {
+    m_places.clear();
+    m_source->clear();
+    //: laboratory: entry of the menu of sources
+    const QString demonstration = tr("The demonstration's tracking log");
+    if (!places.log.empty())
+        add_place({places.log, false,
+                   places.is_demonstration ? demonstration
+                                           //: laboratory: entry of the menu of sources; %1 is a file or folder
+                                           : tr("chrony's log, %1").arg(QString::fromStdString(places.log))});
+    if (!places.store.empty())
+        //: laboratory: entry of the menu of sources
+        add_place({places.store, true, tr("Readings of this program")});
+    if (!m_places.empty())
+        choose(0, true);
+}
+
+void LaboratoryWindow::open_log(const QString& path) {
+    const std::string file = path.toStdString();
+    const auto is_same = [&file](const Place& place) {
+        return place.path == file;
+    };
+    const auto found = std::ranges::find_if(m_places, is_same);
+    const auto at = static_cast<std::size_t>(found - m_places.begin());
+    if (found == m_places.end())
+        add_place({file, false, path});
+    choose(at, false);
+}
+
+void LaboratoryWindow::add_place(const Place& place) {
+    m_places.push_back(place);
+    m_source->addItem(place.name);
+}
+
+void LaboratoryWindow::choose(std::size_t place, bool or_store) {
+    m_source->setCurrentIndex(static_cast<int>(place));
+    //: laboratory: said while a log is read
+    m_origins->setText(tr("Reading…"));
+    m_background.start_newest(
+        *m_parts.queue,
+        [&files = m_parts.files, chosen = m_places.at(place)] {
+            auto clock = chosen.is_store ? read_stored_clock(chosen.path) : read_free_running_clock(files, chosen.path);
+            if (!clock)
+                return Loaded{nullptr, clock.error()};
+            auto read = std::make_shared<LaboratoryData>();
+            read->phase = phase_of(*clock);
+            read->clock = std::move(*clock);
+            read->name = chosen.name;
+            return Loaded{std::move(read), std::nullopt};
+        },
+        [this, place, or_store](const Loaded& loaded) { take(loaded, place, or_store); });
+}
+
+void LaboratoryWindow::take(const Loaded& loaded, std::size_t place, bool or_store) {
+    const bool has_other = place + 1 < m_places.size() && m_places.at(place + 1).is_store;
+    if (!loaded.data && or_store && has_other) {
+        say(in_words(*loaded.failure)); // why it is not the log
+        return choose(place + 1, false);
+    }
+    const QString reason = loaded.data ? QString() : refusal_of(*loaded.failure, m_places.at(place));
+    for (LaboratoryPage* page : m_pages)
+        page->set_data(loaded.data, reason);
+    QString origins = loaded.data ? origin_words(*loaded.data) : reason.section(QLatin1Char('\n'), 0, 0);
+    if (loaded.data && m_places.at(place).is_store)
+        //: laboratory: below the pages, where readings are used and no log
+        origins +=
+            QLatin1Char(' ') + tr("Used are the whole readings of the last week; older ones are thinned to minutes and "
+                                  "hours, which lose the single offsets.");
+    m_origins->setText(origins);
+}
+
+QString LaboratoryWindow::refusal_of(const Failure& failure, const Place& place) const {
+    QString text = in_words(failure);
+    if (place.is_store)
+        //: laboratory: what to do while there are no readings yet
+        return text + QStringLiteral("\n\n") +
+               tr("This program keeps a reading every few seconds: leave its main window open for a while, or choose "
+                  "“Turn On "
+                  "Logs…” to have chrony write a tracking log.");
+    //: laboratory: what to do where a log cannot be read
+    return text + QStringLiteral("\n\n") +
+           tr("Choose “Turn On Logs…” to have chrony write one, or “Open Log…” for one from elsewhere.");
+}
+
+bool LaboratoryWindow::eventFilter(QObject* receiver, QEvent* event) {
+    const auto type = event->type();
+    if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop)
+        return QMainWindow::eventFilter(receiver, event);
+    auto* drop = static_cast<QDropEvent*>(event);
+    const QList<QUrl> urls = drop->mimeData()->urls();
+    if (urls.isEmpty() || !urls.front().isLocalFile())
+        return QMainWindow::eventFilter(receiver, event);
+    drop->setDropAction(Qt::CopyAction); // the file stays where it is
+    drop->accept();
+    if (type == QEvent::Drop)
+        open_log(urls.front().toLocalFile());
+    return true;
+}
+
+} // namespace tickervantage
