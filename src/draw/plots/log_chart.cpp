@@ -22,7 +22,7 @@ constexpr double LABEL_ROOM = 62; // of the level axis
 constexpr double TICK_ROOM = 24;  // of an upright one
 constexpr double BAND = 0.2;      // how strong
 constexpr double HALF = 0.5;
-constexpr double LETTER = 6.2; // of a label
+constexpr double LETTER = 5.7; // of a label
 constexpr double PIECE = 18;   // of a curve, beside its name
 const Ink GRID(ColorRole::grey, 0.3);
 
@@ -77,7 +77,7 @@ private:
     void draw_names(double middle) const {
         double right = right_edge(m_frame.area);
         for (auto series = m_panel.series.rbegin(); series != m_panel.series.rend(); ++series) {
-            if (series->name.empty())
+            if (series->name.empty() || series->points.empty())
                 continue;
             m_canvas.text(series->name, text_box(m_frame.area.x, middle, right - m_frame.area.x),
                           {.size = LABEL_SIZE, .align = TextAlign::right});

@@ -84,7 +84,8 @@ void HoldoverPage::show_forecast(const HoldoverForecast& forecast) {
             Texts::tr("There is not enough history: even 5 minutes ahead need 50 minutes of it without a "
                       "gap, and this has %1.")
                 .arg(span_words(data().clock.seconds())));
-    show_result(chart_of(), rows(), headline() + QLatin1Char('\n') + comparison());
+    show_result(chart_of(), rows());
+    show_headline(headline(), comparison());
 }
 
 LogChart HoldoverPage::chart_of() const {

@@ -68,6 +68,8 @@ void LaboratoryPage::build(const char* name) {
     QFont font = m_headline->font();
     font.setBold(true);
     m_headline->setFont(font);
+    //: laboratory: name of the words below the headline
+    m_remark = words(this, prefix + QStringLiteral("remark"), Texts::tr("Remark"));
     auto* panes = new QSplitter(Qt::Vertical, this);
     m_chart = new ChartView(panes);
     m_chart->setObjectName(prefix + QStringLiteral("chart"));
@@ -84,6 +86,7 @@ void LaboratoryPage::build(const char* name) {
     auto* column = new QVBoxLayout(this);
     column->addLayout(m_choices);
     column->addWidget(m_headline);
+    column->addWidget(m_remark);
     column->addWidget(panes, 1);
     column->addWidget(m_pointed);
 }
@@ -144,9 +147,8 @@ void LaboratoryPage::showEvent(QShowEvent* event) {
     compute_if_needed();
 }
 
-void LaboratoryPage::show_result(LogChart chart, const std::vector<QStringList>& rows, const QString& headline) {
+void LaboratoryPage::show_result(LogChart chart, const std::vector<QStringList>& rows) {
     m_chart->set_chart(std::move(chart));
-    show_headline(headline);
     m_table->clear();
     m_table->setHeaderLabels(headings());
     for (const QStringList& row : rows)
@@ -156,9 +158,11 @@ void LaboratoryPage::show_result(LogChart chart, const std::vector<QStringList>&
     m_exports->set_enabled(true);
 }
 
-void LaboratoryPage::show_headline(const QString& headline) {
+void LaboratoryPage::show_headline(const QString& headline, const QString& remark) {
     m_headline->setText(headline);
     m_headline->setVisible(!headline.isEmpty());
+    m_remark->setText(remark);
+    m_remark->setVisible(!remark.isEmpty());
 }
 
 void LaboratoryPage::show_refusal(const QString& reason) {

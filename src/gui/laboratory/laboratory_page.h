@@ -66,8 +66,8 @@ protected:
     template <typename Make, typename Then>
     void start(Make make, Then then);
 
-    void show_result(LogChart chart, const std::vector<QStringList>& rows, const QString& headline);
-    void show_headline(const QString& headline);
+    void show_result(LogChart chart, const std::vector<QStringList>& rows);
+    void show_headline(const QString& headline, const QString& remark = {}); // the remark below it, in plain letters
     void show_refusal(const QString& reason);
 
     [[nodiscard]] const LaboratoryData& data() const { return *m_data; }
@@ -93,6 +93,7 @@ private:
     bool m_is_stale = false;
     QHBoxLayout* m_choices = nullptr;
     QLabel* m_headline = nullptr;
+    QLabel* m_remark = nullptr;
     ChartView* m_chart = nullptr;
     QLabel* m_pointed = nullptr;
     QTreeWidget* m_table = nullptr;

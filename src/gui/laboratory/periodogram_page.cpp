@@ -83,7 +83,8 @@ void PeriodogramPage::show_answer(const Result<Periodogram>& answer) {
     if (!answer)
         return show_refusal(in_words(answer.error()));
     m_found = *answer;
-    show_result(chart_of(), rows(), headline());
+    show_result(chart_of(), rows());
+    show_headline(headline(), method());
 }
 
 LogChart PeriodogramPage::chart_of() const {
@@ -131,14 +132,9 @@ QString PeriodogramPage::amplitude_words(double amplitude) const {
 }
 
 QString PeriodogramPage::headline() const {
-    //: laboratory: said of how the periodogram was made; %1 is a number
-    const QString method = m_found.is_even ? Texts::tr("%1 values in even steps, by FFT.")
-                                           //: laboratory: said of how the periodogram was made; %1 is a number
-                                           : Texts::tr("%1 values at uneven times, by Lomb and Scargle's method.");
-    const QString count = method.arg(QLocale().toString(static_cast<qlonglong>(m_found.count)));
     if (m_found.peaks.empty())
         //: laboratory: headline of the periodogram
-        return Texts::tr("No rhythm stands out from the noise.") + QLatin1Char(' ') + count;
+        return Texts::tr("No rhythm stands out from the noise.");
     const SpectralPeak& strongest = m_found.peaks.front();
     //: laboratory: headline of the periodogram; %1 a period, %2 to %4 how strong it is
     QString text = Texts::tr("The strongest rhythm has a period of %1: ±%2 (between %3 and %4).")
@@ -146,10 +142,18 @@ QString PeriodogramPage::headline() const {
                             amplitude_words(strongest.amplitude_low), amplitude_words(strongest.amplitude_high));
     const bool is_daily = strongest.known == KnownPeriod::day || strongest.known == KnownPeriod::half_day;
     if (is_daily && m_shown == ClockQuantity::frequency)
-        //: laboratory: goes on from the headline
         text += QLatin1Char(' ') +
+                //: laboratory: goes on from the headline
                 Texts::tr("What comes back each day is the temperature, as a rule: compensating it is worth a try.");
-    return text + QLatin1Char(' ') + count;
+    return text;
+}
+
+QString PeriodogramPage::method() const {
+    //: laboratory: said of how the periodogram was made; %1 is a number
+    const QString words = m_found.is_even ? Texts::tr("%1 values in even steps, by FFT.")
+                                          //: laboratory: said of how the periodogram was made; %1 is a number
+                                          : Texts::tr("%1 values at uneven times, by Lomb and Scargle's method.");
+    return words.arg(QLocale().toString(static_cast<qlonglong>(m_found.count)));
 }
 
 QStringList PeriodogramPage::headings() const {

@@ -25,6 +25,7 @@ private:
     void show_answer(const Result<Periodogram>& answer);
     [[nodiscard]] LogChart chart_of() const;
     [[nodiscard]] QString headline() const;
+    [[nodiscard]] QString method() const;
     [[nodiscard]] std::vector<QStringList> rows() const;
     [[nodiscard]] QString amplitude_words(double amplitude) const;
 

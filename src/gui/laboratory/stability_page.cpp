@@ -153,7 +153,7 @@ void StabilityPage::show_answer(const Answer& answer) {
         return show_refusal(Texts::tr("The log is too short for any of these averaging times."));
     m_best_interval = answer.best_interval;
     m_floor = answer.floor;
-    show_result(chart_of(answer), rows(), QString());
+    show_result(chart_of(answer), rows());
     show_advice();
 }
 
