@@ -3,7 +3,9 @@
 #include "app/administration.h"
 #include "app/bring_to_front.h"
 #include "app/plot_files.h"
+#include "linux/posix_user_files.h"
 #include "settings/settings_catalogue.h"
+#include "studies/freqtemp/scatter_json.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -19,6 +21,21 @@ namespace {
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(tracking)
 };
+
+// One that cannot be read is as good as none here: its own window says what is wrong with it.
+void read_temperatures(const std::string& path, HistoryData& data) {
+    constexpr std::size_t largest = std::size_t{256} << 20U;
+    PosixFiles files;
+    const FileReading file = files.read(path, largest);
+    const auto map =
+        file.outcome == FileReading::Outcome::read ? read_scatter_json(file.bytes) : Result<ScatterMap>(ScatterMap());
+    if (!map)
+        return;
+    for (const auto& [sensor, entry] : *map)
+        for (std::size_t at = 0; at < entry.points.size(); ++at)
+            if (const auto time = entry.points.time(at))
+                data.add_temperature(sensor, static_cast<double>(*time), entry.points[at].temperature);
+}
 
 } // namespace
 
@@ -137,10 +154,14 @@ void AnalysisWindows::make_history() {
     connect(m_history.get(), &HistoryWindow::log_graph_requested, this, &AnalysisWindows::log_graph_requested);
 }
 
-void AnalysisWindows::showHistory(const HistoryPlaces& places) {
+// The map of frequency against temperature knows when each point was read.
+void AnalysisWindows::showHistory(HistoryPlaces places) {
     if (!m_history)
         make_history();
-    m_history->show_history(places);
+    places.read_temperatures = [map = m_parts.freqtemp.map](HistoryData& data) {
+        read_temperatures(map, data);
+    };
+    m_history->show_history(std::move(places));
     bring_to_front(*m_history);
 }
 

@@ -54,7 +54,7 @@ public:
     [[nodiscard]] RecentFiles& recent() { return m_recent; }
 
     // The one window of the clock's history, made on first use; `places` are read anew each time.
-    void showHistory(const HistoryPlaces& places);
+    void showHistory(HistoryPlaces places);
 
     // The one laboratory, likewise.
     void showLaboratory(const LaboratoryPlaces& places);

@@ -58,7 +58,7 @@ bool OpenedFiles::eventFilter(QObject* receiver, QEvent* event) {
     if ((!is_drop && type != QEvent::Polish) || !receiver->isWidgetType())
         return QObject::eventFilter(receiver, event);
     auto* window = static_cast<QWidget*>(receiver);
-    if (window->windowType() != Qt::Window)
+    if (window->windowType() != Qt::Window || window->property("takes_files").toBool()) // and knows better
         return QObject::eventFilter(receiver, event);
     if (type == QEvent::Polish) {
         window->setAcceptDrops(true);

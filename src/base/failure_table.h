@@ -148,7 +148,7 @@ TV_FAILURE(demonstration_not_synchronised, "The demonstration was not synchronis
 
 // the studies: logs, points, pictures
 TV_FAILURE(picture_not_written, TV_TEXT("failures", "The picture %1 could not be written: %c."))
-TV_FAILURE(picture_of_no_kind, TV_TEXT("failures", "The picture %1 must end in .png or .svg."))
+TV_FAILURE(picture_of_no_kind, TV_TEXT("failures", "The picture %1 must end in .png, .svg or .pdf."))
 TV_FAILURE(picture_too_large, TV_TEXT("failures", "A picture must be from 1 to %1 pixels wide and high."))
 TV_FAILURE(picture_not_drawn, TV_TEXT("failures", "The picture %1 could not be drawn."))
 TV_FAILURE(no_point_in, TV_TEXT("failures", "There is no point in %1: a line has temperature,frequency."))

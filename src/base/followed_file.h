@@ -25,6 +25,7 @@ struct FileStatus {
     [[nodiscard]] bool is_same_file(const FileStatus& other) const {
         return device == other.device && inode == other.inode;
     }
+    friend bool operator==(const FileStatus&, const FileStatus&) = default;
 };
 
 class FollowedFile {

@@ -223,7 +223,7 @@ void add_laboratory(CommandLine& line, Arguments& arguments) {
 }
 
 void add_picture_options(CLI::App* command, Arguments& arguments, std::string& size) {
-    command->add_option("-o,--output", arguments.output, "the picture, .png or .svg")->required();
+    command->add_option("-o,--output", arguments.output, "the picture, .png, .svg or .pdf")->required();
     command->add_option("--size", size, "width and height in pixels")->capture_default_str();
     command->add_flag("--dark", arguments.dark, "on a dark background");
 }

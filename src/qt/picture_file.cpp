@@ -5,7 +5,11 @@
 
 #include <QBuffer>
 #include <QImage>
+#include <QMarginsF>
+#include <QPageLayout>
+#include <QPageSize>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QSaveFile>
 #include <QSvgGenerator>
 
@@ -42,6 +46,27 @@ constexpr int CSS_PIXELS_PER_INCH = 96;
     return paint(generator, format, draw);
 }
 
+// One page as large as the picture.
+[[nodiscard]] bool render_pdf(QBuffer& buffer, const PictureFormat& format, const DrawPlot& draw) {
+    constexpr double points_per_inch = 72;
+    QPdfWriter writer(&buffer);
+    writer.setCreator(QStringLiteral("Tickervantage"));
+    writer.setResolution(CSS_PIXELS_PER_INCH);
+    const QSizeF page = QSizeF(format.width, format.height) * points_per_inch / CSS_PIXELS_PER_INCH;
+    writer.setPageSize(QPageSize(page, QPageSize::Point, {}, QPageSize::ExactMatch));
+    writer.setPageOrientation(QPageLayout::Portrait);
+    writer.setPageMargins(QMarginsF());
+    return paint(writer, format, draw);
+}
+
+using Render = bool (*)(QBuffer&, const PictureFormat&, const DrawPlot&);
+Render render_of(const QString& path) {
+    const auto ends_in = [&path](const char* suffix) {
+        return path.endsWith(QLatin1String(suffix), Qt::CaseInsensitive);
+    };
+    return ends_in(".png") ? render_png : ends_in(".svg") ? render_svg : ends_in(".pdf") ? render_pdf : nullptr;
+}
+
 // A full disk shows itself at the flush: QSaveFile::commit() alone has been seen to put a file that was cut short in
 // the place of a good one.
 [[nodiscard]] Result<> replace_file(const QString& path, const QByteArray& bytes) {
@@ -64,15 +89,14 @@ constexpr int CSS_PIXELS_PER_INCH = 96;
 
 Result<> write_picture(const std::string& path, const PictureFormat& format, const DrawPlot& draw) {
     const QString file = QString::fromStdString(path);
-    const bool png = file.endsWith(QLatin1String(".png"), Qt::CaseInsensitive);
-    if (!png && !file.endsWith(QLatin1String(".svg"), Qt::CaseInsensitive))
+    const Render render = render_of(file);
+    if (!render)
         return failed(FailureCode::picture_of_no_kind, {path});
     if (!is_sensible(format))
         return failed(FailureCode::picture_too_large, {std::to_string(LARGEST_PICTURE_SIDE)});
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly) ||
-        !(png ? render_png(buffer, format, draw) : render_svg(buffer, format, draw)))
+    if (!buffer.open(QIODevice::WriteOnly) || !render(buffer, format, draw))
         return failed(FailureCode::picture_not_drawn, {path});
     buffer.close();
     return replace_file(file, bytes);

@@ -1,4 +1,4 @@
-// Drawings as picture files: PNG or SVG, by the file's suffix.
+// Drawings as picture files: PNG, SVG or PDF, by the file's suffix.
 //
 // Works without a display, but needs a QGuiApplication for its fonts. Waits for the disk; any thread on which the
 // drawing may be drawn.
@@ -13,7 +13,7 @@
 namespace tickervantage {
 
 struct PictureFormat {
-    int width = 0; // pixels of a PNG, user units of an SVG
+    int width = 0; // pixels of a PNG, user units of an SVG; 96 an inch in a PDF
     int height = 0;
     double scale = 1; // pixels a point; the drawing gets width / scale by height / scale points
     CanvasColors colors = CanvasColors::light();

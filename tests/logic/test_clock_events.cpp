@@ -29,58 +29,10 @@ std::vector<ClockEvent> events_of(const testing::MadeLogs& logs) {
     return read.events;
 }
 
-struct Scripted {
-    std::int64_t time;
-    EventKind kind;
-    std::string source = {};
-    std::optional<double> value = {};
-};
-
 TEST(ClockEvents, AreThoseOfAMadeDayAndNoOthers) {
     MadeDay day;
-    std::vector<Scripted> script;
-    const auto expect = [&](EventKind kind, std::string source = {}, std::optional<double> value = {}) {
-        script.push_back({day.now(), kind, std::move(source), value});
-    };
-    day.run_to(MadeDay::at(3));
-    expect(lost, "192.0.2.1", 7200);
-    day.lose_reference();
-    day.pass_to(day.now() + 7200);
-    expect(gap, {}, 7200);
-    day.run_to(MadeDay::at(6));
-    day.source = "192.0.2.2";
-    expect(source, "192.0.2.2");
-    day.run_to(MadeDay::at(8));
-    expect(stop);
-    day.pass_to(day.now() + 30);
-    expect(start);
-    expect(start); // the log tells it as well as the message
-    day.pass_to(day.now() - 30);
-    day.restart(30);
-    day.run_to(MadeDay::at(11));
-    day.liar = "192.0.2.4";
-    expect(falseticker, "192.0.2.4");
-    day.run_to(MadeDay::at(12));
-    day.liar.clear();
-    day.run_to(MadeDay::at(13));
-    day.say("System clock was stepped by -0.734127 seconds");
-    expect(step, {}, -0.734127);
-    day.run_to(MadeDay::at(15));
-    day.pass_to(MadeDay::at(16));
-    expect(gap);
-    day.run_to(MadeDay::at(18));
-    day.pass_to(day.now() - 600);
-    expect(backwards);
-    day.run_to(MadeDay::at(20));
-    day.frequency += 3;
-    expect(frequency);
-    day.run_to(MadeDay::at(22));
-    day.leap = '+';
-    expect(leap, {}, 1);
-    day.run_to(MadeDay::at(24));
-
+    const auto script = testing::scripted_day(day);
     const auto found = events_of(day.logs());
-    std::ranges::stable_sort(script, {}, &Scripted::time);
     ASSERT_EQ(found.size(), script.size());
     for (std::size_t i = 0; i < found.size(); ++i) {
         EXPECT_EQ(name_of(found[i].kind), name_of(script[i].kind)) << i;

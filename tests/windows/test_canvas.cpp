@@ -214,6 +214,15 @@ TEST_F(PictureFile, SvgIsWellFormedAndKeepsItsText) {
     EXPECT_TRUE(text.contains(QStringLiteral("5 \u00b5s < 1 ms"))) << text.toStdString();
 }
 
+// At 96 to the inch; its numbers are points.
+TEST_F(PictureFile, PdfIsOnePageOfThePicturesSize) {
+    ASSERT_TRUE(write(path("a.pdf"), {.width = 960, .height = 480}));
+    const QByteArray pdf = content(path("a.pdf"));
+    EXPECT_TRUE(pdf.startsWith("%PDF-"));
+    EXPECT_TRUE(pdf.contains("/MediaBox [0 0 720 360]") || pdf.contains("/MediaBox [0 0 720.000000 360.000000]"));
+    EXPECT_EQ(pdf.count("/Type /Page\n"), 1);
+}
+
 TEST_F(PictureFile, RefusalsSayWhy) {
     struct Case {
         std::string file;

@@ -4,6 +4,7 @@
 #include "history/history_writer.h"
 #include "support/fake_followed_files.h"
 #include "support/kept_plots.h"
+#include "support/made_day.h"
 #include "support/manual_timer.h"
 #include "support/window_test.h"
 
@@ -141,9 +142,9 @@ TEST_F(HistoryWindowTest, TheLegendHidesAndIsolates) {
     legend->topLevelItem(1)->setCheckState(0, Qt::Unchecked);
     EXPECT_TRUE(plot()->view().options.hidden.contains("offset"));
     Q_EMIT legend->itemActivated(legend->topLevelItem(1), 0);
-    EXPECT_EQ(plot()->view().options.hidden, std::set<std::string>{"bound"});
+    EXPECT_EQ(plot()->view().options.hidden, (std::set<std::string>{"bound", "compensation"}));
     Q_EMIT legend->itemActivated(legend->topLevelItem(1), 0);
-    EXPECT_TRUE(plot()->view().options.hidden.empty());
+    EXPECT_FALSE(plot()->view().options.hidden.contains("bound"));
 }
 
 TEST_F(HistoryWindowTest, StatisticsAreOfWhatIsInSight) {
@@ -183,12 +184,143 @@ TEST_F(HistoryWindowTest, AnotherMachinesLogIsLaidOverAndAllOfItExported) {
     EXPECT_NE(plots.table.find("2026-11-21T10:05:00Z,difference offset,-3"), std::string::npos);
     window->exports().export_to(folder.filePath(QStringLiteral("history.png")));
     settle();
+    window->exports().export_to(folder.filePath(QStringLiteral("history.pdf")));
+    settle();
     EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("history.png"))));
+    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("history.pdf"))));
     window->end_comparison();
     EXPECT_FALSE(plot()->view().is_comparing());
     window->compare_with(QStringLiteral("/missing.log"));
     settle();
     EXPECT_FALSE(plot()->view().is_comparing());
+}
+
+// Where a flag stands one can point, and it tells of itself.
+TEST_F(HistoryWindowTest, AFolderOfAMadeDayShowsAFlagForEachEventAndNoOther) {
+    testing::MadeDay day;
+    const auto script = testing::scripted_day(day);
+    files.create("/day/tracking.log", day.logs().tracking);
+    files.create("/day/selection.log", day.logs().selection);
+    files.create("/messages", day.logs().messages);
+    HistoryPlaces places{.store = {}, .logs = {"/day"}};
+    places.read_messages = [this](EventsRead& read) {
+        return read_message_events(files, "/messages", read);
+    };
+    window->show_history(places);
+    settle();
+    window->controls().fit->trigger();
+    const auto marks = plot()->view().marks_in_sight();
+    ASSERT_EQ(marks.size(), script.size());
+    ASSERT_EQ(find<QTreeWidget>("events")->topLevelItemCount(), static_cast<int>(script.size()));
+    std::vector<HistoryMark> pointed_at;
+    QObject::connect(plot(), &HistoryPlot::marks_pointed_at, window.get(),
+                     [&](const QPoint&, const std::vector<HistoryMark>& found) { pointed_at = found; });
+    for (std::size_t at = 0; at < script.size(); ++at) {
+        EXPECT_EQ(marks[at].kind, mark_kind(script[at].kind)) << at;
+        EXPECT_LE(std::abs(marks[at].time - static_cast<double>(script[at].time)), testing::MadeDay::poll) << at;
+        move_pointer(plot()->view().place_of(marks[at].time, {0, 0, plot()->width() + 0.0, plot()->height() + 0.0}), 8);
+        EXPECT_TRUE(std::ranges::any_of(pointed_at, [&](const HistoryMark& one) { return one.kind == marks[at].kind; }))
+            << at;
+    }
+}
+
+TEST_F(HistoryWindowTest, ALaneOfTheSelectionLogTellsWhenClicked) {
+    testing::MadeDay day;
+    testing::scripted_day(day);
+    files.create("/day/selection.log", day.logs().selection);
+    find<QAction>("open_folder")->trigger();
+    auto* dialog = window->findChild<QFileDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->fileMode(), QFileDialog::Directory);
+    Q_EMIT dialog->fileSelected(QStringLiteral("/day"));
+    settle();
+    window->controls().fit->trigger();
+    ASSERT_EQ(plot()->view().data().lanes().size(), 4U);
+    const Rect bounds{0, 0, plot()->width() + 0.0, plot()->height() + 0.0};
+    const auto places = plot()->view().places(bounds);
+    const Rect lanes = places.back().area; // in the upper half of each source's quarter
+    const double x = plot()->view().place_of(testing::MadeDay::at(11, 30), bounds);
+    click(x, plot()->height() - (lanes.y + lanes.height * 0.1));
+    const std::string told = find<QTextBrowser>("source")->toPlainText().toStdString();
+    EXPECT_NE(told.find("192.0.2.4"), std::string::npos) << told;
+    EXPECT_NE(told.find("sign for it: x"), std::string::npos) << told;
+}
+
+TEST_F(HistoryWindowTest, LogsAreFollowedLive) {
+    files.create("/tracking.log", log(0, 1e-6));
+    window->show_history({.store = {}, .logs = {"/tracking.log"}});
+    settle();
+    const auto look = [this] {
+        for (int at = 0; at < 20; ++at) {
+            timer.advance(4);
+            settle();
+        }
+    };
+    const double end = range().to;
+    files.at("/tracking.log").text += log(60, 2e-6);
+    look();
+    EXPECT_EQ(plot()->view().data().line(HistoryLine::offset).size(), 120U) << "the newest record appears";
+    EXPECT_NEAR(range().to - end, 3600, 60) << "and is in sight";
+    files.rename("/tracking.log", "/tracking.log.1");
+    files.create("/tracking.log", log(120, 3e-6));
+    testing::press_key(plot(), Qt::Key_Plus);
+    testing::press_key(plot(), Qt::Key_Home);
+    EXPECT_FALSE(find<QToolButton>("follow")->isChecked()) << "who looks at the past";
+    const TimeRange past = range();
+    look();
+    EXPECT_EQ(plot()->view().data().extent()->to, begin + 59 * 60) << "a new file under its name";
+    EXPECT_EQ(range(), past) << "stays there";
+}
+
+TEST_F(HistoryWindowTest, TemperaturesHaveAPanelWhereThereAreAny) {
+    files.create("/logs/tracking.log", log(0, 1e-6));
+    files.create("/logs/tempcomp.log", "2026-11-21 10:05:00  4.7500e+04 -1.2500e+00\n"
+                                       "2026-11-21 10:06:00  4.8500e+04 -1.3500e+00\n");
+    HistoryPlaces places{.store = {}, .logs = {"/logs"}};
+    window->show_history(places);
+    settle();
+    const auto has_panel = [this] {
+        const auto all = plot()->view().places({0, 0, 1000, 700});
+        return std::ranges::find(all, HistoryPanel::temperature, &HistoryView::PanelPlace::panel) != all.end();
+    };
+    EXPECT_TRUE(has_panel());
+    ASSERT_EQ(plot()->view().data().temperatures().size(), 1U);
+    EXPECT_EQ(plot()->view().data().temperatures()[0].values.mean(1), 48.5) << "thousandths, as the kernel has them";
+    EXPECT_EQ(plot()->view().data().line(HistoryLine::compensation).mean(1), -1.35);
+    places = {.store = {}, .logs = {"/logs/tracking.log"}};
+    window->show_history(places);
+    settle();
+    EXPECT_FALSE(has_panel());
+    places.read_temperatures = [](HistoryData& data) {
+        data.add_temperature("Tctl", begin - 3600, 51);
+    };
+    window->show_history(places);
+    settle();
+    EXPECT_TRUE(has_panel());
+}
+
+TEST_F(HistoryWindowTest, WhatIsDroppedIsOpenedOrCompared) {
+    files.create("/a/tracking.log", log(0, 1e-6));
+    files.create("/b/tracking.log", log(0, 3e-6));
+    const auto drop = [this](const char* path, Qt::KeyboardModifiers modifiers) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromUtf8(path))});
+        QDragEnterEvent enters(QPoint(300, 300), Qt::CopyAction, &data, Qt::LeftButton, modifiers);
+        QApplication::sendEvent(window.get(), &enters);
+        ASSERT_TRUE(enters.isAccepted());
+        QDropEvent event(QPointF(300, 300), Qt::CopyAction, &data, Qt::LeftButton, modifiers);
+        QApplication::sendEvent(window.get(), &event);
+        settle();
+    };
+    drop("/a", Qt::NoModifier);
+    EXPECT_EQ(plot()->view().data().line(HistoryLine::offset).size(), 60U);
+    EXPECT_FALSE(plot()->view().is_comparing());
+    drop("/b", Qt::ShiftModifier);
+    EXPECT_TRUE(plot()->view().is_comparing());
+    const auto curves = plot()->view().curves();
+    const auto difference = std::ranges::find(curves, "difference offset", &HistoryCurve::key);
+    ASSERT_NE(difference, curves.end());
+    EXPECT_NEAR(difference->values->mean(30), -2e-6, 1e-12);
 }
 
 TEST_F(HistoryWindowTest, EvidenceOfWhatIsInSightIsWritten) {

@@ -88,7 +88,7 @@ TEST_F(PlotExportTest, WhatCannotBeExportedIsSaid) {
     settle();
     EXPECT_TRUE(told.contains(QStringLiteral("changed"))) << told.toStdString();
     exports->export_to(QStringLiteral("a.bmp"));
-    EXPECT_TRUE(told.contains(QStringLiteral(".svg or .csv"))) << told.toStdString();
+    EXPECT_TRUE(told.contains(QStringLiteral(".pdf or .csv"))) << told.toStdString();
     settle();
     EXPECT_EQ(plots.path, "");
 }

@@ -3,7 +3,6 @@
 #include "base/failure_codes.h"
 #include "cli/logs/plot_chart.h"
 #include "studies/history/history_files.h"
-#include "studies/history/selection_lanes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,6 +17,15 @@ struct PlotData {
     TimeRange range;
 };
 
+std::optional<TimeRange> extent_of_lanes(const HistoryData& data) {
+    std::optional<TimeRange> all;
+    for (const HistoryLane& lane : data.lanes()) {
+        const TimeRange one{lane.stretches.front().range.from, lane.newest};
+        all = all ? TimeRange{std::min(all->from, one.from), std::max(all->to, one.to)} : one;
+    }
+    return all;
+}
+
 Result<PlotData> read_plot(FollowedFiles& files, const std::vector<std::string>& paths, HistoryPanel panel) {
     const bool is_error = panel == HistoryPanel::error;
     const auto logs = find_logs(files, paths, is_error ? LogKind::tracking : LogKind::selection);
@@ -26,12 +34,7 @@ Result<PlotData> read_plot(FollowedFiles& files, const std::vector<std::string>&
     LoadedHistory loaded = load_history(files, {.logs = paths});
     if (!loaded.log_problems.empty())
         return tl::unexpected(loaded.log_problems.front());
-    auto range = loaded.data->extent();
-    if (!is_error) {
-        range.reset();
-        if (const auto read = add_selection(files, *logs, *loaded.data, range); !read)
-            return tl::unexpected(read.error());
-    }
+    const auto range = is_error ? loaded.data->extent() : extent_of_lanes(*loaded.data);
     if (!range)
         return failed(FailureCode::log_without_record, {logs->front().path});
     return PlotData{std::move(loaded.data), {range->from, std::max(range->to, range->from + 1)}};

@@ -12,7 +12,7 @@ namespace tickervantage {
 inline constexpr int largest_plot_side = 16384; // pixels
 
 struct PlotOptions {
-    std::string output; // .png or .svg
+    std::string output; // .png, .svg or .pdf
     int width = 200;    // pixels
     int height = 200;
     bool dark = false;

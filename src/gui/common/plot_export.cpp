@@ -128,6 +128,8 @@ void PlotExport::ask_for_file() {
                             //: file dialog: kind of file; the part in brackets stays
                             Texts::tr("Vector picture (*.svg)"),
                             //: file dialog: kind of file; the part in brackets stays
+                            Texts::tr("Document (*.pdf)"),
+                            //: file dialog: kind of file; the part in brackets stays
                             Texts::tr("Table (*.csv)")});
     dialog->setDefaultSuffix(QStringLiteral("png"));
     dialog->selectFile(name_from(m_plot.plot_caption().title)); // without an ending, which the kind of file gives it
@@ -141,11 +143,11 @@ void PlotExport::ask_for_file() {
 void PlotExport::export_to(const QString& path) {
     if (ends_in(path, ".csv"))
         export_table(path);
-    else if (ends_in(path, ".png") || ends_in(path, ".svg"))
+    else if (ends_in(path, ".png") || ends_in(path, ".svg") || ends_in(path, ".pdf"))
         export_picture(path);
     else
         //: plot windows: said when the chosen file's name says nothing about its kind
-        Q_EMIT said(Texts::tr("The file's name must end in .png, .svg or .csv."));
+        Q_EMIT said(Texts::tr("The file's name must end in .png, .svg, .pdf or .csv."));
 }
 
 template <class Write>

@@ -81,7 +81,7 @@ public:
     void ask_for_file();
     void copy_picture();
 
-    // By the suffix: .png and .svg the plot as it is shown, .csv its numbers.
+    // By the suffix: .png, .svg and .pdf the plot as it is shown, .csv its numbers.
     void export_to(const QString& path);
 
 Q_SIGNALS:

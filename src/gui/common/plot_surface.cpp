@@ -3,6 +3,8 @@
 #include "qt/accessible_widgets.h"
 
 #include <QEvent>
+#include <QFocusEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 namespace tickervantage {
@@ -76,6 +78,20 @@ void PlotSurface::changeEvent(QEvent* event) {
         event->type() == QEvent::ApplicationFontChange || event->type() == QEvent::StyleChange)
         plot_changed();
     QWidget::changeEvent(event);
+}
+
+void PlotSurface::mouseMoveEvent(QMouseEvent* event) {
+    pointer_moved(flipped(event->position()));
+}
+
+void PlotSurface::leaveEvent(QEvent* /*event*/) {
+    pointer_moved(std::nullopt);
+}
+
+void PlotSurface::focusOutEvent(QFocusEvent* event) {
+    if (event->reason() != Qt::PopupFocusReason)
+        pointer_moved(std::nullopt);
+    QWidget::focusOutEvent(event);
 }
 
 } // namespace tickervantage

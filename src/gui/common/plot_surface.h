@@ -10,6 +10,8 @@
 #include <QString>
 #include <QWidget>
 
+#include <optional>
+
 class QPainter;
 
 namespace tickervantage {
@@ -36,6 +38,8 @@ protected:
     virtual void draw_over(QPainter& /*painter*/) const {}
     [[nodiscard]] virtual QRectF text_area() const; // for the empty text
     virtual void plot_changed();                    // what it looks like: to be painted anew
+    // The pointer is there, y up, or left; so it is told too when the keyboard goes elsewhere.
+    virtual void pointer_moved(std::optional<Point> /*position*/) {}
 
     [[nodiscard]] Rect bounds() const { return {0, 0, static_cast<double>(width()), static_cast<double>(height())}; }
     [[nodiscard]] Point flipped(const QPointF& position) const { return {position.x(), height() - position.y()}; }
@@ -43,6 +47,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void paint_picture();

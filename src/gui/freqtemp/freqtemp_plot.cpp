@@ -2,9 +2,7 @@
 
 #include "qt/qt_canvas.h"
 
-#include <QFocusEvent>
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -30,7 +28,7 @@ Rect FreqTempPlot::drawing_area() const {
 
 void FreqTempPlot::plot_changed() {
     PlotSurface::plot_changed();
-    point_at(m_pointer);
+    pointer_moved(m_pointer);
 }
 
 QRectF FreqTempPlot::text_area() const {
@@ -59,18 +57,12 @@ void FreqTempPlot::draw_over(QPainter& painter) const {
 
 void FreqTempPlot::mouseMoveEvent(QMouseEvent* event) {
     m_by_key = false;
-    point_at(flipped(event->position()));
+    PlotSurface::mouseMoveEvent(event);
 }
 
-void FreqTempPlot::leaveEvent(QEvent*) {
+void FreqTempPlot::leaveEvent(QEvent* event) {
     if (!m_by_key)
-        point_at(std::nullopt);
-}
-
-void FreqTempPlot::focusOutEvent(QFocusEvent* event) {
-    if (event->reason() != Qt::PopupFocusReason)
-        point_at(std::nullopt);
-    QWidget::focusOutEvent(event);
+        PlotSurface::leaveEvent(event);
 }
 
 Point FreqTempPlot::inside(Point position) const {
@@ -113,15 +105,15 @@ void FreqTempPlot::keyPressEvent(QKeyEvent* event) {
     const auto position = after_key(*event);
     if (position) {
         m_by_key = true;
-        point_at(position);
+        pointer_moved(position);
     } else if (event->key() == Qt::Key_Escape && m_pointer) {
-        point_at(std::nullopt);
+        pointer_moved(std::nullopt);
     } else {
         QWidget::keyPressEvent(event);
     }
 }
 
-void FreqTempPlot::point_at(std::optional<Point> position) {
+void FreqTempPlot::pointer_moved(std::optional<Point> position) {
     m_pointer = position;
     m_reading = position ? m_view.reading_at(*position, bounds()) : std::nullopt;
     update();

@@ -34,16 +34,15 @@ protected:
     void draw_over(QPainter& painter) const override;
     [[nodiscard]] QRectF text_area() const override;
     void plot_changed() override;
+    void pointer_moved(std::optional<Point> position) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     [[nodiscard]] Rect drawing_area() const;
     [[nodiscard]] Point inside(Point position) const;
     [[nodiscard]] std::optional<Point> after_key(const QKeyEvent& event) const;
-    void point_at(std::optional<Point> position);
 
     FreqTempView m_view;
     std::optional<Point> m_pointer; // y up, as in the view

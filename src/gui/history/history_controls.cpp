@@ -91,13 +91,19 @@ QAction* add_action(QMenu* menu, const char* name, const QString& text) {
 
 void build_menu(QWidget* parent, HistoryControls& controls) {
     //: history window: button with a menu, and its tooltip
-    controls.files = tool(parent, "files", Texts::tr("&Logs"), Texts::tr("Logs, comparison, export"));
+    controls.files = tool(parent, "files", Texts::tr("&Logs"),
+                          Texts::tr("Logs, comparison, export. A log or a folder that is dropped on the window is "
+                                    "opened; with Shift held it is compared."));
     controls.files->setPopupMode(QToolButton::InstantPopup);
     auto* menu = new QMenu(controls.files);
     //: history window: menu items
     controls.open_log = add_action(menu, "open_log", Texts::tr("&Open Log…"));
+    //: history window: menu item, a folder with all logs of a machine
+    controls.open_folder = add_action(menu, "open_folder", Texts::tr("Open &Folder of Logs…"));
     //: history window: menu item, lays another machine's log over this one
     controls.compare = add_action(menu, "compare", Texts::tr("&Compare With…"));
+    //: history window: menu item, the same with a folder of logs
+    controls.compare_folder = add_action(menu, "compare_folder", Texts::tr("Compare &With Folder…"));
     //: history window: menu item
     controls.end_comparison = add_action(menu, "end_comparison", Texts::tr("&End Comparison"));
     controls.end_comparison->setEnabled(false);

@@ -32,7 +32,9 @@ struct HistoryControls {
     QComboBox* sources_form = nullptr; // lanes, offsets
     QToolButton* files = nullptr;      // a menu of what comes from files and goes to them
     QAction* open_log = nullptr;
+    QAction* open_folder = nullptr;
     QAction* compare = nullptr;
+    QAction* compare_folder = nullptr;
     QAction* end_comparison = nullptr;
     QAction* log_graph = nullptr;
     QAction* turn_on = nullptr;

@@ -30,16 +30,11 @@ void HistoryPlot::connect_gestures() {
     connect(m_gestures, &PlotGestures::fit_requested, this, &HistoryPlot::fit_requested);
     connect(m_gestures, &PlotGestures::oldest_requested, this, [this] { show_end(false); });
     connect(m_gestures, &PlotGestures::newest_requested, this, [this] { show_end(true); });
-    connect(m_gestures, &PlotGestures::pointed_at, this, &HistoryPlot::point_at);
+    connect(m_gestures, &PlotGestures::pointed_at, this, [this](const QPointF& at) { pointer_moved(flipped(at)); });
     connect(m_gestures, &PlotGestures::clicked, this, &HistoryPlot::click);
     connect(m_gestures, &PlotGestures::frame_changed, this, [this] { update(); });
     connect(m_gestures, &PlotGestures::frame_chosen, this, [this](double from, double to) {
         go({m_view.time_at(from, bounds()), m_view.time_at(to, bounds())});
-    });
-    connect(m_gestures, &PlotGestures::pointer_left, this, [this] {
-        m_pointers.pointer.reset();
-        update();
-        Q_EMIT pointers_changed();
     });
 }
 
@@ -101,11 +96,12 @@ void HistoryPlot::show_end(bool newest) {
     go(newest ? TimeRange{extent->to - length, extent->to} : TimeRange{extent->from, extent->from + length});
 }
 
-void HistoryPlot::point_at(const QPointF& position) {
-    const Point at = flipped(position);
-    const bool is_inside = contains(m_view.plot_area(bounds()), at);
-    m_pointers.pointer = is_inside ? std::optional(m_view.time_at(at.x, bounds())) : std::nullopt;
-    Q_EMIT marks_pointed_at(mapToGlobal(position.toPoint()), m_view.marks_at(at, bounds()));
+void HistoryPlot::pointer_moved(std::optional<Point> position) {
+    const bool is_inside = position && contains(m_view.plot_area(bounds()), *position);
+    m_pointers.pointer = is_inside ? std::optional(m_view.time_at(position->x, bounds())) : std::nullopt;
+    if (position)
+        Q_EMIT marks_pointed_at(mapToGlobal(QPointF(position->x, height() - position->y)).toPoint(),
+                                m_view.marks_at(*position, bounds()));
     update();
     Q_EMIT pointers_changed();
 }

@@ -49,6 +49,7 @@ protected:
     void draw_plot(Canvas& canvas) const override;
     void draw_over(QPainter& painter) const override;
     void plot_changed() override;
+    void pointer_moved(std::optional<Point> position) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
@@ -57,7 +58,6 @@ private:
     void slide_by(double points);
     void zoom(double steps, double x);
     void show_end(bool newest);
-    void point_at(const QPointF& position);
     void click(const QPointF& position, Qt::KeyboardModifiers modifiers);
     [[nodiscard]] bool take_pointer_key(const QKeyEvent& event);
     void move_pointer(double points);

@@ -13,13 +13,16 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QDropEvent>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QToolButton>
 #include <QTreeWidget>
+#include <QUrl>
 
 #include <algorithm>
 #include <cmath>
@@ -45,6 +48,8 @@ HistoryWindow::HistoryWindow(HistoryWindowParts parts)
     auto* central = new QWidget(this);
     m_controls = build_history_controls(central);
     setCentralWidget(central);
+    setAcceptDrops(true);
+    setProperty("takes_files", true);
     m_controls.plot->change([](HistoryView& view) { view.words = panel_words(); });
     m_exports = std::make_unique<PlotExport>(this, m_controls.plot, *this, m_parts.exports);
     m_exports->set_enabled(false);
@@ -114,8 +119,10 @@ void HistoryWindow::connect_tables() {
 }
 
 void HistoryWindow::connect_files() {
-    connect(m_controls.open_log, &QAction::triggered, this, [this] { ask_for_log(false); });
-    connect(m_controls.compare, &QAction::triggered, this, [this] { ask_for_log(true); });
+    connect(m_controls.open_log, &QAction::triggered, this, [this] { ask_for_log(false, Asked::file); });
+    connect(m_controls.open_folder, &QAction::triggered, this, [this] { ask_for_log(false, Asked::folder); });
+    connect(m_controls.compare, &QAction::triggered, this, [this] { ask_for_log(true, Asked::file); });
+    connect(m_controls.compare_folder, &QAction::triggered, this, [this] { ask_for_log(true, Asked::folder); });
     connect(m_controls.end_comparison, &QAction::triggered, this, &HistoryWindow::end_comparison);
     connect(m_controls.log_graph, &QAction::triggered, this, &HistoryWindow::log_graph_requested);
     connect(m_controls.turn_on, &QAction::triggered, this, &HistoryWindow::logs_requested);
@@ -157,19 +164,51 @@ void HistoryWindow::save_evidence(const EvidenceQuestion& question, const QStrin
         });
 }
 
-void HistoryWindow::ask_for_log(bool to_compare) {
+void HistoryWindow::ask_for_log(bool to_compare, Asked asked) {
+    const bool is_folder = asked == Asked::folder;
     //: history window: titles of dialogs
-    const QString title = to_compare ? tr("Compare With the Log of Another Machine") : tr("Open Log");
+    const QString title = to_compare  ? tr("Compare With the Logs of Another Machine")
+                          : is_folder ? tr("Open Folder of Logs")
+                                      : tr("Open Log");
     auto* dialog = new QFileDialog(this, title, QStringLiteral("/var/log/chrony"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setFileMode(is_folder ? QFileDialog::Directory : QFileDialog::ExistingFile);
     connect(dialog, &QFileDialog::fileSelected, this, [this, to_compare](const QString& path) {
         if (to_compare)
             compare_with(path);
         else
-            show_history({.store = {}, .logs = {path.toStdString()}});
+            open_logs({path});
     });
     dialog->open();
+}
+
+void HistoryWindow::open_logs(const QStringList& paths) {
+    HistoryPlaces places;
+    for (const QString& path : paths)
+        places.logs.push_back(path.toStdString());
+    show_history(std::move(places));
+}
+
+void HistoryWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) {
+        event->setDropAction(Qt::CopyAction); // the files stay where they are
+        event->accept();
+    }
+}
+
+void HistoryWindow::dropEvent(QDropEvent* event) {
+    QStringList paths;
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    if (paths.isEmpty())
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    if (event->modifiers().testFlag(Qt::ShiftModifier))
+        compare_with(paths.front());
+    else
+        open_logs(paths);
 }
 
 void HistoryWindow::show_history(HistoryPlaces places) {
@@ -184,6 +223,14 @@ void HistoryWindow::show_history(HistoryPlaces places) {
 
 void HistoryWindow::take(LoadedHistory loaded) {
     m_is_reading = false;
+    m_looks_to_skip = 0;
+    show_loaded(std::move(loaded));
+    show_first_range();
+    data_changed();
+    m_reader->start(seconds_between_looks, [this] { look_for_more(); });
+}
+
+void HistoryWindow::show_loaded(LoadedHistory loaded) {
     m_data = std::move(loaded.data);
     m_loaded = std::move(loaded);
     m_controls.plot->change([this](HistoryView& view) { view.set_data(m_data); });
@@ -191,31 +238,37 @@ void HistoryWindow::take(LoadedHistory loaded) {
     m_controls.plot->setAccessibleDescription(m_data->extent() ? QString() : m_controls.plot->empty_text());
     m_exports->set_enabled(m_data->extent().has_value());
     m_controls.evidence->setEnabled(!m_loaded.logs.empty()); // readings of this program prove nothing
-    show_first_range();
-    data_changed();
-    if (!m_places.store.empty())
-        m_reader->start(seconds_between_looks, [this] { look_for_more(); });
 }
 
 void HistoryWindow::look_for_more() {
-    if (std::exchange(m_is_reading, true))
+    if (m_looks_to_skip > 0)
+        --m_looks_to_skip;
+    else if (!std::exchange(m_is_reading, true))
+        m_background.start_newest(
+            *m_parts.queue,
+            [&files = m_parts.files, places = m_places, newest = m_data->newest_stored(), known = m_loaded.states] {
+                return history_news(files, places, newest, known);
+            },
+            [this](HistoryNews news) { take_news(std::move(news)); });
+}
+
+// Logs of years take some seconds to read: so much that a fiftieth of the time goes into that, and no more.
+void HistoryWindow::take_news(HistoryNews news) {
+    constexpr double share = 50;
+    m_is_reading = false;
+    m_looks_to_skip = static_cast<int>(news.reading.count() * share / seconds_between_looks);
+    const bool was_empty = !m_data->extent();
+    if (news.anew)
+        show_loaded(std::move(*news.anew));
+    else if (!news.stored || !m_data->add(*news.stored))
         return;
-    m_background.start_newest(
-        *m_parts.queue,
-        [store = m_places.store, known = m_data->newest_stored()] { return stored_after(store, known); },
-        [this](const Result<StoredHistory>& stored) {
-            m_is_reading = false;
-            const bool was_empty = !m_data->extent();
-            if (!stored || !m_data->add(*stored))
-                return;
-            m_exports->set_enabled(true);
-            if (was_empty)
-                show_first_range();
-            else if (m_controls.follow->isChecked())
-                keep_newest_in_sight();
-            m_controls.plot->change([](HistoryView&) {});
-            data_changed();
-        });
+    m_exports->set_enabled(m_data->extent().has_value());
+    if (was_empty)
+        show_first_range();
+    else if (m_controls.follow->isChecked())
+        keep_newest_in_sight();
+    m_controls.plot->change([](HistoryView&) {});
+    data_changed();
 }
 
 // The newest day, or all where that is less.
@@ -225,7 +278,7 @@ void HistoryWindow::show_first_range() {
         return;
     const bool is_long = extent->length() > range_seconds[first_range_entry];
     choose_range(is_long ? first_range_entry : 0);
-    m_controls.follow->setChecked(!m_places.store.empty());
+    m_controls.follow->setChecked(true);
 }
 
 void HistoryWindow::choose_range(int entry) {
@@ -256,6 +309,8 @@ void HistoryWindow::range_moved() {
     m_controls.forward->setEnabled(path.can_go_forward());
     const double length = path.now().length();
     const int entry = m_controls.range->currentIndex();
+    if (const auto extent = m_data->extent(); extent && (extent->to < path.now().from || extent->to > path.now().to))
+        m_controls.follow->setChecked(false); // who looks at the past stays there
     if (entry != 0 && std::abs(length - range_seconds.at(static_cast<std::size_t>(entry))) > 1)
         m_controls.range->setCurrentIndex(own_range);
     fill_events();

@@ -40,7 +40,7 @@ public:
     HistoryWindow(const HistoryWindow&) = delete;
     HistoryWindow& operator=(const HistoryWindow&) = delete;
 
-    // Reads them, and shows the newest day.
+    // Reads them, shows the newest day, and follows the store and the logs while they grow.
     void show_history(HistoryPlaces places);
     // Lays another machine's log, or a folder of them, over what is shown.
     void compare_with(const QString& path);
@@ -60,6 +60,8 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override; // logs and folders of them
 
 private:
     struct CurveNumbers {
@@ -77,10 +79,14 @@ private:
     void connect_choices();
     void connect_tables();
     void connect_files();
-    void ask_for_log(bool to_compare);
+    enum class Asked : unsigned char { file, folder };
+    void ask_for_log(bool to_compare, Asked asked);
+    void open_logs(const QStringList& paths);
     void ask_for_question();
     void take(LoadedHistory loaded);
+    void show_loaded(LoadedHistory loaded);
     void look_for_more();
+    void take_news(HistoryNews news);
     void show_first_range();
     void choose_range(int entry);
     void keep_newest_in_sight();
@@ -110,6 +116,7 @@ private:
     std::unique_ptr<Repeater> m_reader;
     QTimer m_statistics_timer; // waits until a movement has ended
     bool m_is_reading = false;
+    int m_looks_to_skip = 0; // where reading the logs takes its time
     Background m_background;
     Background m_statistics;
 };

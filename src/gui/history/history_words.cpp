@@ -24,6 +24,7 @@ struct Texts {
 constexpr std::string_view other_prefix = "other ";
 constexpr std::string_view difference_prefix = "difference ";
 constexpr std::string_view source_prefix = "source ";
+constexpr std::string_view temperature_prefix = "temperature ";
 
 QString plain_curve_words(const std::string& key) {
     //: history window: names of curves
@@ -33,7 +34,8 @@ QString plain_curve_words(const std::string& key) {
         {"frequency", QT_TRANSLATE_NOOP("history", "Frequency")},
         {"skew", QT_TRANSLATE_NOOP("history", "Frequency ± skew")},
         {"root_delay", QT_TRANSLATE_NOOP("history", "Root delay")},
-        {"root_dispersion", QT_TRANSLATE_NOOP("history", "Root dispersion")}};
+        {"root_dispersion", QT_TRANSLATE_NOOP("history", "Root dispersion")},
+        {"compensation", QT_TRANSLATE_NOOP("history", "Compensation for temperature")}};
     const auto found = names.find(key);
     return found == names.end() ? QString::fromStdString(key) : Texts::tr(found->second);
 }
@@ -76,6 +78,11 @@ QString curve_words(const std::string& key) {
     if (key.starts_with(difference_prefix))
         //: history window: the curve of this log less that of the other; %1 is its name
         return Texts::tr("%1, difference").arg(plain_curve_words(key.substr(difference_prefix.size())));
+    if (key == temperature_prefix)
+        //: history window: a curve, the temperature that chronyd read
+        return Texts::tr("Temperature, by chronyd");
+    if (key.starts_with(temperature_prefix))
+        return QString::fromStdString(key.substr(temperature_prefix.size()));
     if (key.starts_with(source_prefix))
         return QString::fromStdString(key.substr(source_prefix.size()));
     return plain_curve_words(key);
@@ -97,7 +104,9 @@ HistoryWords panel_words() {
                     //: history window: title of a panel
                     Texts::tr("Delay and dispersion").toStdString(),
                     //: history window: title of a panel
-                    Texts::tr("Sources").toStdString()};
+                    Texts::tr("Sources").toStdString(),
+                    //: history window: title of a panel
+                    Texts::tr("Temperature").toStdString()};
     return words;
 }
 

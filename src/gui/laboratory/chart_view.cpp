@@ -4,7 +4,6 @@
 
 #include <QKeyEvent>
 #include <QLocale>
-#include <QMouseEvent>
 #include <QPainter>
 
 #include <utility>
@@ -53,12 +52,8 @@ void ChartView::draw_over(QPainter& painter) const {
     painter.drawRect(0, 0, width() - 1, height() - 1);
 }
 
-void ChartView::mouseMoveEvent(QMouseEvent* event) {
-    point_at(nearest(m_chart, bounds(), flipped(event->position())));
-}
-
-void ChartView::leaveEvent(QEvent*) {
-    point_at(std::nullopt);
+void ChartView::pointer_moved(std::optional<Point> position) {
+    point_at(position ? nearest(m_chart, bounds(), *position) : std::nullopt);
 }
 
 void ChartView::keyPressEvent(QKeyEvent* event) {

@@ -28,8 +28,7 @@ Q_SIGNALS:
 protected:
     void draw_plot(Canvas& canvas) const override;
     void draw_over(QPainter& painter) const override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void leaveEvent(QEvent* event) override;
+    void pointer_moved(std::optional<Point> position) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

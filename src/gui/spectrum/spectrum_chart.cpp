@@ -2,9 +2,7 @@
 
 #include "qt/qt_canvas.h"
 
-#include <QFocusEvent>
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -36,7 +34,7 @@ SpectrumChart::SpectrumChart(QWidget* parent)
 
 void SpectrumChart::set_spectrum(std::shared_ptr<const ComputedSpectrum> spectrum) {
     m_view.set_spectrum(std::move(spectrum));
-    point_at(std::nullopt);
+    show_reading(std::nullopt);
     plot_changed();
 }
 
@@ -58,30 +56,20 @@ void SpectrumChart::draw_over(QPainter& painter) const {
     m_view.draw_marker(canvas, bounds(), m_pointed->bin);
 }
 
-void SpectrumChart::mouseMoveEvent(QMouseEvent* event) {
-    point_at(m_view.reading_at(event->position().x(), bounds()));
-}
-
-void SpectrumChart::leaveEvent(QEvent*) {
-    point_at(std::nullopt);
-}
-
-void SpectrumChart::focusOutEvent(QFocusEvent* event) {
-    if (event->reason() != Qt::PopupFocusReason)
-        point_at(std::nullopt);
-    QWidget::focusOutEvent(event);
+void SpectrumChart::pointer_moved(std::optional<Point> position) {
+    show_reading(position ? m_view.reading_at(position->x, bounds()) : std::nullopt);
 }
 
 void SpectrumChart::keyPressEvent(QKeyEvent* event) {
     const std::size_t bars = m_view.bars();
     const auto bin = bars == 0 ? std::nullopt : bin_after(event->key(), m_pointed ? m_pointed->bin : 0, bars - 1);
     if (bin)
-        point_at(m_view.reading_of(*bin));
+        show_reading(m_view.reading_of(*bin));
     else
         QWidget::keyPressEvent(event);
 }
 
-void SpectrumChart::point_at(std::optional<SpectrumReading> reading) {
+void SpectrumChart::show_reading(std::optional<SpectrumReading> reading) {
     if (m_pointed == reading)
         return;
     m_pointed = reading;

@@ -29,13 +29,11 @@ protected:
     [[nodiscard]] bool is_empty() const override { return m_view.spectrum() == nullptr; }
     void draw_plot(Canvas& canvas) const override;
     void draw_over(QPainter& painter) const override; // the marker
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void leaveEvent(QEvent* event) override;
+    void pointer_moved(std::optional<Point> position) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    void point_at(std::optional<SpectrumReading> reading);
+    void show_reading(std::optional<SpectrumReading> reading);
 
     SpectrumView m_view;
     std::optional<SpectrumReading> m_pointed;

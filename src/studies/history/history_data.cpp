@@ -11,6 +11,7 @@ constexpr double longest_silence = 4096;
 
 // Readings of the store come each few seconds; a source that is missing for so long was not there.
 constexpr double longest_between_readings = 180;
+constexpr double longest_between_selections = 1200; // chronyd makes one a poll
 
 MaybeExtent value_of(const HistoryRow& row, HistoryQuantity quantity) {
     return row.values.at(static_cast<std::size_t>(quantity));
@@ -85,7 +86,7 @@ bool HistoryData::add(const StoredHistory& stored) {
             add_row(row);
     for (const SourceRow& row : stored.sources)
         if (row.time > known)
-            add_source(row);
+            add_source(row, longest_between_readings);
     for (const HistoryEvent& event : stored.events)
         if (event.time > known && !(is_told_by_logs(event.kind) && is_logged(static_cast<double>(event.time))))
             add(mark_of(event));
@@ -123,7 +124,7 @@ void HistoryData::add_row(const HistoryRow& row) {
             {time, frequency->low - skew->high, frequency->mean, frequency->high + skew->high});
 }
 
-void HistoryData::add_source(const SourceRow& row) {
+void HistoryData::add_source(const SourceRow& row, double longest_between) {
     const auto [place, is_new] = m_lane_of.try_emplace(row.source, m_lanes.size());
     if (is_new)
         m_lanes.emplace_back().source = row.source;
@@ -132,8 +133,7 @@ void HistoryData::add_source(const SourceRow& row) {
     const TimeRange range{from, from + row.span};
     if (const auto offset = at_time(from + row.span / 2.0, row.offset))
         lane.offsets.add(*offset);
-    const bool goes_on =
-        !lane.stretches.empty() && from - lane.newest <= std::max(longest_between_readings, 2.0 * row.span);
+    const bool goes_on = !lane.stretches.empty() && from - lane.newest <= std::max(longest_between, 2.0 * row.span);
     if (goes_on) // the state lasted until this reading
         lane.stretches.back().range.to = std::max(lane.stretches.back().range.to, from);
     const bool is_same = goes_on && lane.stretches.back().rule == row.rule &&
@@ -143,6 +143,22 @@ void HistoryData::add_source(const SourceRow& row) {
     else
         lane.stretches.push_back({range, row.rule, row.letter, row.reach});
     lane.newest = range.to;
+}
+
+void HistoryData::add_logged(const SourceRow& row) {
+    const auto time = static_cast<double>(row.time);
+    add_source(row, longest_between_selections);
+    add_origin({time, time}, HistoryOrigin::log);
+    reach_to(time, time);
+    ++m_version;
+}
+
+void HistoryData::add_temperature(const std::string& sensor, double time, double celsius) {
+    auto found = std::ranges::find(m_temperatures, sensor, &HistoryTemperature::sensor);
+    if (found == m_temperatures.end())
+        found = m_temperatures.insert(found, {sensor, {}});
+    found->values.add(time, celsius);
+    ++m_version;
 }
 
 void HistoryData::add(const ClockEvent& event) {

@@ -25,8 +25,9 @@ enum class HistoryLine : unsigned char {
     skew_band,       // ppm: the frequency, with the skew to both sides as its lowest and highest
     root_delay,      // s
     root_dispersion, // s
+    compensation,    // ppm, that chronyd made for the temperature
 };
-inline constexpr std::size_t history_lines = 6;
+inline constexpr std::size_t history_lines = 7;
 
 enum class HistoryOrigin : unsigned char { store, log };
 
@@ -77,6 +78,12 @@ struct HistoryMark {
     std::optional<Sentence> sentence = {};
 };
 
+// What one sensor showed, in degrees Celsius.
+struct HistoryTemperature {
+    std::string sensor; // empty: the one by which chronyd compensates
+    TimedValues values;
+};
+
 // What the store holds from a time on.
 struct StoredHistory {
     std::vector<HistoryRow> rows = {};
@@ -96,9 +103,12 @@ public:
     // In the order of time; rows that are known already are left out. True when anything was added.
     bool add(const StoredHistory& stored);
     void add(const ClockEvent& event);
+    void add_logged(const SourceRow& row); // of a selection log
+    void add_temperature(const std::string& sensor, double time, double celsius);
 
     [[nodiscard]] const TimedValues& line(HistoryLine line) const { return m_lines[static_cast<std::size_t>(line)]; }
     [[nodiscard]] const std::vector<HistoryLane>& lanes() const { return m_lanes; }
+    [[nodiscard]] const std::vector<HistoryTemperature>& temperatures() const { return m_temperatures; }
     [[nodiscard]] const std::vector<HistoryMark>& marks() const { return m_marks; } // by time
     [[nodiscard]] const std::vector<OriginStretch>& origins() const { return m_origins; }
 
@@ -111,7 +121,7 @@ public:
 private:
     [[nodiscard]] bool is_logged(double time) const;
     void add_row(const HistoryRow& row);
-    void add_source(const SourceRow& row);
+    void add_source(const SourceRow& row, double longest_between);
     void add(HistoryMark mark);
     void add_origin(const TimeRange& range, HistoryOrigin origin);
     void reach_to(double from, double to);
@@ -119,6 +129,7 @@ private:
     std::array<TimedValues, history_lines> m_lines;
     std::vector<HistoryLane> m_lanes;
     std::map<std::string, std::size_t> m_lane_of;
+    std::vector<HistoryTemperature> m_temperatures;
     std::vector<HistoryMark> m_marks;
     std::vector<OriginStretch> m_origins;
     std::vector<double> m_logged; // times of the logs' records

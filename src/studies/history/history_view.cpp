@@ -63,6 +63,7 @@ constexpr std::array<LineLook, history_lines> looks{{
     {HistoryLine::frequency, "frequency", HistoryPanel::frequency, AxisUnit::ppm, CurveForm::line, green},
     {HistoryLine::root_delay, "root_delay", HistoryPanel::delay, AxisUnit::seconds, CurveForm::line, purple},
     {HistoryLine::root_dispersion, "root_dispersion", HistoryPanel::delay, AxisUnit::seconds, CurveForm::line, orange},
+    {HistoryLine::compensation, "compensation", HistoryPanel::frequency, AxisUnit::ppm, CurveForm::line, magenta},
 }};
 
 bool is_bad(MarkKind kind) {
@@ -109,10 +110,17 @@ struct HistoryView::Frame {
 TimedValues difference_of(const TimedValues& one, const TimedValues& other) {
     TimedValues found;
     const double near = 2 * std::max(one.usual_interval(), other.usual_interval());
-    for (std::size_t at = 0; at < one.size(); ++at)
-        if (const auto beside = other.nearest(one.time(at));
-            beside && std::abs(other.time(*beside) - one.time(at)) <= near)
-            found.add(one.time(at), one.mean(at) - other.mean(*beside));
+    const auto distance = [&](std::size_t beside, double time) {
+        return std::abs(other.time(beside) - time);
+    };
+    std::size_t beside = 0;
+    for (std::size_t at = 0; at < one.size(); ++at) {
+        const double time = one.time(at);
+        while (beside + 1 < other.size() && distance(beside + 1, time) <= distance(beside, time))
+            ++beside;
+        if (beside < other.size() && distance(beside, time) <= near)
+            found.add(time, one.mean(at) - other.mean(beside));
+    }
     return found;
 }
 
@@ -146,6 +154,11 @@ std::vector<HistoryCurve> HistoryView::curves() const {
             all.push_back({"source " + lane.source, HistoryPanel::sources, &lane.offsets, AxisUnit::seconds,
                            CurveForm::line, source_colors[at % source_colors.size()]});
         }
+    for (std::size_t at = 0; at < m_data->temperatures().size(); ++at) {
+        const HistoryTemperature& one = m_data->temperatures()[at];
+        all.push_back({"temperature " + one.sensor, HistoryPanel::temperature, &one.values, AxisUnit::celsius,
+                       CurveForm::line, source_colors[at % source_colors.size()]});
+    }
     std::erase_if(all, [this](const HistoryCurve& curve) {
         return curve.values->empty() || !options.panels[static_cast<std::size_t>(curve.panel)];
     });
@@ -154,7 +167,7 @@ std::vector<HistoryCurve> HistoryView::curves() const {
 
 void HistoryView::add_other_curves(std::vector<HistoryCurve>& curves) const {
     for (const LineLook& look : looks) {
-        if (look.form == CurveForm::band)
+        if (look.form == CurveForm::band || look.line == HistoryLine::compensation)
             continue;
         const auto form = look.form == CurveForm::bound ? CurveForm::bound : CurveForm::line;
         curves.push_back({std::string("other ") + look.key, look.panel, &m_other->line(look.line), look.unit, form,
@@ -183,7 +196,7 @@ HistoryView::PanelShares HistoryView::shares(Rect area) const {
         found.unit = total > 0 ? (area.height + panel_gap - titles - found.lanes) / total : 0;
     };
     measure();
-    for (const HistoryPanel last : {HistoryPanel::delay, HistoryPanel::frequency})
+    for (const HistoryPanel last : {HistoryPanel::temperature, HistoryPanel::delay, HistoryPanel::frequency})
         if (found.unit * 2 < smallest_panel && found.weights[0] > 0) {
             found.weights[static_cast<std::size_t>(last)] = 0;
             measure();
@@ -261,9 +274,11 @@ ValueAxis HistoryView::axis_of(HistoryPanel panel, const Frame& frame) const {
     constexpr double too_wide = 30; // for an even axis
     double usual = 0;
     AxisSpan span = span_of(panel, frame, usual);
-    const AxisUnit unit = panel == HistoryPanel::frequency ? AxisUnit::ppm : AxisUnit::seconds;
+    const AxisUnit unit = panel == HistoryPanel::frequency     ? AxisUnit::ppm
+                          : panel == HistoryPanel::temperature ? AxisUnit::celsius
+                                                               : AxisUnit::seconds;
     const double largest = std::max(std::abs(span.low), std::abs(span.high));
-    const bool bends = panel != HistoryPanel::frequency && usual > 0 &&
+    const bool bends = unit == AxisUnit::seconds && usual > 0 &&
                        (options.scale == ScaleChoice::logarithmic ||
                         (options.scale == ScaleChoice::automatic && largest > too_wide * usual));
     const double room = (span.high - span.low) * 0.06;

@@ -19,15 +19,15 @@
 
 namespace tickervantage {
 
-enum class HistoryPanel : unsigned char { error, frequency, delay, sources };
-inline constexpr std::size_t history_panels = 4;
+enum class HistoryPanel : unsigned char { error, frequency, delay, sources, temperature };
+inline constexpr std::size_t history_panels = 5;
 
 enum class CurveForm : unsigned char { line, spread, bound, band };
 enum class ScaleChoice : unsigned char { automatic, linear, logarithmic };
 
 // What is drawn of the data: a line in the legend.
 struct HistoryCurve {
-    std::string key; // "offset", "source 192.0.2.1", "other offset", "difference offset"
+    std::string key; // "offset", "source 192.0.2.1", "temperature Tctl", "other offset", "difference offset"
     HistoryPanel panel{};
     const TimedValues* values = nullptr;
     AxisUnit unit = AxisUnit::seconds;
@@ -36,15 +36,16 @@ struct HistoryCurve {
 };
 
 struct HistoryWords {
-    std::array<std::string, history_panels> panels{"Error", "Frequency", "Delay and dispersion", "Sources"};
+    std::array<std::string, history_panels> panels{"Error", "Frequency", "Delay and dispersion", "Sources",
+                                                   "Temperature"};
     std::array<std::string, 2> origins{"history", "log"};
 };
 
 struct HistoryOptions {
     bool lanes = true; // else the sources' offsets
     ScaleChoice scale = ScaleChoice::automatic;
-    std::set<std::string> hidden = {}; // keys of curves
-    std::array<bool, history_panels> panels{true, true, true, true};
+    std::set<std::string> hidden = {"compensation"}; // keys of curves; near zero, it would press the others flat
+    std::array<bool, history_panels> panels{true, true, true, true, true};
     std::array<bool, mark_kinds> marks = all_marks();
 
     static constexpr std::array<bool, mark_kinds> all_marks() {

@@ -26,19 +26,14 @@ SourceRow row_of(const LogLine& line) {
 
 } // namespace
 
-Result<> add_selection(FollowedFiles& files, const std::vector<LogFile>& logs, HistoryData& data,
-                       std::optional<TimeRange>& range) {
+Result<> add_selection(FollowedFiles& files, const std::vector<LogFile>& logs, HistoryData& data) {
     LogLine line;
     for (const LogFile& log : logs) {
         LogCount count;
         const auto read = read_records(files, log.path, count, [&](std::string_view text, std::size_t) {
             if (!read_log_line(shape_of(LogKind::selection), text, line))
                 return false;
-            StoredHistory one;
-            one.sources.push_back(row_of(line));
-            (void)data.add(one);
-            const double time = line.time();
-            range = range ? TimeRange{std::min(range->from, time), std::max(range->to, time)} : TimeRange{time, time};
+            data.add_logged(row_of(line));
             return true;
         });
         if (!read)

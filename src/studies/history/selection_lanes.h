@@ -5,14 +5,11 @@
 #include "chrony/log/log_files.h"
 #include "studies/history/history_data.h"
 
-#include <optional>
 #include <vector>
 
 namespace tickervantage {
 
-// Adds each source's state and the middle of its interval as its offset; `range` is what the logs cover, none where
-// they have no record.
-[[nodiscard]] Result<> add_selection(FollowedFiles& files, const std::vector<LogFile>& logs, HistoryData& data,
-                                     std::optional<TimeRange>& range);
+// Adds each source's state, and the middle of its interval as its offset.
+[[nodiscard]] Result<> add_selection(FollowedFiles& files, const std::vector<LogFile>& logs, HistoryData& data);
 
 } // namespace tickervantage
