@@ -4,6 +4,7 @@
 #include "app/analysis_windows.h"
 #include "app/bring_to_front.h"
 #include "app/config_windows.h"
+#include "app/daemon_menu.h"
 #include "app/help_windows.h"
 #include "app/mender.h"
 #include "app/opened_files.h"
@@ -144,6 +145,7 @@ void AppDelegate::make_main_window() {
         explain_missing_administration(m_menus);
     if (m_daemon.control.pull_out)
         make_demonstration_menu();
+    m_daemon_menu = std::make_unique<DaemonMenu>(m_parts.cycle.settings, *m_main_window, m_menus);
     if (m_history_service)
         make_history_offer();
 }
@@ -584,6 +586,8 @@ void AppDelegate::say(const QString& sentence, QMessageBox::Icon icon) {
 }
 
 void AppDelegate::log_change_of_state(const StatusNotice& notice) {
+    if (!m_main_window->cycle().host().empty())
+        return; // the log is about this machine
     const chronydStatus status = m_main_window->cycle().status();
     if (std::exchange(m_logged_status, status) == status)
         return;

@@ -30,6 +30,7 @@ namespace tickervantage {
 
 class AnalysisWindows;
 class ConfigWindows;
+class DaemonMenu;
 class FollowedFiles;
 class HelpWindows;
 class Mender;
@@ -172,6 +173,7 @@ private:
     std::unique_ptr<WindowMenus> m_window_menus;
     std::unique_ptr<OpenedFiles> m_opened_files;
     std::unique_ptr<DemonstrationMenu> m_demonstration_menu;
+    std::unique_ptr<DaemonMenu> m_daemon_menu;
     std::unique_ptr<HistoryOffer> m_history_offer;
 };
 

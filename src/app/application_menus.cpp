@@ -20,7 +20,10 @@ struct Item {
     const char* text;
     const char* icon; // its name in the desktop's themes; null: none
     QKeySequence shortcut;
+    const char* tip = nullptr; // what it does, where the text alone does not say it
 };
+
+constexpr const char* tip_of_item = "tip";
 
 /* TRANSLATOR menus
    main window: menus and their items. The letter after an ampersand is the one that chooses the item together with Alt.
@@ -64,17 +67,53 @@ std::vector<Item> view_items() {
 }
 
 std::vector<Item> action_items() {
-    return {{"installChrony", QT_TRANSLATE_NOOP("menus", "&Install chrony"), "package-x-generic", {}},
-            {"uninstallChrony", QT_TRANSLATE_NOOP("menus", "&Uninstall chrony…"), "edit-delete", {}},
+    return {{"installChrony",
+             QT_TRANSLATE_NOOP("menus", "&Install chrony"),
+             "package-x-generic",
+             {},
+             QT_TRANSLATE_NOOP("menus", "Copies chrony's programs and services to this computer, and starts chronyd")},
+            {"uninstallChrony",
+             QT_TRANSLATE_NOOP("menus", "&Uninstall chrony…"),
+             "edit-delete",
+             {},
+             QT_TRANSLATE_NOOP("menus", "Removes what was installed there; the configuration and the logs stay")},
             separator,
-            {"startChrony", QT_TRANSLATE_NOOP("menus", "&Start chronyd"), "media-playback-start", {}},
-            {"stopChrony", QT_TRANSLATE_NOOP("menus", "S&top chronyd"), "media-playback-stop", {}},
-            {"runChronywake", QT_TRANSLATE_NOOP("menus", "Run chrony&wake"), "system-run", {}},
+            {"startChrony",
+             QT_TRANSLATE_NOOP("menus", "&Start chronyd"),
+             "media-playback-start",
+             {},
+             QT_TRANSLATE_NOOP("menus", "Starts the service that keeps this clock right")},
+            {"stopChrony",
+             QT_TRANSLATE_NOOP("menus", "S&top chronyd"),
+             "media-playback-stop",
+             {},
+             QT_TRANSLATE_NOOP("menus", "Stops that service: nothing keeps this clock right then")},
+            {"runChronywake",
+             QT_TRANSLATE_NOOP("menus", "Run chrony&wake"),
+             "system-run",
+             {},
+             QT_TRANSLATE_NOOP("menus", "Corrects the clock, as it is done when the machine has slept")},
             separator,
-            {"formerConfigurations", QT_TRANSLATE_NOOP("menus", "&Former Configurations…"), "document-revert", {}},
-            {"rotateLogs", QT_TRANSLATE_NOOP("menus", "&Rotate Logs"), "view-refresh", {}},
-            {"synchServer", QT_TRANSLATE_NOOP("menus", "S&ynchronise Now…"), "emblem-synchronizing", {}},
-            {"stepTime", QT_TRANSLATE_NOOP("menus", "Step the &Clock…"), "appointment-soon", {}}};
+            {"formerConfigurations",
+             QT_TRANSLATE_NOOP("menus", "&Former Configurations…"),
+             "document-revert",
+             {},
+             QT_TRANSLATE_NOOP("menus", "Compares the configurations that were installed before, and brings one back")},
+            {"rotateLogs",
+             QT_TRANSLATE_NOOP("menus", "&Rotate Logs"),
+             "view-refresh",
+             {},
+             QT_TRANSLATE_NOOP("menus", "Sets chrony's log files aside under other names, and begins new ones")},
+            {"synchServer",
+             QT_TRANSLATE_NOOP("menus", "S&ynchronise Now…"),
+             "emblem-synchronizing",
+             {},
+             QT_TRANSLATE_NOOP("menus", "Stops chronyd, sets the clock once by a server, and starts chronyd again")},
+            {"stepTime",
+             QT_TRANSLATE_NOOP("menus", "Step the &Clock…"),
+             "appointment-soon",
+             {},
+             QT_TRANSLATE_NOOP("menus", "Sets the clock forward or back at once, by as many seconds as you say")}};
 }
 
 std::vector<Item> window_items() {
@@ -118,6 +157,7 @@ void add_item(QMenu* menu, const Item& item, ApplicationMenus& menus) {
     if (item.icon != nullptr)
         action->setIcon(QIcon::fromTheme(QLatin1String(item.icon)));
     action->setEnabled(false);
+    action->setProperty(tip_of_item, item.tip == nullptr ? QString() : Texts::tr(item.tip));
     //: tooltip of a menu item that cannot be used
     action->setToolTip(Texts::tr("Not part of this version"));
     action->setVisible(QLatin1String(item.name) != QLatin1String("showDonate")); // it comes with its resource alone
@@ -141,7 +181,7 @@ QMenu* add_menu(QMainWindow* window, const QString& title, const std::vector<Ite
 QAction* ApplicationMenus::offer(const char* name) const {
     QAction* action = actions.at(name);
     action->setEnabled(true);
-    action->setToolTip({});
+    action->setToolTip(action->property(tip_of_item).toString());
     action->setVisible(true);
     return action;
 }
@@ -155,11 +195,13 @@ ApplicationMenus build_application_menus(QMainWindow* window) {
     add(Texts::tr("&File"), file_items());
     add(Texts::tr("&View"), view_items());
     menus.m_action = add(Texts::tr("&Chrony"), action_items());
+    menus.m_daemon = add(Texts::tr("Dae&mon"), {});
     menus.m_windows = add(Texts::tr("&Window"), window_items());
     add(Texts::tr("&Help"), help_items());
     menus.m_frequency_item = menus.actions.at("showFreqTemp");
     menus.m_spectrum_item = menus.actions.at("showSpectrum");
     menus.m_action->setObjectName(QStringLiteral("m_action"));
+    menus.m_daemon->setObjectName(QStringLiteral("daemon"));
     menus.m_frequency_item->setObjectName(QStringLiteral("m_frequency_item"));
     menus.m_spectrum_item->setObjectName(QStringLiteral("m_spectrum_item"));
     return menus;

@@ -17,6 +17,7 @@ namespace tickervantage {
 // their own: their object name is the field's.
 struct ApplicationMenus {
     QMenu* m_action = nullptr;           // the administrative jobs
+    QMenu* m_daemon = nullptr;           // whose clock is shown
     QMenu* m_windows = nullptr;          // the windows that can be opened
     QAction* m_frequency_item = nullptr; // opens the frequency-temperature window
     QAction* m_spectrum_item = nullptr;  // opens the spectrum window

@@ -122,6 +122,7 @@ private:
     // The queues whose work uses the parts above end before those go.
     SerialQueue m_status_queue{"net.brisklane.status"};
     SerialQueue m_report_queue{"net.brisklane.reports"};
+    SerialQueue m_host_queue{"net.brisklane.hosts"};
     LabelledQueues m_job_queues;
     SerialQueue m_removal_queue{"net.brisklane.removetuxfamily"};
     SerialQueue m_spectrum_queue{"net.brisklane.spectrum"};
@@ -165,7 +166,7 @@ std::shared_ptr<PrivilegedActions> Program::make_actions() {
 
 ApplicationParts Program::parts(const Paths& paths, const DaemonChoice& daemon) {
     return {.cycle = {m_execute, *m_actions, m_status_queue, m_report_queue, m_main_thread, m_timer, m_broadcast,
-                      m_settings},
+                      m_settings, &m_host_queue},
             .actions = m_actions,
             .machine = m_machine,
             .removal_queue = m_removal_queue,

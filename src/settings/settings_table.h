@@ -14,6 +14,7 @@ TV_SETTING(BooleanKey, original_name, false, "show source names as the configura
 TV_SETTING(IntegerKey, chronyc_interval, 10, "seconds between two refreshes", 1, 60)
 TV_SETTING(TextKey, ntpdata_server, "", "server asked about by the ntpdata command")
 TV_SETTING(FontKey, CHRONYC_Font, {}, "font of the command output: family, comma, size in points")
+TV_SETTING(TextListKey, daemon_hosts, {}, "other machines whose chronyd the main window can show")
 
 // Preferences, General
 TV_SETTING(TextKey, file_config, "/etc/chrony.d/chrony.conf", "path of chrony's configuration", TextRule::absolute_path)

@@ -32,10 +32,10 @@ void pass_through(MemorySettingsStore& from, MemorySettingsStore& to) {
 TEST(RememberedSettings, ComeBackAsTheyWereStored) {
     // In no record: each is loaded and saved where it is used.
     const std::set<std::string_view> elsewhere{
-        "IgnoreWarnings", "SPECTRUM_duration", "SPECTRUM_interval",    "recent_configurations",
-        "recent_logs",    "sync_ntp_server",   "sync_restart_chronyd", "sync_timeout",
-        "watch_bound",    "watch_holdover",    "watch_notify",         "watch_quiet",
-        "watch_raised",   "watch_sources",     "watch_step",           "watch_tray"};
+        "IgnoreWarnings",  "SPECTRUM_duration",    "SPECTRUM_interval", "recent_configurations", "recent_logs",
+        "sync_ntp_server", "sync_restart_chronyd", "sync_timeout",      "watch_bound",           "watch_holdover",
+        "watch_notify",    "watch_quiet",          "watch_raised",      "watch_sources",         "watch_step",
+        "watch_tray",      "daemon_hosts"};
     MemorySettingsStore stored;
     MemorySettingsStore saved;
     for (const auto& setting : all_settings())

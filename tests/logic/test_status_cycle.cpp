@@ -19,6 +19,7 @@ public:
     std::string meter_value;
     std::vector<chronydStatus> states;
     std::shared_ptr<const ClockTruth> truth;
+    std::shared_ptr<const ClockTruth> watched;
     bool not_adjusted = false;
     std::string version_labels;
     bool original_offered = true;
@@ -36,6 +37,7 @@ public:
     void show_meter_value(const std::string& text) override { meter_value = text; }
     void show_status(chronydStatus status) override { states.push_back(status); }
     void show_truth(std::shared_ptr<const ClockTruth> shown) override { truth = std::move(shown); }
+    void watch_truth(std::shared_ptr<const ClockTruth> own) override { watched = std::move(own); }
     void show_clock_not_adjusted(bool shown) override { not_adjusted = shown; }
     void show_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) override {
         const auto words = [](const ProgramVersion& version) {
@@ -613,6 +615,69 @@ TEST_F(StatusCycleTest, ReadingThatReturnsAfterTheWindowHasGoneIsDropped) {
     cycle.reset();
     main_thread.turn();
     EXPECT_EQ(display.states.size(), 2U);
+}
+
+TEST_F(StatusCycleTest, AnotherMachineIsShownWhileThisOneGoesOn) {
+    std::vector<double> heard;
+    broadcast.AddListener(current_frequency_key, "test", [&](std::string_view, const std::any& object) {
+        heard.push_back(std::any_cast<current_frequency>(object).freq);
+    });
+    ASSERT_TRUE(actions->blessHelper()); // rights that are there, and must not be used
+    load();
+    const auto own = display.truth;
+    heard.clear();
+    execute.calls.clear();
+    execute.answer("chronyc -h far.example", testing::tracking_line("Not synchronised") + "0,0,0,0,0\n");
+    cycle->show_host("far.example");
+    EXPECT_EQ(display.truth->verdict, Verdict::unavailable) << "the former values are gone before the answer is there";
+    EXPECT_EQ(display.meter_value, no_value);
+    EXPECT_EQ(display.notice, (StatusNotice{StatusNotice::Kind::asking, "far.example"}));
+    settle();
+    EXPECT_EQ(display.truth->verdict, Verdict::unsynchronised);
+    EXPECT_EQ(display.states.back(), chronydStatus::notlocked);
+    ASSERT_TRUE(display.watched);
+    EXPECT_EQ(display.watched->verdict, own->verdict);
+    EXPECT_EQ(heard, std::vector{-12.345}) << "once, by this machine";
+    cycle->chronycCommand("clients");
+    cycle->want_root_reports();
+    settle();
+    EXPECT_EQ(display.notice, (StatusNotice{StatusNotice::Kind::not_from_afar, "clients"}));
+    EXPECT_EQ(display.asked_for_rights, 0);
+    EXPECT_TRUE(channel.commands.empty()) << "the helper knows this machine's daemon only";
+    EXPECT_EQ(std::ranges::count_if(execute.calls, [](const auto& call) { return call.ends_with("|clients"); }), 0);
+    cycle->show_host({});
+    display.watched.reset();
+    timer.advance(20);
+    settle();
+    EXPECT_EQ(display.truth->verdict, own->verdict);
+    EXPECT_FALSE(display.watched) << "it is shown again, and not read twice";
+}
+
+TEST_F(StatusCycleTest, AnAnswerOfTheMachineThatWasLeftIsDropped) {
+    testing::ManualQueue hosts;
+    auto with_queue = parts();
+    with_queue.host_queue = &hosts;
+    cycle = std::make_unique<StatusCycle>(display, with_queue, options());
+    cycle->load();
+    settle();
+    ASSERT_EQ(display.truth->verdict, Verdict::holdover); // it has no sources
+    execute.answer("chronyc -h slow.example", "506 Cannot talk to daemon\n", 1);
+    cycle->show_host("slow.example"); // which is not turned to yet
+    cycle->show_host({});
+    settle();
+    EXPECT_EQ(display.truth->verdict, Verdict::holdover);
+    hosts.turn();
+    settle();
+    EXPECT_EQ(display.truth->verdict, Verdict::holdover);
+    cycle->show_host("slow.example");
+    settle();
+    ASSERT_TRUE(display.watched) << "this machine does not wait for that one";
+    hosts.turn();
+    settle();
+    EXPECT_EQ(display.notice.kind, StatusNotice::Kind::daemon_silent);
+    EXPECT_EQ(display.notice.detail, "506 Cannot talk to daemon");
+    cycle->close();
+    EXPECT_EQ(cycle->host(), "");
 }
 
 } // namespace

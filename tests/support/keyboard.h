@@ -96,4 +96,30 @@ inline std::vector<QString> mnemonic_texts(const QWidget& window) {
     return texts;
 }
 
+// What keys reach in a window that is shown and that says to nobody what it is for: no name for a screen reader, or
+// neither words on it, a label beside it, nor a tooltip.
+inline std::vector<std::string> wordless(const QWidget& window) {
+    std::set<const QWidget*> labelled;
+    for (const auto* label : window.findChildren<QLabel*>())
+        labelled.insert(label->buddy());
+    std::vector<std::string> found;
+    for (auto* widget : window.findChildren<QWidget*>()) {
+        if (!takes_tab(widget, window) || qobject_cast<QTabBar*>(widget) != nullptr)
+            continue;
+        const auto* told = QAccessible::queryAccessibleInterface(widget);
+        const auto* button = qobject_cast<QAbstractButton*>(widget);
+        const auto* line = qobject_cast<QLineEdit*>(widget);
+        const bool is_drawn =
+            told != nullptr && (told->role() == QAccessible::Chart || told->role() == QAccessible::Graphic);
+        const bool has_words = is_drawn || (line != nullptr && !line->placeholderText().isEmpty()) ||
+                               (button != nullptr && !button->text().isEmpty()) || labelled.contains(widget) ||
+                               !widget->toolTip().isEmpty() || qobject_cast<QAbstractItemView*>(widget) != nullptr ||
+                               qobject_cast<QTextEdit*>(widget) != nullptr ||
+                               qobject_cast<QPlainTextEdit*>(widget) != nullptr;
+        if (told == nullptr || told->text(QAccessible::Name).isEmpty() || !has_words)
+            found.push_back(name_of(widget));
+    }
+    return found;
+}
+
 } // namespace tickervantage::testing

@@ -10,7 +10,7 @@ namespace tickervantage::testing {
 class ScriptedExecute : public Execute {
 public:
     // Answers by the program's path, by its name and last argument ("chronyc tracking"), or by the name alone; of
-    // several commands in one run, by "chronyc -m".
+    // several commands in one run, by "chronyc -m"; of another machine, by "chronyc -h HOST", whatever the command.
     std::map<std::string, ExecuteResult> answers;
     std::vector<std::string> calls; // program name and all arguments, joined by "|"
 
@@ -27,7 +27,9 @@ public:
         calls.push_back(call);
         const bool several = std::ranges::find(request.arguments, "-m") != request.arguments.end();
         const std::string last = request.arguments.empty() ? "" : request.arguments.back();
-        for (const auto& key : {request.program, name + (several ? " -m" : " " + last), name + " " + last, name})
+        const std::string host =
+            request.arguments.size() > 1 && request.arguments[0] == "-h" ? name + " -h " + request.arguments[1] : "";
+        for (const auto& key : {host, request.program, name + (several ? " -m" : " " + last), name + " " + last, name})
             if (const auto found = answers.find(key); found != answers.end())
                 return found->second;
         ExecuteResult missing;

@@ -108,6 +108,77 @@ TEST_F(ApplicationTest, AHistoryWithoutAWindowIsOfferedOnceAndNotAtOnce) {
     EXPECT_TRUE(banner()->text().isEmpty());
 }
 
+TEST_F(ApplicationTest, AnotherMachinesClockIsReadAndNothingChanged) {
+    has_administration = true;
+    fakes.store.values = {{"daemon_hosts", {"far.example", "-o", "a b"}}};
+    fakes.execute.answer("chronyc -h far.example", "506 Cannot talk to daemon\n", 1);
+    launch();
+    auto& main = application->main_window();
+    const auto choose = [this](const char* name) {
+        auto* item =
+            application->menus().m_daemon->findChild<QAction*>(QLatin1String(name), Qt::FindDirectChildrenOnly);
+        ASSERT_NE(item, nullptr) << name;
+        item->trigger();
+        QCoreApplication::processEvents();
+        settle();
+    };
+    EXPECT_EQ(
+        application->menus().m_daemon->findChildren<QAction*>(QRegularExpression(QStringLiteral("^host "))).size(), 1)
+        << "what is no name is not offered";
+    auto* verdict = main.findChild<QLabel*>(QStringLiteral("verdict_reason"));
+    const QString name = main.findChild<QLabel*>(QStringLiteral("verdict_name"))->text();
+    const std::string tooltip = item("startChrony")->toolTip().toStdString();
+    choose("host far.example");
+    EXPECT_EQ(main.windowTitle(), QStringLiteral("far.example – Tickervantage"));
+    EXPECT_TRUE(verdict->text().contains(QLatin1String("far.example gave no answer (506 Cannot talk to daemon)")));
+    EXPECT_TRUE(main.findChild<QWidget*>(QStringLiteral("host_bar"))->isVisibleTo(&main));
+    EXPECT_FALSE(main.findChild<QPushButton*>(QStringLiteral("mend"))->isVisibleTo(&main));
+    Q_EMIT application->menus().m_action->aboutToShow();
+    const auto jobs = application->menus().m_action->actions() + QList{item("showConfigEditor")};
+    for (const auto* job : jobs)
+        EXPECT_TRUE(job->isSeparator() || (!job->isEnabled() && job->toolTip().contains(QLatin1String("far.example"))))
+            << job->objectName().toStdString();
+    main.findChild<QPushButton*>(QStringLiteral("own_machine"))->click();
+    settle();
+    EXPECT_EQ(main.windowTitle(), QStringLiteral("Tickervantage"));
+    EXPECT_EQ(main.findChild<QLabel*>(QStringLiteral("verdict_name"))->text(), name);
+    EXPECT_TRUE(item("startChrony")->isEnabled() && item("showConfigEditor")->isEnabled());
+    EXPECT_EQ(item("startChrony")->toolTip().toStdString(), tooltip);
+    choose("host far.example");
+    main.close();
+    EXPECT_EQ(main.windowTitle(), QStringLiteral("Tickervantage")) << "what goes on is this machine's";
+}
+
+TEST_F(ApplicationTest, MachinesAreAddedAndRemovedAndRemembered) {
+    launch();
+    auto* menu = application->menus().m_daemon;
+    menu->findChild<QAction*>(QStringLiteral("editHosts"), Qt::FindDirectChildrenOnly)->trigger();
+    auto* dialog = application->main_window().findChild<QDialog*>(QStringLiteral("HostsDialog"));
+    ASSERT_NE(dialog, nullptr);
+    auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("host_name"));
+    const auto words = [dialog] {
+        return dialog->findChild<QLabel*>(QStringLiteral("words"))->text();
+    };
+    const auto add = [&](const char* host) {
+        name->setText(QLatin1String(host));
+        dialog->findChild<QPushButton*>(QStringLiteral("add_host"))->click();
+        return words().isEmpty();
+    };
+    for (const char* wrong : {"ptb time 1", "-h", "time;reboot", "a,b", "/", "/run/\nx"})
+        EXPECT_FALSE(add(wrong)) << wrong;
+    EXPECT_EQ(fakes.store.values.count("daemon_hosts"), 0U);
+    for (const char* right :
+         {"time.example", " 192.0.2.1 ", "2001:db8::1", "fe80::1%eth0", "/run/other/chronyd.sock", "TIME.example"})
+        EXPECT_TRUE(add(right)) << right;
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(fakes.store.values["daemon_hosts"],
+              (Texts{"time.example", "192.0.2.1", "2001:db8::1", "fe80::1%eth0", "/run/other/chronyd.sock"}));
+    dialog->findChild<QPushButton*>(QStringLiteral("remove_host"))->click(); // the one that was typed again
+    EXPECT_EQ(fakes.store.values["daemon_hosts"].front(), "192.0.2.1");
+    EXPECT_NE(menu->findChild<QAction*>(QStringLiteral("host 192.0.2.1"), Qt::FindDirectChildrenOnly), nullptr);
+    EXPECT_EQ(menu->findChild<QAction*>(QStringLiteral("host time.example"), Qt::FindDirectChildrenOnly), nullptr);
+}
+
 TEST_F(ApplicationTest, ADemonstrationsServersArePulledOutAndPutBack) {
     std::string done;
     daemon.configuration = "/demonstration/chrony.conf";
@@ -159,32 +230,77 @@ bool reaches_main_window(const QWidget& window) {
     });
 }
 
+void expect_usable_by_keys(QWidget& window) {
+    const auto name = testing::name_of(&window);
+    EXPECT_EQ(testing::out_of_reach(window), std::vector<std::string>()) << name;
+    EXPECT_EQ(testing::clashes(testing::mnemonic_texts(window)), std::vector<std::string>()) << name;
+    EXPECT_EQ(testing::wordless(window), std::vector<std::string>()) << name;
+    for (const auto* menu : window.findChildren<QMenu*>())
+        EXPECT_EQ(testing::clashes(testing::texts_of(*menu)), std::vector<std::string>())
+            << name << " " << menu->title().toStdString();
+}
+
 // Each window as it comes up.
 TEST_F(ApplicationTest, EveryWindowIsUsedByKeysAlone) {
     launch();
     for (const char* window : {"liveTracking", "showSpectrum", "showFreqTemp", "showFreqInspector", "showServers",
-                               "showPreferences", "newConfiguration"}) {
+                               "showPreferences", "newConfiguration", "showHistory", "helpFirstUse"}) {
         item(window)->setVisible(true); // some are only offered to those who ask
         item(window)->trigger();
     }
+    item("separateReport")->trigger();
     config_queue.turn();
     fakes.settle();
     std::set<std::string> seen;
     for (auto* window : QApplication::topLevelWidgets()) {
         if (window->isHidden() || window->windowType() == Qt::Popup || qobject_cast<QMenu*>(window) != nullptr)
             continue;
-        const auto name = testing::name_of(window);
         seen.insert(window->objectName().toStdString());
-        EXPECT_EQ(testing::out_of_reach(*window), std::vector<std::string>()) << name;
-        EXPECT_EQ(testing::clashes(testing::mnemonic_texts(*window)), std::vector<std::string>()) << name;
-        EXPECT_TRUE(reaches_main_window(*window)) << name;
-        for (const auto* menu : window->findChildren<QMenu*>())
-            EXPECT_EQ(testing::clashes(testing::texts_of(*menu)), std::vector<std::string>())
-                << name << " " << menu->title().toStdString();
+        expect_usable_by_keys(*window);
+        EXPECT_TRUE(reaches_main_window(*window)) << testing::name_of(window);
     }
     for (const char* name : {"TrackingWindow", "SpectrumWindow", "FreqTempWindow", "SensorInspector", "ServersWindow",
-                             "Preferences", "ConfigEditor"})
+                             "Preferences", "ConfigEditor", "HistoryWindow", "HelpViewer"})
         EXPECT_TRUE(seen.contains(name)) << name;
+    auto* preferences = window("Preferences");
+    for (auto* tabs : preferences->findChildren<QTabWidget*>())
+        for (int page = 0; page < tabs->count(); ++page) {
+            tabs->setCurrentIndex(page);
+            expect_usable_by_keys(*preferences);
+        }
+}
+
+// The dialogs that hang on the main window, one after the other.
+TEST_F(ApplicationTest, EveryDialogIsUsedByKeysAlone) {
+    has_administration = true;
+    machine_files["/etc/chrony.d/chrony.conf"] = "server b\n";
+    launch();
+    settle();
+    const auto close_dialogs = [this] {
+        for (auto* dialog : application->main_window().findChildren<QDialog*>())
+            dialog->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    };
+    close_dialogs();
+    std::vector<QAction*> items{application->menus().m_daemon->findChild<QAction*>(QStringLiteral("editHosts"))};
+    for (const char* name : {"synchServer", "stepTime", "formerConfigurations", "uninstallChrony", "showAbout"})
+        items.push_back(item(name));
+    for (auto* one : items) {
+        one->trigger();
+        settle();
+        int shown = 0;
+        for (auto* dialog : application->main_window().findChildren<QDialog*>()) {
+            if (!dialog->isVisible())
+                continue;
+            ++shown;
+            expect_usable_by_keys(*dialog);
+        }
+        EXPECT_EQ(shown, 1) << one->objectName().toStdString();
+        close_dialogs();
+    }
+    for (const auto* job : application->menus().m_action->actions())
+        EXPECT_TRUE(job->isSeparator() || job->toolTip() != QString(job->text()).remove(QLatin1Char('&')))
+            << job->text().toStdString() << ": says no more than its name";
 }
 
 TEST_F(ApplicationTest, ShutdownStopsTheTimersAndSavesWhatWasChanged) {

@@ -2,6 +2,7 @@
 
 #include "base/text_lines.h"
 #include "chrony/reports/current_frequency.h"
+#include "chrony/status/quiet_reading.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,9 +16,7 @@ constexpr std::size_t longest_detail = 200; // bytes of chronyc's complaint that
 
 StatusCycle::StatusCycle(StatusDisplay& display, const StatusCycleParts& parts, StatusCycleOptions options)
     : m_display(display), m_parts(parts), m_options(std::move(options)), m_meter([this] { m_display.redraw_meter(); }),
-      m_tools(std::make_shared<RefreshTools>(
-          RefreshTools{RunningCheck(m_options.chronyc_arguments, m_options.root), m_options.gpsd_application_found})),
-      m_updatetimer(parts.timer.make_repeater("updatetimer", Pace::free)),
+      m_tools(make_tools()), m_updatetimer(parts.timer.make_repeater("updatetimer", Pace::free)),
       m_clockTicker(parts.timer.make_repeater("clockTicker", Pace::wall_second)),
       m_root_reports(parts.privileged, parts.report_queue, parts.main_thread, !m_options.chronyc_arguments.empty(),
                      [this] { judge_again(); }),
@@ -37,6 +36,7 @@ void StatusCycle::load() {
 }
 
 void StatusCycle::close() {
+    show_host({}); // what goes on without a window is this machine's
     // The farewell waits for the helper. Where the program ends before it is said, the connection ends with it.
     m_parts.report_queue.async([&privileged = m_parts.privileged] { privileged.quit(); });
     m_is_closed = true;
@@ -49,12 +49,61 @@ bool StatusCycle::is_listened_to() const {
     return m_parts.broadcast.has_listeners(current_frequency_key);
 }
 
-ChronyPrograms StatusCycle::programs() const {
-    return {m_options.bundle, m_options.preferences.chronyc, m_options.preferences.chronyd};
+ChronyPrograms programs_of(const StatusCycleOptions& options) {
+    return {options.bundle, options.preferences.chronyc, options.preferences.chronyd};
+}
+
+std::string configuration_of(const StatusCycleOptions& options) {
+    return options.configuration.empty() ? options.preferences.config : options.configuration;
+}
+
+DispatchQueueSerial& StatusCycle::queue() const {
+    return is_remote() && m_parts.host_queue != nullptr ? *m_parts.host_queue : m_parts.queue;
+}
+
+std::vector<std::string> StatusCycle::chronyc_arguments() const {
+    return is_remote() ? std::vector<std::string>{"-h", m_host} : m_options.chronyc_arguments;
+}
+
+std::shared_ptr<RefreshTools> StatusCycle::make_tools() const {
+    return std::make_shared<RefreshTools>(
+        RefreshTools{RunningCheck(chronyc_arguments(), m_options.root), m_options.gpsd_application_found});
+}
+
+void StatusCycle::show_host(const std::string& host) {
+    if (host == m_host)
+        return;
+    m_host = host;
+    ++m_visit;
+    m_reading = m_again = false;
+    m_root_report = {};
+    m_basis.reset();
+    m_tools = make_tools();
+    m_list_servers = m_settings.chronyCommand == "ntpdata";
+    m_quiet.reset();
+    if (is_remote())
+        m_quiet = std::make_unique<QuietReading>(
+            m_parts, m_options, m_settings.m_interval,
+            [this](std::shared_ptr<const ClockTruth> truth) { m_display.watch_truth(std::move(truth)); });
+    rebuild_runner();
+    show_nothing_yet();
+    refresh();
+}
+
+// Values of the former machine must not stand under the name of this one.
+void StatusCycle::show_nothing_yet() {
+    m_chronydStatus = chronydStatus::unavailable;
+    m_meter.setNoValue();
+    m_display.show_meter_value(no_value);
+    m_display.show_status(m_chronydStatus);
+    m_display.show_clock_not_adjusted(false);
+    m_display.show_output({});
+    m_display.show_truth(std::make_shared<const ClockTruth>());
+    m_display.show_notice({StatusNotice::Kind::asking, m_host});
 }
 
 void StatusCycle::programs_changed() {
-    if (programs() == m_programs)
+    if (programs_of(m_options) == m_programs)
         return;
     rebuild_runner();
     refresh();
@@ -88,7 +137,7 @@ void StatusCycle::chronycCommand(const std::string& command) {
     m_list_servers = ntpdata;
     m_display.show_server_field(ntpdata);
     refresh();
-    if (is_privileged_report(command) && !m_root_reports.can_be_read())
+    if (is_privileged_report(command) && !is_remote() && !may_read_root())
         m_display.ask_for_rights(); // only now, not with every reading: no is no until it is chosen again
 }
 
@@ -188,9 +237,9 @@ void StatusCycle::refresh() {
 }
 
 void StatusCycle::rebuild_runner() {
-    m_programs = programs();
+    m_programs = programs_of(m_options);
     m_chronyc = std::make_shared<Runchronyc>(m_parts.execute, m_parts.privileged, m_programs, !m_settings.showIPaddress,
-                                             m_settings.showOriginalName, m_options.chronyc_arguments);
+                                             m_settings.showOriginalName, chronyc_arguments());
     // Everything the piece of work needs travels with it: this object may be gone when it runs.
     m_background.start_newest(
         m_parts.queue,
@@ -207,25 +256,29 @@ void StatusCycle::start_reading() {
     RefreshRequest wanted = request();
     wanted.list_servers = std::exchange(m_list_servers, false);
     start_report(wanted);
-    m_root_reports.read(m_chronyc);
+    if (!is_remote())
+        m_root_reports.read(m_chronyc);
     m_background.start(
-        m_parts.queue, [wanted = std::move(wanted), tools = m_tools] { return read_status(wanted, *tools); },
-        [this](const RefreshReading& reading) { apply(reading); });
+        queue(), [wanted = std::move(wanted), tools = m_tools] { return read_status(wanted, *tools); },
+        [this, visit = m_visit](const RefreshReading& reading) {
+            if (visit == m_visit)
+                apply(reading);
+        });
 }
 
 RefreshRequest StatusCycle::request() const {
     return {.runner = m_chronyc,
             .command = m_settings.chronyCommand,
-            .configuration = m_options.configuration.empty() ? m_options.preferences.config : m_options.configuration,
+            .configuration = is_remote() ? std::string() : configuration_of(m_options),
             .server = m_settings.m_server,
             .resolve = !m_settings.showIPaddress,
             .original = m_settings.showOriginalName,
-            .root_reports = m_root_reports.newest()};
+            .root_reports = is_remote() ? nullptr : m_root_reports.newest()};
 }
 
 // One at a time: a later reading asks again.
 void StatusCycle::start_report(const RefreshRequest& wanted) {
-    const bool is_possible = is_privileged_report(wanted.command) && m_root_reports.can_be_read();
+    const bool is_possible = is_privileged_report(wanted.command) && may_read_root();
     if (!is_possible || std::exchange(m_reporting, true))
         return;
     m_background.start(
@@ -239,7 +292,7 @@ void StatusCycle::apply_report(const RefreshRequest& wanted, const ReportText& t
                            wanted.server == m_settings.m_server;
     if (!is_wanted) {
         start_report(request());
-    } else if (!m_root_reports.can_be_read()) {
+    } else if (!may_read_root()) {
         refresh(); // the authorisation has lapsed: the next reading says so
     } else {
         m_root_report = text;
@@ -248,6 +301,8 @@ void StatusCycle::apply_report(const RefreshRequest& wanted, const ReportText& t
 }
 
 void StatusCycle::want_root_reports() {
+    if (is_remote())
+        return;
     m_root_reports.want();
     if (m_root_reports.can_be_read())
         m_root_reports.read(m_chronyc);
@@ -257,7 +312,7 @@ void StatusCycle::want_root_reports() {
 
 // They come later than the reading they belong to.
 void StatusCycle::judge_again() {
-    if (!m_basis)
+    if (!m_basis || is_remote())
         return;
     m_background.start(
         m_parts.queue, [basis = m_basis, root = m_root_reports.newest()] { return truth_of(*basis, root.get()); },
@@ -270,14 +325,14 @@ void StatusCycle::judge_again() {
 // The next reading tells them by their names.
 void StatusCycle::learn_names(const RefreshReading& reading) {
     m_background.start(
-        m_parts.queue,
+        queue(),
         [runner = m_chronyc, tools = m_tools, truth = reading.truth] { read_names(*runner, truth->reports, *tools); },
         [this] { refresh(); });
 }
 
 void StatusCycle::apply(const RefreshReading& reading) {
     m_reading = false;
-    if (m_options.history != nullptr)
+    if (m_options.history != nullptr && !is_remote())
         m_options.history->keep(reading.truth, static_cast<std::int64_t>(reading.basis->now));
     if (m_again) {
         m_list_servers = m_list_servers || reading.servers.has_value();
@@ -312,7 +367,7 @@ void StatusCycle::apply_tracking(const RefreshReading& reading) {
                               : reading.discipline != ClockDiscipline::forbidden; // of the unknown nothing is said
     m_display.show_clock_not_adjusted(!adjusted);
     const TrackingReport& report = reading.report;
-    if (report.has_frequency) // who listens keeps it for good: a daemon that does not answer has none
+    if (report.has_frequency && !is_remote()) // who listens keeps it for good: a daemon that does not answer has none
         m_parts.broadcast.post(current_frequency_key, current_frequency{report.frequency}, Delivery::later);
     m_chronydStatus = status_from_leap(report.leapstatus);
     m_display.show_meter_value(meter_text(reading));
@@ -322,11 +377,12 @@ void StatusCycle::apply_tracking(const RefreshReading& reading) {
 }
 
 void StatusCycle::show_output(const RefreshReading& reading) {
-    if (is_privileged_report(m_settings.chronyCommand) && m_root_reports.can_be_read())
+    if (is_privileged_report(m_settings.chronyCommand) && may_read_root())
         return; // it comes by itself
-    m_display.show_output(m_settings.chronyCommand == "version"
-                              ? version_text(m_version_chronyd.text, m_version_chronyc.text)
-                              : reading.report_text.output);
+    m_display.show_output(
+        m_settings.chronyCommand == "version"
+            ? version_text(is_remote() ? std::string() : m_version_chronyd.text, m_version_chronyc.text)
+            : reading.report_text.output);
 }
 
 StatusNotice StatusCycle::notice(const RefreshReading& reading) const {
@@ -338,7 +394,9 @@ StatusNotice StatusCycle::notice(const RefreshReading& reading) const {
     if (m_chronydStatus == chronydStatus::unavailable)
         return {Kind::daemon_silent, std::string(trimmed(reading.silence.substr(0, longest_detail)))};
     const bool needs_root = is_privileged_report(m_settings.chronyCommand);
-    if (needs_root && !m_root_reports.can_be_read())
+    if (needs_root && is_remote())
+        return {Kind::not_from_afar, m_settings.chronyCommand};
+    if (needs_root && !may_read_root())
         return {Kind::needs_helper, m_settings.chronyCommand};
     auto problem = needs_root ? m_root_report.problem : reading.report_text.problem;
     if (!problem && !reading.truth->reports.problems.empty())

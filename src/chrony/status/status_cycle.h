@@ -37,6 +37,7 @@ struct StatusCycleParts {
     MasterTimer& timer;
     Broadcast& broadcast;
     DefaultSettings& settings;
+    DispatchQueueSerial* host_queue = nullptr; // for other machines, which may be slow to answer; null: as this one
 };
 
 // What differs from machine to machine and from run to run.
@@ -49,6 +50,11 @@ struct StatusCycleOptions {
     std::string configuration = {};                  // of the daemon shown; empty: that of the preferences
     WindowHistory* history = nullptr;                // which readings are kept in; outlives the cycle; null: none
 };
+
+[[nodiscard]] ChronyPrograms programs_of(const StatusCycleOptions& options);
+[[nodiscard]] std::string configuration_of(const StatusCycleOptions& options); // its path
+
+class QuietReading;
 
 class StatusCycle {
 public:
@@ -70,6 +76,12 @@ public:
     // Whether any setting is another one.
     void programs_changed();
     bool settings_changed();
+
+    // From now on the clock of another machine, by chronyc's option -h: what chronyd tells everybody, and nothing that
+    // needs this machine or its root. This machine is read beside it, for the history and the watch. Empty: this
+    // machine again. What was shown is taken away at once.
+    void show_host(const std::string& host);
+    [[nodiscard]] const std::string& host() const { return m_host; }
 
     // After close(): another window begins to wait for the frequency.
     void go_on_for_listeners();
@@ -107,7 +119,12 @@ public:
     [[nodiscard]] ClockPerformance& meter() { return m_meter; }
 
 private:
-    [[nodiscard]] ChronyPrograms programs() const;
+    [[nodiscard]] bool is_remote() const { return !m_host.empty(); }
+    [[nodiscard]] bool may_read_root() const { return !is_remote() && m_root_reports.can_be_read(); }
+    [[nodiscard]] DispatchQueueSerial& queue() const;
+    [[nodiscard]] std::vector<std::string> chronyc_arguments() const;
+    [[nodiscard]] std::shared_ptr<RefreshTools> make_tools() const;
+    void show_nothing_yet();
     void start_reading();
     [[nodiscard]] RefreshRequest request() const; // as the controls have it now
     void start_report(const RefreshRequest& wanted);
@@ -133,6 +150,8 @@ private:
     chronydStatus m_chronydStatus = chronydStatus::unavailable;
     ChronyPrograms m_programs; // of the runner
     std::shared_ptr<const Runchronyc> m_chronyc;
+    std::string m_host;                    // empty: this machine
+    unsigned m_visit = 0;                  // how often the host has changed
     std::shared_ptr<RefreshTools> m_tools; // used on the queue only
     ProgramVersion m_version_chronyc;
     ProgramVersion m_version_chronyd;
@@ -148,6 +167,7 @@ private:
     ReportText m_root_report;                  // the latest one
     std::shared_ptr<const TruthBasis> m_basis; // of the latest reading
     RootReports m_root_reports;
+    std::unique_ptr<QuietReading> m_quiet; // of this machine, while another one is shown
     Background m_background;
 };
 

@@ -19,6 +19,8 @@ struct StatusNotice {
         chronyc_failed,    // could not be run, hung, or was ended
         daemon_silent,     // chronyc ran, but got no report from chronyd
         unusual_leap,      // chronyd answered, with a leap status that is none of those the state is made of
+        asking,            // another machine; the detail is its name, empty: this one again
+        not_from_afar,     // the report is for root on chronyd's own machine, and another machine's is shown
         needs_helper,      // the report wants administrator rights and the helper is not ready
         report_incomplete, // the shown report failed or was cut; the status is good
     };
@@ -37,6 +39,8 @@ public:
     virtual void show_meter_value(const std::string& text) = 0; // no_value: there is none, nor a needle
     virtual void show_status(chronydStatus status) = 0;
     virtual void show_truth(std::shared_ptr<const ClockTruth> truth) = 0;
+    // That of this machine, while another one's is shown.
+    virtual void watch_truth(std::shared_ptr<const ClockTruth> truth) = 0;
     virtual void show_clock_not_adjusted(bool shown) = 0; // the notice and the preferences button beside it
     virtual void show_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) = 0;
     virtual void show_original_name_choice(bool offered) = 0; // false: switched off, disabled and hidden

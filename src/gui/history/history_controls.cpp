@@ -101,7 +101,7 @@ void build_menu(QWidget* parent, HistoryControls& controls) {
     //: history window: menu item, a folder with all logs of a machine
     controls.open_folder = add_action(menu, "open_folder", Texts::tr("Open &Folder of Logs…"));
     //: history window: menu item, lays another machine's log over this one
-    controls.compare = add_action(menu, "compare", Texts::tr("&Compare With…"));
+    controls.compare = add_action(menu, "compare", Texts::tr("Compa&re With…"));
     //: history window: menu item, the same with a folder of logs
     controls.compare_folder = add_action(menu, "compare_folder", Texts::tr("Compare &With Folder…"));
     //: history window: menu item

@@ -165,6 +165,23 @@ void build_banner(QWidget* central, MainWindowControls& controls) {
     controls.standing_bar = bar;
 }
 
+void build_host_bar(QWidget* central, MainWindowControls& controls) {
+    auto* bar = new NoticeBar(central);
+    bar->setObjectName(QStringLiteral("host_bar"));
+    //: main window: name of the banner that says whose clock is shown
+    controls.host_words = text_label(bar, "host_words", Texts::tr("Whose clock this is"));
+    controls.host_words->setWordWrap(true);
+    controls.own_machine =
+        //: main window: button that ends the showing of another machine's clock
+        named(new QPushButton(Texts::tr("&Back to This Machine"), bar), "own_machine",
+              //: main window: name of that button
+              Texts::tr("Back to this machine"));
+    bar->add(controls.host_words);
+    bar->add_button(controls.own_machine);
+    bar->hide();
+    controls.host_bar = bar;
+}
+
 void build_wrong_program(QWidget* central, MainWindowControls& controls) {
     auto* bar = new NoticeBar(central, NoticeTone::harm);
     bar->setObjectName(QStringLiteral("wrong_program"));
@@ -189,6 +206,7 @@ MainWindowControls build_main_window_controls(MainArea& area, ClockPerformance& 
     auto* central = new ScrolledWidget(&area);
     MainWindowControls controls;
     build_banner(central, controls);
+    build_host_bar(central, controls);
     build_wrong_program(central, controls);
     controls.verdict = new VerdictPanel(central);
     controls.trend = new TrendPanel(central);

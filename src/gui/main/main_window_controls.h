@@ -29,7 +29,10 @@ struct MainWindowControls {
     QWidget* standing_bar = nullptr;          // with the notice; hidden while that is empty
     QLabel* standing_notice = nullptr;        // for what holds for the whole run
     QPushButton* use_system_chrony = nullptr; // beside it, in a demonstration on a system that has one
-    QWidget* wrong_program = nullptr;         // the two below, shown while a program is not what its path says
+    QWidget* host_bar = nullptr;              // the two below, shown while another machine's clock is
+    QLabel* host_words = nullptr;
+    QPushButton* own_machine = nullptr;
+    QWidget* wrong_program = nullptr; // the two below, shown while a program is not what its path says
     QLabel* wrong_program_words = nullptr;
     QPushButton* wrong_program_preferences = nullptr;
     VerdictPanel* verdict = nullptr;

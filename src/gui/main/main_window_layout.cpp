@@ -43,6 +43,7 @@ void lay_out_main_window(MainArea& area, QWidget* central, MainWindowControls& c
     column->setContentsMargins(margin, margin, margin, 4);
     column->setSpacing(spacing);
     column->addWidget(controls.standing_bar);
+    column->addWidget(controls.host_bar);
     column->addWidget(controls.wrong_program);
     column->addWidget(controls.verdict);
     column->addWidget(rows, 1);

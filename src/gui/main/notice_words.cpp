@@ -14,7 +14,17 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(tickervantage::TickervantageWindow)
 };
 
-QString silence_words(const QString& detail) {
+// chronyc's own words for it fit each of the reasons.
+QString distant_silence_words(const QString& host, const QString& detail) {
+    //: main window, status line: %1 is another machine, %2 what chronyc printed instead of a report
+    return Texts::tr("%1 gave no answer (%2). Either it cannot be reached, or its chronyd does not answer other "
+                     "machines: that takes the directives cmdallow and bindcmdaddress in its chrony.conf.")
+        .arg(host, detail);
+}
+
+QString silence_words(const QString& host, const QString& detail) {
+    if (!host.isEmpty())
+        return distant_silence_words(host, detail);
     //: main window, status line
     const QString nothing = Texts::tr("chronyd gave no answer.");
     //: main window, status line: %1 is what chronyc printed instead of a report
@@ -23,7 +33,7 @@ QString silence_words(const QString& detail) {
 
 } // namespace
 
-QString words_of(const StatusNotice& notice) {
+QString words_of(const StatusNotice& notice, const QString& host) {
     const QString detail = notice.failure ? in_words(*notice.failure) : from_std(notice.detail);
     switch (notice.kind) {
     case StatusNotice::Kind::none:
@@ -32,11 +42,21 @@ QString words_of(const StatusNotice& notice) {
         //: main window, status line: %1 says what happened to chronyc
         return Texts::tr("chronyc gave no answer: %1").arg(detail);
     case StatusNotice::Kind::daemon_silent:
-        return silence_words(detail);
+        return silence_words(host, detail);
     case StatusNotice::Kind::unusual_leap:
         //: main window, status line: %1 is chrony's word for a leap second that is announced, such as "Delete
         //: second"
         return Texts::tr("chronyd answers, with the leap status “%1”.").arg(detail);
+    case StatusNotice::Kind::asking:
+        if (detail.isEmpty())
+            //: main window, status line: this machine is read again
+            return Texts::tr("Asking this machine…");
+        //: main window, status line: %1 is another machine
+        return Texts::tr("Asking %1…").arg(detail);
+    case StatusNotice::Kind::not_from_afar:
+        //: main window, status line: %1 is a chronyc command
+        return Texts::tr("chronyd gives the report “%1” to root on its own machine alone. Choose another report.")
+            .arg(detail);
     case StatusNotice::Kind::needs_helper:
         //: main window, status line: %1 is a chronyc command
         return Texts::tr("The report “%1” needs administrator rights, which were not given.").arg(detail);

@@ -7,7 +7,7 @@
 
 namespace tickervantage {
 
-// When the reading came, where nothing stands in its way.
-[[nodiscard]] QString words_of(const StatusNotice& notice);
+// When the reading came, where nothing stands in its way. `host`: the other machine that was asked; empty: this one.
+[[nodiscard]] QString words_of(const StatusNotice& notice, const QString& host);
 
 } // namespace tickervantage

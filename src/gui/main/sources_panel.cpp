@@ -72,6 +72,11 @@ void SourcesPanel::build_table() {
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().lineSpacing() * 3 / 2);
     m_table->horizontalHeader()->setHighlightSections(false);
+    // Which source, how far off, and since when comes first: in a narrow window the rest is behind the scroll bar.
+    m_table->horizontalHeader()->moveSection(SourcesModel::offset, SourcesModel::stratum);
+    m_table->horizontalHeader()->moveSection(SourcesModel::last_heard, SourcesModel::poll);
+    m_table->horizontalHeader()->moveSection(m_table->horizontalHeader()->visualIndex(SourcesModel::reach),
+                                             SourcesModel::reach);
     m_table->horizontalHeader()->setSortIndicatorClearable(true);
     m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder); // chronyc's order
     m_table->horizontalHeader()->setResizeContentsPrecision(50);
@@ -121,8 +126,14 @@ void SourcesPanel::show_truth(const std::shared_ptr<const ClockTruth>& truth) {
         limit_height();
     }
     restore_choice();
-    m_root_row->setVisible(truth->reports.sources && !truth->sources.empty() && !truth->reports.selection);
+    m_root_row->setVisible(m_offers_root && truth->reports.sources && !truth->sources.empty() &&
+                           !truth->reports.selection);
     show_explanation();
+}
+
+void SourcesPanel::offer_root_reports(bool offered) {
+    m_offers_root = offered;
+    m_root_row->setVisible(offered && m_root_row->isVisibleTo(this));
 }
 
 // With room for what the cells of these sources may say later.

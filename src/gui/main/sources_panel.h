@@ -26,6 +26,9 @@ public:
 
     void show_truth(const std::shared_ptr<const ClockTruth>& truth);
 
+    // Not of another machine: chronyd gives them to root on its own alone.
+    void offer_root_reports(bool offered);
+
     // The clock as a whole and every source, until one is chosen.
     void explain_all();
 
@@ -53,6 +56,7 @@ private:
     QTextBrowser* m_explanation = nullptr;
     QWidget* m_root_row = nullptr;
     QPushButton* m_ask_root = nullptr;
+    bool m_offers_root = true;
     std::string m_chosen; // its address; empty: none, and all are explained
     QString m_shown;      // the explanation as it stands there
 };

@@ -69,6 +69,7 @@ TickervantageWindow::TickervantageWindow(const StatusCycleParts& parts, StatusCy
     setCentralWidget(central);
     build_toolbar();
     connect_controls();
+    connect(m_controls.own_machine, &QPushButton::clicked, this, [this] { show_host({}); });
     connect(m_controls.standing_notice, &QLabel::linkActivated, this, &TickervantageWindow::standing_notice_followed);
 }
 
@@ -196,7 +197,35 @@ void TickervantageWindow::show_status(chronydStatus status) {
 void TickervantageWindow::show_truth(std::shared_ptr<const ClockTruth> truth) {
     m_controls.verdict->show_truth(*truth);
     m_controls.sources->show_truth(truth);
+    if (m_shows_own)
+        Q_EMIT truth_shown(truth);
+}
+
+void TickervantageWindow::watch_truth(std::shared_ptr<const ClockTruth> truth) {
     Q_EMIT truth_shown(truth);
+}
+
+void TickervantageWindow::show_host(const QString& host) {
+    if (host == from_std(m_cycle->host()))
+        return;
+    m_shows_own = false; // nor is the empty truth between the two
+    m_cycle->show_host(host.toStdString());
+    m_shows_own = host.isEmpty();
+    //: main window: its title while the clock of another machine is shown; %1 is that machine
+    setWindowTitle(m_shows_own ? QStringLiteral("Tickervantage") : tr("%1 – Tickervantage").arg(host));
+    m_controls.host_words->setText(
+        //: main window, banner: %1 is another machine
+        tr("This is the clock of %1. It is only read: what changes chrony, the history, the alarms and the icon in the "
+           "tray stay with this machine.")
+            .arg(host));
+    m_controls.host_bar->setVisible(!m_shows_own);
+    set_standing_notice(m_controls.standing_notice->text());
+    m_controls.trend->setVisible(m_shows_own);
+    m_controls.chronydversion->setVisible(m_shows_own);
+    m_controls.sources->offer_root_reports(m_shows_own);
+    show_mending_facts({});
+    show_alarm({});
+    Q_EMIT host_shown(host);
 }
 
 void TickervantageWindow::show_trend(const Result<Trend>& trend) {
@@ -204,11 +233,11 @@ void TickervantageWindow::show_trend(const Result<Trend>& trend) {
 }
 
 void TickervantageWindow::show_alarm(const QString& words) {
-    m_controls.verdict->show_alarm(words);
+    m_controls.verdict->show_alarm(m_shows_own ? words : QString());
 }
 
 void TickervantageWindow::show_mending_facts(const MendingFacts& facts) {
-    m_controls.verdict->show_mending_facts(facts);
+    m_controls.verdict->show_mending_facts(m_shows_own ? facts : MendingFacts());
     m_controls.use_system_chrony->setVisible(facts.is_demonstration && facts.distribution);
 }
 
@@ -231,7 +260,7 @@ void TickervantageWindow::connect_report_items(QAction& shown, QAction& separate
 
 void TickervantageWindow::show_clock_not_adjusted(bool shown) {
     m_controls.adjustingClock->setVisible(shown);
-    m_controls.m_preferences->setVisible(shown);
+    m_controls.m_preferences->setVisible(shown && m_shows_own);
 }
 
 void TickervantageWindow::show_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) {
@@ -271,7 +300,7 @@ void TickervantageWindow::show_output(const std::string& text) {
 }
 
 void TickervantageWindow::show_notice(const StatusNotice& notice) {
-    const QString sentence = words_of(notice);
+    const QString sentence = words_of(notice, from_std(m_cycle->host()));
     m_controls.m_status->setText(m_progress.isEmpty() ? sentence : m_progress);
     if (notice.kind != StatusNotice::Kind::none)
         m_controls.verdict->show_silence(sentence);
@@ -310,7 +339,7 @@ void TickervantageWindow::stop_for_version(const std::string& program, const std
 
 void TickervantageWindow::set_standing_notice(const QString& text) {
     m_controls.standing_notice->setText(text);
-    m_controls.standing_bar->setVisible(!text.isEmpty());
+    m_controls.standing_bar->setVisible(!text.isEmpty() && m_shows_own);
 }
 
 void TickervantageWindow::set_progress(const QString& text) {
@@ -379,6 +408,7 @@ void TickervantageWindow::save_frame() {
 }
 
 void TickervantageWindow::closeEvent(QCloseEvent* event) {
+    show_host({}); // what goes on without a window is this machine's
     m_cycle->close();
     save_frame();
     m_controls.report->show_apart(false);

@@ -30,6 +30,9 @@ public:
 
     [[nodiscard]] StatusCycle& cycle() { return *m_cycle; }
 
+    // The clock of another machine, as chronyc's option -h names it; empty: this machine's.
+    void show_host(const QString& host);
+
     // The settings in the store may be others now: the controls follow.
     void settings_changed();
 
@@ -62,6 +65,7 @@ public:
     void show_meter_value(const std::string& text) override;
     void show_status(chronydStatus status) override;
     void show_truth(std::shared_ptr<const ClockTruth> truth) override;
+    void watch_truth(std::shared_ptr<const ClockTruth> truth) override;
     void show_clock_not_adjusted(bool shown) override;
     void show_versions(const ProgramVersion& chronyc, const ProgramVersion& chronyd) override;
     void show_original_name_choice(bool offered) override;
@@ -75,8 +79,9 @@ public:
     void stop_for_version(const std::string& program, const std::string& answer) override;
 
 Q_SIGNALS:
-    void reading_applied(const StatusNotice& notice); // and shown
-    void truth_shown(const std::shared_ptr<const ClockTruth>& truth);
+    void reading_applied(const StatusNotice& notice);                 // and shown
+    void truth_shown(const std::shared_ptr<const ClockTruth>& truth); // of this machine, whichever is shown
+    void host_shown(const QString& host);                             // empty: this machine
     void mending_wanted(Mending what);
     void quiet_wanted();     // of the alarm
     void graph_requested();  // of the live log
@@ -112,7 +117,8 @@ private:
     QToolBar* m_toolbar = nullptr;
     std::optional<chronydStatus> m_shown_status;
     QAction* m_gpsd_toolbar = nullptr;
-    QString m_progress; // a job that is under way
+    bool m_shows_own = true; // the clock of this machine
+    QString m_progress;      // a job that is under way
 };
 
 } // namespace tickervantage

@@ -8,19 +8,14 @@ import os
 import pathlib
 import subprocess
 import sys
-import time
 
 import pyatspi
 
+from hands import mouse
 from screen_reader import Missing, application, eventually, find, open_by_menu, window_titled
 
 LIST = pathlib.Path(os.environ["XDG_DATA_HOME"]) / "Tickervantage/servers.txt"
 ROWS = ["One:one.example:10:6:true", "Two:two.example:8:4:false", "Three:three.example:8:4:false"]
-
-
-def mouse(x, y, what):
-    pyatspi.Registry.generateMouseEvent(x, y, what)
-    time.sleep(0.1)  # the server hands it on to the program
 
 
 def place(window, title):
