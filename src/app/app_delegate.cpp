@@ -410,6 +410,7 @@ void AppDelegate::make_configurations() {
                            .files = m_parts.documents,
                            .general = m_general,
                            .logger = m_parts.logger,
+                           .daemon_user = m_daemon.user,
                            .can_install = m_administration != nullptr || m_daemon.control.install,
                            .window = m_main_window.get()});
     connect(m_configurations.get(), &ConfigWindows::not_opened, this, &AppDelegate::complain);

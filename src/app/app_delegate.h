@@ -73,6 +73,7 @@ struct DaemonChoice {
     QString standing_notice;
     std::string tracking_log;  // empty: in the folder that chrony.conf names
     std::string configuration; // empty: that of the preferences
+    std::string user = {};     // as whom chronyd runs, whatever the configuration says
     DemonstrationControl control = {};
 };
 

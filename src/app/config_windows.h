@@ -30,8 +30,9 @@ struct ConfigWindowsParts {
     Files& files;
     const PreferencesGeneral& general; // which name the live configuration
     Logger& logger;
-    bool can_install = false;  // somebody answers to install_wanted
-    QWidget* window = nullptr; // that asks questions
+    std::string daemon_user = {}; // of a demonstration's chronyd
+    bool can_install = false;     // somebody answers to install_wanted
+    QWidget* window = nullptr;    // that asks questions
 };
 
 class ConfigWindows : public QObject {

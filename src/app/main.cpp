@@ -18,6 +18,7 @@
 #include "linux/private_temporary.h"
 #include "linux/serial_queue.h"
 #include "linux/shared_text_file.h"
+#include "linux/user_name.h"
 #include "linux/xdg_paths.h"
 #include "qt/accessible_widgets.h"
 #include "qt/event_loop.h"
@@ -35,6 +36,8 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QIcon>
+
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -65,6 +68,7 @@ DaemonChoice demonstration_choice(Demonstration& demonstration) {
                           "began is a recording."),
             .tracking_log = demonstration.tracking_log(),
             .configuration = demonstration.client_config(),
+            .user = user_name(::geteuid()),
             .control = {.pull_out = [&demonstration](std::size_t server,
                                                      bool out) { return demonstration.pull_out(server, out); },
                         .install =

@@ -127,6 +127,9 @@ TEST(Warnings, NameWhatTheDaemonWillMiss) {
     for (int i = 0; i < 1000; ++i)
         many += "include /nope\n";
     EXPECT_EQ(configuration_warnings(many, probes).size(), most_warnings);
+    const std::string locked = "driftfile /locked/drift\n";
+    EXPECT_EQ(configuration_warnings(locked, probes).size(), 1U);
+    EXPECT_TRUE(configuration_warnings(locked, probes, "root").empty()) << "a demonstration's runs as its user";
 }
 
 struct DocumentTest : ::testing::Test {

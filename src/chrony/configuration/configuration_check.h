@@ -9,6 +9,7 @@ namespace tickervantage {
 struct ConfigurationCheckParts {
     SyntaxCheckParts syntax;
     const PathProbes& probes;
+    std::string daemon_user = {}; // as configuration_warnings() has it
 };
 
 struct ConfigurationCheck {

@@ -83,7 +83,8 @@ FailureCode is_not(Kind kind) {
 
 class Collector {
 public:
-    Collector(std::string_view text, const PathProbes& probes) : m_probes(probes), m_user(user_in(text)) {
+    Collector(std::string_view text, const PathProbes& probes, std::string_view daemon_user)
+        : m_probes(probes), m_user(daemon_user.empty() ? user_in(text) : daemon_user) {
         const bool usual_is_there = m_user != usual_user || probes.user_exists(m_user);
         m_user = usual_is_there ? m_user : std::string(root);
     }
@@ -232,8 +233,9 @@ private:
 
 } // namespace
 
-std::vector<ConfigurationWarning> configuration_warnings(std::string_view text, const PathProbes& probes) {
-    Collector collector(text, probes);
+std::vector<ConfigurationWarning> configuration_warnings(std::string_view text, const PathProbes& probes,
+                                                         std::string_view daemon_user) {
+    Collector collector(text, probes, daemon_user);
     std::size_t number = 0;
     for (std::size_t start = 0; start < text.size() && collector.warnings.size() < most_warnings;) {
         const auto end = std::min(text.find('\n', start), text.size());

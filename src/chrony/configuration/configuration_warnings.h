@@ -22,6 +22,8 @@ struct ConfigurationWarning {
 
 inline constexpr std::size_t most_warnings = 200; // a text full of errors is not worth more
 
-[[nodiscard]] std::vector<ConfigurationWarning> configuration_warnings(std::string_view text, const PathProbes& probes);
+// `daemon_user`: as whom chronyd runs whatever the text says; empty: as the text, or else its builder, has it.
+[[nodiscard]] std::vector<ConfigurationWarning> configuration_warnings(std::string_view text, const PathProbes& probes,
+                                                                       std::string_view daemon_user = {});
 
 } // namespace tickervantage

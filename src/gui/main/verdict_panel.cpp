@@ -165,7 +165,7 @@ void VerdictPanel::build_notice() {
     m_explain = named(new QPushButton(Texts::tr("E&xplain"), m_notice), "explain_verdict",
                       //: main window: name of that button
                       Texts::tr("Explain"));
-    //: main window: name of the button that mends what the notice beside it tells of
+    //: main window: name of the button that mends what the notice beside it tells of, before it is known what
     m_mend = named(new QPushButton(m_notice), "mend", Texts::tr("Mend it"));
     m_notice->add(m_notice_words);
     m_notice->add_button(m_explain);
@@ -224,6 +224,8 @@ void VerdictPanel::show_notice() {
     m_notice_words->setText(is_alarm ? m_alarm : offer.words);
     m_notice->set_tone(is_alarm ? NoticeTone::doubt : offer.tone);
     m_mend->setText(offer.button);
+    if (!offer.button.isEmpty())
+        m_mend->setAccessibleName(QString(offer.button).remove(QLatin1Char('&')));
     m_mend->setVisible(!offer.button.isEmpty());
     m_explain->setVisible(is_alarm || m_mending == Mending::explain);
     m_quiet->setVisible(!m_alarm.isEmpty());

@@ -3,6 +3,7 @@
 import time
 
 import pyatspi
+from gi.repository import GLib
 
 from screen_reader import below, eventually, plain, states, window_titled
 
@@ -23,12 +24,16 @@ def click(node):
     mouse(x, y, "b1c")
 
 
+def is_shown(node, roles, name):
+    try:
+        return node.getRoleName() in roles and plain(node.name) == plain(name) and states(node).contains(pyatspi.STATE_SHOWING)
+    except GLib.GError:  # gone meanwhile
+        return False
+
+
 def shown(root, roles, name):
     """What bears the name and is in sight; none: null."""
-    for node in below(root):
-        if node.getRoleName() in roles and plain(node.name) == plain(name) and states(node).contains(pyatspi.STATE_SHOWING):
-            return node
-    return None
+    return next((node for node in below(root) if is_shown(node, roles, name)), None)
 
 
 def click_menu(app, window_title, menu, item):
@@ -41,12 +46,16 @@ def click_menu(app, window_title, menu, item):
     click(entry)
 
 
+def own_words(node):
+    try:
+        yield node.name or ""
+        yield node.description or ""
+        yield node.queryText().getText(0, -1)
+    except (NotImplementedError, GLib.GError):  # it has no text, or is gone meanwhile
+        return
+
+
 def words_of(root):
     """Every name, description and text below, one after the other."""
     for node in below(root):
-        yield node.name or ""
-        yield node.description or ""
-        try:
-            yield node.queryText().getText(0, -1)
-        except NotImplementedError:
-            continue
+        yield from own_words(node)

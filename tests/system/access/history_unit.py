@@ -1,0 +1,87 @@
+"""Ticks the box that keeps a history also while the window is closed, and looks who keeps it: the window while it is
+open, the user's own service afterwards; never both.
+
+Usage: history_unit.py PROGRAM
+Run by scratch/mending, with a service manager of the user's own.
+"""
+
+import atexit
+import os
+import pathlib
+import sqlite3
+import subprocess
+import sys
+
+from screen_reader import Missing, application, eventually, find, open_by_menu, press, window_titled
+
+UNIT = "tickervantage-history.service"
+STORE = pathlib.Path(os.environ["XDG_DATA_HOME"]) / "Tickervantage/history.sqlite"
+
+
+def systemctl(*words):
+    return subprocess.run(["systemctl", "--user", *words, UNIT], check=False, capture_output=True, text=True).stdout.strip()
+
+
+def keeper():
+    """The name of the process that holds the lock of the store; empty: nobody."""
+    listed = subprocess.run(["lslocks", "--noheadings", "--raw", "--output", "COMMAND,PATH"], check=False, capture_output=True, text=True)
+    names = {line.split()[0] for line in listed.stdout.splitlines() if "history.sqlite" in line and "-" not in line.split("sqlite")[1]}
+    return "".join(sorted(names))
+
+
+def readings():
+    with sqlite3.connect(f"file:{STORE}?mode=ro", uri=True) as store:
+        return store.execute("SELECT COUNT(*) FROM reading").fetchone()[0]
+
+
+def start(program):
+    process = subprocess.Popen([program])
+    atexit.register(process.kill)  # whatever becomes of this script
+    app = eventually(application, "the program on the accessibility bus")
+    return process, app
+
+
+def stop(process):
+    process.terminate()
+    process.wait(20)
+    eventually(lambda: application() is None, "the end of the program on the bus")
+
+
+def check(program):
+    print(f"at first: {systemctl('is-enabled')}, {systemctl('is-active')}", flush=True)
+    process, app = start(program)
+    eventually(lambda: STORE.exists() and readings() > 0, "a first reading in the store")
+    faults = [] if keeper() == "tickervantage" else [f"the window is open, and {keeper()!r} keeps the history"]
+    open_by_menu(app, "Preferences…")
+    window = eventually(lambda: window_titled(app, "references"), "the preferences")
+    press(eventually(lambda: find(window, {"check box"}, "Keep a history also while"), "the box"))
+    eventually(lambda: systemctl("is-enabled") == "enabled" and systemctl("is-active") == "active", "the service")
+    before = readings()
+    eventually(lambda: readings() > before, "a reading more, with both")
+    if keeper() != "tickervantage":
+        faults.append(f"both run, and {keeper()!r} keeps the history")
+    stop(process)
+    before = readings()
+    eventually(lambda: keeper() == "tickercommands", "the service as the one who keeps the history")
+    eventually(lambda: readings() > before, "a reading more, without the window")
+    print(f"the service keeps it: {readings()} readings", flush=True)
+    process, app = start(program)
+    before = readings()
+    eventually(lambda: readings() > before + 1, "readings while the service keeps them and the window shows them")
+    if keeper() != "tickercommands":
+        faults.append(f"the service was first, and {keeper()!r} keeps the history")
+    stop(process)
+    return faults
+
+
+def main():
+    try:
+        faults = check(sys.argv[1])
+    except Missing as reason:
+        faults = [str(reason), f"{systemctl('status')}", f"kept by {keeper()!r}"]
+    print("\n".join(faults))
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
