@@ -97,8 +97,8 @@ Result<std::vector<LogFile>> find_logs(FollowedFiles& files, const std::vector<s
         }
     }
     sort_by_rotation(all);
-    const auto [first, last] = std::ranges::unique(all); // a file that is named besides its folder counts once
-    all.erase(first, last);
+    // A file that is named besides its folder counts once. (clang 14 does not take libstdc++'s ranges::unique.)
+    all.erase(std::unique(all.begin(), all.end()), all.end());
     std::vector<LogFile> logs;
     std::optional<Failure> unreadable; // of a folder: told where it leaves nothing
     for (const std::string& path : all) {
