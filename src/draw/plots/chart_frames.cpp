@@ -44,7 +44,10 @@ AxisSpan span_of(const ChartPanel& panel) {
         widen(span, level.y, panel.shape);
     for (const ChartFlag& flag : panel.flags)
         widen(span, flag.y, panel.shape);
-    return with_margins(span, panel.shape);
+    span = with_margins(span, panel.shape);
+    if (!panel.flags.empty() && panel.shape == AxisShape::linear)
+        span.high += (span.high - span.low) * MARGIN; // room for their words
+    return span;
 }
 
 } // namespace
@@ -57,8 +60,9 @@ std::vector<Frame> frames_of(const LogChart& chart, Rect bounds) {
     for (std::size_t at = 0; at < chart.panels.size(); ++at) {
         const double bottom = bounds.y + BELOW + (count - 1 - static_cast<double>(at)) * height;
         const double top = at == 0 ? TITLE + (!chart.has_periods ? 0 : GAP) : TITLE;
+        const AxisSpan span = span_of(chart.panels[at]);
         Frame frame{{bounds.x + LEFT, bottom, std::max(1.0, bounds.width - LEFT - RIGHT), std::max(1.0, height - top)},
-                    ValueAxis(chart.panels[at].unit, chart.panels[at].shape, span_of(chart.panels[at]))};
+                    ValueAxis(chart.panels[at].unit, chart.panels[at].shape, span, span.low)};
         frame.axis.place_between(frame.area.y, upper_edge(frame.area));
         frames.push_back(frame);
     }

@@ -11,7 +11,7 @@ inline constexpr double LEFT = 58; // room for labels
 inline constexpr double RIGHT = 16;
 inline constexpr double BELOW = 36;
 inline constexpr double TITLE = 20;
-inline constexpr double PERIODS = 22; // an upper axis
+inline constexpr double PERIODS = 6; // an upper axis
 inline constexpr double GAP = 8;
 
 struct Frame {

@@ -17,7 +17,7 @@ struct Unit {
 
 constexpr std::array<Unit, 7> span_units{
     {{86400, "d"}, {3600, "h"}, {60, "min"}, {1, "s"}, {1e-3, "ms"}, {1e-6, "µs"}, {1e-9, "ns"}}};
-constexpr std::array<Unit, 4> frequency_units{{{1e3, "kHz"}, {1, "Hz"}, {1e-3, "mHz"}, {1e-6, "µHz"}}};
+constexpr std::array<Unit, 5> frequency_units{{{1e3, "kHz"}, {1, "Hz"}, {1e-3, "mHz"}, {1e-6, "µHz"}, {1e-9, "nHz"}}};
 
 std::string in_unit(double value, std::span<const Unit> units, int digits, std::string_view decimal_point) {
     const auto fits = [value](const Unit& unit) {
@@ -26,7 +26,7 @@ std::string in_unit(double value, std::span<const Unit> units, int digits, std::
     const auto found = std::ranges::find_if(units, fits);
     const Unit& unit = found == units.end() ? units.back() : *found;
     const double number = value / unit.size;
-    const int before = number >= 1 ? static_cast<int>(std::floor(std::log10(number) + 1e-9)) + 1 : 1;
+    const int before = number > 0 ? static_cast<int>(std::floor(std::log10(number) + 1e-9)) + 1 : 1;
     std::string text = number >= 1e6 || number < 1e-3 ? fmt::format("{:.{}g}", number, digits)
                                                       : fmt::format("{:.{}f}", number, std::max(0, digits - before));
     if (const auto point = text.find('.'); point != std::string::npos)

@@ -22,8 +22,8 @@ constexpr double LABEL_ROOM = 62; // of the level axis
 constexpr double TICK_ROOM = 24;  // of an upright one
 constexpr double BAND = 0.2;      // how strong
 constexpr double HALF = 0.5;
-constexpr double LETTER = 5.7; // of a label
-constexpr double PIECE = 18;   // of a curve, beside its name
+constexpr double LETTER = 6; // of a label
+constexpr double PIECE = 18; // of a curve, beside its name
 const Ink GRID(ColorRole::grey, 0.3);
 
 void box(Canvas& canvas, const Rect& rect, const Ink& ink) {
@@ -70,18 +70,23 @@ private:
             upper_edge(area) + TITLE * HALF + (&m_panel == &m_chart.panels.front() && m_chart.has_periods ? TITLE : 0);
         m_canvas.text(title, text_box(area.x - LEFT + 4, above, LEFT + area.width),
                       {.size = LABEL_SIZE, .align = TextAlign::left});
-        draw_names(above);
+        draw_names(above, area.x - LEFT + width_of(title));
     }
 
-    // Of the curves, from the right, with a piece of each. Widths are those of wide letters.
-    void draw_names(double middle) const {
+    static double width_of(std::string_view text) {
+        return LETTER * static_cast<double>(std::ranges::count_if(text, [](char one) { return (one & 0xC0) != 0x80; }));
+    }
+
+    // Of the curves, from the right, with a piece of each, as far as there is room. Widths are those of usual letters.
+    void draw_names(double middle, double left) const {
         double right = right_edge(m_frame.area);
         for (auto series = m_panel.series.rbegin(); series != m_panel.series.rend(); ++series) {
-            if (series->name.empty() || series->points.empty())
+            const double width = width_of(series->name) + PIECE + 1.5 * GAP;
+            if (series->name.empty() || series->points.empty() || right - width < left)
                 continue;
             m_canvas.text(series->name, text_box(m_frame.area.x, middle, right - m_frame.area.x),
                           {.size = LABEL_SIZE, .align = TextAlign::right});
-            right -= LETTER * static_cast<double>(series->name.size()) + PIECE + GAP;
+            right -= width;
             draw_piece(*series, {right + GAP, middle});
             right -= 2 * GAP;
         }
@@ -200,7 +205,7 @@ private:
         std::vector<Rect> taken;
         for (const ChartFlag& flag : m_panel.flags) {
             const Point place = place_of(flag.x, flag.y);
-            const double width = LETTER * static_cast<double>(flag.text.size());
+            const double width = width_of(flag.text);
             const double left = std::clamp(place.x - width / 2, m_frame.area.x, right_edge(m_frame.area) - width);
             Rect label = text_box(left, place.y + LABEL_SIZE, width);
             const auto meets = [&label](const Rect& other) {

@@ -133,10 +133,11 @@ QString HoldoverPage::headline() const {
         Texts::tr("Sources lost now: within %1, %2 %, until %3").arg(limit, share, moment(*m_forecast.limit_after));
     if (around.earliest && around.latest)
         //: laboratory: goes on from the headline; %1 and %2 are times of day
-        return text + Texts::tr(" (surely between %1 and %2).").arg(moment(*around.earliest), moment(*around.latest));
+        return text +
+               Texts::tr(" (give or take: between %1 and %2).").arg(moment(*around.earliest), moment(*around.latest));
     if (around.earliest)
         //: laboratory: goes on from the headline; %1 is a time of day
-        return text + Texts::tr(" (surely until %1).").arg(moment(*around.earliest));
+        return text + Texts::tr(" (give or take: until %1 at the least).").arg(moment(*around.earliest));
     return text + QLatin1Char('.');
 }
 

@@ -63,6 +63,7 @@ LaboratoryPage::LaboratoryPage(QWidget* parent, const char* name, const QString&
 void LaboratoryPage::build(const char* name) {
     const QString prefix = QLatin1String(name) + QLatin1Char('_');
     m_choices = new QHBoxLayout;
+    m_more_choices = new QHBoxLayout;
     //: laboratory: name of the sentence above the chart
     m_headline = words(this, prefix + QStringLiteral("headline"), Texts::tr("What it says"));
     QFont font = m_headline->font();
@@ -85,6 +86,7 @@ void LaboratoryPage::build(const char* name) {
     m_pointed->setMinimumHeight(m_pointed->fontMetrics().lineSpacing());
     auto* column = new QVBoxLayout(this);
     column->addLayout(m_choices);
+    column->addLayout(m_more_choices);
     column->addWidget(m_headline);
     column->addWidget(m_remark);
     column->addWidget(panes, 1);

@@ -73,6 +73,7 @@ protected:
     [[nodiscard]] const LaboratoryData& data() const { return *m_data; }
     [[nodiscard]] std::int64_t now() const { return m_parts.now(); }
     [[nodiscard]] QHBoxLayout& choices() const { return *m_choices; }
+    [[nodiscard]] QHBoxLayout& more_choices() const { return *m_more_choices; } // below those
 
     void showEvent(QShowEvent* event) override;
 
@@ -92,6 +93,7 @@ private:
     std::shared_ptr<const LaboratoryData> m_data;
     bool m_is_stale = false;
     QHBoxLayout* m_choices = nullptr;
+    QHBoxLayout* m_more_choices = nullptr;
     QLabel* m_headline = nullptr;
     QLabel* m_remark = nullptr;
     ChartView* m_chart = nullptr;

@@ -135,7 +135,16 @@ QString period_words(const SpectralPeak& peak) {
 }
 
 QString power_words(const std::optional<double>& value) {
-    return value && std::isfinite(*value) ? QLocale().toString(*value, 'e', 2) : QStringLiteral("–");
+    if (!value || !std::isfinite(*value))
+        return QStringLiteral("–");
+    const QString text = QLocale::c().toString(*value, 'e', 2); // "1.23e-09"
+    const auto power = text.indexOf(QLatin1Char('e'));
+    static const QString digits = QStringLiteral("⁰¹²³⁴⁵⁶⁷⁸⁹");
+    const int exponent = QStringView(text).mid(power + 1).toInt();
+    QString raised = exponent < 0 ? QStringLiteral("⁻") : QString();
+    for (const QChar digit : QString::number(std::abs(exponent)))
+        raised += digits.at(digit.digitValue());
+    return text.left(power).replace(QLatin1Char('.'), QLocale().decimalPoint()) + QStringLiteral("·10") + raised;
 }
 
 QString seconds_words(double seconds) {

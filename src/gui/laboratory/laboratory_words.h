@@ -26,7 +26,7 @@ struct LaboratoryData;
 
 [[nodiscard]] QString period_words(const SpectralPeak& peak); // "a day", "64 s, a poll interval"
 
-// "1.23e-09", with the locale's point; "–" for none.
+// "1.23·10⁻⁹", with the locale's point; "–" for none.
 [[nodiscard]] QString power_words(const std::optional<double>& value);
 [[nodiscard]] QString seconds_words(double seconds); // "1.23 ms"
 [[nodiscard]] QString span_words(double seconds);    // "2 h 4 min", "250 ms"

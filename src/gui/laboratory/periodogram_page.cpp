@@ -32,8 +32,10 @@ double decibels(double density) {
     return 10 * std::log10(std::max(density, 1e-300));
 }
 
-QString decibel_words(double density) {
-    return QLocale().toString(decibels(density), 'f', 1) + QStringLiteral(" dB");
+QString decibel_words(double decibels) {
+    QString text = QLocale::c().toString(decibels, 'f', 1);
+    text.replace(QLatin1Char('.'), QLocale().decimalPoint());
+    return text.replace(QLatin1Char('-'), QStringLiteral("−"));
 }
 
 std::string point_of_locale() {
@@ -126,9 +128,10 @@ LogChart PeriodogramPage::chart_of() const {
 }
 
 QString PeriodogramPage::amplitude_words(double amplitude) const {
-    if (m_shown == ClockQuantity::offset)
-        return seconds_words(amplitude);
-    return in_words(Quantity{.value = amplitude * million, .kind = QuantityKind::parts_per_million});
+    constexpr int digits = 4; // limits lie close together
+    return m_shown == ClockQuantity::offset
+               ? from_std(value_text(amplitude, AxisUnit::seconds, digits, point_of_locale()))
+               : from_std(value_text(amplitude * million, AxisUnit::ppm, digits, point_of_locale()));
 }
 
 QString PeriodogramPage::headline() const {
@@ -171,7 +174,8 @@ std::vector<QStringList> PeriodogramPage::rows() const {
             {period_words(peak), from_std(frequency_text(peak.frequency, 4, point_of_locale())),
              QStringLiteral("±") + amplitude_words(peak.amplitude),
              QStringLiteral("±") + amplitude_words(peak.amplitude_low),
-             QStringLiteral("±") + amplitude_words(peak.amplitude_high), decibel_words(peak.density),
+             QStringLiteral("±") + amplitude_words(peak.amplitude_high),
+             decibel_words(decibels(peak.density)) + QStringLiteral(" dB"),
              peak.false_alarm < 1e-6 ? QStringLiteral("< 10⁻⁶") : QLocale().toString(peak.false_alarm, 'g', 1)});
     return rows;
 }
@@ -179,15 +183,14 @@ std::vector<QStringList> PeriodogramPage::rows() const {
 QString PeriodogramPage::words_at_pointer() const {
     const ChartPlace place = *chart().pointed();
     const ChartPoint& point = point_at(chart().chart(), place);
-    const QString value = QLocale().toString(point.y, 'f', 1);
     //: laboratory: what is pointed at; %1 a span of time, %2 a frequency, %3 a number
     QString words = Texts::tr("Period %1 (%2): %3 dB")
                         .arg(from_std(span_text(1 / point.x, 3, point_of_locale())),
-                             from_std(frequency_text(point.x, 3, point_of_locale())), value);
+                             from_std(frequency_text(point.x, 3, point_of_locale())), decibel_words(point.y));
     if (point.low && point.high)
         //: laboratory: goes on from a value; %1 and %2 are its limits
-        words += Texts::tr(", with 95 % between %1 and %2 dB")
-                     .arg(QLocale().toString(*point.low, 'f', 1), QLocale().toString(*point.high, 'f', 1));
+        words +=
+            Texts::tr(", with 95 % between %1 and %2 dB").arg(decibel_words(*point.low), decibel_words(*point.high));
     return words;
 }
 

@@ -33,7 +33,11 @@ constexpr int largest_poll = 24;
 
 // The line below which a deviation is the network's; of times it is level.
 ChartSeries floor_line(double at_one_second, bool of_times, double from, double to) {
-    ChartSeries line{.ink = ColorRole::red, .is_dashed = true, .is_told = false};
+    //: laboratory: name of a line in the chart: deviations below it are the network's noise
+    ChartSeries line{.name = Texts::tr("Below: not the clock").toStdString(),
+                     .ink = ColorRole::red,
+                     .is_dashed = true,
+                     .is_told = false};
     for (const double tau : {from, to})
         line.points.push_back({.x = tau, .y = of_times ? at_one_second / std::sqrt(3.0) : at_one_second / tau});
     return line;
@@ -96,7 +100,7 @@ void StabilityPage::build_choices() {
     for (QComboBox* box : {m_confidence, m_spacing}) {
         fit_entries(box);
         connect(box, &QComboBox::activated, this, &StabilityPage::choices_changed);
-        choices().addWidget(box);
+        more_choices().addWidget(box);
     }
 }
 
@@ -111,11 +115,12 @@ void StabilityPage::build_poll() {
         box->setValue(value);
         box->setPrefix(QLatin1String(name) + QLatin1Char(' '));
         connect(box, &QSpinBox::valueChanged, this, &StabilityPage::show_advice);
-        choices().addWidget(box);
+        more_choices().addWidget(box);
         return box;
     };
     m_minpoll = field("minpoll", default_minpoll);
     m_maxpoll = field("maxpoll", default_maxpoll);
+    more_choices().addStretch(1);
 }
 
 StabilityQuestion StabilityPage::question() const {
@@ -169,8 +174,7 @@ LogChart StabilityPage::chart_of(const Answer& answer) const {
     for (const bool of_times : {false, true}) {
         //: laboratory: titles of upright axes
         ChartPanel panel{
-            .title =
-                (of_times ? Texts::tr("Time deviation") : Texts::tr("Deviation of the frequency (s/s)")).toStdString(),
+            .title = (of_times ? Texts::tr("Time") : Texts::tr("Deviation of the frequency (s/s)")).toStdString(),
             .unit = of_times ? AxisUnit::seconds : AxisUnit::none};
         for (const StabilityCurve& curve : m_curves)
             if (is_time(curve.measure) == of_times)

@@ -125,14 +125,15 @@ std::optional<double> crossing(const HoldoverForecast& forecast, double Holdover
 } // namespace
 
 LimitInterval limit_interval(const HoldoverForecast& forecast) {
-    LimitInterval interval;
     if (!forecast.limit)
+        return {};
+    LimitInterval interval{crossing(forecast, &HoldoverError::high), crossing(forecast, &HoldoverError::low)};
+    const double middle = crossing(forecast, &HoldoverError::error).value_or(0);
+    if (!forecast.limit_after || !(middle > 0))
         return interval;
-    interval = {crossing(forecast, &HoldoverError::high), crossing(forecast, &HoldoverError::low)};
-    if (forecast.limit_after && interval.earliest)
-        interval.earliest = std::min(*interval.earliest, *forecast.limit_after);
-    if (forecast.limit_after && interval.latest)
-        interval.latest = std::max(*interval.latest, *forecast.limit_after);
+    for (auto* end : {&interval.earliest, &interval.latest}) // as far from the time that is told
+        if (*end)
+            **end *= *forecast.limit_after / middle;
     return interval;
 }
 
