@@ -151,7 +151,7 @@ std::vector<Labelled> labelled(const std::vector<JudgedSource>& sources) {
     std::vector<const JudgedSource*> order;
     for (const JudgedSource& source : sources)
         order.push_back(&source);
-    std::ranges::stable_partition(order, [](const JudgedSource* source) { return is_usable(*source); });
+    std::stable_partition(order.begin(), order.end(), [](const JudgedSource* source) { return is_usable(*source); });
     std::vector<Labelled> found;
     std::set<std::string> known;
     for (const JudgedSource* source : order) {
