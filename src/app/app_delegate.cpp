@@ -508,7 +508,9 @@ void AppDelegate::showLaboratory() {
         return;
     }
     with_log_folder([this](const std::string& folder) {
-        analysis().showLaboratory({.log = folder.empty() ? usual_log_folder : folder, .store = history_file()});
+        analysis().showLaboratory({.log = folder.empty() ? usual_log_folder : folder,
+                                   .store = history_file(),
+                                   .configuration = m_general.config});
     });
 }
 

@@ -1,5 +1,6 @@
 #include "chrony/configuration/configuration.h"
 #include "chrony/configuration/directive_options.h"
+#include "chrony/configuration/poll_limits.h"
 #include "support/test.h"
 
 namespace tickervantage {
@@ -61,6 +62,21 @@ TEST(Configuration, FileThatCannotBeReadChangesNothing) {
         configuration.load(path);
     EXPECT_EQ(configuration.value("logdir"), "/a");
     std::filesystem::remove(file);
+}
+
+TEST(PollLimits, SpanThoseOfAllSources) {
+    for (const auto& [configuration, limits] :
+         std::vector<std::pair<const char*, PollLimits>>{{"", {6, 10}},
+                                                         {"# server a minpoll 1\ndriftfile x\nmaxpoll 3\n", {6, 10}},
+                                                         {"pool a iburst\n", {6, 10}},
+                                                         {"server a minpoll 8 maxpoll 12\n", {8, 12}},
+                                                         {"Server a MINPOLL 4\npeer b maxpoll 14\n", {4, 14}},
+                                                         {"server a minpoll 12\n", {12, 12}},
+                                                         {"server a maxpoll 3\n", {3, 3}},
+                                                         {"server a minpoll 99 maxpoll x\n", {6, 10}},
+                                                         {"server maxpoll 9\nserver b minpoll\n", {6, 10}}})
+        EXPECT_EQ(poll_limits_in(configuration), limits) << configuration;
+    EXPECT_EQ(read_poll_limits("/no/such/file"), PollLimits());
 }
 
 } // namespace

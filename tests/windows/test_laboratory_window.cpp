@@ -93,6 +93,17 @@ TEST_F(LaboratoryWindowTest, ShowsDeviationsWithLimitsAndWhatIsNotTheClock) {
     EXPECT_NE(words("origins").find("8,000 records"), std::string::npos) << words("origins");
 }
 
+TEST_F(LaboratoryWindowTest, TheAdviceIsHeldAgainstTheConfiguration) {
+    QFile file(folder.filePath(QStringLiteral("chrony.conf")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("pool ntp.example.net maxpoll 12\nserver 192.0.2.1 minpoll 4\n");
+    file.close();
+    window->show_laboratory({.log = "/log", .configuration = file.fileName().toStdString()});
+    settle();
+    EXPECT_EQ(find<QSpinBox>("minpoll")->value(), 4);
+    EXPECT_EQ(find<QSpinBox>("maxpoll")->value(), 12);
+}
+
 TEST_F(LaboratoryWindowTest, TimesStandInAPanelOfTheirOwn) {
     open();
     find<QCheckBox>("measure_tdev")->setChecked(true);

@@ -59,7 +59,8 @@ void LaboratoryWindow::build() {
     m_tabs = named(new QTabWidget(central), "pages", tr("Pages"));
     m_tabs->setDocumentMode(true);
     const LaboratoryPageParts parts{m_parts.main_thread, *m_parts.queue, m_parts.exports, m_parts.now};
-    m_pages = {new StabilityPage(m_tabs, parts), new HoldoverPage(m_tabs, parts), new PeriodogramPage(m_tabs, parts)};
+    m_stability = new StabilityPage(m_tabs, parts);
+    m_pages = {m_stability, new HoldoverPage(m_tabs, parts), new PeriodogramPage(m_tabs, parts)};
     m_compensation = new CompensationPage(m_tabs);
     //: laboratory: titles of pages
     m_tabs->addTab(m_pages.at(0), tr("&Stability"));
@@ -149,6 +150,10 @@ void LaboratoryWindow::show_laboratory(const LaboratoryPlaces& places) {
         add_place({places.store, true, tr("Readings of this program")});
     if (!m_places.empty())
         choose(0, true);
+    if (!places.configuration.empty())
+        m_background.start(
+            *m_parts.queue, [path = places.configuration] { return read_poll_limits(path); },
+            [this](const PollLimits& limits) { m_stability->set_poll_limits(limits); });
 }
 
 void LaboratoryWindow::open_log(const QString& path) {

@@ -25,6 +25,7 @@ class QToolButton;
 namespace tickervantage {
 
 class CompensationPage;
+class StabilityPage;
 
 struct LaboratoryWindowParts {
     MainThread& main_thread;
@@ -36,9 +37,10 @@ struct LaboratoryWindowParts {
 };
 
 struct LaboratoryPlaces {
-    std::string log = {};          // a tracking log or a folder of logs; empty: none
-    std::string store = {};        // the history store; empty: none
-    bool is_demonstration = false; // the log is that of the demonstration
+    std::string log = {};           // a tracking log or a folder of logs; empty: none
+    std::string store = {};         // the history store; empty: none
+    std::string configuration = {}; // chrony.conf, which has the poll intervals; empty: not known
+    bool is_demonstration = false;  // the log is that of the demonstration
 };
 
 class LaboratoryWindow : public QMainWindow {
@@ -88,6 +90,7 @@ private:
     QTabWidget* m_tabs = nullptr;
     QLabel* m_origins = nullptr;
     std::vector<LaboratoryPage*> m_pages; // those that look at the log
+    StabilityPage* m_stability = nullptr;
     CompensationPage* m_compensation = nullptr;
     Background m_background;
 };

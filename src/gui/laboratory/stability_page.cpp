@@ -26,9 +26,7 @@ struct Texts {
 };
 
 constexpr std::array confidences{0.683, 0.95, 0.99};
-constexpr int default_minpoll = 6; // chronyd's own
-constexpr int default_maxpoll = 10;
-constexpr int smallest_poll = -6;
+constexpr int smallest_poll = -7;
 constexpr int largest_poll = 24;
 
 // The line below which a deviation is the network's; of times it is level.
@@ -107,10 +105,10 @@ void StabilityPage::build_choices() {
 void StabilityPage::build_poll() {
     const auto field = [this](const char* name, int value) {
         //: laboratory: tooltip of the fields minpoll and maxpoll
-        auto* box =
-            named(new QSpinBox(this), name, QLatin1String(name),
-                  //: laboratory: tooltip of the fields minpoll and maxpoll
-                  Texts::tr("What the sources in your chrony.conf have; chronyd's own default is %1").arg(value));
+        auto* box = named(
+            new QSpinBox(this), name, QLatin1String(name),
+            //: laboratory: tooltip of the fields minpoll and maxpoll
+            Texts::tr("Of the sources in chrony.conf, which is read for it; chronyd's own default is %1").arg(value));
         box->setRange(smallest_poll, largest_poll);
         box->setValue(value);
         box->setPrefix(QLatin1String(name) + QLatin1Char(' '));
@@ -118,9 +116,14 @@ void StabilityPage::build_poll() {
         more_choices().addWidget(box);
         return box;
     };
-    m_minpoll = field("minpoll", default_minpoll);
-    m_maxpoll = field("maxpoll", default_maxpoll);
+    m_minpoll = field("minpoll", PollLimits().minpoll);
+    m_maxpoll = field("maxpoll", PollLimits().maxpoll);
     more_choices().addStretch(1);
+}
+
+void StabilityPage::set_poll_limits(const PollLimits& limits) {
+    m_minpoll->setValue(limits.minpoll);
+    m_maxpoll->setValue(limits.maxpoll);
 }
 
 StabilityQuestion StabilityPage::question() const {

@@ -1,6 +1,7 @@
 // How steady the clock is, over which time: several measures over the averaging time, with their limits. Main thread.
 #pragma once
 
+#include "chrony/configuration/poll_limits.h"
 #include "gui/laboratory/laboratory_page.h"
 #include "studies/laboratory/stability.h"
 
@@ -17,6 +18,9 @@ class StabilityPage : public LaboratoryPage {
     Q_OBJECT
 public:
     explicit StabilityPage(QWidget* parent, LaboratoryPageParts parts);
+
+    // What the advice is held against, until somebody types something else.
+    void set_poll_limits(const PollLimits& limits);
 
 private:
     struct Answer;
