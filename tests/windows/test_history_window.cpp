@@ -321,6 +321,7 @@ TEST_F(HistoryWindowTest, WhatIsDroppedIsOpenedOrCompared) {
     const auto difference = std::ranges::find(curves, "difference offset", &HistoryCurve::key);
     ASSERT_NE(difference, curves.end());
     EXPECT_NEAR(difference->values->mean(30), -2e-6, 1e-12);
+    EXPECT_EQ(difference->panel, HistoryPanel::difference) << "a line of its own, on an axis of its own";
 }
 
 TEST_F(HistoryWindowTest, EvidenceOfWhatIsInSightIsWritten) {

@@ -53,7 +53,7 @@ PlotCaption caption_of(const HistoryView& view, const HistoryPlot& plot) {
         caption.lines.push_back("other: " + *plot.compare);
     if (plot.panel == HistoryPanel::error)
         for (const HistoryCurve& curve : view.curves())
-            if (curve.panel == plot.panel)
+            if (view.is_shown(curve))
                 caption.legend.push_back({curve.color, curve.key});
     return caption;
 }
@@ -69,6 +69,7 @@ Result<> plot_history(FollowedFiles& files, const HistoryPlot& plot, const PlotO
     view.set_range(read->range);
     view.options.panels = {};
     view.options.panels[static_cast<std::size_t>(plot.panel)] = true;
+    view.options.panels[static_cast<std::size_t>(HistoryPanel::difference)] = plot.panel == HistoryPanel::error;
     if (!plot.events)
         view.options.marks.fill(false);
     if (plot.compare) {

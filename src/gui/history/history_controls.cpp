@@ -157,7 +157,7 @@ QWidget* build_events(QWidget* parent, HistoryControls& controls) {
 
 void build_tables(QWidget* parent, HistoryControls& controls) {
     //: history window: name of the legend, its headings, and its tooltip
-    controls.legend = table(parent, "legend", Texts::tr("Legend"), {Texts::tr("Curve"), Texts::tr("At the pointer")});
+    controls.legend = table(parent, "legend", Texts::tr("Legend"), {Texts::tr("Curve"), Texts::tr("Value")});
     //: history window: tooltip of the legend
     controls.legend->header()->setSectionResizeMode(0, QHeaderView::Stretch); // names give way to values
     controls.legend->setToolTip(Texts::tr("A click on the box hides a curve; a double click, or Return, shows it alone "

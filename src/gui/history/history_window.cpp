@@ -340,6 +340,7 @@ void HistoryWindow::compare_with(const QString& path) {
             m_controls.plot->change([&](HistoryView& view) {
                 view.set_other(std::move(loaded.data));
                 view.options.hidden.insert("difference frequency"); // near zero, it would press the others flat
+                view.options.hidden.insert("other bound");          // two bands over each other hide the lines
             });
             m_controls.end_comparison->setEnabled(true);
             data_changed();

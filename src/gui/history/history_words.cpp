@@ -100,7 +100,11 @@ QString standing_words(SourceStanding standing) {
 HistoryWords panel_words() {
     HistoryWords words;
     //: history window: titles of panels
-    words.panels = {Texts::tr("Error").toStdString(), Texts::tr("Frequency").toStdString(),
+    words.panels = {Texts::tr("Error").toStdString(),
+                    //: history window: title of a panel, of two machines' offsets
+                    Texts::tr("Difference").toStdString(),
+                    //: history window: title of a panel
+                    Texts::tr("Frequency").toStdString(),
                     //: history window: title of a panel
                     Texts::tr("Delay and dispersion").toStdString(),
                     //: history window: title of a panel

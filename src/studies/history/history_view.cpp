@@ -22,6 +22,7 @@ constexpr double panel_gap = 7;
 constexpr double smallest_panel = 30;
 constexpr double lane_room = 22;
 constexpr double tick_room = 17;
+constexpr double least_tick_room = 12;
 constexpr double time_room = 64;
 constexpr double time_room_of_seconds = 76;
 constexpr double flag_side = 9;
@@ -172,7 +173,8 @@ void HistoryView::add_other_curves(std::vector<HistoryCurve>& curves) const {
         const auto form = look.form == CurveForm::bound ? CurveForm::bound : CurveForm::line;
         curves.push_back({std::string("other ") + look.key, look.panel, &m_other->line(look.line), look.unit, form,
                           look.line == HistoryLine::root_dispersion ? teal : magenta});
-        curves.push_back({std::string("difference ") + look.key, look.panel,
+        const auto panel = look.panel == HistoryPanel::error ? HistoryPanel::difference : look.panel;
+        curves.push_back({std::string("difference ") + look.key, panel,
                           &(*m_difference)[static_cast<std::size_t>(look.line)], look.unit, CurveForm::line, teal});
     }
 }
@@ -302,10 +304,11 @@ void HistoryView::draw_title(Canvas& canvas, const PanelPlace& place, const std:
 }
 
 void HistoryView::draw_axis(Canvas& canvas, const PanelPlace& place, const ValueAxis& axis) const {
-    draw_title(canvas, place, axis.unit_text(tick_room));
+    const double room = axis.ticks(tick_room).size() < 2 ? least_tick_room : tick_room; // one label tells no scale
+    draw_title(canvas, place, axis.unit_text(room));
     Path grid;
     Path zero;
-    for (const AxisTick& tick : axis.ticks(tick_room)) {
+    for (const AxisTick& tick : axis.ticks(room)) {
         const double y = axis.place_of(tick.value);
         (tick.value == 0 ? zero : grid).add_line({place.area.x, y}, {right_edge(place.area), y});
         constexpr double half = TEXT_MIDDLE * LABEL_SIZE;

@@ -19,8 +19,8 @@
 
 namespace tickervantage {
 
-enum class HistoryPanel : unsigned char { error, frequency, delay, sources, temperature };
-inline constexpr std::size_t history_panels = 5;
+enum class HistoryPanel : unsigned char { error, difference, frequency, delay, sources, temperature };
+inline constexpr std::size_t history_panels = 6;
 
 enum class CurveForm : unsigned char { line, spread, bound, band };
 enum class ScaleChoice : unsigned char { automatic, linear, logarithmic };
@@ -36,8 +36,8 @@ struct HistoryCurve {
 };
 
 struct HistoryWords {
-    std::array<std::string, history_panels> panels{"Error", "Frequency", "Delay and dispersion", "Sources",
-                                                   "Temperature"};
+    std::array<std::string, history_panels> panels{"Error",   "Difference", "Frequency", "Delay and dispersion",
+                                                   "Sources", "Temperature"};
     std::array<std::string, 2> origins{"history", "log"};
 };
 
@@ -45,7 +45,7 @@ struct HistoryOptions {
     bool lanes = true; // else the sources' offsets
     ScaleChoice scale = ScaleChoice::automatic;
     std::set<std::string> hidden = {"compensation"}; // keys of curves; near zero, it would press the others flat
-    std::array<bool, history_panels> panels{true, true, true, true, true};
+    std::array<bool, history_panels> panels{true, true, true, true, true, true};
     std::array<bool, mark_kinds> marks = all_marks();
 
     static constexpr std::array<bool, mark_kinds> all_marks() {
