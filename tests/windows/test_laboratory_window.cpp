@@ -255,8 +255,12 @@ TEST_F(LaboratoryWindowTest, CopiesAndExportsWhatIsShown) {
     EXPECT_TRUE(plots.table.starts_with("from,to,density,low,high,smallest,largest\n"));
     export_to(3, "c.png");
     EXPECT_GT(QImage(folder.filePath(QStringLiteral("c.png"))).height(), chart("periodogram")->height());
+    turn_to(2);
+    EXPECT_FALSE(find<QToolButton>("export")->isEnabled());
     turn_to(1);
-    window->page(1).findChild<QAction*>(QStringLiteral("copy_values"))->trigger();
+    const auto offered = find<QToolButton>("export")->menu()->actions();
+    ASSERT_EQ(offered.size(), 3);
+    offered.back()->trigger();
     const QStringList lines = QApplication::clipboard()->text().split(QLatin1Char('\n'));
     EXPECT_EQ(lines.size(), 6);
     EXPECT_TRUE(lines.at(1).startsWith(QStringLiteral("5 min\t"))) << lines.at(1).toStdString();
@@ -264,7 +268,7 @@ TEST_F(LaboratoryWindowTest, CopiesAndExportsWhatIsShown) {
 
 TEST_F(LaboratoryWindowTest, EveryControlHasANameAndATooltip) {
     for (const char* name : {"measure_adev", "measure_mtie", "confidence", "spacing", "minpoll", "maxpoll", "limit",
-                             "quantile", "quantity", "trend", "source", "files"}) {
+                             "quantile", "quantity", "trend", "source", "files", "export"}) {
         EXPECT_FALSE(find<QWidget>(name)->accessibleName().isEmpty()) << name;
         EXPECT_FALSE(find<QWidget>(name)->toolTip().isEmpty()) << name;
     }

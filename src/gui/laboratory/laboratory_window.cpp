@@ -1,5 +1,6 @@
 #include "gui/laboratory/laboratory_window.h"
 
+#include "gui/laboratory/chart_view.h"
 #include "gui/laboratory/compensation_page.h"
 #include "gui/laboratory/holdover_page.h"
 #include "gui/laboratory/laboratory_words.h"
@@ -44,6 +45,7 @@ LaboratoryWindow::LaboratoryWindow(LaboratoryWindowParts parts)
     setWindowTitle(tr("Clock Laboratory"));
     build();
     build_menu();
+    build_export();
     resize(scaled(QSize(1000, 720), *this));
 }
 
@@ -99,7 +101,14 @@ QWidget* LaboratoryWindow::build_choices(QWidget* parent) {
     auto* line = new QHBoxLayout(row);
     line->setContentsMargins(0, 0, 0, 0);
     line->addWidget(m_source, 1);
+    //: laboratory: button with a menu, and its tooltip
+    m_export = named(new QToolButton(row), "export", tr("Export"), tr("Save or copy what this page shows"));
+    //: laboratory: button with a menu
+    m_export->setText(tr("&Export"));
+    m_export->setPopupMode(QToolButton::InstantPopup);
+    m_export->setFocusPolicy(Qt::StrongFocus);
     line->addWidget(m_files);
+    line->addWidget(m_export);
     return row;
 }
 
@@ -119,6 +128,21 @@ void LaboratoryWindow::build_menu() {
     turn_on->setVisible(m_parts.can_turn_on_logs);
     connect(turn_on, &QAction::triggered, this, &LaboratoryWindow::logs_requested);
     m_files->setMenu(menu);
+}
+
+void LaboratoryWindow::build_export() {
+    m_export->setMenu(new QMenu(m_export));
+    connect(m_tabs, &QTabWidget::currentChanged, this, &LaboratoryWindow::offer_export);
+    offer_export();
+}
+
+// The commands that the page's chart has.
+void LaboratoryWindow::offer_export() {
+    const auto* chart = m_tabs->currentWidget()->findChild<ChartView*>();
+    m_export->setEnabled(chart != nullptr);
+    m_export->menu()->clear();
+    if (chart != nullptr)
+        m_export->menu()->addActions(chart->actions());
 }
 
 void LaboratoryWindow::say(const QString& sentence) {

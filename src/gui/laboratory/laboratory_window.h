@@ -76,6 +76,8 @@ private:
     void build();
     [[nodiscard]] QWidget* build_choices(QWidget* parent);
     void build_menu();
+    void build_export();
+    void offer_export();
     void ask_for_log(bool for_folder);
     void add_place(const Place& place);
     void choose(std::size_t place, bool or_store);
@@ -87,6 +89,7 @@ private:
     std::vector<Place> m_places;
     QComboBox* m_source = nullptr; // as m_places
     QToolButton* m_files = nullptr;
+    QToolButton* m_export = nullptr; // of the page in sight
     QTabWidget* m_tabs = nullptr;
     QLabel* m_origins = nullptr;
     std::vector<LaboratoryPage*> m_pages; // those that look at the log
