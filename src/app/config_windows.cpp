@@ -80,7 +80,12 @@ void ConfigWindows::connect_editor(ConfigEditor* editor) {
     connect(editor, &ConfigEditor::not_opened, this, [this, editor](const QString& sentence) {
         forget(editor); // a document that does not open leaves no window behind
         editor->deleteLater();
-        Q_EMIT not_opened(sentence);
+        const QString hint =
+            //: alert below the reason why the installed configuration does not open
+            Texts::tr(
+                "Its path stands in the preferences. Where chrony is not installed yet, the main window offers to "
+                "install it.");
+        Q_EMIT not_opened(editor == m_installed ? sentence + QStringLiteral("\n\n") + hint : sentence);
     });
     connect(editor, &ConfigEditor::install_wanted, this,
             [this, editor](const QString& text) { Q_EMIT install_wanted(editor, text); });
@@ -125,6 +130,7 @@ void ConfigWindows::open_path(const QString& path) {
 void ConfigWindows::show_installed() {
     const auto open = std::ranges::find_if(m_editors, &ConfigEditor::is_installed_config);
     ConfigEditor* editor = open == m_editors.end() ? make_editor() : *open;
+    m_installed = editor;
     if (editor->isWindowModified())
         bring_to_front(*editor);
     else

@@ -11,6 +11,7 @@
 #include "settings/default_settings.h"
 
 #include <QObject>
+#include <QPointer>
 
 #include <list>
 #include <string>
@@ -79,7 +80,8 @@ private:
     RecentFiles m_recent;
     std::list<ConfigEditor*> m_editors; // open; the one used last stands last
     int m_untitled = 0;
-    int m_documents = 0; // ever opened
+    int m_documents = 0;                // ever opened
+    QPointer<ConfigEditor> m_installed; // was asked last for the installed configuration
     Background m_background;
 };
 

@@ -74,6 +74,20 @@ TEST_F(SourcesPanelTest, RowsTellWhatChronydThinksOfEachSource) {
     EXPECT_EQ(cell(0, SourcesModel::last_heard), "–");
 }
 
+TEST_F(SourcesPanelTest, ANarrowTableStillTellsWhichSourceIsHowFarOff) {
+    panel.resize(640, 480);
+    panel.show_truth(truth_of(three()));
+    panel.grab(); // laid out
+    for (const int column : {SourcesModel::state, SourcesModel::name, SourcesModel::offset})
+        EXPECT_LE(table->columnViewportPosition(column) + table->columnWidth(column), 640) << column;
+    EXPECT_GT(table->columnViewportPosition(SourcesModel::stratum),
+              table->columnViewportPosition(SourcesModel::last_heard));
+    const auto* intervals = panel.findChild<QWidget*>(QStringLiteral("source_intervals"));
+    EXPECT_TRUE(intervals->isVisible());
+    panel.show_truth(truth_of({}));
+    EXPECT_FALSE(intervals->isVisible()) << "an empty picture says nothing";
+}
+
 TEST_F(SourcesPanelTest, AnyColumnSortsAndTheChoiceStaysWithItsSource) {
     panel.show_truth(truth_of(three()));
     EXPECT_EQ(addresses(), "925");

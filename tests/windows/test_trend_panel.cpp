@@ -1,7 +1,12 @@
+#include "app/trend_feed.h"
 #include "base/failure_codes.h"
+#include "chrony/demonstration/recorded_day.h"
+#include "gui/main/tickervantage_window.h"
 #include "gui/main/trend_panel.h"
 #include "gui/main/trend_view.h"
+#include "history/recording.h"
 #include "qt/in_words.h"
+#include "support/fake_main_window_parts.h"
 #include "support/test.h"
 #include "support/window_test.h"
 
@@ -86,6 +91,42 @@ TEST(LocalTimeOfDay, FollowsTheLocalesClocksWithoutSeconds) {
     EXPECT_EQ(in_words(since).toStdString(), "Holdover since 3:04 PM");
     QLocale::setDefault(QLocale::c());
     EXPECT_EQ(english(since), "Holdover since 15:04");
+}
+
+struct TrendFeedTest : ::testing::Test {
+    testing::FakeMainWindowParts fakes;
+    testing::ManualQueue queue;
+    QTemporaryDir folder;
+    std::string file = folder.filePath(QStringLiteral("history.sqlite")).toStdString();
+    TickervantageWindow window{fakes.parts(), fakes.options()};
+    TrendFeed feed{file, queue, fakes.main_thread, window};
+
+    [[nodiscard]] QString words_instead() const {
+        return window.findChild<TrendView*>(QStringLiteral("trend"))->words_instead();
+    }
+    void settle() {
+        while (queue.turn() || fakes.main_thread.turn()) {
+        }
+    }
+};
+
+TEST_F(TrendFeedTest, BringsTheLastHourOfTheStoreWithEachReading) {
+    feed.read();
+    settle();
+    EXPECT_TRUE(words_instead().startsWith(QStringLiteral("No history yet")));
+    ASSERT_TRUE(keep_recording(file, recorded_day(QDateTime::currentSecsSinceEpoch())));
+    window.show_truth(std::make_shared<const ClockTruth>());
+    EXPECT_FALSE(words_instead().isEmpty()) << "the store is read on the queue";
+    settle();
+    EXPECT_EQ(words_instead(), QString());
+    EXPECT_EQ(window.findChild<QLabel*>(QStringLiteral("trend_title"))->text().left(34),
+              QStringLiteral("Error of the clock in the last hour").left(34));
+    std::ofstream(file) << "this is no history";
+    for (const char* beside : {"-wal", "-shm"})
+        (void)std::remove((file + beside).c_str());
+    window.show_truth(std::make_shared<const ClockTruth>());
+    settle();
+    EXPECT_TRUE(words_instead().contains(QString::fromStdString(file))) << words_instead().toStdString();
 }
 
 } // namespace

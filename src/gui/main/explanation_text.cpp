@@ -67,6 +67,11 @@ QString whole_explanation(const ClockTruth& truth) {
         first += QStringLiteral(": ") + in_words(*words.reason);
     QString text = paragraph(QStringLiteral("<b>") + first.toHtmlEscaped() + QStringLiteral("</b>")) +
                    paragraph(in_words(words.error).toHtmlEscaped());
+    if (truth.verdict == Verdict::unavailable)
+        //: explanation of the clock where chronyd does not answer
+        text += paragraph(Texts::tr("No chronyd answers, so nothing is known of its sources. What would help stands at "
+                                    "the top of the window, where the program can see it. A daemon that has just been "
+                                    "started needs some seconds."));
     if (truth.reports.sources && truth.explanations.empty())
         //: explanation of the clock where chronyd has no source
         text += paragraph(Texts::tr("Lines such as “pool 2.debian.pool.ntp.org iburst” in the configuration bring "

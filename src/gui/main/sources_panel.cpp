@@ -53,7 +53,9 @@ SourcesPanel::SourcesPanel(QWidget* parent) : QWidget(parent) {
     m_explanation->setMinimumHeight(m_explanation->fontMetrics().lineSpacing() * 4);
     build_root_row();
     lay_out();
+    fit_columns();
     limit_height();
+    m_intervals->hide(); // until there are any
 }
 
 void SourcesPanel::build_table() {
@@ -124,6 +126,7 @@ void SourcesPanel::show_truth(const std::shared_ptr<const ClockTruth>& truth) {
     if (has_others) {
         fit_columns();
         limit_height();
+        m_intervals->setVisible(!truth->sources.empty());
     }
     restore_choice();
     m_root_row->setVisible(m_offers_root && truth->reports.sources && !truth->sources.empty() &&

@@ -316,6 +316,7 @@ void TrackingWindow::show_emptiness() {
 void TrackingWindow::show_log_setting(const LogSettingAnswer& answer) {
     m_empty.setting = answer.setting;
     m_empty.configuration = answer.configuration;
+    offer_to_make_readable();
     show_emptiness();
 }
 
@@ -330,11 +331,19 @@ void TrackingWindow::show_no_readout() {
 void TrackingWindow::show_problem(const std::optional<Failure>& problem) {
     m_empty.problem = problem;
     show_no_readout();
-    m_controls.makeReadable->setVisible(m_empty.is_live && m_parts.can_make_log_readable && is_forbidden(problem));
+    offer_to_make_readable();
     if (!problem)
         m_read_timer->start(first_lines_come, [this] { read_so_far(); });
     else
         read_so_far();
+}
+
+// Of a log that nobody writes it would change nothing.
+void TrackingWindow::offer_to_make_readable() {
+    const bool is_written =
+        m_empty.setting != TrackingLogSetting::not_asked_for && m_empty.setting != TrackingLogSetting::no_folder;
+    m_controls.makeReadable->setVisible(m_empty.is_live && m_parts.can_make_log_readable && is_written &&
+                                        is_forbidden(m_empty.problem));
 }
 
 void TrackingWindow::read_so_far() {

@@ -102,6 +102,7 @@ private:
     void show_emptiness();
     void show_problem(const std::optional<Failure>& problem);
     void show_no_readout(); // the log's problem, where there is one
+    void offer_to_make_readable();
     void read_so_far();
     void makeReadable();
     void zoom(double steps, double viewport_x);

@@ -56,8 +56,9 @@ QString empty_words(const EmptyLog& log) {
     const QString configuration = QString::fromStdString(log.configuration);
     if (log.is_live && log.setting == TrackingLogSetting::not_asked_for)
         //: tracking window: shown in place of the graph; %1 is the path of chrony.conf
-        return Texts::tr("chronyd writes no tracking log: %1 has no line “log tracking”.\n"
-                         "Add that line in the configuration editor, check it, and install it.")
+        return Texts::tr(
+                   "chronyd writes no tracking log: %1 has no line “log tracking”.\n"
+                   "“Turn On Logging…” in the main window adds that line; so can you, in the configuration editor.")
             .arg(configuration);
     if (log.is_live && log.setting == TrackingLogSetting::no_folder)
         //: tracking window: shown in place of the graph; %1 is the path of chrony.conf

@@ -12,7 +12,9 @@ import sqlite3
 import subprocess
 import sys
 
-from screen_reader import Missing, application, eventually, find, open_by_menu, press, window_titled
+import pyatspi
+
+from screen_reader import Missing, application, eventually, find, open_by_menu, press, states, window_titled
 
 UNIT = "tickervantage-history.service"
 STORE = pathlib.Path(os.environ["XDG_DATA_HOME"]) / "Tickervantage/history.sqlite"
@@ -23,10 +25,12 @@ def systemctl(*words):
 
 
 def keeper():
-    """The name of the process that holds the lock of the store; empty: nobody."""
-    listed = subprocess.run(["lslocks", "--noheadings", "--raw", "--output", "COMMAND,PATH"], check=False, capture_output=True, text=True)
-    names = {line.split()[0] for line in listed.stdout.splitlines() if "history.sqlite" in line and "-" not in line.split("sqlite")[1]}
-    return "".join(sorted(names))
+    """The name of the process that holds the lock of the store, this one apart; empty: nobody."""
+    listed = subprocess.run(
+        ["lslocks", "--noheadings", "--raw", "--output", "COMMAND,PATH"], check=False, capture_output=True, text=True
+    )
+    lines = [line.split(maxsplit=1) for line in listed.stdout.splitlines()]
+    return "".join(sorted({name for name, path in lines if path == str(STORE) and not name.startswith("python")}))
 
 
 def readings():
@@ -54,7 +58,9 @@ def check(program):
     faults = [] if keeper() == "tickervantage" else [f"the window is open, and {keeper()!r} keeps the history"]
     open_by_menu(app, "Preferences…")
     window = eventually(lambda: window_titled(app, "references"), "the preferences")
-    press(eventually(lambda: find(window, {"check box"}, "Keep a history also while"), "the box"))
+    box = eventually(lambda: find(window, {"check box"}, "Keep a history also while"), "the box")
+    eventually(lambda: states(box).contains(pyatspi.STATE_ENABLED), "that it can be ticked")
+    press(box)
     eventually(lambda: systemctl("is-enabled") == "enabled" and systemctl("is-active") == "active", "the service")
     before = readings()
     eventually(lambda: readings() > before, "a reading more, with both")
@@ -62,13 +68,13 @@ def check(program):
         faults.append(f"both run, and {keeper()!r} keeps the history")
     stop(process)
     before = readings()
-    eventually(lambda: keeper() == "tickercommands", "the service as the one who keeps the history")
+    eventually(lambda: keeper() == "tickerctl", "the service as the one who keeps the history")
     eventually(lambda: readings() > before, "a reading more, without the window")
     print(f"the service keeps it: {readings()} readings", flush=True)
     process, app = start(program)
     before = readings()
     eventually(lambda: readings() > before + 1, "readings while the service keeps them and the window shows them")
-    if keeper() != "tickercommands":
+    if keeper() != "tickerctl":
         faults.append(f"the service was first, and {keeper()!r} keeps the history")
     stop(process)
     return faults
