@@ -17,6 +17,7 @@
 #include <QTableView>
 #include <QTabWidget>
 #include <QTimer>
+#include <QTreeWidget>
 
 #include <algorithm>
 #include <climits>
@@ -146,7 +147,8 @@ void ScreenshotTour::plan_analysis() {
     };
     const QString history = QStringLiteral("HistoryWindow");
     const auto has_data = [](const QWidget& window) {
-        return window.findChild<QAction*>(QStringLiteral("export_action"))->isEnabled();
+        return window.findChild<QAction*>(QStringLiteral("export_action"))->isEnabled() &&
+               window.findChild<QTreeWidget*>(QStringLiteral("statistics"))->topLevelItemCount() > 0;
     };
     m_stops.push_back({QStringLiteral("history"), show("showHistory"), history, has_data});
     m_stops.push_back(

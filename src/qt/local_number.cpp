@@ -11,7 +11,10 @@ constexpr std::string_view digits = "0123456789";
 
 // Where the decimals of a number at the start of the text begin; npos where the text is something else.
 std::size_t point_of(std::string_view text) {
-    const auto start = text.starts_with('-') || text.starts_with('+') ? 1U : 0U;
+    constexpr std::string_view minus = "−";
+    const auto start = text.starts_with(minus)                          ? minus.size()
+                       : text.starts_with('-') || text.starts_with('+') ? 1U
+                                                                        : 0U;
     const auto point = text.find_first_not_of(digits, start);
     if (point == std::string_view::npos || text[point] != '.')
         return std::string_view::npos;

@@ -1,6 +1,7 @@
 #include "base/failure_codes.h"
 #include "draw/canvases.h"
 #include "gui/main/instrument_widget.h"
+#include "qt/local_number.h"
 #include "qt/picture_file.h"
 #include "qt/qt_canvas.h"
 #include "support/test.h"
@@ -163,6 +164,18 @@ TEST(QtCanvas, KeptLabelsLookLikeOthers) {
             };
             EXPECT_EQ(draw(&memory), draw(nullptr)) << ratio;
         }
+}
+
+TEST(QtCanvas, NumbersHaveTheLocalesPointAndOtherTextsStayAsTheyAre) {
+    QLocale::setDefault(QLocale(QLocale::German));
+    for (const auto& [text, shown] : {std::pair{"1.5", "1,5"},
+                                      {"-0.5 ms", "-0,5 ms"},
+                                      {"−0.5", "−0,5"},
+                                      {"1.0e-05", "1,0e-05"},
+                                      {"12:30", "12:30"},
+                                      {"192.0.2.1", "192.0.2.1"}})
+        EXPECT_EQ(with_local_point(text), shown);
+    QLocale::setDefault(QLocale::c());
 }
 
 TEST(CanvasColors, HuesCanBeReadOnEveryBackground) {

@@ -197,7 +197,7 @@ TrackingRecords::Piece& TrackingRecords::piece_for_next() {
     if (m_size == m_pieces.size() * RECORDS_PER_PIECE) {
         if (!m_pieces.empty())
             m_pieces.back()->other_numbers.shrink_to_fit();
-        m_pieces.push_back(std::make_unique<Piece>());
+        m_pieces.push_back(std::make_unique_for_overwrite<Piece>()); // what is not written yet is not read
     }
     return *m_pieces.back();
 }
@@ -253,9 +253,15 @@ void TrackingRecords::read_logged(std::size_t first, std::size_t end, AllValues&
         const auto series = static_cast<Series>(at);
         if (is_rolling(series))
             continue;
-        values[at].reserve(values[at].size() + end - first);
-        for (std::size_t index = first; index < end; ++index)
-            values[at].push_back(logged_value(series, index));
+        std::vector<double>& found = values[at];
+        std::size_t next = found.size();
+        found.resize(next + end - first);
+        for (std::size_t index = first; index < end;) {
+            const Piece& piece = *m_pieces[index / RECORDS_PER_PIECE];
+            const std::size_t piece_end = std::min(end, index - index % RECORDS_PER_PIECE + RECORDS_PER_PIECE);
+            for (std::size_t place = index % RECORDS_PER_PIECE; index < piece_end; ++index, ++place)
+                found[next++] = piece.number(column_of(series), place) / (series == Series::frequency ? ppm : 1);
+        }
     }
 }
 
