@@ -1,5 +1,6 @@
-// Any bytes as a configuration that was saved, asked for a source by any name: the line that is found is one of it, and
-// the numbers of directives are finite.
+// Any bytes as a configuration that was saved, asked for a source by any name: the line that is found is one of it,
+// the numbers of directives are finite, and poll intervals are those that chronyd knows.
+#include "chrony/configuration/poll_limits.h"
 #include "chrony/truth/configuration_lines.h"
 #include "fuzz/require.h"
 
@@ -37,5 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const auto number = lines.number(directive);
         require(!number || (std::isfinite(*number) && !lines.values(directive).empty()));
     }
+    const PollLimits polls = poll_limits_in(text);
+    require(polls.minpoll <= polls.maxpoll && polls.minpoll >= -7 && polls.maxpoll <= 24);
     return 0;
 }

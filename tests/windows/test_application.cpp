@@ -243,8 +243,9 @@ void expect_usable_by_keys(QWidget& window) {
 // Each window as it comes up.
 TEST_F(ApplicationTest, EveryWindowIsUsedByKeysAlone) {
     launch();
-    for (const char* window : {"liveTracking", "showSpectrum", "showFreqTemp", "showFreqInspector", "showServers",
-                               "showPreferences", "newConfiguration", "showHistory", "helpFirstUse"}) {
+    for (const char* window :
+         {"liveTracking", "showSpectrum", "showFreqTemp", "showFreqInspector", "showServers", "showPreferences",
+          "newConfiguration", "showHistory", "showLaboratory", "helpFirstUse"}) {
         item(window)->setVisible(true); // some are only offered to those who ask
         item(window)->trigger();
     }
@@ -259,8 +260,9 @@ TEST_F(ApplicationTest, EveryWindowIsUsedByKeysAlone) {
         expect_usable_by_keys(*window);
         EXPECT_TRUE(reaches_main_window(*window)) << testing::name_of(window);
     }
-    for (const char* name : {"TrackingWindow", "SpectrumWindow", "FreqTempWindow", "SensorInspector", "ServersWindow",
-                             "Preferences", "ConfigEditor", "HistoryWindow", "HelpViewer"})
+    for (const char* name :
+         {"TrackingWindow", "LaboratoryWindow", "SpectrumWindow", "FreqTempWindow", "SensorInspector", "ServersWindow",
+          "Preferences", "ConfigEditor", "HistoryWindow", "HelpViewer"})
         EXPECT_TRUE(seen.contains(name)) << name;
     auto* preferences = window("Preferences");
     for (auto* tabs : preferences->findChildren<QTabWidget*>())
