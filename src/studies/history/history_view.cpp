@@ -327,7 +327,8 @@ void HistoryView::draw_curve(Canvas& canvas, const Frame& frame, const ValueAxis
     const Ink ink = canvas.readable(curve.color);
     switch (curve.form) {
     case CurveForm::line:
-        painter.draw_line(*curve.values, columns, ink);
+        // The sources' intervals reach over each other.
+        painter.draw_line(*curve.values, columns, ink, curve.panel == HistoryPanel::sources ? frame.curves.size() : 1);
         break;
     case CurveForm::spread: {
         const bool few = LinePainter::are_few(columns);

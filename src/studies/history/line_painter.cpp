@@ -178,12 +178,14 @@ void LinePainter::fill_piece(std::span<const Node> nodes, const Ink& ink) const 
         m_canvas.fill_polygon(seen, ink);
 }
 
-void LinePainter::draw_line(const TimedValues& values, std::span<const ValueColumn> columns, const Ink& ink) {
+void LinePainter::draw_line(const TimedValues& values, std::span<const ValueColumn> columns, const Ink& ink,
+                            std::size_t beside) {
     if (values.empty())
         return;
+    const Ink band = ink.faded(faint / static_cast<double>(beside));
     if (are_few(columns)) {
         const auto nodes = single_nodes(values, columns);
-        draw_bars(nodes, ink.faded(faint));
+        draw_bars(nodes, band);
         draw_nodes(nodes, ink, 1.5);
         if (static_cast<double>(nodes.size()) * room_for_dots < m_grid.area.width)
             draw_dots(nodes, ink);
@@ -191,7 +193,7 @@ void LinePainter::draw_line(const TimedValues& values, std::span<const ValueColu
     }
     const auto nodes = column_nodes(values, columns);
     m_canvas.begin_layer(m_grid.area);
-    fill_between(nodes, ink.faded(faint));
+    fill_between(nodes, band);
     draw_nodes(nodes, ink, 1);
     m_canvas.end_layer();
 }

@@ -59,8 +59,10 @@ public:
     LinePainter(Canvas& canvas, const ColumnGrid& grid, const ValueAxis& axis)
         : m_canvas(canvas), m_grid(grid), m_axis(axis) {}
 
-    // A line through the means, over a faint band from the lowest to the highest.
-    void draw_line(const TimedValues& values, std::span<const ValueColumn> columns, const Ink& ink);
+    // A line through the means, over a faint band from the lowest to the highest. `beside`: how many such bands lie
+    // over each other.
+    void draw_line(const TimedValues& values, std::span<const ValueColumn> columns, const Ink& ink,
+                   std::size_t beside = 1);
     // Points, or the median over a band from the 5th to the 95th percentile, itself over a fainter one of all.
     void draw_spread(const TimedValues& values, std::span<const ValueColumn> columns,
                      std::span<const ValueSpread> spreads, const Ink& ink);
