@@ -358,9 +358,10 @@ TEST_F(ChronyJobsTest, CompensationComesWithItsConfigurationAndGoesWithIt) {
     steps.answer = [&](const std::string& command) -> std::string {
         if (command.find("installitem") != std::string::npos)
             files[setting.config] = text;
-        return command.find("status") == std::string::npos ? ""
-                                                           : "x chronyd[9]: Could not read temperature from /etc/x\n";
+        return "";
     };
+    steps.failing = {{"checksensor", ""}};
+    steps.why = Failure{.code = FailureCode::compensation_without_temperature};
     const std::string sensors = "/etc/systemd/system/chrony.service.d/tickervantage-sensor.conf";
     files[sensors] = sensor_drop_in({"/sys/devices/a/hwmon", "lm75", "temp1_input"});
     files["/etc/chrony/tickervantage.tempcomp"] = "1000 1\n2000 1\n";
@@ -378,6 +379,7 @@ TEST_F(ChronyJobsTest, CompensationComesWithItsConfigurationAndGoesWithIt) {
     files[setting.config] = former;
     files.erase(sensors);
     files.erase("/etc/chrony/tickervantage.tempcomp");
+    steps.why.reset();
     steps.failing = {{"usesensor", "No such sensor."}};
     EXPECT_EQ(run(request), "The configuration was not installed: No such sensor.");
     const Lines undone{R"(TOOL removeitem "/etc/chrony/tickervantage.tempcomp")", "TOOL dropsensor",

@@ -25,8 +25,11 @@ public:
     std::map<std::string, Unit> units;
     std::vector<std::string> calls; // that change something
     std::string without_bus;        // a verb that fails
+    std::string journal;            // what journalctl prints
 
     [[nodiscard]] ExecuteResult run(const ExecuteRequest& request) override {
+        if (request.program == "/bin/journalctl")
+            return said(journal);
         const auto& verb = request.arguments.front();
         const auto& unit = request.arguments.back();
         const auto found = units.find(unit);
@@ -204,6 +207,13 @@ TEST_F(ChronysupportMachineTest, ASensorIsFoundAgainWhateverItsNumber) {
         ASSERT_EQ(std::system(("/bin/sh -c '" + script + "'").c_str()), 0); // NOLINT: one thread
         EXPECT_EQ(contents(at("/run/tickervantage-temperature")), "41000\n");
     }
+
+    m_systemd.journal = "chronyd version 4.3 starting\nSelected source 192.0.2.1\n";
+    EXPECT_TRUE(run({"checksensor"})) << m_line;
+    m_systemd.journal += "Could not read temperature from /etc/chrony/tickervantage.temperature\n";
+    EXPECT_FALSE(run({"checksensor"}));
+    m_systemd.units["chrony.service"].active = false; // it said so before it was stopped
+    EXPECT_TRUE(run({"checksensor"})) << m_line;
 
     ASSERT_TRUE(run({"dropsensor"})) << m_line;
     EXPECT_FALSE(fs::exists(at("/etc/systemd/system/chrony.service.d")));

@@ -43,7 +43,7 @@ bool whole_line(std::string_view line, Parser& parser) {
 } // namespace
 
 std::string_view helper_verb_name(HelperVerb verb) {
-    constexpr std::array<std::string_view, 28> names{"quit",
+    constexpr std::array<std::string_view, 29> names{"quit",
                                                      "chronyc_report",
                                                      "synchronise",
                                                      "run_chronywake",
@@ -70,6 +70,7 @@ std::string_view helper_verb_name(HelperVerb verb) {
                                                      "guard_chrony",
                                                      "resume_chrony",
                                                      "use_sensor",
+                                                     "check_sensor",
                                                      "drop_sensor"};
     return names.at(static_cast<std::size_t>(verb));
 }

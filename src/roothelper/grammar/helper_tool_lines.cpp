@@ -152,7 +152,7 @@ bool tool_line(const Words& words, Parser& parser) {
                                                                              {"restoreformer", restore_former},
                                                                              {"adjustclock", adjust_clock},
                                                                              {"usesensor", use_sensor}}};
-    constexpr std::array<std::pair<std::string_view, HelperVerb>, 10> bare{
+    constexpr std::array<std::pair<std::string_view, HelperVerb>, 11> bare{
         {{"stopchrony", HelperVerb::stop_chrony},
          {"guardchrony", HelperVerb::guard_chrony},
          {"resumechrony", HelperVerb::resume_chrony},
@@ -161,6 +161,7 @@ bool tool_line(const Words& words, Parser& parser) {
          {"displaceservices", HelperVerb::displace_services},
          {"restoreservices", HelperVerb::restore_services},
          {"openlogs", HelperVerb::open_logs},
+         {"checksensor", HelperVerb::check_sensor},
          {"dropsensor", HelperVerb::drop_sensor},
          {"startwake", HelperVerb::start_wake}}};
     for (const auto& [name, handler] : handlers)

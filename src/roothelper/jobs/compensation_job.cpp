@@ -12,8 +12,6 @@
 namespace tickervantage {
 namespace {
 
-constexpr std::string_view no_temperature = "Could not read temperature from ";
-
 // The drop-in of whichever unit there is.
 std::optional<SensorPlace> installed_sensor(const JobMachine& machine) {
     for (const std::string& path : sensor_drop_in_paths())
@@ -101,9 +99,11 @@ void ChronyJobs::take_back_compensation() {
 
 // chronyd runs without a temperature, and only says so.
 bool ChronyJobs::has_temperature() {
-    m_lacks_temperature =
-        m_compensation &&
-        m_commands.attempt(status_line(m_setting.form, daemon_name())).text.find(no_temperature) != std::string::npos;
+    m_lacks_temperature = false;
+    if (!m_compensation)
+        return true;
+    const auto found = m_commands.attempt(m_commands.tool().verb("checksensor")).outcome;
+    m_lacks_temperature = !found && found.error().code == FailureCode::compensation_without_temperature;
     return !m_lacks_temperature;
 }
 

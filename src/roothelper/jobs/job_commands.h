@@ -43,7 +43,8 @@ public:
     [[nodiscard]] std::string adjust_clock(bool on) const;
     [[nodiscard]] std::string rotate_logs(const std::string& script, const std::string& log_folder) const;
     [[nodiscard]] std::string use_sensor(const SensorPlace& sensor) const;
-    // A verb without arguments: stopchrony, startchrony, stopwake, startwake, dropsensor; guardchrony before a stop
+    // A verb without arguments: stopchrony, startchrony, stopwake, startwake, checksensor,
+    // dropsensor; guardchrony before a stop
     // that must not last, resumechrony to undo it.
     [[nodiscard]] std::string verb(const std::string& name) const;
 

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 namespace tickervantage {
@@ -24,6 +25,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+const std::string former = ".former";       // of the points: see install_file.h
 constexpr std::size_t largest_value = 4096; // bytes; the kernel gives no more than a page
 
 std::string value_of(const fs::path& path) {
@@ -86,6 +88,26 @@ Result<std::string> use_sensor(const Machine& machine, const SensorPlace& sensor
     });
 }
 
+Result<std::string> check_sensor(const Machine& machine) {
+    const auto journal = [&machine](std::vector<std::string> arguments) {
+        return machine.execute.run({.program = "/bin/journalctl", .arguments = std::move(arguments)});
+    };
+    (void)journal({"--sync"}); // its words may still be on their way
+    const auto units = chronyd_units(machine);
+    if (!units)
+        return tl::unexpected(units.error());
+    for (const auto& unit : *units) {
+        const auto status = look_at_unit(machine.execute, unit);
+        if (!status || !status->is_up())
+            continue;
+        const auto said = journal({"--quiet", "--no-pager", "--output=cat", "--lines=200",
+                                   "_SYSTEMD_INVOCATION_ID=" + (*status)["InvocationID"]});
+        if (said.output.find("Could not read temperature from ") != std::string::npos)
+            return failed(FailureCode::compensation_without_temperature);
+    }
+    return std::string();
+}
+
 // The daemon goes on as it was started, and finds no drop-in the next time.
 Result<std::string> drop_sensor(const Machine& machine) {
     Result<> done;
@@ -93,9 +115,11 @@ Result<std::string> drop_sensor(const Machine& machine) {
         done = done.and_then([&] { return remove_item(machine.root + path, machine.rules); });
         (void)::rmdir(fs::path(machine.root + path).parent_path().c_str()); // stays where there is more in it
     }
-    return done.and_then([&] { return remove_item(machine.root + compensation_temperature_path, machine.rules); })
-        .and_then([&] { return read_units_again(machine); })
-        .map([] { return std::string("chronyd reads no temperature."); });
+    for (const std::string& path : {std::string(compensation_temperature_path), compensation_points_path + former})
+        done = done.and_then([&] { return remove_item(machine.root + path, machine.rules); });
+    return done.and_then([&] { return read_units_again(machine); }).map([] {
+        return std::string("chronyd reads no temperature.");
+    });
 }
 
 } // namespace tickervantage

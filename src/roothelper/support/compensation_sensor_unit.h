@@ -13,6 +13,11 @@ namespace tickervantage {
 // Fails where the sensor is not plain, or gives no temperature now.
 [[nodiscard]] Result<std::string> use_sensor(const Machine& machine, const SensorPlace& sensor);
 
+// Fails as compensation_without_temperature where a chronyd that runs has complained, since it was started, that it
+// cannot read the temperature.
+[[nodiscard]] Result<std::string> check_sensor(const Machine& machine);
+
+// Takes them away, and the points of the compensation before.
 [[nodiscard]] Result<std::string> drop_sensor(const Machine& machine);
 
 } // namespace tickervantage

@@ -93,6 +93,7 @@ constexpr std::array verbs{
          [](const Arguments& a, const SupportParts& parts) {
              return use_sensor(machine_of(parts), {a[0], a[1], a[2]});
          }},
+    Verb{"checksensor", 0, on_machine<check_sensor>},
     Verb{"dropsensor", 0, on_machine<drop_sensor>},
     Verb{"openlogs", 0, on_machine<open_log_folder>},
     Verb{"displaceservices", 0, on_machine<displace_services>},

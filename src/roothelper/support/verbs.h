@@ -6,7 +6,7 @@
 //   adduser NAME          steptime SECONDS      rotatelogs SCRIPT FOLDER
 //   startchrony           stopchrony            startwake           stopwake
 //   displaceservices      restoreservices       adjustclock on|off  openlogs
-//   usesensor DEVICE CHIP INPUT                 dropsensor
+//   usesensor DEVICE CHIP INPUT                 checksensor  dropsensor
 //   refreshprograms       removeinstallation    (for the scripts of the package)
 //
 // Every verb may be run again after it was interrupted at any moment. Who may ask for it is decided before.
