@@ -40,7 +40,14 @@ void read_temperatures(const std::string& path, HistoryData& data) {
 } // namespace
 
 AnalysisWindows::AnalysisWindows(AnalysisParts parts)
-    : m_parts(std::move(parts)), m_recent(m_parts.settings, settings::recent_logs), m_background(m_parts.main_thread) {
+    : m_parts(std::move(parts)), m_recent(m_parts.settings, settings::recent_logs),
+      m_compensation({.main_thread = m_parts.main_thread,
+                      .queue = m_parts.spectrum_queue,
+                      .sensor_queue = m_parts.freqtemp.sensor_queue,
+                      .sensors = m_parts.freqtemp.sensors,
+                      .general = m_parts.general,
+                      .administration = m_parts.administration}),
+      m_background(m_parts.main_thread) {
     connect(&m_recent, &RecentFiles::chosen, this, [this](const QString& path) { open_log(path, false); });
 }
 
@@ -172,13 +179,34 @@ void AnalysisWindows::make_laboratory() {
                               .queue = m_parts.log_queues.lend(),
                               .exports = export_parts(),
                               .now = [] { return std::int64_t{std::time(nullptr)}; },
+                              .compensation = {.main_thread = m_parts.main_thread,
+                                               .queue = m_parts.freqtemp.file_queue,
+                                               .files = m_parts.freqtemp.files,
+                                               .logs = m_parts.files,
+                                               .map = m_parts.freqtemp.map,
+                                               .can_install = m_parts.administration != nullptr},
                               .can_turn_on_logs = m_parts.administration != nullptr});
     connect(m_laboratory.get(), &LaboratoryWindow::logs_requested, this, &AnalysisWindows::logs_requested);
+    connect_compensation(m_laboratory->compensation());
+}
+
+void AnalysisWindows::connect_compensation(CompensationPage& page) {
+    connect(&page, &CompensationPage::install_requested, this,
+            [this](const ScatterMap& map) { m_compensation.offer(m_laboratory.get(), map, most_points()); });
+    connect(&page, &CompensationPage::take_back_requested, this,
+            [this] { m_compensation.ask_to_take_back(m_laboratory.get()); });
+    connect(&page, &CompensationPage::points_requested, this, &AnalysisWindows::freqtemp_requested);
+    connect(&m_compensation, &CompensationOffers::changed, &page, &CompensationPage::look);
+}
+
+std::size_t AnalysisWindows::most_points() const {
+    return static_cast<std::size_t>(load(m_parts.settings, settings::max_samples));
 }
 
 void AnalysisWindows::showLaboratory(const LaboratoryPlaces& places) {
     if (!m_laboratory)
         make_laboratory();
+    m_laboratory->compensation().set_configuration(m_parts.general.config);
     m_laboratory->show_laboratory(places);
     bring_to_front(*m_laboratory);
 }
@@ -199,10 +227,16 @@ void AnalysisWindows::showSpectrum() {
     m_spectrum->TrackingSelector();
 }
 
+void AnalysisWindows::make_freqtemp() {
+    m_freqtemp = std::make_unique<FreqTempWindow>(
+        FreqTempWindowParts{.session = m_parts.freqtemp, .settings = m_parts.settings, .exports = export_parts()});
+    connect(m_freqtemp.get(), &FreqTempWindow::compensation_requested, this,
+            [this] { m_compensation.offer(m_freqtemp.get(), m_freqtemp->plotted(), most_points()); });
+}
+
 void AnalysisWindows::showFreqTemp() {
     if (!m_freqtemp)
-        m_freqtemp = std::make_unique<FreqTempWindow>(
-            FreqTempWindowParts{.session = m_parts.freqtemp, .settings = m_parts.settings, .exports = export_parts()});
+        make_freqtemp();
     m_freqtemp->windowDidLoad();
     bring_to_front(*m_freqtemp);
 }

@@ -2,6 +2,7 @@
 // them, and one each for frequency against temperature and for its sensors.
 #pragma once
 
+#include "app/compensation_offers.h"
 #include "base/background.h"
 #include "base/dispatch.h"
 #include "gui/common/recent_files.h"
@@ -72,6 +73,7 @@ public:
 Q_SIGNALS:
     void log_graph_requested(); // of the live log
     void logs_requested();      // chrony is to write them
+    void freqtemp_requested();  // the window that gathers points
 
 private:
     PlotExportParts export_parts();
@@ -84,8 +86,11 @@ private:
     void tracking_changed(); // another one is the last one used
     void make_history();
     void make_laboratory();
+    void connect_compensation(CompensationPage& page);
+    [[nodiscard]] std::size_t most_points() const; // that are kept of a sensor
     void make_spectrum();
     void make_inspector();
+    void make_freqtemp();
 
     AnalysisParts m_parts;
     RecentFiles m_recent;
@@ -93,6 +98,7 @@ private:
     std::unique_ptr<HistoryWindow> m_history;
     std::unique_ptr<LaboratoryWindow> m_laboratory;
     std::unique_ptr<SpectrumWindow> m_spectrum;
+    CompensationOffers m_compensation;
     std::unique_ptr<FreqTempWindow> m_freqtemp;
     std::unique_ptr<SensorInspector> m_inspector;
     Background m_background;

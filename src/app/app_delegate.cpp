@@ -352,6 +352,8 @@ void AppDelegate::make_analysis() {
                       .is_demonstration = !m_daemon.tracking_log.empty(),
                       .administration = m_administration.get()});
     connect(m_analysis.get(), &AnalysisWindows::log_graph_requested, this, &AppDelegate::liveTracking);
+    connect(m_analysis.get(), &AnalysisWindows::freqtemp_requested, this,
+            [this] { m_menus.actions.at("showFreqTemp")->trigger(); });
     connect(m_analysis.get(), &AnalysisWindows::logs_requested, this, [this] {
         showTickervantage();
         m_mender->ask_for_logging();

@@ -18,7 +18,7 @@ struct Texts {
 /* TRANSLATOR administration
    main window: jobs that need administrator rights, and what is told of them while and after they run. */
 // Made in the catalogue of jobs.
-[[maybe_unused]] constexpr std::array<const char*, 12> progress_texts{
+[[maybe_unused]] constexpr std::array<const char*, 14> progress_texts{
     QT_TRANSLATE_NOOP("administration", "Installing chrony software"),
     QT_TRANSLATE_NOOP("administration", "Removing chrony software"),
     QT_TRANSLATE_NOOP("administration", "Starting chronyd daemon"),
@@ -29,6 +29,8 @@ struct Texts {
     QT_TRANSLATE_NOOP("administration", "Running chronywake"),
     QT_TRANSLATE_NOOP("administration", "Installing the configuration"),
     QT_TRANSLATE_NOOP("administration", "Bringing back a configuration"),
+    QT_TRANSLATE_NOOP("administration", "Installing the compensation"),
+    QT_TRANSLATE_NOOP("administration", "Taking back the compensation"),
     QT_TRANSLATE_NOOP("administration", "Rotating chrony's logs"),
     QT_TRANSLATE_NOOP("administration", "Synchronising the clock")};
 

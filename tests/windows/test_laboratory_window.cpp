@@ -3,6 +3,7 @@
 #include "history/history_writer.h"
 #include "support/fake_followed_files.h"
 #include "support/kept_plots.h"
+#include "support/memory_files.h"
 #include "support/window_test.h"
 
 #include <numbers>
@@ -33,6 +34,7 @@ std::string made_log(int records, std::uint64_t seed = 1) {
 
 struct LaboratoryWindowTest : testing::WindowTest<LaboratoryWindow> {
     testing::FakeFollowedFiles files;
+    testing::MemoryFiles user_files;
     testing::KeptPlots plots;
     QTemporaryDir folder;
     std::string store;
@@ -40,14 +42,13 @@ struct LaboratoryWindowTest : testing::WindowTest<LaboratoryWindow> {
     void SetUp() override {
         store = folder.filePath(QStringLiteral("history.sqlite")).toStdString();
         files.create("/log/tracking.log", made_log(8000));
-        window = std::make_unique<LaboratoryWindow>(
-            LaboratoryWindowParts{.main_thread = main_thread,
-                                  .files = files,
-                                  .queue = {std::shared_ptr<void>(), &queue},
-                                  .exports = {.queue = queue, .main_thread = main_thread, .writer = plots},
-                                  .now = [] {
-                                      return begin;
-                                  }});
+        window = std::make_unique<LaboratoryWindow>(LaboratoryWindowParts{
+            .main_thread = main_thread,
+            .files = files,
+            .queue = {std::shared_ptr<void>(), &queue},
+            .exports = {.queue = queue, .main_thread = main_thread, .writer = plots},
+            .now = [] { return begin; },
+            .compensation = {.main_thread = main_thread, .queue = queue, .files = user_files, .logs = files}});
         window->resize(1000, 700);
         window->show();
     }

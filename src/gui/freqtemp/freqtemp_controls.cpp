@@ -101,6 +101,13 @@ void build_buttons(QWidget* parent, FreqTempControls& controls) {
                            //: frequency and temperature window: tooltip of that button
                            Texts::tr("Delete all points and begin anew"));
     //: frequency and temperature window: button, its name and tooltip
+    controls.compensate = named(new QPushButton(Texts::tr("Use for Compensat&ion…"), parent), "compensate",
+                                //: frequency and temperature window: name of the button that offers a compensation
+                                Texts::tr("Use for Compensation"),
+                                //: frequency and temperature window: tooltip of that button
+                                Texts::tr("Look whether chronyd would keep the clock steadier by compensating for the "
+                                          "temperature of the sensors shown, and install that"));
+    //: frequency and temperature window: button, its name and tooltip
     controls.export_button = named(new QPushButton(Texts::tr("E&xport…"), parent), "export",
                                    //: frequency and temperature window: name of the button that exports
                                    Texts::tr("Export"),
@@ -165,6 +172,7 @@ QLayout* rows_above(QWidget* parent, const FreqTempControls& controls) {
                       controls.m_show_last_record})
         shown->addWidget(box);
     shown->addStretch(1);
+    shown->addWidget(controls.compensate);
     auto* rows = new QVBoxLayout;
     rows->addLayout(what);
     rows->addLayout(shown);
@@ -198,8 +206,15 @@ FreqTempControls build_freqtemp_controls(QWidget* parent) {
         named(new FreqTempPlot(parent), "m_scatterplot", Texts::tr("Frequency against temperature"), QString());
     build_texts(parent, controls);
     build_max_samples(parent, controls);
-    const std::array<QWidget*, 5> as_seen{controls.m_select_sensor, controls.m_order, controls.clear,
-                                          controls.export_button, controls.m_show_scatter_points};
+    const std::array<QWidget*, 9> as_seen{controls.m_select_sensor,
+                                          controls.m_order,
+                                          controls.clear,
+                                          controls.export_button,
+                                          controls.m_show_scatter_points,
+                                          controls.m_show_mean_frequency,
+                                          controls.m_show_freq_bounds,
+                                          controls.m_show_last_record,
+                                          controls.compensate};
     for (std::size_t i = 1; i < as_seen.size(); ++i)
         QWidget::setTabOrder(as_seen[i - 1], as_seen[i]);
     auto* column = new QVBoxLayout(parent);

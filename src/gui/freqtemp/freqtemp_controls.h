@@ -20,6 +20,7 @@ struct FreqTempControls {
     QCheckBox* m_show_freq_bounds = nullptr;
     QCheckBox* m_show_last_record = nullptr;
     QPushButton* clear = nullptr;
+    QPushButton* compensate = nullptr;
     QPushButton* export_button = nullptr;
     FreqTempPlot* m_scatterplot = nullptr;
     QLabel* legend = nullptr;

@@ -54,6 +54,7 @@ void FreqTempWindow::connect_controls() {
         connect(box, &QCheckBox::clicked, this, [this] { showDisplayOptions(); });
     connect(m_controls.m_maxsamples, &QSpinBox::valueChanged, this, [this] { numberStepperValueChanged(); });
     connect(m_controls.clear, &QPushButton::clicked, this, [this] { clear(); });
+    connect(m_controls.compensate, &QPushButton::clicked, this, &FreqTempWindow::compensation_requested);
     connect(m_controls.export_button, &QPushButton::clicked, this, [this] { m_exports->ask_for_file(); });
     connect(m_controls.m_scatterplot, &FreqTempPlot::pointed, this, &FreqTempWindow::show_reading);
 }
@@ -126,6 +127,7 @@ void FreqTempWindow::session_changed() {
         empty_words(m_session->is_ready(), m_session->menu().sensors(), m_session->scatter(), m_parts.session.map));
     m_controls.m_samples->setText(QLocale().toString(static_cast<qulonglong>(m_session->samples())));
     m_controls.clear->setEnabled(m_session->samples() > 0);
+    m_controls.compensate->setEnabled(m_session->samples() > 0);
     m_controls.export_button->setEnabled(!m_controls.m_scatterplot->view().is_empty());
     m_exports->set_enabled(!m_controls.m_scatterplot->view().is_empty());
     show_legend();
@@ -203,11 +205,17 @@ std::shared_ptr<PlotTable> FreqTempWindow::plot_table() {
         }
     };
     auto table = std::make_shared<Table>();
+    table->shown = plotted();
+    return table;
+}
+
+ScatterMap FreqTempWindow::plotted() const {
+    ScatterMap selected;
     if (m_session)
         for (const auto& [name, entry] : m_session->scatter())
             if (entry.selected)
-                table->shown[name].points = entry.points;
-    return table;
+                selected[name].points = entry.points;
+    return selected;
 }
 
 void FreqTempWindow::tell_inspector() {

@@ -42,12 +42,18 @@ public:
     [[nodiscard]] PlotExport& exports() { return *m_exports; }
     [[nodiscard]] const FreqTempSession* session() const { return m_session.get(); } // null: closed
 
+    // The selected sensors' entries, which share their points with the window's; empty where it is closed.
+    [[nodiscard]] ScatterMap plotted() const;
+
     // The actions.
     void selectSensor(std::size_t item);
     void selectOrder();
     void showDisplayOptions();
     void numberStepperValueChanged();
     void clear(); // asks first
+
+Q_SIGNALS:
+    void compensation_requested(); // for the points of the selected sensors, see plotted()
 
 protected:
     void closeEvent(QCloseEvent* event) override;

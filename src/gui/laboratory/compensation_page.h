@@ -1,14 +1,84 @@
-// What temperature compensation would do for the clock. Main thread.
+// What compensating for the temperature would do for the clock, what is installed, and what that has gained. It reads
+// anew each time that it comes into sight. Main thread; the parts outlive it.
 #pragma once
 
+#include "base/background.h"
+#include "base/followed_file.h"
+#include "gui/common/plot_surface.h"
+#include "studies/freqtemp/freqtemp_view.h"
+#include "studies/laboratory/compensation_state.h"
+
+#include <QStringList>
 #include <QWidget>
 
+#include <memory>
+
+class QLabel;
+class QPushButton;
+class QTreeWidget;
+
 namespace tickervantage {
+
+// Frequency against temperature: as measured, the curve through it, and as it would be with the compensation.
+class CompensationChart : public PlotSurface {
+    Q_OBJECT
+public:
+    explicit CompensationChart(QWidget* parent);
+
+    void set_picture(const ScatterMap& picture);
+
+protected:
+    [[nodiscard]] bool is_empty() const override { return m_view.is_empty(); }
+    void draw_plot(Canvas& canvas) const override;
+
+private:
+    FreqTempView m_view;
+};
+
+struct CompensationPageParts {
+    MainThread& main_thread;
+    DispatchQueueSerial& queue;
+    UserFiles& files;     // on the queue
+    FollowedFiles& logs;  // likewise
+    std::string map = {}; // of the frequency-temperature window
+    bool can_install = false;
+};
 
 class CompensationPage : public QWidget {
     Q_OBJECT
 public:
-    explicit CompensationPage(QWidget* parent = nullptr);
+    CompensationPage(QWidget* parent, CompensationPageParts parts);
+
+    void set_configuration(const std::string& path); // of chrony, as it is from now on
+    void look();                                     // anew, where it is in sight
+
+Q_SIGNALS:
+    // For the points that are shown; their entry's name is that of the sensor.
+    void install_requested(const tickervantage::ScatterMap& map);
+    void take_back_requested();
+    void points_requested(); // the window that gathers them
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void build();
+    [[nodiscard]] QWidget* build_buttons();
+    void show_state(const CompensationState& state);
+    void show_picture(const ScatterMap& picture);
+    void request_installation();
+    [[nodiscard]] QString legend() const;
+
+    CompensationPageParts m_parts;
+    std::string m_configuration;
+    CompensationState m_state;
+    QLabel* m_headline = nullptr;
+    CompensationChart* m_chart = nullptr;
+    QLabel* m_legend = nullptr;
+    QTreeWidget* m_figures = nullptr;
+    QPushButton* m_install = nullptr;
+    QPushButton* m_take_back = nullptr;
+    Background m_background;
 };
 
 } // namespace tickervantage

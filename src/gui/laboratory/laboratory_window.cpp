@@ -1,7 +1,6 @@
 #include "gui/laboratory/laboratory_window.h"
 
 #include "gui/laboratory/chart_view.h"
-#include "gui/laboratory/compensation_page.h"
 #include "gui/laboratory/holdover_page.h"
 #include "gui/laboratory/laboratory_words.h"
 #include "gui/laboratory/periodogram_page.h"
@@ -63,7 +62,7 @@ void LaboratoryWindow::build() {
     const LaboratoryPageParts parts{m_parts.main_thread, *m_parts.queue, m_parts.exports, m_parts.now};
     m_stability = new StabilityPage(m_tabs, parts);
     m_pages = {m_stability, new HoldoverPage(m_tabs, parts), new PeriodogramPage(m_tabs, parts)};
-    m_compensation = new CompensationPage(m_tabs);
+    m_compensation = new CompensationPage(m_tabs, m_parts.compensation);
     //: laboratory: titles of pages
     m_tabs->addTab(m_pages.at(0), tr("&Stability"));
     //: laboratory: title of a page

@@ -7,6 +7,7 @@
 
 #include "base/background.h"
 #include "base/followed_file.h"
+#include "gui/laboratory/compensation_page.h"
 #include "gui/laboratory/laboratory_page.h"
 
 #include <QMainWindow>
@@ -24,7 +25,6 @@ class QToolButton;
 
 namespace tickervantage {
 
-class CompensationPage;
 class StabilityPage;
 
 struct LaboratoryWindowParts {
@@ -33,6 +33,7 @@ struct LaboratoryWindowParts {
     std::shared_ptr<DispatchQueueSerial> queue;
     PlotExportParts exports;
     std::function<std::int64_t()> now; // s since 1970
+    CompensationPageParts compensation;
     bool can_turn_on_logs = false;
 };
 

@@ -45,11 +45,11 @@ scatterEntry entry_in(Color color) {
 CompensationState read_compensation(const CompensationPlaces& places, UserFiles& files, FollowedFiles& logs) {
     CompensationState state;
     state.installed = installed_compensation(places.configuration);
-    auto map = places.map.empty() ? Result<ScatterMap>() : read_map(files, places.map);
-    if (map)
-        state.choice = choose_compensation(samples_in_map(*map), state.installed);
+    if (auto map = places.map.empty() ? Result<ScatterMap>() : read_map(files, places.map))
+        state.map = *std::move(map);
     else
         state.unread = std::move(map).error();
+    state.choice = choose_compensation(samples_in_map(state.map), state.installed);
     if (!state.installed || state.installed->log_folder.empty())
         return state;
     auto noted = read_noted_compensation(logs, state.installed->log_folder);

@@ -17,6 +17,7 @@ struct CompensationPlaces {
 };
 
 struct CompensationState {
+    ScatterMap map;                                 // as it was read
     std::optional<CompensationChoice> choice;       // none: no point with a time
     std::optional<InstalledCompensation> installed; // none: there is none of ours
     std::optional<CompensationGain> gain;           // of what is installed

@@ -1,0 +1,164 @@
+#include "app/administration.h"
+#include "app/compensation_offers.h"
+#include "gui/main/tickervantage_window.h"
+#include "support/child_program.h"
+#include "support/fake_job_machine.h"
+#include "support/fake_main_window_parts.h"
+#include "support/test.h"
+#include "support/window_test.h"
+
+namespace tickervantage {
+namespace {
+
+struct OneSensor : TemperatureSensors {
+    std::vector<SensorReading> readings;
+    [[nodiscard]] std::vector<SensorReading> read() override { return readings; }
+    void close() override {}
+};
+
+struct CompensationOffersTest : ::testing::Test {
+    testing::FakeMainWindowParts fakes;
+    testing::ManualQueue jobs;
+    testing::OneJobQueue queues{jobs};
+    testing::FakeJobMachine machine;
+    WarningRegister warnings{fakes.settings};
+    PreferencesGeneral general = PreferencesGeneral::load(fakes.settings);
+    PreferencesAdvanced advanced;
+    OneSensor sensors;
+    testing::PrivateHome home;
+    std::unique_ptr<TickervantageWindow> window;
+    std::unique_ptr<Administration> administration;
+    std::unique_ptr<CompensationOffers> offers;
+    QWidget shown;
+
+    void SetUp() override {
+        fakes.actions = std::make_shared<PrivilegedActions>(fakes.channel, PrivilegedReports{});
+        window = std::make_unique<TickervantageWindow>(fakes.parts(), fakes.options());
+        general.config = home.path("config/chrony.conf");
+        general.chronyd = "/usr/sbin/chronyd";
+        machine.put({"/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"});
+        install_configuration("pool a\nlogdir /l\n");
+        administration = std::make_unique<Administration>(AdministrationParts{.queues = queues,
+                                                                              .machine = machine,
+                                                                              .actions = fakes.actions,
+                                                                              .main_thread = fakes.main_thread,
+                                                                              .execute = fakes.execute,
+                                                                              .settings = fakes.settings,
+                                                                              .warnings = warnings,
+                                                                              .general = general,
+                                                                              .advanced = advanced,
+                                                                              .paths = {},
+                                                                              .window = *window});
+        make_offers(administration.get());
+        window->windowDidLoad();
+        settle();
+    }
+    void make_offers(Administration* with) {
+        offers = std::make_unique<CompensationOffers>(CompensationOffersParts{.main_thread = fakes.main_thread,
+                                                                              .queue = fakes.queue,
+                                                                              .sensor_queue = fakes.queue,
+                                                                              .sensors = sensors,
+                                                                              .general = general,
+                                                                              .administration = with});
+    }
+    void install_configuration(const std::string& text) {
+        testing::write_file(general.config, text);
+        machine.files[general.config] = text;
+    }
+    void settle() {
+        while (jobs.turn() || fakes.queue.turn() || fakes.reports.turn() || fakes.main_thread.turn()) {
+        }
+    }
+    QMessageBox* box(const char* name) { return shown.findChild<QMessageBox*>(QLatin1String(name)); }
+    QStringList buttons(const char* name) {
+        QStringList texts;
+        if (box(name) != nullptr)
+            for (const auto* button : box(name)->buttons())
+                texts << button->text();
+        return texts;
+    }
+};
+
+// Five days, a reading each five minutes, with 0.5 ppm a degree or none.
+ScatterMap points(double slope) {
+    std::mt19937 random(1);
+    std::normal_distribution<double> normal;
+    ScatterMap map;
+    for (int at = 0; at < 5 * 288; ++at) {
+        const double temperature = 40 + 6 * std::sin(2 * std::numbers::pi * at / 288) + 0.1 * normal(random);
+        map["chip-isa-0000/temp1"].points.append({temperature, slope * temperature + 0.05 * normal(random)},
+                                                 1'790'000'000 + 300 * at);
+    }
+    return map;
+}
+
+TEST_F(CompensationOffersTest, WhatIsNotWorthWhileIsNotOfferedAndTheReasonIsTold) {
+    for (const auto& [map, reason] : {std::pair{points(0), "that a gain is not sure."},
+                                      {ScatterMap(), "No point of the sensors shown says when it was read."}}) {
+        offers->offer(&shown, map, 1'000'000);
+        settle();
+        ASSERT_NE(box("NoCompensation"), nullptr) << reason;
+        EXPECT_EQ(box("NoCompensation")->text(), QStringLiteral("A compensation for the temperature is not advised."));
+        EXPECT_TRUE(box("NoCompensation")->informativeText().contains(QLatin1String(reason)))
+            << box("NoCompensation")->informativeText().toStdString();
+        EXPECT_EQ(buttons("NoCompensation"), QStringList{QStringLiteral("Dismiss")});
+        delete box("NoCompensation");
+    }
+    offers->offer(&shown, points(0.5), 1'000'000); // the sensor has gone
+    settle();
+    ASSERT_NE(box("NoCompensation"), nullptr);
+    EXPECT_TRUE(box("NoCompensation")->informativeText().contains(QStringLiteral("chronyd cannot read the sensor")));
+    EXPECT_TRUE(fakes.channel.commands.empty());
+}
+
+TEST_F(CompensationOffersTest, AWindowThatForgetsTooSoonIsToldOf) {
+    ScatterMap map;
+    for (int at = 0; at < 2000; ++at)
+        map["chip-isa-0000/temp1"].points.append({40.0 + at % 10, 1}, 1'790'000'000 + 10 * at);
+    for (const auto& [most, is_told] : {std::pair{2000, true}, {1'000'000, false}}) {
+        offers->offer(&shown, map, static_cast<std::size_t>(most));
+        settle();
+        ASSERT_NE(box("NoCompensation"), nullptr);
+        const QString text = box("NoCompensation")->informativeText();
+        EXPECT_EQ(text.contains(QStringLiteral("keeps 2,000 points at most")), is_told) << text.toStdString();
+        EXPECT_EQ(text.contains(QStringLiteral("Set that number to 34,57")), is_told);
+        delete box("NoCompensation");
+    }
+}
+
+TEST_F(CompensationOffersTest, ADemonstrationShowsTheGainAndInstallsNothing) {
+    make_offers(nullptr);
+    offers->offer(&shown, points(0.5), 1'000'000);
+    settle();
+    ASSERT_NE(box("NoCompensation"), nullptr);
+    const QString text = box("NoCompensation")->informativeText();
+    EXPECT_TRUE(text.contains(QStringLiteral("times steadier")) && text.contains(QStringLiteral("A demonstration")));
+    EXPECT_EQ(buttons("NoCompensation"), QStringList{QStringLiteral("Dismiss")});
+}
+
+TEST_F(CompensationOffersTest, TheInstalledOneIsTakenBackWhenThatIsChosen) {
+    install_configuration("logdir /l\ntempcomp /etc/chrony/tickervantage.temperature 10 "
+                          "/etc/chrony/tickervantage.tempcomp\nlog tracking tempcomp\n");
+    fakes.channel.answer = [this](const std::string& command) -> std::optional<std::string> {
+        if (command.find("installitem") != std::string::npos)
+            machine.files[general.config] = "logdir /l\n";
+        return "";
+    };
+    for (const auto& [button, commands] : {std::pair{"Dismiss", false}, {"Take Back", true}}) {
+        offers->offer(&shown, points(0), 1'000'000);
+        settle();
+        ASSERT_NE(box("NoCompensation"), nullptr);
+        EXPECT_EQ(buttons("NoCompensation").size(), 2);
+        testing::press_button(*box("NoCompensation"), button);
+        delete box("NoCompensation");
+        settle();
+        EXPECT_EQ(!fakes.channel.commands.empty(), commands) << button;
+    }
+    ASSERT_NE(box("CompensationEnded"), nullptr);
+    const auto& all = fakes.channel.commands;
+    EXPECT_TRUE(std::ranges::any_of(all, [](const auto& one) { return one.find("dropsensor") != std::string::npos; }))
+        << all.size();
+}
+
+} // namespace
+} // namespace tickervantage
