@@ -80,14 +80,15 @@ private:
     // Of the curves, from the right, with a piece of each, as far as there is room. Widths are those of usual letters.
     void draw_names(double middle, double left) const {
         double right = right_edge(m_frame.area);
-        for (auto series = m_panel.series.rbegin(); series != m_panel.series.rend(); ++series) {
-            const double width = width_of(series->name) + PIECE + 1.5 * GAP;
-            if (series->name.empty() || series->points.empty() || right - width < left)
+        for (std::size_t at = m_panel.series.size(); at-- > 0;) {
+            const ChartSeries& series = m_panel.series[at];
+            const double width = width_of(series.name) + PIECE + 1.5 * GAP;
+            if (series.name.empty() || series.points.empty() || right - width < left)
                 continue;
-            m_canvas.text(series->name, text_box(m_frame.area.x, middle, right - m_frame.area.x),
+            m_canvas.text(series.name, text_box(m_frame.area.x, middle, right - m_frame.area.x),
                           {.size = LABEL_SIZE, .align = TextAlign::right});
             right -= width;
-            draw_piece(*series, {right + GAP, middle});
+            draw_piece(series, {right + GAP, middle});
             right -= 2 * GAP;
         }
     }
@@ -122,8 +123,8 @@ private:
         std::vector<Point> corners;
         for (const ChartPoint& point : series.points)
             corners.push_back(place_of(point.x, point.high.value_or(point.y)));
-        for (auto point = series.points.rbegin(); point != series.points.rend(); ++point)
-            corners.push_back(place_of(point->x, point->low.value_or(point->y)));
+        for (std::size_t at = series.points.size(); at-- > 0;)
+            corners.push_back(place_of(series.points[at].x, series.points[at].low.value_or(series.points[at].y)));
         const auto inside = clipped_polygon(corners, m_frame.area);
         if (inside.size() > 2)
             m_canvas.fill_polygon(inside, inked(series).faded(BAND));
@@ -172,9 +173,10 @@ private:
     static std::vector<Point> corners_of(Point middle, MarkShape shape) {
         const double radius = shape == MarkShape::dot ? MARK_RADIUS / 2 : MARK_RADIUS;
         const auto polygon = [middle, radius](int corners, double first) {
-            std::vector<Point> found;
+            std::vector<Point> found(static_cast<std::size_t>(corners));
             for (int corner = 0; corner < corners; ++corner)
-                found.push_back(polar(middle, radius, first + 2 * std::numbers::pi * corner / corners));
+                found[static_cast<std::size_t>(corner)] =
+                    polar(middle, radius, first + 2 * std::numbers::pi * corner / corners);
             return found;
         };
         switch (shape) {

@@ -185,6 +185,7 @@ std::vector<SpectralPeak> peaks_of(const SpectrumAtHand& spectrum) {
             break;
     }
     std::vector<SpectralPeak> peaks;
+    peaks.reserve(accepted.size());
     for (const Candidate& candidate : accepted)
         peaks.push_back(peak_at(spectrum, candidate));
     return peaks;

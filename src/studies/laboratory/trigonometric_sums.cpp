@@ -12,9 +12,9 @@
 namespace tickervantage {
 namespace {
 
-constexpr int bell_width = 6;         // steps of the grid
-constexpr double bell_shape = 13.8;   // how steep it is: 2.3 for each step
-constexpr std::size_t grid_steps = 4; // for each frequency: as many again as the highest one asks for
+constexpr std::ptrdiff_t bell_width = 6; // steps of the grid
+constexpr double bell_shape = 13.8;      // how steep it is: 2.3 for each step
+constexpr std::size_t grid_steps = 4;    // for each frequency: as many again as the highest one asks for
 constexpr double half = 0.5;
 
 struct FreeSetup {
@@ -99,7 +99,8 @@ std::size_t quick_length(std::size_t least) {
 
 std::vector<std::complex<float>> trigonometric_sums(std::span<const double> phases, std::span<const double> values,
                                                     std::size_t frequencies) {
-    const std::size_t length = quick_length(std::max<std::size_t>(grid_steps * frequencies, 4 * bell_width));
+    const std::size_t length =
+        quick_length(std::max<std::size_t>(grid_steps * frequencies, std::size_t{4} * bell_width));
     std::vector<float> grid(length);
     for (std::size_t at = 0; at < phases.size(); ++at)
         spread(phases[at] * static_cast<double>(length), values[at], grid);
