@@ -110,7 +110,7 @@ void SummaryMaker::want_percentiles() {
 void SummaryMaker::look_again_at(std::span<const double> values) {
     if (m_summary.count == 0)
         return;
-    if (std::exchange(m_is_counted, true) == false)
+    if (!std::exchange(m_is_counted, true))
         want_percentiles();
     for (const double value : values) {
         if (value != value)
