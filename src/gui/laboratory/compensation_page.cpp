@@ -29,7 +29,9 @@ QTreeWidget* figure_table(QWidget* parent) {
     table->setRootIsDecorated(false);
     table->setUniformRowHeights(true);
     table->setAlternatingRowColors(true);
-    table->setMinimumHeight(8 * table->fontMetrics().lineSpacing());
+    const int line = table->fontMetrics().lineSpacing();
+    table->setMinimumHeight(6 * line);
+    table->setMaximumHeight(13 * line); // the chart gets the rest
     return table;
 }
 
@@ -94,11 +96,11 @@ QWidget* CompensationPage::build_buttons() {
                        Texts::tr("Open the window that reads frequencies and temperatures together"));
     line->addStretch(1);
     //: laboratory, compensation: button that installs, and its tooltip
-    m_install = add("compensation_install", Texts::tr("&Install…"),
+    m_install = add("compensation_install", Texts::tr("I&nstall…"),
                     //: laboratory, compensation: tooltip of a button
                     Texts::tr("Have chronyd compensate for the temperature by this curve"));
     //: laboratory, compensation: button that removes what is installed, and its tooltip
-    m_take_back = add("compensation_take_back", Texts::tr("&Take Back…"),
+    m_take_back = add("compensation_take_back", Texts::tr("Take &Back…"),
                       //: laboratory, compensation: tooltip of a button
                       Texts::tr("Have chronyd run without the compensation that is installed"));
     connect(points, &QPushButton::clicked, this, &CompensationPage::points_requested);
@@ -155,8 +157,11 @@ void CompensationPage::show_state(const CompensationState& state) {
     m_figures->clear();
     for (const QStringList& row : compensation_figures(state))
         new QTreeWidgetItem(m_figures, row);
-    for (int at = 0; at < 3; ++at)
+    const int gap = m_figures->fontMetrics().averageCharWidth() * 2;
+    for (int at = 0; at < 3; ++at) {
         m_figures->resizeColumnToContents(at);
+        m_figures->setColumnWidth(at, m_figures->columnWidth(at) + gap);
+    }
     const bool is_good = state.choice && !state.choice->study.refused;
     m_install->setEnabled(m_parts.can_install && is_good);
     m_take_back->setEnabled(m_parts.can_install && state.installed.has_value());
