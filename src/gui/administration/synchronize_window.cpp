@@ -62,6 +62,9 @@ void Synchronize::build_output() {
     //: synchronise window: name of the text that chronyd printed
     m_output = named(new QPlainTextEdit(this), "m_output", tr("Output"), QString());
     m_output->setReadOnly(true);
+    //: one-time synchronisation: in place of chronyd's words, before there are any
+    m_output->setPlaceholderText(tr("chronyd is stopped, asks this server, and sets the clock at once.\n"
+                                    "What it says meanwhile appears here."));
     m_output->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_output->setLineWrapMode(QPlainTextEdit::NoWrap);
     constexpr int columns = 70;
