@@ -4,6 +4,7 @@
 #include "history/schema.h"
 #include "history/units.h"
 
+#include <array>
 #include <fcntl.h>
 
 #include <algorithm>
@@ -138,13 +139,13 @@ Result<> HistoryWriter::add_beside(const std::string& path, const HistoryEvent& 
 }
 
 Result<> HistoryWriter::prepare() {
-    const std::pair<Statement*, std::string> wanted[] = {
+    const auto wanted = std::to_array<std::pair<Statement*, std::string>>({
         {&m_insert_reading, schema::insert_reading()},
         {&m_insert_source, schema::insert_source()},
         {&m_insert_event, "INSERT INTO event VALUES(?, ?, ?, ?)"},
         {&m_insert_name, "INSERT OR IGNORE INTO name(name) VALUES(?)"},
         {&m_find_name, "SELECT id FROM name WHERE name = ?"},
-    };
+    });
     for (const auto& [statement, sql] : wanted) {
         auto prepared = m_database.prepare(sql);
         if (!prepared)

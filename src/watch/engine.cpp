@@ -11,7 +11,7 @@ bool names(const std::vector<std::string>& list, const WatchRule& rule) {
 
 } // namespace
 
-WatchEngine::WatchEngine(std::vector<WatchRule> rules, double now, double grace, const WatchMemory& memory)
+WatchEngine::WatchEngine(const std::vector<WatchRule>& rules, double now, double grace, const WatchMemory& memory)
     : m_grace(grace), m_grace_end(now + grace) {
     for (const WatchRule& rule : rules)
         m_watched.push_back({.rule = rule,
@@ -26,7 +26,7 @@ void WatchEngine::resumed(double now) {
         watched.begun.reset();
 }
 
-void WatchEngine::change(std::vector<WatchRule> rules) {
+void WatchEngine::change(const std::vector<WatchRule>& rules) {
     for (const WatchRule& rule : rules)
         for (Watched& watched : m_watched)
             if (watched.rule.quantity == rule.quantity)

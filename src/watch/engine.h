@@ -23,13 +23,14 @@ public:
     // Right after the start and after the machine has slept, chronyd has not had the time to find its sources again.
     static constexpr double usual_grace = 300; // s
 
-    WatchEngine(std::vector<WatchRule> rules, double now, double grace = usual_grace, const WatchMemory& memory = {});
+    WatchEngine(const std::vector<WatchRule>& rules, double now, double grace = usual_grace,
+                const WatchMemory& memory = {});
 
     // What was raised stays; what is under way begins anew once the grace is over.
     void resumed(double now);
 
     // Other thresholds: what is raised stays so until it ends by the new ones.
-    void change(std::vector<WatchRule> rules);
+    void change(const std::vector<WatchRule>& rules);
 
     // Whether a rule was raised or has ended.
     bool observe(const WatchObservation& seen, double now);

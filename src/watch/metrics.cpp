@@ -149,6 +149,7 @@ struct Labelled {
 // Two lines with the same labels would make the whole text unreadable.
 std::vector<Labelled> labelled(const std::vector<JudgedSource>& sources) {
     std::vector<const JudgedSource*> order;
+    order.reserve(sources.size());
     for (const JudgedSource& source : sources)
         order.push_back(&source);
     std::stable_partition(order.begin(), order.end(), [](const JudgedSource* source) { return is_usable(*source); });

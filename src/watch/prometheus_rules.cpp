@@ -64,7 +64,7 @@ std::string_view name_of(WatchSeverity severity) {
 std::string condition(const WatchRule& rule) {
     const AlertText& text = text_for(rule.quantity);
     const bool is_above = rule.sense == WatchSense::above;
-    const std::string begins = fmt::format("{} {} {}", text.expression, is_above ? ">" : "<", plain_number(rule.raise));
+    std::string begins = fmt::format("{} {} {}", text.expression, is_above ? ">" : "<", plain_number(rule.raise));
     if (!has_hysteresis(rule))
         return begins;
     return fmt::format("({0}) or (({1} {2} {3}) and ignoring (alertname, alertstate, severity) "
@@ -118,12 +118,12 @@ std::vector<Series> series_for(const WatchRule& rule, double bad) {
     case WatchQuantity::bound:
         return {{"chrony_clock_error_bound_seconds{", 0.001, bad}};
     case WatchQuantity::no_majority:
-        return {{"chrony_source_usable{source_address=\"192.0.2.1\",", 1, 0},
-                {"chrony_source_usable{source_address=\"192.0.2.2\",", 1, 0},
-                {"chrony_sources_state_info{source_address=\"192.0.2.1\",source_state=\"falseticker\",", absent, 1},
-                {"chrony_sources_state_info{source_address=\"192.0.2.2\",source_state=\"falseticker\",", absent, 1}};
+        return {{R"(chrony_source_usable{source_address="192.0.2.1",)", 1, 0},
+                {R"(chrony_source_usable{source_address="192.0.2.2",)", 1, 0},
+                {R"(chrony_sources_state_info{source_address="192.0.2.1",source_state="falseticker",)", absent, 1},
+                {R"(chrony_sources_state_info{source_address="192.0.2.2",source_state="falseticker",)", absent, 1}};
     case WatchQuantity::usable:
-        return {{"chrony_sources_total{", 9, 9}, {"chrony_source_usable{source_address=\"192.0.2.1\",", 9, bad}};
+        return {{"chrony_sources_total{", 9, 9}, {R"(chrony_source_usable{source_address="192.0.2.1",)", 9, bad}};
     case WatchQuantity::step:
         break;
     }

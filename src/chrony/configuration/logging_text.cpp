@@ -5,6 +5,7 @@
 #include "chrony/configuration/directives.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tickervantage {
 namespace {
@@ -21,10 +22,11 @@ bool is_log_line_that_is_off(std::string_view line) {
         return false;
     rest.remove_prefix(std::min(rest.find_first_not_of("#!;% \t"), rest.size()));
     const auto said = words(rest);
-    static constexpr std::string_view logs[]{"tracking", "measurements", "statistics", "rawmeasurements"};
+    static constexpr auto logs =
+        std::to_array<std::string_view>({"tracking", "measurements", "statistics", "rawmeasurements"});
     return said.size() > 1 && said.front() == "log" &&
            std::all_of(said.begin() + 1, said.end(),
-                       [](std::string_view word) { return std::ranges::find(logs, word) != std::end(logs); });
+                       [](std::string_view word) { return std::ranges::find(logs, word) != logs.end(); });
 }
 
 void add_line(std::string& text, std::string_view line) {

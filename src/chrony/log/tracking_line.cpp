@@ -91,7 +91,7 @@ constexpr std::size_t rootdispersion = 75;
 constexpr std::size_t end = 85;
 constexpr std::size_t max_error = 86; // not in all versions
 constexpr std::size_t whole_end = 96;
-constexpr std::size_t blanks[] = {0, 3, 14, 25, 36, 38, 41, 52, 63, 74};
+constexpr std::array<std::size_t, 10> blanks{0, 3, 14, 25, 36, 38, 41, 52, 63, 74};
 
 } // namespace layout
 

@@ -3,6 +3,7 @@
 #include "chrony/data/live_capture.h"
 #include "chrony/reports/runchronyc.h"
 
+#include <array>
 #include <ostream>
 
 namespace tickervantage {
@@ -22,10 +23,11 @@ std::optional<HealthLimits> limits_of(const HealthArguments& arguments, std::str
     limits.holdover_warning = arguments.holdover_warning.value_or(limits.holdover_warning);
     limits.holdover_critical = arguments.holdover_critical.value_or(limits.holdover_critical);
     using enum RangeUnits;
-    const RangeArgument ranges[] = {{"-w", arguments.warning, limits.bound_warning, time},
-                                    {"-c", arguments.critical, limits.bound_critical, time},
-                                    {"--sources-warning", arguments.sources_warning, limits.sources_warning, none},
-                                    {"--sources-critical", arguments.sources_critical, limits.sources_critical, none}};
+    const auto ranges = std::to_array<RangeArgument>(
+        {{"-w", arguments.warning, limits.bound_warning, time},
+         {"-c", arguments.critical, limits.bound_critical, time},
+         {"--sources-warning", arguments.sources_warning, limits.sources_warning, none},
+         {"--sources-critical", arguments.sources_critical, limits.sources_critical, none}});
     for (const RangeArgument& one : ranges) {
         if (!one.text)
             continue;

@@ -30,7 +30,7 @@ Result<> add_selection(FollowedFiles& files, const std::vector<LogFile>& logs, H
     LogLine line;
     for (const LogFile& log : logs) {
         LogCount count;
-        const auto read = read_records(files, log.path, count, [&](std::string_view text, std::size_t) {
+        auto read = read_records(files, log.path, count, [&](std::string_view text, std::size_t) {
             if (!read_log_line(shape_of(LogKind::selection), text, line))
                 return false;
             data.add_logged(row_of(line));

@@ -46,7 +46,8 @@ std::optional<CompensationChoice> choose_compensation(TimedSamples samples,
     for (auto& [sensor, own] : samples) {
         if (installed)
             take_off_installed(*installed, sensor, own);
-        CompensationChoice choice{.sensor = sensor, .study = study_compensation(own), .samples = std::move(own)};
+        CompensationChoice choice{.sensor = sensor, .study = study_compensation(own), .samples = {}};
+        choice.samples = std::move(own);
         if (!best || rank_of(choice) > rank_of(*best))
             best = std::move(choice);
     }
