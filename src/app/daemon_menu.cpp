@@ -58,11 +58,11 @@ void DaemonMenu::list() {
 void DaemonMenu::add(const QString& text, const QString& host) {
     auto* item = m_menus.m_daemon->addAction(text);
     item->setObjectName(host.isEmpty() ? QStringLiteral("thisMachine") : QLatin1String("host ") + host);
-    item->setToolTip(host.isEmpty() ?
-                                    //: tooltip of the item that shows this machine's clock again
-                         Texts::tr("Show the clock of this machine")
-                                    //: tooltip of an item with another machine
-                                    : Texts::tr("Show the clock of that machine; nothing is changed there"));
+    //: tooltip of the item that shows this machine's clock again
+    const QString own = Texts::tr("Show the clock of this machine");
+    //: tooltip of an item with another machine
+    const QString other = Texts::tr("Show the clock of that machine; nothing is changed there");
+    item->setToolTip(host.isEmpty() ? own : other);
     item->setCheckable(true);
     item->setActionGroup(m_choice.get());
     item->setChecked(host == m_shown);

@@ -13,7 +13,7 @@ import sys
 import time
 
 from hands import click, shown, words_of
-from screen_reader import Missing, application, eventually, window_titled
+from screen_reader import Missing, application, below, eventually, window_titled
 
 UNIT = "org.chrony-project.chronyd"
 CONFIGURATION = pathlib.Path("/etc/chrony.d/chrony.conf")
@@ -111,8 +111,6 @@ def main():
 
 
 def _labels(app):
-    from screen_reader import below  # only for what went wrong
-
     return [node for node in below(app) if node.getRoleName() in BUTTONS | {"label", "alert"} and node.name]
 
 
