@@ -79,6 +79,9 @@ void CompensationPage::build() {
     column->addWidget(m_legend);
     column->addWidget(m_figures);
     column->addWidget(build_buttons());
+    column->addStretch(0); // takes what chart and figures leave where there are none
+    m_chart->hide();
+    m_figures->hide();
 }
 
 QWidget* CompensationPage::build_buttons() {
@@ -136,8 +139,9 @@ void CompensationPage::showEvent(QShowEvent* event) {
 void CompensationPage::look() {
     if (!isVisible())
         return;
-    //: laboratory, compensation: while files are read
-    m_chart->set_empty_text(Texts::tr("Reading…"));
+    if (m_headline->text().isEmpty())
+        //: laboratory, compensation: while files are read
+        m_headline->setText(Texts::tr("Reading…"));
     m_background.start_newest(
         m_parts.queue,
         [places = CompensationPlaces{m_parts.map, m_configuration}, &files = m_parts.files, &logs = m_parts.logs] {
@@ -162,14 +166,15 @@ void CompensationPage::show_state(const CompensationState& state) {
         m_figures->resizeColumnToContents(at);
         m_figures->setColumnWidth(at, m_figures->columnWidth(at) + gap);
     }
+    m_figures->setVisible(m_figures->topLevelItemCount() > 0);
     const bool is_good = state.choice && !state.choice->study.refused;
     m_install->setEnabled(m_parts.can_install && is_good);
     m_take_back->setEnabled(m_parts.can_install && state.installed.has_value());
 }
 
 void CompensationPage::show_picture(const ScatterMap& picture) {
-    m_chart->set_empty_text(m_headline->text());
     m_chart->set_picture(picture);
+    m_chart->setVisible(!picture.empty());
     m_legend->setVisible(picture.size() > 1);
 }
 
