@@ -172,6 +172,14 @@ Was jetzt installiert ist, bleibt in der Liste.</translation>
         <source>Restarting chronyd daemon</source>
         <translation>chronyd wird neu gestartet</translation>
     </message>
+    <message>
+        <source>Installing the compensation</source>
+        <translation>Kompensation wird installiert</translation>
+    </message>
+    <message>
+        <source>Taking back the compensation</source>
+        <translation>Kompensation wird zurückgenommen</translation>
+    </message>
 </context>
 <context>
     <name>alarms</name>
@@ -453,6 +461,108 @@ Was jetzt installiert ist, bleibt in der Liste.</translation>
     <message>
         <source>Counts of the requests this machine answered or dropped (needs administrator rights)</source>
         <translation>Zahl der Anfragen, die dieser Rechner beantwortet oder verworfen hat (erfordert Administratorrechte)</translation>
+    </message>
+</context>
+<context>
+    <name>compensation</name>
+    <message>
+        <source></source>
+        <comment>The questions about chronyd&apos;s compensation for the temperature: what it would gain, and whether it is installed.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>Within a day the frequency goes up and down by %1 ppm. On days that the compensation was not made of, %2 ppm of that would be left.</source>
+        <extracomment>compensation: %1 and %2 are numbers</extracomment>
+        <translation>Innerhalb eines Tages schwankt die Frequenz um %1 ppm. An Tagen, aus denen die Kompensation nicht gewonnen wurde, blieben davon %2 ppm.</translation>
+    </message>
+    <message>
+        <source>That is %1 times steadier (%2 to %3, with 95 % certainty).</source>
+        <extracomment>compensation: %1 to %3 are numbers such as 4.2</extracomment>
+        <translation>Das ist %1-mal so ruhig (%2- bis %3-mal, mit 95 % Sicherheit).</translation>
+    </message>
+    <message>
+        <source>An hour without time sources: typically %1 off instead of %2.</source>
+        <extracomment>compensation: %1 and %2 are times such as 430 µs</extracomment>
+        <translation>Eine Stunde ohne Zeitquellen: üblicherweise %1 Abweichung statt %2.</translation>
+    </message>
+    <message>
+        <source>chronyd is restarted. If it does not run with the compensation, what there was comes back.</source>
+        <extracomment>compensation: last sentences of the question</extracomment>
+        <translation>chronyd wird neu gestartet. Läuft es mit der Kompensation nicht, so kommt zurück, was vorher da war.</translation>
+    </message>
+    <message>
+        <source>The compensation that is installed now is replaced.</source>
+        <extracomment>compensation: last sentence of the question</extracomment>
+        <translation>Die Kompensation, die jetzt installiert ist, wird ersetzt.</translation>
+    </message>
+    <message>
+        <source>Compensate for the temperature of %1?</source>
+        <extracomment>compensation: question, %1 is a sensor</extracomment>
+        <translation>Die Temperatur von %1 kompensieren?</translation>
+    </message>
+    <message>
+        <source>Install</source>
+        <extracomment>compensation: button</extracomment>
+        <translation>Installieren</translation>
+    </message>
+    <message>
+        <source>Take Back</source>
+        <extracomment>compensation: button, removes the installed compensation</extracomment>
+        <translation>Zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <extracomment>compensation: button</extracomment>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>No point of the sensors shown says when it was read. Keep this window open for some days, with chronyd running.</source>
+        <extracomment>compensation: where there is nothing to work with</extracomment>
+        <translation>Kein Punkt der gezeigten Sensoren sagt, wann er abgelesen wurde. Lassen Sie dieses Fenster einige Tage offen, während chronyd läuft.</translation>
+    </message>
+    <message>
+        <source>The window “Frequency and Temperature” keeps %1 points at most, and drops the oldest before there are enough days. Set that number to %2 at least.</source>
+        <extracomment>compensation: why there are too few days; %1 and %2 are numbers</extracomment>
+        <translation>Das Fenster „Frequenz und Temperatur“ hebt höchstens %1 Punkte auf und verwirft die ältesten, bevor genug Tage beisammen sind. Stellen Sie diese Zahl auf mindestens %2.</translation>
+    </message>
+    <message>
+        <source>A demonstration leaves the system as it is, so nothing can be installed.</source>
+        <extracomment>compensation: in a demonstration</extracomment>
+        <translation>Eine Vorführung lässt das System, wie es ist; daher kann nichts installiert werden.</translation>
+    </message>
+    <message>
+        <source>A compensation would help, but cannot be installed here.</source>
+        <extracomment>compensation: alert</extracomment>
+        <translation>Eine Kompensation würde helfen, kann hier aber nicht installiert werden.</translation>
+    </message>
+    <message>
+        <source>A compensation for the temperature is not advised.</source>
+        <translation>Von einer Kompensation der Temperatur wird abgeraten.</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <extracomment>compensation: button that closes the alert</extracomment>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Take back the compensation for the temperature?</source>
+        <extracomment>compensation: question</extracomment>
+        <translation>Die Kompensation der Temperatur zurücknehmen?</translation>
+    </message>
+    <message>
+        <source>chronyd is restarted without it. The points of the window stay, so that it can be installed again.</source>
+        <extracomment>compensation: second sentence of that question</extracomment>
+        <translation>chronyd wird ohne sie neu gestartet. Die Punkte des Fensters bleiben, sodass sie wieder installiert werden kann.</translation>
+    </message>
+    <message>
+        <source>chronyd compensates for the temperature now. The Laboratory window shows after a day what that gained.</source>
+        <extracomment>compensation: after it was installed</extracomment>
+        <translation>chronyd kompensiert jetzt die Temperatur. Das Fenster „Uhrenlabor“ zeigt nach einem Tag, was das gebracht hat.</translation>
+    </message>
+    <message>
+        <source>chronyd runs without a compensation for the temperature now.</source>
+        <extracomment>compensation: after it was taken back</extracomment>
+        <translation>chronyd läuft jetzt ohne Kompensation der Temperatur.</translation>
     </message>
 </context>
 <context>
@@ -931,6 +1041,44 @@ unsaved changes: button</extracomment>
         <extracomment>title of the dialog that opens a configuration</extracomment>
         <translation>Konfiguration öffnen</translation>
     </message>
+    <message>
+        <source>Its path stands in the preferences. Where chrony is not installed yet, the main window offers to install it.</source>
+        <extracomment>alert below the reason why the installed configuration does not open</extracomment>
+        <translation>Ihr Pfad steht in den Einstellungen. Wo chrony noch nicht installiert ist, bietet das Hauptfenster an, es zu installieren.</translation>
+    </message>
+</context>
+<context>
+    <name>daemonmenu</name>
+    <message>
+        <source>This &amp;Machine</source>
+        <extracomment>menu of the machines whose clock can be shown</extracomment>
+        <translation>Dieser &amp;Rechner</translation>
+    </message>
+    <message>
+        <source>&amp;Other Machines…</source>
+        <extracomment>menu of the machines whose clock can be shown: opens the list of them</extracomment>
+        <translation>&amp;Andere Rechner…</translation>
+    </message>
+    <message>
+        <source>Add machines whose clocks are to be shown here, or remove some</source>
+        <extracomment>tooltip of that item</extracomment>
+        <translation>Rechner hinzufügen oder entfernen, deren Uhren hier gezeigt werden sollen</translation>
+    </message>
+    <message>
+        <source>Show the clock of this machine</source>
+        <extracomment>tooltip of the item that shows this machine&apos;s clock again</extracomment>
+        <translation>Die Uhr dieses Rechners zeigen</translation>
+    </message>
+    <message>
+        <source>Show the clock of that machine; nothing is changed there</source>
+        <extracomment>tooltip of an item with another machine</extracomment>
+        <translation>Die Uhr jenes Rechners zeigen; geändert wird dort nichts</translation>
+    </message>
+    <message>
+        <source>The window shows %1, which is only read. Choose “This Machine” in the menu Daemon first.</source>
+        <extracomment>tooltip of a menu item that cannot be used while another machine&apos;s clock is shown; %1 is that machine</extracomment>
+        <translation>Das Fenster zeigt %1, und dort wird nur gelesen. Wählen Sie zuerst „Dieser Rechner“ im Menü „Daemon“.</translation>
+    </message>
 </context>
 <context>
     <name>demonstration</name>
@@ -1360,6 +1508,11 @@ unsaved changes: button</extracomment>
         <extracomment>explanation of the clock: %1 is a number of sources that are left out</extracomment>
         <translation>%1 weitere Quellen sind weggelassen: Wählen Sie sie in der Tabelle.</translation>
     </message>
+    <message>
+        <source>No chronyd answers, so nothing is known of its sources. What would help stands at the top of the window, where the program can see it. A daemon that has just been started needs some seconds.</source>
+        <extracomment>explanation of the clock where chronyd does not answer</extracomment>
+        <translation>Kein chronyd antwortet, deshalb ist über seine Quellen nichts bekannt. Was hilft, steht oben im Fenster, soweit das Programm es erkennen kann. Ein eben gestarteter Dienst braucht einige Sekunden.</translation>
+    </message>
 </context>
 <context>
     <name>explanations</name>
@@ -1787,10 +1940,6 @@ unsaved changes: button</extracomment>
     <message>
         <source>The picture %1 could not be written: %c.</source>
         <translation>Das Bild %1 konnte nicht geschrieben werden: %c.</translation>
-    </message>
-    <message>
-        <source>The picture %1 must end in .png or .svg.</source>
-        <translation>Der Name des Bildes %1 muss auf .png oder .svg enden.</translation>
     </message>
     <message>
         <source>A picture must be from 1 to %1 pixels wide and high.</source>
@@ -2580,6 +2729,66 @@ unsaved changes: button</extracomment>
         <source>Every averaging time is too much work for more than %1 values; choose octave or decade.</source>
         <translation>Alle Mittelungszeiten sind bei mehr als %1 Werten zu viel Arbeit; wählen Sie octave oder decade.</translation>
     </message>
+    <message>
+        <source>%1 has temperatures in degrees, while the sensor gives thousandths of a degree.</source>
+        <translation>%1 enthält Temperaturen in Grad, während der Sensor Tausendstel Grad angibt.</translation>
+    </message>
+    <message>
+        <source>The picture %1 must end in .png, .svg or .pdf.</source>
+        <translation>Das Bild %1 muss auf .png, .svg oder .pdf enden.</translation>
+    </message>
+    <message>
+        <source>The compensation was not installed: %c.</source>
+        <translation>Die Kompensation wurde nicht installiert: %c.</translation>
+    </message>
+    <message>
+        <source>The compensation was not taken back: %c.</source>
+        <translation>Die Kompensation wurde nicht zurückgenommen: %c.</translation>
+    </message>
+    <message>
+        <source>%1 has a line &quot;tempcomp&quot; of its own; take it out there first.</source>
+        <translation>%1 hat eine eigene Zeile „tempcomp“; entfernen Sie diese dort zuerst.</translation>
+    </message>
+    <message>
+        <source>The configuration holds no compensation that was installed here.</source>
+        <translation>Die Konfiguration enthält keine Kompensation, die von hier aus installiert wurde.</translation>
+    </message>
+    <message>
+        <source>chronyd cannot read the temperature with this configuration.</source>
+        <translation>chronyd kann die Temperatur mit dieser Konfiguration nicht lesen.</translation>
+    </message>
+    <message>
+        <source>chronyd cannot read the sensor %1: the kernel has no file of its own for it.</source>
+        <translation>chronyd kann den Sensor %1 nicht lesen: Der Kernel hat dafür keine eigene Datei.</translation>
+    </message>
+    <message>
+        <source>A compensation is installed where systemd starts chronyd.</source>
+        <translation>Eine Kompensation wird nur installiert, wo systemd chronyd startet.</translation>
+    </message>
+    <message>
+        <source>This is no sensor that the helper lets chronyd read.</source>
+        <translation>Dies ist kein Sensor, den der Helfer chronyd lesen lässt.</translation>
+    </message>
+    <message>
+        <source>The sensor %2 of the chip %1 is not there, or gives no temperature.</source>
+        <translation>Der Sensor %2 des Chips %1 ist nicht vorhanden oder gibt keine Temperatur an.</translation>
+    </message>
+    <message>
+        <source>This machine has no temperature sensor.</source>
+        <translation>Dieser Rechner hat keinen Temperatursensor.</translation>
+    </message>
+    <message>
+        <source>A periodogram needs %1 values at the least.</source>
+        <translation>Ein Periodogramm braucht mindestens %1 Werte.</translation>
+    </message>
+    <message>
+        <source>All values are the same: there is nothing to look for in them.</source>
+        <translation>Alle Werte sind gleich: In ihnen ist nichts zu suchen.</translation>
+    </message>
+    <message>
+        <source>This program has kept fewer than two readings of a clock that follows a source.</source>
+        <translation>Dieses Programm hat weniger als zwei Ablesungen einer Uhr aufgehoben, die einer Quelle folgt.</translation>
+    </message>
 </context>
 <context>
     <name>freqtemp</name>
@@ -2836,6 +3045,21 @@ Schließen Sie dieses Fenster, was die Datei entfernt, und öffnen Sie es wieder
         <source>Points:</source>
         <extracomment>frequency and temperature window: label of the number of points</extracomment>
         <translation>Punkte:</translation>
+    </message>
+    <message>
+        <source>Use for Compensat&amp;ion…</source>
+        <extracomment>frequency and temperature window: button, its name and tooltip</extracomment>
+        <translation>Zur Kompensation ver&amp;wenden…</translation>
+    </message>
+    <message>
+        <source>Use for Compensation</source>
+        <extracomment>frequency and temperature window: name of the button that offers a compensation</extracomment>
+        <translation>Zur Kompensation verwenden</translation>
+    </message>
+    <message>
+        <source>Look whether chronyd would keep the clock steadier by compensating for the temperature of the sensors shown, and install that</source>
+        <extracomment>frequency and temperature window: tooltip of that button</extracomment>
+        <translation>Prüfen, ob chronyd die Uhr ruhiger hielte, wenn es die Temperatur der gezeigten Sensoren kompensierte, und das installieren</translation>
     </message>
 </context>
 <context>
@@ -3184,18 +3408,9 @@ history window: title of a dialog</extracomment>
         <translation>&amp;Protokolle</translation>
     </message>
     <message>
-        <source>Logs, comparison, export</source>
-        <translation>Protokolle, Vergleich, Export</translation>
-    </message>
-    <message>
         <source>&amp;Open Log…</source>
         <extracomment>history window: menu items</extracomment>
         <translation>Protokoll ö&amp;ffnen…</translation>
-    </message>
-    <message>
-        <source>&amp;Compare With…</source>
-        <extracomment>history window: menu item, lays another machine&apos;s log over this one</extracomment>
-        <translation>&amp;Vergleichen mit…</translation>
     </message>
     <message>
         <source>&amp;End Comparison</source>
@@ -3258,10 +3473,6 @@ history window: a tab</extracomment>
     <message>
         <source>Curve</source>
         <translation>Kurve</translation>
-    </message>
-    <message>
-        <source>At the pointer</source>
-        <translation>Am Zeiger</translation>
     </message>
     <message>
         <source>A click on the box hides a curve; a double click, or Return, shows it alone in its panel</source>
@@ -3382,6 +3593,7 @@ history window: a tab</extracomment>
     </message>
     <message>
         <source>Frequency</source>
+        <extracomment>history window: title of a panel</extracomment>
         <translation>Frequenz</translation>
     </message>
     <message>
@@ -3619,6 +3831,48 @@ chronys eigene Protokolle reichen weiter zurück: „Protokolle einschalten…�
         <extracomment>history window: below what is known of a source</extracomment>
         <translation>&lt;p&gt;&lt;i&gt;Nicht aufbewahrt, also nicht mehr bekannt: die Intervalle, nach denen chrony die Quellen gegeneinander beurteilte, und die Antworten dieser Quelle.&lt;/i&gt;&lt;/p&gt;</translation>
     </message>
+    <message>
+        <source>Logs, comparison, export. A log or a folder that is dropped on the window is opened; with Shift held it is compared.</source>
+        <translation>Protokolle, Vergleich, Export. Ein Protokoll oder ein Ordner, auf das Fenster gezogen, wird geöffnet, mit gehaltener Umschalttaste verglichen.</translation>
+    </message>
+    <message>
+        <source>Open &amp;Folder of Logs…</source>
+        <extracomment>history window: menu item, a folder with all logs of a machine</extracomment>
+        <translation>&amp;Ordner mit Protokollen öffnen…</translation>
+    </message>
+    <message>
+        <source>Compa&amp;re With…</source>
+        <extracomment>history window: menu item, lays another machine&apos;s log over this one</extracomment>
+        <translation>&amp;Vergleichen mit…</translation>
+    </message>
+    <message>
+        <source>Compare &amp;With Folder…</source>
+        <extracomment>history window: menu item, the same with a folder of logs</extracomment>
+        <translation>&amp;Mit Ordner vergleichen …</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Compensation for temperature</source>
+        <translation>Kompensation der Temperatur</translation>
+    </message>
+    <message>
+        <source>Temperature, by chronyd</source>
+        <extracomment>history window: a curve, the temperature that chronyd read</extracomment>
+        <translation>Temperatur, laut chronyd</translation>
+    </message>
+    <message>
+        <source>Difference</source>
+        <extracomment>history window: title of a panel, of two machines&apos; offsets</extracomment>
+        <translation>Unterschied</translation>
+    </message>
+    <message>
+        <source>Temperature</source>
+        <extracomment>history window: title of a panel</extracomment>
+        <translation>Temperatur</translation>
+    </message>
 </context>
 <context>
     <name>historyoffer</name>
@@ -3659,6 +3913,725 @@ chronys eigene Protokolle reichen weiter zurück: „Protokolle einschalten…�
     <message>
         <source>Only over more than %1 the clock wanders more than the network shakes: the longest poll interval that chronyd may choose (maxpoll %3) costs this clock no accuracy.</source>
         <translation>Erst über mehr als %1 wandert die Uhr stärker, als das Netz schwankt: Der längste Abstand, den chronyd wählen darf (maxpoll %3), kostet diese Uhr keine Genauigkeit.</translation>
+    </message>
+    <message>
+        <source>Figures</source>
+        <extracomment>laboratory, compensation: name of the table</extracomment>
+        <translation>Zahlen</translation>
+    </message>
+    <message>
+        <source>What it says</source>
+        <extracomment>laboratory, compensation: name of the sentence above the chart
+----------
+laboratory: name of the sentence above the chart</extracomment>
+        <translation>Was es sagt</translation>
+    </message>
+    <message>
+        <source>Frequency against temperature</source>
+        <extracomment>laboratory, compensation: name of the chart</extracomment>
+        <translation>Frequenz gegen Temperatur</translation>
+    </message>
+    <message>
+        <source>Legend</source>
+        <extracomment>laboratory, compensation: name of the line that says which colour is what</extracomment>
+        <translation>Legende</translation>
+    </message>
+    <message>
+        <source>&amp;Frequency and Temperature</source>
+        <extracomment>laboratory, compensation: button, and its tooltip</extracomment>
+        <translation>&amp;Frequenz und Temperatur</translation>
+    </message>
+    <message>
+        <source>Open the window that reads frequencies and temperatures together</source>
+        <extracomment>laboratory, compensation: tooltip of a button</extracomment>
+        <translation>Das Fenster öffnen, das Frequenzen und Temperaturen zusammen abliest</translation>
+    </message>
+    <message>
+        <source>I&amp;nstall…</source>
+        <extracomment>laboratory, compensation: button that installs, and its tooltip</extracomment>
+        <translation>I&amp;nstallieren…</translation>
+    </message>
+    <message>
+        <source>Have chronyd compensate for the temperature by this curve</source>
+        <extracomment>laboratory, compensation: tooltip of a button</extracomment>
+        <translation>chronyd die Temperatur nach dieser Kurve kompensieren lassen</translation>
+    </message>
+    <message>
+        <source>Take &amp;Back…</source>
+        <extracomment>laboratory, compensation: button that removes what is installed, and its tooltip</extracomment>
+        <translation>Z&amp;urücknehmen…</translation>
+    </message>
+    <message>
+        <source>Have chronyd run without the compensation that is installed</source>
+        <extracomment>laboratory, compensation: tooltip of a button</extracomment>
+        <translation>chronyd ohne die installierte Kompensation laufen lassen</translation>
+    </message>
+    <message>
+        <source>measured</source>
+        <extracomment>laboratory, compensation: what the blue dots are</extracomment>
+        <translation>gemessen</translation>
+    </message>
+    <message>
+        <source>curve</source>
+        <extracomment>laboratory, compensation: what the red line is</extracomment>
+        <translation>Kurve</translation>
+    </message>
+    <message>
+        <source>as it would be with the compensation</source>
+        <extracomment>laboratory, compensation: what the green dots are</extracomment>
+        <translation>wie es mit der Kompensation wäre</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <extracomment>laboratory, compensation: while files are read</extracomment>
+        <translation>Liest…</translation>
+    </message>
+    <message>
+        <source>%1 ppm</source>
+        <extracomment>laboratory, compensation: a frequency; %1 is a number</extracomment>
+        <translation>%1 ppm</translation>
+    </message>
+    <message>
+        <source>%1 times</source>
+        <extracomment>laboratory, compensation: how many times steadier a clock is; %1 is a number</extracomment>
+        <translation>%1-mal</translation>
+    </message>
+    <message>
+        <source>%1 (%2 to %3)</source>
+        <extracomment>laboratory, compensation: a gain with its interval; %1 is &quot;4.1 times&quot;, %2 and %3 are numbers</extracomment>
+        <translation>%1 (%2 bis %3)</translation>
+    </message>
+    <message>
+        <source>No frequency was read together with a temperature yet.</source>
+        <extracomment>laboratory, compensation: where there are no points yet</extracomment>
+        <translation>Es wurde noch keine Frequenz zusammen mit einer Temperatur abgelesen.</translation>
+    </message>
+    <message>
+        <source>Frequency within a day</source>
+        <extracomment>laboratory, compensation: name of a figure, and what it means</extracomment>
+        <translation>Frequenz innerhalb eines Tages</translation>
+    </message>
+    <message>
+        <source>how far it goes up and down about its mean</source>
+        <extracomment>laboratory, compensation: what a figure means</extracomment>
+        <translation>wie weit sie um ihr Mittel schwankt</translation>
+    </message>
+    <message>
+        <source>With the compensation</source>
+        <extracomment>laboratory, compensation: name of a figure, and what it means</extracomment>
+        <translation>Mit der Kompensation</translation>
+    </message>
+    <message>
+        <source>on days that the compensation was not made of</source>
+        <extracomment>laboratory, compensation: what a figure means</extracomment>
+        <translation>an Tagen, aus denen die Kompensation nicht gewonnen wurde</translation>
+    </message>
+    <message>
+        <source>Expected gain</source>
+        <extracomment>laboratory, compensation: name of a figure, and what it means</extracomment>
+        <translation>Erwarteter Gewinn</translation>
+    </message>
+    <message>
+        <source>with 95 % certainty between the two limits</source>
+        <extracomment>laboratory, compensation: what a figure means</extracomment>
+        <translation>mit 95 % Sicherheit zwischen den beiden Grenzen</translation>
+    </message>
+    <message>
+        <source>An hour without sources</source>
+        <extracomment>laboratory, compensation: name of a figure, and what it means</extracomment>
+        <translation>Eine Stunde ohne Quellen</translation>
+    </message>
+    <message>
+        <source>%1 instead of %2</source>
+        <extracomment>laboratory, compensation: %1 and %2 are times such as 430 µs</extracomment>
+        <translation>%1 statt %2</translation>
+    </message>
+    <message>
+        <source>how far the clock typically goes wrong when left to itself</source>
+        <extracomment>laboratory, compensation: what a figure means</extracomment>
+        <translation>wie weit die Uhr sich üblicherweise verstellt, wenn sie sich selbst überlassen ist</translation>
+    </message>
+    <message>
+        <source>Installed since</source>
+        <extracomment>laboratory, compensation: name of a figure</extracomment>
+        <translation>Installiert seit</translation>
+    </message>
+    <message>
+        <source>%1 instead of %2, by the log</source>
+        <extracomment>laboratory, compensation: what was gained; %1 and %2 are frequencies such as 0.2 ppm</extracomment>
+        <translation>%1 statt %2, nach dem Protokoll</translation>
+    </message>
+    <message>
+        <source>not known yet</source>
+        <extracomment>laboratory, compensation: in place of a figure</extracomment>
+        <translation>noch nicht bekannt</translation>
+    </message>
+    <message>
+        <source>Gained in the last day</source>
+        <extracomment>laboratory, compensation: name of a figure</extracomment>
+        <translation>Gewonnen am letzten Tag</translation>
+    </message>
+    <message>
+        <source>Gained in the last week</source>
+        <extracomment>laboratory, compensation: name of a figure</extracomment>
+        <translation>Gewonnen in der letzten Woche</translation>
+    </message>
+    <message>
+        <source>Before it was installed</source>
+        <extracomment>laboratory, compensation: name of a figure, and what it means</extracomment>
+        <translation>Vor der Installation</translation>
+    </message>
+    <message>
+        <source>how far the frequency went up and down within a day</source>
+        <extracomment>laboratory, compensation: what a figure means</extracomment>
+        <translation>wie weit die Frequenz innerhalb eines Tages schwankte</translation>
+    </message>
+    <message>
+        <source>%1 Keep the window “Frequency and Temperature” open for some days, with chronyd running.</source>
+        <extracomment>laboratory, compensation: headline; %1 is a sentence</extracomment>
+        <translation>%1 Lassen Sie das Fenster „Frequenz und Temperatur“ einige Tage offen, während chronyd läuft.</translation>
+    </message>
+    <message>
+        <source>A compensation is not worthwhile. %1</source>
+        <extracomment>laboratory, compensation: headline; %1 is a sentence</extracomment>
+        <translation>Eine Kompensation lohnt sich nicht. %1</translation>
+    </message>
+    <message>
+        <source>With a compensation the clock would be %1 times steadier while the temperature changes.</source>
+        <extracomment>laboratory, compensation: headline; %1 is a number</extracomment>
+        <translation>Mit einer Kompensation wäre die Uhr %1-mal so ruhig, während die Temperatur sich ändert.</translation>
+    </message>
+    <message>
+        <source>A compensation is installed. What it gains shows after a day with chronyd&apos;s logs.</source>
+        <extracomment>laboratory, compensation: headline</extracomment>
+        <translation>Eine Kompensation ist installiert. Was sie bringt, zeigt sich nach einem Tag mit den Protokollen von chronyd.</translation>
+    </message>
+    <message>
+        <source>A compensation is installed, and the clock is %1 times steadier by it.</source>
+        <extracomment>laboratory, compensation: headline; %1 is a number</extracomment>
+        <translation>Eine Kompensation ist installiert, und die Uhr ist durch sie %1-mal so ruhig.</translation>
+    </message>
+    <message>
+        <source>The clock is less steady with the compensation that is installed (%1 times): take it back.</source>
+        <extracomment>laboratory, compensation: headline; %1 is a number</extracomment>
+        <translation>Die Uhr ist mit der installierten Kompensation unruhiger (%1-mal): Nehmen Sie sie zurück.</translation>
+    </message>
+    <message>
+        <source>Sensor</source>
+        <extracomment>laboratory, compensation: name of a figure</extracomment>
+        <translation>Sensor</translation>
+    </message>
+    <message>
+        <source>Not read</source>
+        <extracomment>laboratory, compensation: in place of a figure</extracomment>
+        <translation>Nicht gelesen</translation>
+    </message>
+    <message>
+        <source>Forecast without sources</source>
+        <extracomment>laboratory: title of the page&apos;s pictures</extracomment>
+        <translation>Vorhersage ohne Quellen</translation>
+    </message>
+    <message>
+        <source>Limit</source>
+        <extracomment>laboratory: name of a field, and its tooltip</extracomment>
+        <translation>Grenze</translation>
+    </message>
+    <message>
+        <source>How far off the clock may be: the headline says until when it would not be further off</source>
+        <extracomment>laboratory: tooltip of the field</extracomment>
+        <translation>Wie falsch die Uhr gehen darf: Die Überschrift sagt, bis wann sie nicht falscher ginge</translation>
+    </message>
+    <message>
+        <source>Share of the past</source>
+        <extracomment>laboratory: name of a menu, and its tooltip</extracomment>
+        <translation>Anteil der Vergangenheit</translation>
+    </message>
+    <message>
+        <source>So much of the past stayed within the forecast</source>
+        <extracomment>laboratory: tooltip of the menu</extracomment>
+        <translation>So viel der Vergangenheit blieb innerhalb der Vorhersage</translation>
+    </message>
+    <message>
+        <source>%1 % of the past</source>
+        <extracomment>laboratory: entry of the menu; %1 is a number</extracomment>
+        <translation>%1 % der Vergangenheit</translation>
+    </message>
+    <message>
+        <source>L&amp;imit:</source>
+        <extracomment>laboratory: label of the field</extracomment>
+        <translation>Gre&amp;nze:</translation>
+    </message>
+    <message>
+        <source>There is not enough history: even 5 minutes ahead need 50 minutes of it without a gap, and this has %1.</source>
+        <extracomment>laboratory: in place of the chart; %1 is a span of time</extracomment>
+        <translation>Es gibt nicht genug Vergangenheit: Schon 5 Minuten voraus brauchen 50 Minuten davon ohne Lücke, und hier sind es %1.</translation>
+    </message>
+    <message>
+        <source>Time since the sources were lost</source>
+        <extracomment>laboratory: title of the level axis</extracomment>
+        <translation>Zeit seit dem Verlust der Quellen</translation>
+    </message>
+    <message>
+        <source>Forecast from the past</source>
+        <extracomment>laboratory: name of a curve</extracomment>
+        <translation>Vorhersage aus der Vergangenheit</translation>
+    </message>
+    <message>
+        <source>chronyd&apos;s own bound</source>
+        <extracomment>laboratory: name of a curve
+----------
+laboratory: heading of the table of forecasts</extracomment>
+        <translation>chronyds eigene Schranke</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <extracomment>laboratory: title of the upright axis</extracomment>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>limit %1</source>
+        <extracomment>laboratory: beside a line in the chart; %1 is a span of time</extracomment>
+        <translation>Grenze %1</translation>
+    </message>
+    <message>
+        <source>Sources lost now: within %1, %2 %, for %3 and longer; the history tells no more.</source>
+        <extracomment>laboratory: headline; %1 is a limit, %2 a number, %3 a span of time</extracomment>
+        <translation>Quellen jetzt weg: innerhalb von %1, %2 %, für %3 und länger; mehr sagt die Vergangenheit nicht.</translation>
+    </message>
+    <message>
+        <source>Sources lost now: within %1, %2 %, until %3</source>
+        <extracomment>laboratory: headline; %1 is a limit, %2 a number, %3 a time of day</extracomment>
+        <translation>Quellen jetzt weg: innerhalb von %1, %2 %, bis %3</translation>
+    </message>
+    <message>
+        <source> (give or take: between %1 and %2).</source>
+        <extracomment>laboratory: goes on from the headline; %1 and %2 are times of day</extracomment>
+        <translation> (ungefähr: zwischen %1 und %2).</translation>
+    </message>
+    <message>
+        <source> (give or take: until %1 at the least).</source>
+        <extracomment>laboratory: goes on from the headline; %1 is a time of day</extracomment>
+        <translation> (ungefähr: mindestens bis %1).</translation>
+    </message>
+    <message>
+        <source>After %1 the clock would be off by at most %2 (between %3 and %4); chronyd&apos;s own bound would say %5.</source>
+        <extracomment>laboratory: below the headline; %1 is a span of time, %2 to %4 how far the clock is off, %5 the same</extracomment>
+        <translation>Nach %1 ginge die Uhr um höchstens %2 falsch (zwischen %3 und %4); chronyds eigene Schranke würde %5 sagen.</translation>
+    </message>
+    <message>
+        <source>For %1 ahead %2 of history without a gap are needed; this has %3.</source>
+        <extracomment>laboratory: goes on from there; %1 to %3 are spans of time</extracomment>
+        <translation>Für %1 voraus sind %2 Vergangenheit ohne Lücke nötig; hier sind es %3.</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <extracomment>laboratory: headings of the table of forecasts</extracomment>
+        <translation>Nach</translation>
+    </message>
+    <message>
+        <source>At least</source>
+        <extracomment>laboratory: headings of the table of deviations: limits of the true one</extracomment>
+        <translation>Mindestens</translation>
+    </message>
+    <message>
+        <source>At most</source>
+        <translation>Höchstens</translation>
+    </message>
+    <message>
+        <source>%1 after %2: %3</source>
+        <extracomment>laboratory: what is pointed at; %1 a curve, %2 a span of time, %3 how far the clock is off</extracomment>
+        <translation>%1 nach %2: %3</translation>
+    </message>
+    <message>
+        <source>, with %3 % between %1 and %2</source>
+        <extracomment>laboratory: goes on from a value; %1 and %2 are its limits, %3 a number</extracomment>
+        <translation>, mit %3 % zwischen %1 und %2</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <extracomment>laboratory: name of the table of values</extracomment>
+        <translation>Werte</translation>
+    </message>
+    <message>
+        <source>Remark</source>
+        <extracomment>laboratory: name of the words below the headline</extracomment>
+        <translation>Bemerkung</translation>
+    </message>
+    <message>
+        <source>At the pointer</source>
+        <extracomment>laboratory: name of the line that says what is pointed at</extracomment>
+        <translation>Am Zeiger</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Values</source>
+        <extracomment>laboratory: menu item, the table goes to the clipboard</extracomment>
+        <translation>&amp;Werte kopieren</translation>
+    </message>
+    <message>
+        <source>Computing…</source>
+        <extracomment>laboratory: in place of the chart while it is being computed</extracomment>
+        <translation>Rechnet…</translation>
+    </message>
+    <message>
+        <source>Allan (ADEV)</source>
+        <extracomment>laboratory: measures of stability: name and tooltip</extracomment>
+        <translation>Allan (ADEV)</translation>
+    </message>
+    <message>
+        <source>How much the mean frequency of one stretch differs from that of the next</source>
+        <translation>Wie sehr die mittlere Frequenz einer Zeitspanne von der der nächsten abweicht</translation>
+    </message>
+    <message>
+        <source>Allan, overlapping (OADEV)</source>
+        <translation>Allan, überlappend (OADEV)</translation>
+    </message>
+    <message>
+        <source>The same from stretches that overlap: the usual measure, surer than the plain one</source>
+        <translation>Dasselbe aus überlappenden Spannen: das übliche Maß, sicherer als das einfache</translation>
+    </message>
+    <message>
+        <source>Modified Allan (MDEV)</source>
+        <translation>Allan, modifiziert (MDEV)</translation>
+    </message>
+    <message>
+        <source>Tells white from flicker noise of the measurement, which Allan&apos;s does not</source>
+        <translation>Unterscheidet weißes vom Funkelrauschen der Messung, was Allans Maß nicht tut</translation>
+    </message>
+    <message>
+        <source>Time (TDEV)</source>
+        <translation>Zeit (TDEV)</translation>
+    </message>
+    <message>
+        <source>The same as the modified one, as a time: how far the time itself wanders</source>
+        <translation>Dasselbe wie das modifizierte, als Zeit: wie weit die Zeit selbst wandert</translation>
+    </message>
+    <message>
+        <source>Hadamard (HDEV)</source>
+        <translation>Hadamard (HDEV)</translation>
+    </message>
+    <message>
+        <source>As Allan&apos;s, but blind for a frequency that drifts evenly, as an aging crystal&apos;s does</source>
+        <translation>Wie Allans Maß, doch blind für eine gleichmäßig driftende Frequenz, wie sie ein alternder Quarz hat</translation>
+    </message>
+    <message>
+        <source>Largest error (MTIE)</source>
+        <translation>Größter Fehler (MTIE)</translation>
+    </message>
+    <message>
+        <source>The largest time error that came up within a stretch of that length</source>
+        <translation>Der größte Zeitfehler, der in einer Spanne dieser Länge aufkam</translation>
+    </message>
+    <message>
+        <source>white PM</source>
+        <extracomment>laboratory: kind of noise; PM: of the phase</extracomment>
+        <translation>weißes PM</translation>
+    </message>
+    <message>
+        <source>flicker PM</source>
+        <extracomment>laboratory: kind of noise; PM: of the phase</extracomment>
+        <translation>Funkel-PM</translation>
+    </message>
+    <message>
+        <source>white FM</source>
+        <extracomment>laboratory: kind of noise; FM: of the frequency</extracomment>
+        <translation>weißes FM</translation>
+    </message>
+    <message>
+        <source>flicker FM</source>
+        <extracomment>laboratory: kind of noise; FM: of the frequency</extracomment>
+        <translation>Funkel-FM</translation>
+    </message>
+    <message>
+        <source>random walk FM</source>
+        <extracomment>laboratory: kind of noise; FM: of the frequency</extracomment>
+        <translation>Zufallsweg-FM</translation>
+    </message>
+    <message>
+        <source>a week</source>
+        <extracomment>laboratory: period of a peak</extracomment>
+        <translation>eine Woche</translation>
+    </message>
+    <message>
+        <source>a day</source>
+        <extracomment>laboratory: period of a peak</extracomment>
+        <translation>ein Tag</translation>
+    </message>
+    <message>
+        <source>12 h, half a day</source>
+        <extracomment>laboratory: period of a peak</extracomment>
+        <translation>12 h, ein halber Tag</translation>
+    </message>
+    <message>
+        <source>an hour</source>
+        <extracomment>laboratory: period of a peak</extracomment>
+        <translation>eine Stunde</translation>
+    </message>
+    <message>
+        <source>%1, a poll interval</source>
+        <extracomment>laboratory: period of a peak; %1 is a span of time</extracomment>
+        <translation>%1, ein Abfrageabstand</translation>
+    </message>
+    <message>
+        <source>%1: %4 records from %2 to %3, one every %5</source>
+        <extracomment>laboratory: what is used; %1 a log, %2 and %3 dates and times, %4 a number, %5 a span of time</extracomment>
+        <translation>%1: %4 Einträge von %2 bis %3, einer alle %5</translation>
+    </message>
+    <message numerus="yes">
+        <source>, in %n stretch(es) with gaps between them</source>
+        <extracomment>laboratory: goes on from &quot;one every 64 s&quot;</extracomment>
+        <translation>
+            <numerusform>, in einem Abschnitt</numerusform>
+            <numerusform>, in %n Abschnitten mit Lücken dazwischen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Periodogram of the clock</source>
+        <extracomment>laboratory: title of the page&apos;s pictures</extracomment>
+        <translation>Periodogramm der Uhr</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <extracomment>laboratory: name of a menu, and its tooltip</extracomment>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>In what rhythms are looked for</source>
+        <extracomment>laboratory: tooltip of the menu</extracomment>
+        <translation>Worin Rhythmen gesucht werden</translation>
+    </message>
+    <message>
+        <source>Frequency of the clock</source>
+        <extracomment>laboratory: entries of the menu: the oscillator&apos;s frequency, and the offsets that chronyd found</extracomment>
+        <translation>Frequenz der Uhr</translation>
+    </message>
+    <message>
+        <source>Offsets that chronyd found</source>
+        <translation>Abweichungen, die chronyd fand</translation>
+    </message>
+    <message>
+        <source>Without &amp;trend</source>
+        <extracomment>laboratory: box, and its tooltip</extracomment>
+        <translation>Ohne &amp;Trend</translation>
+    </message>
+    <message>
+        <source>Without trend</source>
+        <translation>Ohne Trend</translation>
+    </message>
+    <message>
+        <source>Takes a straight line out first: a steady drift hides slow rhythms</source>
+        <extracomment>laboratory: tooltip of the box</extracomment>
+        <translation>Nimmt vorher eine Gerade heraus: Eine stetige Drift verdeckt langsame Rhythmen</translation>
+    </message>
+    <message>
+        <source>Frequency; above: its period</source>
+        <extracomment>laboratory: title of the level axis</extracomment>
+        <translation>Frequenz; oben: ihre Periode</translation>
+    </message>
+    <message>
+        <source>Single values</source>
+        <extracomment>laboratory: name of a band: from the smallest to the largest of neighbouring values</extracomment>
+        <translation>Einzelne Werte</translation>
+    </message>
+    <message>
+        <source>Mean, with 95 % limits</source>
+        <extracomment>laboratory: name of a curve</extracomment>
+        <translation>Mittel, mit 95-%-Grenzen</translation>
+    </message>
+    <message>
+        <source>Rhythms</source>
+        <extracomment>laboratory: name of the marks of what stands out</extracomment>
+        <translation>Rhythmen</translation>
+    </message>
+    <message>
+        <source>Power spectral density (dB relative to 1 s²/Hz)</source>
+        <extracomment>laboratory: title of the upright axis</extracomment>
+        <translation>Spektrale Leistungsdichte (dB bezogen auf 1 s²/Hz)</translation>
+    </message>
+    <message>
+        <source>Power spectral density (dB relative to 1 (s/s)²/Hz)</source>
+        <translation>Spektrale Leistungsdichte (dB bezogen auf 1 (s/s)²/Hz)</translation>
+    </message>
+    <message>
+        <source>No rhythm stands out from the noise.</source>
+        <extracomment>laboratory: headline of the periodogram</extracomment>
+        <translation>Kein Rhythmus ragt aus dem Rauschen.</translation>
+    </message>
+    <message>
+        <source>The strongest rhythm has a period of %1: ±%2 (between %3 and %4).</source>
+        <extracomment>laboratory: headline of the periodogram; %1 a period, %2 to %4 how strong it is</extracomment>
+        <translation>Periode des stärksten Rhythmus: %1, mit ±%2 (zwischen %3 und %4).</translation>
+    </message>
+    <message>
+        <source>What comes back each day is the temperature, as a rule: compensating it is worth a try.</source>
+        <extracomment>laboratory: goes on from the headline</extracomment>
+        <translation>Was täglich wiederkehrt, ist in der Regel die Temperatur: Sie zu kompensieren ist einen Versuch wert.</translation>
+    </message>
+    <message>
+        <source>%1 values in even steps, by FFT.</source>
+        <extracomment>laboratory: said of how the periodogram was made; %1 is a number</extracomment>
+        <translation>%1 Werte in gleichen Schritten, durch FFT.</translation>
+    </message>
+    <message>
+        <source>%1 values at uneven times, by Lomb and Scargle&apos;s method.</source>
+        <translation>%1 Werte zu ungleichen Zeiten, nach Lomb und Scargle.</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <extracomment>laboratory: headings of the table of rhythms</extracomment>
+        <translation>Periode</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <translation>Frequenz</translation>
+    </message>
+    <message>
+        <source>Amplitude</source>
+        <translation>Amplitude</translation>
+    </message>
+    <message>
+        <source>Density</source>
+        <translation>Dichte</translation>
+    </message>
+    <message>
+        <source>By chance</source>
+        <extracomment>laboratory: heading of the table of rhythms: how probable it is that noise alone does that</extracomment>
+        <translation>Durch Zufall</translation>
+    </message>
+    <message>
+        <source>Period %1 (%2): %3 dB</source>
+        <extracomment>laboratory: what is pointed at; %1 a span of time, %2 a frequency, %3 a number</extracomment>
+        <translation>Periode %1 (%2): %3 dB</translation>
+    </message>
+    <message>
+        <source>, with 95 % between %1 and %2 dB</source>
+        <extracomment>laboratory: goes on from a value; %1 and %2 are its limits</extracomment>
+        <translation>, mit 95 % zwischen %1 und %2 dB</translation>
+    </message>
+    <message>
+        <source>Below: not the clock</source>
+        <extracomment>laboratory: name of a line in the chart: deviations below it are the network&apos;s noise</extracomment>
+        <translation>Darunter: nicht die Uhr</translation>
+    </message>
+    <message>
+        <source>Stability of the clock</source>
+        <extracomment>laboratory: title of the page&apos;s pictures</extracomment>
+        <translation>Stabilität der Uhr</translation>
+    </message>
+    <message>
+        <source>Confidence</source>
+        <extracomment>laboratory: name of a menu, and its tooltip</extracomment>
+        <translation>Vertrauen</translation>
+    </message>
+    <message>
+        <source>How probable it is that the true deviation lies within an error bar</source>
+        <extracomment>laboratory: tooltip of the menu of confidences</extracomment>
+        <translation>Wie wahrscheinlich die wahre Abweichung innerhalb eines Fehlerbalkens liegt</translation>
+    </message>
+    <message>
+        <source>%1 % bars</source>
+        <extracomment>laboratory: entry of the menu of confidences; %1 is a number</extracomment>
+        <translation>Balken für %1 %</translation>
+    </message>
+    <message>
+        <source>Averaging times</source>
+        <extracomment>laboratory: name of a menu, and its tooltip</extracomment>
+        <translation>Mittelungszeiten</translation>
+    </message>
+    <message>
+        <source>Which averaging times are worked out</source>
+        <extracomment>laboratory: tooltip of the menu of averaging times</extracomment>
+        <translation>Welche Mittelungszeiten ausgerechnet werden</translation>
+    </message>
+    <message>
+        <source>Doubling times</source>
+        <extracomment>laboratory: averaging times: each twice as long as the one before, ten times as long, or all</extracomment>
+        <translation>Verdoppelte Zeiten</translation>
+    </message>
+    <message>
+        <source>Decades</source>
+        <translation>Dekaden</translation>
+    </message>
+    <message>
+        <source>All times</source>
+        <translation>Alle Zeiten</translation>
+    </message>
+    <message>
+        <source>Of the sources in chrony.conf, which is read for it; chronyd&apos;s own default is %1</source>
+        <extracomment>laboratory: tooltip of the fields minpoll and maxpoll laboratory: tooltip of the fields minpoll and maxpoll</extracomment>
+        <translation>Von den Quellen in chrony.conf, die dafür gelesen wird; chronyds eigene Voreinstellung ist %1</translation>
+    </message>
+    <message>
+        <source>Choose a measure above.</source>
+        <extracomment>laboratory: in place of the chart</extracomment>
+        <translation>Wählen Sie oben ein Maß.</translation>
+    </message>
+    <message>
+        <source>The log is too short for any of these averaging times.</source>
+        <extracomment>laboratory: in place of the chart</extracomment>
+        <translation>Das Protokoll ist für jede dieser Mittelungszeiten zu kurz.</translation>
+    </message>
+    <message>
+        <source>Averaging time</source>
+        <extracomment>laboratory: title of the level axis</extracomment>
+        <translation>Mittelungszeit</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <extracomment>laboratory: titles of upright axes</extracomment>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Deviation of the frequency (s/s)</source>
+        <translation>Abweichung der Frequenz (s/s)</translation>
+    </message>
+    <message>
+        <source>Measure</source>
+        <extracomment>laboratory: headings of the table of deviations</extracomment>
+        <translation>Maß</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Anzahl</translation>
+    </message>
+    <message>
+        <source>Deviation</source>
+        <translation>Abweichung</translation>
+    </message>
+    <message>
+        <source>Noise</source>
+        <extracomment>laboratory: headings of the table of deviations: kind of noise, and what it is of</extracomment>
+        <translation>Rauschen</translation>
+    </message>
+    <message>
+        <source>Of what</source>
+        <translation>Wovon</translation>
+    </message>
+    <message>
+        <source>not the clock</source>
+        <translation>nicht die Uhr</translation>
+    </message>
+    <message>
+        <source>the clock</source>
+        <translation>die Uhr</translation>
+    </message>
+    <message>
+        <source>Within this log the clock nowhere surely wanders more than the network shakes: there is nothing to advise on poll intervals.</source>
+        <extracomment>laboratory: in place of the advice on poll intervals</extracomment>
+        <translation>In diesem Protokoll wandert die Uhr nirgends sicher mehr, als das Netz schwankt: Zu Abfrageabständen gibt es nichts zu raten.</translation>
+    </message>
+    <message>
+        <source>How much the network shakes stands in chrony&apos;s tracking log only: without it nothing can be advised on poll intervals, and no point is told from the measurement.</source>
+        <translation>Wie sehr das Netz schwankt, steht nur in chronys Tracking-Protokoll: Ohne es gibt es zu Abfrageabständen keinen Rat, und kein Punkt ist von der Messung zu unterscheiden.</translation>
+    </message>
+    <message>
+        <source>%1 over %2: %3</source>
+        <extracomment>laboratory: what is pointed at; %1 a measure, %2 a span of time, %3 a value</extracomment>
+        <translation>%1 über %2: %3</translation>
+    </message>
+    <message>
+        <source>; not the clock: the network shakes more than that</source>
+        <extracomment>laboratory: goes on from a value: it is below the measurement&apos;s floor</extracomment>
+        <translation>; nicht die Uhr: Das Netz schwankt mehr als das</translation>
     </message>
 </context>
 <context>
@@ -3994,6 +4967,21 @@ chronys eigene Protokolle reichen weiter zurück: „Protokolle einschalten…�
         <source>Show the report in a window of its own</source>
         <translation>Bericht in einem eigenen Fenster zeigen</translation>
     </message>
+    <message>
+        <source>Whose clock this is</source>
+        <extracomment>main window: name of the banner that says whose clock is shown</extracomment>
+        <translation>Wessen Uhr dies ist</translation>
+    </message>
+    <message>
+        <source>&amp;Back to This Machine</source>
+        <extracomment>main window: button that ends the showing of another machine&apos;s clock</extracomment>
+        <translation>&amp;Zurück zu diesem Rechner</translation>
+    </message>
+    <message>
+        <source>Back to this machine</source>
+        <extracomment>main window: name of that button</extracomment>
+        <translation>Zurück zu diesem Rechner</translation>
+    </message>
 </context>
 <context>
     <name>mending</name>
@@ -4247,6 +5235,50 @@ Läuft chronyd damit nicht, kommt die bisherige Konfiguration zurück.</translat
         <source>Histor&amp;y of the Clock</source>
         <translation>&amp;Verlauf der Uhr</translation>
     </message>
+    <message>
+        <source>Copies chrony&apos;s programs and services to this computer, and starts chronyd</source>
+        <translation>Kopiert die Programme und Dienste von chrony auf diesen Rechner und startet chronyd</translation>
+    </message>
+    <message>
+        <source>Removes what was installed there; the configuration and the logs stay</source>
+        <translation>Entfernt, was so installiert wurde; Konfiguration und Protokolle bleiben</translation>
+    </message>
+    <message>
+        <source>Starts the service that keeps this clock right</source>
+        <translation>Startet den Dienst, der diese Uhr richtig hält</translation>
+    </message>
+    <message>
+        <source>Stops that service: nothing keeps this clock right then</source>
+        <translation>Hält diesen Dienst an: Dann hält nichts diese Uhr richtig</translation>
+    </message>
+    <message>
+        <source>Corrects the clock, as it is done when the machine has slept</source>
+        <translation>Stellt die Uhr richtig, wie es nach dem Ruhezustand geschieht</translation>
+    </message>
+    <message>
+        <source>Compares the configurations that were installed before, and brings one back</source>
+        <translation>Vergleicht die zuvor installierten Konfigurationen und holt eine zurück</translation>
+    </message>
+    <message>
+        <source>Sets chrony&apos;s log files aside under other names, and begins new ones</source>
+        <translation>Legt die Protokolle von chrony unter anderem Namen beiseite und beginnt neue</translation>
+    </message>
+    <message>
+        <source>Stops chronyd, sets the clock once by a server, and starts chronyd again</source>
+        <translation>Hält chronyd an, stellt die Uhr einmal nach einem Server und startet chronyd wieder</translation>
+    </message>
+    <message>
+        <source>Sets the clock forward or back at once, by as many seconds as you say</source>
+        <translation>Stellt die Uhr sofort um so viele Sekunden vor oder zurück, wie Sie angeben</translation>
+    </message>
+    <message>
+        <source>Clock &amp;Laboratory</source>
+        <translation>Uhren&amp;labor</translation>
+    </message>
+    <message>
+        <source>Dae&amp;mon</source>
+        <translation>Dae&amp;mon</translation>
+    </message>
 </context>
 <context>
     <name>offers</name>
@@ -4377,11 +5409,6 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <translation>Tabelle (*.csv)</translation>
     </message>
     <message>
-        <source>The file&apos;s name must end in .png, .svg or .csv.</source>
-        <extracomment>plot windows: said when the chosen file&apos;s name says nothing about its kind</extracomment>
-        <translation>Der Name der Datei muss auf .png, .svg oder .csv enden.</translation>
-    </message>
-    <message>
         <source>Exporting…</source>
         <extracomment>plot windows: said while an export is under way</extracomment>
         <translation>Export läuft …</translation>
@@ -4395,6 +5422,16 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <source>Exported to %1.</source>
         <extracomment>plot windows: said after an export; %1 is a file</extracomment>
         <translation>Exportiert nach %1.</translation>
+    </message>
+    <message>
+        <source>Document (*.pdf)</source>
+        <extracomment>file dialog: kind of file; the part in brackets stays</extracomment>
+        <translation>Dokument (*.pdf)</translation>
+    </message>
+    <message>
+        <source>The file&apos;s name must end in .png, .svg, .pdf or .csv.</source>
+        <extracomment>plot windows: said when the chosen file&apos;s name says nothing about its kind</extracomment>
+        <translation>Der Dateiname muss auf .png, .svg, .pdf oder .csv enden.</translation>
     </message>
 </context>
 <context>
@@ -5725,11 +6762,6 @@ Starten Sie dann chronyd neu.</translation>
         <translation>Innerhalb der Grenze: %1, außerhalb: %2, ohne Nachweis: %3. Geschrieben nach %4.</translation>
     </message>
     <message>
-        <source>Compare With the Log of Another Machine</source>
-        <extracomment>history window: titles of dialogs</extracomment>
-        <translation>Mit dem Protokoll eines anderen Rechners vergleichen</translation>
-    </message>
-    <message>
         <source>Open Log</source>
         <translation>Protokoll öffnen</translation>
     </message>
@@ -5742,6 +6774,109 @@ Starten Sie dann chronyd neu.</translation>
         <source>%1 holds no records.</source>
         <extracomment>history window: said when a log that was to be compared has nothing; %1 is a file</extracomment>
         <translation>%1 enthält keine Aufzeichnungen.</translation>
+    </message>
+    <message>
+        <source>A few very large values rule this number: the median and the percentiles tell what the others are like.</source>
+        <extracomment>history window: tooltip of mean, standard deviation and RMS where they say little</extracomment>
+        <translation>Wenige sehr große Werte bestimmen diese Zahl: Wie die übrigen sind, sagen Median und Perzentile.</translation>
+    </message>
+    <message>
+        <source>Compare With the Logs of Another Machine</source>
+        <extracomment>history window: titles of dialogs</extracomment>
+        <translation>Mit den Protokollen eines anderen Rechners vergleichen</translation>
+    </message>
+    <message>
+        <source>Open Folder of Logs</source>
+        <translation>Ordner mit Protokollen öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::HostsDialog</name>
+    <message>
+        <source></source>
+        <comment>the window with the other machines whose clocks the main window can show.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>Other Machines</source>
+        <extracomment>other machines: title of the window</extracomment>
+        <translation>Andere Rechner</translation>
+    </message>
+    <message>
+        <source>The main window can show the clocks of other machines, as their chronyd tells it to everybody. There, chrony.conf needs the directives bindcmdaddress and cmdallow, with this machine&apos;s address; UDP port 323 has to be open between the two.</source>
+        <extracomment>other machines: what the window is for</extracomment>
+        <translation>Das Hauptfenster kann die Uhren anderer Rechner zeigen, so wie deren chronyd es jedem sagt. Dort braucht chrony.conf die Anweisungen bindcmdaddress und cmdallow, mit der Adresse dieses Rechners; der UDP-Port 323 muss zwischen beiden offen sein.</translation>
+    </message>
+    <message>
+        <source>&amp;Machines:</source>
+        <extracomment>other machines: label of the list</extracomment>
+        <translation>&amp;Rechner:</translation>
+    </message>
+    <message>
+        <source>Machines</source>
+        <extracomment>other machines: name of the list</extracomment>
+        <translation>Rechner</translation>
+    </message>
+    <message>
+        <source>They stand in the menu Daemon; a double click shows the clock of one</source>
+        <extracomment>other machines: tooltip of the list</extracomment>
+        <translation>Sie stehen im Menü „Daemon“; ein Doppelklick zeigt die Uhr des Rechners</translation>
+    </message>
+    <message>
+        <source>&amp;Name or address:</source>
+        <extracomment>other machines: label of the field</extracomment>
+        <translation>&amp;Name oder Adresse:</translation>
+    </message>
+    <message>
+        <source>Name or address</source>
+        <extracomment>other machines: name of the field</extracomment>
+        <translation>Name oder Adresse</translation>
+    </message>
+    <message>
+        <source>Such as time.example.org, 192.0.2.1 or 2001:db8::1; also the path of a chronyd&apos;s socket</source>
+        <extracomment>other machines: tooltip of the field</extracomment>
+        <translation>Etwa time.example.org, 192.0.2.1 oder 2001:db8::1; auch der Pfad zum Socket eines chronyd</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <extracomment>other machines: button</extracomment>
+        <translation>&amp;Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <extracomment>other machines: button</extracomment>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Show Its Clock</source>
+        <extracomment>other machines: button</extracomment>
+        <translation>Seine &amp;Uhr zeigen</translation>
+    </message>
+    <message>
+        <source>Show its clock</source>
+        <translation>Seine Uhr zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <extracomment>other machines: button</extracomment>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>“%1” is neither a host name nor an address.</source>
+        <extracomment>other machines: %1 was typed as a name or an address</extracomment>
+        <translation>„%1“ ist weder ein Rechnername noch eine Adresse.</translation>
     </message>
 </context>
 <context>
@@ -5825,6 +6960,145 @@ Starten Sie dann chronyd neu.</translation>
         <source></source>
         <comment>former configurations: the window that lists them and brings one back.</comment>
         <translation></translation>
+    </message>
+</context>
+<context>
+    <name>tickervantage::LaboratoryWindow</name>
+    <message>
+        <source></source>
+        <comment>The window that studies how steady the clock is: its controls, and the titles of its dialogs.</comment>
+        <translation></translation>
+    </message>
+    <message>
+        <source>Clock Laboratory</source>
+        <extracomment>laboratory: title</extracomment>
+        <translation>Uhrenlabor</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <extracomment>laboratory: name of the tabs</extracomment>
+        <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>&amp;Stability</source>
+        <extracomment>laboratory: titles of pages</extracomment>
+        <translation>&amp;Stabilität</translation>
+    </message>
+    <message>
+        <source>&amp;Holdover</source>
+        <extracomment>laboratory: title of a page</extracomment>
+        <translation>Frei&amp;lauf</translation>
+    </message>
+    <message>
+        <source>&amp;Compensation</source>
+        <extracomment>laboratory: title of a page</extracomment>
+        <translation>&amp;Kompensation</translation>
+    </message>
+    <message>
+        <source>&amp;Periodogram</source>
+        <extracomment>laboratory: title of a page</extracomment>
+        <translation>&amp;Periodogramm</translation>
+    </message>
+    <message>
+        <source>What is used</source>
+        <extracomment>laboratory: name of the line that says what is used</extracomment>
+        <translation>Was benutzt wird</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <extracomment>laboratory: name of a menu, and its tooltip</extracomment>
+        <translation>Quelle</translation>
+    </message>
+    <message>
+        <source>Whose past is looked at</source>
+        <translation>Wessen Vergangenheit betrachtet wird</translation>
+    </message>
+    <message>
+        <source>Logs</source>
+        <extracomment>laboratory: button with a menu, and its tooltip</extracomment>
+        <translation>Protokolle</translation>
+    </message>
+    <message>
+        <source>Open another log</source>
+        <translation>Ein anderes Protokoll öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Logs</source>
+        <extracomment>laboratory: button with a menu</extracomment>
+        <translation>P&amp;rotokolle</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <extracomment>laboratory: button with a menu, and its tooltip</extracomment>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Save or copy what this page shows</source>
+        <translation>Speichert oder kopiert, was diese Seite zeigt</translation>
+    </message>
+    <message>
+        <source>&amp;Export</source>
+        <extracomment>laboratory: button with a menu</extracomment>
+        <translation>&amp;Exportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Open Log…</source>
+        <extracomment>laboratory: menu item</extracomment>
+        <translation>Protokoll ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>Open &amp;Folder of Logs…</source>
+        <extracomment>laboratory: menu item</extracomment>
+        <translation>&amp;Ordner mit Protokollen öffnen…</translation>
+    </message>
+    <message>
+        <source>Turn On &amp;Logs…</source>
+        <extracomment>laboratory: menu item, has chrony write the logs that this window needs</extracomment>
+        <translation>Protokolle &amp;einschalten…</translation>
+    </message>
+    <message>
+        <source>Open Folder of Logs</source>
+        <extracomment>laboratory: titles of dialogs</extracomment>
+        <translation>Ordner mit Protokollen öffnen</translation>
+    </message>
+    <message>
+        <source>Open Log</source>
+        <translation>Protokoll öffnen</translation>
+    </message>
+    <message>
+        <source>The demonstration&apos;s tracking log</source>
+        <extracomment>laboratory: entry of the menu of sources</extracomment>
+        <translation>Das Tracking-Protokoll der Vorführung</translation>
+    </message>
+    <message>
+        <source>chrony&apos;s log, %1</source>
+        <extracomment>laboratory: entry of the menu of sources; %1 is a file or folder</extracomment>
+        <translation>chronys Protokoll, %1</translation>
+    </message>
+    <message>
+        <source>Readings of this program</source>
+        <extracomment>laboratory: entry of the menu of sources</extracomment>
+        <translation>Ablesungen dieses Programms</translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <extracomment>laboratory: said while a log is read</extracomment>
+        <translation>Liest…</translation>
+    </message>
+    <message>
+        <source>Used are the whole readings of the last week; older ones are thinned to minutes and hours, which lose the single offsets.</source>
+        <extracomment>laboratory: below the pages, where readings are used and no log</extracomment>
+        <translation>Benutzt werden die vollständigen Ablesungen der letzten Woche; ältere sind auf Minuten und Stunden ausgedünnt, wobei die einzelnen Abweichungen verloren gehen.</translation>
+    </message>
+    <message>
+        <source>This program keeps a reading every few seconds: leave its main window open for a while, or choose “Turn On Logs…” to have chrony write a tracking log.</source>
+        <extracomment>laboratory: what to do while there are no readings yet</extracomment>
+        <translation>Dieses Programm hebt alle paar Sekunden eine Ablesung auf: Lassen Sie das Hauptfenster eine Weile offen, oder lassen Sie chrony mit „Protokolle einschalten…“ ein Tracking-Protokoll schreiben.</translation>
+    </message>
+    <message>
+        <source>Choose “Turn On Logs…” to have chrony write one, or “Open Log…” for one from elsewhere.</source>
+        <extracomment>laboratory: what to do where a log cannot be read</extracomment>
+        <translation>Mit „Protokolle einschalten…“ schreibt chrony eines; „Protokoll öffnen…“ öffnet eines von anderswo.</translation>
     </message>
 </context>
 <context>
@@ -6454,6 +7728,13 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <extracomment>synchronise window: label of the number of seconds</extracomment>
         <translation>Auf&amp;geben nach:</translation>
     </message>
+    <message>
+        <source>chronyd is stopped, asks this server, and sets the clock at once.
+What it says meanwhile appears here.</source>
+        <extracomment>one-time synchronisation: in place of chronyd&apos;s words, before there are any</extracomment>
+        <translation>chronyd wird angehalten, fragt diesen Server und stellt die Uhr sofort.
+Was er dabei sagt, erscheint hier.</translation>
+    </message>
 </context>
 <context>
     <name>tickervantage::TickervantageWindow</name>
@@ -6521,6 +7802,36 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <source>chronyd answers, with the leap status “%1”.</source>
         <extracomment>main window, status line: %1 is chrony&apos;s word for a leap second that is announced, such as &quot;Delete second&quot;</extracomment>
         <translation>chronyd antwortet, mit dem Schaltsekundenstatus „%1“.</translation>
+    </message>
+    <message>
+        <source>%1 gave no answer (%2). Either it cannot be reached, or its chronyd does not answer other machines: that takes the directives cmdallow and bindcmdaddress in its chrony.conf.</source>
+        <extracomment>main window, status line: %1 is another machine, %2 what chronyc printed instead of a report</extracomment>
+        <translation>%1 hat nicht geantwortet (%2). Entweder ist der Rechner nicht erreichbar, oder sein chronyd antwortet anderen Rechnern nicht: Dazu braucht dessen chrony.conf die Anweisungen cmdallow und bindcmdaddress.</translation>
+    </message>
+    <message>
+        <source>Asking this machine…</source>
+        <extracomment>main window, status line: this machine is read again</extracomment>
+        <translation>Dieser Rechner wird gefragt…</translation>
+    </message>
+    <message>
+        <source>Asking %1…</source>
+        <extracomment>main window, status line: %1 is another machine</extracomment>
+        <translation>%1 wird gefragt…</translation>
+    </message>
+    <message>
+        <source>chronyd gives the report “%1” to root on its own machine alone. Choose another report.</source>
+        <extracomment>main window, status line: %1 is a chronyc command</extracomment>
+        <translation>Den Bericht „%1“ gibt chronyd nur root auf dem eigenen Rechner. Wählen Sie einen anderen Bericht.</translation>
+    </message>
+    <message>
+        <source>%1 – Tickervantage</source>
+        <extracomment>main window: its title while the clock of another machine is shown; %1 is that machine</extracomment>
+        <translation>%1 – Tickervantage</translation>
+    </message>
+    <message>
+        <source>This is the clock of %1. It is only read: what changes chrony, the history, the alarms and the icon in the tray stay with this machine.</source>
+        <extracomment>main window, banner: %1 is another machine</extracomment>
+        <translation>Dies ist die Uhr von %1. Dort wird nur gelesen: Was chrony ändert, der Verlauf, die Warnungen und das Symbol im Infobereich bleiben bei diesem Rechner.</translation>
     </message>
 </context>
 <context>
@@ -6685,13 +7996,6 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <translation>Exportieren</translation>
     </message>
     <message>
-        <source>chronyd writes no tracking log: %1 has no line “log tracking”.
-Add that line in the configuration editor, check it, and install it.</source>
-        <extracomment>tracking window: shown in place of the graph; %1 is the path of chrony.conf</extracomment>
-        <translation>chronyd schreibt kein Tracking-Protokoll: In %1 fehlt die Zeile „log tracking“.
-Fügen Sie diese Zeile im Konfigurationseditor ein, prüfen und installieren Sie sie.</translation>
-    </message>
-    <message>
         <source>chronyd writes no tracking log: %1 asks for one, but no line “logdir” says where to.
 Add a line such as “logdir /var/log/chrony” in the configuration editor, check it, and install it.</source>
         <extracomment>tracking window: shown in place of the graph; %1 is the path of chrony.conf</extracomment>
@@ -6785,6 +8089,13 @@ tracking window: menu item of the graph, chooses height and unit</extracomment>
         <source>Zoom in on smaller values</source>
         <extracomment>tracking window: tooltip of a slider</extracomment>
         <translation>Kleinere Werte vergrößern</translation>
+    </message>
+    <message>
+        <source>chronyd writes no tracking log: %1 has no line “log tracking”.
+“Turn On Logging…” in the main window adds that line; so can you, in the configuration editor.</source>
+        <extracomment>tracking window: shown in place of the graph; %1 is the path of chrony.conf</extracomment>
+        <translation>chronyd schreibt kein Tracking-Protokoll: In %1 fehlt die Zeile „log tracking“.
+„Protokolle einschalten…“ im Hauptfenster fügt sie hinzu; Sie können es auch im Konfigurationseditor.</translation>
     </message>
 </context>
 <context>
@@ -6964,7 +8275,7 @@ tracking window: menu item of the graph, chooses height and unit</extracomment>
     </message>
     <message>
         <source>Mend it</source>
-        <extracomment>main window: name of the button that mends what the notice beside it tells of</extracomment>
+        <extracomment>main window: name of the button that mends what the notice beside it tells of, before it is known what</extracomment>
         <translation>Beheben</translation>
     </message>
     <message>

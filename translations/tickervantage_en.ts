@@ -43,6 +43,17 @@
     </message>
 </context>
 <context>
+    <name>laboratory</name>
+    <message numerus="yes">
+        <source>, in %n stretch(es) with gaps between them</source>
+        <extracomment>laboratory: goes on from &quot;one every 64 s&quot;</extracomment>
+        <translation>
+            <numerusform>, in one stretch</numerusform>
+            <numerusform>, in %n stretches with gaps between them</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tickervantage::HelpContents</name>
     <message numerus="yes">
         <source>%n passage(s)</source>
