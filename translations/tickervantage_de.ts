@@ -4380,7 +4380,7 @@ laboratory: heading of the table of forecasts</extracomment>
         <source>, in %n stretch(es) with gaps between them</source>
         <extracomment>laboratory: goes on from &quot;one every 64 s&quot;</extracomment>
         <translation>
-            <numerusform>, in einem Abschnitt</numerusform>
+            <numerusform>, in %n Abschnitt</numerusform>
             <numerusform>, in %n Abschnitten mit Lücken dazwischen</numerusform>
         </translation>
     </message>

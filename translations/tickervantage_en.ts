@@ -48,7 +48,7 @@
         <source>, in %n stretch(es) with gaps between them</source>
         <extracomment>laboratory: goes on from &quot;one every 64 s&quot;</extracomment>
         <translation>
-            <numerusform>, in one stretch</numerusform>
+            <numerusform>, in %n stretch</numerusform>
             <numerusform>, in %n stretches with gaps between them</numerusform>
         </translation>
     </message>
