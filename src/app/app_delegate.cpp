@@ -47,7 +47,7 @@ struct Texts {
 };
 
 constexpr const char* usual_log_folder = "/var/log/chrony/";
-constexpr std::int64_t messages_of_late = 90 * 86400; // seconds
+constexpr std::int64_t messages_of_late = std::int64_t{90} * 86400; // seconds
 
 // What this user may not read is not there.
 Result<> read_journal_of_late(EventsRead& read) {

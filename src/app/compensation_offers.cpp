@@ -49,7 +49,7 @@ std::size_t points_needed(const CompensationChoice& choice, std::size_t most_poi
     if (!choice.study.refused || choice.study.refused->code != FailureCode::compensation_without_history ||
         choice.samples.size() < std::max<std::size_t>(most_points, 2))
         return 0;
-    const double span = static_cast<double>(choice.samples.back().time - choice.samples.front().time);
+    const auto span = static_cast<double>(choice.samples.back().time - choice.samples.front().time);
     const double wanted = (shortest_temperature_history + 1) * 86400;
     return span > 0 ? static_cast<std::size_t>(static_cast<double>(choice.samples.size()) * wanted / span) : 0;
 }

@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QMenu>
 
+#include <utility>
+
 namespace tickervantage {
 namespace {
 
@@ -17,8 +19,8 @@ struct Texts {
 
 } // namespace
 
-DaemonMenu::DaemonMenu(DefaultSettings& settings, TickervantageWindow& window, const ApplicationMenus& menus)
-    : m_settings(settings), m_window(window), m_menus(menus) {
+DaemonMenu::DaemonMenu(DefaultSettings& settings, TickervantageWindow& window, ApplicationMenus menus)
+    : m_settings(settings), m_window(window), m_menus(std::move(menus)) {
     list();
     connect(m_menus.m_daemon, &QMenu::aboutToShow, this, &DaemonMenu::list);           // the settings may be others now
     connect(m_menus.m_action, &QMenu::aboutToShow, this, &DaemonMenu::forbid_changes); // after those who allow them

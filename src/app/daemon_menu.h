@@ -23,7 +23,7 @@ class DaemonMenu : public QObject {
 
 public:
     // All live longer; the window makes the menus.
-    DaemonMenu(DefaultSettings& settings, TickervantageWindow& window, const ApplicationMenus& menus);
+    DaemonMenu(DefaultSettings& settings, TickervantageWindow& window, ApplicationMenus menus);
     ~DaemonMenu() override;
 
 private:

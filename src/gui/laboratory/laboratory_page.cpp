@@ -49,8 +49,8 @@ QTreeWidget* value_table(QWidget* parent, const QString& name) {
 
 } // namespace
 
-LaboratoryPage::LaboratoryPage(QWidget* parent, const char* name, const QString& title, LaboratoryPageParts parts)
-    : QWidget(parent), m_parts(std::move(parts)), m_title(title), m_background(m_parts.main_thread) {
+LaboratoryPage::LaboratoryPage(QWidget* parent, const char* name, QString title, LaboratoryPageParts parts)
+    : QWidget(parent), m_parts(std::move(parts)), m_title(std::move(title)), m_background(m_parts.main_thread) {
     setObjectName(QLatin1String(name) + QStringLiteral("_page"));
     build(name);
     m_exports = std::make_unique<PlotExport>(this, m_chart, *this, m_parts.exports);

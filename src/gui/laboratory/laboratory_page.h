@@ -44,7 +44,7 @@ class LaboratoryPage : public QWidget, public ExportedPlot {
     Q_OBJECT
 public:
     // `name`: of the page's widgets, "stability" makes "stability_chart"; `title`: of its pictures.
-    LaboratoryPage(QWidget* parent, const char* name, const QString& title, LaboratoryPageParts parts);
+    LaboratoryPage(QWidget* parent, const char* name, QString title, LaboratoryPageParts parts);
 
     // Null: there are none, for that reason.
     void set_data(std::shared_ptr<const LaboratoryData> data, const QString& reason);

@@ -111,7 +111,7 @@ QString noise_words(NoiseType noise) {
 }
 
 QString period_words(const SpectralPeak& peak) {
-    const QString length = from_std(span_text(peak.period(), 3, QLocale().decimalPoint().toStdString()));
+    QString length = from_std(span_text(peak.period(), 3, QLocale().decimalPoint().toStdString()));
     if (!peak.known)
         return length;
     switch (*peak.known) {
@@ -161,7 +161,7 @@ QString percent_words(double share) {
 
 QString moment_words(std::int64_t moment, std::int64_t now) {
     const QLocale locale;
-    const QString time = local_time_of_day(moment, locale);
+    QString time = local_time_of_day(moment, locale);
     const auto date = QDateTime::fromSecsSinceEpoch(moment).date();
     const auto days = QDateTime::fromSecsSinceEpoch(now).date().daysTo(date);
     if (days == 0)

@@ -43,11 +43,11 @@ TimedSamples samples_in_map(const ScatterMap& map) {
 std::optional<CompensationChoice> choose_compensation(TimedSamples samples,
                                                       const std::optional<InstalledCompensation>& installed) {
     std::optional<CompensationChoice> best;
-    for (auto& [sensor, own] : samples) {
+    for (auto& one : samples) {
         if (installed)
-            take_off_installed(*installed, sensor, own);
-        CompensationChoice choice{.sensor = sensor, .study = study_compensation(own), .samples = {}};
-        choice.samples = std::move(own);
+            take_off_installed(*installed, one.first, one.second);
+        CompensationChoice choice{.sensor = one.first, .study = study_compensation(one.second), .samples = {}};
+        choice.samples = std::move(one.second);
         if (!best || rank_of(choice) > rank_of(*best))
             best = std::move(choice);
     }

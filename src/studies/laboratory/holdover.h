@@ -34,8 +34,8 @@ struct HoldoverForecast {
     std::optional<double> limit_after;   // s after the loss; none: not within the longest horizon, or no limit
 };
 
-// When the limit is passed at the earliest and at the latest, by the limits of the quantile themselves, s after the loss.
-// None: not within the longest horizon.
+// When the limit is passed at the earliest and at the latest, by the limits of the quantile themselves, s after the
+// loss. None: not within the longest horizon.
 struct LimitInterval {
     std::optional<double> earliest;
     std::optional<double> latest;
