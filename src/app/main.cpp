@@ -29,6 +29,7 @@
 #include "roothelper/client/no_privileged_channel.h"
 #include "roothelper/jobs/this_machine.h"
 #include "settings/settings_catalogue.h"
+#include "studies/freqtemp/recorded_temperatures.h"
 
 #include "gui/main/tickervantage_window.h"
 
@@ -304,10 +305,13 @@ int run(const ProgramOptions& options, int argc, char** argv) {
         if (!started)
             return fail(english(started.error()));
         paths = throw_away(paths, demonstration.folder());
-        const auto kept =
-            keep_recording(paths.data_home + "/Tickervantage/history.sqlite", recorded_day(demonstration.begun()));
-        if (!kept) // there is less to see then
-            std::fprintf(stderr, "tickervantage: %s\n", english(kept.error()).c_str());
+        const std::string data = paths.data_home + "/Tickervantage";
+        PosixUserFiles files;
+        const auto begun = demonstration.begun();
+        for (const auto& kept : {keep_recording(data + "/history.sqlite", recorded_day(begun)),
+                                 keep_recorded_temperatures(files, scatter_map_path(data), begun)})
+            if (!kept) // there is less to see then
+                std::fprintf(stderr, "tickervantage: %s\n", english(kept.error()).c_str());
     }
     if (!options.screenshots.empty() && !QDir().mkpath(QString::fromStdString(options.screenshots)))
         return fail("The folder " + options.screenshots + " cannot be made.");

@@ -159,6 +159,9 @@ void ScreenshotTour::plan_analysis() {
         const auto* action = page->findChild<QAction*>(QStringLiteral("export_action"));
         return action == nullptr || action->isEnabled();
     };
+    const auto has_figures = [](const QWidget& window) {
+        return window.findChild<QTreeWidget*>(QStringLiteral("compensation_figures"))->topLevelItemCount() > 0;
+    };
     const auto turn_to = [this, laboratory, refresh](int page, bool dark) {
         return [this, laboratory, refresh, page, dark] {
             show_dark(dark);
@@ -174,7 +177,7 @@ void ScreenshotTour::plan_analysis() {
                        },
                        laboratory, has_chart});
     m_stops.push_back({QStringLiteral("laboratory-holdover"), turn_to(1, false), laboratory, has_chart});
-    m_stops.push_back({QStringLiteral("laboratory-compensation"), turn_to(2, false), laboratory});
+    m_stops.push_back({QStringLiteral("laboratory-compensation"), turn_to(2, false), laboratory, has_figures});
     m_stops.push_back({QStringLiteral("laboratory-periodogram"), turn_to(3, false), laboratory, has_chart});
     m_stops.push_back({QStringLiteral("laboratory-periodogram-dark"), turn_to(3, true), laboratory, has_chart});
     const auto open_legend = [this, tracking, refresh] {
@@ -193,8 +196,11 @@ void ScreenshotTour::plan_analysis() {
                            refresh();
                        },
                        QStringLiteral("SpectrumWindow")});
+    const auto has_points = [](const QWidget& window) {
+        return window.findChild<QPushButton*>(QStringLiteral("export"))->isEnabled();
+    };
     m_stops.push_back(
-        {QStringLiteral("frequency-temperature"), show("showFreqTemp"), QStringLiteral("FreqTempWindow")});
+        {QStringLiteral("frequency-temperature"), show("showFreqTemp"), QStringLiteral("FreqTempWindow"), has_points});
     m_stops.push_back(
         {QStringLiteral("sensor-inspector"), show("showFreqInspector"), QStringLiteral("SensorInspector")});
 }

@@ -1,6 +1,7 @@
 #include "base/failure_codes.h"
 #include "linux/posix_followed_file.h"
 #include "linux/posix_user_files.h"
+#include "studies/freqtemp/recorded_temperatures.h"
 #include "studies/laboratory/compensation_state.h"
 #include "support/child_program.h"
 #include "support/test.h"
@@ -103,6 +104,18 @@ TEST(CompensationState, WithoutFilesThereIsNothingToRefuse) {
     const auto bad = read_compensation({home.path("bad.json"), home.path("no.conf")}, files, logs);
     ASSERT_TRUE(bad.unread);
     EXPECT_EQ(bad.unread->code, FailureCode::cannot_read);
+}
+
+TEST(RecordedTemperatures, ShowWhatACompensationIsWorth) {
+    constexpr std::int64_t end = 1'795'342'307;
+    const ScatterMap map = recorded_temperatures(end);
+    const auto best = choose_compensation(samples_in_map(map), std::nullopt);
+    ASSERT_TRUE(best && best->study.compensation);
+    EXPECT_FALSE(best->study.refused);
+    EXPECT_GT(best->study.compensation->gain_low, 2);
+    EXPECT_TRUE(map.at(best->sensor).quadRegression->valid) << "the plot has its curve before a reading comes";
+    EXPECT_EQ(best->samples.back().time, end);
+    EXPECT_LT(best->samples.size(), 2000U) << "what a fresh window keeps";
 }
 
 } // namespace
