@@ -70,6 +70,8 @@ TEST(IntervalScale, MarksAreRoundAndApart) {
     }
     const std::vector<TimeInterval> some{{-0.0025, 0}};
     EXPECT_EQ(IntervalScale(some, left, right).marks(50, ",").front().text, "−2,5 ms");
+    const std::vector<TimeInterval> even{{-4.9e-6, 4.8e-6}};
+    EXPECT_EQ(IntervalScale(even, 0, 170).marks(50, ".").size(), 3U) << "where only 0 would be left of steps of 5";
 }
 
 class Picture : public ::testing::Test {

@@ -77,10 +77,15 @@ double IntervalScale::place_of(double seconds) const {
 }
 
 std::vector<double> IntervalScale::even_values(double room) const {
-    const double step = round_step(room / m_points_per_unit);
-    std::vector<double> values;
-    for (double number = std::ceil(m_low / step); number * step <= m_high; ++number)
-        values.push_back(number * step);
+    const auto multiples = [this](double step) {
+        std::vector<double> values;
+        for (double number = std::ceil(m_low / step); number * step <= m_high; ++number)
+            values.push_back(number * step);
+        return values;
+    };
+    auto values = multiples(round_step(room / m_points_per_unit));
+    if (values.size() < 2) // one tells no scale: 4 is nearer than 5
+        values = multiples(2 * round_step(room / m_points_per_unit / 2));
     return values;
 }
 

@@ -42,7 +42,7 @@ enum class HelperVerb : std::uint8_t {
     guard_chrony,  // what the caller stops from now on is started again should the caller go away
     resume_chrony, // what the caller has stopped is started again
     use_sensor,    // of the temperature, which chronyd reads from its next start on
-    check_sensor, // whether chronyd can read it
+    check_sensor,  // whether chronyd can read it
     drop_sensor,
 };
 
