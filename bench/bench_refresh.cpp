@@ -77,6 +77,7 @@ public:
     void show_meter_value(const std::string& text) override { m_meter_value = text; }
     void show_status(chronydStatus status) override { m_status = status; }
     void show_truth(std::shared_ptr<const ClockTruth> truth) override { m_truth = std::move(truth); }
+    void watch_truth(std::shared_ptr<const ClockTruth>) override {}
     void show_clock_not_adjusted(bool shown) override { m_not_adjusted = shown; }
     void show_versions(const ProgramVersion& chronyc, const ProgramVersion&) override { m_version = chronyc.label; }
     void show_original_name_choice(bool) override {}
