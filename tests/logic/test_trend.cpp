@@ -255,6 +255,10 @@ TEST(LookForMending, SeesTheDaemonThatRunsAndTheOneThatIsNamed) {
     machine.files["/proc/17/cmdline"] = "/own/chronyd";
     facts = look_for_mending(paths, false, machine);
     EXPECT_TRUE(facts.is_running && facts.distribution && !facts.distribution_runs);
+    for (const auto& [numbers, is_ours] : {std::pair("17", true), {"17\t1", false}, {"17\t9\t1", false}}) {
+        machine.files["/proc/17/status"] = std::string("Name:\tchronyd\nNSpid:\t") + numbers + "\nNSpgid:\t17\t1\n";
+        EXPECT_EQ(look_for_mending(paths, false, machine).is_running, is_ours) << numbers;
+    }
     const InstalledPaths theirs{"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd"};
     EXPECT_FALSE(look_for_mending(theirs, false, machine).distribution) << "it is the one that is shown";
     EXPECT_TRUE(look_for_mending(theirs, true, machine).distribution) << "a demonstration shows another";

@@ -1,6 +1,9 @@
 // Chronyds side by side, one of them asked: whether the clock is steered is told of that one, by whoever asks.
 #include "chrony/reports/running_check.h"
+#include "linux/posix_execute.h"
 #include "linux/user_name.h"
+#include "roothelper/jobs/mending.h"
+#include "roothelper/jobs/this_machine.h"
 #include "support/child_program.h"
 
 #include <gtest/gtest.h>
@@ -145,6 +148,33 @@ TEST_F(AskedDaemon, OfAnotherUserIsToldFromStrangersWhoCannotBeIt) {
     const StandIn other(port + 1, stranger);
     ASSERT_TRUE(other.is_ready());
     EXPECT_EQ(RunningCheck(at(port + 1)).check(), ClockDiscipline::adjusting);
+}
+
+TEST(DaemonOfAContainer, IsNotTheOneThatThisSystemHasToStart) {
+    const testing::PrivateHome home;
+    const std::string chronyd = home.path("chronyd"); // no other process has this name
+    std::filesystem::copy_file("/bin/sleep", chronyd);
+    PosixExecute execute;
+    const ThisMachine machine(execute, {}, {});
+    const auto runs = [&] {
+        return look_for_mending({.config = "/no/such/file", .chronyc = chronyd, .chronyd = chronyd}, false, machine)
+            .is_running;
+    };
+    ChildProgram nested({"/usr/bin/unshare", "--user", "--map-root-user", "--pid", "--fork", "--kill-child", "/bin/sh",
+                         "-c", "echo here; exec " + chronyd + " 600"},
+                        home.environment, home.path());
+    if (!testing::eventually(patience, [&] { return nested.out() == "here\n"; }))
+        GTEST_SKIP() << "no process may be put into a namespace of its own: " << nested.err();
+    const auto is_seen = [&] { // past the shell, whose last act it is
+        for (const std::string& process : machine.file_names("/proc"))
+            if (machine.read_file("/proc/" + process + "/cmdline").value_or("").starts_with(chronyd))
+                return true;
+        return false;
+    };
+    ASSERT_TRUE(testing::eventually(patience, is_seen));
+    EXPECT_FALSE(runs());
+    const ChildProgram ours({chronyd, "600"}, home.environment, home.path());
+    EXPECT_TRUE(testing::eventually(patience, runs));
 }
 
 } // namespace

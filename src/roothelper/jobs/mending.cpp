@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <iterator>
+#include <sstream>
 #include <string_view>
 
 namespace tickervantage {
@@ -27,6 +29,19 @@ bool is_number(std::string_view text) {
     return !text.empty() && std::ranges::all_of(text, [](char one) { return one >= '0' && one <= '9'; });
 }
 
+// A container's process has a number of its own there beside the one that is seen from here: "NSpid:\t4711\t1". What a
+// container runs keeps no time for this system, as far as anybody here could start or stop it.
+bool is_in_container(const JobMachine& machine, const std::string& process) {
+    constexpr std::string_view key = "\nNSpid:";
+    const std::string status = machine.read_file("/proc/" + process + "/status").value_or("");
+    const auto at = status.find(key);
+    if (at == std::string::npos)
+        return false;
+    const auto from = at + key.size();
+    std::istringstream numbers(status.substr(from, status.find('\n', from) - from));
+    return std::distance(std::istream_iterator<std::string>(numbers), {}) > 1;
+}
+
 // The programs that run as chronyd, as their command lines name them.
 std::vector<std::string> running_daemons(const JobMachine& machine) {
     std::vector<std::string> programs;
@@ -35,7 +50,8 @@ std::vector<std::string> running_daemons(const JobMachine& machine) {
             continue;
         const std::string line = machine.read_file("/proc/" + process + "/cmdline").value_or("");
         std::string program = line.substr(0, line.find('\0'));
-        if (program == "chronyd" || program.ends_with("/chronyd"))
+        const bool is_chronyd = program == "chronyd" || program.ends_with("/chronyd");
+        if (is_chronyd && !is_in_container(machine, process))
             programs.push_back(std::move(program));
     }
     return programs;
