@@ -21,7 +21,8 @@ namespace {
 std::string joined(const std::vector<AxisTick>& ticks) {
     std::string text;
     for (const AxisTick& tick : ticks)
-        text += (text.empty() ? "" : " ") + tick.label;
+        if (!tick.label.empty())
+            text += (text.empty() ? "" : " ") + tick.label;
     return text;
 }
 
@@ -55,6 +56,17 @@ TEST(ValueAxis, LabelsAreRoundInOneUnitAndTrueWhereTheyStand) {
         for (const AxisTick& tick : axis.ticks(30))
             EXPECT_NEAR(axis.value_at(axis.place_of(tick.value)), tick.value, 1e-9 + std::abs(tick.value) * 1e-9);
     }
+}
+
+TEST(ValueAxis, DecadesWithoutRoomForTheirLabelsKeepTheirLines) {
+    ValueAxis axis(AxisUnit::seconds, AxisShape::symmetric_log, {-2e-3, 2e-3}, 1e-6);
+    axis.place_between(0, 200);
+    const auto ticks = axis.ticks(30);
+    ASSERT_EQ(ticks.size(), 9U) << "1, 10, 100 and 1000 to both sides of zero";
+    EXPECT_NEAR(ticks[5].value, 1e-6, 1e-12);
+    EXPECT_TRUE(ticks[5].label.empty());
+    EXPECT_NEAR(ticks[7].value, 1e-4, 1e-10);
+    EXPECT_TRUE(ticks[7].label.empty());
 }
 
 TEST(ValueAxis, ValuesHaveThreeDigitsAndTheirOwnUnit) {
@@ -299,7 +311,8 @@ struct HistoryViewTest : ::testing::Test {
 
 TEST_F(HistoryViewTest, PanelsShareTheTimeAxisAndNameTheirUnits) {
     const auto all = texts();
-    for (const char* text : {"Error (µs)", "Frequency (ppm)", "Sources", "192.0.2.1", "12:10", "2026-11-21", "UTC"})
+    for (const char* text :
+         {"Error (µs, decades)", "Frequency (ppm)", "Sources", "192.0.2.1", "12:10", "2026-11-21", "UTC"})
         EXPECT_NE(std::ranges::find(all, text), all.end()) << text;
     const auto places = view.places(bounds);
     ASSERT_EQ(places.size(), 3U) << "nothing is known of delays";

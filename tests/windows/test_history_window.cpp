@@ -163,7 +163,7 @@ TEST_F(HistoryWindowTest, EventsAndLanesAreExplained) {
     add_reading(begin + 60);
     show();
     EXPECT_EQ(find<QTreeWidget>("events")->topLevelItemCount(), 2);
-    EXPECT_EQ(cell("events", 0, 2), "From “synchronised” to “holdover”");
+    EXPECT_EQ(cell("events", 0, 3), "From “synchronised” to “holdover”");
     Q_EMIT plot()->lane_chosen(QStringLiteral("192.0.2.1"), begin + 30.0);
     EXPECT_TRUE(find<QTextBrowser>("source")->toPlainText().contains(QStringLiteral("●●●●●●●●")));
     Q_EMIT plot()->lane_chosen(QStringLiteral("192.0.2.1"), begin + 3000.0);
@@ -222,6 +222,93 @@ TEST_F(HistoryWindowTest, AFolderOfAMadeDayShowsAFlagForEachEventAndNoOther) {
         EXPECT_TRUE(std::ranges::any_of(pointed_at, [&](const HistoryMark& one) { return one.kind == marks[at].kind; }))
             << at;
     }
+}
+
+TEST_F(HistoryWindowTest, EventsSayWhoseDoingAndKeysGoFromOneToTheNext) {
+    testing::MadeDay day;
+    testing::scripted_day(day);
+    files.create("/day/tracking.log", day.logs().tracking);
+    files.create("/day/selection.log", day.logs().selection);
+    window->show_history({.store = {}, .logs = {"/day"}});
+    settle();
+    window->controls().fit->trigger();
+    const auto marks = plot()->view().marks_in_sight();
+    const auto row_of = [&](EventKind kind) {
+        return static_cast<int>(std::ranges::find(marks, mark_kind(kind), &HistoryMark::kind) - marks.begin());
+    };
+    EXPECT_EQ(cell("events", row_of(EventKind::falseticker), 2), "192.0.2.4: not believed");
+    EXPECT_EQ(cell("events", row_of(EventKind::source), 2), "Nobody") << "the former one was still used";
+    EXPECT_EQ(cell("events", row_of(EventKind::start), 2), "This machine");
+    EXPECT_EQ(cell("events", row_of(EventKind::gap), 2), "–");
+    testing::press_key(plot(), Qt::Key_Home);
+    for (const std::size_t at : {0U, 1U}) {
+        testing::press_key(plot(), Qt::Key_N);
+        EXPECT_EQ(plot()->pointers().pointer, marks[at].time);
+    }
+    testing::press_key(plot(), Qt::Key_P);
+    EXPECT_EQ(plot()->pointers().pointer, marks[0].time);
+    plot()->go({marks[0].time - 100, marks[0].time + 100});
+    testing::press_key(plot(), Qt::Key_N);
+    EXPECT_NEAR((range().from + range().to) / 2, marks[1].time, 1) << "brought into sight";
+}
+
+TEST_F(HistoryWindowTest, WhatWasBeforeCursorAIsComparedWithWhatCameAfter) {
+    files.create("/tracking.log", log(0, 1e-6) + log(60, 4e-6));
+    window->show_history({.store = {}, .logs = {"/tracking.log"}});
+    settle();
+    const auto counted = [this] {
+        find<QTimer>("movement_ended")->start(0);
+        QCoreApplication::processEvents();
+        settle();
+    };
+    counted();
+    EXPECT_TRUE(cell("before_after", 0, 0).starts_with("A click in the plot")) << "says what to do";
+    plot()->set_cursor_at(false, begin - 3600 - 30);
+    counted();
+    EXPECT_EQ(cell("before_after", 1, 0), "Offset");
+    EXPECT_EQ(cell("before_after", 1, 1), "4.0 times larger");
+    EXPECT_EQ(cell("before_after", 1, 2), "1.00 µs");
+    EXPECT_EQ(cell("before_after", 1, 3), "4.00 µs");
+    EXPECT_EQ(cell("before_after", 1, 4), "60");
+    EXPECT_EQ(cell("before_after", 0, 1), "About the same");
+    find<QTreeWidget>("before_after")->findChild<QAction*>(QStringLiteral("copy_rows"))->trigger();
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().contains(QStringLiteral("\nOffset\t4.0 times larger\t1.00 µs")));
+}
+
+TEST_F(HistoryWindowTest, ANightADayOrATypedPeriodIsShown) {
+    add_reading(begin + 10 * 3600);
+    show();
+    auto* menu = find<QToolButton>("when")->menu();
+    Q_EMIT menu->aboutToShow();
+    const auto seconds = [](QDate date, QTime time) {
+        return static_cast<double>(QDateTime(date, time).toSecsSinceEpoch());
+    };
+    const QDate day = QDateTime::fromSecsSinceEpoch(begin - 7200).date();
+    const QList<QAction*> entries = menu->actions();
+    const auto named = [&](const QString& text) {
+        return std::ranges::find_if(entries, [&](const QAction* one) { return one->text() == text; });
+    };
+    const QLocale locale;
+    const auto chosen = named(
+        QStringLiteral("%1, %2").arg(locale.dayName(day.dayOfWeek()), locale.toString(day, QLocale::ShortFormat)));
+    ASSERT_NE(chosen, entries.end());
+    (*chosen)->trigger();
+    EXPECT_EQ(range(), (TimeRange{seconds(day, QTime(0, 0)), seconds(day.addDays(1), QTime(0, 0))}));
+    entries.front()->trigger();
+    EXPECT_NEAR(range().length(), 14 * 3600, 1) << "a night";
+    EXPECT_EQ(QDateTime::fromSecsSinceEpoch(static_cast<qint64>(range().from)).time(), QTime(18, 0));
+    find<QAction>("from_to")->trigger();
+    auto* dialog = window->findChild<QDialog*>(QStringLiteral("range_dialog"));
+    ASSERT_NE(dialog, nullptr);
+    auto* from = dialog->findChild<QDateTimeEdit*>(QStringLiteral("range_from"));
+    auto* to = dialog->findChild<QDateTimeEdit*>(QStringLiteral("range_to"));
+    auto* go = dialog->findChild<QPushButton*>(QStringLiteral("show_range"));
+    from->setDateTime(QDateTime(day, QTime(10, 30)));
+    to->setDateTime(QDateTime(day, QTime(10, 0)));
+    EXPECT_FALSE(go->isEnabled()) << "it ends before it begins";
+    to->setDateTime(QDateTime(day, QTime(11, 0)));
+    go->click();
+    EXPECT_EQ(range(), (TimeRange{seconds(day, QTime(10, 30)), seconds(day, QTime(11, 0))}));
 }
 
 TEST_F(HistoryWindowTest, ALaneOfTheSelectionLogTellsWhenClicked) {

@@ -8,6 +8,8 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <limits>
+#include <ranges>
 #include <span>
 #include <utility>
 
@@ -171,40 +173,47 @@ double ValueAxis::unit_size() const {
     return std::max(std::abs(m_span.low), std::abs(m_span.high)) * 0.1;
 }
 
-// All decades where there is room, else every second or third of them; 2 and 5 between them where those fit too.
-std::vector<double> ValueAxis::decades(double room) const {
+// All decades; 2 and 5 between them where those fit too. Of those that stand too close together for a label each only
+// the line remains, so that one sees that the axis goes by decades.
+std::vector<ValueAxis::Decade> ValueAxis::decades(double room) const {
     const bool to_zero = m_shape == AxisShape::symmetric_log;
     const double smallest = to_zero ? m_even_to : m_span.low;
     const double largest = std::max(std::abs(m_span.low), std::abs(m_span.high));
     const int first = static_cast<int>(std::floor(std::log10(smallest) + 1e-9));
     const int last = static_cast<int>(std::floor(std::log10(largest) + 1e-9));
     const double decade = std::abs(place_of(largest) - place_of(largest / 10));
-    const int stride = std::max(1, static_cast<int>(std::ceil(room / std::max(decade, 1e-3))));
+    constexpr double least_distance = 4; // of lines
     static constexpr std::array times{1.0, 2.0, 5.0};
     const std::size_t count = decade > 3.4 * room ? times.size() : 1;
-    std::vector<double> values;
-    const auto add = [&](double value) {
-        if (value >= m_span.low && value <= m_span.high)
-            values.push_back(value);
-    };
+    std::vector<Decade> found;
+    double labelled = std::numeric_limits<double>::infinity(); // how far from zero the label further out stands
+    for (int exponent = last; exponent >= first; --exponent)
+        for (const double time : std::span(times).first(count) | std::views::reverse) {
+            const double value = time * std::pow(10, exponent);
+            const double distance = std::abs(place_of(value) - (to_zero ? place_of(0) : m_bottom));
+            if (std::abs(value) > largest || (to_zero && distance < least_distance))
+                continue;
+            const bool fits = labelled - distance >= room && (!to_zero || distance >= room);
+            if (fits)
+                labelled = distance;
+            found.push_back({value, fits});
+            if (to_zero)
+                found.push_back({-value, fits});
+        }
     if (to_zero)
-        add(0);
-    for (int exponent = last; exponent >= first; exponent -= stride)
-        for (const double time : std::span(times).first(count))
-            for (const double sign : {1.0, -1.0})
-                if (const double value = sign * time * std::pow(10, exponent);
-                    !to_zero || std::abs(place_of(value) - place_of(0)) >= room)
-                    add(value);
-    std::ranges::sort(values);
-    return values;
+        found.push_back({0, true});
+    std::erase_if(found, [this](const Decade& one) { return one.value < m_span.low || one.value > m_span.high; });
+    std::ranges::sort(found, {}, &Decade::value);
+    return found;
 }
 
 std::vector<AxisTick> ValueAxis::ticks(double room, std::string_view decimal_point) const {
     std::vector<AxisTick> found;
     if (m_shape != AxisShape::linear) {
         const Unit unit = unit_for(unit_size(), m_unit);
-        for (const double value : decades(room))
-            found.push_back({value, decade_text(value / unit.size, decimal_point)});
+        for (const Decade& decade : decades(room))
+            found.push_back(
+                {decade.value, decade.has_label ? decade_text(decade.value / unit.size, decimal_point) : ""});
         return found;
     }
     const auto [step, base, unit] = labels(room);

@@ -57,7 +57,11 @@ private:
     [[nodiscard]] Labels labels(double room) const;
     [[nodiscard]] double bent(double value) const;
     [[nodiscard]] double unbent(double place) const;
-    [[nodiscard]] std::vector<double> decades(double room) const;
+    struct Decade {
+        double value;
+        bool has_label;
+    };
+    [[nodiscard]] std::vector<Decade> decades(double room) const;
     [[nodiscard]] double unit_size() const; // of a logarithmic axis: what its unit suits
 
     AxisUnit m_unit;

@@ -1,5 +1,6 @@
 #include "gui/history/history_controls.h"
 
+#include "gui/common/copied_table.h"
 #include "gui/history/histogram_view.h"
 #include "gui/history/history_plot.h"
 #include "gui/history/history_words.h"
@@ -58,6 +59,16 @@ void build_movement(QWidget* parent, HistoryControls& controls) {
     controls.range = choice(parent, "range", Texts::tr("Range"), Texts::tr("How much is in sight, up to the newest"),
                             {Texts::tr("All"), Texts::tr("1 hour"), Texts::tr("6 hours"), Texts::tr("1 day"),
                              Texts::tr("1 week"), Texts::tr("30 days"), Texts::tr("1 year"), Texts::tr("Own range")});
+    controls.when = tool(parent, "when",
+                         //: history window: button with a menu of nights and days, and its tooltip
+                         Texts::tr("Da&y"), Texts::tr("A night, a day, or any other period (Ctrl+G)"));
+    controls.when->setPopupMode(QToolButton::InstantPopup);
+    controls.when->setMenu(new QMenu(controls.when));
+    //: history window: menu item, asks from when to when
+    controls.from_to = new QAction(Texts::tr("&From … to …"), controls.when);
+    controls.from_to->setObjectName(QStringLiteral("from_to"));
+    controls.from_to->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_G));
+    parent->addAction(controls.from_to);
     //: history window: button that stays down, and its tooltip
     controls.follow = tool(parent, "follow", Texts::tr("Follow"), Texts::tr("Keep the newest reading in sight"));
     controls.follow->setCheckable(true);
@@ -130,6 +141,7 @@ QTreeWidget* table(QWidget* parent, const char* name, const QString& spoken, con
     tree->header()->setStretchLastSection(false);
     tree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     tree->setMinimumHeight(60);
+    offer_copying(tree);
     return tree;
 }
 
@@ -137,7 +149,8 @@ QWidget* build_events(QWidget* parent, HistoryControls& controls) {
     auto* page = new QWidget(parent);
     controls.events =
         //: history window: name of the table of events, and its headings
-        table(page, "events", Texts::tr("Events"), {Texts::tr("Time"), Texts::tr("Event"), Texts::tr("What happened")});
+        table(page, "events", Texts::tr("Events"),
+              {Texts::tr("Time"), Texts::tr("Event"), Texts::tr("Whose doing"), Texts::tr("What happened")});
     //: history window: button with a menu of kinds of events, and its tooltip
     controls.event_kinds = tool(page, "event_kinds", Texts::tr("&Kinds"), Texts::tr("Which kinds of events are shown"));
     controls.event_kinds->setPopupMode(QToolButton::InstantPopup);
@@ -177,6 +190,15 @@ void build_tables(QWidget* parent, HistoryControls& controls) {
                              {Texts::tr("Curve"), Texts::tr("At A"), Texts::tr("At B"), Texts::tr("Δ"),
                               //: history window: heading; how much the curve rises in an hour
                               Texts::tr("Δ an hour")});
+    controls.before_after =
+        //: history window: name of a table, and its headings; sizes before cursor A and after it
+        table(controls.details, "before_after", Texts::tr("Before and after"),
+              {Texts::tr("Curve"), Texts::tr("Change"), Texts::tr("95 % before"), Texts::tr("95 % after"),
+               Texts::tr("Values before"), Texts::tr("Values after")});
+    controls.before_after->setToolTip(
+        //: history window: tooltip of the table "Before and after"
+        Texts::tr("How far 95 of 100 values in sight lay from zero before cursor A and after it; of frequencies and "
+                  "temperatures, from their middle"));
     //: history window: name of the text about a source
     controls.source = named(new QTextBrowser(controls.details), "source", Texts::tr("Source"));
     controls.source->setFrameShape(QFrame::NoFrame);
@@ -190,6 +212,8 @@ void build_tables(QWidget* parent, HistoryControls& controls) {
     //: history window: a tab
     controls.details->addTab(controls.events_page, Texts::tr("Events"));
     //: history window: a tab
+    controls.details->addTab(controls.before_after, Texts::tr("Before/After"));
+    //: history window: a tab
     controls.details->addTab(controls.cursors, Texts::tr("Cursors"));
     //: history window: a tab
     controls.details->addTab(controls.source, Texts::tr("Source"));
@@ -197,8 +221,9 @@ void build_tables(QWidget* parent, HistoryControls& controls) {
 
 QLayout* top_row(const HistoryControls& controls) {
     auto* row = new QHBoxLayout;
+    row->setSpacing(2); // all of it fits a screen 640 points wide
     for (QWidget* widget : std::initializer_list<QWidget*>{controls.back, controls.forward, controls.range,
-                                                           controls.follow, controls.zoom_by_drag})
+                                                           controls.when, controls.follow, controls.zoom_by_drag})
         row->addWidget(widget);
     row->addStretch(1);
     row->addWidget(controls.scale);

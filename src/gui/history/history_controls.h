@@ -25,7 +25,9 @@ struct HistoryControls {
     QToolButton* back = nullptr;
     QToolButton* forward = nullptr;
     QAction* fit = nullptr;
-    QComboBox* range = nullptr; // as range_seconds
+    QComboBox* range = nullptr;  // as range_seconds
+    QToolButton* when = nullptr; // a menu of days and nights
+    QAction* from_to = nullptr;
     QToolButton* follow = nullptr;
     QToolButton* zoom_by_drag = nullptr;
     QComboBox* scale = nullptr;        // as ScaleChoice
@@ -44,6 +46,7 @@ struct HistoryControls {
     QTreeWidget* statistics = nullptr;
     HistogramView* histogram = nullptr;
     QTreeWidget* cursors = nullptr;
+    QTreeWidget* before_after = nullptr;
     QWidget* events_page = nullptr;
     QTreeWidget* events = nullptr;
     QToolButton* event_kinds = nullptr;

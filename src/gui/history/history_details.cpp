@@ -185,7 +185,9 @@ void HistoryWindow::fill_events() {
     for (const HistoryMark& mark : marks) {
         if (rows.size() == most_events)
             break;
-        auto* row = new QTreeWidgetItem({moment_words(mark.time), kind_words(mark.kind), mark_words(mark)});
+        const CauseWords cause = cause_words(cause_of(*m_data, mark));
+        auto* row = new QTreeWidgetItem({moment_words(mark.time), kind_words(mark.kind), cause.who, mark_words(mark)});
+        row->setToolTip(2, cause.why);
         row->setData(0, time_role, mark.time);
         rows << row;
     }
@@ -209,6 +211,7 @@ void HistoryWindow::count_statistics() {
         std::string key;
         AxisUnit unit;
         std::vector<double> values;
+        std::size_t split; // the first one from cursor A on
     };
     std::vector<Values> all;
     const HistoryView& view = m_controls.plot->view();
@@ -216,9 +219,12 @@ void HistoryWindow::count_statistics() {
     for (const HistoryCurve& curve : view.curves()) {
         if (!view.is_shown(curve))
             continue;
-        Values& one = all.emplace_back(Values{curve.key, curve.unit, {}});
+        Values& one = all.emplace_back(Values{curve.key, curve.unit, {}, 0});
         const std::size_t last = curve.values->first_from(end);
-        for (std::size_t at = curve.values->first_from(view.range().from); at < last; ++at)
+        const std::size_t first = curve.values->first_from(view.range().from);
+        if (m_split)
+            one.split = std::clamp(curve.values->first_from(*m_split), first, last) - first;
+        for (std::size_t at = first; at < last; ++at)
             one.values.push_back(curve.values->mean(at));
     }
     m_statistics.start_newest(
@@ -226,9 +232,11 @@ void HistoryWindow::count_statistics() {
         [all = std::move(all)]() mutable {
             std::vector<CurveNumbers> numbers;
             for (Values& one : all)
-                if (const auto summary = summary_of(one.values, history_shares))
+                if (const auto summary = summary_of(one.values, history_shares)) {
+                    const BeforeAfter change = compare_before_after(one.values, one.split, one.unit);
                     numbers.push_back(
-                        {one.key, one.unit, *summary, histogram_of(std::move(one.values), histogram_bins)});
+                        {one.key, one.unit, *summary, histogram_of(std::move(one.values), histogram_bins), change});
+                }
             return numbers;
         },
         [this](const std::vector<CurveNumbers>& numbers) { show_statistics(numbers); });
@@ -255,6 +263,7 @@ void HistoryWindow::show_statistics(const std::vector<CurveNumbers>& numbers) {
             row->setTextAlignment(at, Qt::AlignRight | Qt::AlignVCenter);
     }
     show_histogram();
+    show_before_after();
 }
 
 // Of the curve chosen in the legend, else of the offset.

@@ -1,6 +1,7 @@
 #include "gui/history/history_plot.h"
 
 #include "draw/graph_geometry.h"
+#include "gui/history/history_words.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -14,6 +15,7 @@ namespace {
 constexpr double steps_of_doubling = 3; // of the wheel
 constexpr double key_step = 1;          // points that the crosshair moves
 constexpr double long_key_step = 20;
+constexpr double event_reach = 5; // points by which the crosshair may miss an event
 
 } // namespace
 
@@ -130,6 +132,22 @@ void HistoryPlot::move_pointer(double points) {
     Q_EMIT pointers_changed();
 }
 
+// The next or previous one from the crosshair; one out of sight is brought to the middle.
+void HistoryPlot::point_at_event(bool next) {
+    const TimeRange now = m_path.now();
+    const double from = m_pointers.pointer.value_or(next ? now.from : now.to);
+    const auto marks = m_view.marks_of(
+        {next ? std::nextafter(from, HUGE_VAL) : -HUGE_VAL, next ? HUGE_VAL : std::nextafter(from, -HUGE_VAL)});
+    if (marks.empty())
+        return;
+    const double time = next ? marks.front().time : marks.back().time;
+    if (time < now.from || time > now.to)
+        go({time - now.length() / 2, time + now.length() / 2});
+    m_pointers.pointer = time;
+    update();
+    Q_EMIT pointers_changed();
+}
+
 bool HistoryPlot::take_pointer_key(const QKeyEvent& event) {
     const bool is_far = event.modifiers().testFlag(Qt::ShiftModifier);
     const double step = is_far ? long_key_step : key_step;
@@ -143,6 +161,10 @@ bool HistoryPlot::take_pointer_key(const QKeyEvent& event) {
     case Qt::Key_B:
         if (m_pointers.pointer)
             set_cursor_at(event.key() == Qt::Key_B, m_pointers.pointer);
+        return true;
+    case Qt::Key_N:
+    case Qt::Key_P:
+        point_at_event(event.key() == Qt::Key_N);
         return true;
     case Qt::Key_Escape:
         m_pointers = {};
@@ -174,6 +196,10 @@ void HistoryPlot::draw_over(QPainter& painter) const {
     }
     QtCanvas canvas(painter, height(), CanvasColors::from_palette(palette()));
     m_view.draw_pointers(canvas, bounds(), m_pointers);
+    if (m_pointers.pointer && !is_empty() && !m_gestures->is_dragging()) {
+        const double near = event_reach / m_view.plot_area(bounds()).width * m_path.now().length();
+        draw_notes(canvas, m_view, bounds(), notes_at(m_view, *m_pointers.pointer, near));
+    }
     if (!hasFocus())
         return;
     painter.setPen(palette().color(QPalette::Highlight));

@@ -1,5 +1,6 @@
 // Shows a HistoryView and lets people move in it: drag, wheel, frames pulled open, keys, and the way back. A crosshair
-// follows the pointer; two cursors stay where they are put (a click, Shift and a click; the keys A and B). Main thread.
+// follows the pointer; two cursors stay where they are put (a click, Shift and a click; the keys A and B). N and P go
+// to the next event and the previous one. Main thread.
 #pragma once
 
 #include "draw/plots/view_path.h"
@@ -61,6 +62,7 @@ private:
     void click(const QPointF& position, Qt::KeyboardModifiers modifiers);
     [[nodiscard]] bool take_pointer_key(const QKeyEvent& event);
     void move_pointer(double points);
+    void point_at_event(bool next);
 
     HistoryView m_view;
     ViewPath m_path;

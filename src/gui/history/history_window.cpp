@@ -3,6 +3,7 @@
 #include "gui/history/evidence_dialog.h"
 #include "gui/history/history_plot.h"
 #include "gui/history/history_words.h"
+#include "gui/history/range_menu.h"
 #include "qt/file_digest.h"
 #include "qt/in_words.h"
 #include "qt/pdf_document.h"
@@ -77,6 +78,10 @@ void HistoryWindow::connect_movement() {
     connect(m_controls.fit, &QAction::triggered, this, [this] { choose_range(0); });
     connect(plot, &HistoryPlot::fit_requested, this, [this] { choose_range(0); });
     connect(m_controls.range, &QComboBox::activated, this, &HistoryWindow::choose_range);
+    connect(m_controls.when->menu(), &QMenu::aboutToShow, this, &HistoryWindow::offer_ranges);
+    connect(m_controls.from_to, &QAction::triggered, this, [this] {
+        ask_for_range(this, m_controls.plot->path().now(), [this](const TimeRange& range) { show_period(range); });
+    });
     connect(m_controls.follow, &QToolButton::toggled, this, [this](bool follows) {
         if (follows)
             keep_newest_in_sight();
@@ -113,6 +118,7 @@ void HistoryWindow::connect_tables() {
     connect(plot, &HistoryPlot::pointers_changed, this, [this] {
         show_values();
         show_cursors();
+        split_at_cursor();
     });
     connect(plot, &HistoryPlot::lane_chosen, this, &HistoryWindow::show_lane);
     connect(plot, &HistoryPlot::marks_pointed_at, this, &HistoryWindow::show_marks);

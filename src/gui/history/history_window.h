@@ -10,6 +10,7 @@
 #include "gui/common/plot_export.h"
 #include "gui/history/history_controls.h"
 #include "studies/evidence/evidence_files.h"
+#include "studies/history/before_after.h"
 #include "studies/history/history_files.h"
 #include "studies/history/history_statistics.h"
 
@@ -17,6 +18,7 @@
 #include <QTimer>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QTreeWidgetItem;
@@ -69,6 +71,7 @@ private:
         AxisUnit unit{};
         ValueSummary statistics;
         Histogram histogram;
+        BeforeAfter change; // at cursor A
     };
 
     void draw_plot(Canvas& canvas, Rect bounds) const override;
@@ -102,6 +105,10 @@ private:
     void count_statistics();
     void show_statistics(const std::vector<CurveNumbers>& numbers);
     void show_histogram();
+    void show_before_after();
+    void split_at_cursor();
+    void offer_ranges();
+    void show_period(const TimeRange& range);
     void show_lane(const QString& source, double time);
     void show_marks(const QPoint& place, const std::vector<HistoryMark>& marks) const;
     void show_origins();
@@ -114,7 +121,8 @@ private:
     std::vector<CurveNumbers> m_numbers;
     std::unique_ptr<PlotExport> m_exports;
     std::unique_ptr<Repeater> m_reader;
-    QTimer m_statistics_timer; // waits until a movement has ended
+    QTimer m_statistics_timer;     // waits until a movement has ended
+    std::optional<double> m_split; // cursor A, as the statistics have it
     bool m_is_reading = false;
     int m_looks_to_skip = 0; // where reading the logs takes its time
     Background m_background;

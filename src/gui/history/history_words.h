@@ -3,9 +3,12 @@
 
 #include "chrony/truth/source_standing.h"
 #include "draw/plots/plot_caption.h"
+#include "studies/history/before_after.h"
+#include "studies/history/cause.h"
 #include "studies/history/history_files.h"
 #include "studies/history/history_statistics.h"
 #include "studies/history/history_view.h"
+#include "studies/history/pointer_notes.h"
 
 #include <QString>
 
@@ -21,6 +24,19 @@ namespace tickervantage {
 // The kind in a word or two, as the filter has it; and what happened as a sentence.
 [[nodiscard]] QString kind_words(MarkKind kind);
 [[nodiscard]] QString mark_words(const HistoryMark& mark);
+
+// Whose doing it was, in a word or two, and why; "–" where that is not known.
+struct CauseWords {
+    QString who;
+    QString why;
+};
+[[nodiscard]] CauseWords cause_words(const Cause& cause);
+
+// "3.1 times smaller"
+[[nodiscard]] QString change_words(const BeforeAfter& change);
+
+// What stands beside the crosshair; of events the nearest one not further than `near` seconds.
+[[nodiscard]] PointerNotes notes_at(const HistoryView& view, double time, double near);
 
 // With three digits, in the unit that suits it, and the language's decimal point.
 [[nodiscard]] QString value_words(double value, AxisUnit unit);

@@ -29,6 +29,7 @@ HistoryMark mark_of(const HistoryEvent& event) {
         break;
     case HistoryEventKind::reference:
         mark.kind = event.to.empty() ? MarkKind::lost : MarkKind::source;
+        mark.source = event.to;
         break;
     case HistoryEventKind::chronyd:
         mark.kind = event.to == "gone" ? MarkKind::stop : MarkKind::start;
@@ -162,7 +163,8 @@ void HistoryData::add_temperature(const std::string& sensor, double time, double
 }
 
 void HistoryData::add(const ClockEvent& event) {
-    add(HistoryMark{.time = event.time, .kind = mark_kind(event.kind), .sentence = event.sentence});
+    add(HistoryMark{
+        .time = event.time, .kind = mark_kind(event.kind), .sentence = event.sentence, .source = event.source});
 }
 
 void HistoryData::add(HistoryMark mark) {

@@ -76,6 +76,7 @@ struct HistoryMark {
     std::string from = {};
     std::string to = {};
     std::optional<Sentence> sentence = {};
+    std::string source = {}; // that it is about, or that is followed now; empty: of none
 };
 
 // What one sensor showed, in degrees Celsius.

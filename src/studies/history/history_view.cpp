@@ -3,6 +3,7 @@
 #include "base/quantile.h"
 #include "draw/graph_geometry.h"
 #include "draw/plots/graph_label.h"
+#include "studies/history/label_width.h"
 #include "studies/history/lane_painter.h"
 
 #include <algorithm>
@@ -27,7 +28,6 @@ constexpr double time_room = 64;
 constexpr double time_room_of_seconds = 76;
 constexpr double flag_side = 9;
 constexpr double grid_opacity = 0.22;
-constexpr double label_letter = 0.62; // width of a letter, in sizes
 
 constexpr Color blue{0.0, 0.40, 0.85, 1};
 constexpr Color amber{0.80, 0.55, 0.05, 1};
@@ -71,11 +71,6 @@ bool is_bad(MarkKind kind) {
     using enum EventKind;
     static constexpr std::array bad{stop, step, lost, falseticker, no_majority, gap, backwards};
     return std::ranges::find(bad, kind, mark_kind) != bad.end();
-}
-
-double width_of(std::string_view text, double size) {
-    const auto letters = std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; });
-    return label_letter * size * static_cast<double>(letters);
 }
 
 // The middle gives way: the ends of addresses tell them apart.
@@ -304,16 +299,23 @@ void HistoryView::draw_title(Canvas& canvas, const PanelPlace& place, const std:
 }
 
 void HistoryView::draw_axis(Canvas& canvas, const PanelPlace& place, const ValueAxis& axis) const {
-    const double room = axis.ticks(tick_room).size() < 2 ? least_tick_room : tick_room; // one label tells no scale
-    draw_title(canvas, place, axis.unit_text(room));
+    // One label tells no scale; and two decades to each side tell that it is one of decades.
+    const std::size_t fewest = axis.shape() == AxisShape::symmetric_log ? 5 : 2;
+    const auto labels =
+        std::ranges::count_if(axis.ticks(tick_room), [](const auto& tick) { return !tick.label.empty(); });
+    const double room = std::cmp_less(labels, fewest) ? least_tick_room : tick_room;
+    const std::string unit = axis.unit_text(room);
+    const bool is_even = axis.shape() == AxisShape::linear;
+    draw_title(canvas, place, is_even ? unit : unit + ", " + words.by_decades);
     Path grid;
     Path zero;
     for (const AxisTick& tick : axis.ticks(room)) {
         const double y = axis.place_of(tick.value);
         (tick.value == 0 ? zero : grid).add_line({place.area.x, y}, {right_edge(place.area), y});
         constexpr double half = TEXT_MIDDLE * LABEL_SIZE;
-        canvas.text(tick.label, {place.area.x - margin_left, y - half, margin_left - 7, 2 * half},
-                    {.size = LABEL_SIZE, .color = ColorRole::text, .align = TextAlign::right});
+        if (!tick.label.empty())
+            canvas.text(tick.label, {place.area.x - margin_left, y - half, margin_left - 7, 2 * half},
+                        {.size = LABEL_SIZE, .color = ColorRole::text, .align = TextAlign::right});
     }
     canvas.stroke(grid, {.ink = Ink(ColorRole::grey, grid_opacity)});
     canvas.stroke(zero, {.ink = Ink(ColorRole::grey, 0.7)});
@@ -439,11 +441,11 @@ void HistoryView::draw_origins(Canvas& canvas, Rect bounds) const {
     }
 }
 
-std::vector<HistoryMark> HistoryView::marks_in_sight() const {
+std::vector<HistoryMark> HistoryView::marks_of(const TimeRange& range) const {
     std::vector<HistoryMark> found;
     const auto& all = m_data->marks();
-    for (auto at = std::ranges::lower_bound(all, m_range.from, {}, &HistoryMark::time);
-         at != all.end() && at->time <= m_range.to; ++at)
+    for (auto at = std::ranges::lower_bound(all, range.from, {}, &HistoryMark::time);
+         at != all.end() && at->time <= range.to; ++at)
         if (options.marks[static_cast<std::size_t>(at->kind)])
             found.push_back(*at);
     return found;
@@ -508,7 +510,8 @@ std::vector<CurveReading> HistoryView::readings_at(double time) const {
             continue;
         const double far = std::max(4 * curve.values->usual_interval(), m_range.length() / 200);
         if (std::abs(curve.values->time(*at) - time) <= far)
-            found.push_back({curve.key, curve.values->time(*at), curve.values->at(*at), curve.unit});
+            found.push_back({curve.key, curve.values->time(*at), curve.values->at(*at), curve.unit, curve.panel,
+                             curve.form, curve.color});
     }
     return found;
 }

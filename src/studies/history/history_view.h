@@ -38,7 +38,7 @@ struct HistoryCurve {
 struct HistoryWords {
     std::array<std::string, history_panels> panels{"Error",   "Difference", "Frequency", "Delay and dispersion",
                                                    "Sources", "Temperature"};
-    std::array<std::string, 2> origins{"history", "log"};
+    std::string by_decades = "decades"; // in a panel's title, behind its unit, where its axis goes by them
 };
 
 struct HistoryOptions {
@@ -61,6 +61,9 @@ struct CurveReading {
     double time = 0;
     TimedExtent value;
     AxisUnit unit{};
+    HistoryPanel panel{};
+    CurveForm form{};
+    Color color = {}; // of the curve
 };
 
 struct HistoryPointers {
@@ -108,7 +111,9 @@ public:
     [[nodiscard]] std::vector<HistoryMark> marks_at(Point point, Rect bounds) const;
     [[nodiscard]] const HistoryLane* lane_at(Point point, Rect bounds) const;
 
-    [[nodiscard]] std::vector<HistoryMark> marks_in_sight() const; // of the kinds that are chosen
+    // By time, of the kinds that are chosen.
+    [[nodiscard]] std::vector<HistoryMark> marks_of(const TimeRange& range) const;
+    [[nodiscard]] std::vector<HistoryMark> marks_in_sight() const { return marks_of(m_range); }
 
 private:
     struct Frame;
