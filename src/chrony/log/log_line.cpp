@@ -45,8 +45,9 @@ bool read_time(const LogShape& shape, std::string_view date, std::string_view ti
 
 // "e-07": takes it off the end of the text. 0 where there is none.
 int take_power(std::string_view& text) {
-    const auto at = text.find('e');
-    if (at == std::string_view::npos || text.size() != at + 4 || (text[at + 1] != '-' && text[at + 1] != '+'))
+    constexpr std::size_t length = 4;
+    const std::size_t at = text.size() - std::min(text.size(), length);
+    if (!text.substr(at).starts_with("e-") && !text.substr(at).starts_with("e+"))
         return 0;
     const unsigned tens = digit(text[at + 2]);
     const unsigned ones = digit(text[at + 3]);
