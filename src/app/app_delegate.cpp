@@ -5,6 +5,7 @@
 #include "app/bring_to_front.h"
 #include "app/config_windows.h"
 #include "app/daemon_menu.h"
+#include "app/first_paint.h"
 #include "app/help_windows.h"
 #include "app/mender.h"
 #include "app/opened_files.h"
@@ -29,6 +30,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QIcon>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
@@ -80,8 +82,15 @@ void AppDelegate::applicationDidFinishLaunching() {
     make_main_window();
     update_optional_items();
     m_parts.cycle.timer.start();
+    after_first_paint(*m_main_window, [this] { when_painted(); });
     showTickervantage();
     configurations().offer_kept_edits();
+}
+
+// What nobody sees in the first picture of the window does not hold it up.
+void AppDelegate::when_painted() {
+    QApplication::setWindowIcon(QIcon::fromTheme(QApplication::desktopFileName()));
+    m_menus.find_icons();
 }
 
 void AppDelegate::applicationWillTerminate() {
@@ -133,8 +142,7 @@ void AppDelegate::make_main_window() {
     m_window_menus = std::make_unique<WindowMenus>(*m_menus.m_windows, *m_menus.actions.at("quit"));
     build_recent_menus();
     make_opened_files();
-    m_main_window->add_toolbar_actions({m_menus.actions.at("refresh"), m_menus.actions.at("showHistory"),
-                                        m_menus.actions.at("liveTracking"), m_menus.actions.at("showConfigEditor")});
+    fill_toolbar();
     for (auto* bar : m_main_window->findChildren<QToolBar*>())
         bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_main_window->set_standing_notice(m_daemon.standing_notice);
@@ -148,6 +156,15 @@ void AppDelegate::make_main_window() {
     m_daemon_menu = std::make_unique<DaemonMenu>(m_parts.cycle.settings, *m_main_window, m_menus);
     if (m_history_service)
         make_history_offer();
+}
+
+void AppDelegate::fill_toolbar() {
+    QList<QAction*> shown;
+    for (const char* name : {"refresh", "showHistory", "liveTracking", "showConfigEditor"}) {
+        shown.append(m_menus.actions.at(name));
+        ApplicationMenus::find_icon(*shown.back());
+    }
+    m_main_window->add_toolbar_actions(shown);
 }
 
 void AppDelegate::make_history_offer() {

@@ -118,7 +118,9 @@ private:
     [[nodiscard]] ChronyPaths usual_paths() const;
     [[nodiscard]] StatusCycleOptions cycle_options();
     void make_history();
+    void when_painted();
     void make_main_window();
+    void fill_toolbar();
     void connect_main_window();
     void build_recent_menus();
     void make_opened_files();

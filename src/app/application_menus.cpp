@@ -24,6 +24,7 @@ struct Item {
 };
 
 constexpr const char* tip_of_item = "tip";
+constexpr const char* icon_of_item = "nameOfIcon";
 
 /* TRANSLATOR menus
    main window: menus and their items. The letter after an ampersand is the one that chooses the item together with Alt.
@@ -154,8 +155,7 @@ void add_item(QMenu* menu, const Item& item, ApplicationMenus& menus) {
     QAction* action = menu->addAction(Texts::tr(item.text));
     action->setObjectName(QLatin1String(item.name));
     action->setShortcut(item.shortcut);
-    if (item.icon != nullptr)
-        action->setIcon(QIcon::fromTheme(QLatin1String(item.icon)));
+    action->setProperty(icon_of_item, QLatin1String(item.icon));
     action->setEnabled(false);
     action->setProperty(tip_of_item, item.tip == nullptr ? QString() : Texts::tr(item.tip));
     //: tooltip of a menu item that cannot be used
@@ -184,6 +184,17 @@ QAction* ApplicationMenus::offer(const char* name) const {
     action->setToolTip(action->property(tip_of_item).toString());
     action->setVisible(true);
     return action;
+}
+
+void ApplicationMenus::find_icon(QAction& action) {
+    const QString name = action.property(icon_of_item).toString();
+    if (!name.isEmpty() && action.icon().isNull())
+        action.setIcon(QIcon::fromTheme(name));
+}
+
+void ApplicationMenus::find_icons() const {
+    for (const auto& [name, action] : actions)
+        find_icon(*action);
 }
 
 ApplicationMenus build_application_menus(QMainWindow* window) {

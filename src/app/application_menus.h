@@ -30,6 +30,11 @@ struct ApplicationMenus {
         QObject::connect(action, &QAction::triggered, action, std::move(slot));
     }
 
+    // The items come without icons: looking for them in the desktop's themes takes a while, and only those of the
+    // toolbar are seen at the start.
+    static void find_icon(QAction& action);
+    void find_icons() const;
+
 private:
     QAction* offer(const char* name) const;
 };

@@ -5,6 +5,7 @@
 #include "app/quit_on_signal.h"
 #include "app/screenshot_tour.h"
 #include "app/single_instance.h"
+#include "app/start_up.h"
 #include "chrony/demonstration/demonstration.h"
 #include "chrony/log/logreader.h"
 #include "history/recording.h"
@@ -36,7 +37,6 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDir>
-#include <QIcon>
 
 #include <unistd.h>
 
@@ -44,6 +44,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
+#include <memory>
 
 namespace tickervantage {
 namespace {
@@ -320,10 +321,10 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Tickervantage"));
     QApplication::setApplicationVersion(QStringLiteral(TICKERVANTAGE_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("net.brisklane.tickervantage"));
+    auto fonts = std::make_unique<FontsAhead>();
     QApplication application(argc, argv);
-    // The desktop's own icons come first; these stand in for those that its theme lacks.
-    QIcon::setFallbackSearchPaths({QString::fromStdString(paths.bundle_resource("icons"))});
-    QApplication::setWindowIcon(QIcon::fromTheme(QApplication::desktopFileName()));
+    fonts.reset();
+    choose_icons(paths);
     // Nothing to be done about a bundle without its translations: the texts are English.
     (void)install_translations(application, QLocale::system(),
                                QString::fromStdString(paths.bundle_resource("translations")));

@@ -6,11 +6,16 @@
 
 namespace tickervantage {
 
-SerialQueue::SerialQueue(const std::string& label) : m_thread([this](const std::stop_token& stop) { serve(stop); }) {
+namespace {
+
+std::string tail_of(const std::string& label) {
     constexpr std::size_t kernel_limit = 15;
-    const auto tail = label.size() > kernel_limit ? label.substr(label.size() - kernel_limit) : label;
-    (void)pthread_setname_np(m_thread.native_handle(), tail.c_str());
+    return label.size() > kernel_limit ? label.substr(label.size() - kernel_limit) : label;
 }
+
+} // namespace
+
+SerialQueue::SerialQueue(const std::string& label) : m_name(tail_of(label)) {}
 
 SerialQueue::~SerialQueue() = default; // the thread is asked to stop, and waited for
 
@@ -18,6 +23,10 @@ void SerialQueue::async(Work work) {
     {
         const std::lock_guard lock(m_mutex);
         m_waiting.push_back(std::move(work));
+        if (!m_thread.joinable()) {
+            m_thread = std::jthread([this](const std::stop_token& stop) { serve(stop); });
+            (void)pthread_setname_np(m_thread.native_handle(), m_name.c_str());
+        }
     }
     m_news.notify_one();
 }

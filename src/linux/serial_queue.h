@@ -1,4 +1,5 @@
-// A serial queue on a thread of its own.
+// A serial queue on a thread of its own, which begins with the first work: a program has more queues than it needs at
+// once.
 #pragma once
 
 #include "base/dispatch.h"
@@ -24,7 +25,8 @@ public:
 private:
     void serve(const std::stop_token& stop);
 
-    std::mutex m_mutex; // guards m_waiting
+    const std::string m_name;
+    std::mutex m_mutex; // guards m_waiting and the beginning of m_thread
     std::condition_variable_any m_news;
     std::deque<Work> m_waiting;
     std::jthread m_thread; // last: it uses all of the above

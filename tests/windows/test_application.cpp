@@ -3,6 +3,8 @@
 #include "support/real_application.h"
 #include "support/test.h"
 
+#include <qtestsupport_core.h>
+
 namespace tickervantage {
 namespace {
 
@@ -47,6 +49,22 @@ TEST_F(ApplicationTest, ItemsWithoutAWindowAreDisabledAndSayWhy) {
     EXPECT_EQ(disabled,
               (std::set<std::string>{"formerConfigurations", "installChrony", "rotateLogs", "runChronywake",
                                      "startChrony", "stepTime", "stopChrony", "synchServer", "uninstallChrony"}));
+}
+
+TEST_F(ApplicationTest, TheMenusIconsWaitForTheFirstPicture) {
+    const QTemporaryDir icons;
+    QImage picture(16, 16, QImage::Format_ARGB32);
+    picture.fill(Qt::red);
+    for (const char* name : {"view-refresh.png", "application-exit.png"})
+        ASSERT_TRUE(picture.save(icons.filePath(QLatin1String(name))));
+    QIcon::setFallbackSearchPaths({icons.path()});
+    QIcon::setThemeName(QStringLiteral("hicolor")); // without a theme Qt looks nowhere
+    launch();
+    EXPECT_FALSE(item("refresh")->icon().isNull()) << "it stands in the toolbar";
+    EXPECT_TRUE(item("quit")->icon().isNull());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !item("quit")->icon().isNull(); }, 20'000));
+    QIcon::setThemeName({});
+    QIcon::setFallbackSearchPaths({});
 }
 
 TEST_F(ApplicationTest, FrequencyAndItsInspectorAreOneWindowEach) {
