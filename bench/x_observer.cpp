@@ -7,9 +7,12 @@
 //       Asks the window manager to minimise the window of that title and waits until it has gone from the screen.
 #include <poll.h>
 #include <spawn.h>
+#include <sys/ipc.h>
+#include <sys/shm.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <X11/extensions/Xdamage.h>
+#include <X11/extensions/XShm.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
@@ -59,22 +62,57 @@ void watch(Display* display, const std::function<bool(XEvent&)>& seen_enough) {
     give_up("waited in vain");
 }
 
+// A picture of a window, through memory that is shared with the display: through the connection a large window would
+// keep the display from serving the program that is watched.
+class Picture {
+public:
+    Picture(Display* display, const XWindowAttributes& window) : m_display(display) {
+        m_image = XShmCreateImage(display, window.visual, static_cast<unsigned>(window.depth), ZPixmap, nullptr,
+                                  &m_memory, static_cast<unsigned>(window.width), static_cast<unsigned>(window.height));
+        if (m_image == nullptr)
+            give_up("the display does not share memory");
+        m_memory.shmid = shmget(IPC_PRIVATE, size(), IPC_CREAT | 0600);
+        void* memory = m_memory.shmid < 0 ? nullptr : shmat(m_memory.shmid, nullptr, 0);
+        if (memory == nullptr || memory == reinterpret_cast<void*>(-1)) // how shmat says no
+            give_up("no shared memory");
+        m_memory.shmaddr = m_image->data = static_cast<char*>(memory);
+        XShmAttach(display, &m_memory);
+        XSync(display, False);
+        shmctl(m_memory.shmid, IPC_RMID, nullptr);
+    }
+    ~Picture() {
+        XShmDetach(m_display, &m_memory);
+        XSync(m_display, False);
+        shmdt(m_memory.shmaddr);
+        m_image->data = nullptr;
+        XDestroyImage(m_image);
+    }
+    Picture(const Picture&) = delete;
+    Picture& operator=(const Picture&) = delete;
+
+    // Whether the window shows more than one colour.
+    [[nodiscard]] bool has_colours(Window window) {
+        const auto pixel = static_cast<std::size_t>(m_image->bits_per_pixel / 8);
+        return XShmGetImage(m_display, window, m_image, 0, 0, AllPlanes) != 0 &&
+               std::memcmp(m_image->data, m_image->data + pixel, size() - pixel) != 0;
+    }
+
+private:
+    [[nodiscard]] std::size_t size() const {
+        return static_cast<std::size_t>(m_image->bytes_per_line) * static_cast<std::size_t>(m_image->height);
+    }
+
+    Display* m_display;
+    XImage* m_image = nullptr;
+    XShmSegmentInfo m_memory{};
+};
+
 // A window whose background alone has been painted has one colour.
 bool shows_something(Display* display, Window window) {
     XWindowAttributes attributes;
     if (XGetWindowAttributes(display, window, &attributes) == 0 || attributes.map_state != IsViewable)
         return false;
-    XImage* image = XGetImage(display, window, 0, 0, static_cast<unsigned>(attributes.width),
-                              static_cast<unsigned>(attributes.height), AllPlanes, ZPixmap);
-    if (image == nullptr)
-        return false;
-    bool several = false;
-    const unsigned long first = XGetPixel(image, 0, 0);
-    for (int y = 0; y < image->height && !several; ++y)
-        for (int x = 0; x < image->width && !several; ++x)
-            several = XGetPixel(image, x, y) != first;
-    XDestroyImage(image);
-    return several;
+    return Picture(display, attributes).has_colours(window);
 }
 
 int first_paint(char** program) {
@@ -93,8 +131,9 @@ int first_paint(char** program) {
         give_up("the program cannot be started");
     watch(display, [&](XEvent& event) {
         if (event.type == MapNotify && event.xmap.event == DefaultRootWindow(display)) {
+            // All of it counts as damaged at first.
             watched[XDamageCreate(display, event.xmap.window, XDamageReportNonEmpty)] = event.xmap.window;
-            return shows_something(display, event.xmap.window);
+            return false;
         }
         if (event.type != damage_event + XDamageNotify)
             return false;
