@@ -175,6 +175,7 @@ void AnalysisWindows::showHistory(HistoryPlaces places) {
 void AnalysisWindows::make_laboratory() {
     m_laboratory = std::make_unique<LaboratoryWindow>(
         LaboratoryWindowParts{.main_thread = m_parts.main_thread,
+                              .timer = m_parts.timer,
                               .files = m_parts.files,
                               .queue = m_parts.log_queues.lend(),
                               .exports = export_parts(),

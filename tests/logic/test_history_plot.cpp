@@ -143,6 +143,17 @@ TEST(ViewPath, SmallMovementsAreOneStepBack) {
     EXPECT_EQ(path.now(), (TimeRange{50, 60}));
     path.go({1, 2});
     EXPECT_FALSE(path.can_go_forward());
+    path.go({50, 60});
+    path.slide({50, 60}); // to where it is
+    path.slide({51, 61});
+    path.back();
+    EXPECT_EQ(path.now(), (TimeRange{50, 60}));
+    path.extend({50, 60}, {50, 70});
+    path.extend({1, 2}, {1, 3}); // behind it
+    EXPECT_EQ(path.now(), (TimeRange{50, 70}));
+    path.back();
+    EXPECT_EQ(path.now(), (TimeRange{1, 3}));
+    EXPECT_EQ(zoomed({0, 1}, 0, 0.1, 0.5), (TimeRange{0, 0.5}));
     EXPECT_EQ(zoomed({0, 100}, 25, 0.5), (TimeRange{12.5, 62.5}));
     EXPECT_EQ(kept_within({90, 110}, {0, 100}), (TimeRange{80, 100}));
     EXPECT_EQ(kept_within({-50, 250}, {0, 100}), (TimeRange{-100, 200}));

@@ -72,6 +72,52 @@ TEST(LogChart, ShowsAllDecadesOfAPanel) {
         EXPECT_TRUE(std::ranges::find(texts, text) != texts.end()) << text;
 }
 
+TEST(LogChart, APartFitsItsPanelsAndHasLabelsOfItsOwn) {
+    LogChart chart = falling();
+    chart.panels.front().flags = {{1, 1e-6, "before"}, {15, 2e-7, "here"}};
+    chart.panels.front().series.push_back( // from one end to the other
+        {.points = {{.x = 0.5, .y = 1e-9}, {.x = 2e5, .y = 1e-9 / 4e5}}, .is_told = false});
+    chart.from = 11;
+    chart.to = 20;
+    chart.panels.front().unit = AxisUnit::seconds;
+    RecordingCanvas canvas;
+    draw_chart(canvas, bounds, chart);
+    const auto texts = texts_of(canvas);
+    for (const char* text : {"12 s", "20 s", "here"})
+        EXPECT_TRUE(std::ranges::find(texts, text) != texts.end()) << text;
+    EXPECT_TRUE(std::ranges::find(texts, "before") == texts.end());
+    EXPECT_FALSE(nearest(chart, bounds, {300, 200})) << "no point lies in that part";
+    // A decade downwards for a decade to the right: between the edges of a part, as of the whole.
+    std::vector<double> falls;
+    for (const auto& line : canvas.polylines)
+        if (line.points.front().x < 60 && line.points.back().x > 680)
+            falls.push_back(line.points.front().y - line.points.back().y);
+    ASSERT_EQ(falls.size(), 2U);
+    EXPECT_NEAR(falls[0], falls[1], 1e-6);
+    EXPECT_GT(falls[0], 10);
+    chart.from = 10;
+    chart.panels.front().series.pop_back();
+    RecordingCanvas pointed;
+    draw_pointer(pointed, bounds, chart, {0, 0, 0});
+    EXPECT_TRUE(pointed.boxes.empty());
+    draw_pointer(pointed, bounds, chart, {0, 0, 1});
+    EXPECT_FALSE(pointed.boxes.empty());
+}
+
+TEST(ValueAxis, APartOfADecadeHasEvenLabelsThatAreTrue) {
+    for (const auto& [unit, span, wanted] : std::vector<std::tuple<AxisUnit, AxisSpan, std::string>>{
+             {AxisUnit::none, {2.1e-8, 4.8e-8}, "2.5·10⁻⁸ 3.0·10⁻⁸ 3.5·10⁻⁸ 4.0·10⁻⁸ 4.5·10⁻⁸ "},
+             {AxisUnit::seconds, {0.0011, 0.0019}, "1100 1200 1300 1400 1500 1600 1700 1800 1900 "},
+             {AxisUnit::none, {11, 14}, "11.0 11.5 12.0 12.5 13.0 13.5 14.0 "}}) {
+        ValueAxis axis(unit, AxisShape::logarithmic, span, span.low);
+        axis.place_between(0, 300);
+        std::string found;
+        for (const AxisTick& tick : axis.ticks(24))
+            found += tick.label + ' ';
+        EXPECT_EQ(found, wanted);
+    }
+}
+
 TEST(LogChart, PanelsStandAboveEachOtherAndFlagsOverNothing) {
     LogChart chart = falling();
     chart.panels.push_back(chart.panels.front());

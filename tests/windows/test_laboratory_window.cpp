@@ -3,6 +3,7 @@
 #include "history/history_writer.h"
 #include "support/fake_followed_files.h"
 #include "support/kept_plots.h"
+#include "support/manual_timer.h"
 #include "support/memory_files.h"
 #include "support/window_test.h"
 
@@ -33,6 +34,7 @@ std::string made_log(int records, std::uint64_t seed = 1) {
 }
 
 struct LaboratoryWindowTest : testing::WindowTest<LaboratoryWindow> {
+    testing::ManualMasterTimer timer;
     testing::FakeFollowedFiles files;
     testing::MemoryFiles user_files;
     testing::KeptPlots plots;
@@ -44,11 +46,13 @@ struct LaboratoryWindowTest : testing::WindowTest<LaboratoryWindow> {
         files.create("/log/tracking.log", made_log(8000));
         window = std::make_unique<LaboratoryWindow>(LaboratoryWindowParts{
             .main_thread = main_thread,
+            .timer = timer,
             .files = files,
             .queue = {std::shared_ptr<void>(), &queue},
             .exports = {.queue = queue, .main_thread = main_thread, .writer = plots},
             .now = [] { return begin; },
             .compensation = {.main_thread = main_thread, .queue = queue, .files = user_files, .logs = files}});
+        timer.start();
         window->resize(1000, 700);
         window->show();
     }
@@ -241,6 +245,103 @@ TEST_F(LaboratoryWindowTest, ThePointerTellsValuesWithTheirLimits) {
     EXPECT_EQ(words("stability_pointed"), "");
 }
 
+TEST_F(LaboratoryWindowTest, ChartsZoomAndFindTheWayBack) {
+    open();
+    ChartView* view = chart("stability");
+    const auto part = [view] {
+        return std::log(view->chart().to / view->chart().from);
+    };
+    const double all = part();
+    const auto mouse = [view](QEvent::Type type, QPointF at, Qt::KeyboardModifiers keys = {}) {
+        QMouseEvent event(type, at, view->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, keys);
+        QApplication::sendEvent(view, &event);
+    };
+    EXPECT_FALSE(find<QToolButton>("back")->isEnabled() || find<QToolButton>("show_all")->isEnabled());
+    mouse(QEvent::MouseButtonPress, {300, 100}); // all of it cannot be dragged away
+    mouse(QEvent::MouseMove, {340, 100});
+    mouse(QEvent::MouseButtonRelease, {340, 100});
+    EXPECT_TRUE(view->shows_all());
+    const QPointF middle(400, 100);
+    QWheelEvent wheel(middle, middle, {}, {0, 360}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(view, &wheel);
+    EXPECT_NEAR(part(), all / 2, 1e-6);
+    find<QToolButton>("back")->click();
+    EXPECT_TRUE(view->shows_all() && find<QToolButton>("forward")->isEnabled());
+    mouse(QEvent::MouseButtonPress, {300, 100}, Qt::ShiftModifier);
+    mouse(QEvent::MouseMove, {400, 100}, Qt::ShiftModifier);
+    mouse(QEvent::MouseButtonRelease, {400, 100}, Qt::ShiftModifier);
+    EXPECT_NEAR(part() / all, 100.0 / (view->width() - 74), 0.01); // 74: beside the panels
+    const double left = view->chart().from;
+    testing::press_key(view, Qt::Key_PageDown);
+    EXPECT_GT(view->chart().from, left);
+    testing::press_key(view, Qt::Key_Home); // the first point, which comes into sight
+    EXPECT_LE(view->chart().from, poll);
+    testing::press_key(view, Qt::Key_Backspace); // what the keys did is one movement
+    EXPECT_EQ(view->chart().from, left);
+    testing::press_key(view, Qt::Key_Backspace);
+    EXPECT_TRUE(view->shows_all());
+    for (int step = 0; step < 60; ++step)
+        testing::press_key(view, Qt::Key_Plus);
+    EXPECT_NEAR(part(), 0.05, 1e-6);
+    find<QCheckBox>("measure_hdev")->setChecked(true);
+    settle();
+    EXPECT_NEAR(part(), 0.05, 1e-6) << "another measure of the same place";
+    turn_to(2);
+    EXPECT_FALSE(find<QToolButton>("back")->isEnabled() || find<QToolButton>("show_all")->isEnabled());
+    turn_to(0);
+    find<QToolButton>("show_all")->click();
+    EXPECT_TRUE(view->shows_all());
+}
+
+TEST_F(LaboratoryWindowTest, AGrowingLogIsFollowedAndThePictureStays) {
+    files.create("/log/tracking.log", made_log(100));
+    open();
+    ChartView* view = chart("stability");
+    const double end = view->chart().to;
+    files.create("/log/tracking.log", made_log(200));
+    timer.advance(60);
+    EXPECT_EQ(queue.waiting(), 0U) << "a hundredth more comes in four minutes";
+    timer.advance(240);
+    settle();
+    EXPECT_NE(words("origins").find("200 records"), std::string::npos) << words("origins");
+    EXPECT_GT(view->chart().to, end) << "all of it is more of it";
+    view->setFocus();
+    testing::press_key(view, Qt::Key_Right);
+    testing::press_key(view, Qt::Key_Plus);
+    table("stability")->topLevelItem(2)->setSelected(true);
+    const auto part = view->path().now();
+    const auto values = words("stability_pointed");
+    files.create("/log/tracking.log", made_log(400));
+    timer.advance(900);
+    settle();
+    EXPECT_NE(words("origins").find("400 records"), std::string::npos) << words("origins");
+    EXPECT_EQ(view->path().now(), part);
+    EXPECT_NE(words("stability_pointed"), values) << "of the same point, out of more";
+    EXPECT_EQ(words("stability_pointed").substr(0, 38), values.substr(0, 38));
+    EXPECT_TRUE(table("stability")->topLevelItem(2)->isSelected());
+    view->back();
+    EXPECT_TRUE(view->shows_all());
+    timer.advance(900);
+    queue.turn();
+    main_thread.turn();
+    EXPECT_EQ(queue.waiting(), 0U) << "what has not grown is not computed again";
+    files.create("/log/tracking.log", "");
+    timer.advance(900);
+    settle();
+    EXPECT_FALSE(view->is_empty()) << "a log that is being rotated";
+    window->hide();
+    timer.advance(3600);
+    EXPECT_EQ(queue.waiting(), 0U) << "nobody looks";
+}
+
+TEST_F(LaboratoryWindowTest, ALogThatBeginsIsSeen) {
+    open("/missing");
+    files.create("/missing", made_log(100));
+    timer.advance(60);
+    settle();
+    EXPECT_FALSE(chart("stability")->is_empty());
+}
+
 TEST_F(LaboratoryWindowTest, CopiesAndExportsWhatIsShown) {
     open();
     const auto export_to = [this](int page, const char* name) {
@@ -268,8 +369,9 @@ TEST_F(LaboratoryWindowTest, CopiesAndExportsWhatIsShown) {
 }
 
 TEST_F(LaboratoryWindowTest, EveryControlHasANameAndATooltip) {
-    for (const char* name : {"measure_adev", "measure_mtie", "confidence", "spacing", "minpoll", "maxpoll", "limit",
-                             "quantile", "quantity", "trend", "source", "files", "export"}) {
+    for (const char* name :
+         {"measure_adev", "measure_mtie", "confidence", "spacing", "minpoll", "maxpoll", "limit", "quantile",
+          "quantity", "trend", "source", "files", "export", "back", "forward", "show_all"}) {
         EXPECT_FALSE(find<QWidget>(name)->accessibleName().isEmpty()) << name;
         EXPECT_FALSE(find<QWidget>(name)->toolTip().isEmpty()) << name;
     }

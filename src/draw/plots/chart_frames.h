@@ -21,7 +21,10 @@ struct Frame {
 
 // One for each panel, from above downwards.
 [[nodiscard]] std::vector<Frame> frames_of(const LogChart& chart, Rect bounds);
-[[nodiscard]] LogAxis level_axis(const LogChart& chart, Rect bounds);
+
+[[nodiscard]] inline bool is_in_sight(const LogChart& chart, double x) {
+    return chart.from <= x && x <= chart.to;
+}
 
 [[nodiscard]] inline bool is_pointable(const ChartSeries& series) {
     return series.is_told && !series.points.empty();

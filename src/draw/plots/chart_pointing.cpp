@@ -24,6 +24,8 @@ std::optional<ChartPlace> nearest(const LogChart& chart, Rect bounds, Point at) 
         for (std::size_t series = 0; series < chart.panels[panel].series.size(); ++series) {
             const ChartSeries& curve = chart.panels[panel].series[series];
             for (std::size_t point = 0; is_pointable(curve) && point < curve.points.size(); ++point) {
+                if (!is_in_sight(chart, curve.points[point].x))
+                    continue;
                 const double dx = across.place_of(curve.points[point].x) - at.x;
                 const double dy = frames[panel].axis.place_of(curve.points[point].y) - at.y;
                 constexpr double flat = 0.1; // the place beside counts more than the height

@@ -1,11 +1,15 @@
 #include "draw/plots/log_axis.h"
 
+#include "draw/plots/round_steps.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <span>
+#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -19,19 +23,45 @@ constexpr std::array<Unit, 7> span_units{
     {{86400, "d"}, {3600, "h"}, {60, "min"}, {1, "s"}, {1e-3, "ms"}, {1e-6, "µs"}, {1e-9, "ns"}}};
 constexpr std::array<Unit, 5> frequency_units{{{1e3, "kHz"}, {1, "Hz"}, {1e-3, "mHz"}, {1e-6, "µHz"}, {1e-9, "nHz"}}};
 
-std::string in_unit(double value, std::span<const Unit> units, int digits, std::string_view decimal_point) {
+const Unit& unit_for(double value, std::span<const Unit> units) {
     const auto fits = [value](const Unit& unit) {
         return value >= unit.size * 0.9995;
     };
     const auto found = std::ranges::find_if(units, fits);
-    const Unit& unit = found == units.end() ? units.back() : *found;
+    return found == units.end() ? units.back() : *found;
+}
+
+std::string with_point(std::string text, std::string_view decimal_point) {
+    if (const auto point = text.find('.'); point != std::string::npos)
+        text.replace(point, 1, decimal_point);
+    return text;
+}
+
+std::string in_unit(double value, std::span<const Unit> units, int digits, std::string_view decimal_point) {
+    const Unit& unit = unit_for(value, units);
     const double number = value / unit.size;
     const int before = number > 0 ? static_cast<int>(std::floor(std::log10(number) + 1e-9)) + 1 : 1;
     std::string text = number >= 1e6 || number < 1e-3 ? fmt::format("{:.{}g}", number, digits)
                                                       : fmt::format("{:.{}f}", number, std::max(0, digits - before));
-    if (const auto point = text.find('.'); point != std::string::npos)
-        text.replace(point, 1, decimal_point);
-    return text + ' ' + unit.name;
+    return with_point(std::move(text), decimal_point) + ' ' + unit.name;
+}
+
+struct Labelled {
+    double value;
+    std::string text;
+};
+
+// From low to high in steps of one unit; what a part of a decade has of rounder values is too little.
+std::vector<Labelled> even_steps(double low, double high, double least_step, std::span<const Unit> units,
+                                 std::string_view decimal_point) {
+    const Unit& unit = unit_for(low, units);
+    const double step = round_step(least_step / unit.size);
+    const int decimals = std::max(0, static_cast<int>(std::ceil(-std::log10(step) - 1e-9)));
+    std::vector<Labelled> all;
+    for (double number = std::ceil(low / unit.size / step); number * step * unit.size <= high; ++number)
+        all.push_back({number * step * unit.size,
+                       with_point(fmt::format("{:.{}f}", number * step, decimals), decimal_point) + ' ' + unit.name});
+    return all;
 }
 
 // The rounder a value, the earlier it stands.
@@ -75,7 +105,7 @@ LogAxis::LogAxis(LogAxisKind kind, double low, double high, double left, double 
 }
 
 double LogAxis::place_of(double value) const {
-    return m_left + std::log(std::max(value, m_low * 1e-3) / m_low) * m_points;
+    return m_left + std::log(std::max(value, std::numeric_limits<double>::min()) / m_low) * m_points;
 }
 
 double LogAxis::value_at(double place) const {
@@ -96,9 +126,19 @@ std::vector<LogAxis::Mark> LogAxis::chosen(const std::vector<Mark>& wanted, doub
     return marks;
 }
 
+bool LogAxis::is_part_of_a_decade() const {
+    return m_high / m_low < 4;
+}
+
 std::vector<LogAxis::Mark> LogAxis::marks(double room, std::string_view decimal_point) const {
     std::vector<Mark> wanted;
     const bool is_span = m_kind == LogAxisKind::duration;
+    if (is_part_of_a_decade()) {
+        const auto units = is_span ? std::span<const Unit>(span_units) : std::span<const Unit>(frequency_units);
+        for (const Labelled& one : even_steps(m_low, m_high, m_high * room / m_points, units, decimal_point))
+            wanted.push_back({one.value, place_of(one.value), one.text});
+        return chosen(wanted, room);
+    }
     for (const double value : is_span ? round_spans() : round_frequencies())
         wanted.push_back({value, place_of(value),
                           is_span ? span_text(value, 1, decimal_point) : frequency_text(value, 1, decimal_point)});
@@ -107,6 +147,12 @@ std::vector<LogAxis::Mark> LogAxis::marks(double room, std::string_view decimal_
 
 std::vector<LogAxis::Mark> LogAxis::period_marks(double room, std::string_view decimal_point) const {
     std::vector<Mark> wanted;
+    if (is_part_of_a_decade()) {
+        for (const Labelled& one :
+             even_steps(1 / m_high, 1 / m_low, room / m_low / m_points, span_units, decimal_point))
+            wanted.push_back({1 / one.value, place_of(1 / one.value), one.text});
+        return chosen(wanted, room);
+    }
     for (const double span : round_spans())
         wanted.push_back({1 / span, place_of(1 / span), span_text(span, 1, decimal_point)});
     return chosen(wanted, room);

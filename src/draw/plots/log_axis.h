@@ -23,7 +23,8 @@ public:
         double place = 0;
         std::string text;
     };
-    // Round values so far apart that labels `room` points wide fit: "1 s", "10 min", "1 d"; of frequencies "1 mHz".
+    // Round values so far apart that labels `room` points wide fit: "1 s", "10 min", "1 d"; of frequencies "1 mHz". A
+    // part of a decade has even steps in one unit: "1.2 h", "1.4 h".
     [[nodiscard]] std::vector<Mark> marks(double room, std::string_view decimal_point) const;
 
     // Of an axis of frequencies: the periods that they belong to, where they stand.
@@ -31,6 +32,7 @@ public:
 
 private:
     [[nodiscard]] std::vector<Mark> chosen(const std::vector<Mark>& wanted, double room) const;
+    [[nodiscard]] bool is_part_of_a_decade() const;
 
     LogAxisKind m_kind;
     double m_low;

@@ -206,6 +206,8 @@ private:
     void draw_flags() const {
         std::vector<Rect> taken;
         for (const ChartFlag& flag : m_panel.flags) {
+            if (!is_in_sight(m_chart, flag.x))
+                continue;
             const Point place = place_of(flag.x, flag.y);
             const double width = width_of(flag.text);
             const double left = std::clamp(place.x - width / 2, m_frame.area.x, right_edge(m_frame.area) - width);
@@ -259,7 +261,7 @@ void draw_chart(Canvas& canvas, Rect bounds, const LogChart& chart) {
     for (std::size_t at = 0; at < frames.size(); ++at)
         Painter(canvas, chart, across, frames[at], chart.panels[at]).draw();
     draw_level_axis(canvas, bounds, chart, across);
-    if (!chart.upright || *chart.upright < chart.from || *chart.upright > chart.to)
+    if (!chart.upright || !is_in_sight(chart, *chart.upright))
         return;
     const double x = across.place_of(*chart.upright);
     box(canvas, {x - HALF, frames.back().area.y, 1, upper_edge(frames.front().area) - frames.back().area.y},
@@ -272,6 +274,8 @@ void draw_pointer(Canvas& canvas, Rect bounds, const LogChart& chart, const Char
         return;
     const Rect& area = frames[place.panel].area;
     const ChartPoint& point = point_at(chart, place);
+    if (!is_in_sight(chart, point.x))
+        return;
     const Point at{level_axis(chart, bounds).place_of(point.x), frames[place.panel].axis.place_of(point.y)};
     const Ink faint(ColorRole::text, HALF);
     box(canvas, {at.x - HALF, area.y, 1, area.height}, faint);

@@ -62,7 +62,7 @@ struct ChartPanel {
 
 struct LogChart {
     LogAxisKind axis = LogAxisKind::duration;
-    double from = 1;
+    double from = 1; // what is in sight: each panel shows what its curves do there
     double to = 10;
     std::string axis_title = {};
     bool has_periods = false; // an upper axis of them, over frequencies
@@ -83,14 +83,17 @@ struct ChartPlace {
 
 [[nodiscard]] const ChartPoint& point_at(const LogChart& chart, const ChartPlace& place);
 
-// The point nearest to a place in a panel; none beside the panels and without points.
+// The level axis, as it is drawn.
+[[nodiscard]] LogAxis level_axis(const LogChart& chart, Rect bounds);
+
+// The point in sight nearest to a place in a panel; none beside the panels and without points.
 [[nodiscard]] std::optional<ChartPlace> nearest(const LogChart& chart, Rect bounds, Point at);
 
 // A point `steps` further on its curve, held at the ends; of none the first one. And the one above or below it.
 [[nodiscard]] std::optional<ChartPlace> moved(const LogChart& chart, const std::optional<ChartPlace>& from, int steps);
 [[nodiscard]] std::optional<ChartPlace> on_next_curve(const LogChart& chart, const ChartPlace& from, int steps);
 
-// A ring about the point, and lines to both axes.
+// A ring about the point, and lines to both axes; nothing of a point out of sight.
 void draw_pointer(Canvas& canvas, Rect bounds, const LogChart& chart, const ChartPlace& place);
 
 // The shape alone, as a table shows it.

@@ -83,6 +83,16 @@ int digits_after_point(double step) {
     return std::max(0, static_cast<int>(std::ceil(-std::log10(step) - 1e-9)));
 }
 
+// A number among others that are a step apart: 0.34, 3.4·10⁻⁸.
+std::string step_text(double number, double step, std::string_view decimal_point) {
+    const int exponent = static_cast<int>(std::floor(std::log10(number) + 1e-9));
+    const bool is_plain = exponent >= -3 && exponent <= 4;
+    const double size = is_plain ? 1 : std::pow(10, exponent);
+    const std::string text =
+        signed_text(fmt::format("{:.{}f}", number / size, digits_after_point(step / size)), decimal_point);
+    return is_plain ? text : text + "·10" + superscript(exponent);
+}
+
 // What can be drawn: finite, with a length that doubles can tell apart.
 AxisSpan drawable(AxisSpan span) {
     constexpr double most = 1e30;
@@ -141,7 +151,8 @@ void ValueAxis::place_between(double bottom, double top) {
 double ValueAxis::bent(double value) const {
     if (m_shape == AxisShape::symmetric_log)
         return std::asinh(value / m_even_to);
-    return m_shape == AxisShape::logarithmic ? std::log(std::max(value, m_span.low * 1e-3)) : value;
+    constexpr double far_below = 1e-12; // where zero stands; what is above that stands at its place, in sight or not
+    return m_shape == AxisShape::logarithmic ? std::log(std::max(value, m_span.low * far_below)) : value;
 }
 
 double ValueAxis::unbent(double place) const {
@@ -207,8 +218,20 @@ std::vector<ValueAxis::Decade> ValueAxis::decades(double room) const {
     return found;
 }
 
+// Of a part of a decade, which has hardly a round number. The highest two stand nearest to each other.
+std::vector<AxisTick> ValueAxis::even_ticks(double room, std::string_view decimal_point) const {
+    const Unit unit = unit_for(unit_size(), m_unit);
+    const double step = round_step(m_span.high * room / m_points);
+    std::vector<AxisTick> found;
+    for (double number = std::ceil(m_span.low / step); number * step <= m_span.high; ++number)
+        found.push_back({number * step, step_text(number * step / unit.size, step / unit.size, decimal_point)});
+    return found;
+}
+
 std::vector<AxisTick> ValueAxis::ticks(double room, std::string_view decimal_point) const {
     std::vector<AxisTick> found;
+    if (m_shape == AxisShape::logarithmic && m_span.high / m_span.low < 4)
+        return even_ticks(room, decimal_point);
     if (m_shape != AxisShape::linear) {
         const Unit unit = unit_for(unit_size(), m_unit);
         for (const Decade& decade : decades(room))

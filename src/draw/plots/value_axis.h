@@ -62,6 +62,7 @@ private:
         bool has_label;
     };
     [[nodiscard]] std::vector<Decade> decades(double room) const;
+    [[nodiscard]] std::vector<AxisTick> even_ticks(double room, std::string_view decimal_point) const;
     [[nodiscard]] double unit_size() const; // of a logarithmic axis: what its unit suits
 
     AxisUnit m_unit;

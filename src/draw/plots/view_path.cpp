@@ -9,8 +9,7 @@ constexpr std::size_t longest_path = 100;
 
 } // namespace
 
-TimeRange zoomed(const TimeRange& range, double about, double factor) {
-    constexpr double shortest = 1;
+TimeRange zoomed(const TimeRange& range, double about, double factor, double shortest) {
     constexpr double longest = 200 * 365.25 * 86400;
     const double length = std::clamp(range.length() * factor, shortest, longest);
     const double share = range.length() > 0 ? (about - range.from) / range.length() : 0.5;
@@ -37,10 +36,18 @@ void ViewPath::go(const TimeRange& range) {
 }
 
 void ViewPath::slide(const TimeRange& range) {
+    if (range == m_now)
+        return;
     if (!m_is_sliding)
         go(range);
     m_now = range;
     m_is_sliding = true;
+}
+
+void ViewPath::extend(const TimeRange& was, const TimeRange& is) {
+    std::ranges::replace(m_before, was, is);
+    std::ranges::replace(m_after, was, is);
+    m_now = m_now == was ? is : m_now;
 }
 
 void ViewPath::back() {

@@ -1,4 +1,5 @@
-// The part of a time axis in sight, and the way one came there: back and forward as in a browser.
+// The part of a level axis in sight, and the way one came there: back and forward as in a browser. Of time in seconds;
+// of an axis over decades in logarithms.
 //
 // A plain value; one thread.
 #pragma once
@@ -10,9 +11,9 @@
 
 namespace tickervantage {
 
-// Around `about`, which keeps its place; factor 2 shows twice as much. Not shorter than a second, not longer than 200
+// Around `about`, which keeps its place; factor 2 shows twice as much. Not shorter than that, not longer than 200
 // years.
-[[nodiscard]] TimeRange zoomed(const TimeRange& range, double about, double factor);
+[[nodiscard]] TimeRange zoomed(const TimeRange& range, double about, double factor, double shortest = 1);
 
 // Moved so that it lies within the limits; where it is longer, it is centred on them.
 [[nodiscard]] TimeRange kept_within(TimeRange range, const TimeRange& limits);
@@ -27,6 +28,8 @@ public:
     void slide(const TimeRange& range);
     // A movement that nobody made, such as that of new data.
     void follow(const TimeRange& range) { m_now = range; }
+    // All that there is has grown, or become less: who had it in sight has so again, also on the way back.
+    void extend(const TimeRange& was, const TimeRange& is);
 
     [[nodiscard]] bool can_go_back() const { return !m_before.empty(); }
     [[nodiscard]] bool can_go_forward() const { return !m_after.empty(); }

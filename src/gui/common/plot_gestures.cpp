@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
+#include <QPainter>
 #include <QStyleHints>
 #include <QWheelEvent>
 #include <QWidget>
@@ -32,6 +33,15 @@ std::optional<PlotGestures::Frame> PlotGestures::frame() const {
     if (!m_frame_from || !m_pointer)
         return std::nullopt;
     return Frame{std::min(m_frame_from->x(), m_pointer->x()), std::max(m_frame_from->x(), m_pointer->x())};
+}
+
+void PlotGestures::draw_frame(QPainter& painter) const {
+    const auto pulled = frame();
+    if (!pulled)
+        return;
+    QColor shade = m_surface->palette().color(QPalette::Highlight);
+    shade.setAlphaF(0.25F);
+    painter.fillRect(QRectF(pulled->from, 0, pulled->to - pulled->from, m_surface->height()), shade);
 }
 
 bool PlotGestures::eventFilter(QObject*, QEvent* event) {

@@ -13,6 +13,7 @@
 
 class QKeyEvent;
 class QMouseEvent;
+class QPainter;
 class QWheelEvent;
 class QWidget;
 
@@ -38,6 +39,7 @@ public:
         double to;
     };
     [[nodiscard]] std::optional<Frame> frame() const; // that is being pulled open
+    void draw_frame(QPainter& painter) const;
 
     // Whether it was a key of these.
     [[nodiscard]] bool take_key(const QKeyEvent& event);

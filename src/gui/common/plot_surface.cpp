@@ -69,6 +69,13 @@ void PlotSurface::paint_empty(QPainter& painter) const {
                      m_empty_text);
 }
 
+void PlotSurface::draw_focus(QPainter& painter) const {
+    if (!hasFocus())
+        return;
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(0, 0, width() - 1, height() - 1);
+}
+
 void PlotSurface::resizeEvent(QResizeEvent*) {
     plot_changed();
 }

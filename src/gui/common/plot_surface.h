@@ -36,6 +36,7 @@ protected:
     [[nodiscard]] virtual bool is_empty() const = 0;
     virtual void draw_plot(Canvas& canvas) const = 0; // also while it is empty
     virtual void draw_over(QPainter& /*painter*/) const {}
+    void draw_focus(QPainter& painter) const;       // a frame about the plot that has the keyboard
     [[nodiscard]] virtual QRectF text_area() const; // for the empty text
     virtual void plot_changed();                    // what it looks like: to be painted anew
     // The pointer is there, y up, or left; so it is told too when the keyboard goes elsewhere.

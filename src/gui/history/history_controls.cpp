@@ -28,11 +28,9 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(history)
 };
 
-QToolButton* tool(QWidget* parent, const char* name, const QString& text, const QString& tooltip,
-                  const QKeySequence& keys = {}) {
+QToolButton* tool(QWidget* parent, const char* name, const QString& text, const QString& tooltip) {
     auto* button = named(new QToolButton(parent), name, QString(text).remove(QLatin1Char('&')), tooltip);
     button->setText(text);
-    button->setShortcut(keys);
     button->setFocusPolicy(Qt::StrongFocus);
     return button;
 }
@@ -45,16 +43,7 @@ QComboBox* choice(QWidget* parent, const char* name, const QString& spoken, cons
 }
 
 void build_movement(QWidget* parent, HistoryControls& controls) {
-    //: history window: button, the range in sight before this one
-    controls.back = tool(parent, "back", Texts::tr("◀"), Texts::tr("Back to what was in sight before (Alt+Left)"),
-                         QKeySequence(Qt::ALT | Qt::Key_Left));
-    //: history window: button, and its tooltip
-    controls.forward = tool(parent, "forward", Texts::tr("▶"), Texts::tr("Forward again (Alt+Right)"),
-                            QKeySequence(Qt::ALT | Qt::Key_Right));
-    //: history window: accessible name of the button that goes back
-    controls.back->setAccessibleName(Texts::tr("Back"));
-    //: history window: accessible name of the button that goes forward
-    controls.forward->setAccessibleName(Texts::tr("Forward"));
+    controls.path = make_path_buttons(parent);
     //: history window: name of the menu of ranges, its tooltip, and its entries
     controls.range = choice(parent, "range", Texts::tr("Range"), Texts::tr("How much is in sight, up to the newest"),
                             {Texts::tr("All"), Texts::tr("1 hour"), Texts::tr("6 hours"), Texts::tr("1 day"),
@@ -222,7 +211,7 @@ void build_tables(QWidget* parent, HistoryControls& controls) {
 QLayout* top_row(const HistoryControls& controls) {
     auto* row = new QHBoxLayout;
     row->setSpacing(2); // all of it fits a screen 640 points wide
-    for (QWidget* widget : std::initializer_list<QWidget*>{controls.back, controls.forward, controls.range,
+    for (QWidget* widget : std::initializer_list<QWidget*>{controls.path.back, controls.path.forward, controls.range,
                                                            controls.when, controls.follow, controls.zoom_by_drag})
         row->addWidget(widget);
     row->addStretch(1);

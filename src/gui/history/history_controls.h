@@ -1,6 +1,7 @@
 // The controls of the history window, made and laid out. Main thread.
 #pragma once
 
+#include "gui/common/path_buttons.h"
 #include "studies/history/history_view.h"
 
 #include <array>
@@ -22,8 +23,7 @@ class HistoryPlot;
 
 struct HistoryControls {
     HistoryPlot* plot = nullptr;
-    QToolButton* back = nullptr;
-    QToolButton* forward = nullptr;
+    PathButtons path;
     QAction* fit = nullptr;
     QComboBox* range = nullptr;  // as range_seconds
     QToolButton* when = nullptr; // a menu of days and nights

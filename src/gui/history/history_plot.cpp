@@ -189,21 +189,14 @@ void HistoryPlot::draw_plot(Canvas& canvas) const {
 }
 
 void HistoryPlot::draw_over(QPainter& painter) const {
-    if (const auto frame = m_gestures->frame()) {
-        QColor shade = palette().color(QPalette::Highlight);
-        shade.setAlphaF(0.25F);
-        painter.fillRect(QRectF(frame->from, 0, frame->to - frame->from, height()), shade);
-    }
+    m_gestures->draw_frame(painter);
     QtCanvas canvas(painter, height(), CanvasColors::from_palette(palette()));
     m_view.draw_pointers(canvas, bounds(), m_pointers);
     if (m_pointers.pointer && !is_empty() && !m_gestures->is_dragging()) {
         const double near = event_reach / m_view.plot_area(bounds()).width * m_path.now().length();
         draw_notes(canvas, m_view, bounds(), notes_at(m_view, *m_pointers.pointer, near));
     }
-    if (!hasFocus())
-        return;
-    painter.setPen(palette().color(QPalette::Highlight));
-    painter.drawRect(0, 0, width() - 1, height() - 1);
+    draw_focus(painter);
 }
 
 } // namespace tickervantage

@@ -73,8 +73,8 @@ void HistoryWindow::say(const QString& sentence) {
 
 void HistoryWindow::connect_movement() {
     auto* plot = m_controls.plot;
-    connect(m_controls.back, &QToolButton::clicked, plot, &HistoryPlot::back);
-    connect(m_controls.forward, &QToolButton::clicked, plot, &HistoryPlot::forward);
+    connect(m_controls.path.back, &QToolButton::clicked, plot, &HistoryPlot::back);
+    connect(m_controls.path.forward, &QToolButton::clicked, plot, &HistoryPlot::forward);
     connect(m_controls.fit, &QAction::triggered, this, [this] { choose_range(0); });
     connect(plot, &HistoryPlot::fit_requested, this, [this] { choose_range(0); });
     connect(m_controls.range, &QComboBox::activated, this, &HistoryWindow::choose_range);
@@ -311,8 +311,7 @@ void HistoryWindow::keep_newest_in_sight() {
 
 void HistoryWindow::range_moved() {
     const ViewPath& path = m_controls.plot->path();
-    m_controls.back->setEnabled(path.can_go_back());
-    m_controls.forward->setEnabled(path.can_go_forward());
+    m_controls.path.show(path);
     const double length = path.now().length();
     const int entry = m_controls.range->currentIndex();
     if (const auto extent = m_data->extent(); extent && (extent->to < path.now().from || extent->to > path.now().to))

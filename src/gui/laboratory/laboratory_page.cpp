@@ -47,6 +47,18 @@ QTreeWidget* value_table(QWidget* parent, const QString& name) {
     return table;
 }
 
+// Lines that are there stay, chosen and where they are scrolled to.
+void fill(QTreeWidget* table, const std::vector<QStringList>& rows) {
+    const auto count = static_cast<int>(rows.size());
+    while (table->topLevelItemCount() > count)
+        delete table->takeTopLevelItem(count);
+    while (table->topLevelItemCount() < count)
+        new QTreeWidgetItem(table);
+    for (int row = 0; row < count; ++row)
+        for (int column = 0; column < table->columnCount(); ++column)
+            table->topLevelItem(row)->setText(column, rows[static_cast<std::size_t>(row)].value(column));
+}
+
 } // namespace
 
 LaboratoryPage::LaboratoryPage(QWidget* parent, const char* name, QString title, LaboratoryPageParts parts)
@@ -121,12 +133,15 @@ void LaboratoryPage::copy_values() const {
 }
 
 void LaboratoryPage::set_data(std::shared_ptr<const LaboratoryData> data, const QString& reason) {
-    m_background.forget_newest();
-    m_data = std::move(data);
-    m_is_stale = m_data != nullptr;
-    if (!m_data)
+    m_chart->forget_view();
+    if (!data)
         show_refusal(reason);
-    compute_if_needed();
+    follow(std::move(data));
+}
+
+void LaboratoryPage::follow(std::shared_ptr<const LaboratoryData> data) {
+    m_data = std::move(data);
+    choices_changed();
 }
 
 void LaboratoryPage::choices_changed() {
@@ -151,10 +166,8 @@ void LaboratoryPage::showEvent(QShowEvent* event) {
 
 void LaboratoryPage::show_result(LogChart chart, const std::vector<QStringList>& rows) {
     m_chart->set_chart(std::move(chart));
-    m_table->clear();
     m_table->setHeaderLabels(headings());
-    for (const QStringList& row : rows)
-        new QTreeWidgetItem(m_table, row);
+    fill(m_table, rows);
     for (int column = 0; column < m_table->columnCount(); ++column)
         m_table->resizeColumnToContents(column);
     m_exports->set_enabled(true);

@@ -48,6 +48,8 @@ public:
 
     // Null: there are none, for that reason.
     void set_data(std::shared_ptr<const LaboratoryData> data, const QString& reason);
+    // The same log, which has grown: what is in sight stays there.
+    void follow(std::shared_ptr<const LaboratoryData> data);
 
     [[nodiscard]] PlotExport& exports() { return *m_exports; }
     [[nodiscard]] ChartView& chart() const { return *m_chart; }

@@ -2,13 +2,10 @@
 
 #include "gui/laboratory/chart_view.h"
 #include "gui/laboratory/holdover_page.h"
-#include "gui/laboratory/laboratory_words.h"
 #include "gui/laboratory/periodogram_page.h"
 #include "gui/laboratory/stability_page.h"
-#include "qt/in_words.h"
 #include "qt/named_widget.h"
 #include "qt/text_scale.h"
-#include "studies/laboratory/stored_clock.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -32,19 +29,17 @@ namespace tickervantage {
 /* TRANSLATOR tickervantage::LaboratoryWindow
    The window that studies how steady the clock is: its controls, and the titles of its dialogs. */
 
-struct LaboratoryWindow::Loaded {
-    std::shared_ptr<LaboratoryData> data; // null: failed
-    std::optional<Failure> failure;
-};
-
 LaboratoryWindow::LaboratoryWindow(LaboratoryWindowParts parts)
-    : m_parts(std::move(parts)), m_background(m_parts.main_thread) {
+    : m_parts(std::move(parts)), m_minutes(m_parts.timer.make_repeater("laboratory", Pace::free)),
+      m_background(m_parts.main_thread) {
     setObjectName(QStringLiteral("LaboratoryWindow"));
     //: laboratory: title
     setWindowTitle(tr("Clock Laboratory"));
     build();
     build_menu();
     build_export();
+    connect_charts();
+    m_minutes->start(60, [this] { follow(); });
     resize(scaled(QSize(1000, 720), *this));
 }
 
@@ -100,6 +95,15 @@ QWidget* LaboratoryWindow::build_choices(QWidget* parent) {
     auto* line = new QHBoxLayout(row);
     line->setContentsMargins(0, 0, 0, 0);
     line->addWidget(m_source, 1);
+    m_path = make_path_buttons(row);
+    //: laboratory: button, and its tooltip
+    m_all = named(new QToolButton(row), "show_all", tr("Show all"), tr("All of the chart (Ctrl+0, or a double click)"));
+    //: laboratory: button
+    m_all->setText(tr("Show All"));
+    m_all->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
+    m_all->setFocusPolicy(Qt::StrongFocus);
+    for (QToolButton* button : {m_path.back, m_path.forward, m_all})
+        line->addWidget(button);
     //: laboratory: button with a menu, and its tooltip
     m_export = named(new QToolButton(row), "export", tr("Export"), tr("Save or copy what this page shows"));
     //: laboratory: button with a menu
@@ -135,9 +139,36 @@ void LaboratoryWindow::build_export() {
     offer_export();
 }
 
+void LaboratoryWindow::connect_charts() {
+    for (LaboratoryPage* page : m_pages)
+        connect(&page->chart(), &ChartView::moved, this, &LaboratoryWindow::offer_movement);
+    connect(m_tabs, &QTabWidget::currentChanged, this, &LaboratoryWindow::offer_movement);
+    const auto move_by = [this](QToolButton* button, void (ChartView::*movement)()) {
+        connect(button, &QToolButton::clicked, this, [this, movement] {
+            if (ChartView* chart = chart_in_sight())
+                (chart->*movement)();
+        });
+    };
+    move_by(m_path.back, &ChartView::back);
+    move_by(m_path.forward, &ChartView::forward);
+    move_by(m_all, &ChartView::show_all);
+    offer_movement();
+}
+
+ChartView* LaboratoryWindow::chart_in_sight() const {
+    return m_tabs->currentWidget()->findChild<ChartView*>();
+}
+
+void LaboratoryWindow::offer_movement() {
+    const ChartView* chart = chart_in_sight();
+    const bool is_there = chart != nullptr && !chart->is_empty();
+    m_path.show(is_there ? chart->path() : ViewPath());
+    m_all->setEnabled(is_there && !chart->shows_all());
+}
+
 // The commands that the page's chart has.
 void LaboratoryWindow::offer_export() {
-    const auto* chart = m_tabs->currentWidget()->findChild<ChartView*>();
+    const auto* chart = chart_in_sight();
     m_export->setEnabled(chart != nullptr);
     m_export->menu()->clear();
     if (chart != nullptr)
@@ -194,56 +225,6 @@ void LaboratoryWindow::open_log(const QString& path) {
 void LaboratoryWindow::add_place(const Place& place) {
     m_places.push_back(place);
     m_source->addItem(place.name);
-}
-
-void LaboratoryWindow::choose(std::size_t place, bool or_store) {
-    m_source->setCurrentIndex(static_cast<int>(place));
-    //: laboratory: said while a log is read
-    m_origins->setText(tr("Reading…"));
-    m_background.start_newest(
-        *m_parts.queue,
-        [&files = m_parts.files, chosen = m_places.at(place)] {
-            auto clock = chosen.is_store ? read_stored_clock(chosen.path) : read_free_running_clock(files, chosen.path);
-            if (!clock)
-                return Loaded{nullptr, clock.error()};
-            auto read = std::make_shared<LaboratoryData>();
-            read->phase = phase_of(*clock);
-            read->clock = std::move(*clock);
-            read->name = chosen.name;
-            return Loaded{std::move(read), std::nullopt};
-        },
-        [this, place, or_store](const Loaded& loaded) { take(loaded, place, or_store); });
-}
-
-void LaboratoryWindow::take(const Loaded& loaded, std::size_t place, bool or_store) {
-    const bool has_other = place + 1 < m_places.size() && m_places.at(place + 1).is_store;
-    if (!loaded.data && or_store && has_other) {
-        say(in_words(*loaded.failure)); // why it is not the log
-        return choose(place + 1, false);
-    }
-    const QString reason = loaded.data ? QString() : refusal_of(*loaded.failure, m_places.at(place));
-    for (LaboratoryPage* page : m_pages)
-        page->set_data(loaded.data, reason);
-    QString origins = loaded.data ? origin_words(*loaded.data) : reason.section(QLatin1Char('\n'), 0, 0);
-    if (loaded.data && m_places.at(place).is_store)
-        //: laboratory: below the pages, where readings are used and no log
-        origins +=
-            QLatin1Char(' ') + tr("Used are the whole readings of the last week; older ones are thinned to minutes and "
-                                  "hours, which lose the single offsets.");
-    m_origins->setText(origins);
-}
-
-QString LaboratoryWindow::refusal_of(const Failure& failure, const Place& place) const {
-    QString text = in_words(failure);
-    if (place.is_store)
-        //: laboratory: what to do while there are no readings yet
-        return text + QStringLiteral("\n\n") +
-               tr("This program keeps a reading every few seconds: leave its main window open for a while, or choose "
-                  "“Turn On "
-                  "Logs…” to have chrony write a tracking log.");
-    //: laboratory: what to do where a log cannot be read
-    return text + QStringLiteral("\n\n") +
-           tr("Choose “Turn On Logs…” to have chrony write one, or “Open Log…” for one from elsewhere.");
 }
 
 bool LaboratoryWindow::eventFilter(QObject* receiver, QEvent* event) {
