@@ -168,6 +168,7 @@ void AnalysisWindows::showHistory(HistoryPlaces places) {
     places.read_temperatures = [map = m_parts.freqtemp.map](HistoryData& data) {
         read_temperatures(map, data);
     };
+    places.temperatures = m_parts.freqtemp.map;
     m_history->show_history(std::move(places));
     bring_to_front(*m_history);
 }

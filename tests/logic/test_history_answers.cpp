@@ -93,7 +93,7 @@ TEST(BeforeAfter, SecondsCountFromZeroAndOtherUnitsFromTheirMiddle) {
 
 TEST(PointerNotes, StandBesideTheCrosshairInTheirPanelAndInSight) {
     auto data = std::make_shared<HistoryData>();
-    HistoryData::LogValues log;
+    LogValues log;
     for (int at = 0; at < 100; ++at) {
         const double time = noon + at;
         log.lines[0].push_back({time, 1e-6, 1e-6, 1e-6});

@@ -128,14 +128,27 @@ Result<std::vector<LogFile>> find_logs(FollowedFiles& files, const std::vector<s
     return logs ? of_kind(std::move(*logs), paths.empty() ? "" : paths.front(), kind) : logs;
 }
 
-Result<> read_records(FollowedFiles& files, const std::string& path, LogCount& count, const TakeRecord& take) {
-    const auto line = [&](std::string_view text, std::size_t number) {
+namespace {
+
+// Hands what is no banner to `take`, and counts.
+NumberedLine counted(LogCount& count, const TakeRecord& take) {
+    return [&count, &take](std::string_view text, std::size_t number) {
         if (take(text, number))
             ++count.records;
         else if (!is_banner(text))
             ++count.odd;
     };
-    return read_log(files, path, NumberedLine(line));
+}
+
+} // namespace
+
+Result<> read_records(FollowedFiles& files, const std::string& path, LogCount& count, const TakeRecord& take) {
+    return read_log(files, path, counted(count, take));
+}
+
+Result<bool> read_records_on(FollowedFiles& files, const std::string& path, LogTail& tail, LogCount& count,
+                             const TakeRecord& take) {
+    return read_log_on(files, path, tail, counted(count, take));
 }
 
 std::optional<Failure> odd_lines(const std::string& path, const LogCount& count) {

@@ -6,6 +6,7 @@
 
 #include "base/followed_file.h"
 #include "chrony/log/log_kinds.h"
+#include "chrony/log/log_pieces.h"
 
 #include <cstddef>
 #include <functional>
@@ -47,6 +48,10 @@ struct LogCount {
 using TakeRecord = std::function<bool(std::string_view line, std::size_t number)>;
 [[nodiscard]] Result<> read_records(FollowedFiles& files, const std::string& path, LogCount& count,
                                     const TakeRecord& take);
+
+// The same of what the log gained since the tail, with the answers of read_log_on().
+[[nodiscard]] Result<bool> read_records_on(FollowedFiles& files, const std::string& path, LogTail& tail,
+                                           LogCount& count, const TakeRecord& take);
 
 // That lines were left out, to be told once; none where there were none.
 [[nodiscard]] std::optional<Failure> odd_lines(const std::string& path, const LogCount& count);

@@ -132,6 +132,72 @@ void hand_out(std::string_view piece, std::size_t& number, const NumberedLine& l
     number += static_cast<std::size_t>(std::count(counted, piece.data() + piece.size(), '\n'));
 }
 
+// The last bytes before a place; fewer where there are not so many.
+int text_before(FollowedFile& file, std::uint64_t place, std::size_t most, std::string& text,
+                std::optional<Failure>& reason) {
+    text.resize(static_cast<std::size_t>(std::min<std::uint64_t>(place, most)));
+    std::size_t count = 0;
+    if (text.empty())
+        return 0;
+    const int done = file.read(place - text.size(), text, count, reason);
+    text.resize(count);
+    return done;
+}
+
+Failure unreadable(const std::string& name, std::optional<Failure> why) {
+    return failed(FailureCode::file_unreadable, {name}, std::move(why).value_or(Failure())).value();
+}
+
+struct OpenLog {
+    std::unique_ptr<FollowedFile> file;
+    FileStatus status;
+    std::uint64_t length = 0;
+    std::optional<Failure> damage = {}; // behind that length
+};
+
+Result<OpenLog> open_log(FollowedFiles& files, const std::string& name) {
+    OpenLog log;
+    if (files.open(name, log.file, log.status, log.damage) != 0 ||
+        log.file->length([] { return true; }, log.length, log.damage) != 0)
+        return tl::unexpected(unreadable(name, std::move(log.damage)));
+    return log;
+}
+
+constexpr std::size_t known_by = 256; // bytes: more than one record
+
+// Whether it is still the log of the tail, and up to where it has whole lines.
+Result<bool> goes_on(OpenLog& log, const std::string& name, const LogTail& tail) {
+    if (!tail.is_whole || !log.status.is_same_file(tail.status) || log.length < tail.position)
+        return false;
+    std::string text;
+    std::optional<Failure> reason;
+    if (text_before(*log.file, tail.position, known_by, text, reason) != 0)
+        return tl::unexpected(unreadable(name, std::move(reason)));
+    if (text != tail.text)
+        return false;
+    const auto gained =
+        static_cast<std::size_t>(std::min<std::uint64_t>(log.length - tail.position, LogPieces::PIECE_SIZE));
+    if (text_before(*log.file, log.length, gained, text, reason) != 0)
+        return tl::unexpected(unreadable(name, std::move(reason)));
+    const std::size_t end = text.rfind('\n');
+    log.length -= end == std::string::npos ? text.size() : text.size() - end - 1; // a line is being written
+    return true;
+}
+
+Result<> hand_out_from(OpenLog& log, const std::string& name, LogTail& tail, const NumberedLine& line) {
+    LogPieces pieces(*log.file, tail.position, log.length, LogPieces::Bytes::any);
+    std::optional<Failure> reason;
+    std::string text;
+    auto next = LogPieces::Next::piece;
+    while ((next = pieces.next(text, reason)) == LogPieces::Next::piece)
+        hand_out(text, tail.number, line);
+    if (next != LogPieces::Next::failed)
+        reason = std::move(log.damage);
+    if (reason) // also for a file that is damaged behind what was handed out
+        return tl::unexpected(unreadable(name, std::move(reason)));
+    return {};
+}
+
 } // namespace
 
 Result<> read_log(FollowedFiles& files, const std::string& name, const PlainLine& line) {
@@ -139,28 +205,27 @@ Result<> read_log(FollowedFiles& files, const std::string& name, const PlainLine
 }
 
 Result<> read_log(FollowedFiles& files, const std::string& name, const NumberedLine& line) {
-    std::unique_ptr<FollowedFile> file;
-    FileStatus status;
-    std::uint64_t length = 0;
+    LogTail tail;
+    auto log = open_log(files, name);
+    return log ? hand_out_from(*log, name, tail, line) : tl::unexpected(log.error());
+}
+
+Result<bool> read_log_on(FollowedFiles& files, const std::string& name, LogTail& tail, const NumberedLine& line) {
+    auto log = open_log(files, name);
+    if (!log)
+        return tl::unexpected(log.error());
+    if (tail.status.inode != 0)
+        if (const auto same = goes_on(*log, name, tail); !same || !*same)
+            return same;
+    if (auto read = hand_out_from(*log, name, tail, line); !read)
+        return tl::unexpected(read.error());
     std::optional<Failure> reason;
-    const auto unreadable = [&name](std::optional<Failure> why) {
-        return failed(FailureCode::file_unreadable, {name}, std::move(why).value_or(Failure()));
-    };
-    if (files.open(name, file, status, reason) != 0 || file->length([] { return true; }, length, reason) != 0)
-        return unreadable(std::move(reason));
-    LogPieces pieces(*file, 0, length, LogPieces::Bytes::any);
-    std::optional<Failure> read_reason;
-    std::string text;
-    std::size_t number = 1;
-    auto next = LogPieces::Next::piece;
-    while ((next = pieces.next(text, read_reason)) == LogPieces::Next::piece) {
-        hand_out(text, number, line);
-    }
-    if (next == LogPieces::Next::failed)
-        reason = std::move(read_reason);
-    if (reason) // also for a file that is damaged behind what was handed out
-        return unreadable(std::move(reason));
-    return {};
+    if (text_before(*log->file, log->length, known_by, tail.text, reason) != 0)
+        return tl::unexpected(unreadable(name, std::move(reason)));
+    tail.status = log->status;
+    tail.position = log->length;
+    tail.is_whole = tail.text.empty() || tail.text.back() == '\n';
+    return true;
 }
 
 } // namespace tickervantage

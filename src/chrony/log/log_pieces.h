@@ -65,4 +65,19 @@ using NumberedLine = std::function<void(std::string_view line, std::size_t numbe
 [[nodiscard]] Result<> read_log(FollowedFiles& files, const std::string& name, const PlainLine& line);
 [[nodiscard]] Result<> read_log(FollowedFiles& files, const std::string& name, const NumberedLine& line);
 
+// How far a log was read, so that reading can go on there.
+struct LogTail {
+    FileStatus status = {};     // no inode: nothing was read yet
+    std::uint64_t position = 0; // bytes
+    std::size_t number = 1;     // of the next line
+    std::string text = {};      // before the position, to know the log by
+    bool is_whole = true;       // what was read ends with a line's end
+};
+
+// Reads what the log gained since then. True: it was handed out, whole lines only but for the first time, and the tail
+// is behind it. False: this is not the log that was read, or a line that was handed out goes on: all is to be read
+// anew.
+[[nodiscard]] Result<bool> read_log_on(FollowedFiles& files, const std::string& name, LogTail& tail,
+                                       const NumberedLine& line);
+
 } // namespace tickervantage

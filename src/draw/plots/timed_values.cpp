@@ -33,6 +33,22 @@ void TimedValues::insert(std::size_t at, const TimedExtent& value) {
     m_above.insert(m_above.begin() + place, static_cast<float>(value.high - value.mean));
 }
 
+void TimedValues::remove_between(double from, double to) {
+    const auto first = std::ranges::upper_bound(m_times, from) - m_times.begin();
+    const auto end = std::ranges::lower_bound(m_times, to) - m_times.begin();
+    if (first >= end)
+        return;
+    const auto erase = [=](auto& values) {
+        if (!values.empty())
+            values.erase(values.begin() + first, values.begin() + end);
+    };
+    erase(m_times);
+    erase(m_means);
+    erase(m_below);
+    erase(m_above);
+    sum_blocks_from(static_cast<std::size_t>(first) / block_size);
+}
+
 TimedExtent TimedValues::at(std::size_t at) const {
     if (!m_has_spans)
         return {m_times[at], m_means[at], m_means[at], m_means[at]};

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace tickervantage {
@@ -34,10 +35,16 @@ public:
     void add(double time, double value) { add({time, value, value, value}); }
     void add(const TimedExtent& value);
 
+    // Takes away what lies between, neither end included.
+    void remove_between(double from, double to);
+
     [[nodiscard]] bool empty() const { return m_times.empty(); }
     [[nodiscard]] std::size_t size() const { return m_times.size(); }
     [[nodiscard]] double time(std::size_t at) const { return m_times[at]; }
     [[nodiscard]] double mean(std::size_t at) const { return m_means[at]; }
+    [[nodiscard]] std::span<const double> means(std::size_t first, std::size_t end) const {
+        return std::span(m_means).subspan(first, end - first);
+    }
     [[nodiscard]] TimedExtent at(std::size_t at) const;
 
     // The number of the first one that is not before the time.

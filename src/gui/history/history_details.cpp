@@ -224,8 +224,8 @@ void HistoryWindow::count_statistics() {
         const std::size_t first = curve.values->first_from(view.range().from);
         if (m_split)
             one.split = std::clamp(curve.values->first_from(*m_split), first, last) - first;
-        for (std::size_t at = first; at < last; ++at)
-            one.values.push_back(curve.values->mean(at));
+        const auto means = curve.values->means(first, last);
+        one.values.assign(means.begin(), means.end());
     }
     m_statistics.start_newest(
         *m_parts.queue,

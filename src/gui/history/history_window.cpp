@@ -219,11 +219,12 @@ void HistoryWindow::dropEvent(QDropEvent* event) {
 
 void HistoryWindow::show_history(HistoryPlaces places) {
     m_places = std::move(places);
+    m_follower = std::make_shared<HistoryFollower>(m_parts.files, m_places);
     m_is_reading = true;
     //: history window: said while logs and the store are read
     m_controls.plot->set_empty_text(tr("Reading…"));
     m_background.start_newest(
-        *m_parts.queue, [&files = m_parts.files, places = m_places] { return load_history(files, places); },
+        *m_parts.queue, [follower = m_follower] { return follower->load(); },
         [this](LoadedHistory loaded) { take(std::move(loaded)); });
 }
 
@@ -252,13 +253,12 @@ void HistoryWindow::look_for_more() {
     else if (!std::exchange(m_is_reading, true))
         m_background.start_newest(
             *m_parts.queue,
-            [&files = m_parts.files, places = m_places, newest = m_data->newest_stored(), known = m_loaded.states] {
-                return history_news(files, places, newest, known);
-            },
+            [follower = m_follower, newest = m_data->newest_stored()] { return follower->news(newest); },
             [this](HistoryNews news) { take_news(std::move(news)); });
 }
 
-// Logs of years take some seconds to read: so much that a fiftieth of the time goes into that, and no more.
+// Logs of years take some seconds to read, where all is read anew: so much that a fiftieth of the time goes into that,
+// and no more.
 void HistoryWindow::take_news(HistoryNews news) {
     constexpr double share = 50;
     m_is_reading = false;
@@ -266,15 +266,25 @@ void HistoryWindow::take_news(HistoryNews news) {
     const bool was_empty = !m_data->extent();
     if (news.anew)
         show_loaded(std::move(*news.anew));
-    else if (!news.stored || !m_data->add(*news.stored))
+    else if (!add_news(std::move(news)))
         return;
     m_exports->set_enabled(m_data->extent().has_value());
     if (was_empty)
         show_first_range();
     else if (m_controls.follow->isChecked())
         keep_newest_in_sight();
-    m_controls.plot->change([](HistoryView&) {});
+    m_controls.plot->change([](HistoryView& view) { view.data_grew(); });
     data_changed();
+}
+
+bool HistoryWindow::add_news(HistoryNews news) {
+    const bool is_logged = !news.logged.empty();
+    if (is_logged) // first: it takes the place of what the store tells of the same time
+        m_data->add(news.logged);
+    if (news.temperatures)
+        m_data->replace_temperatures(std::move(*news.temperatures));
+    const bool is_stored = news.stored && m_data->add(*news.stored);
+    return is_logged || news.temperatures || is_stored;
 }
 
 // The newest day, or all where that is less.

@@ -11,7 +11,7 @@
 #include "gui/history/history_controls.h"
 #include "studies/evidence/evidence_files.h"
 #include "studies/history/before_after.h"
-#include "studies/history/history_files.h"
+#include "studies/history/history_follower.h"
 #include "studies/history/history_statistics.h"
 
 #include <QMainWindow>
@@ -90,6 +90,7 @@ private:
     void show_loaded(LoadedHistory loaded);
     void look_for_more();
     void take_news(HistoryNews news);
+    [[nodiscard]] bool add_news(HistoryNews news); // whether there was any
     void show_first_range();
     void choose_range(int entry);
     void keep_newest_in_sight();
@@ -116,7 +117,8 @@ private:
     HistoryWindowParts m_parts;
     HistoryControls m_controls;
     HistoryPlaces m_places;
-    LoadedHistory m_loaded; // without its data, which are below
+    std::shared_ptr<HistoryFollower> m_follower; // on the queue
+    LoadedHistory m_loaded;                      // without its data, which are below
     std::shared_ptr<HistoryData> m_data = std::make_shared<HistoryData>();
     std::vector<CurveNumbers> m_numbers;
     std::unique_ptr<PlotExport> m_exports;

@@ -75,6 +75,59 @@ void HistoryData::set_log(LogValues log) {
     ++m_version;
 }
 
+void HistoryData::add(const LoggedNews& news) {
+    std::vector<double> times = news.values.times;
+    std::ranges::sort(times);
+    for (const double time : times) {
+        const double before = m_logged.empty() ? time : m_logged.back();
+        if (time > before && time - before <= longest_silence)
+            take_back_stored(before, time);
+        m_logged.insert(std::ranges::upper_bound(m_logged, time), time);
+        add_origin({time, time}, HistoryOrigin::log);
+        reach_to(time, time);
+    }
+    for (std::size_t line = 0; line < history_lines; ++line)
+        for (const TimedExtent& value : news.values.lines[line])
+            m_lines[line].add(value);
+    for (const LoggedTemperature& one : news.temperatures)
+        add_temperature({}, one.time, one.celsius);
+    for (const SourceRow& row : news.selections)
+        add_logged(row);
+    for (const ClockEvent& event : news.withdrawn)
+        withdraw(event);
+    for (const ClockEvent& event : news.events)
+        add(event);
+    ++m_version;
+}
+
+// The log had nothing between these times, so that what is there came from the store.
+void HistoryData::take_back_stored(double from, double to) {
+    for (TimedValues& line : m_lines)
+        line.remove_between(from, to);
+    for (OriginStretch& one : m_origins) {
+        if (one.origin == HistoryOrigin::log || one.range.to <= from || one.range.from >= to)
+            continue;
+        if (one.range.from < from)
+            one.range.to = from;
+        else
+            one.range.from = to;
+    }
+    std::erase_if(m_origins, [](const OriginStretch& one) { return one.range.to < one.range.from; });
+    std::erase_if(m_marks, [=](const HistoryMark& mark) {
+        const bool is_reference = mark.kind == MarkKind::source || mark.kind == MarkKind::lost;
+        return is_reference && !mark.sentence && mark.time > from && mark.time < to;
+    });
+}
+
+void HistoryData::withdraw(const ClockEvent& event) {
+    const auto found = std::ranges::find_if(m_marks, [&event](const HistoryMark& mark) {
+        return mark.time == event.time && mark.kind == mark_kind(event.kind) && mark.sentence &&
+               mark.source == event.source;
+    });
+    if (found != m_marks.end())
+        m_marks.erase(found);
+}
+
 bool HistoryData::is_logged(double time) const {
     const auto after = std::ranges::lower_bound(m_logged, time);
     return after != m_logged.begin() && after != m_logged.end() && *after - *std::prev(after) <= longest_silence;
@@ -162,6 +215,14 @@ void HistoryData::add_temperature(const std::string& sensor, double time, double
     ++m_version;
 }
 
+void HistoryData::replace_temperatures(std::vector<HistoryTemperature> all) {
+    for (HistoryTemperature& one : m_temperatures)
+        if (one.sensor.empty())
+            all.insert(all.begin(), std::move(one));
+    m_temperatures = std::move(all);
+    ++m_version;
+}
+
 void HistoryData::add(const ClockEvent& event) {
     add(HistoryMark{
         .time = event.time, .kind = mark_kind(event.kind), .sentence = event.sentence, .source = event.source});
@@ -173,13 +234,18 @@ void HistoryData::add(HistoryMark mark) {
     ++m_version;
 }
 
+// A stretch goes on where the newest one of its origin lately ended; of the store only if no log told since.
 void HistoryData::add_origin(const TimeRange& range, HistoryOrigin origin) {
-    if (!m_origins.empty() && m_origins.back().origin == origin &&
-        range.from - m_origins.back().range.to <= longest_silence) {
-        m_origins.back().range.to = std::max(m_origins.back().range.to, range.to);
-        return;
-    }
-    m_origins.push_back({range, origin});
+    const auto newest = std::ranges::find(m_origins.rbegin(), m_origins.rend(), origin, &OriginStretch::origin);
+    const bool is_late =
+        newest == m_origins.rend() || range.from - newest->range.to > longest_silence ||
+        (origin == HistoryOrigin::store && std::ranges::any_of(m_origins, [&](const auto& one) {
+             return one.origin == HistoryOrigin::log && one.range.to > newest->range.to && one.range.from < range.from;
+         }));
+    if (is_late)
+        m_origins.push_back({range, origin});
+    else
+        newest->range.to = std::max(newest->range.to, range.to);
 }
 
 void HistoryData::reach_to(double from, double to) {

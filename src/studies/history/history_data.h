@@ -92,20 +92,43 @@ struct StoredHistory {
     std::vector<HistoryEvent> events = {};
 };
 
+// What logs tell: values, and the times of all records.
+struct LogValues {
+    std::array<std::vector<TimedExtent>, history_lines> lines;
+    std::vector<double> times;
+};
+
+struct LoggedTemperature {
+    double time = 0;
+    double celsius = 0;
+};
+
+// What logs gained while they were followed.
+struct LoggedNews {
+    LogValues values = {};
+    std::vector<LoggedTemperature> temperatures = {}; // by which chronyd compensates
+    std::vector<SourceRow> selections = {};
+    std::vector<ClockEvent> withdrawn = {}; // told before, and told otherwise now
+    std::vector<ClockEvent> events = {};
+
+    [[nodiscard]] bool empty() const {
+        return values.times.empty() && selections.empty() && withdrawn.empty() && events.empty();
+    }
+};
+
 class HistoryData {
 public:
-    // The logs' values, by time; before add().
-    struct LogValues {
-        std::array<std::vector<TimedExtent>, history_lines> lines;
-        std::vector<double> times; // of all records
-    };
-    void set_log(LogValues log);
+    void set_log(LogValues log); // before anything is added
+    // Where the log now tells of a time, what the store told of it goes.
+    void add(const LoggedNews& news);
 
     // In the order of time; rows that are known already are left out. True when anything was added.
     bool add(const StoredHistory& stored);
     void add(const ClockEvent& event);
     void add_logged(const SourceRow& row); // of a selection log
     void add_temperature(const std::string& sensor, double time, double celsius);
+    // In place of all but that by which chronyd compensates.
+    void replace_temperatures(std::vector<HistoryTemperature> all);
 
     [[nodiscard]] const TimedValues& line(HistoryLine line) const { return m_lines[static_cast<std::size_t>(line)]; }
     [[nodiscard]] const std::vector<HistoryLane>& lanes() const { return m_lanes; }
@@ -124,6 +147,8 @@ private:
     void add_row(const HistoryRow& row);
     void add_source(const SourceRow& row, double longest_between);
     void add(HistoryMark mark);
+    void withdraw(const ClockEvent& event);
+    void take_back_stored(double from, double to);
     void add_origin(const TimeRange& range, HistoryOrigin origin);
     void reach_to(double from, double to);
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 #include <utility>
 
@@ -103,21 +104,25 @@ struct HistoryView::Frame {
     }
 };
 
-TimedValues difference_of(const TimedValues& one, const TimedValues& other) {
-    TimedValues found;
+void add_differences(const TimedValues& one, const TimedValues& other, TimedValues& found) {
+    if (one.empty() || other.empty())
+        return;
     const double near = 2 * std::max(one.usual_interval(), other.usual_interval());
     const auto distance = [&](std::size_t beside, double time) {
         return std::abs(other.time(beside) - time);
     };
-    std::size_t beside = 0;
-    for (std::size_t at = 0; at < one.size(); ++at) {
+    constexpr double end = std::numeric_limits<double>::infinity();
+    std::size_t at = found.empty() ? 0 : one.first_from(std::nextafter(found.time(found.size() - 1), end));
+    if (at == one.size())
+        return;
+    std::size_t beside = *other.nearest(one.time(at));
+    for (; at < one.size(); ++at) {
         const double time = one.time(at);
         while (beside + 1 < other.size() && distance(beside + 1, time) <= distance(beside, time))
             ++beside;
-        if (beside < other.size() && distance(beside, time) <= near)
+        if (distance(beside, time) <= near)
             found.add(time, one.mean(at) - other.mean(beside));
     }
-    return found;
 }
 
 void HistoryView::set_data(std::shared_ptr<const HistoryData> data) {
@@ -128,13 +133,15 @@ void HistoryView::set_data(std::shared_ptr<const HistoryData> data) {
 void HistoryView::set_other(std::shared_ptr<const HistoryData> other) {
     m_other = std::move(other);
     m_spreads = {};
-    m_difference = nullptr;
+    m_difference = {};
+    data_grew();
+}
+
+void HistoryView::data_grew() {
     if (!m_other)
         return;
-    auto differences = std::make_shared<std::array<TimedValues, history_lines>>();
     for (const HistoryLine line : {HistoryLine::offset, HistoryLine::frequency})
-        (*differences)[static_cast<std::size_t>(line)] = difference_of(m_data->line(line), m_other->line(line));
-    m_difference = std::move(differences);
+        add_differences(m_data->line(line), m_other->line(line), m_difference[static_cast<std::size_t>(line)]);
 }
 
 std::vector<HistoryCurve> HistoryView::curves() const {
@@ -170,7 +177,7 @@ void HistoryView::add_other_curves(std::vector<HistoryCurve>& curves) const {
                           look.line == HistoryLine::root_dispersion ? teal : magenta});
         const auto panel = look.panel == HistoryPanel::error ? HistoryPanel::difference : look.panel;
         curves.push_back({std::string("difference ") + look.key, panel,
-                          &(*m_difference)[static_cast<std::size_t>(look.line)], look.unit, CurveForm::line, teal});
+                          &m_difference[static_cast<std::size_t>(look.line)], look.unit, CurveForm::line, teal});
     }
 }
 

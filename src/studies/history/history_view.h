@@ -79,6 +79,7 @@ public:
     ZoneOffset zone = machine_zone_offset;
 
     void set_data(std::shared_ptr<const HistoryData> data);
+    void data_grew(); // the same data have more
     [[nodiscard]] const HistoryData& data() const { return *m_data; }
     // Laid over; null: nothing.
     void set_other(std::shared_ptr<const HistoryData> other);
@@ -140,12 +141,12 @@ private:
 
     std::shared_ptr<const HistoryData> m_data = std::make_shared<HistoryData>();
     std::shared_ptr<const HistoryData> m_other;
-    std::shared_ptr<const std::array<TimedValues, history_lines>> m_difference;
+    std::array<TimedValues, history_lines> m_difference;
     TimeRange m_range{0, 3600};
     mutable SpreadMemory m_spreads;
 };
 
-// The first less the second, where both have a value near.
-[[nodiscard]] TimedValues difference_of(const TimedValues& one, const TimedValues& other);
+// Adds the first less the second, where both have a value near, from behind the newest difference on.
+void add_differences(const TimedValues& one, const TimedValues& other, TimedValues& found);
 
 } // namespace tickervantage

@@ -1,15 +1,12 @@
 #include "studies/history/selection_lanes.h"
 
-#include "chrony/log/log_line.h"
 #include "chrony/truth/logged_rule.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace tickervantage {
-namespace {
 
-SourceRow row_of(const LogLine& line) {
+SourceRow selection_row(const LogLine& line) {
     namespace column = selection_column;
     SourceRow row{.time = static_cast<std::int64_t>(std::floor(line.time())),
                   .source = std::string(line.texts[column::source]),
@@ -22,24 +19,6 @@ SourceRow row_of(const LogLine& line) {
     if (has_interval)
         row.offset = Extent{.low = low, .mean = (low + high) / 2, .high = high};
     return row;
-}
-
-} // namespace
-
-Result<> add_selection(FollowedFiles& files, const std::vector<LogFile>& logs, HistoryData& data) {
-    LogLine line;
-    for (const LogFile& log : logs) {
-        LogCount count;
-        auto read = read_records(files, log.path, count, [&](std::string_view text, std::size_t) {
-            if (!read_log_line(shape_of(LogKind::selection), text, line))
-                return false;
-            data.add_logged(row_of(line));
-            return true;
-        });
-        if (!read)
-            return read;
-    }
-    return {};
 }
 
 } // namespace tickervantage

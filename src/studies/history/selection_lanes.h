@@ -1,15 +1,12 @@
-// The lanes of the sources from chrony's selection logs. Waits for the disk; any thread.
+// The lanes of the sources from chrony's selection logs. Pure functions, any thread.
 #pragma once
 
-#include "base/followed_file.h"
-#include "chrony/log/log_files.h"
-#include "studies/history/history_data.h"
-
-#include <vector>
+#include "chrony/log/log_line.h"
+#include "history/records.h"
 
 namespace tickervantage {
 
-// Adds each source's state, and the middle of its interval as its offset.
-[[nodiscard]] Result<> add_selection(FollowedFiles& files, const std::vector<LogFile>& logs, HistoryData& data);
+// A source's state, and the middle of its interval as its offset.
+[[nodiscard]] SourceRow selection_row(const LogLine& line);
 
 } // namespace tickervantage
