@@ -1,12 +1,14 @@
 // What the plot of frequency against temperature costs, beside the least that any program has to do for it:
-//   update  10 sensors of 2000 points: append, refit all, trim, ranges, draw 800x450 pixels; beside the bare normal
-//           equations of the same fits in Eigen
+//   update  10 sensors of 2000 points: append, refit all, trim, ranges, and bring the picture of 800x450 pixels up to
+//           date; beside the bare normal equations of the same fits in Eigen, in turns. And the picture painted whole,
+//           and what it takes to clear and to copy one.
 //   map     a file of 1,000,000 points, read and written; beside the JSON library into and out of the same columns
 //   large   10 sensors of 1,000,000 points: what an update costs the main thread
-// Prints one line of figures a case: name, our milliseconds, the other's. A case's name as argument runs that one
-// alone, under a profiler.
+// Processor time of the process, medians. Prints one line of figures a case: name, our milliseconds, the other's. A
+// case's name as argument runs that one alone, under a profiler.
 #include "qt/qt_canvas.h"
 #include "studies/freqtemp/freqtemp_view.h"
+#include "studies/freqtemp/kept_plot.h"
 #include "studies/freqtemp/scatter_json.h"
 
 #include <Eigen/Dense>
@@ -16,8 +18,9 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
+#include <cstring>
+#include <ctime>
 #include <functional>
 #include <random>
 #include <string>
@@ -28,15 +31,33 @@ namespace {
 
 constexpr std::size_t SENSORS = 10;
 
-double milliseconds(int rounds, const std::function<void()>& work) {
-    double best = 1e9;
-    for (int i = 0; i < rounds; ++i) {
-        const auto start = std::chrono::steady_clock::now();
-        work();
-        best =
-            std::min(best, std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
+double processor_milliseconds() {
+    timespec now{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
+}
+
+using Work = std::function<void()>;
+
+// The median of each, done in turns.
+std::vector<double> milliseconds(int rounds, const std::vector<Work>& works) {
+    std::vector<std::vector<double>> taken(works.size());
+    for (int i = 0; i < rounds; ++i)
+        for (std::size_t k = 0; k < works.size(); ++k) {
+            const double start = processor_milliseconds();
+            works[k]();
+            taken[k].push_back(processor_milliseconds() - start);
+        }
+    std::vector<double> medians;
+    for (auto& times : taken) {
+        std::ranges::nth_element(times, times.begin() + rounds / 2);
+        medians.push_back(times[static_cast<std::size_t>(rounds / 2)]);
     }
-    return best;
+    return medians;
+}
+
+double milliseconds(int rounds, const Work& work) {
+    return milliseconds(rounds, std::vector{work}).front();
 }
 
 // Temperatures wander, frequencies follow them with noise.
@@ -60,13 +81,16 @@ ScatterMap map_of(std::size_t sensors, std::size_t points) {
 }
 
 // All that a repaint of the window's plot takes but showing the picture: background, axes, labels, everything of every
-// sensor.
-double draw(FreqTempView& view, QImage& image) {
+// sensor. With `kept` no more than has changed.
+void draw(const FreqTempView& view, QImage& image, KeptPlot* kept) {
     static CanvasMemory memory; // as the window keeps one
+    const Rect all{0, 0, static_cast<double>(image.width()), static_cast<double>(image.height())};
     QPainter painter(&image);
     QtCanvas canvas(painter, image.height(), CanvasColors::light(), &memory);
-    view.draw(canvas, {0, 0, static_cast<double>(image.width()), static_cast<double>(image.height())});
-    return view.min_freq();
+    if (kept && view.update(canvas, all, *kept))
+        return;
+    painter.fillRect(image.rect(), Qt::white);
+    view.draw(canvas, all, kept);
 }
 
 void append_and_trim(ScatterMap& map) {
@@ -76,14 +100,12 @@ void append_and_trim(ScatterMap& map) {
     }
 }
 
-void update(ScatterMap& map, FreqTempView& view, QImage& image, int order) {
+void fit_with_one_more(ScatterMap& map, int order) {
     for (auto& [name, entry] : map) {
         entry.points.append(entry.points[0]);
         (void)entry.quadRegression->fit(entry.points.spans(), order);
         entry.points.drop_front(1);
     }
-    view.set_scatter(map);
-    (void)draw(view, image);
 }
 
 double bare_fit(const std::vector<double>& x, const std::vector<double>& y, int order) {
@@ -105,6 +127,8 @@ double bare_fit(const std::vector<double>& x, const std::vector<double>& y, int 
 
 void bench_update() {
     QImage image(800, 450, QImage::Format_ARGB32_Premultiplied);
+    QImage whole = image;
+    QImage copy = image;
     for (const int order : {1, 2, 4}) {
         ScatterMap map = map_of(SENSORS, 2000);
         std::vector<std::vector<double>> x;
@@ -118,15 +142,27 @@ void bench_update() {
             }
         }
         FreqTempView view;
+        KeptPlot kept;
         double sink = 0;
-        const double ours = milliseconds(100, [&] { update(map, view, image, order); });
-        const double drawing = milliseconds(100, [&] { sink += draw(view, image); });
-        const double bare = milliseconds(100, [&] {
-            for (std::size_t s = 0; s < SENSORS; ++s)
-                sink += bare_fit(x[s], y[s], order);
-        });
-        std::printf("update_order_%d %.4f %.4f\n", order, ours, bare);
-        std::printf("update_without_drawing_order_%d %.4f %.4f\n", order, ours - drawing, bare);
+        ScatterMap fitted = snapshot(map);
+        const auto took = milliseconds(401, {[&] {
+                                                 fit_with_one_more(map, order);
+                                                 view.set_scatter(map);
+                                                 draw(view, image, &kept);
+                                             },
+                                             [&] { fit_with_one_more(fitted, order); },
+                                             [&] {
+                                                 for (std::size_t s = 0; s < SENSORS; ++s)
+                                                     sink += bare_fit(x[s], y[s], order);
+                                             },
+                                             [&] { draw(view, whole, nullptr); }, [&] { whole.fill(Qt::white); },
+                                             [&] {
+                                                 std::memcpy(copy.bits(), image.constBits(),
+                                                             static_cast<std::size_t>(copy.sizeInBytes()));
+                                             }});
+        std::printf("update_order_%d %.4f %.4f\n", order, took[0], took[2]);
+        std::printf("update_without_drawing_order_%d %.4f %.4f\n", order, took[1], took[2]);
+        std::printf("whole_picture_order_%d %.4f %.4f\n", order, took[3], took[4] + took[5]);
         if (sink == 0.125)
             std::puts("");
     }
@@ -165,7 +201,7 @@ void bench_large() {
     const double main_thread = milliseconds(5, [&] {
         append_and_trim(map);
         view.set_scatter(map);
-        (void)draw(view, image);
+        draw(view, image, nullptr);
     });
     const double saving = milliseconds(5, [&] { (void)snapshot(map); });
     std::printf("large_main_thread %.3f 50\nlarge_snapshot_for_saving %.3f 50\nlarge_on_the_queue %.1f 0\n",

@@ -15,6 +15,9 @@ struct CanvasPixels {
     double scale_y = 1;
     double left = 0;   // where x = 0 lies
     double bottom = 0; // where y = 0 lies
+    Color text = {};   // what the roles look like here
+    Color background = {};
+    bool is_canvas = false; // they are the canvas's own, as they stand; else a layer that is laid on it at the end
 
     [[nodiscard]] double x(double at) const { return at * scale_x + left; }
     [[nodiscard]] double y(double at) const { return bottom - at * scale_y; }

@@ -155,7 +155,8 @@ CanvasPixels PixelLayer::pixels() const {
             .scale_x = m_scale_x,
             .scale_y = m_scale_y,
             .left = m_left,
-            .bottom = m_bottom};
+            .bottom = m_bottom,
+            .is_canvas = !m_is_own_picture};
 }
 
 void PixelLayer::use(const QColor& color) {

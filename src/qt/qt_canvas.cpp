@@ -162,6 +162,10 @@ void draw_whole_boxes(QPainter& painter, std::span<const Rect> boxes, const QCol
     painter.drawRects(whole.data(), static_cast<int>(whole.size()));
 }
 
+Color own_color(const QColor& color) {
+    return {color.redF(), color.greenF(), color.blueF(), color.alphaF()};
+}
+
 } // namespace
 
 QtCanvas::QtCanvas(QPainter& painter, double height, CanvasColors colors, CanvasMemory* memory)
@@ -273,7 +277,10 @@ void QtCanvas::end_layer() {
 std::optional<CanvasPixels> QtCanvas::begin_pixels(Rect area) {
     if (!m_memory.layer.begin(m_painter, area, m_height))
         return std::nullopt;
-    return m_memory.layer.pixels();
+    CanvasPixels pixels = m_memory.layer.pixels();
+    pixels.text = own_color(m_colors.text);
+    pixels.background = own_color(m_colors.text_background);
+    return pixels;
 }
 
 void QtCanvas::end_pixels() {

@@ -402,7 +402,7 @@ TEST(FreqTempView, CoversTheSameOfManyPointsAsOfTheSameOneByOne) {
     EXPECT_EQ(covered[0], covered[1]);
 }
 
-// Its pixels are those of VISIBLE's drawing area, in a field with room on all sides that nobody may touch.
+// Its pixels are those of VISIBLE's drawing area, and some around it that nobody may touch.
 class PixelCanvas : public RecordingCanvas {
 public:
     static constexpr std::size_t MARGIN = 8;
@@ -411,12 +411,13 @@ public:
     static constexpr std::size_t STRIDE = WIDTH + 2 * MARGIN;
     std::vector<std::uint32_t> field = std::vector<std::uint32_t>(STRIDE * (HEIGHT + 2 * MARGIN));
 
-    std::optional<CanvasPixels> begin_pixels(Rect area) override {
-        return CanvasPixels{.rows = {field.data() + MARGIN * STRIDE + MARGIN, STRIDE},
-                            .width = WIDTH,
-                            .height = HEIGHT,
-                            .left = -area.x,
-                            .bottom = area.y + HEIGHT};
+    std::optional<CanvasPixels> begin_pixels(Rect) override {
+        return CanvasPixels{.rows = {field.data(), STRIDE},
+                            .width = STRIDE,
+                            .height = HEIGHT + 2 * MARGIN,
+                            .left = static_cast<double>(MARGIN) - 54,
+                            .bottom = 34 + static_cast<double>(HEIGHT + MARGIN),
+                            .is_canvas = true};
     }
     // How many pixels have that alpha.
     [[nodiscard]] std::ptrdiff_t count(std::uint32_t alpha) const {

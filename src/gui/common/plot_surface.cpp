@@ -40,6 +40,17 @@ void PlotSurface::plot_changed() {
     update();
 }
 
+void PlotSurface::plot_went_on() {
+    m_is_behind = true;
+    update();
+}
+
+bool PlotSurface::update_picture() {
+    QPainter painter(&m_picture);
+    QtCanvas canvas(painter, height(), CanvasColors::from_palette(palette()), &m_canvas_memory);
+    return update_plot(canvas);
+}
+
 void PlotSurface::paint_picture() {
     m_picture = QPixmap(size() * devicePixelRatioF());
     m_picture.setDevicePixelRatio(devicePixelRatioF());
@@ -50,8 +61,10 @@ void PlotSurface::paint_picture() {
 }
 
 void PlotSurface::paintEvent(QPaintEvent*) {
-    if (m_picture.size() != size() * devicePixelRatioF() || m_picture.devicePixelRatioF() != devicePixelRatioF())
+    if (m_picture.size() != size() * devicePixelRatioF() || m_picture.devicePixelRatioF() != devicePixelRatioF() ||
+        (m_is_behind && !update_picture()))
         paint_picture();
+    m_is_behind = false;
     QPainter painter(this);
     painter.drawPixmap(0, 0, m_picture);
     if (is_empty())

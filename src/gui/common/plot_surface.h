@@ -35,10 +35,13 @@ public:
 protected:
     [[nodiscard]] virtual bool is_empty() const = 0;
     virtual void draw_plot(Canvas& canvas) const = 0; // also while it is empty
+    // Brings the picture of the plot that the canvas shows up to date; false where it has to be drawn anew, all of it.
+    [[nodiscard]] virtual bool update_plot(Canvas& /*canvas*/) const { return false; }
     virtual void draw_over(QPainter& /*painter*/) const {}
     void draw_focus(QPainter& painter) const;       // a frame about the plot that has the keyboard
     [[nodiscard]] virtual QRectF text_area() const; // for the empty text
     virtual void plot_changed();                    // what it looks like: to be painted anew
+    void plot_went_on();                            // what it shows: to be brought up to date
     // The pointer is there, y up, or left; so it is told too when the keyboard goes elsewhere.
     virtual void pointer_moved(std::optional<Point> /*position*/) {}
 
@@ -54,12 +57,14 @@ protected:
 
 private:
     void paint_picture();
+    [[nodiscard]] bool update_picture();
     void paint_empty(QPainter& painter) const;
 
     Sizes m_sizes;
     QPalette::ColorRole m_background;
     QString m_empty_text;
-    QPixmap m_picture; // null: to be painted
+    QPixmap m_picture;        // null: to be painted
+    bool m_is_behind = false; // the picture: to be brought up to date
     CanvasMemory m_canvas_memory;
 };
 

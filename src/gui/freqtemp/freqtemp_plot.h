@@ -6,6 +6,7 @@
 
 #include "gui/common/plot_surface.h"
 #include "studies/freqtemp/freqtemp_view.h"
+#include "studies/freqtemp/kept_plot.h"
 
 #include <optional>
 
@@ -21,7 +22,8 @@ public:
     template <typename Change>
     void change(const Change& change) {
         change(m_view);
-        plot_changed();
+        plot_went_on();
+        pointer_moved(m_pointer);
     }
     [[nodiscard]] const FreqTempView& view() const { return m_view; }
 
@@ -30,7 +32,8 @@ Q_SIGNALS:
 
 protected:
     [[nodiscard]] bool is_empty() const override { return m_view.is_empty(); }
-    void draw_plot(Canvas& canvas) const override { m_view.draw(canvas, bounds()); }
+    void draw_plot(Canvas& canvas) const override { m_view.draw(canvas, bounds(), &m_kept); }
+    [[nodiscard]] bool update_plot(Canvas& canvas) const override { return m_view.update(canvas, bounds(), m_kept); }
     void draw_over(QPainter& painter) const override;
     [[nodiscard]] QRectF text_area() const override;
     void plot_changed() override;
@@ -45,6 +48,7 @@ private:
     [[nodiscard]] std::optional<Point> after_key(const QKeyEvent& event) const;
 
     FreqTempView m_view;
+    mutable KeptPlot m_kept;        // what the picture shows
     std::optional<Point> m_pointer; // y up, as in the view
     bool m_by_key = false;          // then the position is shown too
     std::optional<FreqTempReading> m_reading;

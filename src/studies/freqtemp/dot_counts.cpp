@@ -10,7 +10,6 @@ namespace tickervantage {
 namespace {
 
 constexpr std::size_t EIGHT = 8; // pixels that are counted together
-constexpr std::size_t BLOCK = 4 * EIGHT;
 constexpr std::uint64_t ONES = 0x0101'0101'0101'0101;
 
 static_assert(DotCounts::FULL == 8, "bit 3 tells a full count");
@@ -22,31 +21,9 @@ std::uint64_t eight_at(const std::uint8_t* pixels) {
     return eight;
 }
 
-struct Shade {
-    std::uint32_t source = 0; // multiplied by its alpha
-    std::uint32_t rest = 255; // how much is left of what was there
-};
-using Shades = std::array<Shade, DotCounts::FULL + 1>;
-
-// What comes of laying the colour over something as many times.
-Shades shades_of(const Color& color) {
-    const auto bits = [](double value) {
-        return static_cast<std::uint32_t>(std::lround(std::clamp(value, 0.0, 1.0) * 255));
-    };
-    const double through = 1 - std::clamp(color.alpha, 0.0, 1.0);
-    Shades shades;
-    for (std::size_t times = 1; times < shades.size(); ++times) {
-        const double alpha = 1 - std::pow(through, static_cast<double>(times));
-        shades[times].source = bits(alpha) << 24 | bits(color.red * alpha) << 16 | bits(color.green * alpha) << 8 |
-                               bits(color.blue * alpha);
-        shades[times].rest = 255 - bits(alpha);
-    }
-    return shades;
-}
-
-void paint_run(const std::uint8_t* counts, std::size_t length, const Shades& shades, std::uint32_t* pixels) {
-    for (std::size_t at = 0; at < length; ++at) {
-        const Shade& shade = shades[counts[at]];
+void paint_run(const std::uint8_t* counts, int length, const DotShades& shades, std::uint32_t* pixels) {
+    for (int at = 0; at < length; ++at) {
+        const DotShades::Shade& shade = shades.by_count[counts[at]];
         if (shade.rest == 0)
             pixels[at] = shade.source; // what is hidden is not read: waiting for it costs the most
         else if (shade.rest < 255)
@@ -56,27 +33,40 @@ void paint_run(const std::uint8_t* counts, std::size_t length, const Shades& sha
 
 } // namespace
 
+PixelBox common(const PixelBox& one, const PixelBox& other) {
+    const int left = std::max(one.left, other.left);
+    const int top = std::max(one.top, other.top);
+    return {left, top, std::max(left, std::min(one.right, other.right)),
+            std::max(top, std::min(one.bottom, other.bottom))};
+}
+
+DotShades::DotShades(const Color& color) {
+    const auto bits = [](double value) {
+        return static_cast<std::uint32_t>(std::lround(std::clamp(value, 0.0, 1.0) * 255));
+    };
+    const double through = 1 - std::clamp(color.alpha, 0.0, 1.0);
+    double rest = 1;
+    for (auto& shade : by_count) {
+        const double alpha = 1 - rest;
+        shade.source = bits(alpha) << 24 | bits(color.red * alpha) << 16 | bits(color.green * alpha) << 8 |
+                       bits(color.blue * alpha);
+        shade.rest = 255 - bits(alpha);
+        rest *= through;
+    }
+}
+
 DotCounts::DotCounts(int width, int height, int side)
-    : m_width(width), m_height(height), m_side(side),
-      m_stride((static_cast<std::size_t>(width + 2 * side) + EIGHT + BLOCK - 1) / BLOCK * BLOCK),
+    : m_width(width), m_height(height), m_side(side), m_stride(static_cast<std::size_t>(width + 2 * side) + EIGHT),
       m_counts(m_stride * static_cast<std::size_t>(height + 2 * side)) {
     for (auto left = static_cast<std::size_t>(side); left > 0; left -= std::min(left, EIGHT))
         m_square_row.push_back(left >= EIGHT ? ONES : ONES >> (8 * (EIGHT - left)));
 }
 
-void DotCounts::add(double x, double y, unsigned times) {
-    const double corner = m_side - m_side / 2.0 + 0.5; // from the middle to the corner, to be rounded down
-    const double column = x + corner;
-    const double row = y + corner;
-    if (!(column >= 0 && row >= 0 && column < m_width + m_side && row < m_height + m_side))
-        return;
-    const std::size_t corner_at = static_cast<std::size_t>(row) * m_stride + static_cast<std::size_t>(column);
-    cover(m_counts.data() + corner_at, std::min(times, FULL - 1));
-}
-
-void DotCounts::cover(std::uint8_t* corner, unsigned times) {
-    for (int row = 0; row < m_side; ++row, corner += m_stride) {
-        std::uint8_t* at = corner;
+void DotCounts::add(Corner corner, unsigned times) {
+    times = std::min(times, FULL - 1);
+    std::uint8_t* line = m_counts.data() + static_cast<std::size_t>(corner.row) * m_stride + corner.column;
+    for (int row = 0; row < m_side; ++row, line += m_stride) {
+        std::uint8_t* at = line;
         for (const std::uint64_t ones : m_square_row) {
             std::uint64_t counts = eight_at(at);
             counts += ones * times; // 15 at most
@@ -88,31 +78,36 @@ void DotCounts::cover(std::uint8_t* corner, unsigned times) {
     }
 }
 
+void DotCounts::erase(Corner corner) {
+    std::uint8_t* line = m_counts.data() + static_cast<std::size_t>(corner.row) * m_stride + corner.column;
+    for (int row = 0; row < m_side; ++row, line += m_stride) {
+        std::uint8_t* at = line;
+        for (const std::uint64_t ones : m_square_row) {
+            const std::uint64_t others = eight_at(at) & ~(ones * 0xFF);
+            std::memcpy(at, &others, sizeof others);
+            at += EIGHT;
+        }
+    }
+}
+
 std::size_t DotCounts::place(int row) const {
     return static_cast<std::size_t>(row + m_side) * m_stride + static_cast<std::size_t>(m_side);
 }
 
-void DotCounts::paint(const Color& color, const PixelRows& pixels) {
-    const Shades shades = shades_of(color);
-    const auto border = static_cast<std::size_t>(m_side);
-    for (int row = 0; row < m_height + 2 * m_side; ++row) {
-        const int above = row - m_side;
-        const bool is_inside = above >= 0 && above < m_height;
-        std::uint8_t* const counts = m_counts.data() + static_cast<std::size_t>(row) * m_stride;
-        for (std::size_t block = 0; block < m_stride; block += BLOCK) {
-            std::uint8_t* const at = counts + block;
-            if ((eight_at(at) | eight_at(at + EIGHT) | eight_at(at + 2 * EIGHT) | eight_at(at + 3 * EIGHT)) == 0)
+void DotCounts::paint(const PixelBox& box, const PixelBox& limits, const DotShades& shades, const PixelRows& pixels) {
+    constexpr int step = EIGHT;
+    const PixelBox seen = common(box, limits);
+    std::uint8_t* counts = m_counts.data() + place(box.top);
+    for (int row = box.top; row < box.bottom; ++row, counts += m_stride)
+        for (int at = box.left; at < box.right; at += step) {
+            if (eight_at(counts + at) == 0)
                 continue;
-            if (is_inside) {
-                const std::size_t first = std::max(block, border);
-                const std::size_t end_column = std::min(block + BLOCK, border + static_cast<std::size_t>(m_width));
-                if (first < end_column)
-                    paint_run(counts + first, end_column - first, shades,
-                              pixels.first + above * pixels.stride + (first - border));
-            }
-            std::memset(at, 0, BLOCK);
+            const int first = std::max(at, seen.left);
+            const int end = std::min(at + step, seen.right);
+            if (row >= seen.top && row < seen.bottom && first < end)
+                paint_run(counts + first, end - first, shades, pixels.first + row * pixels.stride + first);
+            std::memset(counts + at, 0, static_cast<std::size_t>(std::min(step, box.right - at)));
         }
-    }
 }
 
 // The runs of one row's pixels that are covered `level` times or more.

@@ -11,6 +11,7 @@ struct FreqTempRanges {
     double max_temp = 0;
     double min_freq = 0; // ppm
     double max_freq = 0;
+    friend bool operator==(const FreqTempRanges&, const FreqTempRanges&) = default;
 };
 
 // Where values lie in the drawing area, and back. A range of no length lies in the area's middle.

@@ -2,6 +2,8 @@
 
 #include "draw/graph_geometry.h"
 #include "studies/freqtemp/freqtemp_axes.h"
+#include "studies/freqtemp/kept_plot.h"
+#include "studies/freqtemp/plot_look.h"
 #include "studies/freqtemp/plot_shapes.h"
 
 #include <algorithm>
@@ -12,56 +14,15 @@
 namespace tickervantage {
 namespace {
 
-constexpr int FIT_STEPS = 100;
-constexpr std::size_t FEWEST_FOR_FIT = 3;
-constexpr double LIGHTER = 0.2;      // of the band: 20 hundredths added to each part of the colour
-constexpr double OUTLINE = 1.0;      // half of it lies outside a point's square
-constexpr double FIT_WIDTH = 6.0;    // most of it lies under what follows
-constexpr double FIT_HALO = 4.0;     // of the background's colour, so that the curve is told from any cloud of points
-constexpr double FIT_CURVE = 2.0;    // of the text's colour
-constexpr double NEWEST_SIZE = 11.0; // of the ring around the newest point
-constexpr double NEWEST_HALO = 4.5;
-constexpr double NEWEST_RING = 1.5;
+using namespace plot_look;
+
 constexpr double MARKER_SIZE = 9.0;
-
-Color solid(Color color) {
-    color.alpha = 1;
-    return color;
-}
-
-Color lighter(const Color& color) {
-    const auto part = [](double value) {
-        return std::min(1.0, value + LIGHTER);
-    };
-    return {part(color.red), part(color.green), part(color.blue), color.alpha};
-}
-
-bool has_drawn_fit(const scatterEntry& entry) {
-    return entry.points.size() >= FEWEST_FOR_FIT && entry.quadRegression->valid;
-}
-
-bool is_shown(const scatterEntry& entry) {
-    return entry.selected && !entry.points.empty();
-}
-
-freqPoint newest_of(const scatterEntry& entry) {
-    return entry.digest ? entry.digest->last : entry.points.back();
-}
-
-// The temperatures at which the curve is drawn.
-std::vector<double> fit_places(const QuadRegression& fit) {
-    std::vector<double> places;
-    const int steps = fit.x_max > fit.x_min ? FIT_STEPS : 0;
-    for (int i = 0; i <= steps; ++i)
-        places.push_back(fit.x_min + (fit.x_max - fit.x_min) * i / FIT_STEPS);
-    return places;
-}
 
 // The curve, on a layer.
 void emphasise_fit(Canvas& canvas, const FreqTempScale& scale, const QuadRegression& fit) {
     std::vector<Point> line;
-    for (const double x : fit_places(fit))
-        line.push_back(scale.place({x, fit.evaluate(x)}));
+    for (const freqPoint corner : curve_of(fit))
+        line.push_back(scale.place(corner));
     for (const auto& part : clipped_line(line, scale.area)) {
         canvas.polyline(part, ColorRole::text_background, FIT_HALO);
         canvas.polyline(part, ColorRole::text, FIT_CURVE);
@@ -81,15 +42,14 @@ public:
     EntryPainter(PlotShapes& shapes, const FreqTempScale& scale, const scatterEntry& entry, const Color& color)
         : m_shapes(shapes), m_scale(scale), m_entry(entry), m_color(color) {}
 
-    void points() { m_shapes.squares(m_entry, FreqTempView::POINT_SIZE + OUTLINE, m_color); }
+    void points() { m_shapes.squares(m_entry, DOT, m_color); }
 
     void fit(bool with_band) {
         const auto& fit = *m_entry.quadRegression;
         std::vector<Point> line;
         std::vector<Point> upper;
         std::vector<Point> lower;
-        for (const double x : fit_places(fit)) {
-            const double y = fit.evaluate(x);
+        for (const auto& [x, y] : curve_of(fit)) {
             line.push_back(m_scale.place({x, y}));
             upper.push_back(m_scale.place({x, y + fit.y_stddev}));
             lower.push_back(m_scale.place({x, y - fit.y_stddev}));
@@ -105,10 +65,9 @@ public:
         const double first = m_entry.digest ? m_entry.digest->first_degree : ranges.min_temp;
         const auto means = m_entry.digest ? m_entry.digest->means : mean_frequencies(m_entry.points, first, bins);
         std::vector<Point> line;
-        for (std::size_t bin = 0; bin < means.size(); ++bin)
-            if (means[bin].count > 0)
-                line.push_back(m_scale.place({first + static_cast<double>(bin), means[bin].mean}));
-        m_shapes.line(line, 1, solid(m_color));
+        for (const freqPoint corner : mean_line(means, first))
+            line.push_back(m_scale.place(corner));
+        m_shapes.line(line, MEAN_WIDTH, solid(m_color));
     }
 
     void newest() { m_shapes.disc(m_scale.place(newest_of(m_entry)), FreqTempView::POINT_SIZE, m_color); }
@@ -189,16 +148,33 @@ void FreqTempView::set_scatter(const ScatterMap& scatter) {
     m_max_freq = ranges.max_freq;
 }
 
-void FreqTempView::draw(Canvas& canvas, Rect visible) const {
-    const FreqTempScale scale{{m_min_temp, m_max_temp, m_min_freq, m_max_freq}, drawing_area(visible)};
+PlotContent FreqTempView::content(Rect visible) const {
+    return {.scatter = m_scatter,
+            .scale = {{m_min_temp, m_max_temp, m_min_freq, m_max_freq}, drawing_area(visible)},
+            .options = {.points = m_show_scatter_points,
+                        .means = m_show_mean_frequency && m_max_temp != m_min_temp,
+                        .band = m_show_freq_bounds,
+                        .newest = m_show_last_record}};
+}
+
+void FreqTempView::draw(Canvas& canvas, Rect visible, KeptPlot* kept) const {
+    const PlotContent all = content(visible);
+    const FreqTempScale& scale = all.scale;
     const Rect plot = plot_of(visible);
     fill_plot(canvas, plot);
     draw_frame(canvas, plot);
     draw_freqtemp_axes(canvas, plot, scale);
     if (scale.area.width <= 0 || scale.area.height <= 0)
         return;
+    KeptPlot own;
+    if ((kept ? *kept : own).paint_whole(canvas, all))
+        return;
     draw_entries(canvas, scale);
     draw_emphasis(canvas, scale);
+}
+
+bool FreqTempView::update(Canvas& canvas, Rect visible, KeptPlot& kept) const {
+    return kept.paint_changes(canvas, content(visible));
 }
 
 // Over all points: in one of the sensors' colours among thousands of dots neither curve nor newest point is found.

@@ -14,7 +14,9 @@
 
 namespace tickervantage {
 
+class KeptPlot;
 struct FreqTempScale;
+struct PlotContent;
 
 // What lies under a position.
 struct FreqTempReading {
@@ -53,7 +55,12 @@ public:
     // have changed.
     void set_scatter(const ScatterMap& scatter);
 
-    void draw(Canvas& canvas, Rect visible) const;
+    // `kept`, if any, remembers what it takes to go on from this picture.
+    void draw(Canvas& canvas, Rect visible, KeptPlot* kept = nullptr) const;
+
+    // Brings what draw() or update() has drawn with `kept` up to date: no more is painted than has changed. False where
+    // that will not do: then all is to be drawn anew, on an empty canvas.
+    [[nodiscard]] bool update(Canvas& canvas, Rect visible, KeptPlot& kept) const;
 
     // None outside the drawing area.
     [[nodiscard]] std::optional<FreqTempReading> reading_at(Point position, Rect visible) const;
@@ -73,6 +80,7 @@ public:
     [[nodiscard]] bool is_empty() const { return m_is_empty; }
 
 private:
+    [[nodiscard]] PlotContent content(Rect visible) const;
     void draw_emphasis(Canvas& canvas, const FreqTempScale& scale) const;
     void draw_entries(Canvas& canvas, const FreqTempScale& scale) const;
 

@@ -1,6 +1,5 @@
 #include "studies/freqtemp/plot_shapes.h"
 
-#include "draw/canvas_pixels.h"
 #include "draw/graph_geometry.h"
 
 #include <algorithm>
@@ -28,33 +27,12 @@ int pixels_of(double length, double per_point) {
 } // namespace
 
 void PlotShapes::squares(const scatterEntry& entry, double side, const Color& color) {
-    if (const auto pixels = m_canvas.begin_pixels(m_scale.area)) {
-        count_squares(entry, side, color, *pixels);
-        m_canvas.end_pixels();
-        return;
-    }
     const double pixel = m_canvas.pixel();
     const bool fits = m_scale.area.width / pixel * (m_scale.area.height / pixel) < LARGEST_GRID;
     if (dot_count(entry) <= FEW || !fits)
         squares_one_by_one(entry, side, color);
     else
         squares_together(entry, side, color, pixel);
-}
-
-// From values straight to pixels: with very many points their places in between cost as much as painting them.
-void PlotShapes::count_squares(const scatterEntry& entry, double side, const Color& color, const CanvasPixels& pixels) {
-    if (!m_counts)
-        m_counts.emplace(pixels.width, pixels.height, pixels_of(side, pixels.scale_x));
-    const freqPoint low{m_scale.ranges.min_temp, m_scale.ranges.min_freq};
-    const Point from = m_scale.place(low);
-    const Point to = m_scale.place({low.temperature + 1, low.frequency + 1});
-    const Point corner{pixels.x(from.x), pixels.y(from.y)};
-    const Point step{pixels.x(to.x) - corner.x, pixels.y(to.y) - corner.y};
-    for_each_dot(entry, [&, &counts = *m_counts](freqPoint point, unsigned count) {
-        counts.add(corner.x + (point.temperature - low.temperature) * step.x,
-                   corner.y + (point.frequency - low.frequency) * step.y, count);
-    });
-    m_counts->paint(color, pixels.rows);
 }
 
 void PlotShapes::squares_one_by_one(const scatterEntry& entry, double side, const Color& color) {

@@ -1,5 +1,4 @@
-// What the plot of frequency against temperature is made of. On a canvas with pixels at hand the squares of thousands
-// of points are counted before they are painted; the other shapes are quick on a layer.
+// What the plot of frequency against temperature is made of, on a canvas that has no pixels of its own at hand.
 //
 // Lengths are points, y up. Everything is cut off at the scale's area. One thread.
 #pragma once
@@ -9,7 +8,6 @@
 #include "studies/freqtemp/freqtemp_axes.h"
 #include "studies/freqtemp/scatter_map.h"
 
-#include <optional>
 #include <span>
 #include <vector>
 
@@ -32,14 +30,12 @@ public:
     void disc(Point center, double diameter, const Color& color);
 
 private:
-    void count_squares(const scatterEntry& entry, double side, const Color& color, const CanvasPixels& pixels);
     void squares_one_by_one(const scatterEntry& entry, double side, const Color& color);
     void squares_together(const scatterEntry& entry, double side, const Color& color, double pixel);
     void polygon(const std::vector<Point>& corners, const Color& color);
 
     Canvas& m_canvas;
     const FreqTempScale& m_scale;
-    std::optional<DotCounts> m_counts; // memory, made for the first entry
 };
 
 // Calls use(point, how many of them) for everything of an entry that is drawn as a point.

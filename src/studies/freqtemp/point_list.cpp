@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cmath>
 #include <limits>
+#include <span>
 #include <utility>
 
 namespace tickervantage {
@@ -179,6 +180,20 @@ std::optional<PointExtent> PointList::extent() const {
     return result;
 }
 
+// A piece has one content as far as it was written, for all lists that share it.
+std::optional<PointList::Steps> PointList::since(const PointList& earlier) const {
+    if (empty() || m_dropped < earlier.m_dropped || m_dropped - earlier.m_dropped >= earlier.m_size)
+        return std::nullopt;
+    const std::size_t dropped = m_dropped - earlier.m_dropped;
+    const std::size_t kept = earlier.m_size - dropped;
+    const std::size_t first = earlier.m_front + dropped;
+    const auto shared = std::span(earlier.m_pieces).subspan(first / POINTS_PER_PIECE);
+    if (kept > m_size || first % POINTS_PER_PIECE != m_front || shared.size() > m_pieces.size() ||
+        !std::equal(shared.begin(), shared.end(), m_pieces.begin()))
+        return std::nullopt;
+    return Steps{.dropped = dropped, .appended = m_size - kept};
+}
+
 void PointList::set_unknown(std::map<std::uint64_t, std::string> members) {
     Unknown shifted;
     for (auto& member : members)
@@ -202,12 +217,26 @@ void freqStats::add(double frequency) {
 
 std::vector<freqStats> mean_frequencies(const PointList& points, double min_temperature, std::size_t bins) {
     std::vector<freqStats> result(bins);
+    remake_means(points, min_temperature, std::vector<char>(bins, true), result);
+    return result;
+}
+
+void remake_means(const PointList& points, double min_temperature, const std::vector<char>& which,
+                  std::vector<freqStats>& means) {
+    for (std::size_t bin = 0; bin < means.size(); ++bin)
+        if (which[bin])
+            means[bin] = {};
     const double first = min_temperature - 0.5;
+    const auto bins = static_cast<double>(means.size());
     for (const auto& part : points.spans())
         for (std::size_t i = 0; i < part.x.size(); ++i)
-            if (const double bin = part.x[i] - first; bin >= 0 && bin < static_cast<double>(bins))
-                result[static_cast<std::size_t>(bin)].add(part.y[i]);
-    return result;
+            if (const double bin = part.x[i] - first; bin >= 0 && bin < bins && which[static_cast<std::size_t>(bin)])
+                means[static_cast<std::size_t>(bin)].add(part.y[i]);
+}
+
+std::optional<std::size_t> degree_bin(double temperature, double min_temperature) {
+    const double bin = temperature - (min_temperature - 0.5);
+    return bin >= 0 && bin < MOST_DEGREES ? std::optional(static_cast<std::size_t>(bin)) : std::nullopt;
 }
 
 std::shared_ptr<const PointDigest> make_digest(const PointList& points) {

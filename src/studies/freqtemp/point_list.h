@@ -58,6 +58,14 @@ public:
     // The smallest box around all points; none without points. Quick.
     [[nodiscard]] std::optional<PointExtent> extent() const;
 
+    // How this list came of an earlier state of it, or of what it is a copy of. None where that is not known, and where
+    // nothing of the earlier one is left.
+    struct Steps {
+        std::size_t dropped = 0;  // of the earlier one's points, in front
+        std::size_t appended = 0; // of this one's, at the end
+    };
+    [[nodiscard]] std::optional<Steps> since(const PointList& earlier) const;
+
     // Members of stored points that this program does not know, by index, as texts of JSON objects; they go with their
     // point.
     void set_unknown(std::map<std::uint64_t, std::string> members);
@@ -114,5 +122,12 @@ inline constexpr std::size_t DIGEST_FROM = 20'000;
 // The means of the degrees min_temperature, min_temperature + 1 and so on; points beyond the last are left out.
 [[nodiscard]] std::vector<freqStats> mean_frequencies(const PointList& points, double min_temperature,
                                                       std::size_t bins);
+
+// Makes those of the means anew that `which` names, of as many as there are means.
+void remake_means(const PointList& points, double min_temperature, const std::vector<char>& which,
+                  std::vector<freqStats>& means);
+
+// The bin of that temperature; none below the first. It may lie beyond the last.
+[[nodiscard]] std::optional<std::size_t> degree_bin(double temperature, double min_temperature);
 
 } // namespace tickervantage

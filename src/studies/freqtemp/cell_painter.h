@@ -1,0 +1,38 @@
+// Paints the pieces of a plot into one cell of it.
+//
+// Smooth edges are counted by the cell, so that a piece looks the same whatever is painted besides it. Memory is kept.
+// One thread.
+#pragma once
+
+#include "draw/coverage_brush.h"
+#include "draw/graph_geometry.h"
+#include "studies/freqtemp/plot_pieces.h"
+
+namespace tickervantage {
+
+class CellPainter {
+public:
+    // Of what is painted next: its pixels, which are a part of `all`. What was covered before is forgotten.
+    void begin(const PixelBox& cell, const PixelRows& all);
+
+    // A line. What is steep, and what is part of a mean's line, is counted until finish() lays it down with that brush,
+    // once where pieces meet; the others are pieces of a curve, which goes on to the right where they end.
+    void add_line(const PlotPiece& line, double width, const CoverageBrush& brush);
+    void finish(const CoverageBrush& brush);
+
+    void fill_band(const PlotPiece& band, const CoverageBrush& brush);
+    void fill_disc(Spot center, double diameter, const CoverageBrush& brush);
+    void stroke_circle(Spot center, double diameter, double width, const CoverageBrush& brush);
+
+private:
+    void count_line(const PlotPiece& line, double width);
+    void fill_between(Segment upper, Segment lower, const CoverageBrush& brush);
+    template <class Share>
+    void lay(Spot center, double reach, const CoverageBrush& brush, const Share& share);
+
+    PixelBox m_cell;
+    PixelRows m_rows; // from the cell's first pixel on
+    CoverageTile m_tile;
+};
+
+} // namespace tickervantage
