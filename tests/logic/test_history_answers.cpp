@@ -1,5 +1,6 @@
 #include "studies/history/before_after.h"
 #include "studies/history/cause.h"
+#include "studies/history/limit_share.h"
 #include "studies/history/pointer_notes.h"
 #include "support/recording_canvas.h"
 
@@ -89,6 +90,18 @@ TEST(BeforeAfter, SecondsCountFromZeroAndOtherUnitsFromTheirMiddle) {
     EXPECT_EQ(compare_before_after(values, 500, AxisUnit::ppm).count_before, 70U);
     const std::vector<double> none(60, 0.0);
     EXPECT_EQ(compare_before_after(none, 30, AxisUnit::seconds).change(), BeforeAfter::Change::same);
+}
+
+TEST(LimitShare, TheLaterRecordTellsOfTheTimeBeforeItAndALongPauseTellsNothing) {
+    const std::vector<double> times{0, 10, 30, 40, 5000, 5010, 5020};
+    const std::vector<double> bounds{9, 1, 9, 9, 9, 1, 9};
+    const LimitShare share = share_within(times, bounds, 1);
+    EXPECT_EQ(share.within, 20);
+    EXPECT_EQ(share.outside, 40);
+    EXPECT_EQ(share.without, 4960);
+    EXPECT_EQ(share.excursions, 2U);
+    EXPECT_EQ(share.longest, 30);
+    EXPECT_EQ(share_within({}, {}, 1).within, 0);
 }
 
 TEST(PointerNotes, StandBesideTheCrosshairInTheirPanelAndInSight) {

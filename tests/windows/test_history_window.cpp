@@ -275,6 +275,33 @@ TEST_F(HistoryWindowTest, WhatWasBeforeCursorAIsComparedWithWhatCameAfter) {
     EXPECT_TRUE(QGuiApplication::clipboard()->text().contains(QStringLiteral("\nOffset\t4.0 times larger\t1.00 µs")));
 }
 
+TEST_F(HistoryWindowTest, ALimitIsDrawnAndSaysHowMuchOfTheTimeItWasKept) {
+    files.create("/tracking.log", log(0, 1e-6));
+    window->show_history({.store = {}, .logs = {"/tracking.log"}}); // each with a largest error of 300 µs
+    settle();
+    const auto choose = [this](double seconds) {
+        for (QAction* one : window->controls().limits->actions())
+            if (one->data().toDouble() == seconds)
+                one->trigger();
+        find<QTimer>("movement_ended")->start(0);
+        QCoreApplication::processEvents();
+        settle();
+    };
+    choose(1e-3);
+    EXPECT_TRUE(words("origins").starts_with("Certainly within ±1.00 ms all the time")) << words("origins");
+    choose(1e-4);
+    EXPECT_TRUE(words("origins").starts_with("Certainly within ±100 µs for 0.00 % of the time; beyond it 1 time"))
+        << words("origins");
+    EXPECT_NE(words("origins").find("59 min"), std::string::npos) << words("origins");
+    window->controls().evidence->trigger();
+    auto* dialog = window->findChild<QDialog*>(QStringLiteral("evidence_dialog"));
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(dialog->findChild<QDoubleSpinBox*>(QStringLiteral("limit"))->value(), 0.1) << "ms";
+    dialog->reject();
+    choose(0);
+    EXPECT_TRUE(words("origins").starts_with("Blue bar")) << words("origins");
+}
+
 TEST_F(HistoryWindowTest, ANightADayOrATypedPeriodIsShown) {
     add_reading(begin + 10 * 3600);
     show();

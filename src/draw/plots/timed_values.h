@@ -42,6 +42,9 @@ public:
     [[nodiscard]] std::size_t size() const { return m_times.size(); }
     [[nodiscard]] double time(std::size_t at) const { return m_times[at]; }
     [[nodiscard]] double mean(std::size_t at) const { return m_means[at]; }
+    [[nodiscard]] std::span<const double> times(std::size_t first, std::size_t end) const {
+        return std::span(m_times).subspan(first, end - first);
+    }
     [[nodiscard]] std::span<const double> means(std::size_t first, std::size_t end) const {
         return std::span(m_means).subspan(first, end - first);
     }

@@ -41,13 +41,13 @@ void ask_for_file(QWidget* window, const EvidenceQuestion& question,
     dialog->open();
 }
 
-QDoubleSpinBox* limit_field(QDialog* dialog) {
+QDoubleSpinBox* limit_field(QDialog* dialog, double seconds) {
     auto* limit = named(new QDoubleSpinBox(dialog), "limit",
                         //: history window: name of a field, and its tooltip
                         Texts::tr("Limit"), Texts::tr("How far off the clock may have been at the most"));
     limit->setDecimals(6);
     limit->setRange(1e-6, 1e6);
-    limit->setValue(1);
+    limit->setValue(seconds > 0 ? seconds * milliseconds : 1);
     limit->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
     limit->setSuffix(QStringLiteral(" ms"));
     return limit;
@@ -69,7 +69,7 @@ void ask_for_evidence(QWidget* window, const EvidenceQuestion& period,
             .arg(moment_words(static_cast<double>(period.from)), moment_words(static_cast<double>(period.to))),
         dialog);
     words->setWordWrap(true);
-    auto* limit = limit_field(dialog);
+    auto* limit = limit_field(dialog, period.limit);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, dialog);
     //: history window: button of that dialog
     auto* save = buttons->addButton(Texts::tr("Save…"), QDialogButtonBox::AcceptRole);

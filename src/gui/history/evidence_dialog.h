@@ -11,7 +11,8 @@ class QWidget;
 
 namespace tickervantage {
 
-// The period is told, and whole seconds of it are kept. Returns at once; `chosen` is not called when nothing was.
+// The period is told, and whole seconds of it are kept; its limit stands in the field, 1 ms where it has none. Returns
+// at once; `chosen` is not called when nothing was.
 void ask_for_evidence(QWidget* window, const EvidenceQuestion& period,
                       std::function<void(const EvidenceQuestion& question, const QString& path)> chosen);
 

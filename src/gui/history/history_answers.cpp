@@ -5,6 +5,7 @@
 #include "gui/history/range_menu.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QLocale>
 #include <QMenu>
 #include <QToolButton>
@@ -25,6 +26,14 @@ void HistoryWindow::offer_ranges() {
 void HistoryWindow::show_period(const TimeRange& range) {
     m_controls.plot->go(range);
     m_controls.plot->setFocus();
+}
+
+void HistoryWindow::choose_limit() {
+    const double limit = m_controls.limits->checkedAction()->data().toDouble();
+    m_controls.plot->change(
+        [limit](HistoryView& view) { view.options.limit = limit > 0 ? std::optional(limit) : std::nullopt; });
+    m_share.reset();
+    m_statistics_timer.start();
 }
 
 // Counted anew only where the cursor has moved: the pointer moves all the time.

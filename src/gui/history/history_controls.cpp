@@ -8,6 +8,7 @@
 #include "qt/text_scale.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -89,6 +90,23 @@ QAction* add_action(QMenu* menu, const char* name, const QString& text) {
     return action;
 }
 
+void add_limits(QMenu* menu, HistoryControls& controls) {
+    //: history window: menu of limits for the clock's error
+    auto* limits = menu->addMenu(Texts::tr("Error &Limit"));
+    limits->setObjectName(QStringLiteral("limits"));
+    controls.limits = new QActionGroup(menu);
+    const auto add = [&](const QString& text, double seconds) {
+        QAction* action = controls.limits->addAction(limits->addAction(text));
+        action->setCheckable(true);
+        action->setData(seconds);
+    };
+    //: history window: menu item, no limit is drawn
+    add(Texts::tr("&None"), 0);
+    controls.limits->actions().front()->setChecked(true);
+    for (const double seconds : {1e-6, 1e-5, 1e-4, 1e-3, 1e-2, 5e-2, 1e-1, 1.0})
+        add(value_words(seconds, AxisUnit::seconds), seconds);
+}
+
 void build_menu(QWidget* parent, HistoryControls& controls) {
     //: history window: button with a menu, and its tooltip
     controls.files = tool(parent, "files", Texts::tr("&Logs"),
@@ -116,6 +134,7 @@ void build_menu(QWidget* parent, HistoryControls& controls) {
     //: history window: menu item, has chrony write the logs that this window needs
     controls.turn_on = add_action(menu, "turn_on", Texts::tr("Turn On &Logs…"));
     menu->addSeparator();
+    add_limits(menu, controls);
     //: history window: menu item, writes a document about how long the clock was right
     controls.evidence = add_action(menu, "evidence", Texts::tr("&Save Evidence…"));
     controls.files->setMenu(menu);

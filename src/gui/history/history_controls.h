@@ -7,6 +7,7 @@
 #include <array>
 
 class QAction;
+class QActionGroup;
 class QComboBox;
 class QLabel;
 class QPushButton;
@@ -40,6 +41,7 @@ struct HistoryControls {
     QAction* end_comparison = nullptr;
     QAction* log_graph = nullptr;
     QAction* turn_on = nullptr;
+    QActionGroup* limits = nullptr; // each with its seconds; the first one with none
     QAction* evidence = nullptr;
     QTreeWidget* legend = nullptr; // curve, value at the pointer
     QTabWidget* details = nullptr;

@@ -6,6 +6,7 @@
 #include "qt/qt_canvas.h"
 #include "studies/history/lane_painter.h"
 
+#include <QElapsedTimer>
 #include <QIcon>
 #include <QLabel>
 #include <QLocale>
@@ -20,6 +21,7 @@
 #include <cmath>
 #include <limits>
 #include <set>
+#include <utility>
 
 namespace tickervantage {
 namespace {
@@ -206,46 +208,82 @@ void HistoryWindow::show_event(QTreeWidgetItem* item) {
     m_controls.plot->set_cursor_at(false, time);
 }
 
+// The values in sight are copied, for the queue, in slices of time: of logs of years they are millions.
 void HistoryWindow::count_statistics() {
-    struct Values {
-        std::string key;
-        AxisUnit unit;
-        std::vector<double> values;
-        std::size_t split; // the first one from cursor A on
-    };
-    std::vector<Values> all;
     const HistoryView& view = m_controls.plot->view();
-    const double end = std::nextafter(view.range().to, std::numeric_limits<double>::infinity());
-    for (const HistoryCurve& curve : view.curves()) {
-        if (!view.is_shown(curve))
-            continue;
-        Values& one = all.emplace_back(Values{curve.key, curve.unit, {}, 0});
-        const std::size_t last = curve.values->first_from(end);
-        const std::size_t first = curve.values->first_from(view.range().from);
-        if (m_split)
-            one.split = std::clamp(curve.values->first_from(*m_split), first, last) - first;
-        const auto means = curve.values->means(first, last);
-        one.values.assign(means.begin(), means.end());
-    }
-    m_statistics.start_newest(
-        *m_parts.queue,
-        [all = std::move(all)]() mutable {
-            std::vector<CurveNumbers> numbers;
-            for (Values& one : all)
-                if (const auto summary = summary_of(one.values, history_shares)) {
-                    const BeforeAfter change = compare_before_after(one.values, one.split, one.unit);
-                    numbers.push_back(
-                        {one.key, one.unit, *summary, histogram_of(std::move(one.values), histogram_bins), change});
-                }
-            return numbers;
-        },
-        [this](const std::vector<CurveNumbers>& numbers) { show_statistics(numbers); });
+    m_gathered = {};
+    m_to_gather.clear();
+    for (const HistoryCurve& curve : view.curves())
+        if (view.is_shown(curve))
+            m_to_gather.push_back(curve.key);
+    std::ranges::reverse(m_to_gather);
+    gather();
 }
 
-void HistoryWindow::show_statistics(const std::vector<CurveNumbers>& numbers) {
-    m_numbers = numbers;
+void HistoryWindow::gather() {
+    constexpr int slice = 12; // ms
+    const QElapsedTimer clock = [] {
+        QElapsedTimer started;
+        started.start();
+        return started;
+    }();
+    const HistoryView& view = m_controls.plot->view();
+    const auto curves = view.curves();
+    const double end = std::nextafter(view.range().to, std::numeric_limits<double>::infinity());
+    for (; !m_to_gather.empty(); m_to_gather.pop_back()) {
+        if (clock.hasExpired(slice))
+            return m_gather_timer.start(0);
+        const auto curve = std::ranges::find(curves, m_to_gather.back(), &HistoryCurve::key);
+        if (curve == curves.end())
+            continue;
+        const std::size_t last = curve->values->first_from(end);
+        const std::size_t first = std::min(curve->values->first_from(view.range().from), last);
+        const auto means = curve->values->means(first, last);
+        Gathered& one = m_gathered.curves.emplace_back(Gathered{curve->key, curve->unit, {means.begin(), means.end()}});
+        if (m_split)
+            one.split = std::clamp(curve->values->first_from(*m_split), first, last) - first;
+    }
+    const TimedValues& bound = m_data->line(HistoryLine::bound);
+    if (view.options.limit) {
+        const std::size_t last = bound.first_from(end);
+        const std::size_t first = std::min(bound.first_from(view.range().from), last);
+        const auto times = bound.times(first, last);
+        const auto means = bound.means(first, last);
+        m_gathered.times.assign(times.begin(), times.end());
+        m_gathered.bounds.assign(means.begin(), means.end());
+    }
+    count_gathered();
+}
+
+void HistoryWindow::count_gathered() {
+    struct Counted {
+        std::vector<CurveNumbers> numbers;
+        std::optional<LimitShare> share;
+    };
+    m_statistics.start_newest(
+        *m_parts.queue,
+        [all = std::exchange(m_gathered, {}), limit = m_controls.plot->view().options.limit]() mutable {
+            Counted counted;
+            for (Gathered& one : all.curves)
+                if (const auto summary = summary_of(one.values, history_shares)) {
+                    const BeforeAfter change = compare_before_after(one.values, one.split, one.unit);
+                    counted.numbers.push_back(
+                        {one.key, one.unit, *summary, histogram_of(std::move(one.values), histogram_bins), change});
+                }
+            if (limit)
+                counted.share = share_within(all.times, all.bounds, *limit);
+            return counted;
+        },
+        [this](const Counted& counted) {
+            m_numbers = counted.numbers;
+            m_share = counted.share;
+            show_statistics();
+        });
+}
+
+void HistoryWindow::show_statistics() {
     m_controls.statistics->clear();
-    for (const CurveNumbers& one : numbers) {
+    for (const CurveNumbers& one : m_numbers) {
         const ValueSummary& found = one.statistics;
         auto* row = new QTreeWidgetItem(
             m_controls.statistics, {curve_words(one.key), QLocale().toString(static_cast<qlonglong>(found.count))});
@@ -264,6 +302,7 @@ void HistoryWindow::show_statistics(const std::vector<CurveNumbers>& numbers) {
     }
     show_histogram();
     show_before_after();
+    show_origins();
 }
 
 // Of the curve chosen in the legend, else of the offset.
@@ -301,7 +340,10 @@ void HistoryWindow::show_marks(const QPoint& place, const std::vector<HistoryMar
 }
 
 void HistoryWindow::show_origins() {
-    m_controls.origins->setText(origin_words(*m_data, m_loaded));
+    QString words = origin_words(*m_data, m_loaded);
+    if (m_share)
+        words.prepend(share_words(*m_share, m_controls.plot->view().options.limit.value_or(0)) + QLatin1Char(' '));
+    m_controls.origins->setText(words);
     m_controls.origins->setVisible(!m_controls.origins->text().isEmpty());
 }
 

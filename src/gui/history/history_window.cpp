@@ -11,6 +11,7 @@
 #include "studies/history/history_table.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QCoreApplication>
@@ -42,7 +43,7 @@ constexpr int first_range_entry = 3; // a day
 
 HistoryWindow::HistoryWindow(HistoryWindowParts parts)
     : m_parts(std::move(parts)), m_reader(m_parts.timer.make_repeater("history", Pace::free)), m_statistics_timer(this),
-      m_background(m_parts.main_thread), m_statistics(m_parts.main_thread) {
+      m_gather_timer(this), m_background(m_parts.main_thread), m_statistics(m_parts.main_thread) {
     setObjectName(QStringLiteral("HistoryWindow"));
     //: history window: title
     setWindowTitle(tr("History of the Clock"));
@@ -92,6 +93,8 @@ void HistoryWindow::connect_movement() {
     m_statistics_timer.setSingleShot(true);
     m_statistics_timer.setInterval(150);
     connect(&m_statistics_timer, &QTimer::timeout, this, &HistoryWindow::count_statistics);
+    m_gather_timer.setSingleShot(true);
+    connect(&m_gather_timer, &QTimer::timeout, this, &HistoryWindow::gather);
 }
 
 void HistoryWindow::connect_choices() {
@@ -133,13 +136,15 @@ void HistoryWindow::connect_files() {
     connect(m_controls.log_graph, &QAction::triggered, this, &HistoryWindow::log_graph_requested);
     connect(m_controls.turn_on, &QAction::triggered, this, &HistoryWindow::logs_requested);
     connect(m_controls.evidence, &QAction::triggered, this, &HistoryWindow::ask_for_question);
+    connect(m_controls.limits, &QActionGroup::triggered, this, &HistoryWindow::choose_limit);
 }
 
 void HistoryWindow::ask_for_question() {
     const TimeRange range = m_controls.plot->path().now();
     ask_for_evidence(this,
                      {.from = static_cast<std::int64_t>(std::ceil(range.from)),
-                      .to = static_cast<std::int64_t>(std::floor(range.to))},
+                      .to = static_cast<std::int64_t>(std::floor(range.to)),
+                      .limit = m_controls.plot->view().options.limit.value_or(0)},
                      [this](const EvidenceQuestion& question, const QString& path) { save_evidence(question, path); });
 }
 

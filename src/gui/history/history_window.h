@@ -13,6 +13,7 @@
 #include "studies/history/before_after.h"
 #include "studies/history/history_follower.h"
 #include "studies/history/history_statistics.h"
+#include "studies/history/limit_share.h"
 
 #include <QMainWindow>
 #include <QTimer>
@@ -103,8 +104,22 @@ private:
     void show_event(QTreeWidgetItem* item);
     void show_values();
     void show_cursors();
+    struct Gathered {
+        std::string key;
+        AxisUnit unit{};
+        std::vector<double> values;
+        std::size_t split = 0; // the first one from cursor A on
+    };
+    struct InSight {
+        std::vector<Gathered> curves;
+        std::vector<double> times; // of the bounds, where there is a limit
+        std::vector<double> bounds;
+    };
     void count_statistics();
-    void show_statistics(const std::vector<CurveNumbers>& numbers);
+    void gather();
+    void count_gathered();
+    void choose_limit();
+    void show_statistics();
     void show_histogram();
     void show_before_after();
     void split_at_cursor();
@@ -121,9 +136,13 @@ private:
     LoadedHistory m_loaded;                      // without its data, which are below
     std::shared_ptr<HistoryData> m_data = std::make_shared<HistoryData>();
     std::vector<CurveNumbers> m_numbers;
+    InSight m_gathered;                   // of the curves that are not left
+    std::vector<std::string> m_to_gather; // keys of curves
+    std::optional<LimitShare> m_share;    // of what is in sight, within the limit
     std::unique_ptr<PlotExport> m_exports;
     std::unique_ptr<Repeater> m_reader;
     QTimer m_statistics_timer;     // waits until a movement has ended
+    QTimer m_gather_timer;
     std::optional<double> m_split; // cursor A, as the statistics have it
     bool m_is_reading = false;
     int m_looks_to_skip = 0; // where reading the logs takes its time

@@ -201,6 +201,24 @@ CauseWords cause_words(const Cause& cause) {
     return {QStringLiteral("–"), Texts::tr("What was kept does not tell.")};
 }
 
+QString share_words(const LimitShare& share, double limit) {
+    const double known = share.within + share.outside;
+    const QString bound = value_words(limit, AxisUnit::seconds);
+    if (known <= 0)
+        //: history window: %1 is a time such as 1.00 ms
+        return Texts::tr("Within ±%1: in what is in sight nothing tells.").arg(bound);
+    if (share.excursions == 0)
+        //: history window: %1 is a time such as 1.00 ms, %2 a span of time
+        return Texts::tr("Certainly within ±%1 all the time of which something is known, %2.")
+            .arg(bound, duration_words(known));
+    // Rounded so that the clock looks worse, never better.
+    const QString percent = QLocale().toString(std::floor(share.within / known * 1e4) / 100, 'f', 2);
+    //: history window: %1 is a time such as 1.00 ms, %2 a number, %3 and %4 spans of time, %n how often
+    return Texts::tr("Certainly within ±%1 for %2 % of the time; beyond it %n time(s), %3 in all, at the longest %4.",
+                     nullptr, static_cast<int>(share.excursions))
+        .arg(bound, percent, duration_words(share.outside), duration_words(share.longest));
+}
+
 QString change_words(const BeforeAfter& change) {
     const QString times = QLocale().toString(change.times(), 'f', change.times() < 10 ? 1 : 0);
     switch (change.change()) {

@@ -8,6 +8,7 @@
 #include "studies/history/history_files.h"
 #include "studies/history/history_statistics.h"
 #include "studies/history/history_view.h"
+#include "studies/history/limit_share.h"
 #include "studies/history/pointer_notes.h"
 
 #include <QString>
@@ -31,6 +32,9 @@ struct CauseWords {
     QString why;
 };
 [[nodiscard]] CauseWords cause_words(const Cause& cause);
+
+// How long the error was certainly within the limit.
+[[nodiscard]] QString share_words(const LimitShare& share, double limit);
 
 // "3.1 times smaller"
 [[nodiscard]] QString change_words(const BeforeAfter& change);

@@ -5,6 +5,7 @@
 #include "draw/plots/graph_label.h"
 #include "studies/history/label_width.h"
 #include "studies/history/lane_painter.h"
+#include "studies/history/limit_share.h"
 
 #include <algorithm>
 #include <cmath>
@@ -281,6 +282,8 @@ ValueAxis HistoryView::axis_of(HistoryPanel panel, const Frame& frame) const {
     const AxisUnit unit = panel == HistoryPanel::frequency     ? AxisUnit::ppm
                           : panel == HistoryPanel::temperature ? AxisUnit::celsius
                                                                : AxisUnit::seconds;
+    if (panel == HistoryPanel::error && options.limit)
+        span = {std::min(span.low, -*options.limit), std::max(span.high, *options.limit)};
     const double largest = std::max(std::abs(span.low), std::abs(span.high));
     const bool bends = unit == AxisUnit::seconds && usual > 0 &&
                        (options.scale == ScaleChoice::logarithmic ||
@@ -355,6 +358,29 @@ void HistoryView::draw_curve(Canvas& canvas, const Frame& frame, const ValueAxis
     }
 }
 
+// The limit to both sides of zero, and a bar at the panel's upper edge where the error may have been larger.
+void HistoryView::draw_limit(Canvas& canvas, const PanelPlace& place, const ValueAxis& axis) const {
+    constexpr double bar = 4;
+    Path lines;
+    for (const double value : {-*options.limit, *options.limit})
+        lines.add_line({place.area.x, axis.place_of(value)}, {right_edge(place.area), axis.place_of(value)});
+    canvas.stroke(lines, {.ink = Ink(ColorRole::red, 0.8), .dash = {6, 3}});
+    const ColumnGrid grid(place.area, m_range, canvas.pixel());
+    const auto columns = m_data->line(HistoryLine::bound).columns(grid.columns_range(), grid.count);
+    std::vector<Rect> bars;
+    std::optional<std::size_t> before; // the column of the record before, from which on a record counts
+    for (std::size_t at = 0; at < columns.size(); ++at) {
+        if (columns[at].count == 0)
+            continue;
+        const bool goes_on = before && static_cast<double>(at - *before) * grid.step <= longest_pause;
+        const double left = grid.left_of(goes_on ? *before + 1 : at);
+        before = at;
+        if (columns[at].high > *options.limit)
+            bars.push_back({left, upper_edge(place.area) - bar, grid.left_of(at + 1) - left, bar});
+    }
+    canvas.fill_rects(bars, ColorRole::red);
+}
+
 void HistoryView::draw_lanes(Canvas& canvas, const PanelPlace& place) const {
     draw_title(canvas, place, "");
     const ColumnGrid grid(place.area, m_range, canvas.pixel());
@@ -381,6 +407,8 @@ void HistoryView::draw_panel(Canvas& canvas, const PanelPlace& place) const {
     draw_axis(canvas, place, axis);
     for (const auto& one : frame.curves)
         draw_curve(canvas, frame, axis, one.curve);
+    if (place.panel == HistoryPanel::error && options.limit)
+        draw_limit(canvas, place, axis);
 }
 
 TimeMarks HistoryView::time_labels(Rect bounds) const {

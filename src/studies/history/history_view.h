@@ -44,6 +44,7 @@ struct HistoryWords {
 struct HistoryOptions {
     bool lanes = true; // else the sources' offsets
     ScaleChoice scale = ScaleChoice::automatic;
+    std::optional<double> limit = {};                // s: of the error; where it was passed is marked
     std::set<std::string> hidden = {"compensation"}; // keys of curves; near zero, it would press the others flat
     std::array<bool, history_panels> panels{true, true, true, true, true, true};
     std::array<bool, mark_kinds> marks = all_marks();
@@ -130,6 +131,7 @@ private:
     [[nodiscard]] static double reach_of(std::vector<double> highs, bool is_band);
     void draw_panel(Canvas& canvas, const PanelPlace& place) const;
     void draw_axis(Canvas& canvas, const PanelPlace& place, const ValueAxis& axis) const;
+    void draw_limit(Canvas& canvas, const PanelPlace& place, const ValueAxis& axis) const;
     void draw_curve(Canvas& canvas, const Frame& frame, const ValueAxis& axis, const HistoryCurve& curve) const;
     void draw_lanes(Canvas& canvas, const PanelPlace& place) const;
     void draw_title(Canvas& canvas, const PanelPlace& place, const std::string& unit) const;
