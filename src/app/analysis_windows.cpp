@@ -48,6 +48,7 @@ AnalysisWindows::AnalysisWindows(AnalysisParts parts)
                       .general = m_parts.general,
                       .administration = m_parts.administration}),
       m_background(m_parts.main_thread) {
+    connect(&m_compensation, &CompensationOffers::more_points_requested, this, &AnalysisWindows::keep_points);
     connect(&m_recent, &RecentFiles::chosen, this, [this](const QString& path) { open_log(path, false); });
 }
 
@@ -185,6 +186,7 @@ void AnalysisWindows::make_laboratory() {
                                                .queue = m_parts.freqtemp.file_queue,
                                                .files = m_parts.freqtemp.files,
                                                .logs = m_parts.files,
+                                               .settings = m_parts.settings,
                                                .map = m_parts.freqtemp.map,
                                                .can_install = m_parts.administration != nullptr},
                               .can_turn_on_logs = m_parts.administration != nullptr});
@@ -198,11 +200,22 @@ void AnalysisWindows::connect_compensation(CompensationPage& page) {
     connect(&page, &CompensationPage::take_back_requested, this,
             [this] { m_compensation.ask_to_take_back(m_laboratory.get()); });
     connect(&page, &CompensationPage::points_requested, this, &AnalysisWindows::freqtemp_requested);
+    connect(&page, &CompensationPage::more_points_requested, this, &AnalysisWindows::keep_points);
     connect(&m_compensation, &CompensationOffers::changed, &page, &CompensationPage::look);
 }
 
 std::size_t AnalysisWindows::most_points() const {
     return static_cast<std::size_t>(load(m_parts.settings, settings::max_samples));
+}
+
+void AnalysisWindows::keep_points(std::size_t count) {
+    const auto most = std::min(static_cast<std::int64_t>(count), settings::max_samples.maximum);
+    if (m_freqtemp && m_freqtemp->session() != nullptr)
+        m_freqtemp->keep_points(most);
+    else
+        save(m_parts.settings, settings::max_samples, most);
+    if (m_laboratory)
+        m_laboratory->compensation().look();
 }
 
 void AnalysisWindows::showLaboratory(const LaboratoryPlaces& places) {

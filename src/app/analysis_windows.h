@@ -88,6 +88,7 @@ private:
     void make_laboratory();
     void connect_compensation(CompensationPage& page);
     [[nodiscard]] std::size_t most_points() const; // that are kept of a sensor
+    void keep_points(std::size_t count);
     void make_spectrum();
     void make_inspector();
     void make_freqtemp();

@@ -3,6 +3,7 @@
 #include "app/administration.h"
 #include "app/alert_sheet.h"
 #include "base/failure_codes.h"
+#include "gui/laboratory/compensation_words.h"
 #include "qt/in_words.h"
 #include "qt/named_widget.h"
 #include "roothelper/jobs/sensor_place.h"
@@ -44,16 +45,6 @@ QString words_of(const CompensationStudy& study) {
     return paragraphs(texts);
 }
 
-// So many points are read in the time that a compensation needs, where the window drops the oldest before that; else 0.
-std::size_t points_needed(const CompensationChoice& choice, std::size_t most_points) {
-    if (!choice.study.refused || choice.study.refused->code != FailureCode::compensation_without_history ||
-        choice.samples.size() < std::max<std::size_t>(most_points, 2))
-        return 0;
-    const auto span = static_cast<double>(choice.samples.back().time - choice.samples.front().time);
-    const double wanted = (shortest_temperature_history + 1) * 86400;
-    return span > 0 ? static_cast<std::size_t>(static_cast<double>(choice.samples.size()) * wanted / span) : 0;
-}
-
 } // namespace
 
 QString gain_words(const Compensation& compensation) {
@@ -81,7 +72,11 @@ void CompensationOffers::offer(QWidget* window, const ScatterMap& map, std::size
         [map = snapshot(map), path = m_parts.general.config, most_points] {
             auto installed = installed_compensation(path);
             auto choice = choose_compensation(samples_in_map(map), installed);
-            return Offer{.choice = std::move(choice), .installed = std::move(installed), .most_points = most_points};
+            const std::size_t needed = choice ? points_needed(*choice, most_points) : 0;
+            return Offer{.choice = std::move(choice),
+                         .installed = std::move(installed),
+                         .most_points = most_points,
+                         .points_needed = needed};
         },
         [this, window = QPointer(window)](Offer offer) { find_sensor(window, std::move(offer)); });
 }
@@ -138,13 +133,8 @@ Alert CompensationOffers::refusal(const Offer& offer) const {
                            "with chronyd running.");
     else
         texts << words_of(offer.choice->study);
-    if (const auto needed = offer.choice ? points_needed(*offer.choice, offer.most_points) : 0; needed > 0)
-        //: compensation: why there are too few days; %1 and %2 are numbers
-        texts << Texts::tr(
-                     "The window “Frequency and Temperature” keeps %1 points at most, and drops the oldest before "
-                     "there are enough days. Set that number to %2 at least.")
-                     .arg(QLocale().toString(static_cast<qulonglong>(offer.most_points)),
-                          QLocale().toString(static_cast<qulonglong>(needed)));
+    if (offer.points_needed > 0)
+        texts << few_points_words(offer.most_points, offer.points_needed);
     const bool is_good = offer.choice && !offer.choice->study.refused;
     if (is_good && m_parts.administration == nullptr)
         //: compensation: in a demonstration
@@ -159,6 +149,8 @@ Alert CompensationOffers::refusal(const Offer& offer) const {
                                .toStdString(),
                 .informative = paragraphs(texts).toStdString(),
                 .kind = AlertKind::information};
+    if (offer.points_needed > 0)
+        alert.buttons.push_back(keep_points_words(offer.points_needed).toStdString());
     if (offer.installed && m_parts.administration != nullptr)
         alert.buttons.push_back(Texts::tr("Take Back").toStdString());
     //: compensation: button that closes the alert
@@ -170,14 +162,17 @@ void CompensationOffers::ask(QWidget* window, const Offer& offer) {
     const bool can_install =
         offer.choice && !offer.choice->study.refused && offer.place && m_parts.administration != nullptr;
     const Alert alert = can_install ? question(offer) : refusal(offer);
-    const std::size_t take_back_button = can_install ? 1 : 0;
+    const bool wants_points = !can_install && offer.points_needed > 0;
+    const std::size_t take_back_button = can_install || wants_points ? 1 : 0;
     show_question(window, alert,
-                  m_background.if_alive([this, window = QPointer(window), offer, can_install, take_back_button,
-                                         last = alert.buttons.size() - 1](std::size_t button) {
+                  m_background.if_alive([this, window = QPointer(window), offer, can_install, wants_points,
+                                         take_back_button, last = alert.buttons.size() - 1](std::size_t button) {
                       if (button == last)
                           return;
                       if (button == take_back_button && offer.installed)
                           take_back(window);
+                      else if (wants_points)
+                          Q_EMIT more_points_requested(offer.points_needed);
                       else if (can_install)
                           install(window, offer);
                   }));

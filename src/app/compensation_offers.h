@@ -46,13 +46,15 @@ public:
     void ask_to_take_back(QWidget* window);
 
 Q_SIGNALS:
-    void changed(); // a compensation was installed or taken back
+    void changed();                                // a compensation was installed or taken back
+    void more_points_requested(std::size_t count); // are to be kept of each sensor
 
 private:
     struct Offer {
         std::optional<CompensationChoice> choice;
         std::optional<InstalledCompensation> installed;
         std::size_t most_points = 0;
+        std::size_t points_needed = 0;                         // 0: those are enough
         std::string description = {};                          // of the sensor
         Result<SensorPlace> place = tl::unexpected(Failure()); // of the sensor
     };

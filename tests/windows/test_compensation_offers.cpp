@@ -115,13 +115,23 @@ TEST_F(CompensationOffersTest, AWindowThatForgetsTooSoonIsToldOf) {
     ScatterMap map;
     for (int at = 0; at < 2000; ++at)
         map["chip-isa-0000/temp1"].points.append({40.0 + at % 10, 1}, 1'790'000'000 + 10 * at);
+    std::size_t wanted = 0;
+    QObject::connect(offers.get(), &CompensationOffers::more_points_requested,
+                     [&wanted](std::size_t count) { wanted = count; });
+    offers->offer(&shown, map, 2000);
+    settle();
+    ASSERT_NE(box("NoCompensation"), nullptr);
+    testing::press_button(*box("NoCompensation"), "Keep 35,000 Points");
+    EXPECT_EQ(wanted, 35000U);
+    delete box("NoCompensation");
     for (const auto& [most, is_told] : {std::pair{2000, true}, {1'000'000, false}}) {
         offers->offer(&shown, map, static_cast<std::size_t>(most));
         settle();
         ASSERT_NE(box("NoCompensation"), nullptr);
         const QString text = box("NoCompensation")->informativeText();
-        EXPECT_EQ(text.contains(QStringLiteral("keeps 2,000 points at most")), is_told) << text.toStdString();
-        EXPECT_EQ(text.contains(QStringLiteral("Set that number to 34,57")), is_told);
+        EXPECT_EQ(text.contains(QStringLiteral("keeps 2,000 points of a sensor")), is_told) << text.toStdString();
+        EXPECT_EQ(text.contains(QStringLiteral("it has to keep 35,000.")), is_told) << text.toStdString();
+        EXPECT_EQ(buttons("NoCompensation").size(), is_told ? 2 : 1);
         delete box("NoCompensation");
     }
 }

@@ -1,8 +1,10 @@
 #include "gui/laboratory/compensation_page.h"
 #include "gui/laboratory/compensation_words.h"
+#include "settings/settings_catalogue.h"
 #include "studies/freqtemp/scatter_json.h"
 #include "support/fake_followed_files.h"
 #include "support/memory_files.h"
+#include "support/memory_stores.h"
 #include "support/window_test.h"
 
 #include <numbers>
@@ -32,12 +34,15 @@ std::string made_map(double slope, int days = 5) {
 struct CompensationPageTest : testing::WindowTest<CompensationPage> {
     testing::MemoryFiles files;
     testing::FakeFollowedFiles logs;
+    testing::MemorySettingsStore store;
+    DefaultSettings settings{store};
 
     void open(bool can_install = true) {
         window = std::make_unique<CompensationPage>(nullptr, CompensationPageParts{.main_thread = main_thread,
                                                                                    .queue = queue,
                                                                                    .files = files,
                                                                                    .logs = logs,
+                                                                                   .settings = settings,
                                                                                    .map = "/map.json",
                                                                                    .can_install = can_install});
         window->set_configuration("/none.conf");
@@ -84,6 +89,28 @@ TEST_F(CompensationPageTest, SaysWhatToDoAndOffersOnlyThat) {
     settle();
     EXPECT_FALSE(
         find<QTreeWidget>("compensation_figures")->findItems(QStringLiteral("Not read"), Qt::MatchExactly).empty());
+}
+
+TEST_F(CompensationPageTest, WhereTooFewPointsAreKeptOneClickKeepsEnough) {
+    files.texts["/map.json"] = made_map(0.5, 2); // 576 of them
+    save(settings, settings::max_samples, std::int64_t{576});
+    open();
+    EXPECT_TRUE(words("compensation_headline")
+                    .ends_with("keeps 576 points of a sensor, and drops the oldest before "
+                               "there are enough days: it has to keep 1,200."))
+        << words("compensation_headline");
+    std::size_t wanted = 0;
+    QObject::connect(window.get(), &CompensationPage::more_points_requested,
+                     [&wanted](std::size_t count) { wanted = count; });
+    auto* button = find<QPushButton>("compensation_more_points");
+    EXPECT_EQ(button->text(), QStringLiteral("&Keep 1,200 Points"));
+    button->click();
+    EXPECT_EQ(wanted, 1200U);
+    save(settings, settings::max_samples, std::int64_t{1200});
+    window->look();
+    settle();
+    EXPECT_FALSE(button->isVisible());
+    EXPECT_TRUE(words("compensation_headline").ends_with("with chronyd running.")) << words("compensation_headline");
 }
 
 TEST_F(CompensationPageTest, AnInstalledOneIsJudgedByTheLogs) {

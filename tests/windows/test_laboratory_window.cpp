@@ -5,6 +5,7 @@
 #include "support/kept_plots.h"
 #include "support/manual_timer.h"
 #include "support/memory_files.h"
+#include "support/memory_stores.h"
 #include "support/window_test.h"
 
 #include <numbers>
@@ -37,6 +38,8 @@ struct LaboratoryWindowTest : testing::WindowTest<LaboratoryWindow> {
     testing::ManualMasterTimer timer;
     testing::FakeFollowedFiles files;
     testing::MemoryFiles user_files;
+    testing::MemorySettingsStore settings_store;
+    DefaultSettings settings{settings_store};
     testing::KeptPlots plots;
     QTemporaryDir folder;
     std::string store;
@@ -51,7 +54,8 @@ struct LaboratoryWindowTest : testing::WindowTest<LaboratoryWindow> {
             .queue = {std::shared_ptr<void>(), &queue},
             .exports = {.queue = queue, .main_thread = main_thread, .writer = plots},
             .now = [] { return begin; },
-            .compensation = {.main_thread = main_thread, .queue = queue, .files = user_files, .logs = files}});
+            .compensation = {
+                .main_thread = main_thread, .queue = queue, .files = user_files, .logs = files, .settings = settings}});
         timer.start();
         window->resize(1000, 700);
         window->show();

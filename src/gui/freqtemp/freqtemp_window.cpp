@@ -165,6 +165,10 @@ void FreqTempWindow::numberStepperValueChanged() {
     m_session->settings().save(m_parts.settings);
 }
 
+void FreqTempWindow::keep_points(std::int64_t count) {
+    m_controls.m_maxsamples->setValue(static_cast<int>(count)); // which says so
+}
+
 void FreqTempWindow::clear() {
     //: frequency and temperature window: asked before the points are deleted
     auto* box = new QMessageBox(QMessageBox::Question, windowTitle(), tr("Delete all points of all sensors?"),

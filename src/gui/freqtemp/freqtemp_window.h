@@ -50,7 +50,8 @@ public:
     void selectOrder();
     void showDisplayOptions();
     void numberStepperValueChanged();
-    void clear(); // asks first
+    void clear();                         // asks first
+    void keep_points(std::int64_t count); // of each sensor at most; the window is open
 
 Q_SIGNALS:
     void compensation_requested(); // for the points of the selected sensors, see plotted()

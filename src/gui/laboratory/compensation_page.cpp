@@ -3,6 +3,7 @@
 #include "gui/laboratory/compensation_words.h"
 #include "qt/named_widget.h"
 #include "qt/text_scale.h"
+#include "settings/settings_catalogue.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -73,8 +74,18 @@ void CompensationPage::build() {
     m_legend = named(new QLabel(legend(), this), "compensation_legend", Texts::tr("Legend"), QString());
     m_legend->setTextFormat(Qt::RichText);
     m_figures = figure_table(this);
+    //: laboratory, compensation: name of the button that has more points kept, and its tooltip
+    m_more_points =
+        named(new QPushButton(this), "compensation_more_points", Texts::tr("Keep more points"),
+              //: laboratory, compensation: tooltip of that button
+              Texts::tr("So many points of each sensor are kept from now on: enough days for a compensation"));
+    m_more_points->hide();
+    connect(m_more_points, &QPushButton::clicked, this, [this] { Q_EMIT more_points_requested(m_points_needed); });
+    auto* sentence = new QHBoxLayout;
+    sentence->addWidget(m_headline, 1);
+    sentence->addWidget(m_more_points, 0, Qt::AlignTop);
     auto* column = new QVBoxLayout(this);
-    column->addWidget(m_headline);
+    column->addLayout(sentence);
     column->addWidget(m_chart, 1);
     column->addWidget(m_legend);
     column->addWidget(m_figures);
@@ -151,6 +162,7 @@ void CompensationPage::look() {
         },
         [this](const std::pair<CompensationState, ScatterMap>& found) {
             show_state(found.first);
+            offer_more_points(static_cast<std::size_t>(load(m_parts.settings, settings::max_samples)));
             show_picture(found.second);
         });
 }
@@ -170,6 +182,15 @@ void CompensationPage::show_state(const CompensationState& state) {
     const bool is_good = state.choice && !state.choice->study.refused;
     m_install->setEnabled(m_parts.can_install && is_good);
     m_take_back->setEnabled(m_parts.can_install && state.installed.has_value());
+}
+
+void CompensationPage::offer_more_points(std::size_t most) {
+    m_points_needed = m_state.choice ? points_needed(*m_state.choice, most) : 0;
+    m_more_points->setVisible(m_points_needed > 0);
+    if (m_points_needed == 0)
+        return;
+    m_headline->setText(m_headline->text() + QLatin1Char(' ') + few_points_words(most, m_points_needed));
+    m_more_points->setText(keep_points_words(m_points_needed));
 }
 
 void CompensationPage::show_picture(const ScatterMap& picture) {

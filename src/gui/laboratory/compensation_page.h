@@ -5,12 +5,14 @@
 #include "base/background.h"
 #include "base/followed_file.h"
 #include "gui/common/plot_surface.h"
+#include "settings/default_settings.h"
 #include "studies/freqtemp/freqtemp_view.h"
 #include "studies/laboratory/compensation_state.h"
 
 #include <QStringList>
 #include <QWidget>
 
+#include <cstddef>
 #include <memory>
 
 class QLabel;
@@ -38,8 +40,9 @@ private:
 struct CompensationPageParts {
     MainThread& main_thread;
     DispatchQueueSerial& queue;
-    UserFiles& files;     // on the queue
-    FollowedFiles& logs;  // likewise
+    UserFiles& files;    // on the queue
+    FollowedFiles& logs; // likewise
+    const DefaultSettings& settings;
     std::string map = {}; // of the frequency-temperature window
     bool can_install = false;
 };
@@ -56,7 +59,8 @@ Q_SIGNALS:
     // For the points that are shown; their entry's name is that of the sensor.
     void install_requested(const tickervantage::ScatterMap& map);
     void take_back_requested();
-    void points_requested(); // the window that gathers them
+    void points_requested();                       // the window that gathers them
+    void more_points_requested(std::size_t count); // are to be kept of each sensor
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -65,6 +69,7 @@ private:
     void build();
     [[nodiscard]] QWidget* build_buttons();
     void show_state(const CompensationState& state);
+    void offer_more_points(std::size_t most);
     void show_picture(const ScatterMap& picture);
     void request_installation();
     [[nodiscard]] QString legend() const;
@@ -72,7 +77,9 @@ private:
     CompensationPageParts m_parts;
     std::string m_configuration;
     CompensationState m_state;
+    std::size_t m_points_needed = 0;
     QLabel* m_headline = nullptr;
+    QPushButton* m_more_points = nullptr; // beside it, where it would help
     CompensationChart* m_chart = nullptr;
     QLabel* m_legend = nullptr;
     QTreeWidget* m_figures = nullptr;

@@ -129,6 +129,21 @@ QString compensation_headline(const CompensationState& state) {
     return {};
 }
 
+QString few_points_words(std::size_t most, std::size_t needed) {
+    const auto in_figures = [](std::size_t count) {
+        return QLocale().toString(static_cast<qulonglong>(count));
+    };
+    //: laboratory, compensation: why there are too few days; %1 and %2 are numbers
+    return Texts::tr("The window “Frequency and Temperature” keeps %1 points of a sensor, and drops the oldest before "
+                     "there are enough days: it has to keep %2.")
+        .arg(in_figures(most), in_figures(needed));
+}
+
+QString keep_points_words(std::size_t needed) {
+    //: laboratory, compensation: button that has so many points kept; %1 is a number
+    return Texts::tr("&Keep %1 Points").arg(QLocale().toString(static_cast<qulonglong>(needed)));
+}
+
 std::vector<QStringList> compensation_figures(const CompensationState& state) {
     std::vector<QStringList> rows;
     if (state.choice)

@@ -1,5 +1,7 @@
 #include "studies/laboratory/compensation_choice.h"
 
+#include "base/failure_codes.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -38,6 +40,21 @@ TimedSamples samples_in_map(const ScatterMap& map) {
             if (const auto time = entry.points.time(at))
                 samples[sensor].push_back({*time, entry.points[at].temperature, entry.points[at].frequency});
     return samples;
+}
+
+std::size_t points_needed(const CompensationChoice& choice, std::size_t most) {
+    const auto& refused = choice.study.refused;
+    const bool is_short = refused && (refused->code == FailureCode::compensation_without_history ||
+                                      refused->code == FailureCode::compensation_without_days);
+    const std::size_t count = choice.samples.size();
+    if (!is_short || count < std::max<std::size_t>(most, 2))
+        return 0;
+    const auto span = static_cast<double>(choice.samples.back().time - choice.samples.front().time);
+    const double wanted = static_cast<double>(count) * (shortest_temperature_history + 1) * 86400 / span;
+    if (!std::isfinite(wanted) || wanted <= static_cast<double>(count))
+        return 0;
+    const double step = std::pow(10, std::floor(std::log10(wanted)) - 1);
+    return static_cast<std::size_t>(std::ceil(wanted / step) * step);
 }
 
 std::optional<CompensationChoice> choose_compensation(TimedSamples samples,

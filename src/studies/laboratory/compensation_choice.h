@@ -31,6 +31,10 @@ struct CompensationChoice {
 [[nodiscard]] std::optional<CompensationChoice>
 choose_compensation(TimedSamples samples, const std::optional<InstalledCompensation>& installed);
 
+// How many points a sensor has to be allowed, rounded up, where it is allowed `most` and they do not reach back as far
+// as a compensation needs: it never would have them, however long one waits. Else 0.
+[[nodiscard]] std::size_t points_needed(const CompensationChoice& choice, std::size_t most);
+
 // By how much a clock that is left to itself goes wrong in that time, with a frequency that is off by its deviation.
 [[nodiscard]] inline double error_after(double seconds, double deviation) {
     return seconds * deviation * 1e-6; // s, of ppm
