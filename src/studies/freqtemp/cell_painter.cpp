@@ -71,9 +71,10 @@ void CellPainter::fill_between(Segment upper, Segment lower, const CoverageBrush
     }
 }
 
-// `share`: how much of a pixel is covered, by the distance of its middle from the centre.
+// `share`: how much of a pixel is covered, by the distance of its middle from the centre, which is from `nearest` to
+// `reach`.
 template <class Share>
-void CellPainter::lay(Spot center, double reach, const CoverageBrush& brush, const Share& share) {
+void CellPainter::lay(Spot center, double nearest, double reach, const CoverageBrush& brush, const Share& share) {
     constexpr double full = 255;
     const Point middle = center.pixels();
     const auto first = [reach](double at, int from, int end) {
@@ -86,7 +87,10 @@ void CellPainter::lay(Spot center, double reach, const CoverageBrush& brush, con
         for (int x = first(middle.x, m_cell.left, m_cell.right); x < last(middle.x, m_cell.left, m_cell.right); ++x) {
             const double across = x + 0.5 - middle.x;
             const double down = y + 0.5 - middle.y;
-            const double covered = std::clamp(share(std::sqrt(across * across + down * down)), 0.0, 1.0);
+            const double away = across * across + down * down;
+            if (away < nearest * nearest || away > reach * reach)
+                continue;
+            const double covered = std::clamp(share(std::sqrt(away)), 0.0, 1.0);
             brush.lay(static_cast<std::uint64_t>(covered * full + 0.5),
                       m_rows.first + (y - m_cell.top) * m_rows.stride + (x - m_cell.left));
         }
@@ -94,13 +98,13 @@ void CellPainter::lay(Spot center, double reach, const CoverageBrush& brush, con
 
 void CellPainter::fill_disc(Spot center, double diameter, const CoverageBrush& brush) {
     const double radius = diameter / 2;
-    lay(center, radius + 1, brush, [radius](double distance) { return radius + 0.5 - distance; });
+    lay(center, 0, radius + 1, brush, [radius](double distance) { return radius + 0.5 - distance; });
 }
 
 void CellPainter::stroke_circle(Spot center, double diameter, double width, const CoverageBrush& brush) {
     const double radius = diameter / 2;
     const double half = width / 2;
-    lay(center, radius + half + 1, brush,
+    lay(center, std::max(0.0, radius - half - 1), radius + half + 1, brush,
         [=](double distance) { return std::min(half + 0.5 - std::abs(distance - radius), width); });
 }
 

@@ -28,7 +28,7 @@ private:
     void count_line(const PlotPiece& line, double width);
     void fill_between(Segment upper, Segment lower, const CoverageBrush& brush);
     template <class Share>
-    void lay(Spot center, double reach, const CoverageBrush& brush, const Share& share);
+    void lay(Spot center, double nearest, double reach, const CoverageBrush& brush, const Share& share);
 
     PixelBox m_cell;
     PixelRows m_rows; // from the cell's first pixel on

@@ -50,7 +50,7 @@ void for_each_shown(const ScatterMap& scatter, const Use& use) {
 KeptPlot::Inks::Inks(const Color& color)
     : dots(color), band(plot_look::lighter(color)), line(plot_look::solid(color)), newest(color) {}
 
-KeptPlot::Setup KeptPlot::setup_of(const Canvas& canvas, const CanvasPixels& pixels, const PlotContent& content) {
+KeptPlot::Setup KeptPlot::setup_of(const CanvasPixels& pixels, const PlotContent& content) {
     Setup setup{.ranges = content.scale.ranges,
                 .options = content.options,
                 .area = content.scale.area,
@@ -61,7 +61,7 @@ KeptPlot::Setup KeptPlot::setup_of(const Canvas& canvas, const CanvasPixels& pix
                 .background = pixels.background,
                 .sensors = {}};
     for_each_shown(content.scatter, [&](const std::string& name, const scatterEntry& entry) {
-        setup.sensors.emplace_back(name, canvas.readable(entry.color.color()));
+        setup.sensors.emplace_back(name, entry.color.color());
     });
     return setup;
 }
@@ -83,7 +83,7 @@ bool KeptPlot::paint_changes(Canvas& canvas, const PlotContent& content) {
     if (!pixels)
         return false;
     m_rows = pixels->rows;
-    const bool is_known = setup_of(canvas, *pixels, content) == *m_setup;
+    const bool is_known = setup_of(*pixels, content) == *m_setup;
     if (is_known)
         for (std::size_t i = m_sensors.size(); i-- > 0;)
             take_ring_off(m_sensors[i]);
@@ -96,7 +96,7 @@ bool KeptPlot::paint_changes(Canvas& canvas, const PlotContent& content) {
 }
 
 void KeptPlot::begin(const Canvas& canvas, const CanvasPixels& pixels, const PlotContent& content) {
-    m_setup = setup_of(canvas, pixels, content);
+    m_setup = setup_of(pixels, content);
     m_scale = PixelScale(content.scale, pixels);
     m_density = pixels.scale_x;
     m_rows = pixels.rows;
@@ -110,7 +110,7 @@ void KeptPlot::begin(const Canvas& canvas, const CanvasPixels& pixels, const Plo
     m_cells.resize(pixels.width, pixels.height, side);
     m_sensors.clear();
     for_each_shown(content.scatter, [&](const std::string&, const scatterEntry& entry) {
-        m_sensors.push_back(sensor_of(entry, m_setup->sensors[m_sensors.size()].second));
+        m_sensors.push_back(sensor_of(entry, canvas.readable(entry.color.color())));
     });
 }
 
@@ -137,7 +137,8 @@ KeptPlot::Sensor KeptPlot::sensor_of(const scatterEntry& entry, const Color& col
 KeptPlot::Dot KeptPlot::dot(freqPoint point) const {
     const Point at = m_scale.pixel(point);
     const auto corner = m_counts->corner(at.x, at.y);
-    return corner ? Dot{*corner, m_cells.place_of(*corner)} : Dot{{}, m_cells.nowhere()};
+    return corner ? Dot{*corner, static_cast<std::uint32_t>(m_cells.place_of(*corner))}
+                  : Dot{{}, static_cast<std::uint32_t>(m_cells.nowhere())};
 }
 
 bool KeptPlot::take_changes(const PlotContent& content) {
@@ -265,13 +266,15 @@ void KeptPlot::paint_dots(const Sensor& sensor) {
         return;
     }
     for (const std::size_t cell : m_cells.marked())
-        m_counts->paint(m_cells.box(cell), m_inside, sensor.inks.dots, m_rows);
+        if (m_cells.has_square(cell))
+            m_counts->paint(m_cells.box(cell), m_inside, sensor.inks.dots, m_rows);
     for (const auto& corner : m_counted)
         m_counts->erase(corner); // it may reach beyond those cells
 }
 
 void KeptPlot::count_dots(const Sensor& sensor) {
     m_counted.clear();
+    m_cells.forget_squares();
     if (sensor.digest) {
         for (const auto& dot : sensor.digest->dots) {
             const Point at = m_scale.pixel(dot.point);
@@ -284,6 +287,7 @@ void KeptPlot::count_dots(const Sensor& sensor) {
         if (!m_cells.is_near(dot.place))
             continue;
         m_counts->add(dot.corner, 1);
+        m_cells.note_square(dot.place);
         m_counted.push_back(dot.corner);
     }
 }

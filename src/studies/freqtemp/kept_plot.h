@@ -61,7 +61,7 @@ private:
     };
     struct Dot {
         DotCounts::Corner corner;
-        std::size_t place = 0; // among the cells
+        std::uint32_t place = 0; // among the cells
     };
     struct Sensor {
         explicit Sensor(const Color& color) : inks(color) {}
@@ -80,7 +80,7 @@ private:
         std::vector<std::uint32_t> under_pixels;
     };
 
-    [[nodiscard]] static Setup setup_of(const Canvas& canvas, const CanvasPixels& pixels, const PlotContent& content);
+    [[nodiscard]] static Setup setup_of(const CanvasPixels& pixels, const PlotContent& content);
     void begin(const Canvas& canvas, const CanvasPixels& pixels, const PlotContent& content);
     [[nodiscard]] Sensor sensor_of(const scatterEntry& entry, const Color& color);
     [[nodiscard]] bool take_changes(const PlotContent& content);

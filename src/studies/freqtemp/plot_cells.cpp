@@ -20,6 +20,8 @@ void PlotCells::resize(int width, int height, int side) {
     const int rows = (height - 1) / (1 << m_shift) + 1;
     m_marked.assign(static_cast<std::size_t>(m_columns * rows), 0);
     m_near.assign(static_cast<std::size_t>(m_near_columns * (rows + 2)), 0);
+    m_noted.assign(m_near.size(), 0);
+    m_round = 1;
     m_marked_cells.clear();
     m_items.assign(m_marked.size(), {});
     m_filled.clear();
@@ -57,6 +59,14 @@ void PlotCells::unmark_all() {
     std::ranges::fill(m_marked, 0);
     std::ranges::fill(m_near, 0);
     m_marked_cells.clear();
+}
+
+bool PlotCells::has_square(std::size_t cell) const {
+    const auto columns = static_cast<std::size_t>(m_columns);
+    const auto near_columns = static_cast<std::size_t>(m_near_columns);
+    const std::size_t place = cell / columns * near_columns + cell % columns;
+    return m_noted[place] == m_round || m_noted[place + 1] == m_round || m_noted[place + near_columns] == m_round ||
+           m_noted[place + near_columns + 1] == m_round;
 }
 
 void PlotCells::put(const PixelBox& cells, Item item) {

@@ -39,6 +39,11 @@ public:
     }
     [[nodiscard]] std::size_t nowhere() const { return m_near.size() - 1; } // never near
 
+    // Which of the cells may be met by the squares noted since all were forgotten.
+    void forget_squares() { ++m_round; }
+    void note_square(std::size_t place) { m_noted[place] = m_round; }
+    [[nodiscard]] bool has_square(std::size_t cell) const;
+
     // Calls use(cell) for each marked one of the cells.
     template <class Use>
     void for_each_marked(const PixelBox& cells, const Use& use) const {
@@ -70,6 +75,8 @@ private:
     std::vector<char> m_marked; // by cell
     std::vector<std::size_t> m_marked_cells;
     std::vector<char> m_near; // by cell, one more each way: it or the one before it, in either direction, is marked
+    std::vector<std::uint32_t> m_noted; // by the same: the round in which a square was
+    std::uint32_t m_round = 1;
     std::vector<std::vector<Item>> m_items;
     std::vector<std::size_t> m_filled;
 };
