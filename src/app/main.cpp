@@ -1,5 +1,6 @@
 // The desktop program: puts the parts together.
 #include "app/app_delegate.h"
+#include "app/demonstration_start.h"
 #include "app/options.h"
 #include "app/queues.h"
 #include "app/quit_on_signal.h"
@@ -8,7 +9,6 @@
 #include "app/start_up.h"
 #include "chrony/demonstration/demonstration.h"
 #include "chrony/log/logreader.h"
-#include "history/recording.h"
 #include "linux/desktop_notifier.h"
 #include "linux/file_logger.h"
 #include "linux/machine_sensors.h"
@@ -30,7 +30,6 @@
 #include "roothelper/client/no_privileged_channel.h"
 #include "roothelper/jobs/this_machine.h"
 #include "settings/settings_catalogue.h"
-#include "studies/freqtemp/recorded_temperatures.h"
 
 #include "gui/main/tickervantage_window.h"
 
@@ -102,6 +101,9 @@ public:
 
     int run(const ProgramOptions& options, const DaemonChoice& daemon, const Paths& paths);
     void another_start(const QStringList& files);
+
+    // Before run(): nothing is read until the demonstration is ready. The program ends if it does not come up.
+    void wait_for(const Readiness& ready);
 
 private:
     ApplicationParts parts(const Paths& paths, const DaemonChoice& daemon);
@@ -285,15 +287,25 @@ int Program::run(const ProgramOptions& options, const DaemonChoice& daemon, cons
     return m_delegate.is_stopping() ? 1 : status;
 }
 
+int fail(const std::string& sentence) {
+    std::fprintf(stderr, "tickervantage: %s\n", sentence.c_str());
+    return 1;
+}
+
+void Program::wait_for(const Readiness& ready) {
+    for (SerialQueue* queue :
+         {&m_report_queue, &m_history_queue, &m_trend_queue, &m_list_queue, &m_config_queue, &m_map_queue})
+        queue->async([ready] { ready.wait(); });
+    m_status_queue.async([this, ready] {
+        if (!ready.get())
+            m_main_thread.main_async([ready] { QCoreApplication::exit(fail(english(ready.get().error()))); });
+    });
+}
+
 void Program::another_start(const QStringList& files) {
     m_logger.log(LogLevel::info, "Another start of the program left the work to this one. Files to open: " +
                                      files.join(QStringLiteral(", ")).toStdString());
     m_delegate.come_to_front(files);
-}
-
-int fail(const std::string& sentence) {
-    std::fprintf(stderr, "tickervantage: %s\n", sentence.c_str());
-    return 1;
 }
 
 int run(const ProgramOptions& options, int argc, char** argv) {
@@ -301,19 +313,16 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     const PrivateTemporary temporary;
     Paths paths = process_paths();
     Demonstration demonstration;
+    Readiness ready; // of the demonstration
     if (options.demo) {
-        const auto started = demonstration.start(paths.bundle_program("chronyd"), paths.temporary + "demonstration");
-        if (!started)
-            return fail(english(started.error()));
+        const auto begun = demonstration.begin(paths.bundle_program("chronyd"), paths.temporary + "demonstration");
+        if (!begun)
+            return fail(english(begun.error()));
         paths = throw_away(paths, demonstration.folder());
-        const std::string data = paths.data_home + "/Tickervantage";
-        PosixUserFiles files;
-        const auto begun = demonstration.begun();
-        for (const auto& kept : {keep_recording(data + "/history.sqlite", recorded_day(begun)),
-                                 keep_recorded_temperatures(files, scatter_map_path(data), begun)})
-            if (!kept) // there is less to see then
-                std::fprintf(stderr, "tickervantage: %s\n", english(kept.error()).c_str());
+        ready = bring_up(demonstration, paths.data_home + "/Tickervantage");
     }
+    if (options.demo && !options.screenshots.empty() && !ready.get()) // pictures show what is there
+        return fail(english(ready.get().error()));
     if (!options.screenshots.empty() && !QDir().mkpath(QString::fromStdString(options.screenshots)))
         return fail("The folder " + options.screenshots + " cannot be made.");
 
@@ -340,6 +349,8 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     Program program(paths, daemon);
     QObject::connect(&instance, &SingleInstance::started_again, &application,
                      [&program](const QStringList& files) { program.another_start(files); });
+    if (options.demo)
+        program.wait_for(ready);
     return program.run(options, daemon, paths);
 }
 

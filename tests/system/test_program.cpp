@@ -120,6 +120,27 @@ TEST_F(ProgramDemonstration, KilledItLeavesNoDaemonAndItsFolderToTheNextRun) {
     EXPECT_TRUE(m_instance.left_no_folder());
 }
 
+TEST_F(ProgramDemonstration, EndedBeforeItStandsItLeavesNothing) {
+    auto& program = m_instance.start({"--demo"});
+    ASSERT_TRUE(eventually(patience, [&] { return !m_instance.left_no_folder(); }));
+    program.signal(SIGTERM);
+    EXPECT_EQ(program.ends_within(patience), 0) << program.err();
+    EXPECT_TRUE(m_instance.left_no_folder());
+}
+
+TEST(Program, ADemonstrationThatDoesNotComeUpIsSaidAndEndsIt) {
+    Instance instance;
+    const std::string programs = instance.home().path("Tickervantage.app/Contents/MacOS/");
+    fs::create_directories(programs);
+    fs::copy(TICKERVANTAGE_PROGRAM, programs + "tickervantage");
+    testing::write_file(programs + "chronyd", "#!/bin/sh\necho 'no clock today' >&2\nexit 1\n", 0700);
+    testing::ChildProgram program({programs + "tickervantage", "--demo"}, instance.home().environment,
+                                  instance.home().path());
+    EXPECT_EQ(program.ends_within(patience), 1);
+    EXPECT_NE(program.err().find("no clock today"), std::string::npos) << program.err();
+    EXPECT_TRUE(instance.left_no_folder());
+}
+
 TEST(Program, StartsWithDamagedSettingsAndKeepsThemAside) {
     Instance instance;
     const std::string damaged = std::string("\xff\xfe\0[[[", 6) + "\nmeter_view";
@@ -170,7 +191,9 @@ TEST(Program, ASecondStartHandsItsLogsToTheFirst) {
     testing::write_file(log, "");
     testing::ChildProgram second({TICKERVANTAGE_PROGRAM, log}, instance.home().environment, instance.home().path());
     EXPECT_EQ(second.ends_within(patience), 0) << second.err();
-    EXPECT_NE(instance.log().find("Files to open: " + log), std::string::npos) << instance.log();
+    EXPECT_TRUE(eventually(patience, [&] { // the log is written behind the main thread
+        return instance.log().find("Files to open: " + log) != std::string::npos;
+    })) << instance.log();
 
     first.signal(SIGTERM);
     EXPECT_EQ(first.ends_within(patience), 0) << first.err();

@@ -136,6 +136,16 @@ Result<> await_report(int news) {
 } // namespace
 
 Result<> Demonstration::start(const std::string& chronyd, const std::string& folder) {
+    auto started = begin(chronyd, folder);
+    if (!started)
+        return started; // one that runs already runs on
+    started = await_start();
+    if (!started)
+        stop();
+    return started;
+}
+
+Result<> Demonstration::begin(const std::string& chronyd, const std::string& folder) {
     if (is_running())
         return failed(FailureCode::demonstration_runs);
     if (access(chronyd.c_str(), X_OK) != 0)
@@ -160,11 +170,12 @@ Result<> Demonstration::start(const std::string& chronyd, const std::string& fol
     m_begun = now;
     m_hold = std::move(hold.ours);
     m_folder = place;
-    news.write_end.reset();
-    auto report = await_report(news.read_end.get());
-    if (!report)
-        stop();
-    return report;
+    m_news = std::move(news.read_end);
+    return {};
+}
+
+Result<> Demonstration::await_start() {
+    return await_report(FileDescriptor(std::move(m_news)).get());
 }
 
 void Demonstration::stop() {

@@ -5,12 +5,12 @@
 // "synchronised" within about a second of start() and writes a tracking log line up to four times a second, behind
 // those of a recorded day.
 //
-// A process forked by start() looks after the daemons. It ends them and removes the folder when stop() is called,
+// A process forked by begin() looks after the daemons. It ends them and removes the folder when stop() is called,
 // when the object goes, and when the program is killed or crashes; it lives in a session of its own, so that Ctrl-C in
-// the terminal reaches the program only. Hence start() has to be called early in main, before there are threads or
+// the terminal reaches the program only. Hence begin() has to be called early in main, before there are threads or
 // windows: what the process inherits it keeps in memory until the end.
 //
-// Main thread only, except wait_until_synchronised(), install() and pull_out().
+// Main thread only, except await_start(), wait_until_synchronised(), install() and pull_out().
 // Source: chronyd(8), chrony.conf(5), chronyc(1) of chrony 4.3.
 #pragma once
 
@@ -34,10 +34,17 @@ public:
     Demonstration(const Demonstration&) = delete;
     Demonstration& operator=(const Demonstration&) = delete;
 
-    // Makes the folder, which must not exist yet, and returns when all daemons answer: after some 100 ms, at the latest
-    // after 6 s. Where the folder's path is too long for a socket, one in /tmp takes its place. Of several chronyd take
-    // the bundle's: that in /usr/sbin may be confined to its own folders (AppArmor does so by its path).
+    // begin() and await_start() in one; what failed has been stopped.
     [[nodiscard]] Result<> start(const std::string& chronyd, const std::string& folder);
+
+    // Makes the folder, which must not exist yet, has the daemons started, and returns at once: the paths below are
+    // known then. Where the folder's path is too long for a socket, one in /tmp takes its place. Of several chronyd
+    // take the bundle's: that in /usr/sbin may be confined to its own folders (AppArmor does so by its path).
+    [[nodiscard]] Result<> begin(const std::string& chronyd, const std::string& folder);
+
+    // Once after begin(): returns when all daemons answer, after some 100 ms, at the latest after 6 s. Any thread,
+    // while the object lives and stop() is not called.
+    [[nodiscard]] Result<> await_start();
 
     // Returns when all daemons have ended and the folder has gone: some milliseconds, at the latest after about 2 s.
     void stop();
@@ -73,6 +80,7 @@ private:
 
     std::string m_folder;
     std::int64_t m_begun = 0;
+    FileDescriptor m_news; // how the start went; for await_start()
     std::mutex m_asking;   // one order at a time
     FileDescriptor m_hold; // takes orders; the supervisor cleans up when the last copy of this end is closed
     pid_t m_supervisor = -1;
