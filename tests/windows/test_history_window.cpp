@@ -179,6 +179,7 @@ TEST_F(HistoryWindowTest, AnotherMachinesLogIsLaidOverAndAllOfItExported) {
     window->compare_with(QStringLiteral("/other.log"));
     settle();
     EXPECT_TRUE(plot()->view().is_comparing());
+    EXPECT_NE(words("origins").find("Compared with it: /other.log."), std::string::npos) << words("origins");
     window->exports().export_to(QStringLiteral("/history.csv"));
     settle();
     EXPECT_NE(plots.table.find("2026-11-21T10:05:00Z,difference offset,-3"), std::string::npos);
@@ -240,6 +241,12 @@ TEST_F(HistoryWindowTest, EventsSayWhoseDoingAndKeysGoFromOneToTheNext) {
     EXPECT_EQ(cell("events", row_of(EventKind::source), 2), "Nobody") << "the former one was still used";
     EXPECT_EQ(cell("events", row_of(EventKind::start), 2), "This machine");
     EXPECT_EQ(cell("events", row_of(EventKind::gap), 2), "–");
+    auto* events = find<QTreeWidget>("events");
+    auto* second = events->topLevelItem(1);
+    events->setCurrentItem(second);
+    EXPECT_EQ(plot()->pointers().first, marks[1].time) << "where it stands, to compare before and after";
+    plot()->go({range().from, range().to + 60});
+    EXPECT_EQ(events->currentItem(), second) << "who reads them keeps the place";
     testing::press_key(plot(), Qt::Key_Home);
     for (const std::size_t at : {0U, 1U}) {
         testing::press_key(plot(), Qt::Key_N);
@@ -320,6 +327,7 @@ TEST_F(HistoryWindowTest, ANightADayOrATypedPeriodIsShown) {
         QStringLiteral("%1, %2").arg(locale.dayName(day.dayOfWeek()), locale.toString(day, QLocale::ShortFormat)));
     ASSERT_NE(chosen, entries.end());
     (*chosen)->trigger();
+    EXPECT_EQ(find<QTabWidget>("details")->currentWidget(), window->controls().events_page);
     EXPECT_EQ(range(), (TimeRange{seconds(day, QTime(0, 0)), seconds(day.addDays(1), QTime(0, 0))}));
     entries.front()->trigger();
     EXPECT_NEAR(range().length(), 14 * 3600, 1) << "a night";
@@ -445,8 +453,9 @@ TEST_F(HistoryWindowTest, EvidenceOfWhatIsInSightIsWritten) {
     file.write(HistoryWindowTest::log(0, 1e-6).c_str());
     file.close();
     files.create(log.toStdString(), HistoryWindowTest::log(0, 1e-6));
+    EXPECT_FALSE(find<QToolButton>("prove")->isEnabled()) << "nothing to prove it by";
     show({log.toStdString()});
-    find<QAction>("evidence")->trigger();
+    find<QToolButton>("prove")->click();
     auto* dialog = window->findChild<QDialog*>(QStringLiteral("evidence_dialog"));
     ASSERT_NE(dialog, nullptr);
     dialog->findChild<QDoubleSpinBox*>(QStringLiteral("limit"))->setValue(0.3);

@@ -8,6 +8,7 @@
 #include <QActionGroup>
 #include <QLocale>
 #include <QMenu>
+#include <QTabWidget>
 #include <QToolButton>
 #include <QTreeWidget>
 
@@ -18,7 +19,10 @@ namespace tickervantage {
 void HistoryWindow::offer_ranges() {
     QMenu* menu = m_controls.when->menu();
     if (const auto known = m_data->extent())
-        fill_range_menu(menu, *known, [this](const TimeRange& range) { show_period(range); });
+        fill_range_menu(menu, *known, [this](const TimeRange& range) {
+            show_period(range);
+            m_controls.details->setCurrentWidget(m_controls.events_page); // who asks for a night asks what happened
+        });
     menu->addSeparator();
     menu->addAction(m_controls.from_to);
 }

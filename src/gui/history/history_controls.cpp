@@ -5,7 +5,6 @@
 #include "gui/history/history_plot.h"
 #include "gui/history/history_words.h"
 #include "qt/named_widget.h"
-#include "qt/text_scale.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -80,8 +79,9 @@ void build_choices(QWidget* parent, HistoryControls& controls) {
     //: history window: name of the menu, its tooltip, and its entries
     controls.sources_form = choice(parent, "sources_form", Texts::tr("Sources as"), Texts::tr("How sources are shown"),
                                    {Texts::tr("Source states"), Texts::tr("Source offsets")});
+    // On a narrow screen they give way, the longest words first.
     for (QComboBox* box : {controls.range, controls.scale, controls.sources_form})
-        fit_entries(box);
+        box->setMinimumWidth(9 * box->fontMetrics().averageCharWidth());
 }
 
 QAction* add_action(QMenu* menu, const char* name, const QString& text) {
@@ -213,6 +213,15 @@ void build_tables(QWidget* parent, HistoryControls& controls) {
     //: history window: in place of a source's explanation
     controls.source->setPlaceholderText(Texts::tr("A click on a source's lane tells how it stood at that time."));
     controls.events_page = build_events(controls.details, controls);
+    auto* prove =
+        tool(controls.details, "prove",
+             //: history window: button beside the tabs, and its tooltip
+             Texts::tr("&Evidence…"), Texts::tr("A document about how long the clock was right in what is in sight"));
+    prove->setAutoRaise(true);
+    QObject::connect(prove, &QToolButton::clicked, controls.evidence, &QAction::trigger);
+    QObject::connect(controls.evidence, &QAction::changed, prove,
+                     [prove, action = controls.evidence] { prove->setEnabled(action->isEnabled()); });
+    controls.details->setCornerWidget(prove);
     //: history window: tabs
     controls.details->addTab(controls.statistics, Texts::tr("Statistics"));
     //: history window: a tab

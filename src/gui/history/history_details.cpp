@@ -181,8 +181,14 @@ void HistoryWindow::show_cursors() {
 }
 
 void HistoryWindow::fill_events() {
-    m_controls.events->clear();
     const auto marks = m_controls.plot->view().marks_in_sight();
+    std::vector<std::pair<double, MarkKind>> listed;
+    for (const HistoryMark& mark : marks)
+        listed.emplace_back(mark.time, mark.kind);
+    if (std::exchange(m_listed, listed) == listed && !listed.empty())
+        return; // who reads them keeps the place
+    const QSignalBlocker quiet(m_controls.events);
+    m_controls.events->clear();
     QList<QTreeWidgetItem*> rows;
     for (const HistoryMark& mark : marks) {
         if (rows.size() == most_events)
@@ -198,6 +204,12 @@ void HistoryWindow::fill_events() {
     //: history window: a tab with the number of events in sight
     m_controls.details->setTabText(tab,
                                    tr("Events (%1)").arg(QLocale().toString(static_cast<qlonglong>(marks.size()))));
+}
+
+// Where it stands, and the moment about which before and after are compared.
+void HistoryWindow::mark_event(const QTreeWidgetItem* item) {
+    if (item != nullptr)
+        m_controls.plot->set_cursor_at(false, item->data(0, time_role).toDouble());
 }
 
 // An hour about it, or what is in sight where that is less.
@@ -343,6 +355,8 @@ void HistoryWindow::show_origins() {
     QString words = origin_words(*m_data, m_loaded);
     if (m_share)
         words.prepend(share_words(*m_share, m_controls.plot->view().options.limit.value_or(0)) + QLatin1Char(' '));
+    if (!m_compared.isEmpty())
+        words += QLatin1Char(' ') + compared_words(m_compared);
     m_controls.origins->setText(words);
     m_controls.origins->setVisible(!m_controls.origins->text().isEmpty());
 }

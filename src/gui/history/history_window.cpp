@@ -55,6 +55,7 @@ HistoryWindow::HistoryWindow(HistoryWindowParts parts)
     m_controls.plot->change([](HistoryView& view) { view.words = panel_words(); });
     m_exports = std::make_unique<PlotExport>(this, m_controls.plot, *this, m_parts.exports);
     m_exports->set_enabled(false);
+    m_controls.evidence->setEnabled(false);
     m_controls.files->menu()->addActions(m_controls.plot->actions());
     m_controls.turn_on->setVisible(m_parts.can_turn_on_logs);
     connect(m_exports.get(), &PlotExport::said, this, &HistoryWindow::say);
@@ -118,6 +119,7 @@ void HistoryWindow::connect_tables() {
     connect(m_controls.legend, &QTreeWidget::itemActivated, this, &HistoryWindow::isolate);
     connect(m_controls.legend, &QTreeWidget::currentItemChanged, this, &HistoryWindow::show_histogram);
     connect(m_controls.events, &QTreeWidget::itemActivated, this, &HistoryWindow::show_event);
+    connect(m_controls.events, &QTreeWidget::currentItemChanged, this, &HistoryWindow::mark_event);
     connect(plot, &HistoryPlot::pointers_changed, this, [this] {
         show_values();
         show_cursors();
@@ -363,6 +365,7 @@ void HistoryWindow::compare_with(const QString& path) {
                 view.options.hidden.insert("other bound");          // two bands over each other hide the lines
             });
             m_controls.end_comparison->setEnabled(true);
+            m_compared = path;
             data_changed();
         });
 }
@@ -370,6 +373,7 @@ void HistoryWindow::compare_with(const QString& path) {
 void HistoryWindow::end_comparison() {
     m_controls.plot->change([](HistoryView& view) { view.set_other(nullptr); });
     m_controls.end_comparison->setEnabled(false);
+    m_compared.clear();
     data_changed();
 }
 
@@ -378,7 +382,10 @@ void HistoryWindow::draw_plot(Canvas& canvas, Rect bounds) const {
 }
 
 PlotCaption HistoryWindow::plot_caption() const {
-    return caption_of(m_controls.plot->view(), windowTitle());
+    PlotCaption caption = caption_of(m_controls.plot->view(), windowTitle());
+    if (!m_compared.isEmpty())
+        caption.lines.push_back(compared_words(m_compared).toStdString());
+    return caption;
 }
 
 std::shared_ptr<PlotTable> HistoryWindow::plot_table() {

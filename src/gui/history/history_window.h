@@ -102,6 +102,7 @@ private:
     void isolate(QTreeWidgetItem* item);
     void fill_events();
     void show_event(QTreeWidgetItem* item);
+    void mark_event(const QTreeWidgetItem* item);
     void show_values();
     void show_cursors();
     struct Gathered {
@@ -132,16 +133,18 @@ private:
     HistoryWindowParts m_parts;
     HistoryControls m_controls;
     HistoryPlaces m_places;
+    QString m_compared;                          // a path; empty: nothing is
     std::shared_ptr<HistoryFollower> m_follower; // on the queue
     LoadedHistory m_loaded;                      // without its data, which are below
     std::shared_ptr<HistoryData> m_data = std::make_shared<HistoryData>();
+    std::vector<std::pair<double, MarkKind>> m_listed; // the table of events
     std::vector<CurveNumbers> m_numbers;
     InSight m_gathered;                   // of the curves that are not left
     std::vector<std::string> m_to_gather; // keys of curves
     std::optional<LimitShare> m_share;    // of what is in sight, within the limit
     std::unique_ptr<PlotExport> m_exports;
     std::unique_ptr<Repeater> m_reader;
-    QTimer m_statistics_timer;     // waits until a movement has ended
+    QTimer m_statistics_timer; // waits until a movement has ended
     QTimer m_gather_timer;
     std::optional<double> m_split; // cursor A, as the statistics have it
     bool m_is_reading = false;

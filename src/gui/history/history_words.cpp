@@ -201,6 +201,11 @@ CauseWords cause_words(const Cause& cause) {
     return {QStringLiteral("–"), Texts::tr("What was kept does not tell.")};
 }
 
+QString compared_words(const QString& path) {
+    //: history window: what is laid over; %1 is a file or a folder
+    return Texts::tr("Compared with it: %1.").arg(path);
+}
+
 QString share_words(const LimitShare& share, double limit) {
     const double known = share.within + share.outside;
     const QString bound = value_words(limit, AxisUnit::seconds);

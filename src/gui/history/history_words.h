@@ -33,6 +33,9 @@ struct CauseWords {
 };
 [[nodiscard]] CauseWords cause_words(const Cause& cause);
 
+// Whose curves are laid over.
+[[nodiscard]] QString compared_words(const QString& path);
+
 // How long the error was certainly within the limit.
 [[nodiscard]] QString share_words(const LimitShare& share, double limit);
 

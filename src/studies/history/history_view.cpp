@@ -193,7 +193,7 @@ HistoryView::PanelShares HistoryView::shares(Rect area) const {
     for (const HistoryCurve& curve : curves())
         found.weights[static_cast<std::size_t>(curve.panel)] = curve.panel == HistoryPanel::error ? 3 : 2;
     if (options.lanes && options.panels[static_cast<std::size_t>(HistoryPanel::sources)])
-        found.lanes = std::min(lane_room * static_cast<double>(m_data->lanes().size()), area.height * 0.4);
+        found.lanes = std::min(lane_room * static_cast<double>(m_data->lanes().size()), area.height * 0.3);
     const auto measure = [&] {
         const auto count = std::ranges::count_if(found.weights, [](double weight) { return weight > 0; });
         const double titles = (title_height + panel_gap) * static_cast<double>(count + (found.lanes > 0 ? 1 : 0));
@@ -361,6 +361,7 @@ void HistoryView::draw_curve(Canvas& canvas, const Frame& frame, const ValueAxis
 // The limit to both sides of zero, and a bar at the panel's upper edge where the error may have been larger.
 void HistoryView::draw_limit(Canvas& canvas, const PanelPlace& place, const ValueAxis& axis) const {
     constexpr double bar = 4;
+    constexpr double least_width = 3; // so that a short time is seen
     Path lines;
     for (const double value : {-*options.limit, *options.limit})
         lines.add_line({place.area.x, axis.place_of(value)}, {right_edge(place.area), axis.place_of(value)});
@@ -376,7 +377,8 @@ void HistoryView::draw_limit(Canvas& canvas, const PanelPlace& place, const Valu
         const double left = grid.left_of(goes_on ? *before + 1 : at);
         before = at;
         if (columns[at].high > *options.limit)
-            bars.push_back({left, upper_edge(place.area) - bar, grid.left_of(at + 1) - left, bar});
+            bars.push_back(
+                {left, upper_edge(place.area) - bar, std::max(grid.left_of(at + 1) - left, least_width), bar});
     }
     canvas.fill_rects(bars, ColorRole::red);
 }
