@@ -259,6 +259,18 @@ TEST(LookForMending, SeesTheDaemonThatRunsAndTheOneThatIsNamed) {
         machine.files["/proc/17/status"] = std::string("Name:\tchronyd\nNSpid:\t") + numbers + "\nNSpgid:\t17\t1\n";
         EXPECT_EQ(look_for_mending(paths, false, machine).is_running, is_ours) << numbers;
     }
+    EXPECT_EQ(look_for_mending(paths, false, machine).other_program, "");
+    for (const char* const numbers : {"17", "17\t1"})
+        for (const auto& [line, other] :
+             {std::pair<const char*, std::string>("/lib/systemd/systemd-timesyncd", "systemd-timesyncd"),
+              {"/usr/sbin/ntpd", "ntpd"},
+              {"/usr/bin/ntpdate", ""}}) {
+            machine.files["/proc/17/cmdline"] = line;
+            machine.files["/proc/17/status"] = std::string("Name:\tany\nNSpid:\t") + numbers + "\n";
+            facts = look_for_mending(paths, false, machine);
+            EXPECT_EQ(facts.other_program, std::string_view(numbers) == "17" ? other : "") << line << ' ' << numbers;
+            EXPECT_FALSE(facts.is_running) << line;
+        }
     const InstalledPaths theirs{"/etc/chrony/chrony.conf", "/usr/bin/chronyc", "/usr/sbin/chronyd"};
     EXPECT_FALSE(look_for_mending(theirs, false, machine).distribution) << "it is the one that is shown";
     EXPECT_TRUE(look_for_mending(theirs, true, machine).distribution) << "a demonstration shows another";

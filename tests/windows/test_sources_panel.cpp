@@ -222,7 +222,12 @@ TEST(VerdictPanel, OffersTheOneThingThatMends) {
                      [&wanted](Mending what) { wanted.push_back(what); });
     panel.show_truth({});
     EXPECT_FALSE(notice->isVisible()) << "the machine was not looked at yet";
+    const auto* words = panel.findChild<QLabel*>(QStringLiteral("verdict_notice_words"));
+    panel.show_mending_facts({.is_known = true, .is_running = false, .other_program = "systemd-timesyncd"});
+    EXPECT_EQ(words->text(), QStringLiteral("chronyd is not running: systemd-timesyncd sets this clock, and nothing "
+                                            "tells how right it is."));
     panel.show_mending_facts({.is_known = true, .is_running = false});
+    EXPECT_EQ(words->text(), QStringLiteral("chronyd is not running: nothing keeps this clock right."));
     ASSERT_TRUE(mend->isVisible());
     EXPECT_EQ(mend->text(), QStringLiteral("St&art chronyd"));
     mend->click();

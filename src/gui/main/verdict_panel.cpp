@@ -46,15 +46,21 @@ struct Offer {
     NoticeTone tone = NoticeTone::hint;
 };
 
-Offer offer_of(Mending mending, Verdict verdict) {
+// Where another program sets the clock there is no haste; but nobody knows how right it is.
+Offer offer_of(Mending mending, Verdict verdict, const QString& other_program) {
+    const NoticeTone urgency = other_program.isEmpty() ? NoticeTone::harm : NoticeTone::doubt;
     switch (mending) {
     case Mending::none:
         break;
     case Mending::install:
-        //: main window: notice
-        return {Texts::tr("chrony is not installed: nothing keeps this clock right."),
+        return {other_program.isEmpty()
+                    //: main window: notice
+                    ? Texts::tr("chrony is not installed: nothing keeps this clock right.")
+                    //: main window: notice; %1 is a program such as systemd-timesyncd
+                    : Texts::tr("chrony is not installed: %1 sets this clock, and nothing tells how right it is.")
+                          .arg(other_program),
                 //: main window: button that mends what the notice beside it tells of
-                Texts::tr("I&nstall chrony…"), NoticeTone::harm};
+                Texts::tr("I&nstall chrony…"), urgency};
     case Mending::use_distribution:
         //: main window: notice
         return {Texts::tr("This system has a chrony of its own, but the preferences name another one."),
@@ -62,10 +68,14 @@ Offer offer_of(Mending mending, Verdict verdict) {
                 Texts::tr("&Use This System's chrony…"),
                 verdict == Verdict::unavailable ? NoticeTone::harm : NoticeTone::doubt};
     case Mending::start:
-        //: main window: notice
-        return {Texts::tr("chronyd is not running: nothing keeps this clock right."),
+        return {other_program.isEmpty()
+                    //: main window: notice
+                    ? Texts::tr("chronyd is not running: nothing keeps this clock right.")
+                    //: main window: notice; %1 is a program such as systemd-timesyncd
+                    : Texts::tr("chronyd is not running: %1 sets this clock, and nothing tells how right it is.")
+                          .arg(other_program),
                 //: main window: button that mends what the notice beside it tells of
-                Texts::tr("St&art chronyd"), NoticeTone::harm};
+                Texts::tr("St&art chronyd"), urgency};
     case Mending::explain:
         return {.words = explain_words(verdict), .tone = NoticeTone::doubt};
     case Mending::turn_on_logging:
@@ -219,7 +229,7 @@ void VerdictPanel::show_notice() {
     if (!m_verdict)
         return;
     m_mending = what_mends(*m_verdict, m_facts);
-    const Offer offer = offer_of(m_mending, *m_verdict);
+    const Offer offer = offer_of(m_mending, *m_verdict, QString::fromStdString(m_facts.other_program));
     const bool is_alarm = !m_alarm.isEmpty() && offer.button.isEmpty();
     m_notice_words->setText(is_alarm ? m_alarm : offer.words);
     m_notice->set_tone(is_alarm ? NoticeTone::doubt : offer.tone);

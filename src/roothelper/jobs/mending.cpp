@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <iterator>
 #include <sstream>
@@ -42,19 +43,34 @@ bool is_in_container(const JobMachine& machine, const std::string& process) {
     return std::distance(std::istream_iterator<std::string>(numbers), {}) > 1;
 }
 
-// The programs that run as chronyd, as their command lines name them.
-std::vector<std::string> running_daemons(const JobMachine& machine) {
-    std::vector<std::string> programs;
+struct ClockKeepers {
+    std::vector<std::string> daemons; // those that run as chronyd, as their command lines name them
+    std::string other = {};           // the name of one that is no chronyd
+};
+
+std::string_view name_of(std::string_view program) {
+    return program.substr(program.rfind('/') + 1);
+}
+
+ClockKeepers running_keepers(const JobMachine& machine) {
+    static constexpr std::array<std::string_view, 5> others{"systemd-timesyncd", "ntpd", "ntp-daemon", "htpdate",
+                                                            "phc2sys"};
+    ClockKeepers keepers;
     for (const std::string& process : machine.file_names("/proc")) {
         if (!is_number(process))
             continue;
         const std::string line = machine.read_file("/proc/" + process + "/cmdline").value_or("");
         std::string program = line.substr(0, line.find('\0'));
-        const bool is_chronyd = program == "chronyd" || program.ends_with("/chronyd");
-        if (is_chronyd && !is_in_container(machine, process))
-            programs.push_back(std::move(program));
+        const std::string_view name = name_of(program);
+        const auto* const other = std::ranges::find(others, name);
+        if ((name != "chronyd" && other == others.end()) || is_in_container(machine, process))
+            continue;
+        if (other == others.end())
+            keepers.daemons.push_back(std::move(program));
+        else
+            keepers.other = *other;
     }
-    return programs;
+    return keepers;
 }
 
 // A daemon that was started by its bare name may be any.
@@ -91,7 +107,7 @@ Mending what_mends(Verdict verdict, const MendingFacts& facts) {
 MendingFacts look_for_mending(const InstalledPaths& paths, bool is_demonstration, const JobMachine& machine,
                               ServiceForm form) {
     const FileExists file_exists = machine.looks_for_files();
-    const std::vector<std::string> daemons = running_daemons(machine);
+    const auto [daemons, other] = running_keepers(machine);
     MendingFacts facts{.is_known = true, .is_demonstration = is_demonstration};
     facts.is_installed = file_exists(paths.chronyd) && file_exists(paths.chronyc);
     facts.has_service =
@@ -101,6 +117,7 @@ MendingFacts look_for_mending(const InstalledPaths& paths, bool is_demonstration
     if (facts.distribution && !is_demonstration && facts.distribution->chronyd == paths.chronyd &&
         facts.distribution->chronyc == paths.chronyc && facts.distribution->config == paths.config)
         facts.distribution.reset();
+    facts.other_program = other;
     facts.distribution_runs = facts.distribution && runs(facts.distribution->chronyd, daemons);
     facts.log = tracking_log_setting(paths.config);
     facts.log_is_closed = is_log_closed(machine.read_file(paths.config).value_or(""));

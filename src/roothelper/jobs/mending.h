@@ -7,6 +7,7 @@
 #include "roothelper/jobs/job_machine.h"
 
 #include <optional>
+#include <string>
 
 namespace tickervantage {
 
@@ -29,6 +30,7 @@ struct MendingFacts {
     bool is_running = true;        // this chronyd
     std::optional<DistributionChrony> distribution = {}; // another one than that which is shown
     bool distribution_runs = false;
+    std::string other_program = {}; // that sets the clock in place of a chronyd: "systemd-timesyncd"; empty: none known
     TrackingLogSetting log = TrackingLogSetting::unknown;
     bool log_is_closed = false; // its folder or the log itself cannot be read by this user
 };
