@@ -153,6 +153,18 @@ QTreeWidget* table(QWidget* parent, const char* name, const QString& spoken, con
     return tree;
 }
 
+// The document of evidence, where one reads what happened.
+QToolButton* build_prove(QWidget* page, const HistoryControls& controls) {
+    auto* prove =
+        tool(page, "prove",
+             //: history window: button beside the list of events, and its tooltip
+             Texts::tr("&Evidence…"), Texts::tr("A document about how long the clock was right in what is in sight"));
+    QObject::connect(prove, &QToolButton::clicked, controls.evidence, &QAction::trigger);
+    QObject::connect(controls.evidence, &QAction::changed, prove,
+                     [prove, action = controls.evidence] { prove->setEnabled(action->isEnabled()); });
+    return prove;
+}
+
 QWidget* build_events(QWidget* parent, HistoryControls& controls) {
     auto* page = new QWidget(parent);
     controls.events =
@@ -172,7 +184,11 @@ QWidget* build_events(QWidget* parent, HistoryControls& controls) {
     auto* row = new QHBoxLayout(page);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(controls.events, 1);
-    row->addWidget(controls.event_kinds, 0, Qt::AlignTop);
+    auto* column = new QVBoxLayout;
+    column->addWidget(controls.event_kinds);
+    column->addWidget(build_prove(page, controls));
+    column->addStretch(1);
+    row->addLayout(column);
     return page;
 }
 
@@ -213,15 +229,6 @@ void build_tables(QWidget* parent, HistoryControls& controls) {
     //: history window: in place of a source's explanation
     controls.source->setPlaceholderText(Texts::tr("A click on a source's lane tells how it stood at that time."));
     controls.events_page = build_events(controls.details, controls);
-    auto* prove =
-        tool(controls.details, "prove",
-             //: history window: button beside the tabs, and its tooltip
-             Texts::tr("&Evidence…"), Texts::tr("A document about how long the clock was right in what is in sight"));
-    prove->setAutoRaise(true);
-    QObject::connect(prove, &QToolButton::clicked, controls.evidence, &QAction::trigger);
-    QObject::connect(controls.evidence, &QAction::changed, prove,
-                     [prove, action = controls.evidence] { prove->setEnabled(action->isEnabled()); });
-    controls.details->setCornerWidget(prove);
     //: history window: tabs
     controls.details->addTab(controls.statistics, Texts::tr("Statistics"));
     //: history window: a tab
