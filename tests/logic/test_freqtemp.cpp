@@ -367,6 +367,11 @@ TEST(FreqTempView, StaysFiniteAtOneTemperatureAndWithoutPoints) {
         EXPECT_TRUE(canvas.polylines.empty());
         EXPECT_EQ(canvas.boxes.size(), is_empty ? 0U : 1U);
         EXPECT_EQ(view.is_empty(), is_empty);
+        for (const auto& one : canvas.texts)
+            EXPECT_TRUE(one.text != "45.0" || std::abs(one.box.center().x - (54 + 196)) < 2.5);
+        EXPECT_EQ(std::ranges::count(canvas.texts, is_empty ? "0.0" : "45.0", &RecordingCanvas::Text::text),
+                  is_empty ? 2 : 1)
+            << "not at every mark";
         for (const auto& boxes : canvas.boxes)
             EXPECT_NEAR(boxes.boxes[0].center().x, 54 + 196, 2.5);
         view.draw(canvas, {0, 0, 3, 3}); // no room at all

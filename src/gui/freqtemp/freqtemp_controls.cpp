@@ -172,11 +172,19 @@ QLayout* rows_above(QWidget* parent, const FreqTempControls& controls) {
                       controls.m_show_last_record})
         shown->addWidget(box);
     shown->addStretch(1);
-    shown->addWidget(controls.compensate);
     auto* rows = new QVBoxLayout;
     rows->addLayout(what);
     rows->addLayout(shown);
     return rows;
+}
+
+// Which sensors are shown, and what can be done with them.
+QLayout* legend_row(const FreqTempControls& controls) {
+    auto* row = new QHBoxLayout;
+    row->addWidget(controls.legend, 1);
+    row->addStretch();
+    row->addWidget(controls.compensate, 0, Qt::AlignTop);
+    return row;
 }
 
 QLayout* bottom_row(QWidget* parent, const FreqTempControls& controls) {
@@ -206,21 +214,22 @@ FreqTempControls build_freqtemp_controls(QWidget* parent) {
         named(new FreqTempPlot(parent), "m_scatterplot", Texts::tr("Frequency against temperature"), QString());
     build_texts(parent, controls);
     build_max_samples(parent, controls);
-    const std::array<QWidget*, 9> as_seen{controls.m_select_sensor,
-                                          controls.m_order,
-                                          controls.clear,
-                                          controls.export_button,
-                                          controls.m_show_scatter_points,
-                                          controls.m_show_mean_frequency,
-                                          controls.m_show_freq_bounds,
-                                          controls.m_show_last_record,
-                                          controls.compensate};
+    const std::array<QWidget*, 10> as_seen{controls.m_select_sensor,
+                                           controls.m_order,
+                                           controls.clear,
+                                           controls.export_button,
+                                           controls.m_show_scatter_points,
+                                           controls.m_show_mean_frequency,
+                                           controls.m_show_freq_bounds,
+                                           controls.m_show_last_record,
+                                           controls.m_scatterplot,
+                                           controls.compensate};
     for (std::size_t i = 1; i < as_seen.size(); ++i)
         QWidget::setTabOrder(as_seen[i - 1], as_seen[i]);
     auto* column = new QVBoxLayout(parent);
     column->addLayout(rows_above(parent, controls));
     column->addWidget(controls.m_scatterplot, 1);
-    column->addWidget(controls.legend);
+    column->addLayout(legend_row(controls));
     column->addLayout(bottom_row(parent, controls));
     return controls;
 }

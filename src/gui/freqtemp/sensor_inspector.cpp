@@ -13,9 +13,11 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
+#include <QScreen>
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <iostream>
 #include <utility>
 
@@ -42,7 +44,10 @@ SensorInspector::SensorInspector(SensorInspectorParts parts)
     //: sensor inspector: title
     setWindowTitle(tr("Sensor Inspector"));
     build();
-    resize(scaled(QSize(720, 280), *this));
+    constexpr int beside = 48; // the margins, and a bar to scroll with
+    const int width =
+        std::min(m_sensors_table->horizontalHeader()->length() + beside, screen()->availableSize().width());
+    resize(std::max(width, minimumSizeHint().width()), scaled(QSize(720, 280), *this).height());
 }
 
 SensorInspector::~SensorInspector() {

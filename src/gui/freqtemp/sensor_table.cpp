@@ -1,7 +1,9 @@
 #include "gui/freqtemp/sensor_table.h"
 
+#include "qt/canvas_colors.h"
+
 #include <QColor>
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLocale>
 
 #include <array>
@@ -94,7 +96,9 @@ const std::array<Column, 8> COLUMNS{
           return short_number(sensor.regression->y_stddev);
       }}}};
 
-QColor color_of(const Color& color) {
+// As the plot shows it.
+QColor color_of(const Color& sensor) {
+    const Color color = CanvasColors::from_palette(QGuiApplication::palette()).readable(sensor);
     return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
                             static_cast<float>(color.blue));
 }

@@ -114,7 +114,9 @@ void SpectrumWindow::set_records(const TrackingRecords* records) {
 void SpectrumWindow::update_empty_text() {
     const bool has_log = m_records != nullptr;
     //: spectrum window: shown in place of the chart while no tracking window is open
-    const QString open_one = tr("Open a tracking log to see its spectrum");
+    const QString open_one =
+        tr("A spectrum shows what repeats in a tracking log. Open one with “Open Tracking Log…” or “Live Tracking "
+           "Graph” in the menu File of the main window, then choose Compute here.");
     //: spectrum window: shown in place of the chart while a tracking window is open, before the first computation
     const QString compute = tr("Choose Compute to see the spectrum");
     m_controls.m_spectrum->set_empty_text(has_log ? compute : open_one);

@@ -38,6 +38,11 @@ double value_at(double low, double high, int mark) {
     return low + (high - low) * mark / MARKS;
 }
 
+// Where all values are one, it lies in the axis's middle, and so does the only label.
+bool has_label(double low, double high, int mark, int step) {
+    return high > low ? mark % step == 0 : mark == MARKS / 2;
+}
+
 void draw_temperatures(Canvas& canvas, Rect plot, const FreqTempScale& scale, Path& marks) {
     const double division = scale.area.width / MARKS;
     const double middle = plot.y - MARK - FreqTempView::TEXT_OFFSET;
@@ -45,7 +50,7 @@ void draw_temperatures(Canvas& canvas, Rect plot, const FreqTempScale& scale, Pa
     for (int mark = 0; mark <= MARKS; ++mark) {
         const double x = scale.area.x + mark * division;
         marks.add_line({x, plot.y}, {x, plot.y - MARK});
-        if (mark % step == 0)
+        if (has_label(scale.ranges.min_temp, scale.ranges.max_temp, mark, step))
             label(canvas, fmt::format("{:.1f}", value_at(scale.ranges.min_temp, scale.ranges.max_temp, mark)),
                   label_box(x - LABEL_WIDTH / 2, middle, LABEL_WIDTH), TextAlign::center);
     }
@@ -58,7 +63,7 @@ void draw_frequencies(Canvas& canvas, Rect plot, const FreqTempScale& scale, Pat
     for (int mark = 0; mark <= MARKS; ++mark) {
         const double y = scale.area.y + mark * division;
         marks.add_line({plot.x, y}, {plot.x - MARK, y});
-        if (mark % step == 0)
+        if (has_label(scale.ranges.min_freq, scale.ranges.max_freq, mark, step))
             label(canvas, fmt::format("{:.1f}", value_at(scale.ranges.min_freq, scale.ranges.max_freq, mark)),
                   label_box(right - LABEL_WIDTH, y, LABEL_WIDTH), TextAlign::right);
     }

@@ -35,7 +35,7 @@ private:
 };
 
 // Marks and labels of both axes, in the margins outside `plot`. Labels that have no room beside their neighbours are
-// left out.
+// left out; a range of no length has one, in the middle.
 void draw_freqtemp_axes(Canvas& canvas, Rect plot, const FreqTempScale& scale);
 
 } // namespace tickervantage
