@@ -1,46 +1,21 @@
-#include "app/administration.h"
-#include "gui/main/tickervantage_window.h"
-#include "settings/warning_register.h"
-#include "support/fake_job_machine.h"
-#include "support/fake_main_window_parts.h"
+#include "support/fake_administration.h"
 #include "support/test.h"
 #include "support/window_test.h"
 
 namespace tickervantage {
 namespace {
 
-struct AdministrationTest : ::testing::Test {
-    testing::FakeMainWindowParts fakes;
-    testing::ManualQueue jobs;
-    testing::OneJobQueue queues{jobs};
-    testing::FakeJobMachine machine;
-    WarningRegister warnings{fakes.settings};
-    PreferencesGeneral general = PreferencesGeneral::load(fakes.settings);
-    PreferencesAdvanced advanced;
+struct AdministrationTest : ::testing::Test, testing::FakeAdministration {
     std::vector<std::string> said;
-    std::unique_ptr<TickervantageWindow> window;
-    std::unique_ptr<Administration> administration;
     ApplicationMenus menus;
 
+    AdministrationTest()
+        : FakeAdministration({.problem = [this](PrivilegedProblem problem, const Failure& why) {
+              administration->show_problem(problem, why);
+          }}) {}
     void SetUp() override {
-        fakes.actions = std::make_shared<PrivilegedActions>(
-            fakes.channel, PrivilegedReports{.problem = [this](PrivilegedProblem problem, const Failure& why) {
-                administration->show_problem(problem, why);
-            }});
-        window = std::make_unique<TickervantageWindow>(fakes.parts(), fakes.options());
         machine.put({"/usr/local/sbin/chronyd", "/usr/local/bin/chronyc", "/etc/chrony.d/chrony.conf",
                      "/etc/systemd/system/org.chrony-project.chronyd.service"});
-        administration = std::make_unique<Administration>(AdministrationParts{.queues = queues,
-                                                                              .machine = machine,
-                                                                              .actions = fakes.actions,
-                                                                              .main_thread = fakes.main_thread,
-                                                                              .execute = fakes.execute,
-                                                                              .settings = fakes.settings,
-                                                                              .warnings = warnings,
-                                                                              .general = general,
-                                                                              .advanced = advanced,
-                                                                              .paths = {},
-                                                                              .window = *window});
         QObject::connect(administration.get(), &Administration::complained,
                          [this](const QString& sentence) { said.push_back(sentence.toStdString()); });
         menus = build_application_menus(window.get());
@@ -48,10 +23,6 @@ struct AdministrationTest : ::testing::Test {
         window->windowDidLoad();
         window->show();
         settle();
-    }
-    void settle() {
-        while (jobs.turn() || fakes.queue.turn() || fakes.reports.turn() || fakes.main_thread.turn()) {
-        }
     }
     QMessageBox* sheet(const char* name) { return window->findChild<QMessageBox*>(QLatin1String(name)); }
     static void press(QMessageBox* box, int button, bool suppress = false) {

@@ -1,9 +1,6 @@
-#include "app/administration.h"
 #include "app/compensation_offers.h"
-#include "gui/main/tickervantage_window.h"
 #include "support/child_program.h"
-#include "support/fake_job_machine.h"
-#include "support/fake_main_window_parts.h"
+#include "support/fake_administration.h"
 #include "support/test.h"
 #include "support/window_test.h"
 
@@ -16,39 +13,17 @@ struct OneSensor : TemperatureSensors {
     void close() override {}
 };
 
-struct CompensationOffersTest : ::testing::Test {
-    testing::FakeMainWindowParts fakes;
-    testing::ManualQueue jobs;
-    testing::OneJobQueue queues{jobs};
-    testing::FakeJobMachine machine;
-    WarningRegister warnings{fakes.settings};
-    PreferencesGeneral general = PreferencesGeneral::load(fakes.settings);
-    PreferencesAdvanced advanced;
+struct CompensationOffersTest : ::testing::Test, testing::FakeAdministration {
     OneSensor sensors;
     testing::PrivateHome home;
-    std::unique_ptr<TickervantageWindow> window;
-    std::unique_ptr<Administration> administration;
     std::unique_ptr<CompensationOffers> offers;
     QWidget shown;
 
     void SetUp() override {
-        fakes.actions = std::make_shared<PrivilegedActions>(fakes.channel, PrivilegedReports{});
-        window = std::make_unique<TickervantageWindow>(fakes.parts(), fakes.options());
         general.config = home.path("config/chrony.conf");
         general.chronyd = "/usr/sbin/chronyd";
         machine.put({"/usr/sbin/chronyd", "/lib/systemd/system/chrony.service"});
         install_configuration("pool a\nlogdir /l\n");
-        administration = std::make_unique<Administration>(AdministrationParts{.queues = queues,
-                                                                              .machine = machine,
-                                                                              .actions = fakes.actions,
-                                                                              .main_thread = fakes.main_thread,
-                                                                              .execute = fakes.execute,
-                                                                              .settings = fakes.settings,
-                                                                              .warnings = warnings,
-                                                                              .general = general,
-                                                                              .advanced = advanced,
-                                                                              .paths = {},
-                                                                              .window = *window});
         make_offers(administration.get());
         window->windowDidLoad();
         settle();
@@ -64,10 +39,6 @@ struct CompensationOffersTest : ::testing::Test {
     void install_configuration(const std::string& text) {
         testing::write_file(general.config, text);
         machine.files[general.config] = text;
-    }
-    void settle() {
-        while (jobs.turn() || fakes.queue.turn() || fakes.reports.turn() || fakes.main_thread.turn()) {
-        }
     }
     QMessageBox* box(const char* name) { return shown.findChild<QMessageBox*>(QLatin1String(name)); }
     QStringList buttons(const char* name) {

@@ -74,7 +74,7 @@ StepTime::StepTime(QWidget* parent) : QDialog(parent) {
     auto* form = new QFormLayout;
     //: step window: label
     form->addRow(tr("&Move the clock by (seconds):"), m_offset);
-    form->addRow(QString(), m_words);
+    form->addRow(m_words); // in all of the width: a number stays with its unit
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(close_button);

@@ -1,12 +1,11 @@
 #include "gui/laboratory/laboratory_page.h"
 
+#include "gui/common/copied_table.h"
 #include "gui/laboratory/chart_view.h"
 #include "qt/named_widget.h"
 
 #include <QAction>
-#include <QClipboard>
 #include <QCoreApplication>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -112,24 +111,10 @@ void LaboratoryPage::add_copying() {
     copy->setObjectName(QStringLiteral("copy_values"));
     copy->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
     copy->setShortcutVisibleInContextMenu(true);
-    connect(copy, &QAction::triggered, this, [this] { copy_values(); });
+    connect(copy, &QAction::triggered, this, [this] { copy_table(*m_table); });
     addAction(copy);
     m_table->addAction(copy);
     m_chart->addAction(copy);
-}
-
-void LaboratoryPage::copy_values() const {
-    QStringList lines;
-    const auto line_of = [this](const QTreeWidgetItem* item) {
-        QStringList cells;
-        for (int column = 0; column < m_table->columnCount(); ++column)
-            cells << item->text(column);
-        return cells.join(QLatin1Char('\t'));
-    };
-    lines << line_of(m_table->headerItem());
-    for (int row = 0; row < m_table->topLevelItemCount(); ++row)
-        lines << line_of(m_table->topLevelItem(row));
-    QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 
 void LaboratoryPage::set_data(std::shared_ptr<const LaboratoryData> data, const QString& reason) {

@@ -86,7 +86,6 @@ private:
 
     void build(const char* name);
     void add_copying();
-    void copy_values() const;
     void show_pointed();
     void compute_if_needed();
 

@@ -13,7 +13,7 @@ import sys
 import pyatspi
 
 from hands import click, click_menu, shown, words_of
-from screen_reader import Missing, application, below, eventually, find, open_by_menu, press, states, window_titled
+from screen_reader import application, below, eventually, find, open_by_menu, press, report, states, window_titled, words_shown
 
 BUTTONS = {"push button", "button"}
 ADDED = "# one line more\n"
@@ -92,16 +92,5 @@ def check(program):
     return faults
 
 
-def main():
-    try:
-        faults = check(sys.argv[1])
-    except Missing as reason:
-        app = application()
-        names = {node.name for node in below(app) if node.getRoleName() in BUTTONS | {"alert", "label"} and node.name}
-        faults = [str(reason), *sorted(names)]
-    print("\n".join(faults))
-    return 1 if faults else 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(report(check, lambda: words_shown(BUTTONS | {"alert", "label"})))

@@ -12,7 +12,7 @@ import sys
 import pyatspi
 
 from hands import mouse
-from screen_reader import Missing, application, eventually, find, open_by_menu, window_titled
+from screen_reader import application, eventually, find, open_by_menu, report, window_titled
 
 LIST = pathlib.Path(os.environ["XDG_DATA_HOME"]) / "Tickervantage/servers.txt"
 ROWS = ["One:one.example:10:6:true", "Two:two.example:8:4:false", "Three:three.example:8:4:false"]
@@ -52,14 +52,5 @@ def check(program):
     return []
 
 
-def main():
-    try:
-        faults = check(sys.argv[1])
-    except Missing as reason:
-        faults = [str(reason), LIST.read_text(encoding="utf-8")]
-    print("\n".join(faults))
-    return 1 if faults else 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(report(check, lambda: [LIST.read_text(encoding="utf-8")]))

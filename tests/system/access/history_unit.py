@@ -14,7 +14,7 @@ import sys
 
 import pyatspi
 
-from screen_reader import Missing, application, eventually, find, open_by_menu, press, states, window_titled
+from screen_reader import application, eventually, find, open_by_menu, press, report, states, window_titled
 
 UNIT = "tickervantage-history.service"
 STORE = pathlib.Path(os.environ["XDG_DATA_HOME"]) / "Tickervantage/history.sqlite"
@@ -80,14 +80,5 @@ def check(program):
     return faults
 
 
-def main():
-    try:
-        faults = check(sys.argv[1])
-    except Missing as reason:
-        faults = [str(reason), f"{systemctl('status')}", f"kept by {keeper()!r}"]
-    print("\n".join(faults))
-    return 1 if faults else 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(report(check, lambda: [f"{systemctl('status')}", f"kept by {keeper()!r}"]))

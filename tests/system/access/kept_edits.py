@@ -12,7 +12,7 @@ import subprocess
 import sys
 
 import screen_reader
-from screen_reader import PATIENCE_SECONDS, Missing, application, eventually, find, open_by_menu, press, window_titled
+from screen_reader import PATIENCE_SECONDS, application, eventually, find, open_by_menu, press, report, window_titled
 
 KEPT = pathlib.Path(os.environ["XDG_STATE_HOME"]) / "Tickervantage/unsaved"
 MESSAGE = "not been saved when the program ended"
@@ -91,14 +91,5 @@ def check(program):
     return faults
 
 
-def main():
-    try:
-        faults = check(sys.argv[1])
-    except Missing as reason:
-        faults = [str(reason)]
-    print("\n".join(faults))
-    return 1 if faults else 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(report(check))

@@ -13,7 +13,7 @@ import sys
 import time
 
 from hands import click, shown, words_of
-from screen_reader import Missing, application, below, eventually, window_titled
+from screen_reader import application, eventually, report, window_titled, words_shown
 
 UNIT = "org.chrony-project.chronyd"
 CONFIGURATION = pathlib.Path("/etc/chrony.d/chrony.conf")
@@ -100,19 +100,5 @@ def check(program):
     return []
 
 
-def main():
-    try:
-        faults = check(sys.argv[1])
-    except Missing as reason:
-        app = application()
-        faults = [str(reason)] + [repr(node.name) for node in _labels(app)]
-    print("\n".join(faults))
-    return 1 if faults else 0
-
-
-def _labels(app):
-    return [node for node in below(app) if node.getRoleName() in BUTTONS | {"label", "alert"} and node.name]
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(report(check, lambda: words_shown(BUTTONS | {"alert", "label"})))

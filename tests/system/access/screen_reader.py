@@ -113,6 +113,21 @@ def open_by_menu(app, item):
     press(entry)
 
 
+def words_shown(roles):
+    """The names of all that has one of the roles: what there was where something else was missing."""
+    return sorted({repr(node.name) for node in below(application()) if node.getRoleName() in roles and node.name})
+
+
+def report(check, state=list):
+    """Prints what the check finds at fault in the program, with the state of things where something is missing."""
+    try:
+        faults = check(sys.argv[1])
+    except Missing as reason:
+        faults = [str(reason), *state()]
+    print("\n".join(faults))
+    return 1 if faults else 0
+
+
 def ask_for_offers(window):
     tab = find(window, {"page tab"}, "Advanced")
     if tab is not None:

@@ -13,7 +13,7 @@ import sys
 import time
 
 from hands import is_shown, shown, words_of
-from screen_reader import Missing, application, eventually, open_by_menu, press, window_titled
+from screen_reader import application, eventually, open_by_menu, press, report, window_titled
 
 SKIPPED = 77
 BUTTONS = {"push button", "button"}
@@ -85,12 +85,7 @@ def main():
     if shutil.which("tint2") is None:
         print("Skipped: a tray needs tint2, which this machine lacks.")
         return SKIPPED
-    try:
-        faults = check(sys.argv[1])
-    except Missing as reason:
-        faults = [str(reason)]
-    print("\n".join(faults))
-    return 1 if faults else 0
+    return report(check)
 
 
 if __name__ == "__main__":
