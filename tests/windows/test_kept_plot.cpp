@@ -140,6 +140,32 @@ TEST(KeptPlot, IsToThePixelWhatIsPaintedFromNothing) {
     }
 }
 
+// As a saved map may hold them.
+TEST(KeptPlot, PointsAtTheEndsOfTheNumbersArePaintedLikeAnyOthers) {
+    for (const double end : {1e15, 1e300, 1.7e308}) {
+        ScatterMap map;
+        auto& entry = map["a"];
+        for (const double at : {-end, 1.0, 2.0, 3.0, end})
+            entry.points.append({at, -at});
+        *entry.quadRegression = {};
+        entry.quadRegression->coefficients = {1, end, -end};
+        entry.quadRegression->x_min = -end;
+        entry.quadRegression->x_max = end;
+        entry.quadRegression->y_stddev = end;
+        entry.quadRegression->valid = true;
+        FreqTempPlot plot;
+        plot.resize(400, 260);
+        plot.change([&map](FreqTempView& view) { view.set_scatter(map); });
+        (void)plot.grab();
+        entry.points.append({2.5, -2.5});
+        plot.change([&map](FreqTempView& view) { view.set_scatter(map); });
+        FreqTempPlot fresh;
+        fresh.resize(plot.size());
+        fresh.change([&map](FreqTempView& view) { view.set_scatter(map); });
+        EXPECT_EQ(different_pixels(plot.grab().toImage(), fresh.grab().toImage()), 0) << end;
+    }
+}
+
 // The same by way of the widget, which also has to notice when its picture is no good any more.
 TEST(KeptPlot, AWidgetThatGoesOnLooksLikeANewOne) {
     ScatterMap map;

@@ -21,7 +21,8 @@ static_assert(1 << SHARE_BITS == static_cast<int>(SHARES));
 // To the nearest; without the library's rounding, which takes longer than all the rest.
 std::int32_t shares(double pixels) {
     constexpr std::int32_t above_zero = 1'000'000'000;
-    return static_cast<std::int32_t>(std::clamp(pixels, -FARTHEST, FARTHEST) * SHARES + 0.5 + above_zero) - above_zero;
+    const double near = std::min(std::max(-FARTHEST, pixels), FARTHEST); // also of what is no number
+    return static_cast<std::int32_t>(near * SHARES + 0.5 + above_zero) - above_zero;
 }
 
 using Spots = std::vector<std::optional<Spot>>; // none: not finite
@@ -128,7 +129,7 @@ FitPlace place_of(const QuadRegression& fit, const PixelScale& scale) {
     const Spot left = scale.spot({fit.x_min, 0});
     const double height = scale.pixel({0, 0}).y - scale.pixel({0, fit.y_stddev}).y;
     FitPlace place{.heights = {},
-                   .band = static_cast<std::int32_t>(std::lround(std::min(std::abs(height), NEAR) * HALVES)),
+                   .band = static_cast<std::int32_t>(std::lround(std::min(NEAR, std::abs(height)) * HALVES)),
                    .left = left.x,
                    .right = scale.spot({fit.x_max, 0}).x};
     const std::size_t count = fit.coefficients.size();
