@@ -162,6 +162,25 @@ TEST_F(Follower, WhatIsNoLongerTheSameLogIsReadAnew) {
     EXPECT_EQ(count(), 2U);
 }
 
+TEST_F(Follower, ALossThatEndsIsToldAnewAndNotTwice) {
+    testing::MadeDay day;
+    day.run_to(testing::MadeDay::at(1));
+    files.create("/logs/tracking.log", day.logs().tracking);
+    load();
+    EXPECT_TRUE(data->marks().empty());
+    day.lose_reference();
+    files.at("/logs/tracking.log").text = day.logs().tracking;
+    EXPECT_FALSE(follow());
+    ASSERT_EQ(data->marks().size(), 1U);
+    const std::string open = english(*data->marks()[0].sentence);
+    day.pass_to(day.now() + 300);
+    day.run_to(testing::MadeDay::at(2));
+    files.at("/logs/tracking.log").text = day.logs().tracking;
+    EXPECT_FALSE(follow());
+    EXPECT_NE(english(*data->marks()[0].sentence), open) << "now it is known how long it was";
+    EXPECT_EQ(told(*data), at_once());
+}
+
 TEST_F(Follower, WhereTheLogArrivesTheStoreGivesWay) {
     const auto at = [](int minute) {
         return 1795255200 + 60 * minute;
