@@ -1,5 +1,6 @@
 #include "gui/freqtemp/freqtemp_plot.h"
 #include "gui/freqtemp/freqtemp_window.h"
+#include "gui/freqtemp/freqtemp_words.h"
 #include "gui/freqtemp/rtf_html.h"
 #include "gui/freqtemp/sensor_inspector.h"
 #include "gui/freqtemp/sensor_table.h"
@@ -171,6 +172,17 @@ TEST_F(FreqTempWindowTest, KeysMoveAReadingOverThePlot) {
     const auto end_text = reading_after(Qt::Key_End);
     EXPECT_TRUE(end_text.startsWith(QStringLiteral("45.0 °C"))) << end_text.toStdString();
     EXPECT_EQ(reading_after(Qt::Key_Escape), QString());
+}
+
+TEST(FreqTempReading, BeginsWithTheCurveOfThePointMeant) {
+    const FreqTempReading reading{.temperature = 40,
+                                  .frequency = -11,
+                                  .near = FreqTempReading::NearPoint{"b", {40, -11}},
+                                  .fits = {{"a", -10, 0.1}, {"b", -11, 0.1}, {"c", -12, 0.1}}};
+    const QString text = words_of(reading, SensorNames({{"a", "first"}, {"b", "second"}, {"c", "third"}}));
+    EXPECT_LT(text.indexOf(QStringLiteral("Fit of second")), text.indexOf(QStringLiteral("Fit of first")))
+        << text.toStdString();
+    EXPECT_LT(text.indexOf(QStringLiteral("Fit of first")), text.indexOf(QStringLiteral("Fit of third")));
 }
 
 TEST_F(FreqTempWindowTest, WorkUnderWayMayOutliveTheWindow) {

@@ -62,7 +62,10 @@ QString words_of(const FreqTempReading& reading, const SensorNames& names) {
         text += QStringLiteral("   ") + Texts::tr("Point of %1: %2 °C, %3 ppm")
                                             .arg(names(reading.near->sensor), degrees(reading.near->point.temperature),
                                                  ppm(reading.near->point.frequency));
-    for (const auto& fit : reading.fits)
+    auto fits = reading.fits; // that of the point's sensor first: of many, the line has no room for all
+    if (reading.near)
+        std::ranges::stable_partition(fits, [&](const auto& fit) { return fit.sensor == reading.near->sensor; });
+    for (const auto& fit : fits)
         //: frequency and temperature window: the curve at that temperature; %1 a sensor, %2 a frequency, %3 its
         //: deviation
         text += QStringLiteral("   ") +
