@@ -21,6 +21,8 @@ std::int64_t seconds_now() {
 TrendFeed::TrendFeed(std::string file, DispatchQueueSerial& queue, MainThread& main_thread, TickervantageWindow& window)
     : m_file(std::move(file)), m_queue(queue), m_window(window), m_background(main_thread) {
     connect(&window, &TickervantageWindow::truth_shown, this, &TrendFeed::take);
+    if (!m_file.empty())
+        window.wait_for_trend(); // not even that there is none is known yet
 }
 
 void TrendFeed::take(const std::shared_ptr<const ClockTruth>& truth) {

@@ -145,6 +145,7 @@ TEST_F(SourcesPanelTest, WhatASourceCallsItselfIsTextAndNoMarkup) {
 
 TEST_F(SourcesPanelTest, AdministratorsReportsAreOfferedUntilTheyAreThere) {
     auto* ask = panel.findChild<QPushButton*>(QStringLiteral("ask_root_reports"));
+    EXPECT_FALSE(ask->isVisible()) << "no report has come";
     int wanted = 0;
     QObject::connect(&panel, &SourcesPanel::root_reports_wanted, &panel, [&wanted] { ++wanted; });
     panel.show_truth(truth_of({{.address = "192.0.2.1"}}));

@@ -39,6 +39,8 @@ struct TrendPanelTest : ::testing::Test {
 };
 
 TEST_F(TrendPanelTest, AnEmptyHistorySaysWhatComesAndADamagedOneWhatIsWrong) {
+    panel.wait_for_trend();
+    EXPECT_EQ(view->words_instead().trimmed(), QString()) << "nothing is known yet";
     for (const Trend& trend : {Trend{}, Trend{0, 3600, {{3600, Verdict::synchronised}}}}) {
         panel.show_trend(trend);
         EXPECT_TRUE(view->words_instead().startsWith(QStringLiteral("No history yet"))) << trend.to;

@@ -87,6 +87,8 @@ void build_status(QWidget* central, MainWindowControls& controls) {
     controls.m_preferences = named(new QPushButton(Texts::tr("&Preferences…"), central), "m_preferences",
                                    //: main window: name of the button that opens the preferences
                                    Texts::tr("Preferences"));
+    controls.adjustingClock->hide(); // until it is known
+    controls.m_preferences->hide();
     //: main window: names of the version texts
     controls.chronycversion = text_label(central, "chronycversion", Texts::tr("Version of chronyc"));
     controls.chronydversion = text_label(central, "chronydversion",

@@ -105,6 +105,8 @@ void paint_sign(QPainter& painter, const DiscSign& sign, double side) {
 }
 
 void SignImage::paintEvent(QPaintEvent*) {
+    if (m_sign.path.isEmpty())
+        return; // nothing is known yet
     QPainter painter(this);
     paint_sign(painter, m_sign, std::min(width(), height()));
 }

@@ -232,6 +232,10 @@ void TickervantageWindow::show_trend(const Result<Trend>& trend) {
     m_controls.trend->show_trend(trend);
 }
 
+void TickervantageWindow::wait_for_trend() {
+    m_controls.trend->wait_for_trend();
+}
+
 void TickervantageWindow::show_alarm(const QString& words) {
     m_controls.verdict->show_alarm(m_shows_own ? words : QString());
 }

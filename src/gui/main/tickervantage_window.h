@@ -44,6 +44,7 @@ public:
 
     // The last hour, as it was read, or why it could not be.
     void show_trend(const Result<Trend>& trend);
+    void wait_for_trend();
 
     // What was seen of the machine: where something is wrong, the button that mends it is offered.
     void show_mending_facts(const MendingFacts& facts);

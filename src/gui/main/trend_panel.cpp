@@ -90,6 +90,11 @@ void TrendPanel::show_trend(const Result<Trend>& trend) {
         m_view->setAccessibleDescription(m_title->text() + QStringLiteral(": ") + words_of(trend->readings.back()));
 }
 
+void TrendPanel::wait_for_trend() {
+    m_view->show_instead(QStringLiteral(" "));
+    show_title();
+}
+
 void TrendPanel::show_title() {
     const bool is_shown = m_view->words_instead().isEmpty();
     const auto minutes = static_cast<int>((m_view->trend().to - m_view->trend().from) / 60);

@@ -22,6 +22,9 @@ public:
     // As it was read from the history, or why it could not be.
     void show_trend(const Result<Trend>& trend);
 
+    // An empty picture until show_trend(), for a history that is being read.
+    void wait_for_trend();
+
 Q_SIGNALS:
     void graph_wanted();
 
