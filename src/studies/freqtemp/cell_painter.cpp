@@ -71,41 +71,45 @@ void CellPainter::fill_between(Segment upper, Segment lower, const CoverageBrush
     }
 }
 
-// `share`: how much of a pixel is covered, by the distance of its middle from the centre, which is from `nearest` to
-// `reach`.
-template <class Share>
-void CellPainter::lay(Spot center, double nearest, double reach, const CoverageBrush& brush, const Share& share) {
-    constexpr double full = 255;
+// Calls use(pixel, how far its middle is from the centre) for those from `nearest` to `reach`.
+template <class Use>
+void CellPainter::for_each_pixel(Spot center, double nearest, double reach, const Use& use) const {
     const Point middle = center.pixels();
-    const auto first = [reach](double at, int from, int end) {
-        return static_cast<int>(std::clamp(at - reach, static_cast<double>(from), static_cast<double>(end)));
+    const auto within = [](double at, int from, int end) {
+        return static_cast<int>(std::clamp(at, static_cast<double>(from), static_cast<double>(end)));
     };
-    const auto last = [reach](double at, int from, int end) {
-        return static_cast<int>(std::clamp(at + reach + 1, static_cast<double>(from), static_cast<double>(end)));
-    };
-    for (int y = first(middle.y, m_cell.top, m_cell.bottom); y < last(middle.y, m_cell.top, m_cell.bottom); ++y)
-        for (int x = first(middle.x, m_cell.left, m_cell.right); x < last(middle.x, m_cell.left, m_cell.right); ++x) {
+    const int left = within(middle.x - reach, m_cell.left, m_cell.right);
+    const int right = within(middle.x + reach + 1, m_cell.left, m_cell.right);
+    const int bottom = within(middle.y + reach + 1, m_cell.top, m_cell.bottom);
+    for (int y = within(middle.y - reach, m_cell.top, m_cell.bottom); y < bottom; ++y)
+        for (int x = left; x < right; ++x) {
             const double across = x + 0.5 - middle.x;
             const double down = y + 0.5 - middle.y;
             const double away = across * across + down * down;
-            if (away < nearest * nearest || away > reach * reach)
-                continue;
-            const double covered = std::clamp(share(std::sqrt(away)), 0.0, 1.0);
-            brush.lay(static_cast<std::uint64_t>(covered * full + 0.5),
-                      m_rows.first + (y - m_cell.top) * m_rows.stride + (x - m_cell.left));
+            if (away >= nearest * nearest && away <= reach * reach)
+                use(m_rows.first + (y - m_cell.top) * m_rows.stride + (x - m_cell.left), std::sqrt(away));
         }
+}
+
+void CellPainter::lay(std::uint32_t* pixel, double covered, const CoverageBrush& brush) {
+    constexpr double full = 255;
+    if (covered > 0)
+        brush.lay(static_cast<std::uint64_t>(std::min(covered, 1.0) * full + 0.5), pixel);
 }
 
 void CellPainter::fill_disc(Spot center, double diameter, const CoverageBrush& brush) {
     const double radius = diameter / 2;
-    lay(center, 0, radius + 1, brush, [radius](double distance) { return radius + 0.5 - distance; });
+    for_each_pixel(center, 0, radius + 0.5,
+                   [&](std::uint32_t* pixel, double distance) { lay(pixel, radius + 0.5 - distance, brush); });
 }
 
-void CellPainter::stroke_circle(Spot center, double diameter, double width, const CoverageBrush& brush) {
+void CellPainter::stroke_circle(Spot center, double diameter, const Strokes& strokes) {
     const double radius = diameter / 2;
-    const double half = width / 2;
-    lay(center, std::max(0.0, radius - half - 1), radius + half + 1, brush,
-        [=](double distance) { return std::min(half + 0.5 - std::abs(distance - radius), width); });
+    const double around = strokes.front().first / 2 + 0.5;
+    for_each_pixel(center, std::max(0.0, radius - around), radius + around, [&](std::uint32_t* pixel, double distance) {
+        for (const auto& [width, brush] : strokes)
+            lay(pixel, std::min(width / 2 + 0.5 - std::abs(distance - radius), width), *brush);
+    });
 }
 
 } // namespace tickervantage

@@ -8,6 +8,10 @@
 #include "draw/graph_geometry.h"
 #include "studies/freqtemp/plot_pieces.h"
 
+#include <array>
+#include <cstdint>
+#include <utility>
+
 namespace tickervantage {
 
 class CellPainter {
@@ -22,13 +26,17 @@ public:
 
     void fill_band(const PlotPiece& band, const CoverageBrush& brush);
     void fill_disc(Spot center, double diameter, const CoverageBrush& brush);
-    void stroke_circle(Spot center, double diameter, double width, const CoverageBrush& brush);
+
+    // With strokes of these widths over each other, the widest first.
+    using Strokes = std::array<std::pair<double, const CoverageBrush*>, 2>;
+    void stroke_circle(Spot center, double diameter, const Strokes& strokes);
 
 private:
     void count_line(const PlotPiece& line, double width);
     void fill_between(Segment upper, Segment lower, const CoverageBrush& brush);
-    template <class Share>
-    void lay(Spot center, double nearest, double reach, const CoverageBrush& brush, const Share& share);
+    template <class Use>
+    void for_each_pixel(Spot center, double nearest, double reach, const Use& use) const;
+    static void lay(std::uint32_t* pixel, double covered, const CoverageBrush& brush);
 
     PixelBox m_cell;
     PixelRows m_rows; // from the cell's first pixel on

@@ -128,17 +128,19 @@ KeptPlot::Sensor KeptPlot::sensor_of(const scatterEntry& entry, const Color& col
         sensor.dots.reserve(entry.points.size());
         for (const auto& part : entry.points.spans())
             for (std::size_t i = 0; i < part.x.size(); ++i)
-                sensor.dots.push_back(dot({part.x[i], part.y[i]}));
+                sensor.dots.push_back(dot({part.x[i], part.y[i]}, sensor.means.size()));
     }
     make_shapes(sensor, entry);
     return sensor;
 }
 
-KeptPlot::Dot KeptPlot::dot(freqPoint point) const {
+KeptPlot::Dot KeptPlot::dot(freqPoint point, std::size_t bins) const {
     const Point at = m_scale.pixel(point);
     const auto corner = m_counts->corner(at.x, at.y);
-    return corner ? Dot{*corner, static_cast<std::uint32_t>(m_cells.place_of(*corner))}
-                  : Dot{{}, static_cast<std::uint32_t>(m_cells.nowhere())};
+    const std::size_t bin = degree_bin(point.temperature, m_setup->ranges.min_temp).value_or(bins);
+    return {.corner = corner.value_or(DotCounts::Corner()),
+            .place = static_cast<std::uint32_t>(corner ? m_cells.place_of(*corner) : m_cells.nowhere()),
+            .bin = static_cast<std::uint32_t>(std::min(bin, bins))};
 }
 
 bool KeptPlot::take_changes(const PlotContent& content) {
@@ -161,23 +163,32 @@ bool KeptPlot::take_changes(Sensor& sensor, const scatterEntry& entry) {
 }
 
 void KeptPlot::take_points(Sensor& sensor, const PointList& points, PointList::Steps steps) {
-    std::vector<char> stale(sensor.means.size());
-    const auto changed = [&](freqPoint point, const Dot& dot) {
+    std::vector<char> stale(sensor.means.size() + 1);
+    const auto changed = [&](const Dot& dot) {
         if (m_setup->options.points && dot.place != m_cells.nowhere())
             m_cells.mark(m_cells.cells_of(m_counts->box(dot.corner)));
-        const auto bin = degree_bin(point.temperature, m_setup->ranges.min_temp);
-        if (bin && *bin < stale.size())
-            stale[*bin] = 1;
+        stale[dot.bin] = 1;
     };
     for (std::size_t i = 0; i < steps.dropped; ++i)
-        changed(sensor.points[i], sensor.dots[sensor.first_dot + i]);
+        changed(sensor.dots[sensor.first_dot + i]);
     drop_dots(sensor, steps.dropped);
     for (std::size_t i = points.size() - steps.appended; i < points.size(); ++i) {
-        sensor.dots.push_back(dot(points[i]));
-        changed(points[i], sensor.dots.back());
+        sensor.dots.push_back(dot(points[i], sensor.means.size()));
+        changed(sensor.dots.back());
     }
     sensor.points = points;
-    remake_means(points, m_setup->ranges.min_temp, stale, sensor.means);
+    stale.back() = 0;
+    remake_means(sensor, stale);
+}
+
+// Of all points in their order, as when they are made from nothing.
+void KeptPlot::remake_means(Sensor& sensor, const std::vector<char>& stale) {
+    for (std::size_t bin = 0; bin < sensor.means.size(); ++bin)
+        if (stale[bin])
+            sensor.means[bin] = {};
+    for (std::size_t i = sensor.first_dot; i < sensor.dots.size(); ++i)
+        if (const auto bin = sensor.dots[i].bin; stale[bin])
+            sensor.means[bin].add(sensor.points[i - sensor.first_dot].frequency);
 }
 
 void KeptPlot::drop_dots(Sensor& sensor, std::size_t count) {
@@ -347,8 +358,8 @@ void KeptPlot::put_ring_on(Sensor& sensor) {
         sensor.under_pixels.insert(sensor.under_pixels.end(), first, first + sensor.under.width());
     }
     m_painter.begin(sensor.under, m_rows);
-    m_painter.stroke_circle(*sensor.newest, size, halo, *m_background);
-    m_painter.stroke_circle(*sensor.newest, size, plot_look::NEWEST_RING * m_density, *m_text);
+    m_painter.stroke_circle(*sensor.newest, size,
+                            {std::pair(halo, &*m_background), {plot_look::NEWEST_RING * m_density, &*m_text}});
 }
 
 void KeptPlot::take_ring_off(const Sensor& sensor) {

@@ -62,6 +62,7 @@ private:
     struct Dot {
         DotCounts::Corner corner;
         std::uint32_t place = 0; // among the cells
+        std::uint32_t bin = 0;   // of the means; as many as there are: none
     };
     struct Sensor {
         explicit Sensor(const Color& color) : inks(color) {}
@@ -86,8 +87,9 @@ private:
     [[nodiscard]] bool take_changes(const PlotContent& content);
     [[nodiscard]] bool take_changes(Sensor& sensor, const scatterEntry& entry);
     void take_points(Sensor& sensor, const PointList& points, PointList::Steps steps);
-    void drop_dots(Sensor& sensor, std::size_t count);
-    [[nodiscard]] Dot dot(freqPoint point) const;
+    static void drop_dots(Sensor& sensor, std::size_t count);
+    static void remake_means(Sensor& sensor, const std::vector<char>& stale);
+    [[nodiscard]] Dot dot(freqPoint point, std::size_t bins) const;
     void make_shapes(Sensor& sensor, const scatterEntry& entry);
     void replace(Shapes& shapes, std::vector<PlotPiece> pieces);
 

@@ -217,21 +217,12 @@ void freqStats::add(double frequency) {
 
 std::vector<freqStats> mean_frequencies(const PointList& points, double min_temperature, std::size_t bins) {
     std::vector<freqStats> result(bins);
-    remake_means(points, min_temperature, std::vector<char>(bins, true), result);
-    return result;
-}
-
-void remake_means(const PointList& points, double min_temperature, const std::vector<char>& which,
-                  std::vector<freqStats>& means) {
-    for (std::size_t bin = 0; bin < means.size(); ++bin)
-        if (which[bin])
-            means[bin] = {};
     const double first = min_temperature - 0.5;
-    const auto bins = static_cast<double>(means.size());
     for (const auto& part : points.spans())
         for (std::size_t i = 0; i < part.x.size(); ++i)
-            if (const double bin = part.x[i] - first; bin >= 0 && bin < bins && which[static_cast<std::size_t>(bin)])
-                means[static_cast<std::size_t>(bin)].add(part.y[i]);
+            if (const double bin = part.x[i] - first; bin >= 0 && bin < static_cast<double>(bins))
+                result[static_cast<std::size_t>(bin)].add(part.y[i]);
+    return result;
 }
 
 std::optional<std::size_t> degree_bin(double temperature, double min_temperature) {

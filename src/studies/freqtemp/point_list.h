@@ -123,10 +123,6 @@ inline constexpr std::size_t DIGEST_FROM = 20'000;
 [[nodiscard]] std::vector<freqStats> mean_frequencies(const PointList& points, double min_temperature,
                                                       std::size_t bins);
 
-// Makes those of the means anew that `which` names, of as many as there are means.
-void remake_means(const PointList& points, double min_temperature, const std::vector<char>& which,
-                  std::vector<freqStats>& means);
-
 // The bin of that temperature; none below the first. It may lie beyond the last.
 [[nodiscard]] std::optional<std::size_t> degree_bin(double temperature, double min_temperature);
 
