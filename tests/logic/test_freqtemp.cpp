@@ -148,6 +148,11 @@ TEST(ScatterCsv, ComesBackAsItWasWritten) {
     EXPECT_EQ(damage.lines, 2U);
     EXPECT_EQ(damage.first, 8U);
     EXPECT_EQ(read_scatter_csv("temperature,frequency\n", "stem", back, damage), -1);
+    const std::string timed =
+        "temperature,frequency,time,sensor\n40,1,2026-11-22T00:00:00Z,a\n41,2,2026-11-22T00:05:00Z\n";
+    ASSERT_EQ(read_scatter_csv(timed, "stem", back, damage), 0);
+    EXPECT_EQ(back.size(), 2U) << "a time is no sensor";
+    EXPECT_EQ(back["a"].points.size() + back["stem"].points.size(), 2U);
 }
 
 class FreqTempSessionTest : public ::testing::Test, public FreqTempListener {

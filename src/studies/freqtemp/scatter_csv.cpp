@@ -61,14 +61,19 @@ void append(std::string& text, double value) {
 
 int read_scatter_csv(std::string_view text, const std::string& sensor, ScatterMap& map, CsvDamage& damage) {
     ScatterMap found;
+    bool has_times = false;
     for (std::size_t number = 1; !text.empty(); ++number) {
         std::string_view line = trimmed(take(text, '\n'));
         if (line.empty())
             continue;
         if (const auto point = take_point(line)) {
+            if (has_times)
+                take(line, ',');
             const auto name = trimmed(line);
             found[name.empty() ? sensor : unquoted(name)].points.append(*point);
-        } else if (number > 1) { // the first line may name the columns
+        } else if (number == 1) { // it may name the columns, of which two are taken
+            has_times = trimmed(take(line, ',')) == "time";
+        } else {
             damage.first = damage.lines++ == 0 ? number : damage.first;
         }
     }

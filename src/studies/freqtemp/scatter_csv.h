@@ -13,7 +13,8 @@
 namespace tickervantage {
 
 // Lines "temperature,frequency" or "temperature,frequency,sensor", a first line of column names allowed. Points without
-// a sensor belong to `sensor`. Lines that are no points are counted; the first one's number (from 1) is kept.
+// a sensor belong to `sensor`. Where the first line calls the third column "time", it is passed over. Lines that are no
+// points are counted; the first one's number (from 1) is kept.
 struct CsvDamage {
     std::size_t lines = 0;
     std::size_t first = 0; // 0: none
