@@ -41,8 +41,11 @@ int Tool::history() const {
     if (const auto kept = recording(); !kept)
         return exit_status(kept);
     auto store = HistoryReader::open(history_path());
-    if (!store)
-        return fail(english(store.error()));
+    if (!store) {
+        const bool is_missing = store.error().code == FailureCode::no_such_file;
+        return fail(english(store.error()) +
+                    (is_missing ? " The open window keeps a history, and so does \"tickerctl sample\"." : ""));
+    }
     const auto answer = print_history(*store, question, std::cout);
     if (!answer)
         return fail(english(failed(FailureCode::cannot_read, {history_path()}, answer.error()).value()));
