@@ -29,7 +29,8 @@ std::vector<Witness> witnesses_of(const HistoryData& data, double time) {
             if (const LaneStretch* stretch = lane.at(moment)) {
                 const SourceStanding standing = standing_of(stretch->rule);
                 is_known = true;
-                one.is_silent |= standing == SourceStanding::silent;
+                // chronyd calls a source unreachable only after eight polls without an answer.
+                one.is_silent |= standing == SourceStanding::silent || (stretch->reach & 7U) == 0;
                 one.is_refused |= standing == SourceStanding::refused;
                 one.was_best |= moment < time && standing == SourceStanding::best;
             }
