@@ -521,11 +521,6 @@ Was jetzt installiert ist, bleibt in der Liste.</translation>
         <translation>Kein Punkt der gezeigten Sensoren sagt, wann er abgelesen wurde. Lassen Sie dieses Fenster einige Tage offen, während chronyd läuft.</translation>
     </message>
     <message>
-        <source>The window “Frequency and Temperature” keeps %1 points at most, and drops the oldest before there are enough days. Set that number to %2 at least.</source>
-        <extracomment>compensation: why there are too few days; %1 and %2 are numbers</extracomment>
-        <translation>Das Fenster „Frequenz und Temperatur“ hebt höchstens %1 Punkte auf und verwirft die ältesten, bevor genug Tage beisammen sind. Stellen Sie diese Zahl auf mindestens %2.</translation>
-    </message>
-    <message>
         <source>A demonstration leaves the system as it is, so nothing can be installed.</source>
         <extracomment>compensation: in a demonstration</extracomment>
         <translation>Eine Vorführung lässt das System, wie es ist; daher kann nichts installiert werden.</translation>
@@ -3278,34 +3273,6 @@ history window: title of a dialog</extracomment>
         <translation>%1: %2 Werte; gestrichelt: 5 %, Median, 95 %</translation>
     </message>
     <message>
-        <source>◀</source>
-        <extracomment>history window: button, the range in sight before this one</extracomment>
-        <translation>◀</translation>
-    </message>
-    <message>
-        <source>Back to what was in sight before (Alt+Left)</source>
-        <translation>Zurück zu dem, was vorher zu sehen war (Alt+Links)</translation>
-    </message>
-    <message>
-        <source>▶</source>
-        <extracomment>history window: button, and its tooltip</extracomment>
-        <translation>▶</translation>
-    </message>
-    <message>
-        <source>Forward again (Alt+Right)</source>
-        <translation>Wieder vor (Alt+Rechts)</translation>
-    </message>
-    <message>
-        <source>Back</source>
-        <extracomment>history window: accessible name of the button that goes back</extracomment>
-        <translation>Zurück</translation>
-    </message>
-    <message>
-        <source>Forward</source>
-        <extracomment>history window: accessible name of the button that goes forward</extracomment>
-        <translation>Vor</translation>
-    </message>
-    <message>
         <source>Range</source>
         <extracomment>history window: name of the menu of ranges, its tooltip, and its entries</extracomment>
         <translation>Zeitraum</translation>
@@ -3872,6 +3839,250 @@ chronys eigene Protokolle reichen weiter zurück: „Protokolle einschalten…�
         <source>Temperature</source>
         <extracomment>history window: title of a panel</extracomment>
         <translation>Temperatur</translation>
+    </message>
+    <message>
+        <source>This machine</source>
+        <extracomment>history window: whose doing an event was, in brief; the next one is why</extracomment>
+        <translation>Dieser Rechner</translation>
+    </message>
+    <message>
+        <source>chronyd or this machine itself began, ended or was told to.</source>
+        <translation>chronyd oder dieser Rechner selbst begann, endete oder wurde dazu aufgefordert.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Network: all %n silent</source>
+        <extracomment>history window: whose doing an event was, in brief; %n sources did not answer</extracomment>
+        <translation>
+            <numerusform>Netz: alle %n schweigen</numerusform>
+            <numerusform>Netz: alle %n schweigen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All sources fell silent at once: the network, or this machine&apos;s part of it.</source>
+        <extracomment>history window: why</extracomment>
+        <translation>Alle Quellen verstummten zugleich: das Netz oder der Anteil dieses Rechners daran.</translation>
+    </message>
+    <message>
+        <source>%1: silent</source>
+        <extracomment>history window: whose doing an event was, in brief; %1 is a source&apos;s address</extracomment>
+        <translation>%1: schweigt</translation>
+    </message>
+    <message>
+        <source>%1 no longer answered.</source>
+        <extracomment>history window: why; %1 is a source&apos;s address</extracomment>
+        <translation>%1 antwortete nicht mehr.</translation>
+    </message>
+    <message>
+        <source>%1: not believed</source>
+        <extracomment>history window: whose doing an event was, in brief; %1 is a source&apos;s address</extracomment>
+        <translation>%1: nicht geglaubt</translation>
+    </message>
+    <message>
+        <source>%1 said something else than the other sources, or was too uncertain.</source>
+        <extracomment>history window: why; %1 is a source&apos;s address</extracomment>
+        <translation>%1 sagte etwas anderes als die übrigen Quellen oder war zu ungewiss.</translation>
+    </message>
+    <message>
+        <source>The sources</source>
+        <extracomment>history window: whose doing an event was, in brief; and why</extracomment>
+        <translation>Die Quellen</translation>
+    </message>
+    <message>
+        <source>The sources disagreed, so that none could be believed.</source>
+        <translation>Die Quellen widersprachen sich, so dass keiner zu glauben war.</translation>
+    </message>
+    <message>
+        <source>Nobody</source>
+        <extracomment>history window: whose doing an event was, in brief</extracomment>
+        <translation>Niemand</translation>
+    </message>
+    <message>
+        <source>%1 was still good: chronyd found another one better.</source>
+        <extracomment>history window: why; %1 is a source&apos;s address</extracomment>
+        <translation>%1 war noch gut: chronyd fand eine andere besser.</translation>
+    </message>
+    <message>
+        <source>Temperature, %1 °C</source>
+        <extracomment>history window: whose doing an event was, in brief; %1 is a number of degrees</extracomment>
+        <translation>Temperatur, %1 °C</translation>
+    </message>
+    <message>
+        <source>It changed so much in the hour before, and with it the machine&apos;s oscillator.</source>
+        <extracomment>history window: why</extracomment>
+        <translation>So viel änderte sie sich in der Stunde davor, und mit ihr der Schwinger des Rechners.</translation>
+    </message>
+    <message>
+        <source>What was kept does not tell.</source>
+        <extracomment>history window: why it is not said whose doing an event was</extracomment>
+        <translation>Was aufgehoben wurde, verrät es nicht.</translation>
+    </message>
+    <message>
+        <source>Compared with it: %1.</source>
+        <extracomment>history window: what is laid over; %1 is a file or a folder</extracomment>
+        <translation>Damit verglichen: %1.</translation>
+    </message>
+    <message>
+        <source>Within ±%1: in what is in sight nothing tells.</source>
+        <extracomment>history window: %1 is a time such as 1.00 ms</extracomment>
+        <translation>Innerhalb von ±%1: Im Sichtbaren sagt nichts etwas darüber.</translation>
+    </message>
+    <message>
+        <source>Certainly within ±%1 all the time of which something is known, %2.</source>
+        <extracomment>history window: %1 is a time such as 1.00 ms, %2 a span of time</extracomment>
+        <translation>Sicher innerhalb von ±%1 in der ganzen Zeit, von der etwas bekannt ist, %2.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Certainly within ±%1 for %2 % of the time; beyond it %n time(s), %3 in all, at the longest %4.</source>
+        <extracomment>history window: %1 is a time such as 1.00 ms, %2 a number, %3 and %4 spans of time, %n how often</extracomment>
+        <translation>
+            <numerusform>Sicher innerhalb von ±%1 in %2 % der Zeit; %n Mal darüber, zusammen %3, am längsten %4.</numerusform>
+            <numerusform>Sicher innerhalb von ±%1 in %2 % der Zeit; %n Mal darüber, zusammen %3, am längsten %4.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>About the same</source>
+        <extracomment>history window: a quantity before and after a moment</extracomment>
+        <translation>Etwa gleich</translation>
+    </message>
+    <message>
+        <source>%1 times smaller</source>
+        <extracomment>history window: a quantity after a moment; %1 is a number above 1</extracomment>
+        <translation>%1-mal kleiner</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Kleiner</translation>
+    </message>
+    <message>
+        <source>%1 times larger</source>
+        <extracomment>history window: a quantity after a moment; %1 is a number above 1</extracomment>
+        <translation>%1-mal größer</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Größer</translation>
+    </message>
+    <message>
+        <source>Too few values</source>
+        <extracomment>history window: before or after a moment there are fewer than twenty values</extracomment>
+        <translation>Zu wenige Werte</translation>
+    </message>
+    <message>
+        <source>Da&amp;y</source>
+        <extracomment>history window: button with a menu of nights and days, and its tooltip</extracomment>
+        <translation>Ta&amp;g</translation>
+    </message>
+    <message>
+        <source>A night, a day, or any other period (Ctrl+G)</source>
+        <translation>Eine Nacht, ein Tag oder ein anderer Zeitraum (Strg+G)</translation>
+    </message>
+    <message>
+        <source>&amp;From … to …</source>
+        <extracomment>history window: menu item, asks from when to when</extracomment>
+        <translation>&amp;Von … bis …</translation>
+    </message>
+    <message>
+        <source>Error &amp;Limit</source>
+        <extracomment>history window: menu of limits for the clock&apos;s error</extracomment>
+        <translation>&amp;Grenze für den Fehler</translation>
+    </message>
+    <message>
+        <source>&amp;None</source>
+        <extracomment>history window: menu item, no limit is drawn</extracomment>
+        <translation>&amp;Keine</translation>
+    </message>
+    <message>
+        <source>&amp;Evidence…</source>
+        <extracomment>history window: button beside the list of events, and its tooltip</extracomment>
+        <translation>&amp;Nachweis…</translation>
+    </message>
+    <message>
+        <source>A document about how long the clock was right in what is in sight</source>
+        <translation>Ein Dokument darüber, wie lange die Uhr im Sichtbaren richtig ging</translation>
+    </message>
+    <message>
+        <source>Whose doing</source>
+        <translation>Wessen Werk</translation>
+    </message>
+    <message>
+        <source>Before and after</source>
+        <extracomment>history window: name of a table, and its headings; sizes before cursor A and after it</extracomment>
+        <translation>Vorher und nachher</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>95 % before</source>
+        <translation>95 % vorher</translation>
+    </message>
+    <message>
+        <source>95 % after</source>
+        <translation>95 % nachher</translation>
+    </message>
+    <message>
+        <source>Values before</source>
+        <translation>Werte vorher</translation>
+    </message>
+    <message>
+        <source>Values after</source>
+        <translation>Werte nachher</translation>
+    </message>
+    <message>
+        <source>How far 95 of 100 values in sight lay from zero before cursor A and after it; of frequencies and temperatures, from their middle</source>
+        <extracomment>history window: tooltip of the table &quot;Before and after&quot;</extracomment>
+        <translation>Wie weit 95 von 100 sichtbaren Werten vor Marke A und danach von null entfernt lagen; bei Frequenzen und Temperaturen von ihrer Mitte</translation>
+    </message>
+    <message>
+        <source>Before/After</source>
+        <extracomment>history window: a tab</extracomment>
+        <translation>Vorher/Nachher</translation>
+    </message>
+    <message>
+        <source>decades</source>
+        <extracomment>history window: in a panel&apos;s title behind its unit, as in &quot;Error (µs, decades)&quot;: each line is ten times the one before it</extracomment>
+        <translation>Dekaden</translation>
+    </message>
+    <message>
+        <source>%1 night, %2</source>
+        <extracomment>history window: menu of nights; %1 is a day of the week, %2 a date</extracomment>
+        <translation>Nacht nach %1, %2</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <extracomment>history window: menu of days; %1 is a day of the week, %2 a date</extracomment>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Show a Period</source>
+        <extracomment>history window: title of a dialog</extracomment>
+        <translation>Einen Zeitraum zeigen</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <extracomment>history window: fields of that dialog</extracomment>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <extracomment>history window: field of that dialog</extracomment>
+        <translation>Bis</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <extracomment>history window: button of that dialog</extracomment>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;From:</source>
+        <extracomment>history window: labels of the fields</extracomment>
+        <translation>&amp;Von:</translation>
+    </message>
+    <message>
+        <source>&amp;To:</source>
+        <extracomment>history window: label of a field</extracomment>
+        <translation>&amp;Bis:</translation>
     </message>
 </context>
 <context>
@@ -4632,6 +4843,26 @@ laboratory: heading of the table of forecasts</extracomment>
         <source>; not the clock: the network shakes more than that</source>
         <extracomment>laboratory: goes on from a value: it is below the measurement&apos;s floor</extracomment>
         <translation>; nicht die Uhr: Das Netz schwankt mehr als das</translation>
+    </message>
+    <message>
+        <source>Keep more points</source>
+        <extracomment>laboratory, compensation: name of the button that has more points kept, and its tooltip</extracomment>
+        <translation>Mehr Punkte behalten</translation>
+    </message>
+    <message>
+        <source>So many points of each sensor are kept from now on: enough days for a compensation</source>
+        <extracomment>laboratory, compensation: tooltip of that button</extracomment>
+        <translation>So viele Punkte je Fühler werden von nun an behalten: genug Tage für eine Kompensation</translation>
+    </message>
+    <message>
+        <source>The window “Frequency and Temperature” keeps %1 points of a sensor, and drops the oldest before there are enough days: it has to keep %2.</source>
+        <extracomment>laboratory, compensation: why there are too few days; %1 and %2 are numbers</extracomment>
+        <translation>Das Fenster „Frequenz und Temperatur“ behält %1 Punkte je Fühler und wirft die ältesten weg, bevor es genug Tage sind: Es muss %2 behalten.</translation>
+    </message>
+    <message>
+        <source>&amp;Keep %1 Points</source>
+        <extracomment>laboratory, compensation: button that has so many points kept; %1 is a number</extracomment>
+        <translation>%1 Punkte &amp;behalten</translation>
     </message>
 </context>
 <context>
@@ -5432,6 +5663,29 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
         <source>The file&apos;s name must end in .png, .svg, .pdf or .csv.</source>
         <extracomment>plot windows: said when the chosen file&apos;s name says nothing about its kind</extracomment>
         <translation>Der Dateiname muss auf .png, .svg, .pdf oder .csv enden.</translation>
+    </message>
+</context>
+<context>
+    <name>plots</name>
+    <message>
+        <source>Back</source>
+        <extracomment>plots: accessible name of the button with an arrow to the left</extracomment>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Back to what was in sight before (Alt+Left)</source>
+        <extracomment>plots: tooltip of the button with an arrow to the left</extracomment>
+        <translation>Zurück zu dem, was vorher zu sehen war (Alt+Links)</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <extracomment>plots: accessible name of the button with an arrow to the right</extracomment>
+        <translation>Vorwärts</translation>
+    </message>
+    <message>
+        <source>Forward again (Alt+Right)</source>
+        <extracomment>plots: tooltip of the button with an arrow to the right</extracomment>
+        <translation>Wieder vorwärts (Alt+Rechts)</translation>
     </message>
 </context>
 <context>
@@ -6451,6 +6705,14 @@ Möchten Sie die privilegierten Komponenten installieren?</translation>
     </message>
 </context>
 <context>
+    <name>tables</name>
+    <message>
+        <source>&amp;Copy Values</source>
+        <extracomment>tables: menu item, the chosen rows go to the clipboard</extracomment>
+        <translation>&amp;Werte kopieren</translation>
+    </message>
+</context>
+<context>
     <name>tickervantage::ConfigEditor</name>
     <message>
         <source>Checking…</source>
@@ -6789,6 +7051,11 @@ Starten Sie dann chronyd neu.</translation>
         <source>Open Folder of Logs</source>
         <translation>Ordner mit Protokollen öffnen</translation>
     </message>
+    <message>
+        <source>A click in the plot, or on an event, puts cursor A there: what is in sight before it is compared with what came after.</source>
+        <extracomment>history window: in the table &quot;Before and after&quot; while there is no cursor A in sight</extracomment>
+        <translation>Ein Klick ins Bild oder auf ein Ereignis setzt Marke A dorthin: Das Sichtbare davor wird mit dem danach verglichen.</translation>
+    </message>
 </context>
 <context>
     <name>tickervantage::HostsDialog</name>
@@ -7099,6 +7366,20 @@ Starten Sie dann chronyd neu.</translation>
         <source>Choose “Turn On Logs…” to have chrony write one, or “Open Log…” for one from elsewhere.</source>
         <extracomment>laboratory: what to do where a log cannot be read</extracomment>
         <translation>Mit „Protokolle einschalten…“ schreibt chrony eines; „Protokoll öffnen…“ öffnet eines von anderswo.</translation>
+    </message>
+    <message>
+        <source>Show all</source>
+        <extracomment>laboratory: button, and its tooltip</extracomment>
+        <translation>Alles zeigen</translation>
+    </message>
+    <message>
+        <source>All of the chart (Ctrl+0, or a double click)</source>
+        <translation>Das ganze Bild (Strg+0 oder ein Doppelklick)</translation>
+    </message>
+    <message>
+        <source>Show All</source>
+        <extracomment>laboratory: button</extracomment>
+        <translation>Alles zeigen</translation>
     </message>
 </context>
 <context>
@@ -7508,11 +7789,6 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <translation>Spektrum</translation>
     </message>
     <message>
-        <source>Open a tracking log to see its spectrum</source>
-        <extracomment>spectrum window: shown in place of the chart while no tracking window is open</extracomment>
-        <translation>Öffnen Sie ein Tracking-Protokoll, um sein Spektrum zu sehen</translation>
-    </message>
-    <message>
         <source>Choose Compute to see the spectrum</source>
         <extracomment>spectrum window: shown in place of the chart while a tracking window is open, before the first computation</extracomment>
         <translation>„Berechnen“ zeigt das Spektrum</translation>
@@ -7551,6 +7827,11 @@ Näheres steht in der Dokumentation der Option -x von chronyd.</translation>
         <source>%1: %2 samples as %3 bars, slow changes at the left; the shaded half mirrors the other.</source>
         <extracomment>spectrum window: what the chart shows; %1 the series, %2 and %3 whole numbers</extracomment>
         <translation>%1: %2 Werte als %3 Balken, langsame Änderungen links; die schattierte Hälfte spiegelt die andere.</translation>
+    </message>
+    <message>
+        <source>A spectrum shows what repeats in a tracking log. Open one with “Open Tracking Log…” or “Live Tracking Graph” in the menu File of the main window, then choose Compute here.</source>
+        <extracomment>spectrum window: shown in place of the chart while no tracking window is open</extracomment>
+        <translation>Ein Spektrum zeigt, was sich in einem Tracking-Protokoll wiederholt. Öffnen Sie eines mit „Tracking-Protokoll öffnen …“ oder „Laufende Tracking-Grafik“ im Menü „Datei“ des Hauptfensters und wählen Sie dann hier „Berechnen“.</translation>
     </message>
 </context>
 <context>
@@ -8292,6 +8573,16 @@ tracking window: menu item of the graph, chooses height and unit</extracomment>
         <source>Say no more of this until it is over</source>
         <extracomment>main window: tooltip of that button</extracomment>
         <translation>Nichts mehr davon melden, bis es vorbei ist</translation>
+    </message>
+    <message>
+        <source>chrony is not installed: %1 sets this clock, and nothing tells how right it is.</source>
+        <extracomment>main window: notice; %1 is a program such as systemd-timesyncd</extracomment>
+        <translation>chrony ist nicht installiert: %1 stellt diese Uhr, und nichts sagt, wie richtig sie geht.</translation>
+    </message>
+    <message>
+        <source>chronyd is not running: %1 sets this clock, and nothing tells how right it is.</source>
+        <extracomment>main window: notice; %1 is a program such as systemd-timesyncd</extracomment>
+        <translation>chronyd läuft nicht: %1 stellt diese Uhr, und nichts sagt, wie richtig sie geht.</translation>
     </message>
 </context>
 <context>

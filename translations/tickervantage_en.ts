@@ -41,6 +41,22 @@
             <numerusform>Blue bar: chrony&apos;s log (%n files), %1.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>Network: all %n silent</source>
+        <extracomment>history window: whose doing an event was, in brief; %n sources did not answer</extracomment>
+        <translation>
+            <numerusform>Network: all %n silent</numerusform>
+            <numerusform>Network: all %n silent</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Certainly within ±%1 for %2 % of the time; beyond it %n time(s), %3 in all, at the longest %4.</source>
+        <extracomment>history window: %1 is a time such as 1.00 ms, %2 a number, %3 and %4 spans of time, %n how often</extracomment>
+        <translation>
+            <numerusform>Certainly within ±%1 for %2 % of the time; beyond it %n time, %3 in all, at the longest %4.</numerusform>
+            <numerusform>Certainly within ±%1 for %2 % of the time; beyond it %n times, %3 in all, at the longest %4.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>laboratory</name>

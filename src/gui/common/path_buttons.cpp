@@ -26,11 +26,14 @@ QToolButton* arrow(QWidget* parent, const char* name, const QString& spoken, con
 } // namespace
 
 PathButtons make_path_buttons(QWidget* parent) {
-    //: plots: accessible name of the button with an arrow to the left, and its tooltip
-    return {arrow(parent, "back", Texts::tr("Back"), Texts::tr("Back to what was in sight before (Alt+Left)"),
-                  Qt::Key_Left),
-            //: plots: accessible name of the button with an arrow to the right, and its tooltip
-            arrow(parent, "forward", Texts::tr("Forward"), Texts::tr("Forward again (Alt+Right)"), Qt::Key_Right)};
+    //: plots: accessible name of the button with an arrow to the left
+    const QString back = Texts::tr("Back");
+    //: plots: accessible name of the button with an arrow to the right
+    const QString forward = Texts::tr("Forward");
+    //: plots: tooltip of the button with an arrow to the left
+    return {arrow(parent, "back", back, Texts::tr("Back to what was in sight before (Alt+Left)"), Qt::Key_Left),
+            //: plots: tooltip of the button with an arrow to the right
+            arrow(parent, "forward", forward, Texts::tr("Forward again (Alt+Right)"), Qt::Key_Right)};
 }
 
 void PathButtons::show(const ViewPath& path) const {

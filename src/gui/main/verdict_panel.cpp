@@ -47,18 +47,30 @@ struct Offer {
 };
 
 // Where another program sets the clock there is no haste; but nobody knows how right it is.
+QString absence_words(Mending mending, const QString& other_program) {
+    const bool is_missing = mending == Mending::install;
+    if (other_program.isEmpty() && is_missing)
+        //: main window: notice
+        return Texts::tr("chrony is not installed: nothing keeps this clock right.");
+    if (other_program.isEmpty())
+        //: main window: notice
+        return Texts::tr("chronyd is not running: nothing keeps this clock right.");
+    if (is_missing)
+        //: main window: notice; %1 is a program such as systemd-timesyncd
+        return Texts::tr("chrony is not installed: %1 sets this clock, and nothing tells how right it is.")
+            .arg(other_program);
+    //: main window: notice; %1 is a program such as systemd-timesyncd
+    return Texts::tr("chronyd is not running: %1 sets this clock, and nothing tells how right it is.")
+        .arg(other_program);
+}
+
 Offer offer_of(Mending mending, Verdict verdict, const QString& other_program) {
     const NoticeTone urgency = other_program.isEmpty() ? NoticeTone::harm : NoticeTone::doubt;
     switch (mending) {
     case Mending::none:
         break;
     case Mending::install:
-        return {other_program.isEmpty()
-                    //: main window: notice
-                    ? Texts::tr("chrony is not installed: nothing keeps this clock right.")
-                    //: main window: notice; %1 is a program such as systemd-timesyncd
-                    : Texts::tr("chrony is not installed: %1 sets this clock, and nothing tells how right it is.")
-                          .arg(other_program),
+        return {absence_words(mending, other_program),
                 //: main window: button that mends what the notice beside it tells of
                 Texts::tr("I&nstall chrony…"), urgency};
     case Mending::use_distribution:
@@ -68,12 +80,7 @@ Offer offer_of(Mending mending, Verdict verdict, const QString& other_program) {
                 Texts::tr("&Use This System's chrony…"),
                 verdict == Verdict::unavailable ? NoticeTone::harm : NoticeTone::doubt};
     case Mending::start:
-        return {other_program.isEmpty()
-                    //: main window: notice
-                    ? Texts::tr("chronyd is not running: nothing keeps this clock right.")
-                    //: main window: notice; %1 is a program such as systemd-timesyncd
-                    : Texts::tr("chronyd is not running: %1 sets this clock, and nothing tells how right it is.")
-                          .arg(other_program),
+        return {absence_words(mending, other_program),
                 //: main window: button that mends what the notice beside it tells of
                 Texts::tr("St&art chronyd"), urgency};
     case Mending::explain:
