@@ -24,11 +24,11 @@ void keep_past(const std::string& data, std::int64_t begun) {
 } // namespace
 
 Readiness bring_up(Demonstration& demonstration, const std::string& data) {
+    // A day of readings goes through memory. Its large blocks would teach malloc to keep blocks of their size, and all
+    // of it would stay with the program.
+    constexpr int large_block = 1 << 20;
+    (void)::mallopt(M_MMAP_THRESHOLD, large_block); // NOLINT(concurrency-mt-unsafe): a number, set under malloc's lock
     return std::async(std::launch::async, [&demonstration, data] {
-        // A day of readings goes through memory. Its large blocks would teach malloc to keep blocks of their size, and
-        // all of it would stay with the program.
-        constexpr int large_block = 1 << 20;
-        (void)::mallopt(M_MMAP_THRESHOLD, large_block);
         keep_past(data, demonstration.begun());
         (void)::malloc_trim(0);
         return demonstration.await_start();

@@ -215,7 +215,7 @@ Result<bool> read_log_on(FollowedFiles& files, const std::string& name, LogTail&
     if (!log)
         return tl::unexpected(log.error());
     if (tail.status.inode != 0)
-        if (const auto same = goes_on(*log, name, tail); !same || !*same)
+        if (auto same = goes_on(*log, name, tail); !same || !*same)
             return same;
     if (auto read = hand_out_from(*log, name, tail, line); !read)
         return tl::unexpected(read.error());

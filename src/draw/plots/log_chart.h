@@ -84,7 +84,7 @@ struct ChartPlace {
 [[nodiscard]] const ChartPoint& point_at(const LogChart& chart, const ChartPlace& place);
 
 // The level axis, as it is drawn.
-[[nodiscard]] LogAxis level_axis(const LogChart& chart, Rect bounds);
+[[nodiscard]] LogAxis level_axis(const LogChart& plot, Rect bounds);
 
 // The point in sight nearest to a place in a panel; none beside the panels and without points.
 [[nodiscard]] std::optional<ChartPlace> nearest(const LogChart& chart, Rect bounds, Point at);

@@ -9,7 +9,6 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
-#include <ranges>
 #include <span>
 #include <utility>
 
@@ -194,12 +193,12 @@ std::vector<ValueAxis::Decade> ValueAxis::decades(double room) const {
     const int last = static_cast<int>(std::floor(std::log10(largest) + 1e-9));
     const double decade = std::abs(place_of(largest) - place_of(largest / 10));
     constexpr double least_distance = 4; // of lines
-    static constexpr std::array times{1.0, 2.0, 5.0};
+    static constexpr std::array times{5.0, 2.0, 1.0};
     const std::size_t count = decade > 3.4 * room ? times.size() : 1;
     std::vector<Decade> found;
     double labelled = std::numeric_limits<double>::infinity(); // how far from zero the label further out stands
     for (int exponent = last; exponent >= first; --exponent)
-        for (const double time : std::span(times).first(count) | std::views::reverse) {
+        for (const double time : std::span(times).last(count)) {
             const double value = time * std::pow(10, exponent);
             const double distance = std::abs(place_of(value) - (to_zero ? place_of(0) : m_bottom));
             if (std::abs(value) > largest || (to_zero && distance < least_distance))

@@ -64,7 +64,8 @@ QString words_of(const FreqTempReading& reading, const SensorNames& names) {
                                                  ppm(reading.near->point.frequency));
     auto fits = reading.fits; // that of the point's sensor first: of many, the line has no room for all
     if (reading.near)
-        std::ranges::stable_partition(fits, [&](const auto& fit) { return fit.sensor == reading.near->sensor; });
+        std::stable_partition(fits.begin(), fits.end(),
+                              [&](const auto& fit) { return fit.sensor == reading.near->sensor; });
     for (const auto& fit : fits)
         //: frequency and temperature window: the curve at that temperature; %1 a sensor, %2 a frequency, %3 its
         //: deviation

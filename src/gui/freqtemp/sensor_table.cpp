@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QGuiApplication>
 #include <QLocale>
+#include <QPalette>
 
 #include <array>
 #include <utility>

@@ -180,6 +180,7 @@ void HistoryWindow::show_cursors() {
 void HistoryWindow::fill_events() {
     const auto marks = m_controls.plot->view().marks_in_sight();
     std::vector<std::pair<double, MarkKind>> listed;
+    listed.reserve(marks.size());
     for (const HistoryMark& mark : marks)
         listed.emplace_back(mark.time, mark.kind);
     if (std::exchange(m_listed, listed) == listed && !listed.empty())

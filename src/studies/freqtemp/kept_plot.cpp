@@ -365,7 +365,7 @@ void KeptPlot::put_ring_on(Sensor& sensor) {
 void KeptPlot::take_ring_off(const Sensor& sensor) {
     const int width = sensor.under.width();
     for (int row = 0; row < sensor.under.height() && sensor.newest; ++row)
-        std::copy_n(sensor.under_pixels.data() + row * width, width,
+        std::copy_n(sensor.under_pixels.data() + std::ptrdiff_t{row} * width, width,
                     m_rows.first + (sensor.under.top + row) * m_rows.stride + sensor.under.left);
 }
 

@@ -18,8 +18,8 @@ void PlotCells::resize(int width, int height, int side) {
     // A square's corner is counted from as far outside as it is wide, and so reaches one cell further.
     m_near_columns = m_columns + 2;
     const int rows = (height - 1) / (1 << m_shift) + 1;
-    m_marked.assign(static_cast<std::size_t>(m_columns * rows), 0);
-    m_near.assign(static_cast<std::size_t>(m_near_columns * (rows + 2)), 0);
+    m_marked.assign(at(rows, m_columns, 0), 0);
+    m_near.assign(at(rows + 2, m_near_columns, 0), 0);
     m_noted.assign(m_near.size(), 0);
     m_round = 1;
     m_marked_cells.clear();
@@ -44,14 +44,14 @@ PixelBox PlotCells::cells_of(const PixelBox& pixels) const {
 void PlotCells::mark(const PixelBox& cells) {
     for (int row = cells.top; row < cells.bottom; ++row)
         for (int column = cells.left; column < cells.right; ++column) {
-            const auto cell = static_cast<std::size_t>(row * m_columns + column);
+            const auto cell = at(row, m_columns, column);
             if (m_marked[cell] != 0)
                 continue;
             m_marked[cell] = 1;
             m_marked_cells.push_back(cell);
             for (const int down : {0, 1})
                 for (const int right : {0, 1})
-                    m_near[static_cast<std::size_t>((row + down) * m_near_columns + column + right)] = 1;
+                    m_near[at(row + down, m_near_columns, column + right)] = 1;
         }
 }
 

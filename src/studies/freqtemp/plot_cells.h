@@ -35,7 +35,7 @@ public:
     // Whether a marked cell may be met by a square with a corner in that place.
     [[nodiscard]] bool is_near(std::size_t place) const { return m_near[place] != 0; }
     [[nodiscard]] std::size_t place_of(DotCounts::Corner corner) const {
-        return static_cast<std::size_t>((corner.row >> m_shift) * m_near_columns + (corner.column >> m_shift));
+        return at(corner.row >> m_shift, m_near_columns, corner.column >> m_shift);
     }
     [[nodiscard]] std::size_t nowhere() const { return m_near.size() - 1; } // never near
 
@@ -49,7 +49,7 @@ public:
     void for_each_marked(const PixelBox& cells, const Use& use) const {
         for (int row = cells.top; row < cells.bottom; ++row)
             for (int column = cells.left; column < cells.right; ++column)
-                if (const auto cell = static_cast<std::size_t>(row * m_columns + column); m_marked[cell] != 0)
+                if (const auto cell = at(row, m_columns, column); m_marked[cell] != 0)
                     use(cell);
     }
 
@@ -67,6 +67,11 @@ public:
     }
 
 private:
+    // In rows of so many columns.
+    [[nodiscard]] static std::size_t at(int row, int columns, int column) {
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) + static_cast<std::size_t>(column);
+    }
+
     int m_width = 0;
     int m_height = 0;
     int m_shift = 0; // a cell is two to the power of it wide

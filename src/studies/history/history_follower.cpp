@@ -181,7 +181,7 @@ Result<> HistoryFollower::tell_messages(LoggedNews& news) {
     EventsRead read;
     if (!m_places.read_messages)
         return {};
-    const auto done = m_places.read_messages(read);
+    auto done = m_places.read_messages(read);
     if (done)
         tell(m_messages, read.events, news);
     return done;
