@@ -100,7 +100,8 @@ TEST(ChronyLogs, LeaveOutWhatIsNoRecord) {
     EXPECT_TRUE(table.add_line(good + " 7")); // a column of a later version
     EXPECT_TRUE(table.add_line(changed("1.814e-07", "1.814e-107")));
     EXPECT_EQ(table.number(statistics_column::std_dev, 2), 1.814e-107);
-    for (const std::string& odd : {changed("-0.48", ""), changed("1.3e-01", "1.3.1"), changed("11-22", "13-22"),
+    for (const std::string& odd : {changed("-0.48", ""), changed("1.3e-01", "1.3.1"), changed("1.3e-01", "e-"),
+                                   changed("1.3e-01", "e+1"), changed("1.3e-01", "e-01"), changed("11-22", "13-22"),
                                    changed("127.0.0.4", std::string(256, 'a')), std::string("word"), std::string()})
         EXPECT_FALSE(table.add_line(odd)) << odd;
     EXPECT_EQ(table.size(), 3U);

@@ -46,8 +46,10 @@ bool read_time(const LogShape& shape, std::string_view date, std::string_view ti
 // "e-07": takes it off the end of the text. 0 where there is none.
 int take_power(std::string_view& text) {
     constexpr std::size_t length = 4;
-    const std::size_t at = text.size() - std::min(text.size(), length);
-    if (!text.substr(at).starts_with("e-") && !text.substr(at).starts_with("e+"))
+    if (text.size() <= length)
+        return 0;
+    const std::size_t at = text.size() - length;
+    if (text[at] != 'e' || (text[at + 1] != '-' && text[at + 1] != '+'))
         return 0;
     const unsigned tens = digit(text[at + 2]);
     const unsigned ones = digit(text[at + 3]);
